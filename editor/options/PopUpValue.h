@@ -1,0 +1,8 @@
+// The option lists of the editor.
+#pragma once
+
+namespace scenewright {
+
+class PopUpValue {};
+
+} // namespace scenewright

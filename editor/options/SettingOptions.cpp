@@ -1,0 +1,1 @@
+#include "editor/options/SettingOptions.h"

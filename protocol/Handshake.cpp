@@ -1,0 +1,1 @@
+#include "protocol/Handshake.h"

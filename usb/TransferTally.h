@@ -1,0 +1,27 @@
+// What the transfers of one transaction did, counted beside a protocol that looks at no result.
+#pragma once
+
+#include "usb/ResultCode.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace scenewright {
+
+struct TransferTally {
+    struct Failure {
+        bool isWrite = false;
+        ResultCode code = kResultSuccess; // success for a read that was merely short
+        std::uint32_t transfer = 0;       // which write or read of the transaction, from 0
+    };
+
+    std::uint32_t writes = 0;
+    std::uint32_t failedWrites = 0;
+    std::uint32_t reads = 0;
+    std::uint32_t failedReads = 0; // an error, or fewer bytes than one event packet
+    std::optional<Failure> first;
+
+    [[nodiscard]] bool isClean() const noexcept { return failedWrites == 0 && failedReads == 0; }
+};
+
+} // namespace scenewright

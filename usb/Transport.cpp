@@ -1,0 +1,1 @@
+#include "usb/Transport.h"
