@@ -1,5 +1,5 @@
 // Where each kind of control starts in the editor's control list. A plain record; the numbers that
-// hold for this controller are the constants below it.
+// hold for this controller are those of kControlRanges (Control.h).
 #pragma once
 
 #include "model/Property.h"

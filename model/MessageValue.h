@@ -1,12 +1,13 @@
 // The progress record of the device transactions: three texts that can be observed by name.
+// Main thread only.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace scenewright {
 
@@ -27,7 +28,8 @@ public:
     void setIsSendFinish(Text value);
 
     // Registers for one of the three names, for the life of the record. No initial call.
-    // Observers of a name are told in the order of their registration.
+    // Observers of a name are told in the order of their registration. An observer may write to
+    // the record and may add observers; one that is added is told from the next write on.
     void addObserver(std::string key, Observer observer);
 
 private:
@@ -36,7 +38,8 @@ private:
     Text Message_;
     Text isReadFinish_;
     Text isSendFinish_;
-    std::map<std::string, std::vector<Observer>, std::less<>> observers_;
+    // A deque, so that an observer that is being called stays in its place while another is added.
+    std::map<std::string, std::deque<Observer>, std::less<>> observers_;
 };
 
 } // namespace scenewright

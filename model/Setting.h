@@ -16,28 +16,67 @@ namespace scenewright {
 class Setting {
 public:
     consteval explicit Setting(const IndexField<CommonValue>& field)
-        : kind_(ControlKind::Common), common_(&field) {}
+        : kind_(ControlKind::Common), commonField_(&field) {}
     consteval Setting(ControlKind kind, const IndexField<ButtonValue>& field)
-        : kind_(kind), button_(&field) {}
+        : kind_(kind), buttonField_(&field) {}
 
     [[nodiscard]] constexpr ControlKind kind() const { return kind_; }
     [[nodiscard]] constexpr std::string_view name() const {
-        return common_ != nullptr ? common_->name : button_->name;
+        return commonField_ != nullptr ? commonField_->name : buttonField_->name;
     }
 
-    // The value in member `member` (from 0) of the setting's kind. The scene must hold that
-    // record: common settings for the common kind, at least 45 controls for the others.
+    // The value in member `member` (from 0) of the setting's kind; kFieldAbsent when the scene does
+    // not hold that record, as one made of a default scene's file that lacks controls.
     [[nodiscard]] std::int32_t read(const SceneValue& scene, std::int32_t member) const;
+    // Changes nothing when the scene does not hold that record.
     void write(const SceneValue& scene, std::int32_t member, std::int32_t value) const;
 
 private:
+    // The record that carries the field, or null.
+    [[nodiscard]] ButtonValue* button(const SceneValue& scene, std::int32_t member) const;
+
     ControlKind kind_;
-    const IndexField<CommonValue>* common_ = nullptr;
-    const IndexField<ButtonValue>* button_ = nullptr;
+    const IndexField<CommonValue>* commonField_ = nullptr;
+    const IndexField<ButtonValue>* buttonField_ = nullptr;
 };
 
 inline constexpr std::size_t kSettingCount = 31;
-[[nodiscard]] const std::array<Setting, kSettingCount>& settings();
+inline constexpr std::array<Setting, kSettingCount> kSettings{{
+    Setting(CommonValue::GlobalMIDIChField),
+    Setting(CommonValue::PianoKeyChField),
+    Setting(CommonValue::PitchBendSpeedField),
+    Setting(CommonValue::KeyTransposeField),
+    Setting(CommonValue::KeyVelocityCurveField),
+    Setting(CommonValue::KeyConstVelocityField),
+    Setting(CommonValue::PadVelocityCurveField),
+    Setting(CommonValue::PadConstVelocityField),
+    Setting(ControlKind::Key, ButtonValue::AssignTypeField),
+    Setting(ControlKind::Key, ButtonValue::KeyBehaviorField),
+    Setting(ControlKind::Key, ButtonValue::CCOrNoteNumberField),
+    Setting(ControlKind::Key, ButtonValue::OnValueField),
+    Setting(ControlKind::Key, ButtonValue::OffValueField),
+    Setting(ControlKind::Group, ButtonValue::MIDIChannelField),
+    Setting(ControlKind::Knob, ButtonValue::EnableField),
+    Setting(ControlKind::Knob, ButtonValue::CCOrNoteNumberField),
+    Setting(ControlKind::Knob, ButtonValue::UpperOrRightValueField),
+    Setting(ControlKind::Knob, ButtonValue::LowerOrLeftValueField),
+    Setting(ControlKind::Slider, ButtonValue::EnableField),
+    Setting(ControlKind::Slider, ButtonValue::CCOrNoteNumberField),
+    Setting(ControlKind::Slider, ButtonValue::UpperOrRightValueField),
+    Setting(ControlKind::Slider, ButtonValue::LowerOrLeftValueField),
+    Setting(ControlKind::Pad, ButtonValue::AssignTypeField),
+    Setting(ControlKind::Pad, ButtonValue::CCOrNoteNumberField),
+    Setting(ControlKind::Pad, ButtonValue::MIDIChannelField),
+    Setting(ControlKind::Pad, ButtonValue::PadBehaviorField),
+    Setting(ControlKind::Pad, ButtonValue::OnValueField),
+    Setting(ControlKind::Pad, ButtonValue::OffValueField),
+    Setting(ControlKind::Pad, ButtonValue::CRField),
+    Setting(ControlKind::Pad, ButtonValue::CGField),
+    Setting(ControlKind::Pad, ButtonValue::CBField),
+}};
+[[nodiscard]] constexpr const std::array<Setting, kSettingCount>& settings() {
+    return kSettings;
+}
 
 // The row of a kind's field; null when the kind does not carry a field of that name.
 [[nodiscard]] const Setting* findSetting(ControlKind kind, std::string_view name);

@@ -2,47 +2,35 @@
 //
 // Every operation is a lookup in a constant table, but for the reverses marked as numbers. An index
 // is a 32-bit signed integer; a byte is signed, so 0x80 to 0xFF are -128 to -1, and is compared by
-// its 8 bits. The tables are the device's own codes, gaps included. Any thread, at any time.
+// its 8 bits. Any thread, at any time.
 #pragma once
 
+#include "model/CodeTable.h"
+
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
 
-// The device's byte tables, index 0 first.
-namespace codes {
-using Table = std::span<const std::uint8_t>;
-extern const Table kButtonId;              // 64
-extern const Table kPadMode;               // 4
-extern const Table kOtherMode;             // 3
-extern const Table kChannel;               // 17
-extern const Table kVelocityCurve;         // 4
-extern const Table kKnobRelativeMode;      // 2
-extern const Table kOctaveTransposition;   // 9
-extern const Table kGlobalMidiChannel;     // 16
-extern const Table kKnobAccelerationCurve; // 3
-extern const Table kMemory;                // 9
-extern const Table k127;                   // 128, the identity
-extern const Table k255;                   // 256, the identity
-} // namespace codes
-
 class ValueAction {
     // One forward lookup: the byte at an index; 0x00 for an index outside the table.
     struct ByteAt {
-        const codes::Table& table;
-        std::int8_t operator()(std::int32_t index) const noexcept;
+        const CodeTable& table;
+        constexpr std::int8_t operator()(std::int32_t index) const noexcept {
+            return static_cast<std::int8_t>(table.byteAt(index));
+        }
     };
     // One reverse lookup: the first index that holds the byte; 0 when none does.
     struct IndexOf {
-        const codes::Table& table;
-        std::int32_t operator()(std::int8_t byte) const noexcept;
+        const CodeTable& table;
+        constexpr std::int32_t operator()(std::int8_t byte) const noexcept {
+            return table.indexOf(static_cast<std::uint8_t>(byte));
+        }
     };
     // A reverse that searches no table: the byte's signed value.
     struct Number {
-        std::int32_t operator()(std::int8_t byte) const noexcept { return byte; }
+        constexpr std::int32_t operator()(std::int8_t byte) const noexcept { return byte; }
     };
 
 public:
@@ -98,11 +86,11 @@ public:
     static constexpr Number GetModeOptionIndexFromChar{};
 
     // "00" to "7f". Throws std::out_of_range for an index outside 0..127.
-    [[nodiscard]] static const std::string& GetStrFrom127WithIndex(std::int32_t index);
+    [[nodiscard]] static std::string GetStrFrom127WithIndex(std::int32_t index);
     // The index of the first equal text of "00" to "7f"; 0 when none is, case included.
     [[nodiscard]] static std::int32_t GetFrom127WirhStr(std::string_view text);
     // The byte's text in the device's 256-text list, in which 0x81 to 0x8f lose their high digit.
-    [[nodiscard]] static const std::string& GetStrWirhChar(std::int8_t byte);
+    [[nodiscard]] static std::string GetStrWirhChar(std::int8_t byte);
 };
 
 } // namespace scenewright
