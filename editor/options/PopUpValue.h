@@ -1,8 +1,128 @@
-// The option lists of the editor.
+// The option lists of the editor: which titles each popup offers, in the order of the stored index.
+//
+// A plain record of 47 lists. Lists are shared, read-only, and hold UTF-8 titles; several
+// properties hold the same list object, because they are read from the same key. A property is null
+// when the resource lacks its key. Main thread only; a list itself may be read by any thread.
 #pragma once
+
+#include "model/Property.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 
-class PopUpValue {};
+class PopUpValue;
+
+using Titles = std::shared_ptr<const std::vector<std::string>>;
+
+// One list of PopUpValue as data: what it is called, and the key of basic.plist that fills it.
+struct OptionList {
+    std::string_view name;
+    std::string_view key;
+    const Titles& (PopUpValue::*read)() const;
+    void (PopUpValue::*write)(Titles);
+
+    [[nodiscard]] const Titles& of(const PopUpValue& lists) const { return (lists.*read)(); }
+    void set(PopUpValue& lists, Titles titles) const { (lists.*write)(std::move(titles)); }
+};
+
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments are names
+// A list property with its reader and writer, and the constant by which a table names it:
+// PopUpValue::pad_CR_ArrayList.
+#define SCENEWRIGHT_OPTION_LIST(Name, SetName, Key)                                                \
+    SCENEWRIGHT_PROPERTY(Titles, Name, SetName)                                                    \
+public:                                                                                            \
+    static constexpr OptionList Name##List{#Name, Key, &PopUpValue::Name, &PopUpValue::SetName};   \
+                                                                                                   \
+private:
+// NOLINTEND(bugprone-macro-parentheses)
+
+class PopUpValue {
+    SCENEWRIGHT_OPTION_LIST(display_Select_Array, setDisplay_Select_Array, "displaySelect")
+    SCENEWRIGHT_OPTION_LIST(control_Array, setControl_Array, "control")
+    SCENEWRIGHT_OPTION_LIST(display_MIDIChannel_Array, setDisplay_MIDIChannel_Array,
+                            "button-MIDICh")
+    SCENEWRIGHT_OPTION_LIST(display_AssignType_Array, setDisplay_AssignType_Array,
+                            "button-assginType")
+    SCENEWRIGHT_OPTION_LIST(display_CCNumber_Array, setDisplay_CCNumber_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(display_NoteNumber_Array, setDisplay_NoteNumber_Array, "button-note")
+    SCENEWRIGHT_OPTION_LIST(display_UpperOrRightValue_Array, setDisplay_UpperOrRightValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(display_LowerOrLeftValue_Array, setDisplay_LowerOrLeftValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(display_PadBehavior_Array, setDisplay_PadBehavior_Array,
+                            "button-behavior")
+    SCENEWRIGHT_OPTION_LIST(display_KeyBehavior_Array, setDisplay_KeyBehavior_Array,
+                            "button-behavior")
+    SCENEWRIGHT_OPTION_LIST(display_OnValue_Array, setDisplay_OnValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(display_OffValue_Array, setDisplay_OffValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(display_Enable_Array, setDisplay_Enable_Array, "button-enable")
+    SCENEWRIGHT_OPTION_LIST(common_SceneName_Array, setCommon_SceneName_Array, "common-sceneName")
+    SCENEWRIGHT_OPTION_LIST(common_GlobalMIDICh_Array, setCommon_GlobalMIDICh_Array,
+                            "common-globalMIDICh")
+    SCENEWRIGHT_OPTION_LIST(common_PianoKeyCh_Array, setCommon_PianoKeyCh_Array,
+                            "common-pianoKeyCh")
+    SCENEWRIGHT_OPTION_LIST(common_PitchBendSpeed_Array, setCommon_PitchBendSpeed_Array,
+                            "common-PitchBendSpeed")
+    SCENEWRIGHT_OPTION_LIST(common_KeyTranspose_Array, setCommon_KeyTranspose_Array,
+                            "common-keyTranspose")
+    SCENEWRIGHT_OPTION_LIST(common_KeyVelocityCurve_Array, setCommon_KeyVelocityCurve_Array,
+                            "common-velocityCurve")
+    SCENEWRIGHT_OPTION_LIST(common_KeyConstVelocity_Array, setCommon_KeyConstVelocity_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(common_PadVelocityCurve_Array, setCommon_PadVelocityCurve_Array,
+                            "common-velocityCurve")
+    SCENEWRIGHT_OPTION_LIST(common_PadConstVelocity_Array, setCommon_PadConstVelocity_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(group_MIDIChannel_Array, setGroup_MIDIChannel_Array, "button-MIDICh")
+    SCENEWRIGHT_OPTION_LIST(knob_Enable_Array, setKnob_Enable_Array, "button-enable")
+    SCENEWRIGHT_OPTION_LIST(knob_CCNumber_Array, setKnob_CCNumber_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(knob_UpperOrRightValue_Array, setKnob_UpperOrRightValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(knob_LowerOrLeftValue_Array, setKnob_LowerOrLeftValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(slider_Enable_Array, setSlider_Enable_Array, "button-enable")
+    SCENEWRIGHT_OPTION_LIST(slider_CCNumber_Array, setSlider_CCNumber_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(slider_UpperOrRightValue_Array, setSlider_UpperOrRightValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(slider_LowerOrLeftValue_Array, setSlider_LowerOrLeftValue_Array,
+                            "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_AssignType_Array, setPad_AssignType_Array, "button-assginType")
+    SCENEWRIGHT_OPTION_LIST(pad_CCNumber_Array, setPad_CCNumber_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_NoteNumber_Array, setPad_NoteNumber_Array, "button-note")
+    SCENEWRIGHT_OPTION_LIST(pad_OnValue_Array, setPad_OnValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_OffValue_Array, setPad_OffValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_PadBehavior_Array, setPad_PadBehavior_Array, "button-behavior")
+    SCENEWRIGHT_OPTION_LIST(pad_MIDIChannel_Array, setPad_MIDIChannel_Array, "button-MIDICh")
+    SCENEWRIGHT_OPTION_LIST(pad_CR_Array, setPad_CR_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_CG_Array, setPad_CG_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(pad_CB_Array, setPad_CB_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(key_AssignType_Array, setKey_AssignType_Array, "button-assginType")
+    SCENEWRIGHT_OPTION_LIST(key_CCNumber_Array, setKey_CCNumber_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(key_NoteNumber_Array, setKey_NoteNumber_Array, "button-note")
+    SCENEWRIGHT_OPTION_LIST(key_OnValue_Array, setKey_OnValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(key_OffValue_Array, setKey_OffValue_Array, "select127")
+    SCENEWRIGHT_OPTION_LIST(key_KeyBehavior_Array, setKey_KeyBehavior_Array, "button-behavior")
+};
+
+inline constexpr std::size_t kOptionListCount = 47;
+
+// Every list, in the order of declaration.
+[[nodiscard]] const std::array<OptionList, kOptionListCount>& optionLists();
+
+// A new holder, filled from the resource basic.plist. A missing key, or one that holds no array,
+// leaves its properties null; a missing resource leaves all of them null. An element that is no
+// text keeps its position with an empty title.
+[[nodiscard]] std::shared_ptr<PopUpValue> loadPopUpValue();
+
+// The title at a position; null when the list is null or has no such position.
+[[nodiscard]] const std::string* titleAt(const Titles& titles, std::int32_t position);
 
 } // namespace scenewright

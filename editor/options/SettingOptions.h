@@ -1,25 +1,34 @@
-// Which option list names the values of a setting.
+// Which option list names the values of a setting, and how a person calls the setting.
+//
+// Pure look-ups in one table; they keep nothing. References returned are valid as long as the
+// holder of the lists.
 #pragma once
 
 #include "editor/options/PopUpValue.h"
 #include "model/Setting.h"
 
-#include <memory>
+#include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace scenewright {
 
-using Titles = std::shared_ptr<const std::vector<std::string>>;
+// Values of `AssignType`: what a pad or a key sends.
+inline constexpr std::int32_t kAssignOff = 0;
+inline constexpr std::int32_t kAssignController = 1;
+inline constexpr std::int32_t kAssignNote = 2;
+
+// Stands where there is no title: a value outside its list, or a field that does not apply.
+inline constexpr std::string_view kNoTitle = "---";
 
 // The list whose entry at the stored index is the value's title. For the number of a pad or key
-// this is the note list when the control's `AssignType` is 2 (note), else the controller list.
-// Null when the resource lacks the list.
+// this is the note list when the control's `AssignType` is 2 (note), else the controller list;
+// for every other setting `assignType` is not looked at. Null when the resource lacks the list.
 [[nodiscard]] Titles optionList(const PopUpValue& lists, const Setting& setting,
                                 std::int32_t assignType);
 
-// The title of a stored index; "---" for a value outside its list or a field that does not apply.
+// The title of the index stored in member `member` (from 0) of the setting's kind; "---" for a
+// value outside its list or a field that does not apply. The scene must hold that record.
 [[nodiscard]] std::string optionTitle(const PopUpValue& lists, const Setting& setting,
                                       const SceneValue& scene, std::int32_t member);
 
