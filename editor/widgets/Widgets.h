@@ -67,9 +67,16 @@ struct AttributedTitle {
     friend bool operator==(const AttributedTitle&, const AttributedTitle&) = default;
 };
 
-class Button {
+// What a user can click.
+class Clickable {
 public:
-    virtual ~Button() = default;
+    virtual ~Clickable() = default;
+    // Called when the user clicks it, in place of what it did before.
+    virtual void setAction(std::function<void()> action) = 0;
+};
+
+class Button : public Clickable {
+public:
     [[nodiscard]] virtual std::int32_t tag() const = 0;
     // The image of that name among the resources; nothing takes the image away.
     virtual void setImage(const std::optional<std::string>& name) = 0;
@@ -77,9 +84,8 @@ public:
     virtual void setTitle(const std::string& title) = 0;
     [[nodiscard]] virtual AttributedTitle attributedTitle() const = 0;
     virtual void setAttributedTitle(const AttributedTitle& title) = 0;
+    // The button, or what it stands for, has changed: it is drawn anew and described anew.
     virtual void setNeedsDisplay() = 0;
-    // Called when the user clicks it, in place of what it did before.
-    virtual void setAction(std::function<void()> action) = 0;
 };
 
 // The device picture: its buttons are found by tag.
@@ -120,6 +126,14 @@ public:
     virtual void selectRow(std::int32_t row) = 0;
     // The row last clicked; -1 when the selection was not made by a click.
     [[nodiscard]] virtual std::int32_t clickedRow() const = 0;
+};
+
+// The program's main window.
+class Window {
+public:
+    virtual ~Window() = default;
+    // The close button of the window's frame; it lives as long as the window.
+    [[nodiscard]] virtual Clickable& standardCloseButton() = 0;
 };
 
 // The running application.
