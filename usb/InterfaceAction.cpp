@@ -1,1 +1,0 @@
-#include "usb/InterfaceAction.h"
