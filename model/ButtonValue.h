@@ -3,6 +3,7 @@
 
 #include "model/Property.h"
 
+#include <array>
 #include <cstdint>
 
 namespace scenewright {
@@ -28,6 +29,23 @@ class ButtonValue {
     SCENEWRIGHT_INDEX(ButtonValue, CR, setCR)
     SCENEWRIGHT_INDEX(ButtonValue, CG, setCG)
     SCENEWRIGHT_INDEX(ButtonValue, CB, setCB)
+};
+
+// The thirteen option indices: every field but the identifier.
+inline constexpr std::array kButtonOptionFields{
+    ButtonValue::MIDIChannelField,
+    ButtonValue::AssignTypeField,
+    ButtonValue::CCOrNoteNumberField,
+    ButtonValue::UpperOrRightValueField,
+    ButtonValue::LowerOrLeftValueField,
+    ButtonValue::PadBehaviorField,
+    ButtonValue::KeyBehaviorField,
+    ButtonValue::OnValueField,
+    ButtonValue::OffValueField,
+    ButtonValue::EnableField,
+    ButtonValue::CRField,
+    ButtonValue::CGField,
+    ButtonValue::CBField,
 };
 
 } // namespace scenewright

@@ -1,1 +1,75 @@
 #include "protocol/Handshake.h"
+
+#include "model/Progress.h"
+#include "platform/Diagnostics.h"
+#include "protocol/Packet.h"
+#include "usb/InterfaceAction.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::string_view kCouldNotConnect = "Could not connect to midi device";
+
+constexpr std::size_t kExpectedSize = 8; // of the reply's bytes; those behind them are only logged
+
+// The request, repeated, and the device's own packet, as the texts that the transport hands out.
+constexpr std::array<std::string_view, kExpectedSize> kExpected{"09", "9c", "01", "02",
+                                                                "09", "9c", "01", "38"};
+
+std::size_t matchesOf(const std::vector<std::string>& reply) {
+    std::size_t matches = 0;
+    for (std::size_t i = 0; i < kExpectedSize; ++i)
+        if (reply[i] == kExpected[i])
+            ++matches;
+    return matches;
+}
+
+// Says on both ways what kept the transaction from the device; gives false.
+bool couldNotConnect(std::string_view logLine) {
+    Progress::record()->setMessage(std::string(kCouldNotConnect));
+    Diagnostics::log("%s", logLine);
+    return false;
+}
+
+} // namespace
+
+bool handshakeOnce() {
+    InterfaceAction::openInterface();
+    writePacket(packets::kHandshakeRequest);
+    writePacket(packets::kHandshakeConfirm);
+    const std::vector<std::string> reply = InterfaceAction::ReadVersionFromDevice();
+    if (reply[0] != kExpected[0])
+        return false;
+    Diagnostics::log("version    %s %s %s %s %s %s %s %s %s %s %s", reply[0], reply[1], reply[2],
+                     reply[3], reply[4], reply[5], reply[6], reply[7], reply[8], reply[9],
+                     reply[10]);
+    const bool answered = matchesOf(reply) == kExpectedSize;
+    Diagnostics::log(answered ? "handshake yes" : "handshake no");
+    return answered;
+}
+
+void handshakeUntilAnswered() {
+    Diagnostics::log("开始握手协议");
+    while (!handshakeOnce()) {
+        Diagnostics::log("do HandshakeOperation");
+        InterfaceAction::closeInterface();
+    }
+}
+
+bool connectToDevice() {
+    if (!InterfaceAction::FindDevice())
+        return couldNotConnect("无法找到设备");
+    if (!InterfaceAction::CreateInterface())
+        return couldNotConnect(kCouldNotConnect);
+    handshakeUntilAnswered();
+    return true;
+}
+
+} // namespace scenewright

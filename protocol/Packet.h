@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace scenewright {
@@ -34,7 +35,11 @@ inline constexpr Packet kFill{0x09, 0x90, 0x0F, 0x0F}; // a position past the en
 }
 } // namespace packets
 
-inline constexpr std::size_t kBlockPackets =
-    512; // data packets between two of the device's answers
+// Data packets between two of the device's answers.
+inline constexpr std::size_t kBlockPackets = 512;
+
+// Writes one packet to the controller, as a transfer of its own. A failure is logged by the
+// transport and changes nothing here: a transaction goes on to its end.
+void writePacket(const Packet& packet);
 
 } // namespace scenewright

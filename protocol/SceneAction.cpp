@@ -1,1 +1,32 @@
 #include "protocol/SceneAction.h"
+
+#include "protocol/Handshake.h"
+#include "protocol/ReadTransaction.h"
+#include "protocol/SceneImage.h"
+#include "protocol/SendTransaction.h"
+
+namespace scenewright {
+
+std::vector<std::uint8_t> SceneAction::sceneToBytes(const SceneValue& scene) {
+    const SceneImage image = encodeScene(scene);
+    return {image.begin(), image.end()};
+}
+
+std::shared_ptr<ButtonValue> SceneAction::initButton(std::shared_ptr<ButtonValue> button) {
+    markFieldsAbsent(*button);
+    return button;
+}
+
+bool SceneAction::HandshakeOperation() {
+    return handshakeOnce();
+}
+
+SceneList SceneAction::GetSceneFromDevice() {
+    return readScenes();
+}
+
+void SceneAction::SendSceneToDevice(const SceneList& scenes) {
+    sendScenes(scenes);
+}
+
+} // namespace scenewright

@@ -16,18 +16,15 @@ public:
     // Exactly 253 bytes; see SceneImage.h.
     [[nodiscard]] static std::vector<std::uint8_t> sceneToBytes(const SceneValue& scene);
     // Sets all fields but ButtonID to kFieldAbsent and gives the same record back.
-    static const std::shared_ptr<ButtonValue>&
-    initButton(const std::shared_ptr<ButtonValue>& button);
+    static std::shared_ptr<ButtonValue> initButton(std::shared_ptr<ButtonValue> button);
 
     // One handshake; see Handshake.h.
     [[nodiscard]] static bool HandshakeOperation();
 
-    // Reads all scenes; blocks until the device has answered. Four scenes, or none when the device
-    // could not be reached. Main thread.
+    // See ReadTransaction.h.
     [[nodiscard]] static SceneList GetSceneFromDevice();
 
-    // Connects on the calling thread, then sends on a thread of its own and returns. Refused with
-    // a log line while a job runs. Main thread; SendJob tells when it has ended.
+    // See SendTransaction.h.
     static void SendSceneToDevice(const SceneList& scenes);
 };
 

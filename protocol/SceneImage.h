@@ -21,12 +21,17 @@ using SceneImage = std::array<std::uint8_t, kSceneImageSize>;
 using BankImage = std::array<std::uint8_t, kBankSize>;
 
 // The image of one scene. A name longer than 12 bytes keeps its first 12; a value outside 0..127 is
-// written as 0x00. The scene must hold common settings and 45 controls.
+// written as 0x00. Fields of
+// records that the scene lacks are written as 0x00.
 [[nodiscard]] SceneImage encodeScene(const SceneValue& scene);
 
 // The scenes of whole images laid end to end; bytes behind the last whole image are not read. A
 // setting byte from 0x80 up reads as 0; the name keeps its 12 bytes whatever they are. Fields
 // that a kind does not carry are kFieldAbsent. Logs one line a group control.
 [[nodiscard]] SceneList parseScenes(std::span<const std::uint8_t> images);
+
+// Sets every field but the identifier to kFieldAbsent: what a control is before its kind's fields
+// are read into it.
+void markFieldsAbsent(ButtonValue& button);
 
 } // namespace scenewright
