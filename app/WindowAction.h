@@ -35,7 +35,8 @@ public:
 
     // The stored scenes, shared; for programs that save them.
     [[nodiscard]] static const SceneList& scenes();
-    // Replaces the stored scenes, as a read does.
+    // Replaces the stored scenes, as a read does: a list of fewer than four is filled up with
+    // default scenes named by their place, a longer one is kept whole.
     static void setScenes(SceneList scenes);
 };
 

@@ -1,1 +1,74 @@
-int main() { return 0; }
+#include "app/Launch.h"
+#include "cli/Command.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <exception>
+
+namespace scenewright {
+
+namespace {
+
+constexpr const char* kDescription =
+    "Reads the four scenes of a USB MIDI keyboard controller into a bank file, shows a bank,\n"
+    "and sends a bank back to the controller.";
+
+constexpr const char* kFooter =
+    "A bank is a file of 1012 bytes: four scenes of 253 bytes.\n\n"
+    "Examples:\n"
+    "  scenewright-cli read mine.bank            keep what the controller holds\n"
+    "  scenewright-cli show mine.bank --scene 2  look at its second scene\n"
+    "  scenewright-cli send mine.bank            bring it back\n"
+    "  scenewright-cli --virtual=pretend.bank send mine.bank\n"
+    "                                            the same without a controller\n\n"
+    "Exit code: 0 done; 1 the controller could not be reached or its transfers failed;\n"
+    "2 bad usage or a bad file, and then nothing was sent and no file was touched.";
+
+void describe(CLI::App& app) {
+    app.footer(kFooter);
+    app.set_version_flag("--version", "scenewright-cli " SCENEWRIGHT_VERSION);
+    app.require_subcommand(1);
+    app.get_formatter()->column_width(26);
+}
+
+int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
+    if (const auto trouble = launch(options))
+        return complain(*trouble, kExitUsage);
+    if (choice.usesController)
+        if (const auto trouble = connectHost(options))
+            return complain(*trouble, kExitUsage);
+    return choice.run();
+}
+
+int run(int argc, char** argv) {
+    CLI::App app(kDescription, "scenewright-cli");
+    LaunchOptions options;
+    CommandChoice choice;
+    describe(app);
+    addLaunchOptions(app, options);
+    addDefaultCommand(app, choice);
+    addReadCommand(app, choice);
+    addSendCommand(app, choice);
+    addShowCommand(app, choice);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return app.exit(request);
+    } catch (const CLI::ParseError& error) {
+        return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
+    }
+    return runChosen(options, choice);
+}
+
+} // namespace
+
+} // namespace scenewright
+
+int main(int argc, char** argv) {
+    try {
+        return scenewright::run(argc, argv);
+    } catch (const std::exception& error) {
+        return scenewright::complain(error.what(), scenewright::kExitUsage);
+    }
+}

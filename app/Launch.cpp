@@ -1,0 +1,108 @@
+#include "app/Launch.h"
+
+#include "app/BankFile.h"
+#include "app/WindowAction.h"
+#include "model/Control.h"
+#include "model/FileAction.h"
+#include "platform/DiagnosticSinks.h"
+#include "platform/Resources.h"
+#include "platform/WholeFile.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> kResourceNames{"basic", "default", "project"};
+
+std::optional<std::string> resourceTrouble() {
+    if (auto troubles = Resources::troubles(kResourceNames); !troubles.empty())
+        return troubles.front();
+    for (const std::string_view name : kResourceNames)
+        if (!Resources::find(name, "plist"))
+            return fmt::format("{}.plist: not found among the program's resources", name);
+    const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
+    if (controls != kControlCount)
+        return fmt::format("{}: the default scene holds {} controls, and the keyboard has {}",
+                           Resources::find("default", "plist")->string(), controls, kControlCount);
+    return std::nullopt;
+}
+
+// The default scenes when there is no such file.
+std::optional<std::string> loadVirtualBank(const std::string& path, BankImage& bank) {
+    WindowAction::getSceneValue();
+    bank = encodeBank(WindowAction::scenes());
+    if (path.empty())
+        return std::nullopt;
+    if (auto trouble = whyNotWritable(path))
+        return trouble;
+    if (!std::filesystem::exists(path))
+        return std::nullopt;
+    FileBytes file = readWholeFile(path, kBankSize + 1);
+    if (!file.trouble && file.bytes.size() != kBankSize)
+        file.trouble =
+            fmt::format("{}: not a bank of {} bytes for the virtual controller", path, kBankSize);
+    if (file.trouble)
+        return file.trouble;
+    std::ranges::copy(file.bytes, bank.begin());
+    return std::nullopt;
+}
+
+std::optional<std::string> connectVirtualHost(const std::string& bankPath) {
+    BankImage bank{};
+    if (auto trouble = loadVirtualBank(bankPath, bank))
+        return trouble;
+    auto device = std::make_shared<VirtualController>(bank);
+    Transport::instance().use(makeVirtualHost(std::move(device), bankPath));
+    return std::nullopt;
+}
+
+} // namespace
+
+void addLaunchOptions(CLI::App& app, LaunchOptions& options) {
+    app.add_option("--virtual", options.virtualBank,
+                   "Use the virtual controller; its memory is BANK, or nothing that stays")
+        ->expected(0, 1)
+        ->type_name("[=BANK]")
+        ->each([&options](const std::string&) { options.isVirtual = true; });
+    app.add_option("--console", options.console,
+                   "Write the console stream (transfers, found devices) to FILE; - is stderr")
+        ->type_name("FILE");
+    app.add_option("--log", options.log, "Write the system log to FILE; - is stderr")
+        ->type_name("FILE");
+    app.add_option("--resources", options.resources,
+                   "Look in DIR for project.plist, default.plist and basic.plist first")
+        ->type_name("DIR");
+}
+
+std::optional<std::string> launch(const LaunchOptions& options) {
+    if (!options.resources.empty()) {
+        if (!std::filesystem::is_directory(options.resources))
+            return fmt::format("{}: no such folder of resources", options.resources);
+        Resources::setFolder(options.resources);
+    }
+    if (!options.console.empty())
+        if (auto trouble = sendConsoleTo(options.console))
+            return trouble;
+    if (!options.log.empty())
+        if (auto trouble = sendLogTo(options.log))
+            return trouble;
+    return resourceTrouble();
+}
+
+std::optional<std::string> connectHost(const LaunchOptions& options) {
+    if (options.isVirtual)
+        return connectVirtualHost(options.virtualBank);
+    return std::nullopt;
+}
+
+} // namespace scenewright

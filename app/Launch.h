@@ -1,0 +1,37 @@
+// What both programs do before their work: the options they share, and what follows from them.
+//
+// Main thread, before any other thread starts.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace scenewright {
+
+struct LaunchOptions {
+    bool isVirtual = false;
+    // The virtual controller's memory: read at the start if the file exists, written after each
+    // send. Empty keeps it in memory.
+    std::string virtualBank;
+    std::string console;   // file name, "-" for standard error; empty leaves the stream as it is
+    std::string log;       // the same
+    std::string resources; // folder; empty for none
+};
+
+// Adds --virtual[=BANK], --console, --log and --resources. `options` must outlive `app`.
+void addLaunchOptions(CLI::App& app, LaunchOptions& options);
+
+// Sends the streams where the options say and makes the resources findable. Nothing, or one
+// sentence: then the program must end.
+[[nodiscard]] std::optional<std::string> launch(const LaunchOptions& options);
+
+// Gives the transport its host, the real bus or the virtual controller, and makes a signal that
+// ends the program give the keyboard back first. Nothing, or one sentence.
+[[nodiscard]] std::optional<std::string> connectHost(const LaunchOptions& options);
+
+} // namespace scenewright

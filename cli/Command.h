@@ -1,0 +1,36 @@
+// What a command of the command line is: words for the parser, and work for afterwards.
+//
+// Parsing touches nothing; it only notes which command runs, so that bad usage is told before the
+// first file is opened. A command returns the program's exit code and has told its trouble, in one
+// sentence on standard error, when that is not 0.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace CLI {
+class App;
+}
+
+namespace scenewright {
+
+// Exit codes of the command line.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitController = 1; // not reached, or its transfers failed
+inline constexpr int kExitUsage = 2;      // bad usage or a bad file; nothing was sent or written
+
+struct CommandChoice {
+    std::function<int()> run;
+    bool usesController = false;
+};
+
+// Each adds its subcommand to `app`; parsing it fills in `choice`, which must outlive `app`.
+void addDefaultCommand(CLI::App& app, CommandChoice& choice);
+void addReadCommand(CLI::App& app, CommandChoice& choice);
+void addSendCommand(CLI::App& app, CommandChoice& choice);
+void addShowCommand(CLI::App& app, CommandChoice& choice);
+
+// One sentence on standard error, after the program's name; returns `exitCode`.
+int complain(std::string_view sentence, int exitCode);
+
+} // namespace scenewright

@@ -1,0 +1,144 @@
+#include "cli/SceneTable.h"
+
+#include "editor/options/SettingOptions.h"
+#include "model/Control.h"
+#include "model/SceneName.h"
+#include "model/Setting.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::size_t kColumnGap = 2;
+
+// Code points: what a title takes on the terminal.
+std::size_t width(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+std::string padded(std::string_view text, std::size_t columns) {
+    std::string line(text);
+    line.append(columns - std::min(columns, width(text)), ' ');
+    return line;
+}
+
+std::string capitalised(std::string_view text) {
+    std::string word(text);
+    word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
+    return word;
+}
+
+std::vector<std::string> words(std::string_view text) {
+    std::vector<std::string> list;
+    for (std::size_t from = 0; from < text.size();) {
+        const std::size_t to = std::min(text.find(' ', from), text.size());
+        list.emplace_back(text.substr(from, to - from));
+        from = to + 1;
+    }
+    return list;
+}
+
+// One column: its heading, broken into lines no wider than the column needs to be, and its cells.
+struct Column {
+    std::vector<std::string> heading;
+    std::vector<std::string> cells;
+    std::size_t columns = 0;
+};
+
+// Joins words while they fit, so that a long heading takes lines instead of columns.
+void breakHeading(Column& column, const std::vector<std::string>& parts) {
+    for (const std::string& part : parts) {
+        if (!column.heading.empty() &&
+            width(column.heading.back()) + 1 + width(part) <= column.columns)
+            column.heading.back() += " " + part;
+        else
+            column.heading.push_back(part);
+    }
+}
+
+Column makeColumn(std::string_view heading, std::vector<std::string> cells) {
+    Column column{{}, std::move(cells), 0};
+    const std::vector<std::string> parts = words(heading);
+    for (const std::vector<std::string>& texts : {parts, column.cells})
+        for (const std::string& text : texts)
+            column.columns = std::max(column.columns, width(text));
+    breakHeading(column, parts);
+    return column;
+}
+
+std::string cellAt(const std::vector<std::string>& cells, std::size_t row) {
+    return row < cells.size() ? cells[row] : std::string();
+}
+
+std::string tableLine(const std::vector<Column>& columns,
+                      const std::vector<std::string> Column::*cells, std::size_t row) {
+    std::string line;
+    for (const Column& column : columns)
+        line += padded(cellAt(column.*cells, row), column.columns + kColumnGap);
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + "\n";
+}
+
+std::string tableText(const std::vector<Column>& columns, std::size_t rows) {
+    std::size_t headingLines = 0;
+    for (const Column& column : columns)
+        headingLines = std::max(headingLines, column.heading.size());
+    std::string text;
+    for (std::size_t line = 0; line < headingLines; ++line)
+        text += tableLine(columns, &Column::heading, line);
+    for (std::size_t row = 0; row < rows; ++row)
+        text += tableLine(columns, &Column::cells, row);
+    return text;
+}
+
+std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const ControlRange& range) {
+    std::vector<std::string> numbers;
+    for (std::int32_t member = 1; member <= range.count; ++member)
+        numbers.push_back(std::to_string(member));
+    std::vector<Column> columns{makeColumn(capitalised(range.name), std::move(numbers))};
+    for (const Setting& setting : settings()) {
+        if (setting.kind() != range.kind)
+            continue;
+        std::vector<std::string> cells;
+        for (std::int32_t member = 0; member < range.count; ++member)
+            cells.push_back(optionTitle(lists, setting, scene, member));
+        columns.push_back(makeColumn(settingTitle(setting), std::move(cells)));
+    }
+    return tableText(columns, static_cast<std::size_t>(range.count));
+}
+
+std::string commonTable(const PopUpValue& lists, const SceneValue& scene) {
+    Column names;
+    Column values;
+    for (const Setting& setting : settings()) {
+        if (setting.kind() != ControlKind::Common)
+            continue;
+        names.cells.emplace_back(settingTitle(setting));
+        names.columns = std::max(names.columns, width(names.cells.back()));
+        values.cells.push_back(optionTitle(lists, setting, scene, 0));
+    }
+    return tableText({names, values}, names.cells.size());
+}
+
+} // namespace
+
+std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number) {
+    std::string text =
+        fmt::format("Scene {}: {}\n\n", number, displayName(scene.commonValue()->SceneName()));
+    for (const ControlRange& range : kControlRanges) {
+        text += range.kind == ControlKind::Common ? commonTable(lists, scene)
+                                                  : kindTable(lists, scene, range);
+        text += "\n";
+    }
+    return text;
+}
+
+} // namespace scenewright

@@ -1,0 +1,25 @@
+// What went wrong with a transaction, in words for the person who started it.
+#pragma once
+
+#include "model/MessageValue.h"
+#include "usb/Transport.h"
+
+#include <optional>
+#include <string>
+
+namespace scenewright {
+
+// Whether the last command ended without reaching the controller.
+[[nodiscard]] bool connectFailed(const MessageValue& message);
+
+// Says so on standard error, with cause and cure where they are known; returns the exit code.
+int complainOfConnection();
+
+// One sentence when not every transfer of a read went well: what failed, and at which byte.
+// Nothing when all that was read came from the controller.
+[[nodiscard]] std::optional<std::string> readReport(const TransferTally& tally);
+
+// The same for a send.
+[[nodiscard]] std::optional<std::string> sendReport(const TransferTally& tally);
+
+} // namespace scenewright

@@ -1,0 +1,212 @@
+#include "app/WindowAction.h"
+
+#include "app/BankFile.h"
+#include "editor/options/PopUpValue.h"
+#include "model/Progress.h"
+#include "platform/MainQueue.h"
+#include "protocol/SendJob.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+std::string nameOf(std::int32_t scene) {
+    return WindowAction::getSceneWithIndex(scene)->commonValue()->SceneName();
+}
+
+std::vector<std::string> storedNames() {
+    std::vector<std::string> names;
+    for (std::size_t scene = 0; scene < WindowAction::scenes().size(); ++scene)
+        names.push_back(nameOf(static_cast<std::int32_t>(scene)));
+    return names;
+}
+
+SceneList scenesNamed(const std::vector<std::string>& names) {
+    SceneList scenes;
+    for (const std::string& name : names) {
+        auto scene = std::make_shared<SceneValue>();
+        scene->setCommonValue(std::make_shared<CommonValue>());
+        scene->commonValue()->setSceneName(name);
+        scenes.push_back(scene);
+    }
+    return scenes;
+}
+
+// A transport without a bus, or with the virtual controller, that never sleeps.
+class WindowActionTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Progress::forget();
+        noController();
+        WindowAction::getSceneValue();
+    }
+    void TearDown() override {
+        while (!SendJob::waitForEnd(std::chrono::seconds(10))) {
+        }
+        SendJob::join();
+        noController();
+        Progress::forget();
+    }
+
+    static void noController() {
+        Transport::instance().use(nullptr, [](std::chrono::nanoseconds) {});
+    }
+    void plugIn(const BankImage& bank) {
+        controller_ = std::make_shared<VirtualController>(bank);
+        Transport::instance().use(makeVirtualHost(controller_), [](std::chrono::nanoseconds) {});
+    }
+
+    std::shared_ptr<VirtualController> controller_;
+};
+
+using Write = std::pair<std::string, std::string>;
+
+std::shared_ptr<std::vector<Write>> watch(MessageValue& message) {
+    auto writes = std::make_shared<std::vector<Write>>();
+    for (const char* key : {"Message", "isReadFinish", "isSendFinish"})
+        message.addObserver(key, [writes](std::string_view name, const MessageValue::Text& value) {
+            writes->emplace_back(name, value.value_or("(absent)"));
+        });
+    return writes;
+}
+
+} // namespace
+
+TEST_F(WindowActionTest, MessageValueIsOneRecord) {
+    EXPECT_EQ(WindowAction::getMessageValue(), WindowAction::getMessageValue());
+}
+
+TEST_F(WindowActionTest, FreshMessageValueHoldsNothing) {
+    const auto message = WindowAction::getMessageValue();
+    EXPECT_EQ(message->Message(), std::nullopt);
+    EXPECT_EQ(message->isReadFinish(), std::nullopt);
+    EXPECT_EQ(message->isSendFinish(), std::nullopt);
+}
+
+TEST_F(WindowActionTest, ScenesStartAsFourNamedDefaults) {
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"SCENE1", "SCENE2", "SCENE3", "SCENE4"}));
+    for (const auto& scene : WindowAction::scenes())
+        EXPECT_EQ(scene->buttonValueArray().size(), 45U);
+}
+
+TEST_F(WindowActionTest, GetSceneValueDropsEditsAndSharesNothingBetweenScenes) {
+    WindowAction::getSceneWithIndex(0)->commonValue()->setGlobalMIDICh(11);
+    WindowAction::getSceneWithIndex(0)->buttonValueArray()[4]->setEnable(99);
+    EXPECT_NE(WindowAction::getSceneWithIndex(1)->buttonValueArray()[4]->Enable(), 99);
+    WindowAction::getSceneValue();
+    EXPECT_NE(WindowAction::getSceneWithIndex(0)->commonValue()->GlobalMIDICh(), 11);
+    EXPECT_NE(WindowAction::getSceneWithIndex(0)->buttonValueArray()[4]->Enable(), 99);
+}
+
+TEST_F(WindowActionTest, SceneHandedOutIsTheStoredOne) {
+    WindowAction::getSceneWithIndex(3)->commonValue()->setSceneName("MINE");
+    EXPECT_EQ(nameOf(3), "MINE");
+}
+
+TEST_F(WindowActionTest, SceneIndexOutsideTheListThrows) {
+    EXPECT_THROW((void)WindowAction::getSceneWithIndex(-1), std::out_of_range);
+    EXPECT_THROW((void)WindowAction::getSceneWithIndex(4), std::out_of_range);
+}
+
+TEST_F(WindowActionTest, ReadWithoutAControllerLeavesFourDefaultsAndFinishes) {
+    const auto message = WindowAction::getMessageValue();
+    const auto writes = watch(*message);
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
+    WindowAction::readSceneData();
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"SCENE1", "SCENE2", "SCENE3", "SCENE4"}));
+    EXPECT_EQ(*writes, (std::vector<Write>{{"Message", "readSceneData"},
+                                           {"isReadFinish", "No"},
+                                           {"Message", "Could not connect to midi device"},
+                                           {"isReadFinish", "Yes"}}));
+}
+
+TEST_F(WindowActionTest, ReadKeepsTheControllersNames) {
+    BankImage bank{};
+    std::ranges::copy(std::string("LIVE"), bank.begin());
+    plugIn(bank);
+    const auto message = WindowAction::getMessageValue();
+    const auto writes = watch(*message);
+    WindowAction::readSceneData();
+    EXPECT_EQ(nameOf(0), std::string("LIVE") + std::string(8, '\0'));
+    EXPECT_EQ(nameOf(3), std::string(12, '\0'));
+    ASSERT_EQ(writes->size(), 2U + 1U + 1012U + 1U + 1U);
+    EXPECT_EQ((*writes)[2], Write("Message", "read Time:4"));
+    EXPECT_EQ((*writes)[3], Write("Message", "Time:1  Data:0/253"));
+    EXPECT_EQ((*writes)[1014], Write("Message", "Time:4  Data:252/253"));
+    EXPECT_EQ((*writes)[1015], Write("Message", "Read Scene Data Finish"));
+    EXPECT_EQ((*writes)[1016], Write("isReadFinish", "Yes"));
+}
+
+TEST_F(WindowActionTest, CommandsWorkWithoutARecord) {
+    plugIn(BankImage{});
+    WindowAction::getSceneWithIndex(1)->commonValue()->setSceneName("SENT");
+    WindowAction::sendSceneData();
+    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
+    EXPECT_EQ(controller_->bank()[253], 'S');
+    WindowAction::readSceneData();
+    EXPECT_EQ(nameOf(1), std::string("SENT") + std::string(8, '\0'));
+}
+
+TEST_F(WindowActionTest, ThreeScenesAreFilledUpWithTheFourth) {
+    const SceneList three = scenesNamed({"A", "B", "C"});
+    WindowAction::setScenes(three);
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "C", "SCENE4"}));
+    EXPECT_EQ(WindowAction::getSceneWithIndex(1), three[1]);
+}
+
+TEST_F(WindowActionTest, TwoScenesAreFilledUpWithTheThirdAndFourth) {
+    WindowAction::setScenes(scenesNamed({"A", "B"}));
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "SCENE3", "SCENE4"}));
+}
+
+TEST_F(WindowActionTest, FiveScenesAreAllKept) {
+    WindowAction::setScenes(scenesNamed({"A", "B", "C", "D", "E"}));
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "C", "D", "E"}));
+    EXPECT_EQ(nameOf(4), "E");
+}
+
+TEST_F(WindowActionTest, SendFinishesAtOnceAndItsEndComesAsAMessage) {
+    plugIn(BankImage{});
+    const auto message = WindowAction::getMessageValue();
+    const auto writes = watch(*message);
+    WindowAction::sendSceneData();
+    EXPECT_EQ(*writes,
+              (std::vector<Write>{
+                  {"isSendFinish", "No"}, {"Message", "sendSceneData"}, {"isSendFinish", "Yes"}}));
+    EXPECT_TRUE(SendJob::isRunning());
+    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
+    EXPECT_EQ(message->Message(), "Send Scene Data Finish:100%:Success");
+    EXPECT_EQ(controller_->bank(), encodeBank(WindowAction::scenes()));
+}
+
+TEST_F(WindowActionTest, SendWithoutAControllerStillFinishes) {
+    const auto message = WindowAction::getMessageValue();
+    const auto writes = watch(*message);
+    WindowAction::sendSceneData();
+    EXPECT_EQ(*writes, (std::vector<Write>{{"isSendFinish", "No"},
+                                           {"Message", "sendSceneData"},
+                                           {"Message", "Could not connect to midi device"},
+                                           {"isSendFinish", "Yes"}}));
+    EXPECT_FALSE(SendJob::isRunning());
+}
+
+TEST_F(WindowActionTest, SpareDefaultSceneTouchesNothing) {
+    const auto before = WindowAction::getSceneWithIndex(0);
+    WindowAction::GetDefaultValue();
+    EXPECT_EQ(WindowAction::getSceneWithIndex(0), before);
+}
+
+TEST_F(WindowActionTest, OptionListsAreReadAnewAtEachCall) {
+    EXPECT_NE(WindowAction::InitializePopUp(), WindowAction::InitializePopUp());
+}
+
+} // namespace scenewright

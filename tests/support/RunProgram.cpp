@@ -1,0 +1,61 @@
+#include "tests/support/RunProgram.h"
+
+#include "tests/support/TempFolder.h"
+
+#include <fcntl.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace scenewright::testing {
+
+namespace {
+
+void redirect(const std::string& path, int flags, int target) {
+    const int file = open(path.c_str(), flags, 0600);
+    if (file < 0 || dup2(file, target) < 0)
+        _exit(127);
+    close(file);
+}
+
+[[noreturn]] void become(const std::vector<std::string>& command,
+                         const std::vector<std::string>& environment, const TempFolder& folder) {
+    redirect("/dev/null", O_RDONLY, STDIN_FILENO);
+    redirect(folder.file("out"), O_WRONLY | O_CREAT, STDOUT_FILENO);
+    redirect(folder.file("err"), O_WRONLY | O_CREAT, STDERR_FILENO);
+    for (std::string variable : environment) {
+        const std::size_t equals = variable.find('=');
+        setenv(variable.substr(0, equals).c_str(), variable.c_str() + equals + 1, 1);
+    }
+    std::vector<char*> arguments;
+    for (const std::string& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str())); // execv's old signature
+    arguments.push_back(nullptr);
+    execv(arguments.front(), arguments.data());
+    _exit(127);
+}
+
+std::string textOf(const std::string& path) {
+    const auto bytes = readBytes(path);
+    return {bytes.begin(), bytes.end()};
+}
+
+} // namespace
+
+ProgramRun runProgram(const std::vector<std::string>& command,
+                      const std::vector<std::string>& environment) {
+    const TempFolder folder;
+    const pid_t child = fork();
+    if (child == 0)
+        become(command, environment, folder);
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child)
+        throw std::runtime_error("cannot run " + command.front());
+    ProgramRun run;
+    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    run.output = textOf(folder.file("out"));
+    run.errors = textOf(folder.file("err"));
+    return run;
+}
+
+} // namespace scenewright::testing
