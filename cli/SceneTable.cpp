@@ -99,6 +99,13 @@ std::string tableText(const std::vector<Column>& columns, std::size_t rows) {
     return text;
 }
 
+// A value outside its list has no title; its number stands in parentheses, so that nothing hides.
+std::string cellText(const PopUpValue& lists, const Setting& setting, const SceneValue& scene,
+                     std::int32_t member) {
+    std::string title = optionTitle(lists, setting, scene, member);
+    return title == kNoTitle ? fmt::format("({})", setting.read(scene, member)) : title;
+}
+
 std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const ControlRange& range) {
     std::vector<std::string> numbers;
     for (std::int32_t member = 1; member <= range.count; ++member)
@@ -109,7 +116,7 @@ std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const Co
             continue;
         std::vector<std::string> cells;
         for (std::int32_t member = 0; member < range.count; ++member)
-            cells.push_back(optionTitle(lists, setting, scene, member));
+            cells.push_back(cellText(lists, setting, scene, member));
         columns.push_back(makeColumn(settingTitle(setting), std::move(cells)));
     }
     return tableText(columns, static_cast<std::size_t>(range.count));
@@ -123,7 +130,7 @@ std::string commonTable(const PopUpValue& lists, const SceneValue& scene) {
             continue;
         names.cells.emplace_back(settingTitle(setting));
         names.columns = std::max(names.columns, width(names.cells.back()));
-        values.cells.push_back(optionTitle(lists, setting, scene, 0));
+        values.cells.push_back(cellText(lists, setting, scene, 0));
     }
     return tableText({names, values}, names.cells.size());
 }
