@@ -1,0 +1,133 @@
+#include "editor/ValuePopUps.h"
+
+#include "editor/ViewController.h"
+#include "editor/options/SettingOptions.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace scenewright {
+
+namespace {
+
+using V = ViewController;
+using C = CommonValue;
+using B = ButtonValue;
+using enum ControlKind;
+using enum ExtraRule;
+
+constexpr std::int32_t kConstantCurve = 3;
+
+consteval ValuePopUp common(const ValueOutlet& outlet, const IndexField<CommonValue>& field,
+                            ExtraRule rule = None, const ValueOutlet* driver = nullptr) {
+    return {&outlet,
+            Setting(field),
+            &field,
+            nullptr,
+            rule,
+            driver,
+            driver == nullptr ? EnableWhen::Always : EnableWhen::ConstantCurve};
+}
+
+consteval ValuePopUp control(ControlKind kind, const ValueOutlet& outlet,
+                             const IndexField<ButtonValue>& field, ExtraRule rule = None,
+                             const ValueOutlet* driver = nullptr,
+                             EnableWhen when = EnableWhen::Always) {
+    return {&outlet, Setting(kind, field), nullptr, &field, rule, driver, when};
+}
+
+// clang-format off
+constexpr std::array<ValuePopUp, kSettingCount> kRows{{
+    common(V::commonGlobalMIDIChOutlet, C::GlobalMIDIChField),
+    common(V::commonPianoKeyChOutlet, C::PianoKeyChField),
+    common(V::commonPitchBendSpeedOutlet, C::PitchBendSpeedField),
+    common(V::commonKeyTransposeOutlet, C::KeyTransposeField),
+    common(V::commonKeyVelocityCurveOutlet, C::KeyVelocityCurveField, EnablesOthers),
+    common(V::commonKeyConstVelocityOutlet, C::KeyConstVelocityField, None, &V::commonKeyVelocityCurveOutlet),
+    common(V::commonPadVelocityCurveOutlet, C::PadVelocityCurveField, EnablesOthers),
+    common(V::commonPadConstVelocityOutlet, C::PadConstVelocityField, None, &V::commonPadVelocityCurveOutlet),
+
+    control(Group, V::groupMIDIChannelOutlet, B::MIDIChannelField),
+
+    control(Knob, V::knobEnableOutlet, B::EnableField, EnablesOthers),
+    control(Knob, V::knobCCNumberOutlet, B::CCOrNoteNumberField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
+    control(Knob, V::knobLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
+    control(Knob, V::knobUpperOrRightValueOutlet, B::UpperOrRightValueField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
+
+    control(Slider, V::sliderEnableOutlet, B::EnableField, EnablesOthers),
+    control(Slider, V::sliderCCNumberOutlet, B::CCOrNoteNumberField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
+    control(Slider, V::sliderLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
+    control(Slider, V::sliderUpperOrRightValueOutlet, B::UpperOrRightValueField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
+
+    control(Pad, V::padAssignTypeOutlet, B::AssignTypeField, AssignType),
+    control(Pad, V::padCCOrNoteNumberOutlet, B::CCOrNoteNumberField, AssignedNumber, &V::padAssignTypeOutlet, EnableWhen::Assigned),
+    control(Pad, V::padOnValueOutlet, B::OnValueField, None, &V::padAssignTypeOutlet, EnableWhen::Controller),
+    control(Pad, V::padOffValueOutlet, B::OffValueField, None, &V::padAssignTypeOutlet, EnableWhen::Controller),
+    control(Pad, V::padPadBehaviorOutlet, B::PadBehaviorField, None, &V::padAssignTypeOutlet, EnableWhen::Assigned),
+    control(Pad, V::padMIDIChannelOutlet, B::MIDIChannelField, None, &V::padAssignTypeOutlet, EnableWhen::Assigned),
+    control(Pad, V::padCROutlet, B::CRField),
+    control(Pad, V::padCGOutlet, B::CGField),
+    control(Pad, V::padCBOutlet, B::CBField),
+
+    control(Key, V::keyAssignTypeOutlet, B::AssignTypeField, AssignType),
+    control(Key, V::keyCCOrNoteNumberOutlet, B::CCOrNoteNumberField, AssignedNumber, &V::keyAssignTypeOutlet, EnableWhen::Assigned),
+    control(Key, V::keyOnValueOutlet, B::OnValueField, None, &V::keyAssignTypeOutlet, EnableWhen::Controller),
+    control(Key, V::keyOffValueOutlet, B::OffValueField, None, &V::keyAssignTypeOutlet, EnableWhen::Controller),
+    control(Key, V::keyKeyBehaviorOutlet, B::KeyBehaviorField, None, &V::keyAssignTypeOutlet, EnableWhen::Assigned),
+}};
+// clang-format on
+
+std::optional<bool> isEnabledByAssignType(EnableWhen when, std::int32_t assignType) {
+    switch (assignType) {
+    case kAssignOff:
+        return false;
+    case kAssignController:
+        return true;
+    case kAssignNote:
+        return when == EnableWhen::Assigned;
+    default:
+        return std::nullopt;
+    }
+}
+
+template <typename Predicate>
+const ValuePopUp& onlyRow(Predicate isIt) {
+    const auto* row = std::ranges::find_if(kRows, isIt);
+    if (row == kRows.end())
+        throw std::out_of_range("value popup without a row");
+    return *row;
+}
+
+} // namespace
+
+std::optional<bool> isEnabled(EnableWhen when, std::int32_t value) {
+    switch (when) {
+    case EnableWhen::Always:
+        return true;
+    case EnableWhen::ConstantCurve:
+        return value == kConstantCurve;
+    case EnableWhen::Enabled:
+        return value != 0;
+    case EnableWhen::Assigned:
+    case EnableWhen::Controller:
+        return isEnabledByAssignType(when, value);
+    }
+    return std::nullopt;
+}
+
+std::span<const ValuePopUp> valuePopUps() {
+    return kRows;
+}
+
+const ValuePopUp& valuePopUp(const ValueOutlet& outlet) {
+    return onlyRow([&](const ValuePopUp& row) { return row.outlet == &outlet; });
+}
+
+const ValuePopUp& numberRowOf(const ValuePopUp& assignType) {
+    return onlyRow([&](const ValuePopUp& row) {
+        return row.rule == AssignedNumber && row.pane() == assignType.pane();
+    });
+}
+
+} // namespace scenewright

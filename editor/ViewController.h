@@ -1,0 +1,193 @@
+// The main editor view: which scene and which control are chosen, what the panes and the device
+// picture show of them, and what a user's choice writes into the scene.
+//
+// The owner of the window sets every outlet, then calls viewDidLoad() once. Outlets are the
+// owner's; they outlive the view, which lives as long as the process's progress record is written
+// or simply ends before it. The scene that the view edits is the stored one, shared: a choice is
+// live in it at once. Main thread only.
+#pragma once
+
+#include "editor/ValueOutlet.h"
+#include "editor/options/PopUpValue.h"
+#include "editor/widgets/Widgets.h"
+#include "model/ButtonRange.h"
+#include "model/Control.h"
+#include "model/MessageValue.h"
+#include "model/Property.h"
+#include "model/SceneValue.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+struct ValuePopUp;
+
+// The range bounds are fields of the view itself, under the names of the range record.
+class ViewController final : public ButtonRange, private ListDataSource, private ListDelegate {
+    // The device picture; its buttons carry the tags 1 to 45.
+    SCENEWRIGHT_PROPERTY(ButtonBoard*, windowView, setWindowView)
+    SCENEWRIGHT_PROPERTY(Segmented*, sceneSegmented, setSceneSegmented)
+    SCENEWRIGHT_PROPERTY(List*, controllerTableView, setControllerTableView)
+    SCENEWRIGHT_PROPERTY(PopUp*, displaySelect, setDisplaySelect)
+    SCENEWRIGHT_PROPERTY(TextField*, message, setMessage) // the status line
+
+    SCENEWRIGHT_PROPERTY(Pane*, commonView, setCommonView)
+    SCENEWRIGHT_PROPERTY(Pane*, groupView, setGroupView)
+    SCENEWRIGHT_PROPERTY(Pane*, knobView, setKnobView)
+    SCENEWRIGHT_PROPERTY(Pane*, sliderView, setSliderView)
+    SCENEWRIGHT_PROPERTY(Pane*, padView, setPadView)
+    SCENEWRIGHT_PROPERTY(Pane*, keyView, setKeyView)
+
+    SCENEWRIGHT_PROPERTY(TextField*, commonSceneName, setCommonSceneName)
+
+    // The 31 value popups, each with the action of a user's choice in it.
+    SCENEWRIGHT_VALUE_OUTLET(commonGlobalMIDICh, setCommonGlobalMIDICh,
+                             changeCommonGlobalMIDIChAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonPianoKeyCh, setCommonPianoKeyCh, changeCommonPianoKeyChAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonPitchBendSpeed, setCommonPitchBendSpeed,
+                             changeCommonPitchBendSpeedAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonKeyTranspose, setCommonKeyTranspose,
+                             changeCommonKeyTransposeAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonKeyVelocityCurve, setCommonKeyVelocityCurve,
+                             changeCommonKeyVelocityCurveAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonKeyConstVelocity, setCommonKeyConstVelocity,
+                             changeCommonKeyConstVelocityAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonPadVelocityCurve, setCommonPadVelocityCurve,
+                             changeCommonPadVelocityCurveAction)
+    SCENEWRIGHT_VALUE_OUTLET(commonPadConstVelocity, setCommonPadConstVelocity,
+                             changeCommonPadConstVelocityAction)
+    SCENEWRIGHT_VALUE_OUTLET(groupMIDIChannel, setGroupMIDIChannel, changeGroupMIDIChannelAction)
+    SCENEWRIGHT_VALUE_OUTLET(knobEnable, setKnobEnable, changeKnobEnableAction)
+    SCENEWRIGHT_VALUE_OUTLET(knobCCNumber, setKnobCCNumber, changeKnobCCNumberAction)
+    SCENEWRIGHT_VALUE_OUTLET(knobUpperOrRightValue, setKnobUpperOrRightValue,
+                             changeKnobUpperOrRightValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(knobLowerOrLeftValue, setKnobLowerOrLeftValue,
+                             changeKnobLowerOrLeftValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(sliderEnable, setSliderEnable, changeSliderEnableAction)
+    SCENEWRIGHT_VALUE_OUTLET(sliderCCNumber, setSliderCCNumber, changeSliderCCNumberAction)
+    SCENEWRIGHT_VALUE_OUTLET(sliderUpperOrRightValue, setSliderUpperOrRightValue,
+                             changeSliderUpperOrRightValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(sliderLowerOrLeftValue, setSliderLowerOrLeftValue,
+                             changeSliderLowerOrLeftValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(padAssignType, setPadAssignType, changePadAssignTypeAction)
+    SCENEWRIGHT_VALUE_OUTLET(padCCOrNoteNumber, setPadCCOrNoteNumber, changePadCCOrNoteNumberAction)
+    SCENEWRIGHT_VALUE_OUTLET(padOnValue, setPadOnValue, changePadOnValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(padOffValue, setPadOffValue, changePadOffValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(padPadBehavior, setPadPadBehavior, changePadPadBehaviorAction)
+    SCENEWRIGHT_VALUE_OUTLET(padMIDIChannel, setPadMIDIChannel, changePadMIDIChannelAction)
+    SCENEWRIGHT_VALUE_OUTLET(padCR, setPadCR, changePadCRAction)
+    SCENEWRIGHT_VALUE_OUTLET(padCG, setPadCG, changePadCGAction)
+    SCENEWRIGHT_VALUE_OUTLET(padCB, setPadCB, changePadCBAction)
+    SCENEWRIGHT_VALUE_OUTLET(keyAssignType, setKeyAssignType, changeKeyAssignTypeAction)
+    SCENEWRIGHT_VALUE_OUTLET(keyCCOrNoteNumber, setKeyCCOrNoteNumber, changeKeyCCOrNoteNumberAction)
+    SCENEWRIGHT_VALUE_OUTLET(keyOnValue, setKeyOnValue, changeKeyOnValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(keyOffValue, setKeyOffValue, changeKeyOffValueAction)
+    SCENEWRIGHT_VALUE_OUTLET(keyKeyBehavior, setKeyKeyBehavior, changeKeyKeyBehaviorAction)
+
+    SCENEWRIGHT_PROPERTY(std::shared_ptr<PopUpValue>, pu, setPu)
+    SCENEWRIGHT_PROPERTY(Titles, controlArray, setControlArray)   // the list's rows
+    SCENEWRIGHT_PROPERTY(std::int32_t, sceneIndex, setSceneIndex) // 0 to 3
+    SCENEWRIGHT_PROPERTY(std::shared_ptr<SceneValue>, sceneValue, setSceneValue)
+    SCENEWRIGHT_PROPERTY(std::int32_t, selectControl, setSelectControl) // control index or -1
+    SCENEWRIGHT_PROPERTY(std::int32_t, dispaly_index, setDispaly_index) // display mode
+    SCENEWRIGHT_PROPERTY(std::shared_ptr<ButtonValue>, buttonValue, setButtonValue)
+    SCENEWRIGHT_PROPERTY(std::shared_ptr<MessageValue>, messageValue, setMessageValue)
+
+public:
+    // What an observer is told: the new value under "new", and the old one under "old" if it asked
+    // for it.
+    using Change = std::map<std::string, MessageValue::Text, std::less<>>;
+
+    ViewController() = default;
+    ViewController(const ViewController&) = delete;
+    ViewController& operator=(const ViewController&) = delete;
+    ViewController(ViewController&&) = delete;
+    ViewController& operator=(ViewController&&) = delete;
+    ~ViewController() override = default;
+
+    // Set-up. A scene index or a picture that is missing is the caller's fault.
+    void viewDidLoad();
+    void viewDidAppear() {}
+    void setUI();
+    void getItem();
+    // Called for every write of "Message" and "isReadFinish", before the writer returns.
+    void observeValueForKeyPath_ofObject_change_context(std::string_view keyPath,
+                                                        const MessageValue* object,
+                                                        const Change& change, const void* context);
+
+    // The control list.
+    [[nodiscard]] std::int32_t numberOfRowsInTableView(const List* tableView) const;
+    // Empty for a row that the list does not have.
+    [[nodiscard]] std::string tableView_objectValueForTableColumn_row(const List* tableView,
+                                                                      std::int32_t column,
+                                                                      std::int32_t row) const;
+    [[nodiscard]] bool tableView_shouldEditTableColumn_row(const List* tableView,
+                                                           std::int32_t column,
+                                                           std::int32_t row) const;
+    // Takes the clicked row; it is -1 when the user chose with the keys, and then no control is
+    // chosen.
+    std::vector<std::int32_t>
+    tableView_selectionIndexesForProposedSelection(const List* tableView,
+                                                   const std::vector<std::int32_t>& rows);
+    void tableViewSelectionDidChange(const List* tableView);
+
+    // The user's choices.
+    void chooseButtonAction(const Button& sender);
+    void changeSceneAction(const Segmented& sender);
+    void changeDispalyAction(const PopUp& sender);
+
+    // The scene, the panes and the picture.
+    void showSceneValue();
+    void showCommonValue();
+    void showGroupValue(std::int32_t index);
+    void showKnobValue(std::int32_t index);
+    void showSliderValue(std::int32_t index);
+    void showPadValue(std::int32_t index);
+    void showKeyValue(std::int32_t index);
+    void showDisplayValueWithIndex(std::int32_t mode);
+    void showChooseButtonWithIndex(std::int32_t index);
+    void hideView();
+    void changeButtonColor();
+    void setTextColor_color(Button& button, const Colour& colour);
+
+private:
+    std::int32_t rowCount() override;
+    std::string rowTitle(std::int32_t row) override;
+    bool mayEdit(std::int32_t row) override;
+    std::vector<std::int32_t> proposeSelection(const std::vector<std::int32_t>& rows) override;
+    void selectionDidChange() override;
+
+    void observe(std::string_view key);
+    // By the range fields; nothing for an index outside all of them.
+    [[nodiscard]] std::optional<ControlKind> kindOf(std::int32_t index) const;
+
+    [[nodiscard]] PopUp& popUp(const ValuePopUp& row) const;
+    [[nodiscard]] std::int32_t storedValue(const ValuePopUp& row) const;
+    // The titles that the row's popup offers for the record at hand; null when it offers none.
+    [[nodiscard]] Titles offeredTitles(const ValuePopUp& row) const;
+    // Puts the control's record into `buttonValue`; false and a log line when the scene has none.
+    bool takeRecord(std::int32_t index);
+    void showControlPane(ControlKind kind, std::int32_t index, Pane& pane);
+    // Shows the rows of a kind, for the control of that index.
+    void showStoredValues(ControlKind kind, std::int32_t index);
+    void selectStoredValue(const ValuePopUp& row, std::int32_t index);
+    void showAssignment(const ValuePopUp& row);
+    void enableDependents(const ValuePopUp& driver, std::int32_t value);
+    void showTitle(std::int32_t index, const ButtonValue& record, std::int32_t mode);
+
+    void changeValue(const PopUp& sender, const ValueOutlet& outlet);
+    void applyRule(const ValuePopUp& row, std::int32_t value);
+    void offerNumbers(const ValuePopUp& number);
+
+    // Ends with the view; by it an observation that outlives the view knows.
+    std::shared_ptr<char> life_ = std::make_shared<char>();
+};
+
+} // namespace scenewright

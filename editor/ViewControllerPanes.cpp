@@ -1,0 +1,165 @@
+// What the panes and the device picture show of the scene.
+#include "app/WindowAction.h"
+#include "editor/ControlDescription.h"
+#include "editor/DisplaySummary.h"
+#include "editor/ValuePopUps.h"
+#include "editor/ViewController.h"
+#include "editor/options/SettingOptions.h"
+#include "model/SceneName.h"
+#include "platform/Diagnostics.h"
+
+#include <fmt/printf.h>
+
+namespace scenewright {
+
+namespace {
+
+std::string describe(const SceneValue& scene) {
+    const std::string name =
+        scene.commonValue() ? displayName(scene.commonValue()->SceneName()) : "";
+    return fmt::sprintf("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
+}
+
+void logOutside(std::int32_t index, const std::optional<OutsideList>& outside) {
+    if (outside)
+        Diagnostics::log("%s: %s is %d, outside its list of %d", controlName(index),
+                         std::string(outside->field), outside->value, outside->entries);
+}
+
+} // namespace
+
+void ViewController::showSceneValue() {
+    setSceneValue(WindowAction::getSceneWithIndex(sceneIndex()));
+    Diagnostics::log("%s", describe(*sceneValue()));
+    controllerTableView()->selectRow(selectControl());
+    displaySelect()->selectItem(dispaly_index());
+    showDisplayValueWithIndex(dispaly_index());
+    showChooseButtonWithIndex(0);
+    showCommonValue();
+}
+
+void ViewController::changeDispalyAction(const PopUp& sender) {
+    setDispaly_index(sender.selectedItem());
+    showDisplayValueWithIndex(dispaly_index());
+}
+
+void ViewController::hideView() {
+    for (Pane* pane : {commonView(), groupView(), knobView(), sliderView(), padView(), keyView()})
+        pane->setHidden(true);
+}
+
+void ViewController::showCommonValue() {
+    hideView();
+    commonView()->setHidden(false);
+    commonSceneName()->setText(displayName(sceneValue()->commonValue()->SceneName()));
+    showStoredValues(ControlKind::Common, common_start());
+}
+
+void ViewController::showGroupValue(std::int32_t index) {
+    showControlPane(ControlKind::Group, index, *groupView());
+}
+
+void ViewController::showKnobValue(std::int32_t index) {
+    showControlPane(ControlKind::Knob, index, *knobView());
+}
+
+void ViewController::showSliderValue(std::int32_t index) {
+    showControlPane(ControlKind::Slider, index, *sliderView());
+}
+
+void ViewController::showPadValue(std::int32_t index) {
+    showControlPane(ControlKind::Pad, index, *padView());
+}
+
+void ViewController::showKeyValue(std::int32_t index) {
+    showControlPane(ControlKind::Key, index, *keyView());
+}
+
+void ViewController::showControlPane(ControlKind kind, std::int32_t index, Pane& pane) {
+    hideView();
+    if (!takeRecord(index))
+        return;
+    showStoredValues(kind, index);
+    pane.setHidden(false);
+}
+
+bool ViewController::takeRecord(std::int32_t index) {
+    const auto& records = sceneValue()->buttonValueArray();
+    if (index < 1 || static_cast<std::size_t>(index) > records.size()) {
+        Diagnostics::log("the scene has no control %d", index);
+        return false;
+    }
+    setButtonValue(records[static_cast<std::size_t>(index) - 1]);
+    return true;
+}
+
+void ViewController::showStoredValues(ControlKind kind, std::int32_t index) {
+    for (const ValuePopUp& row : valuePopUps()) {
+        if (row.pane() != kind)
+            continue;
+        if (row.outlet == &padCROutlet)
+            Diagnostics::log("CR---------->%d", buttonValue()->CR());
+        selectStoredValue(row, index);
+        if (row.rule == ExtraRule::AssignType)
+            showAssignment(row);
+    }
+    for (const ValuePopUp& row : valuePopUps()) {
+        if (row.pane() == kind && row.rule == ExtraRule::EnablesOthers)
+            enableDependents(row, storedValue(row));
+    }
+}
+
+void ViewController::showAssignment(const ValuePopUp& row) {
+    PopUp& number = popUp(numberRowOf(row));
+    number.removeAllItems();
+    enableDependents(row, storedValue(row));
+    if (const Titles titles = offeredTitles(numberRowOf(row)))
+        number.addItems(*titles);
+}
+
+void ViewController::selectStoredValue(const ValuePopUp& row, std::int32_t index) {
+    const std::int32_t value = storedValue(row);
+    logOutside(index, outsideList(offeredTitles(row), row.setting.name(), value));
+    popUp(row).selectItem(value);
+}
+
+void ViewController::enableDependents(const ValuePopUp& driver, std::int32_t value) {
+    for (const ValuePopUp& row : valuePopUps()) {
+        if (row.driver != driver.outlet)
+            continue;
+        if (const auto enabled = isEnabled(row.when, value))
+            popUp(row).setEnabled(*enabled);
+    }
+}
+
+std::int32_t ViewController::storedValue(const ValuePopUp& row) const {
+    return row.common != nullptr ? row.common->of(*sceneValue()->commonValue())
+                                 : row.button->of(*buttonValue());
+}
+
+Titles ViewController::offeredTitles(const ValuePopUp& row) const {
+    if (row.rule != ExtraRule::AssignedNumber)
+        return optionList(*pu(), row.setting, kAssignOff);
+    const std::int32_t type = buttonValue()->AssignType();
+    const bool offersAny = type == kAssignController || type == kAssignNote;
+    return offersAny ? optionList(*pu(), row.setting, type) : nullptr;
+}
+
+void ViewController::showDisplayValueWithIndex(std::int32_t mode) {
+    std::int32_t index = 0;
+    for (const auto& record : sceneValue()->buttonValueArray())
+        showTitle(++index, *record, mode);
+    changeButtonColor();
+}
+
+void ViewController::showTitle(std::int32_t index, const ButtonValue& record, std::int32_t mode) {
+    const auto kind = kindOf(index);
+    Button* button = windowView()->viewWithTag(index);
+    if (!kind || button == nullptr)
+        return;
+    const DisplaySummary summary = displaySummary(*pu(), *kind, record, mode);
+    logOutside(index, summary.outside);
+    button->setTitle(summary.title);
+}
+
+} // namespace scenewright
