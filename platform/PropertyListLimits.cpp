@@ -90,7 +90,7 @@ public:
     std::string_view fault() {
         if (!readTrailer())
             return kMalformed;
-        static_cast<void>(visit(root_, 1));
+        static_cast<void>(visit(root_, 0));
         return fault_;
     }
 
@@ -115,9 +115,9 @@ private:
 
     static constexpr std::uint64_t kNodeWeight = kPropertyListBytes / kPropertyListNodes;
 
-    // What an object unfolds to: levels below and with it, and a measure of its memory.
+    // What an object unfolds to: levels of arrays and dictionaries, and a measure of its memory.
     struct Extent {
-        std::size_t levels = 1;
+        std::size_t levels = 0;
         std::uint64_t weight = kNodeWeight;
     };
     struct Object {
@@ -178,38 +178,40 @@ private:
         return Object{object.kind, *length, object.body + 1 + size};
     }
 
-    Extent visit(std::uint64_t index, std::size_t level) {
+    // `above` counts the arrays and dictionaries that lead to the object.
+    Extent visit(std::uint64_t index, std::size_t above) {
         const std::optional<Object> found = object(index);
         if (!found || found->length > bytes_.size())
             return fail(kMalformed);
         if (!known_[index])
-            known_[index] = measure(*found, level);
+            known_[index] = measure(*found, above);
         const Extent extent = *known_[index];
-        if (fault_.empty() && level - 1 + extent.levels > kPropertyListLevels + 1)
+        if (above + extent.levels > kPropertyListLevels)
             return fail(kTooDeep);
         return extent;
     }
 
-    Extent measure(const Object& object, std::size_t level) {
+    Extent measure(const Object& object, std::size_t above) {
         Extent extent;
         if (object.kind == kArray || object.kind == kSet)
-            addChildren(extent, object, object.length, level);
+            addChildren(extent, object, object.length, above);
         else if (object.kind == kDictionary)
-            addChildren(extent, object, 2 * object.length, level);
+            addChildren(extent, object, 2 * object.length, above);
         else if (hasLength(object.kind))
             extent.weight += object.kind == kUtf16 ? 2 * object.length : object.length;
         return extent;
     }
 
     // Keys and values of a dictionary count alike. A cycle ends at the level limit.
-    void addChildren(Extent& extent, const Object& object, std::uint64_t count, std::size_t level) {
-        if (level > kPropertyListLevels) {
+    void addChildren(Extent& extent, const Object& object, std::uint64_t count, std::size_t above) {
+        extent.levels = 1;
+        if (above >= kPropertyListLevels) {
             fail(kTooDeep);
             return;
         }
         for (std::uint64_t i = 0; i < count && fault_.empty(); ++i) {
             const auto child = number(object.body + i * referenceSize_, referenceSize_);
-            const Extent inner = child ? visit(*child, level + 1) : fail(kMalformed);
+            const Extent inner = child ? visit(*child, above + 1) : fail(kMalformed);
             extent.levels = std::max(extent.levels, inner.levels + 1);
             extent.weight += inner.weight;
             if (extent.weight > kPropertyListBytes)
