@@ -1,4 +1,7 @@
 // What can be made to go wrong with the virtual controller, on order.
+//
+// Counts start when the controller is plugged in. A data byte is one byte of the bank on the wire,
+// in either direction: a reply to a read next, or a data packet of a send.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +15,12 @@ namespace scenewright {
 struct Fault {
     enum class Kind : std::uint8_t {
         WrongHandshake, // the first `count` handshake replies are wrong
-        NoAnswer,       // the controller never answers anything after transfer `count`
+        NoAnswer,       // after `count` replies the controller never answers again
         ShortTransfer,  // data reply `count` (from 0) has 2 bytes
-        WrongNibble,    // data reply `count` carries a nibble above 0x0F
-        FailedWrite,    // every write after packet `count` fails
-        Unplug,         // the controller leaves the bus at data byte `count`
-        Stall,          // the pipe halts at data byte `count`
+        WrongNibble,    // data reply `count` carries a low nibble above 0x0F
+        FailedWrite,    // every write after `count` packets fails
+        Unplug,         // at data byte `count` the controller leaves the bus, once
+        Stall,          // at data byte `count` the pipe that carries it halts
     };
     Kind kind;
     std::uint32_t count = 0;

@@ -1,9 +1,14 @@
 // The keyboard controller's side of the protocol, with no USB in it.
 //
 // It holds 1012 bytes, takes the transfers that a host writes and queues those that the host will
-// read. One thread at a time.
+// read. It does nothing before a handshake; a handshake request starts the conversation anew in
+// any state, and so does the end of a read or a send. What it does not expect it ignores.
+//
+// Faults act where a bus would show them: a write can fail, a pipe can halt, the controller can
+// leave the bus. One thread at a time.
 #pragma once
 
+#include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 #include "virtual/Fault.h"
 
@@ -18,27 +23,80 @@ namespace scenewright {
 class VirtualController {
 public:
     using Transfer = std::vector<std::uint8_t>;
+    enum class Pipe : std::uint8_t { In, Out };
+    enum class WriteResult : std::uint8_t { Taken, Failed, Halted, Gone };
 
     explicit VirtualController(const BankImage& bank, FaultPlan faults = {});
 
-    // One bulk OUT transfer: whole event packets; anything else is ignored.
-    void receive(std::span<const std::uint8_t> transfer);
-    // The next bulk IN transfer, if the controller has one to give.
+    // One bulk OUT transfer: one or more whole event packets; anything else is taken and ignored.
+    WriteResult receive(std::span<const std::uint8_t> transfer);
+    // The next bulk IN transfer, if the controller has one to give. None while the pipe is halted
+    // or the controller is gone; what was queued before that is given first.
     [[nodiscard]] std::optional<Transfer> nextReply();
+
+    // A pipe that halts carries nothing until the halt is cleared.
+    [[nodiscard]] bool isHalted(Pipe pipe) const noexcept;
+    void clearHalt(Pipe pipe) noexcept;
+    // False after an unplug, until reset().
+    [[nodiscard]] bool isPresent() const noexcept { return isPresent_; }
 
     [[nodiscard]] const BankImage& bank() const noexcept { return bank_; }
     // How often the bank was changed by a host, counted in blocks.
     [[nodiscard]] std::uint32_t blocksWritten() const noexcept { return blocksWritten_; }
+    // How many sends have reached their last block.
+    [[nodiscard]] std::uint32_t sendsEnded() const noexcept { return sendsEnded_; }
 
-    // As after plugging it in: the bank stays, the conversation and its faults start over.
+    // As after plugging it in: the bank stays, the conversation and its faults start over, but for
+    // the unplug that has happened.
     void reset();
 
 private:
-    // The helper that writes this class lays out its state here.
+    enum class State : std::uint8_t {
+        Idle,       // waits for a handshake request
+        Requested,  // waits for the confirm
+        Ready,      // waits for read start or send start
+        Reading,    // waits for read next or read end
+        Announcing, // waits for the block count
+        Receiving,  // takes data packets
+    };
+
+    void take(const Packet& packet);
+    void takeCommand(const Packet& packet);
+    void takeBlockCount(const Packet& packet);
+    void takeData(const Packet& packet);
+    void answerHandshake();
+    void answerReadNext();
+    void endBlock();
+    void reply(Transfer transfer);
+    // Counts one data byte on `pipe`; false when a fault keeps it from being carried.
+    bool carryDataByte(Pipe pipe);
+    [[nodiscard]] std::optional<std::uint32_t> faultCount(Fault::Kind kind) const;
+    [[nodiscard]] bool isFaultAt(Fault::Kind kind, std::uint32_t count) const;
+
+    // What a plug-in starts with.
+    struct Conversation {
+        State state = State::Idle;
+        std::deque<Transfer> replies;
+        std::vector<std::uint8_t> block; // the data bytes of the current block
+        std::uint32_t readPosition = 0;  // in the bank
+        std::uint32_t blocksDue = 0;
+        std::uint32_t blocksDone = 0;
+        bool isInHalted = false;
+        bool isOutHalted = false;
+        // What the faults count.
+        std::uint32_t packets = 0;
+        std::uint32_t handshakes = 0;
+        std::uint32_t repliesQueued = 0;
+        std::uint32_t dataReplies = 0;
+        std::uint32_t dataBytes = 0;
+    };
+
     BankImage bank_;
     FaultPlan faults_;
-    std::deque<Transfer> replies_;
+    bool isPresent_ = true;
     std::uint32_t blocksWritten_ = 0;
+    std::uint32_t sendsEnded_ = 0;
+    Conversation now_;
 };
 
 } // namespace scenewright
