@@ -24,6 +24,11 @@ ResultCode VirtualBus::claim(const void* owner) {
         return kResultNoDevice;
     if (owner_ != nullptr && owner_ != owner)
         return kResultBusy;
+    if (owner_ == nullptr) {
+        // Taking an interface sets its alternate setting, which ends a halt.
+        device_->clearHalt(VirtualController::Pipe::In);
+        device_->clearHalt(VirtualController::Pipe::Out);
+    }
     owner_ = owner;
     return kResultSuccess;
 }

@@ -61,7 +61,7 @@ VirtualController::WriteResult VirtualController::receive(std::span<const std::u
 }
 
 std::optional<VirtualController::Transfer> VirtualController::nextReply() {
-    if (now_.replies.empty())
+    if (now_.isInHalted || now_.replies.empty())
         return std::nullopt;
     Transfer transfer = std::move(now_.replies.front());
     now_.replies.pop_front();
@@ -69,9 +69,7 @@ std::optional<VirtualController::Transfer> VirtualController::nextReply() {
 }
 
 bool VirtualController::isHalted(Pipe pipe) const noexcept {
-    if (pipe == Pipe::Out)
-        return now_.isOutHalted;
-    return now_.isInHalted && now_.replies.empty();
+    return pipe == Pipe::In ? now_.isInHalted : now_.isOutHalted;
 }
 
 void VirtualController::clearHalt(Pipe pipe) noexcept {

@@ -30,8 +30,8 @@ public:
 
     // One bulk OUT transfer: one or more whole event packets; anything else is taken and ignored.
     WriteResult receive(std::span<const std::uint8_t> transfer);
-    // The next bulk IN transfer, if the controller has one to give. None while the pipe is halted
-    // or the controller is gone; what was queued before that is given first.
+    // The next bulk IN transfer, if the controller has one to give; none while the pipe is halted
+    // and after an unplug.
     [[nodiscard]] std::optional<Transfer> nextReply();
 
     // A pipe that halts carries nothing until the halt is cleared.
