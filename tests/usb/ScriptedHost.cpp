@@ -156,7 +156,7 @@ ResultCode Interface::readPipe(std::uint8_t pipe, std::span<std::uint8_t> room,
     if (outcome.result != kResultSuccess)
         return outcome.result;
     if (script_->replies.empty())
-        return kResultTimeout;
+        return script_->whenNoReply ? script_->whenNoReply() : kResultTimeout;
     const ScriptedReply reply = std::move(script_->replies.front());
     script_->replies.pop_front();
     delivered = std::min(room.size(), reply.bytes.size());
@@ -295,14 +295,18 @@ public:
         const auto outcome =
             script_->call("addNumber", std::string(key) + '=' + std::to_string(number));
         dictionary.numbers.insert_or_assign(std::string(key), number);
-        return !outcome.givesNothing;
+        return !outcome.givesNothing && key != script_->refusedNumber;
     }
     ResultCode matchingServices(const MatchingDictionary& dictionary,
                                 std::unique_ptr<ServiceIterator>& iterator) override;
     ResultCode makePlugIn(UsbService& service, PlugInType type,
                           const UsbIdentifier& plugInInterface,
                           std::unique_ptr<UsbPlugIn>& plugIn) override;
-    void cancelTransfers() override { script_->call("cancelTransfers", ""); }
+    void cancelTransfers() override {
+        script_->call("cancelTransfers", "");
+        if (script_->onCancel)
+            script_->onCancel();
+    }
 
 private:
     Script script_;

@@ -53,7 +53,10 @@ struct ScriptedReply {
 // What the host and all that it handed out share; a test reads and writes it freely.
 struct HostScript {
     std::vector<ScriptedDevice> devices{ScriptedDevice{}};
-    std::deque<ScriptedReply> replies; // without one, a read returns kResultTimeout at once
+    std::deque<ScriptedReply> replies;
+    // What a read does without a reply; without this, it returns kResultTimeout at once.
+    std::function<ResultCode()> whenNoReply;
+    std::function<void()> onCancel;
     // Told the bytes of every write that succeeded; may append replies.
     std::function<void(std::span<const std::uint8_t>)> onWrite;
 
@@ -63,6 +66,8 @@ struct HostScript {
     void answer(const std::string& step, const std::vector<ResultCode>& codes);
     // The next call of `step` succeeds but gives null (or false, or no dictionary).
     void giveNothing(const std::string& step);
+    // addNumber() fails for `key`.
+    void refuseNumber(const std::string& key) { refusedNumber = key; }
     // The next call of `step` throws std::runtime_error.
     void raise(const std::string& step);
 
@@ -78,6 +83,7 @@ struct HostScript {
     };
     Outcome call(const std::string& step, const std::string& details);
 
+    std::string refusedNumber;
     std::vector<std::string> claimed; // the interfaces open now; a second handle gets kResultBusy
 
 private:
