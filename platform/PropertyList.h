@@ -1,6 +1,7 @@
 // Property lists (XML or binary) as plain values.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -8,6 +9,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,7 +25,10 @@ public:
         std::variant<std::monostate, bool, std::int64_t, double, std::string, Array, Dictionary>;
 
     PropertyValue() = default;
-    explicit PropertyValue(Node node) : node_(std::move(node)) {}
+    // Of one of the node's kinds, or of a whole node.
+    template <typename T>
+    requires(!std::same_as<std::remove_cvref_t<T>, PropertyValue>) explicit PropertyValue(T&& value)
+        : node_(std::forward<T>(value)) {}
 
     // Nothing was there: a missing key, a missing file, or a kind of node that this system has no
     // use for (data, dates).
