@@ -1,7 +1,7 @@
 #include "app/Launch.h"
 
-#include "app/BankFile.h"
 #include "app/WindowAction.h"
+#include "bank/BankFile.h"
 #include "model/Control.h"
 #include "model/FileAction.h"
 #include "platform/DiagnosticSinks.h"

@@ -1,5 +1,5 @@
-#include "app/BankFile.h"
 #include "app/WindowAction.h"
+#include "bank/BankFile.h"
 #include "cli/Command.h"
 #include "cli/ProgressLine.h"
 #include "cli/TallyReport.h"

@@ -1,6 +1,6 @@
 #include "app/WindowAction.h"
 
-#include "app/BankFile.h"
+#include "bank/BankFile.h"
 #include "editor/options/PopUpValue.h"
 #include "model/Progress.h"
 #include "platform/MainQueue.h"

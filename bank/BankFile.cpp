@@ -1,4 +1,4 @@
-#include "app/BankFile.h"
+#include "bank/BankFile.h"
 
 #include "model/Control.h"
 #include "platform/WholeFile.h"

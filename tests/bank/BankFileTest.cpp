@@ -1,6 +1,5 @@
-#include "app/BankFile.h"
+#include "bank/BankFile.h"
 
-#include "app/WindowAction.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -28,16 +27,17 @@ TEST(BankFile, TroubleNamesTheFileAndItsSize) {
 
 TEST(BankFile, WrittenBankIsTheImageOfTheFirstFourScenes) {
     const TempFolder folder;
-    WindowAction::getSceneValue();
-    WindowAction::getSceneWithIndex(2)->commonValue()->setSceneName("LIVE");
-    ASSERT_EQ(writeBank(folder.file("bank"), WindowAction::scenes()), std::nullopt);
+    SceneList scenes = parseScenes(BankImage{});
+    scenes.at(2)->commonValue()->setSceneName("LIVE");
+    scenes.push_back(scenes.front());
+    ASSERT_EQ(writeBank(folder.file("bank"), scenes), std::nullopt);
     const auto bytes = testing::readBytes(folder.file("bank"));
     ASSERT_EQ(bytes.size(), 1012U);
     EXPECT_EQ(std::string(bytes.begin() + 506, bytes.begin() + 511), std::string("LIVE\0", 5));
 }
 
 TEST(BankFile, ShorterListOfScenesIsACallersFault) {
-    EXPECT_THROW(encodeBank({}), std::out_of_range);
+    EXPECT_THROW(static_cast<void>(encodeBank({})), std::out_of_range);
 }
 
 } // namespace scenewright
