@@ -1,0 +1,249 @@
+// Each case runs a program of its own, as the end of a process is what is looked at. The program
+// tells what its bus was asked for through a pipe, a letter each: C cancel, X close, R release.
+#include "usb/Shutdown.h"
+
+#include "usb/Transport.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <csignal>
+#include <functional>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace scenewright {
+namespace {
+
+// A bus whose reads wait for ever unless they are cancelled, if they can be.
+struct Bus {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isCancelled = false;
+    bool canCancel = true;
+    std::atomic<int> reads = 0;
+    int letters = -1; // where the letters go
+
+    void tell(char letter) const { EXPECT_EQ(write(letters, &letter, 1), 1); }
+    ResultCode read() {
+        std::unique_lock lock(mutex);
+        ++reads;
+        changed.wait(lock, [this] { return isCancelled; });
+        return kResultCancelled;
+    }
+    void cancel() {
+        tell('C');
+        const std::lock_guard lock(mutex);
+        isCancelled = canCancel;
+        changed.notify_all();
+    }
+};
+
+class Interface : public UsbInterface {
+public:
+    explicit Interface(std::shared_ptr<Bus> bus) : bus_(std::move(bus)) {}
+
+    std::uint8_t interfaceClass() override { return 1; }
+    std::uint8_t interfaceSubClass() override { return 3; }
+    ResultCode open() override { return kResultSuccess; }
+    ResultCode close() override {
+        bus_->tell('X');
+        return kResultSuccess;
+    }
+    ResultCode release() override {
+        bus_->tell('R');
+        return kResultSuccess;
+    }
+    ResultCode endpointCount(std::uint8_t& /*count*/) override { return kResultSuccess; }
+    ResultCode pipeProperties(std::uint8_t /*pipe*/, PipeProperties& /*out*/) override {
+        return kResultSuccess;
+    }
+    ResultCode writePipe(std::uint8_t /*pipe*/, std::span<const std::uint8_t> /*bytes*/) override {
+        return kResultSuccess;
+    }
+    ResultCode readPipe(std::uint8_t /*pipe*/, std::span<std::uint8_t> /*room*/,
+                        std::size_t& /*delivered*/) override {
+        return bus_->read();
+    }
+
+private:
+    std::shared_ptr<Bus> bus_;
+};
+
+class Host : public UsbHost {
+public:
+    explicit Host(std::shared_ptr<Bus> bus) : bus_(std::move(bus)) {}
+
+    std::optional<MatchingDictionary> serviceMatching(std::string_view /*name*/) override {
+        return std::nullopt;
+    }
+    bool addNumber(MatchingDictionary& /*dictionary*/, std::string_view /*key*/,
+                   std::int32_t /*number*/) override {
+        return false;
+    }
+    ResultCode matchingServices(const MatchingDictionary& /*dictionary*/,
+                                std::unique_ptr<ServiceIterator>& /*iterator*/) override {
+        return kResultNotFound;
+    }
+    ResultCode makePlugIn(UsbService& /*service*/, PlugInType /*type*/,
+                          const UsbIdentifier& /*identifier*/,
+                          std::unique_ptr<UsbPlugIn>& /*plugIn*/) override {
+        return kResultNotFound;
+    }
+    void cancelTransfers() override { bus_->cancel(); }
+
+private:
+    std::shared_ptr<Bus> bus_;
+};
+
+std::shared_ptr<Bus> takeBus(int letters) {
+    auto bus = std::make_shared<Bus>();
+    bus->letters = letters;
+    Transport::instance().use(std::make_shared<Host>(bus), [](std::chrono::nanoseconds) {});
+    auto handle = std::make_shared<InterfaceHandle>(std::make_unique<Interface>(bus));
+    handle->open();
+    Transport::instance().setInterface(handle);
+    return bus;
+}
+
+void readOnce() {
+    std::array<std::uint8_t, 63> room{};
+    std::size_t delivered = 0;
+    if (const auto interface = Transport::instance().interface())
+        interface->readPipe(1, room, delivered);
+}
+
+// Sends the signal to the whole process once the read waits.
+std::thread sendWhileReading(const Bus& bus, int signal) {
+    return std::thread([&bus, signal] {
+        while (bus.reads == 0)
+            std::this_thread::yield();
+        kill(getpid(), signal);
+    });
+}
+
+struct Ending {
+    int status = 0;
+    std::string letters;
+};
+
+// Runs `program` in a process of its own; it is given where its letters go and returns its exit
+// status.
+Ending runProgram(const std::function<int(int letters)>& program) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(program(ends[1]));
+    close(ends[1]);
+    Ending ending;
+    for (char letter = 0; read(ends[0], &letter, 1) == 1;)
+        ending.letters += letter;
+    close(ends[0]);
+    waitpid(child, &ending.status, 0);
+    return ending;
+}
+
+class ShutdownBySignal : public ::testing::TestWithParam<int> {};
+
+TEST_P(ShutdownBySignal, CancelsAReadGivesTheInterfaceUpAndEndsByTheSignal) {
+    const Ending ending = runProgram([](int letters) {
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        const std::thread sender = sendWhileReading(*bus, GetParam());
+        for (;;) // a transaction that goes on whatever its reads say
+            readOnce();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
+    EXPECT_EQ(ending.letters, "CXR");
+}
+
+TEST_P(ShutdownBySignal, GivesUpAnInterfaceThatIsIdle) {
+    const Ending ending = runProgram([](int letters) {
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        kill(getpid(), GetParam());
+        for (;;)
+            pause();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
+    EXPECT_EQ(ending.letters, "CXR");
+}
+
+TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
+    const Ending ending = runProgram([](int letters) {
+        std::signal(GetParam(), SIG_IGN);
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        kill(getpid(), GetParam());
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return 7;
+    });
+    ASSERT_TRUE(WIFEXITED(ending.status));
+    EXPECT_EQ(WEXITSTATUS(ending.status), 7);
+    EXPECT_EQ(ending.letters, "CXR"); // at the normal end
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, ShutdownBySignal, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
+    const Ending ending = runProgram([](int letters) {
+        const Shutdown shutdown;
+        takeBus(letters);
+        return 3;
+    });
+    ASSERT_TRUE(WIFEXITED(ending.status));
+    EXPECT_EQ(WEXITSTATUS(ending.status), 3);
+    EXPECT_EQ(ending.letters, "CXR");
+}
+
+TEST(Shutdown, SignalsWorkAsUsualAfterANormalEnd) {
+    const Ending ending = runProgram([](int letters) {
+        {
+            const Shutdown shutdown;
+            takeBus(letters);
+        }
+        kill(getpid(), SIGTERM);
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
+}
+
+TEST(Shutdown, ABusThatDoesNotLetGoIsLeftAfterAWhile) {
+    const Ending ending = runProgram([](int letters) {
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        bus->canCancel = false;
+        const std::thread sender = sendWhileReading(*bus, SIGTERM);
+        readOnce();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
+    EXPECT_EQ(ending.letters, "C");
+}
+
+TEST(Shutdown, AReaderThatLeavesThePipeDoesNotEndTheProgram) {
+    const Ending ending = runProgram([](int letters) {
+        const Shutdown shutdown;
+        takeBus(letters);
+        std::array<int, 2> ends{};
+        EXPECT_EQ(pipe(ends.data()), 0);
+        close(ends[0]);
+        return write(ends[1], "x", 1) == -1 && errno == EPIPE ? 5 : 6;
+    });
+    ASSERT_TRUE(WIFEXITED(ending.status));
+    EXPECT_EQ(WEXITSTATUS(ending.status), 5);
+    EXPECT_EQ(ending.letters, "CXR");
+}
+
+} // namespace
+} // namespace scenewright

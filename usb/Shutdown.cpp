@@ -1,0 +1,76 @@
+#include "usb/Shutdown.h"
+
+#include "usb/Transport.h"
+
+#include <array>
+#include <chrono>
+#include <future>
+#include <pthread.h>
+#include <unistd.h>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::array kEndingSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr int kStopWatching = SIGURG; // the object's own end; harmless when others send it
+constexpr std::chrono::seconds kBusLimit{5};
+
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+// Gives the interface up, or leaves it when the bus does not let go of a transfer in time.
+void leaveBus() {
+    std::packaged_task<void()> task([] { Transport::instance().shutDown(); });
+    const auto done = task.get_future();
+    std::thread(std::move(task)).detach();
+    done.wait_for(kBusLimit);
+}
+
+[[noreturn]] void endBy(int signal) {
+    struct sigaction byDefault {};
+    byDefault.sa_handler = SIG_DFL;
+    sigaction(signal, &byDefault, nullptr);
+    ::sigset_t only{};
+    sigemptyset(&only);
+    sigaddset(&only, signal);
+    raise(signal);
+    pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
+    _exit(128 + signal); // not reached: the signal's default is to end the process
+}
+
+} // namespace
+
+Shutdown::Shutdown() {
+    std::signal(SIGPIPE, SIG_IGN);
+    sigemptyset(&watched_);
+    sigaddset(&watched_, kStopWatching);
+    for (const int signal : kEndingSignals)
+        if (!isIgnored(signal))
+            sigaddset(&watched_, signal);
+    pthread_sigmask(SIG_BLOCK, &watched_, &former_);
+    watcher_ = std::thread([this] { watch(); });
+}
+
+Shutdown::~Shutdown() {
+    Transport::instance().shutDown();
+    isStopping_ = true;
+    pthread_kill(watcher_.native_handle(), kStopWatching);
+    watcher_.join();
+    pthread_sigmask(SIG_SETMASK, &former_, nullptr);
+}
+
+void Shutdown::watch() const {
+    pthread_setname_np(pthread_self(), "signals");
+    int signal = kStopWatching;
+    while (signal == kStopWatching && !isStopping_)
+        sigwait(&watched_, &signal);
+    if (signal == kStopWatching)
+        return;
+    leaveBus();
+    endBy(signal);
+}
+
+} // namespace scenewright

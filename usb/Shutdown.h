@@ -1,0 +1,38 @@
+// What a program owes the bus at its end: the interface given up and the kernel's driver back, also
+// when SIGINT, SIGTERM or SIGHUP (the terminal hangs up) end it.
+//
+// One object, made first in main() before any thread starts: the three signals are then blocked in
+// every thread but its own, which waits for them. On the first one it ends the transfers in flight
+// and gives the interface up (Transport::shutDown), then ends the process by the same signal, so
+// that its exit status is the usual one. A bus that does not let go within a few seconds is left as
+// it is. A signal that was ignored at the start (nohup, a background job) stays ignored, and
+// SIGPIPE becomes so: a reader that leaves a pipe early must not end the program in mid-transfer.
+#pragma once
+
+#include <atomic>
+#include <csignal>
+#include <thread>
+
+namespace scenewright {
+
+class Shutdown {
+public:
+    Shutdown();
+    // A normal end: does the same to the bus, stops the thread and unblocks the signals. Threads
+    // that use the transport find it shut down; they are to be joined before main() returns.
+    ~Shutdown();
+    Shutdown(const Shutdown&) = delete;
+    Shutdown& operator=(const Shutdown&) = delete;
+    Shutdown(Shutdown&&) = delete;
+    Shutdown& operator=(Shutdown&&) = delete;
+
+private:
+    void watch() const;
+
+    ::sigset_t watched_{};
+    ::sigset_t former_{}; // the mask of the thread that made the object
+    std::atomic<bool> isStopping_ = false;
+    std::thread watcher_;
+};
+
+} // namespace scenewright
