@@ -1,0 +1,185 @@
+// Whole reads and sends against the virtual controller, in one process.
+#include "platform/MainQueue.h"
+#include "platform/Resources.h"
+#include "protocol/SceneAction.h"
+#include "protocol/SendJob.h"
+#include "tests/virtual/ControllerDriver.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <random>
+
+namespace scenewright::testing {
+namespace {
+
+constexpr std::size_t kNameBytes = 12;
+constexpr std::size_t kSceneBytes = 253;
+
+BankImage randomBank(unsigned seed, int highest) {
+    std::mt19937 random(seed);
+    std::uniform_int_distribution<int> byte(0, highest);
+    BankImage bank{};
+    for (std::uint8_t& each : bank)
+        each = static_cast<std::uint8_t>(byte(random));
+    return bank;
+}
+
+// What a bank is after a read and a send: setting bytes above 127 read as 0, names are kept.
+BankImage asKept(BankImage bank) {
+    for (std::size_t index = 0; index < bank.size(); ++index)
+        if (index % kSceneBytes >= kNameBytes && bank[index] > 127)
+            bank[index] = 0;
+    return bank;
+}
+
+class RoundTrip : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Resources::setFolder(std::string(SCENEWRIGHT_SOURCE_DIR) + "/resources");
+    }
+    void TearDown() override {
+        Transport::instance().use(nullptr);
+        Resources::setFolder({});
+    }
+
+    void plugIn(const BankImage& bank, FaultPlan faults = {}) {
+        controller = std::make_shared<VirtualController>(bank, std::move(faults));
+        Transport::instance().use(makeVirtualHost(controller), [](auto) {});
+    }
+    static SceneList read() { return SceneAction::GetSceneFromDevice(); }
+    static void send(const SceneList& scenes) {
+        SceneAction::SendSceneToDevice(scenes);
+        ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(20)));
+    }
+    static BankImage imageOf(const SceneList& scenes) {
+        BankImage bank{};
+        auto place = bank.begin();
+        for (const auto& scene : scenes) {
+            const auto image = SceneAction::sceneToBytes(*scene);
+            place = std::copy(image.begin(), image.end(), place);
+        }
+        EXPECT_EQ(place, bank.end());
+        return bank;
+    }
+
+    std::shared_ptr<VirtualController> controller;
+};
+
+TEST_F(RoundTrip, RandomBanksOfSevenBitBytesAreReadSentAndReadTheSame) {
+    for (unsigned seed = 1; seed <= 8; ++seed) {
+        const BankImage bank = randomBank(seed, 127);
+        plugIn(bank);
+        const SceneList scenes = read();
+        ASSERT_EQ(scenes.size(), 4U);
+        ASSERT_EQ(imageOf(scenes), bank) << "seed " << seed;
+        send(scenes);
+        ASSERT_EQ(controller->sendsEnded(), 1U);
+        ASSERT_EQ(controller->bank(), bank) << "seed " << seed;
+        ASSERT_EQ(imageOf(read()), bank) << "seed " << seed;
+        ASSERT_TRUE(Transport::instance().tally().isClean());
+    }
+}
+
+TEST_F(RoundTrip, SettingBytesFromOneHundredTwentyEightReadAsZeroAndNamesAreKept) {
+    for (unsigned seed = 1; seed <= 4; ++seed) {
+        const BankImage bank = randomBank(seed, 255);
+        plugIn(bank);
+        const SceneList scenes = read();
+        ASSERT_EQ(scenes.size(), 4U);
+        ASSERT_EQ(imageOf(scenes), asKept(bank)) << "seed " << seed;
+        send(scenes);
+        ASSERT_EQ(controller->bank(), asKept(bank)) << "seed " << seed;
+    }
+}
+
+TEST_F(RoundTrip, SentBanksReplaceEveryByteOfTheMemory) {
+    plugIn(randomBank(1, 127));
+    const SceneList scenes = read();
+    const BankImage first = imageOf(scenes);
+    plugIn(randomBank(2, 127));
+    send(scenes);
+    EXPECT_EQ(controller->bank(), first);
+}
+
+TEST_F(RoundTrip, ReadsAndSendsAlternateInOneProcess) {
+    const BankImage bank = randomBank(7, 127);
+    plugIn(bank);
+    for (int round = 0; round < 5; ++round) {
+        const SceneList scenes = read();
+        ASSERT_EQ(scenes.size(), 4U) << round;
+        send(scenes);
+    }
+    EXPECT_EQ(controller->sendsEnded(), 5U);
+    EXPECT_EQ(controller->bank(), bank);
+}
+
+TEST_F(RoundTrip, ReadAfterReadNeedsNoSendBetween) {
+    plugIn(randomBank(3, 127));
+    EXPECT_EQ(read().size(), 4U);
+    EXPECT_EQ(read().size(), 4U);
+}
+
+TEST_F(RoundTrip, WrongHandshakesOnlyDelayARead) {
+    const BankImage bank = randomBank(4, 127);
+    plugIn(bank, {{Fault::Kind::WrongHandshake, 5}});
+    EXPECT_EQ(imageOf(read()), bank);
+    const TransferTally tally = Transport::instance().tally();
+    EXPECT_EQ(tally.versionReads, 6U);
+    EXPECT_EQ(tally.writes, 6U * 2U + 1U + 1012U + 1U);
+    EXPECT_TRUE(tally.isClean());
+}
+
+TEST_F(RoundTrip, ShortTransferIsTakenAsDataAndTallied) {
+    plugIn(randomBank(5, 127), {{Fault::Kind::ShortTransfer, 500}});
+    EXPECT_EQ(read().size(), 4U);
+    const TransferTally tally = Transport::instance().tally();
+    EXPECT_EQ(tally.failedReads, 1U);
+    ASSERT_TRUE(tally.first.has_value());
+    // A version read, the answer to read start, then one read a byte.
+    EXPECT_EQ(tally.first->transfer - tally.first->versionReads - 1, 500U);
+}
+
+TEST_F(RoundTrip, UnpluggingInAReadIsTalliedAndAReadAfterPluggingInSucceeds) {
+    const BankImage bank = randomBank(6, 127);
+    for (const std::uint32_t byte : {0U, 500U, 1011U}) {
+        plugIn(bank, {{Fault::Kind::Unplug, byte}});
+        read();
+        const TransferTally tally = Transport::instance().tally();
+        ASSERT_TRUE(tally.first.has_value()) << byte;
+        EXPECT_EQ(tally.first->code, kResultNoDevice);
+        EXPECT_EQ(tally.first->transfer - tally.first->versionReads - 1, byte);
+        EXPECT_EQ(read().size(), 0U) << "gone";
+        controller->reset();
+        EXPECT_EQ(imageOf(read()), bank);
+    }
+}
+
+TEST_F(RoundTrip, UnpluggingInASendLeavesAWholeBlockAndSendingAgainRepairsIt) {
+    plugIn(randomBank(8, 127));
+    const SceneList scenes = read();
+    const BankImage first = imageOf(scenes);
+    const BankImage other = randomBank(9, 127);
+    plugIn(other, {{Fault::Kind::Unplug, 600}});
+    send(scenes);
+    EXPECT_FALSE(Transport::instance().tally().isClean());
+    BankImage half = other;
+    std::copy_n(first.begin(), 512, half.begin());
+    EXPECT_EQ(controller->bank(), half);
+    controller->reset();
+    send(scenes);
+    EXPECT_EQ(controller->bank(), first);
+}
+
+TEST_F(RoundTrip, WritesThatFailEndNeitherJobNorProgram) {
+    plugIn(randomBank(10, 127));
+    const SceneList scenes = read();
+    plugIn(randomBank(11, 127), {{Fault::Kind::FailedWrite, 100}});
+    send(scenes);
+    const TransferTally tally = Transport::instance().tally();
+    EXPECT_EQ(tally.writes, 2U + 2U + 1024U);
+    EXPECT_EQ(tally.failedWrites, 2U + 2U + 1024U - 100U);
+    EXPECT_EQ(controller->blocksWritten(), 0U);
+}
+
+} // namespace
+} // namespace scenewright::testing
