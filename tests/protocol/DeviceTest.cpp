@@ -1,0 +1,55 @@
+#include "tests/protocol/DeviceTest.h"
+
+#include "model/Progress.h"
+#include "platform/Diagnostics.h"
+#include "platform/MainQueue.h"
+#include "platform/Resources.h"
+#include "protocol/SendJob.h"
+#include "usb/InterfaceAction.h"
+
+#include <fstream>
+
+namespace scenewright::testing {
+
+DeviceTest::DeviceTest() {
+    std::ofstream(resources_.file("project.plist"))
+        << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><array><dict>)"
+           "<key>VID</key><integer>4617</integer><key>PID</key><integer>1</integer>"
+           "</dict></array></plist>";
+    Resources::setFolder(resources_.path());
+    Transport::instance().use(makeScriptedHost(script), [this](std::chrono::nanoseconds pause) {
+        pauses.push_back(pause);
+        if (onPause)
+            onPause();
+    });
+    Diagnostics::setLog([this](std::string_view line) {
+        log.emplace_back(line);
+        events.push_back("log " + std::string(line));
+    });
+    Diagnostics::setConsole([this](std::string_view text) { console.emplace_back(text); });
+    Progress::forget();
+    Progress::record()->addObserver("Message", [this](auto, const MessageValue::Text& text) {
+        messages.push_back(text.value());
+        events.push_back("message " + text.value());
+    });
+}
+
+DeviceTest::~DeviceTest() {
+    EXPECT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+    SendJob::join();
+    Diagnostics::setLog({});
+    Diagnostics::setConsole({});
+    Transport::instance().use(nullptr);
+    Progress::forget();
+    Resources::setFolder({});
+}
+
+void DeviceTest::takeInterface() {
+    ASSERT_TRUE(InterfaceAction::FindDevice());
+    ASSERT_TRUE(InterfaceAction::CreateInterface());
+    log.clear();
+    console.clear();
+    script->calls.clear();
+}
+
+} // namespace scenewright::testing

@@ -1,0 +1,141 @@
+#include "protocol/Handshake.h"
+
+#include "protocol/SceneAction.h"
+#include "tests/protocol/ExpectedStreams.h"
+
+namespace scenewright {
+namespace {
+
+using testing::Bytes;
+using testing::Lines;
+
+class HandshakeTest : public testing::DeviceTest {
+protected:
+    // One handshake that the device answers with `reply`.
+    bool answeredBy(const Bytes& reply) {
+        takeInterface();
+        controller.handshakeReply = reply;
+        return SceneAction::HandshakeOperation();
+    }
+    // The log without what the transfers owe it.
+    [[nodiscard]] Lines spoken() const {
+        Lines lines;
+        for (const std::string& line : log)
+            if (line.starts_with("version") || line.starts_with("handshake") ||
+                line.starts_with("do ") || line == "开始握手协议")
+                lines.push_back(line);
+        return lines;
+    }
+};
+
+TEST_F(HandshakeTest, RightReplyIsAccepted) {
+    EXPECT_TRUE(
+        answeredBy({0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38, 0x0A, 0xBC, 0xFF, 0x77}));
+    EXPECT_EQ(spoken(), (Lines{"version    09 9c 01 02 09 9c 01 38 0a bc ff", "handshake yes"}));
+}
+
+TEST_F(HandshakeTest, OpensTheInterfaceThenWritesTwicePausingBeforeEachThenReads) {
+    takeInterface();
+    EXPECT_TRUE(SceneAction::HandshakeOperation());
+    EXPECT_EQ(script->calls, (Lines{"open one/1", "write one/1 2 09 9c 01 02",
+                                    "write one/1 2 09 9c 7e 7d", "read one/1 1 63"}));
+    EXPECT_EQ(pauses, std::vector<std::chrono::nanoseconds>(2, std::chrono::milliseconds(1)));
+}
+
+TEST_F(HandshakeTest, WholeLogAndConsoleOfASuccess) {
+    takeInterface();
+    EXPECT_TRUE(SceneAction::HandshakeOperation());
+    const std::string reply = "09 9c 01 02 09 9c 01 38 09 9c 02 10 ";
+    std::string zeros;
+    for (int i = 0; i < 52; ++i)
+        zeros += "00 ";
+    EXPECT_EQ(log, (Lines{"sleep(0.001)", "09 9c 01 02 ", "sleep(0.001)", "09 9c 7e 7d ",
+                          "readversion  " + reply + zeros,
+                          "version    09 9c 01 02 09 9c 01 38 09 9c 02", "handshake yes"}));
+    EXPECT_EQ(console,
+              (Lines{"Wrote 4 bytes to bulk endpoint\n", "Wrote 4 bytes to bulk endpoint\n",
+                     "Read \"\x09\x9c\x01\x02\x09\x9c\x01\x38\x09\x9c\x02\x10\" (12 bytes) from "
+                     "bulk endpoint\n"}));
+}
+
+TEST_F(HandshakeTest, WrongLastByteIsRefused) {
+    EXPECT_FALSE(
+        answeredBy({0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x39, 0x00, 0x00, 0x00, 0x00}));
+    EXPECT_EQ(spoken(), (Lines{"version    09 9c 01 02 09 9c 01 39 00 00 00", "handshake no"}));
+}
+
+TEST_F(HandshakeTest, EachOfTheFirstEightBytesCounts) {
+    for (std::size_t i = 1; i < 8; ++i) {
+        Bytes reply{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38, 0x00, 0x00, 0x00, 0x00};
+        ++reply[i];
+        EXPECT_FALSE(answeredBy(reply)) << i;
+        EXPECT_EQ(log.back(), "handshake no") << i;
+    }
+}
+
+TEST_F(HandshakeTest, BytesBehindTheEighthMayBeAnything) {
+    for (std::size_t i = 8; i < 12; ++i) {
+        Bytes reply{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38, 0x00, 0x00, 0x00, 0x00};
+        reply[i] = 0xFF;
+        EXPECT_TRUE(answeredBy(reply)) << i;
+    }
+}
+
+TEST_F(HandshakeTest, ReplyWithAnotherFirstByteIsRefusedWithoutALine) {
+    EXPECT_FALSE(
+        answeredBy({0x0B, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38, 0x00, 0x00, 0x00, 0x00}));
+    EXPECT_EQ(spoken(), Lines{});
+    EXPECT_TRUE(log.back().starts_with("readversion  0b 9c "));
+}
+
+TEST_F(HandshakeTest, EmptyReplyLeavesTheBufferAsItIs) {
+    EXPECT_FALSE(answeredBy({}));
+    EXPECT_EQ(spoken(), Lines{});
+}
+
+TEST_F(HandshakeTest, ReplyThatComesInTwoPacketsIsReadInOneTransferOnly) {
+    EXPECT_FALSE(answeredBy({0x09, 0x9C, 0x01, 0x02}));
+    EXPECT_EQ(spoken(), (Lines{"version    09 9c 01 02 00 00 00 00 00 00 00", "handshake no"}));
+}
+
+TEST_F(HandshakeTest, FailedWritesAreNotLookedAt) {
+    takeInterface();
+    script->answer("write", {kResultStall});
+    EXPECT_FALSE(SceneAction::HandshakeOperation());
+    EXPECT_EQ(console[0], "Unable to perform bulk write (5c57000a)\n");
+    EXPECT_EQ(spoken(), Lines{});
+}
+
+TEST_F(HandshakeTest, IsRepeatedWithoutLimitClosingTheInterfaceInBetween) {
+    takeInterface();
+    controller.wrongReplies.assign(
+        50, {0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00});
+    handshakeUntilAnswered();
+    Lines expectedCalls;
+    Lines expectedLog{"开始握手协议"};
+    const Lines attempt{"open one/1", "write one/1 2 09 9c 01 02", "write one/1 2 09 9c 7e 7d",
+                        "read one/1 1 63"};
+    for (int i = 0; i < 50; ++i) {
+        expectedCalls.insert(expectedCalls.end(), attempt.begin(), attempt.end());
+        expectedCalls.push_back("close one/1");
+        expectedLog.insert(expectedLog.end(), {"version    09 9c 01 02 09 9c 01 00 00 00 00",
+                                               "handshake no", "do HandshakeOperation"});
+    }
+    expectedCalls.insert(expectedCalls.end(), attempt.begin(), attempt.end());
+    expectedLog.insert(expectedLog.end(),
+                       {"version    09 9c 01 02 09 9c 01 38 09 9c 02", "handshake yes"});
+    EXPECT_EQ(script->calls, expectedCalls);
+    EXPECT_EQ(spoken(), expectedLog);
+    EXPECT_EQ(pauses.size(), 102U);
+}
+
+TEST_F(HandshakeTest, ReplyWithAnotherFirstByteIsRepeatedToo) {
+    takeInterface();
+    controller.wrongReplies = {{0x00, 0x00, 0x00, 0x00}, {0x0B, 0x90, 0x00, 0x00}};
+    handshakeUntilAnswered();
+    EXPECT_EQ(spoken(), (Lines{"开始握手协议", "do HandshakeOperation", "do HandshakeOperation",
+                               "version    09 9c 01 02 09 9c 01 38 09 9c 02", "handshake yes"}));
+}
+
+} // namespace
+} // namespace scenewright

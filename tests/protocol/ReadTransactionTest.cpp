@@ -1,0 +1,185 @@
+#include "model/Progress.h"
+#include "protocol/SceneAction.h"
+#include "protocol/SendJob.h"
+#include "tests/protocol/DeviceTest.h"
+#include "tests/protocol/TestScenes.h"
+#include "usb/Transport.h"
+
+#include <algorithm>
+
+namespace scenewright {
+namespace {
+
+using testing::Bytes;
+using testing::Lines;
+
+// Byte positions in a bank.
+constexpr std::size_t kGlobalChannel = 12;
+constexpr std::size_t kKeyChannel = 13;
+constexpr std::size_t kBendSpeed = 14;
+
+class ReadTransactionTest : public testing::DeviceTest {};
+
+TEST_F(ReadTransactionTest, FourScenesComeInTheDevicesOrder) {
+    for (std::size_t s = 0; s < 4; ++s)
+        std::ranges::copy(Bytes{'S', 'C', 'E', 'N', 'E', static_cast<std::uint8_t>('1' + s)},
+                          controller.bank.begin() + static_cast<std::ptrdiff_t>(s * 253));
+    controller.bank[3 * 253 + 252] = 0x7F;
+    const SceneList scenes = SceneAction::GetSceneFromDevice();
+    ASSERT_EQ(scenes.size(), 4U);
+    EXPECT_EQ(scenes[0]->commonValue()->SceneName(), std::string("SCENE1\0\0\0\0\0\0", 12));
+    EXPECT_EQ(scenes[3]->commonValue()->SceneName(), std::string("SCENE4\0\0\0\0\0\0", 12));
+    EXPECT_EQ(scenes[3]->buttonValueArray()[19]->CB(), 127);
+}
+
+TEST_F(ReadTransactionTest, WritesHandshakeThenStartThen1012NextThenEnd) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 04"};
+    expected.insert(expected.end(), 1012, "09 9c 01 06");
+    expected.emplace_back("09 9c 01 05");
+    EXPECT_EQ(written(), expected);
+    EXPECT_EQ(script->callsOf({"read"}).size(), 1U + 1U + 1012U);
+    EXPECT_EQ(pauses, std::vector<std::chrono::nanoseconds>(1016, std::chrono::milliseconds(1)));
+}
+
+TEST_F(ReadTransactionTest, LeavesTheInterfaceOpen) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    EXPECT_EQ(script->callsOf({"close", "releaseInterface"}), Lines{});
+    EXPECT_EQ(script->claimed, Lines{"one/1"});
+}
+
+TEST_F(ReadTransactionTest, MessageTellsThePassAndTheByteOfEachExchange) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    Lines expected{"read Time:4"};
+    for (int pass = 1; pass <= 4; ++pass)
+        for (int byte = 0; byte < 253; ++byte)
+            expected.push_back("Time:" + std::to_string(pass) + "  Data:" + std::to_string(byte) +
+                               "/253");
+    expected.emplace_back("Read Scene Data Finish");
+    EXPECT_EQ(messages, expected);
+}
+
+TEST_F(ReadTransactionTest, FirstAndLastByteAreNumberedFromZero) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    ASSERT_EQ(messages.size(), 1014U);
+    EXPECT_EQ(messages[1], "Time:1  Data:0/253");
+    EXPECT_EQ(messages[253], "Time:1  Data:252/253");
+    EXPECT_EQ(messages[254], "Time:2  Data:0/253");
+    EXPECT_EQ(messages[1012], "Time:4  Data:252/253");
+}
+
+TEST_F(ReadTransactionTest, MessageOfAByteStandsBetweenItsRequestAndItsReply) {
+    Lines before;
+    Progress::record()->addObserver("Message", [&](auto, const MessageValue::Text& text) {
+        if (text->starts_with("Time:"))
+            before.push_back(script->calls.back());
+    });
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    EXPECT_EQ(before, Lines(1012, "write one/1 2 09 9c 01 06"));
+}
+
+TEST_F(ReadTransactionTest, FinishFlagsAreLeftAlone) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    EXPECT_EQ(Progress::record()->isReadFinish(), std::nullopt);
+    EXPECT_EQ(Progress::record()->isSendFinish(), std::nullopt);
+}
+
+TEST_F(ReadTransactionTest, DeviceThatAnswersWithFillPacketsGivesScenesOfIndexZero) {
+    for (std::size_t i = 0; i < 1012; ++i)
+        controller.dataReplies[i] = {0x09, 0x90, 0x0F, 0x0F};
+    const SceneList scenes = SceneAction::GetSceneFromDevice();
+    ASSERT_EQ(scenes.size(), 4U);
+    for (const auto& scene : scenes) {
+        EXPECT_EQ(scene->commonValue()->SceneName(), std::string(12, '\xFF'));
+        for (const auto& row : testing::commonBytes())
+            EXPECT_EQ(((*scene->commonValue()).*row.read)(), 0) << row.name;
+        for (const auto& row : testing::controlBytes())
+            for (std::size_t k = 0; k < row.count; ++k)
+                EXPECT_EQ(((*scene->buttonValueArray()[row.first + k]).*row.read)(), 0);
+    }
+}
+
+TEST_F(ReadTransactionTest, FirstTwoBytesOfADataPacketAreNotLookedAt) {
+    controller.dataReplies[kGlobalChannel] = {0x00, 0xFF, 0x04, 0x02};
+    EXPECT_EQ(SceneAction::GetSceneFromDevice()[0]->commonValue()->GlobalMIDICh(), 0x42);
+}
+
+TEST_F(ReadTransactionTest, BytesBehindTheFirstPacketAreNotLookedAt) {
+    controller.dataReplies[kGlobalChannel] = {0x09, 0x90, 0x04, 0x02, 0x09, 0x90, 0x07, 0x07};
+    const auto scenes = SceneAction::GetSceneFromDevice();
+    EXPECT_EQ(scenes[0]->commonValue()->GlobalMIDICh(), 0x42);
+    EXPECT_EQ(scenes[0]->commonValue()->PianoKeyCh(), 0);
+}
+
+TEST_F(ReadTransactionTest, NibbleSumAbove255WrapsModulo256) {
+    controller.dataReplies[kGlobalChannel] = {0x09, 0x90, 0x1F, 0x2F}; // 31 * 16 + 47 = 543
+    controller.dataReplies[kKeyChannel] = {0x09, 0x90, 0x10, 0x05};    // 16 * 16 + 5 = 261
+    controller.dataReplies[kBendSpeed] = {0x09, 0x90, 0xFF, 0xFF};     // 255 * 17 = 4335 = 239
+    controller.dataReplies[0] = {0x09, 0x90, 0xFF, 0xFF};
+    const auto scene = SceneAction::GetSceneFromDevice()[0];
+    EXPECT_EQ(scene->commonValue()->GlobalMIDICh(), 31);
+    EXPECT_EQ(scene->commonValue()->PianoKeyCh(), 5);
+    EXPECT_EQ(scene->commonValue()->PitchBendSpeed(), 0);
+    EXPECT_EQ(scene->commonValue()->SceneName()[0], '\xEF');
+}
+
+TEST_F(ReadTransactionTest, LowNibbleAbove0x0FCarriesIntoTheHighOne) {
+    controller.dataReplies[kGlobalChannel] = {0x09, 0x90, 0x01, 0x23};
+    EXPECT_EQ(SceneAction::GetSceneFromDevice()[0]->commonValue()->GlobalMIDICh(), 0x33);
+}
+
+TEST_F(ReadTransactionTest, ShortReadKeepsTheFormerBytesOfTheBuffer) {
+    controller.bank[kGlobalChannel] = 0x5A;
+    controller.dataReplies[kKeyChannel] = {0x09, 0x90};
+    controller.dataReplies[kBendSpeed] = {0x09, 0x90, 0x03};
+    const auto scenes = SceneAction::GetSceneFromDevice();
+    EXPECT_EQ(scenes[0]->commonValue()->PianoKeyCh(), 0x5A);
+    EXPECT_EQ(scenes[0]->commonValue()->PitchBendSpeed(), 0x3A);
+    EXPECT_EQ(Transport::instance().tally().failedReads, 2U);
+}
+
+TEST_F(ReadTransactionTest, FailedReadKeepsTheFormerByte) {
+    controller.bank[kGlobalChannel] = 0x5A;
+    controller.bank[kKeyChannel] = 0x11;
+    // The handshake's and the start's reads, then the bytes before this one.
+    std::vector<ResultCode> results(2 + kKeyChannel, kResultSuccess);
+    results.push_back(kResultInputOutput);
+    script->answer("read", results);
+    const auto scenes = SceneAction::GetSceneFromDevice();
+    ASSERT_EQ(scenes.size(), 4U);
+    EXPECT_EQ(scenes[0]->commonValue()->PianoKeyCh(), 0x5A);
+}
+
+TEST_F(ReadTransactionTest, FailedWriteGivesTheInterfaceUpAndTheReadRunsToItsEnd) {
+    controller.bank[11] = 0x41;
+    // The handshake's and the start's writes, then those of bytes 0 to 11.
+    std::vector<ResultCode> results(3 + 12, kResultSuccess);
+    results.push_back(kResultNoDevice);
+    script->answer("write", results);
+    const auto scenes = SceneAction::GetSceneFromDevice();
+    ASSERT_EQ(scenes.size(), 4U);
+    EXPECT_EQ(script->callsOf({"write"}).size(), 16U);
+    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+    EXPECT_EQ(scenes[3]->buttonValueArray()[19]->CB(), 0x41);
+    EXPECT_EQ(messages.back(), "Read Scene Data Finish");
+    EXPECT_EQ(pauses.size(), 1016U);
+}
+
+TEST_F(ReadTransactionTest, HandshakeIsRepeatedBeforeAnythingIsRead) {
+    controller.wrongReplies = {{0x0B}, {0x0B}};
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    const Lines packets = written();
+    EXPECT_EQ(Lines(packets.begin(), packets.begin() + 7),
+              (Lines{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02",
+                     "09 9c 7e 7d", "09 9c 01 04"}));
+}
+
+TEST_F(ReadTransactionTest, SecondReadTakesTheInterfaceAnew) {
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    controller.bank[kGlobalChannel] = 3;
+    EXPECT_EQ(SceneAction::GetSceneFromDevice()[0]->commonValue()->GlobalMIDICh(), 3);
+    EXPECT_EQ(script->claimed, Lines{"one/1"});
+}
+
+} // namespace
+} // namespace scenewright

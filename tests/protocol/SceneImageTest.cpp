@@ -1,0 +1,146 @@
+// Writing a scene into its byte image.
+#include "protocol/SceneImage.h"
+
+#include "tests/protocol/TestScenes.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace scenewright {
+namespace {
+
+using testing::Bytes;
+using testing::zeroScene;
+
+Bytes nameOf(const SceneImage& image) {
+    return {image.begin(), image.begin() + 12};
+}
+
+Bytes encodedName(const std::string& name) {
+    const auto scene = zeroScene();
+    scene->commonValue()->setSceneName(name);
+    return nameOf(encodeScene(*scene));
+}
+
+TEST(SceneImage, ShortNameIsFilledWithZeroBytes) {
+    EXPECT_EQ(encodedName("ABC"), (Bytes{0x41, 0x42, 0x43, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(SceneImage, EmptyNameIsTwelveZeroBytes) {
+    EXPECT_EQ(encodedName(""), Bytes(12, 0x00));
+}
+
+TEST(SceneImage, NameOfTwelveBytesFillsItsField) {
+    EXPECT_EQ(encodedName("ABCDEFGHIJKL"),
+              (Bytes{0x41, 0x42, 0x43, 0x44, 0x45, 0x46, 0x47, 0x48, 0x49, 0x4A, 0x4B, 0x4C}));
+}
+
+TEST(SceneImage, NameLongerThanTwelveBytesKeepsItsFirstTwelve) {
+    const auto scene = zeroScene();
+    scene->commonValue()->setSceneName("ABCDEFGHIJKLMNO");
+    scene->commonValue()->setGlobalMIDICh(9);
+    const SceneImage image = encodeScene(*scene);
+    EXPECT_EQ(nameOf(image), encodedName("ABCDEFGHIJKL"));
+    EXPECT_EQ(image[12], 9);
+    EXPECT_EQ(image[13], 0);
+}
+
+TEST(SceneImage, NameIsWrittenAsItsUtf8Bytes) {
+    EXPECT_EQ(encodedName("Bühne"), (Bytes{0x42, 0xC3, 0xBC, 0x68, 0x6E, 0x65, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(SceneImage, RawNameBytesAreWrittenAsTheyAre) {
+    EXPECT_EQ(encodedName(std::string("\0\xFF\x80"
+                                      "A\0",
+                                      5)),
+              (Bytes{0x00, 0xFF, 0x80, 0x41, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(SceneImage, SceneOfZerosIs253ZeroBytes) {
+    const SceneImage image = encodeScene(*zeroScene());
+    EXPECT_EQ(image.size(), 253U);
+    EXPECT_EQ(std::ranges::count(image, 0), 253);
+}
+
+TEST(SceneImage, CommonSettingsFollowTheName) {
+    const auto scene = zeroScene();
+    CommonValue& common = *scene->commonValue();
+    common.setGlobalMIDICh(1);
+    common.setPianoKeyCh(16);
+    common.setPitchBendSpeed(64);
+    common.setKeyTranspose(8);
+    common.setKeyVelocityCurve(3);
+    common.setKeyConstVelocity(100);
+    common.setPadVelocityCurve(2);
+    common.setPadConstVelocity(127);
+    const SceneImage image = encodeScene(*scene);
+    EXPECT_EQ((Bytes{image.begin() + 12, image.begin() + 21}),
+              (Bytes{1, 16, 64, 8, 3, 100, 2, 127, 0}));
+}
+
+TEST(SceneImage, EachFieldHasOneByteAndNoOther) {
+    for (const auto& row : testing::controlBytes())
+        for (std::size_t k = 0; k < row.count; ++k) {
+            const auto scene = zeroScene();
+            ((*scene->buttonValueArray()[row.first + k]).*row.write)(0x55);
+            SceneImage expected{};
+            expected.at(row.offset + k) = 0x55;
+            EXPECT_EQ(encodeScene(*scene), expected) << row.name << ' ' << k;
+        }
+    for (const auto& row : testing::commonBytes()) {
+        const auto scene = zeroScene();
+        ((*scene->commonValue()).*row.write)(0x55);
+        SceneImage expected{};
+        expected.at(row.offset) = 0x55;
+        EXPECT_EQ(encodeScene(*scene), expected) << row.name;
+    }
+}
+
+TEST(SceneImage, FieldsThatAKindDoesNotCarryAreNotWritten) {
+    const auto scene = zeroScene();
+    const auto& buttons = scene->buttonValueArray();
+    for (const auto& button : buttons)
+        button->setButtonID(0x55);
+    for (std::size_t knobOrSlider = 4; knobOrSlider < 12; ++knobOrSlider) {
+        buttons[knobOrSlider]->setAssignType(0x55);
+        buttons[knobOrSlider]->setMIDIChannel(0x55);
+    }
+    buttons[0]->setEnable(0x55);
+    buttons[12]->setEnable(0x55);
+    buttons[20]->setPadBehavior(0x55);
+    scene->setDisplayValue({buttons[0]});
+    EXPECT_EQ(encodeScene(*scene), SceneImage{});
+}
+
+TEST(SceneImage, ValueOutsideZeroTo127IsWrittenAsZero) {
+    for (const std::int32_t value : {-1, -128, 128, 255, 256, 383, 0x10000}) {
+        const auto scene = zeroScene();
+        for (const auto& row : testing::controlBytes())
+            for (std::size_t k = 0; k < row.count; ++k)
+                ((*scene->buttonValueArray()[row.first + k]).*row.write)(value);
+        for (const auto& row : testing::commonBytes())
+            ((*scene->commonValue()).*row.write)(value);
+        EXPECT_EQ(encodeScene(*scene), SceneImage{}) << value;
+    }
+}
+
+TEST(SceneImage, HighestValueIsWrittenAsItIs) {
+    const auto scene = zeroScene();
+    scene->buttonValueArray()[44]->setOffValue(127);
+    EXPECT_EQ(encodeScene(*scene)[144], 0x7F);
+}
+
+TEST(SceneImage, RecordsThatTheSceneLacksAreWrittenAsZero) {
+    EXPECT_EQ(encodeScene(SceneValue()), SceneImage{});
+    SceneValue scene;
+    const auto group = std::make_shared<ButtonValue>();
+    group->setMIDIChannel(5);
+    scene.setButtonValueArray({group});
+    SceneImage expected{};
+    expected[145] = 5;
+    EXPECT_EQ(encodeScene(scene), expected);
+}
+
+} // namespace
+} // namespace scenewright

@@ -1,0 +1,170 @@
+#include "platform/Diagnostics.h"
+#include "platform/MainQueue.h"
+#include "protocol/SceneAction.h"
+#include "protocol/SendJob.h"
+#include "tests/protocol/DeviceTest.h"
+#include "tests/protocol/TestScenes.h"
+
+#include <algorithm>
+#include <array>
+#include <pthread.h>
+
+namespace scenewright {
+namespace {
+
+using testing::Bytes;
+using testing::Lines;
+using testing::zeroScene;
+
+class SendTransactionTest : public testing::DeviceTest {
+protected:
+    void sendWhole(const SceneList& scenes) {
+        SceneAction::SendSceneToDevice(scenes);
+        EXPECT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+    }
+};
+
+SceneList fourScenes() {
+    SceneList scenes;
+    for (int i = 0; i < 4; ++i)
+        scenes.push_back(zeroScene());
+    return scenes;
+}
+
+TEST_F(SendTransactionTest, ScenesAreSentEndToEndInTheirOrder) {
+    SceneList scenes = fourScenes();
+    for (std::size_t s = 0; s < 4; ++s) {
+        scenes[s]->commonValue()->setSceneName("SCENE" + std::to_string(s + 1));
+        scenes[s]->buttonValueArray()[19]->setCB(static_cast<std::int32_t>(s) + 100);
+    }
+    sendWhole(scenes);
+    const Bytes& sent = controller.received();
+    ASSERT_EQ(sent.size(), 1024U);
+    for (std::size_t s = 0; s < 4; ++s) {
+        EXPECT_EQ(sent[s * 253], 'S');
+        EXPECT_EQ(sent[s * 253 + 5], '1' + s);
+        EXPECT_EQ(sent[s * 253 + 252], 100 + s);
+    }
+    EXPECT_EQ(Bytes(sent.begin() + 1012, sent.end()), Bytes(12, 0xFF));
+}
+
+TEST_F(SendTransactionTest, EmptySceneArraySendsOneBlockOfFillPackets) {
+    sendWhole({});
+    Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 01"};
+    expected.insert(expected.end(), 512, "09 90 0f 0f");
+    EXPECT_EQ(written(), expected);
+    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
+}
+
+TEST_F(SendTransactionTest, MoreScenesThanTheDeviceHoldsAreAllSent) {
+    SceneList scenes = fourScenes();
+    scenes.push_back(zeroScene());
+    sendWhole(scenes);
+    EXPECT_EQ(written()[3], "09 9c 00 03");
+    EXPECT_EQ(controller.received().size(), 1536U);
+}
+
+TEST_F(SendTransactionTest, WhatIsSentIsWhatTheScenesHeldAtTheCall) {
+    const SceneList scenes = fourScenes();
+    scenes[0]->commonValue()->setSceneName("BEFORE");
+    SceneAction::SendSceneToDevice(scenes);
+    scenes[0]->commonValue()->setSceneName("AFTER!");
+    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+    EXPECT_EQ(controller.received()[0], 'B');
+}
+
+TEST_F(SendTransactionTest, ConnectsOnTheCallersThreadAndSendsOnOneNamedSendPro) {
+    Lines names;
+    onPause = [&] {
+        std::array<char, 16> name{};
+        pthread_getname_np(pthread_self(), name.data(), name.size());
+        names.emplace_back(name.data());
+    };
+    std::array<char, 16> own{};
+    pthread_getname_np(pthread_self(), own.data(), own.size());
+    sendWhole(fourScenes());
+    Lines expected(2, own.data());
+    expected.insert(expected.end(), 2 + 1024, "sendPro");
+    EXPECT_EQ(names, expected);
+}
+
+TEST_F(SendTransactionTest, PausesOneMillisecondBeforeEachOfThe1028Packets) {
+    sendWhole(fourScenes());
+    EXPECT_EQ(pauses,
+              std::vector<std::chrono::nanoseconds>(2 + 2 + 1024, std::chrono::milliseconds(1)));
+}
+
+TEST_F(SendTransactionTest, MainQueueTasksRunInTheirOrderAndTheLastReleasesTheInterface) {
+    SceneAction::SendSceneToDevice(fourScenes());
+    SendJob::join();
+    events.clear();
+    script->calls.clear();
+    EXPECT_TRUE(SendJob::isRunning());
+    EXPECT_EQ(MainQueue::pump(), 4U);
+    EXPECT_EQ(events, (Lines{"log ing", "log ing", "log 100",
+                             "message Send Scene Data Finish:100%:Success", "log Finish"}));
+    EXPECT_EQ(script->calls, (Lines{"close one/1", "releaseInterface one/1"}));
+    EXPECT_FALSE(SendJob::isRunning());
+}
+
+TEST_F(SendTransactionTest, InterfaceIsReleasedAfterTheLastMessageAndItsLine) {
+    SceneAction::SendSceneToDevice(fourScenes());
+    SendJob::join();
+    std::vector<std::size_t> releases;
+    Diagnostics::setLog([&](std::string_view line) {
+        if (line == "Finish")
+            releases.push_back(script->callsOf({"releaseInterface"}).size());
+    });
+    MainQueue::pump();
+    EXPECT_EQ(releases, std::vector<std::size_t>{0});
+    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+}
+
+TEST_F(SendTransactionTest, MessageIsLeftAloneWhileTheJobRuns) {
+    SceneAction::SendSceneToDevice(fourScenes());
+    SendJob::join();
+    EXPECT_EQ(messages, Lines{});
+    MainQueue::pump();
+    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
+}
+
+TEST_F(SendTransactionTest, HandshakeIsRepeatedBeforeTheJobStarts) {
+    controller.wrongReplies = {{0x0B}, {0x0B}};
+    sendWhole({});
+    const Lines packets = written();
+    EXPECT_EQ(Lines(packets.begin(), packets.begin() + 8),
+              (Lines{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02",
+                     "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 01"}));
+    EXPECT_EQ(std::ranges::count(log, "do HandshakeOperation"), 2);
+}
+
+TEST_F(SendTransactionTest, FailedWriteGivesTheInterfaceUpAndTheJobRunsToItsEnd) {
+    std::vector<ResultCode> results(10, kResultSuccess);
+    results.push_back(kResultNoDevice);
+    script->answer("write", results);
+    sendWhole(fourScenes());
+    EXPECT_EQ(script->callsOf({"write"}).size(), 11U);
+    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+    EXPECT_EQ(pauses.size(), 1028U);
+    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
+    EXPECT_FALSE(SendJob::isRunning());
+}
+
+TEST_F(SendTransactionTest, DeviceThatAnswersNoBlockIsSentEverythingAllTheSame) {
+    script->answer("read", {kResultSuccess, kResultTimeout, kResultStall, kResultTimeout});
+    sendWhole(fourScenes());
+    EXPECT_EQ(controller.received().size(), 1024U);
+    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
+}
+
+TEST_F(SendTransactionTest, SendsAndReadsFollowEachOtherInOneProcess) {
+    controller.bank[12] = 9;
+    sendWhole(SceneAction::GetSceneFromDevice());
+    EXPECT_EQ(controller.received()[12], 9);
+    sendWhole(SceneAction::GetSceneFromDevice());
+    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
+    EXPECT_EQ(script->claimed, Lines{"one/1"});
+}
+
+} // namespace
+} // namespace scenewright
