@@ -4,7 +4,9 @@
 #include "model/Control.h"
 #include "model/FileAction.h"
 #include "model/Progress.h"
+#include "platform/Diagnostics.h"
 #include "protocol/SceneAction.h"
+#include "protocol/SendJob.h"
 
 #include <fmt/printf.h>
 
@@ -57,6 +59,11 @@ std::shared_ptr<SceneValue> WindowAction::getSceneWithIndex(std::int32_t index) 
 }
 
 void WindowAction::readSceneData() {
+    // The read would take replies that belong to the send, and replace what is being sent.
+    if (SendJob::isRunning()) {
+        Diagnostics::log("The scenes are not read: a send is still running");
+        return;
+    }
     if (const auto message = Progress::recordIfAny()) {
         message->setMessage("readSceneData");
         message->setIsReadFinish("No");

@@ -25,6 +25,7 @@ public:
     // The stored scene. Throws std::out_of_range for an index outside the list.
     [[nodiscard]] static std::shared_ptr<SceneValue> getSceneWithIndex(std::int32_t index);
     // Blocks until the read has ended; then at least four scenes are there, read ones first.
+    // Refused with a log line, nothing touched, while a send runs.
     static void readSceneData();
     // Returns as soon as the transfer has been started.
     static void sendSceneData();

@@ -7,7 +7,6 @@
 #include "protocol/Handshake.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
-#include "protocol/SendJob.h"
 #include "usb/InterfaceAction.h"
 
 #include <algorithm>
@@ -71,10 +70,6 @@ BankImage readBank(MessageValue& message) {
 } // namespace
 
 SceneList readScenes() {
-    if (SendJob::isRunning()) {
-        Diagnostics::log("The scenes are not read: a send is still running");
-        return {};
-    }
     const auto message = Progress::record();
     if (!connectToDevice())
         return {};

@@ -188,6 +188,19 @@ TEST_F(WindowActionTest, SendFinishesAtOnceAndItsEndComesAsAMessage) {
     EXPECT_EQ(controller_->bank(), encodeBank(WindowAction::scenes()));
 }
 
+TEST_F(WindowActionTest, ReadDuringASendIsRefusedAndTouchesNothing) {
+    plugIn(BankImage{});
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
+    const auto message = WindowAction::getMessageValue();
+    WindowAction::sendSceneData();
+    const auto writes = watch(*message);
+    WindowAction::readSceneData();
+    EXPECT_TRUE(writes->empty());
+    EXPECT_EQ(nameOf(0), "EDITED");
+    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
+    EXPECT_EQ(controller_->bank(), encodeBank(WindowAction::scenes()));
+}
+
 TEST_F(WindowActionTest, SendWithoutAControllerStillFinishes) {
     const auto message = WindowAction::getMessageValue();
     const auto writes = watch(*message);
