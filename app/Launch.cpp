@@ -69,11 +69,15 @@ std::optional<std::string> connectVirtualHost(const std::string& bankPath) {
 } // namespace
 
 void addLaunchOptions(CLI::App& app, LaunchOptions& options) {
-    app.add_option("--virtual", options.virtualBank,
+    const auto takeVirtual = [&options](const CLI::results_t& values) {
+        options.isVirtual = true;
+        options.virtualBank = values.empty() ? std::string() : values.front();
+        return true;
+    };
+    app.add_option("--virtual", takeVirtual,
                    "Use the virtual controller; its memory is BANK, or nothing that stays")
         ->expected(0, 1)
-        ->type_name("[=BANK]")
-        ->each([&options](const std::string&) { options.isVirtual = true; });
+        ->type_name("[=BANK]");
     app.add_option("--console", options.console,
                    "Write the console stream (transfers, found devices) to FILE; - is stderr")
         ->type_name("FILE");

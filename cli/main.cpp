@@ -28,7 +28,7 @@ constexpr const char* kFooter =
 void describe(CLI::App& app) {
     app.footer(kFooter);
     app.set_version_flag("--version", "scenewright-cli " SCENEWRIGHT_VERSION);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1); // so that a wrong one is named
     app.get_formatter()->column_width(26);
 }
 
@@ -58,6 +58,8 @@ int run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
     }
+    if (!choice.run)
+        return complain("a command is required (--help lists them)", kExitUsage);
     return runChosen(options, choice);
 }
 
