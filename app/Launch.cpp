@@ -7,6 +7,7 @@
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
 #include "platform/WholeFile.h"
+#include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -106,6 +107,7 @@ std::optional<std::string> launch(const LaunchOptions& options) {
 std::optional<std::string> connectHost(const LaunchOptions& options) {
     if (options.isVirtual)
         return connectVirtualHost(options.virtualBank);
+    Transport::instance().use(makeLibusbHost());
     return std::nullopt;
 }
 

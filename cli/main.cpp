@@ -1,5 +1,6 @@
 #include "app/Launch.h"
 #include "cli/Command.h"
+#include "usb/Shutdown.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -35,9 +36,11 @@ void describe(CLI::App& app) {
 int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     if (const auto trouble = launch(options))
         return complain(*trouble, kExitUsage);
-    if (choice.usesController)
-        if (const auto trouble = connectHost(options))
-            return complain(*trouble, kExitUsage);
+    if (!choice.usesController)
+        return choice.run();
+    const Shutdown shutdown;
+    if (const auto trouble = connectHost(options))
+        return complain(*trouble, kExitUsage);
     return choice.run();
 }
 
