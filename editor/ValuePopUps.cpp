@@ -52,13 +52,13 @@ constexpr std::array<ValuePopUp, kSettingCount> kRows{{
 
     control(Knob, V::knobEnableOutlet, B::EnableField, EnablesOthers),
     control(Knob, V::knobCCNumberOutlet, B::CCOrNoteNumberField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
-    control(Knob, V::knobLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
     control(Knob, V::knobUpperOrRightValueOutlet, B::UpperOrRightValueField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
+    control(Knob, V::knobLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::knobEnableOutlet, EnableWhen::Enabled),
 
     control(Slider, V::sliderEnableOutlet, B::EnableField, EnablesOthers),
     control(Slider, V::sliderCCNumberOutlet, B::CCOrNoteNumberField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
-    control(Slider, V::sliderLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
     control(Slider, V::sliderUpperOrRightValueOutlet, B::UpperOrRightValueField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
+    control(Slider, V::sliderLowerOrLeftValueOutlet, B::LowerOrLeftValueField, None, &V::sliderEnableOutlet, EnableWhen::Enabled),
 
     control(Pad, V::padAssignTypeOutlet, B::AssignTypeField, AssignType),
     control(Pad, V::padCCOrNoteNumberOutlet, B::CCOrNoteNumberField, AssignedNumber, &V::padAssignTypeOutlet, EnableWhen::Assigned),
