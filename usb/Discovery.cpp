@@ -90,11 +90,12 @@ bool isSupported(UsbDevice& device) {
     return isListed(vendor, product);
 }
 
-bool addIdentifier(MatchingDictionary& dictionary, std::string_view key, std::int32_t number) {
+bool addIdentifier(MatchingDictionary& dictionary, std::string_view key, std::int32_t number,
+                   std::string_view failureLine) {
     UsbHost* const host = Transport::instance().host();
     if (host && host->addNumber(dictionary, key, number))
         return true;
-    Diagnostics::log("NO FOUND %s", key);
+    Diagnostics::log(failureLine);
     return false;
 }
 
@@ -131,8 +132,8 @@ InterfaceAction::MyCreateUSBMatchingDictionaryWithVendorID_andProductID(std::int
         Diagnostics::log("NO FOUND IOService");
         return std::nullopt;
     }
-    if (!addIdentifier(*dictionary, ids::kVendorKey, vendorId) ||
-        !addIdentifier(*dictionary, ids::kProductKey, productId))
+    if (!addIdentifier(*dictionary, ids::kVendorKey, vendorId, "NO FOUND idVendor") ||
+        !addIdentifier(*dictionary, ids::kProductKey, productId, "NO FOUND idProduct"))
         return std::nullopt;
     return dictionary;
 }
