@@ -3,6 +3,7 @@
 #include "cli/Command.h"
 #include "model/Control.h"
 #include "protocol/SceneImage.h"
+#include "usb/ConnectCause.h"
 
 #include <fmt/format.h>
 
@@ -51,7 +52,8 @@ bool connectFailed(const MessageValue& message) {
 }
 
 int complainOfConnection() {
-    return complain(kNotConnected, kExitController);
+    complain(kNotConnected, kExitController);
+    return complain(connectCause(), kExitController);
 }
 
 std::optional<std::string> readReport(const TransferTally& tally) {
