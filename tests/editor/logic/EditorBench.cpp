@@ -76,7 +76,12 @@ EditorBench::EditorBench()
     Resources::setFolder(folder_.path());
     writeBasic();
     writeDefault();
-    connectOutlets();
+    for (const PopUpRow& row : kPopUpRows)
+        popUps_.emplace(row.name, std::make_unique<PopUpDouble>(journal, row.name));
+    for (const char* name :
+         {"commonView", "groupView", "knobView", "sliderView", "padView", "keyView"})
+        panes_.emplace(name, std::make_unique<PaneDouble>(journal, name));
+    connectOutlets(view);
     Diagnostics::setLog(
         [this](std::string_view line) { journal.add("log: " + std::string(line)); });
 }
@@ -87,27 +92,21 @@ EditorBench::~EditorBench() {
     Progress::forget();
 }
 
-void EditorBench::connectOutlets() {
-    for (const PopUpRow& row : kPopUpRows) {
-        auto made = std::make_unique<PopUpDouble>(journal, row.name);
-        (view.*row.setOutlet)(made.get());
-        popUps_.emplace(row.name, std::move(made));
-    }
-    for (const char* name :
-         {"commonView", "groupView", "knobView", "sliderView", "padView", "keyView"})
-        panes_.emplace(name, std::make_unique<PaneDouble>(journal, name));
-    view.setCommonView(&pane("commonView"));
-    view.setGroupView(&pane("groupView"));
-    view.setKnobView(&pane("knobView"));
-    view.setSliderView(&pane("sliderView"));
-    view.setPadView(&pane("padView"));
-    view.setKeyView(&pane("keyView"));
-    view.setWindowView(&picture);
-    view.setSceneSegmented(&scenes);
-    view.setControllerTableView(&list);
-    view.setDisplaySelect(&displaySelect);
-    view.setMessage(&status);
-    view.setCommonSceneName(&sceneName);
+void EditorBench::connectOutlets(ViewController& editor) {
+    for (const PopUpRow& row : kPopUpRows)
+        (editor.*row.setOutlet)(&popUp(row.name));
+    editor.setCommonView(&pane("commonView"));
+    editor.setGroupView(&pane("groupView"));
+    editor.setKnobView(&pane("knobView"));
+    editor.setSliderView(&pane("sliderView"));
+    editor.setPadView(&pane("padView"));
+    editor.setKeyView(&pane("keyView"));
+    editor.setWindowView(&picture);
+    editor.setSceneSegmented(&scenes);
+    editor.setControllerTableView(&list);
+    editor.setDisplaySelect(&displaySelect);
+    editor.setMessage(&status);
+    editor.setCommonSceneName(&sceneName);
 }
 
 void EditorBench::write(const std::string& name, const std::string& dictionary) {

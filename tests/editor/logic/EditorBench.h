@@ -32,6 +32,8 @@ protected:
     void removeDefaultScene();
     void load();
     void loaded();
+    // Gives a view the doubles; the bench's own has them already.
+    void connectOutlets(ViewController& editor);
 
     PopUpDouble& popUp(const std::string& name) { return *popUps_.at(name); }
     PaneDouble& pane(const std::string& name) { return *panes_.at(name); }
@@ -60,7 +62,6 @@ private:
     void writeBasic();
     void writeDefault();
     void write(const std::string& name, const std::string& dictionary);
-    void connectOutlets();
 
     TempFolder folder_;
     std::map<std::string, std::size_t> entries_;

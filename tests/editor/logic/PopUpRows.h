@@ -5,7 +5,7 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
+#include <ostream>
 
 namespace scenewright::testing {
 
@@ -36,6 +36,11 @@ struct PopUpRow {
     const char* key;      // of basic.plist
     std::size_t entries;  // of that list in the tests' basic.plist
 };
+
+// How the test runner names a row.
+inline void PrintTo(const PopUpRow& row, std::ostream* stream) {
+    *stream << row.name;
+}
 
 using V = ViewController;
 using C = CommonValue;
