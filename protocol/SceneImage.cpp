@@ -69,18 +69,6 @@ void writeName(const SceneValue& scene, SceneImage& image) {
     std::ranges::copy(std::string_view(text).substr(0, kNameSize), name.begin());
 }
 
-std::shared_ptr<SceneValue> blankScene() {
-    auto scene = std::make_shared<SceneValue>();
-    scene->setCommonValue(std::make_shared<CommonValue>());
-    std::vector<std::shared_ptr<ButtonValue>> buttons(kControlCount);
-    for (auto& button : buttons) {
-        button = std::make_shared<ButtonValue>();
-        markFieldsAbsent(*button);
-    }
-    scene->setButtonValueArray(std::move(buttons));
-    return scene;
-}
-
 void parseBlock(const Block& block, std::span<const std::uint8_t> images, std::size_t base,
                 const SceneValue& scene) {
     for (std::int32_t k = 0; k < block.count; ++k) {
@@ -107,6 +95,18 @@ std::shared_ptr<SceneValue> parseScene(std::span<const std::uint8_t> images, std
 void markFieldsAbsent(ButtonValue& button) {
     for (const IndexField<ButtonValue>& field : kButtonOptionFields)
         field.set(button, kFieldAbsent);
+}
+
+std::shared_ptr<SceneValue> blankScene() {
+    auto scene = std::make_shared<SceneValue>();
+    scene->setCommonValue(std::make_shared<CommonValue>());
+    std::vector<std::shared_ptr<ButtonValue>> buttons(kControlCount);
+    for (auto& button : buttons) {
+        button = std::make_shared<ButtonValue>();
+        markFieldsAbsent(*button);
+    }
+    scene->setButtonValueArray(std::move(buttons));
+    return scene;
 }
 
 SceneImage encodeScene(const SceneValue& scene) {

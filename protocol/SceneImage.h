@@ -34,4 +34,8 @@ using BankImage = std::array<std::uint8_t, kBankSize>;
 // are read into it.
 void markFieldsAbsent(ButtonValue& button);
 
+// A new scene with an empty name, zeros for its common settings, and 45 controls whose every field
+// is absent: what a reader of scenes fills.
+[[nodiscard]] std::shared_ptr<SceneValue> blankScene();
+
 } // namespace scenewright
