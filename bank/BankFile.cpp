@@ -1,30 +1,107 @@
 #include "bank/BankFile.h"
 
+#include "bank/BankJson.h"
+#include "bank/JsonTree.h"
 #include "model/Control.h"
+#include "model/Setting.h"
 #include "platform/WholeFile.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
+#include <string_view>
 
 namespace scenewright {
 
 namespace {
 
-// Enough to tell that a file is no bank without reading all of it.
-constexpr std::size_t kReadLimit = std::size_t{1} << 20U;
+constexpr std::uint8_t kLargestValue = 127;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kJsonBlanks = " \t\r\n";
+
+std::string_view textOf(std::span<const std::uint8_t> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+bool beginsLikeJson(std::string_view text) {
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    const std::size_t first = text.find_first_not_of(kJsonBlanks);
+    return first != std::string_view::npos && text[first] == '{';
+}
+
+constexpr bool isTextByte(char byte) {
+    const auto code = static_cast<unsigned char>(byte);
+    return kJsonBlanks.find(byte) != std::string_view::npos || (code >= 0x20 && code != 0x7F);
+}
+
+// Every JSON bank is longer than an image, but one that was cut short may have just its size; and
+// an image may begin with a brace, if the first scene's name does. An image that is text in all its
+// bytes would need channels from 33 up, of which no keyboard has any.
+bool isJson(std::string_view text) {
+    return beginsLikeJson(text) &&
+           (text.size() != kBankSize || std::ranges::all_of(text, isTextByte));
+}
+
+// The phrase for the first setting byte that is no value; the fields stand in the order of the
+// settings, right behind the name.
+std::optional<std::string> imageTrouble(std::span<const std::uint8_t> scene, std::size_t number) {
+    std::size_t offset = kNameSize;
+    for (const Setting& setting : settings()) {
+        for (std::int32_t k = 0; k < controlRange(setting.kind()).count; ++k, ++offset) {
+            if (scene[offset] <= kLargestValue)
+                continue;
+            std::string place =
+                memberPlace(elementPlace("scenes", number), controlsKey(setting.kind()));
+            if (setting.kind() != ControlKind::Common)
+                place = elementPlace(place, static_cast<std::size_t>(k));
+            return notAValue(memberPlace(place, setting.name()), std::to_string(scene[offset]));
+        }
+    }
+    return std::nullopt;
+}
+
+BankFile parseImage(std::span<const std::uint8_t> bytes, const std::string& name) {
+    if (bytes.size() != kBankSize)
+        return {{},
+                fmt::format("{}: not a bank: it holds {} bytes, and a bank holds {} or is JSON",
+                            name, bytes.size(), kBankSize)};
+    for (std::size_t scene = 0; scene < kSceneCount; ++scene)
+        if (const auto trouble =
+                imageTrouble(bytes.subspan(scene * kSceneImageSize, kSceneImageSize), scene))
+            return {{}, fmt::format("{}: {}", name, *trouble)};
+    return {parseScenes(bytes), std::nullopt};
+}
+
+std::vector<std::uint8_t> bytesOf(std::string_view text) {
+    return {text.begin(), text.end()};
+}
 
 } // namespace
 
 BankFile readBank(const std::filesystem::path& path) {
-    FileBytes file = readWholeFile(path, kReadLimit);
+    FileBytes file = readWholeFile(path, kJsonBytes);
     if (file.trouble)
         return {{}, std::move(file.trouble)};
-    if (file.bytes.size() != kBankSize)
-        return {{},
-                fmt::format("{}: not a bank: it holds {} bytes, and a bank holds {}", path.string(),
-                            file.bytes.size(), kBankSize)};
-    return {parseScenes(file.bytes), std::nullopt};
+    return parseBank(file.bytes, path.string());
+}
+
+BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
+    if (!isJson(textOf(bytes)))
+        return parseImage(bytes, name);
+    JsonScenes read = readBankJson(textOf(bytes));
+    if (read.trouble)
+        return {{}, fmt::format("{}: {}", name, *read.trouble), BankForm::Json};
+    return {std::move(read.scenes), std::nullopt, BankForm::Json};
+}
+
+BankForm formForName(const std::filesystem::path& path) {
+    std::string ending = path.extension().string();
+    std::ranges::transform(ending, ending.begin(), [](unsigned char letter) {
+        return static_cast<char>(std::tolower(letter));
+    });
+    return ending == ".json" ? BankForm::Json : BankForm::Image;
 }
 
 BankImage encodeBank(const SceneList& scenes) {
@@ -35,8 +112,36 @@ BankImage encodeBank(const SceneList& scenes) {
     return bank;
 }
 
+std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
+                                    const PopUpValue& lists) {
+    if (form == BankForm::Json)
+        return bytesOf(writeBankJson(scenes, lists));
+    const BankImage image = encodeBank(scenes);
+    return {image.begin(), image.end()};
+}
+
 std::optional<std::string> writeBank(const std::filesystem::path& path, const SceneList& scenes) {
     return writeWholeFile(path, encodeBank(scenes));
+}
+
+std::optional<std::string> writeBank(const std::filesystem::path& path, const SceneList& scenes,
+                                     BankForm form, const PopUpValue& lists) {
+    return writeWholeFile(path, bankBytes(scenes, form, lists));
+}
+
+SceneFile readScene(const std::filesystem::path& path) {
+    FileBytes file = readWholeFile(path, kJsonBytes);
+    if (file.trouble)
+        return {nullptr, std::move(file.trouble)};
+    JsonScenes read = readSceneJson(textOf(file.bytes));
+    if (read.trouble)
+        return {nullptr, fmt::format("{}: {}", path.string(), *read.trouble)};
+    return {read.scenes.front(), std::nullopt};
+}
+
+std::optional<std::string> writeScene(const std::filesystem::path& path, const SceneValue& scene,
+                                      const PopUpValue& lists) {
+    return writeWholeFile(path, bytesOf(writeSceneJson(scene, lists)));
 }
 
 } // namespace scenewright

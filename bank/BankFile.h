@@ -1,29 +1,60 @@
-// Banks: the 1012 bytes of four scenes, as files.
+// Banks as files: the four scenes of a controller, as the 1012 bytes of its image or as a JSON text
+// (BankJson.h). A file's content tells which of the two it is, its name does not.
 #pragma once
 
+#include "editor/options/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "protocol/SceneImage.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace scenewright {
 
+enum class BankForm : std::uint8_t { Image, Json };
+
 // What reading a bank gave: `scenes` is empty when `trouble` says why, in one sentence that names
-// the file.
+// the file, and the place in it where a value is to blame ("scenes[1].pads[3].CR"). Both forms
+// refuse a value outside 0..127, so that nothing is changed by reading.
 struct BankFile {
     SceneList scenes;
     std::optional<std::string> trouble;
+    BankForm form = BankForm::Image;
 };
 
 [[nodiscard]] BankFile readBank(const std::filesystem::path& path);
+// The same for bytes that came from elsewhere; `name` stands for the file in the sentence.
+[[nodiscard]] BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name);
 
-// The image of the first four scenes, each of which must hold 45 controls.
+// The form that a new file's name asks for: JSON when it ends in ".json", in either case.
+[[nodiscard]] BankForm formForName(const std::filesystem::path& path);
+
+// The image of the first four scenes; throws std::out_of_range when there are fewer.
 [[nodiscard]] BankImage encodeBank(const SceneList& scenes);
+// A file's bytes in one of the forms; `lists` gives the titles of a JSON text.
+[[nodiscard]] std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
+                                                  const PopUpValue& lists);
 
-// Nothing, or one sentence: then the file is what it was.
+// Each writes the first four scenes. Nothing, or one sentence: then the file is what it was.
 [[nodiscard]] std::optional<std::string> writeBank(const std::filesystem::path& path,
                                                    const SceneList& scenes);
+[[nodiscard]] std::optional<std::string> writeBank(const std::filesystem::path& path,
+                                                   const SceneList& scenes, BankForm form,
+                                                   const PopUpValue& lists);
+
+// One scene as a file of its own, always JSON. `scene` is null when `trouble` says why.
+struct SceneFile {
+    std::shared_ptr<SceneValue> scene;
+    std::optional<std::string> trouble;
+};
+
+[[nodiscard]] SceneFile readScene(const std::filesystem::path& path);
+[[nodiscard]] std::optional<std::string>
+writeScene(const std::filesystem::path& path, const SceneValue& scene, const PopUpValue& lists);
 
 } // namespace scenewright

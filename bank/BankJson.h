@@ -1,0 +1,49 @@
+// The JSON form of a bank, and of one scene alone: docs/bank-format.md tells it to users.
+//
+//   { "format": "scenewright-bank", "version": 1, "scenes": [ SCENE, SCENE, SCENE, SCENE ] }
+//   { "format": "scenewright-scene", "version": 1, "scene": SCENE }
+//
+// A scene has a name ("name", or "nameBytes" where a text would not hold it), "common", and its
+// controls as the arrays "groups", "knobs", "sliders", "pads" and "keys". Every field stands under
+// its own name as an option index. A key that begins with "//" is a comment, which the reader
+// ignores: the writer puts each value's title under "//" and the field's name.
+#pragma once
+
+#include "editor/options/PopUpValue.h"
+#include "model/Control.h"
+#include "model/SceneValue.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace scenewright {
+
+inline constexpr std::string_view kBankFormat = "scenewright-bank";
+inline constexpr std::string_view kSceneFormat = "scenewright-scene";
+inline constexpr std::int64_t kBankVersion = 1;
+inline constexpr std::string_view kCommentMark = "//";
+
+// The key of a kind's controls: "pads"; "common" for the scene-wide settings.
+[[nodiscard]] std::string controlsKey(ControlKind kind);
+
+// Valid UTF-8 that ends in a line feed. The first form takes the first four scenes and throws
+// std::out_of_range when there are fewer; both write 0 for a value outside 0..127.
+[[nodiscard]] std::string writeBankJson(const SceneList& scenes, const PopUpValue& lists);
+[[nodiscard]] std::string writeSceneJson(const SceneValue& scene, const PopUpValue& lists);
+
+// What reading gave: no scene when `trouble` says in one phrase what is wrong and where, as in
+// "scenes[1].pads[3].CR is missing". The scenes are what a read of the same image gives.
+struct JsonScenes {
+    SceneList scenes;
+    std::optional<std::string> trouble;
+};
+
+[[nodiscard]] JsonScenes readBankJson(std::string_view text);  // four scenes
+[[nodiscard]] JsonScenes readSceneJson(std::string_view text); // one
+
+// The phrase for a setting that has no value: `found` is what stands there instead.
+[[nodiscard]] std::string notAValue(std::string_view place, std::string_view found);
+
+} // namespace scenewright

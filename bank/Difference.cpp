@@ -1,0 +1,83 @@
+#include "bank/Difference.h"
+
+#include "bank/JsonTree.h"
+#include "bank/NameText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace scenewright {
+
+namespace {
+
+bool isSame(const SceneValue& first, const SceneValue& second, const SettingPlace& place) {
+    if (place.isName())
+        return nameBytes(first.commonValue()->SceneName()) ==
+               nameBytes(second.commonValue()->SceneName());
+    return storedIndex(first, place) == storedIndex(second, place);
+}
+
+std::string shown(const SettingPlace& place, const SettingText& text) {
+    if (place.isName())
+        return fmt::format("\"{}\"", text.value);
+    return text.title.empty() ? fmt::format("({})", text.value) : text.title;
+}
+
+// With the number beside the title, for two options of one title.
+std::string shownWithNumber(const SettingText& text) {
+    return fmt::format("{} ({})", text.title, text.value);
+}
+
+std::string valueJson(const SettingPlace& place, const SettingText& text) {
+    std::string json =
+        fmt::format("{{\"value\": {}", place.isName() ? jsonQuoted(text.value) : text.value);
+    if (!text.title.empty())
+        json += ", \"title\": " + jsonQuoted(text.title);
+    return json + "}";
+}
+
+std::string differenceJson(const Difference& difference) {
+    const SettingPlace& place = difference.place;
+    return fmt::format("  {{\"path\": {}, \"words\": {}, \"first\": {}, \"second\": {}}}",
+                       jsonQuoted(pathOf(place)), jsonQuoted(wordsOf(place)),
+                       valueJson(place, difference.first), valueJson(place, difference.second));
+}
+
+} // namespace
+
+std::vector<Difference> differences(const PopUpValue& lists, const SceneList& first,
+                                    const SceneList& second) {
+    std::vector<Difference> list;
+    const std::size_t scenes = std::min(first.size(), second.size());
+    for (const SettingPlace& place : allSettings(static_cast<std::int32_t>(scenes))) {
+        const SceneValue& one = *first[static_cast<std::size_t>(place.scene)];
+        const SceneValue& other = *second[static_cast<std::size_t>(place.scene)];
+        if (!isSame(one, other, place))
+            list.push_back(
+                {place, settingText(lists, one, place), settingText(lists, other, place)});
+    }
+    return list;
+}
+
+std::string differenceWords(const Difference& difference) {
+    const SettingText& first = difference.first;
+    const SettingText& second = difference.second;
+    const bool isAmbiguous = !first.title.empty() && first.title == second.title;
+    return fmt::format("{}: {} -> {}", wordsOf(difference.place),
+                       isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
+                       isAmbiguous ? shownWithNumber(second) : shown(difference.place, second));
+}
+
+std::string differenceLine(const Difference& difference) {
+    return fmt::format("{}  {}", pathOf(difference.place), differenceWords(difference));
+}
+
+std::string differencesJson(const std::vector<Difference>& list) {
+    std::string json = "[";
+    for (const Difference& difference : list)
+        json += (json.size() == 1 ? "\n" : ",\n") + differenceJson(difference);
+    return json + (list.empty() ? "]\n" : "\n]\n");
+}
+
+} // namespace scenewright

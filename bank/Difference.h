@@ -1,0 +1,34 @@
+// What differs between two banks, setting by setting.
+#pragma once
+
+#include "bank/Path.h"
+#include "bank/SettingText.h"
+#include "editor/options/PopUpValue.h"
+#include "model/SceneValue.h"
+
+#include <string>
+#include <vector>
+
+namespace scenewright {
+
+struct Difference {
+    SettingPlace place;
+    SettingText first;  // in the first bank
+    SettingText second; // in the second
+};
+
+// In the order of allSettings(), over as many scenes as both lists have. What the controller would
+// store is compared: a name by its twelve bytes, a value outside 0..127 as 0.
+[[nodiscard]] std::vector<Difference> differences(const PopUpValue& lists, const SceneList& first,
+                                                  const SceneList& second);
+
+// "Scene 1, Pad 3, Type: CC -> Note"; a value without a title stands as its number in parentheses.
+[[nodiscard]] std::string differenceWords(const Difference& difference);
+// "scene1.pad3.AssignType  Scene 1, Pad 3, Type: CC -> Note".
+[[nodiscard]] std::string differenceLine(const Difference& difference);
+
+// A JSON array with an object for each, that ends in a line feed: "path", "words", and "first" and
+// "second", objects of "value" and, where there is one, "title".
+[[nodiscard]] std::string differencesJson(const std::vector<Difference>& list);
+
+} // namespace scenewright

@@ -1,0 +1,154 @@
+#include "bank/BankJson.h"
+#include "bank/Edit.h"
+#include "bank/MessageText.h"
+#include "bank/NameText.h"
+#include "bank/Path.h"
+#include "bank/SettingText.h"
+#include "editor/options/SettingOptions.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+using Trouble = std::optional<std::string>;
+
+constexpr std::string_view kTitleMark = "title:";
+constexpr std::int32_t kLargestValue = 127;
+constexpr std::size_t kFewOptions = 17; // that a message can list; more are told by their ends
+
+// One setting's new value, once the later of two assignments has replaced the earlier.
+struct Assignment {
+    SettingPlace place;
+    std::string_view value;
+};
+
+using PlaceKey = std::tuple<std::int32_t, ControlKind, std::int32_t, std::string_view>;
+using Assignments = std::map<PlaceKey, Assignment>;
+
+PlaceKey keyOf(const SettingPlace& place) {
+    return {place.scene, place.kind, place.control,
+            place.isName() ? kSceneNameField : place.setting->name()};
+}
+
+Trouble addAssignment(std::string_view text, Assignments& assignments) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos)
+        return fmt::format("{}: PATH=VALUE was expected", forMessage(text));
+    const std::string_view pathText = text.substr(0, equals);
+    const PathResult result = parsePath(pathText);
+    if (!result.path)
+        return result.trouble;
+    if (result.path->level != Path::Level::Setting)
+        return fmt::format("{}: a value needs the path of a setting", forMessage(pathText));
+    for (const SettingPlace& place : settingsAt(*result.path))
+        assignments.insert_or_assign(keyOf(place), Assignment{place, text.substr(equals + 1)});
+    return std::nullopt;
+}
+
+bool isIndex(std::string_view value) {
+    return !value.empty() &&
+           std::ranges::all_of(value, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+std::optional<std::int32_t> indexOf(std::string_view digits) {
+    std::int32_t index = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), index);
+    if (result.ec != std::errc() || index > kLargestValue)
+        return std::nullopt;
+    return index;
+}
+
+std::string optionsText(const Titles& titles) {
+    if (titles == nullptr || titles->empty())
+        return "it has none";
+    if (titles->size() > kFewOptions)
+        return fmt::format("its options go from {} to {}", titles->front(), titles->back());
+    return fmt::format("its options are {}", fmt::join(*titles, ", "));
+}
+
+// The list that names the place's values, as the scene stands now.
+Titles titlesFor(const PopUpValue& lists, const SettingPlace& place, const SceneValue& scene) {
+    const Setting* const type = findSetting(place.kind, "AssignType");
+    return optionList(lists, *place.setting,
+                      type == nullptr ? kAssignOff : type->read(scene, place.control));
+}
+
+Trouble assignOption(const PopUpValue& lists, const Assignment& assignment,
+                     const SceneValue& scene) {
+    const SettingPlace& place = assignment.place;
+    std::string_view value = assignment.value;
+    if (isIndex(value)) {
+        const auto index = indexOf(value);
+        if (!index)
+            return notAValue(pathOf(place), forMessage(value));
+        place.setting->write(scene, place.control, *index);
+        return std::nullopt;
+    }
+    if (value.starts_with(kTitleMark))
+        value.remove_prefix(kTitleMark.size());
+    const Titles titles = titlesFor(lists, place, scene);
+    const auto found = titles == nullptr ? std::vector<std::string>::const_iterator()
+                                         : std::ranges::find(*titles, value);
+    if (titles == nullptr || found == titles->end())
+        return fmt::format("{} has no option \"{}\": {}", pathOf(place), forMessage(value),
+                           optionsText(titles));
+    place.setting->write(scene, place.control, static_cast<std::int32_t>(found - titles->begin()));
+    return std::nullopt;
+}
+
+Trouble assignName(const Assignment& assignment, const SceneValue& scene) {
+    const std::string_view value = assignment.value;
+    auto name = nameOfText(value);
+    if (!name && value.starts_with(kBytesMark))
+        name = nameOfHex(value.substr(kBytesMark.size()));
+    if (!name)
+        return fmt::format("{} must be at most 12 bytes without control characters, or {} and 24 "
+                           "hexadecimal digits, and is \"{}\"",
+                           pathOf(assignment.place), kBytesMark, forMessage(value));
+    scene.commonValue()->setSceneName(*name);
+    return std::nullopt;
+}
+
+// What a control sends decides which titles its number has, so it is assigned before all else.
+bool isAssignedFirst(const SettingPlace& place) {
+    return !place.isName() && place.setting->name() == "AssignType";
+}
+
+Trouble assignAll(const PopUpValue& lists, const Assignments& assignments, const SceneList& scenes,
+                  bool first) {
+    for (const auto& [key, assignment] : assignments) {
+        if (isAssignedFirst(assignment.place) != first)
+            continue;
+        const SceneValue& scene = *scenes.at(static_cast<std::size_t>(assignment.place.scene));
+        Trouble trouble = assignment.place.isName() ? assignName(assignment, scene)
+                                                    : assignOption(lists, assignment, scene);
+        if (trouble)
+            return trouble;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Edited setValues(const PopUpValue& lists, const SceneList& scenes,
+                 std::span<const std::string> assignments) {
+    Assignments places;
+    for (const std::string& assignment : assignments)
+        if (Trouble trouble = addAssignment(assignment, places))
+            return {{}, std::move(trouble)};
+    SceneList copies = copyOf(scenes);
+    for (const bool first : {true, false})
+        if (Trouble trouble = assignAll(lists, places, copies, first))
+            return {{}, std::move(trouble)};
+    return {std::move(copies), std::nullopt};
+}
+
+} // namespace scenewright

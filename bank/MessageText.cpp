@@ -1,0 +1,27 @@
+#include "bank/MessageText.h"
+
+#include "model/SceneName.h"
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::size_t kMostBytes = 80;
+constexpr std::string_view kEllipsis = "\xE2\x80\xA6"; // U+2026
+
+constexpr bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+} // namespace
+
+std::string forMessage(std::string_view text) {
+    if (text.size() <= kMostBytes)
+        return displayName(text);
+    std::size_t end = kMostBytes;
+    while (end > 0 && continuesCharacter(text[end]))
+        --end;
+    return displayName(text.substr(0, end)) + std::string(kEllipsis);
+}
+
+} // namespace scenewright
