@@ -1,5 +1,6 @@
 #include "bank/BankFile.h"
 
+#include "tests/bank/KnownBank.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,18 @@
 namespace scenewright {
 
 using testing::TempFolder;
+
+namespace {
+
+std::vector<std::uint8_t> bytesOf(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+void writeText(const std::string& path, const std::string& text) {
+    testing::writeBytes(path, bytesOf(text));
+}
+
+} // namespace
 
 TEST(BankFile, EverySizeButABanksIsRefused) {
     const TempFolder folder;
@@ -22,7 +35,8 @@ TEST(BankFile, TroubleNamesTheFileAndItsSize) {
     const TempFolder folder;
     testing::writeBytes(folder.file("bank"), std::vector<std::uint8_t>(253, 0));
     EXPECT_EQ(readBank(folder.file("bank")).trouble,
-              folder.file("bank") + ": not a bank: it holds 253 bytes, and a bank holds 1012");
+              folder.file("bank") +
+                  ": not a bank: it holds 253 bytes, and a bank holds 1012 or is JSON");
 }
 
 TEST(BankFile, WrittenBankIsTheImageOfTheFirstFourScenes) {
@@ -34,6 +48,121 @@ TEST(BankFile, WrittenBankIsTheImageOfTheFirstFourScenes) {
     const auto bytes = testing::readBytes(folder.file("bank"));
     ASSERT_EQ(bytes.size(), 1012U);
     EXPECT_EQ(std::string(bytes.begin() + 506, bytes.begin() + 511), std::string("LIVE\0", 5));
+}
+
+TEST(BankFile, ContentTellsTheFormWhateverTheName) {
+    const TempFolder folder;
+    writeText(folder.file("text.bank"), testing::knownJson());
+    testing::writeBytes(folder.file("image.json"), testing::knownImage());
+    const BankFile text = readBank(folder.file("text.bank"));
+    const BankFile image = readBank(folder.file("image.json"));
+    EXPECT_EQ(text.form, BankForm::Json);
+    EXPECT_EQ(image.form, BankForm::Image);
+    EXPECT_EQ(encodeBank(text.scenes), testing::knownImage());
+    EXPECT_EQ(encodeBank(image.scenes), testing::knownImage());
+}
+
+TEST(BankFile, NameAsksForTheFormOfANewFile) {
+    EXPECT_EQ(formForName("a/b.json"), BankForm::Json);
+    EXPECT_EQ(formForName("B.JSON"), BankForm::Json);
+    EXPECT_EQ(formForName("b.bank"), BankForm::Image);
+    EXPECT_EQ(formForName("json"), BankForm::Image);
+    EXPECT_EQ(formForName(".json"), BankForm::Image);
+    EXPECT_EQ(formForName("b.json.bak"), BankForm::Image);
+}
+
+TEST(BankFile, ByteOrderMarkAndBlanksMayStandBeforeTheText) {
+    const TempFolder folder;
+    writeText(folder.file("bank"), "\xEF\xBB\xBF \r\n\t" + testing::knownJson());
+    EXPECT_EQ(readBank(folder.file("bank")).trouble, std::nullopt);
+}
+
+TEST(BankFile, TroubleInATextNamesTheFileAndThePlace) {
+    const TempFolder folder;
+    writeText(folder.file("bank"),
+              testing::replaced(testing::knownJson(), "{", "\"KeyTranspose\"", "\"keys\""));
+    EXPECT_EQ(readBank(folder.file("bank")).trouble,
+              folder.file("bank") + ": scenes[0].common.keys is unknown");
+}
+
+TEST(BankFile, ByteOfAnImageThatIsNoValueIsToldWithItsPlace) {
+    const std::string must = " must be a whole number from 0 to 127, and is ";
+    const auto trouble = [](std::size_t byte, int value) {
+        BankImage image = testing::knownImage();
+        image.at(byte) = static_cast<std::uint8_t>(value);
+        return parseBank(image, "my.bank").trouble.value_or("none");
+    };
+    EXPECT_EQ(trouble(0, 255), "none");
+    EXPECT_EQ(trouble(11, 128), "none");
+    EXPECT_EQ(trouble(12, 127), "none");
+    EXPECT_EQ(trouble(12, 128), "my.bank: scenes[0].common.GlobalMIDICh" + must + "128");
+    EXPECT_EQ(trouble(253 + 229 + 3, 200), "my.bank: scenes[1].pads[3].CR" + must + "200");
+    EXPECT_EQ(trouble(506 + 20, 255), "my.bank: scenes[2].keys[0].AssignType" + must + "255");
+    EXPECT_EQ(trouble(506 + 148, 255), "my.bank: scenes[2].groups[3].MIDIChannel" + must + "255");
+    EXPECT_EQ(trouble(1011, 129), "my.bank: scenes[3].pads[7].CB" + must + "129");
+}
+
+TEST(BankFile, TextCutToTheSizeOfAnImageIsNotTakenForOne) {
+    const std::string text = testing::knownJson().substr(0, 1012);
+    const BankFile bank = parseBank(bytesOf(text), "cut");
+    EXPECT_EQ(bank.trouble, "cut: its JSON text ends too soon, in line " +
+                                std::to_string(std::ranges::count(text, '\n') + 1));
+}
+
+TEST(BankFile, ImageWhoseFirstNameBeginsWithABraceIsAnImage) {
+    BankImage image = testing::knownImage();
+    std::ranges::copy(std::string("{\n \"format\""), image.begin());
+    const BankFile bank = parseBank(image, "brace");
+    ASSERT_EQ(bank.trouble, std::nullopt);
+    EXPECT_EQ(encodeBank(bank.scenes), image);
+}
+
+TEST(BankFile, AnyCutOfAnImageIsRefused) {
+    const BankImage image = testing::knownImage();
+    for (std::size_t length = 0; length < image.size(); ++length)
+        ASSERT_EQ(parseBank(std::span(image).first(length), "cut").trouble,
+                  "cut: not a bank: it holds " + std::to_string(length) +
+                      " bytes, and a bank holds 1012 or is JSON");
+}
+
+TEST(BankFile, AnyFlippedByteOfAnImageIsReadOrTold) {
+    for (std::size_t at = 0; at < kBankSize; ++at) {
+        BankImage image = testing::knownImage();
+        image.at(at) ^= 0x80U;
+        const BankFile bank = parseBank(image, "flipped");
+        ASSERT_EQ(bank.trouble.has_value(), at % 253 >= 12) << at;
+        if (bank.trouble)
+            continue;
+        ASSERT_EQ(encodeBank(bank.scenes), image);
+    }
+}
+
+TEST(BankFile, BothFormsAreWrittenAndReadBack) {
+    const TempFolder folder;
+    const auto lists = loadPopUpValue();
+    const SceneList scenes = testing::knownScenes();
+    ASSERT_EQ(writeBank(folder.file("a"), scenes, BankForm::Json, *lists), std::nullopt);
+    ASSERT_EQ(writeBank(folder.file("b"), scenes, BankForm::Image, *lists), std::nullopt);
+    EXPECT_EQ(testing::readBytes(folder.file("a")), bytesOf(testing::knownJson()));
+    EXPECT_EQ(testing::readBytes(folder.file("b")), bankBytes(scenes, BankForm::Image, *lists));
+    EXPECT_EQ(encodeBank(readBank(folder.file("b")).scenes), testing::knownImage());
+}
+
+TEST(BankFile, SceneHasAFileOfItsOwn) {
+    const TempFolder folder;
+    const SceneList scenes = testing::knownScenes();
+    ASSERT_EQ(writeScene(folder.file("scene"), *scenes[1], *loadPopUpValue()), std::nullopt);
+    const SceneFile file = readScene(folder.file("scene"));
+    ASSERT_EQ(file.trouble, std::nullopt);
+    EXPECT_EQ(encodeScene(*file.scene), encodeScene(*scenes[1]));
+    EXPECT_EQ(readBank(folder.file("scene")).trouble,
+              folder.file("scene") +
+                  ": format must be \"scenewright-bank\", and is \"scenewright-scene\"");
+    testing::writeBytes(folder.file("bank"), testing::knownImage());
+    EXPECT_EQ(readScene(folder.file("bank")).trouble,
+              folder.file("bank") + ": its JSON text is wrong at line 1, column 1");
+    EXPECT_TRUE(readScene(folder.file("none")).trouble->find(folder.file("none")) !=
+                std::string::npos);
 }
 
 TEST(BankFile, ShorterListOfScenesIsACallersFault) {

@@ -1,0 +1,103 @@
+#include "bank/Difference.h"
+
+#include "bank/Edit.h"
+#include "tests/bank/KnownBank.h"
+
+#include <gtest/gtest.h>
+
+namespace scenewright {
+
+using testing::knownScenes;
+
+namespace {
+
+std::vector<Difference> differencesAfter(const PopUpValue& lists,
+                                         const std::vector<std::string>& assignments) {
+    const Edited edited = setValues(lists, knownScenes(), assignments);
+    EXPECT_EQ(edited.trouble, std::nullopt);
+    return differences(lists, knownScenes(), edited.scenes);
+}
+
+std::vector<std::string> linesAfter(const std::vector<std::string>& assignments) {
+    std::vector<std::string> lines;
+    for (const Difference& difference : differencesAfter(*loadPopUpValue(), assignments))
+        lines.push_back(differenceLine(difference));
+    return lines;
+}
+
+using Lines = std::vector<std::string>;
+
+} // namespace
+
+TEST(Difference, EqualBanksHaveNone) {
+    EXPECT_TRUE(differences(*loadPopUpValue(), knownScenes(), knownScenes()).empty());
+}
+
+TEST(Difference, LineTellsPathWordsAndBothTitles) {
+    EXPECT_EQ(linesAfter({"scene1.common.GlobalMIDICh=1"}),
+              Lines{"scene1.common.GlobalMIDICh  Scene 1, Global MIDI channel: 9 -> 2"});
+    EXPECT_EQ(linesAfter({"scene3.pad3.CR=127"}),
+              Lines{"scene3.pad3.CR  Scene 3, Pad 3, Red: 8 -> 127"});
+}
+
+TEST(Difference, ValueWithoutATitleStandsInParentheses) {
+    EXPECT_EQ(linesAfter({"scene1.common.KeyTranspose=100", "scene1.common.KeyVelocityCurve=3"}),
+              (Lines{"scene1.common.KeyTranspose  Scene 1, Octave transposition: (10) -> (100)",
+                     "scene1.common.KeyVelocityCurve  Scene 1, Key velocity curve: (17) -> "
+                     "Constant"}));
+}
+
+TEST(Difference, NamesStandInQuotationMarks) {
+    EXPECT_EQ(linesAfter({"scene4.common.SceneName=STAGE"}),
+              Lines{"scene4.common.SceneName  Scene 4, Name: \"\" -> \"STAGE\""});
+    EXPECT_EQ(linesAfter({"scene3.common.SceneName=STAGE"}),
+              Lines{"scene3.common.SceneName  Scene 3, Name: "
+                    "\"bytes:ff00410a0000000000000042\" -> \"STAGE\""});
+}
+
+TEST(Difference, TypeChangesNoNumber) {
+    EXPECT_EQ(linesAfter({"scene1.pad1.AssignType=Note"}).size(), 1U);
+}
+
+TEST(Difference, OptionsOfOneTitleAreToldApartByNumber) {
+    PopUpValue lists;
+    lists.setPad_CR_Array(
+        std::make_shared<const std::vector<std::string>>(std::vector<std::string>(128, "same")));
+    const auto list = differencesAfter(lists, {"scene3.pad3.CR=9"});
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(differenceWords(list.front()), "Scene 3, Pad 3, Red: same (8) -> same (9)");
+}
+
+TEST(Difference, FillOfANameAndValuesOutsideTheImageDoNotCount) {
+    const SceneList padded = knownScenes();
+    const SceneList bare = knownScenes();
+    bare[0]->commonValue()->setSceneName("LIVE");
+    padded[0]->commonValue()->setPianoKeyCh(0);
+    bare[0]->commonValue()->setPianoKeyCh(-1);
+    EXPECT_TRUE(differences(PopUpValue(), padded, bare).empty());
+}
+
+TEST(Difference, EveryByteOfTheImageCounts) {
+    const PopUpValue none;
+    for (std::size_t byte = 0; byte < kBankSize; ++byte) {
+        BankImage image = testing::knownImage();
+        image.at(byte) ^= 1U;
+        ASSERT_EQ(differences(none, knownScenes(), parseScenes(image)).size(), 1U) << byte;
+    }
+}
+
+TEST(Difference, JsonHoldsValuesAndTitles) {
+    const auto lists = loadPopUpValue();
+    EXPECT_EQ(differencesJson({}), "[]\n");
+    EXPECT_EQ(differencesJson(differencesAfter(
+                  *lists, {"scene1.common.SceneName=a\"b", "scene1.common.KeyTranspose=-4"})),
+              "[\n"
+              "  {\"path\": \"scene1.common.SceneName\", \"words\": \"Scene 1, Name\", "
+              "\"first\": {\"value\": \"LIVE\"}, \"second\": {\"value\": \"a\\\"b\"}},\n"
+              "  {\"path\": \"scene1.common.KeyTranspose\", \"words\": \"Scene 1, Octave "
+              "transposition\", \"first\": {\"value\": 10}, \"second\": {\"value\": 8, "
+              "\"title\": \"-4\"}}\n"
+              "]\n");
+}
+
+} // namespace scenewright
