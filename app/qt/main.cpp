@@ -1,0 +1,137 @@
+// The editor's window as a program.
+#include "app/Launch.h"
+#include "editor/qt/Appearance.h"
+#include "editor/qt/Ending.h"
+#include "editor/qt/MainLoop.h"
+#include "editor/qt/MainWindow.h"
+#include "platform/DiagnosticSinks.h"
+#include "platform/Diagnostics.h"
+#include "protocol/SendJob.h"
+#include "usb/Shutdown.h"
+#include "usb/Transport.h"
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kExitTrouble = 1;
+constexpr int kExitUsage = 2;
+
+int complain(std::string_view sentence, int exitCode) {
+    fmt::print(stderr, "scenewright: {}\n", sentence);
+    return exitCode;
+}
+
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value != nullptr && *value != '\0')
+            return true;
+    return false;
+}
+
+// What the toolkit says goes to the system log; while it opens the display it is held back, because
+// the toolkit ends the program when it cannot, and then one sentence is to be seen.
+class ToolkitMessages {
+public:
+    ToolkitMessages() = delete;
+
+    static void take() { qInstallMessageHandler(&onMessage); }
+    static void displayIsOpen() {
+        isOpening_ = false;
+        if (!first_.empty())
+            Diagnostics::log("%s", first_);
+    }
+
+private:
+    static void onMessage(QtMsgType type, const QMessageLogContext& /*context*/,
+                          const QString& text) {
+        if (type == QtFatalMsg)
+            std::_Exit(
+                complain("cannot open a window: " + (first_.empty() ? text.toStdString() : first_),
+                         kExitTrouble));
+        if (!isOpening_)
+            Diagnostics::log("%s", text.toStdString());
+        else if (first_.empty())
+            first_ = text.toStdString();
+    }
+
+    static inline bool isOpening_ = true;
+    static inline std::string first_;
+};
+
+void describe(CLI::App& app) {
+    app.set_version_flag("--version", "scenewright " SCENEWRIGHT_VERSION);
+}
+
+// A transaction that still runs must find its way out before the process's state goes.
+void releaseBus() {
+    Transport::instance().shutDown();
+    SendJob::join();
+}
+
+int showWindow(QApplication& application, bool isVirtual) {
+    const MainLoop loop;
+    Appearance appearance(application);
+    Ending ending;
+    MainWindow window(ending, appearance, isVirtual);
+    if (const auto& trouble = window.picture().drawing().trouble())
+        return complain(*trouble, kExitUsage);
+    window.show();
+    const int exitCode = QApplication::exec();
+    releaseBus();
+    return exitCode;
+}
+
+int run(int argc, char** argv) {
+    const Shutdown shutdown;
+    CLI::App app("Edits the four scenes of a USB MIDI keyboard controller in a window.",
+                 "scenewright");
+    LaunchOptions options;
+    describe(app);
+    addLaunchOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return app.exit(request);
+    } catch (const CLI::ParseError& error) {
+        return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
+    }
+    Diagnostics::setConsole(consoleSink(stdout));
+    Diagnostics::setLog(logSink(stderr));
+    if (const auto trouble = launch(options))
+        return complain(*trouble, kExitUsage);
+    if (!hasDisplay())
+        return complain("there is no display to open a window on; scenewright-cli does the same "
+                        "work without one",
+                        kExitTrouble);
+    if (const auto trouble = connectHost(options))
+        return complain(*trouble, kExitUsage);
+    ToolkitMessages::take();
+    QApplication application(argc, argv);
+    ToolkitMessages::displayIsOpen();
+    QApplication::setApplicationName(QStringLiteral("scenewright"));
+    QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
+    return showWindow(application, options.isVirtual);
+}
+
+} // namespace
+
+} // namespace scenewright
+
+int main(int argc, char** argv) {
+    try {
+        return scenewright::run(argc, argv);
+    } catch (const std::exception& error) {
+        return scenewright::complain(error.what(), scenewright::kExitUsage);
+    }
+}

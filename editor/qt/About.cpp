@@ -1,0 +1,34 @@
+#include "editor/qt/About.h"
+
+#include "editor/qt/Owned.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace scenewright {
+
+About::About(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(tr("About Scenewright"));
+    setAccessibleName(windowTitle());
+    auto& column = owned<QVBoxLayout>(this);
+    column.setContentsMargins(26, 22, 26, 18);
+    column.setSpacing(10);
+    auto& heading =
+        owned<QLabel>(tr("Scenewright %1").arg(QStringLiteral(SCENEWRIGHT_VERSION)), this);
+    heading.setProperty("role", "heading");
+    const QString versions =
+        tr("Qt %1, built with Qt %2")
+            .arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR));
+    const QString text = tr("An editor for the four scenes of a USB MIDI keyboard controller.");
+    column.addWidget(&heading);
+    for (const QString& line : {text, versions})
+        column.addWidget(&owned<QLabel>(line, this));
+    auto& close = owned<QPushButton>(tr("&Close"), this);
+    close.setAccessibleName(tr("Close"));
+    close.setDefault(true);
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+    column.addWidget(&close, 0, Qt::AlignRight);
+}
+
+} // namespace scenewright

@@ -1,0 +1,137 @@
+#include "editor/qt/ControlList.h"
+
+#include "editor/qt/Owned.h"
+#include "editor/qt/RowDelegate.h"
+#include "editor/qt/Text.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace scenewright {
+
+void ControlRows::setSource(ListDataSource* source) {
+    beginResetModel();
+    source_ = source;
+    endResetModel();
+}
+
+void ControlRows::reload() {
+    beginResetModel();
+    endResetModel();
+}
+
+int ControlRows::rowCount(const QModelIndex& parent) const {
+    return source_ == nullptr || parent.isValid() ? 0 : source_->rowCount();
+}
+
+QVariant ControlRows::data(const QModelIndex& index, int role) const {
+    if (source_ == nullptr || !index.isValid())
+        return {};
+    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
+        return shown(source_->rowTitle(index.row()));
+    return {};
+}
+
+Qt::ItemFlags ControlRows::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    flags.setFlag(Qt::ItemIsEditable,
+                  source_ != nullptr && index.isValid() && source_->mayEdit(index.row()));
+    return flags;
+}
+
+ControlList::ControlList(QWidget* parent) : QListView(parent) {
+    setModel(&rows_);
+    setItemDelegate(&owned<RowDelegate>(this));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true);
+    setTabKeyNavigation(false);
+}
+
+void ControlList::setDataSource(ListDataSource* source) {
+    rows_.setSource(source);
+}
+
+void ControlList::setDelegate(ListDelegate* delegate) {
+    delegate_ = delegate;
+}
+
+void ControlList::reload() {
+    const QScopedValueRollback guard(isApplying_, true);
+    rows_.reload();
+}
+
+void ControlList::selectRow(std::int32_t row) {
+    apply(row, true);
+}
+
+std::int32_t ControlList::selectedRow() const {
+    const QModelIndexList chosen = selectionModel()->selectedIndexes();
+    return chosen.isEmpty() ? -1 : chosen.front().row();
+}
+
+QItemSelectionModel::SelectionFlags ControlList::selectionCommand(const QModelIndex& /*index*/,
+                                                                  const QEvent* /*event*/) const {
+    return QItemSelectionModel::NoUpdate;
+}
+
+void ControlList::mousePressEvent(QMouseEvent* event) {
+    QListView::mousePressEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && index.isValid())
+        chooseByUser(index.row(), true);
+}
+
+void ControlList::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void ControlList::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void ControlList::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && currentIndex().isValid()) {
+        chooseByUser(currentIndex().row(), true);
+        return;
+    }
+    const int before = currentIndex().row();
+    QListView::keyPressEvent(event);
+    if (currentIndex().row() != before)
+        chooseByUser(currentIndex().row(), false);
+}
+
+void ControlList::selectionChanged(const QItemSelection& selected,
+                                   const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
+    // Neither the mouse, nor the keys, nor the program: an assistive technology selected the row.
+    if (!isApplying_ && selectedRow() >= 0)
+        chooseByUser(selectedRow(), false);
+}
+
+void ControlList::chooseByUser(std::int32_t row, bool isClick) {
+    clickedRow_ = isClick ? row : -1;
+    const std::vector<std::int32_t> proposed{row};
+    const auto rows = delegate_ == nullptr ? proposed : delegate_->proposeSelection(proposed);
+    apply(rows.empty() ? -1 : rows.front(), isClick);
+}
+
+void ControlList::apply(std::int32_t row, bool isClick) {
+    const bool isChange = row != selectedRow() || isPassedOver_ || !isClick;
+    isPassedOver_ = !isClick;
+    {
+        const QScopedValueRollback guard(isApplying_, true);
+        const QModelIndex index = rows_.index(row);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+        scrollTo(index);
+    }
+    if (!isChange)
+        return;
+    if (delegate_ != nullptr)
+        delegate_->selectionDidChange();
+    emit changed();
+}
+
+} // namespace scenewright

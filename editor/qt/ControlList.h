@@ -1,0 +1,73 @@
+// The list of controls.
+#pragma once
+
+#include "editor/widgets/Widgets.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+
+namespace scenewright {
+
+// The rows of a data source.
+class ControlRows final : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void setSource(ListDataSource* source);
+    void reload();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    ListDataSource* source_ = nullptr;
+};
+
+// A row is clicked with the mouse, or with Return or Enter while the keys stand on it; moving with
+// the keys selects without a click. What the keys have passed over counts as not chosen yet: a
+// click on it, or the program's selecting it, is a change of the selection.
+class ControlList final : public QListView, public List {
+    Q_OBJECT
+
+public:
+    explicit ControlList(QWidget* parent = nullptr);
+
+    void setDataSource(ListDataSource* source) override;
+    void setDelegate(ListDelegate* delegate) override;
+    void reload() override;
+    void selectRow(std::int32_t row) override;
+    [[nodiscard]] std::int32_t clickedRow() const override { return clickedRow_; }
+
+    // -1 for none.
+    [[nodiscard]] std::int32_t selectedRow() const;
+
+signals:
+    // After the delegate has been told of a change of the selection.
+    void changed();
+
+protected:
+    // The selection follows only what the delegate answers, so the view itself selects nothing.
+    [[nodiscard]] QItemSelectionModel::SelectionFlags
+    selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+private:
+    void chooseByUser(std::int32_t row, bool isClick);
+    void apply(std::int32_t row, bool isClick);
+
+    ControlRows rows_;
+    ListDelegate* delegate_ = nullptr;
+    std::int32_t clickedRow_ = -1;
+    bool isPassedOver_ = false; // the selection was made by the keys
+    bool isApplying_ = false;
+};
+
+} // namespace scenewright

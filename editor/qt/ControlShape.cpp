@@ -1,0 +1,177 @@
+#include "editor/qt/ControlShape.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace scenewright {
+
+namespace {
+
+constexpr QColor kScreen(11, 14, 16); // the ground of every caption
+constexpr QColor kPlastic(59, 66, 77);
+constexpr QColor kPlasticDark(35, 39, 46);
+constexpr QColor kTray(29, 32, 37);
+constexpr QColor kIvory(233, 235, 238);
+constexpr QColor kIvoryDark(196, 201, 208);
+constexpr QColor kEbony(40, 44, 51);
+constexpr QColor kEbonyDark(14, 16, 19);
+constexpr QColor kRubber(52, 57, 66);
+constexpr QColor kMark(232, 235, 240);
+constexpr QColor kEdge(0, 0, 0, 150);
+
+// Measures are parts of a control's own size, so that the picture scales as one.
+constexpr qreal kScreenMargin = 0.06;
+constexpr qreal kKnobScreen = 0.42;
+constexpr qreal kSliderScreen = 0.26;
+constexpr qreal kPadScreen = 0.46;
+constexpr qreal kWhiteScreen = 0.27;
+constexpr qreal kUnderBlack = 0.63;
+
+void fillRound(QPainter& painter, const QRectF& room, qreal radius, const QBrush& brush) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(room, radius, radius);
+}
+
+QLinearGradient downward(const QRectF& room, const QColor& upper, const QColor& lower) {
+    QLinearGradient gradient(room.topLeft(), room.bottomLeft());
+    gradient.setColorAt(0, upper);
+    gradient.setColorAt(1, lower);
+    return gradient;
+}
+
+QRectF lowerPart(const QRectF& room, qreal part) {
+    const qreal margin = room.width() * kScreenMargin;
+    const qreal height = room.height() * part;
+    return {room.left() + margin, room.bottom() - height - margin, room.width() - 2 * margin,
+            height};
+}
+
+void drawScreen(QPainter& painter, const QRectF& room) {
+    fillRound(painter, room, 4, kScreen);
+}
+
+void drawGroup(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    fillRound(painter, room, 7,
+              look.isDown ? downward(room, kPlasticDark, kPlastic)
+                          : downward(room, kPlastic, kPlasticDark));
+    drawScreen(painter, captionRoom(look.shape, room));
+}
+
+void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    fillRound(painter, room, 7, kTray);
+    const QRectF screen = captionRoom(look.shape, room);
+    drawScreen(painter, screen);
+    const qreal space = screen.top() - room.top();
+    const qreal radius = std::min(space, room.width()) * 0.43;
+    const QPointF centre(room.center().x(), room.top() + space / 2);
+    painter.setPen(QPen(kEdge, 2));
+    QRadialGradient cap(centre - QPointF(radius * 0.3, radius * 0.4), radius * 1.6);
+    cap.setColorAt(0, kPlastic.lighter(150));
+    cap.setColorAt(1, kPlasticDark);
+    painter.setBrush(cap);
+    painter.drawEllipse(centre, radius, radius);
+    painter.setPen(QPen(kMark, std::max(2.0, radius * 0.12), Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(centre - QPointF(0, radius * 0.85), centre - QPointF(0, radius * 0.4));
+}
+
+void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    fillRound(painter, room, 7, kTray);
+    const QRectF screen = captionRoom(look.shape, room);
+    drawScreen(painter, screen);
+    const qreal top = room.top() + room.height() * 0.07;
+    const qreal bottom = screen.top() - room.height() * 0.05;
+    const qreal middle = room.center().x();
+    painter.setPen(QPen(kMark.darker(280), 1));
+    for (int mark = 0; mark <= 4; ++mark) {
+        const qreal y = top + (bottom - top) * mark / 4;
+        painter.drawLine(QPointF(middle - room.width() * 0.28, y),
+                         QPointF(middle + room.width() * 0.28, y));
+    }
+    fillRound(painter, QRectF(middle - 2, top, 4, bottom - top), 2, Qt::black);
+    const qreal width = room.width() * 0.56;
+    const QRectF cap(middle - width / 2, top + (bottom - top) * 0.38, width, room.height() * 0.13);
+    fillRound(painter, cap.translated(0, 2), 4, kEdge);
+    fillRound(painter, cap, 4, downward(cap, kPlastic.lighter(140), kPlasticDark));
+    fillRound(painter, QRectF(cap.left() + 3, cap.center().y() - 1, cap.width() - 6, 2), 1, kMark);
+}
+
+void drawPad(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    const bool isLit = look.light.isValid() && look.light != QColor(Qt::black);
+    fillRound(painter, room, 9, isLit ? look.light.darker(160) : kPlasticDark);
+    const QRectF face = room.adjusted(3, 3, -3, -3);
+    fillRound(painter, face, 7, isLit ? look.light : kRubber);
+    if (look.isDown)
+        fillRound(painter, face, 7, QColor(0, 0, 0, 60));
+    drawScreen(painter, captionRoom(look.shape, room));
+}
+
+void drawWhiteKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    fillRound(painter, room, 4, kIvoryDark);
+    fillRound(painter, room.adjusted(0, 0, 0, look.isDown ? -1 : -4), 4,
+              downward(room, kIvoryDark, kIvory));
+    drawScreen(painter, captionRoom(look.shape, room));
+}
+
+void drawBlackKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    fillRound(painter, room, 4, kEbonyDark);
+    const QRectF top = room.adjusted(3, 0, -3, look.isDown ? -3 : -7);
+    fillRound(painter, top, 3, downward(top, kEbonyDark, kEbony));
+    drawScreen(painter, captionRoom(look.shape, room));
+}
+
+using Draw = void (*)(QPainter&, const QRectF&, const ControlLook&);
+constexpr std::array<Draw, 6> kDraws{drawGroup, drawKnob,     drawSlider,
+                                     drawPad,   drawWhiteKey, drawBlackKey};
+
+} // namespace
+
+ControlShape shapeOf(ControlKind kind, std::int32_t tag) {
+    if (kind != ControlKind::Key) {
+        const auto shape = static_cast<int>(kind) - static_cast<int>(ControlKind::Group);
+        return static_cast<ControlShape>(shape);
+    }
+    constexpr std::array kBlackSteps{1, 3, 6, 8, 10};
+    const int step = (tag - controlRange(ControlKind::Key).start) % 12;
+    return std::ranges::find(kBlackSteps, step) == kBlackSteps.end() ? ControlShape::WhiteKey
+                                                                     : ControlShape::BlackKey;
+}
+
+QRectF captionRoom(ControlShape shape, const QRectF& room) {
+    const qreal margin = std::max(3.0, room.width() * kScreenMargin);
+    switch (shape) {
+    case ControlShape::Group:
+        return room.adjusted(margin, margin, -margin, -margin);
+    case ControlShape::Knob:
+        return lowerPart(room, kKnobScreen);
+    case ControlShape::Slider:
+        return lowerPart(room, kSliderScreen);
+    case ControlShape::Pad:
+        return lowerPart(room.adjusted(3, 3, -3, -3), kPadScreen);
+    case ControlShape::WhiteKey:
+        return lowerPart(room.adjusted(0, 0, 0, -4), kWhiteScreen);
+    case ControlShape::BlackKey:
+        return room.adjusted(3, room.height() * 0.1, -3, -7);
+    }
+    return room;
+}
+
+QRectF imageRoom(ControlShape shape, const QRectF& room) {
+    if (shape != ControlShape::WhiteKey)
+        return room;
+    return room.adjusted(0, room.height() * kUnderBlack, 0, 0);
+}
+
+void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    kDraws.at(static_cast<std::size_t>(look.shape))(painter, room, look);
+    if (look.isHovered)
+        fillRound(painter, room, 7, QColor(255, 255, 255, 26));
+    painter.restore();
+}
+
+} // namespace scenewright

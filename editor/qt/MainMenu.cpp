@@ -1,0 +1,56 @@
+#include "editor/qt/MainMenu.h"
+
+#include "editor/qt/Mnemonic.h"
+
+#include <QMenu>
+
+namespace scenewright {
+
+namespace {
+
+QAction& added(QMenu& menu, const QString& title, const QKeySequence& keys = {}) {
+    QAction& action = *menu.addAction(title);
+    action.setShortcut(keys);
+    return action;
+}
+
+QMenu& menuNamed(QMenuBar& bar, const QString& title) {
+    QMenu& menu = *bar.addMenu(title);
+    menu.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    return menu;
+}
+
+} // namespace
+
+MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
+    bar.setAccessibleName(tr("Menu"));
+    quit_ = &added(menuNamed(bar, tr("&File")), tr("&Quit"), QKeySequence(tr("Ctrl+Q")));
+    QMenu& device = menuNamed(bar, tr("&Device"));
+    read_ = &added(device, tr("&Read Scenes"), QKeySequence(tr("Ctrl+R")));
+    send_ = &added(device, tr("&Send Scenes"), QKeySequence(tr("Ctrl+Return")));
+    view_ = &menuNamed(bar, tr("&View"));
+    gainPanel_ = &added(*view_, tr("&Gain Panel"));
+    about_ = &added(menuNamed(bar, tr("&Help")), tr("&About Scenewright"));
+    quit_->setMenuRole(QAction::QuitRole);
+    about_->setMenuRole(QAction::AboutRole);
+    modes_.setExclusive(true);
+}
+
+void MainMenu::setModes(const QStringList& titles) {
+    QString taken = QStringLiteral("ga"); // of the entries below
+    for (int mode = 0; mode < titles.size(); ++mode) {
+        QAction& action = *modes_.addAction(withMnemonic(titles[mode], taken));
+        action.setCheckable(true);
+        view_->insertAction(gainPanel_, &action);
+        connect(&action, &QAction::triggered, this, [this, mode] { emit modeChosen(mode); });
+    }
+    view_->insertSeparator(gainPanel_);
+}
+
+void MainMenu::checkMode(int mode) {
+    const QList<QAction*> modes = modes_.actions();
+    if (mode >= 0 && mode < modes.size())
+        modes[mode]->setChecked(true);
+}
+
+} // namespace scenewright

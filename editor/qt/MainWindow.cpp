@@ -1,0 +1,176 @@
+#include "editor/qt/MainWindow.h"
+
+#include "app/WindowAction.h"
+#include "editor/qt/About.h"
+#include "editor/qt/Owned.h"
+#include "editor/qt/Text.h"
+#include "model/SceneName.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+
+#include <array>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kTitleWidth = 96; // of a scene's name in its segment, in device-independent pixels
+
+} // namespace
+
+MainWindow::MainWindow(Ending& application, Appearance& appearance, bool isVirtual)
+    : application_(application), appearance_(appearance), windowController_(*this, application) {
+    setWindowTitle(isVirtual ? tr("Scenewright – Virtual controller") : tr("Scenewright"));
+    setAccessibleName(windowTitle());
+    layOut();
+    connectOutlets();
+    view_.viewDidLoad();
+    windowController_.windowDidLoad();
+    menu_->setModes(displayModes_->titles());
+    connectChoices();
+    connectCommands();
+    connectEnding();
+    addSceneKeys();
+    addAppearanceMenu();
+    refresh();
+}
+
+MainWindow::~MainWindow() = default;
+
+GainWindow& MainWindow::gainPanel() {
+    if (gainPanel_ == nullptr)
+        gainPanel_ = &owned<GainWindow>(this);
+    return *gainPanel_;
+}
+
+void MainWindow::connectOutlets() {
+    view_.setWindowView(picture_);
+    view_.setSceneSegmented(scenes_);
+    view_.setControllerTableView(list_);
+    view_.setDisplaySelect(displayModes_);
+    view_.setMessage(&status_->message());
+    panes_->connectTo(view_);
+}
+
+void MainWindow::connectChoices() {
+    connect(scenes_, &SegmentBar::chosen, this, [this] {
+        view_.changeSceneAction(*scenes_);
+        refresh();
+    });
+    connect(displayModes_, &QComboBox::activated, this, [this] {
+        view_.changeDispalyAction(*displayModes_);
+        refresh();
+    });
+    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+        ControlButton* button = picture_->button(tag);
+        button->setAction([this, button] { view_.chooseButtonAction(*button); });
+    }
+    connect(list_, &ControlList::changed, this, &MainWindow::refresh);
+    connect(panes_, &ValuePanes::edited, this, &MainWindow::refresh);
+    connect(menu_, &MainMenu::modeChosen, this, &MainWindow::chooseMode);
+}
+
+void MainWindow::connectCommands() {
+    const auto read = [this] {
+        commands_.read();
+        refresh();
+    };
+    connect(&menu_->read(), &QAction::triggered, this, read);
+    connect(readButton_, &QPushButton::clicked, this, read);
+    connect(&menu_->send(), &QAction::triggered, &commands_, &DeviceCommands::send);
+    connect(sendButton_, &QPushButton::clicked, &commands_, &DeviceCommands::send);
+    connect(&commands_, &DeviceCommands::busyChanged, this, &MainWindow::showBusy);
+    connect(&commands_, &DeviceCommands::advised, status_, &StatusLine::setAdvice);
+    connect(&menu_->gainPanel(), &QAction::triggered, this, &MainWindow::showGainPanel);
+    connect(&menu_->about(), &QAction::triggered, this, &MainWindow::showAbout);
+}
+
+void MainWindow::connectEnding() {
+    connect(&menu_->quit(), &QAction::triggered, &application_, &Ending::terminate);
+    connect(&application_, &Ending::waiting, this, [this] {
+        centralWidget()->setEnabled(false);
+        status_->setAdvice(tr("The program ends when the scenes have been sent."));
+    });
+}
+
+void MainWindow::addSceneKeys() {
+    constexpr std::array kKeys{Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4};
+    for (int scene = 0; scene < kSceneCount; ++scene) {
+        const QKeySequence keys(Qt::CTRL | kKeys.at(static_cast<std::size_t>(scene)));
+        auto& shortcut = owned<QShortcut>(keys, this);
+        connect(&shortcut, &QShortcut::activated, &scenes_->segment(scene),
+                &QAbstractButton::click);
+    }
+}
+
+void MainWindow::addAppearanceMenu() {
+    QMenu& menu = *menu_->view().addMenu(tr("&Appearance"));
+    menu.setAccessibleName(tr("Appearance"));
+    auto& group = owned<QActionGroup>(this);
+    const std::array titles{tr("As the &System"), tr("&Light"), tr("&Dark")};
+    for (std::size_t place = 0; place < titles.size(); ++place) {
+        const auto choice = static_cast<Appearance::Choice>(place);
+        QAction& action = *group.addAction(titles.at(place));
+        action.setCheckable(true);
+        action.setChecked(appearance_.choice() == choice);
+        menu.addAction(&action);
+        connect(&action, &QAction::triggered, this, [this, choice] { appearance_.choose(choice); });
+    }
+}
+
+void MainWindow::showBusy(bool isBusy) {
+    status_->setBusy(isBusy);
+    for (QAction* action : {&menu_->read(), &menu_->send()})
+        action->setEnabled(!isBusy);
+    for (QPushButton* button : {readButton_, sendButton_})
+        button->setEnabled(!isBusy);
+}
+
+void MainWindow::chooseMode(int mode) {
+    displayModes_->selectItem(mode);
+    view_.changeDispalyAction(*displayModes_);
+    refresh();
+}
+
+void MainWindow::showGainPanel() {
+    gainPanel().show();
+    gainPanel().raise();
+    gainPanel().activateWindow();
+}
+
+void MainWindow::showAbout() {
+    About(this).exec();
+}
+
+void MainWindow::refresh() {
+    // The keys went over a row without choosing it: no pane stands for what is not chosen.
+    if (view_.selectControl() < 0)
+        view_.hideView();
+    panes_->show(view_);
+    menu_->checkMode(displayModes_->selectedItem());
+    if (view_.pu() && view_.sceneValue())
+        picture_->showScene(*view_.pu(), *view_.sceneValue());
+    refreshSceneTitles();
+}
+
+void MainWindow::refreshSceneTitles() {
+    const SceneList& stored = WindowAction::scenes();
+    for (int scene = 0; scene < kSceneCount && scene < static_cast<int>(stored.size()); ++scene) {
+        const auto& common = stored[static_cast<std::size_t>(scene)]->commonValue();
+        const QString name = common ? shown(displayName(common->SceneName())) : QString();
+        QAbstractButton& segment = scenes_->segment(scene);
+        QString title = segment.fontMetrics().elidedText(name, Qt::ElideRight, kTitleWidth);
+        title.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        scenes_->setTitle(scene, tr("%1  %2").arg(scene + 1).arg(title));
+        segment.setAccessibleName(tr("Scene %1, %2").arg(scene + 1).arg(name));
+        segment.setToolTip(segment.accessibleName());
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    closeButton_.click();
+}
+
+} // namespace scenewright

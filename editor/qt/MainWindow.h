@@ -1,0 +1,108 @@
+// The main window: it lays the widgets out, gives them to the view logic, and passes the user's
+// choices on.
+#pragma once
+
+#include "app/MainWindowController.h"
+#include "editor/ViewController.h"
+#include "editor/qt/Appearance.h"
+#include "editor/qt/ControlList.h"
+#include "editor/qt/DeviceCommands.h"
+#include "editor/qt/DevicePicture.h"
+#include "editor/qt/Ending.h"
+#include "editor/qt/GainWindow.h"
+#include "editor/qt/MainMenu.h"
+#include "editor/qt/SegmentBar.h"
+#include "editor/qt/StatusLine.h"
+#include "editor/qt/ValuePanes.h"
+
+#include <QMainWindow>
+#include <QPushButton>
+
+#include <functional>
+
+class QHBoxLayout;
+
+namespace scenewright {
+
+// The close button of the window's frame.
+class CloseButton final : public Clickable {
+public:
+    void setAction(std::function<void()> action) override { action_ = std::move(action); }
+    void click() {
+        if (action_)
+            action_();
+    }
+
+private:
+    std::function<void()> action_;
+};
+
+class MainWindow final : public QMainWindow, public Window {
+    Q_OBJECT
+
+public:
+    // `application` ends when the user wants it; `appearance` and `application` outlive the window.
+    // Scenes and progress record are the process's own.
+    MainWindow(Ending& application, Appearance& appearance, bool isVirtual);
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+    MainWindow(MainWindow&&) = delete;
+    MainWindow& operator=(MainWindow&&) = delete;
+
+    [[nodiscard]] Clickable& standardCloseButton() override { return closeButton_; }
+
+    [[nodiscard]] ViewController& view() { return view_; }
+    [[nodiscard]] SegmentBar& scenes() { return *scenes_; }
+    [[nodiscard]] PopUpBox& displayModes() { return *displayModes_; }
+    [[nodiscard]] ControlList& list() { return *list_; }
+    [[nodiscard]] DevicePicture& picture() { return *picture_; }
+    [[nodiscard]] ValuePanes& panes() { return *panes_; }
+    [[nodiscard]] StatusLine& status() { return *status_; }
+    [[nodiscard]] MainMenu& menu() { return *menu_; }
+    [[nodiscard]] DeviceCommands& commands() { return commands_; }
+    [[nodiscard]] QPushButton& readButton() { return *readButton_; }
+    [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
+    // The gain panel, made when it is first wanted.
+    [[nodiscard]] GainWindow& gainPanel();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void layOut();
+    void layOutHeader(QHBoxLayout& header);
+    void connectOutlets();
+    void connectChoices();
+    void connectCommands();
+    void connectEnding();
+    void addSceneKeys();
+    void addAppearanceMenu();
+    void showBusy(bool isBusy);
+    void chooseMode(int mode);
+    void showGainPanel();
+    void showAbout();
+    // Brings everything up to date that the view logic does not know of.
+    void refresh();
+    void refreshSceneTitles();
+
+    Ending& application_;
+    Appearance& appearance_;
+    ViewController view_;
+    CloseButton closeButton_;
+    MainWindowController windowController_;
+    DeviceCommands commands_;
+    // Children of the window.
+    SegmentBar* scenes_ = nullptr;
+    PopUpBox* displayModes_ = nullptr;
+    QPushButton* readButton_ = nullptr;
+    QPushButton* sendButton_ = nullptr;
+    ControlList* list_ = nullptr;
+    DevicePicture* picture_ = nullptr;
+    ValuePanes* panes_ = nullptr;
+    StatusLine* status_ = nullptr;
+    MainMenu* menu_ = nullptr;
+    GainWindow* gainPanel_ = nullptr;
+};
+
+} // namespace scenewright

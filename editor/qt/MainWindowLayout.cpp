@@ -1,0 +1,98 @@
+// Where the main window's widgets stand.
+#include "editor/qt/MainWindow.h"
+#include "editor/qt/Owned.h"
+
+#include <QBoxLayout>
+
+#include <memory>
+
+namespace scenewright {
+
+namespace {
+
+constexpr QSize kUsualSize(1180, 720);
+constexpr int kListWidth = 132;
+constexpr int kModesWidth = 168;
+constexpr int kGap = 10;
+
+// `outer` owns the layout.
+template <typename Layout>
+Layout& nested(QBoxLayout& outer, int stretch = 0) {
+    auto made = std::make_unique<Layout>();
+    Layout& layout = *made;
+    outer.addLayout(made.release(), stretch);
+    layout.setSpacing(kGap);
+    return layout;
+}
+
+QPushButton& command(const QString& title, const QString& name, const QString& help,
+                     QWidget* parent) {
+    auto& button = owned<QPushButton>(title, parent);
+    button.setAutoDefault(false);
+    button.setAccessibleName(name);
+    button.setToolTip(help);
+    return button;
+}
+
+} // namespace
+
+void MainWindow::layOut() {
+    menu_ = &owned<MainMenu>(*menuBar());
+    auto& root = owned<QWidget>(this);
+    root.setObjectName(QStringLiteral("root"));
+    root.setAccessibleName(tr("Editor"));
+    auto& rows = owned<QVBoxLayout>(&root);
+    rows.setContentsMargins(12, 4, 12, 10);
+    rows.setSpacing(kGap);
+    setCentralWidget(&root);
+    layOutHeader(nested<QHBoxLayout>(rows));
+
+    auto& middle = nested<QHBoxLayout>(rows, 1);
+    list_ = &owned<ControlList>(&root);
+    list_->setObjectName(QStringLiteral("controls"));
+    list_->setAccessibleName(tr("Controls"));
+    list_->setFixedWidth(kListWidth);
+    middle.addWidget(list_);
+    auto& right = nested<QVBoxLayout>(middle, 1);
+    picture_ = &owned<DevicePicture>(&root);
+    picture_->setAccessibleName(tr("Picture of the keyboard"));
+    right.addWidget(picture_, 1);
+    panes_ = &owned<ValuePanes>(&root);
+    panes_->setAccessibleName(tr("Settings"));
+    right.addWidget(panes_);
+
+    status_ = &owned<StatusLine>(&root);
+    status_->setAccessibleName(tr("Status line"));
+    rows.addWidget(status_);
+    resize(kUsualSize);
+}
+
+void MainWindow::layOutHeader(QHBoxLayout& header) {
+    QWidget* root = centralWidget();
+    const QStringList names{tr("Scene 1"), tr("Scene 2"), tr("Scene 3"), tr("Scene 4")};
+    scenes_ = &owned<SegmentBar>(names, root);
+    scenes_->setAccessibleName(tr("Scenes"));
+    header.addWidget(scenes_);
+    header.addStretch(1);
+
+    auto& label = owned<QLabel>(tr("Sho&w"), root);
+    label.setProperty("role", "field");
+    displayModes_ = &owned<PopUpBox>(root);
+    displayModes_->setObjectName(QStringLiteral("displaySelect"));
+    displayModes_->setAccessibleName(tr("What the picture shows"));
+    displayModes_->setFixedWidth(kModesWidth);
+    label.setBuddy(displayModes_);
+    header.addWidget(&label);
+    header.addWidget(displayModes_);
+    header.addSpacing(kGap);
+
+    readButton_ = &command(tr("Read"), tr("Read scenes"),
+                           tr("Read the four scenes from the controller (Ctrl+R)"), root);
+    sendButton_ = &command(tr("Send"), tr("Send scenes"),
+                           tr("Send the four scenes to the controller (Ctrl+Return)"), root);
+    sendButton_->setProperty("main", true);
+    header.addWidget(readButton_);
+    header.addWidget(sendButton_);
+}
+
+} // namespace scenewright

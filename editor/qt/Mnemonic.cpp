@@ -1,0 +1,17 @@
+#include "editor/qt/Mnemonic.h"
+
+namespace scenewright {
+
+QString withMnemonic(const QString& title, QString& taken) {
+    for (qsizetype place = 0; place < title.size(); ++place) {
+        const QChar letter = title[place].toLower();
+        if (!letter.isLetter() || taken.contains(letter))
+            continue;
+        taken.append(letter);
+        QString marked = title;
+        return marked.insert(place, QLatin1Char('&'));
+    }
+    return title;
+}
+
+} // namespace scenewright

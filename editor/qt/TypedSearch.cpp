@@ -1,0 +1,49 @@
+#include "editor/qt/TypedSearch.h"
+
+#include <algorithm>
+#include <array>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::chrono::seconds kPatience{1};
+
+bool isIt(const QString& entry, const QString& typed) {
+    return entry.compare(typed, Qt::CaseInsensitive) == 0;
+}
+
+bool beginsWithIt(const QString& entry, const QString& typed) {
+    return entry.startsWith(typed, Qt::CaseInsensitive);
+}
+
+bool hasWordOfIt(const QString& entry, const QString& typed) {
+    return entry.contains(QLatin1Char(' ') + typed, Qt::CaseInsensitive);
+}
+
+} // namespace
+
+int findTyped(const QStringList& entries, const QString& typed) {
+    constexpr std::array kRules{&isIt, &beginsWithIt, &hasWordOfIt};
+    for (const auto& rule : kRules) {
+        const auto found =
+            std::ranges::find_if(entries, [&](const QString& entry) { return rule(entry, typed); });
+        if (found != entries.end())
+            return static_cast<int>(found - entries.begin());
+    }
+    return -1;
+}
+
+int TypedSearch::type(const QString& text, const QStringList& entries, Clock::time_point now) {
+    if (now - last_ > kPatience)
+        typed_.clear();
+    last_ = now;
+    typed_ += text;
+    const int found = findTyped(entries, typed_);
+    if (found >= 0 || typed_ == text)
+        return found;
+    typed_ = text;
+    return findTyped(entries, typed_);
+}
+
+} // namespace scenewright

@@ -1,0 +1,170 @@
+#include "editor/qt/ValuePanes.h"
+
+#include "editor/ControlDescription.h"
+#include "editor/ValuePopUps.h"
+#include "editor/options/SettingOptions.h"
+#include "editor/qt/Mnemonic.h"
+#include "editor/qt/Owned.h"
+#include "editor/qt/Text.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kColumns = 5;
+constexpr int kRowGap = 5;
+// Letters of the menus and of the display popup, which are reached from everywhere.
+const QString kTakenEverywhere = QStringLiteral("fdvhw");
+
+using WritePane = void (ViewController::*)(Pane*);
+constexpr std::array<WritePane, kControlRanges.size()> kPaneOutlets{
+    &ViewController::setCommonView, &ViewController::setGroupView, &ViewController::setKnobView,
+    &ViewController::setSliderView, &ViewController::setPadView,   &ViewController::setKeyView};
+
+constexpr std::size_t placeOf(ControlKind kind) {
+    return static_cast<std::size_t>(kind);
+}
+
+QString colourWords(const Colour& colour) {
+    return ValuePanes::tr("Red %1, green %2, blue %3 of 255")
+        .arg(colour.red)
+        .arg(colour.green)
+        .arg(colour.blue);
+}
+
+} // namespace
+
+ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
+    auto& stack = owned<QGridLayout>(this);
+    stack.setContentsMargins(0, 0, 0, 0);
+    hint_ = &owned<QLabel>(tr("No control is chosen. Click one on the picture or in the list, or "
+                              "press Return on a row of the list."),
+                           this);
+    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setWordWrap(true);
+    hint_->setProperty("role", "hint");
+    stack.addWidget(hint_, 0, 0);
+    for (const ControlRange& range : kControlRanges)
+        makePane(range.kind);
+    sceneName_ = &owned<TextLine>(this);
+    addField(bodies_[placeOf(ControlKind::Common)], tr("Scene name"), *sceneName_);
+    for (const ValuePopUp& row : valuePopUps()) {
+        auto& box = owned<PopUpBox>(this);
+        box.setObjectName(shown(row.outlet->name));
+        popUps_[row.outlet->name] = &box;
+        addField(bodies_.at(placeOf(row.pane())), tr(settingTitle(row.setting).data()), box);
+    }
+    addSwatch(bodies_[placeOf(ControlKind::Pad)]);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void ValuePanes::makePane(ControlKind kind) {
+    Body& body = bodies_.at(placeOf(kind));
+    body.taken = kTakenEverywhere;
+    body.frame = &owned<PaneFrame>(this);
+    auto& column = owned<QVBoxLayout>(body.frame);
+    column.setContentsMargins(14, 9, 14, 12);
+    column.setSpacing(6);
+    body.heading = &owned<QLabel>(body.frame);
+    body.heading->setProperty("role", "heading");
+    column.addWidget(body.heading);
+    auto fields = std::make_unique<QGridLayout>();
+    body.fields = fields.get();
+    column.addLayout(fields.release()); // the column owns it from here
+    column.addStretch(1);
+    body.fields->setHorizontalSpacing(14);
+    body.fields->setVerticalSpacing(3);
+    for (int at = 0; at < kColumns; ++at)
+        body.fields->setColumnStretch(at, 1);
+    static_cast<QGridLayout*>(layout())->addWidget(body.frame, 0, 0);
+}
+
+void ValuePanes::addField(Body& body, const QString& title, QWidget& field) {
+    auto& label = owned<QLabel>(withMnemonic(title, body.taken), body.frame);
+    label.setProperty("role", "field");
+    label.setBuddy(&field);
+    label.setContentsMargins(1, body.count < kColumns ? 0 : kRowGap, 0, 0);
+    field.setAccessibleName(title);
+    const int row = body.count / kColumns * 2;
+    const int column = body.count % kColumns;
+    body.fields->addWidget(&label, row, column);
+    body.fields->addWidget(&field, row + 1, column);
+    ++body.count;
+}
+
+void ValuePanes::addSwatch(Body& body) {
+    swatch_ = &owned<QLabel>(body.frame);
+    swatch_->setAutoFillBackground(true);
+    addField(body, tr("Mixed colour"), *swatch_);
+}
+
+void ValuePanes::connectTo(ViewController& view) {
+    for (std::size_t kind = 0; kind < bodies_.size(); ++kind)
+        (view.*kPaneOutlets.at(kind))(bodies_.at(kind).frame);
+    view.setCommonSceneName(sceneName_);
+    for (const ValuePopUp& row : valuePopUps()) {
+        PopUpBox* box = popUps_.at(row.outlet->name);
+        (view.*row.outlet->write)(box);
+        connect(box, &QComboBox::activated, this, [this, box, &view, outlet = row.outlet] {
+            (view.*outlet->action)(*box);
+            emit edited();
+        });
+    }
+}
+
+void ValuePanes::show(const ViewController& view) {
+    for (const Body& body : bodies_)
+        body.heading->setText(shown(controlName(std::max(0, view.selectControl()))));
+    hint_->setVisible(
+        std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
+    const std::int32_t index = view.selectControl();
+    const ControlRange& pads = controlRange(ControlKind::Pad);
+    if (index >= pads.start && index < pads.end())
+        showSwatch(padColour(
+            *view.sceneValue()->buttonValueArray().at(static_cast<std::size_t>(index - 1))));
+}
+
+void ValuePanes::showSwatch(const Colour& colour) {
+    const QColor mixed(colour.red, colour.green, colour.blue);
+    swatch_->setStyleSheet(
+        QStringLiteral("background: %1; border: 1px solid #808080; border-radius: 7px;")
+            .arg(mixed.name()));
+    swatch_->setAccessibleDescription(colourWords(colour));
+    swatch_->setToolTip(colourWords(colour));
+}
+
+PaneFrame& ValuePanes::pane(ControlKind kind) const {
+    return *bodies_.at(placeOf(kind)).frame;
+}
+
+PopUpBox& ValuePanes::popUp(std::string_view outlet) const {
+    return *popUps_.at(outlet);
+}
+
+QSize ValuePanes::sizeHint() const {
+    QSize size(0, 0);
+    for (const Body& body : bodies_)
+        size = size.expandedTo(body.frame->sizeHint());
+    return size;
+}
+
+QSize ValuePanes::minimumSizeHint() const {
+    QSize size(0, 0);
+    for (const Body& body : bodies_)
+        size = size.expandedTo(body.frame->minimumSizeHint());
+    return size;
+}
+
+void ValuePanes::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        updateGeometry();
+}
+
+} // namespace scenewright

@@ -1,0 +1,70 @@
+// The six panes and the popups in them, built from the table of value popups.
+#pragma once
+
+#include "editor/ViewController.h"
+#include "editor/qt/PaneFrame.h"
+#include "editor/qt/PopUpBox.h"
+#include "editor/qt/TextFields.h"
+
+#include <QLabel>
+#include <QWidget>
+
+#include <array>
+#include <map>
+
+class QGridLayout;
+
+namespace scenewright {
+
+// One pane is seen at a time, or a hint when none is; the room that they take stays the same.
+class ValuePanes final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ValuePanes(QWidget* parent = nullptr);
+
+    // Sets the panes, the popups and the scene's name as outlets, and calls the view's actions.
+    // `view` must outlive the panes' last event.
+    void connectTo(ViewController& view);
+
+    // Brings headings, hint and the pad's mixed colour up to date.
+    void show(const ViewController& view);
+
+    [[nodiscard]] PaneFrame& pane(ControlKind kind) const;
+    [[nodiscard]] PopUpBox& popUp(std::string_view outlet) const;
+    // The pad's mixed colour, as it is shown beside the three levels.
+    [[nodiscard]] const QWidget& swatch() const { return *swatch_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+signals:
+    // The user chose a value, and the view has taken it.
+    void edited();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Body {
+        PaneFrame* frame = nullptr;
+        QLabel* heading = nullptr;
+        QGridLayout* fields = nullptr;
+        QString taken; // mnemonics in use
+        int count = 0;
+    };
+
+    void makePane(ControlKind kind);
+    void addField(Body& body, const QString& title, QWidget& field);
+    void addSwatch(Body& body);
+    void showSwatch(const Colour& colour);
+
+    // All are children of this widget.
+    std::array<Body, kControlRanges.size()> bodies_;
+    std::map<std::string_view, PopUpBox*> popUps_;
+    TextLine* sceneName_ = nullptr;
+    QLabel* swatch_ = nullptr;
+    QLabel* hint_ = nullptr;
+};
+
+} // namespace scenewright
