@@ -1,0 +1,115 @@
+// Takes the pictures of the window that the documentation shows: one of the editor, one of each
+// pane. `scenewright-screenshots FOLDER [--dark] [--size WIDTHxHEIGHT] [--modes]`; with --modes one
+// more of each display mode.
+#include "app/WindowAction.h"
+#include "editor/ControlDescription.h"
+#include "editor/qt/Appearance.h"
+#include "editor/qt/Ending.h"
+#include "editor/qt/MainLoop.h"
+#include "editor/qt/MainWindow.h"
+#include "editor/qt/Theme.h"
+#include "protocol/SceneImage.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <fmt/format.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+namespace scenewright {
+
+namespace {
+
+struct Order {
+    std::string folder;
+    std::string size;
+    bool isDark = false;
+    bool wantsModes = false;
+};
+
+// One control of each kind, with the name of its pane's picture.
+constexpr std::array<std::pair<std::int32_t, const char*>, 6> kPanes{
+    {{0, "common"}, {1, "group"}, {5, "knob"}, {9, "slider"}, {14, "pad"}, {23, "key"}}};
+
+void connectVirtualController() {
+    WindowAction::getSceneValue();
+    BankImage bank{};
+    auto place = bank.begin();
+    for (const auto& scene : WindowAction::scenes())
+        place = std::ranges::copy(encodeScene(*scene), place).out;
+    Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(bank)),
+                              [](std::chrono::nanoseconds) {});
+}
+
+bool keep(const QPixmap& picture, const Order& order, const std::string& name) {
+    const auto path = fmt::format("{}/{}.png", order.folder, name);
+    const bool isKept = picture.save(QString::fromStdString(path), "PNG");
+    if (!isKept)
+        fmt::print(stderr, "scenewright-screenshots: {}: cannot be written\n", path);
+    return isKept;
+}
+
+bool keepPanes(MainWindow& window, const Order& order) {
+    for (const auto& [control, name] : kPanes) {
+        if (control == 0)
+            window.scenes().segment(0).click();
+        else
+            window.picture().button(control)->click();
+        if (!keep(window.grab(), order, name))
+            return false;
+    }
+    return true;
+}
+
+bool keepModes(MainWindow& window, const Order& order) {
+    for (std::int32_t mode = 0; mode < window.displayModes().count(); ++mode) {
+        window.displayModes().selectItem(mode);
+        window.view().changeDispalyAction(window.displayModes());
+        if (!keep(window.grab(), order, fmt::format("mode-{}", mode)))
+            return false;
+    }
+    return true;
+}
+
+int takeAll(QApplication& application, const Order& order) {
+    const MainLoop loop;
+    Appearance appearance(application);
+    applyTheme(application, order.isDark);
+    connectVirtualController();
+    Ending ending;
+    MainWindow window(ending, appearance, true);
+    if (!order.size.empty()) {
+        const QStringList sides = QString::fromStdString(order.size).split(QLatin1Char('x'));
+        window.resize(sides.value(0).toInt(), sides.value(1).toInt());
+    }
+    window.show();
+    window.commands().read();
+    QApplication::processEvents();
+    window.picture().button(14)->click();
+    const bool isDone = keep(window.grab(), order, "editor") && keepPanes(window, order) &&
+                        keep(window.gainPanel().grab(), order, "gain") &&
+                        (!order.wantsModes || keepModes(window, order));
+    return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+} // namespace scenewright
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    CLI::App app("Takes the pictures of the documentation.", "scenewright-screenshots");
+    scenewright::Order order;
+    app.add_option("FOLDER", order.folder, "Where the pictures go")->required();
+    app.add_option("--size", order.size, "Size of the window, as WIDTHxHEIGHT");
+    app.add_flag("--dark", order.isDark, "In the dark colours");
+    app.add_flag("--modes", order.wantsModes, "One picture more of each display mode");
+    CLI11_PARSE(app, argc, argv);
+    QApplication application(argc, argv);
+    return scenewright::takeAll(application, order);
+}
