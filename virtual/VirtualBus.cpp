@@ -1,8 +1,5 @@
 #include "virtual/VirtualBus.h"
 
-#include "platform/Diagnostics.h"
-#include "platform/WholeFile.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -10,8 +7,7 @@ namespace scenewright {
 
 VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, std::filesystem::path bankFile,
                        VirtualIdentity identity)
-    : device_(std::move(device)), bankFile_(std::move(bankFile)), identity_(identity),
-      sendsKept_(device_->sendsEnded()) {}
+    : device_(std::move(device)), keeper_(std::move(bankFile)), identity_(identity) {}
 
 bool VirtualBus::isPresent() const {
     const std::lock_guard lock(mutex_);
@@ -46,7 +42,7 @@ ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> by
     if (owner_ != owner)
         return kResultNotOpen;
     const auto result = device_->receive(bytes);
-    keepBank();
+    keeper_.afterTransfer(*device_);
     changed_.notify_all();
     switch (result) {
     case VirtualController::WriteResult::Taken:
@@ -100,18 +96,7 @@ void VirtualBus::cancel() {
 
 std::optional<std::string> VirtualBus::bankTrouble() const {
     const std::lock_guard lock(mutex_);
-    return bankTrouble_;
-}
-
-void VirtualBus::keepBank() {
-    if (sendsKept_ == device_->sendsEnded())
-        return;
-    sendsKept_ = device_->sendsEnded();
-    if (bankFile_.empty())
-        return;
-    bankTrouble_ = writeWholeFile(bankFile_, device_->bank());
-    if (bankTrouble_)
-        Diagnostics::log("%s", *bankTrouble_);
+    return keeper_.trouble();
 }
 
 } // namespace scenewright

@@ -2,6 +2,7 @@
 // share. Every operation may be called from any thread.
 #pragma once
 
+#include "virtual/BankKeeper.h"
 #include "virtual/VirtualHost.h"
 
 #include <condition_variable>
@@ -30,17 +31,14 @@ public:
 
 private:
     [[nodiscard]] std::optional<ResultCode> whyNoRead(const void* owner) const;
-    void keepBank();
 
     mutable std::mutex mutex_; // guards all below but identity_
     std::condition_variable changed_;
     std::shared_ptr<VirtualController> device_;
-    std::filesystem::path bankFile_;
+    BankKeeper keeper_;
     const VirtualIdentity identity_;
     const void* owner_ = nullptr;
     bool isCancelled_ = false;
-    std::uint32_t sendsKept_ = 0;
-    std::optional<std::string> bankTrouble_;
 };
 
 } // namespace scenewright

@@ -1,0 +1,19 @@
+#include "virtual/BankKeeper.h"
+
+#include "platform/Diagnostics.h"
+#include "platform/WholeFile.h"
+
+namespace scenewright {
+
+void BankKeeper::afterTransfer(const VirtualController& controller) {
+    if (sendsKept_ == controller.sendsEnded())
+        return;
+    sendsKept_ = controller.sendsEnded();
+    if (file_.empty())
+        return;
+    trouble_ = writeWholeFile(file_, controller.bank());
+    if (trouble_)
+        Diagnostics::log("%s", *trouble_);
+}
+
+} // namespace scenewright

@@ -1,0 +1,46 @@
+#include "virtual/program/BankMemory.h"
+
+#include "model/FileAction.h"
+#include "platform/WholeFile.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::size_t kMostRead = std::size_t{1} << 20U; // enough to tell a wrong file's size
+
+void fillWithDefaults(BankImage& bank) {
+    auto place = bank.begin();
+    for (int number = 1; place != bank.end(); ++number) {
+        const auto scene = FileAction::GetSceneFromDefault();
+        scene->commonValue()->setSceneName(fmt::format("SCENE{}", number));
+        const SceneImage image = encodeScene(*scene);
+        place = std::copy(image.begin(), image.end(), place);
+    }
+}
+
+} // namespace
+
+std::optional<std::string> loadBankMemory(const std::filesystem::path& file, BankImage& bank) {
+    fillWithDefaults(bank);
+    if (file.empty())
+        return std::nullopt;
+    if (auto trouble = whyNotWritable(file))
+        return trouble;
+    if (!std::filesystem::exists(file))
+        return std::nullopt;
+    const FileBytes read = readWholeFile(file, kMostRead);
+    if (read.trouble)
+        return read.trouble;
+    if (read.bytes.size() != kBankSize)
+        return fmt::format("{}: a bank has {} bytes, and this file has {}", file.string(),
+                           kBankSize, read.bytes.size());
+    std::copy(read.bytes.begin(), read.bytes.end(), bank.begin());
+    return std::nullopt;
+}
+
+} // namespace scenewright

@@ -1,0 +1,92 @@
+#include "virtual/program/Options.h"
+
+#include "virtual/usbip/Listener.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <charconv>
+
+namespace scenewright {
+
+namespace {
+
+// Up to four hexadecimal digits, with or without "0x".
+std::optional<std::uint16_t> identifierFrom(std::string_view text) {
+    if (text.starts_with("0x") || text.starts_with("0X"))
+        text.remove_prefix(2);
+    std::uint16_t value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
+    return isWhole && text.size() <= 4 ? std::optional(value) : std::nullopt;
+}
+
+void takeIdentity(const std::string& text, VirtualIdentity& identity) {
+    const auto colon = text.find(':');
+    const auto vendor = identifierFrom(std::string_view(text).substr(0, colon));
+    const auto product = colon == text.npos
+                             ? std::nullopt
+                             : identifierFrom(std::string_view(text).substr(colon + 1));
+    if (!vendor || !product)
+        throw CLI::ValidationError(
+            "--identity",
+            fmt::format("'{}' must be two hexadecimal numbers, as in 1209:0001", text));
+    identity.vendor = *vendor;
+    identity.product = *product;
+}
+
+void takeFault(const std::string& text, FaultPlan& faults) {
+    std::string trouble;
+    const auto fault = parseFault(text, trouble);
+    if (!fault)
+        throw CLI::ValidationError("--fault", trouble);
+    faults.push_back(*fault);
+}
+
+std::string checkAddress(const std::string& text) {
+    if (usbip::Listener::isAddress(text))
+        return {};
+    return fmt::format("'{}' must be an address and a port, as in 127.0.0.1:3240", text);
+}
+
+} // namespace
+
+void addProgramOptions(CLI::App& app, ProgramOptions& options) {
+    auto* const listen =
+        app.add_option("--listen", options.listen, "Where usbip attaches: address and TCP port")
+            ->type_name("ADDR:PORT")
+            ->capture_default_str()
+            ->check(checkAddress);
+    app.add_option("--vhci", options.vhciPort,
+                   "Plug into this port of the kernel's vhci_hcd instead (needs root)")
+        ->type_name("PORT")
+        ->excludes(listen);
+    app.add_option("--bank", options.bank,
+                   "The controller's memory: read at the start if it exists, kept after each send")
+        ->type_name("FILE");
+    app.add_option_function<std::vector<std::string>>(
+           "--fault",
+           [&options](const std::vector<std::string>& texts) {
+               for (const std::string& text : texts)
+                   takeFault(text, options.faults);
+           },
+           "What goes wrong, and when (may be given again; see below)")
+        ->type_name("KIND:N")
+        ->allow_extra_args(false)
+        ->take_all();
+    app.add_option("--trace", options.trace, "One line a transfer; - is standard output")
+        ->type_name("FILE");
+    app.add_option_function<std::string>(
+           "--identity",
+           [&options](const std::string& text) { takeIdentity(text, options.identity); },
+           "Vendor and product in hexadecimal [1209:0001]")
+        ->type_name("VID:PID");
+    app.add_option("--interfaces", options.identity.interfaces,
+                   "1 leaves the MIDI interface out [2]")
+        ->type_name("COUNT")
+        ->check(CLI::Range(1, 2));
+    app.add_option("--resources", options.resources, "Where default.plist is, if there is no bank")
+        ->type_name("DIR");
+}
+
+} // namespace scenewright

@@ -1,0 +1,34 @@
+#include "virtual/usbip/Exported.h"
+
+#include "virtual/usbip/Descriptors.h"
+
+namespace scenewright::usbip {
+
+namespace {
+constexpr std::array<std::uint8_t, 3> kAudioControl{1, 1, 0};
+constexpr std::array<std::uint8_t, 3> kMidiStreaming{1, 3, 0};
+} // namespace
+
+DeviceRecord recordOf(const VirtualIdentity& identity) {
+    DeviceRecord record;
+    record.path = "/scenewright/virtual/1-1";
+    record.busId = "1-1";
+    record.busNumber = 1;
+    record.deviceNumber = 2;
+    record.speed = kFullSpeed;
+    record.vendor = identity.vendor;
+    record.product = identity.product;
+    record.release = kDeviceRelease;
+    record.configurationValue = kConfigurationValue;
+    record.configurations = 1;
+    record.interfaces = {kAudioControl};
+    if (identity.interfaces > kMidiInterface)
+        record.interfaces.push_back(kMidiStreaming);
+    return record;
+}
+
+std::uint32_t deviceNumberOf(const DeviceRecord& record) {
+    return record.busNumber << 16U | record.deviceNumber;
+}
+
+} // namespace scenewright::usbip
