@@ -26,9 +26,11 @@ struct CommandChoice {
 
 // Each adds its subcommand to `app`; parsing it fills in `choice`, which must outlive `app`.
 void addDefaultCommand(CLI::App& app, CommandChoice& choice);
+void addDevicesCommand(CLI::App& app, CommandChoice& choice);
 void addReadCommand(CLI::App& app, CommandChoice& choice);
 void addSendCommand(CLI::App& app, CommandChoice& choice);
 void addShowCommand(CLI::App& app, CommandChoice& choice);
+void addUdevRulesCommand(CLI::App& app, CommandChoice& choice);
 
 // One sentence on standard error, after the program's name; returns `exitCode`.
 int complain(std::string_view sentence, int exitCode);

@@ -51,9 +51,11 @@ int run(int argc, char** argv) {
     describe(app);
     addLaunchOptions(app, options);
     addDefaultCommand(app, choice);
+    addDevicesCommand(app, choice);
     addReadCommand(app, choice);
     addSendCommand(app, choice);
     addShowCommand(app, choice);
+    addUdevRulesCommand(app, choice);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& request) {

@@ -1,0 +1,18 @@
+// The keyboards that are accepted, as project.plist lists them.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace scenewright {
+
+struct DeviceIds {
+    std::int32_t vendor = 0;
+    std::int32_t product = 0;
+    friend bool operator==(const DeviceIds&, const DeviceIds&) = default;
+};
+
+// In the order of the list; empty when it is missing or cannot be read.
+[[nodiscard]] std::vector<DeviceIds> deviceList();
+
+} // namespace scenewright

@@ -1,0 +1,91 @@
+#include "cli/DeviceTable.h"
+
+#include "usb/ConnectCause.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace scenewright {
+
+namespace {
+
+bool isListed(const MidiDevice& device, const DeviceListPlace& list) {
+    const DeviceIds ids{.vendor = device.vendor, .product = device.product};
+    return std::ranges::find(list.devices, ids) != list.devices.end();
+}
+
+std::string linesToAdd(const MidiDevice& device) {
+    return fmt::format("    <dict>\n"
+                       "        <key>VID</key> <integer>{}</integer>\n"
+                       "        <key>PID</key> <integer>{}</integer>\n"
+                       "    </dict>\n",
+                       device.vendor, device.product);
+}
+
+// How a device that is not listed gets into the user's own list.
+std::string addingHelp(const MidiDevice& device, const DeviceListPlace& list) {
+    std::string help = "  listed: no\n";
+    if (list.inUse != list.userOwn && !list.inUse.empty())
+        help += fmt::format("  To add it, first copy {}\n  to {}, then\n", list.inUse.string(),
+                            list.userOwn.string());
+    else
+        help += fmt::format("  To add it, open {} and\n", list.userOwn.string());
+    return help + "  put these lines before the line </array>:\n\n" + linesToAdd(device) + "\n";
+}
+
+std::string paragraph(const MidiDevice& device, const DeviceListPlace& list) {
+    std::string text =
+        fmt::format("Bus {:03} Device {:03}: {:04x}:{:04x} {} {}\n", device.bus, device.address,
+                    device.vendor, device.product, device.maker.empty() ? "-" : device.maker,
+                    device.name.empty() ? "-" : device.name);
+    text += isListed(device, list) ? "  listed: yes\n" : addingHelp(device, list);
+    if (device.opening == kResultSuccess)
+        return text + "  can be opened: yes\n";
+    return text + fmt::format("  can be opened: no. {}.\n", causeAndCure(device.opening));
+}
+
+nlohmann::ordered_json object(const MidiDevice& device, const DeviceListPlace& list) {
+    const bool listed = isListed(device, list);
+    const bool canOpen = device.opening == kResultSuccess;
+    nlohmann::ordered_json object;
+    object["bus"] = device.bus;
+    object["address"] = device.address;
+    object["vendorId"] = device.vendor;
+    object["productId"] = device.product;
+    object["manufacturer"] = device.maker;
+    object["name"] = device.name;
+    object["listed"] = listed;
+    object["canOpen"] = canOpen;
+    object["cause"] = nullptr;
+    if (!canOpen)
+        object["cause"] = causeAndCure(device.opening);
+    object["linesToAdd"] = nullptr;
+    if (!listed)
+        object["linesToAdd"] = linesToAdd(device);
+    return object;
+}
+
+} // namespace
+
+std::string deviceTable(std::span<const MidiDevice> devices, const DeviceListPlace& list) {
+    if (devices.empty())
+        return "No USB device with a MIDI streaming interface is plugged in.\n";
+    std::string text;
+    for (const MidiDevice& device : devices)
+        text += paragraph(device, list);
+    return text;
+}
+
+std::string deviceJson(std::span<const MidiDevice> devices, const DeviceListPlace& list) {
+    constexpr int kIndent = 2;
+    auto array = nlohmann::ordered_json::array();
+    for (const MidiDevice& device : devices)
+        array.push_back(object(device, list));
+    using Json = nlohmann::ordered_json;
+    // A device's name is whatever the device says, valid or not.
+    return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace scenewright

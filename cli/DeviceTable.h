@@ -1,0 +1,31 @@
+// The plugged-in MIDI devices in words, and as JSON for programs.
+#pragma once
+
+#include "cli/DeviceList.h"
+#include "usb/MidiDevices.h"
+
+#include <filesystem>
+#include <span>
+#include <string>
+
+namespace scenewright {
+
+// What decides whether a device is accepted, and where a user would add one.
+struct DeviceListPlace {
+    std::vector<DeviceIds> devices;
+    std::filesystem::path inUse;   // the list that counts; empty if there is none
+    std::filesystem::path userOwn; // the one that a user may write
+};
+
+// A paragraph a device: where it is, what it is, whether it is listed and can be opened, and what
+// to do if not. Ends with a line feed.
+[[nodiscard]] std::string deviceTable(std::span<const MidiDevice> devices,
+                                      const DeviceListPlace& list);
+
+// An array with an object a device: bus, address, vendorId, productId, manufacturer, name, listed,
+// canOpen, cause (why it cannot be opened, or null) and linesToAdd (or null). Ends with a line
+// feed.
+[[nodiscard]] std::string deviceJson(std::span<const MidiDevice> devices,
+                                     const DeviceListPlace& list);
+
+} // namespace scenewright

@@ -1,0 +1,42 @@
+#include "cli/Command.h"
+#include "cli/DeviceTable.h"
+#include "platform/Resources.h"
+#include "usb/ConnectCause.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace scenewright {
+
+namespace {
+
+constexpr const char* kListFile = "project.plist";
+
+int printDevices(bool asJson) {
+    std::vector<MidiDevice> devices;
+    const ResultCode result = listMidiDevices(*makeLibusbApi(), devices);
+    if (result != kResultSuccess)
+        return complain(causeAndCure(result), kExitController);
+    const DeviceListPlace list{.devices = deviceList(),
+                               .inUse = Resources::find("project", "plist").value_or(""),
+                               .userOwn = Resources::userFolder() / kListFile};
+    fmt::print("{}", asJson ? deviceJson(devices, list) : deviceTable(devices, list));
+    return kExitDone;
+}
+
+} // namespace
+
+void addDevicesCommand(CLI::App& app, CommandChoice& choice) {
+    CLI::App* command =
+        app.add_subcommand("devices", "List the USB MIDI devices, and how to add one of them");
+    auto asJson = std::make_shared<bool>(false);
+    command->add_flag("--json", *asJson, "Print JSON, for programs");
+    command->callback([&choice, asJson] {
+        choice = {[asJson] { return printDevices(*asJson); }, false};
+    });
+}
+
+} // namespace scenewright

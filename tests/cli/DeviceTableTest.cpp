@@ -1,0 +1,106 @@
+#include "cli/DeviceTable.h"
+
+#include <gtest/gtest.h>
+
+namespace scenewright {
+namespace {
+
+const DeviceListPlace kList{.devices = {{0x1209, 0x0001}},
+                            .inUse = "/usr/share/scenewright/project.plist",
+                            .userOwn = "/home/me/.config/scenewright/project.plist"};
+
+const MidiDevice kKeyboard{.bus = 1,
+                           .address = 4,
+                           .vendor = 0x1209,
+                           .product = 0x0001,
+                           .maker = "Acme",
+                           .name = "Keys 25"};
+
+MidiDevice strangeKeyboard() {
+    MidiDevice device = kKeyboard;
+    device.product = 0x0002;
+    device.maker = "";
+    return device;
+}
+
+TEST(DeviceTable, SaysThatNothingIsPluggedIn) {
+    EXPECT_EQ(deviceTable({}, kList),
+              "No USB device with a MIDI streaming interface is plugged in.\n");
+    EXPECT_EQ(deviceJson({}, kList), "[]\n");
+}
+
+TEST(DeviceTable, AListedDeviceIsReadyForUse) {
+    EXPECT_EQ(deviceTable({{kKeyboard}}, kList), "Bus 001 Device 004: 1209:0001 Acme Keys 25\n"
+                                                 "  listed: yes\n"
+                                                 "  can be opened: yes\n");
+}
+
+TEST(DeviceTable, ADeviceThatIsNotListedComesWithTheLinesToAdd) {
+    EXPECT_EQ(deviceTable({{strangeKeyboard()}}, kList),
+              "Bus 001 Device 004: 1209:0002 - Keys 25\n"
+              "  listed: no\n"
+              "  To add it, first copy /usr/share/scenewright/project.plist\n"
+              "  to /home/me/.config/scenewright/project.plist, then\n"
+              "  put these lines before the line </array>:\n"
+              "\n"
+              "    <dict>\n"
+              "        <key>VID</key> <integer>4617</integer>\n"
+              "        <key>PID</key> <integer>2</integer>\n"
+              "    </dict>\n"
+              "\n"
+              "  can be opened: yes\n");
+}
+
+TEST(DeviceTable, AUserWithAListOfTheirOwnNeedNotCopyIt) {
+    DeviceListPlace own = kList;
+    own.inUse = own.userOwn;
+    EXPECT_NE(deviceTable({{strangeKeyboard()}}, own)
+                  .find("  To add it, open /home/me/.config/scenewright/project.plist and\n"
+                        "  put these lines before the line </array>:\n"),
+              std::string::npos);
+}
+
+TEST(DeviceTable, ADeviceThatCannotBeOpenedSaysWhy) {
+    MidiDevice device = kKeyboard;
+    device.opening = kResultNoDevice;
+    EXPECT_EQ(deviceTable({{device}}, kList),
+              "Bus 001 Device 004: 1209:0001 Acme Keys 25\n"
+              "  listed: yes\n"
+              "  can be opened: no. The keyboard was unplugged: plug it in and try again.\n");
+}
+
+TEST(DeviceTable, JsonHasTheSameForPrograms) {
+    EXPECT_EQ(deviceJson({{kKeyboard}}, kList), R"([
+  {
+    "bus": 1,
+    "address": 4,
+    "vendorId": 4617,
+    "productId": 1,
+    "manufacturer": "Acme",
+    "name": "Keys 25",
+    "listed": true,
+    "canOpen": true,
+    "cause": null,
+    "linesToAdd": null
+  }
+]
+)");
+}
+
+TEST(DeviceTable, JsonTellsCauseAndLines) {
+    MidiDevice device = strangeKeyboard();
+    device.opening = kResultBusy;
+    device.name = "\xFF";
+    const std::string json = deviceJson({{device}}, kList);
+    EXPECT_NE(json.find("\"canOpen\": false,\n    \"cause\": \"Another program is using the "
+                        "keyboard: close it and try again\",\n"),
+              std::string::npos);
+    EXPECT_NE(json.find("\"linesToAdd\": \"    <dict>\\n        <key>VID</key> "
+                        "<integer>4617</integer>\\n        <key>PID</key> "
+                        "<integer>2</integer>\\n    </dict>\\n\""),
+              std::string::npos);
+    EXPECT_NE(json.find("\"name\": \"\xEF\xBF\xBD\""), std::string::npos);
+}
+
+} // namespace
+} // namespace scenewright
