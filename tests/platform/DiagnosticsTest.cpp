@@ -9,7 +9,7 @@
 namespace scenewright {
 namespace {
 
-class DiagnosticsTest : public testing::Test {
+class DiagnosticsTest : public ::testing::Test {
 protected:
     void TearDown() override {
         Diagnostics::setConsole({});

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class MainQueueTest : public testing::Test {
+class MainQueueTest : public ::testing::Test {
 protected:
     void TearDown() override {
         MainQueue::adopt({});

@@ -1,7 +1,10 @@
 #include "platform/Resources.h"
 
 #include "platform/Diagnostics.h"
-#include "tests/platform/TemporaryFolder.h"
+#include "tests/platform/TextFile.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <array>
 #include <optional>
@@ -39,7 +42,7 @@ std::string listNaming(const std::string& text) {
     return "<plist version=\"1.0\"><string>" + text + "</string></plist>";
 }
 
-class ResourcesTest : public testing::Test {
+class ResourcesTest : public ::testing::Test {
 protected:
     ResourcesTest() {
         fs::create_directory(given_);
@@ -50,10 +53,10 @@ protected:
         Diagnostics::setLog({});
     }
 
-    TemporaryFolder folder_;
-    fs::path given_ = folder_ / "given";
-    fs::path user_ = folder_ / "config" / "scenewright";
-    Environment config_{"XDG_CONFIG_HOME", (folder_ / "config").string()};
+    testing::TempFolder folder_;
+    fs::path given_ = folder_.path() / "given";
+    fs::path user_ = folder_.path() / "config" / "scenewright";
+    Environment config_{"XDG_CONFIG_HOME", (folder_.path() / "config").string()};
     fs::path shared_ = fs::path(SCENEWRIGHT_BINARY_DIR) / "share" / "scenewright";
 };
 

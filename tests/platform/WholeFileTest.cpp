@@ -1,6 +1,9 @@
 #include "platform/WholeFile.h"
 
-#include "tests/platform/TemporaryFolder.h"
+#include "tests/platform/TextFile.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -23,7 +26,7 @@ mode_t modeOf(const fs::path& path) {
     return status.st_mode & 07777U;
 }
 
-class WholeFileTest : public testing::Test {
+class WholeFileTest : public ::testing::Test {
 protected:
     // Writes and asks beforehand: both must say the same.
     std::string troubleOfWriting(const fs::path& path) {
@@ -33,8 +36,8 @@ protected:
         return told;
     }
 
-    TemporaryFolder folder_;
-    fs::path file_ = folder_ / "a.bank";
+    testing::TempFolder folder_;
+    fs::path file_ = folder_.path() / "a.bank";
 };
 
 TEST_F(WholeFileTest, ReadsEveryByte) {
@@ -78,7 +81,7 @@ TEST_F(WholeFileTest, WhatCannotBeReadIsNamed) {
 TEST_F(WholeFileTest, WritesANewFileAndLeavesNothingElse) {
     EXPECT_EQ(troubleOfWriting(file_), "none");
     EXPECT_EQ(readText(file_), "new");
-    EXPECT_EQ(folder_.count(), 1);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 TEST_F(WholeFileTest, ANewFileHasTheModeThatTheUserAsksFor) {
@@ -94,28 +97,28 @@ TEST_F(WholeFileTest, ReplacesAFileAndKeepsItsPermissionBits) {
     EXPECT_EQ(troubleOfWriting(file_), "none");
     EXPECT_EQ(readText(file_), "new");
     EXPECT_EQ(modeOf(file_), 0604U);
-    EXPECT_EQ(folder_.count(), 1);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 TEST_F(WholeFileTest, FollowsASymbolicLink) {
-    fs::create_directory(folder_ / "elsewhere");
-    writeText(folder_ / "elsewhere" / "real", "old");
+    fs::create_directory(folder_.path() / "elsewhere");
+    writeText(folder_.path() / "elsewhere" / "real", "old");
     fs::create_symlink("elsewhere/real", file_);
     EXPECT_EQ(troubleOfWriting(file_), "none");
     EXPECT_TRUE(fs::is_symlink(file_));
-    EXPECT_EQ(readText(folder_ / "elsewhere" / "real"), "new");
+    EXPECT_EQ(readText(folder_.path() / "elsewhere" / "real"), "new");
 }
 
 TEST_F(WholeFileTest, FollowsASymbolicLinkToAFileThatIsNotThereYet) {
-    fs::create_symlink(folder_ / "later", file_);
+    fs::create_symlink(folder_.path() / "later", file_);
     EXPECT_EQ(troubleOfWriting(file_), "none");
     EXPECT_TRUE(fs::is_symlink(file_));
-    EXPECT_EQ(readText(folder_ / "later"), "new");
+    EXPECT_EQ(readText(folder_.path() / "later"), "new");
 }
 
 TEST_F(WholeFileTest, LinksInACircleAreTrouble) {
-    fs::create_symlink(folder_ / "other", file_);
-    fs::create_symlink(file_, folder_ / "other");
+    fs::create_symlink(folder_.path() / "other", file_);
+    fs::create_symlink(file_, folder_.path() / "other");
     EXPECT_EQ(troubleOfWriting(file_),
               "Cannot write " + file_.string() + ": Too many levels of symbolic links.");
 }
@@ -125,13 +128,13 @@ TEST_F(WholeFileTest, AFolderIsNotReplaced) {
               "Cannot write " + folder_.path().string() + ": it is a folder.");
     const std::string withSlash = folder_.path().string() + "/";
     EXPECT_EQ(troubleOfWriting(withSlash), "Cannot write " + withSlash + ": it is a folder.");
-    EXPECT_EQ(folder_.count(), 0);
+    EXPECT_EQ(folder_.names().size(), 0U);
 }
 
 TEST_F(WholeFileTest, AMissingFolderIsNamed) {
-    const fs::path path = folder_ / "none" / "a.bank";
+    const fs::path path = folder_.path() / "none" / "a.bank";
     EXPECT_EQ(troubleOfWriting(path), "Cannot write " + path.string() + ": " +
-                                          (folder_ / "none").string() +
+                                          (folder_.path() / "none").string() +
                                           ": No such file or directory.");
 }
 
@@ -156,7 +159,7 @@ TEST_F(WholeFileTest, WritesIntoTheWorkingFolder) {
     fs::current_path(folder_.path());
     EXPECT_EQ(troubleOfWriting("bare.bank"), "none");
     fs::current_path(former);
-    EXPECT_EQ(readText(folder_ / "bare.bank"), "new");
+    EXPECT_EQ(readText(folder_.path() / "bare.bank"), "new");
 }
 
 // Writes beyond `bytes` fail until the end of the scope, as they do on a full disk.
@@ -188,7 +191,7 @@ TEST_F(WholeFileTest, AWriteThatFailsHalfwayLeavesTheFormerFileAndNothingElse) {
     }
     EXPECT_EQ(trouble, "Cannot write " + file_.string() + ": File too large.");
     EXPECT_EQ(readText(file_), "old");
-    EXPECT_EQ(folder_.count(), 1);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 // Root may write anywhere; the process takes a user's place on the file system for the test.
@@ -220,7 +223,7 @@ TEST_F(WholeFileTest, AFolderThatOneMayNotWriteIsTroubleAndLeftAsItWas) {
     }
     ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
     EXPECT_EQ(readText(file_), "old");
-    EXPECT_EQ(folder_.count(), 1);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 TEST_F(WholeFileTest, AFileThatOneMayNotWriteIsTroubleThoughItsFolderIsOpen) {
@@ -233,7 +236,7 @@ TEST_F(WholeFileTest, AFileThatOneMayNotWriteIsTroubleThoughItsFolderIsOpen) {
                   "Cannot write " + file_.string() + ": Permission denied.");
     }
     EXPECT_EQ(readText(file_), "old");
-    EXPECT_EQ(folder_.count(), 1);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 } // namespace
