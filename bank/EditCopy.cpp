@@ -1,5 +1,4 @@
 #include "bank/Edit.h"
-
 #include "bank/MessageText.h"
 #include "bank/Path.h"
 
