@@ -25,8 +25,9 @@ public:
         std::variant<std::monostate, bool, std::int64_t, double, std::string, Array, Dictionary>;
 
     PropertyValue() = default;
-    // Of one of the node's kinds, or of a whole node.
+    // Of one of the node's kinds, or of a whole node. The constraint leaves copies and moves alone.
     template <typename T>
+    // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): constrained, as said above
     requires(!std::same_as<std::remove_cvref_t<T>, PropertyValue>) explicit PropertyValue(T&& value)
         : node_(std::forward<T>(value)) {}
 

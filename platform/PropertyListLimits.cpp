@@ -105,8 +105,7 @@ private:
 
     // An object's marker byte: its kind in the high nibble, its length in the low one, where 15
     // says that the length follows as an integer object.
-    static constexpr std::uint64_t kData = 0x4;
-    static constexpr std::uint64_t kAscii = 0x5;
+    static constexpr std::uint64_t kData = 0x4; // 0x5 is ASCII text
     static constexpr std::uint64_t kUtf16 = 0x6;
     static constexpr std::uint64_t kArray = 0xA;
     static constexpr std::uint64_t kSet = 0xC;
