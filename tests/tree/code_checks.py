@@ -1,0 +1,159 @@
+"""Runs a code checker over the tree: code_checks.py format|scripts|cppcheck|tidy ROOT BUILD
+
+What passed is kept under BUILD/checked by the digest of all that the answer depends on, so that a
+second run takes up only what has changed since.
+"""
+
+import concurrent.futures
+import functools
+import hashlib
+import json
+import os
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+import sources
+
+# Together with the compiler's own warnings. Suppressed: what cppcheck cannot know of the system's
+# headers, and functions that it sees no caller of because tests call them.
+CPPCHECK = [
+    "cppcheck",
+    "--quiet",
+    "--std=c++20",
+    "--language=c++",
+    "--enable=warning,performance,portability",
+    "--inline-suppr",
+    "--error-exitcode=1",
+    "--suppress=missingInclude",
+    "--suppress=missingIncludeSystem",
+    "--suppress=internalAstError",
+]
+
+_INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
+
+
+def run(command):
+    """(whether it went well, what it said)"""
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    return done.returncode == 0, done.stdout + done.stderr
+
+
+@functools.lru_cache(maxsize=None)
+def closure(root, name):
+    """A file and every file of the tree that it includes, directly or not."""
+    found = {name}
+    waiting = [name]
+    while waiting:
+        for include in _INCLUDE.findall((root / waiting.pop()).read_text(errors="replace")):
+            if include not in found and (root / include).is_file():
+                found.add(include)
+                waiting.append(include)
+    return tuple(sorted(found))
+
+
+class Passed:
+    """Remembers what passed; forgets it with any change of the parts."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        folder.mkdir(parents=True, exist_ok=True)
+
+    def mark(self, root, names, *parts):
+        digest = hashlib.sha256("\0".join(parts).encode())
+        for name in names:
+            digest.update(b"\0" + name.encode() + b"\0" + (root / name).read_bytes())
+        return self.folder / digest.hexdigest()
+
+
+def format_command(root, path):
+    return ["clang-format", "--dry-run", "-Werror", str(root / path)]
+
+
+def tidy_command(root, build, path):
+    return ["clang-tidy", "--quiet", f"-p={build}", str(root / path)]
+
+
+def program_units(root, build):
+    """The translation units of the programs with their compile commands; generated ones are left
+    out, and so are the tests, whose macros take the checker most of its time."""
+    entries = json.loads((build / "compile_commands.json").read_text())
+    for entry in entries:
+        path = Path(entry["file"])
+        inside = path.is_relative_to(root) and not path.is_relative_to(build)
+        if inside and path.relative_to(root).parts[0] != "tests":
+            yield path.relative_to(root).as_posix(), entry["command"]
+
+
+def check_one(root, passed, name, parts, command):
+    mark = passed.mark(root, closure(root, name), *parts)
+    if mark.exists():
+        return ""
+    good, output = run(command)
+    if good:
+        mark.touch()
+        return ""
+    return output or f"{name}: {command[0]} failed and said nothing"
+
+
+def check_all(root, build, kind, jobs):
+    """jobs: (name, what its answer depends on beside the files, command)"""
+    passed = Passed(build / "checked" / kind)
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        outputs = list(pool.map(lambda job: check_one(root, passed, *job), jobs))
+    return [output for output in outputs if output]
+
+
+def version(program):
+    return run([program, "--version"])[1]
+
+
+def format_jobs(root, _):
+    parts = [version("clang-format"), (root / ".clang-format").read_text()]
+    return [(p.as_posix(), parts, format_command(root, p)) for p in sources.files(root)]
+
+
+def tidy_jobs(root, build):
+    parts = [version("clang-tidy"), (root / ".clang-tidy").read_text()]
+    return [
+        (name, [*parts, command], tidy_command(root, build, name))
+        for name, command in program_units(root, build)
+    ]
+
+
+def cppcheck_jobs(root, build):
+    parts = [version("cppcheck"), " ".join(CPPCHECK)]
+    return [
+        (name, parts, [*CPPCHECK, f"-I{root}", str(root / name)])
+        for name, _ in program_units(root, build)
+    ]
+
+
+def scripts(root):
+    """The shell scripts, known by their first line wherever they stand."""
+    for path in [*sources.files(root, [""]), Path(".ci/run")]:
+        if not path.suffix and (root / path).is_file():
+            with open(root / path, "rb") as file:
+                if file.read(32).startswith((b"#!/bin/bash\n", b"#!/bin/sh\n")):
+                    yield path.as_posix()
+
+
+def script_jobs(root, _):
+    parts = [version("shellcheck")]
+    return [(name, parts, ["shellcheck", str(root / name)]) for name in scripts(root)]
+
+
+JOBS = {
+    "format": format_jobs,
+    "scripts": script_jobs,
+    "cppcheck": cppcheck_jobs,
+    "tidy": tidy_jobs,
+}
+
+if __name__ == "__main__":
+    kind, root, build = sys.argv[1], Path(sys.argv[2]).resolve(), Path(sys.argv[3]).resolve()
+    jobs = JOBS[kind](root, build)
+    if not jobs:
+        sys.exit(f"nothing to check in {root}")
+    sys.exit(sources.report(check_all(root, build, kind, jobs)))

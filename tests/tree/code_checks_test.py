@@ -1,0 +1,90 @@
+"""Each code checker is shown a tree with the fault it looks for, and one without."""
+
+import json
+import shutil
+import tempfile
+import unittest
+from pathlib import Path
+
+import code_checks
+
+ROOT = Path(__file__).resolve().parents[2]
+
+CLEAN = "int twice(int value) {\n    return 2 * value;\n}\n"
+FAULTS = {
+    "format": "int   twice(int value)\n{ return 2*value; }\n",
+    "cppcheck": "int first() {\n    int list[2] = {1, 2};\n    return list[2];\n}\n",
+    "tidy": "int late() {\n    int value;\n    value = 1;\n    return value;\n}\n",
+}
+SCRIPT_FAULT = "#!/bin/bash\nrm -r $1/*\n"
+
+
+class CodeChecks(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name).resolve()
+        self.build = self.root / "build"
+        self.build.mkdir()
+        for name in (".clang-format", ".clang-tidy"):
+            shutil.copy(ROOT / name, self.root)
+        self.write("model/Clean.cpp", CLEAN)
+
+    def write(self, path, text):
+        target = self.root / path
+        target.parent.mkdir(parents=True, exist_ok=True)
+        target.write_text(text, encoding="utf-8")
+        if target.suffix == ".cpp":
+            entries = [
+                {"directory": str(self.root), "file": str(file), "command": f"c++ -c {file}"}
+                for file in self.root.glob("**/*.cpp")
+            ]
+            (self.build / "compile_commands.json").write_text(json.dumps(entries))
+
+    def outputs(self, kind):
+        jobs = code_checks.JOBS[kind](self.root, self.build)
+        self.assertTrue(jobs)
+        code_checks.closure.cache_clear()
+        return code_checks.check_all(self.root, self.build, kind, jobs)
+
+    def test_each_checker_passes_clean_code_and_finds_its_fault(self):
+        for kind, fault in FAULTS.items():
+            with self.subTest(kind):
+                self.write("model/Fault.cpp", CLEAN)
+                self.assertEqual(self.outputs(kind), [])
+                self.write("model/Fault.cpp", fault)
+                outputs = self.outputs(kind)
+                self.assertEqual(len(outputs), 1)
+                self.assertIn("Fault.cpp", outputs[0])
+
+    def test_a_fault_is_told_again_until_it_is_mended(self):
+        self.write("model/Fault.cpp", FAULTS["format"])
+        self.assertEqual(self.outputs("format"), self.outputs("format"))
+        self.assertEqual(len(self.outputs("format")), 1)
+
+    def test_a_fault_in_a_header_is_found_after_its_includer_passed(self):
+        self.write("model/Part.h", "#pragma once\nint part();\n")
+        self.write("model/Whole.cpp", '#include "model/Part.h"\nint whole() {\n    return 1;\n}\n')
+        self.assertEqual(self.outputs("format"), [])
+        marks = len(list((self.build / "checked/format").iterdir()))
+        self.write("model/Part.h", "#pragma once\nint part( );\n")
+        self.assertEqual(len(self.outputs("format")), 1)
+        # The includer was looked at anew beside the header.
+        self.assertEqual(len(list((self.build / "checked/format").iterdir())), marks + 1)
+
+    def test_scripts_are_found_by_their_first_line(self):
+        self.write("go", "#!/bin/bash\nexit 0\n")
+        self.write("notes", "rm -r $1/*\n")
+        self.assertEqual(self.outputs("scripts"), [])
+        self.write("go", SCRIPT_FAULT)
+        self.assertEqual(len(self.outputs("scripts")), 1)
+
+    def test_tests_and_generated_files_are_no_program_units(self):
+        self.write("tests/model/ATest.cpp", CLEAN)
+        self.write("build/Generated.cpp", CLEAN)
+        names = [name for name, _ in code_checks.program_units(self.root, self.build)]
+        self.assertEqual(names, ["model/Clean.cpp"])
+
+
+if __name__ == "__main__":
+    unittest.main()
