@@ -7,6 +7,7 @@
 #include <fmt/printf.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 
 namespace scenewright {
@@ -24,7 +25,7 @@ struct Phrase {
 using enum ControlKind;
 using enum ControlCondition;
 
-constexpr Phrase kPhrases[] = {
+constexpr auto kPhrases = std::to_array<Phrase>({
     {Common, Always, "global channel %s", "GlobalMIDICh"},
     {Common, Always, "keyboard channel %s", "PianoKeyCh"},
     {Common, Always, "pitch-bend speed %s", "PitchBendSpeed"},
@@ -56,7 +57,7 @@ constexpr Phrase kPhrases[] = {
     {Key, Assigned, "behavior %s", "KeyBehavior"},
     {Key, Controller, "on %s", "OnValue"},
     {Key, Controller, "off %s", "OffValue"},
-};
+});
 
 const ControlRange* rangeOf(std::int32_t index) {
     const auto* range =

@@ -42,10 +42,10 @@ constexpr std::int32_t kAnyMode = -1;
 
 // What a control shows in a mode when the condition holds. Without a field the format is the title.
 struct Row {
-    std::int32_t mode;
-    std::uint8_t kinds;
-    ControlCondition when;
-    const char* format;
+    std::int32_t mode = kAnyMode;
+    std::uint8_t kinds = 0;
+    ControlCondition when = ControlCondition::Always;
+    const char* format = "";
     const IndexField<ButtonValue>* field = nullptr;
     const OptionList* list = nullptr;
 };
@@ -58,7 +58,7 @@ using enum ControlCondition;
 // for their assign type, in modes 3 and 4; knobs and sliders show `KeyBehavior` in mode 5. All
 // three are what the editor has always shown.
 // clang-format off
-constexpr Row kRows[] = {
+constexpr auto kRows = std::to_array<Row>({
     {kAnyMode, kGroups, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
     {0, kPads, Assigned, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
     {0, kTravel | kKeys, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
@@ -77,7 +77,7 @@ constexpr Row kRows[] = {
     {6, kTravel, Enabled, "OFF\n%s", &B::OffValueField, &P::display_OnValue_ArrayList},
     {7, kAssigned, Controller, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
     {7, kTravel, Enabled, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
-};
+});
 // clang-format on
 
 DisplaySummary summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
@@ -100,7 +100,7 @@ DisplaySummary displaySummary(const PopUpValue& lists, ControlKind kind, const B
         return (candidate.mode == mode || candidate.mode == kAnyMode) &&
                (candidate.kinds & setOf(kind)) != 0 && holds(candidate.when, record);
     });
-    return row == std::end(kRows) ? DisplaySummary{} : summaryOf(*row, lists, record);
+    return row == kRows.end() ? DisplaySummary{} : summaryOf(*row, lists, record);
 }
 
 std::optional<OutsideList> outsideList(const Titles& titles, std::string_view field,

@@ -20,14 +20,14 @@ using enum ExtraRule;
 constexpr std::int32_t kConstantCurve = 3;
 
 consteval ValuePopUp common(const ValueOutlet& outlet, const IndexField<CommonValue>& field,
-                            ExtraRule rule = None, const ValueOutlet* driver = nullptr) {
-    return {&outlet,
-            Setting(field),
-            &field,
-            nullptr,
-            rule,
-            driver,
-            driver == nullptr ? EnableWhen::Always : EnableWhen::ConstantCurve};
+                            ExtraRule rule = None) {
+    return {&outlet, Setting(field), &field, nullptr, rule, nullptr, EnableWhen::Always};
+}
+
+// A velocity that is used only when the curve that `driver` shows is the constant one.
+consteval ValuePopUp constant(const ValueOutlet& outlet, const IndexField<CommonValue>& field,
+                              const ValueOutlet& driver) {
+    return {&outlet, Setting(field), &field, nullptr, None, &driver, EnableWhen::ConstantCurve};
 }
 
 consteval ValuePopUp control(ControlKind kind, const ValueOutlet& outlet,
@@ -44,9 +44,9 @@ constexpr std::array<ValuePopUp, kSettingCount> kRows{{
     common(V::commonPitchBendSpeedOutlet, C::PitchBendSpeedField),
     common(V::commonKeyTransposeOutlet, C::KeyTransposeField),
     common(V::commonKeyVelocityCurveOutlet, C::KeyVelocityCurveField, EnablesOthers),
-    common(V::commonKeyConstVelocityOutlet, C::KeyConstVelocityField, None, &V::commonKeyVelocityCurveOutlet),
+    constant(V::commonKeyConstVelocityOutlet, C::KeyConstVelocityField, V::commonKeyVelocityCurveOutlet),
     common(V::commonPadVelocityCurveOutlet, C::PadVelocityCurveField, EnablesOthers),
-    common(V::commonPadConstVelocityOutlet, C::PadConstVelocityField, None, &V::commonPadVelocityCurveOutlet),
+    constant(V::commonPadConstVelocityOutlet, C::PadConstVelocityField, V::commonPadVelocityCurveOutlet),
 
     control(Group, V::groupMIDIChannelOutlet, B::MIDIChannelField),
 

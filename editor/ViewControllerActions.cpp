@@ -34,7 +34,7 @@ void ViewController::changeValue(const PopUp& sender, const ValueOutlet& outlet)
 
 void ViewController::applyRule(const ValuePopUp& row, std::int32_t value) {
     enableDependents(row, value);
-    if (row.rule == ExtraRule::AssignType && value != kAssignOff)
+    if (row.rule == ExtraRule::AssignType)
         offerNumbers(numberRowOf(row));
 }
 

@@ -2,6 +2,9 @@
 #include "editor/ViewController.h"
 #include "platform/Diagnostics.h"
 
+#include <algorithm>
+#include <array>
+
 namespace scenewright {
 
 namespace {
@@ -95,15 +98,13 @@ void ViewController::setTextColor_color(Button& button, const Colour& colour) {
 }
 
 std::optional<ControlKind> ViewController::kindOf(std::int32_t index) const {
-    const std::int32_t ends[] = {group_start(), knob_start(), slider_start(),
-                                 pad_start(),   key_start(),  all()};
-    if (index < common_start())
+    // Every kind but the last ends where the next one starts; the order is that of ControlKind.
+    const std::array ends{group_start(), knob_start(), slider_start(),
+                          pad_start(),   key_start(),  all()};
+    if (index < common_start() || index >= all())
         return std::nullopt;
-    for (std::size_t kind = 0; kind < std::size(ends); ++kind) {
-        if (index < ends[kind])
-            return static_cast<ControlKind>(kind);
-    }
-    return std::nullopt;
+    const auto* end = std::ranges::find_if(ends, [index](std::int32_t e) { return index < e; });
+    return static_cast<ControlKind>(end - ends.begin());
 }
 
 std::int32_t ViewController::rowCount() {

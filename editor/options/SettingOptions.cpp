@@ -3,6 +3,7 @@
 #include "model/Control.h"
 
 #include <algorithm>
+#include <array>
 
 namespace scenewright {
 
@@ -20,7 +21,7 @@ struct Row {
 
 using enum ControlKind;
 
-constexpr Row kRows[] = {
+constexpr auto kRows = std::to_array<Row>({
     {Common, "GlobalMIDICh", &P::common_GlobalMIDICh_ArrayList, nullptr, "Global MIDI channel"},
     {Common, "PianoKeyCh", &P::common_PianoKeyCh_ArrayList, nullptr, "Keyboard MIDI channel"},
     {Common, "PitchBendSpeed", &P::common_PitchBendSpeed_ArrayList, nullptr, "Pitch-bend speed"},
@@ -58,7 +59,7 @@ constexpr Row kRows[] = {
     {Key, "OnValue", &P::key_OnValue_ArrayList, nullptr, "On value"},
     {Key, "OffValue", &P::key_OffValue_ArrayList, nullptr, "Off value"},
     {Key, "KeyBehavior", &P::key_KeyBehavior_ArrayList, nullptr, "Behavior"},
-};
+});
 static_assert(std::size(kRows) == kSettingCount);
 
 // Null for a field that the kind does not carry.
@@ -66,7 +67,7 @@ const Row* rowOf(const Setting& setting) {
     const auto* row = std::ranges::find_if(kRows, [&](const Row& candidate) {
         return candidate.kind == setting.kind() && candidate.field == setting.name();
     });
-    return row == std::end(kRows) ? nullptr : row;
+    return row == kRows.end() ? nullptr : row;
 }
 
 std::int32_t assignTypeOf(const SceneValue& scene, const Row& row, std::int32_t member) {
