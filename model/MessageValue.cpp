@@ -21,15 +21,16 @@ void MessageValue::addObserver(std::string key, Observer observer) {
 }
 
 void MessageValue::write(Text& field, std::string_view key, Text value) {
-    field = value;
+    field = std::move(value);
     const auto observers = observers_.find(key);
     if (observers == observers_.end())
         return;
-    // The count as it is now, and `value` rather than the field: an observer may add others, and
-    // may write the field itself.
+    // The count and the text as they are now: an observer may add others, and may write the field
+    // itself.
+    const Text written = field;
     const std::size_t count = observers->second.size();
     for (std::size_t i = 0; i < count; ++i)
-        observers->second[i](key, value);
+        observers->second[i](key, written);
 }
 
 } // namespace scenewright

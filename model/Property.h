@@ -25,11 +25,10 @@ using PropertyRead = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 template <typename Record>
 struct IndexField {
     std::string_view name;
-    std::int32_t (Record::*read)() const;
-    void (Record::*write)(std::int32_t);
+    std::int32_t Record::*member; // for of() and set() alone
 
-    [[nodiscard]] std::int32_t of(const Record& record) const { return (record.*read)(); }
-    void set(Record& record, std::int32_t value) const { (record.*write)(value); }
+    [[nodiscard]] constexpr std::int32_t of(const Record& record) const { return record.*member; }
+    constexpr void set(Record& record, std::int32_t value) const { record.*member = value; }
 };
 
 } // namespace scenewright
@@ -50,8 +49,7 @@ private:                                                                        
 #define SCENEWRIGHT_INDEX(Record, Name, SetName)                                                   \
     SCENEWRIGHT_PROPERTY(std::int32_t, Name, SetName)                                              \
 public:                                                                                            \
-    static constexpr ::scenewright::IndexField<Record> Name##Field{#Name, &Record::Name,           \
-                                                                   &Record::SetName};              \
+    static constexpr ::scenewright::IndexField<Record> Name##Field{#Name, &Record::Name##_};       \
                                                                                                    \
 private:
 // NOLINTEND(bugprone-macro-parentheses)

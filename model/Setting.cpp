@@ -31,7 +31,7 @@ void Setting::write(const SceneValue& scene, std::int32_t member, std::int32_t v
 }
 
 const Setting* findSetting(ControlKind kind, std::string_view name) {
-    const auto found = std::ranges::find_if(kSettings, [&](const Setting& setting) {
+    const auto* const found = std::ranges::find_if(kSettings, [&](const Setting& setting) {
         return setting.kind() == kind && setting.name() == name;
     });
     return found != kSettings.end() ? &*found : nullptr;

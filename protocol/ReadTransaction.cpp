@@ -61,7 +61,7 @@ SceneImage readImage(std::int32_t pass, MessageValue& message) {
 
 BankImage readBank(MessageValue& message) {
     BankImage bank{};
-    auto end = bank.begin();
+    auto* end = bank.begin();
     for (std::int32_t pass = 1; pass <= kSceneCount; ++pass)
         end = std::ranges::copy(readImage(pass, message), end).out;
     return bank;
