@@ -1,10 +1,10 @@
 // The main editor view: which scene and which control are chosen, what the panes and the device
 // picture show of them, and what a user's choice writes into the scene.
 //
-// The owner of the window sets every outlet, then calls viewDidLoad() once. Outlets are the
-// owner's; they outlive the view, which lives as long as the process's progress record is written
-// or simply ends before it. The scene that the view edits is the stored one, shared: a choice is
-// live in it at once. Main thread only.
+// The owner of the window sets every outlet, then calls viewDidLoad() once; only `message` may be
+// missing. Outlets are the owner's and outlive the view. The view may end before the progress
+// record that it observes. The scene that it edits is the stored one, shared: a choice is live in
+// it at once. Main thread only.
 #pragma once
 
 #include "editor/ValueOutlet.h"
@@ -112,7 +112,7 @@ public:
     ViewController& operator=(ViewController&&) = delete;
     ~ViewController() override = default;
 
-    // Set-up. A scene index or a picture that is missing is the caller's fault.
+    // Set-up.
     void viewDidLoad();
     void viewDidAppear() {}
     void setUI();
