@@ -73,6 +73,13 @@ std::string differenceLine(const Difference& difference) {
     return fmt::format("{}  {}", pathOf(difference.place), differenceWords(difference));
 }
 
+std::string differenceLines(const std::vector<Difference>& list) {
+    std::string lines;
+    for (const Difference& difference : list)
+        lines += differenceLine(difference) + "\n";
+    return lines;
+}
+
 std::string differencesJson(const std::vector<Difference>& list) {
     std::string json = "[";
     for (const Difference& difference : list)

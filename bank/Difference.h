@@ -26,6 +26,8 @@ struct Difference {
 [[nodiscard]] std::string differenceWords(const Difference& difference);
 // "scene1.pad3.AssignType  Scene 1, Pad 3, Type: CC -> Note".
 [[nodiscard]] std::string differenceLine(const Difference& difference);
+// Such a line for each, ended by a line feed.
+[[nodiscard]] std::string differenceLines(const std::vector<Difference>& list);
 
 // A JSON array with an object for each, that ends in a line feed: "path", "words", and "first" and
 // "second", objects of "value" and, where there is one, "title".

@@ -24,11 +24,25 @@ struct CommandChoice {
     bool usesController = false;
 };
 
+// What the help says of arguments that several commands take.
+inline constexpr const char* kBankHelp = "The bank, an image or JSON; - is standard input";
+inline constexpr const char* kNewBankHelp =
+    "The bank to write, as JSON if it ends in .json; - is standard output";
+inline constexpr const char* kChangedBankHelp =
+    "The bank to change; - is standard input and then standard output";
+inline constexpr const char* kPathHelp =
+    "Such as scene1.pad3.CR, scene2.common.KeyTranspose, scene*.knob*.Enable";
+
 // Each adds its subcommand to `app`; parsing it fills in `choice`, which must outlive `app`.
+void addConvertCommand(CLI::App& app, CommandChoice& choice);
+void addCopyCommand(CLI::App& app, CommandChoice& choice);
 void addDefaultCommand(CLI::App& app, CommandChoice& choice);
 void addDevicesCommand(CLI::App& app, CommandChoice& choice);
+void addDiffCommand(CLI::App& app, CommandChoice& choice);
+void addGetCommand(CLI::App& app, CommandChoice& choice);
 void addReadCommand(CLI::App& app, CommandChoice& choice);
 void addSendCommand(CLI::App& app, CommandChoice& choice);
+void addSetCommand(CLI::App& app, CommandChoice& choice);
 void addShowCommand(CLI::App& app, CommandChoice& choice);
 void addUdevRulesCommand(CLI::App& app, CommandChoice& choice);
 

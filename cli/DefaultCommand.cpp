@@ -1,5 +1,5 @@
 #include "app/WindowAction.h"
-#include "bank/BankFile.h"
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
 
 #include <CLI/CLI.hpp>
@@ -13,10 +13,15 @@ namespace {
 
 int writeDefaults(const std::string& out) {
     WindowAction::getSceneValue();
-    if (const auto trouble = writeBank(out, WindowAction::scenes()))
+    if (const auto trouble =
+            storeBank(out, WindowAction::scenes(), formForArgument(out, BankForm::Image)))
         return complain(*trouble, kExitUsage);
     return kExitDone;
 }
+
+constexpr const char* kFooter = "Examples:\n"
+                                "  scenewright-cli default fresh.bank\n"
+                                "  scenewright-cli default - | scenewright-cli show - --scene 1\n";
 
 } // namespace
 
@@ -24,7 +29,8 @@ void addDefaultCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command =
         app.add_subcommand("default", "Write a bank of four default scenes, SCENE1 to SCENE4");
     auto out = std::make_shared<std::string>();
-    command->add_option("OUT", *out, "The bank file to write (1012 bytes)")->required();
+    command->add_option("OUT", *out, kNewBankHelp)->required();
+    command->footer(kFooter);
     command->callback([&choice, out] { choice = {[out] { return writeDefaults(*out); }, false}; });
 }
 

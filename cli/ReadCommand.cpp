@@ -1,9 +1,6 @@
-#include "app/WindowAction.h"
-#include "bank/BankFile.h"
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/ProgressLine.h"
-#include "cli/TallyReport.h"
-#include "platform/WholeFile.h"
+#include "cli/Transaction.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,28 +12,30 @@ namespace scenewright {
 namespace {
 
 int readToFile(const std::string& out) {
-    if (const auto trouble = whyNotWritable(out))
+    if (const auto trouble = whyNotStorable(out))
         return complain(*trouble, kExitUsage);
-    const auto message = WindowAction::getMessageValue();
-    {
-        const ProgressLine progress("Reading", kReadPackets);
-        WindowAction::readSceneData();
-    }
-    if (connectFailed(*message))
-        return complainOfConnection();
-    if (const auto report = readReport(Transport::instance().tally()))
-        return complain(*report, kExitController);
-    if (const auto trouble = writeBank(out, WindowAction::scenes()))
+    const auto scenes = readController("no file was written");
+    if (!scenes)
+        return kExitController;
+    if (const auto trouble = storeBank(out, *scenes, formForArgument(out, BankForm::Image)))
         return complain(*trouble, kExitUsage);
     return kExitDone;
 }
+
+constexpr const char* kFooter =
+    "OUT is written only if every byte came from the controller, and then whole.\n\n"
+    "Examples:\n"
+    "  scenewright-cli read live.bank\n"
+    "  scenewright-cli read live.json             to be read and changed with any editor of texts\n"
+    "  scenewright-cli read - | scenewright-cli show -\n";
 
 } // namespace
 
 void addReadCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command = app.add_subcommand("read", "Read the four scenes from the controller");
     auto out = std::make_shared<std::string>();
-    command->add_option("OUT", *out, "The bank file to write (1012 bytes)")->required();
+    command->add_option("OUT", *out, kNewBankHelp)->required();
+    command->footer(kFooter);
     command->callback([&choice, out] { choice = {[out] { return readToFile(*out); }, true}; });
 }
 

@@ -1,48 +1,126 @@
 #include "app/WindowAction.h"
-#include "bank/BankFile.h"
+#include "bank/Difference.h"
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/ProgressLine.h"
-#include "cli/TallyReport.h"
-#include "protocol/SendJob.h"
+#include "cli/Transaction.h"
+#include "editor/options/PopUpValue.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
-#include <chrono>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
+#include <system_error>
 
 namespace scenewright {
 
 namespace {
 
-int sendFile(const std::string& in) {
-    BankFile bank = readBank(in);
-    if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
-    WindowAction::setScenes(std::move(bank.scenes));
-    const auto message = WindowAction::getMessageValue();
-    {
-        const ProgressLine progress("Sending", kSendPackets);
-        WindowAction::sendSceneData();
-        while (!SendJob::waitForEnd(std::chrono::hours(1))) {
-            // A device that does not answer is waited for without limit.
-        }
-    }
-    SendJob::join();
-    if (connectFailed(*message))
-        return complainOfConnection();
-    if (const auto report = sendReport(Transport::instance().tally()))
-        return complain(*report, kExitController);
+struct SendOptions {
+    std::string in;
+    std::string backup; // empty for none
+    bool isVerified = false;
+    bool isDryRun = false;
+};
+
+std::string settingsCount(std::size_t count) {
+    return count == 1 ? "1 setting" : fmt::format("{} settings", count);
+}
+
+int tellWhatWouldChange(const SceneList& scenes) {
+    const auto held = readController("it is not known what would change");
+    if (!held)
+        return kExitController;
+    const auto list = differences(*WindowAction::InitializePopUp(), *held, scenes);
+    if (list.empty())
+        return printAndEnd("Nothing would change.\n", kExitDone);
+    return printAndEnd(differenceLines(list), kExitDone);
+}
+
+// The exit code; kExitDone when the backup is written.
+int keepBackup(const std::string& file) {
+    const auto held = readController("there is no backup and nothing was sent");
+    if (!held)
+        return kExitController;
+    if (const auto trouble = storeBank(file, *held, formForArgument(file, BankForm::Image)))
+        return complain(*trouble, kExitUsage);
     return kExitDone;
 }
+
+int verify(const SceneList& sent) {
+    const auto held = readController("the scenes could not be compared");
+    if (!held)
+        return kExitController;
+    const auto list = differences(*WindowAction::InitializePopUp(), sent, *held);
+    if (list.empty())
+        return printAndEnd("The controller holds what was sent.\n", kExitDone);
+    if (const auto trouble = printOut(differenceLines(list)))
+        complain(*trouble, kExitController);
+    return complain(fmt::format("the controller does not hold what was sent: {} differ{}",
+                                settingsCount(list.size()), list.size() == 1 ? "s" : ""),
+                    kExitController);
+}
+
+std::optional<std::string> backupTrouble(const SendOptions& options) {
+    if (options.backup.empty())
+        return std::nullopt;
+    if (options.isVerified && isStream(options.backup))
+        return "--backup - and --verify both write to standard output";
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.in, options.backup, ignored))
+        return options.backup + ": the backup would overwrite the bank that is to be sent";
+    return whyNotStorable(options.backup);
+}
+
+int sendBank(const SendOptions& options) {
+    const BankFile bank = loadBank(options.in);
+    if (bank.trouble)
+        return complain(*bank.trouble, kExitUsage);
+    if (options.isDryRun)
+        return tellWhatWouldChange(bank.scenes);
+    if (const auto trouble = backupTrouble(options))
+        return complain(*trouble, kExitUsage);
+    if (!options.backup.empty())
+        if (const int code = keepBackup(options.backup); code != kExitDone)
+            return code;
+    if (!sendToController(bank.scenes))
+        return kExitController;
+    return options.isVerified ? verify(bank.scenes) : kExitDone;
+}
+
+constexpr const char* kFooter =
+    "Each line about a setting tells its path, its name in words, and its value before and after:\n"
+    "with --dry-run what is held and what would be sent, with --verify what was sent and what is "
+    "held.\n\n"
+    "Exit code: 0 done; 1 the controller could not be reached, its transfers failed, or it does "
+    "not\n"
+    "hold what was sent; 2 bad usage or a bad file, and then nothing was sent.\n\n"
+    "Examples:\n"
+    "  scenewright-cli send live.bank --dry-run\n"
+    "  scenewright-cli send live.bank --backup before.bank --verify\n";
 
 } // namespace
 
 void addSendCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command = app.add_subcommand("send", "Send four scenes to the controller");
-    auto in = std::make_shared<std::string>();
-    command->add_option("IN", *in, "The bank file to send (1012 bytes)")->required();
-    command->callback([&choice, in] { choice = {[in] { return sendFile(*in); }, true}; });
+    auto options = std::make_shared<SendOptions>();
+    command->add_option("IN", options->in, kBankHelp)->required();
+    command->add_flag("--verify", options->isVerified,
+                      "Read back what was sent, and list what the controller does not hold");
+    CLI::Option* backup =
+        command
+            ->add_option("--backup", options->backup,
+                         "First keep what the controller holds in FILE; without that, send nothing")
+            ->type_name("FILE");
+    CLI::Option* dryRun = command->add_flag("--dry-run", options->isDryRun,
+                                            "Only list what would change; send and write nothing");
+    dryRun->excludes(backup)->excludes("--verify");
+    command->footer(kFooter);
+    command->callback([&choice, options] {
+        choice = {[options] { return sendBank(*options); }, true};
+    });
 }
 
 } // namespace scenewright

@@ -1,14 +1,13 @@
 #include "app/WindowAction.h"
-#include "bank/BankFile.h"
+#include "bank/BankJson.h"
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/SceneTable.h"
 #include "editor/options/PopUpValue.h"
 #include "model/Control.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -19,22 +18,37 @@ namespace {
 struct ShowOptions {
     std::string in;
     int scene = 0; // from 1; 0 is all
+    bool isJson = false;
 };
 
+std::string tables(const SceneList& scenes, const PopUpValue& lists, int scene) {
+    std::string text;
+    for (int number = 1; number <= kSceneCount; ++number)
+        if (scene == 0 || scene == number)
+            text += sceneTable(lists, *scenes.at(static_cast<std::size_t>(number) - 1), number);
+    return text;
+}
+
+std::string json(const SceneList& scenes, const PopUpValue& lists, int scene) {
+    return scene == 0 ? writeBankJson(scenes, lists)
+                      : writeSceneJson(*scenes.at(static_cast<std::size_t>(scene) - 1), lists);
+}
+
 int show(const ShowOptions& options) {
-    const BankFile bank = readBank(options.in);
+    const BankFile bank = loadBank(options.in);
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
     const auto lists = WindowAction::InitializePopUp();
-    std::string text;
-    for (int number = 1; number <= kSceneCount; ++number)
-        if (options.scene == 0 || options.scene == number)
-            text +=
-                sceneTable(*lists, *bank.scenes.at(static_cast<std::size_t>(number) - 1), number);
-    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
-        return complain("standard output could not be written", kExitUsage);
-    return kExitDone;
+    return printAndEnd((options.isJson ? json : tables)(bank.scenes, *lists, options.scene),
+                       kExitDone);
 }
+
+constexpr const char* kFooter =
+    "Examples:\n"
+    "  scenewright-cli show live.bank --scene 2\n"
+    "  scenewright-cli show live.bank --json      the text that convert writes\n"
+    "  scenewright-cli show live.bank --json --scene 2\n"
+    "                                             that scene alone, as the editor opens it\n";
 
 } // namespace
 
@@ -42,10 +56,12 @@ void addShowCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command =
         app.add_subcommand("show", "Print every setting of a bank under its option's title");
     auto options = std::make_shared<ShowOptions>();
-    command->add_option("IN", options->in, "The bank file to show")->required();
+    command->add_option("IN", options->in, kBankHelp)->required();
     command->add_option("--scene", options->scene, "Only this scene, 1 to 4")
         ->check(CLI::Range(1, kSceneCount))
         ->type_name("N");
+    command->add_flag("--json", options->isJson, "As a JSON text instead of tables");
+    command->footer(kFooter);
     command->callback([&choice, options] {
         choice = {[options] { return show(*options); }, false};
     });

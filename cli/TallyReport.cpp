@@ -56,7 +56,7 @@ int complainOfConnection() {
     return complain(connectCause(), kExitController);
 }
 
-std::optional<std::string> readReport(const TransferTally& tally) {
+std::optional<std::string> readReport(const TransferTally& tally, std::string_view consequence) {
     if (tally.isClean())
         return std::nullopt;
     const TransferTally::Failure first = tally.first.value_or(TransferTally::Failure{});
@@ -65,9 +65,9 @@ std::optional<std::string> readReport(const TransferTally& tally) {
         first.transfer < before
             ? std::string("before the first byte")
             : fmt::format("at byte {} of {}", first.transfer - before, kBankSize);
-    return fmt::format("the read failed {}: {}; {} of {} transfers failed, so no file was written",
-                       place, firstFailure(first), tally.failedReads + tally.failedWrites,
-                       tally.reads + tally.writes);
+    return fmt::format("the read failed {}: {}; {} of {} transfers failed, so {}", place,
+                       firstFailure(first), tally.failedReads + tally.failedWrites,
+                       tally.reads + tally.writes, consequence);
 }
 
 std::optional<std::string> sendReport(const TransferTally& tally) {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace scenewright {
 
@@ -16,8 +17,10 @@ namespace scenewright {
 int complainOfConnection();
 
 // One sentence when not every transfer of a read went well: what failed, and at which byte.
-// Nothing when all that was read came from the controller.
-[[nodiscard]] std::optional<std::string> readReport(const TransferTally& tally);
+// Nothing when all that was read came from the controller. It ends with `consequence`: "so no file
+// was written".
+[[nodiscard]] std::optional<std::string> readReport(const TransferTally& tally,
+                                                    std::string_view consequence);
 
 // The same for a send.
 [[nodiscard]] std::optional<std::string> sendReport(const TransferTally& tally);

@@ -8,7 +8,7 @@ TEST(TallyReport, CleanTransactionsHaveNothingToReport) {
     TransferTally tally;
     tally.writes = 1016;
     tally.reads = 1014;
-    EXPECT_EQ(readReport(tally), std::nullopt);
+    EXPECT_EQ(readReport(tally, "no file was written"), std::nullopt);
     EXPECT_EQ(sendReport(tally), std::nullopt);
 }
 
@@ -18,7 +18,7 @@ TEST(TallyReport, ReadNamesTheFirstByteThatDidNotCome) {
     tally.reads = 1014;
     tally.failedReads = 512;
     tally.first = TransferTally::Failure{false, kResultNoDevice, 2 + 500};
-    EXPECT_EQ(readReport(tally),
+    EXPECT_EQ(readReport(tally, "no file was written"),
               "the read failed at byte 500 of 1012: the controller was unplugged "
               "(code 5c570005); 512 of 2030 transfers failed, so no file was "
               "written");
@@ -29,7 +29,7 @@ TEST(TallyReport, ReadThatFailsInItsHandshakeNamesNoByte) {
     tally.writes = 1;
     tally.failedWrites = 1;
     tally.first = TransferTally::Failure{true, kResultStall, 0};
-    EXPECT_EQ(readReport(tally),
+    EXPECT_EQ(readReport(tally, "no file was written"),
               "the read failed before the first byte: the controller refused it (code 5c57000a); "
               "1 of 1 transfers failed, so no file was written");
 }
@@ -39,7 +39,7 @@ TEST(TallyReport, ShortAnswerIsTold) {
     tally.reads = 3;
     tally.failedReads = 1;
     tally.first = TransferTally::Failure{false, kResultSuccess, 2};
-    EXPECT_EQ(readReport(tally),
+    EXPECT_EQ(readReport(tally, "no file was written"),
               "the read failed at byte 0 of 1012: the answer was too short (code "
               "00000000); 1 of 3 transfers failed, so no file was written");
 }

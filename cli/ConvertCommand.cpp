@@ -1,0 +1,62 @@
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace scenewright {
+
+namespace {
+
+struct ConvertOptions {
+    std::string in;
+    std::string out;
+    std::optional<BankForm> form;
+};
+
+BankForm otherForm(BankForm form) {
+    return form == BankForm::Image ? BankForm::Json : BankForm::Image;
+}
+
+int convert(const ConvertOptions& options) {
+    const BankFile bank = loadBank(options.in);
+    if (bank.trouble)
+        return complain(*bank.trouble, kExitUsage);
+    const BankForm form = options.form.value_or(formForArgument(options.out, otherForm(bank.form)));
+    if (const auto trouble = storeBank(options.out, bank.scenes, form))
+        return complain(*trouble, kExitUsage);
+    return kExitDone;
+}
+
+constexpr const char* kFooter =
+    "The bank is written as JSON when OUT ends in .json, else as an image; to standard output in\n"
+    "the form that IN has not. Nothing is lost either way, names that are no text included.\n\n"
+    "Examples:\n"
+    "  scenewright-cli convert live.bank live.json\n"
+    "  scenewright-cli convert live.json live.bank\n"
+    "  scenewright-cli convert --to json live.bank - | less\n";
+
+} // namespace
+
+void addConvertCommand(CLI::App& app, CommandChoice& choice) {
+    CLI::App* command =
+        app.add_subcommand("convert", "Write a bank in the other form, JSON or image");
+    auto options = std::make_shared<ConvertOptions>();
+    command->add_option("IN", options->in, kBankHelp)->required();
+    command->add_option("OUT", options->out, kNewBankHelp)->required();
+    const std::map<std::string, BankForm> forms{{"json", BankForm::Json},
+                                                {"image", BankForm::Image}};
+    command->add_option("--to", options->form, "The form to write, whatever OUT is called")
+        ->transform(CLI::CheckedTransformer(forms))
+        ->option_text("json|image");
+    command->footer(kFooter);
+    command->callback([&choice, options] {
+        choice = {[options] { return convert(*options); }, false};
+    });
+}
+
+} // namespace scenewright
