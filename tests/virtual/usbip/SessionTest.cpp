@@ -1,0 +1,184 @@
+#include "virtual/usbip/Session.h"
+
+#include "tests/virtual/ControllerDriver.h"
+#include "tests/virtual/usbip/Messages.h"
+
+namespace scenewright::usbip {
+namespace {
+
+using testing::countingBank;
+using testing::dataPacket;
+
+class SessionTest : public ::testing::Test {
+protected:
+    Session& open(Session::Start start = Session::Start::Attached) {
+        return session.emplace(exported, start);
+    }
+    Bytes answer(const Bytes& message) {
+        session->receive(message);
+        return std::exchange(session->output(), {});
+    }
+    // What is said of a message that is refused.
+    std::string troubleOf(const Bytes& message, Session::Start start = Session::Start::Attached) {
+        session.reset();
+        open(start).receive(message);
+        EXPECT_EQ(session->state(), Session::State::Malformed);
+        EXPECT_EQ(session->output(), Bytes{});
+        return session->trouble();
+    }
+
+    VirtualController controller{countingBank()};
+    BankKeeper keeper{{}};
+    std::vector<std::string> traced;
+    Exported exported{
+        controller, keeper, {}, [this](std::string_view line) { traced.emplace_back(line); }};
+    std::optional<Session> session;
+};
+
+TEST_F(SessionTest, DevicesRequestIsAnsweredAndEndsTheConnection) {
+    open(Session::Start::Asking);
+    const DeviceRecord record = recordOf({});
+    EXPECT_EQ(answer(kDevicesRequest), encodeDevicesReply(std::span(&record, 1)));
+    EXPECT_EQ(session->state(), Session::State::Done);
+}
+
+TEST_F(SessionTest, RecordIsThatOfTheDescriptors) {
+    const DeviceRecord two = recordOf({.vendor = 0xABCD, .product = 0x1234});
+    EXPECT_EQ(two.vendor, 0xABCD);
+    EXPECT_EQ(two.product, 0x1234);
+    EXPECT_EQ(two.busId, "1-1");
+    EXPECT_EQ(two.speed, 2U);
+    EXPECT_EQ(deviceNumberOf(two), 0x10002U);
+    EXPECT_EQ(two.interfaces, (std::vector<std::array<std::uint8_t, 3>>{{1, 1, 0}, {1, 3, 0}}));
+    EXPECT_EQ(recordOf({.interfaces = 1}).interfaces.size(), 1U);
+}
+
+TEST_F(SessionTest, ImportAttachesAndThenCarriesTransfers) {
+    open(Session::Start::Asking);
+    EXPECT_EQ(answer(importRequest("1-1")), encodeImportReply(OperationStatus::Ok, recordOf({})));
+    EXPECT_TRUE(session->isAttached());
+    EXPECT_EQ(answer(outMessage(9, {0x09, 0x9C, 0x01, 0x02})),
+              encodeSubmitReply(9, UrbStatus::Ok, 4, {}));
+}
+
+TEST_F(SessionTest, ImportOfAnotherBusIdIsRefused) {
+    open(Session::Start::Asking);
+    EXPECT_EQ(answer(importRequest("1-2")), (Bytes{0x01, 0x11, 0, 3, 0, 0, 0, 4}));
+    EXPECT_EQ(session->state(), Session::State::Done);
+    EXPECT_FALSE(exported.isTaken);
+}
+
+TEST_F(SessionTest, SecondImportIsBusyUntilTheFirstHasEnded) {
+    open(Session::Start::Attached);
+    {
+        Session second(exported, Session::Start::Asking);
+        second.receive(importRequest("1-1"));
+        EXPECT_EQ(second.output(), (Bytes{0x01, 0x11, 0, 3, 0, 0, 0, 2}));
+        EXPECT_EQ(second.state(), Session::State::Done);
+    }
+    EXPECT_TRUE(exported.isTaken) << "the second's end takes nothing from the first";
+    session.reset();
+    open(Session::Start::Asking);
+    EXPECT_EQ(answer(importRequest("1-1")).size(), 320U);
+}
+
+TEST_F(SessionTest, AttachingPlugsTheControllerInAnew) {
+    controller.receive(Bytes{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x7E, 0x7D});
+    open();
+    EXPECT_EQ(answer(inMessage(5, 64)), Bytes{}) << "the former host's reply is gone";
+}
+
+TEST_F(SessionTest, MessagesMayComeByteByByte) {
+    open(Session::Start::Asking);
+    Bytes all = importRequest("1-1");
+    for (const Bytes& message :
+         {outMessage(1, {0x09, 0x9C, 0x01, 0x02}), outMessage(2, {0x09, 0x9C, 0x7E, 0x7D}),
+          inMessage(3, 64), unlinkMessage(4, 77)})
+        all.insert(all.end(), message.begin(), message.end());
+    for (const std::uint8_t byte : all)
+        session->receive(ByteView(&byte, 1));
+    EXPECT_EQ(session->state(), Session::State::Open);
+    EXPECT_EQ(session->output().size(), 320U + 48U + 48U + 48U + 12U + 48U);
+    EXPECT_EQ(traced, (std::vector<std::string>{
+                          "1 ep2 out ok 4: 09 9c 01 02", "2 ep2 out ok 4: 09 9c 7e 7d",
+                          "3 ep1 in ok 12: 09 9c 01 02 09 9c 01 38 09 9c 00 01"}));
+}
+
+TEST_F(SessionTest, TruncatedMessageAtEachLengthWaitsForTheRest) {
+    const Bytes import = importRequest("1-1");
+    for (std::size_t size = 0; size < import.size(); ++size) {
+        Session asking(exported, Session::Start::Asking);
+        asking.receive(ByteView(import).first(size));
+        ASSERT_EQ(asking.state(), Session::State::Open) << size;
+        ASSERT_EQ(asking.output(), Bytes{}) << size;
+    }
+    const Bytes out = outMessage(1, {0x09, 0x9C, 0x01, 0x02});
+    for (std::size_t size = 0; size < out.size(); ++size) {
+        Session attached(exported, Session::Start::Attached);
+        attached.receive(ByteView(out).first(size));
+        ASSERT_EQ(attached.state(), Session::State::Open) << size;
+        ASSERT_EQ(attached.output(), Bytes{}) << size;
+    }
+    EXPECT_EQ(traced, std::vector<std::string>{});
+}
+
+TEST_F(SessionTest, UnlinkedTransferIsAnsweredByTheUnlinkAlone) {
+    open();
+    answer(inMessage(5, 64));
+    EXPECT_EQ(answer(unlinkMessage(6, 5)), encodeUnlinkReply(6, UrbStatus::Unlinked));
+    EXPECT_EQ(answer(unlinkMessage(7, 5)), encodeUnlinkReply(7, UrbStatus::Ok));
+    EXPECT_EQ(traced, std::vector<std::string>{"5 unlinked"});
+}
+
+TEST_F(SessionTest, MalformedMessagesAreToldAndEndTheConnection) {
+    EXPECT_EQ(troubleOf(Bytes(8, 0), Session::Start::Asking), "version 0000 of the protocol");
+    EXPECT_EQ(troubleOf({'G', 'E', 'T', ' ', '/', ' ', 'H', 'T'}, Session::Start::Asking),
+              "version 4745 of the protocol");
+    EXPECT_EQ(troubleOf(importRequest(""), Session::Start::Asking),
+              "an import request without a bus id");
+    EXPECT_EQ(troubleOf(Bytes(48, 0xFF)), "an unknown command 4294967295");
+    Bytes other = inMessage(1, 64);
+    other[11] = 3;
+    EXPECT_EQ(troubleOf(other), "a command for the device 65539");
+    other = unlinkMessage(1, 2);
+    other[9] = 0;
+    EXPECT_EQ(troubleOf(other), "a command for the device 2");
+    Bytes huge = outMessage(1, {});
+    huge[24] = 0x7F;
+    EXPECT_EQ(troubleOf(huge), "a transfer with the length 2130706432");
+}
+
+TEST_F(SessionTest, NothingIsTakenAfterTheEnd) {
+    open(Session::Start::Asking);
+    session->receive(Bytes(8, 0));
+    session->receive(kDevicesRequest);
+    EXPECT_EQ(session->output(), Bytes{});
+    EXPECT_EQ(session->trouble(), "version 0000 of the protocol");
+}
+
+TEST_F(SessionTest, FloodOfWaitingTransfersEndsTheConnection) {
+    open();
+    for (std::uint32_t sequence = 0; sequence <= 256; ++sequence)
+        session->receive(inMessage(sequence, 64));
+    EXPECT_EQ(session->state(), Session::State::Malformed);
+    EXPECT_EQ(session->trouble(), "more waiting transfers than the device has room for");
+}
+
+TEST_F(SessionTest, UnplugAnswersTheWriteAndEndsTheConnection) {
+    controller = VirtualController(countingBank(), {{Fault::Kind::Unplug, 0}});
+    open();
+    answer(outMessage(1, {0x09, 0x9C, 0x01, 0x02}));
+    answer(outMessage(2, {0x09, 0x9C, 0x7E, 0x7D}));
+    answer(outMessage(3, {0x09, 0x9C, 0x01, 0x04}));
+    EXPECT_EQ(session->state(), Session::State::Open);
+    EXPECT_EQ(answer(outMessage(4, {0x09, 0x9C, 0x01, 0x06})),
+              encodeSubmitReply(4, UrbStatus::Ok, 4, {}));
+    EXPECT_EQ(session->state(), Session::State::Unplugged);
+    session.reset();
+    EXPECT_FALSE(exported.isTaken);
+    open();
+    EXPECT_TRUE(controller.isPresent()) << "attaching plugs it in again";
+}
+
+} // namespace
+} // namespace scenewright::usbip
