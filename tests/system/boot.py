@@ -1,0 +1,97 @@
+"""Boots the guest once, lets it run every case, and keeps what each one said in a results file.
+
+    boot.py SOURCE BUILD CACHE RESULTS
+
+The results file has one JSON object a line: {"case", "ok", "seconds", "log"}. It is the only
+output that counts: a case without a line has failed, whatever the reason. A boot that ran any case
+has succeeded, even if it was ended before the last one. While working on a case,
+SCENEWRIGHT_GUEST_CASES in the environment names those to run.
+"""
+
+import os
+import shlex
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+import kernel
+
+CASES = "SCENEWRIGHT_GUEST_CASES"  # names with blanks between; empty for all
+LIMIT_SECONDS = 1140
+MEMORY_MIB = 1024
+
+
+def settings(source, build):
+    """What the guest's init reads: shell assignments."""
+    values = {"SOURCE": source, "BUILD": build, "PYTHON": Path(sys.executable).resolve(),
+              "CASES": os.environ.get(CASES, "")}
+    return "".join(f"{name}={shlex.quote(str(value))}\n" for name, value in values.items())
+
+
+def quoted(path):
+    """A path inside a QEMU option list, where a comma is doubled."""
+    return str(path).replace(",", ",,")
+
+
+def command(image, initrd, console, results):
+    """The QEMU command line; the guest's two serial ports are the console and the results."""
+    return ["qemu-system-x86_64", "-nodefaults", "-no-user-config", "-display", "none",
+            "-no-reboot", "-accel", "tcg,thread=multi", "-cpu", "max", "-smp", "1",
+            "-m", str(MEMORY_MIB), "-kernel", str(image), "-initrd", str(initrd),
+            "-append", "console=ttyS0 panic=-1 quiet mitigations=off tsc=reliable",
+            "-chardev", f"file,id=console,path={quoted(console)}", "-serial", "chardev:console",
+            "-chardev", f"file,id=results,path={quoted(results)}", "-serial", "chardev:results",
+            "-virtfs",
+            "local,path=/,mount_tag=host,security_model=none,readonly=on,multidevs=remap"]
+
+
+def boot(arguments):
+    """Runs QEMU until the guest powers itself off, or the limit has passed."""
+    try:
+        machine = subprocess.Popen(arguments, stdin=subprocess.DEVNULL)
+    except FileNotFoundError:
+        raise kernel.Trouble(f"{arguments[0]} is not installed.") from None
+    try:
+        machine.wait(LIMIT_SECONDS)
+    except subprocess.TimeoutExpired:
+        raise kernel.Trouble(f"The guest did not end within {LIMIT_SECONDS} s.") from None
+    finally:
+        machine.kill()
+        machine.wait()
+    if machine.returncode != 0:
+        raise kernel.Trouble(f"QEMU ended with {machine.returncode}.")
+
+
+def tail(file):
+    """The end of a text file, nothing of one that is missing."""
+    return file.read_text(errors="replace")[-20000:] if file.exists() else ""
+
+
+def main(source, build, cache, results):
+    folder = Path(results).parent
+    folder.mkdir(parents=True, exist_ok=True)
+    console, initrd = folder / "console.log", folder / "initramfs"
+    for old in (console, Path(results)):
+        old.unlink(missing_ok=True)
+    root, version = kernel.unpacked(Path(cache))
+    modules = kernel.module_files(root, version)
+    init = Path(__file__).with_name("init")
+    initrd.write_bytes(kernel.initramfs(modules, init, settings(source, build)))
+    image = root / "boot" / f"vmlinuz-{version}"
+    begin = time.monotonic()
+    try:
+        boot(command(image, initrd, console, Path(results)))
+    except kernel.Trouble as trouble:
+        print(tail(console), trouble, sep="\n")
+    count = Path(results).read_bytes().count(b"\n") if Path(results).exists() else 0
+    print(f"{count} cases in {time.monotonic() - begin:.0f} s; console in {console}")
+    if count == 0:
+        raise kernel.Trouble(f"{tail(console)}\nNo case ran.")
+
+
+if __name__ == "__main__":
+    try:
+        main(*map(os.path.abspath, sys.argv[1:]))
+    except kernel.Trouble as trouble:
+        sys.exit(str(trouble))

@@ -1,0 +1,66 @@
+"""Runs the cases inside the guest and reports each on the second serial port, a line a case.
+
+    guest.py --list     names the cases, on any machine
+    guest.py [NAMES]    runs all of them, or those named with blanks between, in the guest
+"""
+
+import json
+import signal
+import sys
+import time
+import traceback
+
+import cases_devices
+import cases_signals
+import cases_transfer
+import cases_trouble
+from rig import Rig
+
+MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices)
+PREFIX = "case_"
+REPORTS = "/dev/ttyS1"
+LIMIT_SECONDS = 600
+
+
+def all_cases():
+    """The cases by their names, in the order of the modules."""
+    return {name.removeprefix(PREFIX): case for module in MODULES
+            for name, case in vars(module).items() if name.startswith(PREFIX)}
+
+
+def on_alarm(_signal, _frame):
+    raise TimeoutError(f"the case took more than {LIMIT_SECONDS} s")
+
+
+def trouble_of(case):
+    """Runs one case; what went wrong, or nothing."""
+    signal.alarm(LIMIT_SECONDS)
+    rig = Rig()
+    try:
+        case(rig)
+        return ""
+    except Exception:  # whatever it is, it is this case's failure
+        return traceback.format_exc() + rig.traces()
+    finally:
+        signal.alarm(0)
+        rig.close()
+
+
+def main(names):
+    signal.signal(signal.SIGALRM, on_alarm)
+    cases = all_cases()
+    with open(REPORTS, "w", encoding="utf-8", buffering=1) as reports:
+        for name in names or cases:
+            begin = time.monotonic()
+            trouble = trouble_of(cases[name])
+            seconds = round(time.monotonic() - begin, 1)
+            print(name, "failed" if trouble else "passed", f"in {seconds} s")
+            print(json.dumps({"case": name, "ok": not trouble, "seconds": seconds,
+                              "log": trouble}), file=reports)
+
+
+if __name__ == "__main__":
+    if sys.argv[1:] == ["--list"]:
+        print("\n".join(all_cases()))
+    else:
+        main(sys.argv[1].split() if len(sys.argv) > 1 else [])
