@@ -1,7 +1,7 @@
 // The plugged-in MIDI devices in words, and as JSON for programs.
 #pragma once
 
-#include "cli/DeviceList.h"
+#include "usb/DeviceList.h"
 #include "usb/MidiDevices.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 // Rules for udev that let the user at the seat use the listed keyboards.
 #pragma once
 
-#include "cli/DeviceList.h"
+#include "usb/DeviceList.h"
 
 #include <span>
 #include <string>

@@ -1,4 +1,4 @@
-#include "cli/DeviceList.h"
+#include "usb/DeviceList.h"
 
 #include "platform/Resources.h"
 
