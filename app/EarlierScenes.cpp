@@ -1,0 +1,102 @@
+#include "app/EarlierScenes.h"
+
+#include "bank/BankFile.h"
+#include "model/Control.h"
+#include "platform/WholeFile.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+
+namespace scenewright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using std::chrono::milliseconds;
+using Time = EarlierScenes::Clock::time_point;
+
+// The time in UTC, so that names sort by it: "scenes-20260131T235959.123Z.bank".
+constexpr std::string_view kBeforeTime = "scenes-";
+constexpr std::string_view kAfterTime = "Z.bank";
+constexpr const char* kTimeForm = "%Y%m%dT%H%M%S";
+constexpr std::size_t kWholeSeconds = 15; // letters of that form
+constexpr std::size_t kNameLetters =
+    kBeforeTime.size() + kWholeSeconds + std::string_view(".123").size() + kAfterTime.size();
+
+std::string nameFor(Time time) {
+    const auto sinceEpoch = std::chrono::floor<milliseconds>(time.time_since_epoch());
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+    const std::tm utc = fmt::gmtime(static_cast<std::time_t>(seconds.count()));
+    return fmt::format("{}{:%Y%m%dT%H%M%S}.{:03}{}", kBeforeTime, utc,
+                       (sinceEpoch - seconds).count(), kAfterTime);
+}
+
+// Nothing for a name that nameFor() does not give.
+std::optional<Time> timeOf(const std::string& name) {
+    if (name.size() != kNameLetters || !name.starts_with(kBeforeTime) ||
+        !name.ends_with(kAfterTime))
+        return std::nullopt;
+    std::tm utc{};
+    const char* end = strptime(name.c_str() + kBeforeTime.size(), kTimeForm, &utc);
+    if (end == nullptr || *end != '.')
+        return std::nullopt;
+    const Time time = EarlierScenes::Clock::from_time_t(timegm(&utc)) +
+                      milliseconds(std::strtol(end + 1, nullptr, 10));
+    return nameFor(time) == name ? std::optional(time) : std::nullopt;
+}
+
+bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
+    const FileBytes kept = readWholeFile(file, bytes.size());
+    return !kept.trouble && std::ranges::equal(kept.bytes, bytes);
+}
+
+} // namespace
+
+fs::path EarlierScenes::stateFolder() {
+    fs::path state;
+    if (const char* given = std::getenv("XDG_STATE_HOME"); given != nullptr && *given == '/')
+        state = given;
+    else if (const char* home = std::getenv("HOME"); home != nullptr)
+        state = fs::path(home) / ".local" / "state";
+    return state / "scenewright" / "backups";
+}
+
+std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
+                                               Clock::time_point now) const {
+    if (scenes.size() < static_cast<std::size_t>(kSceneCount))
+        return std::nullopt;
+    const BankImage image = encodeBank(scenes);
+    const std::vector<Bank> kept = list();
+    if (!kept.empty() && isSame(kept.front().file, image))
+        return std::nullopt;
+    std::error_code error;
+    fs::create_directories(folder_, error);
+    if (error)
+        return fmt::format("{}: {}", folder_.string(), error.message());
+    // A clock that was set back, or that has not moved, must not put the newest bank elsewhere.
+    if (!kept.empty())
+        now = std::max(now, kept.front().kept + milliseconds(1));
+    if (auto trouble = writeWholeFile(folder_ / nameFor(now), image))
+        return trouble;
+    for (std::size_t place = kMost - 1; place < kept.size(); ++place)
+        fs::remove(kept[place].file, error);
+    return std::nullopt;
+}
+
+std::vector<EarlierScenes::Bank> EarlierScenes::list() const {
+    std::vector<Bank> banks;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
+         entry.increment(error))
+        if (const auto time = timeOf(entry->path().filename().string()))
+            banks.push_back({entry->path(), *time});
+    std::ranges::sort(banks, std::ranges::greater(), &Bank::kept);
+    return banks;
+}
+
+} // namespace scenewright

@@ -1,0 +1,71 @@
+#include "app/StoreFiles.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "model/Setting.h"
+
+#include <fmt/format.h>
+
+namespace scenewright {
+
+namespace {
+
+// A scene made without controls gets those of the file.
+void copyInto(SceneValue& stored, const SceneValue& scene) {
+    if (stored.buttonValueArray().size() < static_cast<std::size_t>(kControlCount))
+        stored.setButtonValueArray(scene.buttonValueArray());
+    stored.commonValue()->setSceneName(scene.commonValue()->SceneName());
+    for (const Setting& setting : settings())
+        for (std::int32_t member = 0; member < controlRange(setting.kind()).count; ++member)
+            setting.write(stored, member, setting.read(scene, member));
+}
+
+} // namespace
+
+std::optional<std::string> StoreFiles::keep() const {
+    auto trouble = earlier_.keep(WindowAction::scenes());
+    if (trouble)
+        trouble = fmt::format("the former scenes could not be kept: {}", *trouble);
+    return trouble;
+}
+
+StoreFiles::Outcome StoreFiles::openBank(const std::filesystem::path& file) const {
+    BankFile bank = readBank(file);
+    if (bank.trouble)
+        return {false, bank.trouble};
+    auto notKept = keep();
+    WindowAction::setScenes(std::move(bank.scenes));
+    return {true, std::move(notKept)};
+}
+
+StoreFiles::Outcome StoreFiles::openScene(const std::filesystem::path& file,
+                                          std::int32_t index) const {
+    const SceneFile read = readScene(file);
+    if (read.trouble)
+        return {false, read.trouble};
+    auto notKept = keep();
+    copyInto(*WindowAction::getSceneWithIndex(index), *read.scene);
+    return {true, std::move(notKept)};
+}
+
+StoreFiles::Outcome StoreFiles::bringBackNewest() const {
+    const BankImage shown = encodeBank(WindowAction::scenes());
+    for (const EarlierScenes::Bank& bank : earlier_.list())
+        if (const BankFile read = readBank(bank.file); read.trouble)
+            return {false, read.trouble};
+        else if (encodeBank(read.scenes) != shown)
+            return openBank(bank.file);
+    return {};
+}
+
+std::optional<std::string> StoreFiles::saveBank(const std::filesystem::path& file,
+                                                const PopUpValue& lists) {
+    return writeBank(file, WindowAction::scenes(), formForName(file), lists);
+}
+
+std::optional<std::string> StoreFiles::saveScene(const std::filesystem::path& file,
+                                                 std::int32_t index, const PopUpValue& lists) {
+    return writeScene(file, *WindowAction::getSceneWithIndex(index), lists);
+}
+
+} // namespace scenewright

@@ -1,0 +1,51 @@
+// Banks and scenes between files and the scene store. What is about to be replaced is kept among
+// the earlier scenes first.
+//
+// The store holds the records themselves: a whole bank replaces its list, as a read does; one scene
+// is written into the stored scene's own records, so that who holds the scene holds the new values.
+// Nothing here needs a controller or sends anything. Main thread only.
+#pragma once
+
+#include "app/EarlierScenes.h"
+#include "editor/options/PopUpValue.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace scenewright {
+
+class StoreFiles {
+public:
+    // `trouble` is one sentence. Not done: the store is what it was. Done: all but the keeping.
+    struct Outcome {
+        bool isDone = false;
+        std::optional<std::string> trouble;
+    };
+
+    explicit StoreFiles(EarlierScenes earlier = EarlierScenes{}) : earlier_(std::move(earlier)) {}
+
+    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
+
+    // Before the stored scenes are replaced. Nothing, or why they are not kept.
+    [[nodiscard]] std::optional<std::string> keep() const;
+
+    [[nodiscard]] Outcome openBank(const std::filesystem::path& file) const;
+    // Into the stored scene of that index, 0 to 3: its name and all its settings.
+    [[nodiscard]] Outcome openScene(const std::filesystem::path& file, std::int32_t index) const;
+    // The newest of the earlier scenes that differ from the stored ones; not done without trouble
+    // when there are none.
+    [[nodiscard]] Outcome bringBackNewest() const;
+
+    // Nothing, or one sentence: then the file is what it was.
+    [[nodiscard]] static std::optional<std::string> saveBank(const std::filesystem::path& file,
+                                                             const PopUpValue& lists);
+    [[nodiscard]] static std::optional<std::string>
+    saveScene(const std::filesystem::path& file, std::int32_t index, const PopUpValue& lists);
+
+private:
+    EarlierScenes earlier_;
+};
+
+} // namespace scenewright

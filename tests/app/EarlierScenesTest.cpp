@@ -1,0 +1,136 @@
+#include "app/EarlierScenes.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace scenewright {
+
+namespace {
+
+using std::chrono::milliseconds;
+using testing::TempFolder;
+
+// 2026-01-31 23:59:58.007 UTC
+const EarlierScenes::Clock::time_point kTime =
+    EarlierScenes::Clock::from_time_t(1769903998) + milliseconds(7);
+
+SceneList scenesWithSpeed(std::int32_t speed) {
+    WindowAction::getSceneValue();
+    WindowAction::getSceneWithIndex(0)->commonValue()->setPitchBendSpeed(speed);
+    return WindowAction::scenes();
+}
+
+std::int32_t speedIn(const std::filesystem::path& file) {
+    const BankFile bank = readBank(file);
+    return bank.trouble ? -1 : bank.scenes.front()->commonValue()->PitchBendSpeed();
+}
+
+class EarlierScenesTest : public ::testing::Test {
+protected:
+    TempFolder folder;
+    EarlierScenes earlier{folder.path() / "state" / "backups"};
+};
+
+TEST_F(EarlierScenesTest, NothingIsKeptAtFirst) {
+    EXPECT_TRUE(earlier.list().empty());
+}
+
+TEST_F(EarlierScenesTest, ABankIsKeptWholeUnderItsTime) {
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(3), kTime), std::nullopt);
+    const auto banks = earlier.list();
+    ASSERT_EQ(banks.size(), 1U);
+    EXPECT_EQ(banks[0].file, folder.path() / "state/backups/scenes-20260131T235958.007Z.bank");
+    EXPECT_EQ(banks[0].kept, kTime);
+    EXPECT_EQ(testing::readBytes(banks[0].file).size(), 1012U);
+    EXPECT_EQ(speedIn(banks[0].file), 3);
+}
+
+TEST_F(EarlierScenesTest, TheNewestComesFirst) {
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(2), kTime + milliseconds(1)), std::nullopt);
+    const auto banks = earlier.list();
+    ASSERT_EQ(banks.size(), 2U);
+    EXPECT_EQ(speedIn(banks[0].file), 2);
+    EXPECT_EQ(speedIn(banks[1].file), 1);
+}
+
+TEST_F(EarlierScenesTest, TheSameAsTheNewestIsNotKeptTwice) {
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime + milliseconds(5)), std::nullopt);
+    EXPECT_EQ(earlier.list().size(), 1U);
+}
+
+TEST_F(EarlierScenesTest, TheSameAsAnOlderOneIsKeptAgain) {
+    for (const std::int32_t speed : {1, 2, 1})
+        EXPECT_EQ(earlier.keep(scenesWithSpeed(speed), kTime + milliseconds(speed)), std::nullopt);
+    EXPECT_EQ(earlier.list().size(), 3U);
+    EXPECT_EQ(speedIn(earlier.list().front().file), 1);
+}
+
+TEST_F(EarlierScenesTest, AClockThatWasSetBackKeepsTheOrder) {
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(2), kTime - std::chrono::hours(1)), std::nullopt);
+    EXPECT_EQ(speedIn(earlier.list().front().file), 2);
+    EXPECT_EQ(earlier.list().front().kept, kTime + milliseconds(1));
+}
+
+TEST_F(EarlierScenesTest, TheOldestBeyondTwentyAreDropped) {
+    for (std::int32_t speed = 0; speed < 23; ++speed)
+        EXPECT_EQ(earlier.keep(scenesWithSpeed(speed), kTime + milliseconds(speed)), std::nullopt);
+    const auto banks = earlier.list();
+    ASSERT_EQ(banks.size(), 20U);
+    EXPECT_EQ(speedIn(banks.front().file), 22);
+    EXPECT_EQ(speedIn(banks.back().file), 3);
+}
+
+TEST_F(EarlierScenesTest, OtherFilesAreNeitherListedNorDropped) {
+    const auto place = folder.path() / "state" / "backups";
+    std::filesystem::create_directories(place);
+    for (const char* name : {"notes.txt", "scenes-2026.bank", "scenes-20261331T235958.007Z.bank",
+                             "scenes-20260131T235958x007Z.bank"})
+        testing::writeBytes(place / name, {});
+    for (std::int32_t speed = 0; speed < 21; ++speed)
+        EXPECT_EQ(earlier.keep(scenesWithSpeed(speed), kTime + milliseconds(speed)), std::nullopt);
+    EXPECT_EQ(earlier.list().size(), 20U);
+    EXPECT_TRUE(std::filesystem::exists(place / "notes.txt"));
+    EXPECT_TRUE(std::filesystem::exists(place / "scenes-2026.bank"));
+}
+
+TEST_F(EarlierScenesTest, ADamagedNewestOneDoesNotStandForTheScenes) {
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
+    testing::writeBytes(earlier.list().front().file, std::vector<std::uint8_t>(1012, 200));
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime + milliseconds(1)), std::nullopt);
+    EXPECT_EQ(earlier.list().size(), 2U);
+}
+
+TEST_F(EarlierScenesTest, AFolderThatCannotBeMadeIsTold) {
+    testing::writeBytes(folder.file("state"), {});
+    const auto trouble = earlier.keep(scenesWithSpeed(1), kTime);
+    ASSERT_TRUE(trouble);
+    EXPECT_EQ(*trouble, folder.file("state") + "/backups: Not a directory");
+}
+
+TEST_F(EarlierScenesTest, FewerThanFourScenesAreNothingToKeep) {
+    EXPECT_EQ(earlier.keep({}, kTime), std::nullopt);
+    EXPECT_TRUE(earlier.list().empty());
+}
+
+TEST(EarlierScenesFolder, FollowsTheStateFolder) {
+    setenv("XDG_STATE_HOME", "/somewhere/state", 1);
+    EXPECT_EQ(EarlierScenes::stateFolder(), "/somewhere/state/scenewright/backups");
+    // The base directories ask for an absolute path.
+    setenv("XDG_STATE_HOME", "state", 1);
+    setenv("HOME", "/home/player", 1);
+    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
+    unsetenv("XDG_STATE_HOME");
+    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
+}
+
+} // namespace
+
+} // namespace scenewright

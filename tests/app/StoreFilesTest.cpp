@@ -1,0 +1,172 @@
+#include "app/StoreFiles.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "bank/Edit.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace scenewright {
+
+namespace {
+
+using testing::TempFolder;
+
+ButtonValue& record(std::int32_t scene, std::int32_t control) {
+    const auto& records = WindowAction::getSceneWithIndex(scene)->buttonValueArray();
+    return *records.at(static_cast<std::size_t>(control) - 1);
+}
+
+class StoreFilesTest : public ::testing::Test {
+protected:
+    void SetUp() override { WindowAction::getSceneValue(); }
+    void TearDown() override { WindowAction::getSceneValue(); }
+
+    // A bank whose scenes are named A to D, and one pad of the second is red.
+    std::string bankFile() {
+        SceneList scenes = copyOf(WindowAction::scenes());
+        char name = 'A';
+        for (const auto& scene : scenes)
+            scene->commonValue()->setSceneName(std::string(1, name++));
+        scenes[1]->buttonValueArray()[12]->setCR(127);
+        EXPECT_EQ(writeBank(folder.file("a.bank"), scenes), std::nullopt);
+        return folder.file("a.bank");
+    }
+    std::string sceneFile() {
+        const SceneList scenes = copyOf(WindowAction::scenes());
+        scenes[0]->commonValue()->setSceneName("Alone");
+        scenes[0]->commonValue()->setPitchBendSpeed(5);
+        scenes[0]->buttonValueArray()[12]->setCG(99);
+        scenes[0]->buttonValueArray()[44]->setOnValue(88);
+        EXPECT_EQ(writeScene(folder.file("a.scene.json"), *scenes[0], *lists), std::nullopt);
+        return folder.file("a.scene.json");
+    }
+    std::string badFile() {
+        std::ofstream(folder.file("bad.json")) << "{";
+        return folder.file("bad.json");
+    }
+
+    TempFolder folder;
+    StoreFiles files{EarlierScenes(folder.path() / "backups")};
+    std::shared_ptr<PopUpValue> lists = WindowAction::InitializePopUp();
+};
+
+TEST_F(StoreFilesTest, OpeningABankReplacesTheStoredScenes) {
+    const auto file = bankFile();
+    const auto former = WindowAction::getSceneWithIndex(1);
+    const auto outcome = files.openBank(file);
+    EXPECT_TRUE(outcome.isDone);
+    EXPECT_EQ(outcome.trouble, std::nullopt);
+    EXPECT_EQ(record(1, 13).CR(), 127);
+    EXPECT_NE(WindowAction::getSceneWithIndex(1), former);
+    EXPECT_EQ(WindowAction::scenes().size(), 4U);
+}
+
+TEST_F(StoreFilesTest, OpeningABankKeepsWhatWasThere) {
+    const auto file = bankFile();
+    record(0, 13).setCB(77);
+    EXPECT_TRUE(files.openBank(file).isDone);
+    ASSERT_EQ(files.earlier().list().size(), 1U);
+    EXPECT_TRUE(files.openBank(files.earlier().list().front().file).isDone);
+    EXPECT_EQ(record(0, 13).CB(), 77);
+}
+
+TEST_F(StoreFilesTest, ABadBankChangesNothing) {
+    const SceneList before = WindowAction::scenes();
+    const auto outcome = files.openBank(badFile());
+    EXPECT_FALSE(outcome.isDone);
+    ASSERT_TRUE(outcome.trouble);
+    EXPECT_NE(outcome.trouble->find(folder.file("bad.json")), std::string::npos);
+    EXPECT_EQ(WindowAction::scenes(), before);
+    EXPECT_TRUE(files.earlier().list().empty());
+}
+
+TEST_F(StoreFilesTest, WhatCannotBeKeptIsToldAndTheBankOpened) {
+    const StoreFiles blocked{EarlierScenes(bankFile() + "/backups")};
+    const auto outcome = blocked.openBank(folder.file("a.bank"));
+    EXPECT_TRUE(outcome.isDone);
+    ASSERT_TRUE(outcome.trouble);
+    EXPECT_TRUE(outcome.trouble->starts_with("the former scenes could not be kept: "));
+    EXPECT_EQ(record(1, 13).CR(), 127);
+}
+
+TEST_F(StoreFilesTest, ASceneIsWrittenIntoTheStoredRecords) {
+    const auto file = sceneFile();
+    const auto stored = WindowAction::getSceneWithIndex(2);
+    const auto common = stored->commonValue();
+    const auto pad = stored->buttonValueArray()[12];
+    EXPECT_TRUE(files.openScene(file, 2).isDone);
+    EXPECT_EQ(WindowAction::getSceneWithIndex(2), stored);
+    EXPECT_EQ(stored->commonValue(), common);
+    EXPECT_EQ(common->SceneName(), std::string("Alone\0\0\0\0\0\0\0", 12));
+    EXPECT_EQ(common->PitchBendSpeed(), 5);
+    EXPECT_EQ(pad->CG(), 99);
+    EXPECT_EQ(record(2, 45).OnValue(), 88);
+}
+
+TEST_F(StoreFilesTest, ASceneLeavesTheOtherScenesAlone) {
+    const auto file = sceneFile();
+    const BankImage before = encodeBank(WindowAction::scenes());
+    EXPECT_TRUE(files.openScene(file, 2).isDone);
+    const BankImage after = encodeBank(WindowAction::scenes());
+    for (std::size_t at = 0; at < before.size(); ++at)
+        if (at / 253 != 2) {
+            ASSERT_EQ(after.at(at), before.at(at)) << at;
+        }
+    EXPECT_NE(after, before);
+    EXPECT_EQ(files.earlier().list().size(), 1U);
+}
+
+TEST_F(StoreFilesTest, ASceneWithoutControlsGetsThoseOfTheFile) {
+    const auto file = sceneFile();
+    WindowAction::getSceneWithIndex(3)->setButtonValueArray({});
+    EXPECT_TRUE(files.openScene(file, 3).isDone);
+    EXPECT_EQ(WindowAction::getSceneWithIndex(3)->buttonValueArray().size(), 45U);
+    EXPECT_EQ(record(3, 45).OnValue(), 88);
+}
+
+TEST_F(StoreFilesTest, ABankIsNoScene) {
+    const auto outcome = files.openScene(bankFile(), 0);
+    EXPECT_FALSE(outcome.isDone);
+    EXPECT_TRUE(outcome.trouble);
+    EXPECT_TRUE(files.earlier().list().empty());
+}
+
+TEST_F(StoreFilesTest, TheNewestEarlierScenesComeBack) {
+    record(0, 13).setCR(1);
+    EXPECT_EQ(files.keep(), std::nullopt);
+    record(0, 13).setCR(2);
+    EXPECT_EQ(files.keep(), std::nullopt);
+    // What is shown is itself the newest that is kept: the one before it is meant.
+    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_EQ(record(0, 13).CR(), 1);
+    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_EQ(record(0, 13).CR(), 2);
+}
+
+TEST_F(StoreFilesTest, NothingComesBackWhenNothingIsKept) {
+    const auto outcome = files.bringBackNewest();
+    EXPECT_FALSE(outcome.isDone);
+    EXPECT_EQ(outcome.trouble, std::nullopt);
+}
+
+TEST_F(StoreFilesTest, SavedBanksAndScenesOpenAgain) {
+    record(3, 1).setMIDIChannel(9);
+    for (const char* name : {"x.json", "x.bank"}) {
+        EXPECT_EQ(StoreFiles::saveBank(folder.file(name), *lists), std::nullopt);
+        WindowAction::getSceneValue();
+        EXPECT_TRUE(files.openBank(folder.file(name)).isDone);
+        EXPECT_EQ(record(3, 1).MIDIChannel(), 9) << name;
+    }
+    EXPECT_EQ(StoreFiles::saveScene(folder.file("s.json"), 3, *lists), std::nullopt);
+    EXPECT_TRUE(files.openScene(folder.file("s.json"), 0).isDone);
+    EXPECT_EQ(record(0, 1).MIDIChannel(), 9);
+    EXPECT_TRUE(StoreFiles::saveBank(folder.file("no/such/x.json"), *lists));
+}
+
+} // namespace
+
+} // namespace scenewright
