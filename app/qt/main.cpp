@@ -1,6 +1,7 @@
 // The editor's window as a program.
 #include "app/Launch.h"
 #include "editor/qt/Appearance.h"
+#include "editor/qt/EditorCommands.h"
 #include "editor/qt/Ending.h"
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
@@ -86,6 +87,7 @@ int showWindow(QApplication& application, bool isVirtual) {
     MainWindow window(ending, appearance, isVirtual);
     if (const auto& trouble = window.picture().drawing().trouble())
         return complain(*trouble, kExitUsage);
+    const EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
     window.show();
     const int exitCode = QApplication::exec();
     releaseBus();

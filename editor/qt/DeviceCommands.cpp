@@ -3,12 +3,10 @@
 #include "app/WindowAction.h"
 #include "editor/qt/Text.h"
 #include "editor/qt/TransferAdvice.h"
+#include "editor/qt/WaitCursor.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
-
-#include <QCursor>
-#include <QGuiApplication>
 
 #include <string_view>
 
@@ -19,14 +17,6 @@ namespace {
 constexpr std::string_view kNotConnected = "Could not connect to midi device";
 constexpr std::chrono::milliseconds kPoll{50};
 
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 } // namespace
 
 DeviceCommands::DeviceCommands(QObject* parent) : QObject(parent) {
@@ -34,8 +24,12 @@ DeviceCommands::DeviceCommands(QObject* parent) : QObject(parent) {
     connect(&poll_, &QTimer::timeout, this, &DeviceCommands::checkEnd);
 }
 
+bool DeviceCommands::wasConnected() {
+    return WindowAction::getMessageValue()->Message() != kNotConnected;
+}
+
 QString DeviceCommands::adviceNow(TallyAdvice ofTally) const {
-    if (WindowAction::getMessageValue()->Message() == kNotConnected)
+    if (!wasConnected())
         return shown(connectCause());
     return ofTally(Transport::instance().tally());
 }
@@ -44,11 +38,13 @@ void DeviceCommands::read() {
     if (SendJob::isRunning())
         return;
     emit advised({});
+    emit aboutToRead();
     {
         const WaitCursor cursor;
         delegate_.readSceneDataAction();
     }
     emit advised(adviceNow(&readAdvice));
+    emit readEnded();
 }
 
 void DeviceCommands::send() {
@@ -71,6 +67,7 @@ void DeviceCommands::checkEnd() {
     poll_.stop();
     emit busyChanged(false);
     emit advised(adviceNow(&sendAdvice));
+    emit sendEnded();
 }
 
 } // namespace scenewright

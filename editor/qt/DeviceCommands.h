@@ -23,12 +23,19 @@ public:
     void send();
 
     [[nodiscard]] bool isBusy() const { return poll_.isActive(); }
+    // Whether the last command reached the controller.
+    [[nodiscard]] static bool wasConnected();
 
 signals:
     // A send has begun, or has ended.
     void busyChanged(bool isBusy);
     // What lies behind the end of the last command; empty when nothing is wrong.
     void advised(const QString& advice);
+    // A read is about to replace the scenes; it has ended; a send has ended. Each end comes after
+    // its advice, and the transport still holds the tally of the command.
+    void aboutToRead();
+    void readEnded();
+    void sendEnded();
 
 private:
     using TallyAdvice = QString (*)(const TransferTally&);

@@ -24,10 +24,11 @@ QMenu& menuNamed(QMenuBar& bar, const QString& title) {
 
 MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     bar.setAccessibleName(tr("Menu"));
-    quit_ = &added(menuNamed(bar, tr("&File")), tr("&Quit"), QKeySequence(tr("Ctrl+Q")));
-    QMenu& device = menuNamed(bar, tr("&Device"));
-    read_ = &added(device, tr("&Read Scenes"), QKeySequence(tr("Ctrl+R")));
-    send_ = &added(device, tr("&Send Scenes"), QKeySequence(tr("Ctrl+Return")));
+    file_ = &menuNamed(bar, tr("&File"));
+    quit_ = &added(*file_, tr("&Quit"), QKeySequence(tr("Ctrl+Q")));
+    device_ = &menuNamed(bar, tr("&Device"));
+    read_ = &added(*device_, tr("&Read Scenes"), QKeySequence(tr("Ctrl+R")));
+    send_ = &added(*device_, tr("&Send Scenes"), QKeySequence(tr("Ctrl+Return")));
     view_ = &menuNamed(bar, tr("&View"));
     gainPanel_ = &added(*view_, tr("&Gain Panel"));
     about_ = &added(menuNamed(bar, tr("&Help")), tr("&About Scenewright"));

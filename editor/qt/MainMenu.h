@@ -24,12 +24,16 @@ public:
     [[nodiscard]] QAction& send() { return *send_; }
     [[nodiscard]] QAction& gainPanel() { return *gainPanel_; }
     [[nodiscard]] QAction& about() { return *about_; }
+    [[nodiscard]] QMenu& file() { return *file_; }
+    [[nodiscard]] QMenu& device() { return *device_; }
     [[nodiscard]] QMenu& view() { return *view_; }
 
 signals:
     void modeChosen(int mode);
 
 private:
+    QMenu* file_ = nullptr;
+    QMenu* device_ = nullptr;
     QMenu* view_ = nullptr;
     QAction* quit_ = nullptr;
     QAction* read_ = nullptr;

@@ -152,6 +152,7 @@ void MainWindow::refresh() {
     if (view_.pu() && view_.sceneValue())
         picture_->showScene(*view_.pu(), *view_.sceneValue());
     refreshSceneTitles();
+    emit refreshed();
 }
 
 void MainWindow::refreshSceneTitles() {

@@ -65,6 +65,12 @@ public:
     [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
+    // Brings everything up to date that the view logic does not know of.
+    void refresh();
+
+signals:
+    // After every refresh().
+    void refreshed();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -82,8 +88,6 @@ private:
     void chooseMode(int mode);
     void showGainPanel();
     void showAbout();
-    // Brings everything up to date that the view logic does not know of.
-    void refresh();
     void refreshSceneTitles();
 
     Ending& application_;

@@ -24,13 +24,17 @@ StatusLine::StatusLine(QWidget* parent)
     grid.setVerticalSpacing(1);
     grid.addWidget(message_, 0, 0);
     grid.addWidget(busy_, 0, 1);
-    grid.addWidget(advice_, 1, 0, 1, 2);
+    grid.addWidget(advice_, 1, 0, 1, 3);
     grid.setColumnStretch(0, 1);
 }
 
 void StatusLine::setAdvice(const QString& advice) {
     advice_->setText(advice);
     advice_->setToolTip(advice);
+}
+
+void StatusLine::addMark(QWidget& mark) {
+    static_cast<QGridLayout*>(layout())->addWidget(&mark, 0, 2);
 }
 
 void StatusLine::setBusy(bool isBusy) {

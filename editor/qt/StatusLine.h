@@ -20,6 +20,8 @@ public:
     void setAdvice(const QString& advice);
     [[nodiscard]] QString advice() const { return advice_->text(); }
     void setBusy(bool isBusy);
+    // Puts a widget at the end of the message's line, and takes it as a child.
+    void addMark(QWidget& mark);
     [[nodiscard]] bool isBusy() const { return !busy_->isHidden(); }
 
 private:

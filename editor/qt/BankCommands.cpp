@@ -1,0 +1,199 @@
+#include "editor/qt/BankCommands.h"
+
+#include "app/WindowAction.h"
+#include "editor/qt/Owned.h"
+#include "editor/qt/RecentFiles.h"
+#include "editor/qt/Text.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMimeData>
+#include <QUrl>
+
+namespace scenewright {
+
+namespace {
+
+// The one local file that is dragged; empty for anything else.
+QString draggedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+std::filesystem::path pathOf(const QString& file) {
+    return {file.toStdString()};
+}
+
+// A name in a menu, where "&" marks a letter.
+QString inMenu(QString text) {
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
+
+BankCommands::BankCommands(MainWindow& window, StoreFiles files)
+    : window_(window), files_(std::move(files)) {
+    using Mode = QFileDialog::AcceptMode;
+    addFileEntry({tr("&Open Bank..."), QKeySequence(tr("Ctrl+O")), Mode::AcceptOpen,
+                  &BankCommands::openBank, "openBank"});
+    addFileEntry({tr("&Save Bank As..."), QKeySequence(tr("Ctrl+S")), Mode::AcceptSave,
+                  &BankCommands::saveBank, "saveBank"});
+    recent_ = &addMenu(tr("&Recent"), tr("Recent banks"));
+    window_.menu().file().insertSeparator(&window_.menu().quit());
+    addFileEntry({tr("Open S&cene Into This One..."),
+                  {},
+                  Mode::AcceptOpen,
+                  &BankCommands::openScene,
+                  "openScene"});
+    addFileEntry(
+        {tr("Save &This Scene..."), {}, Mode::AcceptSave, &BankCommands::saveScene, "saveScene"});
+    window_.menu().file().insertSeparator(&window_.menu().quit());
+    earlier_ = &addMenu(tr("&Earlier Scenes"), tr("Earlier scenes"));
+    window_.menu().file().insertSeparator(&window_.menu().quit());
+    connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
+    connect(earlier_, &QMenu::aboutToShow, this, &BankCommands::fillEarlier);
+    connect(&window_.commands(), &DeviceCommands::aboutToRead, this, &BankCommands::keepBeforeRead);
+    connect(&window_.commands(), &DeviceCommands::readEnded, this, &BankCommands::afterRead);
+    window_.setAcceptDrops(true);
+    window_.installEventFilter(this);
+}
+
+void BankCommands::addFileEntry(const FileEntry& entry) {
+    auto& action = owned<QAction>(entry.title, &window_.menu().file());
+    action.setObjectName(QLatin1String(entry.name));
+    action.setShortcut(entry.keys);
+    window_.menu().file().insertAction(&window_.menu().quit(), &action);
+    connect(&action, &QAction::triggered, this, [this, entry] { askForFile(entry); });
+}
+
+QMenu& BankCommands::addMenu(const QString& title, const QString& name) {
+    auto& menu = owned<QMenu>(title, &window_.menu().file());
+    menu.setAccessibleName(name);
+    window_.menu().file().insertMenu(&window_.menu().quit(), &menu);
+    return menu;
+}
+
+void BankCommands::askForFile(const FileEntry& entry) {
+    auto& dialog = owned<QFileDialog>(&window_);
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.setWindowTitle(
+        QString(entry.title).remove(QLatin1Char('&')).remove(QLatin1String("...")));
+    dialog.setAcceptMode(entry.mode);
+    const bool isSave = entry.mode == QFileDialog::AcceptSave;
+    dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setNameFilters({tr("Banks and scenes (*.json *.bank)"), tr("All files (*)")});
+    dialog.setDefaultSuffix(QStringLiteral("json"));
+    dialog.setDirectory(RecentFiles::folder());
+    connect(&dialog, &QFileDialog::fileSelected, this,
+            [this, command = entry.command](const QString& file) { (this->*command)(file); });
+    dialog.open();
+}
+
+void BankCommands::openBank(const QString& file) {
+    const QString done = tr("Opened %1").arg(QFileInfo(file).fileName());
+    if (showOutcome(files_.openBank(pathOf(file)), done))
+        RecentFiles::add(file);
+}
+
+void BankCommands::saveBank(const QString& file) {
+    const auto trouble = StoreFiles::saveBank(pathOf(file), *window_.view().pu());
+    showSaved(trouble, file);
+    if (!trouble)
+        RecentFiles::add(file);
+}
+
+void BankCommands::openScene(const QString& file) {
+    const QString done = tr("Opened %1 as scene %2")
+                             .arg(QFileInfo(file).fileName())
+                             .arg(window_.view().sceneIndex() + 1);
+    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), done))
+        RecentFiles::setFolderOf(file);
+}
+
+void BankCommands::saveScene(const QString& file) {
+    const auto trouble =
+        StoreFiles::saveScene(pathOf(file), window_.view().sceneIndex(), *window_.view().pu());
+    showSaved(trouble, file);
+    if (!trouble)
+        RecentFiles::setFolderOf(file);
+}
+
+void BankCommands::bringBackNewest() {
+    showOutcome(files_.bringBackNewest(), tr("Brought back the earlier scenes"));
+}
+
+bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString& done) {
+    window_.status().setAdvice(outcome.trouble ? shown(*outcome.trouble) : QString());
+    if (!outcome.isDone)
+        return false;
+    window_.view().setSelectControl(0);
+    window_.view().showSceneValue();
+    window_.refresh();
+    window_.status().message().setText(done.toStdString());
+    emit replaced();
+    return true;
+}
+
+void BankCommands::showSaved(const std::optional<std::string>& trouble, const QString& file) {
+    window_.status().setAdvice(trouble ? shown(*trouble) : QString());
+    if (!trouble)
+        window_.status().message().setText(
+            tr("Saved %1").arg(QFileInfo(file).fileName()).toStdString());
+}
+
+void BankCommands::fillRecent() {
+    recent_->clear();
+    for (const QString& file : RecentFiles::list()) {
+        QAction& action = *recent_->addAction(inMenu(file));
+        connect(&action, &QAction::triggered, this, [this, file] { openBank(file); });
+    }
+    if (recent_->isEmpty())
+        recent_->addAction(tr("None"))->setEnabled(false);
+}
+
+void BankCommands::fillEarlier() {
+    earlier_->clear();
+    for (const EarlierScenes::Bank& bank : files_.earlier().list()) {
+        const auto since =
+            std::chrono::floor<std::chrono::milliseconds>(bank.kept.time_since_epoch());
+        const auto time = QDateTime::fromMSecsSinceEpoch(since.count());
+        const QString when = QLocale().toString(time, tr("d MMMM yyyy, hh:mm:ss"));
+        QAction& action = *earlier_->addAction(when);
+        connect(&action, &QAction::triggered, this, [this, file = bank.file, when] {
+            showOutcome(files_.openBank(file), tr("Brought back the scenes of %1").arg(when));
+        });
+    }
+    if (earlier_->isEmpty())
+        earlier_->addAction(tr("None"))->setEnabled(false);
+}
+
+void BankCommands::keepBeforeRead() {
+    notKept_ = files_.keep();
+}
+
+void BankCommands::afterRead() {
+    if (notKept_)
+        window_.status().setAdvice(shown(*notKept_));
+    notKept_.reset();
+}
+
+bool BankCommands::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::DragEnter) {
+        auto* drag = static_cast<QDragEnterEvent*>(event);
+        if (draggedFile(*drag->mimeData()).isEmpty())
+            return false;
+        drag->acceptProposedAction();
+        return true;
+    }
+    if (event->type() == QEvent::Drop) {
+        auto* drop = static_cast<QDropEvent*>(event);
+        drop->acceptProposedAction();
+        openBank(draggedFile(*drop->mimeData()));
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace scenewright

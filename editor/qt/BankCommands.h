@@ -1,0 +1,70 @@
+// The commands on banks that people keep: the File menu, banks dropped on the window, and the
+// scenes of earlier times. None of them needs a controller or sends anything.
+#pragma once
+
+#include "app/StoreFiles.h"
+#include "editor/qt/MainWindow.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QMenu>
+#include <QObject>
+
+namespace scenewright {
+
+// The window outlives its commands. Main thread only.
+class BankCommands final : public QObject {
+    Q_OBJECT
+
+public:
+    BankCommands(MainWindow& window, StoreFiles files);
+
+    // A file that cannot be opened or written is told under the status line, and nothing is
+    // changed. Paths of local files.
+    void openBank(const QString& file);
+    void saveBank(const QString& file);
+    void openScene(const QString& file);
+    void saveScene(const QString& file);
+    // The newest of the earlier scenes that are not those shown.
+    void bringBackNewest();
+    [[nodiscard]] bool hasEarlier() const { return !files_.earlier().list().empty(); }
+
+    [[nodiscard]] QMenu& recentMenu() { return *recent_; }
+    [[nodiscard]] QMenu& earlierMenu() { return *earlier_; }
+
+signals:
+    // Other scenes are shown now.
+    void replaced();
+
+protected:
+    // Of the window: a file is dragged over it or dropped on it.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    using FileCommand = void (BankCommands::*)(const QString& file);
+    // An entry of the menu that asks for a file.
+    struct FileEntry {
+        QString title;
+        QKeySequence keys;
+        QFileDialog::AcceptMode mode;
+        FileCommand command;
+        const char* name; // of the action, for whoever looks for it
+    };
+    void addFileEntry(const FileEntry& entry);
+    QMenu& addMenu(const QString& title, const QString& name);
+    void askForFile(const FileEntry& entry);
+    void fillRecent();
+    void fillEarlier();
+    void keepBeforeRead();
+    void afterRead();
+    bool showOutcome(const StoreFiles::Outcome& outcome, const QString& done);
+    void showSaved(const std::optional<std::string>& trouble, const QString& file);
+
+    MainWindow& window_;
+    StoreFiles files_;
+    std::optional<std::string> notKept_; // by the read under way
+    QMenu* recent_ = nullptr;            // children of the File menu
+    QMenu* earlier_ = nullptr;
+};
+
+} // namespace scenewright

@@ -1,0 +1,93 @@
+#include "editor/qt/KeyboardWatch.h"
+
+#include "editor/qt/Text.h"
+#include "platform/Resources.h"
+#include "protocol/SendJob.h"
+#include "usb/ConnectCause.h"
+#include "usb/Transport.h"
+
+namespace scenewright {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A read leaves the interface open until the next transaction.
+bool hasOwnClaim() {
+    const auto interface = Transport::instance().interface();
+    return interface && !interface->isStale();
+}
+
+// The device list as it was when its file last changed: reading it at every look would be work, and
+// a log line each time for a file that cannot be read.
+class ListedKeyboards {
+public:
+    const std::vector<DeviceIds>& current() {
+        const fs::path file = Resources::find("project", "plist").value_or("");
+        std::error_code error;
+        const auto changed = fs::last_write_time(file, error);
+        if (!isRead_ || file != file_ || changed != changed_)
+            list_ = deviceList();
+        isRead_ = true;
+        file_ = file;
+        changed_ = changed;
+        return list_;
+    }
+
+private:
+    bool isRead_ = false;
+    fs::path file_;
+    fs::file_time_type changed_;
+    std::vector<DeviceIds> list_;
+};
+
+} // namespace
+
+KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_(std::move(look)) {
+    setAccessibleName(tr("Keyboard"));
+    setProperty("role", "field");
+    setTextFormat(Qt::PlainText);
+    if (!look_) {
+        setText(tr("Virtual controller"));
+        return;
+    }
+    timer_.setInterval(kInterval);
+    connect(&timer_, &QTimer::timeout, this, &KeyboardWatch::look);
+    timer_.start();
+    this->look();
+}
+
+KeyboardWatch::Look KeyboardWatch::kernelLook() {
+    return [listed = ListedKeyboards()]() mutable { return keyboardPresence(listed.current()); };
+}
+
+void KeyboardWatch::look() {
+    if (!SendJob::isRunning())
+        show(look_());
+}
+
+void KeyboardWatch::show(KeyboardPresence presence) {
+    switch (presence) {
+    case KeyboardPresence::Unplugged:
+        setText(tr("No keyboard plugged in"));
+        setToolTip({});
+        return;
+    case KeyboardPresence::NoPermission:
+        setText(tr("Keyboard plugged in, but you have no permission to use it"));
+        setToolTip(shown(causeAndCure(kResultAccess)));
+        return;
+    case KeyboardPresence::Claimed:
+        if (!hasOwnClaim()) {
+            setText(tr("Keyboard in use by another program"));
+            setToolTip(shown(causeAndCure(kResultBusy)));
+            return;
+        }
+        [[fallthrough]];
+    case KeyboardPresence::Usable:
+        setText(tr("Keyboard plugged in"));
+        setToolTip({});
+        return;
+    }
+}
+
+} // namespace scenewright
