@@ -36,10 +36,17 @@ std::string_view codeWords(ResultCode code) {
     }
 }
 
-// Transfers that come before the image's first byte: a read's handshake writes and read start, and
-// their replies.
-constexpr std::uint32_t kWritesBeforeData = 3;
-constexpr std::uint32_t kReadsBeforeData = 2;
+// Where in a read's image the first failure happened. Before its first byte come the handshakes, as
+// many as it took, and the read start with its reply.
+std::string placeOf(const TransferTally& tally, const TransferTally::Failure& failure) {
+    constexpr std::uint32_t kWritesOfHandshake = 2;
+    const std::uint32_t handshakes = std::max(tally.versionReads, 1U);
+    const std::uint32_t before =
+        (failure.isWrite ? kWritesOfHandshake * handshakes : handshakes) + 1;
+    if (failure.transfer < before)
+        return "before the first byte";
+    return fmt::format("at byte {} of {}", failure.transfer - before, kBankSize);
+}
 
 std::string firstFailure(const TransferTally::Failure& failure) {
     return fmt::format("{} (code {:08x})", codeWords(failure.code), failure.code);
@@ -56,18 +63,19 @@ int complainOfConnection() {
     return complain(connectCause(), kExitController);
 }
 
+void complainOfTransfers(const TransferTally& tally) {
+    if (tally.first && tally.first->code != kResultSuccess)
+        complain(causeAndCure(tally.first->code), kExitController);
+}
+
 std::optional<std::string> readReport(const TransferTally& tally, std::string_view consequence) {
     if (tally.isClean())
         return std::nullopt;
     const TransferTally::Failure first = tally.first.value_or(TransferTally::Failure{});
-    const std::uint32_t before = first.isWrite ? kWritesBeforeData : kReadsBeforeData;
-    const std::string place =
-        first.transfer < before
-            ? std::string("before the first byte")
-            : fmt::format("at byte {} of {}", first.transfer - before, kBankSize);
-    return fmt::format("the read failed {}: {}; {} of {} transfers failed, so {}", place,
-                       firstFailure(first), tally.failedReads + tally.failedWrites,
-                       tally.reads + tally.writes, consequence);
+    return fmt::format("the read failed {}: {}; {} of {} transfers failed, so {}",
+                       placeOf(tally, first), firstFailure(first),
+                       tally.failedReads + tally.failedWrites, tally.reads + tally.writes,
+                       consequence);
 }
 
 std::optional<std::string> sendReport(const TransferTally& tally) {

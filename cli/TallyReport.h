@@ -16,6 +16,10 @@ namespace scenewright {
 // Says so on standard error, with cause and cure where they are known; returns the exit code.
 int complainOfConnection();
 
+// Says cause and cure of the first failed transfer on standard error; nothing for an answer that
+// was merely short, as the reports below say all there is to it.
+void complainOfTransfers(const TransferTally& tally);
+
 // One sentence when not every transfer of a read went well: what failed, and at which byte.
 // Nothing when all that was read came from the controller. It ends with `consequence`: "so no file
 // was written".

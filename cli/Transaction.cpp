@@ -2,6 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "cli/Command.h"
+#include "cli/Patience.h"
 #include "cli/ProgressLine.h"
 #include "cli/TallyReport.h"
 #include "protocol/SendJob.h"
@@ -14,14 +15,17 @@ std::optional<SceneList> readController(std::string_view consequence) {
     const auto message = WindowAction::getMessageValue();
     {
         const ProgressLine progress("Reading", kReadPackets);
+        const Patience patience;
         WindowAction::readSceneData();
     }
     if (connectFailed(*message)) {
         complainOfConnection();
         return std::nullopt;
     }
-    if (const auto report = readReport(Transport::instance().tally(), consequence)) {
+    const TransferTally tally = Transport::instance().tally();
+    if (const auto report = readReport(tally, consequence)) {
         complain(*report, kExitController);
+        complainOfTransfers(tally);
         return std::nullopt;
     }
     return WindowAction::scenes();
@@ -32,6 +36,7 @@ bool sendToController(SceneList scenes) {
     const auto message = WindowAction::getMessageValue();
     {
         const ProgressLine progress("Sending", kSendPackets);
+        const Patience patience;
         WindowAction::sendSceneData();
         while (!SendJob::waitForEnd(std::chrono::hours(1))) {
             // A device that does not answer is waited for without limit.
@@ -42,8 +47,10 @@ bool sendToController(SceneList scenes) {
         complainOfConnection();
         return false;
     }
-    if (const auto report = sendReport(Transport::instance().tally())) {
+    const TransferTally tally = Transport::instance().tally();
+    if (const auto report = sendReport(tally)) {
         complain(*report, kExitController);
+        complainOfTransfers(tally);
         return false;
     }
     return true;

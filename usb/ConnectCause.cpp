@@ -23,6 +23,9 @@ std::string causeAndCure(ResultCode failure) {
     case kResultStall:
     case kResultInputOutput:
         return "The keyboard does not answer: unplug it, plug it in again and try again";
+    case kResultOverflow:
+        return "The keyboard answers with longer transfers than scenes have: check that "
+               "it is the model that the device list names, and plug it in again";
     default:
         return fmt::sprintf("The USB system refused to work with the keyboard (%08x): plug it in "
                             "again, at another socket if that does not help",

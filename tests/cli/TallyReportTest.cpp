@@ -24,6 +24,22 @@ TEST(TallyReport, ReadNamesTheFirstByteThatDidNotCome) {
               "written");
 }
 
+TEST(TallyReport, RepeatedHandshakesDoNotCountAsBytes) {
+    TransferTally tally;
+    tally.writes = 1022;
+    tally.reads = 1017;
+    tally.versionReads = 4;
+    tally.failedReads = 1;
+    tally.first = TransferTally::Failure{false, kResultSuccess, 4 + 1 + 10};
+    EXPECT_EQ(readReport(tally, "no file was written"),
+              "the read failed at byte 10 of 1012: the answer was too short (code 00000000); 1 of "
+              "2039 transfers failed, so no file was written");
+    tally.first = TransferTally::Failure{true, kResultInputOutput, 8 + 1 + 11};
+    EXPECT_EQ(readReport(tally, "no file was written"),
+              "the read failed at byte 11 of 1012: the USB transfer failed (code 5c570002); 1 of "
+              "2039 transfers failed, so no file was written");
+}
+
 TEST(TallyReport, ReadThatFailsInItsHandshakeNamesNoByte) {
     TransferTally tally;
     tally.writes = 1;

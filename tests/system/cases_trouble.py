@@ -56,6 +56,14 @@ def case_unplugged_in_a_send(rig):
     assert keyboard.bank_file.read_bytes() == some_bank(3), "the controller holds another bank"
 
 
+def case_keyboard_that_does_not_answer_is_told_as_such(rig):
+    keyboard = rig.plug("--fault", "silent:0")
+    program = rig.start(CLI, "read", rig.file("none.bank"))
+    assert "does not answer" in program.stderr.readline()
+    rig.check_ends_by(program, "SIGTERM")
+    keyboard.check_port_is_back()
+
+
 def case_stalled_pipe(rig):
     keyboard = rig.plug("--fault", "stall:100", bank=some_bank(4))
     rig.check_read_fails("byte 100 of 1012", "5c57000a")

@@ -1,0 +1,61 @@
+#include "cli/Patience.h"
+
+#include "cli/Command.h"
+#include "usb/ConnectCause.h"
+#include "usb/Transport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kLooks = 20; // how often the limit is divided into looks at the tally
+
+// Packets written beyond those of the handshakes, which a stuck transaction may repeat for ever.
+std::int64_t progressOf(const TransferTally& tally) {
+    constexpr std::int64_t kHandshakeWrites = 2;
+    return tally.writes - kHandshakeWrites * tally.versionReads;
+}
+
+void speakOf(const TransferTally& tally) {
+    const bool isUnplugged = tally.first && tally.first->code == kResultNoDevice;
+    if (isatty(STDERR_FILENO) != 0)
+        fmt::print(stderr, "\r\033[K"); // a progress line may stand there
+    complain(fmt::format("{} (Ctrl+C stops)",
+                         causeAndCure(isUnplugged ? kResultNoDevice : kResultTimeout)),
+             kExitController);
+}
+
+} // namespace
+
+Patience::Patience(std::chrono::milliseconds limit) : limit_(limit), thread_([this] { run(); }) {}
+
+Patience::~Patience() {
+    {
+        const std::lock_guard lock(mutex_);
+        hasEnded_ = true;
+    }
+    ended_.notify_one();
+    thread_.join();
+}
+
+void Patience::run() {
+    std::int64_t most = 0;
+    int still = 0;
+    std::unique_lock lock(mutex_);
+    while (!ended_.wait_for(lock, limit_ / kLooks, [this] { return hasEnded_; })) {
+        const TransferTally tally = Transport::instance().tally();
+        const std::int64_t progress = progressOf(tally);
+        still = progress > most ? 0 : still + 1;
+        most = std::max(most, progress);
+        if (still == kLooks)
+            return speakOf(tally);
+    }
+}
+
+} // namespace scenewright

@@ -1,0 +1,36 @@
+// Says once, on standard error, what may be wrong with a controller that keeps a transaction
+// waiting. The transaction goes on: only the user ends it.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+namespace scenewright {
+
+class Patience {
+public:
+    static constexpr std::chrono::milliseconds kLimit{10'000};
+
+    // Watches the transport's tally, on a thread of its own, until destroyed: a transaction that
+    // makes no progress for `limit`, whether it waits or repeats its handshake, is spoken of.
+    explicit Patience(std::chrono::milliseconds limit = kLimit);
+    ~Patience();
+    Patience(const Patience&) = delete;
+    Patience& operator=(const Patience&) = delete;
+    Patience(Patience&&) = delete;
+    Patience& operator=(Patience&&) = delete;
+
+private:
+    void run();
+
+    std::chrono::milliseconds limit_;
+    std::mutex mutex_;
+    std::condition_variable ended_;
+    bool hasEnded_ = false; // guarded by mutex_
+    std::thread thread_;
+};
+
+} // namespace scenewright

@@ -1,0 +1,62 @@
+#include "cli/Patience.h"
+
+#include "usb/Transport.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace scenewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kLimit = 200ms;
+constexpr const char* kNotAnswering =
+    "scenewright-cli: The keyboard does not answer: unplug it, plug it in again and try again "
+    "(Ctrl+C stops)\n";
+
+class PatienceTest : public ::testing::Test {
+protected:
+    void SetUp() override { Transport::instance().use(nullptr); }
+
+    // What is said while `step` is made every few milliseconds for three limits.
+    static std::string saidDuring(const std::function<void()>& step) {
+        ::testing::internal::CaptureStderr();
+        {
+            const Patience patience(kLimit);
+            for (int turn = 0; turn < 60; ++turn) {
+                step();
+                std::this_thread::sleep_for(kLimit / 20);
+            }
+        }
+        return ::testing::internal::GetCapturedStderr();
+    }
+};
+
+TEST_F(PatienceTest, SaysNothingWhilePacketsAreWritten) {
+    EXPECT_EQ(saidDuring([] { Transport::instance().countWrite(kResultSuccess); }), "");
+}
+
+TEST_F(PatienceTest, SaysOnceThatTheKeyboardDoesNotAnswer) {
+    EXPECT_EQ(saidDuring([] {}), kNotAnswering);
+}
+
+TEST_F(PatienceTest, RepeatedHandshakesAreNoProgress) {
+    EXPECT_EQ(saidDuring([] {
+                  Transport::instance().countWrite(kResultSuccess);
+                  Transport::instance().countWrite(kResultSuccess);
+                  Transport::instance().countRead(kResultSuccess, 12, true);
+              }),
+              kNotAnswering);
+}
+
+TEST_F(PatienceTest, AnUnpluggedKeyboardIsToldAsSuch) {
+    Transport::instance().countWrite(kResultNoDevice);
+    EXPECT_EQ(saidDuring([] {}),
+              "scenewright-cli: The keyboard was unplugged: plug it in and try again "
+              "(Ctrl+C stops)\n");
+}
+
+} // namespace
+} // namespace scenewright
