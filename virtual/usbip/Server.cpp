@@ -6,9 +6,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <sys/signalfd.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace scenewright::usbip {
@@ -16,6 +18,8 @@ namespace scenewright::usbip {
 namespace {
 
 constexpr std::size_t kMaxConnections = 16;
+constexpr int kPortAttempts = 100;
+constexpr std::chrono::milliseconds kPortPause{20};
 // The fixed places of the poll set; connections follow.
 constexpr std::size_t kSignalPlace = 0;
 constexpr std::size_t kListenerPlace = 1;
@@ -136,9 +140,19 @@ void Server::plugInAgain() {
         log_("nothing to plug in: a host attaches the controller itself");
     } else if (exported_.isTaken) {
         log_("nothing to plug in: the controller is plugged in");
-    } else if (const auto trouble = attach(*vhciPort_)) {
+    } else if (const auto trouble = attachAgain()) {
         log_(*trouble);
     }
+}
+
+// After an unplug the kernel takes a moment to free the port.
+std::optional<std::string> Server::attachAgain() {
+    auto trouble = attach(*vhciPort_);
+    for (int attempt = 1; trouble && attempt < kPortAttempts; ++attempt) {
+        std::this_thread::sleep_for(kPortPause);
+        trouble = attach(*vhciPort_);
+    }
+    return trouble;
 }
 
 } // namespace scenewright::usbip

@@ -40,6 +40,7 @@ private:
     // False when the signal is to end the server.
     bool takeSignal();
     void plugInAgain();
+    [[nodiscard]] std::optional<std::string> attachAgain();
 
     Exported& exported_;
     LineSink log_;
