@@ -1,9 +1,9 @@
 #include "bank/BankFile.h"
 
+#include "bank/BankImageReader.h"
 #include "bank/BankJson.h"
 #include "bank/JsonTree.h"
 #include "model/Control.h"
-#include "model/Setting.h"
 #include "platform/WholeFile.h"
 
 #include <fmt/format.h>
@@ -16,7 +16,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr std::uint8_t kLargestValue = 127;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kJsonBlanks = " \t\r\n";
 
@@ -44,36 +43,6 @@ bool isJson(std::string_view text) {
            (text.size() != kBankSize || std::ranges::all_of(text, isTextByte));
 }
 
-// The phrase for the first setting byte that is no value; the fields stand in the order of the
-// settings, right behind the name.
-std::optional<std::string> imageTrouble(std::span<const std::uint8_t> scene, std::size_t number) {
-    std::size_t offset = kNameSize;
-    for (const Setting& setting : settings()) {
-        for (std::int32_t k = 0; k < controlRange(setting.kind()).count; ++k, ++offset) {
-            if (scene[offset] <= kLargestValue)
-                continue;
-            std::string place =
-                memberPlace(elementPlace("scenes", number), controlsKey(setting.kind()));
-            if (setting.kind() != ControlKind::Common)
-                place = elementPlace(place, static_cast<std::size_t>(k));
-            return notAValue(memberPlace(place, setting.name()), std::to_string(scene[offset]));
-        }
-    }
-    return std::nullopt;
-}
-
-BankFile parseImage(std::span<const std::uint8_t> bytes, const std::string& name) {
-    if (bytes.size() != kBankSize)
-        return {{},
-                fmt::format("{}: not a bank: it holds {} bytes, and a bank holds {} or is JSON",
-                            name, bytes.size(), kBankSize)};
-    for (std::size_t scene = 0; scene < kSceneCount; ++scene)
-        if (const auto trouble =
-                imageTrouble(bytes.subspan(scene * kSceneImageSize, kSceneImageSize), scene))
-            return {{}, fmt::format("{}: {}", name, *trouble)};
-    return {parseScenes(bytes), std::nullopt};
-}
-
 std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
@@ -88,12 +57,12 @@ BankFile readBank(const std::filesystem::path& path) {
 }
 
 BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
-    if (!isJson(textOf(bytes)))
-        return parseImage(bytes, name);
-    JsonScenes read = readBankJson(textOf(bytes));
-    if (read.trouble)
-        return {{}, fmt::format("{}: {}", name, *read.trouble), BankForm::Json};
-    return {std::move(read.scenes), std::nullopt, BankForm::Json};
+    const bool json = isJson(textOf(bytes));
+    BankContent content = json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
+    if (content.trouble)
+        content.trouble = fmt::format("{}: {}", name, *content.trouble);
+    return {std::move(content.scenes), std::move(content.trouble),
+            json ? BankForm::Json : BankForm::Image};
 }
 
 BankForm formForName(const std::filesystem::path& path) {
@@ -106,7 +75,7 @@ BankForm formForName(const std::filesystem::path& path) {
 
 BankImage encodeBank(const SceneList& scenes) {
     BankImage bank{};
-    auto place = bank.begin();
+    auto* place = bank.begin();
     for (std::size_t scene = 0; scene < kSceneCount; ++scene)
         place = std::ranges::copy(encodeScene(*scenes.at(scene)), place).out;
     return bank;
@@ -133,7 +102,7 @@ SceneFile readScene(const std::filesystem::path& path) {
     FileBytes file = readWholeFile(path, kJsonBytes);
     if (file.trouble)
         return {nullptr, std::move(file.trouble)};
-    JsonScenes read = readSceneJson(textOf(file.bytes));
+    BankContent read = readSceneJson(textOf(file.bytes));
     if (read.trouble)
         return {nullptr, fmt::format("{}: {}", path.string(), *read.trouble)};
     return {read.scenes.front(), std::nullopt};

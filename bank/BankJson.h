@@ -9,12 +9,12 @@
 // ignores: the writer puts each value's title under "//" and the field's name.
 #pragma once
 
+#include "bank/BankContent.h"
 #include "editor/options/PopUpValue.h"
 #include "model/Control.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,17 +33,7 @@ inline constexpr std::string_view kCommentMark = "//";
 [[nodiscard]] std::string writeBankJson(const SceneList& scenes, const PopUpValue& lists);
 [[nodiscard]] std::string writeSceneJson(const SceneValue& scene, const PopUpValue& lists);
 
-// What reading gave: no scene when `trouble` says in one phrase what is wrong and where, as in
-// "scenes[1].pads[3].CR is missing". The scenes are what a read of the same image gives.
-struct JsonScenes {
-    SceneList scenes;
-    std::optional<std::string> trouble;
-};
-
-[[nodiscard]] JsonScenes readBankJson(std::string_view text);  // four scenes
-[[nodiscard]] JsonScenes readSceneJson(std::string_view text); // one
-
-// The phrase for a setting that has no value: `found` is what stands there instead.
-[[nodiscard]] std::string notAValue(std::string_view place, std::string_view found);
+[[nodiscard]] BankContent readBankJson(std::string_view text);  // four scenes
+[[nodiscard]] BankContent readSceneJson(std::string_view text); // one
 
 } // namespace scenewright

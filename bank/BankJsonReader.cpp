@@ -127,6 +127,7 @@ Trouble readName(const JsonNode& node, const std::string& place, const SceneValu
 
 Trouble readScene(const JsonNode& node, const std::string& place, const SceneValue& scene) {
     std::vector<std::string> names;
+    names.reserve(kControlRanges.size());
     for (const ControlRange& range : kControlRanges)
         names.push_back(controlsKey(range.kind));
     if (Trouble trouble =
@@ -174,7 +175,7 @@ Trouble headTrouble(const JsonNode& root, std::string_view format, std::string_v
     return keysTrouble(root, "", {"format", "version", content});
 }
 
-JsonScenes readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
+BankContent readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
     Trouble trouble = tree.trouble;
     const std::string_view key = isBank ? "scenes" : "scene";
     if (!trouble)
@@ -197,14 +198,14 @@ std::string notAValue(std::string_view place, std::string_view found) {
     return notExpected(place, "a whole number from 0 to 127", found);
 }
 
-JsonScenes readBankJson(std::string_view text) {
+BankContent readBankJson(std::string_view text) {
     SceneList scenes;
     for (std::int32_t i = 0; i < kSceneCount; ++i)
         scenes.push_back(blankScene());
     return readScenes(parseJson(text), std::move(scenes), true);
 }
 
-JsonScenes readSceneJson(std::string_view text) {
+BankContent readSceneJson(std::string_view text) {
     return readScenes(parseJson(text), {blankScene()}, false);
 }
 

@@ -1,10 +1,10 @@
 #include "bank/BankJson.h"
 #include "bank/JsonTree.h"
 #include "bank/NameText.h"
+#include "bank/SettingText.h"
 #include "editor/options/SettingOptions.h"
 #include "model/SceneName.h"
 #include "model/Setting.h"
-#include "model/ValueAction.h"
 
 #include <fmt/format.h>
 
@@ -12,7 +12,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kIndent = 2;
+constexpr std::size_t kIndent = 2;
 
 // Lines of a JSON text, indented by how many brackets are open.
 class Lines {
@@ -44,12 +44,12 @@ private:
             text_ += ',';
         if (!text_.empty())
             text_ += '\n';
-        text_.append(static_cast<std::size_t>(level_ * kIndent), ' ');
+        text_.append(level_ * kIndent, ' ');
     }
 
     std::string text_;
     bool isFirst_ = true;
-    int level_ = 0;
+    std::size_t level_ = 0;
 };
 
 std::string member(std::string_view key, std::string_view value) {
@@ -74,7 +74,7 @@ void addFields(Lines& lines, const SceneValue& scene, ControlKind kind, std::int
     for (const Setting& setting : settings()) {
         if (setting.kind() != kind)
             continue;
-        const int index = ValueAction::GetFrom127WithIndex(setting.read(scene, control));
+        const std::int32_t index = storedIndex(scene, setting, control);
         std::string line = member(setting.name(), std::to_string(index));
         if (const std::string title = optionTitle(lists, setting, scene, control);
             title != kNoTitle)

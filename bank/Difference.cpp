@@ -15,7 +15,8 @@ bool isSame(const SceneValue& first, const SceneValue& second, const SettingPlac
     if (place.isName())
         return nameBytes(first.commonValue()->SceneName()) ==
                nameBytes(second.commonValue()->SceneName());
-    return storedIndex(first, place) == storedIndex(second, place);
+    return storedIndex(first, *place.setting, place.control) ==
+           storedIndex(second, *place.setting, place.control);
 }
 
 std::string shown(const SettingPlace& place, const SettingText& text) {

@@ -1,4 +1,4 @@
-#include "bank/BankJson.h"
+#include "bank/BankContent.h"
 #include "bank/Edit.h"
 #include "bank/MessageText.h"
 #include "bank/NameText.h"

@@ -6,8 +6,10 @@
 
 namespace scenewright {
 
-std::int32_t storedIndex(const SceneValue& scene, const SettingPlace& place) {
-    return ValueAction::GetFrom127WithIndex(place.setting->read(scene, place.control));
+std::int32_t storedIndex(const SceneValue& scene, const Setting& setting, std::int32_t control) {
+    // The codec's byte is never above 127, so its sign says nothing.
+    return static_cast<std::uint8_t>(
+        ValueAction::GetFrom127WithIndex(setting.read(scene, control)));
 }
 
 SettingText settingText(const PopUpValue& lists, const SceneValue& scene,
@@ -19,7 +21,7 @@ SettingText settingText(const PopUpValue& lists, const SceneValue& scene,
     std::string title = optionTitle(lists, *place.setting, scene, place.control);
     if (title == kNoTitle)
         title.clear();
-    return {std::to_string(storedIndex(scene, place)), std::move(title)};
+    return {std::to_string(storedIndex(scene, *place.setting, place.control)), std::move(title)};
 }
 
 } // namespace scenewright

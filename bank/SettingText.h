@@ -27,6 +27,7 @@ struct SettingText {
                                       const SettingPlace& place);
 
 // The index that the controller stores for it: 0 for one outside 0..127.
-[[nodiscard]] std::int32_t storedIndex(const SceneValue& scene, const SettingPlace& place);
+[[nodiscard]] std::int32_t storedIndex(const SceneValue& scene, const Setting& setting,
+                                       std::int32_t control);
 
 } // namespace scenewright

@@ -1,5 +1,6 @@
 #include "bank/BankFile.h"
 
+#include "platform/Diagnostics.h"
 #include "tests/bank/KnownBank.h"
 #include "tests/support/TempFolder.h"
 
@@ -13,6 +14,13 @@ namespace {
 
 std::vector<std::uint8_t> bytesOf(const std::string& text) {
     return {text.begin(), text.end()};
+}
+
+// What is told of the known image with one byte changed.
+std::string imageTrouble(std::size_t byte, std::uint8_t value) {
+    BankImage image = testing::knownImage();
+    image.at(byte) = value;
+    return parseBank(image, "my.bank").trouble.value_or("none");
 }
 
 void writeText(const std::string& path, const std::string& text) {
@@ -86,20 +94,44 @@ TEST(BankFile, TroubleInATextNamesTheFileAndThePlace) {
 }
 
 TEST(BankFile, ByteOfAnImageThatIsNoValueIsToldWithItsPlace) {
-    const std::string must = " must be a whole number from 0 to 127, and is ";
-    const auto trouble = [](std::size_t byte, int value) {
-        BankImage image = testing::knownImage();
-        image.at(byte) = static_cast<std::uint8_t>(value);
-        return parseBank(image, "my.bank").trouble.value_or("none");
+    struct Case {
+        std::size_t byte;
+        std::uint8_t value;
+        std::string place;
     };
-    EXPECT_EQ(trouble(0, 255), "none");
-    EXPECT_EQ(trouble(11, 128), "none");
-    EXPECT_EQ(trouble(12, 127), "none");
-    EXPECT_EQ(trouble(12, 128), "my.bank: scenes[0].common.GlobalMIDICh" + must + "128");
-    EXPECT_EQ(trouble(253 + 229 + 3, 200), "my.bank: scenes[1].pads[3].CR" + must + "200");
-    EXPECT_EQ(trouble(506 + 20, 255), "my.bank: scenes[2].keys[0].AssignType" + must + "255");
-    EXPECT_EQ(trouble(506 + 148, 255), "my.bank: scenes[2].groups[3].MIDIChannel" + must + "255");
-    EXPECT_EQ(trouble(1011, 129), "my.bank: scenes[3].pads[7].CB" + must + "129");
+    for (const Case& c : {Case{12, 128, "scenes[0].common.GlobalMIDICh"},
+                          Case{253 + 229 + 3, 200, "scenes[1].pads[3].CR"},
+                          Case{506 + 20, 255, "scenes[2].keys[0].AssignType"},
+                          Case{506 + 148, 255, "scenes[2].groups[3].MIDIChannel"},
+                          Case{1011, 129, "scenes[3].pads[7].CB"}})
+        EXPECT_EQ(imageTrouble(c.byte, c.value),
+                  "my.bank: " + c.place + " must be a whole number from 0 to 127, and is " +
+                      std::to_string(c.value));
+}
+
+TEST(BankFile, AnyByteOfANameAndAnyValueUpTo127AreRead) {
+    EXPECT_EQ(imageTrouble(0, 255), "none");
+    EXPECT_EQ(imageTrouble(11, 128), "none");
+    EXPECT_EQ(imageTrouble(12, 127), "none");
+}
+
+TEST(BankFile, ImageIsReadAsTheControllersIs) {
+    const BankFile bank = parseBank(testing::knownImage(), "known");
+    const SceneList parsed = testing::knownScenes();
+    ASSERT_EQ(bank.scenes.size(), parsed.size());
+    for (std::size_t scene = 0; scene < parsed.size(); ++scene)
+        for (std::size_t control = 0; control < 45; ++control)
+            for (const IndexField<ButtonValue>& field : kButtonOptionFields)
+                EXPECT_EQ(field.of(*bank.scenes[scene]->buttonValueArray()[control]),
+                          field.of(*parsed[scene]->buttonValueArray()[control]));
+}
+
+TEST(BankFile, ReadingAnImageLogsNothing) {
+    std::vector<std::string> log;
+    Diagnostics::setLog([&](std::string_view line) { log.emplace_back(line); });
+    EXPECT_EQ(parseBank(testing::knownImage(), "known").trouble, std::nullopt);
+    Diagnostics::setLog({});
+    EXPECT_TRUE(log.empty());
 }
 
 TEST(BankFile, TextCutToTheSizeOfAnImageIsNotTakenForOne) {

@@ -16,7 +16,7 @@ using testing::replaced;
 namespace {
 
 std::string troubleOf(const std::string& text) {
-    const JsonScenes read = readBankJson(text);
+    const BankContent read = readBankJson(text);
     EXPECT_EQ(read.scenes.empty(), read.trouble.has_value());
     return read.trouble.value_or("none");
 }
@@ -50,13 +50,13 @@ std::string crLine() {
 } // namespace
 
 TEST(BankJsonReader, KnownTextIsTheKnownImage) {
-    const JsonScenes read = readBankJson(knownJson());
+    const BankContent read = readBankJson(knownJson());
     ASSERT_EQ(read.trouble, std::nullopt);
     EXPECT_EQ(encodeBank(read.scenes), knownImage());
 }
 
 TEST(BankJsonReader, ScenesAreWhatAReadOfTheImageGives) {
-    const JsonScenes read = readBankJson(knownJson());
+    const BankContent read = readBankJson(knownJson());
     const SceneList parsed = testing::knownScenes();
     ASSERT_EQ(read.scenes.size(), 4U);
     EXPECT_EQ(read.scenes[0]->commonValue()->SceneName(), parsed[0]->commonValue()->SceneName());
@@ -228,7 +228,7 @@ TEST(BankJsonReader, HostileTextsEndAtALimit) {
 TEST(BankJsonReader, SceneAloneIsReadWithItsOwnPlaces) {
     const SceneList scenes = testing::knownScenes();
     const std::string text = writeSceneJson(*scenes[2], PopUpValue());
-    const JsonScenes read = readSceneJson(text);
+    const BankContent read = readSceneJson(text);
     ASSERT_EQ(read.scenes.size(), 1U);
     EXPECT_EQ(encodeScene(*read.scenes[0]), encodeScene(*scenes[2]));
     EXPECT_EQ(readSceneJson(replaced(text, "pad4", "\"CR\"", "\"CX\"")).trouble,
@@ -252,7 +252,7 @@ TEST(BankJsonReader, AnyFlippedByteIsReadOrToldInOnePhrase) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::string flipped = text;
         flipped[at] = static_cast<char>(flipped[at] ^ (1 << (at % 8)));
-        const JsonScenes read = readSceneJson(flipped);
+        const BankContent read = readSceneJson(flipped);
         ASSERT_EQ(read.scenes.empty(), read.trouble.has_value()) << at;
         if (!read.trouble)
             continue;
@@ -271,7 +271,7 @@ TEST(BankJsonReader, RandomBanksComeBackByteForByteNamesIncluded) {
         BankImage image{};
         for (std::size_t i = 0; i < image.size(); ++i)
             image[i] = static_cast<std::uint8_t>(random() % (i % 253 < 12 ? 256U : 128U));
-        const JsonScenes read = readBankJson(writeBankJson(parseScenes(image), *lists));
+        const BankContent read = readBankJson(writeBankJson(parseScenes(image), *lists));
         ASSERT_EQ(read.trouble, std::nullopt);
         ASSERT_EQ(encodeBank(read.scenes), image);
     }

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <stdexcept>
 #include <string>
 
 namespace scenewright::testing {
@@ -21,7 +23,8 @@ inline BankImage knownImage() {
         for (std::size_t offset = 12; offset < 253; ++offset)
             image.at(scene * 253 + offset) =
                 static_cast<std::uint8_t>((offset * 7 + scene * 3) % 19);
-        std::ranges::copy(names.at(scene), image.begin() + static_cast<int>(scene) * 253);
+        std::ranges::copy(names.at(scene),
+                          std::next(image.begin(), static_cast<long>(scene * 253)));
     }
     return image;
 }

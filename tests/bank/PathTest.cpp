@@ -97,10 +97,10 @@ TEST(Path, SceneNumberIsChecked) {
 }
 
 TEST(Path, KindIsChecked) {
-    const std::string expected = "common, group, knob, slider, pad or key was expected";
     for (const std::string text : {"scene1.", "scene1.Pad3", "scene1.pads", "scene1.3", "scene1.*",
                                    "scene1.p", "scene1..CR"})
-        EXPECT_EQ(troubleOf(text), text + ": at character 8, " + expected);
+        EXPECT_EQ(troubleOf(text), text + ": at character 8, common, group, knob, slider, pad or "
+                                          "key was expected");
 }
 
 TEST(Path, ControlNumberIsChecked) {
