@@ -16,7 +16,7 @@ namespace {
 
 constexpr QColor kPlainTitle(214, 219, 226);
 constexpr QColor kFocus(255, 255, 255);
-constexpr qreal kCaptionMargin = 2;
+constexpr qreal kCaptionMargin = 1;
 
 QColor colourOf(const std::optional<Colour>& colour) {
     return colour ? QColor(colour->red, colour->green, colour->blue) : kPlainTitle;

@@ -23,7 +23,7 @@ constexpr QColor kMark(232, 235, 240);
 constexpr QColor kEdge(0, 0, 0, 150);
 
 // Measures are parts of a control's own size, so that the picture scales as one.
-constexpr qreal kScreenMargin = 0.06;
+constexpr qreal kScreenMargin = 0.05;
 constexpr qreal kKnobScreen = 0.42;
 constexpr qreal kSliderScreen = 0.26;
 constexpr qreal kPadScreen = 0.46;
@@ -152,7 +152,7 @@ QRectF captionRoom(ControlShape shape, const QRectF& room) {
     case ControlShape::Pad:
         return lowerPart(room.adjusted(3, 3, -3, -3), kPadScreen);
     case ControlShape::WhiteKey:
-        return lowerPart(room.adjusted(0, 0, 0, -4), kWhiteScreen);
+        return lowerPart(room.adjusted(-1, 0, 1, -4), kWhiteScreen);
     case ControlShape::BlackKey:
         return room.adjusted(3, room.height() * 0.1, -3, -7);
     }

@@ -2,6 +2,7 @@
 
 #include "editor/qt/Mnemonic.h"
 
+#include <QChildEvent>
 #include <QMenu>
 
 namespace scenewright {
@@ -24,6 +25,7 @@ QMenu& menuNamed(QMenuBar& bar, const QString& title) {
 
 MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     bar.setAccessibleName(tr("Menu"));
+    bar.installEventFilter(this);
     file_ = &menuNamed(bar, tr("&File"));
     quit_ = &added(*file_, tr("&Quit"), QKeySequence(tr("Ctrl+Q")));
     device_ = &menuNamed(bar, tr("&Device"));
@@ -35,6 +37,15 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     quit_->setMenuRole(QAction::QuitRole);
     about_->setMenuRole(QAction::AboutRole);
     modes_.setExclusive(true);
+}
+
+bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
+    // The toolkit makes a button and a menu of its own for what a narrow window has no room for.
+    if (event->type() == QEvent::ChildAdded || event->type() == QEvent::ChildPolished)
+        if (auto* made = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
+            if (made->accessibleName().isEmpty())
+                made->setAccessibleName(tr("More menus"));
+    return QObject::eventFilter(watched, event);
 }
 
 void MainMenu::setModes(const QStringList& titles) {

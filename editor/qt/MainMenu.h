@@ -31,6 +31,9 @@ public:
 signals:
     void modeChosen(int mode);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QMenu* file_ = nullptr;
     QMenu* device_ = nullptr;

@@ -68,6 +68,7 @@ void ValuePanes::makePane(ControlKind kind) {
     Body& body = bodies_.at(placeOf(kind));
     body.taken = kTakenEverywhere;
     body.frame = &owned<PaneFrame>(this);
+    body.frame->setAccessibleName(tr("Settings of the chosen control"));
     auto& column = owned<QVBoxLayout>(body.frame);
     column.setContentsMargins(14, 9, 14, 12);
     column.setSpacing(6);

@@ -1,0 +1,156 @@
+// What a screen reader is told, and whether texts can be read at all.
+#include "editor/qt/About.h"
+#include "editor/qt/ControlShape.h"
+#include "tests/editor-qt/WindowBench.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+
+namespace scenewright::testing {
+namespace {
+
+// A widget of a popup's or a list's own making carries no name of its own in the toolkit.
+bool isPartOfAnother(const QWidget& widget) {
+    for (const QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget())
+        if (qobject_cast<const QComboBox*>(at) || qobject_cast<const QAbstractScrollArea*>(at))
+            return true;
+    return false;
+}
+
+QString nameOf(QWidget& widget) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&widget);
+    return face == nullptr ? QString() : face->text(QAccessible::Name);
+}
+
+// Every widget of the tree that says nothing.
+std::string namelessIn(QWidget& root) {
+    QStringList nameless;
+    QList<QWidget*> widgets = root.findChildren<QWidget*>();
+    widgets.append(&root);
+    for (QWidget* widget : widgets) {
+        if (isPartOfAnother(*widget) || !nameOf(*widget).isEmpty())
+            continue;
+        nameless.append(QString::fromLatin1(widget->metaObject()->className()) + " " +
+                        widget->objectName() + " in " +
+                        (widget->parent() ? widget->parent()->metaObject()->className() : ""));
+    }
+    return nameless.join('\n').toStdString();
+}
+
+class Accessibility : public WindowBench {};
+
+TEST_F(Accessibility, EveryWidgetOfTheWindowHasAName) {
+    EXPECT_EQ(namelessIn(open()), std::string());
+}
+
+TEST_F(Accessibility, EveryWidgetOfTheGainPanelHasAName) {
+    open();
+    EXPECT_EQ(namelessIn(window().gainPanel()), std::string());
+}
+
+TEST_F(Accessibility, EveryWidgetOfTheAboutBoxHasAName) {
+    About about;
+    EXPECT_EQ(namelessIn(about), std::string());
+}
+
+TEST_F(Accessibility, WidgetWithoutANameWouldBeFound) {
+    QWidget root;
+    root.setAccessibleName("root");
+    QWidget nameless(&root);
+    EXPECT_EQ(namelessIn(root), "QWidget  in QWidget");
+}
+
+TEST_F(Accessibility, ButtonsAreNamedAndDescribedInWords) {
+    open();
+    EXPECT_EQ(window().picture().button(1)->accessibleName(), "Group 1");
+    EXPECT_EQ(window().picture().button(14)->accessibleName(), "Pad 2");
+    EXPECT_EQ(window().picture().button(45)->accessibleName(), "Key 25");
+    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+        const ControlButton* button = window().picture().button(tag);
+        EXPECT_TRUE(button->accessibleDescription().startsWith(button->accessibleName() + ": "));
+    }
+}
+
+TEST_F(Accessibility, PopUpsAreNamedAsTheirLabels) {
+    open();
+    EXPECT_EQ(window().panes().popUp("commonPianoKeyCh").accessibleName(), "Keyboard MIDI channel");
+    EXPECT_EQ(window().panes().popUp("padCB").accessibleName(), "Blue");
+}
+
+TEST_F(Accessibility, SceneSegmentsSayNumberAndName) {
+    open();
+    EXPECT_EQ(window().scenes().segment(0).accessibleName(), "Scene 1, SCENE1");
+}
+
+// Parameter: display mode and whether the window has its default size or that of a small screen.
+class Titles : public WindowBench,
+               public ::testing::WithParamInterface<std::tuple<std::int32_t, bool>> {};
+
+TEST_P(Titles, FitTheirControlsAndAreGreen) {
+    open();
+    const auto& [mode, isSmall] = GetParam();
+    if (isSmall)
+        window().resize(1024, 600);
+    // Both a controller's and a note's titles are shown; the longest numbers are among them.
+    for (std::int32_t tag = 13; tag <= kControlCount; ++tag) {
+        auto& record =
+            *window().view().sceneValue()->buttonValueArray().at(static_cast<std::size_t>(tag - 1));
+        record.setAssignType(tag % 2 + 1);
+        record.setCCOrNoteNumber(tag % 2 == 0 ? 1 : 127);
+        record.setOnValue(127);
+        record.setOffValue(100);
+    }
+    window().displayModes().selectItem(mode);
+    window().view().changeDispalyAction(window().displayModes());
+    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+        const ControlButton* button = window().picture().button(tag);
+        const AttributedTitle title = button->attributedTitle();
+        const CaptionSetting setting = button->captionSetting();
+        EXPECT_TRUE(setting.fits) << tag << " " << title.text;
+        EXPECT_GE(setting.font.pixelSize(), kSmallestCaption);
+        EXPECT_EQ(title.colour, (Colour{50, 180, 50})) << tag;
+        EXPECT_TRUE(QRectF(button->rect()).contains(button->captionRoom()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllModes, Titles,
+                         ::testing::Combine(::testing::Range(0, 8), ::testing::Bool()));
+
+class Texts : public WindowBench, public ::testing::WithParamInterface<bool> {};
+
+// Every label and button of the window has the room that its text takes.
+TEST_P(Texts, AreNotClipped) {
+    open();
+    if (GetParam())
+        window().resize(1024, 600);
+    for (std::int32_t control : {0, 1, 5, 9, 13, 21}) {
+        window().list().selectRow(control);
+        QTest::qWait(10);
+        for (const QLabel* label : window().findChildren<QLabel*>()) {
+            if (!label->isVisible() || label->wordWrap())
+                continue;
+            const QString text = QString(label->text()).remove('&');
+            EXPECT_LE(label->fontMetrics().horizontalAdvance(text), label->contentsRect().width())
+                << text.toStdString();
+            EXPECT_LE(label->fontMetrics().height() * !text.isEmpty(),
+                      label->contentsRect().height())
+                << text.toStdString();
+        }
+        for (const QPushButton* button : window().findChildren<QPushButton*>())
+            EXPECT_GE(button->width(), button->minimumSizeHint().width())
+                << button->text().toStdString();
+        for (const PopUpBox* box : window().findChildren<PopUpBox*>()) {
+            if (!box->isVisible())
+                continue;
+            EXPECT_LE(box->fontMetrics().horizontalAdvance(box->currentText()), box->width() - 30)
+                << box->objectName().toStdString();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(BothSizes, Texts, ::testing::Bool());
+
+} // namespace
+} // namespace scenewright::testing

@@ -1,0 +1,135 @@
+// The drawing of the keyboard: what its places must be, read from the file itself.
+#include "editor/qt/ControlShape.h"
+#include "editor/qt/DeviceDrawing.h"
+#include "editor/qt/Neighbour.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace scenewright {
+namespace {
+
+QString drawingText() {
+    QFile file(QStringLiteral(SCENEWRIGHT_SOURCE_DIR "/resources/keyboard.svg"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList idsOf(const QString& svg) {
+    QStringList ids;
+    auto found = QRegularExpression(R"(\sid="([^"]*)\")").globalMatch(svg);
+    while (found.hasNext())
+        ids.append(found.next().captured(1));
+    return ids;
+}
+
+bool isBlack(std::int32_t tag) {
+    return tag >= 21 && shapeOf(ControlKind::Key, tag) == ControlShape::BlackKey;
+}
+
+// A black key lies on the white keys beside it, and on nothing else.
+bool mayOverlap(std::int32_t one, std::int32_t other) {
+    const std::int32_t black = isBlack(one) ? one : other;
+    const std::int32_t white = isBlack(one) ? other : one;
+    return isBlack(black) && !isBlack(white) && std::abs(black - white) == 1;
+}
+
+TEST(KeyboardDrawing, CanBeRead) {
+    const DeviceDrawing drawing;
+    EXPECT_EQ(drawing.trouble(), std::nullopt);
+    EXPECT_GT(drawing.size().width(), 0);
+}
+
+TEST(KeyboardDrawing, NoIdStandsTwice) {
+    const QStringList ids = idsOf(drawingText());
+    EXPECT_EQ(QSet<QString>(ids.begin(), ids.end()).size(), ids.size());
+}
+
+TEST(KeyboardDrawing, HasABodyAndExactlyTheFortyFivePlaces) {
+    const QStringList ids = idsOf(drawingText());
+    EXPECT_TRUE(ids.contains("body"));
+    EXPECT_EQ(ids.filter(QRegularExpression("^control-")).size(), 45);
+    for (int tag = 1; tag <= 45; ++tag)
+        EXPECT_TRUE(ids.contains(QString("control-%1").arg(tag))) << tag;
+}
+
+TEST(KeyboardDrawing, EveryPlaceLiesInsideTheBody) {
+    QSvgRenderer renderer(drawingText().toUtf8());
+    const QRectF body = renderer.boundsOnElement("body");
+    const DeviceDrawing drawing;
+    for (std::int32_t tag = 1; tag <= 45; ++tag)
+        EXPECT_TRUE(body.contains(drawing.place(tag))) << tag;
+}
+
+TEST(KeyboardDrawing, PlacesOverlapOnlyWhereABlackKeyLiesOnItsWhiteNeighbours) {
+    const DeviceDrawing drawing;
+    for (std::int32_t one = 1; one <= 45; ++one)
+        for (std::int32_t other = one + 1; other <= 45; ++other) {
+            const bool doOverlap = drawing.place(one).intersects(drawing.place(other));
+            if (!mayOverlap(one, other))
+                EXPECT_FALSE(doOverlap) << one << " and " << other;
+            else
+                EXPECT_TRUE(doOverlap) << one << " and " << other;
+        }
+}
+
+TEST(KeyboardDrawing, KeysStandInTheOrderOfTheirNotes) {
+    const DeviceDrawing drawing;
+    for (std::int32_t tag = 22; tag <= 45; ++tag)
+        EXPECT_GT(drawing.place(tag).center().x(), drawing.place(tag - 1).center().x()) << tag;
+}
+
+TEST(KeyboardDrawing, TagWithoutAPlaceHasNone) {
+    const DeviceDrawing drawing;
+    EXPECT_TRUE(drawing.place(0).isEmpty());
+    EXPECT_TRUE(drawing.place(46).isEmpty());
+}
+
+std::int32_t next(std::int32_t tag, int right, int down) {
+    static const DeviceDrawing drawing;
+    return neighbourOf(tag, right, down, [](std::int32_t other) { return drawing.place(other); });
+}
+
+TEST(Neighbour, KeysGoFromOneSemitoneToTheNext) {
+    EXPECT_EQ(next(21, 1, 0), 22);
+    EXPECT_EQ(next(22, 1, 0), 23);
+    EXPECT_EQ(next(23, -1, 0), 22);
+}
+
+TEST(Neighbour, KeysEndAtTheEnds) {
+    EXPECT_EQ(next(21, -1, 0), 21);
+    EXPECT_EQ(next(45, 1, 0), 45);
+    EXPECT_EQ(next(21, 0, 1), 21);
+}
+
+TEST(Neighbour, PadsGoAlongTheirRowsAndBetweenThem) {
+    EXPECT_EQ(next(13, 1, 0), 14);
+    EXPECT_EQ(next(13, 0, 1), 17);
+    EXPECT_EQ(next(17, 0, -1), 13);
+}
+
+TEST(Neighbour, FromThePadsDownToTheKeysAndBack) {
+    EXPECT_GE(next(17, 0, 1), 21);
+    EXPECT_LT(next(45, 0, -1), 21);
+}
+
+TEST(Neighbour, EveryControlCanBeReachedWithArrowsAlone) {
+    std::vector<std::int32_t> open{1};
+    QSet<std::int32_t> reached{1};
+    while (!open.empty()) {
+        const std::int32_t tag = open.back();
+        open.pop_back();
+        for (const auto& [right, down] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
+            const std::int32_t to = next(tag, right, down);
+            if (!reached.contains(to)) {
+                reached.insert(to);
+                open.push_back(to);
+            }
+        }
+    }
+    EXPECT_EQ(reached.size(), 45);
+}
+
+} // namespace
+} // namespace scenewright

@@ -1,0 +1,251 @@
+#include "editor/qt/MainWindow.h"
+
+#include "app/WindowAction.h"
+#include "tests/editor-qt/WindowBench.h"
+
+#include <QMenu>
+#include <QTest>
+
+namespace scenewright::testing {
+namespace {
+
+class MainWindowTest : public WindowBench {
+protected:
+    void clickRow(int row) {
+        ControlList& list = window().list();
+        const QModelIndex index = list.model()->index(row, 0);
+        list.scrollTo(index);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
+    }
+
+    // The pane that is seen, or nothing.
+    std::optional<ControlKind> pane() {
+        for (const ControlRange& range : kControlRanges)
+            if (window().panes().pane(range.kind).isVisible())
+                return range.kind;
+        return std::nullopt;
+    }
+
+    // The tags of the buttons that carry the mark of the chosen control.
+    std::vector<std::int32_t> marked() {
+        std::vector<std::int32_t> tags;
+        for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
+            if (window().picture().button(tag)->image() == "selected")
+                tags.push_back(tag);
+        return tags;
+    }
+};
+
+using Tags = std::vector<std::int32_t>;
+
+TEST_F(MainWindowTest, OpensAt1180By720WithTheCommonSettingsOfTheFirstScene) {
+    open();
+    EXPECT_EQ(window().size(), QSize(1180, 720));
+    EXPECT_EQ(window().list().selectedRow(), 0);
+    EXPECT_EQ(pane(), ControlKind::Common);
+    EXPECT_EQ(marked(), Tags{});
+    EXPECT_EQ(window().displayModes().currentIndex(), 2);
+    EXPECT_EQ(window().list().model()->rowCount(), 46);
+}
+
+TEST_F(MainWindowTest, FitsA1024By600Screen) {
+    open();
+    EXPECT_LE(window().minimumSizeHint().width(), 1024);
+    EXPECT_LE(window().minimumSizeHint().height(), 600);
+    window().resize(1024, 600);
+    EXPECT_EQ(window().size(), QSize(1024, 600));
+}
+
+TEST_F(MainWindowTest, TitleSaysWhenTheControllerIsVirtual) {
+    open();
+    EXPECT_EQ(window().windowTitle(), QString::fromUtf8("Scenewright – Virtual controller"));
+    Ending ending;
+    Appearance appearance(*qApp);
+    EXPECT_EQ(MainWindow(ending, appearance, false).windowTitle(), "Scenewright");
+}
+
+TEST_F(MainWindowTest, ClickedRowShowsItsPaneAndMarksItsButton) {
+    open();
+    const std::pair<int, ControlKind> rows[] = {
+        {45, ControlKind::Key}, {13, ControlKind::Pad},  {9, ControlKind::Slider},
+        {5, ControlKind::Knob}, {1, ControlKind::Group}, {20, ControlKind::Pad},
+        {21, ControlKind::Key},
+    };
+    for (const auto& [row, kind] : rows) {
+        clickRow(row);
+        EXPECT_EQ(pane(), kind) << row;
+        EXPECT_EQ(marked(), Tags{row});
+    }
+    clickRow(0);
+    EXPECT_EQ(pane(), ControlKind::Common);
+    EXPECT_EQ(marked(), Tags{});
+}
+
+TEST_F(MainWindowTest, ClickedButtonOfThePictureSelectsItsRow) {
+    open();
+    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+        ControlButton* button = window().picture().button(tag);
+        // Near the lower end, where no black key lies on a white one.
+        QTest::mouseClick(button, Qt::LeftButton, {}, {button->width() / 2, button->height() - 6});
+        EXPECT_EQ(window().list().selectedRow(), tag);
+        EXPECT_EQ(marked(), Tags{tag});
+    }
+}
+
+TEST_F(MainWindowTest, BlackKeyTakesTheClickWhereItLiesOnAWhiteOne) {
+    open();
+    DevicePicture& picture = window().picture();
+    const QRect black = picture.button(22)->geometry();
+    const QRect white = picture.button(21)->geometry();
+    const QPoint onBoth = black.intersected(white).center();
+    EXPECT_EQ(picture.childAt(onBoth), picture.button(22));
+}
+
+TEST_F(MainWindowTest, MovingInTheListWithTheKeysShowsNoPaneAndMarksNoButton) {
+    open();
+    clickRow(13);
+    QTest::keyClick(&window().list(), Qt::Key_Down);
+    EXPECT_EQ(window().list().selectedRow(), 14);
+    EXPECT_EQ(window().view().selectControl(), -1);
+    EXPECT_EQ(pane(), std::nullopt);
+    EXPECT_EQ(marked(), Tags{});
+    QTest::keyClick(&window().list(), Qt::Key_Return);
+    EXPECT_EQ(pane(), ControlKind::Pad);
+    EXPECT_EQ(marked(), Tags{14});
+}
+
+TEST_F(MainWindowTest, SegmentsAndCtrlDigitsChooseTheScene) {
+    open();
+    QTest::mouseClick(&window().scenes().segment(2), Qt::LeftButton);
+    EXPECT_EQ(window().view().sceneIndex(), 2);
+    for (int scene = 0; scene < 4; ++scene) {
+        QTest::keyClick(&window(), static_cast<Qt::Key>(Qt::Key_1 + scene), Qt::ControlModifier);
+        EXPECT_EQ(window().view().sceneIndex(), scene);
+        EXPECT_TRUE(window().scenes().segment(scene).isChecked());
+    }
+}
+
+TEST_F(MainWindowTest, AnotherSceneShowsItsCommonSettings) {
+    open();
+    clickRow(13);
+    QTest::keyClick(&window(), Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(window().list().selectedRow(), 0);
+    EXPECT_EQ(pane(), ControlKind::Common);
+    EXPECT_EQ(marked(), Tags{});
+}
+
+TEST_F(MainWindowTest, ReadShowsWhatTheControllerHolds) {
+    open();
+    WindowAction::setScenes({});
+    clickRow(13);
+    read();
+    EXPECT_EQ(message(), "Read Scene Data Finish");
+    EXPECT_EQ(window().view().selectControl(), 0);
+    EXPECT_EQ(pane(), ControlKind::Common);
+    EXPECT_EQ(window().panes().popUp("commonKeyVelocityCurve").currentIndex(), 3);
+    EXPECT_EQ(window().status().advice(), "");
+}
+
+TEST_F(MainWindowTest, PointerIsTheWaitCursorDuringARead) {
+    open();
+    // Shared, because the record and its observers outlive the test.
+    const auto during = std::make_shared<Qt::CursorShape>(Qt::ArrowCursor);
+    WindowAction::getMessageValue()->addObserver(
+        "Message", [during](std::string_view, const MessageValue::Text&) {
+            if (const QCursor* cursor = QGuiApplication::overrideCursor())
+                *during = cursor->shape();
+        });
+    read();
+    EXPECT_EQ(*during, Qt::WaitCursor);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(MainWindowTest, SceneNamesStandInTheSegments) {
+    open();
+    WindowAction::scenes().at(1)->commonValue()->setSceneName(
+        std::string("R&B\0\0\0\0\0\0\0\0\0", 12));
+    QTest::keyClick(&window(), Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(window().scenes().segment(1).text(), "2  R&&B");
+    EXPECT_EQ(window().scenes().segment(1).accessibleName(), "Scene 2, R&B");
+}
+
+TEST_F(MainWindowTest, LongSceneNameDoesNotWidenTheWindow) {
+    open();
+    for (const auto& scene : WindowAction::scenes())
+        scene->commonValue()->setSceneName("WWWWWWWWWWWW");
+    QTest::keyClick(&window(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_LE(window().minimumSizeHint().width(), 1024);
+}
+
+TEST_F(MainWindowTest, DisplayModeIsChosenInThePopUpAndInTheMenu) {
+    open();
+    read();
+    type(window().displayModes(), "Type");
+    EXPECT_EQ(window().view().dispaly_index(), 1);
+    EXPECT_EQ(window().picture().button(13)->attributedTitle().text, "CC");
+    const QList<QAction*> entries = window().menu().view().actions();
+    EXPECT_TRUE(entries.at(1)->isChecked());
+    entries.at(7)->trigger();
+    EXPECT_EQ(window().view().dispaly_index(), 7);
+    EXPECT_EQ(window().displayModes().currentIndex(), 7);
+    EXPECT_TRUE(window().picture().button(13)->attributedTitle().text.starts_with("ON\n"));
+}
+
+TEST_F(MainWindowTest, PadsShineAndThePaneMixesTheirColour) {
+    open();
+    clickRow(14);
+    type(window().panes().popUp("padCR"), "127");
+    type(window().panes().popUp("padCG"), "64");
+    type(window().panes().popUp("padCB"), "0");
+    EXPECT_EQ(window().picture().button(14)->light(), (Colour{255, 128, 0}));
+    const QWidget& swatch = window().panes().swatch();
+    const QImage seen = const_cast<QWidget&>(swatch).grab().toImage();
+    EXPECT_EQ(QColor(seen.pixel(seen.width() / 2, seen.height() / 2)), QColor(255, 128, 0));
+    EXPECT_EQ(swatch.accessibleDescription(), "Red 255, green 128, blue 0 of 255");
+}
+
+TEST_F(MainWindowTest, DescriptionFollowsTheValue) {
+    open();
+    read();
+    clickRow(14);
+    type(window().panes().popUp("padCCOrNoteNumber"), "99");
+    EXPECT_TRUE(window().picture().button(14)->accessibleDescription().contains("CC 99"));
+}
+
+TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
+    open();
+    window().menu().gainPanel().trigger();
+    EXPECT_TRUE(window().gainPanel().isVisible());
+    EXPECT_TRUE(window().gainPanel().isWindow());
+    EXPECT_EQ(window().gainPanel().windowTitle(), "Gain Panel");
+}
+
+TEST_F(MainWindowTest, MenusHoldTheirCommandsAndKeys) {
+    open();
+    QStringList menus;
+    for (const QAction* menu : window().menuBar()->actions())
+        menus.append(menu->text());
+    EXPECT_EQ(menus, (QStringList{"&File", "&Device", "&View", "&Help"}));
+    EXPECT_EQ(window().menu().quit().shortcut(), QKeySequence("Ctrl+Q"));
+    EXPECT_EQ(window().menu().read().shortcut(), QKeySequence("Ctrl+R"));
+    EXPECT_EQ(window().menu().send().shortcut(), QKeySequence("Ctrl+Return"));
+}
+
+TEST_F(MainWindowTest, WheelOverUnfocusedPopUpsChangesNothing) {
+    open();
+    read();
+    const BankImage before = imageOf(WindowAction::scenes());
+    for (PopUpBox* box : window().findChildren<PopUpBox*>()) {
+        if (!box->isVisible() || box->hasFocus())
+            continue;
+        const QPointF middle = box->rect().center();
+        QWheelEvent event(middle, box->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(box, &event);
+    }
+    EXPECT_EQ(imageOf(WindowAction::scenes()), before);
+    EXPECT_EQ(window().displayModes().currentIndex(), 2);
+}
+
+} // namespace
+} // namespace scenewright::testing

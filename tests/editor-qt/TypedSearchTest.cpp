@@ -1,0 +1,62 @@
+#include "editor/qt/TypedSearch.h"
+
+#include <gtest/gtest.h>
+
+namespace scenewright {
+namespace {
+
+using std::chrono::milliseconds;
+
+const QStringList kNumbers{"0", "1", "2", "10", "12", "100", "120", "127"};
+const QStringList kNotes{"C-1", "C#-1", "D-1", "C0", "C4", "C#4", "Bb4"};
+
+TEST(FindTyped, EntryItselfComesBeforeOnesThatBeginWithIt) {
+    EXPECT_EQ(findTyped(kNumbers, "1"), 1);
+    EXPECT_EQ(findTyped(kNumbers, "12"), 4);
+}
+
+TEST(FindTyped, FirstEntryThatBeginsWithIt) {
+    EXPECT_EQ(findTyped(kNumbers, "12"
+                                  "7"),
+              7);
+    EXPECT_EQ(findTyped(kNotes, "C#"), 1);
+}
+
+TEST(FindTyped, LettersOfEitherCase) {
+    EXPECT_EQ(findTyped(kNotes, "bb4"), 6);
+    EXPECT_EQ(findTyped(kNotes, "c#4"), 5);
+}
+
+TEST(FindTyped, WordInsideAnEntry) {
+    EXPECT_EQ(findTyped({"Lower Value", "Upper Value", "Upper Limit"}, "limit"), 2);
+}
+
+TEST(FindTyped, NothingForTextThatNoEntryHas) {
+    EXPECT_EQ(findTyped(kNumbers, "9"), -1);
+    EXPECT_EQ(findTyped({}, "9"), -1);
+}
+
+TEST(TypedSearch, KeystrokesCloseTogetherMakeOneText) {
+    TypedSearch search;
+    const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
+    EXPECT_EQ(search.type("1", kNumbers, start), 1);
+    EXPECT_EQ(search.type("2", kNumbers, start + milliseconds(300)), 4);
+    EXPECT_EQ(search.type("7", kNumbers, start + milliseconds(600)), 7);
+}
+
+TEST(TypedSearch, PauseBeginsAnew) {
+    TypedSearch search;
+    const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
+    EXPECT_EQ(search.type("1", kNumbers, start), 1);
+    EXPECT_EQ(search.type("2", kNumbers, start + milliseconds(1500)), 2);
+}
+
+TEST(TypedSearch, KeystrokeThatLeadsNowhereBeginsAnew) {
+    TypedSearch search;
+    const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
+    EXPECT_EQ(search.type("2", kNumbers, start), 2);
+    EXPECT_EQ(search.type("0", kNumbers, start + milliseconds(100)), 0);
+}
+
+} // namespace
+} // namespace scenewright

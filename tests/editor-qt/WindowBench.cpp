@@ -1,0 +1,91 @@
+#include "tests/editor-qt/WindowBench.h"
+
+#include "bank/BankFile.h"
+#include "protocol/SendJob.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <QTest>
+
+#include <condition_variable>
+#include <mutex>
+
+namespace scenewright::testing {
+
+class Gate {
+public:
+    void set(bool isOpen) {
+        const std::lock_guard lock(mutex_);
+        isOpen_ = isOpen;
+        changed_.notify_all();
+    }
+    // A closed gate lets the thread of the window through, which must not wait for itself.
+    void pass() {
+        if (QThread::currentThread() == qApp->thread())
+            return;
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return isOpen_; });
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool isOpen_ = true;
+};
+
+BankImage imageOf(const SceneList& scenes) {
+    return encodeBank(scenes);
+}
+
+WindowBench::WindowBench(const SceneList& held, FaultPlan faults)
+    : gate_(std::make_shared<Gate>()),
+      controller_(std::make_shared<VirtualController>(imageOf(held), std::move(faults))) {
+    const auto pause = [gate = gate_](std::chrono::nanoseconds) { gate->pass(); };
+    Transport::instance().use(makeVirtualHost(controller_), pause);
+}
+
+WindowBench::~WindowBench() {
+    openGate();
+    Transport::instance().shutDown();
+    SendJob::join();
+    EXPECT_TRUE(waitUntil([] { return !SendJob::isRunning(); }));
+}
+
+MainWindow& WindowBench::open(std::chrono::milliseconds patience) {
+    appearance_ = std::make_unique<Appearance>(*qApp);
+    ending_ = std::make_unique<Ending>(patience);
+    window_ = std::make_unique<MainWindow>(*ending_, *appearance_, true);
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    return *window_;
+}
+
+void WindowBench::read() {
+    QTest::keyClick(window_.get(), Qt::Key_R, Qt::ControlModifier);
+}
+
+void WindowBench::send() {
+    QTest::keyClick(window_.get(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(waitUntil([this] { return !window_->commands().isBusy(); }));
+}
+
+bool WindowBench::waitUntil(const std::function<bool()>& condition) {
+    constexpr int kLimit = 20000; // milliseconds
+    return QTest::qWaitFor(condition, kLimit);
+}
+
+void WindowBench::type(PopUpBox& box, const QString& text) {
+    box.setFocus();
+    QTest::keyClicks(&box, text);
+}
+
+void WindowBench::closeGate() {
+    gate_->set(false);
+}
+
+void WindowBench::openGate() {
+    gate_->set(true);
+}
+
+} // namespace scenewright::testing

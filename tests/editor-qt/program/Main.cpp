@@ -1,0 +1,29 @@
+// The tests of the program bring their display with them, and are an application on it themselves.
+#include "tests/editor-qt/program/XServer.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <memory>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    std::unique_ptr<scenewright::testing::XServer> server;
+    if (GTEST_FLAG_GET(list_tests))
+        return RUN_ALL_TESTS();
+    server = std::make_unique<scenewright::testing::XServer>();
+    if (server->display().isEmpty()) {
+        std::fputs("Xvfb does not start\n", stderr);
+        return 1;
+    }
+    qputenv("DISPLAY", server->display().toLatin1());
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("XDG_CONFIG_HOME", "/nonexistent");
+    int result = 1;
+    {
+        const QApplication application(argc, argv);
+        result = RUN_ALL_TESTS();
+    }
+    return result;
+}
