@@ -29,7 +29,7 @@ xcb_atom_t atomNamed(xcb_connection_t* connection, std::string_view name) {
         xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
         xcb_intern_atom_reply(connection, request, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 QString outputOf(const QStringList& command) {
@@ -104,17 +104,23 @@ void ProgramBench::pressCloseButton() {
     static_assert(sizeof(event) <= bytes.size());
     std::memcpy(bytes.data(), &event, sizeof(event));
     xcb_send_event(connection.get(), 0, event.window, XCB_EVENT_MASK_NO_EVENT, bytes.data());
-    xcb_flush(connection.get());
+    // A round trip, so that the server has the event before the connection goes.
+    const std::unique_ptr<xcb_get_input_focus_reply_t, Free> answer(xcb_get_input_focus_reply(
+        connection.get(), xcb_get_input_focus(connection.get()), nullptr));
+    EXPECT_NE(answer, nullptr);
 }
 
 void ProgramBench::chooseControl(std::int32_t index) {
-    twin_->list().selectRow(index);
-    QApplication::processEvents();
-    if (const ControlButton* button = twin_->picture().button(index))
+    if (ControlButton* button = twin_->picture().button(index)) {
+        button->click();
         clickAt(*button, {button->width() / 2, button->height() - 6});
-    else
-        clickAt(*twin_->list().viewport(),
-                twin_->list().visualRect(twin_->list().model()->index(index, 0)).center());
+    } else {
+        ControlList& list = twin_->list();
+        const QPoint row = list.visualRect(list.model()->index(index, 0)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row);
+        clickAt(*list.viewport(), row);
+    }
+    QApplication::processEvents();
 }
 
 std::optional<int> ProgramBench::waitForExit(int milliseconds) {
