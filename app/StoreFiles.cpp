@@ -48,14 +48,18 @@ StoreFiles::Outcome StoreFiles::openScene(const std::filesystem::path& file,
     return {true, std::move(notKept)};
 }
 
-StoreFiles::Outcome StoreFiles::bringBackNewest() const {
-    const BankImage shown = encodeBank(WindowAction::scenes());
+std::optional<EarlierScenes::Bank> StoreFiles::newestOther() const {
+    const BankImage stored = encodeBank(WindowAction::scenes());
     for (const EarlierScenes::Bank& bank : earlier_.list())
-        if (const BankFile read = readBank(bank.file); read.trouble)
-            return {false, read.trouble};
-        else if (encodeBank(read.scenes) != shown)
-            return openBank(bank.file);
-    return {};
+        if (const BankFile read = readBank(bank.file);
+            !read.trouble && encodeBank(read.scenes) != stored)
+            return bank;
+    return std::nullopt;
+}
+
+StoreFiles::Outcome StoreFiles::bringBackNewest() const {
+    const auto bank = newestOther();
+    return bank ? openBank(bank->file) : Outcome{};
 }
 
 std::optional<std::string> StoreFiles::saveBank(const std::filesystem::path& file,

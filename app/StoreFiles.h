@@ -34,8 +34,9 @@ public:
     [[nodiscard]] Outcome openBank(const std::filesystem::path& file) const;
     // Into the stored scene of that index, 0 to 3: its name and all its settings.
     [[nodiscard]] Outcome openScene(const std::filesystem::path& file, std::int32_t index) const;
-    // The newest of the earlier scenes that differ from the stored ones; not done without trouble
-    // when there are none.
+    // The newest of the earlier scenes that can be read and differ from the stored ones.
+    [[nodiscard]] std::optional<EarlierScenes::Bank> newestOther() const;
+    // Opens that bank; not done, without trouble, when there is none.
     [[nodiscard]] Outcome bringBackNewest() const;
 
     // Nothing, or one sentence: then the file is what it was.

@@ -27,7 +27,7 @@ public:
     void saveScene(const QString& file);
     // The newest of the earlier scenes that are not those shown.
     void bringBackNewest();
-    [[nodiscard]] bool hasEarlier() const { return !files_.earlier().list().empty(); }
+    [[nodiscard]] bool hasEarlier() const { return files_.newestOther().has_value(); }
 
     [[nodiscard]] QMenu& recentMenu() { return *recent_; }
     [[nodiscard]] QMenu& earlierMenu() { return *earlier_; }

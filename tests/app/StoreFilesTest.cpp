@@ -147,6 +147,17 @@ TEST_F(StoreFilesTest, TheNewestEarlierScenesComeBack) {
     EXPECT_EQ(record(0, 13).CR(), 2);
 }
 
+TEST_F(StoreFilesTest, ADamagedEarlierBankIsPassedOver) {
+    record(0, 13).setCR(1);
+    EXPECT_EQ(files.keep(), std::nullopt);
+    record(0, 13).setCR(2);
+    EXPECT_EQ(files.keep(), std::nullopt);
+    testing::writeBytes(files.earlier().list().front().file, std::vector<std::uint8_t>(3));
+    record(0, 13).setCR(3);
+    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_EQ(record(0, 13).CR(), 1);
+}
+
 TEST_F(StoreFilesTest, NothingComesBackWhenNothingIsKept) {
     const auto outcome = files.bringBackNewest();
     EXPECT_FALSE(outcome.isDone);

@@ -1,0 +1,172 @@
+#include "app/WindowAction.h"
+#include "editor/qt/RecentFiles.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include <fstream>
+
+namespace scenewright::testing {
+
+namespace {
+
+class BankCommandsTest : public CommandsBench {
+protected:
+    BankCommandsTest() { open(); }
+
+    QAction& action(const char* name) { return *window().findChild<QAction*>(name); }
+    static QList<QAction*> entries(QMenu& menu) {
+        emit menu.aboutToShow();
+        return menu.actions();
+    }
+    QString badBank() {
+        std::ofstream(folder.file("bad.json")) << "[]";
+        return file("bad.json");
+    }
+};
+
+TEST_F(BankCommandsTest, AnOpenedBankIsShownAndNothingIsSent) {
+    const QString bank = bankWithRed("a.json", 111);
+    choose(kPad);
+    commands().banks().openBank(bank);
+    EXPECT_EQ(record(kPad).CR(), 111);
+    EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
+    EXPECT_EQ(window().view().selectControl(), 0);
+    EXPECT_EQ(message(), "Opened a.json");
+    EXPECT_EQ(advice(), "");
+    EXPECT_EQ(window().picture().button(kPad)->light().red, 222);
+    EXPECT_EQ(controller->blocksWritten(), 0U);
+}
+
+TEST_F(BankCommandsTest, OpeningNeedsNoController) {
+    unplug();
+    commands().banks().openBank(bankWithRed("a.bank", 3));
+    EXPECT_EQ(record(kPad).CR(), 3);
+}
+
+TEST_F(BankCommandsTest, ABadBankIsToldAndChangesNothing) {
+    const SceneList before = WindowAction::scenes();
+    commands().banks().openBank(badBank());
+    EXPECT_TRUE(advice().contains(file("bad.json"))) << advice().toStdString();
+    EXPECT_EQ(message(), "Ready");
+    EXPECT_EQ(WindowAction::scenes(), before);
+    EXPECT_TRUE(RecentFiles::list().isEmpty());
+}
+
+TEST_F(BankCommandsTest, TheDialogOpensTheChosenBank) {
+    const QString bank = bankWithRed("a.json", 42);
+    press(Qt::Key_O);
+    auto* dialog = window().findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle(), "Open Bank");
+    emit dialog->fileSelected(bank);
+    dialog->close();
+    EXPECT_EQ(record(kPad).CR(), 42);
+}
+
+TEST_F(BankCommandsTest, ASavedBankOpensAgain) {
+    record(kPad).setCR(64);
+    commands().banks().saveBank(file("mine.json"));
+    EXPECT_EQ(message(), "Saved mine.json");
+    record(kPad).setCR(65);
+    commands().banks().openBank(file("mine.json"));
+    EXPECT_EQ(record(kPad).CR(), 64);
+}
+
+TEST_F(BankCommandsTest, WhatCannotBeSavedIsTold) {
+    commands().banks().saveBank(file("no/such/mine.json"));
+    EXPECT_TRUE(advice().contains("no/such/mine.json")) << advice().toStdString();
+    EXPECT_EQ(message(), "Ready");
+}
+
+TEST_F(BankCommandsTest, ASceneIsOpenedIntoTheOneThatIsShown) {
+    record(kPad).setCR(31);
+    commands().banks().saveScene(file("one.json"));
+    press(Qt::Key_3);
+    const auto stored = WindowAction::getSceneWithIndex(2);
+    commands().banks().openScene(file("one.json"));
+    EXPECT_EQ(message(), "Opened one.json as scene 3");
+    EXPECT_EQ(WindowAction::getSceneWithIndex(2), stored);
+    EXPECT_EQ(stored->buttonValueArray()[kPad - 1]->CR(), 31);
+    EXPECT_EQ(stored->commonValue()->SceneName(), std::string("SCENE1\0\0\0\0\0\0", 12));
+    EXPECT_EQ(window().scenes().segment(2).accessibleName(), "Scene 3, SCENE1");
+}
+
+TEST_F(BankCommandsTest, RecentBanksAreListedWhileTheyExist) {
+    EXPECT_FALSE(entries(commands().banks().recentMenu()).front()->isEnabled());
+    commands().banks().openBank(bankWithRed("a.json", 1));
+    commands().banks().openBank(bankWithRed("b.json", 2));
+    ASSERT_EQ(entries(commands().banks().recentMenu()).size(), 2);
+    EXPECT_EQ(commands().banks().recentMenu().actions()[0]->text(), file("b.json"));
+    commands().banks().recentMenu().actions()[1]->trigger();
+    EXPECT_EQ(record(kPad).CR(), 1);
+    std::filesystem::remove(folder.file("b.json"));
+    ASSERT_EQ(entries(commands().banks().recentMenu()).size(), 1);
+    EXPECT_EQ(commands().banks().recentMenu().actions()[0]->text(), file("a.json"));
+}
+
+TEST_F(BankCommandsTest, EightRecentBanksAreRemembered) {
+    for (int number = 0; number < 10; ++number)
+        RecentFiles::add(bankWithRed(std::to_string(number).c_str(), number));
+    EXPECT_EQ(RecentFiles::list().size(), 8);
+    EXPECT_EQ(RecentFiles::list().front(), file("9"));
+    EXPECT_EQ(RecentFiles::folder(), QString::fromStdString(folder.path()));
+}
+
+TEST_F(BankCommandsTest, ADroppedBankIsOpened) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(bankWithRed("a.json", 55))});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &drop);
+    EXPECT_EQ(record(kPad).CR(), 55);
+}
+
+TEST_F(BankCommandsTest, WhatIsNoSingleFileIsNotTaken) {
+    QMimeData text;
+    text.setText(QStringLiteral("a.json"));
+    QMimeData two;
+    two.setUrls({QUrl::fromLocalFile(file("a")), QUrl::fromLocalFile(file("b"))});
+    for (const QMimeData* data : {&text, &two}) {
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&window(), &enter);
+        EXPECT_FALSE(enter.isAccepted());
+    }
+}
+
+TEST_F(BankCommandsTest, AReadKeepsWhatWasThereAmongTheEarlierScenes) {
+    EXPECT_FALSE(entries(commands().banks().earlierMenu()).front()->isEnabled());
+    record(kPad).setCR(101);
+    press(Qt::Key_R);
+    EXPECT_NE(record(kPad).CR(), 101);
+    const auto earlierEntries = entries(commands().banks().earlierMenu());
+    ASSERT_EQ(earlierEntries.size(), 1);
+    earlierEntries[0]->trigger();
+    EXPECT_EQ(record(kPad).CR(), 101);
+    EXPECT_TRUE(message().startsWith("Brought back the scenes of "));
+}
+
+TEST_F(BankCommandsTest, WhatAReadCouldNotKeepIsTold) {
+    std::ofstream(folder.file("backups")) << "in the way";
+    press(Qt::Key_R);
+    EXPECT_EQ(message(), "Read Scene Data Finish");
+    EXPECT_TRUE(advice().startsWith("the former scenes could not be kept: "));
+}
+
+TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {
+    EXPECT_EQ(action("openBank").shortcut(), QKeySequence("Ctrl+O"));
+    EXPECT_EQ(action("saveBank").shortcut(), QKeySequence("Ctrl+S"));
+    EXPECT_EQ(window().menu().file().actions().back(), &window().menu().quit());
+}
+
+} // namespace
+
+} // namespace scenewright::testing

@@ -1,0 +1,77 @@
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "bank/Edit.h"
+#include "editor/qt/ProgramSettings.h"
+#include "protocol/SendJob.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <QTest>
+
+namespace scenewright::testing {
+
+CommandsBench::CommandsBench() {
+    programSettings().clear();
+    WindowAction::getSceneValue();
+    plugIn();
+}
+
+CommandsBench::~CommandsBench() {
+    close();
+    Transport::instance().shutDown();
+    SendJob::join();
+}
+
+void CommandsBench::open(KeyboardWatch::Look look) {
+    appearance_ = std::make_unique<Appearance>(*qApp);
+    ending_ = std::make_unique<Ending>();
+    window_ = std::make_unique<MainWindow>(*ending_, *appearance_, true);
+    commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_));
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+}
+
+void CommandsBench::close() {
+    commands_.reset();
+    window_.reset();
+}
+
+void CommandsBench::plugIn(FaultPlan faults) {
+    controller =
+        std::make_shared<VirtualController>(encodeBank(WindowAction::scenes()), std::move(faults));
+    Transport::instance().use(makeVirtualHost(controller), [](std::chrono::nanoseconds) {});
+}
+
+void CommandsBench::unplug() {
+    Transport::instance().use(nullptr);
+}
+
+QString CommandsBench::file(const char* name) const {
+    return QString::fromStdString(folder.file(name));
+}
+
+ButtonValue& CommandsBench::record(std::int32_t control) {
+    const auto& records = WindowAction::getSceneWithIndex(0)->buttonValueArray();
+    return *records.at(static_cast<std::size_t>(control) - 1);
+}
+
+void CommandsBench::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window_.get(), key, modifiers);
+}
+
+QString CommandsBench::bankWithRed(const char* name, std::int32_t red) {
+    const SceneList scenes = copyOf(WindowAction::scenes());
+    scenes[0]->buttonValueArray()[kPad - 1]->setCR(red);
+    EXPECT_EQ(writeBank(folder.file(name), scenes), std::nullopt);
+    return file(name);
+}
+
+bool CommandsBench::waitUntil(const std::function<bool()>& condition) {
+    constexpr int kLimit = 20000; // milliseconds
+    return QTest::qWaitFor(condition, kLimit);
+}
+
+} // namespace scenewright::testing

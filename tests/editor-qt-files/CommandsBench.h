@@ -1,0 +1,56 @@
+// The window with its commands, on a virtual controller that holds four default scenes, without
+// the pauses of a real bus. Settings, earlier scenes and files are the bench's own.
+#pragma once
+
+#include "editor/qt/EditorCommands.h"
+#include "editor/qt/MainLoop.h"
+#include "tests/support/TempFolder.h"
+#include "virtual/VirtualController.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace scenewright::testing {
+
+class CommandsBench : public ::testing::Test {
+protected:
+    CommandsBench();
+    ~CommandsBench() override;
+
+    void open(KeyboardWatch::Look look = nullptr);
+    void close();
+    // From the next transaction on.
+    void plugIn(FaultPlan faults = {});
+    static void unplug();
+
+    MainWindow& window() { return *window_; }
+    EditorCommands& commands() { return *commands_; }
+    [[nodiscard]] QString message() const { return window_->status().message().text(); }
+    [[nodiscard]] QString advice() const { return window_->status().advice(); }
+    [[nodiscard]] QString notice() const { return commands_->notice().text(); }
+    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
+    [[nodiscard]] QString file(const char* name) const;
+    // The stored record of a control, 1 to 45, of the first scene.
+    static ButtonValue& record(std::int32_t control);
+    void choose(std::int32_t control) { window_->picture().button(control)->click(); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier);
+    // A bank of four default scenes in which pad 1 of the first one has this red.
+    QString bankWithRed(const char* name, std::int32_t red);
+    bool waitUntil(const std::function<bool()>& condition);
+
+    TempFolder folder;
+    std::shared_ptr<VirtualController> controller;
+
+private:
+    EarlierScenes earlier_{folder.path() / "backups"};
+    MainLoop loop_;
+    std::unique_ptr<Appearance> appearance_;
+    std::unique_ptr<Ending> ending_;
+    std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<EditorCommands> commands_;
+};
+
+inline constexpr std::int32_t kPad = 13; // the first
+
+} // namespace scenewright::testing
