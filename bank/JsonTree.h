@@ -11,7 +11,7 @@
 
 namespace scenewright {
 
-// A thousand scenes with their titles take a third of it.
+// A thousand scenes with their titles take less than a quarter of it.
 inline constexpr std::size_t kJsonBytes = std::size_t{64} * 1024 * 1024;
 inline constexpr std::size_t kJsonLevels = 16;
 inline constexpr std::size_t kJsonValues = 1'000'000;
