@@ -66,6 +66,11 @@ QListView#controls:focus { border: 2px solid @accent; padding: 4px; }
 QListView#controls::item { padding-left: 8px; border-radius: 6px; color: @text; }
 QListView#controls::item:hover { background: @field; }
 QListView#controls::item:selected { background: @accent; color: @accentText; }
+QComboBox QAbstractItemView { background: @panel; color: @text; border: 1px solid @line;
+    padding: 3px; outline: 0; }
+QComboBox QAbstractItemView::item { padding-left: 6px; border-radius: 5px; }
+QComboBox QAbstractItemView::item:hover { background: @field; }
+QComboBox QAbstractItemView::item:selected { background: @accent; color: @accentText; }
 QMenuBar { background: @window; color: @text; padding: 2px 6px; }
 QMenuBar::item { padding: 4px 9px; border-radius: 5px; background: transparent; }
 QMenuBar::item:selected { background: @line; }

@@ -20,7 +20,7 @@ namespace {
 constexpr int kColumns = 5;
 constexpr int kRowGap = 5;
 // Letters of the menus and of the display popup, which are reached from everywhere.
-const QString kTakenEverywhere = QStringLiteral("fdvhw");
+const QString kTakenEverywhere = QStringLiteral("fedvhw");
 
 using WritePane = void (ViewController::*)(Pane*);
 constexpr std::array<WritePane, kControlRanges.size()> kPaneOutlets{

@@ -59,8 +59,11 @@ TEST_F(KeyboardUse, ArrowsMoveOnThePictureAndSpaceChooses) {
 
 TEST_F(KeyboardUse, EveryFieldOfAPaneHasAMnemonicOfItsOwn) {
     open();
+    QSet<QChar> everywhere{'w'};
+    for (const QAction* menu : window().menuBar()->actions())
+        everywhere.insert(menu->text()[menu->text().indexOf('&') + 1].toLower());
     for (const ControlRange& range : kControlRanges) {
-        QSet<QChar> letters{'f', 'd', 'v', 'h', 'w'};
+        QSet<QChar> letters = everywhere;
         for (const QLabel* label : window().panes().pane(range.kind).findChildren<QLabel*>()) {
             if (label->buddy() == nullptr)
                 continue;

@@ -247,5 +247,39 @@ TEST_F(MainWindowTest, WheelOverUnfocusedPopUpsChangesNothing) {
     EXPECT_EQ(window().displayModes().currentIndex(), 2);
 }
 
+// A controller that holds 0x7F everywhere: most of it lies outside the lists.
+class OutsideTheLists : public WindowBench {
+protected:
+    OutsideTheLists() : WindowBench(allSevenF()) {}
+
+    static SceneList allSevenF() {
+        BankImage image;
+        image.fill(0x7F);
+        return parseScenes(image);
+    }
+};
+
+TEST_F(OutsideTheLists, ValuesShowNoSelectionAndAreSentBackAsTheyWere) {
+    open();
+    read();
+    const BankImage before = held();
+    for (const ControlRange& range : kControlRanges)
+        for (std::int32_t tag = std::max(1, range.start); tag < range.end(); ++tag)
+            QTest::mouseClick(window().picture().button(tag), Qt::LeftButton);
+    QTest::mouseClick(window().picture().button(13), Qt::LeftButton);
+    EXPECT_EQ(window().panes().popUp("padMIDIChannel").currentIndex(), -1);
+    EXPECT_EQ(window().panes().popUp("padAssignType").currentIndex(), -1);
+    EXPECT_EQ(window().panes().popUp("padCR").currentIndex(), 127);
+    EXPECT_EQ(window().picture().button(13)->light(), (Colour{255, 255, 255}));
+    for (std::int32_t mode = 0; mode < 8; ++mode) {
+        window().displayModes().selectItem(mode);
+        window().view().changeDispalyAction(window().displayModes());
+        EXPECT_EQ(window().picture().button(1)->attributedTitle().text, "---");
+    }
+    send();
+    EXPECT_EQ(held(), before);
+    EXPECT_EQ(before[12], 0x7F);
+}
+
 } // namespace
 } // namespace scenewright::testing
