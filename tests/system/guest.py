@@ -11,12 +11,13 @@ import time
 import traceback
 
 import cases_devices
+import cases_editor
 import cases_signals
 import cases_transfer
 import cases_trouble
 from rig import Rig
 
-MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices)
+MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_editor)
 PREFIX = "case_"
 REPORTS = "/dev/ttyS1"
 LIMIT_SECONDS = 600

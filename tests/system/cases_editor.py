@@ -1,0 +1,67 @@
+"""The editor itself over the real stack, with the keys and the mouse of a display in memory."""
+
+import os
+import subprocess
+from pathlib import Path
+
+from rig import BIN, check_equal, some_bank, wait_for
+
+EDITOR = BIN / "scenewright"
+DISPLAY = ":7"
+START = 120  # seconds; the window takes long to come under emulation
+FIRST_PAD = 13  # its control index
+FIRST_PAD_AT = (790, 160)  # on the picture, in a window of the default size
+FIRST_PAD_TYPE = 181  # its place in the first scene
+CONTROLLER, NOTE = 1, 2  # positions in the list of types
+
+
+class Window:
+    """The editor on a display of its own."""
+
+    def __init__(self, rig):
+        rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp",
+                  stderr=subprocess.DEVNULL)
+        wait_for("the display", Path(f"/tmp/.X11-unix/X{DISPLAY[1:]}").exists)
+        self.environment = {**os.environ, "DISPLAY": DISPLAY, "HOME": str(rig.folder)}
+        self.log_file = rig.file("editor.log")
+        self.program = rig.start(EDITOR, "--log", self.log_file, "--console",
+                                 rig.file("editor.console"), env=self.environment)
+        window = wait_for("the window", self._find, START)
+        self.do("windowmove", window, "0", "0", "windowfocus", "--sync", window)
+
+    def _find(self):
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Scenewright"],
+                               env=self.environment, capture_output=True, text=True, check=False)
+        return found.stdout.strip()
+
+    def do(self, *words):
+        subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True)
+
+    def key(self, keys):
+        self.do("key", keys)
+
+    def click(self, place):
+        self.do("mousemove", *place, "click", "1")
+
+    def await_log(self, part):
+        wait_for(f"{part!r} in the log", lambda: part in self.log_file.read_text(), START)
+
+
+def case_editor_reads_changes_a_pad_and_sends(rig):
+    bank = bytearray(some_bank(6))
+    bank[FIRST_PAD_TYPE] = NOTE
+    keyboard = rig.plug(bank=bytes(bank))
+    window = Window(rig)
+    window.key("ctrl+r")
+    window.await_log("Read Scene Data Finish")
+    window.click(FIRST_PAD_AT)
+    window.await_log(f"点击了按钮：{FIRST_PAD}\n")
+    window.key("alt+t")  # the popup of the type
+    window.key("Up")
+    window.key("ctrl+Return")
+    window.await_log("\nFinish\n")
+    bank[FIRST_PAD_TYPE] = CONTROLLER
+    assert keyboard.bank_file.read_bytes() == bytes(bank), "the controller holds another bank"
+    window.key("ctrl+q")
+    check_equal(window.program.wait(START), 0, "exit code")
+    keyboard.check_port_is_back()
