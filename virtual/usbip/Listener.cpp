@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
@@ -87,16 +88,16 @@ std::optional<std::string> Listener::listen(std::string_view address) {
 std::string Listener::address() const {
     sockaddr_storage where{};
     socklen_t size = sizeof where;
-    std::string host(NI_MAXHOST, '\0');
-    std::string port(NI_MAXSERV, '\0');
+    std::array<char, NI_MAXHOST> host{};
+    std::array<char, NI_MAXSERV> port{};
     // The socket interface takes every kind of address by its common beginning.
     auto* const begin = reinterpret_cast<sockaddr*>(&where);
     if (getsockname(descriptor(), begin, &size) != 0 ||
-        getnameinfo(begin, size, host.data(), NI_MAXHOST, port.data(), NI_MAXSERV,
+        getnameinfo(begin, size, host.data(), host.size(), port.data(), port.size(),
                     NI_NUMERICHOST | NI_NUMERICSERV) != 0)
         return {};
-    const std::string name = host.c_str();
-    return (where.ss_family == AF_INET6 ? '[' + name + ']' : name) + ':' + port.c_str();
+    const std::string name(host.data());
+    return (where.ss_family == AF_INET6 ? '[' + name + ']' : name) + ':' + port.data();
 }
 
 FileDescriptor Listener::accept() const {
