@@ -1,6 +1,7 @@
 // What a screen reader is told, and whether texts can be read at all.
 #include "editor/qt/About.h"
 #include "editor/qt/ControlShape.h"
+#include "editor/qt/EditorCommands.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QAccessible>
@@ -43,6 +44,11 @@ class Accessibility : public WindowBench {};
 
 TEST_F(Accessibility, EveryWidgetOfTheWindowHasAName) {
     EXPECT_EQ(namelessIn(open()), std::string());
+}
+
+TEST_F(Accessibility, EveryWidgetAroundTheEditorHasAName) {
+    const EditorCommands commands(open(), nullptr);
+    EXPECT_EQ(namelessIn(window()), std::string());
 }
 
 TEST_F(Accessibility, EveryWidgetOfTheGainPanelHasAName) {

@@ -1,4 +1,5 @@
 // The window without a mouse.
+#include "editor/qt/EditorCommands.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QLabel>
@@ -58,7 +59,7 @@ TEST_F(KeyboardUse, ArrowsMoveOnThePictureAndSpaceChooses) {
 }
 
 TEST_F(KeyboardUse, EveryFieldOfAPaneHasAMnemonicOfItsOwn) {
-    open();
+    const EditorCommands commands(open(), nullptr);
     QSet<QChar> everywhere{'w'};
     for (const QAction* menu : window().menuBar()->actions())
         everywhere.insert(menu->text()[menu->text().indexOf('&') + 1].toLower());

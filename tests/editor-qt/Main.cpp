@@ -8,6 +8,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", "/nonexistent");
+    qputenv("XDG_STATE_HOME", "/nonexistent");
     ::testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     scenewright::applyTheme(application, false);

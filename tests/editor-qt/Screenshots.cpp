@@ -4,6 +4,7 @@
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/Appearance.h"
+#include "editor/qt/EditorCommands.h"
 #include "editor/qt/Ending.h"
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
@@ -82,6 +83,7 @@ int takeAll(QApplication& application, const Order& order) {
     connectVirtualController();
     Ending ending;
     MainWindow window(ending, appearance, true);
+    const EditorCommands commands(window, nullptr);
     if (!order.size.empty()) {
         const QStringList sides = QString::fromStdString(order.size).split(QLatin1Char('x'));
         window.resize(sides.value(0).toInt(), sides.value(1).toInt());

@@ -1,5 +1,6 @@
 // The tests of the program bring their display with them, and are an application on it themselves.
 #include "tests/editor-qt/program/XServer.h"
+#include "tests/support/TempFolder.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -19,7 +20,9 @@ int main(int argc, char** argv) {
     }
     qputenv("DISPLAY", server->display().toLatin1());
     qputenv("QT_QPA_PLATFORM", "xcb");
-    qputenv("XDG_CONFIG_HOME", "/nonexistent");
+    const scenewright::testing::TempFolder home;
+    qputenv("XDG_CONFIG_HOME", home.file("config").c_str());
+    qputenv("XDG_STATE_HOME", home.file("state").c_str());
     int result = 1;
     {
         const QApplication application(argc, argv);
