@@ -98,11 +98,13 @@ def check_one(root, passed, name, parts, command):
 
 
 def check_all(root, build, kind, jobs):
-    """jobs: (name, what its answer depends on beside the files, command)"""
+    """What was found, as it is found. jobs: (name, what its answer depends on beside the files,
+    command)"""
     passed = Passed(build / "checked" / kind)
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        outputs = list(pool.map(lambda job: check_one(root, passed, *job), jobs))
-    return [output for output in outputs if output]
+    with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
+        for output in pool.map(lambda job: check_one(root, passed, *job), jobs):
+            if output:
+                yield output
 
 
 def version(program):

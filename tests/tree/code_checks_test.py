@@ -45,7 +45,7 @@ class CodeChecks(unittest.TestCase):
         jobs = code_checks.JOBS[kind](self.root, self.build)
         self.assertTrue(jobs)
         code_checks.closure.cache_clear()
-        return code_checks.check_all(self.root, self.build, kind, jobs)
+        return list(code_checks.check_all(self.root, self.build, kind, jobs))
 
     def test_each_checker_passes_clean_code_and_finds_its_fault(self):
         for kind, fault in FAULTS.items():

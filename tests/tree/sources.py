@@ -30,6 +30,8 @@ def blanked(text):
 
 def report(violations):
     """Prints each violation and gives the exit code that tells whether there was one."""
+    found = 0
     for violation in violations:
-        print(violation)
-    return 1 if violations else 0
+        print(violation, flush=True)
+        found = 1
+    return found
