@@ -33,18 +33,25 @@ def on_alarm(_signal, _frame):
     raise TimeoutError(f"the case took more than {LIMIT_SECONDS} s")
 
 
+def failure_of(step):
+    """What went wrong in it, or nothing; whatever it is, it is this case's failure."""
+    try:
+        step()
+        return ""
+    except Exception:
+        return traceback.format_exc()
+
+
 def trouble_of(case):
-    """Runs one case; what went wrong, or nothing."""
+    """Runs one case and empties the bus; what went wrong, or nothing."""
     signal.alarm(LIMIT_SECONDS)
     rig = Rig()
-    try:
-        case(rig)
-        return ""
-    except Exception:  # whatever it is, it is this case's failure
-        return traceback.format_exc() + rig.traces()
-    finally:
-        signal.alarm(0)
-        rig.close()
+    trouble = failure_of(lambda: case(rig))
+    if trouble:
+        trouble += rig.traces()
+    trouble += failure_of(rig.close)
+    signal.alarm(0)
+    return trouble
 
 
 def main(names):

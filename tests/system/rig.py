@@ -22,7 +22,7 @@ TRANSACTIONS = BIN / "system-transactions"
 VHCI = Path("/sys/devices/platform/vhci_hcd.0")
 DEVICES = Path("/sys/bus/usb/devices")
 SOUND_DRIVER = "snd-usb-audio"
-PATIENCE = 30  # seconds for what takes a fraction of one on an idle machine
+PATIENCE = 120  # seconds for what takes a fraction of one; the emulator shares a busy machine
 
 
 def wait_for(what, condition, limit=PATIENCE):
