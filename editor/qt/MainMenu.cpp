@@ -12,6 +12,7 @@ namespace {
 QAction& added(QMenu& menu, const QString& title, const QKeySequence& keys = {}) {
     QAction& action = *menu.addAction(title);
     action.setShortcut(keys);
+    action.setAutoRepeat(false); // a key held down is one command
     return action;
 }
 
