@@ -5,11 +5,16 @@ set -uo pipefail
 
 usr="$1"
 program="$usr/bin/scenewright-cli"
-words="$(dirname "$(readlink -f "$0")")/help_words.py"
+words="$("$(dirname "$(readlink -f "$0")")/help_words.py" "$program")"
 failures=0
 
 # shellcheck source=/dev/null
 source "$usr/share/bash-completion/completions/scenewright-cli"
+
+# What --help tells of, of the program (.) or a command of it.
+told() {
+    sed -n "s/^$1 //p" <<<"$words"
+}
 
 # What is offered for the last of the words after the program's, one a line, in order.
 offered() {
@@ -34,15 +39,15 @@ cd "$folder" || exit 1
 mkdir folder
 touch mine.bank "other one.bank"
 
-known="$("$words" "$program" | grep -v '^-')"
-expect "$("$words" "$program" | grep '^-')" --
+known="$(told '[.]' | grep -v '^-')"
+expect "$(told '[.]' | grep '^-')" --
 expect "$known" ""
 expect "$known" --virtual ""
 expect "$known" --virtual = x ""
 for command in $known; do
-    expect "$("$words" "$program" "$command")" "$command" --
-    expect "$("$words" "$program" "$command")" --log x "$command" --
-    expect "$("$words" "$program" "$command")" --virtual = x "$command" --
+    expect "$(told "$command")" "$command" --
+    expect "$(told "$command")" --log x "$command" --
+    expect "$(told "$command")" --virtual = x "$command" --
 done
 expect $'1\n2\n3\n4' show mine.bank --scene ""
 expect $'image\njson' convert --to ""

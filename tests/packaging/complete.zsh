@@ -6,7 +6,7 @@ zmodload zsh/zpty
 
 usr=$1
 program=$usr/bin/scenewright-cli
-words=${0:A:h}/help_words.py
+words_told=$(${0:A:h}/help_words.py $program)
 failures=0
 
 folder=$(mktemp -d)
@@ -55,6 +55,11 @@ zmodload zsh/zselect
 zpty -b terminal ZDOTDIR=$folder TERM=dumb zsh -i
 wait_for $folder/.ready
 
+# What --help tells of, of the program (.) or a command of it.
+told() {
+    sed -n "s/^$1 //p" <<< $words_told
+}
+
 # What is offered for the last word of a line that begins with the program, one a line, in order.
 offered() {
     rm -f .offered .end
@@ -72,12 +77,12 @@ expect() {
     fi
 }
 
-known=($($words $program | grep -v '^-'))
-expect "$($words $program | grep '^-')" "--"
+known=($(told '[.]' | grep -v '^-'))
+expect "$(told '[.]' | grep '^-')" "--"
 expect "${(F)known}" ""
 expect "${(F)known}" "--virtual=x --log y "
 for command in $known; do
-    expect "$($words $program $command)" "$command --"
+    expect "$(told $command)" "$command --"
 done
 expect $'1\n2\n3\n4' "show mine.bank --scene "
 expect $'image\njson' "convert --to "

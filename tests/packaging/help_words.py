@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """The options and commands that a program tells of in its --help.
 
-help_words.py PROGRAM [COMMAND] prints them, one a line, in order.
+help_words.py PROGRAM prints them in order, one a line: a dot for the program itself, or the command
+they belong to, and the word.
 """
 
 import re
@@ -40,5 +41,7 @@ def commands(program):
 
 
 if __name__ == "__main__":
-    names = options(*sys.argv[1:]) + (commands(sys.argv[1]) if len(sys.argv) == 2 else [])
-    print("\n".join(sorted(names)))
+    path = sys.argv[1]
+    rows = [(".", word) for word in options(path) + commands(path)]
+    rows += [(command, word) for command in commands(path) for word in options(path, command)]
+    print("\n".join(f"{of} {word}" for of, word in sorted(rows)))
