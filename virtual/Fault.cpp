@@ -47,7 +47,8 @@ std::optional<Fault> parseFault(std::string_view text, std::string& trouble) {
                               text);
         return std::nullopt;
     }
-    const auto count = colon == text.npos ? std::nullopt : countFrom(text.substr(colon + 1));
+    const auto count =
+        colon == std::string_view::npos ? std::nullopt : countFrom(text.substr(colon + 1));
     if (!count) {
         trouble = fmt::format("'{}' is no fault: a number from 0 to 4294967295 must follow '{}:'",
                               text, text.substr(0, colon));

@@ -22,7 +22,7 @@ struct Fault {
         Unplug,         // at data byte `count` the controller leaves the bus, once
         Stall,          // at data byte `count` the pipe that carries it halts
     };
-    Kind kind;
+    Kind kind = Kind::WrongHandshake;
     std::uint32_t count = 0;
     friend bool operator==(const Fault&, const Fault&) = default;
 };

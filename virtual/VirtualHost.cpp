@@ -77,8 +77,8 @@ private:
 class VirtualService : public UsbService {
 public:
     explicit VirtualService(std::optional<std::size_t> interface = {}) : interface_(interface) {}
-    std::string name() const override { return "Virtual controller"; }
-    std::optional<std::size_t> interface() const noexcept { return interface_; }
+    [[nodiscard]] std::string name() const override { return "Virtual controller"; }
+    [[nodiscard]] std::optional<std::size_t> interface() const noexcept { return interface_; }
 
 private:
     std::optional<std::size_t> interface_;

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <span>
 
 namespace scenewright {
 
@@ -14,12 +15,12 @@ namespace {
 constexpr std::size_t kMostRead = std::size_t{1} << 20U; // enough to tell a wrong file's size
 
 void fillWithDefaults(BankImage& bank) {
-    auto place = bank.begin();
-    for (int number = 1; place != bank.end(); ++number) {
+    std::span<std::uint8_t> rest(bank);
+    for (int number = 1; !rest.empty(); ++number) {
         const auto scene = FileAction::GetSceneFromDefault();
         scene->commonValue()->setSceneName(fmt::format("SCENE{}", number));
-        const SceneImage image = encodeScene(*scene);
-        place = std::copy(image.begin(), image.end(), place);
+        std::ranges::copy(encodeScene(*scene), rest.begin());
+        rest = rest.subspan(kSceneImageSize);
     }
 }
 
@@ -39,7 +40,7 @@ std::optional<std::string> loadBankMemory(const std::filesystem::path& file, Ban
     if (read.bytes.size() != kBankSize)
         return fmt::format("{}: a bank has {} bytes, and this file has {}", file.string(),
                            kBankSize, read.bytes.size());
-    std::copy(read.bytes.begin(), read.bytes.end(), bank.begin());
+    std::ranges::copy(read.bytes, bank.begin());
     return std::nullopt;
 }
 

@@ -24,7 +24,7 @@ std::optional<std::uint16_t> identifierFrom(std::string_view text) {
 void takeIdentity(const std::string& text, VirtualIdentity& identity) {
     const auto colon = text.find(':');
     const auto vendor = identifierFrom(std::string_view(text).substr(0, colon));
-    const auto product = colon == text.npos
+    const auto product = colon == std::string::npos
                              ? std::nullopt
                              : identifierFrom(std::string_view(text).substr(colon + 1));
     if (!vendor || !product)

@@ -24,13 +24,13 @@ struct HostAndPort {
 
 std::optional<HostAndPort> split(std::string_view address) {
     const auto colon = address.rfind(':');
-    if (colon == address.npos || colon == 0 || colon + 1 == address.size())
+    if (colon == std::string_view::npos || colon == 0 || colon + 1 == address.size())
         return std::nullopt;
     std::string_view host = address.substr(0, colon);
     const bool isBracketed = host.size() > 2 && host.front() == '[' && host.back() == ']';
     if (isBracketed)
         host = host.substr(1, host.size() - 2);
-    else if (host.find(':') != host.npos)
+    else if (host.find(':') != std::string_view::npos)
         return std::nullopt;
     // The resolver takes a port modulo 65536.
     std::uint16_t port = 0;

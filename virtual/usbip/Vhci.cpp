@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -25,8 +26,8 @@ VhciConnection trouble(std::uint32_t port, int error) {
 
 VhciConnection attachToKernel(std::uint32_t port, std::uint32_t device,
                               const std::filesystem::path& folder) {
-    int pair[2];
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair) != 0)
+    std::array<int, 2> pair{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair.data()) != 0)
         return trouble(port, errno);
     FileDescriptor ours(pair[0]);
     const FileDescriptor theirs(pair[1]);
