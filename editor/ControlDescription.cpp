@@ -85,11 +85,11 @@ const ButtonValue* recordOf(const SceneValue& scene, std::int32_t index) {
 }
 
 std::string say(const Phrase& phrase, const PopUpValue& lists, const SceneValue& scene,
-                std::int32_t member) {
+                std::int32_t member, Words words) {
     const Setting* setting = findSetting(phrase.kind, phrase.field);
     std::string title =
         setting == nullptr ? std::string(kNoTitle) : optionTitle(lists, *setting, scene, member);
-    return fmt::sprintf(phrase.format, title == kNoTitle ? "unknown" : title);
+    return fmt::sprintf(words(phrase.format), title == kNoTitle ? words("unknown") : title);
 }
 
 std::uint8_t scaledToFull(std::int32_t level) {
@@ -100,16 +100,17 @@ std::uint8_t scaledToFull(std::int32_t level) {
 
 } // namespace
 
-std::string controlName(std::int32_t index) {
+std::string controlName(std::int32_t index, Words words) {
     const ControlRange* range = rangeOf(index);
     if (range == nullptr)
-        return fmt::sprintf("Control %d", index);
-    const std::string name = capitalised(range->name);
+        return fmt::sprintf(words("Control %d"), index);
+    const std::string name = words(capitalised(range->name).c_str());
     return range->count == 1 ? name : fmt::sprintf("%s %d", name, index - range->start + 1);
 }
 
-std::string describeControl(const PopUpValue& lists, const SceneValue& scene, std::int32_t index) {
-    std::string text = controlName(index);
+std::string describeControl(const PopUpValue& lists, const SceneValue& scene, std::int32_t index,
+                            Words words) {
+    std::string text = controlName(index, words);
     const ControlRange* range = rangeOf(index);
     const ButtonValue* record = range == nullptr ? nullptr : recordOf(scene, index);
     if (record == nullptr)
@@ -118,7 +119,7 @@ std::string describeControl(const PopUpValue& lists, const SceneValue& scene, st
     for (const Phrase& phrase : kPhrases) {
         if (phrase.kind != range->kind || !holds(phrase.when, *record))
             continue;
-        text += separator + say(phrase, lists, scene, index - range->start);
+        text += separator + say(phrase, lists, scene, index - range->start, words);
         separator = ", ";
     }
     return text;

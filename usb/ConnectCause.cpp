@@ -6,7 +6,9 @@
 
 namespace scenewright {
 
-std::string causeAndCure(ResultCode failure) {
+namespace {
+
+const char* sentenceFor(ResultCode failure) {
     switch (failure) {
     case kResultAccess:
         return "You have no permission to use the keyboard: install the rule with "
@@ -27,18 +29,23 @@ std::string causeAndCure(ResultCode failure) {
         return "The keyboard answers with longer transfers than scenes have: check that "
                "it is the model that the device list names, and plug it in again";
     default:
-        return fmt::sprintf("The USB system refused to work with the keyboard (%08x): plug it in "
-                            "again, at another socket if that does not help",
-                            failure);
+        return "The USB system refused to work with the keyboard (%08x): plug it in "
+               "again, at another socket if that does not help";
     }
 }
 
-std::string connectCause() {
+} // namespace
+
+std::string causeAndCure(ResultCode failure, Words words) {
+    return fmt::sprintf(words(sentenceFor(failure)), failure);
+}
+
+std::string connectCause(Words words) {
     const Transport& transport = Transport::instance();
     if (transport.connectFailure == kResultSuccess && !transport.device())
-        return "No keyboard of the device list is plugged in: plug it in, or see what "
-               "'scenewright-cli devices' says about yours";
-    return causeAndCure(transport.connectFailure);
+        return words("No keyboard of the device list is plugged in: plug it in, or see what "
+                     "'scenewright-cli devices' says about yours");
+    return causeAndCure(transport.connectFailure, words);
 }
 
 } // namespace scenewright

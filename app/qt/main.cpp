@@ -5,6 +5,7 @@
 #include "editor/qt/Ending.h"
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/Translation.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
 #include "protocol/SendJob.h"
@@ -82,6 +83,7 @@ void releaseBus() {
 
 int showWindow(QApplication& application, bool isVirtual) {
     const MainLoop loop;
+    const Translation translation(QLocale::system());
     Appearance appearance(application);
     Ending ending;
     MainWindow window(ending, appearance, isVirtual);

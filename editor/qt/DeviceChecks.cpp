@@ -3,6 +3,7 @@
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
+#include "editor/qt/Wording.h"
 #include "editor/qt/WaitCursor.h"
 #include "protocol/SceneImage.h"
 #include "usb/ConnectCause.h"
@@ -59,7 +60,7 @@ void DeviceChecks::sendAndVerify() {
 
 void DeviceChecks::showComparison(const DeviceComparison& comparison) {
     if (!comparison.isConnected) {
-        window_.status().setAdvice(shown(connectCause()));
+        window_.status().setAdvice(shown(connectCause(&causeWords)));
         return;
     }
     if (!comparison.tally.isClean()) {

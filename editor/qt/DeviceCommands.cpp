@@ -4,6 +4,7 @@
 #include "editor/qt/Text.h"
 #include "editor/qt/TransferAdvice.h"
 #include "editor/qt/WaitCursor.h"
+#include "editor/qt/Wording.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
@@ -30,7 +31,7 @@ bool DeviceCommands::wasConnected() {
 
 QString DeviceCommands::adviceNow(TallyAdvice ofTally) const {
     if (!wasConnected())
-        return shown(connectCause());
+        return shown(connectCause(&causeWords));
     return ofTally(Transport::instance().tally());
 }
 

@@ -4,6 +4,7 @@
 #include "editor/qt/Neighbour.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
+#include "editor/qt/Wording.h"
 
 #include <QPainter>
 
@@ -35,7 +36,7 @@ void DevicePicture::makeButtons() {
             continue;
         for (std::int32_t tag = range.start; tag < range.end(); ++tag) {
             auto& made = owned<ControlButton>(tag, range.kind, this);
-            made.setAccessibleName(shown(controlName(tag)));
+            made.setAccessibleName(shown(controlName(tag, &controlWords)));
             connect(&made, &ControlButton::arrowPressed, this,
                     [this, tag](int right, int down) { focusNeighbour(tag, right, down); });
             buttons_.at(static_cast<std::size_t>(tag - 1)) = &made;
@@ -57,7 +58,7 @@ ControlButton* DevicePicture::button(std::int32_t tag) const {
 
 void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) {
     for (ControlButton* made : buttons_) {
-        made->setSummary(shown(describeControl(lists, scene, made->tag())));
+        made->setSummary(shown(describeControl(lists, scene, made->tag(), &controlWords)));
         const auto position = static_cast<std::size_t>(made->tag() - 1);
         if (made->kind() == ControlKind::Pad && position < scene.buttonValueArray().size())
             made->setLight(padColour(*scene.buttonValueArray()[position]));

@@ -50,7 +50,8 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainMenu::setModes(const QStringList& titles) {
-    QString taken = QStringLiteral("ga"); // of the entries below
+    //: The letters marked in "Gain Panel" and "Appearance".
+    QString taken = tr("ga");
     for (int mode = 0; mode < titles.size(); ++mode) {
         QAction& action = *modes_.addAction(withMnemonic(titles[mode], taken));
         action.setCheckable(true);

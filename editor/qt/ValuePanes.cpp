@@ -6,6 +6,7 @@
 #include "editor/qt/Mnemonic.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
+#include "editor/qt/Wording.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -19,8 +20,6 @@ namespace {
 
 constexpr int kColumns = 5;
 constexpr int kRowGap = 5;
-// Letters of the menus and of the display popup, which are reached from everywhere.
-const QString kTakenEverywhere = QStringLiteral("fedvhw");
 
 using WritePane = void (ViewController::*)(Pane*);
 constexpr std::array<WritePane, kControlRanges.size()> kPaneOutlets{
@@ -58,7 +57,7 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
         auto& box = owned<PopUpBox>(this);
         box.setObjectName(shown(row.outlet->name));
         popUps_[row.outlet->name] = &box;
-        addField(bodies_.at(placeOf(row.pane())), tr(settingTitle(row.setting).data()), box);
+        addField(bodies_.at(placeOf(row.pane())), settingLabel(settingTitle(row.setting)), box);
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -66,7 +65,8 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
 
 void ValuePanes::makePane(ControlKind kind) {
     Body& body = bodies_.at(placeOf(kind));
-    body.taken = kTakenEverywhere;
+    //: The letters marked in the menu bar and in "Show", in any order.
+    body.taken = tr("fedvhw");
     body.frame = &owned<PaneFrame>(this);
     body.frame->setAccessibleName(tr("Settings of the chosen control"));
     auto& column = owned<QVBoxLayout>(body.frame);
@@ -121,7 +121,7 @@ void ValuePanes::connectTo(ViewController& view) {
 
 void ValuePanes::show(const ViewController& view) {
     for (const Body& body : bodies_)
-        body.heading->setText(shown(controlName(std::max(0, view.selectControl()))));
+        body.heading->setText(shown(controlName(std::max(0, view.selectControl()), &controlWords)));
     hint_->setVisible(
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
     const std::int32_t index = view.selectControl();

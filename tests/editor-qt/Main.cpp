@@ -1,4 +1,5 @@
-// The tests of the window run as one application without a display, away from the user's settings.
+// The tests of the window run as one application without a display, away from the user's settings
+// and language.
 #include "editor/qt/Theme.h"
 
 #include <QApplication>
@@ -9,6 +10,8 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", "/nonexistent");
     qputenv("XDG_STATE_HOME", "/nonexistent");
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
     ::testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     scenewright::applyTheme(application, false);

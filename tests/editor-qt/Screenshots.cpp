@@ -1,6 +1,6 @@
 // Takes the pictures of the window that the documentation shows: one of the editor, one of each
-// pane. `scenewright-screenshots FOLDER [--dark] [--size WIDTHxHEIGHT] [--modes]`; with --modes one
-// more of each display mode.
+// pane. `scenewright-screenshots FOLDER [--dark] [--size WIDTHxHEIGHT] [--modes]
+// [--language LANGUAGE]`; with --modes one more of each display mode.
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/Appearance.h"
@@ -9,6 +9,7 @@
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/Theme.h"
+#include "editor/qt/Translation.h"
 #include "protocol/SceneImage.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -28,6 +29,7 @@ namespace {
 struct Order {
     std::string folder;
     std::string size;
+    std::string language = "en";
     bool isDark = false;
     bool wantsModes = false;
 };
@@ -78,6 +80,7 @@ bool keepModes(MainWindow& window, const Order& order) {
 
 int takeAll(QApplication& application, const Order& order) {
     const MainLoop loop;
+    const Translation translation(QLocale(QString::fromStdString(order.language)));
     Appearance appearance(application);
     applyTheme(application, order.isDark);
     connectVirtualController();
@@ -109,6 +112,7 @@ int main(int argc, char** argv) {
     scenewright::Order order;
     app.add_option("FOLDER", order.folder, "Where the pictures go")->required();
     app.add_option("--size", order.size, "Size of the window, as WIDTHxHEIGHT");
+    app.add_option("--language", order.language, "Language of the window, as in zh_CN");
     app.add_flag("--dark", order.isDark, "In the dark colours");
     app.add_flag("--modes", order.wantsModes, "One picture more of each display mode");
     CLI11_PARSE(app, argc, argv);

@@ -9,6 +9,8 @@
 #include <memory>
 
 int main(int argc, char** argv) {
+    qputenv("LC_ALL", "C.UTF-8"); // of the programs that the tests start, too
+    qunsetenv("LANGUAGE");
     ::testing::InitGoogleTest(&argc, argv);
     std::unique_ptr<scenewright::testing::XServer> server;
     if (GTEST_FLAG_GET(list_tests))

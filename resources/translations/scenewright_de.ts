@@ -1,0 +1,788 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>scenewright::About</name>
+    <message>
+        <source>About Scenewright</source>
+        <translation>Über Scenewright</translation>
+    </message>
+    <message>
+        <source>Scenewright %1</source>
+        <translation>Scenewright %1</translation>
+    </message>
+    <message>
+        <source>Qt %1, built with Qt %2</source>
+        <translation>Qt %1, gebaut mit Qt %2</translation>
+    </message>
+    <message>
+        <source>An editor for the four scenes of a USB MIDI keyboard controller.</source>
+        <translation>Ein Editor für die vier Szenen eines USB-MIDI-Keyboard-Controllers.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BankCommands</name>
+    <message>
+        <source>&amp;Open Bank...</source>
+        <translation>Bank ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank As...</source>
+        <translation>Bank &amp;speichern unter...</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Zuletzt verwendet</translation>
+    </message>
+    <message>
+        <source>Recent banks</source>
+        <translation>Zuletzt verwendete Bänke</translation>
+    </message>
+    <message>
+        <source>Open S&amp;cene Into This One...</source>
+        <translation>Szene in &amp;diese öffnen...</translation>
+    </message>
+    <message>
+        <source>Save &amp;This Scene...</source>
+        <translation>Diese Sze&amp;ne speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>F&amp;rühere Szenen</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Frühere Szenen</translation>
+    </message>
+    <message>
+        <source>Banks and scenes (*.json *.bank)</source>
+        <translation>Bänke und Szenen (*.json *.bank)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>%1 geöffnet</translation>
+    </message>
+    <message>
+        <source>Opened %1 as scene %2</source>
+        <translation>%1 als Szene %2 geöffnet</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Frühere Szenen zurückgeholt</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d. MMMM yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Szenen vom %1 zurückgeholt</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BusyMark</name>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>Übertragung läuft</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Cause</name>
+    <message>
+        <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
+        <translation>Sie haben keine Berechtigung für das Keyboard: Installieren Sie die Regel mit &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos; und schließen Sie das Keyboard dann erneut an</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard: close it and try again</source>
+        <translation>Ein anderes Programm verwendet das Keyboard: Schließen Sie es und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>The keyboard was unplugged: plug it in and try again</source>
+        <translation>Das Keyboard wurde abgezogen: Schließen Sie es an und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>The keyboard lacks the second USB interface that scenes travel on: check that it is the model that the device list names, and plug it in again</source>
+        <translation>Dem Keyboard fehlt die zweite USB-Schnittstelle, über die Szenen laufen: Prüfen Sie, ob es das Modell aus der Geräteliste ist, und schließen Sie es erneut an</translation>
+    </message>
+    <message>
+        <source>The keyboard does not answer: unplug it, plug it in again and try again</source>
+        <translation>Das Keyboard antwortet nicht: Ziehen Sie es ab, schließen Sie es wieder an und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>The keyboard answers with longer transfers than scenes have: check that it is the model that the device list names, and plug it in again</source>
+        <translation>Das Keyboard antwortet mit längeren Übertragungen, als Szenen sie haben: Prüfen Sie, ob es das Modell aus der Geräteliste ist, und schließen Sie es erneut an</translation>
+    </message>
+    <message>
+        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
+        <translation>Das USB-System verweigert die Arbeit mit dem Keyboard (%08x): Schließen Sie es erneut an, notfalls an einer anderen Buchse</translation>
+    </message>
+    <message>
+        <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
+        <translation>Kein Keyboard aus der Geräteliste ist angeschlossen: Schließen Sie es an oder sehen Sie nach, was &apos;scenewright-cli devices&apos; über Ihres sagt</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Control</name>
+    <message>
+        <source>Common</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Knob</source>
+        <translation>Drehregler</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>Schieberegler</translation>
+    </message>
+    <message>
+        <source>Pad</source>
+        <translation>Pad</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Control %d</source>
+        <translation>Element %d</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>%s</source>
+        <translation>%s</translation>
+    </message>
+    <message>
+        <source>global channel %s</source>
+        <translation>globaler Kanal %s</translation>
+    </message>
+    <message>
+        <source>keyboard channel %s</source>
+        <translation>Tastaturkanal %s</translation>
+    </message>
+    <message>
+        <source>pitch-bend speed %s</source>
+        <translation>Pitch-Bend-Tempo %s</translation>
+    </message>
+    <message>
+        <source>transposition %s</source>
+        <translation>Transposition %s</translation>
+    </message>
+    <message>
+        <source>key velocity curve %s</source>
+        <translation>Tasten-Anschlagkurve %s</translation>
+    </message>
+    <message>
+        <source>pad velocity curve %s</source>
+        <translation>Pad-Anschlagkurve %s</translation>
+    </message>
+    <message>
+        <source>channel %s</source>
+        <translation>Kanal %s</translation>
+    </message>
+    <message>
+        <source>CC %s</source>
+        <translation>CC %s</translation>
+    </message>
+    <message>
+        <source>left %s</source>
+        <translation>links %s</translation>
+    </message>
+    <message>
+        <source>right %s</source>
+        <translation>rechts %s</translation>
+    </message>
+    <message>
+        <source>lower %s</source>
+        <translation>unten %s</translation>
+    </message>
+    <message>
+        <source>upper %s</source>
+        <translation>oben %s</translation>
+    </message>
+    <message>
+        <source>Note %s</source>
+        <translation>Note %s</translation>
+    </message>
+    <message>
+        <source>behavior %s</source>
+        <translation>Verhalten %s</translation>
+    </message>
+    <message>
+        <source>on %s</source>
+        <translation>ein %s</translation>
+    </message>
+    <message>
+        <source>off %s</source>
+        <translation>aus %s</translation>
+    </message>
+    <message>
+        <source>red %s</source>
+        <translation>Rot %s</translation>
+    </message>
+    <message>
+        <source>green %s</source>
+        <translation>Grün %s</translation>
+    </message>
+    <message>
+        <source>blue %s</source>
+        <translation>Blau %s</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlButton</name>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1, ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlCommands</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Control</source>
+        <translation>Element &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Control</source>
+        <translation>Element &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Control</source>
+        <translation>Element &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Backspace</source>
+        <translation>Ctrl+Backspace</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DeviceChecks</name>
+    <message>
+        <source>&amp;Compare With Device</source>
+        <translation>Mit Gerät &amp;vergleichen</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Send And &amp;Verify</source>
+        <translation>Senden und &amp;prüfen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Return</source>
+        <translation>Ctrl+Shift+Return</translation>
+    </message>
+    <message>
+        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
+        <translation>Nicht verglichen: %1 der %2 Bytes des Controllers konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Compare Again</source>
+        <translation>Erneut vergleichen</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>Der Controller enthält, was Sie sehen</translation>
+    </message>
+    <message>
+        <source>Bring Back Earlier Scenes</source>
+        <translation>Frühere Szenen zurückholen</translation>
+    </message>
+    <message>
+        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
+        <translation>Nichts des Angezeigten kam vom Keyboard: Das sind Standardszenen.</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
+        <translation>%1 der %2 angezeigten Bytes kamen nicht vom Keyboard.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
+        <translation>%1 von %2 Übertragungen schlugen fehl: Der Controller enthält möglicherweise nur eine halbe Bank.</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Erneut senden</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DifferenceDialog</name>
+    <message>
+        <source>Differences</source>
+        <translation>Unterschiede</translation>
+    </message>
+    <message>
+        <source>One setting of the controller is not what you see.</source>
+        <translation>Eine Einstellung des Controllers ist anders als angezeigt.</translation>
+    </message>
+    <message>
+        <source>%1 settings of the controller are not what you see.</source>
+        <translation>%1 Einstellungen des Controllers sind anders als angezeigt.</translation>
+    </message>
+    <message>
+        <source>What the controller holds -&gt; what you see:</source>
+        <translation>Inhalt des Controllers -&gt; Anzeige:</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GainWindow</name>
+    <message>
+        <source>Gain Panel</source>
+        <translation>Gain-Fenster</translation>
+    </message>
+    <message>
+        <source>Gain %1</source>
+        <translation>Gain %1</translation>
+    </message>
+    <message>
+        <source>Value of gain %1</source>
+        <translation>Wert von Gain %1</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>Stan&amp;dard</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardWatch</name>
+    <message>
+        <source>Keyboard</source>
+        <translation>Keyboard</translation>
+    </message>
+    <message>
+        <source>Virtual controller</source>
+        <translation>Virtueller Controller</translation>
+    </message>
+    <message>
+        <source>No keyboard plugged in</source>
+        <translation>Kein Keyboard angeschlossen</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in, but you have no permission to use it</source>
+        <translation>Keyboard angeschlossen, aber Sie haben keine Berechtigung dafür</translation>
+    </message>
+    <message>
+        <source>Keyboard in use by another program</source>
+        <translation>Keyboard wird von einem anderen Programm verwendet</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in</source>
+        <translation>Keyboard angeschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>&amp;Gerät</translation>
+    </message>
+    <message>
+        <source>&amp;Read Scenes</source>
+        <translation>Szenen &amp;lesen</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>&amp;Send Scenes</source>
+        <translation>Szenen &amp;senden</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Gain Panel</source>
+        <translation>&amp;Gain-Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About Scenewright</source>
+        <translation>&amp;Über Scenewright</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>Weitere Menüs</translation>
+    </message>
+    <message>
+        <source>ga</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>ge</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainWindow</name>
+    <message>
+        <source>Scenewright – Virtual controller</source>
+        <translation>Scenewright – Virtueller Controller</translation>
+    </message>
+    <message>
+        <source>Scenewright</source>
+        <translation>Scenewright</translation>
+    </message>
+    <message>
+        <source>The program ends when the scenes have been sent.</source>
+        <translation>Das Programm endet, sobald die Szenen gesendet sind.</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>&amp;Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Szene %1, %2</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Picture of the keyboard</source>
+        <translation>Bild des Keyboards</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Status line</source>
+        <translation>Statuszeile</translation>
+    </message>
+    <message>
+        <source>Scene 1</source>
+        <translation>Szene 1</translation>
+    </message>
+    <message>
+        <source>Scene 2</source>
+        <translation>Szene 2</translation>
+    </message>
+    <message>
+        <source>Scene 3</source>
+        <translation>Szene 3</translation>
+    </message>
+    <message>
+        <source>Scene 4</source>
+        <translation>Szene 4</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Szenen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>What the picture shows</source>
+        <translation>Was das Bild zeigt</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>Read scenes</source>
+        <translation>Szenen lesen</translation>
+    </message>
+    <message>
+        <source>Read the four scenes from the controller (Ctrl+R)</source>
+        <translation>Die vier Szenen vom Controller lesen (Strg+R)</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>Send scenes</source>
+        <translation>Szenen senden</translation>
+    </message>
+    <message>
+        <source>Send the four scenes to the controller (Ctrl+Return)</source>
+        <translation>Die vier Szenen an den Controller senden (Strg+Eingabe)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Dismiss the notice</source>
+        <translation>Hinweis ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Setting</name>
+    <message>
+        <source>Global MIDI channel</source>
+        <translation>Globaler MIDI-Kanal</translation>
+    </message>
+    <message>
+        <source>Keyboard MIDI channel</source>
+        <translation>MIDI-Kanal der Tastatur</translation>
+    </message>
+    <message>
+        <source>Pitch-bend speed</source>
+        <translation>Pitch-Bend-Tempo</translation>
+    </message>
+    <message>
+        <source>Octave transposition</source>
+        <translation>Oktavtransposition</translation>
+    </message>
+    <message>
+        <source>Key velocity curve</source>
+        <translation>Tasten-Anschlagkurve</translation>
+    </message>
+    <message>
+        <source>Key constant velocity</source>
+        <translation>Feste Tastendynamik</translation>
+    </message>
+    <message>
+        <source>Pad velocity curve</source>
+        <translation>Pad-Anschlagkurve</translation>
+    </message>
+    <message>
+        <source>Pad constant velocity</source>
+        <translation>Feste Pad-Dynamik</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI-Kanal</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
+    </message>
+    <message>
+        <source>CC number</source>
+        <translation>CC-Nummer</translation>
+    </message>
+    <message>
+        <source>Right value</source>
+        <translation>Wert rechts</translation>
+    </message>
+    <message>
+        <source>Left value</source>
+        <translation>Wert links</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>Oberer Wert</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>Unterer Wert</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>CC or note number</source>
+        <translation>CC- oder Notennummer</translation>
+    </message>
+    <message>
+        <source>On value</source>
+        <translation>Ein-Wert</translation>
+    </message>
+    <message>
+        <source>Off value</source>
+        <translation>Aus-Wert</translation>
+    </message>
+    <message>
+        <source>Behavior</source>
+        <translation>Verhalten</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Cause and cure</source>
+        <translation>Ursache und Abhilfe</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TransferAdvice</name>
+    <message>
+        <source>%1 of %2 transfers failed</source>
+        <translation>%1 von %2 Übertragungen fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
+        <translation>%1: Die Anzeige entspricht möglicherweise nicht dem Inhalt des Controllers. Lesen Sie erneut, bevor Sie senden.</translation>
+    </message>
+    <message>
+        <source>%1: the controller may hold half of what was sent. Send again.</source>
+        <translation>%1: Der Controller enthält möglicherweise nur einen Teil des Gesendeten. Senden Sie erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ValuePanes</name>
+    <message>
+        <source>Red %1, green %2, blue %3 of 255</source>
+        <translation>Rot %1, Grün %2, Blau %3 von 255</translation>
+    </message>
+    <message>
+        <source>No control is chosen. Click one on the picture or in the list, or press Return on a row of the list.</source>
+        <translation>Kein Bedienelement ausgewählt. Klicken Sie eines im Bild oder in der Liste an, oder drücken Sie die Eingabetaste auf einer Zeile der Liste.</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Szenenname</translation>
+    </message>
+    <message>
+        <source>fedvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>dbgahz</translation>
+    </message>
+    <message>
+        <source>Settings of the chosen control</source>
+        <translation>Einstellungen des ausgewählten Elements</translation>
+    </message>
+    <message>
+        <source>Mixed colour</source>
+        <translation>Mischfarbe</translation>
+    </message>
+</context>
+</TS>

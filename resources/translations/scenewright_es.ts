@@ -1,0 +1,788 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>scenewright::About</name>
+    <message>
+        <source>About Scenewright</source>
+        <translation>Acerca de Scenewright</translation>
+    </message>
+    <message>
+        <source>Scenewright %1</source>
+        <translation>Scenewright %1</translation>
+    </message>
+    <message>
+        <source>Qt %1, built with Qt %2</source>
+        <translation>Qt %1, compilado con Qt %2</translation>
+    </message>
+    <message>
+        <source>An editor for the four scenes of a USB MIDI keyboard controller.</source>
+        <translation>Un editor para las cuatro escenas de un teclado controlador MIDI USB.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BankCommands</name>
+    <message>
+        <source>&amp;Open Bank...</source>
+        <translation>&amp;Abrir banco...</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank As...</source>
+        <translation>&amp;Guardar banco como...</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Recientes</translation>
+    </message>
+    <message>
+        <source>Recent banks</source>
+        <translation>Bancos recientes</translation>
+    </message>
+    <message>
+        <source>Open S&amp;cene Into This One...</source>
+        <translation>Abrir es&amp;cena en esta...</translation>
+    </message>
+    <message>
+        <source>Save &amp;This Scene...</source>
+        <translation>Guardar es&amp;ta escena...</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>&amp;Escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Banks and scenes (*.json *.bank)</source>
+        <translation>Bancos y escenas (*.json *.bank)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>%1 abierto</translation>
+    </message>
+    <message>
+        <source>Opened %1 as scene %2</source>
+        <translation>%1 abierto como escena %2</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Se han recuperado las escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 guardado</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d &apos;de&apos; MMMM &apos;de&apos; yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Se han recuperado las escenas del %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BusyMark</name>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>Transferencia en curso</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Cause</name>
+    <message>
+        <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
+        <translation>No tiene permiso para usar el teclado: instale la regla con &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos; y vuelva a conectar el teclado</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard: close it and try again</source>
+        <translation>Otro programa está usando el teclado: ciérrelo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The keyboard was unplugged: plug it in and try again</source>
+        <translation>El teclado se ha desconectado: conéctelo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The keyboard lacks the second USB interface that scenes travel on: check that it is the model that the device list names, and plug it in again</source>
+        <translation>El teclado no tiene la segunda interfaz USB por la que viajan las escenas: compruebe que es el modelo que indica la lista de dispositivos y conéctelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The keyboard does not answer: unplug it, plug it in again and try again</source>
+        <translation>El teclado no responde: desconéctelo, vuelva a conectarlo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The keyboard answers with longer transfers than scenes have: check that it is the model that the device list names, and plug it in again</source>
+        <translation>El teclado responde con transferencias más largas que las de las escenas: compruebe que es el modelo que indica la lista de dispositivos y conéctelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
+        <translation>El sistema USB se negó a trabajar con el teclado (%08x): conéctelo de nuevo, en otro puerto si eso no ayuda</translation>
+    </message>
+    <message>
+        <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
+        <translation>No hay conectado ningún teclado de la lista de dispositivos: conéctelo o mire qué dice &apos;scenewright-cli devices&apos; del suyo</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Control</name>
+    <message>
+        <source>Common</source>
+        <translation>Común</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Grupo</translation>
+    </message>
+    <message>
+        <source>Knob</source>
+        <translation>Potenciómetro</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>Deslizador</translation>
+    </message>
+    <message>
+        <source>Pad</source>
+        <translation>Pad</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Tecla</translation>
+    </message>
+    <message>
+        <source>Control %d</source>
+        <translation>Control %d</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
+    </message>
+    <message>
+        <source>%s</source>
+        <translation>%s</translation>
+    </message>
+    <message>
+        <source>global channel %s</source>
+        <translation>canal global %s</translation>
+    </message>
+    <message>
+        <source>keyboard channel %s</source>
+        <translation>canal del teclado %s</translation>
+    </message>
+    <message>
+        <source>pitch-bend speed %s</source>
+        <translation>velocidad de pitch bend %s</translation>
+    </message>
+    <message>
+        <source>transposition %s</source>
+        <translation>transposición %s</translation>
+    </message>
+    <message>
+        <source>key velocity curve %s</source>
+        <translation>curva de velocidad de teclas %s</translation>
+    </message>
+    <message>
+        <source>pad velocity curve %s</source>
+        <translation>curva de velocidad de pads %s</translation>
+    </message>
+    <message>
+        <source>channel %s</source>
+        <translation>canal %s</translation>
+    </message>
+    <message>
+        <source>CC %s</source>
+        <translation>CC %s</translation>
+    </message>
+    <message>
+        <source>left %s</source>
+        <translation>izquierda %s</translation>
+    </message>
+    <message>
+        <source>right %s</source>
+        <translation>derecha %s</translation>
+    </message>
+    <message>
+        <source>lower %s</source>
+        <translation>inferior %s</translation>
+    </message>
+    <message>
+        <source>upper %s</source>
+        <translation>superior %s</translation>
+    </message>
+    <message>
+        <source>Note %s</source>
+        <translation>Nota %s</translation>
+    </message>
+    <message>
+        <source>behavior %s</source>
+        <translation>comportamiento %s</translation>
+    </message>
+    <message>
+        <source>on %s</source>
+        <translation>encendido %s</translation>
+    </message>
+    <message>
+        <source>off %s</source>
+        <translation>apagado %s</translation>
+    </message>
+    <message>
+        <source>red %s</source>
+        <translation>rojo %s</translation>
+    </message>
+    <message>
+        <source>green %s</source>
+        <translation>verde %s</translation>
+    </message>
+    <message>
+        <source>blue %s</source>
+        <translation>azul %s</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlButton</name>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1, seleccionado</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlCommands</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Control</source>
+        <translation>&amp;Copiar control</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Control</source>
+        <translation>&amp;Pegar control</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Control</source>
+        <translation>&amp;Restablecer control</translation>
+    </message>
+    <message>
+        <source>Ctrl+Backspace</source>
+        <translation>Ctrl+Backspace</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DeviceChecks</name>
+    <message>
+        <source>&amp;Compare With Device</source>
+        <translation>&amp;Comparar con el dispositivo</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Send And &amp;Verify</source>
+        <translation>Enviar y &amp;verificar</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Return</source>
+        <translation>Ctrl+Shift+Return</translation>
+    </message>
+    <message>
+        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
+        <translation>Sin comparar: no se pudieron leer %1 de los %2 bytes del controlador.</translation>
+    </message>
+    <message>
+        <source>Compare Again</source>
+        <translation>Comparar de nuevo</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>El controlador contiene lo que ve</translation>
+    </message>
+    <message>
+        <source>Bring Back Earlier Scenes</source>
+        <translation>Recuperar escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
+        <translation>Nada de lo que se muestra procede del teclado: son las escenas predeterminadas.</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
+        <translation>%1 de los %2 bytes mostrados no proceden del teclado.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
+        <translation>Fallaron %1 de %2 transferencias: el controlador puede contener medio banco.</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Enviar de nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DifferenceDialog</name>
+    <message>
+        <source>Differences</source>
+        <translation>Diferencias</translation>
+    </message>
+    <message>
+        <source>One setting of the controller is not what you see.</source>
+        <translation>Un ajuste del controlador no coincide con lo que ve.</translation>
+    </message>
+    <message>
+        <source>%1 settings of the controller are not what you see.</source>
+        <translation>%1 ajustes del controlador no coinciden con lo que ve.</translation>
+    </message>
+    <message>
+        <source>What the controller holds -&gt; what you see:</source>
+        <translation>Lo que contiene el controlador -&gt; lo que ve:</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GainWindow</name>
+    <message>
+        <source>Gain Panel</source>
+        <translation>Panel de ganancia</translation>
+    </message>
+    <message>
+        <source>Gain %1</source>
+        <translation>Ganancia %1</translation>
+    </message>
+    <message>
+        <source>Value of gain %1</source>
+        <translation>Valor de la ganancia %1</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>Pre&amp;determinado</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>A&amp;plicar</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardWatch</name>
+    <message>
+        <source>Keyboard</source>
+        <translation>Teclado</translation>
+    </message>
+    <message>
+        <source>Virtual controller</source>
+        <translation>Controlador virtual</translation>
+    </message>
+    <message>
+        <source>No keyboard plugged in</source>
+        <translation>Ningún teclado conectado</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in, but you have no permission to use it</source>
+        <translation>Teclado conectado, pero no tiene permiso para usarlo</translation>
+    </message>
+    <message>
+        <source>Keyboard in use by another program</source>
+        <translation>Teclado en uso por otro programa</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in</source>
+        <translation>Teclado conectado</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>&amp;Dispositivo</translation>
+    </message>
+    <message>
+        <source>&amp;Read Scenes</source>
+        <translation>&amp;Leer escenas</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>&amp;Send Scenes</source>
+        <translation>&amp;Enviar escenas</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>&amp;Gain Panel</source>
+        <translation>Panel de &amp;ganancia</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Ay&amp;uda</translation>
+    </message>
+    <message>
+        <source>&amp;About Scenewright</source>
+        <translation>&amp;Acerca de Scenewright</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>Más menús</translation>
+    </message>
+    <message>
+        <source>ga</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>gp</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainWindow</name>
+    <message>
+        <source>Scenewright – Virtual controller</source>
+        <translation>Scenewright – Controlador virtual</translation>
+    </message>
+    <message>
+        <source>Scenewright</source>
+        <translation>Scenewright</translation>
+    </message>
+    <message>
+        <source>The program ends when the scenes have been sent.</source>
+        <translation>El programa terminará cuando se hayan enviado las escenas.</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>A&amp;pariencia</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Apariencia</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>Como el &amp;sistema</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Claro</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Oscuro</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Escena %1, %2</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Controles</translation>
+    </message>
+    <message>
+        <source>Picture of the keyboard</source>
+        <translation>Imagen del teclado</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Status line</source>
+        <translation>Línea de estado</translation>
+    </message>
+    <message>
+        <source>Scene 1</source>
+        <translation>Escena 1</translation>
+    </message>
+    <message>
+        <source>Scene 2</source>
+        <translation>Escena 2</translation>
+    </message>
+    <message>
+        <source>Scene 3</source>
+        <translation>Escena 3</translation>
+    </message>
+    <message>
+        <source>Scene 4</source>
+        <translation>Escena 4</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Escenas</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>&amp;Mostrar</translation>
+    </message>
+    <message>
+        <source>What the picture shows</source>
+        <translation>Qué muestra la imagen</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>Read scenes</source>
+        <translation>Leer escenas</translation>
+    </message>
+    <message>
+        <source>Read the four scenes from the controller (Ctrl+R)</source>
+        <translation>Leer las cuatro escenas del controlador (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Enviar</translation>
+    </message>
+    <message>
+        <source>Send scenes</source>
+        <translation>Enviar escenas</translation>
+    </message>
+    <message>
+        <source>Send the four scenes to the controller (Ctrl+Return)</source>
+        <translation>Enviar las cuatro escenas al controlador (Ctrl+Intro)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Descartar</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <translation>Aviso</translation>
+    </message>
+    <message>
+        <source>Dismiss the notice</source>
+        <translation>Descartar el aviso</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Setting</name>
+    <message>
+        <source>Global MIDI channel</source>
+        <translation>Canal MIDI global</translation>
+    </message>
+    <message>
+        <source>Keyboard MIDI channel</source>
+        <translation>Canal MIDI del teclado</translation>
+    </message>
+    <message>
+        <source>Pitch-bend speed</source>
+        <translation>Velocidad de pitch bend</translation>
+    </message>
+    <message>
+        <source>Octave transposition</source>
+        <translation>Transposición de octava</translation>
+    </message>
+    <message>
+        <source>Key velocity curve</source>
+        <translation>Curva de vel. de teclas</translation>
+    </message>
+    <message>
+        <source>Key constant velocity</source>
+        <translation>Vel. fija de teclas</translation>
+    </message>
+    <message>
+        <source>Pad velocity curve</source>
+        <translation>Curva de vel. de pads</translation>
+    </message>
+    <message>
+        <source>Pad constant velocity</source>
+        <translation>Vel. fija de pads</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Activado</translation>
+    </message>
+    <message>
+        <source>CC number</source>
+        <translation>Número de CC</translation>
+    </message>
+    <message>
+        <source>Right value</source>
+        <translation>Valor derecho</translation>
+    </message>
+    <message>
+        <source>Left value</source>
+        <translation>Valor izquierdo</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>Valor superior</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>Valor inferior</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>CC or note number</source>
+        <translation>Número de CC o nota</translation>
+    </message>
+    <message>
+        <source>On value</source>
+        <translation>Valor de encendido</translation>
+    </message>
+    <message>
+        <source>Off value</source>
+        <translation>Valor de apagado</translation>
+    </message>
+    <message>
+        <source>Behavior</source>
+        <translation>Comportamiento</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rojo</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Verde</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Azul</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>Cause and cure</source>
+        <translation>Causa y solución</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TransferAdvice</name>
+    <message>
+        <source>%1 of %2 transfers failed</source>
+        <translation>Fallaron %1 de %2 transferencias</translation>
+    </message>
+    <message>
+        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
+        <translation>%1: puede que lo mostrado no sea lo que contiene el controlador. Lea de nuevo antes de enviar.</translation>
+    </message>
+    <message>
+        <source>%1: the controller may hold half of what was sent. Send again.</source>
+        <translation>%1: puede que el controlador solo contenga la mitad de lo enviado. Envíe de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ValuePanes</name>
+    <message>
+        <source>Red %1, green %2, blue %3 of 255</source>
+        <translation>Rojo %1, verde %2, azul %3 de 255</translation>
+    </message>
+    <message>
+        <source>No control is chosen. Click one on the picture or in the list, or press Return on a row of the list.</source>
+        <translation>No hay ningún control seleccionado. Haga clic en uno de la imagen o de la lista, o pulse Intro en una fila de la lista.</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Nombre de la escena</translation>
+    </message>
+    <message>
+        <source>fedvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>aedvum</translation>
+    </message>
+    <message>
+        <source>Settings of the chosen control</source>
+        <translation>Ajustes del control seleccionado</translation>
+    </message>
+    <message>
+        <source>Mixed colour</source>
+        <translation>Color mezclado</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,788 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>scenewright::About</name>
+    <message>
+        <source>About Scenewright</source>
+        <translation>À propos de Scenewright</translation>
+    </message>
+    <message>
+        <source>Scenewright %1</source>
+        <translation>Scenewright %1</translation>
+    </message>
+    <message>
+        <source>Qt %1, built with Qt %2</source>
+        <translation>Qt %1, compilé avec Qt %2</translation>
+    </message>
+    <message>
+        <source>An editor for the four scenes of a USB MIDI keyboard controller.</source>
+        <translation>Un éditeur pour les quatre scènes d’un clavier-contrôleur MIDI USB.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BankCommands</name>
+    <message>
+        <source>&amp;Open Bank...</source>
+        <translation>&amp;Ouvrir une banque...</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank As...</source>
+        <translation>&amp;Enregistrer la banque sous...</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Récentes</translation>
+    </message>
+    <message>
+        <source>Recent banks</source>
+        <translation>Banques récentes</translation>
+    </message>
+    <message>
+        <source>Open S&amp;cene Into This One...</source>
+        <translation>Ouvrir une s&amp;cène dans celle-ci...</translation>
+    </message>
+    <message>
+        <source>Save &amp;This Scene...</source>
+        <translation>Enregistrer ce&amp;tte scène...</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>Scènes &amp;précédentes</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Scènes précédentes</translation>
+    </message>
+    <message>
+        <source>Banks and scenes (*.json *.bank)</source>
+        <translation>Banques et scènes (*.json *.bank)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>%1 ouvert</translation>
+    </message>
+    <message>
+        <source>Opened %1 as scene %2</source>
+        <translation>%1 ouvert comme scène %2</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Scènes précédentes rétablies</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 enregistré</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucune</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d MMMM yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Scènes du %1 rétablies</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BusyMark</name>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>Transfert en cours</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Cause</name>
+    <message>
+        <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
+        <translation>Vous n’avez pas le droit d’utiliser le clavier : installez la règle avec &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, puis rebranchez le clavier</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard: close it and try again</source>
+        <translation>Un autre programme utilise le clavier : fermez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>The keyboard was unplugged: plug it in and try again</source>
+        <translation>Le clavier a été débranché : branchez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>The keyboard lacks the second USB interface that scenes travel on: check that it is the model that the device list names, and plug it in again</source>
+        <translation>Le clavier n’a pas la seconde interface USB par laquelle passent les scènes : vérifiez qu’il s’agit du modèle indiqué dans la liste des appareils, puis rebranchez-le</translation>
+    </message>
+    <message>
+        <source>The keyboard does not answer: unplug it, plug it in again and try again</source>
+        <translation>Le clavier ne répond pas : débranchez-le, rebranchez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>The keyboard answers with longer transfers than scenes have: check that it is the model that the device list names, and plug it in again</source>
+        <translation>Le clavier répond par des transferts plus longs que ceux des scènes : vérifiez qu’il s’agit du modèle indiqué dans la liste des appareils, puis rebranchez-le</translation>
+    </message>
+    <message>
+        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
+        <translation>Le système USB a refusé de travailler avec le clavier (%08x) : rebranchez-le, sur une autre prise si cela ne suffit pas</translation>
+    </message>
+    <message>
+        <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
+        <translation>Aucun clavier de la liste des appareils n’est branché : branchez-le, ou voyez ce que &apos;scenewright-cli devices&apos; dit du vôtre</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Control</name>
+    <message>
+        <source>Common</source>
+        <translation>Commun</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Groupe</translation>
+    </message>
+    <message>
+        <source>Knob</source>
+        <translation>Potentiomètre</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>Curseur</translation>
+    </message>
+    <message>
+        <source>Pad</source>
+        <translation>Pad</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Touche</translation>
+    </message>
+    <message>
+        <source>Control %d</source>
+        <translation>Contrôle %d</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
+        <source>%s</source>
+        <translation>%s</translation>
+    </message>
+    <message>
+        <source>global channel %s</source>
+        <translation>canal global %s</translation>
+    </message>
+    <message>
+        <source>keyboard channel %s</source>
+        <translation>canal du clavier %s</translation>
+    </message>
+    <message>
+        <source>pitch-bend speed %s</source>
+        <translation>vitesse de pitch bend %s</translation>
+    </message>
+    <message>
+        <source>transposition %s</source>
+        <translation>transposition %s</translation>
+    </message>
+    <message>
+        <source>key velocity curve %s</source>
+        <translation>courbe de vélocité des touches %s</translation>
+    </message>
+    <message>
+        <source>pad velocity curve %s</source>
+        <translation>courbe de vélocité des pads %s</translation>
+    </message>
+    <message>
+        <source>channel %s</source>
+        <translation>canal %s</translation>
+    </message>
+    <message>
+        <source>CC %s</source>
+        <translation>CC %s</translation>
+    </message>
+    <message>
+        <source>left %s</source>
+        <translation>gauche %s</translation>
+    </message>
+    <message>
+        <source>right %s</source>
+        <translation>droite %s</translation>
+    </message>
+    <message>
+        <source>lower %s</source>
+        <translation>bas %s</translation>
+    </message>
+    <message>
+        <source>upper %s</source>
+        <translation>haut %s</translation>
+    </message>
+    <message>
+        <source>Note %s</source>
+        <translation>Note %s</translation>
+    </message>
+    <message>
+        <source>behavior %s</source>
+        <translation>comportement %s</translation>
+    </message>
+    <message>
+        <source>on %s</source>
+        <translation>activé %s</translation>
+    </message>
+    <message>
+        <source>off %s</source>
+        <translation>désactivé %s</translation>
+    </message>
+    <message>
+        <source>red %s</source>
+        <translation>rouge %s</translation>
+    </message>
+    <message>
+        <source>green %s</source>
+        <translation>vert %s</translation>
+    </message>
+    <message>
+        <source>blue %s</source>
+        <translation>bleu %s</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlButton</name>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1, sélectionné</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlCommands</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Édition</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Control</source>
+        <translation>&amp;Copier le contrôle</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Control</source>
+        <translation>Co&amp;ller le contrôle</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Control</source>
+        <translation>&amp;Réinitialiser le contrôle</translation>
+    </message>
+    <message>
+        <source>Ctrl+Backspace</source>
+        <translation>Ctrl+Backspace</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DeviceChecks</name>
+    <message>
+        <source>&amp;Compare With Device</source>
+        <translation>&amp;Comparer avec l’appareil</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Send And &amp;Verify</source>
+        <translation>Envoyer et &amp;vérifier</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Return</source>
+        <translation>Ctrl+Shift+Return</translation>
+    </message>
+    <message>
+        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
+        <translation>Pas de comparaison : %1 des %2 octets du contrôleur n’ont pas pu être lus.</translation>
+    </message>
+    <message>
+        <source>Compare Again</source>
+        <translation>Comparer à nouveau</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>Le contrôleur contient ce que vous voyez</translation>
+    </message>
+    <message>
+        <source>Bring Back Earlier Scenes</source>
+        <translation>Rétablir les scènes précédentes</translation>
+    </message>
+    <message>
+        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
+        <translation>Rien de ce qui est affiché ne vient du clavier : ce sont les scènes par défaut.</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
+        <translation>%1 des %2 octets affichés ne viennent pas du clavier.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
+        <translation>%1 transferts sur %2 ont échoué : le contrôleur ne contient peut-être que la moitié d’une banque.</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Envoyer à nouveau</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DifferenceDialog</name>
+    <message>
+        <source>Differences</source>
+        <translation>Différences</translation>
+    </message>
+    <message>
+        <source>One setting of the controller is not what you see.</source>
+        <translation>Un réglage du contrôleur diffère de ce que vous voyez.</translation>
+    </message>
+    <message>
+        <source>%1 settings of the controller are not what you see.</source>
+        <translation>%1 réglages du contrôleur diffèrent de ce que vous voyez.</translation>
+    </message>
+    <message>
+        <source>What the controller holds -&gt; what you see:</source>
+        <translation>Contenu du contrôleur -&gt; ce que vous voyez :</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GainWindow</name>
+    <message>
+        <source>Gain Panel</source>
+        <translation>Panneau de gain</translation>
+    </message>
+    <message>
+        <source>Gain %1</source>
+        <translation>Gain %1</translation>
+    </message>
+    <message>
+        <source>Value of gain %1</source>
+        <translation>Valeur du gain %1</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>Par dé&amp;faut</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Appliquer</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardWatch</name>
+    <message>
+        <source>Keyboard</source>
+        <translation>Clavier</translation>
+    </message>
+    <message>
+        <source>Virtual controller</source>
+        <translation>Contrôleur virtuel</translation>
+    </message>
+    <message>
+        <source>No keyboard plugged in</source>
+        <translation>Aucun clavier branché</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in, but you have no permission to use it</source>
+        <translation>Clavier branché, mais vous n’avez pas le droit de l’utiliser</translation>
+    </message>
+    <message>
+        <source>Keyboard in use by another program</source>
+        <translation>Clavier utilisé par un autre programme</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in</source>
+        <translation>Clavier branché</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>&amp;Appareil</translation>
+    </message>
+    <message>
+        <source>&amp;Read Scenes</source>
+        <translation>&amp;Lire les scènes</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>&amp;Send Scenes</source>
+        <translation>&amp;Envoyer les scènes</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>Affi&amp;chage</translation>
+    </message>
+    <message>
+        <source>&amp;Gain Panel</source>
+        <translation>Panneau de &amp;gain</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;ide</translation>
+    </message>
+    <message>
+        <source>&amp;About Scenewright</source>
+        <translation>À &amp;propos de Scenewright</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>Autres menus</translation>
+    </message>
+    <message>
+        <source>ga</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>gr</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainWindow</name>
+    <message>
+        <source>Scenewright – Virtual controller</source>
+        <translation>Scenewright – Contrôleur virtuel</translation>
+    </message>
+    <message>
+        <source>Scenewright</source>
+        <translation>Scenewright</translation>
+    </message>
+    <message>
+        <source>The program ends when the scenes have been sent.</source>
+        <translation>Le programme se fermera une fois les scènes envoyées.</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>Appa&amp;rence</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Apparence</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>Comme le &amp;système</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Clair</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>S&amp;ombre</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Scène %1, %2</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Éditeur</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Contrôles</translation>
+    </message>
+    <message>
+        <source>Picture of the keyboard</source>
+        <translation>Image du clavier</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Status line</source>
+        <translation>Ligne d’état</translation>
+    </message>
+    <message>
+        <source>Scene 1</source>
+        <translation>Scène 1</translation>
+    </message>
+    <message>
+        <source>Scene 2</source>
+        <translation>Scène 2</translation>
+    </message>
+    <message>
+        <source>Scene 3</source>
+        <translation>Scène 3</translation>
+    </message>
+    <message>
+        <source>Scene 4</source>
+        <translation>Scène 4</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Scènes</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>Affic&amp;her</translation>
+    </message>
+    <message>
+        <source>What the picture shows</source>
+        <translation>Ce que montre l’image</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Read scenes</source>
+        <translation>Lire les scènes</translation>
+    </message>
+    <message>
+        <source>Read the four scenes from the controller (Ctrl+R)</source>
+        <translation>Lire les quatre scènes du contrôleur (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Envoyer</translation>
+    </message>
+    <message>
+        <source>Send scenes</source>
+        <translation>Envoyer les scènes</translation>
+    </message>
+    <message>
+        <source>Send the four scenes to the controller (Ctrl+Return)</source>
+        <translation>Envoyer les quatre scènes au contrôleur (Ctrl+Entrée)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Masquer</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <translation>Avis</translation>
+    </message>
+    <message>
+        <source>Dismiss the notice</source>
+        <translation>Masquer l’avis</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Setting</name>
+    <message>
+        <source>Global MIDI channel</source>
+        <translation>Canal MIDI global</translation>
+    </message>
+    <message>
+        <source>Keyboard MIDI channel</source>
+        <translation>Canal MIDI du clavier</translation>
+    </message>
+    <message>
+        <source>Pitch-bend speed</source>
+        <translation>Vitesse de pitch bend</translation>
+    </message>
+    <message>
+        <source>Octave transposition</source>
+        <translation>Transposition d’octave</translation>
+    </message>
+    <message>
+        <source>Key velocity curve</source>
+        <translation>Courbe de vélocité touches</translation>
+    </message>
+    <message>
+        <source>Key constant velocity</source>
+        <translation>Vélocité fixe touches</translation>
+    </message>
+    <message>
+        <source>Pad velocity curve</source>
+        <translation>Courbe de vélocité pads</translation>
+    </message>
+    <message>
+        <source>Pad constant velocity</source>
+        <translation>Vélocité fixe pads</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Activé</translation>
+    </message>
+    <message>
+        <source>CC number</source>
+        <translation>Numéro de CC</translation>
+    </message>
+    <message>
+        <source>Right value</source>
+        <translation>Valeur à droite</translation>
+    </message>
+    <message>
+        <source>Left value</source>
+        <translation>Valeur à gauche</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>Valeur haute</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>Valeur basse</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>CC or note number</source>
+        <translation>Numéro de CC ou de note</translation>
+    </message>
+    <message>
+        <source>On value</source>
+        <translation>Valeur activée</translation>
+    </message>
+    <message>
+        <source>Off value</source>
+        <translation>Valeur désactivée</translation>
+    </message>
+    <message>
+        <source>Behavior</source>
+        <translation>Comportement</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rouge</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Vert</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Bleu</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Prêt</translation>
+    </message>
+    <message>
+        <source>Cause and cure</source>
+        <translation>Cause et remède</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TransferAdvice</name>
+    <message>
+        <source>%1 of %2 transfers failed</source>
+        <translation>%1 transferts sur %2 ont échoué</translation>
+    </message>
+    <message>
+        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
+        <translation>%1 : ce qui est affiché n’est peut-être pas ce que contient le contrôleur. Lisez à nouveau avant d’envoyer.</translation>
+    </message>
+    <message>
+        <source>%1: the controller may hold half of what was sent. Send again.</source>
+        <translation>%1 : le contrôleur ne contient peut-être que la moitié de ce qui a été envoyé. Envoyez à nouveau.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ValuePanes</name>
+    <message>
+        <source>Red %1, green %2, blue %3 of 255</source>
+        <translation>Rouge %1, vert %2, bleu %3 sur 255</translation>
+    </message>
+    <message>
+        <source>No control is chosen. Click one on the picture or in the list, or press Return on a row of the list.</source>
+        <translation>Aucun contrôle n’est sélectionné. Cliquez sur un contrôle de l’image ou de la liste, ou appuyez sur Entrée sur une ligne de la liste.</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Nom de la scène</translation>
+    </message>
+    <message>
+        <source>fedvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fdacih</translation>
+    </message>
+    <message>
+        <source>Settings of the chosen control</source>
+        <translation>Réglages du contrôle sélectionné</translation>
+    </message>
+    <message>
+        <source>Mixed colour</source>
+        <translation>Couleur mélangée</translation>
+    </message>
+</context>
+</TS>

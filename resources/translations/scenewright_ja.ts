@@ -1,0 +1,788 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>scenewright::About</name>
+    <message>
+        <source>About Scenewright</source>
+        <translation>Scenewright について</translation>
+    </message>
+    <message>
+        <source>Scenewright %1</source>
+        <translation>Scenewright %1</translation>
+    </message>
+    <message>
+        <source>Qt %1, built with Qt %2</source>
+        <translation>Qt %1(ビルド時の Qt %2)</translation>
+    </message>
+    <message>
+        <source>An editor for the four scenes of a USB MIDI keyboard controller.</source>
+        <translation>USB MIDI キーボードコントローラーの 4 つのシーンを編集するエディターです。</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BankCommands</name>
+    <message>
+        <source>&amp;Open Bank...</source>
+        <translation>バンクを開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank As...</source>
+        <translation>バンクに名前を付けて保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>最近使ったバンク(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Recent banks</source>
+        <translation>最近使ったバンク</translation>
+    </message>
+    <message>
+        <source>Open S&amp;cene Into This One...</source>
+        <translation>このシーンにシーンを開く(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Save &amp;This Scene...</source>
+        <translation>このシーンを保存(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>以前のシーン(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>以前のシーン</translation>
+    </message>
+    <message>
+        <source>Banks and scenes (*.json *.bank)</source>
+        <translation>バンクとシーン (*.json *.bank)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>%1 を開きました</translation>
+    </message>
+    <message>
+        <source>Opened %1 as scene %2</source>
+        <translation>%1 をシーン %2 として開きました</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>以前のシーンを復元しました</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 を保存しました</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>yyyy年M月d日 hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>%1 のシーンを復元しました</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BusyMark</name>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>転送中</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Cause</name>
+    <message>
+        <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
+        <translation>キーボードを使用する権限がありません。&apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos; でルールをインストールし、キーボードを接続し直してください</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard: close it and try again</source>
+        <translation>別のプログラムがキーボードを使用しています。終了してからもう一度試してください</translation>
+    </message>
+    <message>
+        <source>The keyboard was unplugged: plug it in and try again</source>
+        <translation>キーボードが取り外されました。接続してもう一度試してください</translation>
+    </message>
+    <message>
+        <source>The keyboard lacks the second USB interface that scenes travel on: check that it is the model that the device list names, and plug it in again</source>
+        <translation>シーンの転送に使う 2 つ目の USB インターフェースがキーボードにありません。デバイスリストに載っているモデルか確認し、接続し直してください</translation>
+    </message>
+    <message>
+        <source>The keyboard does not answer: unplug it, plug it in again and try again</source>
+        <translation>キーボードが応答しません。取り外して接続し直し、もう一度試してください</translation>
+    </message>
+    <message>
+        <source>The keyboard answers with longer transfers than scenes have: check that it is the model that the device list names, and plug it in again</source>
+        <translation>キーボードの応答がシーンの転送より長くなっています。デバイスリストに載っているモデルか確認し、接続し直してください</translation>
+    </message>
+    <message>
+        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
+        <translation>USB システムがキーボードを扱えませんでした (%08x)。接続し直し、直らなければ別のポートを使ってください</translation>
+    </message>
+    <message>
+        <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
+        <translation>デバイスリストのキーボードが接続されていません。接続するか、お使いのキーボードについて &apos;scenewright-cli devices&apos; の表示を確認してください</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Control</name>
+    <message>
+        <source>Common</source>
+        <translation>共通</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Knob</source>
+        <translation>ノブ</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>スライダー</translation>
+    </message>
+    <message>
+        <source>Pad</source>
+        <translation>パッド</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>鍵盤</translation>
+    </message>
+    <message>
+        <source>Control %d</source>
+        <translation>コントロール %d</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>%s</source>
+        <translation>%s</translation>
+    </message>
+    <message>
+        <source>global channel %s</source>
+        <translation>グローバルチャンネル %s</translation>
+    </message>
+    <message>
+        <source>keyboard channel %s</source>
+        <translation>鍵盤チャンネル %s</translation>
+    </message>
+    <message>
+        <source>pitch-bend speed %s</source>
+        <translation>ピッチベンド速度 %s</translation>
+    </message>
+    <message>
+        <source>transposition %s</source>
+        <translation>移調 %s</translation>
+    </message>
+    <message>
+        <source>key velocity curve %s</source>
+        <translation>鍵盤ベロシティカーブ %s</translation>
+    </message>
+    <message>
+        <source>pad velocity curve %s</source>
+        <translation>パッドベロシティカーブ %s</translation>
+    </message>
+    <message>
+        <source>channel %s</source>
+        <translation>チャンネル %s</translation>
+    </message>
+    <message>
+        <source>CC %s</source>
+        <translation>CC %s</translation>
+    </message>
+    <message>
+        <source>left %s</source>
+        <translation>左 %s</translation>
+    </message>
+    <message>
+        <source>right %s</source>
+        <translation>右 %s</translation>
+    </message>
+    <message>
+        <source>lower %s</source>
+        <translation>下 %s</translation>
+    </message>
+    <message>
+        <source>upper %s</source>
+        <translation>上 %s</translation>
+    </message>
+    <message>
+        <source>Note %s</source>
+        <translation>ノート %s</translation>
+    </message>
+    <message>
+        <source>behavior %s</source>
+        <translation>動作 %s</translation>
+    </message>
+    <message>
+        <source>on %s</source>
+        <translation>オン %s</translation>
+    </message>
+    <message>
+        <source>off %s</source>
+        <translation>オフ %s</translation>
+    </message>
+    <message>
+        <source>red %s</source>
+        <translation>赤 %s</translation>
+    </message>
+    <message>
+        <source>green %s</source>
+        <translation>緑 %s</translation>
+    </message>
+    <message>
+        <source>blue %s</source>
+        <translation>青 %s</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlButton</name>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1、選択中</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlCommands</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編集</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Control</source>
+        <translation>コントロールをコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Control</source>
+        <translation>コントロールを貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Control</source>
+        <translation>コントロールをリセット(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Backspace</source>
+        <translation>Ctrl+Backspace</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DeviceChecks</name>
+    <message>
+        <source>&amp;Compare With Device</source>
+        <translation>デバイスと比較(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Send And &amp;Verify</source>
+        <translation>送信して確認(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Return</source>
+        <translation>Ctrl+Shift+Return</translation>
+    </message>
+    <message>
+        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
+        <translation>比較できません: コントローラーの %2 バイトのうち %1 バイトを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>Compare Again</source>
+        <translation>もう一度比較</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>コントローラーの内容は表示と一致しています</translation>
+    </message>
+    <message>
+        <source>Bring Back Earlier Scenes</source>
+        <translation>以前のシーンを復元</translation>
+    </message>
+    <message>
+        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
+        <translation>表示されている内容はキーボードから読み取ったものではなく、初期設定のシーンです。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
+        <translation>表示中の %2 バイトのうち %1 バイトはキーボードから読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
+        <translation>%2 回の転送のうち %1 回が失敗しました。コントローラーのバンクが不完全な可能性があります。</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>もう一度送信</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DifferenceDialog</name>
+    <message>
+        <source>Differences</source>
+        <translation>相違点</translation>
+    </message>
+    <message>
+        <source>One setting of the controller is not what you see.</source>
+        <translation>コントローラーの設定が 1 つ、表示と異なります。</translation>
+    </message>
+    <message>
+        <source>%1 settings of the controller are not what you see.</source>
+        <translation>コントローラーの設定が %1 個、表示と異なります。</translation>
+    </message>
+    <message>
+        <source>What the controller holds -&gt; what you see:</source>
+        <translation>コントローラーの内容 -&gt; 表示の内容:</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GainWindow</name>
+    <message>
+        <source>Gain Panel</source>
+        <translation>ゲインパネル</translation>
+    </message>
+    <message>
+        <source>Gain %1</source>
+        <translation>ゲイン %1</translation>
+    </message>
+    <message>
+        <source>Value of gain %1</source>
+        <translation>ゲイン %1 の値</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>初期値(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>適用(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardWatch</name>
+    <message>
+        <source>Keyboard</source>
+        <translation>キーボード</translation>
+    </message>
+    <message>
+        <source>Virtual controller</source>
+        <translation>仮想コントローラー</translation>
+    </message>
+    <message>
+        <source>No keyboard plugged in</source>
+        <translation>キーボードが接続されていません</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in, but you have no permission to use it</source>
+        <translation>キーボードは接続されていますが、使用する権限がありません</translation>
+    </message>
+    <message>
+        <source>Keyboard in use by another program</source>
+        <translation>キーボードは別のプログラムが使用中です</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in</source>
+        <translation>キーボード接続済み</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>デバイス(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Read Scenes</source>
+        <translation>シーンを読み込む(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>&amp;Send Scenes</source>
+        <translation>シーンを送信(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Gain Panel</source>
+        <translation>ゲインパネル(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About Scenewright</source>
+        <translation>Scenewright について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>その他のメニュー</translation>
+    </message>
+    <message>
+        <source>ga</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>ga</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainWindow</name>
+    <message>
+        <source>Scenewright – Virtual controller</source>
+        <translation>Scenewright – 仮想コントローラー</translation>
+    </message>
+    <message>
+        <source>Scenewright</source>
+        <translation>Scenewright</translation>
+    </message>
+    <message>
+        <source>The program ends when the scenes have been sent.</source>
+        <translation>シーンの送信が終わるとプログラムを終了します。</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>外観(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外観</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>システムに合わせる(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>ライト(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>ダーク(&amp;D)</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>シーン %1、%2</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>エディター</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>コントロール</translation>
+    </message>
+    <message>
+        <source>Picture of the keyboard</source>
+        <translation>キーボードの図</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Status line</source>
+        <translation>ステータス行</translation>
+    </message>
+    <message>
+        <source>Scene 1</source>
+        <translation>シーン 1</translation>
+    </message>
+    <message>
+        <source>Scene 2</source>
+        <translation>シーン 2</translation>
+    </message>
+    <message>
+        <source>Scene 3</source>
+        <translation>シーン 3</translation>
+    </message>
+    <message>
+        <source>Scene 4</source>
+        <translation>シーン 4</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>表示内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>What the picture shows</source>
+        <translation>図に表示する内容</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>読み込み</translation>
+    </message>
+    <message>
+        <source>Read scenes</source>
+        <translation>シーンを読み込む</translation>
+    </message>
+    <message>
+        <source>Read the four scenes from the controller (Ctrl+R)</source>
+        <translation>コントローラーから 4 つのシーンを読み込みます (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>送信</translation>
+    </message>
+    <message>
+        <source>Send scenes</source>
+        <translation>シーンを送信</translation>
+    </message>
+    <message>
+        <source>Send the four scenes to the controller (Ctrl+Return)</source>
+        <translation>コントローラーへ 4 つのシーンを送信します (Ctrl+Return)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <translation>お知らせ</translation>
+    </message>
+    <message>
+        <source>Dismiss the notice</source>
+        <translation>お知らせを閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Setting</name>
+    <message>
+        <source>Global MIDI channel</source>
+        <translation>グローバル MIDI チャンネル</translation>
+    </message>
+    <message>
+        <source>Keyboard MIDI channel</source>
+        <translation>鍵盤の MIDI チャンネル</translation>
+    </message>
+    <message>
+        <source>Pitch-bend speed</source>
+        <translation>ピッチベンド速度</translation>
+    </message>
+    <message>
+        <source>Octave transposition</source>
+        <translation>オクターブシフト</translation>
+    </message>
+    <message>
+        <source>Key velocity curve</source>
+        <translation>鍵盤ベロシティカーブ</translation>
+    </message>
+    <message>
+        <source>Key constant velocity</source>
+        <translation>鍵盤固定ベロシティ</translation>
+    </message>
+    <message>
+        <source>Pad velocity curve</source>
+        <translation>パッドベロシティカーブ</translation>
+    </message>
+    <message>
+        <source>Pad constant velocity</source>
+        <translation>パッド固定ベロシティ</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI チャンネル</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>CC number</source>
+        <translation>CC 番号</translation>
+    </message>
+    <message>
+        <source>Right value</source>
+        <translation>右の値</translation>
+    </message>
+    <message>
+        <source>Left value</source>
+        <translation>左の値</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>上の値</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>下の値</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>タイプ</translation>
+    </message>
+    <message>
+        <source>CC or note number</source>
+        <translation>CC/ノート番号</translation>
+    </message>
+    <message>
+        <source>On value</source>
+        <translation>オン時の値</translation>
+    </message>
+    <message>
+        <source>Off value</source>
+        <translation>オフ時の値</translation>
+    </message>
+    <message>
+        <source>Behavior</source>
+        <translation>動作</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>赤</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>緑</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>青</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>ステータス</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>準備完了</translation>
+    </message>
+    <message>
+        <source>Cause and cure</source>
+        <translation>原因と対処</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TransferAdvice</name>
+    <message>
+        <source>%1 of %2 transfers failed</source>
+        <translation>%2 回の転送のうち %1 回が失敗しました</translation>
+    </message>
+    <message>
+        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
+        <translation>%1。表示がコントローラーの内容と異なる可能性があります。送信する前にもう一度読み込んでください。</translation>
+    </message>
+    <message>
+        <source>%1: the controller may hold half of what was sent. Send again.</source>
+        <translation>%1。送信した内容の一部しかコントローラーに届いていない可能性があります。もう一度送信してください。</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ValuePanes</name>
+    <message>
+        <source>Red %1, green %2, blue %3 of 255</source>
+        <translation>赤 %1、緑 %2、青 %3(最大 255)</translation>
+    </message>
+    <message>
+        <source>No control is chosen. Click one on the picture or in the list, or press Return on a row of the list.</source>
+        <translation>コントロールが選択されていません。図またはリストのコントロールをクリックするか、リストの行で Return キーを押してください。</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>シーン名</translation>
+    </message>
+    <message>
+        <source>fedvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fedvhw</translation>
+    </message>
+    <message>
+        <source>Settings of the chosen control</source>
+        <translation>選択中のコントロールの設定</translation>
+    </message>
+    <message>
+        <source>Mixed colour</source>
+        <translation>混合色</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,788 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>scenewright::About</name>
+    <message>
+        <source>About Scenewright</source>
+        <translation>关于 Scenewright</translation>
+    </message>
+    <message>
+        <source>Scenewright %1</source>
+        <translation>Scenewright %1</translation>
+    </message>
+    <message>
+        <source>Qt %1, built with Qt %2</source>
+        <translation>Qt %1,使用 Qt %2 构建</translation>
+    </message>
+    <message>
+        <source>An editor for the four scenes of a USB MIDI keyboard controller.</source>
+        <translation>用于编辑 USB MIDI 键盘控制器四个场景的编辑器。</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BankCommands</name>
+    <message>
+        <source>&amp;Open Bank...</source>
+        <translation>打开库(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank As...</source>
+        <translation>库另存为(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>最近使用(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Recent banks</source>
+        <translation>最近使用的库</translation>
+    </message>
+    <message>
+        <source>Open S&amp;cene Into This One...</source>
+        <translation>将场景载入当前场景(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Save &amp;This Scene...</source>
+        <translation>保存当前场景(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>先前的场景(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>先前的场景</translation>
+    </message>
+    <message>
+        <source>Banks and scenes (*.json *.bank)</source>
+        <translation>库和场景 (*.json *.bank)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>已打开 %1</translation>
+    </message>
+    <message>
+        <source>Opened %1 as scene %2</source>
+        <translation>已将 %1 打开为场景 %2</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>已恢复先前的场景</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存 %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>yyyy年M月d日 hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>已恢复 %1 的场景</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::BusyMark</name>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>正在传输</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Cause</name>
+    <message>
+        <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
+        <translation>您没有使用键盘的权限:请用 &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos; 安装规则,然后重新插入键盘</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard: close it and try again</source>
+        <translation>另一个程序正在使用键盘:请关闭它后重试</translation>
+    </message>
+    <message>
+        <source>The keyboard was unplugged: plug it in and try again</source>
+        <translation>键盘已拔出:请插入后重试</translation>
+    </message>
+    <message>
+        <source>The keyboard lacks the second USB interface that scenes travel on: check that it is the model that the device list names, and plug it in again</source>
+        <translation>键盘缺少用于传输场景的第二个 USB 接口:请确认它是设备列表中的型号,然后重新插入</translation>
+    </message>
+    <message>
+        <source>The keyboard does not answer: unplug it, plug it in again and try again</source>
+        <translation>键盘无响应:请拔出并重新插入后重试</translation>
+    </message>
+    <message>
+        <source>The keyboard answers with longer transfers than scenes have: check that it is the model that the device list names, and plug it in again</source>
+        <translation>键盘返回的传输长于场景所需:请确认它是设备列表中的型号,然后重新插入</translation>
+    </message>
+    <message>
+        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
+        <translation>USB 系统无法使用该键盘 (%08x):请重新插入,若仍无效请换一个接口</translation>
+    </message>
+    <message>
+        <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
+        <translation>未连接设备列表中的键盘:请将其插入,或查看 &apos;scenewright-cli devices&apos; 对您的键盘的说明</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Control</name>
+    <message>
+        <source>Common</source>
+        <translation>通用</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组</translation>
+    </message>
+    <message>
+        <source>Knob</source>
+        <translation>旋钮</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>推子</translation>
+    </message>
+    <message>
+        <source>Pad</source>
+        <translation>打击垫</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>琴键</translation>
+    </message>
+    <message>
+        <source>Control %d</source>
+        <translation>控件 %d</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>%s</source>
+        <translation>%s</translation>
+    </message>
+    <message>
+        <source>global channel %s</source>
+        <translation>全局通道 %s</translation>
+    </message>
+    <message>
+        <source>keyboard channel %s</source>
+        <translation>琴键通道 %s</translation>
+    </message>
+    <message>
+        <source>pitch-bend speed %s</source>
+        <translation>弯音速度 %s</translation>
+    </message>
+    <message>
+        <source>transposition %s</source>
+        <translation>移调 %s</translation>
+    </message>
+    <message>
+        <source>key velocity curve %s</source>
+        <translation>琴键力度曲线 %s</translation>
+    </message>
+    <message>
+        <source>pad velocity curve %s</source>
+        <translation>打击垫力度曲线 %s</translation>
+    </message>
+    <message>
+        <source>channel %s</source>
+        <translation>通道 %s</translation>
+    </message>
+    <message>
+        <source>CC %s</source>
+        <translation>CC %s</translation>
+    </message>
+    <message>
+        <source>left %s</source>
+        <translation>左 %s</translation>
+    </message>
+    <message>
+        <source>right %s</source>
+        <translation>右 %s</translation>
+    </message>
+    <message>
+        <source>lower %s</source>
+        <translation>下限 %s</translation>
+    </message>
+    <message>
+        <source>upper %s</source>
+        <translation>上限 %s</translation>
+    </message>
+    <message>
+        <source>Note %s</source>
+        <translation>音符 %s</translation>
+    </message>
+    <message>
+        <source>behavior %s</source>
+        <translation>行为 %s</translation>
+    </message>
+    <message>
+        <source>on %s</source>
+        <translation>开 %s</translation>
+    </message>
+    <message>
+        <source>off %s</source>
+        <translation>关 %s</translation>
+    </message>
+    <message>
+        <source>red %s</source>
+        <translation>红 %s</translation>
+    </message>
+    <message>
+        <source>green %s</source>
+        <translation>绿 %s</translation>
+    </message>
+    <message>
+        <source>blue %s</source>
+        <translation>蓝 %s</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlButton</name>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1,已选中</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ControlCommands</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Control</source>
+        <translation>复制控件(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Control</source>
+        <translation>粘贴控件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Control</source>
+        <translation>重置控件(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Backspace</source>
+        <translation>Ctrl+Backspace</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DeviceChecks</name>
+    <message>
+        <source>&amp;Compare With Device</source>
+        <translation>与设备比较(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Send And &amp;Verify</source>
+        <translation>发送并校验(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Return</source>
+        <translation>Ctrl+Shift+Return</translation>
+    </message>
+    <message>
+        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
+        <translation>未比较:控制器的 %2 字节中有 %1 字节无法读取。</translation>
+    </message>
+    <message>
+        <source>Compare Again</source>
+        <translation>重新比较</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>控制器中的内容与您看到的一致</translation>
+    </message>
+    <message>
+        <source>Bring Back Earlier Scenes</source>
+        <translation>恢复先前的场景</translation>
+    </message>
+    <message>
+        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
+        <translation>显示的内容均非来自键盘:这些是默认场景。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
+        <translation>显示的 %2 字节中有 %1 字节并非来自键盘。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
+        <translation>%2 次传输中有 %1 次失败:控制器中的库可能不完整。</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>重新发送</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DifferenceDialog</name>
+    <message>
+        <source>Differences</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>One setting of the controller is not what you see.</source>
+        <translation>控制器有一项设置与您看到的不同。</translation>
+    </message>
+    <message>
+        <source>%1 settings of the controller are not what you see.</source>
+        <translation>控制器有 %1 项设置与您看到的不同。</translation>
+    </message>
+    <message>
+        <source>What the controller holds -&gt; what you see:</source>
+        <translation>控制器中的内容 -&gt; 您看到的内容:</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GainWindow</name>
+    <message>
+        <source>Gain Panel</source>
+        <translation>增益面板</translation>
+    </message>
+    <message>
+        <source>Gain %1</source>
+        <translation>增益 %1</translation>
+    </message>
+    <message>
+        <source>Value of gain %1</source>
+        <translation>增益 %1 的值</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>默认(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>应用(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>确定(&amp;O)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardWatch</name>
+    <message>
+        <source>Keyboard</source>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>Virtual controller</source>
+        <translation>虚拟控制器</translation>
+    </message>
+    <message>
+        <source>No keyboard plugged in</source>
+        <translation>未连接键盘</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in, but you have no permission to use it</source>
+        <translation>键盘已连接,但您没有使用权限</translation>
+    </message>
+    <message>
+        <source>Keyboard in use by another program</source>
+        <translation>键盘正被其他程序使用</translation>
+    </message>
+    <message>
+        <source>Keyboard plugged in</source>
+        <translation>键盘已连接</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>设备(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Read Scenes</source>
+        <translation>读取场景(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>&amp;Send Scenes</source>
+        <translation>发送场景(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Ctrl+Return</source>
+        <translation>Ctrl+Return</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Gain Panel</source>
+        <translation>增益面板(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About Scenewright</source>
+        <translation>关于 Scenewright(&amp;A)</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>更多菜单</translation>
+    </message>
+    <message>
+        <source>ga</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>ga</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MainWindow</name>
+    <message>
+        <source>Scenewright – Virtual controller</source>
+        <translation>Scenewright – 虚拟控制器</translation>
+    </message>
+    <message>
+        <source>Scenewright</source>
+        <translation>Scenewright</translation>
+    </message>
+    <message>
+        <source>The program ends when the scenes have been sent.</source>
+        <translation>场景发送完毕后程序将退出。</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>外观(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>跟随系统(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>浅色(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>场景 %1,%2</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>编辑器</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>控件</translation>
+    </message>
+    <message>
+        <source>Picture of the keyboard</source>
+        <translation>键盘图</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Status line</source>
+        <translation>状态栏</translation>
+    </message>
+    <message>
+        <source>Scene 1</source>
+        <translation>场景 1</translation>
+    </message>
+    <message>
+        <source>Scene 2</source>
+        <translation>场景 2</translation>
+    </message>
+    <message>
+        <source>Scene 3</source>
+        <translation>场景 3</translation>
+    </message>
+    <message>
+        <source>Scene 4</source>
+        <translation>场景 4</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>场景</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>显示(&amp;W)</translation>
+    </message>
+    <message>
+        <source>What the picture shows</source>
+        <translation>图中显示的内容</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>读取</translation>
+    </message>
+    <message>
+        <source>Read scenes</source>
+        <translation>读取场景</translation>
+    </message>
+    <message>
+        <source>Read the four scenes from the controller (Ctrl+R)</source>
+        <translation>从控制器读取四个场景 (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>Send scenes</source>
+        <translation>发送场景</translation>
+    </message>
+    <message>
+        <source>Send the four scenes to the controller (Ctrl+Return)</source>
+        <translation>将四个场景发送到控制器 (Ctrl+Return)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>忽略</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Dismiss the notice</source>
+        <translation>忽略此通知</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Setting</name>
+    <message>
+        <source>Global MIDI channel</source>
+        <translation>全局 MIDI 通道</translation>
+    </message>
+    <message>
+        <source>Keyboard MIDI channel</source>
+        <translation>琴键 MIDI 通道</translation>
+    </message>
+    <message>
+        <source>Pitch-bend speed</source>
+        <translation>弯音速度</translation>
+    </message>
+    <message>
+        <source>Octave transposition</source>
+        <translation>八度移调</translation>
+    </message>
+    <message>
+        <source>Key velocity curve</source>
+        <translation>琴键力度曲线</translation>
+    </message>
+    <message>
+        <source>Key constant velocity</source>
+        <translation>琴键固定力度</translation>
+    </message>
+    <message>
+        <source>Pad velocity curve</source>
+        <translation>打击垫力度曲线</translation>
+    </message>
+    <message>
+        <source>Pad constant velocity</source>
+        <translation>打击垫固定力度</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI 通道</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>CC number</source>
+        <translation>CC 编号</translation>
+    </message>
+    <message>
+        <source>Right value</source>
+        <translation>右侧值</translation>
+    </message>
+    <message>
+        <source>Left value</source>
+        <translation>左侧值</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>上限值</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>下限值</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>CC or note number</source>
+        <translation>CC 或音符编号</translation>
+    </message>
+    <message>
+        <source>On value</source>
+        <translation>开启值</translation>
+    </message>
+    <message>
+        <source>Off value</source>
+        <translation>关闭值</translation>
+    </message>
+    <message>
+        <source>Behavior</source>
+        <translation>行为</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>就绪</translation>
+    </message>
+    <message>
+        <source>Cause and cure</source>
+        <translation>原因与解决方法</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TransferAdvice</name>
+    <message>
+        <source>%1 of %2 transfers failed</source>
+        <translation>%2 次传输中有 %1 次失败</translation>
+    </message>
+    <message>
+        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
+        <translation>%1:显示的内容可能与控制器中的不同。发送前请重新读取。</translation>
+    </message>
+    <message>
+        <source>%1: the controller may hold half of what was sent. Send again.</source>
+        <translation>%1:控制器可能只收到了部分内容。请重新发送。</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ValuePanes</name>
+    <message>
+        <source>Red %1, green %2, blue %3 of 255</source>
+        <translation>红 %1,绿 %2,蓝 %3(最大 255)</translation>
+    </message>
+    <message>
+        <source>No control is chosen. Click one on the picture or in the list, or press Return on a row of the list.</source>
+        <translation>未选择控件。请在图中或列表中单击一个控件,或在列表的某一行按回车键。</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>场景名称</translation>
+    </message>
+    <message>
+        <source>fedvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fedvhw</translation>
+    </message>
+    <message>
+        <source>Settings of the chosen control</source>
+        <translation>所选控件的设置</translation>
+    </message>
+    <message>
+        <source>Mixed colour</source>
+        <translation>混合颜色</translation>
+    </message>
+</context>
+</TS>

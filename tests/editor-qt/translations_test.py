@@ -1,0 +1,99 @@
+#!/usr/bin/env python3
+"""Every text of the window is translated into every language, and nothing else is.
+
+translations_test.py LUPDATE SOURCE_DIR
+"""
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as tree
+
+LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
+PLACES = re.compile(r"%(?:\d+|n|[0-9]*[sdx])")
+MARK = re.compile(r"&(?!&)(.)")
+# Texts that only list the letters marked elsewhere, with the sources of those.
+LETTERS = {
+    "fedvhw": ["&File", "&Edit", "&Device", "&View", "&Help", "Sho&w"],
+    "ga": ["&Gain Panel", "&Appearance"],
+}
+MENUS = [
+    LETTERS["fedvhw"],
+    ["&Open Bank...", "&Save Bank As...", "&Recent", "Open S&cene Into This One...",
+     "Save &This Scene...", "&Earlier Scenes", "&Quit"],
+    ["&Copy Control", "&Paste Control", "&Reset Control"],
+    ["&Read Scenes", "&Send Scenes", "&Compare With Device", "Send And &Verify"],
+    ["As the &System", "&Light", "&Dark"],
+    ["De&fault", "&Apply", "&OK"],
+]
+lupdate, root = sys.argv[1], pathlib.Path(sys.argv[2])
+
+
+def marked(text):
+    return [letter.lower() for letter in MARK.findall(text)]
+
+
+def messages(file):
+    for context in tree.parse(file).getroot().iter("context"):
+        for message in context.iter("message"):
+            yield context.findtext("name"), message
+
+
+class Translations(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.files = {}
+        for language in LANGUAGES:
+            name = f"scenewright_{language}.ts"
+            kept = root / "resources" / "translations" / name
+            self.files[language] = pathlib.Path(self.folder.name) / name
+            self.files[language].write_bytes(kept.read_bytes())
+        subprocess.run(
+            [lupdate, "-silent", "-locations", "none", "-source-language", "en", "-I", root,
+             root / "editor/qt", root / "app/qt", "-ts", *self.files.values()],
+            check=True, stdout=subprocess.DEVNULL)
+
+    def each(self):
+        for language, file in self.files.items():
+            for context, message in messages(file):
+                source = message.findtext("source")
+                with self.subTest(language=language, context=context, text=source):
+                    yield language, source, message.find("translation")
+
+    def test_every_text_is_found(self):
+        for file in self.files.values():
+            self.assertGreater(len(list(messages(file))), 150)
+
+    def test_no_text_is_untranslated_or_stale(self):
+        for _, _, translation in self.each():
+            self.assertIsNone(translation.get("type"))
+            self.assertTrue(translation.text)
+
+    def test_places_are_kept(self):
+        for _, source, translation in self.each():
+            self.assertEqual(sorted(PLACES.findall(source)),
+                             sorted(PLACES.findall(translation.text or "")))
+
+    def test_a_letter_is_marked_where_one_is(self):
+        for _, source, translation in self.each():
+            self.assertEqual(len(marked(source)), len(marked(translation.text or "")))
+
+    def test_marked_letters_are_unique_and_listed(self):
+        for language, file in self.files.items():
+            texts = {message.findtext("source"): message.findtext("translation") or ""
+                     for _, message in messages(file)}
+            for menu in MENUS + list(LETTERS.values()):
+                with self.subTest(language=language, menu=menu):
+                    letters = sum((marked(texts[source]) for source in menu), [])
+                    self.assertEqual(len(letters), len(set(letters)), letters)
+            for letters, menu in LETTERS.items():
+                with self.subTest(language=language, letters=letters):
+                    self.assertEqual(sorted(texts[letters]),
+                                     sorted(sum((marked(texts[source]) for source in menu), [])))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
