@@ -4,10 +4,11 @@
 #include "editor/ValuePopUps.h"
 #include "editor/options/SettingOptions.h"
 #include "editor/qt/Wording.h"
-#include "platform/Resources.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QLabel>
+
+#include <ostream>
 
 namespace scenewright {
 
@@ -20,35 +21,29 @@ struct Language {
     const char* summaryOfPad; // its beginning
 };
 
-const std::filesystem::path kResources =
-    std::filesystem::path(SCENEWRIGHT_BINARY_DIR) / "share" / "scenewright";
+void PrintTo(const Language& language, std::ostream* out) {
+    *out << language.locale;
+}
 
 class TranslationTest : public testing::WindowBench,
                         public ::testing::WithParamInterface<Language> {
 protected:
-    TranslationTest() {
-        Resources::setFolder(kResources);
-        translation_.emplace(QLocale(QLatin1String(GetParam().locale)));
-    }
-    ~TranslationTest() override { Resources::setFolder({}); }
-
-    std::optional<Translation> translation_;
+    Translation translation_{QLocale(QString::fromLatin1(GetParam().locale))};
 };
 
 TEST_P(TranslationTest, MenusLabelsAndDescriptionsSpeakTheLanguage) {
-    ASSERT_TRUE(translation_->isLoaded());
-    const MainWindow& shown = open();
-    EXPECT_EQ(window().menu().file().title(), QString::fromUtf8(GetParam().fileMenu));
+    ASSERT_TRUE(translation_.isLoaded());
+    MainWindow& shown = open();
+    EXPECT_EQ(shown.menu().file().title(), QString::fromUtf8(GetParam().fileMenu));
     EXPECT_EQ(settingLabel("MIDI channel"), QString::fromUtf8(GetParam().midiChannel));
     EXPECT_TRUE(shown.picture().button(13)->accessibleName().startsWith(
         QString::fromUtf8(GetParam().summaryOfPad)))
         << shown.picture().button(13)->accessibleName().toStdString();
 }
 
-TEST_P(TranslationTest, EverySettingHasALabelOfTheLanguagesFile) {
+TEST_P(TranslationTest, EverySettingHasALabelInTheLanguage) {
     for (const ValuePopUp& row : valuePopUps()) {
         const std::string title(settingTitle(row.setting));
-        EXPECT_FALSE(QCoreApplication::translate("scenewright::Setting", title.c_str()).isEmpty());
         EXPECT_TRUE(title == "Type" || settingLabel(title) != QString::fromStdString(title))
             << title;
     }
@@ -84,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, TranslationTest,
                                            Language{"ja_JP", "ファイル(&F)", "MIDI チャンネル",
                                                     "パッド 1"},
                                            Language{"zh_CN", "文件(&F)", "MIDI 通道", "打击垫 1"}),
-                         [](const auto& info) { return std::string(info.param.locale); });
+                         [](const auto& language) { return std::string(language.param.locale); });
 
 TEST(TranslationChoice, TakesTheLanguageWhateverTheCountry) {
     EXPECT_EQ(translationFor(QLocale("de_CH")), "de");

@@ -56,30 +56,30 @@ class Translations(unittest.TestCase):
              root / "editor/qt", root / "app/qt", "-ts", *self.files.values()],
             check=True, stdout=subprocess.DEVNULL)
 
-    def each(self):
-        for language, file in self.files.items():
-            for context, message in messages(file):
-                source = message.findtext("source")
-                with self.subTest(language=language, context=context, text=source):
-                    yield language, source, message.find("translation")
+    def assert_all(self, is_good):
+        """Of each source and the element of its translation."""
+        faults = [
+            (language, context, message.findtext("source"))
+            for language, file in self.files.items()
+            for context, message in messages(file)
+            if not is_good(message.findtext("source"), message.find("translation"))]
+        self.assertEqual(faults, [])
 
     def test_every_text_is_found(self):
         for file in self.files.values():
             self.assertGreater(len(list(messages(file))), 150)
 
     def test_no_text_is_untranslated_or_stale(self):
-        for _, _, translation in self.each():
-            self.assertIsNone(translation.get("type"))
-            self.assertTrue(translation.text)
+        self.assert_all(lambda _, translation: translation.get("type") is None
+                        and translation.text)
 
     def test_places_are_kept(self):
-        for _, source, translation in self.each():
-            self.assertEqual(sorted(PLACES.findall(source)),
-                             sorted(PLACES.findall(translation.text or "")))
+        self.assert_all(lambda source, translation: sorted(PLACES.findall(source))
+                        == sorted(PLACES.findall(translation.text or "")))
 
     def test_a_letter_is_marked_where_one_is(self):
-        for _, source, translation in self.each():
-            self.assertEqual(len(marked(source)), len(marked(translation.text or "")))
+        self.assert_all(lambda source, translation: len(marked(source))
+                        == len(marked(translation.text or "")))
 
     def test_marked_letters_are_unique_and_listed(self):
         for language, file in self.files.items():
