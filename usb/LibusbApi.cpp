@@ -199,10 +199,12 @@ public:
         : context_(std::move(context)), device_(std::move(device)), vendor_(descriptor.idVendor),
           product_(descriptor.idProduct), flights_(std::move(flights)) {}
 
-    std::uint16_t vendor() const override { return vendor_; }
-    std::uint16_t product() const override { return product_; }
-    std::uint8_t bus() const override { return libusb_get_bus_number(device_.get()); }
-    std::uint8_t address() const override { return libusb_get_device_address(device_.get()); }
+    [[nodiscard]] std::uint16_t vendor() const override { return vendor_; }
+    [[nodiscard]] std::uint16_t product() const override { return product_; }
+    [[nodiscard]] std::uint8_t bus() const override { return libusb_get_bus_number(device_.get()); }
+    [[nodiscard]] std::uint8_t address() const override {
+        return libusb_get_device_address(device_.get());
+    }
 
     ResultCode interfaces(std::vector<LibusbInterfaceDescriptor>& list) const override {
         libusb_config_descriptor* found = nullptr;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <ranges>
 
 namespace scenewright {
 
@@ -50,7 +49,8 @@ bool DetachedDrivers::isMissing(const Interface& interface) const {
 }
 
 ResultCode DetachedDrivers::detach() {
-    for (Interface& interface : group_ | std::views::reverse) {
+    for (std::size_t left = group_.size(); left > 0; --left) {
+        Interface& interface = group_[left - 1];
         if (!isBound(interface))
             continue;
         interface.comesBack = true;
@@ -62,15 +62,17 @@ ResultCode DetachedDrivers::detach() {
 }
 
 void DetachedDrivers::bringBack() {
-    const auto missing = [this](const Interface& interface) { return isMissing(interface); };
-    if (std::ranges::none_of(group_, missing))
+    if (std::ranges::none_of(group_,
+                             [this](const Interface& interface) { return isMissing(interface); }))
         return;
     // A driver that was bound meanwhile would keep its probe from taking the others along.
     detach();
-    for (const Interface& interface : group_ | std::views::filter(missing))
-        handle_.attachDriver(interface.number);
-    for (const Interface& interface : group_ | std::views::filter(missing))
-        Diagnostics::log("Interface %d has no kernel driver again", interface.number);
+    for (const Interface& interface : group_)
+        if (isMissing(interface))
+            handle_.attachDriver(interface.number);
+    for (const Interface& interface : group_)
+        if (isMissing(interface))
+            Diagnostics::log("Interface %d has no kernel driver again", interface.number);
 }
 
 } // namespace scenewright

@@ -21,13 +21,13 @@ public:
     Service(std::shared_ptr<LibusbDevice> device, Interfaces interfaces, std::size_t index)
         : device_(std::move(device)), interfaces_(std::move(interfaces)), index_(index) {}
 
-    std::string name() const override {
+    [[nodiscard]] std::string name() const override {
         return fmt::sprintf("%04x:%04x at %03d/%03d", device_->vendor(), device_->product(),
                             device_->bus(), device_->address());
     }
-    const std::shared_ptr<LibusbDevice>& device() const { return device_; }
+    [[nodiscard]] const std::shared_ptr<LibusbDevice>& device() const { return device_; }
     // Null for a device.
-    std::unique_ptr<UsbInterface> makeInterface() const {
+    [[nodiscard]] std::unique_ptr<UsbInterface> makeInterface() const {
         if (index_ >= interfaces_.size())
             return nullptr;
         return std::make_unique<LibusbInterface>(device_, interfaces_, index_);

@@ -101,10 +101,12 @@ class Device : public LibusbDevice {
 public:
     Device(Script script, std::size_t index) : script_(std::move(script)), index_(index) {}
 
-    std::uint16_t vendor() const override { return 0x1209; }
-    std::uint16_t product() const override { return script_->products.at(index_); }
-    std::uint8_t bus() const override { return 1; }
-    std::uint8_t address() const override { return static_cast<std::uint8_t>(index_ + 2); }
+    [[nodiscard]] std::uint16_t vendor() const override { return 0x1209; }
+    [[nodiscard]] std::uint16_t product() const override { return script_->products.at(index_); }
+    [[nodiscard]] std::uint8_t bus() const override { return 1; }
+    [[nodiscard]] std::uint8_t address() const override {
+        return static_cast<std::uint8_t>(index_ + 2);
+    }
     ResultCode interfaces(std::vector<LibusbInterfaceDescriptor>& list) const override {
         list = script_->interfaces;
         return script_->isPlugged ? kResultSuccess : kResultNoDevice;
