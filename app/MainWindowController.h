@@ -12,8 +12,11 @@ class MainWindowController {
 public:
     MainWindowController(Window& window, Application& application)
         : window_(window), application_(application) {}
+    ~MainWindowController() = default;
     MainWindowController(const MainWindowController&) = delete;
     MainWindowController& operator=(const MainWindowController&) = delete;
+    MainWindowController(MainWindowController&&) = delete;
+    MainWindowController& operator=(MainWindowController&&) = delete;
 
     // Once, when the window is there.
     void windowDidLoad();

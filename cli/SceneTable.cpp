@@ -115,6 +115,7 @@ std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const Co
         if (setting.kind() != range.kind)
             continue;
         std::vector<std::string> cells;
+        cells.reserve(static_cast<std::size_t>(range.count));
         for (std::int32_t member = 0; member < range.count; ++member)
             cells.push_back(cellText(lists, setting, scene, member));
         columns.push_back(makeColumn(settingTitle(setting), std::move(cells)));

@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool canPaste(std::int32_t control) const;
     // False, and nothing changed, for a control of another kind or one that the scene does not
     // have.
-    bool paste(const SceneValue& scene, std::int32_t control) const;
+    [[nodiscard]] bool paste(const SceneValue& scene, std::int32_t control) const;
 
 private:
     std::optional<ControlKind> kind_;

@@ -33,14 +33,14 @@ enum class ExtraRule : std::uint8_t {
 };
 
 struct ValuePopUp {
-    const ValueOutlet* outlet;
+    const ValueOutlet* outlet = nullptr;
     Setting setting; // its kind says the pane; its option list stands in SettingOptions
     // The field in the scene's common settings, or in the chosen control's record; one is null.
-    const IndexField<CommonValue>* common;
-    const IndexField<ButtonValue>* button;
-    ExtraRule rule;
-    const ValueOutlet* driver; // whose value decides `when`; null when always
-    EnableWhen when;
+    const IndexField<CommonValue>* common = nullptr;
+    const IndexField<ButtonValue>* button = nullptr;
+    ExtraRule rule = ExtraRule::None;
+    const ValueOutlet* driver = nullptr; // whose value decides `when`; null when always
+    EnableWhen when{};
 
     [[nodiscard]] constexpr ControlKind pane() const { return setting.kind(); }
 };

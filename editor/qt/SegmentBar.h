@@ -20,7 +20,7 @@ public:
 
     [[nodiscard]] std::int32_t selectedSegment() const override;
 
-    void setTitle(int segment, const QString& title);
+    void setTitle(int position, const QString& title);
     [[nodiscard]] QAbstractButton& segment(int position) const;
 
 signals:

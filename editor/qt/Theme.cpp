@@ -148,8 +148,8 @@ bool isDark(const QPalette& palette) {
 void applyTheme(QApplication& application, bool isDark) {
     const Theme& theme = themeOf(isDark);
     application.setStyleSheet({});
-    application.setStyle(std::make_unique<WindowStyle>().release()); // the application owns it
-    application.setPalette(paletteOf(theme));
+    QApplication::setStyle(std::make_unique<WindowStyle>().release()); // the application owns it
+    QApplication::setPalette(paletteOf(theme));
     application.setStyleSheet(styleSheetOf(theme));
 }
 
