@@ -8,6 +8,8 @@ import argparse
 import hashlib
 import json
 import re
+import signal
+import sys
 import time
 from collections import Counter
 from collections.abc import Iterator
@@ -236,6 +238,8 @@ def arguments() -> argparse.Namespace:
 
 
 def main() -> int:
+    # Ended from outside, it puts the source file back and ends what it started.
+    signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
     given = arguments()
     chosen = mutants.order(ROOT, given.seed)
     shares = mutants.shares(given.count)

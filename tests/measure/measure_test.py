@@ -54,10 +54,17 @@ class Candidates(unittest.TestCase):
         self.assertIn('{0, 0x7F, "one"}, // a == b', found)
         self.assertIn("return a + 2;", found)
 
-    def test_the_rows_and_the_entries_of_a_table_change_places(self):
+    def test_neighbouring_entries_of_a_row_change_places(self):
+        self.assertEqual(afters("int a[] = {1, 2, 2};\n", "table"), ["int a[] = {2, 1, 2};"])
+
+    def test_neighbouring_rows_of_a_table_exchange_one_cell(self):
+        text = '    {Pad, "a, b", f(1, x)},\n    {Pad, "c", f(2, x)},\n'
         self.assertEqual(
-            afters("int a[] = {\n    {1, 2},\n    {3, 3},\n};\n", "table"),
-            ["{2, 1},", "{3, 3},\n{1, 2},"],
+            afters(text, "table"),
+            [
+                '{Pad, "c", f(1, x)},\n{Pad, "a, b", f(2, x)},',
+                '{Pad, "a, b", f(2, x)},\n{Pad, "c", f(1, x)},',
+            ],
         )
 
     def test_a_statement_goes(self):

@@ -124,6 +124,40 @@ def _whole_line(code: str, line: str) -> Iterator[tuple[str, str]]:
         yield "statement", indent + ";"
 
 
+def _cells(row: str) -> list[str]:
+    """The parts of a table's row: what opens it, each of its cells, what closes it."""
+    start = re.search(r"[({]", row).end()
+    end = max(row.rfind(")"), row.rfind("}"))
+    cells = [""]
+    depth = 0
+    quoted = False
+    for letter in row[start:end]:
+        quoted ^= letter == '"'
+        depth += (letter in "([{") - (letter in ")]}") if not quoted else 0
+        if letter == "," and depth == 0 and not quoted:
+            cells.append("")
+        else:
+            cells[-1] += letter
+    return [row[:start], *cells, row[end:]]
+
+
+def _rows(line: str, below: str) -> Iterator[tuple[str, str]]:
+    """Two rows of a table, one cell exchanged between them."""
+    if not _ROW.match(line) or not _ROW.match(below):
+        return
+    cells = [_cells(line), _cells(below)]
+    if len(cells[0]) == len(cells[1]):
+        for i in range(1, len(cells[0]) - 1):
+            if cells[0][i] != cells[1][i]:
+                first = [*cells[0][:i], cells[1][i], *cells[0][i + 1 :]]
+                second = [*cells[1][:i], cells[0][i], *cells[1][i + 1 :]]
+                yield _joined(first), _joined(second)
+
+
+def _joined(cells: list[str]) -> str:
+    return cells[0] + ",".join(cells[1:-1]) + cells[-1]
+
+
 def _texts(path: str, text: str) -> Iterator[tuple[int, str, str]]:
     """Texts with one letter changed: (line from 0, before, after). The window's own texts are left
     out: its translations are compared with them, not they with anything."""
@@ -150,9 +184,8 @@ def _places(path: str, text: str) -> Iterator[Mutant]:
             continue
         for kind, after in [*_in_line(code[i], line), *_whole_line(code[i], line)]:
             yield Mutant(path, i + 1, kind, (line,), (after,))
-        below = lines[i + 1] if i + 1 < len(lines) else ""
-        if _ROW.match(line) and _ROW.match(below) and line != below:
-            yield Mutant(path, i + 1, "table", (line, below), (below, line))
+        for changed in _rows(line, lines[i + 1] if i + 1 < len(lines) else ""):
+            yield Mutant(path, i + 1, "table", (line, lines[i + 1]), changed)
     for i, line, after in _texts(path, text):
         if not _NO_PLACE.match(line):
             yield Mutant(path, i + 1, "text", (line,), (after,))
@@ -187,7 +220,8 @@ def in_turn(found: Iterable[Mutant], seed: int) -> Iterator[Mutant]:
     waiting: dict[str, dict[str, list[Mutant]]] = {kind: defaultdict(list) for kind in KINDS}
     for mutant in sorted(found, key=lambda one: one.rank(seed), reverse=True):
         waiting[mutant.kind][mutant.path].append(mutant)
-    used: Counter[str] = Counter()
+    # A header is slow to try, since so much includes it.
+    used = Counter({path: 2 for path in TABLE_HEADERS})
     lines: set[tuple[str, int]] = set()
     while any(waiting.values()):
         for files in waiting.values():

@@ -94,6 +94,13 @@ class IncludeDirections(TreeTest):
             self.faults(), ["libusb is included by 2 files, 1 may: usb/A.h, usb/B.h"]
         )
 
+    def test_the_tests_of_its_folder_may_stand_in_for_the_usb_library(self):
+        self.header("usb/A.h", "<libusb.h>")
+        self.header("tests/usb/B.h", "<libusb.h>")
+        self.assertEqual(self.faults(), [])
+        self.header("tests/model/C.h", "<libusb.h>")
+        self.assertEqual(self.faults(), ["tests/model/C.h: only usb may include libusb"])
+
     def test_the_property_list_library_outside_its_folder_fails(self):
         self.header("model/A.h", "<plist/plist.h>")
         self.assertEqual(self.faults(), ["model/A.h: only platform may include libplist"])
