@@ -221,7 +221,7 @@ def in_turn(found: Iterable[Mutant], seed: int) -> Iterator[Mutant]:
     for mutant in sorted(found, key=lambda one: one.rank(seed), reverse=True):
         waiting[mutant.kind][mutant.path].append(mutant)
     # A header is slow to try, since so much includes it.
-    used = Counter({path: 2 for path in TABLE_HEADERS})
+    used = Counter({path: 4 for path in TABLE_HEADERS})
     lines: set[tuple[str, int]] = set()
     while any(waiting.values()):
         for files in waiting.values():

@@ -23,6 +23,29 @@ TEST(ConnectCause, CausesAreToldApart) {
     EXPECT_EQ(sentences.size(), 6U);
 }
 
+TEST(ConnectCause, ADeviceThatWentIsToBePluggedIn) {
+    EXPECT_EQ(causeAndCure(kResultNoDevice),
+              "The keyboard was unplugged: plug it in and try again");
+}
+
+TEST(ConnectCause, ADeviceWithoutTheInterfaceMayBeAnotherModel) {
+    EXPECT_EQ(causeAndCure(kResultNotFound),
+              "The keyboard lacks the second USB interface that scenes travel on: check that it is "
+              "the model that the device list names, and plug it in again");
+}
+
+TEST(ConnectCause, ASilentKeyboardIsToBePluggedInAnew) {
+    for (const ResultCode code : {kResultTimeout, kResultStall, kResultInputOutput})
+        EXPECT_EQ(causeAndCure(code),
+                  "The keyboard does not answer: unplug it, plug it in again and try again");
+}
+
+TEST(ConnectCause, AnswersThatAreTooLongMayBeAnotherModels) {
+    EXPECT_EQ(causeAndCure(kResultOverflow),
+              "The keyboard answers with longer transfers than scenes have: check that it is the "
+              "model that the device list names, and plug it in again");
+}
+
 TEST(ConnectCause, AnUnexpectedFailureShowsItsCode) {
     EXPECT_EQ(causeAndCure(kResultNoMemory),
               "The USB system refused to work with the keyboard (5c57000c): plug it in again, at "

@@ -66,6 +66,12 @@ TEST_F(KeyboardPresenceTest, AListedOneIsUsable) {
     EXPECT_EQ(presence(), KeyboardPresence::Usable);
 }
 
+TEST_F(KeyboardPresenceTest, BusAndAddressAreDecimalNumbers) {
+    plugIn("1-1", "0001", "19");
+    giveNode("019");
+    EXPECT_EQ(presence(), KeyboardPresence::Usable);
+}
+
 TEST_F(KeyboardPresenceTest, ANodeThatCannotBeOpenedIsAMatterOfPermission) {
     plugIn("1-1", "0001", "12"); // not even there: the superuser may open any that is
     EXPECT_EQ(presence(), KeyboardPresence::NoPermission);

@@ -73,6 +73,17 @@ TEST_F(MidiDevicesTest, ControlCharactersOfANameAreNotPassedOn) {
     EXPECT_EQ(listed().at(0).name, "Tasten größer");
 }
 
+TEST_F(MidiDevicesTest, AZeroByteOfANameIsNotPassedOnEither) {
+    nameDevice("1-1", "2", std::string("Ac\0me", 5), "Keys");
+    EXPECT_EQ(listed().at(0).maker, "Ac?me");
+}
+
+TEST_F(MidiDevicesTest, TheSameAddressOnAnotherBusIsAnotherDevice) {
+    nameDevice("1-1", "2", "Other", "Thing");
+    std::ofstream(folders.path() / "1-1" / "busnum") << "2\n";
+    EXPECT_EQ(listed().at(0).name, "");
+}
+
 TEST_F(MidiDevicesTest, AListingThatFailsSaysWhy) {
     bus->failures["devices"] = kResultOther;
     std::vector<MidiDevice> devices;
