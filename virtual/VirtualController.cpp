@@ -45,14 +45,15 @@ VirtualController::WriteResult VirtualController::receive(std::span<const std::u
         return WriteResult::Gone;
     if (now_.isOutHalted)
         return WriteResult::Halted;
-    if (const auto limit = faultCount(Fault::Kind::FailedWrite); limit && now_.packets >= *limit)
+    if (const auto limit = faultCount(Fault::Kind::FailedWrite);
+        limit && now_.counts.packets >= *limit)
         return WriteResult::Failed;
     if (transfer.size() % kPacketSize != 0)
         return WriteResult::Taken;
     for (; !transfer.empty(); transfer = transfer.subspan(kPacketSize)) {
         Packet packet;
         std::copy_n(transfer.begin(), kPacketSize, packet.begin());
-        ++now_.packets;
+        ++now_.counts.packets;
         take(packet);
         if (now_.isOutHalted)
             return WriteResult::Halted;
@@ -79,6 +80,11 @@ void VirtualController::clearHalt(Pipe pipe) noexcept {
 void VirtualController::reset() {
     isPresent_ = true;
     now_ = {};
+}
+
+void VirtualController::order(FaultPlan faults) {
+    faults_ = std::move(faults);
+    now_.counts = {};
 }
 
 void VirtualController::take(const Packet& packet) {
@@ -146,7 +152,7 @@ void VirtualController::endBlock() {
 
 void VirtualController::answerHandshake() {
     Transfer answer(kHandshakeAnswer.begin(), kHandshakeAnswer.end());
-    const std::uint32_t handshake = now_.handshakes++;
+    const std::uint32_t handshake = now_.counts.handshakes++;
     now_.state = State::Ready;
     if (handshake < faultCount(Fault::Kind::WrongHandshake).value_or(0)) {
         // The two ways of being wrong take turns.
@@ -165,7 +171,7 @@ void VirtualController::answerReadNext() {
     const bool isInside = now_.readPosition < bank_.size();
     Packet packet = isInside ? packets::data(bank_[now_.readPosition]) : packets::kFill;
     ++now_.readPosition;
-    const std::uint32_t dataReply = now_.dataReplies++;
+    const std::uint32_t dataReply = now_.counts.dataReplies++;
     if (isFaultAt(Fault::Kind::WrongNibble, dataReply))
         packet[3] = packet[3] | kNibbleOverflow;
     Transfer transfer = transferOf(packet);
@@ -176,14 +182,14 @@ void VirtualController::answerReadNext() {
 
 void VirtualController::reply(Transfer transfer) {
     const auto limit = faultCount(Fault::Kind::NoAnswer);
-    if (limit && now_.repliesQueued >= *limit)
+    if (limit && now_.counts.repliesQueued >= *limit)
         return;
-    ++now_.repliesQueued;
+    ++now_.counts.repliesQueued;
     now_.replies.push_back(std::move(transfer));
 }
 
 bool VirtualController::carryDataByte(Pipe pipe) {
-    const std::uint32_t dataByte = now_.dataBytes++;
+    const std::uint32_t dataByte = now_.counts.dataBytes++;
     if (isFaultAt(Fault::Kind::Unplug, dataByte)) {
         std::erase(faults_, Fault{Fault::Kind::Unplug, dataByte});
         isPresent_ = false;

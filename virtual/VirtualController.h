@@ -49,6 +49,9 @@ public:
     // As after plugging it in: the bank stays, the conversation and its faults start over, but for
     // the unplug that has happened.
     void reset();
+    // Other faults in place of those there are. What they count starts over; the conversation goes
+    // on where it is.
+    void order(FaultPlan faults);
 
 private:
     enum class State : std::uint8_t {
@@ -73,6 +76,14 @@ private:
     [[nodiscard]] std::optional<std::uint32_t> faultCount(Fault::Kind kind) const;
     [[nodiscard]] bool isFaultAt(Fault::Kind kind, std::uint32_t count) const;
 
+    // What the faults count.
+    struct Counts {
+        std::uint32_t packets = 0;
+        std::uint32_t handshakes = 0;
+        std::uint32_t repliesQueued = 0;
+        std::uint32_t dataReplies = 0;
+        std::uint32_t dataBytes = 0;
+    };
     // What a plug-in starts with.
     struct Conversation {
         State state = State::Idle;
@@ -83,12 +94,7 @@ private:
         std::uint32_t blocksDone = 0;
         bool isInHalted = false;
         bool isOutHalted = false;
-        // What the faults count.
-        std::uint32_t packets = 0;
-        std::uint32_t handshakes = 0;
-        std::uint32_t repliesQueued = 0;
-        std::uint32_t dataReplies = 0;
-        std::uint32_t dataBytes = 0;
+        Counts counts;
     };
 
     BankImage bank_;

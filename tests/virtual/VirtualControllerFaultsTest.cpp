@@ -127,6 +127,16 @@ TEST(VirtualControllerFaults, StallInASendHaltsTheOutPipe) {
     EXPECT_EQ(driver.sendBytes(0x5A, 1), WriteResult::Taken);
 }
 
+TEST(VirtualControllerFaults, OrderedFaultsTakeTheFormerOnesPlaceAndCountFromThere) {
+    ControllerDriver driver({{Kind::ShortTransfer, 2}});
+    driver.startReading();
+    EXPECT_EQ(driver.readNext(), dataPacket(0));
+    driver.controller.order({{Kind::ShortTransfer, 3}});
+    for (unsigned index = 1; index < 4; ++index)
+        EXPECT_EQ(driver.readNext(), dataPacket(index)) << index;
+    EXPECT_EQ(driver.readNext().size(), 2U);
+}
+
 TEST(VirtualControllerFaults, ResetStartsTheCountsOver) {
     ControllerDriver driver({{Kind::WrongHandshake, 1}, {Kind::ShortTransfer, 0}});
     EXPECT_NE(driver.handshake(), kHandshakeReply);

@@ -74,6 +74,8 @@ void addProgramOptions(CLI::App& app, ProgramOptions& options) {
         ->type_name("KIND:N")
         ->allow_extra_args(false)
         ->take_all();
+    app.add_flag("--orders", options.takesOrders,
+                 "Take orders from standard input while it runs (see below)");
     app.add_option("--trace", options.trace, "One line a transfer; - is standard output")
         ->type_name("FILE");
     app.add_option_function<std::string>(

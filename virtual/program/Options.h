@@ -18,7 +18,8 @@ struct ProgramOptions {
     std::optional<std::uint32_t> vhciPort; // instead of listening
     std::string bank;                      // file; empty keeps the memory in memory
     FaultPlan faults;
-    std::string trace; // file, "-" for standard output; empty for none
+    bool takesOrders = false; // from standard input
+    std::string trace;        // file, "-" for standard output; empty for none
     std::string resources;
     VirtualIdentity identity;
 };

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <exception>
 #include <memory>
+#include <unistd.h>
 
 namespace scenewright {
 
@@ -32,6 +33,10 @@ constexpr const char* kFooter =
     "  write:N      every write after N packets fails\n"
     "  unplug:N     at byte N of the bank, read or sent, the controller leaves the bus, once\n"
     "  stall:N      at byte N of the bank, read or sent, the pipe halts\n\n"
+    "Orders, a line each:\n"
+    "  faults KIND:N ...  other faults from now on; without any, none\n"
+    "  unplug             the controller leaves the bus\n"
+    "  plug               it is plugged in again (with --vhci)\n\n"
     "Example:\n"
     "  scenewright-virtual --bank pretend.bank\n"
     "  sudo modprobe vhci_hcd && sudo usbip attach -r 127.0.0.1 -b 1-1\n\n"
@@ -74,6 +79,8 @@ int serve(usbip::Exported& exported, const ProgramOptions& options) {
     if (const auto trouble =
             options.vhciPort ? server.attach(*options.vhciPort) : server.listen(options.listen))
         return complain(*trouble, kExitTrouble);
+    if (options.takesOrders)
+        server.takeOrders(STDIN_FILENO);
     if (const auto trouble = server.run())
         return complain(*trouble, kExitTrouble);
     return 0;

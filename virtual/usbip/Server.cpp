@@ -23,7 +23,8 @@ constexpr std::chrono::milliseconds kPortPause{20};
 // The fixed places of the poll set; connections follow.
 constexpr std::size_t kSignalPlace = 0;
 constexpr std::size_t kListenerPlace = 1;
-constexpr std::size_t kFixedPlaces = 2;
+constexpr std::size_t kOrdersPlace = 2;
+constexpr std::size_t kFixedPlaces = 3;
 
 sigset_t serverSignals() {
     sigset_t signals{};
@@ -73,13 +74,18 @@ std::optional<std::string> Server::run() {
         serveConnections(std::span(set).subspan(kFixedPlaces));
         if (set[kListenerPlace].revents != 0)
             acceptConnections();
+        if (set[kOrdersPlace].revents != 0)
+            for (const std::string& line : orders_.take())
+                obey(line);
     }
     connections_.clear();
     return std::nullopt;
 }
 
 std::vector<pollfd> Server::pollSet() {
-    std::vector<pollfd> set{{signals_.get(), POLLIN, 0}, {listener_.descriptor(), POLLIN, 0}};
+    std::vector<pollfd> set{{signals_.get(), POLLIN, 0},
+                            {listener_.descriptor(), POLLIN, 0},
+                            {orders_.descriptor(), POLLIN, 0}};
     for (Connection& connection : connections_)
         set.push_back({connection.descriptor(), connection.events(), 0});
     return set;
@@ -142,6 +148,38 @@ void Server::plugInAgain() {
         log_("nothing to plug in: the controller is plugged in");
     } else if (const auto trouble = attachAgain()) {
         log_(*trouble);
+    }
+}
+
+void Server::unplug() {
+    const auto attached = std::ranges::find_if(
+        connections_, [](const Connection& each) { return each.session().isAttached(); });
+    if (attached == connections_.end()) {
+        log_("nothing to unplug: the controller is not plugged in");
+        return;
+    }
+    connections_.erase(attached);
+    log_("unplugged");
+}
+
+void Server::obey(const std::string& line) {
+    std::string trouble;
+    const auto order = parseOrder(line, trouble);
+    if (!order) {
+        log_(trouble);
+        return;
+    }
+    switch (order->kind) {
+    case Order::Kind::Faults:
+        exported_.controller.order(order->faults);
+        log_(fmt::format("{} faults ordered", order->faults.size()));
+        break;
+    case Order::Kind::Unplug:
+        unplug();
+        break;
+    case Order::Kind::Plug:
+        plugInAgain();
+        break;
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "virtual/usbip/Connection.h"
 #include "virtual/usbip/Listener.h"
+#include "virtual/usbip/Orders.h"
 
 #include <list>
 #include <optional>
@@ -26,6 +27,10 @@ public:
     [[nodiscard]] std::optional<std::string> listen(std::string_view address);
     [[nodiscard]] std::optional<std::string> attach(std::uint32_t vhciPort);
 
+    // Does what the lines of this descriptor say (Orders.h), and logs what it did. Before run();
+    // the descriptor stays the caller's.
+    void takeOrders(int descriptor) { orders_ = OrderLines(descriptor); }
+
     // Until a signal ends it; every connection is closed then. Nothing, or one sentence.
     [[nodiscard]] std::optional<std::string> run();
 
@@ -40,12 +45,15 @@ private:
     // False when the signal is to end the server.
     bool takeSignal();
     void plugInAgain();
+    void unplug();
+    void obey(const std::string& line);
     [[nodiscard]] std::optional<std::string> attachAgain();
 
     Exported& exported_;
     LineSink log_;
     FileDescriptor signals_;
     Listener listener_;
+    OrderLines orders_;
     std::optional<std::uint32_t> vhciPort_;
     Connections connections_;
 };

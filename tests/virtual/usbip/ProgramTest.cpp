@@ -2,6 +2,7 @@
 #include "tests/support/TempFolder.h"
 #include "tests/virtual/usbip/Messages.h"
 #include "tests/virtual/usbip/ServerProcess.h"
+#include "virtual/Fault.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,12 @@ ProgramRun run(const std::vector<std::string>& arguments) {
 Bytes handshake(Client& client) {
     client.write({0x09, 0x9C, 0x01, 0x02});
     return client.ask({0x09, 0x9C, 0x7E, 0x7D});
+}
+
+std::string troubleOfFault(std::string_view text) {
+    std::string trouble;
+    EXPECT_FALSE(parseFault(text, trouble).has_value());
+    return trouble;
 }
 
 void startReading(Client& client) {
@@ -175,6 +182,46 @@ TEST(VirtualProgram, FaultsMayBeGivenMoreThanOnce) {
     EXPECT_NE(handshake(host), kHandshakeReply);
     EXPECT_EQ(handshake(host), kHandshakeReply);
     EXPECT_EQ(host.write({0x09, 0x9C, 0x01, 0x04}), -EPROTO);
+}
+
+TEST(VirtualProgram, OrderedFaultsReplaceTheFormerOnesAndCountAnew) {
+    ServerProcess server({"--orders", "--fault", "short:0"});
+    Client host(server.port());
+    host.import();
+    startReading(host);
+    EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 2U);
+    EXPECT_EQ(server.order("faults short:1 write:2\n"), "scenewright-virtual: 2 faults ordered");
+    EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 4U) << "the read goes on";
+    EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 2U);
+    EXPECT_EQ(host.write({0x09, 0x9C, 0x01, 0x06}), -EPROTO);
+    EXPECT_EQ(server.order("faults\n"), "scenewright-virtual: 0 faults ordered");
+    EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 4U);
+}
+
+TEST(VirtualProgram, UnplugMayBeOrderedAtAnyTime) {
+    ServerProcess server({"--orders"});
+    EXPECT_EQ(server.order("unplug\n"),
+              "scenewright-virtual: nothing to unplug: the controller is not plugged in");
+    const Client host(server.port());
+    host.import();
+    EXPECT_EQ(server.order("unplug\n"), "scenewright-virtual: unplugged");
+    EXPECT_TRUE(host.hasEnded());
+    EXPECT_EQ(server.order("plug\n"),
+              "scenewright-virtual: nothing to plug in: a host attaches the controller itself");
+    Client again(server.port());
+    again.import();
+    EXPECT_EQ(handshake(again), kHandshakeReply);
+}
+
+TEST(VirtualProgram, OrdersThatAreNoneAreToldAndTheirEndEndsNothing) {
+    ServerProcess server({"--orders"});
+    EXPECT_EQ(server.order("dance\n"), "scenewright-virtual: 'dance' is no order: those are "
+                                       "faults, unplug and plug");
+    EXPECT_EQ(server.order("faults stall\n"), "scenewright-virtual: " + troubleOfFault("stall"));
+    server.endOrders();
+    Client host(server.port());
+    host.import();
+    EXPECT_EQ(handshake(host), kHandshakeReply);
 }
 
 TEST(VirtualProgram, TraceHasALineATransfer) {

@@ -26,13 +26,14 @@ bool isReadable(int descriptor) {
     return ::poll(&place, 1, static_cast<int>(patience.count())) == 1;
 }
 
-pid_t spawn(std::vector<std::string> command, int errors) {
+pid_t spawn(std::vector<std::string> command, int orders, int errors) {
     std::vector<char*> arguments;
     for (std::string& word : command)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, orders, STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
     pid_t process = -1;
     const int error =
@@ -46,15 +47,18 @@ pid_t spawn(std::vector<std::string> command, int errors) {
 } // namespace
 
 ServerProcess::ServerProcess(const std::vector<std::string>& arguments) {
-    std::array<int, 2> pipe{};
-    if (::pipe2(pipe.data(), O_CLOEXEC) != 0)
+    std::array<int, 2> in{};
+    std::array<int, 2> out{};
+    if (::pipe2(in.data(), O_CLOEXEC) != 0 || ::pipe2(out.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
-    errors_ = FileDescriptor(pipe[0]);
-    const FileDescriptor theirs(pipe[1]);
+    orders_ = FileDescriptor(in[1]);
+    errors_ = FileDescriptor(out[0]);
+    const FileDescriptor itsInput(in[0]);
+    const FileDescriptor itsErrors(out[1]);
     std::vector<std::string> command{SCENEWRIGHT_BINARY_DIR "/bin/scenewright-virtual", "--listen",
                                      "127.0.0.1:0"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    process_ = spawn(command, theirs.get());
+    process_ = spawn(command, itsInput.get(), itsErrors.get());
     const std::string line = nextLine();
     if (!line.starts_with(kListening))
         throw std::runtime_error("not listening: " + line);
@@ -70,6 +74,12 @@ ServerProcess::~ServerProcess() {
 
 void ServerProcess::signal(int number) const {
     ::kill(process_, number);
+}
+
+std::string ServerProcess::order(std::string_view text) {
+    if (::write(orders_.get(), text.data(), text.size()) != static_cast<ssize_t>(text.size()))
+        throw std::runtime_error("the server takes no orders");
+    return nextLine();
 }
 
 std::string ServerProcess::nextLine() {

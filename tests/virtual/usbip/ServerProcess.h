@@ -26,11 +26,15 @@ public:
     void signal(int number) const;
     // The next line on its standard error, or an empty one when none comes.
     std::string nextLine();
+    // Writes to its standard input; gives the next line on its standard error.
+    std::string order(std::string_view text);
+    void endOrders() { orders_ = FileDescriptor(); }
     // The exit status; 128 and the signal's number when a signal ended it.
     int waitForEnd();
 
 private:
     pid_t process_ = -1;
+    FileDescriptor orders_; // its standard input
     FileDescriptor errors_;
     std::string unread_;
     std::uint16_t port_ = 0;
