@@ -82,9 +82,17 @@ Trouble writeAll(int fd, std::span<const std::uint8_t> bytes) {
 fs::path followLinks(fs::path path, Trouble& trouble) {
     std::error_code error;
     for (int i = 0; i < kMostLinks; ++i) {
-        if (!fs::is_symlink(fs::symlink_status(path, error)))
+        const fs::file_type type = fs::symlink_status(path, error).type();
+        if (type != fs::file_type::none && type != fs::file_type::symlink)
             return path;
-        path = path.parent_path() / fs::read_symlink(path, error);
+        // A link that cannot be looked at must not be taken for a file, and replaced.
+        const fs::path next =
+            type == fs::file_type::symlink ? fs::read_symlink(path, error) : fs::path();
+        if (next.empty()) {
+            trouble = error.message();
+            return path;
+        }
+        path = path.parent_path() / next;
     }
     trouble = systemText(ELOOP);
     return path;
