@@ -139,6 +139,9 @@ public:
     ResultCode release(std::uint8_t interface) override {
         return resultOfLibusb(libusb_release_interface(handle_.get(), interface));
     }
+    ResultCode clearHalt(std::uint8_t endpoint) override {
+        return resultOfLibusb(libusb_clear_halt(handle_.get(), endpoint));
+    }
     ResultCode write(std::uint8_t endpoint, std::span<const std::uint8_t> bytes,
                      std::size_t& moved) override {
         std::vector<std::uint8_t> copy(bytes.begin(), bytes.end());

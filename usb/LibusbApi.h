@@ -44,6 +44,8 @@ public:
     virtual ResultCode attachDriver(std::uint8_t interface) = 0;
     virtual ResultCode claim(std::uint8_t interface) = 0;
     virtual ResultCode release(std::uint8_t interface) = 0;
+    // Lets an endpoint of a claimed interface carry again after a stall.
+    virtual ResultCode clearHalt(std::uint8_t endpoint) = 0;
 
     // One bulk transfer without a time limit; the endpoint's direction bit must fit the call.
     // `moved` is set always.

@@ -18,6 +18,8 @@ ClaimedInterface::ClaimedInterface(LibusbHandle& handle, std::uint8_t interface)
     : handle_(handle), interface_(interface) {}
 
 ClaimedInterface::~ClaimedInterface() {
+    for (const std::uint8_t endpoint : halted_)
+        handle_.clearHalt(endpoint); // if it stays halted, the next transaction says so
     const ResultCode result = handle_.release(interface_);
     // A device that has gone has taken the claim with it.
     if (result == kResultSuccess || result == kResultNoDevice)

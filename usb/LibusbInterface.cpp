@@ -83,12 +83,18 @@ ResultCode LibusbInterface::endpointOf(std::uint8_t pipe, std::uint8_t direction
     return (address & kDirectionBit) == direction ? kResultSuccess : kResultInvalid;
 }
 
+ResultCode LibusbInterface::noted(std::uint8_t address, ResultCode result) const {
+    if (result == kResultStall)
+        claim_->noteHalt(address);
+    return result;
+}
+
 ResultCode LibusbInterface::writePipe(std::uint8_t pipe, std::span<const std::uint8_t> bytes) {
     std::uint8_t address = 0;
     if (const ResultCode found = endpointOf(pipe, kOut, address); found != kResultSuccess)
         return found;
     std::size_t moved = 0;
-    const ResultCode result = handle_->write(address, bytes, moved);
+    const ResultCode result = noted(address, handle_->write(address, bytes, moved));
     return result == kResultSuccess && moved != bytes.size() ? kResultShort : result;
 }
 
@@ -98,7 +104,7 @@ ResultCode LibusbInterface::readPipe(std::uint8_t pipe, std::span<std::uint8_t> 
     std::uint8_t address = 0;
     if (const ResultCode found = endpointOf(pipe, kIn, address); found != kResultSuccess)
         return found;
-    return handle_->read(address, room, delivered);
+    return noted(address, handle_->read(address, room, delivered));
 }
 
 } // namespace scenewright

@@ -211,6 +211,10 @@ int libusb_release_interface(libusb_device_handle* /*handle*/, int interface) {
     return driverCall("release", interface);
 }
 
+int libusb_clear_halt(libusb_device_handle* /*handle*/, unsigned char endpoint) {
+    return driverCall("clear", endpoint);
+}
+
 libusb_transfer* libusb_alloc_transfer(int /*isoPackets*/) {
     if (fakeLibusb().isOutOfMemory)
         return nullptr;

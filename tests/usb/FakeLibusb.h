@@ -55,7 +55,7 @@ struct FakeLibusb {
     int listResult = 0;
     bool isOutOfMemory = false; // no transfer is to be had
     int submitResult = 0;
-    int driverResult = 0; // of the five calls about drivers and claims
+    int driverResult = 0; // of the six calls about drivers, claims and halts
     std::deque<FakeEvent> events{};
 
     // What is handed out now.

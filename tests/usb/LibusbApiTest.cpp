@@ -171,7 +171,9 @@ TEST_F(LibusbApiTest, DriversAndClaimsGoToTheInterfaceThatIsNamed) {
     EXPECT_EQ(handle->claim(2), kResultSuccess);
     EXPECT_EQ(handle->release(3), kResultSuccess);
     EXPECT_EQ(handle->attachDriver(4), kResultSuccess);
-    EXPECT_EQ(fakeLibusb().calls, (Calls{"detach 1", "claim 2", "release 3", "attach 4"}));
+    EXPECT_EQ(handle->clearHalt(2), kResultSuccess);
+    EXPECT_EQ(fakeLibusb().calls,
+              (Calls{"detach 1", "claim 2", "release 3", "attach 4", "clear 2"}));
 }
 
 TEST_F(LibusbApiTest, DriversAndClaimsTellTheirErrors) {
@@ -184,6 +186,7 @@ TEST_F(LibusbApiTest, DriversAndClaimsTellTheirErrors) {
     EXPECT_EQ(handle->claim(0), kResultBusy);
     EXPECT_EQ(handle->release(0), kResultBusy);
     EXPECT_EQ(handle->attachDriver(0), kResultBusy);
+    EXPECT_EQ(handle->clearHalt(0), kResultBusy);
 }
 
 TEST_F(LibusbApiTest, TellsWhetherADriverHoldsAnInterface) {

@@ -250,6 +250,36 @@ TEST_F(LibusbInterfaceTest, AReadGivesWhatOneTransferDelivered) {
     EXPECT_EQ(bus->calls.back(), "read 81 63");
 }
 
+TEST_F(LibusbInterfaceTest, AStalledEndpointIsClearedOnceBeforeTheClaimIsGivenUp) {
+    const auto interface = take();
+    interface->open();
+    std::array<std::uint8_t, 63> room{};
+    std::size_t delivered = 0;
+    bus->failures["read 81 63"] = kResultStall;
+    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultStall);
+    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultStall);
+    bus->calls.clear();
+    interface->close();
+    EXPECT_EQ(bus->calls, (Calls{"clear 81", "release 1"}));
+    interface->open();
+    bus->calls.clear();
+    interface->release();
+    EXPECT_EQ(bus->calls, (Calls{"release 1", "attach 0", "close"})) << "cleared already";
+}
+
+TEST_F(LibusbInterfaceTest, AHaltThatCannotBeClearedKeepsNothingElseFromBeingGivenUp) {
+    const auto interface = take();
+    interface->open();
+    const std::array<std::uint8_t, 4> packet{0x09, 0x9C, 0x01, 0x02};
+    bus->failures["write 02 4"] = kResultStall;
+    EXPECT_EQ(interface->writePipe(2, packet), kResultStall);
+    bus->failures["clear 02"] = kResultOther;
+    bus->calls.clear();
+    interface->release();
+    EXPECT_EQ(bus->calls, (Calls{"clear 02", "release 1", "attach 0", "close"}));
+    EXPECT_EQ(bus->holders, bothBound);
+}
+
 TEST_F(LibusbInterfaceTest, AnOverlongTransferIsAnOverflow) {
     const auto interface = take();
     interface->open();

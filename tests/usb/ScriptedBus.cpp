@@ -50,6 +50,9 @@ public:
             holder(interface) = Holder::Nobody;
         return result;
     }
+    ResultCode clearHalt(std::uint8_t endpoint) override {
+        return script_->call(fmt::sprintf("clear %02x", endpoint));
+    }
     ResultCode write(std::uint8_t endpoint, std::span<const std::uint8_t> bytes,
                      std::size_t& moved) override {
         const ResultCode result =

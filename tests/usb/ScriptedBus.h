@@ -5,8 +5,8 @@
 // driver, which takes along the other audio interfaces that nobody holds; an interface that a
 // driver or another program holds cannot be claimed.
 //
-// calls holds, in order: open, detach 1, detach 0, claim 1, write 02 4, read 81 63, release 1,
-// attach 0, close, cancel.
+// calls holds, in order: open, detach 1, detach 0, claim 1, write 02 4, read 81 63, clear 81,
+// release 1, attach 0, close, cancel.
 #pragma once
 
 #include "usb/LibusbApi.h"
