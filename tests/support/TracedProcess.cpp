@@ -190,7 +190,9 @@ TracedRun trace(const fs::path& folder, const std::function<int()>& body, const 
 
 int execute(std::vector<std::string> command) {
     // The leak checker traces the process itself, which only one can.
-    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
+    const char* const given = std::getenv("ASAN_OPTIONS");
+    const std::string options = std::string(given == nullptr ? "" : given) + ":detect_leaks=0";
+    ::setenv("ASAN_OPTIONS", options.c_str(), 1);
     std::vector<char*> words;
     for (std::string& word : command)
         words.push_back(word.data());

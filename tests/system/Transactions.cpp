@@ -1,12 +1,13 @@
 // Makes transactions as it is told, one after the other in one process: a line "read FILE" or
-// "send FILE" of standard input is one, and its answer is "done N" on standard output, with the
-// number of files that the process has open then, or "failed" and why. Without the pause before
-// each write, so that many of them fit into a test.
+// "send FILE" of standard input is one, and "release" gives up the interface, which a read leaves
+// open. The answer on standard output is "done", or "failed" and why. Without the pause before each
+// write, so that many of them fit into a test.
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/Resources.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
+#include "usb/InterfaceAction.h"
 #include "usb/LibusbHost.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
@@ -14,7 +15,6 @@
 #include <fmt/format.h>
 
 #include <chrono>
-#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -26,7 +26,10 @@ std::string troubleOfTransfers() {
     const TransferTally tally = Transport::instance().tally();
     if (tally.writes == 0)
         return connectCause();
-    return tally.isClean() ? std::string() : causeAndCure(tally.first->code);
+    if (tally.isClean())
+        return {};
+    return fmt::format("{} writes and {} reads failed. {}", tally.failedWrites, tally.failedReads,
+                       causeAndCure(tally.first->code));
 }
 
 std::string read(const std::string& file) {
@@ -46,22 +49,23 @@ std::string send(const std::string& file) {
     return troubleOfTransfers();
 }
 
-std::ptrdiff_t openFiles() {
-    const std::filesystem::directory_iterator files("/proc/self/fd");
-    return std::distance(begin(files), end(files)) - 1; // but for the iterator's own
+std::string perform(const std::string& verb) {
+    if (verb == "release") {
+        InterfaceAction::KillInterface();
+        return {};
+    }
+    std::string file;
+    std::cin >> file;
+    return verb == "send" ? send(file) : read(file);
 }
 
 int serve() {
     const Shutdown shutdown;
     Transport::instance().use(makeLibusbHost(), [](std::chrono::nanoseconds) {});
     std::string verb;
-    std::string file;
-    while (std::cin >> verb >> file) {
-        const std::string trouble = verb == "send" ? send(file) : read(file);
-        if (trouble.empty())
-            fmt::print("done {}\n", openFiles());
-        else
-            fmt::print("failed {}\n", trouble);
+    while (std::cin >> verb) {
+        const std::string trouble = perform(verb);
+        fmt::print("{}\n", trouble.empty() ? "done" : "failed " + trouble);
         std::fflush(stdout);
     }
     return 0;

@@ -2,13 +2,15 @@
 
     boot.py SOURCE BUILD CACHE RESULTS
 
-The results file has one JSON object a line: {"case", "ok", "seconds", "log"}. It is the only
+The results file has one JSON object a line: {"case", "ok", "seconds", "log", "notes"}. It is the only
 output that counts: a case without a line has failed, whatever the reason. A boot that ran any case
 has succeeded, even if it was ended before the last one. While working on a case,
-SCENEWRIGHT_GUEST_CASES in the environment names those to run.
+SCENEWRIGHT_GUEST_CASES in the environment names those to run. SCENEWRIGHT_SOAK is the number of
+rounds of the soak and the seed that it draws them from.
 """
 
 import os
+import random
 import shlex
 import subprocess
 import sys
@@ -18,14 +20,23 @@ from pathlib import Path
 import kernel
 
 CASES = "SCENEWRIGHT_GUEST_CASES"  # names with blanks between; empty for all
+SOAK = "SCENEWRIGHT_SOAK"
+PLAIN_ROUNDS = 20
 LIMIT_SECONDS = 1140
+ROUND_SECONDS = 30  # at most, of the soak's, beyond the plain number
 MEMORY_MIB = 1024
 
 
-def settings(source, build):
+def soak():
+    """The number of rounds, and the seed: a new one unless it is given."""
+    rounds, seed, *_ = [*os.environ.get(SOAK, "").split(), "", ""]
+    return int(rounds or PLAIN_ROUNDS), int(seed or random.randrange(1_000_000))
+
+
+def settings(source, build, rounds, seed):
     """What the guest's init reads: shell assignments."""
     values = {"SOURCE": source, "BUILD": build, "PYTHON": Path(sys.executable).resolve(),
-              "CASES": os.environ.get(CASES, "")}
+              "CASES": os.environ.get(CASES, ""), "SOAK": f"{rounds} {seed}"}
     return "".join(f"{name}={shlex.quote(str(value))}\n" for name, value in values.items())
 
 
@@ -46,16 +57,16 @@ def command(image, initrd, console, results):
             "local,path=/,mount_tag=host,security_model=none,readonly=on,multidevs=remap"]
 
 
-def boot(arguments):
-    """Runs QEMU until the guest powers itself off, or the limit has passed."""
+def boot(arguments, limit):
+    """Runs QEMU until the guest powers itself off, or `limit` seconds have passed."""
     try:
         machine = subprocess.Popen(arguments, stdin=subprocess.DEVNULL)
     except FileNotFoundError:
         raise kernel.Trouble(f"{arguments[0]} is not installed.") from None
     try:
-        machine.wait(LIMIT_SECONDS)
+        machine.wait(limit)
     except subprocess.TimeoutExpired:
-        raise kernel.Trouble(f"The guest did not end within {LIMIT_SECONDS} s.") from None
+        raise kernel.Trouble(f"The guest did not end within {limit} s.") from None
     finally:
         machine.kill()
         machine.wait()
@@ -77,11 +88,14 @@ def main(source, build, cache, results):
     root, version = kernel.unpacked(Path(cache))
     modules = kernel.module_files(root, version)
     init = Path(__file__).with_name("init")
-    initrd.write_bytes(kernel.initramfs(modules, init, settings(source, build)))
+    rounds, seed = soak()
+    given = settings(source, build, rounds, seed)
+    initrd.write_bytes(kernel.initramfs(modules, init, given))
     image = root / "boot" / f"vmlinuz-{version}"
     begin = time.monotonic()
     try:
-        boot(command(image, initrd, console, Path(results)))
+        boot(command(image, initrd, console, Path(results)),
+             LIMIT_SECONDS + ROUND_SECONDS * max(0, rounds - PLAIN_ROUNDS))
     except kernel.Trouble as trouble:
         print(tail(console), trouble, sep="\n")
     count = Path(results).read_bytes().count(b"\n") if Path(results).exists() else 0

@@ -1,9 +1,9 @@
 """Banks read and sent over the real stack, and the MIDI port that is there again afterwards."""
 
 import os
-import subprocess
 
-from rig import CLI, TRANSACTIONS, check_equal, some_bank, wait_for
+from rig import CLI, check_equal, some_bank, wait_for
+from transactions import Transactions
 
 
 def case_read_equals_the_bank(rig):
@@ -30,37 +30,6 @@ def case_midi_port_plays_after_a_read(rig):
     os.close(port)
 
 
-class Transactions:
-    """A process that makes one transaction after the other, as it is told."""
-
-    def __init__(self, rig):
-        self.program = rig.start(TRANSACTIONS, bufsize=1, stdin=subprocess.PIPE,
-                                 stdout=subprocess.PIPE)
-        self.rig = rig
-
-    def make(self, verb, file):
-        """Makes one transaction; gives the number of files that the process has open then."""
-        print(verb, file, file=self.program.stdin)
-        answer = self.program.stdout.readline().split()
-        check_equal(answer[:1], ["done"], f"{verb} of {file}")
-        return int(answer[1])
-
-    def read(self, bank):
-        out = self.rig.file("out.bank")
-        files = self.make("read", out)
-        assert out.read_bytes() == bank, "what was read is not the controller's bank"
-        return files
-
-    def send(self, bank):
-        source = self.rig.file("in.bank")
-        source.write_bytes(bank)
-        return self.make("send", source)
-
-    def end(self):
-        self.program.stdin.close()
-        check_equal(self.program.wait(30), 0, "exit code")
-
-
 def case_read_send_read_in_one_process(rig):
     keyboard = rig.plug(bank=some_bank(4))
     process = Transactions(rig)
@@ -68,19 +37,5 @@ def case_read_send_read_in_one_process(rig):
     process.send(some_bank(5))
     keyboard.check_port_is_back()
     process.read(some_bank(5))
-    process.end()
-    keyboard.check_port_is_back()
-
-
-def case_fifty_transactions_in_one_process_leak_nothing(rig):
-    keyboard = rig.plug(bank=some_bank(0))
-    process = Transactions(rig)
-    counts = []
-    for turn in range(25):
-        reading = process.read(some_bank(turn))
-        sending = process.send(some_bank(turn + 1))
-        keyboard.check_port_is_back()
-        counts.append((reading, sending))
-    check_equal(set(counts), {counts[0]}, "open files after each read and send")
     process.end()
     keyboard.check_port_is_back()

@@ -12,7 +12,7 @@ def main(results, case):
         return f"no results of the guest: {error}"
     for report in reports:
         if report["case"] == case:
-            print(f"{report['seconds']} s in the guest")
+            print(f"{report['seconds']} s in the guest", *report["notes"], sep="\n")
             return 0 if report["ok"] else report["log"]
     return f"the guest ended before this case; {len(reports)} cases ran"
 

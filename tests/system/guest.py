@@ -13,14 +13,16 @@ import traceback
 import cases_devices
 import cases_editor
 import cases_signals
+import cases_soak
 import cases_transfer
 import cases_trouble
 from rig import Rig
 
-MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_editor)
+MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_editor,
+           cases_soak)
 PREFIX = "case_"
 REPORTS = "/dev/ttyS1"
-LIMIT_SECONDS = 600
+LIMIT_SECONDS = 600 + 30 * cases_soak.ROUNDS
 
 
 def all_cases():
@@ -42,8 +44,8 @@ def failure_of(step):
         return traceback.format_exc()
 
 
-def trouble_of(case):
-    """Runs one case and empties the bus; what went wrong, or nothing."""
+def outcome_of(case):
+    """Runs one case and empties the bus; what went wrong, or nothing, and what it noted."""
     signal.alarm(LIMIT_SECONDS)
     rig = Rig()
     trouble = failure_of(lambda: case(rig))
@@ -51,7 +53,7 @@ def trouble_of(case):
         trouble += rig.traces()
     trouble += failure_of(rig.close)
     signal.alarm(0)
-    return trouble
+    return trouble, rig.notes
 
 
 def main(names):
@@ -60,11 +62,11 @@ def main(names):
     with open(REPORTS, "w", encoding="utf-8", buffering=1) as reports:
         for name in names or cases:
             begin = time.monotonic()
-            trouble = trouble_of(cases[name])
+            trouble, notes = outcome_of(cases[name])
             seconds = round(time.monotonic() - begin, 1)
             print(name, "failed" if trouble else "passed", f"in {seconds} s")
             print(json.dumps({"case": name, "ok": not trouble, "seconds": seconds,
-                              "log": trouble}), file=reports)
+                              "log": trouble, "notes": notes}), file=reports)
 
 
 if __name__ == "__main__":

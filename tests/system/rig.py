@@ -53,10 +53,14 @@ class Keyboard:
         self.bank_file = folder / f"controller-{port}.bank"
         self.trace_file = folder / f"trace-{port}"
         self.bank_file.write_bytes(bank)
-        self.server = subprocess.Popen(
-            [VIRTUAL, "--vhci", str(port), "--bank", self.bank_file, "--trace", self.trace_file,
-             *options], stdin=subprocess.DEVNULL)
+        self.server = self._serve(*options)
         self.name = wait_for("the device to be listed", self._name)
+
+    def _serve(self, *options):
+        """Starts its program."""
+        return subprocess.Popen(
+            [VIRTUAL, "--vhci", str(self.port), "--bank", self.bank_file,
+             "--trace", self.trace_file, *options], stdin=subprocess.DEVNULL)
 
     def _name(self):
         """Its name in sysfs, such as 1-1, once it has been configured."""
@@ -119,6 +123,7 @@ class Keyboard:
 class Rig:
     def __init__(self):
         self._stack = contextlib.ExitStack()
+        self.notes = []  # figures to be reported with the case
         self.folder = Path(self._stack.enter_context(tempfile.TemporaryDirectory()))
         self.keyboards = []
 
@@ -128,9 +133,9 @@ class Rig:
                 keyboard.unplug()
         self._stack.close()
 
-    def plug(self, *options, bank=None, port=0, awaits_port=True):
+    def plug(self, *options, bank=None, port=0, awaits_port=True, kind=Keyboard):
         """A keyboard that is ready for use; `options` go to its program."""
-        keyboard = Keyboard(self.folder, port, some_bank() if bank is None else bank, options)
+        keyboard = kind(self.folder, port, some_bank() if bank is None else bank, options)
         self.keyboards.append(keyboard)
         if awaits_port:
             keyboard.await_port()
