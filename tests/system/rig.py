@@ -88,7 +88,9 @@ class Keyboard:
         return Path("/dev/snd") / found[0].name if found else None
 
     def await_port(self):
-        wait_for("the MIDI port", self.midi_port)
+        # The port is there a moment before the kernel lists the second interface.
+        wait_for("the MIDI port",
+                 lambda: self.midi_port() and self.drivers() == [SOUND_DRIVER, SOUND_DRIVER])
 
     def check_port_is_back(self):
         check_equal(self.drivers(), [SOUND_DRIVER, SOUND_DRIVER], "drivers")
