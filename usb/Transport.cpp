@@ -12,7 +12,10 @@ Transport& Transport::instance() {
 void Transport::use(std::shared_ptr<UsbHost> host, Sleep sleep) {
     beginTransaction();
     setInterface(nullptr);
-    host_ = std::move(host);
+    {
+        const std::lock_guard lock(endingMutex_);
+        host_ = std::move(host);
+    }
     sleep_ = std::move(sleep);
     buffer.fill(0);
     isShutDown_ = false;
@@ -23,14 +26,14 @@ UsbHost* Transport::host() const noexcept {
 }
 
 std::shared_ptr<InterfaceHandle> Transport::interface() const {
-    const std::lock_guard lock(interfaceMutex_);
+    const std::lock_guard lock(endingMutex_);
     return interface_;
 }
 
 void Transport::setInterface(std::shared_ptr<InterfaceHandle> interface) {
     std::shared_ptr<InterfaceHandle> former;
     {
-        const std::lock_guard lock(interfaceMutex_);
+        const std::lock_guard lock(endingMutex_);
         // A handle that comes after the end must not be opened: nobody would give it up.
         if (isShutDown_ && interface)
             interface->giveUp();
@@ -87,8 +90,13 @@ void Transport::noteConnectFailure(ResultCode result) {
 
 void Transport::shutDown() {
     isShutDown_ = true;
-    if (host_)
-        host_->cancelTransfers();
+    std::shared_ptr<UsbHost> host;
+    {
+        const std::lock_guard lock(endingMutex_);
+        host = host_;
+    }
+    if (host)
+        host->cancelTransfers();
     if (const auto held = interface())
         held->giveUp();
 }

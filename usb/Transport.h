@@ -69,12 +69,12 @@ public:
 private:
     Transport() = default;
 
-    std::shared_ptr<UsbHost> host_;
+    mutable std::mutex endingMutex_; // guards what shutDown() needs from another thread
+    std::shared_ptr<UsbHost> host_;  // guarded by endingMutex_ but for the transactions' own reads
     Sleep sleep_ = sleepFor;
     std::shared_ptr<UsbDevice> device_;
     std::atomic<bool> isShutDown_ = false;
-    mutable std::mutex interfaceMutex_;
-    std::shared_ptr<InterfaceHandle> interface_; // guarded by interfaceMutex_
+    std::shared_ptr<InterfaceHandle> interface_; // guarded by endingMutex_
     mutable std::mutex tallyMutex_;
     TransferTally tally_; // guarded by tallyMutex_
 };
