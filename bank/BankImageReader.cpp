@@ -12,8 +12,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr std::uint8_t kLargestValue = 127;
-
 // Where a JSON text would have the value, so that both forms name a place alike.
 std::string placeOf(std::size_t scene, const Setting& setting, std::int32_t control) {
     std::string place = memberPlace(elementPlace("scenes", scene), controlsKey(setting.kind()));
@@ -30,7 +28,7 @@ std::optional<std::string> readScene(std::span<const std::uint8_t> bytes, std::s
     auto next = bytes.begin() + kNameSize;
     for (const Setting& setting : settings()) {
         for (std::int32_t k = 0; k < controlRange(setting.kind()).count; ++k, ++next) {
-            if (*next > kLargestValue)
+            if (*next > kLargestSettingValue)
                 return notAValue(placeOf(number, setting, k), std::to_string(*next));
             setting.write(scene, k, *next);
         }

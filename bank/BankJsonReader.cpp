@@ -18,8 +18,6 @@ using Kind = JsonNode::Kind;
 using Trouble = std::optional<std::string>;
 using Keys = std::vector<std::string_view>;
 
-constexpr std::int64_t kLargestValue = 127;
-
 std::string found(const JsonNode& node) {
     switch (node.kind) {
     case Kind::Null:
@@ -69,7 +67,8 @@ Trouble readFields(const JsonNode& node, const std::string& place, ControlKind k
         return trouble;
     for (const std::string_view key : keys) {
         const JsonNode& value = *node.find(key);
-        if (value.kind != Kind::Integer || value.integer < 0 || value.integer > kLargestValue)
+        if (value.kind != Kind::Integer || value.integer < 0 ||
+            value.integer > kLargestSettingValue)
             return notAValue(memberPlace(place, key), found(value));
         findSetting(kind, key)->write(scene, control, static_cast<std::int32_t>(value.integer));
     }

@@ -5,6 +5,7 @@
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "editor/options/SettingOptions.h"
+#include "model/Setting.h"
 
 #include <fmt/format.h>
 
@@ -21,7 +22,6 @@ namespace {
 using Trouble = std::optional<std::string>;
 
 constexpr std::string_view kTitleMark = "title:";
-constexpr std::int32_t kLargestValue = 127;
 constexpr std::size_t kFewOptions = 17; // that a message can list; more are told by their ends
 
 // One setting's new value, once the later of two assignments has replaced the earlier.
@@ -61,7 +61,7 @@ bool isIndex(std::string_view value) {
 std::optional<std::int32_t> indexOf(std::string_view digits) {
     std::int32_t index = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), index);
-    if (result.ec != std::errc() || index > kLargestValue)
+    if (result.ec != std::errc() || index > kLargestSettingValue)
         return std::nullopt;
     return index;
 }

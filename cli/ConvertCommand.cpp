@@ -32,7 +32,7 @@ int convert(const ConvertOptions& options) {
     return kExitDone;
 }
 
-constexpr const char* kFooter =
+constexpr const char* kConvertFooter =
     "The bank is written as JSON when OUT ends in .json, else as an image; to standard output in\n"
     "the form that IN has not. Nothing is lost either way, names that are no text included.\n\n"
     "Examples:\n"
@@ -53,7 +53,7 @@ void addConvertCommand(CLI::App& app, CommandChoice& choice) {
     command->add_option("--to", options->form, "The form to write, whatever OUT is called")
         ->transform(CLI::CheckedTransformer(forms))
         ->option_text("json|image");
-    command->footer(kFooter);
+    command->footer(kConvertFooter);
     command->callback([&choice, options] {
         choice = {[options] { return convert(*options); }, false};
     });

@@ -29,15 +29,16 @@ int copy(const CopyOptions& options) {
     return kExitDone;
 }
 
-constexpr const char* kFooter = "FROM and TO are both a scene, controls of one kind, or one and "
-                                "the same setting. A star in FROM\n"
-                                "goes with a star in TO, pair by pair; a number in FROM is copied "
-                                "to all that TO names. A scene\n"
-                                "goes with its name. The bank keeps its form.\n\n"
-                                "Examples:\n"
-                                "  scenewright-cli copy live.bank scene1 scene4\n"
-                                "  scenewright-cli copy live.bank scene1.pad1 'scene1.pad*'\n"
-                                "  scenewright-cli copy live.bank 'scene1.knob*' 'scene*.knob*'\n";
+constexpr const char* kCopyFooter =
+    "FROM and TO are both a scene, controls of one kind, or one and "
+    "the same setting. A star in FROM\n"
+    "goes with a star in TO, pair by pair; a number in FROM is copied "
+    "to all that TO names. A scene\n"
+    "goes with its name. The bank keeps its form.\n\n"
+    "Examples:\n"
+    "  scenewright-cli copy live.bank scene1 scene4\n"
+    "  scenewright-cli copy live.bank scene1.pad1 'scene1.pad*'\n"
+    "  scenewright-cli copy live.bank 'scene1.knob*' 'scene*.knob*'\n";
 
 } // namespace
 
@@ -48,7 +49,7 @@ void addCopyCommand(CLI::App& app, CommandChoice& choice) {
     command->add_option("BANK", options->bank, kChangedBankHelp)->required();
     command->add_option("FROM", options->from, "What to copy, as in scene1.pad1")->required();
     command->add_option("TO", options->to, "Where to, as in scene2.pad8")->required();
-    command->footer(kFooter);
+    command->footer(kCopyFooter);
     command->callback([&choice, options] {
         choice = {[options] { return copy(*options); }, false};
     });

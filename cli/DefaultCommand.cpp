@@ -19,9 +19,10 @@ int writeDefaults(const std::string& out) {
     return kExitDone;
 }
 
-constexpr const char* kFooter = "Examples:\n"
-                                "  scenewright-cli default fresh.bank\n"
-                                "  scenewright-cli default - | scenewright-cli show - --scene 1\n";
+constexpr const char* kDefaultFooter =
+    "Examples:\n"
+    "  scenewright-cli default fresh.bank\n"
+    "  scenewright-cli default - | scenewright-cli show - --scene 1\n";
 
 } // namespace
 
@@ -30,7 +31,7 @@ void addDefaultCommand(CLI::App& app, CommandChoice& choice) {
         app.add_subcommand("default", "Write a bank of four default scenes, SCENE1 to SCENE4");
     auto out = std::make_shared<std::string>();
     command->add_option("OUT", *out, kNewBankHelp)->required();
-    command->footer(kFooter);
+    command->footer(kDefaultFooter);
     command->callback([&choice, out] { choice = {[out] { return writeDefaults(*out); }, false}; });
 }
 

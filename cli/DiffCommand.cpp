@@ -57,7 +57,7 @@ int diff(const DiffOptions& options) {
                        list.empty() ? kExitDone : kExitDifferent);
 }
 
-constexpr const char* kFooter =
+constexpr const char* kDiffFooter =
     "Prints a line for each setting that differs: its path, its name in words, and its value in A\n"
     "and in B. With --json an array of objects: path, words, first and second.\n\n"
     "Exit code: 0 no difference; 1 differences; 2 trouble, that with the controller included.\n\n"
@@ -75,7 +75,7 @@ void addDiffCommand(CLI::App& app, CommandChoice& choice) {
     command->add_option("B", options->second, "The bank to compare it with, or device:")
         ->required();
     command->add_flag("--json", options->isJson, "As a JSON text instead of lines");
-    command->footer(kFooter);
+    command->footer(kDiffFooter);
     command->callback([&choice, options] {
         const bool usesController = options->first == kDevice || options->second == kDevice;
         choice = {[options] { return diff(*options); }, usesController};

@@ -47,7 +47,7 @@ int get(const GetOptions& options) {
     return printAndEnd(text, kExitDone);
 }
 
-constexpr const char* kFooter =
+constexpr const char* kGetFooter =
     "Prints a line PATH=INDEX for each setting, then a tab and the option's title.\n"
     "What stands before the tab is an argument for set.\n\n"
     "Examples:\n"
@@ -62,7 +62,7 @@ void addGetCommand(CLI::App& app, CommandChoice& choice) {
     auto options = std::make_shared<GetOptions>();
     command->add_option("BANK", options->bank, kBankHelp)->required();
     command->add_option("PATH", options->paths, kPathHelp)->required();
-    command->footer(kFooter);
+    command->footer(kGetFooter);
     command->callback([&choice, options] {
         choice = {[options] { return get(*options); }, false};
     });

@@ -22,7 +22,7 @@ int readToFile(const std::string& out) {
     return kExitDone;
 }
 
-constexpr const char* kFooter =
+constexpr const char* kReadFooter =
     "OUT is written only if every byte came from the controller, and then whole.\n\n"
     "Examples:\n"
     "  scenewright-cli read live.bank\n"
@@ -35,7 +35,7 @@ void addReadCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command = app.add_subcommand("read", "Read the four scenes from the controller");
     auto out = std::make_shared<std::string>();
     command->add_option("OUT", *out, kNewBankHelp)->required();
-    command->footer(kFooter);
+    command->footer(kReadFooter);
     command->callback([&choice, out] { choice = {[out] { return readToFile(*out); }, true}; });
 }
 

@@ -90,7 +90,7 @@ int sendBank(const SendOptions& options) {
     return options.isVerified ? verify(bank.scenes) : kExitDone;
 }
 
-constexpr const char* kFooter =
+constexpr const char* kSendFooter =
     "Each line about a setting tells its path, its name in words, and its value before and after:\n"
     "with --dry-run what is held and what would be sent, with --verify what was sent and what is "
     "held.\n\n"
@@ -117,7 +117,7 @@ void addSendCommand(CLI::App& app, CommandChoice& choice) {
     CLI::Option* dryRun = command->add_flag("--dry-run", options->isDryRun,
                                             "Only list what would change; send and write nothing");
     dryRun->excludes(backup)->excludes("--verify");
-    command->footer(kFooter);
+    command->footer(kSendFooter);
     command->callback([&choice, options] {
         choice = {[options] { return sendBank(*options); }, true};
     });

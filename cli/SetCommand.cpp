@@ -32,7 +32,7 @@ int set(const SetOptions& options) {
     return kExitDone;
 }
 
-constexpr const char* kFooter =
+constexpr const char* kSetFooter =
     "VALUE is an index in the option list (digits only) or an option's title; title:1 is the "
     "title\n"
     "1, not the index 1. A scene's name is its text, or bytes: and 24 hexadecimal digits. The "
@@ -53,7 +53,7 @@ void addSetCommand(CLI::App& app, CommandChoice& choice) {
     auto options = std::make_shared<SetOptions>();
     command->add_option("BANK", options->bank, kChangedBankHelp)->required();
     command->add_option("PATH=VALUE", options->assignments, kPathHelp)->required();
-    command->footer(kFooter);
+    command->footer(kSetFooter);
     command->callback([&choice, options] {
         choice = {[options] { return set(*options); }, false};
     });

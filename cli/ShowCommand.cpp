@@ -43,7 +43,7 @@ int show(const ShowOptions& options) {
                        kExitDone);
 }
 
-constexpr const char* kFooter =
+constexpr const char* kShowFooter =
     "Examples:\n"
     "  scenewright-cli show live.bank --scene 2\n"
     "  scenewright-cli show live.bank --json      the text that convert writes\n"
@@ -61,7 +61,7 @@ void addShowCommand(CLI::App& app, CommandChoice& choice) {
         ->check(CLI::Range(1, kSceneCount))
         ->type_name("N");
     command->add_flag("--json", options->isJson, "As a JSON text instead of tables");
-    command->footer(kFooter);
+    command->footer(kShowFooter);
     command->callback([&choice, options] {
         choice = {[options] { return show(*options); }, false};
     });

@@ -9,16 +9,9 @@ namespace scenewright {
 
 namespace {
 
-const ControlRange* rangeOf(std::int32_t control) {
-    const auto* range = std::ranges::find_if(kControlRanges, [control](const ControlRange& each) {
-        return control >= each.start && control < each.end();
-    });
-    return range == kControlRanges.end() ? nullptr : &*range;
-}
-
 // Null when the scene does not have the control.
 const ControlRange* rangeIn(const SceneValue& scene, std::int32_t control) {
-    const ControlRange* range = rangeOf(control);
+    const ControlRange* range = controlRangeOf(control);
     if (range == nullptr)
         return nullptr;
     const bool isThere = range->kind == ControlKind::Common
@@ -42,7 +35,7 @@ bool ControlClipboard::copy(const SceneValue& scene, std::int32_t control) {
 }
 
 bool ControlClipboard::canPaste(std::int32_t control) const {
-    const ControlRange* range = rangeOf(control);
+    const ControlRange* range = controlRangeOf(control);
     return range != nullptr && kind_ == range->kind;
 }
 

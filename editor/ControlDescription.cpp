@@ -59,14 +59,6 @@ constexpr auto kPhrases = std::to_array<Phrase>({
     {Key, Controller, "off %s", "OffValue"},
 });
 
-const ControlRange* rangeOf(std::int32_t index) {
-    const auto* range =
-        std::ranges::find_if(kControlRanges, [index](const ControlRange& candidate) {
-            return index >= candidate.start && index < candidate.end();
-        });
-    return range == kControlRanges.end() ? nullptr : range;
-}
-
 std::string capitalised(std::string_view word) {
     std::string text(word);
     text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
@@ -101,7 +93,7 @@ std::uint8_t scaledToFull(std::int32_t level) {
 } // namespace
 
 std::string controlName(std::int32_t index, Words words) {
-    const ControlRange* range = rangeOf(index);
+    const ControlRange* range = controlRangeOf(index);
     if (range == nullptr)
         return fmt::sprintf(words("Control %d"), index);
     const std::string name = words(capitalised(range->name).c_str());
@@ -111,7 +103,7 @@ std::string controlName(std::int32_t index, Words words) {
 std::string describeControl(const PopUpValue& lists, const SceneValue& scene, std::int32_t index,
                             Words words) {
     std::string text = controlName(index, words);
-    const ControlRange* range = rangeOf(index);
+    const ControlRange* range = controlRangeOf(index);
     const ButtonValue* record = range == nullptr ? nullptr : recordOf(scene, index);
     if (record == nullptr)
         return text;

@@ -58,7 +58,7 @@ using enum ControlCondition;
 // for their assign type, in modes 3 and 4; knobs and sliders show `KeyBehavior` in mode 5. All
 // three are what the editor has always shown.
 // clang-format off
-constexpr auto kRows = std::to_array<Row>({
+constexpr auto kSummaryRows = std::to_array<Row>({
     {kAnyMode, kGroups, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
     {0, kPads, Assigned, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
     {0, kTravel | kKeys, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
@@ -96,11 +96,11 @@ DisplaySummary summaryOf(const Row& row, const PopUpValue& lists, const ButtonVa
 
 DisplaySummary displaySummary(const PopUpValue& lists, ControlKind kind, const ButtonValue& record,
                               std::int32_t mode) {
-    const auto* row = std::ranges::find_if(kRows, [&](const Row& candidate) {
+    const auto* row = std::ranges::find_if(kSummaryRows, [&](const Row& candidate) {
         return (candidate.mode == mode || candidate.mode == kAnyMode) &&
                (candidate.kinds & setOf(kind)) != 0 && holds(candidate.when, record);
     });
-    return row == kRows.end() ? DisplaySummary{} : summaryOf(*row, lists, record);
+    return row == kSummaryRows.end() ? DisplaySummary{} : summaryOf(*row, lists, record);
 }
 
 std::optional<OutsideList> outsideList(const Titles& titles, std::string_view field,

@@ -18,7 +18,7 @@ struct GainRow {
 };
 
 // Row k - 1 belongs to the tag k.
-constexpr std::array<GainRow, 8> kRows{{
+constexpr std::array<GainRow, 8> kGainRows{{
     {&G::slider1, &G::label1},
     {&G::slider2, &G::label2},
     {&G::slider3, &G::label3},
@@ -32,7 +32,7 @@ constexpr std::array<GainRow, 8> kRows{{
 constexpr std::int32_t kDefaultGain = 64;
 
 bool isTag(std::int32_t tag) {
-    return tag >= 1 && static_cast<std::size_t>(tag) <= kRows.size();
+    return tag >= 1 && static_cast<std::size_t>(tag) <= kGainRows.size();
 }
 
 } // namespace
@@ -44,9 +44,9 @@ void GainController::viewDidLoad() {
 }
 
 void GainController::setDefault() {
-    gainArray_.assign(kRows.size(), defaultNumber());
+    gainArray_.assign(kGainRows.size(), defaultNumber());
     Diagnostics::log("gainArray count %lu", gainArray().size());
-    for (const GainRow& row : kRows)
+    for (const GainRow& row : kGainRows)
         (this->*row.slider)()->setValue(kDefaultGain);
     for (std::int32_t tag = 1; isTag(tag); ++tag)
         showValueWithTag_andValue(tag, kDefaultGain);
@@ -63,7 +63,7 @@ void GainController::changeAction(const Slider& sender) {
 
 void GainController::showValueWithTag_andValue(std::int32_t tag, std::int32_t value) {
     if (isTag(tag))
-        (this->*kRows[static_cast<std::size_t>(tag) - 1].label)()->setText(
+        (this->*kGainRows[static_cast<std::size_t>(tag) - 1].label)()->setText(
             fmt::sprintf("%d/127", value));
 }
 

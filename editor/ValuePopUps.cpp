@@ -38,7 +38,7 @@ consteval ValuePopUp control(ControlKind kind, const ValueOutlet& outlet,
 }
 
 // clang-format off
-constexpr std::array<ValuePopUp, kSettingCount> kRows{{
+constexpr std::array<ValuePopUp, kSettingCount> kValuePopUps{{
     common(V::commonGlobalMIDIChOutlet, C::GlobalMIDIChField),
     common(V::commonPianoKeyChOutlet, C::PianoKeyChField),
     common(V::commonPitchBendSpeedOutlet, C::PitchBendSpeedField),
@@ -93,8 +93,8 @@ std::optional<bool> isEnabledByAssignType(EnableWhen when, std::int32_t assignTy
 
 template <typename Predicate>
 const ValuePopUp& onlyRow(Predicate isIt) {
-    const auto* row = std::ranges::find_if(kRows, isIt);
-    if (row == kRows.end())
+    const auto* row = std::ranges::find_if(kValuePopUps, isIt);
+    if (row == kValuePopUps.end())
         throw std::out_of_range("value popup without a row");
     return *row;
 }
@@ -117,7 +117,7 @@ std::optional<bool> isEnabled(EnableWhen when, std::int32_t value) {
 }
 
 std::span<const ValuePopUp> valuePopUps() {
-    return kRows;
+    return kValuePopUps;
 }
 
 const ValuePopUp& valuePopUp(const ValueOutlet& outlet) {

@@ -38,6 +38,14 @@ inline constexpr std::int32_t kSceneCount = 4;       // scenes that the controll
     return kControlRanges[static_cast<std::size_t>(kind)];
 }
 
+// The range that a control index falls into; null for one that is no control's.
+[[nodiscard]] constexpr const ControlRange* controlRangeOf(std::int32_t control) {
+    for (const ControlRange& range : kControlRanges)
+        if (control >= range.start && control < range.end())
+            return &range;
+    return nullptr;
+}
+
 static_assert(kControlRanges.back().end() == kControlIndexEnd);
 
 } // namespace scenewright

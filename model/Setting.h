@@ -40,6 +40,9 @@ private:
     const IndexField<ButtonValue>* buttonField_ = nullptr;
 };
 
+// A value stands for an option of its setting; the controller stores it in seven bits of a byte.
+inline constexpr std::int32_t kLargestSettingValue = 127;
+
 inline constexpr std::size_t kSettingCount = 31;
 inline constexpr std::array<Setting, kSettingCount> kSettings{{
     Setting(CommonValue::GlobalMIDIChField),

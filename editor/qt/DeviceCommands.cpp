@@ -16,12 +16,12 @@ namespace scenewright {
 namespace {
 
 constexpr std::string_view kNotConnected = "Could not connect to midi device";
-constexpr std::chrono::milliseconds kPoll{50};
+constexpr std::chrono::milliseconds kTransferPoll{50};
 
 } // namespace
 
 DeviceCommands::DeviceCommands(QObject* parent) : QObject(parent) {
-    poll_.setInterval(kPoll);
+    poll_.setInterval(kTransferPoll);
     connect(&poll_, &QTimer::timeout, this, &DeviceCommands::checkEnd);
 }
 

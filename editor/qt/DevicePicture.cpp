@@ -14,7 +14,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr QSize kUsualSize(940, 384);
+constexpr QSize kPictureSize(940, 384);
 constexpr QSize kLeastSize(620, 254);
 constexpr qreal kCaption = 12.5; // in the drawing's units
 
@@ -66,7 +66,7 @@ void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) 
 }
 
 QSize DevicePicture::sizeHint() const {
-    return kUsualSize;
+    return kPictureSize;
 }
 
 QSize DevicePicture::minimumSizeHint() const {

@@ -11,7 +11,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr QSize kUsualSize(560, 420);
+constexpr QSize kListSize(560, 420);
 
 } // namespace
 
@@ -40,7 +40,7 @@ DifferenceDialog::DifferenceDialog(const QStringList& lines, QWidget* parent)
     close.setDefault(true);
     connect(&close, &QPushButton::clicked, this, &QDialog::accept);
     column.addWidget(&close, 0, Qt::AlignRight);
-    resize(kUsualSize);
+    resize(kListSize);
 }
 
 QStringList DifferenceDialog::lines() const {

@@ -9,13 +9,13 @@ namespace scenewright {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPoll{50};
+constexpr std::chrono::milliseconds kEndingPoll{50};
 
 } // namespace
 
 Ending::Ending(std::chrono::milliseconds patience, QObject* parent)
     : QObject(parent), patience_(patience) {
-    poll_.setInterval(kPoll);
+    poll_.setInterval(kEndingPoll);
     connect(&poll_, &QTimer::timeout, this, &Ending::checkEnd);
 }
 

@@ -10,7 +10,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr QSize kUsualSize(1180, 720);
+constexpr QSize kWindowSize(1180, 720);
 constexpr int kListWidth = 132;
 constexpr int kModesWidth = 168;
 constexpr int kGap = 10;
@@ -64,7 +64,7 @@ void MainWindow::layOut() {
     status_ = &owned<StatusLine>(&root);
     status_->setAccessibleName(tr("Status line"));
     rows.addWidget(status_);
-    resize(kUsualSize);
+    resize(kWindowSize);
 }
 
 void MainWindow::layOutHeader(QHBoxLayout& header) {

@@ -15,7 +15,7 @@ using testing::replaced;
 
 namespace {
 
-std::string troubleOf(const std::string& text) {
+std::string troubleWith(const std::string& text) {
     const BankContent read = readBankJson(text);
     EXPECT_EQ(read.scenes.empty(), read.trouble.has_value());
     return read.trouble.value_or("none");
@@ -27,11 +27,11 @@ std::string padTrouble(const std::string& from, const std::string& to) {
     const std::size_t scene = text.find("Caf");
     const std::size_t pad = text.find("pad4", scene);
     const std::size_t at = text.find(from, pad);
-    return troubleOf(text.replace(at, from.size(), to));
+    return troubleWith(text.replace(at, from.size(), to));
 }
 
 std::string headTrouble(const std::string& from, const std::string& to) {
-    return troubleOf(replaced(knownJson(), "{", from, to));
+    return troubleWith(replaced(knownJson(), "{", from, to));
 }
 
 // The third known scene without blanks and titles: short, so that it can be tried byte by byte.
@@ -80,7 +80,7 @@ TEST(BankJsonReader, KeysMayStandInAnyOrderAndOnOneLine) {
     text = replaced(text, "{", "\"format\": \"scenewright-bank\",", "");
     text = replaced(text, "{", "\"version\": 1,", "");
     text.replace(text.rfind('}'), 1, ", \"version\": 1, \"format\": \"scenewright-bank\"}");
-    EXPECT_EQ(troubleOf(text), "none");
+    EXPECT_EQ(troubleWith(text), "none");
 }
 
 TEST(BankJsonReader, FormatIsChecked) {
@@ -154,23 +154,23 @@ TEST(BankJsonReader, MissingControlIsToldWithItsPlace) {
     const std::size_t key25 = text.find("\"//\": \"key25\"");
     const std::size_t from = text.rfind("},", key25);
     const std::size_t to = text.find('}', key25);
-    EXPECT_EQ(troubleOf(text.erase(from, to - from)), "scenes[0].keys[24] is missing");
-    EXPECT_EQ(troubleOf(replaced(knownJson(), "pad8", "}", "}, {}")),
+    EXPECT_EQ(troubleWith(text.erase(from, to - from)), "scenes[0].keys[24] is missing");
+    EXPECT_EQ(troubleWith(replaced(knownJson(), "pad8", "}", "}, {}")),
               "scenes[0].pads[8] is one too many, as a scene has 8 pads");
     EXPECT_EQ(headTrouble("\"pads\": [", "\"pads\": 5, \"//\": ["),
               "scenes[0].pads must be an array, and is 5");
-    EXPECT_EQ(troubleOf(replaced(knownJson(), "knob2", "},", "}, 7,")),
+    EXPECT_EQ(troubleWith(replaced(knownJson(), "knob2", "},", "}, 7,")),
               "scenes[0].knobs[4] is one too many, as a scene has 4 knobs");
 }
 
 TEST(BankJsonReader, AnyOtherNumberOfScenesIsRefused) {
     const std::string head = "{\"format\": \"scenewright-bank\", \"version\": 1, \"scenes\": ";
-    EXPECT_EQ(troubleOf(head + "[]}"), "scenes[0] is missing");
-    EXPECT_EQ(troubleOf(head + "[{},{},{}]}"), "scenes[3] is missing");
-    EXPECT_EQ(troubleOf(head + "[{},{},{},{},{}]}"),
+    EXPECT_EQ(troubleWith(head + "[]}"), "scenes[0] is missing");
+    EXPECT_EQ(troubleWith(head + "[{},{},{}]}"), "scenes[3] is missing");
+    EXPECT_EQ(troubleWith(head + "[{},{},{},{},{}]}"),
               "scenes[4] is one too many, as a bank has 4 scenes");
-    EXPECT_EQ(troubleOf(head + "{}}"), "scenes must be an array, and is an object");
-    EXPECT_EQ(troubleOf(head + "[1,2,3,4]}"), "scenes[0] must be an object, and is 1");
+    EXPECT_EQ(troubleWith(head + "{}}"), "scenes must be an array, and is an object");
+    EXPECT_EQ(troubleWith(head + "[1,2,3,4]}"), "scenes[0] must be an object, and is 1");
 }
 
 TEST(BankJsonReader, NameIsChecked) {
@@ -191,7 +191,7 @@ TEST(BankJsonReader, NameIsChecked) {
 TEST(BankJsonReader, NameBytesAreChecked) {
     const std::string must = "scenes[2].nameBytes must be 24 hexadecimal digits, and is ";
     const auto trouble = [](const std::string& to) {
-        return troubleOf(
+        return troubleWith(
             replaced(knownJson(), "\"nameBytes\"", "\"ff00410a0000000000000042\"", to));
     };
     EXPECT_EQ(trouble("\"FF00410A0000000000000042\""), "none");
@@ -203,26 +203,26 @@ TEST(BankJsonReader, NameBytesAreChecked) {
 }
 
 TEST(BankJsonReader, BrokenTextIsToldWithLineAndColumn) {
-    EXPECT_EQ(troubleOf(""), "its JSON text ends too soon, in line 1");
-    EXPECT_EQ(troubleOf("{\n  \"format\""), "its JSON text ends too soon, in line 2");
-    EXPECT_EQ(troubleOf("{\n  \"format\" 5}"), "its JSON text is wrong at line 2, column 12");
-    EXPECT_EQ(troubleOf("{} x"), "its JSON text is wrong at line 1, column 4");
-    EXPECT_EQ(troubleOf("{\"a\": 1e400}"), "its JSON text is wrong at line 1, column 11");
-    EXPECT_EQ(troubleOf("{\"\xC3\x28\": 1}"), "its JSON text is wrong at line 1, column 4");
-    EXPECT_EQ(troubleOf("{\"\\ud800\": 1}"), "its JSON text is wrong at line 1, column 9");
-    EXPECT_EQ(troubleOf("[]"), "it must be an object, and is an array");
-    EXPECT_EQ(troubleOf("7"), "it must be an object, and is 7");
+    EXPECT_EQ(troubleWith(""), "its JSON text ends too soon, in line 1");
+    EXPECT_EQ(troubleWith("{\n  \"format\""), "its JSON text ends too soon, in line 2");
+    EXPECT_EQ(troubleWith("{\n  \"format\" 5}"), "its JSON text is wrong at line 2, column 12");
+    EXPECT_EQ(troubleWith("{} x"), "its JSON text is wrong at line 1, column 4");
+    EXPECT_EQ(troubleWith("{\"a\": 1e400}"), "its JSON text is wrong at line 1, column 11");
+    EXPECT_EQ(troubleWith("{\"\xC3\x28\": 1}"), "its JSON text is wrong at line 1, column 4");
+    EXPECT_EQ(troubleWith("{\"\\ud800\": 1}"), "its JSON text is wrong at line 1, column 9");
+    EXPECT_EQ(troubleWith("[]"), "it must be an object, and is an array");
+    EXPECT_EQ(troubleWith("7"), "it must be an object, and is 7");
 }
 
 TEST(BankJsonReader, HostileTextsEndAtALimit) {
-    EXPECT_EQ(troubleOf(std::string(1'000'000, '[')), "it is nested deeper than 16 levels");
-    EXPECT_EQ(troubleOf("{\"a\":" + std::string(15, '[') + std::string(15, ']') + "}"),
+    EXPECT_EQ(troubleWith(std::string(1'000'000, '[')), "it is nested deeper than 16 levels");
+    EXPECT_EQ(troubleWith("{\"a\":" + std::string(15, '[') + std::string(15, ']') + "}"),
               "format is missing");
     std::string many = "[0";
     for (int i = 0; i < 1'000'000; ++i)
         many += ",0";
-    EXPECT_EQ(troubleOf(many + "]"), "it holds more than 1000000 values");
-    EXPECT_EQ(troubleOf(std::string(kJsonBytes + 1, ' ')), "it is longer than 67108864 bytes");
+    EXPECT_EQ(troubleWith(many + "]"), "it holds more than 1000000 values");
+    EXPECT_EQ(troubleWith(std::string(kJsonBytes + 1, ' ')), "it is longer than 67108864 bytes");
 }
 
 TEST(BankJsonReader, SceneAloneIsReadWithItsOwnPlaces) {

@@ -6,7 +6,7 @@ namespace scenewright {
 
 namespace {
 
-std::string troubleOf(std::string_view text) {
+std::string troubleOfPath(std::string_view text) {
     const PathResult result = parsePath(text);
     EXPECT_EQ(result.path.has_value(), result.trouble.empty());
     return result.trouble;
@@ -80,63 +80,64 @@ TEST(Path, WordsSayWhatThePathNames) {
 }
 
 TEST(Path, SceneIsExpectedFirst) {
-    EXPECT_EQ(troubleOf(""), "an empty path: at character 1, \"scene\" was expected");
-    EXPECT_EQ(troubleOf("pad3.CR"), "pad3.CR: at character 1, \"scene\" was expected");
-    EXPECT_EQ(troubleOf("Scene1"), "Scene1: at character 1, \"scene\" was expected");
-    EXPECT_EQ(troubleOf(" scene1"), " scene1: at character 1, \"scene\" was expected");
+    EXPECT_EQ(troubleOfPath(""), "an empty path: at character 1, \"scene\" was expected");
+    EXPECT_EQ(troubleOfPath("pad3.CR"), "pad3.CR: at character 1, \"scene\" was expected");
+    EXPECT_EQ(troubleOfPath("Scene1"), "Scene1: at character 1, \"scene\" was expected");
+    EXPECT_EQ(troubleOfPath(" scene1"), " scene1: at character 1, \"scene\" was expected");
 }
 
 TEST(Path, SceneNumberIsChecked) {
     for (const std::string text : {"scene", "scene0", "scene5", "scene01", "scene-1", "scene 1",
                                    "scene10", "scene.pad1", "scene99999999999999999999"})
-        EXPECT_EQ(troubleOf(text),
+        EXPECT_EQ(troubleOfPath(text),
                   text + ": at character 6, a scene's number from 1 to 4 or * was expected");
-    EXPECT_EQ(troubleOf("scene1a"), "scene1a: at character 7, a dot or the end was expected");
-    EXPECT_EQ(troubleOf("scene**"), "scene**: at character 7, a dot or the end was expected");
-    EXPECT_EQ(troubleOf("scene1 "), "scene1 : at character 7, a dot or the end was expected");
+    EXPECT_EQ(troubleOfPath("scene1a"), "scene1a: at character 7, a dot or the end was expected");
+    EXPECT_EQ(troubleOfPath("scene**"), "scene**: at character 7, a dot or the end was expected");
+    EXPECT_EQ(troubleOfPath("scene1 "), "scene1 : at character 7, a dot or the end was expected");
 }
 
 TEST(Path, KindIsChecked) {
     for (const std::string text : {"scene1.", "scene1.Pad3", "scene1.pads", "scene1.3", "scene1.*",
                                    "scene1.p", "scene1..CR"})
-        EXPECT_EQ(troubleOf(text), text + ": at character 8, common, group, knob, slider, pad or "
-                                          "key was expected");
+        EXPECT_EQ(troubleOfPath(text), text +
+                                           ": at character 8, common, group, knob, slider, pad or "
+                                           "key was expected");
 }
 
 TEST(Path, ControlNumberIsChecked) {
-    EXPECT_EQ(troubleOf("scene1.pad9.CR"),
+    EXPECT_EQ(troubleOfPath("scene1.pad9.CR"),
               "scene1.pad9.CR: at character 11, a pad's number from 1 to 8 or * was expected");
-    EXPECT_EQ(troubleOf("scene1.pad"),
+    EXPECT_EQ(troubleOfPath("scene1.pad"),
               "scene1.pad: at character 11, a pad's number from 1 to 8 or * was expected");
-    EXPECT_EQ(troubleOf("scene1.key26"),
+    EXPECT_EQ(troubleOfPath("scene1.key26"),
               "scene1.key26: at character 11, a key's number from 1 to 25 or * was expected");
-    EXPECT_EQ(troubleOf("scene1.key100"),
+    EXPECT_EQ(troubleOfPath("scene1.key100"),
               "scene1.key100: at character 11, a key's number from 1 to 25 or * was expected");
-    EXPECT_EQ(troubleOf("scene1.common1"),
+    EXPECT_EQ(troubleOfPath("scene1.common1"),
               "scene1.common1: at character 14, a dot or the end was expected");
 }
 
 TEST(Path, SettingIsCheckedAgainstItsKind) {
-    EXPECT_EQ(troubleOf("scene1.knob1.CR"),
+    EXPECT_EQ(troubleOfPath("scene1.knob1.CR"),
               "scene1.knob1.CR: at character 14, one of Enable, CCOrNoteNumber, UpperOrRightValue, "
               "LowerOrLeftValue was expected");
-    EXPECT_EQ(troubleOf("scene1.group1.midichannel"),
+    EXPECT_EQ(troubleOfPath("scene1.group1.midichannel"),
               "scene1.group1.midichannel: at character 15, one of MIDIChannel was expected");
-    EXPECT_EQ(troubleOf("scene1.pad1.SceneName"),
+    EXPECT_EQ(troubleOfPath("scene1.pad1.SceneName"),
               "scene1.pad1.SceneName: at character 13, one of AssignType, CCOrNoteNumber, "
               "MIDIChannel, PadBehavior, OnValue, OffValue, CR, CG, CB was expected");
-    EXPECT_EQ(troubleOf("scene1.common."),
+    EXPECT_EQ(troubleOfPath("scene1.common."),
               "scene1.common.: at character 15, one of SceneName, GlobalMIDICh, PianoKeyCh, "
               "PitchBendSpeed, KeyTranspose, KeyVelocityCurve, KeyConstVelocity, "
               "PadVelocityCurve, PadConstVelocity was expected");
-    EXPECT_EQ(troubleOf("scene1.pad1.CR2"),
+    EXPECT_EQ(troubleOfPath("scene1.pad1.CR2"),
               "scene1.pad1.CR2: at character 15, the end was expected");
-    EXPECT_EQ(troubleOf("scene1.pad1.CR.x"),
+    EXPECT_EQ(troubleOfPath("scene1.pad1.CR.x"),
               "scene1.pad1.CR.x: at character 15, the end was expected");
 }
 
 TEST(Path, TroubleStaysOneShortLine) {
-    const std::string trouble = troubleOf("scene1.\n\xFF" + std::string(10000, 'x'));
+    const std::string trouble = troubleOfPath("scene1.\n\xFF" + std::string(10000, 'x'));
     EXPECT_EQ(trouble.find('\n'), std::string::npos);
     EXPECT_LT(trouble.size(), 250U);
     EXPECT_EQ(trouble.substr(0, 13), "scene1.\xEF\xBF\xBD\xEF\xBF\xBD");
@@ -145,11 +146,11 @@ TEST(Path, TroubleStaysOneShortLine) {
 TEST(Path, AnyByteInAnyPlaceIsReadOrTold) {
     const std::string path = "scene1.pad3.CR";
     for (std::size_t at = 0; at < path.size(); ++at) {
-        static_cast<void>(troubleOf(path.substr(0, at)));
+        static_cast<void>(troubleOfPath(path.substr(0, at)));
         for (int byte = 0; byte < 256; ++byte) {
             std::string text = path;
             text[at] = static_cast<char>(byte);
-            static_cast<void>(troubleOf(text));
+            static_cast<void>(troubleOfPath(text));
         }
     }
 }

@@ -35,6 +35,12 @@ inline void writeText(const std::string& path, const std::string& text) {
     writeBytes(path, std::vector<std::uint8_t>(text.begin(), text.end()));
 }
 
+// The program with these arguments, to its end.
+inline ProgramRun runCli(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), kProgram);
+    return runProgram(arguments);
+}
+
 inline void expectDone(const ProgramRun& result) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
@@ -51,8 +57,7 @@ inline void expectSentence(const ProgramRun& result, int exitCode, const std::st
 class BankProgram : public ::testing::Test {
 protected:
     [[nodiscard]] static ProgramRun run(std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), kProgram);
-        return runProgram(arguments);
+        return runCli(std::move(arguments));
     }
     // With one of the folder's files as standard input.
     [[nodiscard]] ProgramRun shell(const std::string& arguments, const std::string& input) const {

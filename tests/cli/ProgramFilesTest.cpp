@@ -1,26 +1,18 @@
 // What the program does with bad files and bad usage: one sentence, exit code 2, nothing touched.
 
-#include "tests/support/RunProgram.h"
-#include "tests/support/TempFolder.h"
+#include "tests/cli/BankProgram.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace scenewright {
 
 using testing::ProgramRun;
+using testing::runCli;
 using testing::TempFolder;
 
 namespace {
-
-const std::string kProgram = SCENEWRIGHT_BINARY_DIR "/bin/scenewright-cli";
-
-ProgramRun run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), kProgram);
-    return testing::runProgram(arguments);
-}
 
 void expectOneSentence(const ProgramRun& result, int exitCode, const std::string& part) {
     EXPECT_EQ(result.exitCode, exitCode);
@@ -38,8 +30,8 @@ TEST_P(BadBank, OfAnotherSizeIsRefusedBySendAndShow) {
     const TempFolder folder;
     testing::writeBytes(folder.file("bad"), std::vector<std::uint8_t>(GetParam(), 1));
     const std::string sentence = folder.file("bad") + ": not a bank";
-    expectOneSentence(run({"show", folder.file("bad")}), 2, sentence);
-    expectOneSentence(run({"--virtual=" + folder.file("memory"), "send", folder.file("bad")}), 2,
+    expectOneSentence(runCli({"show", folder.file("bad")}), 2, sentence);
+    expectOneSentence(runCli({"--virtual=" + folder.file("memory"), "send", folder.file("bad")}), 2,
                       sentence);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bad"});
 }
@@ -49,29 +41,29 @@ INSTANTIATE_TEST_SUITE_P(Sizes, BadBank,
 
 TEST(ProgramFiles, MissingBankIsNamed) {
     const TempFolder folder;
-    expectOneSentence(run({"show", folder.file("none")}), 2, folder.file("none"));
-    expectOneSentence(run({"--virtual", "send", folder.file("none")}), 2, folder.file("none"));
+    expectOneSentence(runCli({"show", folder.file("none")}), 2, folder.file("none"));
+    expectOneSentence(runCli({"--virtual", "send", folder.file("none")}), 2, folder.file("none"));
 }
 
 TEST(ProgramFiles, FolderInPlaceOfABankIsRefused) {
     const TempFolder folder;
-    expectOneSentence(run({"show", folder.path()}), 2, folder.path());
-    expectOneSentence(run({"default", folder.path()}), 2, folder.path());
-    expectOneSentence(run({"--virtual", "read", folder.path()}), 2, folder.path());
+    expectOneSentence(runCli({"show", folder.path()}), 2, folder.path());
+    expectOneSentence(runCli({"default", folder.path()}), 2, folder.path());
+    expectOneSentence(runCli({"--virtual", "read", folder.path()}), 2, folder.path());
     EXPECT_TRUE(folder.names().empty());
 }
 
 TEST(ProgramFiles, MissingFolderToWriteInIsRefusedBeforeTheControllerIsAsked) {
     const TempFolder folder;
     const std::string out = folder.file("none/out");
-    expectOneSentence(run({"--log", folder.file("log"), "--virtual", "read", out}), 2, out);
+    expectOneSentence(runCli({"--log", folder.file("log"), "--virtual", "read", out}), 2, out);
     EXPECT_TRUE(testing::readBytes(folder.file("log")).empty());
 }
 
 TEST(ProgramFiles, BadVirtualBankIsRefused) {
     const TempFolder folder;
     testing::writeBytes(folder.file("memory"), std::vector<std::uint8_t>(7, 1));
-    expectOneSentence(run({"--virtual=" + folder.file("memory"), "read", folder.file("out")}), 2,
+    expectOneSentence(runCli({"--virtual=" + folder.file("memory"), "read", folder.file("out")}), 2,
                       folder.file("memory"));
     EXPECT_EQ(folder.names(), std::vector<std::string>{"memory"});
 }
@@ -81,32 +73,32 @@ TEST(ProgramFiles, BadPropertyListIsNamed) {
     const std::string text = "<plist><dict><key>open";
     testing::writeBytes(folder.file("default.plist"),
                         {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-    expectOneSentence(run({"--resources", folder.path(), "default", folder.file("out")}), 2,
+    expectOneSentence(runCli({"--resources", folder.path(), "default", folder.file("out")}), 2,
                       folder.file("default.plist"));
     EXPECT_EQ(folder.names(), std::vector<std::string>{"default.plist"});
 }
 
 TEST(ProgramFiles, BadUsageIsOneSentence) {
     const TempFolder folder;
-    expectOneSentence(run({}), 2, "--help");
-    expectOneSentence(run({"dance"}), 2, "dance");
-    expectOneSentence(run({"read"}), 2, "OUT");
-    expectOneSentence(run({"show", folder.file("x"), "--scene", "5"}), 2, "--scene");
-    expectOneSentence(run({"show", folder.file("x"), "--scene", "one"}), 2, "--scene");
-    expectOneSentence(run({"--resources", folder.file("none"), "default", folder.file("x")}), 2,
+    expectOneSentence(runCli({}), 2, "--help");
+    expectOneSentence(runCli({"dance"}), 2, "dance");
+    expectOneSentence(runCli({"read"}), 2, "OUT");
+    expectOneSentence(runCli({"show", folder.file("x"), "--scene", "5"}), 2, "--scene");
+    expectOneSentence(runCli({"show", folder.file("x"), "--scene", "one"}), 2, "--scene");
+    expectOneSentence(runCli({"--resources", folder.file("none"), "default", folder.file("x")}), 2,
                       folder.file("none"));
-    expectOneSentence(run({"--log", folder.file("none/log"), "default", folder.file("x")}), 2,
+    expectOneSentence(runCli({"--log", folder.file("none/log"), "default", folder.file("x")}), 2,
                       folder.file("none/log"));
     EXPECT_TRUE(folder.names().empty());
 }
 
 TEST(ProgramFiles, HelpAndVersionGoToStandardOutput) {
-    const ProgramRun help = run({"--help"});
+    const ProgramRun help = runCli({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.errors, "");
     for (const char* part : {"read", "send", "show", "default", "--virtual", "Exit code"})
         EXPECT_NE(help.output.find(part), std::string::npos) << part;
-    const ProgramRun version = run({"--version"});
+    const ProgramRun version = runCli({"--version"});
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_TRUE(version.output.starts_with("scenewright-cli 0.")) << version.output;
 }

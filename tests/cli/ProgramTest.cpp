@@ -1,45 +1,26 @@
 // The main job over the built program: default, read, send, show, on the virtual controller.
 
-#include "tests/support/RunProgram.h"
-#include "tests/support/TempFolder.h"
+#include "tests/cli/BankProgram.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <random>
 #include <sstream>
 
 namespace scenewright {
 
+using testing::expectDone;
 using testing::ProgramRun;
+using testing::randomBank;
 using testing::readBytes;
+using testing::runCli;
 using testing::TempFolder;
 using testing::writeBytes;
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-ProgramRun run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), SCENEWRIGHT_BINARY_DIR "/bin/scenewright-cli");
-    return testing::runProgram(arguments);
-}
-
-void expectDone(const ProgramRun& result) {
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "");
-}
-
-Bytes randomBank(std::uint32_t seed) {
-    std::mt19937 random(seed);
-    std::uniform_int_distribution<int> setting(0, 127);
-    std::uniform_int_distribution<int> nameByte(0, 255);
-    Bytes bank(1012);
-    for (std::size_t i = 0; i < bank.size(); ++i)
-        bank[i] = static_cast<std::uint8_t>(i % 253 < 12 ? nameByte(random) : setting(random));
-    return bank;
-}
 
 std::size_t lineCount(const Bytes& bytes) {
     return static_cast<std::size_t>(std::ranges::count(bytes, '\n'));
@@ -49,7 +30,7 @@ std::size_t lineCount(const Bytes& bytes) {
 
 TEST(Program, DefaultWritesFourNamedScenes) {
     const TempFolder folder;
-    expectDone(run({"default", folder.file("bank")}));
+    expectDone(runCli({"default", folder.file("bank")}));
     const Bytes bank = readBytes(folder.file("bank"));
     ASSERT_EQ(bank.size(), 1012U);
     for (std::size_t scene = 0; scene < 4; ++scene) {
@@ -69,11 +50,11 @@ TEST(Program, ReadsWhatTheVirtualControllerHoldsAndSendsItBack) {
     writeBytes(folder.file("held"), held);
     writeBytes(folder.file("other"), other);
 
-    expectDone(run({virtualBank, "read", folder.file("first")}));
+    expectDone(runCli({virtualBank, "read", folder.file("first")}));
     EXPECT_EQ(readBytes(folder.file("first")), held);
-    expectDone(run({virtualBank, "send", folder.file("other")}));
+    expectDone(runCli({virtualBank, "send", folder.file("other")}));
     EXPECT_EQ(readBytes(folder.file("held")), other);
-    expectDone(run({virtualBank, "read", folder.file("second")}));
+    expectDone(runCli({virtualBank, "read", folder.file("second")}));
     EXPECT_EQ(readBytes(folder.file("second")), other);
 }
 
@@ -83,7 +64,7 @@ TEST(Program, SettingByteFrom128ReadsAsZero) {
     held[100] = 0x80;
     held[1011] = 0xFF;
     writeBytes(folder.file("held"), held);
-    expectDone(run({"--virtual=" + folder.file("held"), "read", folder.file("out")}));
+    expectDone(runCli({"--virtual=" + folder.file("held"), "read", folder.file("out")}));
     held[100] = 0;
     held[1011] = 0;
     EXPECT_EQ(readBytes(folder.file("out")), held);
@@ -91,19 +72,19 @@ TEST(Program, SettingByteFrom128ReadsAsZero) {
 
 TEST(Program, MissingVirtualBankStartsWithTheDefaultScenes) {
     const TempFolder folder;
-    expectDone(run({"default", folder.file("default")}));
-    expectDone(run({"--virtual=" + folder.file("new"), "read", folder.file("out")}));
+    expectDone(runCli({"default", folder.file("default")}));
+    expectDone(runCli({"--virtual=" + folder.file("new"), "read", folder.file("out")}));
     EXPECT_EQ(readBytes(folder.file("out")), readBytes(folder.file("default")));
     EXPECT_FALSE(std::filesystem::exists(folder.file("new")));
 }
 
 TEST(Program, StreamsAreOffUnlessNamed) {
     const TempFolder folder;
-    const ProgramRun quiet = run({"--virtual", "read", folder.file("out")});
+    const ProgramRun quiet = runCli({"--virtual", "read", folder.file("out")});
     expectDone(quiet);
     EXPECT_EQ(quiet.output, "");
-    expectDone(run({"--virtual", "--console", folder.file("console"), "--log", folder.file("log"),
-                    "read", folder.file("out")}));
+    expectDone(runCli({"--virtual", "--console", folder.file("console"), "--log",
+                       folder.file("log"), "read", folder.file("out")}));
     // A line for each read and each write, and those of discovery.
     EXPECT_GT(lineCount(readBytes(folder.file("console"))), 1016U + 1014U);
     // Pause, sent packet and received transfer of each exchange.
@@ -112,7 +93,7 @@ TEST(Program, StreamsAreOffUnlessNamed) {
 
 TEST(Program, DashSendsAStreamToStandardError) {
     const TempFolder folder;
-    const ProgramRun loud = run({"--virtual", "--log", "-", "read", folder.file("out")});
+    const ProgramRun loud = runCli({"--virtual", "--log", "-", "read", folder.file("out")});
     EXPECT_EQ(loud.exitCode, 0);
     EXPECT_NE(loud.errors.find("handshake yes\n"), std::string::npos);
     EXPECT_EQ(loud.output, "");
@@ -120,8 +101,8 @@ TEST(Program, DashSendsAStreamToStandardError) {
 
 TEST(Program, ShowPrintsEverySceneWithin80Columns) {
     const TempFolder folder;
-    expectDone(run({"default", folder.file("bank")}));
-    const ProgramRun shown = run({"show", folder.file("bank")});
+    expectDone(runCli({"default", folder.file("bank")}));
+    const ProgramRun shown = runCli({"show", folder.file("bank")});
     expectDone(shown);
     std::istringstream lines(shown.output);
     for (std::string line; std::getline(lines, line);)
@@ -133,8 +114,8 @@ TEST(Program, ShowPrintsEverySceneWithin80Columns) {
 
 TEST(Program, ShowOfOneSceneShowsThatOneOnly) {
     const TempFolder folder;
-    expectDone(run({"default", folder.file("bank")}));
-    const ProgramRun shown = run({"show", folder.file("bank"), "--scene", "3"});
+    expectDone(runCli({"default", folder.file("bank")}));
+    const ProgramRun shown = runCli({"show", folder.file("bank"), "--scene", "3"});
     expectDone(shown);
     EXPECT_TRUE(shown.output.starts_with("Scene 3: SCENE3\n")) << shown.output;
     EXPECT_EQ(shown.output.find("SCENE4"), std::string::npos);

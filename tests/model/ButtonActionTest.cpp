@@ -1,5 +1,7 @@
 #include "model/ButtonAction.h"
 
+#include "tests/model/PropertyValues.h"
+
 #include <gtest/gtest.h>
 
 namespace scenewright {
@@ -7,10 +9,7 @@ namespace {
 
 using Dictionary = PropertyValue::Dictionary;
 using Node = PropertyValue::Node;
-
-PropertyValue number(std::int64_t value) {
-    return PropertyValue(Node(value));
-}
+using testing::number;
 
 std::shared_ptr<ButtonValue> buttonOf(Dictionary dictionary) {
     return ButtonAction::GetButtonValueFromDic(PropertyValue(Node(std::move(dictionary))));

@@ -1,5 +1,7 @@
 #include "model/CommonAction.h"
 
+#include "tests/model/PropertyValues.h"
+
 #include <gtest/gtest.h>
 
 namespace scenewright {
@@ -7,14 +9,8 @@ namespace {
 
 using Dictionary = PropertyValue::Dictionary;
 using Node = PropertyValue::Node;
-
-PropertyValue number(std::int64_t value) {
-    return PropertyValue(Node(value));
-}
-
-PropertyValue text(std::string value) {
-    return PropertyValue(Node(std::move(value)));
-}
+using testing::number;
+using testing::text;
 
 Dictionary wholeDictionary() {
     return {{"globalMIDICh", number(1)},     {"pianoKeyCh", number(2)},

@@ -13,6 +13,7 @@ using Bytes = std::vector<std::uint8_t>;
 using Pipe = VirtualController::Pipe;
 using WriteResult = VirtualController::WriteResult;
 
+inline const Bytes kNothing;
 inline const Bytes kHandshakeReply{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C,
                                    0x01, 0x38, 0x09, 0x9C, 0x00, 0x01};
 

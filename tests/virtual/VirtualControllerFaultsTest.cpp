@@ -4,8 +4,6 @@ namespace scenewright::testing {
 namespace {
 
 using Kind = Fault::Kind;
-const Bytes kNothing;
-
 TEST(VirtualControllerFaults, FirstHandshakeRepliesAreWrongInTurnThenRight) {
     ControllerDriver driver({{Kind::WrongHandshake, 3}});
     Bytes wrongArgument = kHandshakeReply;

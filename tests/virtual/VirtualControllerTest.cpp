@@ -5,8 +5,6 @@
 namespace scenewright::testing {
 namespace {
 
-const Bytes kNothing;
-
 TEST(VirtualController, HandshakeIsAnsweredInOneTransferOfThreePackets) {
     ControllerDriver driver;
     EXPECT_EQ(driver.write({0x09, 0x9C, 0x01, 0x02}), WriteResult::Taken);

@@ -22,11 +22,6 @@ constexpr std::uint8_t kSetConfiguration = 9;
 constexpr std::uint8_t kGetInterface = 10;
 constexpr std::uint8_t kSetInterface = 11;
 
-// Descriptor types, in the high byte of the value.
-constexpr std::uint8_t kDevice = 1;
-constexpr std::uint8_t kConfiguration = 2;
-constexpr std::uint8_t kString = 3;
-
 constexpr std::uint16_t kEndpointHalt = 0; // a feature
 constexpr std::uint16_t kInAddress = 0x80 | kInEndpoint;
 constexpr std::uint16_t kOutAddress = kOutEndpoint;
@@ -77,11 +72,11 @@ std::optional<Bytes> ControlEndpoint::answer(const Setup& setup) {
 std::optional<Bytes> ControlEndpoint::describe(const Request& request) {
     const auto index = static_cast<std::uint8_t>(request.value);
     switch (request.value >> 8U) {
-    case kDevice:
+    case kDeviceDescriptor:
         return deviceDescriptor(identity_);
-    case kConfiguration:
+    case kConfigurationDescriptor:
         return index == 0 ? std::optional(configurationDescriptor(identity_)) : std::nullopt;
-    case kString:
+    case kStringDescriptor:
         return stringDescriptor(index);
     default:
         return std::nullopt;

@@ -7,10 +7,7 @@ namespace scenewright::usbip {
 
 namespace {
 
-// Descriptor types of USB and, from 0x24 on, of a class.
-constexpr std::uint8_t kDevice = 0x01;
-constexpr std::uint8_t kConfiguration = 0x02;
-constexpr std::uint8_t kString = 0x03;
+// More descriptor types, of USB and, from 0x24 on, of a class.
 constexpr std::uint8_t kInterface = 0x04;
 constexpr std::uint8_t kEndpoint = 0x05;
 constexpr std::uint8_t kClassInterface = 0x24;
@@ -143,7 +140,8 @@ constexpr std::uint8_t kManufacturerIndex = 1;
 constexpr std::uint8_t kProductIndex = 2;
 constexpr std::uint8_t kSerialIndex = 3;
 constexpr std::array<std::string_view, 3> kTexts{"Scenewright", "Virtual Controller", "0001"};
-constexpr auto kLanguages = std::to_array<std::uint8_t>({4, kString, 0x09, 0x04}); // US English
+constexpr auto kLanguages =
+    std::to_array<std::uint8_t>({4, kStringDescriptor, 0x09, 0x04}); // US English
 
 constexpr std::uint8_t kConfigurationSize = 9;
 constexpr std::uint8_t kBusPowered = 0x80;
@@ -160,7 +158,7 @@ std::uint8_t highByte(std::size_t value) {
 
 // clang-format off
 Bytes deviceDescriptor(const VirtualIdentity& identity) {
-    return {18, kDevice,
+    return {18, kDeviceDescriptor,
             0x10, 0x01, // USB 1.1: a full-speed device has no other speed to tell of
             0, 0, 0,    // the classes stand in the interfaces
             kPacketSize,
@@ -182,8 +180,8 @@ Bytes configurationDescriptor(const VirtualIdentity& identity) {
     const std::size_t size = kConfigurationSize + body.size();
     const std::uint8_t count = identity.interfaces > kMidiInterface ? 2 : 1;
     ByteWriter whole;
-    whole.bytes(Bytes{kConfigurationSize, kConfiguration, lowByte(size), highByte(size), count,
-                      kConfigurationValue, 0, kBusPowered, kHundredMilliamperes});
+    whole.bytes(Bytes{kConfigurationSize, kConfigurationDescriptor, lowByte(size), highByte(size),
+                      count, kConfigurationValue, 0, kBusPowered, kHundredMilliamperes});
     return whole.bytes(body).take();
 }
 
@@ -193,7 +191,7 @@ std::optional<Bytes> stringDescriptor(std::uint8_t index) {
     if (index > kTexts.size())
         return std::nullopt;
     // UTF-16, low byte first; the texts are ASCII.
-    Bytes descriptor{0, kString};
+    Bytes descriptor{0, kStringDescriptor};
     for (const char character : kTexts.at(index - 1U)) {
         descriptor.push_back(static_cast<std::uint8_t>(character));
         descriptor.push_back(0);

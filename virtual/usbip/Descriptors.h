@@ -18,6 +18,11 @@ inline constexpr std::uint8_t kConfigurationValue = 1;
 inline constexpr std::uint16_t kDeviceRelease = 0x0100; // 1.00
 inline constexpr std::uint8_t kMidiInterface = 1;
 
+// Descriptor types of USB 1.1, table 9-5: in a descriptor, and in the request for one.
+inline constexpr std::uint8_t kDeviceDescriptor = 1;
+inline constexpr std::uint8_t kConfigurationDescriptor = 2;
+inline constexpr std::uint8_t kStringDescriptor = 3;
+
 [[nodiscard]] Bytes deviceDescriptor(const VirtualIdentity& identity);
 // The configuration with all that belongs to it. One interface: the audio control alone.
 [[nodiscard]] Bytes configurationDescriptor(const VirtualIdentity& identity);

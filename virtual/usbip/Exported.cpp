@@ -5,8 +5,8 @@
 namespace scenewright::usbip {
 
 namespace {
-constexpr std::array<std::uint8_t, 3> kAudioControl{1, 1, 0};
-constexpr std::array<std::uint8_t, 3> kMidiStreaming{1, 3, 0};
+constexpr std::array<std::uint8_t, 3> kAudioControlClass{1, 1, 0};
+constexpr std::array<std::uint8_t, 3> kMidiStreamingClass{1, 3, 0};
 } // namespace
 
 DeviceRecord recordOf(const VirtualIdentity& identity) {
@@ -21,9 +21,9 @@ DeviceRecord recordOf(const VirtualIdentity& identity) {
     record.release = kDeviceRelease;
     record.configurationValue = kConfigurationValue;
     record.configurations = 1;
-    record.interfaces = {kAudioControl};
+    record.interfaces = {kAudioControlClass};
     if (identity.interfaces > kMidiInterface)
-        record.interfaces.push_back(kMidiStreaming);
+        record.interfaces.push_back(kMidiStreamingClass);
     return record;
 }
 
