@@ -1,0 +1,16 @@
+# With SCENEWRIGHT_SANITIZE, everything is compiled for those sanitizers: the first thing that one of
+# them finds ends the program, with a report on standard error and an exit code of its own.
+if(NOT SCENEWRIGHT_SANITIZE)
+    return()
+endif()
+
+add_compile_options(
+    -fsanitize=${SCENEWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
+# Between the sanitizers' own code, g++ takes what is written for what is not; in a file that
+# includes others, it takes their private names for public ones.
+add_compile_options(
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized> $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+add_link_options(-fsanitize=${SCENEWRIGHT_SANITIZE})
+
+# What every program of such a build tells its sanitizers, however it is run.
+add_library(scenewright_sanitizer_words OBJECT cmake/SanitizerWords.cpp)
