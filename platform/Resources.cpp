@@ -1,6 +1,7 @@
 #include "platform/Resources.h"
 
 #include "platform/Diagnostics.h"
+#include "platform/RememberedLists.h"
 
 #include <cstdlib>
 #include <system_error>
@@ -22,6 +23,11 @@ fs::path& givenFolder() {
 fs::path environmentPath(const char* variable) {
     const char* value = std::getenv(variable);
     return value == nullptr ? fs::path() : fs::path(value);
+}
+
+RememberedLists& lists() {
+    static RememberedLists remembered;
+    return remembered;
 }
 
 // Empty when the system does not tell.
@@ -74,14 +80,14 @@ std::optional<fs::path> Resources::find(std::string_view name, std::string_view 
     return std::nullopt;
 }
 
-PropertyValue Resources::load(std::string_view name) {
+std::shared_ptr<const PropertyValue> Resources::load(std::string_view name) {
     const std::optional<fs::path> file = find(name, "plist");
     if (!file)
-        return {};
-    PropertyListFile list = readPropertyList(*file);
-    if (list.trouble)
-        Diagnostics::log("%s", *list.trouble);
-    return std::move(list.root);
+        return std::make_shared<const PropertyValue>();
+    const auto list = lists().read(*file);
+    if (list->trouble)
+        Diagnostics::log("%s", *list->trouble);
+    return {list, &list->root};
 }
 
 std::vector<std::string> Resources::troubles(std::span<const std::string_view> names) {
@@ -90,8 +96,8 @@ std::vector<std::string> Resources::troubles(std::span<const std::string_view> n
         const std::optional<fs::path> file = find(name, "plist");
         if (!file)
             continue;
-        if (std::optional<std::string> trouble = readPropertyList(*file).trouble)
-            sentences.push_back(std::move(*trouble));
+        if (const auto list = lists().read(*file); list->trouble)
+            sentences.push_back(*list->trouble);
     }
     return sentences;
 }

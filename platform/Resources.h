@@ -11,7 +11,9 @@
 #include "platform/PropertyList.h"
 
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,9 +37,9 @@ public:
     [[nodiscard]] static std::optional<std::filesystem::path> find(std::string_view name,
                                                                    std::string_view type);
 
-    // Loads the property list `name`.plist. Absent when it is missing or cannot be read; the latter
-    // is logged in one line.
-    [[nodiscard]] static PropertyValue load(std::string_view name);
+    // The property list `name`.plist as its file is now; never null. Absent when it is missing or
+    // cannot be read; the latter is logged in one line.
+    [[nodiscard]] static std::shared_ptr<const PropertyValue> load(std::string_view name);
 
     // One sentence a property list of the search that exists but cannot be read.
     [[nodiscard]] static std::vector<std::string> troubles(std::span<const std::string_view> names);

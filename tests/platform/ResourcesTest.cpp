@@ -98,13 +98,13 @@ TEST_F(ResourcesTest, EachFileIsLookedForByItself) {
     writeText(user_ / "two.plist", listNaming("user"));
     EXPECT_EQ(Resources::find("one", "plist"), given_ / "one.plist");
     EXPECT_EQ(Resources::find("two", "plist"), user_ / "two.plist");
-    EXPECT_EQ(Resources::load("one").text(), "given");
-    EXPECT_EQ(Resources::load("two").text(), "user");
+    EXPECT_EQ(Resources::load("one")->text(), "given");
+    EXPECT_EQ(Resources::load("two")->text(), "user");
 }
 
 TEST_F(ResourcesTest, WhatTheUserDoesNotReplaceComesWithTheProgram) {
     EXPECT_EQ(Resources::find("project", "plist"), shared_ / "project.plist");
-    EXPECT_EQ(Resources::load("project").elements().size(), 1U);
+    EXPECT_EQ(Resources::load("project")->elements().size(), 1U);
 }
 
 TEST_F(ResourcesTest, AFolderOfTheNameIsNotTheFile) {
@@ -116,7 +116,7 @@ TEST_F(ResourcesTest, AMissingListIsAbsentAndNotLogged) {
     std::string log;
     Diagnostics::setLog([&log](std::string_view line) { log += line; });
     EXPECT_EQ(Resources::find("nothing", "plist"), std::nullopt);
-    EXPECT_TRUE(Resources::load("nothing").isAbsent());
+    EXPECT_TRUE(Resources::load("nothing")->isAbsent());
     EXPECT_EQ(log, "");
 }
 
@@ -124,7 +124,7 @@ TEST_F(ResourcesTest, AListThatCannotBeReadIsAbsentAndLogged) {
     std::string log;
     Diagnostics::setLog([&log](std::string_view line) { log += line; });
     writeText(user_ / "project.plist", "no list at all");
-    EXPECT_TRUE(Resources::load("project").isAbsent());
+    EXPECT_TRUE(Resources::load("project")->isAbsent());
     EXPECT_EQ(log,
               "Cannot read " + (user_ / "project.plist").string() + ": it is not a property list.");
 }
