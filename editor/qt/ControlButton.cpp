@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace scenewright {
 
@@ -43,11 +44,11 @@ ControlButton::ControlButton(std::int32_t tag, ControlKind kind, QWidget* parent
 }
 
 void ControlButton::setImage(const std::optional<std::string>& name) {
-    if (image_ == name)
+    if (look_.image == name)
         return;
-    image_ = name;
+    look_.image = name;
     describe();
-    update();
+    drawLater();
 }
 
 void ControlButton::setTitle(const std::string& title) {
@@ -55,13 +56,25 @@ void ControlButton::setTitle(const std::string& title) {
 }
 
 void ControlButton::setAttributedTitle(const AttributedTitle& title) {
-    if (title_ == title)
-        return;
-    title_ = title;
-    update();
+    look_.title = title;
+    drawLater();
 }
 
 void ControlButton::setNeedsDisplay() {
+    drawLater();
+}
+
+void ControlButton::drawLater() {
+    if (std::exchange(willDraw_, true))
+        return;
+    QMetaObject::invokeMethod(this, &ControlButton::drawIfChanged, Qt::QueuedConnection);
+}
+
+void ControlButton::drawIfChanged() {
+    willDraw_ = false;
+    if (look_ == drawn_)
+        return;
+    drawn_ = look_;
     update();
 }
 
@@ -74,13 +87,13 @@ bool ControlButton::isBlackKey() const {
 }
 
 void ControlButton::setLight(const Colour& colour) {
-    light_ = colour;
-    update();
+    look_.light = colour;
+    drawLater();
 }
 
 void ControlButton::setLargestCaption(int pixels) {
-    largestCaption_ = pixels;
-    update();
+    look_.largestCaption = pixels;
+    drawLater();
 }
 
 void ControlButton::setSummary(const QString& summary) {
@@ -91,7 +104,7 @@ void ControlButton::setSummary(const QString& summary) {
 }
 
 void ControlButton::describe() {
-    setAccessibleDescription(image_ ? tr("%1, chosen").arg(summary_) : summary_);
+    setAccessibleDescription(look_.image ? tr("%1, chosen").arg(summary_) : summary_);
     setToolTip(summary_);
 }
 
@@ -101,19 +114,19 @@ QRectF ControlButton::captionRoom() const {
 }
 
 CaptionSetting ControlButton::captionSetting() const {
-    return setCaption(shown(title_.text), captionRoom().size(), font(), largestCaption_);
+    return setCaption(shown(look_.title.text), captionRoom().size(), font(), look_.largestCaption);
 }
 
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     drawControl(painter, rect(),
-                {shapeOf(kind_, tag_), QColor(light_.red, light_.green, light_.blue), isDown(),
-                 underMouse() && isEnabled()});
-    drawCaption(painter, captionRoom(), shown(title_.text), captionSetting(),
-                colourOf(title_.colour));
-    if (image_)
-        drawResourceImage(painter, imageRoom(shapeOf(kind_, tag_), rect()), *image_);
+                {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
+                 isDown(), underMouse() && isEnabled()});
+    drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
+                colourOf(look_.title.colour));
+    if (look_.image)
+        drawResourceImage(painter, imageRoom(shapeOf(kind_, tag_), rect()), *look_.image);
     if (hasFocus()) {
         painter.setPen(QPen(kFocus, 1.5, Qt::DashLine));
         painter.setBrush(Qt::NoBrush);

@@ -1,4 +1,8 @@
 // One control of the device picture: a push button in the shape of what it stands for.
+//
+// A change of what it shows is drawn when the program is done with its changes, and only if the
+// button then looks other than before: the view logic writes every title anew, and gives it its
+// colour back, whenever one setting has changed.
 #pragma once
 
 #include "editor/qt/Caption.h"
@@ -21,17 +25,17 @@ public:
     [[nodiscard]] std::int32_t tag() const override { return tag_; }
     void setImage(const std::optional<std::string>& name) override;
     void setTitle(const std::string& title) override;
-    [[nodiscard]] AttributedTitle attributedTitle() const override { return title_; }
+    [[nodiscard]] AttributedTitle attributedTitle() const override { return look_.title; }
     void setAttributedTitle(const AttributedTitle& title) override;
     void setNeedsDisplay() override;
     void setAction(std::function<void()> action) override;
 
     [[nodiscard]] ControlKind kind() const { return kind_; }
     [[nodiscard]] bool isBlackKey() const;
-    [[nodiscard]] const std::optional<std::string>& image() const { return image_; }
+    [[nodiscard]] const std::optional<std::string>& image() const { return look_.image; }
     // What a pad shines in; black is unlit. Other controls have no light.
     void setLight(const Colour& colour);
-    [[nodiscard]] const Colour& light() const { return light_; }
+    [[nodiscard]] const Colour& light() const { return look_.light; }
     // The size that a title is set in where it has the room, in device-independent pixels.
     void setLargestCaption(int pixels);
     // Everything that the control does, in words.
@@ -52,15 +56,25 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    // What the program decides of how the button looks.
+    struct Look {
+        AttributedTitle title;
+        std::optional<std::string> image;
+        Colour light;
+        int largestCaption = kSmallestCaption;
+        friend bool operator==(const Look&, const Look&) = default;
+    };
+
     void describe();
+    void drawLater();
+    void drawIfChanged();
 
     std::int32_t tag_;
     ControlKind kind_;
-    AttributedTitle title_;
-    std::optional<std::string> image_;
-    Colour light_;
+    Look look_;
+    Look drawn_; // what the last update was asked for
+    bool willDraw_ = false;
     QString summary_;
-    int largestCaption_ = kSmallestCaption;
     std::function<void()> action_;
 };
 

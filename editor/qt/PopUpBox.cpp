@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QListView>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 namespace scenewright {
@@ -44,9 +45,17 @@ PopUpBox::PopUpBox(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(kVisibleEntries);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setView(&owned<EntryList>(*this, this));
-    view()->setTextElideMode(Qt::ElideNone);
-    setItemDelegate(&owned<RowDelegate>(this));
+}
+
+// A list of entries costs more than all the rest of the box, and most boxes are never opened.
+void PopUpBox::showPopup() {
+    if (!hasEntryList_) {
+        hasEntryList_ = true;
+        setView(&owned<EntryList>(*this, this));
+        view()->setTextElideMode(Qt::ElideNone);
+        setItemDelegate(&owned<RowDelegate>(this));
+    }
+    QComboBox::showPopup();
 }
 
 void PopUpBox::removeAllItems() {
@@ -79,8 +88,18 @@ QStringList PopUpBox::titles() const {
     return texts;
 }
 
+// The width is the layout's to give. To ask the base class would be to measure every title of every
+// box, which takes longer than drawing the whole window.
+QSize PopUpBox::sizeHint() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize contents(kNarrowest, fontMetrics().height());
+    return {kNarrowest,
+            style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this).height()};
+}
+
 QSize PopUpBox::minimumSizeHint() const {
-    return {kNarrowest, QComboBox::minimumSizeHint().height()};
+    return sizeHint();
 }
 
 void PopUpBox::choose(int position) {

@@ -23,7 +23,9 @@ public:
     void setEnabled(bool enabled) override;
 
     [[nodiscard]] QStringList titles() const;
+    [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    void showPopup() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -33,6 +35,7 @@ private:
     void choose(int position);
 
     TypedSearch search_;
+    bool hasEntryList_ = false;
 };
 
 } // namespace scenewright

@@ -51,13 +51,16 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
     stack.addWidget(hint_, 0, 0);
     for (const ControlRange& range : kControlRanges)
         makePane(range.kind);
-    sceneName_ = &owned<TextLine>(this);
-    addField(bodies_[placeOf(ControlKind::Common)], tr("Scene name"), *sceneName_);
+    // A field is made inside its pane: each later change of a widget's parent styles it anew.
+    Body& common = bodies_[placeOf(ControlKind::Common)];
+    sceneName_ = &owned<TextLine>(common.frame);
+    addField(common, tr("Scene name"), *sceneName_);
     for (const ValuePopUp& row : valuePopUps()) {
-        auto& box = owned<PopUpBox>(this);
+        Body& body = bodies_.at(placeOf(row.pane()));
+        auto& box = owned<PopUpBox>(body.frame);
         box.setObjectName(shown(row.outlet->name));
         popUps_[row.outlet->name] = &box;
-        addField(bodies_.at(placeOf(row.pane())), settingLabel(settingTitle(row.setting)), box);
+        addField(body, settingLabel(settingTitle(row.setting)), box);
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -131,7 +134,11 @@ void ValuePanes::show(const ViewController& view) {
             *view.sceneValue()->buttonValueArray().at(static_cast<std::size_t>(index - 1))));
 }
 
+// A style sheet of its own is dear: it is set only for another colour.
 void ValuePanes::showSwatch(const Colour& colour) {
+    if (swatchColour_ == colour)
+        return;
+    swatchColour_ = colour;
     const QColor mixed(colour.red, colour.green, colour.blue);
     swatch_->setStyleSheet(
         QStringLiteral("background: %1; border: 1px solid #808080; border-radius: 7px;")

@@ -64,6 +64,7 @@ private:
     std::map<std::string_view, PopUpBox*> popUps_;
     TextLine* sceneName_ = nullptr;
     QLabel* swatch_ = nullptr;
+    std::optional<Colour> swatchColour_;
     QLabel* hint_ = nullptr;
 };
 

@@ -1,0 +1,162 @@
+#include "tests/editor-qt/WindowBench.h"
+
+#include <QAbstractItemView>
+#include <QPaintEvent>
+#include <QTest>
+
+#include <map>
+#include <set>
+
+namespace scenewright {
+namespace {
+
+using Tags = std::set<std::int32_t>;
+
+// Writes down which widgets are painted, and how much of them.
+class PaintWatch final : public QObject {
+public:
+    PaintWatch() { qApp->installEventFilter(this); }
+    PaintWatch(const PaintWatch&) = delete;
+    PaintWatch& operator=(const PaintWatch&) = delete;
+    PaintWatch(PaintWatch&&) = delete;
+    PaintWatch& operator=(PaintWatch&&) = delete;
+    ~PaintWatch() override { qApp->removeEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            painted_[object] += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+    // The painted ones of a type.
+    template <typename Widget>
+    [[nodiscard]] std::set<const Widget*> all() const {
+        std::set<const Widget*> found;
+        for (const auto& [object, region] : painted_)
+            if (const auto* widget = dynamic_cast<const Widget*>(object))
+                found.insert(widget);
+        return found;
+    }
+    [[nodiscard]] Tags buttons() const {
+        Tags tags;
+        for (const ControlButton* button : all<ControlButton>())
+            tags.insert(button->tag());
+        return tags;
+    }
+    [[nodiscard]] QRegion of(QObject* widget) const {
+        const auto found = painted_.find(widget);
+        return found == painted_.end() ? QRegion() : found->second;
+    }
+
+private:
+    std::map<QObject*, QRegion> painted_;
+};
+
+class RepaintTest : public testing::WindowBench {
+protected:
+    RepaintTest() {
+        open();
+        read();
+        settle();
+    }
+
+    void settle() {
+        QTest::qWait(50);
+        QApplication::processEvents();
+    }
+    void choose(std::int32_t tag) {
+        window().picture().button(tag)->click();
+        settle();
+    }
+    // Gives a popup the keyboard, so that what follows is painted for the choice alone.
+    PopUpBox& focused(const char* outlet) {
+        PopUpBox& box = window().panes().popUp(outlet);
+        box.setFocus();
+        settle();
+        return box;
+    }
+    // What a key pressed on a widget has painted.
+    template <typename Key>
+    const PaintWatch& press(QWidget& widget, Key key) {
+        watch_ = std::make_unique<PaintWatch>();
+        QTest::keyClick(&widget, key);
+        settle();
+        return *watch_;
+    }
+
+    static constexpr std::int32_t kPad = 13;
+    static constexpr std::int32_t kLastKey = 45; // no black key lies on it
+
+private:
+    std::unique_ptr<PaintWatch> watch_;
+};
+
+TEST_F(RepaintTest, NumberOfAKeyPaintsThatKeyAndItsPopUpAlone) {
+    choose(kLastKey);
+    PopUpBox& box = focused("keyCCOrNoteNumber");
+    const PaintWatch& watch = press(box, '7');
+    EXPECT_EQ(window().picture().button(kLastKey)->attributedTitle().text, "CC#\n7");
+    EXPECT_EQ(watch.buttons(), Tags{kLastKey});
+    EXPECT_EQ(watch.all<PopUpBox>(), std::set<const PopUpBox*>{&box});
+    EXPECT_TRUE(watch.of(window().list().viewport()).isEmpty());
+}
+
+TEST_F(RepaintTest, ColourOfAPadPaintsThatPadAlone) {
+    choose(kPad);
+    EXPECT_EQ(press(focused("padCR"), '5').buttons(), Tags{kPad});
+}
+
+TEST_F(RepaintTest, ValueThatNoTitleShowsPaintsNoButton) {
+    choose(kPad);
+    PopUpBox& box = focused("padOnValue");
+    const PaintWatch& watch = press(box, '5');
+    EXPECT_EQ(box.selectedItem(), 5);
+    EXPECT_EQ(watch.buttons(), Tags{});
+}
+
+TEST_F(RepaintTest, SharedSettingPaintsNoButton) {
+    EXPECT_EQ(press(focused("commonKeyConstVelocity"), '5').buttons(), Tags{});
+}
+
+TEST_F(RepaintTest, DisplayModePaintsTheControlsWhoseTitleItChanges) {
+    window().displayModes().setFocus();
+    settle();
+    Tags changed;
+    for (std::int32_t tag = controlRange(ControlKind::Group).end(); tag <= kControlCount; ++tag)
+        changed.insert(tag);
+    EXPECT_EQ(press(window().displayModes(), Qt::Key_Down).buttons(), changed);
+}
+
+TEST_F(RepaintTest, ChoosingAControlPaintsItAndTheOneBefore) {
+    choose(kPad);
+    const PaintWatch watch;
+    choose(kPad + 2);
+    EXPECT_EQ(watch.buttons(), (Tags{kPad, kPad + 2}));
+    const int row = window().list().visualRect(window().list().model()->index(kPad, 0)).height();
+    EXPECT_LE(watch.of(window().list().viewport()).boundingRect().height(), 4 * row);
+}
+
+TEST_F(RepaintTest, ListOfAPopUpIsMadeWhenItIsOpened) {
+    const auto lists = window().findChildren<QAbstractItemView*>();
+    EXPECT_EQ(lists, QList<QAbstractItemView*>{&window().list()});
+}
+
+TEST(Repaint, ButtonThatLooksAsBeforeIsNotPainted) {
+    ControlButton button(1, ControlKind::Group);
+    button.setAttributedTitle({"A", Colour{1, 2, 3}});
+    button.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&button));
+    QTest::qWait(50);
+    const PaintWatch watch;
+    button.setTitle("A");
+    button.setAttributedTitle({"A", Colour{1, 2, 3}});
+    button.setNeedsDisplay();
+    QTest::qWait(50);
+    EXPECT_EQ(watch.buttons(), Tags{});
+    button.setTitle("A"); // without its colour
+    QTest::qWait(50);
+    EXPECT_EQ(watch.buttons(), Tags{1});
+}
+
+} // namespace
+} // namespace scenewright
