@@ -41,7 +41,7 @@ public:
         if (extension == nullptr || extension->present == 0)
             return;
         const auto version = xcb_damage_query_version(connection_.get(), 1, 1);
-        std::unique_ptr<void, Free>(
+        const std::unique_ptr<void, Free> agreed(
             xcb_damage_query_version_reply(connection_.get(), version, nullptr));
         notify_ = extension->first_event + XCB_DAMAGE_NOTIFY;
         xcb_damage_create(connection_.get(), xcb_generate_id(connection_.get()), root(),
@@ -49,8 +49,9 @@ public:
         const std::uint32_t windows = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
         xcb_change_window_attributes(connection_.get(), root(), XCB_CW_EVENT_MASK, &windows);
         // A round trip: from here on nothing is missed.
-        std::unique_ptr<void, Free>(xcb_get_input_focus_reply(
-            connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+        const auto question = xcb_get_input_focus(connection_.get());
+        const std::unique_ptr<void, Free> answer(
+            xcb_get_input_focus_reply(connection_.get(), question, nullptr));
     }
 
     [[nodiscard]] bool isOpen() const { return notify_ != 0; }
