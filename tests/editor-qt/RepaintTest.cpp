@@ -10,7 +10,7 @@
 namespace scenewright {
 namespace {
 
-using Tags = std::set<std::int32_t>;
+using TagSet = std::set<std::int32_t>;
 
 // Writes down which widgets are painted, and how much of them.
 class PaintWatch final : public QObject {
@@ -37,8 +37,8 @@ public:
                 found.insert(widget);
         return found;
     }
-    [[nodiscard]] Tags buttons() const {
-        Tags tags;
+    [[nodiscard]] TagSet buttons() const {
+        TagSet tags;
         for (const ControlButton* button : all<ControlButton>())
             tags.insert(button->tag());
         return tags;
@@ -96,14 +96,14 @@ TEST_F(RepaintTest, NumberOfAKeyPaintsThatKeyAndItsPopUpAlone) {
     PopUpBox& box = focused("keyCCOrNoteNumber");
     const PaintWatch& watch = press(box, '7');
     EXPECT_EQ(window().picture().button(kLastKey)->attributedTitle().text, "CC#\n7");
-    EXPECT_EQ(watch.buttons(), Tags{kLastKey});
+    EXPECT_EQ(watch.buttons(), TagSet{kLastKey});
     EXPECT_EQ(watch.all<PopUpBox>(), std::set<const PopUpBox*>{&box});
     EXPECT_TRUE(watch.of(window().list().viewport()).isEmpty());
 }
 
 TEST_F(RepaintTest, ColourOfAPadPaintsThatPadAlone) {
     choose(kPad);
-    EXPECT_EQ(press(focused("padCR"), '5').buttons(), Tags{kPad});
+    EXPECT_EQ(press(focused("padCR"), '5').buttons(), TagSet{kPad});
 }
 
 TEST_F(RepaintTest, ValueThatNoTitleShowsPaintsNoButton) {
@@ -111,17 +111,17 @@ TEST_F(RepaintTest, ValueThatNoTitleShowsPaintsNoButton) {
     PopUpBox& box = focused("padOnValue");
     const PaintWatch& watch = press(box, '5');
     EXPECT_EQ(box.selectedItem(), 5);
-    EXPECT_EQ(watch.buttons(), Tags{});
+    EXPECT_EQ(watch.buttons(), TagSet{});
 }
 
 TEST_F(RepaintTest, SharedSettingPaintsNoButton) {
-    EXPECT_EQ(press(focused("commonKeyConstVelocity"), '5').buttons(), Tags{});
+    EXPECT_EQ(press(focused("commonKeyConstVelocity"), '5').buttons(), TagSet{});
 }
 
 TEST_F(RepaintTest, DisplayModePaintsTheControlsWhoseTitleItChanges) {
     window().displayModes().setFocus();
     settle();
-    Tags changed;
+    TagSet changed;
     for (std::int32_t tag = controlRange(ControlKind::Group).end(); tag <= kControlCount; ++tag)
         changed.insert(tag);
     EXPECT_EQ(press(window().displayModes(), Qt::Key_Down).buttons(), changed);
@@ -131,7 +131,7 @@ TEST_F(RepaintTest, ChoosingAControlPaintsItAndTheOneBefore) {
     choose(kPad);
     const PaintWatch watch;
     choose(kPad + 2);
-    EXPECT_EQ(watch.buttons(), (Tags{kPad, kPad + 2}));
+    EXPECT_EQ(watch.buttons(), (TagSet{kPad, kPad + 2}));
     const int row = window().list().visualRect(window().list().model()->index(kPad, 0)).height();
     EXPECT_LE(watch.of(window().list().viewport()).boundingRect().height(), 4 * row);
 }
@@ -152,10 +152,10 @@ TEST(Repaint, ButtonThatLooksAsBeforeIsNotPainted) {
     button.setAttributedTitle({"A", Colour{1, 2, 3}});
     button.setNeedsDisplay();
     QTest::qWait(50);
-    EXPECT_EQ(watch.buttons(), Tags{});
+    EXPECT_EQ(watch.buttons(), TagSet{});
     button.setTitle("A"); // without its colour
     QTest::qWait(50);
-    EXPECT_EQ(watch.buttons(), Tags{1});
+    EXPECT_EQ(watch.buttons(), TagSet{1});
 }
 
 } // namespace

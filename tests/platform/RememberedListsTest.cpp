@@ -14,10 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string listNaming(const std::string& text) {
-    return "<plist version=\"1.0\"><string>" + text + "</string></plist>";
-}
-
 class RememberedListsTest : public ::testing::Test {
 protected:
     std::string textNow() { return std::string(lists_.read(file_)->root.text()); }

@@ -38,10 +38,6 @@ private:
     std::optional<std::string> former_;
 };
 
-std::string listNaming(const std::string& text) {
-    return "<plist version=\"1.0\"><string>" + text + "</string></plist>";
-}
-
 class ResourcesTest : public ::testing::Test {
 protected:
     ResourcesTest() {

@@ -1,4 +1,4 @@
-// Files as text, written and read in one go.
+// Files as text, written and read in one go, and what tests write into them.
 #pragma once
 
 #include <filesystem>
@@ -15,6 +15,11 @@ inline void writeText(const std::filesystem::path& path, const std::string& text
 inline std::string readText(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A property list that holds the text and nothing else.
+inline std::string listNaming(const std::string& text) {
+    return "<plist version=\"1.0\"><string>" + text + "</string></plist>";
 }
 
 } // namespace scenewright
