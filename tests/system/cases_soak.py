@@ -56,18 +56,22 @@ class Meter:
     def __init__(self, name, program):
         self.name = name
         self.folder = Path("/proc") / str(program.pid)
-        self.memory = []  # KiB
+        self.resident = []  # KiB, with the pages of its files that it has touched
+        self.memory = []  # KiB, without them
         self.files = []
 
     def look(self):
         status = (self.folder / "status").read_text()
-        self.memory.append(int(re.search(r"VmRSS:\s+(\d+) kB", status).group(1)))
+        for sizes, field in ((self.resident, "VmRSS"), (self.memory, "RssAnon")):
+            sizes.append(int(re.search(rf"{field}:\s+(\d+) kB", status).group(1)))
         self.files.append(len(os.listdir(self.folder / "fd")))
 
     def told(self):
-        return (f"{self.name}: {self.memory[0]} KiB after the first round, {self._warm()} once "
-                f"warm, {self.memory[-1]} after the last, {max(self.memory)} at most; open files "
-                f"{self.files[0]} first, {self.files[-1]} last, {max(self.files)} at most")
+        tenths = [self.memory[len(self.memory) * tenth // 10 - 1] for tenth in range(1, 11)]
+        return (f"{self.name}: resident {self.resident[0]} KiB after the first round, "
+                f"{self.resident[-1]} after the last; of these its own {self.memory[0]} after the "
+                f"first, then after each tenth {tenths}; open files {self.files[0]} first, "
+                f"{self.files[-1]} last, {max(self.files)} at most")
 
     def _warm(self):
         """The memory once every kind of round has been there, or half of them in a short soak."""
