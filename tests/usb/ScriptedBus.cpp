@@ -78,13 +78,16 @@ ResultCode Handle::attachDriver(std::uint8_t interface) {
         return result;
     if (holder(interface) != Holder::Nobody)
         return kResultBusy;
+    constexpr std::uint8_t kAudio = 1;
     constexpr std::uint8_t kAudioControl = 1;
-    if (script_->interfaces.at(interface).subClass != kAudioControl)
+    const auto wanted =
+        std::ranges::find(script_->interfaces, interface, &LibusbInterfaceDescriptor::number);
+    if (wanted == script_->interfaces.end() || wanted->subClass != kAudioControl)
         return kResultNotFound;
-    for (std::size_t taken = interface; taken < script_->holders.size(); ++taken)
-        if (script_->holders[taken] == Holder::Nobody &&
-            script_->interfaces[taken].interfaceClass == 1)
-            script_->holders[taken] = Holder::Driver;
+    for (const LibusbInterfaceDescriptor& taken : script_->interfaces)
+        if (taken.number >= interface && taken.interfaceClass == kAudio &&
+            holder(taken.number) == Holder::Nobody)
+            holder(taken.number) = Holder::Driver;
     return kResultSuccess;
 }
 
