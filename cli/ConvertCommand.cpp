@@ -3,7 +3,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,10 +47,14 @@ void addConvertCommand(CLI::App& app, CommandChoice& choice) {
     auto options = std::make_shared<ConvertOptions>();
     command->add_option("IN", options->in, kBankHelp)->required();
     command->add_option("OUT", options->out, kNewBankHelp)->required();
-    const std::map<std::string, BankForm> forms{{"json", BankForm::Json},
-                                                {"image", BankForm::Image}};
-    command->add_option("--to", options->form, "The form to write, whatever OUT is called")
-        ->transform(CLI::CheckedTransformer(forms))
+    command
+        ->add_option_function<std::string>(
+            "--to",
+            [options](const std::string& form) {
+                options->form = form == "json" ? BankForm::Json : BankForm::Image;
+            },
+            "The form to write, whatever OUT is called")
+        ->check(CLI::IsMember({"json", "image"}))
         ->option_text("json|image");
     command->footer(kConvertFooter);
     command->callback([&choice, options] {

@@ -1,15 +1,40 @@
 #include "virtual/program/Options.h"
 
+#include "model/SceneName.h"
 #include "virtual/usbip/Listener.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <charconv>
+#include <sstream>
+#include <utility>
 
 namespace scenewright {
 
 namespace {
+
+constexpr const char* kDescription =
+    "A keyboard controller for those who have none at hand: a real USB device to Linux,\n"
+    "served over USB/IP.";
+
+constexpr const char* kFooter =
+    "Faults, N counted from 0 since the controller was plugged in:\n"
+    "  handshake:N  the first N handshakes are answered wrong\n"
+    "  silent:N     after N replies nothing is answered any more\n"
+    "  short:N      reply N with a byte of the bank has 2 bytes instead of 4\n"
+    "  nibble:N     reply N with a byte of the bank has a nibble above 15\n"
+    "  write:N      every write after N packets fails\n"
+    "  unplug:N     at byte N of the bank, read or sent, the controller leaves the bus, once\n"
+    "  stall:N      at byte N of the bank, read or sent, the pipe halts\n\n"
+    "Orders, a line each:\n"
+    "  faults KIND:N ...  other faults from now on; without any, none\n"
+    "  unplug             the controller leaves the bus\n"
+    "  plug               it is plugged in again (with --vhci)\n\n"
+    "Example:\n"
+    "  scenewright-virtual --bank pretend.bank\n"
+    "  sudo modprobe vhci_hcd && sudo usbip attach -r 127.0.0.1 -b 1-1\n\n"
+    "SIGINT and SIGTERM end it; with --vhci, SIGUSR1 plugs it in again after an unplug.";
 
 // Up to four hexadecimal digits, with or without "0x".
 std::optional<std::uint16_t> identifierFrom(std::string_view text) {
@@ -49,8 +74,6 @@ std::string checkAddress(const std::string& text) {
     return fmt::format("'{}' must be an address and a port, as in 127.0.0.1:3240", text);
 }
 
-} // namespace
-
 void addProgramOptions(CLI::App& app, ProgramOptions& options) {
     auto* const listen =
         app.add_option("--listen", options.listen, "Where usbip attaches: address and TCP port")
@@ -89,6 +112,34 @@ void addProgramOptions(CLI::App& app, ProgramOptions& options) {
         ->check(CLI::Range(1, 2));
     app.add_option("--resources", options.resources, "Where default.plist is, if there is no bank")
         ->type_name("DIR");
+}
+
+// The answer that ends the program, as the parser words it.
+std::string answerTo(const CLI::Success& request, const CLI::App& app) {
+    std::ostringstream out;
+    std::ostringstream errors;
+    app.exit(request, out, errors);
+    return out.str();
+}
+
+} // namespace
+
+ProgramLine parseProgramLine(int argc, const char* const* argv) {
+    CLI::App app(kDescription, kVirtualProgram);
+    ProgramOptions options;
+    app.footer(kFooter);
+    app.set_version_flag("--version", std::string(kVirtualProgram) + " " SCENEWRIGHT_VERSION);
+    addProgramOptions(app, options);
+    try {
+        app.parse(argc, argv);
+        return {.options = std::move(options), .answer = {}, .trouble = {}};
+    } catch (const CLI::Success& request) {
+        return {.options = {}, .answer = answerTo(request, app), .trouble = {}};
+    } catch (const CLI::ParseError& error) {
+        return {.options = {},
+                .answer = {},
+                .trouble = fmt::format("{} (--help tells more)", displayName(error.what()))};
+    }
 }
 
 } // namespace scenewright

@@ -7,11 +7,9 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace scenewright {
+
+inline constexpr const char* kVirtualProgram = "scenewright-virtual";
 
 struct ProgramOptions {
     std::string listen = "127.0.0.1:3240";
@@ -24,7 +22,16 @@ struct ProgramOptions {
     VirtualIdentity identity;
 };
 
-// `options` must outlive `app`. A value that cannot be taken is a parse error of one sentence.
-void addProgramOptions(CLI::App& app, ProgramOptions& options);
+// What the arguments ask for; one of the three is there.
+struct ProgramLine {
+    std::optional<ProgramOptions> options;
+    // For standard output, and the program is done: help or version.
+    std::optional<std::string> answer;
+    // One sentence on what is wrong with the arguments.
+    std::optional<std::string> trouble;
+};
+
+// Touches nothing but its arguments; `argv[0]` is the program's name, which is not looked at.
+[[nodiscard]] ProgramLine parseProgramLine(int argc, const char* const* argv);
 
 } // namespace scenewright

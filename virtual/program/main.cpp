@@ -1,10 +1,10 @@
+#include "model/SceneName.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
 #include "virtual/program/BankMemory.h"
 #include "virtual/program/Options.h"
 #include "virtual/usbip/Server.h"
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <cstdio>
@@ -16,34 +16,12 @@ namespace scenewright {
 
 namespace {
 
-constexpr const char* kProgram = "scenewright-virtual";
 constexpr int kExitTrouble = 1;
 constexpr int kExitUsage = 2;
 
-constexpr const char* kDescription =
-    "A keyboard controller for those who have none at hand: a real USB device to Linux,\n"
-    "served over USB/IP.";
-
-constexpr const char* kFooter =
-    "Faults, N counted from 0 since the controller was plugged in:\n"
-    "  handshake:N  the first N handshakes are answered wrong\n"
-    "  silent:N     after N replies nothing is answered any more\n"
-    "  short:N      reply N with a byte of the bank has 2 bytes instead of 4\n"
-    "  nibble:N     reply N with a byte of the bank has a nibble above 15\n"
-    "  write:N      every write after N packets fails\n"
-    "  unplug:N     at byte N of the bank, read or sent, the controller leaves the bus, once\n"
-    "  stall:N      at byte N of the bank, read or sent, the pipe halts\n\n"
-    "Orders, a line each:\n"
-    "  faults KIND:N ...  other faults from now on; without any, none\n"
-    "  unplug             the controller leaves the bus\n"
-    "  plug               it is plugged in again (with --vhci)\n\n"
-    "Example:\n"
-    "  scenewright-virtual --bank pretend.bank\n"
-    "  sudo modprobe vhci_hcd && sudo usbip attach -r 127.0.0.1 -b 1-1\n\n"
-    "SIGINT and SIGTERM end it; with --vhci, SIGUSR1 plugs it in again after an unplug.";
-
 void say(std::string_view line) {
-    fmt::print(stderr, "{}: {}\n", kProgram, line);
+    // A file's name or a client's words in it may hold anything, a terminal's commands included.
+    fmt::print(stderr, "{}: {}\n", kVirtualProgram, displayName(line));
     std::fflush(stderr);
 }
 
@@ -106,19 +84,12 @@ int run(const ProgramOptions& options) {
 }
 
 int parseAndRun(int argc, char** argv) {
-    CLI::App app(kDescription, kProgram);
-    ProgramOptions options;
-    app.footer(kFooter);
-    app.set_version_flag("--version", std::string(kProgram) + " " SCENEWRIGHT_VERSION);
-    addProgramOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::Success& request) {
-        return app.exit(request);
-    } catch (const CLI::ParseError& error) {
-        return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
+    const ProgramLine line = parseProgramLine(argc, argv);
+    if (line.answer) {
+        fmt::print("{}", *line.answer);
+        return 0;
     }
-    return run(options);
+    return line.trouble ? complain(*line.trouble, kExitUsage) : run(*line.options);
 }
 
 } // namespace

@@ -283,6 +283,8 @@ TEST(VirtualProgram, BadUsageIsRefusedWithOneSentence) {
         {{"--interfaces", "3"}, "--interfaces: Value 3 not in range 1 to 2"},
         {{"--fault", "stall:"},
          "--fault: 'stall:' is no fault: a number from 0 to 4294967295 must follow 'stall:'"},
+        {{"two\nlines\x1B[31m"},
+         "The following argument was not expected: two\uFFFDlines\uFFFD[31m"},
     };
     for (const auto& [arguments, sentence] : cases) {
         const ProgramRun refused = run(arguments);
@@ -304,6 +306,8 @@ TEST(VirtualProgram, BankThatIsNoneIsRefusedAndLeftAlone) {
     EXPECT_EQ(run({"--bank", folder.path().string()}).exitCode, 2) << "a folder";
     EXPECT_EQ(run({"--bank", folder.file("no/bank")}).exitCode, 2);
     EXPECT_EQ(run({"--trace", folder.file("no/trace")}).exitCode, 2);
+    EXPECT_EQ(run({"--trace", "no\nsuch/trace"}).errors,
+              "scenewright-virtual: no\uFFFDsuch/trace: cannot be written\n");
 }
 
 } // namespace
