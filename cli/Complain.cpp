@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "model/SceneName.h"
 
 #include <fmt/format.h>
 
@@ -7,7 +8,8 @@
 namespace scenewright {
 
 int complain(std::string_view sentence, int exitCode) {
-    fmt::print(stderr, "scenewright-cli: {}\n", sentence);
+    // A file's name or an argument in it may hold anything, a terminal's commands included.
+    fmt::print(stderr, "scenewright-cli: {}\n", displayName(sentence));
     return exitCode;
 }
 

@@ -6,6 +6,7 @@
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/Translation.h"
+#include "model/SceneName.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
 #include "protocol/SendJob.h"
@@ -30,7 +31,8 @@ constexpr int kExitTrouble = 1;
 constexpr int kExitUsage = 2;
 
 int complain(std::string_view sentence, int exitCode) {
-    fmt::print(stderr, "scenewright: {}\n", sentence);
+    // A file's name or an argument in it may hold anything, a terminal's commands included.
+    fmt::print(stderr, "scenewright: {}\n", displayName(sentence));
     return exitCode;
 }
 

@@ -29,6 +29,13 @@ TEST(Fault, EveryKindIsReadByItsName) {
     EXPECT_EQ(parse("stall:4294967295"), (Fault{Kind::Stall, 4294967295U}));
 }
 
+TEST(Fault, ControlCharactersAreNotRepeatedInTheSentence) {
+    EXPECT_EQ(troubleOf("ss\x05.\nr"), "'ss\uFFFD.\uFFFDr' is no fault: it must be handshake:N, "
+                                       "silent:N, short:N, nibble:N, write:N, unplug:N or stall:N");
+    EXPECT_EQ(troubleOf("stall:\x1B[31m"), "'stall:\uFFFD[31m' is no fault: a number from 0 to "
+                                           "4294967295 must follow 'stall:'");
+}
+
 TEST(Fault, UnknownKindIsRefusedWithTheKindsThatAre) {
     const std::string sentence = " is no fault: it must be handshake:N, silent:N, short:N, "
                                  "nibble:N, write:N, unplug:N or stall:N";
