@@ -3,7 +3,7 @@
 // back, and the list of MIDI devices stays a list that a person and a program can read.
 #include "bank/JsonTree.h"
 #include "cli/DeviceTable.h"
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 #include "protocol/Handshake.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
@@ -123,7 +123,7 @@ private:
 
 void checkLines(const std::string& text) {
     for (const std::string& line : split(text, '\n'))
-        check(displayName(line) == line, "unreadable bytes in the list of devices");
+        check(readableText(line) == line, "unreadable bytes in the list of devices");
 }
 
 void checkList(const std::shared_ptr<BusScript>& bus, Input& input) {

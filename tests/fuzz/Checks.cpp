@@ -1,7 +1,7 @@
 #include "tests/fuzz/Checks.h"
 
 #include "model/FileAction.h"
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 #include "platform/Resources.h"
 
 #include <fmt/format.h>
@@ -29,7 +29,7 @@ void check(bool holds, std::string_view what) {
 void checkSentence(std::string_view text) {
     constexpr std::string_view kOpenEnds = " ,:;(";
     check(!text.empty(), "a sentence is empty");
-    check(displayName(text) == text, fmt::format("unreadable bytes in \"{}\"", text));
+    check(readableText(text) == text, fmt::format("unreadable bytes in \"{}\"", text));
     check(kOpenEnds.find(text.back()) == std::string_view::npos,
           fmt::format("\"{}\" is no whole sentence", text));
 }

@@ -1,22 +1,46 @@
-// The faults that the virtual controller is ordered to have: taken ones mean what they say, refused
-// ones are told in one sentence.
+// The faults that the virtual controller is ordered to have, at its start or while it runs: taken
+// ones mean what they say, refused ones are told in one sentence.
 #include "tests/fuzz/Checks.h"
-#include "virtual/Fault.h"
+#include "virtual/usbip/Orders.h"
 
 #include <fmt/format.h>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace scenewright;
-    const std::string_view text = fuzz::textOf(std::span(data, size));
+namespace scenewright::fuzz {
+
+namespace {
+
+void checkFault(std::string_view text) {
     std::string trouble;
     const auto fault = parseFault(text, trouble);
     if (!fault) {
-        fuzz::checkSentence(trouble);
-        return 0;
+        checkSentence(trouble);
+        return;
     }
-    fuzz::check(trouble.empty(), "taken, and yet there is trouble");
-    const std::uint32_t count = fault->count + (fuzz::faultIsPlanted() ? 1U : 0U);
+    check(trouble.empty(), "taken, and yet there is trouble");
+    const std::uint32_t count = fault->count + (faultIsPlanted() ? 1U : 0U);
     const std::string again = fmt::format("{}:{}", text.substr(0, text.find(':')), count);
-    fuzz::check(parseFault(again, trouble) == fault, "a fault does not count as it says");
+    check(parseFault(again, trouble) == fault, "a fault does not count as it says");
+}
+
+void checkOrder(std::string_view line) {
+    using Kind = usbip::Order::Kind;
+    std::string trouble;
+    const auto order = usbip::parseOrder(line, trouble);
+    if (!order) {
+        checkSentence(trouble);
+        return;
+    }
+    check(trouble.empty(), "taken, and yet there is trouble");
+    check(order->kind == Kind::Faults || order->faults.empty(), "an order of two kinds");
+}
+
+} // namespace
+
+} // namespace scenewright::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text = scenewright::fuzz::textOf(std::span(data, size));
+    scenewright::fuzz::checkFault(text);
+    scenewright::fuzz::checkOrder(text);
     return 0;
 }

@@ -1,7 +1,7 @@
 // Scene images as a controller sends them: whatever the bytes, they parse, encode to what was kept
 // of them, and print as a table of 80 columns.
 #include "cli/SceneTable.h"
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 #include "tests/fuzz/Checks.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ std::size_t columnsOf(std::string_view line) {
 void checkTable(const std::string& table) {
     check(table.ends_with("\n\n"), "the table does not end with a blank line");
     for (const std::string& line : split(table, '\n')) {
-        check(displayName(line) == line, "the table has unreadable bytes");
+        check(readableText(line) == line, "the table has unreadable bytes");
         check(columnsOf(line) <= kColumns, "the table is wider than 80 columns");
     }
 }

@@ -3,7 +3,7 @@
 //
 // The first bytes of the input say how the session begins, what is wrong with the controller, and
 // how long the pieces are; the rest is what the client sends.
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "virtual/usbip/Session.h"
@@ -153,7 +153,7 @@ void checkOutcome(const Outcome& outcome) {
     if (!outcome.trouble.empty())
         checkSentence(outcome.trouble);
     for (const std::string& line : outcome.trace)
-        check(displayName(line) == line, "unreadable bytes in a trace line");
+        check(readableText(line) == line, "unreadable bytes in a trace line");
 }
 
 } // namespace
