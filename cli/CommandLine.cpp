@@ -1,6 +1,6 @@
 #include "cli/CommandLine.h"
 
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -62,7 +62,7 @@ void parse(CLI::App& app, int argc, const char* const* argv, CommandLine& line) 
     } catch (const CLI::Success& request) {
         line.answer = answerTo(request, app);
     } catch (const CLI::ParseError& error) {
-        line.trouble = fmt::format("{} (--help tells more)", displayName(error.what()));
+        line.trouble = fmt::format("{} (--help tells more)", readableText(error.what()));
     }
 }
 

@@ -1,5 +1,5 @@
 #include "cli/Command.h"
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,7 @@ namespace scenewright {
 
 int complain(std::string_view sentence, int exitCode) {
     // A file's name or an argument in it may hold anything, a terminal's commands included.
-    fmt::print(stderr, "scenewright-cli: {}\n", displayName(sentence));
+    fmt::print(stderr, "scenewright-cli: {}\n", readableText(sentence));
     return exitCode;
 }
 

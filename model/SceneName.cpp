@@ -1,70 +1,12 @@
 #include "model/SceneName.h"
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
+#include "platform/ReadableText.h"
 
 namespace scenewright {
 
-namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
-
-// The UTF-8 sequences of each length: the bits that mark the first byte, and the smallest code
-// point that needs that length.
-struct Form {
-    std::size_t length;
-    std::uint8_t mask;
-    std::uint8_t mark;
-    std::uint32_t smallest;
-};
-constexpr std::array<Form, 4> kForms{{
-    {1, 0x80, 0x00, 0x00},
-    {2, 0xE0, 0xC0, 0x80},
-    {3, 0xF0, 0xE0, 0x800},
-    {4, 0xF8, 0xF0, 0x10000},
-}};
-
-constexpr bool isShowable(std::uint32_t point) {
-    const bool isControl = point < 0x20 || (point >= 0x7F && point < 0xA0);
-    const bool isSurrogate = point >= 0xD800 && point < 0xE000;
-    return !isControl && !isSurrogate && point <= 0x10FFFF;
-}
-
-const Form* formOf(std::uint8_t first) {
-    for (const Form& form : kForms)
-        if ((first & form.mask) == form.mark)
-            return &form;
-    return nullptr;
-}
-
-// The length of the showable character that `text` begins with; 0 when it begins with none.
-std::size_t showableLength(std::string_view text) {
-    const auto byteAt = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
-    const Form* const form = formOf(byteAt(0));
-    if (form == nullptr || form->length > text.size())
-        return 0;
-    std::uint32_t point = byteAt(0) & static_cast<std::uint8_t>(~form->mask);
-    for (std::size_t i = 1; i < form->length; ++i) {
-        if ((byteAt(i) & 0xC0U) != 0x80U)
-            return 0;
-        point = (point << 6U) | (byteAt(i) & 0x3FU);
-    }
-    return point >= form->smallest && isShowable(point) ? form->length : 0;
-}
-
-} // namespace
-
 std::string displayName(std::string_view sceneName) {
     const std::size_t last = sceneName.find_last_not_of('\0');
-    std::string_view rest = last == std::string_view::npos ? "" : sceneName.substr(0, last + 1);
-    std::string shown;
-    while (!rest.empty()) {
-        const std::size_t length = showableLength(rest);
-        shown += length == 0 ? kReplacement : rest.substr(0, length);
-        rest.remove_prefix(length == 0 ? 1 : length);
-    }
-    return shown;
+    return readableText(last == std::string_view::npos ? "" : sceneName.substr(0, last + 1));
 }
 
 } // namespace scenewright

@@ -1,5 +1,7 @@
 #include "usb/MidiDevices.h"
 
+#include "platform/ReadableText.h"
+
 #include <algorithm>
 #include <fstream>
 
@@ -24,15 +26,10 @@ bool hasMidiStreaming(const LibusbDevice& device) {
 
 // The first line; a device may put anything into its names, a terminal's commands included.
 std::string textOf(const fs::path& file) {
-    constexpr char kFirstPrintable = ' ';
-    constexpr char kDelete = '\x7F';
     std::ifstream stream(file);
     std::string line;
     std::getline(stream, line);
-    for (char& letter : line)
-        if ((letter >= 0 && letter < kFirstPrintable) || letter == kDelete)
-            letter = '?';
-    return line;
+    return readableText(line);
 }
 
 // The folder of the device on this bus and address; empty if there is none.

@@ -1,6 +1,6 @@
 #include "virtual/Fault.h"
 
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 
 #include <fmt/format.h>
 
@@ -46,14 +46,14 @@ std::optional<Fault> parseFault(std::string_view text, std::string& trouble) {
     if (!kind) {
         trouble = fmt::format("'{}' is no fault: it must be handshake:N, silent:N, short:N, "
                               "nibble:N, write:N, unplug:N or stall:N",
-                              displayName(text));
+                              readableText(text));
         return std::nullopt;
     }
     const auto count =
         colon == std::string_view::npos ? std::nullopt : countFrom(text.substr(colon + 1));
     if (!count) {
         trouble = fmt::format("'{}' is no fault: a number from 0 to 4294967295 must follow '{}:'",
-                              displayName(text), text.substr(0, colon));
+                              readableText(text), text.substr(0, colon));
         return std::nullopt;
     }
     return Fault{*kind, *count};

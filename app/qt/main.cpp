@@ -6,9 +6,9 @@
 #include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/Translation.h"
-#include "model/SceneName.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
+#include "platform/ReadableText.h"
 #include "protocol/SendJob.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
@@ -32,7 +32,7 @@ constexpr int kExitUsage = 2;
 
 int complain(std::string_view sentence, int exitCode) {
     // A file's name or an argument in it may hold anything, a terminal's commands included.
-    fmt::print(stderr, "scenewright: {}\n", displayName(sentence));
+    fmt::print(stderr, "scenewright: {}\n", readableText(sentence));
     return exitCode;
 }
 

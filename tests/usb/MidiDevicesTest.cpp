@@ -69,13 +69,22 @@ TEST_F(MidiDevicesTest, ASilentDeviceHasEmptyNames) {
 
 TEST_F(MidiDevicesTest, ControlCharactersOfANameAreNotPassedOn) {
     nameDevice("1-1", "2", "\x1B[2JAcme\x7F", "Tasten größer");
-    EXPECT_EQ(listed().at(0).maker, "?[2JAcme?");
+    EXPECT_EQ(listed().at(0).maker, "\uFFFD[2JAcme\uFFFD");
     EXPECT_EQ(listed().at(0).name, "Tasten größer");
+}
+
+TEST_F(MidiDevicesTest, ControlCharactersOfTwoBytesAndWrongBytesAreNotPassedOn) {
+    nameDevice("1-1", "2",
+               "\xC2\x9B"
+               "31mAcme",
+               "Keys\xFF");
+    EXPECT_EQ(listed().at(0).maker, "\uFFFD\uFFFD31mAcme");
+    EXPECT_EQ(listed().at(0).name, "Keys\uFFFD");
 }
 
 TEST_F(MidiDevicesTest, AZeroByteOfANameIsNotPassedOnEither) {
     nameDevice("1-1", "2", std::string("Ac\0me", 5), "Keys");
-    EXPECT_EQ(listed().at(0).maker, "Ac?me");
+    EXPECT_EQ(listed().at(0).maker, "Ac\uFFFDme");
 }
 
 TEST_F(MidiDevicesTest, TheSameAddressOnAnotherBusIsAnotherDevice) {

@@ -1,6 +1,6 @@
 #include "virtual/program/Options.h"
 
-#include "model/SceneName.h"
+#include "platform/ReadableText.h"
 #include "virtual/usbip/Listener.h"
 
 #include <CLI/CLI.hpp>
@@ -138,7 +138,7 @@ ProgramLine parseProgramLine(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         return {.options = {},
                 .answer = {},
-                .trouble = fmt::format("{} (--help tells more)", displayName(error.what()))};
+                .trouble = fmt::format("{} (--help tells more)", readableText(error.what()))};
     }
 }
 

@@ -1,5 +1,5 @@
-#include "model/SceneName.h"
 #include "platform/DiagnosticSinks.h"
+#include "platform/ReadableText.h"
 #include "platform/Resources.h"
 #include "virtual/program/BankMemory.h"
 #include "virtual/program/Options.h"
@@ -21,7 +21,7 @@ constexpr int kExitUsage = 2;
 
 void say(std::string_view line) {
     // A file's name or a client's words in it may hold anything, a terminal's commands included.
-    fmt::print(stderr, "{}: {}\n", kVirtualProgram, displayName(line));
+    fmt::print(stderr, "{}: {}\n", kVirtualProgram, readableText(line));
     std::fflush(stderr);
 }
 

@@ -1,5 +1,7 @@
 #include "virtual/usbip/Orders.h"
 
+#include "platform/ReadableText.h"
+
 #include <fmt/format.h>
 
 #include <array>
@@ -40,7 +42,7 @@ std::optional<Order> parseOrder(std::string_view line, std::string& trouble) {
     if (verb == "plug" && !(words >> rest))
         return Order{Order::Kind::Plug, {}};
     trouble = fmt::format("'{}' is no order: those are faults, unplug and plug",
-                          line.substr(0, kMostLetters));
+                          readableText(line.substr(0, kMostLetters)));
     return std::nullopt;
 }
 

@@ -36,6 +36,11 @@ TEST(Orders, PlugAndUnplugAreWordsOfTheirOwn) {
     EXPECT_EQ(orderOf("  plug "), (Order{Kind::Plug, {}}));
 }
 
+TEST(Orders, ControlCharactersAreNotRepeatedInTheSentence) {
+    EXPECT_EQ(troubleOf("stop\x1B[31m"),
+              "'stop\uFFFD[31m' is no order: those are faults, unplug and plug");
+}
+
 TEST(Orders, AnythingElseIsNoOrder) {
     EXPECT_EQ(troubleOf("unplug 3"), "'unplug 3' is no order: those are faults, unplug and plug");
     EXPECT_EQ(troubleOf(""), "'' is no order: those are faults, unplug and plug");
