@@ -195,10 +195,10 @@ LibusbInterfaceDescriptor interfaceOf(const libusb_interface_descriptor& descrip
     return interface;
 }
 
-class Device : public LibusbDevice {
+class OpenedDevice : public LibusbDevice {
 public:
-    Device(Context context, DeviceReference device, const libusb_device_descriptor& descriptor,
-           std::shared_ptr<Flights> flights)
+    OpenedDevice(Context context, DeviceReference device,
+                 const libusb_device_descriptor& descriptor, std::shared_ptr<Flights> flights)
         : context_(std::move(context)), device_(std::move(device)), vendor_(descriptor.idVendor),
           product_(descriptor.idProduct), flights_(std::move(flights)) {}
 
@@ -286,7 +286,7 @@ ResultCode Api::devices(std::vector<std::shared_ptr<LibusbDevice>>& list) {
         libusb_device_descriptor descriptor{};
         if (libusb_get_device_descriptor(device.get(), &descriptor) == LIBUSB_SUCCESS)
             list.push_back(
-                std::make_shared<Device>(context, std::move(device), descriptor, flights_));
+                std::make_shared<OpenedDevice>(context, std::move(device), descriptor, flights_));
     }
     return kResultSuccess;
 }

@@ -24,6 +24,10 @@ struct LibusbEndpoint {
     std::uint8_t interval = 0;
 };
 
+// Class codes of an interface, as USB gives them out: Audio, and its subclass for MIDI streaming.
+inline constexpr std::uint8_t kAudioClass = 1;
+inline constexpr std::uint8_t kMidiStreaming = 3;
+
 struct LibusbInterfaceDescriptor {
     std::uint8_t number = 0;
     std::uint8_t alternateSetting = 0;

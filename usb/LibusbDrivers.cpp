@@ -7,10 +7,6 @@
 
 namespace scenewright {
 
-namespace {
-constexpr std::uint8_t kAudioClass = 1; // USB class codes: Audio
-}
-
 DetachedDrivers::DetachedDrivers(LibusbHandle& handle, std::uint8_t target,
                                  std::span<const LibusbInterfaceDescriptor> interfaces)
     : handle_(handle) {

@@ -67,9 +67,9 @@ bool isAsked(const InterfaceRequest& request, const LibusbInterfaceDescriptor& i
            isAsked(request.alternateSetting, interface.alternateSetting);
 }
 
-class Device : public UsbDevice {
+class FoundDevice : public UsbDevice {
 public:
-    explicit Device(std::shared_ptr<LibusbDevice> device) : device_(std::move(device)) {}
+    explicit FoundDevice(std::shared_ptr<LibusbDevice> device) : device_(std::move(device)) {}
 
     std::uint16_t vendor() override { return device_->vendor(); }
     std::uint16_t product() override { return device_->product(); }
@@ -99,7 +99,7 @@ public:
                            std::unique_ptr<UsbDevice>& device) override {
         if (type_ != PlugInType::Device)
             return kResultNotSupported;
-        device = std::make_unique<Device>(service_.device());
+        device = std::make_unique<FoundDevice>(service_.device());
         return kResultSuccess;
     }
     ResultCode queryInterface(const UsbIdentifier& /*identifier*/,

@@ -43,7 +43,7 @@ private:
     // The endpoint of a pipe of the given direction bit, on an open interface.
     ResultCode endpointOf(std::uint8_t pipe, std::uint8_t direction, std::uint8_t& address) const;
     // Gives the result back, and keeps in mind what has to be put in order at the end.
-    ResultCode noted(std::uint8_t address, ResultCode result) const;
+    [[nodiscard]] ResultCode noted(std::uint8_t address, ResultCode result) const;
 
     std::shared_ptr<LibusbDevice> device_;
     std::vector<LibusbInterfaceDescriptor> interfaces_;

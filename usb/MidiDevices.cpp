@@ -11,10 +11,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// USB class codes: Audio, and its subclass for MIDI streaming.
-constexpr std::uint8_t kAudioClass = 1;
-constexpr std::uint8_t kMidiStreaming = 3;
-
 bool hasMidiStreaming(const LibusbDevice& device) {
     std::vector<LibusbInterfaceDescriptor> interfaces;
     if (device.interfaces(interfaces) != kResultSuccess)

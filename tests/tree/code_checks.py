@@ -31,6 +31,9 @@ CPPCHECK = [
     "--suppress=internalAstError",
 ]
 
+# Names that a file takes in for itself would reach the files that follow it in one unit.
+_TAKES_NAMES_IN = re.compile(r"^using (enum|namespace)\b", re.MULTILINE)
+
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
 
@@ -72,18 +75,23 @@ def format_command(root, path):
 
 
 def tidy_command(root, build, path):
-    return ["clang-tidy", "--quiet", f"-p={build}", str(root / path)]
+    config = f"--config-file={root / '.clang-tidy'}"
+    return ["clang-tidy", "--quiet", config, f"-p={build}", str(root / path)]
 
 
-def program_units(root, build):
-    """The translation units of the programs with their compile commands; generated ones are left
-    out, and so are the tests, whose macros take the checker most of its time."""
-    entries = json.loads((build / "compile_commands.json").read_text())
-    for entry in entries:
+def program_entries(root, build):
+    """The compile commands of the programs' own translation units; generated ones are left out,
+    and so are the tests, whose macros take the checker most of its time."""
+    for entry in json.loads((build / "compile_commands.json").read_text()):
         path = Path(entry["file"])
         inside = path.is_relative_to(root) and not path.is_relative_to(build)
         if inside and path.relative_to(root).parts[0] != "tests":
-            yield path.relative_to(root).as_posix(), entry["command"]
+            yield path.relative_to(root).as_posix(), entry
+
+
+def program_units(root, build):
+    for name, entry in program_entries(root, build):
+        yield name, entry["command"]
 
 
 def check_one(root, passed, name, parts, command):
@@ -97,10 +105,44 @@ def check_one(root, passed, name, parts, command):
     return output or f"{name}: {command[0]} failed and said nothing"
 
 
+def tidy_together(root, build, passed, jobs):
+    """Marks what passes when it is checked as one unit with its folder's other files: most of the
+    checker's time goes into headers that they share. What does not pass so is checked by itself."""
+    marks = {name: passed.mark(root, closure(root, name), *parts) for name, parts, _ in jobs}
+    units = build / "checked" / "units"
+    units.mkdir(parents=True, exist_ok=True)
+    groups = {}
+    for name, entry in program_entries(root, build):
+        alone = _TAKES_NAMES_IN.search((root / name).read_text())
+        if name in marks and not marks[name].exists() and not alone:
+            flags = entry["command"].split(" -o ")[0]
+            groups.setdefault((Path(name).parent, flags), []).append((name, entry))
+    entries = []
+    for number, members in enumerate(groups.values()):
+        unit = units / f"{number}.cpp"
+        # Another file's including is what makes it one unit.
+        mark = " // NOLINT(bugprone-suspicious-include)"
+        unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name, _ in members))
+        entry = members[0][1]
+        command = entry["command"].replace(entry["file"], str(unit))
+        entries.append({"directory": entry["directory"], "file": str(unit), "command": command})
+    (units / "compile_commands.json").write_text(json.dumps(entries))
+
+    def check(members, entry):
+        if run(tidy_command(root, units, entry["file"]))[0]:
+            for name, _ in members:
+                marks[name].touch()
+
+    with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
+        list(pool.map(check, groups.values(), entries))
+
+
 def check_all(root, build, kind, jobs):
     """What was found, as it is found. jobs: (name, what its answer depends on beside the files,
     command)"""
     passed = Passed(build / "checked" / kind)
+    if kind == "tidy":
+        tidy_together(root, build, passed, jobs)
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
         for output in pool.map(lambda job: check_one(root, passed, *job), jobs):
             if output:

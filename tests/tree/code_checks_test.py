@@ -36,7 +36,7 @@ class CodeChecks(unittest.TestCase):
         target.write_text(text, encoding="utf-8")
         if target.suffix == ".cpp":
             entries = [
-                {"directory": str(self.root), "file": str(file), "command": f"c++ -c {file}"}
+                {"directory": str(self.root), "file": str(file), "command": f"c++ -o x -c {file}"}
                 for file in self.root.glob("**/*.cpp")
             ]
             (self.build / "compile_commands.json").write_text(json.dumps(entries))
@@ -56,6 +56,21 @@ class CodeChecks(unittest.TestCase):
                 outputs = self.outputs(kind)
                 self.assertEqual(len(outputs), 1)
                 self.assertIn("Fault.cpp", outputs[0])
+
+    def test_files_that_pass_together_are_not_checked_one_by_one(self):
+        self.write("model/Other.cpp", CLEAN.replace("twice", "twofold"))
+        jobs = code_checks.tidy_jobs(self.root, self.build)
+        passed = code_checks.Passed(self.build / "checked/tidy")
+        code_checks.tidy_together(self.root, self.build, passed, jobs)
+        self.assertEqual(len(list(passed.folder.iterdir())), 2)
+        self.write("model/Other.cpp", FAULTS["tidy"])
+        outputs = self.outputs("tidy")
+        self.assertEqual(len(outputs), 1)
+        self.assertIn("Other.cpp", outputs[0])
+
+    def test_files_that_cannot_be_one_unit_are_checked_one_by_one(self):
+        self.write("model/Other.cpp", CLEAN)
+        self.assertEqual(self.outputs("tidy"), [])
 
     def test_a_fault_is_told_again_until_it_is_mended(self):
         self.write("model/Fault.cpp", FAULTS["format"])

@@ -11,7 +11,7 @@ namespace {
 enum class UrbCode : std::uint32_t { Submit = 1, Unlink = 2, SubmitReply = 3, UnlinkReply = 4 };
 
 // Offsets in the header.
-constexpr std::size_t kCodeAt = 0;
+constexpr std::size_t kCommandAt = 0;
 constexpr std::size_t kSequenceAt = 4;
 constexpr std::size_t kDeviceAt = 8;
 constexpr std::size_t kDirectionAt = 12;
@@ -70,7 +70,7 @@ void writeReplyStart(ByteWriter& writer, UrbCode code, std::uint32_t sequence, U
 DecodedCommand decodeCommand(ByteView header) {
     if (header.size() < kUrbHeaderSize)
         return {{}, fmt::format("a command of {} bytes", header.size())};
-    const std::uint32_t code = u32At(header, kCodeAt);
+    const std::uint32_t code = u32At(header, kCommandAt);
     if (code == static_cast<std::uint32_t>(UrbCode::Submit))
         return decodeSubmit(header);
     if (code == static_cast<std::uint32_t>(UrbCode::Unlink))
