@@ -2,6 +2,7 @@
 
 import json
 import shutil
+import subprocess
 import tempfile
 import unittest
 from pathlib import Path
@@ -26,7 +27,7 @@ class CodeChecks(unittest.TestCase):
         self.root = Path(folder.name).resolve()
         self.build = self.root / "build"
         self.build.mkdir()
-        for name in (".clang-format", ".clang-tidy"):
+        for name in (".clang-format", ".clang-tidy", ".codespellrc"):
             shutil.copy(ROOT / name, self.root)
         self.write("model/Clean.cpp", CLEAN)
 
@@ -93,6 +94,16 @@ class CodeChecks(unittest.TestCase):
         self.assertEqual(self.outputs("scripts"), [])
         self.write("go", SCRIPT_FAULT)
         self.assertEqual(len(self.outputs("scripts")), 1)
+
+    def test_a_misspelt_word_is_found(self):
+        self.write("notes.md", "Received.\n")
+        self.assertEqual(self.spelling(), 0)
+        self.write("notes.md", "Rec" + "ieved.\n")
+        self.assertNotEqual(self.spelling(), 0)
+
+    def spelling(self):
+        command = ["codespell", "."]
+        return subprocess.run(command, cwd=self.root, capture_output=True, check=False).returncode
 
     def test_tests_and_generated_files_are_no_program_units(self):
         self.write("tests/model/ATest.cpp", CLEAN)
