@@ -1,6 +1,7 @@
 #include "model/CommonAction.h"
 
 #include <array>
+#include <string_view>
 
 namespace scenewright {
 

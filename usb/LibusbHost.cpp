@@ -6,6 +6,8 @@
 #include <fmt/printf.h>
 
 #include <deque>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace scenewright {

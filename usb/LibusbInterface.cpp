@@ -1,5 +1,7 @@
 #include "usb/LibusbInterface.h"
 
+#include <cstdint>
+#include <span>
 #include <utility>
 
 namespace scenewright {

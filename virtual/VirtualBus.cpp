@@ -1,6 +1,12 @@
 #include "virtual/VirtualBus.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
 #include <utility>
 
 namespace scenewright {

@@ -6,7 +6,9 @@
 #include "virtual/VirtualHost.h"
 
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
+#include <span>
 
 namespace scenewright {
 

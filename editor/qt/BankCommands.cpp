@@ -12,6 +12,10 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
 namespace scenewright {
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include "editor/qt/Owned.h"
 
+#include <cstdint>
+
 namespace scenewright {
 
 ControlCommands::ControlCommands(MainWindow& window) : window_(window) {

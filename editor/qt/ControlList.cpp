@@ -8,6 +8,9 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <cstdint>
+#include <vector>
+
 namespace scenewright {
 
 void ControlRows::setSource(ListDataSource* source) {

@@ -9,6 +9,8 @@
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
 
+#include <vector>
+
 namespace scenewright {
 
 DeviceChecks::DeviceChecks(MainWindow& window, BankCommands& banks, NoticeBar& notice)

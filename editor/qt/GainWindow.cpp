@@ -5,6 +5,8 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+#include <cstdint>
+
 namespace scenewright {
 
 namespace {

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QTimer>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <vector>

@@ -9,6 +9,9 @@
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
+#include <cstdint>
+#include <vector>
+
 namespace scenewright {
 
 namespace {

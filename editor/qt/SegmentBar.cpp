@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include <cstdint>
+
 namespace scenewright {
 
 SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(parent) {

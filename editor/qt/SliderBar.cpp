@@ -2,6 +2,8 @@
 
 #include <QScopedValueRollback>
 
+#include <cstdint>
+
 namespace scenewright {
 
 namespace {

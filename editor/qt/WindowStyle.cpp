@@ -4,6 +4,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <array>
 
 namespace scenewright {
 

@@ -9,7 +9,9 @@
 #include <QTest>
 #include <QUrl>
 
+#include <filesystem>
 #include <fstream>
+#include <string>
 
 namespace scenewright::testing {
 

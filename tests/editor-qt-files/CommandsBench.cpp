@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+#include <functional>
+
 namespace scenewright::testing {
 
 CommandsBench::CommandsBench() {

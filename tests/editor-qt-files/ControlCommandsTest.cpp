@@ -1,5 +1,7 @@
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {

@@ -9,6 +9,9 @@
 #include <QMenu>
 #include <QTest>
 
+#include <string>
+#include <tuple>
+
 namespace scenewright::testing {
 namespace {
 

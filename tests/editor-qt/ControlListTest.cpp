@@ -4,6 +4,11 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace scenewright {
 namespace {
 

@@ -8,6 +8,8 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace scenewright {
 namespace {
 

@@ -5,6 +5,8 @@
 #include <QAbstractItemView>
 #include <QTest>
 
+#include <string>
+
 namespace scenewright {
 
 // How a failure names its row.

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace scenewright {
 namespace {
 

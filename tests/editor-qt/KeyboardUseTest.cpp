@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QTest>
 
+#include <cstdint>
+
 namespace scenewright::testing {
 namespace {
 

@@ -6,6 +6,10 @@
 #include <QMenu>
 #include <QTest>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace scenewright::testing {
 namespace {
 

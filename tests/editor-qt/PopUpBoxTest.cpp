@@ -6,6 +6,9 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace scenewright {
 namespace {
 

@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QTest>
 
+#include <cstdint>
 #include <map>
 #include <set>
 

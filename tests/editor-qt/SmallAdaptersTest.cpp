@@ -8,6 +8,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace scenewright {
 namespace {
 

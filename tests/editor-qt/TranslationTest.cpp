@@ -8,6 +8,7 @@
 
 #include <QLabel>
 
+#include <array>
 #include <ostream>
 
 namespace scenewright {

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 
 namespace scenewright::testing {

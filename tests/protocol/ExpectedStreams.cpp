@@ -1,7 +1,10 @@
 #include "tests/protocol/ExpectedStreams.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <span>
+#include <string>
 
 namespace scenewright::testing {
 

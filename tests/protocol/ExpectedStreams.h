@@ -5,6 +5,8 @@
 #include "tests/protocol/DeviceTest.h"
 
 #include <array>
+#include <cstdint>
+#include <span>
 
 namespace scenewright::testing {
 

@@ -3,6 +3,9 @@
 #include "protocol/SceneAction.h"
 #include "tests/protocol/ExpectedStreams.h"
 
+#include <chrono>
+#include <string>
+
 namespace scenewright {
 namespace {
 

@@ -3,6 +3,8 @@
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"
 
+#include <string>
+
 namespace scenewright {
 namespace {
 

@@ -6,6 +6,7 @@
 #include "usb/Transport.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace scenewright {
 namespace {

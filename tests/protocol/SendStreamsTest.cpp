@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdio>
+#include <string>
 
 namespace scenewright {
 namespace {

@@ -1,5 +1,8 @@
 #include "tests/protocol/TestScenes.h"
 
+#include <memory>
+#include <vector>
+
 namespace scenewright::testing {
 
 const std::vector<ControlBytes>& controlBytes() {

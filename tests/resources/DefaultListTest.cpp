@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <map>
 #include <set>
+#include <string_view>
 #include <tuple>
+#include <variant>
 
 namespace scenewright {
 namespace {

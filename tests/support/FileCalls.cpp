@@ -1,8 +1,11 @@
 #include "tests/support/FileCalls.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
+#include <string>
 #include <sys/syscall.h>
 #include <system_error>
 

@@ -5,6 +5,7 @@ import unittest
 from pathlib import Path
 
 import include_directions
+import include_spelling
 import sizes
 import sources
 
@@ -19,6 +20,45 @@ class TreeTest(unittest.TestCase):
         target = self.root / path
         target.parent.mkdir(parents=True, exist_ok=True)
         target.write_text(text, encoding="utf-8")
+
+
+class IncludeSpelling(TreeTest):
+    def faults(self):
+        return list(include_spelling.violations(self.root))
+
+    def test_well_spelled_includes_pass(self):
+        self.write("model/A.h", "#pragma once\n#include <vector>\nstd::vector<int> all();\n")
+        self.write("model/A.cpp", '#include "model/A.h"\n\nstd::vector<int> all() { return {}; }\n')
+        self.write("model/B.h", "// std::map is spoken of, not used\n")
+        self.assertEqual(self.faults(), [])
+
+    def test_each_misspelling_is_found(self):
+        self.write("model/A.h", "#pragma once\n")
+        for line, fault in {
+            '#include "model/../model/A.h"': "not the plain path from the root",
+            '#include "./model/A.h"': "not the plain path from the root",
+            "#include <model/A.h>": "a file of the tree stands in quotes",
+            '#  include "model/A.h"': "not spelled as the others are",
+            '#include "model/A.h"\n#include "model/A.h"': "stands here twice",
+        }.items():
+            self.write("model/B.cpp", line + "\n")
+            faults = self.faults()
+            self.assertEqual(len(faults), 1, line)
+            self.assertTrue(faults[0].endswith(fault), faults)
+
+    def test_a_header_that_does_not_come_first_in_its_source_is_found(self):
+        self.write("model/A.h", "#pragma once\n")
+        self.write("model/B.h", "#pragma once\n")
+        self.write("model/B.cpp", '#include "model/A.h"\n#include "model/B.h"\n')
+        self.assertEqual(
+            self.faults(), ['model/B.cpp: its own header "model/B.h" is not included first']
+        )
+
+    def test_a_name_without_its_header_is_found(self):
+        self.write("model/B.cpp", "std::optional<int> none();\n")
+        self.assertEqual(
+            self.faults(), ["model/B.cpp: uses names of <optional> and does not include it"]
+        )
 
 
 class IncludeDirections(TreeTest):

@@ -1,5 +1,9 @@
 #include "tests/usb/TransportFixture.h"
 
+#include <cstdint>
+#include <map>
+#include <string_view>
+
 namespace scenewright::testing {
 namespace {
 

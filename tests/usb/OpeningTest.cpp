@@ -1,5 +1,7 @@
 #include "tests/usb/TransportFixture.h"
 
+#include <cstdint>
+
 namespace scenewright::testing {
 namespace {
 

@@ -1,6 +1,8 @@
 #include "tests/usb/TransportFixture.h"
 
 #include <array>
+#include <chrono>
+#include <cstdint>
 #include <numeric>
 
 namespace scenewright::testing {

@@ -3,6 +3,8 @@
 #include <fmt/printf.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
 #include <utility>
 
 namespace scenewright::testing {

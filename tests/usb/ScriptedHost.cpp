@@ -4,6 +4,7 @@
 #include "usb/PlatformIds.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 

@@ -1,5 +1,6 @@
 #include "tests/usb/TransportFixture.h"
 
+#include <cstdint>
 #include <future>
 
 namespace scenewright::testing {

@@ -7,6 +7,7 @@
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
+#include <algorithm>
 #include <random>
 
 namespace scenewright::testing {

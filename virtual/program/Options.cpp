@@ -7,8 +7,10 @@
 #include <fmt/format.h>
 
 #include <charconv>
+#include <cstdint>
 #include <sstream>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 

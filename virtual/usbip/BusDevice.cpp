@@ -1,7 +1,9 @@
 #include "virtual/usbip/BusDevice.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace scenewright::usbip {
 

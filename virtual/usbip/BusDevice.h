@@ -7,7 +7,9 @@
 #include "virtual/BankKeeper.h"
 #include "virtual/usbip/ControlEndpoint.h"
 
+#include <cstdint>
 #include <deque>
+#include <vector>
 
 namespace scenewright::usbip {
 

@@ -1,5 +1,8 @@
 #include "virtual/usbip/ControlEndpoint.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace scenewright::usbip {
 
 namespace {

@@ -5,7 +5,9 @@
 #include "virtual/usbip/Descriptors.h"
 #include "virtual/usbip/Urb.h"
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace scenewright::usbip {
 

@@ -1,6 +1,7 @@
 #include "virtual/usbip/Descriptors.h"
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace scenewright::usbip {

@@ -2,6 +2,9 @@
 
 #include "virtual/usbip/Descriptors.h"
 
+#include <array>
+#include <cstdint>
+
 namespace scenewright::usbip {
 
 namespace {

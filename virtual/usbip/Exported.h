@@ -5,6 +5,7 @@
 #include "virtual/VirtualHost.h"
 #include "virtual/usbip/Operations.h"
 
+#include <cstdint>
 #include <functional>
 #include <string_view>
 

@@ -8,10 +8,13 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <span>
+#include <string_view>
 #include <sys/signalfd.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace scenewright::usbip {
 

@@ -13,6 +13,7 @@
 #include <list>
 #include <optional>
 #include <poll.h>
+#include <span>
 
 namespace scenewright::usbip {
 

@@ -4,6 +4,10 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
+#include <span>
+#include <variant>
+
 namespace scenewright::usbip {
 
 Session::Session(Exported& exported, Start start)

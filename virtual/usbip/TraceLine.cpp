@@ -3,6 +3,9 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <cstdint>
+#include <string_view>
+
 namespace scenewright::usbip {
 
 namespace {

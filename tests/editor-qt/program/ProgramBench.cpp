@@ -8,9 +8,12 @@
 #include <QTest>
 
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <xcb/xcb.h>
 
 namespace scenewright::testing {

@@ -1,6 +1,8 @@
 // The rule of a pad's or key's assign type.
 #include "tests/editor/logic/EditorBench.h"
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {

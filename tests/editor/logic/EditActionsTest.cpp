@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <vector>
 
 namespace scenewright::testing {
 

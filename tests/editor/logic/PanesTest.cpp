@@ -1,5 +1,7 @@
 #include "tests/editor/logic/EditorBench.h"
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {

@@ -1,6 +1,9 @@
 #include "app/WindowAction.h"
 #include "tests/editor/logic/EditorBench.h"
 
+#include <optional>
+#include <vector>
+
 namespace scenewright::testing {
 
 namespace {

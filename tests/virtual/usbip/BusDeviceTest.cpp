@@ -3,6 +3,9 @@
 #include "tests/virtual/ControllerDriver.h"
 #include "virtual/usbip/TraceLine.h"
 
+#include <cstdint>
+#include <optional>
+
 namespace scenewright::usbip {
 namespace {
 

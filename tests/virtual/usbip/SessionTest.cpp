@@ -3,6 +3,10 @@
 #include "tests/virtual/ControllerDriver.h"
 #include "tests/virtual/usbip/Messages.h"
 
+#include <array>
+#include <optional>
+#include <span>
+
 namespace scenewright::usbip {
 namespace {
 
