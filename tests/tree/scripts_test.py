@@ -226,9 +226,39 @@ class RunAndTest(ScriptTest):
             self.assertEqual(done.returncode, 8)
             self.assertEqual(
                 done.stdout,
-                f"ctest --test-dir {self.tree}/build/dev --output-on-failure "
+                f"ctest --test-dir {self.tree}/build/tests --output-on-failure "
                 f"--parallel {len(os.sched_getaffinity(0))} -R platform\n",
             )
+
+    def test_test_builds_every_preset_and_gives_ctest_their_tests_as_one(self):
+        self.run_script("test")
+        presets = ["dev", "asan", "tsan", "fuzz"]
+        asked = self.asked()
+        self.assertEqual(
+            [call for call in asked if "--preset" in call],
+            [f"cmake -S {self.tree} --preset {preset}" for preset in presets],
+        )
+        targets = [""] + 3 * [" --target=scenewright_test_programs"]
+        self.assertEqual(
+            [call for call in asked if "--build" in call],
+            [
+                f"cmake --build {self.tree}/build/{preset}{target}"
+                for preset, target in zip(presets, targets)
+            ],
+        )
+        self.assertEqual(
+            (self.tree / "build/tests/CTestTestfile.cmake").read_text().splitlines(),
+            [f'subdirs("{self.tree}/build/{preset}")' for preset in presets],
+        )
+
+    def test_test_runs_longer_checks_on_request(self):
+        for option, script in {"--fuzz": "tests/fuzz/run", "--soak": "tests/system/soak"}.items():
+            target = self.tree / script
+            target.parent.mkdir(parents=True, exist_ok=True)
+            target.write_text('#!/bin/bash\necho "${0##*/} $*"; exit 3\n')
+            target.chmod(0o755)
+            done = self.run_script("test", option, "7")
+            self.assertEqual((done.returncode, done.stdout), (3, f"{target.name} 7\n"))
 
 
 if __name__ == "__main__":
