@@ -50,7 +50,7 @@ def command(image, initrd, console, results):
     return ["qemu-system-x86_64", "-nodefaults", "-no-user-config", "-display", "none",
             "-no-reboot", "-accel", "tcg,thread=multi", "-cpu", "max", "-smp", "1",
             "-m", str(MEMORY_MIB), "-kernel", str(image), "-initrd", str(initrd),
-            "-append", "console=ttyS0 panic=-1 quiet mitigations=off tsc=reliable",
+            "-append", "console=ttyS0 panic=-1 quiet mitigations=off tsc=reliable no_timer_check",
             "-chardev", f"file,id=console,path={quoted(console)}", "-serial", "chardev:console",
             "-chardev", f"file,id=results,path={quoted(results)}", "-serial", "chardev:results",
             "-virtfs",
