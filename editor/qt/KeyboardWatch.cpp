@@ -1,10 +1,13 @@
 #include "editor/qt/KeyboardWatch.h"
 
 #include "editor/qt/Text.h"
+#include "platform/Diagnostics.h"
 #include "platform/Resources.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
+
+#include <utility>
 
 namespace scenewright {
 
@@ -41,6 +44,42 @@ private:
     std::vector<DeviceIds> list_;
 };
 
+const char* nameOf(KeyboardPresence presence) {
+    switch (presence) {
+    case KeyboardPresence::Unplugged:
+        return "not plugged in";
+    case KeyboardPresence::NoPermission:
+        return "plugged in, no permission";
+    case KeyboardPresence::Claimed:
+        return "in use by another program";
+    case KeyboardPresence::Usable:
+        return "plugged in";
+    }
+    return "";
+}
+
+QString textOf(KeyboardPresence presence) {
+    switch (presence) {
+    case KeyboardPresence::Unplugged:
+        return KeyboardWatch::tr("No keyboard plugged in");
+    case KeyboardPresence::NoPermission:
+        return KeyboardWatch::tr("Keyboard plugged in, but you have no permission to use it");
+    case KeyboardPresence::Claimed:
+        return KeyboardWatch::tr("Keyboard in use by another program");
+    case KeyboardPresence::Usable:
+        return KeyboardWatch::tr("Keyboard plugged in");
+    }
+    return {};
+}
+
+QString cureOf(KeyboardPresence presence) {
+    if (presence == KeyboardPresence::NoPermission)
+        return shown(causeAndCure(kResultAccess));
+    if (presence == KeyboardPresence::Claimed)
+        return shown(causeAndCure(kResultBusy));
+    return {};
+}
+
 } // namespace
 
 KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_(std::move(look)) {
@@ -67,27 +106,13 @@ void KeyboardWatch::look() {
 }
 
 void KeyboardWatch::show(KeyboardPresence presence) {
-    switch (presence) {
-    case KeyboardPresence::Unplugged:
-        setText(tr("No keyboard plugged in"));
-        setToolTip({});
+    if (presence == KeyboardPresence::Claimed && hasOwnClaim())
+        presence = KeyboardPresence::Usable;
+    if (std::exchange(shown_, presence) == presence)
         return;
-    case KeyboardPresence::NoPermission:
-        setText(tr("Keyboard plugged in, but you have no permission to use it"));
-        setToolTip(shown(causeAndCure(kResultAccess)));
-        return;
-    case KeyboardPresence::Claimed:
-        if (!hasOwnClaim()) {
-            setText(tr("Keyboard in use by another program"));
-            setToolTip(shown(causeAndCure(kResultBusy)));
-            return;
-        }
-        [[fallthrough]];
-    case KeyboardPresence::Usable:
-        setText(tr("Keyboard plugged in"));
-        setToolTip({});
-        return;
-    }
+    Diagnostics::log("Keyboard: %s", nameOf(presence));
+    setText(textOf(presence));
+    setToolTip(cureOf(presence));
 }
 
 } // namespace scenewright

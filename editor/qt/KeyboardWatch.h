@@ -1,6 +1,7 @@
 // Says at the foot of the window whether a listed keyboard is plugged in and can be used.
 //
-// It looks at what the kernel shows, opens nothing, and looks away while a transfer runs.
+// It looks at what the kernel shows, opens nothing, and looks away while a transfer runs. Each
+// change is a line of the log.
 #pragma once
 
 #include "usb/KeyboardPresence.h"
@@ -11,6 +12,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace scenewright {
@@ -35,6 +37,7 @@ private:
 
     Look look_;
     QTimer timer_;
+    std::optional<KeyboardPresence> shown_;
 };
 
 } // namespace scenewright

@@ -1,3 +1,4 @@
+#include "platform/Diagnostics.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QElapsedTimer>
@@ -43,6 +44,28 @@ TEST_F(KeyboardWatchTest, AnotherProgramsClaimIsToldApartFromTheOwn) {
     EXPECT_EQ(text(), "Keyboard in use by another program");
     press(Qt::Key_R); // leaves the interface open
     ASSERT_TRUE(waitUntil([this] { return text() == "Keyboard plugged in"; }));
+}
+
+TEST_F(KeyboardWatchTest, AChangeIsOneLineOfTheLog) {
+    std::string log;
+    Diagnostics::setLog([&log](std::string_view line) { log += std::string(line) + "|"; });
+    int looks = 0;
+    open([&] {
+        ++looks;
+        return presence;
+    });
+    ASSERT_TRUE(waitUntil([&] { return looks >= 3; }));
+    presence = KeyboardPresence::Usable;
+    ASSERT_TRUE(waitUntil([&] { return looks >= 6; }));
+    close();
+    Diagnostics::setLog(nullptr);
+    std::erase_if(log, [](char letter) { return letter == '\n'; });
+    const std::size_t first = log.find("Keyboard: not plugged in");
+    ASSERT_NE(first, std::string::npos);
+    EXPECT_EQ(log.find("Keyboard: not plugged in", first + 1), std::string::npos);
+    const std::size_t second = log.find("Keyboard: plugged in", first);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_EQ(log.find("Keyboard: plugged in", second + 1), std::string::npos);
 }
 
 TEST_F(KeyboardWatchTest, TheKernelsLookIsCheap) {
