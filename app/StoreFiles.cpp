@@ -3,8 +3,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "model/Setting.h"
-
-#include <fmt/format.h>
+#include "platform/Words.h"
 
 namespace scenewright {
 
@@ -25,7 +24,8 @@ void copyInto(SceneValue& stored, const SceneValue& scene) {
 std::optional<std::string> StoreFiles::keep() const {
     auto trouble = earlier_.keep(WindowAction::scenes());
     if (trouble)
-        trouble = fmt::format("the former scenes could not be kept: {}", *trouble);
+        trouble =
+            say(ownText("scenewright::File", "the former scenes could not be kept: {}"), *trouble);
     return trouble;
 }
 

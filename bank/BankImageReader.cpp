@@ -4,9 +4,8 @@
 #include "bank/JsonTree.h"
 #include "model/Control.h"
 #include "model/Setting.h"
+#include "platform/Words.h"
 #include "protocol/SceneImage.h"
-
-#include <fmt/format.h>
 
 namespace scenewright {
 
@@ -41,8 +40,9 @@ std::optional<std::string> readScene(std::span<const std::uint8_t> bytes, std::s
 BankContent readBankImage(std::span<const std::uint8_t> bytes) {
     if (bytes.size() != kBankSize)
         return {{},
-                fmt::format("not a bank: it holds {} bytes, and a bank holds {} or is JSON",
-                            bytes.size(), kBankSize)};
+                say(ownText("scenewright::Bank",
+                            "not a bank: it holds {} bytes, and a bank holds {} or is JSON"),
+                    bytes.size(), kBankSize)};
     SceneList scenes;
     for (std::size_t number = 0; number < kSceneCount; ++number) {
         scenes.push_back(blankScene());

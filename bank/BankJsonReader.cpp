@@ -3,6 +3,7 @@
 #include "bank/MessageText.h"
 #include "bank/NameText.h"
 #include "model/Setting.h"
+#include "platform/Words.h"
 #include "protocol/SceneImage.h"
 
 #include <fmt/format.h>
@@ -18,6 +19,11 @@ using Kind = JsonNode::Kind;
 using Trouble = std::optional<std::string>;
 using Keys = std::vector<std::string_view>;
 
+// In sentences of the form "PLACE must be ..., and is ...".
+constexpr OwnText kText = ownText("scenewright::Bank", "a text");
+constexpr OwnText kArray = ownText("scenewright::Bank", "an array");
+constexpr OwnText kObject = ownText("scenewright::Bank", "an object");
+
 std::string found(const JsonNode& node) {
     switch (node.kind) {
     case Kind::Null:
@@ -29,31 +35,38 @@ std::string found(const JsonNode& node) {
     case Kind::Number:
         return forMessage(node.text);
     case Kind::Text:
-        return "a text";
+        return say(kText);
     case Kind::Array:
-        return "an array";
+        return say(kArray);
     case Kind::Object:
-        return "an object";
+        return say(kObject);
     }
     return {};
 }
 
 std::string notExpected(std::string_view place, std::string_view expected, std::string_view is) {
-    return fmt::format("{} must be {}, and is {}", place.empty() ? "it" : place, expected, is);
+    return say(ownText("scenewright::Bank", "{} must be {}, and is {}"),
+               place.empty() ? say(ownText("scenewright::Bank", "it")) : std::string(place),
+               expected, is);
+}
+
+std::string missing(std::string_view place) {
+    return say(ownText("scenewright::Bank", "{} is missing"), place);
 }
 
 // The object's keys are `required`, `allowed` besides them, comments, and no other.
 Trouble keysTrouble(const JsonNode& node, std::string_view place, const Keys& required,
                     const Keys& allowed = {}) {
     if (node.kind != Kind::Object)
-        return notExpected(place, "an object", found(node));
+        return notExpected(place, say(kObject), found(node));
     for (const std::string& key : node.keys)
         if (!key.starts_with(kCommentMark) && std::ranges::find(required, key) == required.end() &&
             std::ranges::find(allowed, key) == allowed.end())
-            return memberPlace(place, forMessage(key)) + " is unknown";
+            return say(ownText("scenewright::Bank", "{} is unknown"),
+                       memberPlace(place, forMessage(key)));
     for (const std::string_view key : required)
         if (node.find(key) == nullptr)
-            return memberPlace(place, key) + " is missing";
+            return missing(memberPlace(place, key));
     return std::nullopt;
 }
 
@@ -77,15 +90,15 @@ Trouble readFields(const JsonNode& node, const std::string& place, ControlKind k
 
 // An array of exactly `count` elements; `owner` and `elements` say of what, for the message.
 Trouble countTrouble(const JsonNode& node, std::string_view place, std::int32_t count,
-                     std::string_view owner, std::string_view elements) {
+                     OwnText owner, std::string_view elements) {
     if (node.kind != Kind::Array)
-        return notExpected(place, "an array", found(node));
+        return notExpected(place, say(kArray), found(node));
     const std::size_t expected = static_cast<std::size_t>(count);
     if (node.values.size() < expected)
-        return elementPlace(place, node.values.size()) + " is missing";
+        return missing(elementPlace(place, node.values.size()));
     if (node.values.size() > expected)
-        return fmt::format("{} is one too many, as {} has {} {}", elementPlace(place, expected),
-                           owner, count, elements);
+        return say(ownText("scenewright::Bank", "{} is one too many, as {} has {} {}"),
+                   elementPlace(place, expected), say(owner), count, elements);
     return std::nullopt;
 }
 
@@ -94,7 +107,8 @@ Trouble readControls(const JsonNode& node, const std::string& place, const Contr
     if (range.kind == ControlKind::Common)
         return readFields(node, place, range.kind, 0, scene);
     if (Trouble trouble =
-            countTrouble(node, place, range.count, "a scene", controlsKey(range.kind)))
+            countTrouble(node, place, range.count, ownText("scenewright::Bank", "a scene"),
+                         controlsKey(range.kind)))
         return trouble;
     for (std::size_t i = 0; i < node.values.size(); ++i)
         if (Trouble trouble = readFields(node.values[i], elementPlace(place, i), range.kind,
@@ -107,19 +121,22 @@ Trouble readName(const JsonNode& node, const std::string& place, const SceneValu
     const JsonNode* const text = node.find("name");
     const JsonNode* const digits = node.find("nameBytes");
     if (text != nullptr && digits != nullptr)
-        return memberPlace(place, "nameBytes") + " must not stand beside a name";
+        return say(ownText("scenewright::Bank", "{} must not stand beside a name"),
+                   memberPlace(place, "nameBytes"));
     if (text == nullptr && digits == nullptr)
-        return memberPlace(place, "name") + " is missing";
+        return missing(memberPlace(place, "name"));
     const std::string_view key = text != nullptr ? "name" : "nameBytes";
     const JsonNode& value = text != nullptr ? *text : *digits;
     if (value.kind != Kind::Text)
-        return notExpected(memberPlace(place, key), "a text", found(value));
+        return notExpected(memberPlace(place, key), say(kText), found(value));
     const auto name = text != nullptr ? nameOfText(value.text) : nameOfHex(value.text);
     if (!name)
-        return notExpected(memberPlace(place, key),
-                           text != nullptr ? "at most 12 bytes without control characters"
-                                           : "24 hexadecimal digits",
-                           fmt::format("\"{}\"", forMessage(value.text)));
+        return notExpected(
+            memberPlace(place, key),
+            say(text != nullptr
+                    ? ownText("scenewright::Bank", "at most 12 bytes without control characters")
+                    : ownText("scenewright::Bank", "24 hexadecimal digits")),
+            fmt::format("\"{}\"", forMessage(value.text)));
     scene.commonValue()->setSceneName(*name);
     return std::nullopt;
 }
@@ -145,7 +162,7 @@ Trouble readScene(const JsonNode& node, const std::string& place, const SceneVal
 Trouble formatTrouble(const JsonNode& root, std::string_view format) {
     const JsonNode* const value = root.find("format");
     if (value == nullptr)
-        return "format is missing";
+        return missing("format");
     if (value->kind == Kind::Text && value->text == format)
         return std::nullopt;
     return notExpected("format", jsonQuoted(format),
@@ -156,17 +173,18 @@ Trouble formatTrouble(const JsonNode& root, std::string_view format) {
 Trouble versionTrouble(const JsonNode& root) {
     const JsonNode* const value = root.find("version");
     if (value == nullptr)
-        return "version is missing";
+        return missing("version");
     if (value->kind == Kind::Integer && value->integer == kBankVersion)
         return std::nullopt;
-    return fmt::format("version is {}, and this program knows version {} only", found(*value),
-                       kBankVersion);
+    return say(
+        ownText("scenewright::Bank", "version is {}, and this program knows version {} only"),
+        found(*value), kBankVersion);
 }
 
 // Format and version come first: a later version's keys must not be called unknown.
 Trouble headTrouble(const JsonNode& root, std::string_view format, std::string_view content) {
     if (root.kind != Kind::Object)
-        return notExpected("", "an object", found(root));
+        return notExpected("", say(kObject), found(root));
     if (Trouble trouble = formatTrouble(root, format))
         return trouble;
     if (Trouble trouble = versionTrouble(root))
@@ -180,7 +198,8 @@ BankContent readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
     if (!trouble)
         trouble = headTrouble(tree.root, isBank ? kBankFormat : kSceneFormat, key);
     if (!trouble && isBank)
-        trouble = countTrouble(*tree.root.find(key), key, kSceneCount, "a bank", key);
+        trouble = countTrouble(*tree.root.find(key), key, kSceneCount,
+                               ownText("scenewright::Bank", "a bank"), key);
     for (std::size_t i = 0; !trouble && i < scenes.size(); ++i) {
         const JsonNode& content = *tree.root.find(key);
         trouble = isBank ? readScene(content.values[i], elementPlace(key, i), *scenes[i])
@@ -194,7 +213,8 @@ BankContent readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
 } // namespace
 
 std::string notAValue(std::string_view place, std::string_view found) {
-    return notExpected(place, "a whole number from 0 to 127", found);
+    return notExpected(place, say(ownText("scenewright::Bank", "a whole number from 0 to 127")),
+                       found);
 }
 
 BankContent readBankJson(std::string_view text) {

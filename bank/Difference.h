@@ -23,6 +23,7 @@ struct Difference {
                                                   const SceneList& second);
 
 // "Scene 1, Pad 3, Type: CC -> Note"; a value without a title stands as its number in parentheses.
+// In the person's language but for the options' titles.
 [[nodiscard]] std::string differenceWords(const Difference& difference);
 // "scene1.pad3.AssignType  Scene 1, Pad 3, Type: CC -> Note".
 [[nodiscard]] std::string differenceLine(const Difference& difference);

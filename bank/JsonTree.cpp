@@ -1,6 +1,7 @@
 #include "bank/JsonTree.h"
 
 #include "bank/MessageText.h"
+#include "platform/Words.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -19,10 +20,10 @@ std::string brokenAt(std::string_view text, std::size_t position) {
     const std::string_view before = text.substr(0, position > 0 ? position - 1 : 0);
     const auto line = std::ranges::count(before, '\n') + 1;
     if (position > text.size())
-        return fmt::format("its JSON text ends too soon, in line {}", line);
+        return say(ownText("scenewright::Bank", "its JSON text ends too soon, in line {}"), line);
     const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-    return fmt::format("its JSON text is wrong at line {}, column {}", line,
-                       before.size() - lineStart + 1);
+    return say(ownText("scenewright::Bank", "its JSON text is wrong at line {}, column {}"), line,
+               before.size() - lineStart + 1);
 }
 
 // Receives the parser's events in the order of the text; a false answer ends the parse.
@@ -59,7 +60,8 @@ public:
     bool key(std::string& name) {
         Open& object = open_.back();
         if (!object.seen.insert(name).second)
-            return fail(fmt::format("{} stands twice", memberPlace(here(), forMessage(name))));
+            return fail(say(ownText("scenewright::Bank", "{} stands twice"),
+                            memberPlace(here(), forMessage(name))));
         object.node.keys.push_back(std::move(name));
         return true;
     }
@@ -95,7 +97,8 @@ private:
 
     bool add(JsonNode node) {
         if (++count_ > kJsonValues)
-            return fail(fmt::format("it holds more than {} values", kJsonValues));
+            return fail(
+                say(ownText("scenewright::Bank", "it holds more than {} values"), kJsonValues));
         if (open_.empty())
             root_ = std::move(node);
         else
@@ -105,7 +108,8 @@ private:
 
     bool open(JsonNode::Kind kind) {
         if (open_.size() == kJsonLevels)
-            return fail(fmt::format("it is nested deeper than {} levels", kJsonLevels));
+            return fail(say(ownText("scenewright::Bank", "it is nested deeper than {} levels"),
+                            kJsonLevels));
         open_.push_back({{kind, 0, {}, {}, {}}, {}});
         return true;
     }
@@ -132,7 +136,7 @@ const JsonNode* JsonNode::find(std::string_view key) const {
 
 JsonTree parseJson(std::string_view text) {
     if (text.size() > kJsonBytes)
-        return {{}, fmt::format("it is longer than {} bytes", kJsonBytes)};
+        return {{}, say(ownText("scenewright::Bank", "it is longer than {} bytes"), kJsonBytes)};
     Builder builder(text);
     nlohmann::json::sax_parse(text.begin(), text.end(), &builder);
     return builder.result();

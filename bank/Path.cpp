@@ -2,6 +2,7 @@
 
 #include "bank/MessageText.h"
 #include "editor/options/SettingOptions.h"
+#include "platform/Words.h"
 
 #include <fmt/format.h>
 
@@ -154,12 +155,6 @@ void appendControls(std::vector<SettingPlace>& places, std::int32_t scene, const
     }
 }
 
-std::string capitalised(std::string_view text) {
-    std::string word(text);
-    word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
-    return word;
-}
-
 } // namespace
 
 std::string pathOf(const SettingPlace& place) {
@@ -171,14 +166,13 @@ std::string pathOf(const SettingPlace& place) {
 }
 
 std::string wordsOf(const SettingPlace& place) {
-    const std::string scene = fmt::format("Scene {}", place.scene + 1);
-    if (place.isName())
-        return scene + ", Name";
-    const std::string_view title = settingTitle(*place.setting);
+    const std::int32_t scene = place.scene + 1;
+    const std::string title =
+        place.isName() ? say(ownText("scenewright::Bank", "Name")) : settingTitle(*place.setting);
     if (place.kind == ControlKind::Common)
-        return fmt::format("{}, {}", scene, title);
-    return fmt::format("{}, {} {}, {}", scene, capitalised(controlRange(place.kind).name),
-                       place.control + 1, title);
+        return say(ownText("scenewright::Bank", "Scene {0}, {1}"), scene, title);
+    return say(ownText("scenewright::Bank", "Scene {0}, {1} {2}, {3}"), scene,
+               kindTitle(place.kind), place.control + 1, title);
 }
 
 PathResult parsePath(std::string_view text) {

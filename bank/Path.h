@@ -36,7 +36,7 @@ struct SettingPlace {
 
 // "scene1.pad3.CR".
 [[nodiscard]] std::string pathOf(const SettingPlace& place);
-// "Scene 1, Pad 3, Red".
+// "Scene 1, Pad 3, Red", in the person's language.
 [[nodiscard]] std::string wordsOf(const SettingPlace& place);
 
 // The members of a kind, or the scenes, that a path names.

@@ -8,7 +8,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 #include <vector>
 
@@ -28,12 +27,6 @@ std::string padded(std::string_view text, std::size_t columns) {
     std::string line(text);
     line.append(columns - std::min(columns, width(text)), ' ');
     return line;
-}
-
-std::string capitalised(std::string_view text) {
-    std::string word(text);
-    word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
-    return word;
 }
 
 std::vector<std::string> words(std::string_view text) {
@@ -110,7 +103,7 @@ std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const Co
     std::vector<std::string> numbers;
     for (std::int32_t member = 1; member <= range.count; ++member)
         numbers.push_back(std::to_string(member));
-    std::vector<Column> columns{makeColumn(capitalised(range.name), std::move(numbers))};
+    std::vector<Column> columns{makeColumn(kindTitle(range.kind), std::move(numbers))};
     for (const Setting& setting : settings()) {
         if (setting.kind() != range.kind)
             continue;

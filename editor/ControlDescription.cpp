@@ -4,11 +4,10 @@
 #include "editor/options/SettingOptions.h"
 #include "model/Control.h"
 
-#include <fmt/printf.h>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace scenewright {
 
@@ -18,7 +17,7 @@ namespace {
 struct Phrase {
     ControlKind kind;
     ControlCondition when;
-    const char* format;
+    OwnText format;
     std::string_view field;
 };
 
@@ -26,44 +25,38 @@ using enum ControlKind;
 using enum ControlCondition;
 
 constexpr auto kPhrases = std::to_array<Phrase>({
-    {Common, Always, "global channel %s", "GlobalMIDICh"},
-    {Common, Always, "keyboard channel %s", "PianoKeyCh"},
-    {Common, Always, "pitch-bend speed %s", "PitchBendSpeed"},
-    {Common, Always, "transposition %s", "KeyTranspose"},
-    {Common, Always, "key velocity curve %s", "KeyVelocityCurve"},
-    {Common, Always, "pad velocity curve %s", "PadVelocityCurve"},
-    {Group, Always, "channel %s", "MIDIChannel"},
-    {Knob, Disabled, "%s", "Enable"},
-    {Knob, Enabled, "CC %s", "CCOrNoteNumber"},
-    {Knob, Enabled, "left %s", "LowerOrLeftValue"},
-    {Knob, Enabled, "right %s", "UpperOrRightValue"},
-    {Slider, Disabled, "%s", "Enable"},
-    {Slider, Enabled, "CC %s", "CCOrNoteNumber"},
-    {Slider, Enabled, "lower %s", "LowerOrLeftValue"},
-    {Slider, Enabled, "upper %s", "UpperOrRightValue"},
-    {Pad, Unassigned, "%s", "AssignType"},
-    {Pad, Controller, "CC %s", "CCOrNoteNumber"},
-    {Pad, Note, "Note %s", "CCOrNoteNumber"},
-    {Pad, Assigned, "channel %s", "MIDIChannel"},
-    {Pad, Assigned, "behavior %s", "PadBehavior"},
-    {Pad, Controller, "on %s", "OnValue"},
-    {Pad, Controller, "off %s", "OffValue"},
-    {Pad, Always, "red %s", "CR"},
-    {Pad, Always, "green %s", "CG"},
-    {Pad, Always, "blue %s", "CB"},
-    {Key, Unassigned, "%s", "AssignType"},
-    {Key, Controller, "CC %s", "CCOrNoteNumber"},
-    {Key, Note, "Note %s", "CCOrNoteNumber"},
-    {Key, Assigned, "behavior %s", "KeyBehavior"},
-    {Key, Controller, "on %s", "OnValue"},
-    {Key, Controller, "off %s", "OffValue"},
+    {Common, Always, ownText("scenewright::Control", "global channel {}"), "GlobalMIDICh"},
+    {Common, Always, ownText("scenewright::Control", "keyboard channel {}"), "PianoKeyCh"},
+    {Common, Always, ownText("scenewright::Control", "pitch-bend speed {}"), "PitchBendSpeed"},
+    {Common, Always, ownText("scenewright::Control", "transposition {}"), "KeyTranspose"},
+    {Common, Always, ownText("scenewright::Control", "key velocity curve {}"), "KeyVelocityCurve"},
+    {Common, Always, ownText("scenewright::Control", "pad velocity curve {}"), "PadVelocityCurve"},
+    {Group, Always, ownText("scenewright::Control", "channel {}"), "MIDIChannel"},
+    {Knob, Disabled, ownText("scenewright::Control", "{}"), "Enable"},
+    {Knob, Enabled, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Knob, Enabled, ownText("scenewright::Control", "left {}"), "LowerOrLeftValue"},
+    {Knob, Enabled, ownText("scenewright::Control", "right {}"), "UpperOrRightValue"},
+    {Slider, Disabled, ownText("scenewright::Control", "{}"), "Enable"},
+    {Slider, Enabled, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Slider, Enabled, ownText("scenewright::Control", "lower {}"), "LowerOrLeftValue"},
+    {Slider, Enabled, ownText("scenewright::Control", "upper {}"), "UpperOrRightValue"},
+    {Pad, Unassigned, ownText("scenewright::Control", "{}"), "AssignType"},
+    {Pad, Controller, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Pad, Note, ownText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
+    {Pad, Assigned, ownText("scenewright::Control", "channel {}"), "MIDIChannel"},
+    {Pad, Assigned, ownText("scenewright::Control", "behavior {}"), "PadBehavior"},
+    {Pad, Controller, ownText("scenewright::Control", "on {}"), "OnValue"},
+    {Pad, Controller, ownText("scenewright::Control", "off {}"), "OffValue"},
+    {Pad, Always, ownText("scenewright::Control", "red {}"), "CR"},
+    {Pad, Always, ownText("scenewright::Control", "green {}"), "CG"},
+    {Pad, Always, ownText("scenewright::Control", "blue {}"), "CB"},
+    {Key, Unassigned, ownText("scenewright::Control", "{}"), "AssignType"},
+    {Key, Controller, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Key, Note, ownText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
+    {Key, Assigned, ownText("scenewright::Control", "behavior {}"), "KeyBehavior"},
+    {Key, Controller, ownText("scenewright::Control", "on {}"), "OnValue"},
+    {Key, Controller, ownText("scenewright::Control", "off {}"), "OffValue"},
 });
-
-std::string capitalised(std::string_view word) {
-    std::string text(word);
-    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
-    return text;
-}
 
 // Null for a record that the scene does not hold. The common settings have no control's record, so
 // an empty one stands for them; their phrases ask for none.
@@ -76,12 +69,14 @@ const ButtonValue* recordOf(const SceneValue& scene, std::int32_t index) {
     return position < records.size() ? records[position].get() : nullptr;
 }
 
-std::string say(const Phrase& phrase, const PopUpValue& lists, const SceneValue& scene,
-                std::int32_t member, Words words) {
+std::string phraseText(const Phrase& phrase, const PopUpValue& lists, const SceneValue& scene,
+                       std::int32_t member) {
     const Setting* setting = findSetting(phrase.kind, phrase.field);
     std::string title =
         setting == nullptr ? std::string(kNoTitle) : optionTitle(lists, *setting, scene, member);
-    return fmt::sprintf(words(phrase.format), title == kNoTitle ? words("unknown") : title);
+    if (title == kNoTitle)
+        title = say(ownText("scenewright::Control", "unknown"));
+    return say(phrase.format, title);
 }
 
 std::uint8_t scaledToFull(std::int32_t level) {
@@ -95,14 +90,14 @@ std::uint8_t scaledToFull(std::int32_t level) {
 std::string controlName(std::int32_t index, Words words) {
     const ControlRange* range = controlRangeOf(index);
     if (range == nullptr)
-        return fmt::sprintf(words("Control %d"), index);
-    const std::string name = words(capitalised(range->name).c_str());
-    return range->count == 1 ? name : fmt::sprintf("%s %d", name, index - range->start + 1);
+        return filled(ownText("scenewright::Control", "Control {}"), words,
+                      fmt::make_format_args(index));
+    std::string name = kindTitle(range->kind, words);
+    return range->count == 1 ? name : fmt::format("{} {}", name, index - range->start + 1);
 }
 
-std::string describeControl(const PopUpValue& lists, const SceneValue& scene, std::int32_t index,
-                            Words words) {
-    std::string text = controlName(index, words);
+std::string describeControl(const PopUpValue& lists, const SceneValue& scene, std::int32_t index) {
+    std::string text = controlName(index);
     const ControlRange* range = controlRangeOf(index);
     const ButtonValue* record = range == nullptr ? nullptr : recordOf(scene, index);
     if (record == nullptr)
@@ -111,7 +106,7 @@ std::string describeControl(const PopUpValue& lists, const SceneValue& scene, st
     for (const Phrase& phrase : kPhrases) {
         if (phrase.kind != range->kind || !holds(phrase.when, *record))
             continue;
-        text += separator + say(phrase, lists, scene, index - range->start, words);
+        text += separator + phraseText(phrase, lists, scene, index - range->start);
         separator = ", ";
     }
     return text;

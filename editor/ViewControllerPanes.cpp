@@ -22,7 +22,7 @@ std::string describe(const SceneValue& scene) {
 
 void logOutside(std::int32_t index, const std::optional<OutsideList>& outside) {
     if (outside)
-        Diagnostics::log("%s: %s is %d, outside its list of %d", controlName(index),
+        Diagnostics::log("%s: %s is %d, outside its list of %d", controlName(index, &asWritten),
                          std::string(outside->field), outside->value, outside->entries);
 }
 

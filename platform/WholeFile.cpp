@@ -1,6 +1,7 @@
 #include "platform/WholeFile.h"
 
 #include "platform/FileDescriptor.h"
+#include "platform/Words.h"
 
 #include <array>
 #include <atomic>
@@ -29,15 +30,14 @@ std::string systemText(int error) {
     return std::generic_category().message(error);
 }
 
-std::string sentence(std::string_view verb, const fs::path& path, std::string_view why) {
-    std::string text = "Cannot ";
-    text += verb;
-    text += ' ';
-    text += path.empty() ? "a file without a name" : path.string();
-    text += ": ";
-    text += why;
-    text += '.';
-    return text;
+constexpr OwnText kCannotRead = ownText("scenewright::File", "Cannot read {0}: {1}.");
+constexpr OwnText kCannotWrite = ownText("scenewright::File", "Cannot write {0}: {1}.");
+constexpr OwnText kIsFolder = ownText("scenewright::File", "it is a folder");
+
+std::string sentence(OwnText text, const fs::path& path, std::string_view why) {
+    const std::string name =
+        path.empty() ? say(ownText("scenewright::File", "a file without a name")) : path.string();
+    return say(text, name, why);
 }
 
 Trouble sourceTrouble(int fd) {
@@ -45,9 +45,9 @@ Trouble sourceTrouble(int fd) {
     if (::fstat(fd, &status) != 0)
         return systemText(errno);
     if (S_ISDIR(status.st_mode))
-        return "it is a folder";
+        return say(kIsFolder);
     if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
-        return "it is neither a file nor a pipe";
+        return say(ownText("scenewright::File", "it is neither a file nor a pipe"));
     return std::nullopt;
 }
 
@@ -63,7 +63,7 @@ Trouble readAll(int fd, std::size_t limit, std::vector<std::uint8_t>& bytes) {
             return systemText(errno);
         bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
         if (bytes.size() > limit)
-            return "it is longer than " + std::to_string(limit) + " bytes";
+            return say(ownText("scenewright::File", "it is longer than {} bytes"), limit);
     }
 }
 
@@ -107,7 +107,7 @@ Trouble folderTrouble(const fs::path& folder) {
     if (::stat(folder.c_str(), &status) != 0)
         return folder.string() + ": " + systemText(errno);
     if (!S_ISDIR(status.st_mode))
-        return folder.string() + " is not a folder";
+        return say(ownText("scenewright::File", "{} is not a folder"), folder.string());
     if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
         return folder.string() + ": " + systemText(errno);
     return std::nullopt;
@@ -125,9 +125,9 @@ Trouble examineExisting(Target& target) {
     if (::stat(target.path.c_str(), &status) != 0)
         return errno == ENOENT ? std::nullopt : Trouble(systemText(errno));
     if (S_ISDIR(status.st_mode))
-        return "it is a folder";
+        return say(kIsFolder);
     if (!S_ISREG(status.st_mode))
-        return "it is no ordinary file";
+        return say(ownText("scenewright::File", "it is no ordinary file"));
     if (::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)
         return systemText(errno);
     target.mode = status.st_mode & kModeBits;
@@ -137,7 +137,8 @@ Trouble examineExisting(Target& target) {
 Target examineTarget(const fs::path& path) {
     Target target;
     if (!path.has_filename()) {
-        target.trouble = path.empty() ? "no name was given" : "it is a folder";
+        target.trouble =
+            say(path.empty() ? ownText("scenewright::File", "no name was given") : kIsFolder);
         return target;
     }
     target.path = followLinks(path, target.trouble);
@@ -222,7 +223,7 @@ FileBytes readWholeFile(const fs::path& path, std::size_t limit) {
     if (!trouble)
         trouble = readAll(file.get(), limit, result.bytes);
     if (trouble)
-        result = {{}, sentence("read", path, *trouble)};
+        result = {{}, sentence(kCannotRead, path, *trouble)};
     return result;
 }
 
@@ -230,12 +231,12 @@ std::optional<std::string> writeWholeFile(const fs::path& path,
                                           std::span<const std::uint8_t> bytes) {
     const Target target = examineTarget(path);
     const Trouble trouble = target.trouble ? target.trouble : replace(target, bytes);
-    return trouble ? Trouble(sentence("write", path, *trouble)) : std::nullopt;
+    return trouble ? Trouble(sentence(kCannotWrite, path, *trouble)) : std::nullopt;
 }
 
 std::optional<std::string> whyNotWritable(const fs::path& path) {
     const Trouble trouble = examineTarget(path).trouble;
-    return trouble ? Trouble(sentence("write", path, *trouble)) : std::nullopt;
+    return trouble ? Trouble(sentence(kCannotWrite, path, *trouble)) : std::nullopt;
 }
 
 } // namespace scenewright

@@ -1,16 +1,44 @@
-// How a text of the program reaches a person: as it is written here, or in their language.
+// Texts of our own for a person, in the folders that know no toolkit: as they are written in the
+// code, or in the person's language.
+//
+// Each is marked where it stands, with the context that its translation is found under, and goes
+// through the one translator that a program has put in. A program without one speaks as written;
+// so do the streams, whatever the language of the window.
 #pragma once
+
+#include <fmt/format.h>
 
 #include <string>
 
 namespace scenewright {
 
-// Texts may hold printf places, which the words for them keep. Any thread, unless a caller says
-// otherwise.
-using Words = std::string (*)(const char* text);
+// Both live as long as the program. `written` may hold places as fmt has them, "{}", which a
+// translation keeps, in any order ("{1} ... {0}").
+struct OwnText {
+    const char* context;
+    const char* written;
+};
 
-[[nodiscard]] inline std::string asWritten(const char* text) {
-    return text;
+constexpr OwnText ownText(const char* context, const char* written) {
+    return {context, written};
+}
+
+// How a text reaches a person.
+using Words = std::string (*)(OwnText text);
+
+[[nodiscard]] std::string asWritten(OwnText text);
+// Through the translator that was put in last. Any thread.
+[[nodiscard]] std::string inLanguage(OwnText text);
+// `translator` may be called on any thread; null for none.
+void setTranslator(Words translator);
+
+[[nodiscard]] std::string filled(OwnText text, Words words, fmt::format_args values);
+
+// The text in the language with its places filled. A translation whose places do not fit is passed
+// over for the text as written.
+template <typename... Values>
+[[nodiscard]] std::string say(OwnText text, const Values&... values) {
+    return filled(text, &inLanguage, fmt::make_format_args(values...));
 }
 
 } // namespace scenewright

@@ -1,7 +1,5 @@
 #include "editor/options/SettingOptions.h"
 
-#include "model/Control.h"
-
 #include <algorithm>
 #include <array>
 
@@ -16,51 +14,81 @@ struct Row {
     std::string_view field;
     const OptionList* list;
     const OptionList* noteList; // for the number of a control that sends a note
-    std::string_view title;
+    OwnText title;
 };
 
 using enum ControlKind;
 
 constexpr auto kRows = std::to_array<Row>({
-    {Common, "GlobalMIDICh", &P::common_GlobalMIDICh_ArrayList, nullptr, "Global MIDI channel"},
-    {Common, "PianoKeyCh", &P::common_PianoKeyCh_ArrayList, nullptr, "Keyboard MIDI channel"},
-    {Common, "PitchBendSpeed", &P::common_PitchBendSpeed_ArrayList, nullptr, "Pitch-bend speed"},
-    {Common, "KeyTranspose", &P::common_KeyTranspose_ArrayList, nullptr, "Octave transposition"},
+    {Common, "GlobalMIDICh", &P::common_GlobalMIDICh_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Global MIDI channel")},
+    {Common, "PianoKeyCh", &P::common_PianoKeyCh_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Keyboard MIDI channel")},
+    {Common, "PitchBendSpeed", &P::common_PitchBendSpeed_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Pitch-bend speed")},
+    {Common, "KeyTranspose", &P::common_KeyTranspose_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Octave transposition")},
     {Common, "KeyVelocityCurve", &P::common_KeyVelocityCurve_ArrayList, nullptr,
-     "Key velocity curve"},
+     ownText("scenewright::Setting", "Key velocity curve")},
     {Common, "KeyConstVelocity", &P::common_KeyConstVelocity_ArrayList, nullptr,
-     "Key constant velocity"},
+     ownText("scenewright::Setting", "Key constant velocity")},
     {Common, "PadVelocityCurve", &P::common_PadVelocityCurve_ArrayList, nullptr,
-     "Pad velocity curve"},
+     ownText("scenewright::Setting", "Pad velocity curve")},
     {Common, "PadConstVelocity", &P::common_PadConstVelocity_ArrayList, nullptr,
-     "Pad constant velocity"},
-    {Group, "MIDIChannel", &P::group_MIDIChannel_ArrayList, nullptr, "MIDI channel"},
-    {Knob, "Enable", &P::knob_Enable_ArrayList, nullptr, "Enabled"},
-    {Knob, "CCOrNoteNumber", &P::knob_CCNumber_ArrayList, nullptr, "CC number"},
-    {Knob, "UpperOrRightValue", &P::knob_UpperOrRightValue_ArrayList, nullptr, "Right value"},
-    {Knob, "LowerOrLeftValue", &P::knob_LowerOrLeftValue_ArrayList, nullptr, "Left value"},
-    {Slider, "Enable", &P::slider_Enable_ArrayList, nullptr, "Enabled"},
-    {Slider, "CCOrNoteNumber", &P::slider_CCNumber_ArrayList, nullptr, "CC number"},
-    {Slider, "UpperOrRightValue", &P::slider_UpperOrRightValue_ArrayList, nullptr, "Upper value"},
-    {Slider, "LowerOrLeftValue", &P::slider_LowerOrLeftValue_ArrayList, nullptr, "Lower value"},
-    {Pad, "AssignType", &P::pad_AssignType_ArrayList, nullptr, "Type"},
+     ownText("scenewright::Setting", "Pad constant velocity")},
+    {Group, "MIDIChannel", &P::group_MIDIChannel_ArrayList, nullptr,
+     ownText("scenewright::Setting", "MIDI channel")},
+    {Knob, "Enable", &P::knob_Enable_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Enabled")},
+    {Knob, "CCOrNoteNumber", &P::knob_CCNumber_ArrayList, nullptr,
+     ownText("scenewright::Setting", "CC number")},
+    {Knob, "UpperOrRightValue", &P::knob_UpperOrRightValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Right value")},
+    {Knob, "LowerOrLeftValue", &P::knob_LowerOrLeftValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Left value")},
+    {Slider, "Enable", &P::slider_Enable_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Enabled")},
+    {Slider, "CCOrNoteNumber", &P::slider_CCNumber_ArrayList, nullptr,
+     ownText("scenewright::Setting", "CC number")},
+    {Slider, "UpperOrRightValue", &P::slider_UpperOrRightValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Upper value")},
+    {Slider, "LowerOrLeftValue", &P::slider_LowerOrLeftValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Lower value")},
+    {Pad, "AssignType", &P::pad_AssignType_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Type")},
     {Pad, "CCOrNoteNumber", &P::pad_CCNumber_ArrayList, &P::pad_NoteNumber_ArrayList,
-     "CC or note number"},
-    {Pad, "OnValue", &P::pad_OnValue_ArrayList, nullptr, "On value"},
-    {Pad, "OffValue", &P::pad_OffValue_ArrayList, nullptr, "Off value"},
-    {Pad, "PadBehavior", &P::pad_PadBehavior_ArrayList, nullptr, "Behavior"},
-    {Pad, "MIDIChannel", &P::pad_MIDIChannel_ArrayList, nullptr, "MIDI channel"},
-    {Pad, "CR", &P::pad_CR_ArrayList, nullptr, "Red"},
-    {Pad, "CG", &P::pad_CG_ArrayList, nullptr, "Green"},
-    {Pad, "CB", &P::pad_CB_ArrayList, nullptr, "Blue"},
-    {Key, "AssignType", &P::key_AssignType_ArrayList, nullptr, "Type"},
+     ownText("scenewright::Setting", "CC or note number")},
+    {Pad, "OnValue", &P::pad_OnValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "On value")},
+    {Pad, "OffValue", &P::pad_OffValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Off value")},
+    {Pad, "PadBehavior", &P::pad_PadBehavior_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Behavior")},
+    {Pad, "MIDIChannel", &P::pad_MIDIChannel_ArrayList, nullptr,
+     ownText("scenewright::Setting", "MIDI channel")},
+    {Pad, "CR", &P::pad_CR_ArrayList, nullptr, ownText("scenewright::Setting", "Red")},
+    {Pad, "CG", &P::pad_CG_ArrayList, nullptr, ownText("scenewright::Setting", "Green")},
+    {Pad, "CB", &P::pad_CB_ArrayList, nullptr, ownText("scenewright::Setting", "Blue")},
+    {Key, "AssignType", &P::key_AssignType_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Type")},
     {Key, "CCOrNoteNumber", &P::key_CCNumber_ArrayList, &P::key_NoteNumber_ArrayList,
-     "CC or note number"},
-    {Key, "OnValue", &P::key_OnValue_ArrayList, nullptr, "On value"},
-    {Key, "OffValue", &P::key_OffValue_ArrayList, nullptr, "Off value"},
-    {Key, "KeyBehavior", &P::key_KeyBehavior_ArrayList, nullptr, "Behavior"},
+     ownText("scenewright::Setting", "CC or note number")},
+    {Key, "OnValue", &P::key_OnValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "On value")},
+    {Key, "OffValue", &P::key_OffValue_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Off value")},
+    {Key, "KeyBehavior", &P::key_KeyBehavior_ArrayList, nullptr,
+     ownText("scenewright::Setting", "Behavior")},
 });
 static_assert(std::size(kRows) == kSettingCount);
+
+// In the order of the kinds.
+constexpr std::array kKindTitles{
+    ownText("scenewright::Control", "Common"), ownText("scenewright::Control", "Group"),
+    ownText("scenewright::Control", "Knob"),   ownText("scenewright::Control", "Slider"),
+    ownText("scenewright::Control", "Pad"),    ownText("scenewright::Control", "Key"),
+};
+static_assert(kKindTitles.size() == std::size(kControlRanges));
 
 // Null for a field that the kind does not carry.
 const Row* rowOf(const Setting& setting) {
@@ -99,9 +127,13 @@ std::string optionTitle(const PopUpValue& lists, const Setting& setting, const S
     return title == nullptr ? std::string(kNoTitle) : *title;
 }
 
-std::string_view settingTitle(const Setting& setting) {
+std::string settingTitle(const Setting& setting) {
     const Row* row = rowOf(setting);
-    return row == nullptr ? setting.name() : row->title;
+    return row == nullptr ? std::string(setting.name()) : inLanguage(row->title);
+}
+
+std::string kindTitle(ControlKind kind, Words words) {
+    return words(kKindTitles.at(static_cast<std::size_t>(kind)));
 }
 
 } // namespace scenewright

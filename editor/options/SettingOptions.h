@@ -5,7 +5,9 @@
 #pragma once
 
 #include "editor/options/PopUpValue.h"
+#include "model/Control.h"
 #include "model/Setting.h"
+#include "platform/Words.h"
 
 #include <cstdint>
 #include <string>
@@ -32,7 +34,9 @@ inline constexpr std::string_view kNoTitle = "---";
 [[nodiscard]] std::string optionTitle(const PopUpValue& lists, const Setting& setting,
                                       const SceneValue& scene, std::int32_t member);
 
-// How a person calls the setting, in English: "MIDI channel" for MIDIChannel.
-[[nodiscard]] std::string_view settingTitle(const Setting& setting);
+// How a person calls the setting, in their language: "MIDI channel" for MIDIChannel.
+[[nodiscard]] std::string settingTitle(const Setting& setting);
+// The same for a kind of control: "Pad".
+[[nodiscard]] std::string kindTitle(ControlKind kind, Words words = &inLanguage);
 
 } // namespace scenewright

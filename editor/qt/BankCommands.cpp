@@ -8,8 +8,10 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLocale>
 #include <QMimeData>
+#include <QTreeView>
 #include <QUrl>
 
 #include <chrono>
@@ -20,6 +22,8 @@ namespace scenewright {
 
 namespace {
 
+constexpr QSize kDialogSize(860, 520);
+
 // The one local file that is dragged; empty for anything else.
 QString draggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -28,6 +32,13 @@ QString draggedFile(const QMimeData& data) {
 
 std::filesystem::path pathOf(const QString& file) {
     return {file.toStdString()};
+}
+
+// For whole names, kinds and dates in the toolkit's dialog, which cuts them short otherwise.
+void giveRoom(QFileDialog& dialog) {
+    dialog.resize(kDialogSize);
+    for (const QTreeView* details : dialog.findChildren<QTreeView*>())
+        details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 // A name in a menu, where "&" marks a letter.
@@ -90,6 +101,7 @@ void BankCommands::askForFile(const FileEntry& entry) {
     dialog.setNameFilters({tr("Banks and scenes (*.json *.bank)"), tr("All files (*)")});
     dialog.setDefaultSuffix(QStringLiteral("json"));
     dialog.setDirectory(RecentFiles::folder());
+    giveRoom(dialog);
     connect(&dialog, &QFileDialog::fileSelected, this,
             [this, command = entry.command](const QString& file) { (this->*command)(file); });
     dialog.open();

@@ -4,7 +4,6 @@
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
 #include "editor/qt/WaitCursor.h"
-#include "editor/qt/Wording.h"
 #include "protocol/SceneImage.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
@@ -62,7 +61,7 @@ void DeviceChecks::sendAndVerify() {
 
 void DeviceChecks::showComparison(const DeviceComparison& comparison) {
     if (!comparison.isConnected) {
-        window_.status().setAdvice(shown(connectCause(&causeWords)));
+        window_.status().setAdvice(shown(connectCause()));
         return;
     }
     if (!comparison.tally.isClean()) {

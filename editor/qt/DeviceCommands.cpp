@@ -4,7 +4,6 @@
 #include "editor/qt/Text.h"
 #include "editor/qt/TransferAdvice.h"
 #include "editor/qt/WaitCursor.h"
-#include "editor/qt/Wording.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
@@ -31,7 +30,7 @@ bool DeviceCommands::wasConnected() {
 
 QString DeviceCommands::adviceNow(TallyAdvice ofTally) const {
     if (!wasConnected())
-        return shown(connectCause(&causeWords));
+        return shown(connectCause());
     return ofTally(Transport::instance().tally());
 }
 

@@ -4,7 +4,6 @@
 #include "editor/qt/Neighbour.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
-#include "editor/qt/Wording.h"
 
 #include <QPainter>
 
@@ -36,7 +35,7 @@ void DevicePicture::makeButtons() {
             continue;
         for (std::int32_t tag = range.start; tag < range.end(); ++tag) {
             auto& made = owned<ControlButton>(tag, range.kind, this);
-            made.setAccessibleName(shown(controlName(tag, &controlWords)));
+            made.setAccessibleName(shown(controlName(tag)));
             connect(&made, &ControlButton::arrowPressed, this,
                     [this, tag](int right, int down) { focusNeighbour(tag, right, down); });
             buttons_.at(static_cast<std::size_t>(tag - 1)) = &made;
@@ -58,7 +57,7 @@ ControlButton* DevicePicture::button(std::int32_t tag) const {
 
 void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) {
     for (ControlButton* made : buttons_) {
-        made->setSummary(shown(describeControl(lists, scene, made->tag(), &controlWords)));
+        made->setSummary(shown(describeControl(lists, scene, made->tag())));
         const auto position = static_cast<std::size_t>(made->tag() - 1);
         if (made->kind() == ControlKind::Pad && position < scene.buttonValueArray().size())
             made->setLight(padColour(*scene.buttonValueArray()[position]));

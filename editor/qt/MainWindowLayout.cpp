@@ -34,6 +34,11 @@ QPushButton& command(const QString& title, const QString& name, const QString& h
     return button;
 }
 
+// The keys as the menu shows them.
+QString withKeys(const QString& help, const QAction& action) {
+    return help.arg(action.shortcut().toString(QKeySequence::NativeText));
+}
+
 } // namespace
 
 void MainWindow::layOut() {
@@ -86,10 +91,12 @@ void MainWindow::layOutHeader(QHBoxLayout& header) {
     header.addWidget(displayModes_);
     header.addSpacing(kGap);
 
-    readButton_ = &command(tr("Read"), tr("Read scenes"),
-                           tr("Read the four scenes from the controller (Ctrl+R)"), root);
-    sendButton_ = &command(tr("Send"), tr("Send scenes"),
-                           tr("Send the four scenes to the controller (Ctrl+Return)"), root);
+    readButton_ = &command(
+        tr("Read"), tr("Read scenes"),
+        withKeys(tr("Read the four scenes from the controller (%1)"), menu_->read()), root);
+    sendButton_ =
+        &command(tr("Send"), tr("Send scenes"),
+                 withKeys(tr("Send the four scenes to the controller (%1)"), menu_->send()), root);
     sendButton_->setProperty("main", true);
     header.addWidget(readButton_);
     header.addWidget(sendButton_);

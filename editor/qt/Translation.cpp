@@ -1,6 +1,7 @@
 #include "editor/qt/Translation.h"
 
 #include "platform/Resources.h"
+#include "platform/Words.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -35,6 +36,10 @@ bool loadOwn(QTranslator& translator, const QString& name) {
     });
 }
 
+std::string translated(OwnText text) {
+    return QCoreApplication::translate(text.context, text.written).toStdString();
+}
+
 } // namespace
 
 QString translationFor(const QLocale& locale) {
@@ -56,9 +61,11 @@ Translation::Translation(const QLocale& locale) {
                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&toolkit_);
     QCoreApplication::installTranslator(&own_);
+    setTranslator(&translated);
 }
 
 Translation::~Translation() {
+    setTranslator(nullptr);
     QCoreApplication::removeTranslator(&own_);
     QCoreApplication::removeTranslator(&toolkit_);
 }

@@ -6,7 +6,6 @@
 #include "editor/qt/Mnemonic.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
-#include "editor/qt/Wording.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -60,7 +59,7 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
         auto& box = owned<PopUpBox>(body.frame);
         box.setObjectName(shown(row.outlet->name));
         popUps_[row.outlet->name] = &box;
-        addField(body, settingLabel(settingTitle(row.setting)), box);
+        addField(body, shown(settingTitle(row.setting)), box);
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -124,7 +123,7 @@ void ValuePanes::connectTo(ViewController& view) {
 
 void ValuePanes::show(const ViewController& view) {
     for (const Body& body : bodies_)
-        body.heading->setText(shown(controlName(std::max(0, view.selectControl()), &controlWords)));
+        body.heading->setText(shown(controlName(std::max(0, view.selectControl()))));
     hint_->setVisible(
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
     const std::int32_t index = view.selectControl();

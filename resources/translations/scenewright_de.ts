@@ -29,6 +29,113 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Bank</name>
+    <message>
+        <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
+        <translation>keine Bank: sie enthält {} Bytes, eine Bank aber {}, oder sie ist JSON</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>ein Text</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>ein Array</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>{} must be {}, and is {}</source>
+        <translation>{} muss {} sein, ist aber {}</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>die Datei</translation>
+    </message>
+    <message>
+        <source>{} is missing</source>
+        <translation>{} fehlt</translation>
+    </message>
+    <message>
+        <source>{} is unknown</source>
+        <translation>{} ist unbekannt</translation>
+    </message>
+    <message>
+        <source>{} is one too many, as {} has {} {}</source>
+        <translation>{} ist zu viel: {} hat {} {}</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>eine Szene</translation>
+    </message>
+    <message>
+        <source>{} must not stand beside a name</source>
+        <translation>{} darf nicht neben einem Namen stehen</translation>
+    </message>
+    <message>
+        <source>at most 12 bytes without control characters</source>
+        <translation>höchstens 12 Bytes ohne Steuerzeichen</translation>
+    </message>
+    <message>
+        <source>24 hexadecimal digits</source>
+        <translation>24 Hexadezimalziffern</translation>
+    </message>
+    <message>
+        <source>version is {}, and this program knows version {} only</source>
+        <translation>version ist {}, dieses Programm kennt aber nur Version {}</translation>
+    </message>
+    <message>
+        <source>a bank</source>
+        <translation>eine Bank</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 127</source>
+        <translation>eine ganze Zahl von 0 bis 127</translation>
+    </message>
+    <message>
+        <source>{0}: {1} -&gt; {2}</source>
+        <translation>{0}: {1} -&gt; {2}</translation>
+    </message>
+    <message>
+        <source>its JSON text ends too soon, in line {}</source>
+        <translation>der JSON-Text endet zu früh, in Zeile {}</translation>
+    </message>
+    <message>
+        <source>its JSON text is wrong at line {}, column {}</source>
+        <translation>der JSON-Text ist in Zeile {}, Spalte {} fehlerhaft</translation>
+    </message>
+    <message>
+        <source>{} stands twice</source>
+        <translation>{} steht zweimal da</translation>
+    </message>
+    <message>
+        <source>it holds more than {} values</source>
+        <translation>die Datei enthält mehr als {} Werte</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than {} levels</source>
+        <translation>die Datei ist tiefer als {} Ebenen verschachtelt</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>die Datei ist länger als {} Bytes</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1}</source>
+        <translation>Szene {0}, {1}</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1} {2}, {3}</source>
+        <translation>Szene {0}, {1} {2}, {3}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::BankCommands</name>
     <message>
         <source>&amp;Open Bank...</source>
@@ -141,8 +248,8 @@
         <translation>Das Keyboard antwortet mit längeren Übertragungen, als Szenen sie haben: Prüfen Sie, ob es das Modell aus der Geräteliste ist, und schließen Sie es erneut an</translation>
     </message>
     <message>
-        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
-        <translation>Das USB-System verweigert die Arbeit mit dem Keyboard (%08x): Schließen Sie es erneut an, notfalls an einer anderen Buchse</translation>
+        <source>The USB system refused to work with the keyboard ({:08x}): plug it in again, at another socket if that does not help</source>
+        <translation>Das USB-System verweigert die Arbeit mit dem Keyboard ({:08x}): Schließen Sie es erneut an, notfalls an einer anderen Buchse</translation>
     </message>
     <message>
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
@@ -176,92 +283,92 @@
         <translation>Taste</translation>
     </message>
     <message>
-        <source>Control %d</source>
-        <translation>Element %d</translation>
+        <source>Control {}</source>
+        <translation>Element {}</translation>
     </message>
     <message>
         <source>unknown</source>
         <translation>unbekannt</translation>
     </message>
     <message>
-        <source>%s</source>
-        <translation>%s</translation>
+        <source>{}</source>
+        <translation>{}</translation>
     </message>
     <message>
-        <source>global channel %s</source>
-        <translation>globaler Kanal %s</translation>
+        <source>global channel {}</source>
+        <translation>globaler Kanal {}</translation>
     </message>
     <message>
-        <source>keyboard channel %s</source>
-        <translation>Tastaturkanal %s</translation>
+        <source>keyboard channel {}</source>
+        <translation>Tastaturkanal {}</translation>
     </message>
     <message>
-        <source>pitch-bend speed %s</source>
-        <translation>Pitch-Bend-Tempo %s</translation>
+        <source>pitch-bend speed {}</source>
+        <translation>Pitch-Bend-Tempo {}</translation>
     </message>
     <message>
-        <source>transposition %s</source>
-        <translation>Transposition %s</translation>
+        <source>transposition {}</source>
+        <translation>Transposition {}</translation>
     </message>
     <message>
-        <source>key velocity curve %s</source>
-        <translation>Tasten-Anschlagkurve %s</translation>
+        <source>key velocity curve {}</source>
+        <translation>Tasten-Anschlagkurve {}</translation>
     </message>
     <message>
-        <source>pad velocity curve %s</source>
-        <translation>Pad-Anschlagkurve %s</translation>
+        <source>pad velocity curve {}</source>
+        <translation>Pad-Anschlagkurve {}</translation>
     </message>
     <message>
-        <source>channel %s</source>
-        <translation>Kanal %s</translation>
+        <source>channel {}</source>
+        <translation>Kanal {}</translation>
     </message>
     <message>
-        <source>CC %s</source>
-        <translation>CC %s</translation>
+        <source>CC {}</source>
+        <translation>CC {}</translation>
     </message>
     <message>
-        <source>left %s</source>
-        <translation>links %s</translation>
+        <source>left {}</source>
+        <translation>links {}</translation>
     </message>
     <message>
-        <source>right %s</source>
-        <translation>rechts %s</translation>
+        <source>right {}</source>
+        <translation>rechts {}</translation>
     </message>
     <message>
-        <source>lower %s</source>
-        <translation>unten %s</translation>
+        <source>lower {}</source>
+        <translation>unten {}</translation>
     </message>
     <message>
-        <source>upper %s</source>
-        <translation>oben %s</translation>
+        <source>upper {}</source>
+        <translation>oben {}</translation>
     </message>
     <message>
-        <source>Note %s</source>
-        <translation>Note %s</translation>
+        <source>Note {}</source>
+        <translation>Note {}</translation>
     </message>
     <message>
-        <source>behavior %s</source>
-        <translation>Verhalten %s</translation>
+        <source>behavior {}</source>
+        <translation>Verhalten {}</translation>
     </message>
     <message>
-        <source>on %s</source>
-        <translation>ein %s</translation>
+        <source>on {}</source>
+        <translation>ein {}</translation>
     </message>
     <message>
-        <source>off %s</source>
-        <translation>aus %s</translation>
+        <source>off {}</source>
+        <translation>aus {}</translation>
     </message>
     <message>
-        <source>red %s</source>
-        <translation>Rot %s</translation>
+        <source>red {}</source>
+        <translation>Rot {}</translation>
     </message>
     <message>
-        <source>green %s</source>
-        <translation>Grün %s</translation>
+        <source>green {}</source>
+        <translation>Grün {}</translation>
     </message>
     <message>
-        <source>blue %s</source>
-        <translation>Blau %s</translation>
+        <source>blue {}</source>
+        <translation>Blau {}</translation>
     </message>
 </context>
 <context>
@@ -382,6 +489,49 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::File</name>
+    <message>
+        <source>Cannot read {0}: {1}.</source>
+        <translation>{0} kann nicht gelesen werden: {1}.</translation>
+    </message>
+    <message>
+        <source>Cannot write {0}: {1}.</source>
+        <translation>{0} kann nicht geschrieben werden: {1}.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>das ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>a file without a name</source>
+        <translation>eine Datei ohne Namen</translation>
+    </message>
+    <message>
+        <source>it is neither a file nor a pipe</source>
+        <translation>das ist weder eine Datei noch eine Pipe</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>die Datei ist länger als {} Bytes</translation>
+    </message>
+    <message>
+        <source>{} is not a folder</source>
+        <translation>{} ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>it is no ordinary file</source>
+        <translation>das ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>no name was given</source>
+        <translation>es wurde kein Name angegeben</translation>
+    </message>
+    <message>
+        <source>the former scenes could not be kept: {}</source>
+        <translation>Die bisherigen Szenen konnten nicht aufbewahrt werden: {}</translation>
     </message>
 </context>
 <context>
@@ -601,8 +751,8 @@
         <translation>Szenen lesen</translation>
     </message>
     <message>
-        <source>Read the four scenes from the controller (Ctrl+R)</source>
-        <translation>Die vier Szenen vom Controller lesen (Strg+R)</translation>
+        <source>Read the four scenes from the controller (%1)</source>
+        <translation>Die vier Szenen vom Controller lesen (%1)</translation>
     </message>
     <message>
         <source>Send</source>
@@ -613,8 +763,8 @@
         <translation>Szenen senden</translation>
     </message>
     <message>
-        <source>Send the four scenes to the controller (Ctrl+Return)</source>
-        <translation>Die vier Szenen an den Controller senden (Strg+Eingabe)</translation>
+        <source>Send the four scenes to the controller (%1)</source>
+        <translation>Die vier Szenen an den Controller senden (%1)</translation>
     </message>
 </context>
 <context>

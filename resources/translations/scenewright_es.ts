@@ -29,6 +29,113 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Bank</name>
+    <message>
+        <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
+        <translation>no es un banco: contiene {} bytes, y un banco contiene {} o es JSON</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>un texto</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>una matriz</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>un objeto</translation>
+    </message>
+    <message>
+        <source>{} must be {}, and is {}</source>
+        <translation>{} debe ser {} y es {}</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>el archivo</translation>
+    </message>
+    <message>
+        <source>{} is missing</source>
+        <translation>falta {}</translation>
+    </message>
+    <message>
+        <source>{} is unknown</source>
+        <translation>{} es desconocido</translation>
+    </message>
+    <message>
+        <source>{} is one too many, as {} has {} {}</source>
+        <translation>{} sobra: {} tiene {} {}</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>una escena</translation>
+    </message>
+    <message>
+        <source>{} must not stand beside a name</source>
+        <translation>{} no puede estar junto a un nombre</translation>
+    </message>
+    <message>
+        <source>at most 12 bytes without control characters</source>
+        <translation>como máximo 12 bytes sin caracteres de control</translation>
+    </message>
+    <message>
+        <source>24 hexadecimal digits</source>
+        <translation>24 dígitos hexadecimales</translation>
+    </message>
+    <message>
+        <source>version is {}, and this program knows version {} only</source>
+        <translation>version es {}, y este programa solo conoce la versión {}</translation>
+    </message>
+    <message>
+        <source>a bank</source>
+        <translation>un banco</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 127</source>
+        <translation>un número entero de 0 a 127</translation>
+    </message>
+    <message>
+        <source>{0}: {1} -&gt; {2}</source>
+        <translation>{0}: {1} -&gt; {2}</translation>
+    </message>
+    <message>
+        <source>its JSON text ends too soon, in line {}</source>
+        <translation>el texto JSON termina demasiado pronto, en la línea {}</translation>
+    </message>
+    <message>
+        <source>its JSON text is wrong at line {}, column {}</source>
+        <translation>el texto JSON es incorrecto en la línea {}, columna {}</translation>
+    </message>
+    <message>
+        <source>{} stands twice</source>
+        <translation>{} aparece dos veces</translation>
+    </message>
+    <message>
+        <source>it holds more than {} values</source>
+        <translation>el archivo contiene más de {} valores</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than {} levels</source>
+        <translation>el archivo tiene más de {} niveles de anidamiento</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>el archivo tiene más de {} bytes</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1}</source>
+        <translation>Escena {0}, {1}</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1} {2}, {3}</source>
+        <translation>Escena {0}, {1} {2}, {3}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::BankCommands</name>
     <message>
         <source>&amp;Open Bank...</source>
@@ -141,8 +248,8 @@
         <translation>El teclado responde con transferencias más largas que las de las escenas: compruebe que es el modelo que indica la lista de dispositivos y conéctelo de nuevo</translation>
     </message>
     <message>
-        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
-        <translation>El sistema USB se negó a trabajar con el teclado (%08x): conéctelo de nuevo, en otro puerto si eso no ayuda</translation>
+        <source>The USB system refused to work with the keyboard ({:08x}): plug it in again, at another socket if that does not help</source>
+        <translation>El sistema USB se negó a trabajar con el teclado ({:08x}): conéctelo de nuevo, en otro puerto si eso no ayuda</translation>
     </message>
     <message>
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
@@ -176,92 +283,92 @@
         <translation>Tecla</translation>
     </message>
     <message>
-        <source>Control %d</source>
-        <translation>Control %d</translation>
+        <source>Control {}</source>
+        <translation>Control {}</translation>
     </message>
     <message>
         <source>unknown</source>
         <translation>desconocido</translation>
     </message>
     <message>
-        <source>%s</source>
-        <translation>%s</translation>
+        <source>{}</source>
+        <translation>{}</translation>
     </message>
     <message>
-        <source>global channel %s</source>
-        <translation>canal global %s</translation>
+        <source>global channel {}</source>
+        <translation>canal global {}</translation>
     </message>
     <message>
-        <source>keyboard channel %s</source>
-        <translation>canal del teclado %s</translation>
+        <source>keyboard channel {}</source>
+        <translation>canal del teclado {}</translation>
     </message>
     <message>
-        <source>pitch-bend speed %s</source>
-        <translation>velocidad de pitch bend %s</translation>
+        <source>pitch-bend speed {}</source>
+        <translation>velocidad de pitch bend {}</translation>
     </message>
     <message>
-        <source>transposition %s</source>
-        <translation>transposición %s</translation>
+        <source>transposition {}</source>
+        <translation>transposición {}</translation>
     </message>
     <message>
-        <source>key velocity curve %s</source>
-        <translation>curva de velocidad de teclas %s</translation>
+        <source>key velocity curve {}</source>
+        <translation>curva de velocidad de teclas {}</translation>
     </message>
     <message>
-        <source>pad velocity curve %s</source>
-        <translation>curva de velocidad de pads %s</translation>
+        <source>pad velocity curve {}</source>
+        <translation>curva de velocidad de pads {}</translation>
     </message>
     <message>
-        <source>channel %s</source>
-        <translation>canal %s</translation>
+        <source>channel {}</source>
+        <translation>canal {}</translation>
     </message>
     <message>
-        <source>CC %s</source>
-        <translation>CC %s</translation>
+        <source>CC {}</source>
+        <translation>CC {}</translation>
     </message>
     <message>
-        <source>left %s</source>
-        <translation>izquierda %s</translation>
+        <source>left {}</source>
+        <translation>izquierda {}</translation>
     </message>
     <message>
-        <source>right %s</source>
-        <translation>derecha %s</translation>
+        <source>right {}</source>
+        <translation>derecha {}</translation>
     </message>
     <message>
-        <source>lower %s</source>
-        <translation>inferior %s</translation>
+        <source>lower {}</source>
+        <translation>inferior {}</translation>
     </message>
     <message>
-        <source>upper %s</source>
-        <translation>superior %s</translation>
+        <source>upper {}</source>
+        <translation>superior {}</translation>
     </message>
     <message>
-        <source>Note %s</source>
-        <translation>Nota %s</translation>
+        <source>Note {}</source>
+        <translation>Nota {}</translation>
     </message>
     <message>
-        <source>behavior %s</source>
-        <translation>comportamiento %s</translation>
+        <source>behavior {}</source>
+        <translation>comportamiento {}</translation>
     </message>
     <message>
-        <source>on %s</source>
-        <translation>encendido %s</translation>
+        <source>on {}</source>
+        <translation>encendido {}</translation>
     </message>
     <message>
-        <source>off %s</source>
-        <translation>apagado %s</translation>
+        <source>off {}</source>
+        <translation>apagado {}</translation>
     </message>
     <message>
-        <source>red %s</source>
-        <translation>rojo %s</translation>
+        <source>red {}</source>
+        <translation>rojo {}</translation>
     </message>
     <message>
-        <source>green %s</source>
-        <translation>verde %s</translation>
+        <source>green {}</source>
+        <translation>verde {}</translation>
     </message>
     <message>
-        <source>blue %s</source>
-        <translation>azul %s</translation>
+        <source>blue {}</source>
+        <translation>azul {}</translation>
     </message>
 </context>
 <context>
@@ -382,6 +489,49 @@
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::File</name>
+    <message>
+        <source>Cannot read {0}: {1}.</source>
+        <translation>No se puede leer {0}: {1}.</translation>
+    </message>
+    <message>
+        <source>Cannot write {0}: {1}.</source>
+        <translation>No se puede escribir {0}: {1}.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es una carpeta</translation>
+    </message>
+    <message>
+        <source>a file without a name</source>
+        <translation>un archivo sin nombre</translation>
+    </message>
+    <message>
+        <source>it is neither a file nor a pipe</source>
+        <translation>no es ni un archivo ni una tubería</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>el archivo tiene más de {} bytes</translation>
+    </message>
+    <message>
+        <source>{} is not a folder</source>
+        <translation>{} no es una carpeta</translation>
+    </message>
+    <message>
+        <source>it is no ordinary file</source>
+        <translation>no es un archivo normal</translation>
+    </message>
+    <message>
+        <source>no name was given</source>
+        <translation>no se indicó ningún nombre</translation>
+    </message>
+    <message>
+        <source>the former scenes could not be kept: {}</source>
+        <translation>no se pudieron conservar las escenas anteriores: {}</translation>
     </message>
 </context>
 <context>
@@ -601,8 +751,8 @@
         <translation>Leer escenas</translation>
     </message>
     <message>
-        <source>Read the four scenes from the controller (Ctrl+R)</source>
-        <translation>Leer las cuatro escenas del controlador (Ctrl+R)</translation>
+        <source>Read the four scenes from the controller (%1)</source>
+        <translation>Leer las cuatro escenas del controlador (%1)</translation>
     </message>
     <message>
         <source>Send</source>
@@ -613,8 +763,8 @@
         <translation>Enviar escenas</translation>
     </message>
     <message>
-        <source>Send the four scenes to the controller (Ctrl+Return)</source>
-        <translation>Enviar las cuatro escenas al controlador (Ctrl+Intro)</translation>
+        <source>Send the four scenes to the controller (%1)</source>
+        <translation>Enviar las cuatro escenas al controlador (%1)</translation>
     </message>
 </context>
 <context>

@@ -29,6 +29,113 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Bank</name>
+    <message>
+        <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
+        <translation>ce n’est pas une banque : elle contient {} octets, et une banque en contient {} ou est en JSON</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>un texte</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>un tableau</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>un objet</translation>
+    </message>
+    <message>
+        <source>{} must be {}, and is {}</source>
+        <translation>{} doit être {}, et c’est {}</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>le fichier</translation>
+    </message>
+    <message>
+        <source>{} is missing</source>
+        <translation>{} manque</translation>
+    </message>
+    <message>
+        <source>{} is unknown</source>
+        <translation>{} est inconnu</translation>
+    </message>
+    <message>
+        <source>{} is one too many, as {} has {} {}</source>
+        <translation>{} est de trop : {} a {} {}</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>une scène</translation>
+    </message>
+    <message>
+        <source>{} must not stand beside a name</source>
+        <translation>{} ne peut pas figurer à côté d’un nom</translation>
+    </message>
+    <message>
+        <source>at most 12 bytes without control characters</source>
+        <translation>12 octets au plus sans caractères de contrôle</translation>
+    </message>
+    <message>
+        <source>24 hexadecimal digits</source>
+        <translation>24 chiffres hexadécimaux</translation>
+    </message>
+    <message>
+        <source>version is {}, and this program knows version {} only</source>
+        <translation>version vaut {}, et ce programme ne connaît que la version {}</translation>
+    </message>
+    <message>
+        <source>a bank</source>
+        <translation>une banque</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 127</source>
+        <translation>un nombre entier de 0 à 127</translation>
+    </message>
+    <message>
+        <source>{0}: {1} -&gt; {2}</source>
+        <translation>{0} : {1} -&gt; {2}</translation>
+    </message>
+    <message>
+        <source>its JSON text ends too soon, in line {}</source>
+        <translation>le texte JSON se termine trop tôt, à la ligne {}</translation>
+    </message>
+    <message>
+        <source>its JSON text is wrong at line {}, column {}</source>
+        <translation>le texte JSON est incorrect à la ligne {}, colonne {}</translation>
+    </message>
+    <message>
+        <source>{} stands twice</source>
+        <translation>{} figure deux fois</translation>
+    </message>
+    <message>
+        <source>it holds more than {} values</source>
+        <translation>le fichier contient plus de {} valeurs</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than {} levels</source>
+        <translation>le fichier a plus de {} niveaux d’imbrication</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>le fichier dépasse {} octets</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1}</source>
+        <translation>Scène {0}, {1}</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1} {2}, {3}</source>
+        <translation>Scène {0}, {1} {2}, {3}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::BankCommands</name>
     <message>
         <source>&amp;Open Bank...</source>
@@ -141,8 +248,8 @@
         <translation>Le clavier répond par des transferts plus longs que ceux des scènes : vérifiez qu’il s’agit du modèle indiqué dans la liste des appareils, puis rebranchez-le</translation>
     </message>
     <message>
-        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
-        <translation>Le système USB a refusé de travailler avec le clavier (%08x) : rebranchez-le, sur une autre prise si cela ne suffit pas</translation>
+        <source>The USB system refused to work with the keyboard ({:08x}): plug it in again, at another socket if that does not help</source>
+        <translation>Le système USB a refusé de travailler avec le clavier ({:08x}) : rebranchez-le, sur une autre prise si cela ne suffit pas</translation>
     </message>
     <message>
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
@@ -176,92 +283,92 @@
         <translation>Touche</translation>
     </message>
     <message>
-        <source>Control %d</source>
-        <translation>Contrôle %d</translation>
+        <source>Control {}</source>
+        <translation>Contrôle {}</translation>
     </message>
     <message>
         <source>unknown</source>
         <translation>inconnu</translation>
     </message>
     <message>
-        <source>%s</source>
-        <translation>%s</translation>
+        <source>{}</source>
+        <translation>{}</translation>
     </message>
     <message>
-        <source>global channel %s</source>
-        <translation>canal global %s</translation>
+        <source>global channel {}</source>
+        <translation>canal global {}</translation>
     </message>
     <message>
-        <source>keyboard channel %s</source>
-        <translation>canal du clavier %s</translation>
+        <source>keyboard channel {}</source>
+        <translation>canal du clavier {}</translation>
     </message>
     <message>
-        <source>pitch-bend speed %s</source>
-        <translation>vitesse de pitch bend %s</translation>
+        <source>pitch-bend speed {}</source>
+        <translation>vitesse de pitch bend {}</translation>
     </message>
     <message>
-        <source>transposition %s</source>
-        <translation>transposition %s</translation>
+        <source>transposition {}</source>
+        <translation>transposition {}</translation>
     </message>
     <message>
-        <source>key velocity curve %s</source>
-        <translation>courbe de vélocité des touches %s</translation>
+        <source>key velocity curve {}</source>
+        <translation>courbe de vélocité des touches {}</translation>
     </message>
     <message>
-        <source>pad velocity curve %s</source>
-        <translation>courbe de vélocité des pads %s</translation>
+        <source>pad velocity curve {}</source>
+        <translation>courbe de vélocité des pads {}</translation>
     </message>
     <message>
-        <source>channel %s</source>
-        <translation>canal %s</translation>
+        <source>channel {}</source>
+        <translation>canal {}</translation>
     </message>
     <message>
-        <source>CC %s</source>
-        <translation>CC %s</translation>
+        <source>CC {}</source>
+        <translation>CC {}</translation>
     </message>
     <message>
-        <source>left %s</source>
-        <translation>gauche %s</translation>
+        <source>left {}</source>
+        <translation>gauche {}</translation>
     </message>
     <message>
-        <source>right %s</source>
-        <translation>droite %s</translation>
+        <source>right {}</source>
+        <translation>droite {}</translation>
     </message>
     <message>
-        <source>lower %s</source>
-        <translation>bas %s</translation>
+        <source>lower {}</source>
+        <translation>bas {}</translation>
     </message>
     <message>
-        <source>upper %s</source>
-        <translation>haut %s</translation>
+        <source>upper {}</source>
+        <translation>haut {}</translation>
     </message>
     <message>
-        <source>Note %s</source>
-        <translation>Note %s</translation>
+        <source>Note {}</source>
+        <translation>Note {}</translation>
     </message>
     <message>
-        <source>behavior %s</source>
-        <translation>comportement %s</translation>
+        <source>behavior {}</source>
+        <translation>comportement {}</translation>
     </message>
     <message>
-        <source>on %s</source>
-        <translation>activé %s</translation>
+        <source>on {}</source>
+        <translation>activé {}</translation>
     </message>
     <message>
-        <source>off %s</source>
-        <translation>désactivé %s</translation>
+        <source>off {}</source>
+        <translation>désactivé {}</translation>
     </message>
     <message>
-        <source>red %s</source>
-        <translation>rouge %s</translation>
+        <source>red {}</source>
+        <translation>rouge {}</translation>
     </message>
     <message>
-        <source>green %s</source>
-        <translation>vert %s</translation>
+        <source>green {}</source>
+        <translation>vert {}</translation>
     </message>
     <message>
-        <source>blue %s</source>
-        <translation>bleu %s</translation>
+        <source>blue {}</source>
+        <translation>bleu {}</translation>
     </message>
 </context>
 <context>
@@ -382,6 +489,49 @@
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::File</name>
+    <message>
+        <source>Cannot read {0}: {1}.</source>
+        <translation>Impossible de lire {0} : {1}.</translation>
+    </message>
+    <message>
+        <source>Cannot write {0}: {1}.</source>
+        <translation>Impossible d’écrire {0} : {1}.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>c’est un dossier</translation>
+    </message>
+    <message>
+        <source>a file without a name</source>
+        <translation>un fichier sans nom</translation>
+    </message>
+    <message>
+        <source>it is neither a file nor a pipe</source>
+        <translation>ce n’est ni un fichier ni un tube</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>le fichier dépasse {} octets</translation>
+    </message>
+    <message>
+        <source>{} is not a folder</source>
+        <translation>{} n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>it is no ordinary file</source>
+        <translation>ce n’est pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>no name was given</source>
+        <translation>aucun nom n’a été donné</translation>
+    </message>
+    <message>
+        <source>the former scenes could not be kept: {}</source>
+        <translation>les scènes précédentes n’ont pas pu être conservées : {}</translation>
     </message>
 </context>
 <context>
@@ -601,8 +751,8 @@
         <translation>Lire les scènes</translation>
     </message>
     <message>
-        <source>Read the four scenes from the controller (Ctrl+R)</source>
-        <translation>Lire les quatre scènes du contrôleur (Ctrl+R)</translation>
+        <source>Read the four scenes from the controller (%1)</source>
+        <translation>Lire les quatre scènes du contrôleur (%1)</translation>
     </message>
     <message>
         <source>Send</source>
@@ -613,8 +763,8 @@
         <translation>Envoyer les scènes</translation>
     </message>
     <message>
-        <source>Send the four scenes to the controller (Ctrl+Return)</source>
-        <translation>Envoyer les quatre scènes au contrôleur (Ctrl+Entrée)</translation>
+        <source>Send the four scenes to the controller (%1)</source>
+        <translation>Envoyer les quatre scènes au contrôleur (%1)</translation>
     </message>
 </context>
 <context>

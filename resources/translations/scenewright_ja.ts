@@ -29,6 +29,113 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Bank</name>
+    <message>
+        <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
+        <translation>バンクではありません。{} バイトですが、バンクは {} バイトか JSON です</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>配列</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>オブジェクト</translation>
+    </message>
+    <message>
+        <source>{} must be {}, and is {}</source>
+        <translation>{} は {} でなければなりませんが、{} です</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>{} is missing</source>
+        <translation>{} がありません</translation>
+    </message>
+    <message>
+        <source>{} is unknown</source>
+        <translation>{} は不明です</translation>
+    </message>
+    <message>
+        <source>{} is one too many, as {} has {} {}</source>
+        <translation>{} は余分です。{} の要素数は {} です ({})</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>{} must not stand beside a name</source>
+        <translation>{} を名前と一緒に置くことはできません</translation>
+    </message>
+    <message>
+        <source>at most 12 bytes without control characters</source>
+        <translation>制御文字を含まない 12 バイト以内</translation>
+    </message>
+    <message>
+        <source>24 hexadecimal digits</source>
+        <translation>24 桁の 16 進数</translation>
+    </message>
+    <message>
+        <source>version is {}, and this program knows version {} only</source>
+        <translation>version は {} ですが、このプログラムが扱えるのはバージョン {} だけです</translation>
+    </message>
+    <message>
+        <source>a bank</source>
+        <translation>バンク</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 127</source>
+        <translation>0 から 127 までの整数</translation>
+    </message>
+    <message>
+        <source>{0}: {1} -&gt; {2}</source>
+        <translation>{0}: {1} -&gt; {2}</translation>
+    </message>
+    <message>
+        <source>its JSON text ends too soon, in line {}</source>
+        <translation>JSON テキストが {} 行目で途切れています</translation>
+    </message>
+    <message>
+        <source>its JSON text is wrong at line {}, column {}</source>
+        <translation>JSON テキストの {} 行 {} 列に誤りがあります</translation>
+    </message>
+    <message>
+        <source>{} stands twice</source>
+        <translation>{} が二度あります</translation>
+    </message>
+    <message>
+        <source>it holds more than {} values</source>
+        <translation>値が {} 個を超えています</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than {} levels</source>
+        <translation>入れ子が {} 段を超えています</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>{} バイトを超えています</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1}</source>
+        <translation>シーン {0}、{1}</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1} {2}, {3}</source>
+        <translation>シーン {0}、{1} {2}、{3}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::BankCommands</name>
     <message>
         <source>&amp;Open Bank...</source>
@@ -141,8 +248,8 @@
         <translation>キーボードの応答がシーンの転送より長くなっています。デバイスリストに載っているモデルか確認し、接続し直してください</translation>
     </message>
     <message>
-        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
-        <translation>USB システムがキーボードを扱えませんでした (%08x)。接続し直し、直らなければ別のポートを使ってください</translation>
+        <source>The USB system refused to work with the keyboard ({:08x}): plug it in again, at another socket if that does not help</source>
+        <translation>USB システムがキーボードを扱えませんでした ({:08x})。接続し直し、直らなければ別のポートを使ってください</translation>
     </message>
     <message>
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
@@ -176,92 +283,92 @@
         <translation>鍵盤</translation>
     </message>
     <message>
-        <source>Control %d</source>
-        <translation>コントロール %d</translation>
+        <source>Control {}</source>
+        <translation>コントロール {}</translation>
     </message>
     <message>
         <source>unknown</source>
         <translation>不明</translation>
     </message>
     <message>
-        <source>%s</source>
-        <translation>%s</translation>
+        <source>{}</source>
+        <translation>{}</translation>
     </message>
     <message>
-        <source>global channel %s</source>
-        <translation>グローバルチャンネル %s</translation>
+        <source>global channel {}</source>
+        <translation>グローバルチャンネル {}</translation>
     </message>
     <message>
-        <source>keyboard channel %s</source>
-        <translation>鍵盤チャンネル %s</translation>
+        <source>keyboard channel {}</source>
+        <translation>鍵盤チャンネル {}</translation>
     </message>
     <message>
-        <source>pitch-bend speed %s</source>
-        <translation>ピッチベンド速度 %s</translation>
+        <source>pitch-bend speed {}</source>
+        <translation>ピッチベンド速度 {}</translation>
     </message>
     <message>
-        <source>transposition %s</source>
-        <translation>移調 %s</translation>
+        <source>transposition {}</source>
+        <translation>移調 {}</translation>
     </message>
     <message>
-        <source>key velocity curve %s</source>
-        <translation>鍵盤ベロシティカーブ %s</translation>
+        <source>key velocity curve {}</source>
+        <translation>鍵盤ベロシティカーブ {}</translation>
     </message>
     <message>
-        <source>pad velocity curve %s</source>
-        <translation>パッドベロシティカーブ %s</translation>
+        <source>pad velocity curve {}</source>
+        <translation>パッドベロシティカーブ {}</translation>
     </message>
     <message>
-        <source>channel %s</source>
-        <translation>チャンネル %s</translation>
+        <source>channel {}</source>
+        <translation>チャンネル {}</translation>
     </message>
     <message>
-        <source>CC %s</source>
-        <translation>CC %s</translation>
+        <source>CC {}</source>
+        <translation>CC {}</translation>
     </message>
     <message>
-        <source>left %s</source>
-        <translation>左 %s</translation>
+        <source>left {}</source>
+        <translation>左 {}</translation>
     </message>
     <message>
-        <source>right %s</source>
-        <translation>右 %s</translation>
+        <source>right {}</source>
+        <translation>右 {}</translation>
     </message>
     <message>
-        <source>lower %s</source>
-        <translation>下 %s</translation>
+        <source>lower {}</source>
+        <translation>下 {}</translation>
     </message>
     <message>
-        <source>upper %s</source>
-        <translation>上 %s</translation>
+        <source>upper {}</source>
+        <translation>上 {}</translation>
     </message>
     <message>
-        <source>Note %s</source>
-        <translation>ノート %s</translation>
+        <source>Note {}</source>
+        <translation>ノート {}</translation>
     </message>
     <message>
-        <source>behavior %s</source>
-        <translation>動作 %s</translation>
+        <source>behavior {}</source>
+        <translation>動作 {}</translation>
     </message>
     <message>
-        <source>on %s</source>
-        <translation>オン %s</translation>
+        <source>on {}</source>
+        <translation>オン {}</translation>
     </message>
     <message>
-        <source>off %s</source>
-        <translation>オフ %s</translation>
+        <source>off {}</source>
+        <translation>オフ {}</translation>
     </message>
     <message>
-        <source>red %s</source>
-        <translation>赤 %s</translation>
+        <source>red {}</source>
+        <translation>赤 {}</translation>
     </message>
     <message>
-        <source>green %s</source>
-        <translation>緑 %s</translation>
+        <source>green {}</source>
+        <translation>緑 {}</translation>
     </message>
     <message>
-        <source>blue %s</source>
-        <translation>青 %s</translation>
+        <source>blue {}</source>
+        <translation>青 {}</translation>
     </message>
 </context>
 <context>
@@ -382,6 +489,49 @@
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::File</name>
+    <message>
+        <source>Cannot read {0}: {1}.</source>
+        <translation>{0} を読み込めません: {1}。</translation>
+    </message>
+    <message>
+        <source>Cannot write {0}: {1}.</source>
+        <translation>{0} に書き込めません: {1}。</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <source>a file without a name</source>
+        <translation>名前のないファイル</translation>
+    </message>
+    <message>
+        <source>it is neither a file nor a pipe</source>
+        <translation>ファイルでもパイプでもありません</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>{} バイトを超えています</translation>
+    </message>
+    <message>
+        <source>{} is not a folder</source>
+        <translation>{} はフォルダーではありません</translation>
+    </message>
+    <message>
+        <source>it is no ordinary file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>no name was given</source>
+        <translation>名前が指定されていません</translation>
+    </message>
+    <message>
+        <source>the former scenes could not be kept: {}</source>
+        <translation>以前のシーンを保存できませんでした: {}</translation>
     </message>
 </context>
 <context>
@@ -601,8 +751,8 @@
         <translation>シーンを読み込む</translation>
     </message>
     <message>
-        <source>Read the four scenes from the controller (Ctrl+R)</source>
-        <translation>コントローラーから 4 つのシーンを読み込みます (Ctrl+R)</translation>
+        <source>Read the four scenes from the controller (%1)</source>
+        <translation>コントローラーから 4 つのシーンを読み込みます (%1)</translation>
     </message>
     <message>
         <source>Send</source>
@@ -613,8 +763,8 @@
         <translation>シーンを送信</translation>
     </message>
     <message>
-        <source>Send the four scenes to the controller (Ctrl+Return)</source>
-        <translation>コントローラーへ 4 つのシーンを送信します (Ctrl+Return)</translation>
+        <source>Send the four scenes to the controller (%1)</source>
+        <translation>コントローラーへ 4 つのシーンを送信します (%1)</translation>
     </message>
 </context>
 <context>

@@ -29,6 +29,113 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Bank</name>
+    <message>
+        <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
+        <translation>不是库文件：它有 {} 字节，而库文件为 {} 字节或 JSON</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>数组</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>{} must be {}, and is {}</source>
+        <translation>{} 必须是 {}，实际是 {}</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>{} is missing</source>
+        <translation>缺少 {}</translation>
+    </message>
+    <message>
+        <source>{} is unknown</source>
+        <translation>{} 未知</translation>
+    </message>
+    <message>
+        <source>{} is one too many, as {} has {} {}</source>
+        <translation>{} 是多余的：{} 有 {} 个 {}</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>一个场景</translation>
+    </message>
+    <message>
+        <source>{} must not stand beside a name</source>
+        <translation>{} 不能与名称同时出现</translation>
+    </message>
+    <message>
+        <source>at most 12 bytes without control characters</source>
+        <translation>最多 12 字节且不含控制字符</translation>
+    </message>
+    <message>
+        <source>24 hexadecimal digits</source>
+        <translation>24 位十六进制数字</translation>
+    </message>
+    <message>
+        <source>version is {}, and this program knows version {} only</source>
+        <translation>version 为 {}，而本程序只认识版本 {}</translation>
+    </message>
+    <message>
+        <source>a bank</source>
+        <translation>一个库</translation>
+    </message>
+    <message>
+        <source>a whole number from 0 to 127</source>
+        <translation>0 到 127 的整数</translation>
+    </message>
+    <message>
+        <source>{0}: {1} -&gt; {2}</source>
+        <translation>{0}：{1} -&gt; {2}</translation>
+    </message>
+    <message>
+        <source>its JSON text ends too soon, in line {}</source>
+        <translation>JSON 文本在第 {} 行过早结束</translation>
+    </message>
+    <message>
+        <source>its JSON text is wrong at line {}, column {}</source>
+        <translation>JSON 文本在第 {} 行第 {} 列有误</translation>
+    </message>
+    <message>
+        <source>{} stands twice</source>
+        <translation>{} 出现了两次</translation>
+    </message>
+    <message>
+        <source>it holds more than {} values</source>
+        <translation>文件中的值超过 {} 个</translation>
+    </message>
+    <message>
+        <source>it is nested deeper than {} levels</source>
+        <translation>嵌套超过 {} 层</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>文件超过 {} 字节</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1}</source>
+        <translation>场景 {0}，{1}</translation>
+    </message>
+    <message>
+        <source>Scene {0}, {1} {2}, {3}</source>
+        <translation>场景 {0}，{1} {2}，{3}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::BankCommands</name>
     <message>
         <source>&amp;Open Bank...</source>
@@ -141,8 +248,8 @@
         <translation>键盘返回的传输长于场景所需:请确认它是设备列表中的型号,然后重新插入</translation>
     </message>
     <message>
-        <source>The USB system refused to work with the keyboard (%08x): plug it in again, at another socket if that does not help</source>
-        <translation>USB 系统无法使用该键盘 (%08x):请重新插入,若仍无效请换一个接口</translation>
+        <source>The USB system refused to work with the keyboard ({:08x}): plug it in again, at another socket if that does not help</source>
+        <translation>USB 系统无法使用该键盘 ({:08x}):请重新插入,若仍无效请换一个接口</translation>
     </message>
     <message>
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
@@ -176,92 +283,92 @@
         <translation>琴键</translation>
     </message>
     <message>
-        <source>Control %d</source>
-        <translation>控件 %d</translation>
+        <source>Control {}</source>
+        <translation>控件 {}</translation>
     </message>
     <message>
         <source>unknown</source>
         <translation>未知</translation>
     </message>
     <message>
-        <source>%s</source>
-        <translation>%s</translation>
+        <source>{}</source>
+        <translation>{}</translation>
     </message>
     <message>
-        <source>global channel %s</source>
-        <translation>全局通道 %s</translation>
+        <source>global channel {}</source>
+        <translation>全局通道 {}</translation>
     </message>
     <message>
-        <source>keyboard channel %s</source>
-        <translation>琴键通道 %s</translation>
+        <source>keyboard channel {}</source>
+        <translation>琴键通道 {}</translation>
     </message>
     <message>
-        <source>pitch-bend speed %s</source>
-        <translation>弯音速度 %s</translation>
+        <source>pitch-bend speed {}</source>
+        <translation>弯音速度 {}</translation>
     </message>
     <message>
-        <source>transposition %s</source>
-        <translation>移调 %s</translation>
+        <source>transposition {}</source>
+        <translation>移调 {}</translation>
     </message>
     <message>
-        <source>key velocity curve %s</source>
-        <translation>琴键力度曲线 %s</translation>
+        <source>key velocity curve {}</source>
+        <translation>琴键力度曲线 {}</translation>
     </message>
     <message>
-        <source>pad velocity curve %s</source>
-        <translation>打击垫力度曲线 %s</translation>
+        <source>pad velocity curve {}</source>
+        <translation>打击垫力度曲线 {}</translation>
     </message>
     <message>
-        <source>channel %s</source>
-        <translation>通道 %s</translation>
+        <source>channel {}</source>
+        <translation>通道 {}</translation>
     </message>
     <message>
-        <source>CC %s</source>
-        <translation>CC %s</translation>
+        <source>CC {}</source>
+        <translation>CC {}</translation>
     </message>
     <message>
-        <source>left %s</source>
-        <translation>左 %s</translation>
+        <source>left {}</source>
+        <translation>左 {}</translation>
     </message>
     <message>
-        <source>right %s</source>
-        <translation>右 %s</translation>
+        <source>right {}</source>
+        <translation>右 {}</translation>
     </message>
     <message>
-        <source>lower %s</source>
-        <translation>下限 %s</translation>
+        <source>lower {}</source>
+        <translation>下限 {}</translation>
     </message>
     <message>
-        <source>upper %s</source>
-        <translation>上限 %s</translation>
+        <source>upper {}</source>
+        <translation>上限 {}</translation>
     </message>
     <message>
-        <source>Note %s</source>
-        <translation>音符 %s</translation>
+        <source>Note {}</source>
+        <translation>音符 {}</translation>
     </message>
     <message>
-        <source>behavior %s</source>
-        <translation>行为 %s</translation>
+        <source>behavior {}</source>
+        <translation>行为 {}</translation>
     </message>
     <message>
-        <source>on %s</source>
-        <translation>开 %s</translation>
+        <source>on {}</source>
+        <translation>开 {}</translation>
     </message>
     <message>
-        <source>off %s</source>
-        <translation>关 %s</translation>
+        <source>off {}</source>
+        <translation>关 {}</translation>
     </message>
     <message>
-        <source>red %s</source>
-        <translation>红 %s</translation>
+        <source>red {}</source>
+        <translation>红 {}</translation>
     </message>
     <message>
-        <source>green %s</source>
-        <translation>绿 %s</translation>
+        <source>green {}</source>
+        <translation>绿 {}</translation>
     </message>
     <message>
-        <source>blue %s</source>
-        <translation>蓝 %s</translation>
+        <source>blue {}</source>
+        <translation>蓝 {}</translation>
     </message>
 </context>
 <context>
@@ -382,6 +489,49 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::File</name>
+    <message>
+        <source>Cannot read {0}: {1}.</source>
+        <translation>无法读取 {0}：{1}。</translation>
+    </message>
+    <message>
+        <source>Cannot write {0}: {1}.</source>
+        <translation>无法写入 {0}：{1}。</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>这是文件夹</translation>
+    </message>
+    <message>
+        <source>a file without a name</source>
+        <translation>没有名称的文件</translation>
+    </message>
+    <message>
+        <source>it is neither a file nor a pipe</source>
+        <translation>既不是文件也不是管道</translation>
+    </message>
+    <message>
+        <source>it is longer than {} bytes</source>
+        <translation>文件超过 {} 字节</translation>
+    </message>
+    <message>
+        <source>{} is not a folder</source>
+        <translation>{} 不是文件夹</translation>
+    </message>
+    <message>
+        <source>it is no ordinary file</source>
+        <translation>这不是普通文件</translation>
+    </message>
+    <message>
+        <source>no name was given</source>
+        <translation>没有给出名称</translation>
+    </message>
+    <message>
+        <source>the former scenes could not be kept: {}</source>
+        <translation>无法保留先前的场景：{}</translation>
     </message>
 </context>
 <context>
@@ -601,8 +751,8 @@
         <translation>读取场景</translation>
     </message>
     <message>
-        <source>Read the four scenes from the controller (Ctrl+R)</source>
-        <translation>从控制器读取四个场景 (Ctrl+R)</translation>
+        <source>Read the four scenes from the controller (%1)</source>
+        <translation>从控制器读取四个场景 (%1)</translation>
     </message>
     <message>
         <source>Send</source>
@@ -613,8 +763,8 @@
         <translation>发送场景</translation>
     </message>
     <message>
-        <source>Send the four scenes to the controller (Ctrl+Return)</source>
-        <translation>将四个场景发送到控制器 (Ctrl+Return)</translation>
+        <source>Send the four scenes to the controller (%1)</source>
+        <translation>将四个场景发送到控制器 (%1)</translation>
     </message>
 </context>
 <context>

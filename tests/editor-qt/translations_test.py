@@ -3,6 +3,8 @@
 
 translations_test.py LUPDATE SOURCE_DIR
 """
+import itertools
+import os
 import pathlib
 import re
 import subprocess
@@ -12,7 +14,7 @@ import unittest
 import xml.etree.ElementTree as tree
 
 LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
-PLACES = re.compile(r"%(?:\d+|n|[0-9]*[sdx])")
+PLACES = re.compile(r"%(?:\d+|n|[0-9]*[sdx])|\{[^}]*\}")
 MARK = re.compile(r"&(?!&)(.)")
 # Texts that only list the letters marked elsewhere, with the sources of those.
 LETTERS = {
@@ -35,6 +37,13 @@ def marked(text):
     return [letter.lower() for letter in MARK.findall(text)]
 
 
+def places(text):
+    """Places that are filled in turn ("{} {:x}") are numbered, so that a text may turn them round."""
+    found = PLACES.findall(text)
+    turn = itertools.count()
+    return sorted(re.sub(r"^\{(?=[:}])", lambda _: "{%d" % next(turn), place) for place in found)
+
+
 def messages(file):
     for context in tree.parse(file).getroot().iter("context"):
         for message in context.iter("message"):
@@ -52,9 +61,8 @@ class Translations(unittest.TestCase):
             self.files[language] = pathlib.Path(self.folder.name) / name
             self.files[language].write_bytes(kept.read_bytes())
         subprocess.run(
-            [lupdate, "-silent", "-locations", "none", "-source-language", "en", "-I", root,
-             root / "editor/qt", root / "app/qt", "-ts", *self.files.values()],
-            check=True, stdout=subprocess.DEVNULL)
+            [root / "resources/translations/update", *self.files.values()],
+            check=True, stdout=subprocess.DEVNULL, env={**os.environ, "LUPDATE": lupdate})
 
     def assert_all(self, is_good):
         """Of each source and the element of its translation."""
@@ -67,15 +75,23 @@ class Translations(unittest.TestCase):
 
     def test_every_text_is_found(self):
         for file in self.files.values():
-            self.assertGreater(len(list(messages(file))), 150)
+            self.assertGreater(len(list(messages(file))), 200)
 
     def test_no_text_is_untranslated_or_stale(self):
         self.assert_all(lambda _, translation: translation.get("type") is None
                         and translation.text)
 
+    def test_no_text_is_left_over(self):
+        for language, file in self.files.items():
+            kept = root / "resources" / "translations" / file.name
+            with self.subTest(language=language):
+                self.assertEqual(
+                    [(context, message.findtext("source")) for context, message in messages(kept)],
+                    [(context, message.findtext("source")) for context, message in messages(file)])
+
     def test_places_are_kept(self):
-        self.assert_all(lambda source, translation: sorted(PLACES.findall(source))
-                        == sorted(PLACES.findall(translation.text or "")))
+        self.assert_all(lambda source, translation: places(source)
+                        == places(translation.text or ""))
 
     def test_a_letter_is_marked_where_one_is(self):
         self.assert_all(lambda source, translation: len(marked(source))
