@@ -1,12 +1,10 @@
 #include "app/Launch.h"
 
-#include "app/WindowAction.h"
-#include "bank/BankFile.h"
+#include "app/VirtualBank.h"
 #include "model/Control.h"
 #include "model/FileAction.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
-#include "platform/WholeFile.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -14,7 +12,6 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <string_view>
@@ -38,32 +35,13 @@ std::optional<std::string> resourceTrouble() {
     return std::nullopt;
 }
 
-// The default scenes when there is no such file.
-std::optional<std::string> loadVirtualBank(const std::string& path, BankImage& bank) {
-    WindowAction::getSceneValue();
-    bank = encodeBank(WindowAction::scenes());
-    if (path.empty())
-        return std::nullopt;
-    if (auto trouble = whyNotWritable(path))
-        return trouble;
-    if (!std::filesystem::exists(path))
-        return std::nullopt;
-    FileBytes file = readWholeFile(path, kBankSize + 1);
-    if (!file.trouble && file.bytes.size() != kBankSize)
-        file.trouble =
-            fmt::format("{}: not a bank of {} bytes for the virtual controller", path, kBankSize);
-    if (file.trouble)
-        return file.trouble;
-    std::ranges::copy(file.bytes, bank.begin());
-    return std::nullopt;
-}
-
 std::optional<std::string> connectVirtualHost(const std::string& bankPath) {
-    BankImage bank{};
-    if (auto trouble = loadVirtualBank(bankPath, bank))
+    std::optional<std::string> trouble;
+    auto memory = openVirtualBank(bankPath, trouble);
+    if (!memory)
         return trouble;
-    auto device = std::make_shared<VirtualController>(bank);
-    Transport::instance().use(makeVirtualHost(std::move(device), bankPath));
+    auto device = std::make_shared<VirtualController>(memory->image);
+    Transport::instance().use(makeVirtualHost(std::move(device), std::move(memory->keeper)));
     return std::nullopt;
 }
 

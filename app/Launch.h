@@ -15,8 +15,8 @@ namespace scenewright {
 
 struct LaunchOptions {
     bool isVirtual = false;
-    // The virtual controller's memory: read at the start if the file exists, written after each
-    // send. Empty keeps it in memory.
+    // The virtual controller's memory, a bank in either form: read at the start if the file exists,
+    // written after each send. Empty keeps it in memory.
     std::string virtualBank;
     std::string console;   // file name, "-" for standard error; empty leaves the stream as it is
     std::string log;       // the same

@@ -43,11 +43,21 @@ bool isJson(std::string_view text) {
            (text.size() != kBankSize || std::ranges::all_of(text, isTextByte));
 }
 
+bool isScene(std::string_view text) {
+    const JsonTree tree = parseJson(text);
+    const JsonNode* const format = tree.trouble ? nullptr : tree.root.find("format");
+    return format != nullptr && format->text == kSceneFormat;
+}
+
 std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
 } // namespace
+
+BankForm formOf(std::span<const std::uint8_t> bytes) {
+    return isJson(textOf(bytes)) ? BankForm::Json : BankForm::Image;
+}
 
 BankFile readBank(const std::filesystem::path& path) {
     FileBytes file = readWholeFile(path, kJsonBytes);
@@ -57,12 +67,21 @@ BankFile readBank(const std::filesystem::path& path) {
 }
 
 BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
-    const bool json = isJson(textOf(bytes));
-    BankContent content = json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
+    const BankForm form = formOf(bytes);
+    BankContent content =
+        form == BankForm::Json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
     if (content.trouble)
         content.trouble = fmt::format("{}: {}", name, *content.trouble);
-    return {std::move(content.scenes), std::move(content.trouble),
-            json ? BankForm::Json : BankForm::Image};
+    return {std::move(content.scenes), std::move(content.trouble), form};
+}
+
+BankFile parseBankOrScene(std::span<const std::uint8_t> bytes, const std::string& name) {
+    if (formOf(bytes) != BankForm::Json || !isScene(textOf(bytes)))
+        return parseBank(bytes, name);
+    BankContent content = readSceneJson(textOf(bytes));
+    if (content.trouble)
+        content.trouble = fmt::format("{}: {}", name, *content.trouble);
+    return {std::move(content.scenes), std::move(content.trouble), BankForm::Json};
 }
 
 BankForm formForName(const std::filesystem::path& path) {

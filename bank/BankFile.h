@@ -27,9 +27,15 @@ struct BankFile {
     BankForm form = BankForm::Image;
 };
 
+[[nodiscard]] BankForm formOf(std::span<const std::uint8_t> bytes);
+
 [[nodiscard]] BankFile readBank(const std::filesystem::path& path);
 // The same for bytes that came from elsewhere; `name` stands for the file in the sentence.
 [[nodiscard]] BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name);
+
+// The same for a file that may also be that of one scene (readScene below), and then gives one.
+[[nodiscard]] BankFile parseBankOrScene(std::span<const std::uint8_t> bytes,
+                                        const std::string& name);
 
 // The form that a new file's name asks for: JSON when it ends in ".json", in either case.
 [[nodiscard]] BankForm formForName(const std::filesystem::path& path);

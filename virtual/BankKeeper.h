@@ -4,6 +4,7 @@
 #include "virtual/VirtualController.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,10 +12,18 @@ namespace scenewright {
 
 class BankKeeper {
 public:
-    // An empty path keeps nothing.
-    explicit BankKeeper(std::filesystem::path file) : file_(std::move(file)) {}
+    // Writes a bank to a file, whole or not at all; nothing, or one sentence. Called on the thread
+    // that made the transfer.
+    using Store = std::function<std::optional<std::string>(const std::filesystem::path& file,
+                                                           const BankImage& bank)>;
+    [[nodiscard]] static std::optional<std::string> storeImage(const std::filesystem::path& file,
+                                                               const BankImage& bank);
 
-    // Writes the bank, whole or not at all, when a send has ended since the last call; a failure is
+    // An empty path keeps nothing.
+    explicit BankKeeper(std::filesystem::path file, Store store = &storeImage)
+        : file_(std::move(file)), store_(std::move(store)) {}
+
+    // Stores the bank when a send has ended since the last call; a failure is
     // logged. To be called after every transfer that the controller received.
     void afterTransfer(const VirtualController& controller);
 
@@ -23,6 +32,7 @@ public:
 
 private:
     std::filesystem::path file_;
+    Store store_;
     std::uint32_t sendsKept_ = 0;
     std::optional<std::string> trouble_;
 };

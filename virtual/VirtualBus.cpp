@@ -11,9 +11,9 @@
 
 namespace scenewright {
 
-VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, std::filesystem::path bankFile,
+VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankKeeper keeper,
                        VirtualIdentity identity)
-    : device_(std::move(device)), keeper_(std::move(bankFile)), identity_(identity) {}
+    : device_(std::move(device)), keeper_(std::move(keeper)), identity_(identity) {}
 
 bool VirtualBus::isPresent() const {
     const std::lock_guard lock(mutex_);

@@ -14,7 +14,7 @@ namespace scenewright {
 
 class VirtualBus {
 public:
-    VirtualBus(std::shared_ptr<VirtualController> device, std::filesystem::path bankFile,
+    VirtualBus(std::shared_ptr<VirtualController> device, BankKeeper keeper,
                VirtualIdentity identity);
 
     [[nodiscard]] const VirtualIdentity& identity() const noexcept { return identity_; }

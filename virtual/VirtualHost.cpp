@@ -201,10 +201,9 @@ std::optional<std::string> VirtualHost::bankTrouble() const {
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,
-                                             std::filesystem::path bankFile,
-                                             VirtualIdentity identity) {
+                                             BankKeeper keeper, VirtualIdentity identity) {
     return std::make_shared<VirtualHost>(
-        std::make_shared<VirtualBus>(std::move(device), std::move(bankFile), identity));
+        std::make_shared<VirtualBus>(std::move(device), std::move(keeper), identity));
 }
 
 } // namespace scenewright

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "usb/UsbHost.h"
+#include "virtual/BankKeeper.h"
 #include "virtual/VirtualController.h"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,11 +44,11 @@ private:
     std::shared_ptr<VirtualBus> bus_;
 };
 
-// A read waits until the controller has a reply, or for ever; cancelTransfers() ends it. When
-// `bankFile` is not empty, every send that has reached its end is kept there, written whole or not
-// at all; a failure to write it is logged and told by bankTrouble().
+// A read waits until the controller has a reply, or for ever; cancelTransfers() ends it. Every
+// send that has reached its end goes to the keeper; what keeps it from being kept is logged and
+// told by bankTrouble().
 [[nodiscard]] std::shared_ptr<VirtualHost>
-makeVirtualHost(std::shared_ptr<VirtualController> device, std::filesystem::path bankFile = {},
+makeVirtualHost(std::shared_ptr<VirtualController> device, BankKeeper keeper = BankKeeper({}),
                 VirtualIdentity identity = {});
 
 } // namespace scenewright
