@@ -34,5 +34,8 @@ struct Edited {
 // in `from` is copied to all that `to` names.
 [[nodiscard]] Edited copyValues(const SceneList& scenes, std::string_view from,
                                 std::string_view to);
+// The same out of other scenes, of which there may be fewer.
+[[nodiscard]] Edited copyValues(const SceneList& source, const SceneList& scenes,
+                                std::string_view from, std::string_view to);
 
 } // namespace scenewright

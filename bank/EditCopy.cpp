@@ -30,6 +30,12 @@ Trouble pairTrouble(const Path& from, const Path& to) {
     return std::nullopt;
 }
 
+Trouble countTrouble(const Path& from, std::size_t scenes) {
+    if (static_cast<std::size_t>(from.scenes.first + from.scenes.count) <= scenes)
+        return std::nullopt;
+    return "the file has one scene, scene1";
+}
+
 // Where the value for `target` comes from.
 SettingPlace sourceOf(const Path& from, SettingPlace target) {
     if (!from.scenes.isStar)
@@ -57,19 +63,27 @@ SceneList copyOf(const SceneList& scenes) {
 }
 
 Edited copyValues(const SceneList& scenes, std::string_view from, std::string_view to) {
-    const PathResult source = parsePath(from);
-    const PathResult target = parsePath(to);
-    for (const PathResult* result : {&source, &target})
+    return copyValues(scenes, scenes, from, to);
+}
+
+Edited copyValues(const SceneList& source, const SceneList& scenes, std::string_view from,
+                  std::string_view to) {
+    const PathResult origins = parsePath(from);
+    const PathResult targets = parsePath(to);
+    for (const PathResult* result : {&origins, &targets})
         if (!result->path)
             return {{}, result->trouble};
-    if (const Trouble trouble = pairTrouble(*source.path, *target.path))
+    Trouble trouble = pairTrouble(*origins.path, *targets.path);
+    if (!trouble)
+        trouble = countTrouble(*origins.path, source.size());
+    if (trouble)
         return {{},
                 fmt::format("{} cannot be copied to {}: {}", forMessage(from), forMessage(to),
                             *trouble)};
     SceneList copies = copyOf(scenes);
-    for (const SettingPlace& place : settingsAt(*target.path)) {
-        const SettingPlace origin = sourceOf(*source.path, place);
-        copySetting(*scenes.at(static_cast<std::size_t>(origin.scene)), origin.control,
+    for (const SettingPlace& place : settingsAt(*targets.path)) {
+        const SettingPlace origin = sourceOf(*origins.path, place);
+        copySetting(*source.at(static_cast<std::size_t>(origin.scene)), origin.control,
                     *copies.at(static_cast<std::size_t>(place.scene)), place);
     }
     return {std::move(copies), std::nullopt};

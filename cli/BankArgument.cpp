@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kStandardInput = "standard input";
 
-BankFile readStandardInput() {
+FileBytes readStandardInput() {
     std::vector<std::uint8_t> bytes;
     std::array<std::uint8_t, 16384> chunk{};
     while (const std::size_t count = std::fread(chunk.data(), 1, chunk.size(), stdin)) {
@@ -28,7 +28,16 @@ BankFile readStandardInput() {
     }
     if (std::ferror(stdin) != 0)
         return {{}, fmt::format("{} could not be read", kStandardInput)};
-    return parseBank(bytes, kStandardInput);
+    return {std::move(bytes), std::nullopt};
+}
+
+using Parse = BankFile (*)(std::span<const std::uint8_t> bytes, const std::string& name);
+
+BankFile load(const std::string& name, Parse parse) {
+    FileBytes file = isStream(name) ? readStandardInput() : readWholeFile(name, kJsonBytes);
+    if (file.trouble)
+        return {{}, std::move(file.trouble)};
+    return parse(file.bytes, isStream(name) ? kStandardInput : name);
 }
 
 } // namespace
@@ -38,7 +47,11 @@ bool isStream(std::string_view name) {
 }
 
 BankFile loadBank(const std::string& name) {
-    return isStream(name) ? readStandardInput() : readBank(name);
+    return load(name, &parseBank);
+}
+
+BankFile loadBankOrScene(const std::string& name) {
+    return load(name, &parseBankOrScene);
 }
 
 BankForm formForArgument(const std::string& name, BankForm streamForm) {

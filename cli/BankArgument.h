@@ -14,6 +14,9 @@ namespace scenewright {
 // As readBank(); standard input is read to its end, and called so in the trouble.
 [[nodiscard]] BankFile loadBank(const std::string& name);
 
+// The same for a bank, or for a file of one scene, which gives one.
+[[nodiscard]] BankFile loadBankOrScene(const std::string& name);
+
 // The form for a new bank: what the file's name asks for, or `streamForm` for "-".
 [[nodiscard]] BankForm formForArgument(const std::string& name, BankForm streamForm);
 

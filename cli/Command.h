@@ -26,6 +26,8 @@ struct CommandChoice {
 
 // What the help says of arguments that several commands take.
 inline constexpr const char* kBankHelp = "The bank, an image or JSON; - is standard input";
+inline constexpr const char* kBankOrSceneHelp =
+    "The bank, an image or JSON, or a file of one scene; - is standard input";
 inline constexpr const char* kNewBankHelp =
     "The bank to write, as JSON if it ends in .json; - is standard output";
 inline constexpr const char* kChangedBankHelp =

@@ -15,13 +15,20 @@ struct CopyOptions {
     std::string bank;
     std::string from;
     std::string to;
+    std::string source; // empty for the bank itself
 };
 
 int copy(const CopyOptions& options) {
+    if (isStream(options.bank) && isStream(options.source))
+        return complain("standard input can be the bank or what is copied from, not both",
+                        kExitUsage);
     const BankFile bank = loadBank(options.bank);
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
-    const Edited edited = copyValues(bank.scenes, options.from, options.to);
+    const BankFile source = options.source.empty() ? bank : loadBankOrScene(options.source);
+    if (source.trouble)
+        return complain(*source.trouble, kExitUsage);
+    const Edited edited = copyValues(source.scenes, bank.scenes, options.from, options.to);
     if (edited.trouble)
         return complain(*edited.trouble, kExitUsage);
     if (const auto trouble = storeBank(options.bank, edited.scenes, bank.form))
@@ -34,21 +41,26 @@ constexpr const char* kCopyFooter =
     "the same setting. A star in FROM\n"
     "goes with a star in TO, pair by pair; a number in FROM is copied "
     "to all that TO names. A scene\n"
-    "goes with its name. The bank keeps its form.\n\n"
+    "goes with its name. The bank keeps its form. With --from, FROM "
+    "is looked up in another bank, or in\n"
+    "a file of one scene, which is its scene1.\n\n"
     "Examples:\n"
     "  scenewright-cli copy live.bank scene1 scene4\n"
     "  scenewright-cli copy live.bank scene1.pad1 'scene1.pad*'\n"
-    "  scenewright-cli copy live.bank 'scene1.knob*' 'scene*.knob*'\n";
+    "  scenewright-cli copy live.bank 'scene1.knob*' 'scene*.knob*'\n"
+    "  scenewright-cli copy live.bank scene1 scene3 --from solo.json\n";
 
 } // namespace
 
 void addCopyCommand(CLI::App& app, CommandChoice& choice) {
-    CLI::App* command =
-        app.add_subcommand("copy", "Copy a scene, a control or a kind of control within a bank");
+    CLI::App* command = app.add_subcommand("copy", "Copy a scene, a control or a kind of control");
     auto options = std::make_shared<CopyOptions>();
     command->add_option("BANK", options->bank, kChangedBankHelp)->required();
     command->add_option("FROM", options->from, "What to copy, as in scene1.pad1")->required();
     command->add_option("TO", options->to, "Where to, as in scene2.pad8")->required();
+    command
+        ->add_option("--from", options->source, "Copy out of FILE, a bank or one scene, into BANK")
+        ->type_name("FILE");
     command->footer(kCopyFooter);
     command->callback([&choice, options] {
         choice = {[options] { return copy(*options); }, false};

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -23,21 +24,24 @@ struct ShowOptions {
 
 std::string tables(const SceneList& scenes, const PopUpValue& lists, int scene) {
     std::string text;
-    for (int number = 1; number <= kSceneCount; ++number)
+    for (int number = 1; number <= static_cast<int>(scenes.size()); ++number)
         if (scene == 0 || scene == number)
             text += sceneTable(lists, *scenes.at(static_cast<std::size_t>(number) - 1), number);
     return text;
 }
 
 std::string json(const SceneList& scenes, const PopUpValue& lists, int scene) {
-    return scene == 0 ? writeBankJson(scenes, lists)
-                      : writeSceneJson(*scenes.at(static_cast<std::size_t>(scene) - 1), lists);
+    if (scene == 0 && scenes.size() > 1)
+        return writeBankJson(scenes, lists);
+    return writeSceneJson(*scenes.at(static_cast<std::size_t>(std::max(scene, 1)) - 1), lists);
 }
 
 int show(const ShowOptions& options) {
-    const BankFile bank = loadBank(options.in);
+    const BankFile bank = loadBankOrScene(options.in);
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
+    if (options.scene > static_cast<int>(bank.scenes.size()))
+        return complain(options.in + ": it is a file of one scene", kExitUsage);
     const auto lists = WindowAction::InitializePopUp();
     return printAndEnd((options.isJson ? json : tables)(bank.scenes, *lists, options.scene),
                        kExitDone);
@@ -56,7 +60,7 @@ void addShowCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command =
         app.add_subcommand("show", "Print every setting of a bank under its option's title");
     auto options = std::make_shared<ShowOptions>();
-    command->add_option("IN", options->in, kBankHelp)->required();
+    command->add_option("IN", options->in, kBankOrSceneHelp)->required();
     command->add_option("--scene", options->scene, "Only this scene, 1 to 4")
         ->check(CLI::Range(1, kSceneCount))
         ->type_name("N");

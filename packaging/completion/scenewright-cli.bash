@@ -37,7 +37,7 @@ _scenewright_cli_command() {
     command='' arguments=0
     for ((i = 1; i < COMP_CWORD; i++)); do
         case ${COMP_WORDS[i]} in
-            --console | --log | --resources | --scene | --backup | --to | =) ((i++)) ;;
+            --console | --log | --resources | --scene | --backup | --to | --from | =) ((i++)) ;;
             -?*) ;;
             *) if [[ -z $command ]]; then command=${COMP_WORDS[i]}; else ((arguments++)); fi ;;
         esac
@@ -51,6 +51,7 @@ _scenewright_cli_options() {
         show) echo --scene --json --help ;;
         diff | devices) echo --json --help ;;
         convert) echo --to --help ;;
+        copy) echo --from --help ;;
         *) echo --help ;;
     esac
 }
@@ -75,7 +76,7 @@ _scenewright_cli() {
     fi
     case $previous in
         =) [[ $command == set ]] || _scenewright_cli_files "$current" ;;
-        --console | --log | --backup) _scenewright_cli_files "$current" ;;
+        --console | --log | --backup | --from) _scenewright_cli_files "$current" ;;
         --resources)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -d -- "$current")

@@ -260,4 +260,42 @@ TEST_F(BankCommands, EachCommandExplainsItself) {
     }
 }
 
+TEST_F(BankCommands, ASceneOnItsOwnIsShownAndCopiedIntoABank) {
+    writeBytes(file("a.bank"), randomBank(1));
+    writeBytes(file("b.bank"), randomBank(2));
+    const ProgramRun scene = run({"show", "--json", "--scene", "3", file("a.bank")});
+    writeText(file("scene.json"), scene.output);
+    EXPECT_EQ(run({"show", "--json", file("scene.json")}).output, scene.output);
+    EXPECT_TRUE(run({"show", file("scene.json")}).output.starts_with("Scene 1: "));
+    expectDone(run({"copy", file("b.bank"), "scene1", "scene2", "--from", file("scene.json")}));
+    auto expected = randomBank(2);
+    const auto whole = randomBank(1);
+    std::copy_n(whole.begin() + 2 * 253, 253, expected.begin() + 253);
+    EXPECT_EQ(readBytes(file("b.bank")), expected);
+}
+
+TEST_F(BankCommands, CopyTakesControlsOutOfAnotherBank) {
+    writeBytes(file("a.bank"), randomBank(1));
+    writeBytes(file("b.bank"), randomBank(2));
+    expectDone(run({"copy", "--from", file("a.bank"), file("b.bank"), "scene*", "scene*"}));
+    EXPECT_EQ(readBytes(file("b.bank")), randomBank(1));
+    EXPECT_EQ(readBytes(file("a.bank")), randomBank(1));
+}
+
+TEST_F(BankCommands, AFileOfOneSceneHasNoSecondAndIsNoBank) {
+    writeText(file("scene.json"), run({"default", "-"}).output);
+    expectDone(run({"convert", file("scene.json"), file("a.json"), "--to", "json"}));
+    writeText(file("scene.json"), run({"show", "--json", "--scene", "1", file("a.json")}).output);
+    const std::string before = readText(file("a.json"));
+    for (const char* from : {"scene2", "scene*", "scene2.pad1"})
+        expectSentence(run({"copy", file("a.json"), from, from, "--from", file("scene.json")}), 2,
+                       "the file has one scene, scene1");
+    expectSentence(run({"show", "--scene", "2", file("scene.json")}), 2,
+                   file("scene.json") + ": it is a file of one scene");
+    expectSentence(run({"--virtual", "send", file("scene.json")}), 2,
+                   "format must be \"scenewright-bank\", and is \"scenewright-scene\"");
+    expectSentence(run({"copy", "-", "scene1", "scene2", "--from", "-"}), 2, "not both");
+    EXPECT_EQ(readText(file("a.json")), before);
+}
+
 } // namespace scenewright
