@@ -1,6 +1,7 @@
 // Takes the pictures of the window that the documentation shows: one of the editor, one of each
 // pane. `scenewright-screenshots FOLDER [--dark] [--size WIDTHxHEIGHT] [--modes]
-// [--language LANGUAGE]`; with --modes one more of each display mode.
+// [--language LANGUAGE] [--situations]`; with --modes one more of each display mode, with
+// --situations those of Situations.h.
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/Appearance.h"
@@ -11,6 +12,7 @@
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
 #include "protocol/SceneImage.h"
+#include "tests/editor-qt/Situations.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -32,6 +34,7 @@ struct Order {
     std::string language = "en";
     bool isDark = false;
     bool wantsModes = false;
+    bool wantsSituations = false;
 };
 
 // One control of each kind, with the name of its pane's picture.
@@ -86,7 +89,8 @@ int takeAll(QApplication& application, const Order& order) {
     connectVirtualController();
     Ending ending;
     MainWindow window(ending, appearance, true);
-    const EditorCommands commands(window, nullptr);
+    EditorCommands commands(window, order.wantsSituations ? [] { return picturedPresence; }
+                                                          : KeyboardWatch::Look());
     if (!order.size.empty()) {
         const QStringList sides = QString::fromStdString(order.size).split(QLatin1Char('x'));
         window.resize(sides.value(0).toInt(), sides.value(1).toInt());
@@ -95,9 +99,14 @@ int takeAll(QApplication& application, const Order& order) {
     window.commands().read();
     QApplication::processEvents();
     window.picture().button(14)->click();
-    const bool isDone = keep(window.grab(), order, "editor") && keepPanes(window, order) &&
-                        keep(window.gainPanel().grab(), order, "gain") &&
-                        (!order.wantsModes || keepModes(window, order));
+    const bool isDone =
+        keep(window.grab(), order, "editor") && keepPanes(window, order) &&
+        keep(window.gainPanel().grab(), order, "gain") &&
+        (!order.wantsModes || keepModes(window, order)) &&
+        (!order.wantsSituations ||
+         keepSituations(window, commands, [&](const QPixmap& picture, const std::string& name) {
+             return keep(picture, order, name);
+         }));
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -115,6 +124,7 @@ int main(int argc, char** argv) {
     app.add_option("--language", order.language, "Language of the window, as in zh_CN");
     app.add_flag("--dark", order.isDark, "In the dark colours");
     app.add_flag("--modes", order.wantsModes, "One picture more of each display mode");
+    app.add_flag("--situations", order.wantsSituations, "One more of each of many situations");
     CLI11_PARSE(app, argc, argv);
     QApplication application(argc, argv);
     return scenewright::takeAll(application, order);

@@ -1,0 +1,130 @@
+#include "tests/editor-qt/Situations.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "editor/qt/About.h"
+#include "editor/qt/DifferenceDialog.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <QApplication>
+#include <QThread>
+
+#include <array>
+#include <memory>
+
+namespace scenewright {
+
+namespace {
+
+using Keep = std::function<bool(const QPixmap& picture, const std::string& name)>;
+
+void plugIn(FaultPlan faults) {
+    auto device =
+        std::make_shared<VirtualController>(encodeBank(WindowAction::scenes()), std::move(faults));
+    Transport::instance().use(makeVirtualHost(std::move(device)), [](std::chrono::nanoseconds) {});
+}
+
+void settle(MainWindow& window) {
+    do {
+        QApplication::processEvents();
+        QThread::msleep(10);
+    } while (window.commands().isBusy());
+    QApplication::processEvents();
+}
+
+bool keepNotices(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    window.picture().button(14)->click();
+    plugIn({{Fault::Kind::Unplug, 500}});
+    window.commands().send();
+    settle(window);
+    if (!keep(window.grab(), "notice-half-bank"))
+        return false;
+    WindowAction::scenes()[0]->buttonValueArray()[13]->setCR(5);
+    plugIn({{Fault::Kind::ShortTransfer, 100}, {Fault::Kind::ShortTransfer, 400}});
+    window.commands().read();
+    settle(window);
+    if (!keep(window.grab(), "notice-doubtful-read"))
+        return false;
+    plugIn({});
+    commands.checks().compare();
+    settle(window);
+    if (!keep(window.grab(), "notice-same"))
+        return false;
+    WindowAction::scenes()[0]->buttonValueArray()[13]->setCR(6);
+    Transport::instance().use(nullptr);
+    window.commands().read();
+    settle(window);
+    return keep(window.grab(), "notice-no-keyboard");
+}
+
+bool keepDifferences(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    plugIn({});
+    const auto& scene = WindowAction::scenes()[0];
+    scene->commonValue()->setSceneName("Live");
+    scene->commonValue()->setKeyTranspose(1);
+    for (std::size_t control = 12; control < 20; ++control) {
+        scene->buttonValueArray()[control]->setAssignType(1);
+        scene->buttonValueArray()[control]->setCG(100);
+        scene->buttonValueArray()[control]->setCCOrNoteNumber(20);
+    }
+    commands.checks().compare();
+    settle(window);
+    const std::unique_ptr<DifferenceDialog> dialog(window.findChild<DifferenceDialog*>());
+    return dialog && keep(dialog->grab(), "differences");
+}
+
+bool keepMenus(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    commands.banks().saveBank(QDir::temp().filePath("my live set & more.json"));
+    for (QMenu* menu : window.menuBar()->findChildren<QMenu*>()) {
+        emit menu->aboutToShow();
+        menu->ensurePolished();
+        menu->resize(menu->sizeHint());
+        if (!menu->isEmpty() && !keep(menu->grab(), "menu-" + menu->accessibleName().toStdString()))
+            return false;
+    }
+    emit commands.banks().earlierMenu().aboutToShow();
+    return true;
+}
+
+bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    for (const char* name : {"openBank", "saveBank", "openScene", "saveScene"}) {
+        window.findChild<QAction*>(name)->trigger();
+        settle(window);
+        const std::unique_ptr<QFileDialog> dialog(window.findChild<QFileDialog*>());
+        if (!dialog || !keep(dialog->grab(), std::string("dialog-") + name))
+            return false;
+    }
+    commands.banks().openBank("/etc/hostname");
+    if (!keep(window.grab(), "bad-bank"))
+        return false;
+    About about(&window);
+    return keep(about.grab(), "about");
+}
+
+bool keepPresences(MainWindow& window, const Keep& keep) {
+    constexpr std::array kPresences{
+        std::pair{KeyboardPresence::Unplugged, "unplugged"},
+        std::pair{KeyboardPresence::NoPermission, "no-permission"},
+        std::pair{KeyboardPresence::Claimed, "claimed"},
+        std::pair{KeyboardPresence::Usable, "usable"},
+    };
+    for (const auto& [presence, name] : kPresences) {
+        picturedPresence = presence;
+        QThread::msleep(static_cast<unsigned long>(KeyboardWatch::kInterval.count()));
+        settle(window);
+        if (!keep(window.grab(), std::string("keyboard-") + name))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool keepSituations(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    return keepNotices(window, commands, keep) && keepDifferences(window, commands, keep) &&
+           keepMenus(window, commands, keep) && keepDialogs(window, commands, keep) &&
+           keepPresences(window, keep);
+}
+
+} // namespace scenewright
