@@ -11,6 +11,7 @@
 #include <QThread>
 
 #include <array>
+#include <chrono>
 #include <memory>
 
 namespace scenewright {

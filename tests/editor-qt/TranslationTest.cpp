@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <vector>
 
 namespace scenewright {
 
