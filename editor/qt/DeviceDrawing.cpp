@@ -27,7 +27,9 @@ DeviceDrawing::DeviceDrawing() {
     if (!renderer_.load(QString::fromStdString(path->string())))
         trouble_ = fmt::format("{}: not a drawing that can be read", path->string());
     for (std::int32_t tag = 1; tag < kControlIndexEnd && !trouble_; ++tag) {
-        places_[tag] = renderer_.boundsOnElement(placeName(tag));
+        // Of an element that is not there, the renderer tells the bounds of the whole drawing.
+        if (renderer_.elementExists(placeName(tag)))
+            places_[tag] = renderer_.boundsOnElement(placeName(tag));
         if (places_[tag].isEmpty())
             trouble_ = fmt::format("{}: no place for control {}", path->string(), tag);
     }

@@ -63,6 +63,40 @@ TEST_F(DeviceChecksTest, SendAndVerifyListsWhatTheControllerDoesNotHold) {
     EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
 }
 
+TEST_F(DeviceChecksTest, WhatCouldNotBeReadIsNotComparedAndMayBeTriedAgain) {
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    press(Qt::Key_D);
+    EXPECT_EQ(notice(), "Not compared: 1 of the controller's 1012 bytes could not be read.");
+    EXPECT_TRUE(differences().isEmpty());
+    plugIn();
+    ASSERT_NE(commands().notice().offer(0), nullptr);
+    commands().notice().offer(0)->click();
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceChecksTest, DuringASendNeitherIsDone) {
+    commands().checks().sendAndVerify();
+    ASSERT_TRUE(window().commands().isBusy());
+    commands().checks().compare();
+    commands().checks().sendAndVerify();
+    EXPECT_EQ(notice(), "");
+    EXPECT_FALSE(commands().checks().compareAction().isEnabled());
+    waitForSend();
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceChecksTest, AHalfSendThatWasToBeVerifiedIsVerifiedWhenSentAgain) {
+    plugIn({{Fault::Kind::Unplug, 500}});
+    commands().checks().sendAndVerify();
+    waitForSend();
+    ASSERT_NE(commands().notice().offer(0), nullptr);
+    controller->reset(); // plugged in again
+    commands().notice().offer(0)->click();
+    waitForSend();
+    EXPECT_EQ(notice(), kSame);
+}
+
 TEST_F(DeviceChecksTest, APlainSendDoesNotReadBack) {
     press(Qt::Key_Return);
     waitForSend();

@@ -1,4 +1,8 @@
+#include "editor/qt/ProgramSettings.h"
 #include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QAction>
+#include <QApplication>
 
 namespace scenewright::testing {
 
@@ -17,6 +21,40 @@ TEST_F(WindowMemoryTest, SizeAndDisplayModeComeBack) {
     EXPECT_EQ(window().displayModes().selectedItem(), 4);
     EXPECT_EQ(window().view().dispaly_index(), 4);
     EXPECT_EQ(window().size(), size);
+}
+
+// The action of the View menu's list of appearances.
+QAction* appearance(MainWindow& window, const QString& title) {
+    for (QAction* action : window.findChildren<QAction*>())
+        if (action->text() == title)
+            return action;
+    return nullptr;
+}
+
+bool isDarkNow() {
+    return QApplication::palette().color(QPalette::Window).lightness() < 128;
+}
+
+TEST_F(WindowMemoryTest, ChosenAppearanceIsShownAtOnceAndComesBack) {
+    open();
+    appearance(window(), "&Dark")->trigger();
+    EXPECT_TRUE(isDarkNow());
+    appearance(window(), "&Light")->trigger();
+    EXPECT_FALSE(isDarkNow());
+    appearance(window(), "&Dark")->trigger();
+    close();
+    open();
+    EXPECT_TRUE(isDarkNow());
+    EXPECT_TRUE(appearance(window(), "&Dark")->isChecked());
+    appearance(window(), "&Light")->trigger();
+    EXPECT_FALSE(isDarkNow());
+}
+
+TEST_F(WindowMemoryTest, AppearanceThatIsNoneOfTheThreeIsTheSystems) {
+    programSettings().setValue("appearance", 3);
+    open();
+    EXPECT_TRUE(appearance(window(), "As the &System")->isChecked());
+    EXPECT_FALSE(isDarkNow());
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "editor/qt/Caption.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 #include <gtest/gtest.h>
 
 namespace scenewright {
@@ -26,6 +28,31 @@ TEST(Caption, TextIsTurnedWhereOnlyTheHeightHasRoom) {
     const auto setting = setCaption("Momentary", {24, 110}, QApplication::font(), 12);
     EXPECT_TRUE(setting.fits);
     EXPECT_TRUE(setting.isTurned);
+}
+
+// Where the ink of a caption is, drawn into a room of this size.
+QRect inkOf(const QString& text, const QSize& room) {
+    QImage image(room, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const auto setting = setCaption(text, room, QApplication::font(), 12);
+    QPainter painter(&image);
+    drawCaption(painter, image.rect(), text, setting, Qt::black);
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < room.height(); ++y)
+        for (int x = 0; x < room.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+TEST(Caption, TurnedTextIsDrawnUprightInTheMiddle) {
+    const QRect lying = inkOf("Momentary", {110, 24});
+    const QRect turned = inkOf("Momentary", {24, 110});
+    EXPECT_GT(lying.width(), 3 * lying.height());
+    EXPECT_GT(turned.height(), 3 * turned.width());
+    EXPECT_NEAR(turned.center().y(), 55, 4);
+    EXPECT_NEAR(turned.center().x(), 12, 4);
 }
 
 TEST(Caption, TextWithoutRoomIsSetInTheSmallestLegibleSize) {

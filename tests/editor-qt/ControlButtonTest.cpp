@@ -2,10 +2,13 @@
 
 #include "editor/qt/ControlShape.h"
 
+#include <QApplication>
+#include <QEnterEvent>
 #include <QPainter>
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -40,6 +43,65 @@ TEST_F(ControlButtonTest, SpaceReturnAndEnterChoose) {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
         QTest::keyClick(&pad_, key);
     EXPECT_EQ(clicks_, 3);
+}
+
+TEST_F(ControlButtonTest, PointerOverItIsPlainToSee) {
+    const auto seen = [this](bool isUnder) {
+        pad_.setAttribute(Qt::WA_UnderMouse, isUnder);
+        return pad_.grab().toImage();
+    };
+    const QImage alone = seen(false);
+    EXPECT_NE(seen(true), alone);
+    EXPECT_EQ(seen(false), alone);
+    pad_.setEnabled(false);
+    EXPECT_EQ(seen(true), seen(false));
+}
+
+// Counts how often a widget is painted.
+class Paints : public QObject {
+public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    // Since the last call, all that is due included.
+    int take() {
+        QTest::qWait(20);
+        return std::exchange(count_, 0);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int count_ = 0;
+};
+
+TEST_F(ControlButtonTest, IsPaintedWhenThePointerComesAndGoes) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_));
+    Paints paints(pad_);
+    paints.take();
+    QEnterEvent entering(QPointF(4, 4), QPointF(4, 4), QPointF(4, 4));
+    QApplication::sendEvent(&pad_, &entering);
+    EXPECT_EQ(paints.take(), 1);
+    QEvent leaving(QEvent::Leave);
+    QApplication::sendEvent(&pad_, &leaving);
+    EXPECT_EQ(paints.take(), 1);
+}
+
+TEST_F(ControlButtonTest, WhatDoesNotChangeIsNotPaintedAgain) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_));
+    pad_.setImage("selected");
+    pad_.setTitle("64");
+    Paints paints(pad_);
+    paints.take();
+    pad_.setImage("selected");
+    pad_.setTitle("64");
+    EXPECT_EQ(paints.take(), 0);
+    pad_.setTitle("65");
+    EXPECT_EQ(paints.take(), 1);
+    pad_.setImage(std::nullopt);
+    EXPECT_EQ(paints.take(), 1);
 }
 
 TEST_F(ControlButtonTest, ArrowsAreTold) {

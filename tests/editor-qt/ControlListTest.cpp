@@ -1,6 +1,8 @@
 #include "editor/qt/ControlList.h"
 
+#include <QApplication>
 #include <QItemSelectionModel>
+#include <QMouseEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -58,6 +60,24 @@ protected:
     ControlList list_;
     Owner owner_{list_};
 };
+
+TEST_F(ControlListTest, SecondClickOfADoubleClickChoosesNothingMore) {
+    click(3);
+    owner_.calls.clear();
+    const QRect place = list_.visualRect(list_.model()->index(5, 0));
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(place.center()),
+                       list_.viewport()->mapToGlobal(QPointF(place.center())), Qt::LeftButton,
+                       Qt::LeftButton, {});
+    QApplication::sendEvent(list_.viewport(), &second);
+    EXPECT_EQ(owner_.calls, Calls{});
+    EXPECT_EQ(list_.selectedRow(), 3);
+}
+
+TEST_F(ControlListTest, WithoutASourceItIsEmpty) {
+    const ControlList empty;
+    EXPECT_EQ(empty.model()->rowCount(), 0);
+    EXPECT_EQ(list_.model()->data({}), QVariant());
+}
 
 TEST_F(ControlListTest, ShowsTheRowsOfItsSource) {
     EXPECT_EQ(list_.model()->rowCount(), 10);

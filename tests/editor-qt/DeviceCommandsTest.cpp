@@ -130,6 +130,22 @@ TEST_F(DeviceCommandsTest, QuitWaitsForASend) {
     EXPECT_EQ(controller().sendsEnded(), 1U);
 }
 
+TEST_F(DeviceCommandsTest, SecondQuitDuringASendWaitsTooAndEndsOnce) {
+    open();
+    closeGate();
+    startSend();
+    int advices = 0;
+    QTimer::singleShot(100, [&] {
+        window().status().setAdvice({});
+        window().close();
+        advices = window().status().advice().isEmpty() ? 0 : 1;
+        openGate();
+    });
+    EXPECT_TRUE(endsWithin(10000, [this] { window().close(); }));
+    EXPECT_EQ(advices, 0);
+    EXPECT_EQ(controller().sendsEnded(), 1U);
+}
+
 class FailingTransfers : public DeviceCommandsTest {
 protected:
     FailingTransfers() : DeviceCommandsTest({{Fault::Kind::FailedWrite, 300}}) {}

@@ -2,12 +2,17 @@
 #include "editor/qt/ControlShape.h"
 #include "editor/qt/DeviceDrawing.h"
 #include "editor/qt/Neighbour.h"
+#include "platform/Resources.h"
+#include "tests/support/TempFolder.h"
 
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QSet>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <vector>
 
 namespace scenewright {
@@ -86,6 +91,36 @@ TEST(KeyboardDrawing, TagWithoutAPlaceHasNone) {
     const DeviceDrawing drawing;
     EXPECT_TRUE(drawing.place(0).isEmpty());
     EXPECT_TRUE(drawing.place(46).isEmpty());
+}
+
+// What is wrong with a drawing of this text.
+std::string troubleOf(const QString& svg) {
+    const testing::TempFolder folder;
+    std::ofstream(folder.path() / "keyboard.svg") << svg.toStdString();
+    Resources::setFolder(folder.path());
+    DeviceDrawing drawing;
+    Resources::setFolder({});
+    QImage image(100, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    drawing.drawBody(painter, image.rect());
+    EXPECT_EQ(image.pixel(50, 20), qRgb(255, 255, 255)) << "drew of a drawing with a fault";
+    const std::string trouble = drawing.trouble().value_or("");
+    const std::string place = folder.path().string() + "/keyboard.svg: ";
+    return trouble.starts_with(place) ? trouble.substr(place.size()) : trouble;
+}
+
+TEST(KeyboardDrawing, TextThatIsNoDrawingIsTold) {
+    EXPECT_EQ(troubleOf("nonsense"), "not a drawing that can be read");
+}
+
+TEST(KeyboardDrawing, MissingPlaceIsToldWithItsControl) {
+    EXPECT_EQ(troubleOf(drawingText().replace("\"control-17\"", "\"other\"")),
+              "no place for control 17");
+}
+
+TEST(KeyboardDrawing, MissingBodyIsTold) {
+    EXPECT_EQ(troubleOf(drawingText().replace("\"body\"", "\"other\"")), "no body");
 }
 
 std::int32_t next(std::int32_t tag, int right, int down) {

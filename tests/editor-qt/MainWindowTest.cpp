@@ -3,8 +3,11 @@
 #include "app/WindowAction.h"
 #include "tests/editor-qt/WindowBench.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 
 #include <string>
 #include <string_view>
@@ -222,6 +225,19 @@ TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
     EXPECT_TRUE(window().gainPanel().isVisible());
     EXPECT_TRUE(window().gainPanel().isWindow());
     EXPECT_EQ(window().gainPanel().windowTitle(), "Gain Panel");
+}
+
+TEST_F(MainWindowTest, HelpOpensTheAboutBoxAndComesBackFromIt) {
+    open();
+    QString title;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        title = dialog->windowTitle();
+        dialog->accept();
+    });
+    window().menu().about().trigger();
+    EXPECT_EQ(title, "About Scenewright");
 }
 
 TEST_F(MainWindowTest, MenusHoldTheirCommandsAndKeys) {

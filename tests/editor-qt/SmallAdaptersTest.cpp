@@ -21,6 +21,14 @@ TEST(TextLabel, ShowsATextAsItIs) {
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
 }
 
+TEST(TextLabel, NeverTakesKeys) {
+    TextLabel label;
+    const auto before = label.textInteractionFlags();
+    label.setEditable(true);
+    EXPECT_EQ(label.textInteractionFlags(), before);
+    EXPECT_FALSE(before.testFlag(Qt::TextEditable));
+}
+
 TEST(TextLine, LockedLineTakesNoKeys) {
     TextLine line;
     TextField& field = line;

@@ -18,7 +18,7 @@ from pathlib import Path
 
 import mutants
 import reasons
-from copy_of_tree import CopyOfTree, Ended, own_tests
+from copy_of_tree import CopyOfTree, Ended, own_tests, treat_signals_as_usual
 from mutants import Mutant
 
 ROOT = Path(__file__).resolve().parent.parent.parent
@@ -239,6 +239,7 @@ def arguments() -> argparse.Namespace:
 
 def main() -> int:
     # Ended from outside, it puts the source file back and ends what it started.
+    treat_signals_as_usual()
     signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
     given = arguments()
     chosen = mutants.order(ROOT, given.seed)

@@ -38,6 +38,12 @@ class Ended:
     output: str
 
 
+def treat_signals_as_usual() -> None:
+    """A shell that starts a program in the background has it ignore some, and so would the tests."""
+    signal.signal(signal.SIGINT, signal.default_int_handler)
+    signal.signal(signal.SIGHUP, signal.SIG_DFL)
+
+
 def _limit_memory() -> None:
     resource.setrlimit(resource.RLIMIT_AS, (_MEMORY, _MEMORY))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))

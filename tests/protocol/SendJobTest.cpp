@@ -128,6 +128,19 @@ TEST_F(SendJobTest, SendWhileAJobRunsIsRefusedWithOneLogLineAndTouchesNothing) {
     EXPECT_EQ(written().size(), 2U + 512U);
 }
 
+TEST_F(SendJobTest, WithoutAThreadNothingIsSentAndTheNextStartIsNotRefused) {
+    takeInterface();
+    {
+        const testing::NoMoreThreads none;
+        EXPECT_FALSE(SendJob::start({1}, Progress::record()));
+    }
+    EXPECT_FALSE(SendJob::isRunning());
+    EXPECT_EQ(log.back(), "No thread to send on: Resource temporarily unavailable");
+    EXPECT_EQ(written(), Lines{});
+    EXPECT_TRUE(SendJob::start({1}, Progress::record()));
+    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
+}
+
 TEST_F(SendJobTest, WaitingGivesUpAtItsLimit) {
     holdAtNextPause();
     start({1});

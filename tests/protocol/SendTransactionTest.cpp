@@ -48,6 +48,14 @@ TEST_F(SendTransactionTest, ScenesAreSentEndToEndInTheirOrder) {
     EXPECT_EQ(Bytes(sent.begin() + 1012, sent.end()), Bytes(12, 0xFF));
 }
 
+TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldOf) {
+    const testing::NoMoreThreads none;
+    SceneAction::SendSceneToDevice(fourScenes());
+    EXPECT_EQ(log.back(), "The scenes are not sent");
+    EXPECT_EQ(written(), (Lines{"09 9c 01 02", "09 9c 7e 7d"}));
+    EXPECT_EQ(messages, Lines{});
+}
+
 TEST_F(SendTransactionTest, EmptySceneArraySendsOneBlockOfFillPackets) {
     sendWhole({});
     Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 01"};

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <stdexcept>
 
 namespace scenewright::testing {
 namespace {
@@ -118,6 +119,15 @@ TEST_F(InterfaceHandleTest, FailuresOfGivingUpAreLoggedAndNothingElse) {
     EXPECT_TRUE(handle.isStale());
     EXPECT_EQ(log, (Texts{"Unable to close interface (5c570005)",
                           "Unable to release interface (5c570001)"}));
+}
+
+TEST_F(InterfaceHandleTest, ALogThatFailsDoesNotKeepTheInterface) {
+    InterfaceHandle handle(take(script));
+    handle.open();
+    script->answer("close", {kResultNoDevice});
+    Diagnostics::setLog([](std::string_view) { throw std::runtime_error("no room"); });
+    handle.giveUp();
+    EXPECT_TRUE(handle.isStale());
 }
 
 } // namespace

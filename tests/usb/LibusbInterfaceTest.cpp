@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <stdexcept>
 
 namespace scenewright {
 namespace {
@@ -186,6 +187,16 @@ TEST_F(LibusbInterfaceTest, AReleaseThatFailsIsLogged) {
     bus->failures["release 1"] = kResultOther;
     interface->close();
     EXPECT_EQ(log, Calls{"Unable to release interface 1 (5c570001)"});
+}
+
+TEST_F(LibusbInterfaceTest, ALogThatFailsKeepsNothingFromBeingGivenBack) {
+    Diagnostics::setLog([](std::string_view) { throw std::runtime_error("no room"); });
+    const auto interface = take();
+    interface->open();
+    bus->failures["release 1"] = kResultOther;
+    bus->failures["attach 0"] = kResultNotFound;
+    interface->release();
+    EXPECT_EQ(bus->calls.back(), "close");
 }
 
 TEST_F(LibusbInterfaceTest, PipesAreTheEndpointsInTheirOrder) {

@@ -52,6 +52,11 @@ TEST_F(MidiDevicesTest, LeavesOutDevicesWithoutAMidiStreamingInterface) {
     EXPECT_TRUE(listed().empty());
 }
 
+TEST_F(MidiDevicesTest, LeavesOutADeviceThatDoesNotTellItsInterfaces) {
+    bus->isPlugged = false;
+    EXPECT_TRUE(listed().empty());
+}
+
 TEST_F(MidiDevicesTest, OpensForAMomentAndDetachesNothing) {
     listed();
     EXPECT_EQ(bus->calls, (std::vector<std::string>{"open", "close"}));

@@ -24,6 +24,8 @@ void HostScript::raise(const std::string& step) {
 
 HostScript::Outcome HostScript::call(const std::string& step, const std::string& details) {
     calls.push_back(details.empty() ? step : step + ' ' + details);
+    if (const auto happening = meanwhile.find(step); happening != meanwhile.end())
+        happening->second();
     if (int& raises = raises_[step]; raises > 0) {
         --raises;
         throw std::runtime_error(step);

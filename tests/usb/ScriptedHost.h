@@ -57,6 +57,8 @@ struct HostScript {
     // What a read does without a reply; without this, it returns kResultTimeout at once.
     std::function<ResultCode()> whenNoReply;
     std::function<void()> onCancel;
+    // By step: what happens while the step is taken, before it gives its outcome.
+    std::map<std::string, std::function<void()>> meanwhile;
     // Told the bytes of every write that succeeded; may append replies.
     std::function<void(std::span<const std::uint8_t>)> onWrite;
 

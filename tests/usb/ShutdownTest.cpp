@@ -197,6 +197,46 @@ TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, ShutdownBySignal, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
 
+// The signals of `asked` that this thread does not get.
+std::vector<int> blockedOf(const std::vector<int>& asked) {
+    ::sigset_t mask{};
+    pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+    std::vector<int> blocked;
+    for (const int signal : asked)
+        if (sigismember(&mask, signal) == 1)
+            blocked.push_back(signal);
+    return blocked;
+}
+
+// While it lives, a signal is treated in the given way.
+class Treated {
+public:
+    Treated(int signal, sighandler_t way) : signal_(signal), former_(std::signal(signal, way)) {}
+    Treated(const Treated&) = delete;
+    Treated& operator=(const Treated&) = delete;
+    ~Treated() { std::signal(signal_, former_); }
+
+private:
+    int signal_;
+    sighandler_t former_;
+};
+
+TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
+    const std::vector<int> signals{SIGINT, SIGTERM, SIGHUP};
+    const Treated interrupt(SIGINT, SIG_DFL);
+    const Treated terminate(SIGTERM, SIG_DFL);
+    const Treated hangUp(SIGHUP, SIG_IGN);
+    const Treated pipe(SIGPIPE, SIG_DFL);
+    EXPECT_EQ(blockedOf(signals), std::vector<int>{});
+    {
+        const Shutdown shutdown;
+        EXPECT_EQ(blockedOf(signals), (std::vector<int>{SIGINT, SIGTERM}));
+        EXPECT_EQ(std::signal(SIGPIPE, SIG_IGN), SIG_IGN);
+    }
+    EXPECT_EQ(blockedOf(signals), std::vector<int>{});
+    Transport::instance().use(nullptr);
+}
+
 TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
     const Ending ending = runProgram([](int letters) {
         const Shutdown shutdown;

@@ -140,6 +140,21 @@ TEST_F(TransportState, HandleThatComesAfterTheEndIsGivenUpUnopened) {
     EXPECT_EQ(script->callsOf({"open"}), Texts{});
 }
 
+TEST_F(TransportState, HandleThatIsMadeWhileTheEndComesIsGivenUpUnopened) {
+    ASSERT_TRUE(InterfaceAction::FindDevice());
+    script->meanwhile["queryInterface"] = [] { transport().shutDown(); };
+    forget();
+    EXPECT_EQ(InterfaceAction::FindInterfacesWithDevice(*transport().device()), nullptr);
+    EXPECT_EQ(script->callsOf({"open", "releaseInterface"}), Texts{"releaseInterface one/1"});
+    EXPECT_TRUE(transport().interface()->isStale());
+}
+
+TEST_F(TransportState, TheEndDuringASearchForDevicesEndsTheSearch) {
+    script->meanwhile["nextService"] = [] { transport().shutDown(); };
+    EXPECT_FALSE(InterfaceAction::FindDevice());
+    EXPECT_EQ(script->callsOf({"makePlugIn"}), Texts{});
+}
+
 TEST_F(TransportState, ShutDownEndsAReadThatWaitsForEver) {
     connect();
     std::promise<void> isWaiting;
