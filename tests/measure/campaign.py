@@ -77,7 +77,7 @@ class Campaign:
 
     def known(self, mutant: Mutant) -> Result | None:
         result = self.results.get((mutant.path, mutant.before, mutant.after, mutant.copy))
-        return result if result and result.digest == digest(ROOT / mutant.path) else None
+        return result if result and result.digest == digest(self.copy.tree / mutant.path) else None
 
     def keep(self, result: Result) -> None:
         self.results[result.key()] = result
@@ -106,7 +106,7 @@ class Campaign:
     def runs(self, path: str) -> Iterator[tuple[str, str]]:
         """(test program, filter): the file's own tests first, then the suites of its group."""
         suites = [f"{name}-tests" for name in SUITES[mutants.group_of(path)]]
-        own = own_tests(ROOT, path)
+        own = own_tests(self.copy.tree, path)
         if own and own[0] in suites:
             yield own
             suites.sort(key=lambda suite: suite != own[0])
@@ -135,7 +135,7 @@ class Campaign:
 
     def attempt(self, mutant: Mutant) -> Result:
         file = self.copy.tree / mutant.path
-        text = (ROOT / mutant.path).read_text(encoding="utf-8")
+        text = file.read_text(encoding="utf-8")
         for suite, _ in self.runs(mutant.path):
             self.limit(suite)
         start = time.monotonic()
@@ -237,18 +237,22 @@ def arguments() -> argparse.Namespace:
     return parser.parse_args()
 
 
+def print_choice(seed: int, shares: dict[str, int]) -> None:
+    chosen = mutants.order(ROOT, seed)
+    for group, share in shares.items():
+        for mutant in chosen[group][:share]:
+            print(told(Result(**asdict(mutant), digest="", outcome="survived")))
+
+
 def main() -> int:
     # Ended from outside, it puts the source file back and ends what it started.
     treat_signals_as_usual()
     signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
     given = arguments()
-    chosen = mutants.order(ROOT, given.seed)
     shares = mutants.shares(given.count)
     groups = [given.group] if given.group else list(mutants.GROUPS)
     if given.list:
-        for group in groups:
-            for mutant in chosen[group][: shares[group]]:
-                print(told(Result(**asdict(mutant), digest="", outcome="survived")))
+        print_choice(given.seed, {group: shares[group] for group in groups})
         return 0
     place = ROOT / "build" / "mutate"
     copy = CopyOfTree(ROOT, place)
@@ -258,6 +262,8 @@ def main() -> int:
         campaign.forget_survivors()
     copy.refresh()
     copy.configure()
+    # From here on all is about the copy: the sources may change meanwhile.
+    chosen = mutants.order(copy.tree, given.seed)
     results: list[Result] = []
     for group in groups:
         results += campaign.take(chosen[group], shares[group])

@@ -312,14 +312,16 @@ class Campaign(TreeTest):
             campaign.digest(ROOT / path),
             "survived",
         )
-        campaign.Campaign(None, kept).keep(one)
-        again = campaign.Campaign(None, kept)
+        copy = CopyOfTree(ROOT, self.root)
+        copy.tree = ROOT
+        campaign.Campaign(copy, kept).keep(one)
+        again = campaign.Campaign(copy, kept)
         self.assertEqual(again.known(mutant), one)
         again.forget_survivors()
-        self.assertIsNone(campaign.Campaign(None, kept).known(mutant))
+        self.assertIsNone(campaign.Campaign(copy, kept).known(mutant))
         one.digest = "of another text"
         again.keep(one)
-        self.assertIsNone(campaign.Campaign(None, kept).known(mutant))
+        self.assertIsNone(campaign.Campaign(copy, kept).known(mutant))
 
 
 class Lines(TreeTest):
