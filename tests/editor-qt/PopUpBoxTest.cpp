@@ -39,6 +39,7 @@ protected:
     // Presses the box, then the entry of the list that opens.
     void chooseWithMouse(int position) {
         QTest::mouseClick(&box_, Qt::LeftButton);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(box_.view()->window()));
         const QModelIndex entry = box_.model()->index(position, 0);
         box_.view()->scrollTo(entry);
         QTest::qWait(20);

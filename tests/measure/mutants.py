@@ -18,7 +18,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tree"))
 import sources  # noqa: E402  pylint: disable=wrong-import-position
 
 # What is measured, and how many of 210 mutants each group gets.
-GROUPS = {"model": 40, "protocol": 40, "usb": 60, "editor": 45, "editor/qt": 25}
+GROUPS = {"model": 40, "protocol": 40, "usb": 60, "editor": 50, "editor/qt": 20}
 KINDS = ("comparison", "arithmetic", "boolean", "constant", "table", "statement", "return", "text")
 
 # The headers that hold tables. A mutant in any other would rebuild much to learn little.

@@ -153,6 +153,16 @@ TEST_F(Selection, HighlightingAsksForTheTagsOneToFortySix) {
     EXPECT_EQ(journal.lines(), highlighted(46));
 }
 
+TEST_F(Selection, ColouringAsksForTheTagsOneToFortySix) {
+    loaded();
+    picture.asked.clear();
+    view.changeButtonColor();
+    std::vector<std::int32_t> tags;
+    for (std::int32_t tag = 1; tag <= 46; ++tag)
+        tags.push_back(tag);
+    EXPECT_EQ(picture.asked, tags);
+}
+
 TEST_F(Selection, TagWithoutAButtonIsSkipped) {
     loaded();
     picture.buttons.erase(7);
