@@ -54,6 +54,13 @@ TEST_F(GainWindowTest, DefaultBringsEverythingBack) {
     EXPECT_EQ(window_.controller().gainArray(), std::vector<std::int32_t>(8, 64));
 }
 
+TEST_F(GainWindowTest, ButtonsAreAllAsWideAsTwoGains) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+    for (const QPushButton* button : window_.findChildren<QPushButton*>())
+        EXPECT_NEAR(button->width(), sliders().at(2)->x() - sliders().at(0)->x(), 10)
+            << button->accessibleName().toStdString();
+}
+
 TEST_F(GainWindowTest, OkAndApplyOnlyLogTheirNames) {
     std::vector<std::string> lines;
     Diagnostics::setLog([&lines](std::string_view line) { lines.emplace_back(line); });

@@ -227,6 +227,18 @@ TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
     EXPECT_EQ(window().gainPanel().windowTitle(), "Gain Panel");
 }
 
+TEST_F(MainWindowTest, ControlsThatASceneDoesNotHoldAreNamedAndNoMore) {
+    open();
+    auto records = WindowAction::getSceneWithIndex(0)->buttonValueArray();
+    records.resize(12); // all before the pads
+    SceneValue few;
+    few.setCommonValue(std::make_shared<CommonValue>());
+    few.setButtonValueArray(records);
+    window().picture().showScene(*window().view().pu(), few);
+    EXPECT_EQ(window().picture().button(13)->toolTip(), "Pad 1");
+    EXPECT_NE(window().picture().button(12)->toolTip(), "Slider 4");
+}
+
 TEST_F(MainWindowTest, HelpOpensTheAboutBoxAndComesBackFromIt) {
     open();
     QString title;

@@ -75,14 +75,17 @@ _SWAPS = [
 ]
 _SWAPS = [(kind, re.compile(pattern), text) for kind, pattern, text in _SWAPS]
 
-# Margins and spacings are left out too: a pixel more of them is a matter of looks.
+# Margins and spacings are left out too: a pixel more of them is a matter of looks. So is room that
+# is reserved, which changes nothing but time.
 _NO_PLACE = re.compile(
-    r"\s*(#|static_assert|using |namespace |template|friend |Q_)|.*\bset\w*(Margins|Spacing)\("
+    r"\s*(#|static_assert|using |namespace |template|friend |Q_)"
+    r"|.*\b(set\w*(Margins|Spacing)|reserve)\("
 )
 _NUMBER = re.compile(r"(?<![\w.'<])(0x[0-9A-Fa-f]+|\d+)([uUlL]*)(?![\w.'>])")
 _NUMBERS = re.compile(r"(?<![\w.'])(0x[0-9A-Fa-f]+|\d+), (0x[0-9A-Fa-f]+|\d+)(?![\w.'])")
 _CONDITION = re.compile(r"^\s*(?:\} else )?if \(([^;]+)\)(?: \{)?$")
-_RETURN = re.compile(r"^\s+return (?!true;|false;|nullptr;|\{|[-\d]+;)([^;]+);$")
+# What an empty value is anyway is left alone.
+_RETURN = re.compile(r"^\s+return (?!true;|false;|nullptr;|kResultSuccess;|\{|[-\d]+;)([^;]+);$")
 _STATEMENT = re.compile(
     r"^\s+(?!static_assert)[\w:.>()\[\]-]*\w\(.*\);$|^\s+[\w.\[\]()>-]+ [-+|&]?= .*;$"
 )
