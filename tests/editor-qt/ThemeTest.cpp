@@ -1,6 +1,8 @@
 #include "editor/qt/Theme.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QLabel>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -39,6 +41,18 @@ TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
 TEST_P(ThemeTest, PaletteIsLightOrDarkAsWanted) {
     applyTheme(*qApp, GetParam());
     EXPECT_EQ(isDark(QApplication::palette()), GetParam());
+}
+
+TEST_P(ThemeTest, WindowsAndTroubleHaveTheirColours) {
+    applyTheme(*qApp, GetParam());
+    QDialog dialog;
+    dialog.resize(40, 40);
+    QLabel label(&dialog);
+    label.setProperty("role", "trouble");
+    label.ensurePolished();
+    EXPECT_EQ(label.palette().color(QPalette::WindowText), themeOf(GetParam()).trouble);
+    EXPECT_EQ(dialog.grab().toImage().pixelColor(30, 35), themeOf(GetParam()).window);
+    applyTheme(*qApp, false);
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, ThemeTest, ::testing::Bool());

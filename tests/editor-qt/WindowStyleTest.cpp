@@ -35,6 +35,14 @@ TEST(WindowStyle, EdgeOfAPopUpTellsThePointerAndTheKeyboard) {
               palette.color(QPalette::Highlight));
 }
 
+TEST(WindowStyle, TextOfAPopUpHasTheRoomBesideTheArrow) {
+    QStyleOptionComboBox option;
+    option.rect = QRect(0, 0, 120, 26);
+    EXPECT_EQ(WindowStyle().subControlRect(QStyle::CC_ComboBox, &option,
+                                           QStyle::SC_ComboBoxEditField, nullptr),
+              QRect(6, 0, 92, 26));
+}
+
 TEST(WindowStyle, DisabledPopUpDoesNotTellThePointer) {
     EXPECT_EQ(edgeOf(QStyle::State_MouseOver), QApplication::palette().color(QPalette::Mid));
 }
