@@ -1,0 +1,101 @@
+#include "app/VirtualBank.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "protocol/SceneAction.h"
+#include "protocol/SendJob.h"
+#include "tests/support/TempFolder.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <gtest/gtest.h>
+
+namespace scenewright::testing {
+
+namespace {
+
+class VirtualBankTest : public ::testing::Test {
+protected:
+    ~VirtualBankTest() override {
+        Transport::instance().use(nullptr, [](std::chrono::nanoseconds) {});
+    }
+
+    VirtualBank opened(const std::string& path) {
+        std::optional<std::string> trouble;
+        auto bank = openVirtualBank(path, trouble);
+        EXPECT_EQ(trouble, std::nullopt);
+        return std::move(bank).value();
+    }
+    std::string troubleOf(const std::string& path) {
+        std::optional<std::string> trouble;
+        EXPECT_FALSE(openVirtualBank(path, trouble).has_value());
+        return trouble.value_or("none");
+    }
+    // The store's scenes, with this red for the first pad, through the controller to the file.
+    void send(const std::string& path, std::int32_t red) {
+        VirtualBank bank = opened(path);
+        Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(bank.image),
+                                                  std::move(bank.keeper)),
+                                  [](std::chrono::nanoseconds) {});
+        WindowAction::scenes()[0]->buttonValueArray()[12]->setCR(red);
+        WindowAction::sendSceneData();
+        ASSERT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+        SendJob::join();
+    }
+    static std::int32_t redOf(const std::string& path) {
+        const BankFile bank = readBank(path);
+        EXPECT_EQ(bank.trouble, std::nullopt);
+        return bank.scenes.at(0)->buttonValueArray()[12]->CR();
+    }
+
+    TempFolder folder_;
+};
+
+TEST_F(VirtualBankTest, WithoutAFileItHoldsTheDefaultScenesAndKeepsNothing) {
+    const VirtualBank bank = opened("");
+    EXPECT_EQ(bank.image, encodeBank(WindowAction::scenes()));
+    EXPECT_TRUE(folder_.names().empty());
+}
+
+TEST_F(VirtualBankTest, AnImageIsTakenByteForByte) {
+    std::vector<std::uint8_t> bytes(kBankSize, 0x11);
+    bytes[400] = 0xC8; // no value of a setting, but what a controller might hold
+    writeBytes(folder_.file("held"), bytes);
+    const VirtualBank bank = opened(folder_.file("held"));
+    EXPECT_TRUE(std::ranges::equal(bank.image, bytes));
+}
+
+TEST_F(VirtualBankTest, AJsonBankIsTakenAndStaysOne) {
+    send(folder_.file("new.json"), 11); // there was none: its name asks for the form
+    EXPECT_EQ(readBank(folder_.file("new.json")).form, BankForm::Json);
+    EXPECT_EQ(redOf(folder_.file("new.json")), 11);
+    std::filesystem::rename(folder_.file("new.json"), folder_.file("held.bank"));
+    const BankFile kept = readBank(folder_.file("held.bank"));
+    EXPECT_EQ(opened(folder_.file("held.bank")).image, encodeBank(kept.scenes));
+    send(folder_.file("held.bank"), 12); // content decides, not the name
+    EXPECT_EQ(readBank(folder_.file("held.bank")).form, BankForm::Json);
+    EXPECT_EQ(redOf(folder_.file("held.bank")), 12);
+}
+
+TEST_F(VirtualBankTest, AnImageStaysOne) {
+    send(folder_.file("held"), 13);
+    EXPECT_EQ(readBytes(folder_.file("held")).size(), kBankSize);
+    EXPECT_EQ(redOf(folder_.file("held")), 13);
+}
+
+TEST_F(VirtualBankTest, WhatIsNoBankIsRefusedWithTheReason) {
+    writeBytes(folder_.file("short"), std::vector<std::uint8_t>(5));
+    EXPECT_EQ(troubleOf(folder_.file("short")),
+              folder_.file("short") + ": not a bank for the virtual controller: it holds 5 bytes, "
+                                      "and a bank holds 1012 or is JSON");
+    writeBytes(folder_.file("cut"), std::vector<std::uint8_t>{'{'});
+    EXPECT_EQ(troubleOf(folder_.file("cut")),
+              folder_.file("cut") + ": its JSON text ends too soon, in line 1");
+    EXPECT_EQ(troubleOf(folder_.path()),
+              "Cannot write " + folder_.path().string() + ": it is a folder.");
+    EXPECT_EQ(folder_.names(), (std::vector<std::string>{"cut", "short"}));
+}
+
+} // namespace
+
+} // namespace scenewright::testing

@@ -1,0 +1,266 @@
+// Every text of our own that the window shows goes through the translation.
+#include "app/WindowAction.h"
+#include "bank/BankJson.h"
+#include "editor/options/SettingOptions.h"
+#include "editor/qt/About.h"
+#include "editor/qt/DifferenceDialog.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+#include "tests/editor-qt-files/WideTexts.h"
+#include "usb/ConnectCause.h"
+
+#include <QFileDialog>
+#include <QTest>
+
+#include <array>
+
+namespace scenewright::testing {
+
+namespace {
+
+class OwnTextsTest : public CommandsBench {
+protected:
+    OwnTextsTest() {
+        for (const Setting& setting : settings())
+            for (const std::int32_t type : {kAssignOff, kAssignController, kAssignNote})
+                for (const std::string& title : *optionList(*lists_, setting, type))
+                    given_ << QString::fromStdString(title);
+        given_ += QStringList{"Ctrl+R", "Ctrl+Return",        "SCENE1", "SCENE2", "SCENE3",
+                              "SCENE4", folder.path().c_str()};
+        given_.removeAll(QString());
+        given_.removeDuplicates();
+    }
+
+    void open(KeyboardWatch::Look look = nullptr) {
+        CommandsBench::open(std::move(look));
+        given_ += window().displayModes().titles();
+    }
+    void expectOwn(const QString& text, const QStringList& given = {}) {
+        EXPECT_EQ(plainPart(text, given_ + given).toStdString(), "") << text.toStdString();
+    }
+    void expectAllOwn(const QWidget& widget, const QStringList& given = {}) {
+        const QStringList texts = textsOf(widget);
+        EXPECT_FALSE(texts.isEmpty());
+        for (const QString& text : texts)
+            expectOwn(text, given);
+    }
+    // What is told, in our words: something, and nothing of it plain.
+    void expectTold(const QString& text, const QStringList& given = {}) {
+        EXPECT_NE(text, "");
+        expectOwn(text, given);
+    }
+    std::string bankText() { return writeBankJson(WindowAction::scenes(), *lists_); }
+    QString written(const std::string& content) {
+        const QString name = file("bad.json");
+        writeBytes(name.toStdString(),
+                   {reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
+        return name;
+    }
+    void waitForSend() {
+        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    }
+
+    WideTexts wide_;
+    std::shared_ptr<PopUpValue> lists_ = WindowAction::InitializePopUp();
+    QStringList given_;
+};
+
+TEST_F(OwnTextsTest, PlainLettersAreFound) {
+    EXPECT_EQ(plainPart("Ｓｔａｔｕｓ: Note", {"Note"}), "");
+    EXPECT_EQ(plainPart("Ｓｔａｔｕｓ: Notes", {"Note"}), "Ｓｔａｔｕｓ: Notes");
+    open();
+    window().status().setAdvice("Dismiss");
+    EXPECT_TRUE(textsOf(window()).contains("Dismiss"));
+}
+
+TEST_F(OwnTextsTest, TheWindowItsMenusAndThePaneOfEachKind) {
+    open();
+    expectAllOwn(window());
+    for (const ControlRange& range : kControlRanges) {
+        if (range.kind != ControlKind::Common)
+            choose(range.start);
+        expectAllOwn(window());
+    }
+}
+
+TEST_F(OwnTextsTest, AValueOutsideItsList) {
+    record(kPad).setPadBehavior(100);
+    record(kPad).setAssignType(kAssignNote);
+    open();
+    expectAllOwn(window());
+}
+
+TEST_F(OwnTextsTest, TheGainPanelAndTheVersions) {
+    open();
+    expectAllOwn(window().gainPanel());
+    expectAllOwn(About(&window()));
+}
+
+TEST_F(OwnTextsTest, TheMenusOfFilesAndEarlierScenes) {
+    open();
+    for (int count = 0; count < 2; ++count) {
+        emit commands().banks().recentMenu().aboutToShow();
+        emit commands().banks().earlierMenu().aboutToShow();
+        expectAllOwn(commands().banks().recentMenu(), {"a & b.bank"});
+        expectAllOwn(commands().banks().earlierMenu());
+        commands().banks().openBank(bankWithRed("a & b.bank", count));
+        expectTold(message(), {"a & b.bank"});
+    }
+    commands().banks().bringBackNewest();
+    expectTold(message());
+}
+
+TEST_F(OwnTextsTest, TheFileDialogs) {
+    open();
+    for (const char* name : {"openBank", "saveBank", "openScene", "saveScene"}) {
+        window().findChild<QAction*>(name)->trigger();
+        const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+        ASSERT_NE(dialog, nullptr) << name;
+        expectOwn(dialog->windowTitle());
+        for (const QString& filter : dialog->nameFilters())
+            expectOwn(filter, {"*.json", "*.bank"});
+    }
+}
+
+TEST_F(OwnTextsTest, TheListOfDifferences) {
+    open();
+    record(kPad).setCR(12);
+    record(kPad).setAssignType(100);
+    WindowAction::getSceneWithIndex(1)->commonValue()->setSceneName("Live");
+    WindowAction::getSceneWithIndex(2)->commonValue()->setPitchBendSpeed(3);
+    press(Qt::Key_D);
+    const auto* dialog = window().findChild<DifferenceDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->lines().size(), 4);
+    expectAllOwn(*dialog, {"Live"});
+}
+
+TEST_F(OwnTextsTest, SavingAndWhatKeepsAFileFromBeingWritten) {
+    open();
+    commands().banks().saveBank(file("kept.json"));
+    expectTold(message(), {"kept.json"});
+    commands().banks().saveScene(file("scene.json"));
+    expectTold(message(), {"scene.json"});
+    for (const QString& name : {file(""), QString(), file("kept.json/inside"), QString("/dev/null"),
+                                file("missing/inside.json")}) {
+        commands().banks().saveBank(name);
+        expectTold(advice(), {"kept.json", "missing", "inside", "inside.json", "/dev/null",
+                              "No such file or directory", "Not a directory"});
+    }
+}
+
+TEST_F(OwnTextsTest, WhatKeepsTheEarlierScenesFromBeingKept) {
+    writeBytes(folder.file("backups"), {});
+    open();
+    const QString bank = bankWithRed("other.bank", 1);
+    commands().banks().openBank(bank);
+    expectTold(advice(), {"backups", "Not a directory", "File exists"});
+}
+
+struct BadBank {
+    const char* from;
+    const char* to;
+    QStringList given;
+};
+
+TEST_F(OwnTextsTest, WhatIsWrongWithABank) {
+    open();
+    const std::array<BadBank, 14> banks{{
+        {"\"version\": 1", "\"version\": 2", {"version"}},
+        {"\"version\": 1", "\"version\": null", {"version", "null"}},
+        {"\"format\"", "\"f\"", {"format"}},
+        {"scenewright-bank", "other", {"format", "scenewright-bank", "other"}},
+        {"\"scenes\": [", "\"scenes\": [1, 2], \"scenes\": [", {"scenes"}},
+        {"\"scenes\": [", "\"scenes\": [7, ", {"scenes"}},
+        {"\"scenes\": [", "\"more\": [], \"scenes\": [", {"more"}},
+        {"\"name\": \"SCENE1\"", "\"name\": 3", {"scenes", "name"}},
+        {"\"name\": \"SCENE1\"",
+         "\"name\": \"longer than twelve\"",
+         {"scenes", "name", "longer than twelve"}},
+        {"\"name\": \"SCENE1\"", "\"nameBytes\": \"1\"", {"scenes", "nameBytes"}},
+        {"\"name\": \"SCENE1\"", "\"nameBytes\": \"1\", \"name\": \"\"", {"scenes", "nameBytes"}},
+        {"\"MIDIChannel\": ",
+         "\"MIDIChannel\": true, \"X\": ",
+         {"scenes", "groups", "MIDIChannel", "X", "true"}},
+        {"\"MIDIChannel\": ",
+         "\"MIDIChannel\": 128, \"//\": ",
+         {"scenes", "groups", "MIDIChannel"}},
+        {"\"groups\": [", "\"groups\": {}, \"//g\": [", {"scenes", "groups"}},
+    }};
+    for (const BadBank& bad : banks) {
+        std::string text = bankText();
+        text.replace(text.find(bad.from), std::string(bad.from).size(), bad.to);
+        commands().banks().openBank(written(text));
+        EXPECT_NE(advice(), "") << bad.to;
+        expectTold(advice(), QStringList{"bad.json", "JSON"} + bad.given);
+    }
+}
+
+TEST_F(OwnTextsTest, WhatIsNoBankAtAll) {
+    open();
+    const std::string deep = "{\"a\": " + std::string(20, '[');
+    for (const std::string& content :
+         {std::string("{"), std::string("{]"), deep, std::string("short"),
+          std::string(1012, '\xFF'), std::string("{}"), std::string()}) {
+        for (const bool isBank : {true, false}) {
+            if (isBank)
+                commands().banks().openBank(written(content));
+            else
+                commands().banks().openScene(written(content));
+            expectTold(advice(), {"bad.json", "scenes", "common", "GlobalMIDICh", "format"});
+        }
+    }
+    for (const QString& name : {file("missing.bank"), file(""), QString("/dev/null")}) {
+        commands().banks().openBank(name);
+        expectTold(advice(), {"missing.bank", "/dev/null", "No such file or directory"});
+    }
+}
+
+TEST_F(OwnTextsTest, WhatIsToldAfterATransfer) {
+    open();
+    press(Qt::Key_D);
+    expectTold(notice());
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    press(Qt::Key_D);
+    expectTold(notice());
+    record(kPad).setCR(78);
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    press(Qt::Key_R);
+    expectTold(notice());
+    expectAllOwn(window());
+    plugIn({{Fault::Kind::Unplug, 500}});
+    press(Qt::Key_Return);
+    waitForSend();
+    expectTold(notice());
+    expectAllOwn(window());
+    unplug();
+    press(Qt::Key_R);
+    expectTold(notice());
+    expectTold(advice());
+}
+
+TEST_F(OwnTextsTest, EveryCauseAndCure) {
+    for (const ResultCode code : {kResultAccess, kResultBusy, kResultNoDevice, kResultNotFound,
+                                  kResultTimeout, kResultOverflow})
+        expectTold(QString::fromStdString(causeAndCure(code)));
+    // The code itself is a number, in hexadecimal digits.
+    expectTold(QString::fromStdString(causeAndCure(kResultOther))
+                   .remove(QRegularExpression(QStringLiteral("[0-9a-f]{8}"))));
+}
+
+TEST_F(OwnTextsTest, WhatKeepsTheKeyboardFromUse) {
+    KeyboardPresence presence = KeyboardPresence::Unplugged;
+    open([&presence] { return presence; });
+    for (const KeyboardPresence next : {KeyboardPresence::Unplugged, KeyboardPresence::NoPermission,
+                                        KeyboardPresence::Claimed, KeyboardPresence::Usable}) {
+        const QString before = commands().keyboard().text();
+        presence = next;
+        ASSERT_TRUE(next == KeyboardPresence::Unplugged ||
+                    waitUntil([&] { return commands().keyboard().text() != before; }));
+        expectAllOwn(commands().keyboard());
+        expectTold(commands().keyboard().text());
+    }
+}
+
+} // namespace
+
+} // namespace scenewright::testing
