@@ -1,9 +1,12 @@
 """The editor itself over the real stack, with the keys and the mouse of a display in memory."""
 
 import os
+import re
 import subprocess
+import time
 from pathlib import Path
 
+from cases_trouble import check_untouched
 from rig import BIN, check_equal, some_bank, wait_for
 
 EDITOR = BIN / "scenewright"
@@ -12,6 +15,9 @@ START = 120  # seconds; the window takes long to come under emulation
 FIRST_PAD = 13  # its control index
 FIRST_PAD_AT = (790, 160)  # on the picture, in a window of the default size
 FIRST_PAD_TYPE = 181  # its place in the first scene
+SEEN_WITHIN = 1  # seconds, from the plug to the status bar
+EMULATED = 10  # how much longer that may take here
+LOOKS = 4  # seconds, in which the editor looks several times
 CONTROLLER, NOTE = 1, 2  # positions in the list of types
 
 
@@ -19,6 +25,7 @@ class Window:
     """The editor on a display of its own."""
 
     def __init__(self, rig):
+        self.notes = rig.notes
         rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp",
                   stderr=subprocess.DEVNULL)
         wait_for("the display", Path(f"/tmp/.X11-unix/X{DISPLAY[1:]}").exists)
@@ -45,6 +52,35 @@ class Window:
 
     def await_log(self, part):
         wait_for(f"{part!r} in the log", lambda: part in self.log_file.read_text(), START)
+
+    def presence(self):
+        """What the editor last found about the keyboard, as its log and its status bar say."""
+        found = re.findall("Keyboard: (.*)", self.log_file.read_text())
+        return found[-1] if found else None
+
+    def check_sees(self, presence):
+        begin = time.monotonic()
+        wait_for(f"the editor to say {presence!r}", lambda: self.presence() == presence, START)
+        seconds = time.monotonic() - begin
+        self.notes.append(f"{presence!r} was seen after {seconds:.2f} s")
+        assert seconds < SEEN_WITHIN * EMULATED, f"{presence!r} took {seconds:.1f} s"
+
+
+def case_editor_sees_the_plug_and_leaves_the_keyboard_alone(rig):
+    window = Window(rig)
+    window.check_sees("not plugged in")
+    keyboard = rig.plug(awaits_port=False)
+    window.check_sees("plugged in")
+    keyboard.await_port()
+    end = time.monotonic() + LOOKS
+    while time.monotonic() < end:
+        check_untouched(keyboard)
+        time.sleep(0.05)
+    keyboard.unplug()
+    window.check_sees("not plugged in")
+    check_equal(keyboard.carried("ep1 in") + keyboard.carried("ep2 out"), [], "transfers")
+    window.key("ctrl+q")
+    check_equal(window.program.wait(START), 0, "exit code")
 
 
 def case_editor_reads_changes_a_pad_and_sends(rig):
