@@ -105,7 +105,8 @@ private:
 
     // An object's marker byte: its kind in the high nibble, its length in the low one, where 15
     // says that the length follows as an integer object.
-    static constexpr std::uint64_t kData = 0x4; // 0x5 is ASCII text
+    static constexpr std::uint64_t kData = 0x4;
+    static constexpr std::uint64_t kAscii = 0x5;
     static constexpr std::uint64_t kUtf16 = 0x6;
     static constexpr std::uint64_t kArray = 0xA;
     static constexpr std::uint64_t kSet = 0xC;
@@ -194,11 +195,34 @@ private:
         Extent extent;
         if (object.kind == kArray || object.kind == kSet)
             addChildren(extent, object, object.length, above);
-        else if (object.kind == kDictionary)
+        else if (object.kind == kDictionary) {
+            requireKeys(object);
             addChildren(extent, object, 2 * object.length, above);
-        else if (hasLength(object.kind))
+        } else if (hasLength(object.kind))
             extent.weight += object.kind == kUtf16 ? 2 * object.length : object.length;
         return extent;
+    }
+
+    // The keys come first. The library ends the program at one that holds a zero character.
+    void requireKeys(const Object& dictionary) {
+        for (std::uint64_t i = 0; i < dictionary.length && fault_.empty(); ++i) {
+            const auto index = number(dictionary.body + i * referenceSize_, referenceSize_);
+            const auto key = index ? object(*index) : std::nullopt;
+            if (!key || holdsZero(*key))
+                fail(kMalformed);
+        }
+    }
+
+    [[nodiscard]] bool holdsZero(const Object& text) const {
+        if (text.kind != kAscii && text.kind != kUtf16)
+            return false;
+        const std::uint64_t size = text.kind == kUtf16 ? 2 : 1;
+        for (std::uint64_t i = 0; i < text.length; ++i) {
+            const auto character = number(text.body + i * size, size);
+            if (!character || *character == 0)
+                return true;
+        }
+        return false;
     }
 
     // Keys and values of a dictionary count alike. A cycle ends at the level limit.

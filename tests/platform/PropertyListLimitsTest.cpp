@@ -56,6 +56,27 @@ std::string smallBinary() {
     return binary({"\xD1\x01\x02", "\x53VID", "\x11\x12\x09"}); // {"VID": 0x1209}
 }
 
+TEST(PropertyListLimits, AKeyWithAZeroCharacterIsNoKey) {
+    using namespace std::string_literals;
+    const std::string value = "\x10\x05";
+    EXPECT_EQ(propertyListFault(binary({"\xD1\x01\x02"s, "\x53V\0D"s, value})), kMalformed);
+    EXPECT_EQ(propertyListFault(binary({"\xD1\x01\x02"s, "\x62\0V\0\0"s, value})), kMalformed);
+    EXPECT_EQ(propertyListFault(binary({"\xD1\x01\x02"s, "\x62\0V\0D"s, value})), "");
+    EXPECT_EQ(parsePropertyList(binary({"\xD1\x01\x02"s, "\x53V\0D"s, value}), "x").trouble,
+              "Cannot read x: it is not a property list.");
+    for (const char* zero : {"&#0;", "&#x0;", "&#00;"}) {
+        const auto list = parsePropertyList(
+            "<plist><dict><key>a" + std::string(zero) + "b</key><true/></dict></plist>", "x");
+        EXPECT_EQ(list.trouble, "Cannot read x: it is not a property list.") << zero;
+    }
+}
+
+TEST(PropertyListLimits, AValueMayHoldAZeroCharacter) {
+    using namespace std::string_literals;
+    const auto list = parsePropertyList(binary({"\xA1\x01"s, "\x53V\0D"s}), "x");
+    ASSERT_TRUE(list.root.isArray());
+}
+
 TEST(PropertyListLimits, SixtyFourLevelsOfXmlAreReadAndOneMoreIsNot) {
     EXPECT_EQ(propertyListFault(nestedXml(64)), "");
     EXPECT_EQ(propertyListFault(nestedXml(65)), kTooDeep);
