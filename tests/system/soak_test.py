@@ -107,6 +107,11 @@ class MeterTest(unittest.TestCase):
         with self.assertRaises(AssertionError):
             self.meter([5000] * 41, [7] * 40 + [8]).check_level()
 
+    def test_files_opened_before_every_kind_has_been_there_pass(self):
+        self.meter([5000] * 20, [3] * 9 + [7] * 11).check_level()
+        with self.assertRaises(AssertionError):
+            self.meter([5000] * 20, [3] * 11 + [7] * 9).check_level()
+
 
 if __name__ == "__main__":
     unittest.main()
