@@ -2,6 +2,7 @@
 
 #include "tests/support/TempFolder.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -20,6 +21,9 @@ void redirect(const std::string& path, int flags, int target) {
 
 [[noreturn]] void become(const std::vector<std::string>& command,
                          const std::vector<std::string>& environment, const TempFolder& folder) {
+    // A shell that started the tests in the background leaves some of these ignored.
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(number, SIG_DFL);
     redirect("/dev/null", O_RDONLY, STDIN_FILENO);
     redirect(folder.file("out"), O_WRONLY | O_CREAT, STDOUT_FILENO);
     redirect(folder.file("err"), O_WRONLY | O_CREAT, STDERR_FILENO);

@@ -141,8 +141,12 @@ Ending runProgram(const std::function<int(int letters)>& program) {
     std::array<int, 2> ends{};
     EXPECT_EQ(pipe(ends.data()), 0);
     const pid_t child = fork();
-    if (child == 0)
+    if (child == 0) {
+        // A shell that started the tests in the background leaves some of these ignored.
+        for (const int number : {SIGINT, SIGTERM, SIGHUP})
+            std::signal(number, SIG_DFL);
         _exit(program(ends[1]));
+    }
     close(ends[1]);
     Ending ending;
     for (char letter = 0; read(ends[0], &letter, 1) == 1;)
