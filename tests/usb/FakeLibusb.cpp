@@ -133,7 +133,8 @@ ssize_t libusb_get_device_list(libusb_context* context, libusb_device*** list) {
         return library.listResult;
     auto made = std::make_unique<libusb_device*[]>(library.devices.size() + 1);
     for (std::size_t i = 0; i < library.devices.size(); ++i) {
-        made[i] = std::make_unique<libusb_device>(context, library.devices[i]).release();
+        made[i] =
+            std::make_unique<libusb_device>(libusb_device{context, library.devices[i]}).release();
         ++library.deviceReferences;
     }
     *list = made.release();
@@ -181,7 +182,8 @@ void libusb_free_config_descriptor(libusb_config_descriptor* freed) {
 int libusb_open(libusb_device* device, libusb_device_handle** handle) {
     if (device->fake.openResult != 0)
         return device->fake.openResult;
-    *handle = std::make_unique<libusb_device_handle>(device->context).release();
+    *handle =
+        std::make_unique<libusb_device_handle>(libusb_device_handle{device->context}).release();
     ++fakeLibusb().handles;
     return 0;
 }

@@ -118,7 +118,7 @@ TEST_F(VirtualHostTest, SecondHandleIsBusyWhileTheFirstIsOpen) {
     std::unique_ptr<UsbPlugIn> made;
     std::unique_ptr<UsbInterface> second;
     Transport::instance().device()->interfaceIterator({}, interfaces);
-    interfaces->next();
+    ASSERT_NE(interfaces->next(), nullptr);
     host->makePlugIn(*interfaces->next(), PlugInType::Interface, {}, made);
     made->queryInterface({}, second);
     EXPECT_EQ(second->open(), kResultBusy);

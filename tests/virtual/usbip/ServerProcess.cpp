@@ -148,8 +148,9 @@ std::int32_t Client::write(const std::vector<std::uint8_t>& bytes) {
     const auto reply = receive(48);
     if (reply.size() != 48)
         throw std::runtime_error("no answer to a write");
-    return static_cast<std::int32_t>(std::uint32_t{reply[20]} << 24U | reply[21] << 16U |
-                                     reply[22] << 8U | reply[23]);
+    return static_cast<std::int32_t>(std::uint32_t{reply[20]} << 24U |
+                                     std::uint32_t{reply[21]} << 16U |
+                                     std::uint32_t{reply[22]} << 8U | reply[23]);
 }
 
 std::vector<std::uint8_t> Client::read() {
