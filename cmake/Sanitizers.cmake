@@ -13,4 +13,4 @@ add_compile_options(
 add_link_options(-fsanitize=${SCENEWRIGHT_SANITIZE})
 
 # What every program of such a build tells its sanitizers, however it is run.
-add_library(scenewright_sanitizer_words OBJECT cmake/SanitizerWords.cpp)
+add_library(scenewright_sanitizer_words OBJECT tests/support/SanitizerWords.cpp)

@@ -16,7 +16,6 @@ _VIEW = _CORE | {"protocol", "app", "editor/options", "editor/widgets"}
 
 # What each folder may include beside itself.
 ALLOWED = {
-    "cmake": set(),
     "platform": set(),
     "model": {"platform"},
     "usb": {"platform"},
