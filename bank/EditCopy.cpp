@@ -31,7 +31,8 @@ Trouble pairTrouble(const Path& from, const Path& to) {
 }
 
 Trouble countTrouble(const Path& from, std::size_t scenes) {
-    if (static_cast<std::size_t>(from.scenes.first + from.scenes.count) <= scenes)
+    const std::int32_t end = from.scenes.first + from.scenes.count;
+    if (static_cast<std::size_t>(end) <= scenes)
         return std::nullopt;
     return "the file has one scene, scene1";
 }
