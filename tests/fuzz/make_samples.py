@@ -1,4 +1,4 @@
-"""Makes what the fuzzers begin with: make_seeds.py CLI RESOURCES FOLDER
+"""Makes what the fuzzers begin with: make_samples.py CLI RESOURCES FOLDER
 
 For each fuzzer a folder of inputs, a NAME.list of them, and a NAME.dict of words worth putting into
 an input. Banks come from our own command line, property lists from our own resources; what a client
@@ -230,13 +230,13 @@ def inputs(resources: Path) -> dict[str, tuple[list[bytes], list[str]]]:
     }
 
 
-def write(folder: Path, name: str, seeds: list[bytes], words: list[str]) -> None:
+def write(folder: Path, name: str, samples: list[bytes], words: list[str]) -> None:
     own = folder / name
     shutil.rmtree(own, ignore_errors=True)
     own.mkdir(parents=True)
-    files = [own / f"{number:03}" for number in range(len(seeds))]
-    for file, seed in zip(files, seeds, strict=True):
-        file.write_bytes(seed)
+    files = [own / f"{number:03}" for number in range(len(samples))]
+    for file, sample in zip(files, samples, strict=True):
+        file.write_bytes(sample)
     (folder / f"{name}.list").write_text(",".join(map(str, files)))
     (folder / f"{name}.dict").write_text(dictionary(words))
 
@@ -245,8 +245,8 @@ def main() -> None:
     global CLI
     CLI = sys.argv[1]
     folder = Path(sys.argv[3])
-    for name, (seeds, words) in inputs(Path(sys.argv[2])).items():
-        write(folder, name, seeds, words)
+    for name, (samples, words) in inputs(Path(sys.argv[2])).items():
+        write(folder, name, samples, words)
 
 
 if __name__ == "__main__":
