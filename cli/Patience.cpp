@@ -1,13 +1,13 @@
 #include "cli/Patience.h"
 
 #include "cli/Command.h"
+#include "platform/StandardStreams.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <unistd.h>
 
 namespace scenewright {
@@ -25,7 +25,7 @@ std::int64_t progressOf(const TransferTally& tally) {
 void speakOf(const TransferTally& tally) {
     const bool isUnplugged = tally.first && tally.first->code == kResultNoDevice;
     if (isatty(STDERR_FILENO) != 0)
-        fmt::print(stderr, "\r\033[K"); // a progress line may stand there
+        writeStandardError("\r\033[K"); // a progress line may stand there
     complain(fmt::format("{} (Ctrl+C stops)",
                          causeAndCure(isUnplugged ? kResultNoDevice : kResultTimeout)),
              kExitController);

@@ -1,12 +1,12 @@
 #include "cli/ProgressLine.h"
 
+#include "platform/StandardStreams.h"
 #include "usb/Transport.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <unistd.h>
 
 namespace scenewright {
@@ -18,8 +18,7 @@ constexpr int kStuckAfter = 30; // refreshes without a packet
 constexpr const char* kClearLine = "\r\033[K";
 
 void show(std::string_view text) {
-    fmt::print(stderr, "{}{}", kClearLine, text);
-    std::fflush(stderr);
+    writeStandardError(fmt::format("{}{}", kClearLine, text));
 }
 
 } // namespace
@@ -51,7 +50,7 @@ ProgressLine::~ProgressLine() {
     }
     ended_.notify_one();
     thread_.join();
-    show("");
+    writeStandardError(kClearLine);
 }
 
 void ProgressLine::run() {

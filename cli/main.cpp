@@ -1,5 +1,6 @@
 #include "cli/BankArgument.h"
 #include "cli/CommandLine.h"
+#include "platform/StandardStreams.h"
 #include "usb/Shutdown.h"
 
 #include <exception>
@@ -33,6 +34,7 @@ int run(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
+    scenewright::prepareProcess();
     try {
         return scenewright::run(argc, argv);
     } catch (const std::exception& error) {

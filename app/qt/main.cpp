@@ -8,7 +8,7 @@
 #include "editor/qt/Translation.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
-#include "platform/ReadableText.h"
+#include "platform/StandardStreams.h"
 #include "protocol/SendJob.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
@@ -17,9 +17,9 @@
 #include <QApplication>
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -31,8 +31,7 @@ constexpr int kExitTrouble = 1;
 constexpr int kExitUsage = 2;
 
 int complain(std::string_view sentence, int exitCode) {
-    // A file's name or an argument in it may hold anything, a terminal's commands included.
-    fmt::print(stderr, "scenewright: {}\n", readableText(sentence));
+    reportError("scenewright", sentence);
     return exitCode;
 }
 
@@ -73,6 +72,17 @@ private:
     static inline std::string first_;
 };
 
+// Help or version, as the parser words it.
+int printAnswer(const CLI::Success& request, const CLI::App& app) {
+    std::ostringstream out;
+    std::ostringstream errors;
+    app.exit(request, out, errors);
+    auto printed = writeStandardOutput(out.str());
+    if (printed)
+        printed = closeStandardOutput();
+    return printed ? 0 : complain(printed.error(), kExitTrouble);
+}
+
 void describe(CLI::App& app) {
     app.set_version_flag("--version", "scenewright " SCENEWRIGHT_VERSION);
 }
@@ -108,7 +118,7 @@ int run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& request) {
-        return app.exit(request);
+        return printAnswer(request, app);
     } catch (const CLI::ParseError& error) {
         return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
     }
@@ -135,6 +145,7 @@ int run(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
+    scenewright::prepareProcess();
     try {
         return scenewright::run(argc, argv);
     } catch (const std::exception& error) {

@@ -1,0 +1,200 @@
+#include "platform/StandardStreams.h"
+
+#include "platform/FileDescriptor.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <string>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+#include <utility>
+
+namespace scenewright {
+namespace {
+
+const std::string kLine = "a line of words\n";
+
+struct Pair {
+    FileDescriptor reader;
+    FileDescriptor writer;
+};
+
+Pair makePipe() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
+Pair makeSockets() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
+    return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
+Pair makeTerminal() {
+    FileDescriptor master(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
+    EXPECT_EQ(grantpt(master.get()), 0);
+    EXPECT_EQ(unlockpt(master.get()), 0);
+    std::array<char, 64> name{};
+    EXPECT_EQ(ptsname_r(master.get(), name.data(), name.size()), 0);
+    return {std::move(master), FileDescriptor(open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC))};
+}
+
+// Fills what nobody reads, without leaving a flag behind.
+void fill(int fd) {
+    const int flags = fcntl(fd, F_GETFL);
+    fcntl(fd, F_SETFL, flags | O_NONBLOCK);
+    while (write(fd, kLine.data(), kLine.size()) > 0) {
+    }
+    while (write(fd, "x", 1) > 0) {
+    }
+    fcntl(fd, F_SETFL, flags);
+}
+
+std::string readOnce(int fd) {
+    std::array<char, 256> bytes{};
+    const ssize_t count = read(fd, bytes.data(), bytes.size());
+    return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
+}
+
+class StandardStreams : public ::testing::Test {
+protected:
+    void SetUp() override { prepareProcess(); }
+    // The alarm ends a test program that is made to wait.
+    static void expectDropped(int fd) {
+        alarm(60);
+        for (int i = 0; i < 100; ++i) {
+            errno = ENOTTY;
+            EXPECT_FALSE(writeOrDrop(fd, kLine));
+            EXPECT_EQ(errno, ENOTTY);
+        }
+        alarm(0);
+    }
+};
+
+TEST_F(StandardStreams, ReaderGetsTheText) {
+    using Make = Pair (*)();
+    for (const Make make : {&makePipe, &makeSockets}) {
+        const Pair pair = make();
+        EXPECT_TRUE(writeOrDrop(pair.writer.get(), kLine));
+        EXPECT_EQ(readOnce(pair.reader.get()), kLine);
+    }
+    const Pair terminal = makeTerminal();
+    EXPECT_TRUE(writeOrDrop(terminal.writer.get(), kLine));
+    EXPECT_EQ(readOnce(terminal.reader.get()), "a line of words\r\n");
+}
+
+TEST_F(StandardStreams, TextIsAddedToARegularFileWhereItStands) {
+    const testing::TempFolder folder;
+    const FileDescriptor file(
+        open(folder.file("out").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    const std::string big(10'000, 'x');
+    for (const std::string& text : {kLine, big, kLine})
+        EXPECT_TRUE(writeOrDrop(file.get(), text));
+    const auto bytes = testing::readBytes(folder.file("out"));
+    EXPECT_EQ(std::string(bytes.begin(), bytes.end()), kLine + big + kLine);
+}
+
+TEST_F(StandardStreams, FullPipeSocketAndTerminalAreNotWaitedForAndKeepTheirFlags) {
+    using Make = Pair (*)();
+    for (const Make make : {&makePipe, &makeSockets, &makeTerminal}) {
+        const Pair pair = make();
+        fill(pair.writer.get());
+        const int flags = fcntl(pair.writer.get(), F_GETFL);
+        expectDropped(pair.writer.get());
+        EXPECT_EQ(fcntl(pair.writer.get(), F_GETFL), flags);
+    }
+}
+
+TEST_F(StandardStreams, StoppedTerminalIsNotWaitedFor) {
+    const Pair terminal = makeTerminal();
+    ASSERT_EQ(tcflow(terminal.writer.get(), TCOOFF), 0);
+    expectDropped(terminal.writer.get());
+    ASSERT_EQ(tcflow(terminal.writer.get(), TCOON), 0);
+    EXPECT_TRUE(writeOrDrop(terminal.writer.get(), kLine));
+}
+
+TEST_F(StandardStreams, WhatCannotBeWrittenIsDropped) {
+    Pair pipe = makePipe();
+    { const FileDescriptor former = std::move(pipe.reader); }
+    Pair sockets = makeSockets();
+    { const FileDescriptor former = std::move(sockets.reader); }
+    Pair terminal = makeTerminal();
+    { const FileDescriptor former = std::move(terminal.reader); }
+    const FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
+    constexpr int kClosed = 1000;
+    for (const int fd :
+         {pipe.writer.get(), sockets.writer.get(), terminal.writer.get(), full.get(), kClosed, -1})
+        expectDropped(fd);
+}
+
+// In a child, which says by its exit code what it found.
+template <typename Check>
+int exitCodeOf(const Check& check) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(check() ? 0 : 1);
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+TEST_F(StandardStreams, NoFileTakesThePlaceOfAClosedStream) {
+    EXPECT_EQ(exitCodeOf([] {
+                  for (const int fd : {0, 1, 2})
+                      close(fd);
+                  prepareProcess();
+                  char byte = 0;
+                  return open("/dev/null", O_RDONLY) > 2 && read(0, &byte, 1) < 0 &&
+                         !writeStandardOutput("x") && write(2, "x", 1) == 1;
+              }),
+              0);
+}
+
+TEST_F(StandardStreams, OpenStreamsStayAsTheyAre) {
+    EXPECT_EQ(exitCodeOf([] {
+                  const Pair pipe = makePipe();
+                  dup2(pipe.writer.get(), 1);
+                  close(2);
+                  prepareProcess();
+                  return writeStandardOutput(kLine) && readOnce(pipe.reader.get()) == kLine;
+              }),
+              0);
+}
+
+TEST_F(StandardStreams, ResultThatCannotBeWrittenIsAnError) {
+    EXPECT_EQ(exitCodeOf([] {
+                  dup2(open("/dev/full", O_WRONLY), 1);
+                  const auto written = writeStandardOutput(kLine);
+                  return !written && written.error() == "standard output could not be written";
+              }),
+              0);
+    EXPECT_EQ(exitCodeOf([] {
+                  Pair pipe = makePipe();
+                  dup2(pipe.writer.get(), 1);
+                  close(pipe.reader.get());
+                  return !writeStandardOutput(kLine);
+              }),
+              0);
+}
+
+TEST_F(StandardStreams, ErrorIsOneReadableLineAfterTheProgramsName) {
+    EXPECT_EQ(exitCodeOf([] {
+                  const Pair pipe = makePipe();
+                  dup2(pipe.writer.get(), 2);
+                  reportError("program", "a\x1B[2Jb");
+                  return readOnce(pipe.reader.get()) == "program: a\xEF\xBF\xBD[2Jb\n";
+              }),
+              0);
+}
+
+} // namespace
+} // namespace scenewright
