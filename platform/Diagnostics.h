@@ -8,13 +8,68 @@
 
 #include <fmt/printf.h>
 
+#include <array>
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace scenewright {
+
+// What a stream can write: a text with "%s", a number with "%d", "%u" and "%x".
+template <typename T>
+concept StreamText = std::convertible_to<const T&, std::string_view>;
+template <typename T>
+concept StreamNumber = std::integral<T> && !std::same_as<T, bool>;
+
+// Whether each conversion of the printf format has its argument, of the kind that it asks for, and
+// no argument is left over. A conversion is "%", flags, a width, "l" or "z" before a number's
+// letter, and the letter; "%%" is a percent sign.
+template <typename... Args>
+constexpr bool formatFits(std::string_view format) {
+    static_assert(((StreamText<Args> || StreamNumber<Args>)&&...), "a text or a number");
+    constexpr std::array<bool, sizeof...(Args) + 1> kIsText{StreamText<Args>..., false};
+    std::size_t argument = 0;
+    for (std::size_t at = format.find('%'); at != format.npos; at = format.find('%', at + 1)) {
+        if (format.substr(at + 1).starts_with('%')) {
+            ++at;
+            continue;
+        }
+        const std::size_t modifier = format.find_first_not_of("-+ #0123456789", at + 1);
+        at = format.find_first_not_of("lz", modifier);
+        if (at == format.npos || argument == sizeof...(Args))
+            return false;
+        const bool isText = format[at] == 's' && at == modifier;
+        const bool isNumber = std::string_view("dux").find(format[at]) != std::string_view::npos;
+        if (kIsText[argument] ? !isText : !isNumber)
+            return false;
+        ++argument;
+    }
+    return argument == sizeof...(Args);
+}
+
+// A printf format for arguments of these types, checked when it is compiled: made from a literal,
+// or kept as a constant of its own, as in a table.
+template <typename... Args>
+class Format {
+public:
+    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): literals are passed
+    template <StreamText Text>
+    consteval Format(const Text& text) : text_(text) {
+        if (!formatFits<Args...>(text_))
+            argumentsDoNotFitTheFormat();
+    }
+    [[nodiscard]] constexpr std::string_view text() const noexcept { return text_; }
+
+private:
+    static void argumentsDoNotFitTheFormat(); // is no constant: calling it ends the compilation
+
+    std::string_view text_;
+};
 
 class Diagnostics {
 public:
@@ -30,19 +85,32 @@ public:
     [[nodiscard]] static bool consoleIsOn() noexcept;
     [[nodiscard]] static bool logIsOn() noexcept;
 
-    // `format` is a printf format; the arguments are formatted only when the stream is on.
+    // The arguments are formatted only when the stream is on.
     template <typename... Args>
-    static void console(std::string_view format, const Args&... args) {
+    static void console(std::type_identity_t<Format<Args...>> format, const Args&... args) {
         if (consoleIsOn())
-            writeConsole(fmt::sprintf(format, args...));
+            writeConsole(formatted(format.text(), args...));
     }
     template <typename... Args>
-    static void log(std::string_view format, const Args&... args) {
+    static void log(std::type_identity_t<Format<Args...>> format, const Args&... args) {
         if (logIsOn())
-            writeLog(fmt::sprintf(format, args...));
+            writeLog(formatted(format.text(), args...));
     }
 
 private:
+    template <StreamText T>
+    static std::string_view argument(const T& text) {
+        return text;
+    }
+    template <StreamNumber T>
+    static T argument(T number) {
+        return number;
+    }
+    template <typename... Args>
+    static std::string formatted(std::string_view format, const Args&... args) {
+        return fmt::sprintf(format, argument(args)...);
+    }
+
     static void writeConsole(std::string_view text);
     static void writeLog(std::string_view line);
 };

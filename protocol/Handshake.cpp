@@ -51,7 +51,7 @@ bool handshakeOnce() {
                      reply[3], reply[4], reply[5], reply[6], reply[7], reply[8], reply[9],
                      reply[10]);
     const bool answered = matchesOf(reply) == kExpectedSize;
-    Diagnostics::log(answered ? "handshake yes" : "handshake no");
+    Diagnostics::log("%s", answered ? "handshake yes" : "handshake no");
     return answered;
 }
 

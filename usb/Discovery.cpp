@@ -33,7 +33,7 @@ std::unique_ptr<ServiceIterator> listServices(const MatchingDictionary& dictiona
 
 struct Step {
     ResultCode result = kResultSuccess;
-    std::string_view failureFormat; // a console line with the result code
+    Format<ResultCode> failureFormat; // a console line
 };
 
 // Whether the step gave what it was asked for; if not, says so and notes it for the user.
@@ -91,7 +91,7 @@ bool isSupported(UsbDevice& device) {
 }
 
 bool addIdentifier(MatchingDictionary& dictionary, std::string_view key, std::int32_t number,
-                   std::string_view failureLine) {
+                   Format<> failureLine) {
     UsbHost* const host = Transport::instance().host();
     if (host && host->addNumber(dictionary, key, number))
         return true;

@@ -19,7 +19,7 @@ std::string_view textAt(std::span<const std::string_view> texts, std::uint8_t in
 }
 
 // Prints the step's failure and notes it for the user; null, so that the caller can return it.
-std::shared_ptr<InterfaceHandle> failed(std::string_view format, ResultCode result) {
+std::shared_ptr<InterfaceHandle> failed(Format<ResultCode> format, ResultCode result) {
     Diagnostics::console(format, result);
     Transport::instance().noteConnectFailure(result);
     return nullptr;

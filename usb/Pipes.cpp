@@ -21,7 +21,7 @@ enum class ConsoleLine : std::uint8_t { Count, TextAndCount };
 // How one of the reads differs from the others.
 struct ReadKind {
     ConsoleLine console;
-    std::string_view logFormat; // takes the dump
+    Format<std::string> logFormat; // takes the dump
     bool isVersionRead = false;
 };
 
@@ -31,7 +31,7 @@ constexpr ReadKind kVersionRead{ConsoleLine::TextAndCount, "readversion  %s", tr
 constexpr ReadKind kDataRead{ConsoleLine::Count, "ReadDataFromDevice  %s"};
 
 // Not before the dump is asked for: building it costs more than the rest of a transfer.
-void logDump(std::string_view format, std::span<const std::uint8_t> bytes) {
+void logDump(Format<std::string> format, std::span<const std::uint8_t> bytes) {
     if (Diagnostics::logIsOn())
         Diagnostics::log(format, hexDump(bytes));
 }
