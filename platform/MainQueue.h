@@ -16,14 +16,19 @@ public:
     using Task = std::function<void()>;
     using Poster = std::function<void(Task)>;
 
-    // Appends a task. Tasks run in the order of their posting. Any thread.
+    // Appends a task; each runs once, in the order of the posting. Any thread. Throws
+    // std::bad_alloc when there is no memory for the task: then the queue is as it was.
     static void post(Task task);
 
     // Hands every task, those waiting included, to `poster`; an empty poster ends the adoption.
     // `poster` is called on the posting thread and must run its tasks on the main thread, in order.
+    // One that throws has not taken its task: this one and those behind it wait for the next post,
+    // adoption or pump. On return the former poster is no longer being called, unless it is the one
+    // that calls here.
     static void adopt(Poster poster);
 
-    // Runs every waiting task, those posted meanwhile included. Main thread. Returns how many ran.
+    // Runs every waiting task, those posted meanwhile included. Main thread. Returns how many ran;
+    // none while a poster is being called.
     static std::size_t pump();
 
     // Waits until a task is there or `limit` has passed, then pumps. Main thread.

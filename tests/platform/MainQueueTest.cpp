@@ -2,10 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstdlib>
+#include <latch>
+#include <mutex>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <utility>
 #include <vector>
+
+namespace {
+
+thread_local bool isWithoutMemory = false;
+
+} // namespace
+
+// Replaces the allocation of this whole program, so that one thread can be without memory.
+void* operator new(std::size_t size) {
+    void* const memory = isWithoutMemory ? nullptr : std::malloc(size);
+    return memory == nullptr ? throw std::bad_alloc() : memory;
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
 
 namespace scenewright {
 namespace {
@@ -101,6 +125,144 @@ TEST_F(MainQueueTest, APosterThatRunsAtOnceMayMeetPostingTasks) {
         ran_.push_back(1);
     });
     EXPECT_EQ(ran_, (Order{1, 2}));
+}
+
+TEST_F(MainQueueTest, APosterThatThrowsLosesNoTaskAndRunsNoneTwice) {
+    std::vector<MainQueue::Task> loop;
+    bool throws = true;
+    MainQueue::adopt([&](MainQueue::Task task) {
+        loop.push_back(std::move(task));
+        if (throws)
+            throw std::runtime_error("no room");
+    });
+    MainQueue::post(note(1)); // reaches the loop, and is handed over again
+    MainQueue::post(note(2));
+    throws = false;
+    MainQueue::post(note(3));
+    for (const MainQueue::Task& task : loop)
+        task();
+    EXPECT_EQ(ran_, (Order{1, 2, 3}));
+}
+
+TEST_F(MainQueueTest, ATaskWhosePosterThrewAfterRunningItIsDone) {
+    MainQueue::adopt([](const MainQueue::Task& task) {
+        task();
+        throw std::runtime_error("afterwards");
+    });
+    MainQueue::post(note(1));
+    MainQueue::post(note(2));
+    MainQueue::adopt({});
+    EXPECT_EQ(MainQueue::pump(), 0U);
+    EXPECT_EQ(ran_, (Order{1, 2}));
+}
+
+TEST_F(MainQueueTest, WhatAPosterDidNotTakeIsPumpedAfterTheAdoption) {
+    MainQueue::adopt([](const MainQueue::Task&) { throw std::runtime_error("never"); });
+    MainQueue::post(note(1));
+    MainQueue::post(note(2));
+    MainQueue::adopt({});
+    EXPECT_EQ(MainQueue::pump(), 2U);
+    EXPECT_EQ(ran_, (Order{1, 2}));
+}
+
+TEST_F(MainQueueTest, PostingWithoutMemoryLeavesTheQueueAsItWas) {
+    MainQueue::post(note(1));
+    MainQueue::Task task = note(2);
+    isWithoutMemory = true;
+    bool threw = false;
+    try {
+        MainQueue::post(std::move(task));
+    } catch (const std::bad_alloc&) {
+        threw = true;
+    }
+    isWithoutMemory = false;
+    EXPECT_TRUE(threw);
+    MainQueue::post(note(3));
+    EXPECT_EQ(MainQueue::pump(), 2U);
+    EXPECT_EQ(ran_, (Order{1, 3}));
+}
+
+TEST_F(MainQueueTest, TheEndOfAnAdoptionWaitsForAPosterOnAnotherThread) {
+    std::latch isCalled(1);
+    std::latch mayReturn(1);
+    std::atomic<bool> hasReturned = false;
+    std::atomic<bool> isEnded = false;
+    MainQueue::adopt([&](const MainQueue::Task&) {
+        isCalled.count_down();
+        mayReturn.wait();
+        hasReturned = true;
+    });
+    std::jthread posting([&] { MainQueue::post(note(1)); });
+    isCalled.wait();
+    std::jthread ending([&] {
+        MainQueue::adopt({});
+        EXPECT_TRUE(hasReturned);
+        isEnded = true;
+    });
+    for (int i = 0; i < 10'000 && !isEnded; ++i)
+        std::this_thread::yield();
+    EXPECT_FALSE(isEnded);
+    mayReturn.count_down();
+    ending.join();
+    MainQueue::post(note(2));
+    EXPECT_EQ(MainQueue::pump(), 1U);
+    EXPECT_EQ(ran_, Order{2});
+}
+
+TEST_F(MainQueueTest, APosterMayEndItsOwnAdoption) {
+    MainQueue::adopt([](const MainQueue::Task& task) {
+        MainQueue::adopt({});
+        task();
+    });
+    MainQueue::post(note(1));
+    EXPECT_EQ(ran_, Order{1});
+    MainQueue::post(note(2));
+    EXPECT_EQ(MainQueue::pump(), 1U);
+    EXPECT_EQ(ran_, (Order{1, 2}));
+}
+
+TEST_F(MainQueueTest, APosterThatLeavesItsTaskToTheNextOneMayThrow) {
+    MainQueue::adopt([](const MainQueue::Task&) {
+        MainQueue::adopt([](const MainQueue::Task& task) { task(); });
+        throw std::runtime_error("no longer");
+    });
+    MainQueue::post(note(1));
+    EXPECT_EQ(ran_, Order{1});
+}
+
+TEST_F(MainQueueTest, AdoptionsThatEndBesidePostingThreadsLoseNothing) {
+    constexpr int kTasks = 500;
+    std::mutex mutex;
+    std::vector<MainQueue::Task> loop;
+    std::atomic<bool> isAdopted = false;
+    const auto postMany = [this] {
+        for (int i = 0; i < kTasks; ++i)
+            MainQueue::post(note(i));
+    };
+    std::jthread first(postMany);
+    std::jthread second(postMany);
+    for (int round = 0; round < 200; ++round) {
+        isAdopted = true;
+        MainQueue::adopt([&](MainQueue::Task task) {
+            EXPECT_TRUE(isAdopted);
+            const std::lock_guard lock(mutex);
+            if (loop.size() % 7 == 6)
+                loop.emplace_back(); // stands for the one that failed
+            else
+                loop.push_back(std::move(task));
+            if (!loop.back())
+                throw std::runtime_error("no room");
+        });
+        MainQueue::adopt({});
+        isAdopted = false;
+    }
+    first.join();
+    second.join();
+    for (const MainQueue::Task& task : loop)
+        if (task)
+            task();
+    MainQueue::pump();
+    EXPECT_EQ(ran_.size(), 2U * kTasks);
 }
 
 TEST_F(MainQueueTest, PostingFromSeveralThreadsLosesNothing) {
