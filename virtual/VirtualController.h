@@ -33,6 +33,8 @@ public:
     // The next bulk IN transfer, if the controller has one to give; none while the pipe is halted
     // and after an unplug.
     [[nodiscard]] std::optional<Transfer> nextReply();
+    // How many the host has not read yet.
+    [[nodiscard]] std::size_t repliesWaiting() const noexcept { return now_.replies.size(); }
 
     // A pipe that halts carries nothing until the halt is cleared.
     [[nodiscard]] bool isHalted(Pipe pipe) const noexcept;

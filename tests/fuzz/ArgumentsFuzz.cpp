@@ -51,8 +51,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isVirtual = input.below(2) == 1;
     const fuzz::Arguments arguments(input.rest());
     if (isVirtual) {
-        const ProgramLine line = parseProgramLine(arguments.count(), arguments.pointers());
-        fuzz::checkOne(line.answer, line.trouble, line.options.has_value());
+        const auto line = parseProgramLine(arguments.count(), arguments.pointers());
+        const auto* const answer = line ? std::get_if<std::string>(&*line) : nullptr;
+        fuzz::checkOne(answer ? std::optional(*answer) : std::nullopt,
+                       line ? std::nullopt : std::optional(line.error()), line && !answer);
     } else {
         const CommandLine line = parseCommandLine(arguments.count(), arguments.pointers());
         fuzz::checkOne(line.answer, line.trouble, line.choice.run != nullptr);

@@ -1,7 +1,7 @@
 // The faults that the virtual controller is ordered to have, at its start or while it runs: taken
 // ones mean what they say, refused ones are told in one sentence.
 #include "tests/fuzz/Checks.h"
-#include "virtual/usbip/Orders.h"
+#include "virtual/usbip/Commands.h"
 
 #include <fmt/format.h>
 
@@ -22,16 +22,14 @@ void checkFault(std::string_view text) {
     check(parseFault(again, trouble) == fault, "a fault does not count as it says");
 }
 
-void checkOrder(std::string_view line) {
-    using Kind = usbip::Order::Kind;
-    std::string trouble;
-    const auto order = usbip::parseOrder(line, trouble);
-    if (!order) {
-        checkSentence(trouble);
+void checkCommand(std::string_view line) {
+    using Kind = usbip::ServerCommand::Kind;
+    const auto command = usbip::parseCommand(line);
+    if (!command) {
+        checkSentence(command.error());
         return;
     }
-    check(trouble.empty(), "taken, and yet there is trouble");
-    check(order->kind == Kind::Faults || order->faults.empty(), "an order of two kinds");
+    check(command->kind == Kind::Faults || command->faults.empty(), "a command of two kinds");
 }
 
 } // namespace
@@ -41,6 +39,6 @@ void checkOrder(std::string_view line) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = scenewright::fuzz::textOf(std::span(data, size));
     scenewright::fuzz::checkFault(text);
-    scenewright::fuzz::checkOrder(text);
+    scenewright::fuzz::checkCommand(text);
     return 0;
 }

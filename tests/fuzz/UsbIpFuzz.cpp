@@ -7,11 +7,11 @@
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "virtual/usbip/Session.h"
-#include "virtual/usbip/Urb.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
+#include <variant>
 
 namespace scenewright::fuzz {
 
@@ -47,7 +47,7 @@ Setting settingFrom(Input& input) {
 struct Outcome {
     Bytes output;
     Session::State state = Session::State::Open;
-    std::string trouble;
+    std::string error;
     std::vector<std::string> trace;
     BankImage bank{};
 
@@ -61,19 +61,19 @@ Outcome outcomeOf(const Setting& setting, ByteView bytes, std::size_t piece) {
     for (std::size_t i = 0; i < bank.size(); ++i)
         bank.at(i) = static_cast<std::uint8_t>(i % 128);
     VirtualController controller(bank, setting.faults);
-    BankKeeper keeper({});
-    usbip::Exported exported{controller, keeper, setting.identity,
+    usbip::BankSaver saver({}, {});
+    usbip::ServerState state{controller, saver, setting.identity,
                              [&](std::string_view line) { outcome.trace.emplace_back(line); }};
     {
-        Session session(exported, setting.start);
+        Session session(state, setting.start);
         for (; !bytes.empty(); bytes = bytes.subspan(std::min(piece, bytes.size())))
             session.receive(bytes.first(std::min(piece, bytes.size())));
         outcome.output = session.output();
         outcome.state = session.state();
-        outcome.trouble = session.trouble();
-        check(exported.isTaken == session.isAttached(), "who has the controller is not known");
+        outcome.error = session.error();
+        check(state.isTaken == session.isAttached(), "who has the controller is not known");
     }
-    check(!exported.isTaken, "a session ended and kept the controller");
+    check(!state.isTaken, "a session ended and kept the controller");
     outcome.bank = controller.bank();
     return outcome;
 }
@@ -88,14 +88,14 @@ Asked askedBy(ByteView bytes) {
     Asked asked;
     while (bytes.size() >= usbip::kUrbHeaderSize) {
         const auto decoded = usbip::decodeCommand(bytes.first(usbip::kUrbHeaderSize));
-        if (!decoded.command) {
-            checkSentence(decoded.trouble);
+        if (!decoded) {
+            checkSentence(decoded.error());
             break;
         }
         bytes = bytes.subspan(usbip::kUrbHeaderSize);
-        const auto* const submit = std::get_if<usbip::SubmitCommand>(&*decoded.command);
+        const auto* const submit = std::get_if<usbip::SubmitCommand>(&*decoded);
         const std::uint32_t sequence =
-            std::visit([](const auto& command) { return command.sequence; }, *decoded.command);
+            std::visit([](const auto& command) { return command.sequence; }, *decoded);
         if (!asked.submits.emplace(sequence, submit ? *submit : usbip::SubmitCommand{}).second)
             asked.repeated.insert(sequence);
         if (submit && !submit->isIn)
@@ -148,10 +148,10 @@ void checkAnswers(const Setting& setting, const Outcome& outcome, ByteView bytes
 }
 
 void checkOutcome(const Outcome& outcome) {
-    check((outcome.state == Session::State::Malformed) == !outcome.trouble.empty(),
-          "malformed without trouble, or the other way round");
-    if (!outcome.trouble.empty())
-        checkSentence(outcome.trouble);
+    check((outcome.state == Session::State::Dropped) == !outcome.error.empty(),
+          "dropped without an error, or the other way round");
+    if (!outcome.error.empty())
+        checkSentence(outcome.error);
     for (const std::string& line : outcome.trace)
         check(readableText(line) == line, "unreadable bytes in a trace line");
 }

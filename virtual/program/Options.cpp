@@ -1,14 +1,13 @@
 #include "virtual/program/Options.h"
 
 #include "platform/ReadableText.h"
-#include "virtual/usbip/Listener.h"
+#include "virtual/usbip/Sockets.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <charconv>
 #include <cstdint>
-#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -36,7 +35,7 @@ constexpr const char* kFooter =
     "Example:\n"
     "  scenewright-virtual --bank pretend.bank\n"
     "  sudo modprobe vhci_hcd && sudo usbip attach -r 127.0.0.1 -b 1-1\n\n"
-    "SIGINT and SIGTERM end it; with --vhci, SIGUSR1 plugs it in again after an unplug.";
+    "SIGINT, SIGTERM and SIGHUP end it; with --vhci, SIGUSR1 plugs it in again after an unplug.";
 
 // Up to four hexadecimal digits, with or without "0x".
 std::optional<std::uint16_t> identifierFrom(std::string_view text) {
@@ -116,17 +115,9 @@ void addProgramOptions(CLI::App& app, ProgramOptions& options) {
         ->type_name("DIR");
 }
 
-// The answer that ends the program, as the parser words it.
-std::string answerTo(const CLI::Success& request, const CLI::App& app) {
-    std::ostringstream out;
-    std::ostringstream errors;
-    app.exit(request, out, errors);
-    return out.str();
-}
-
 } // namespace
 
-ProgramLine parseProgramLine(int argc, const char* const* argv) {
+Result<ProgramLine> parseProgramLine(int argc, const char* const* argv) {
     CLI::App app(kDescription, kVirtualProgram);
     ProgramOptions options;
     app.footer(kFooter);
@@ -134,13 +125,13 @@ ProgramLine parseProgramLine(int argc, const char* const* argv) {
     addProgramOptions(app, options);
     try {
         app.parse(argc, argv);
-        return {.options = std::move(options), .answer = {}, .trouble = {}};
-    } catch (const CLI::Success& request) {
-        return {.options = {}, .answer = answerTo(request, app), .trouble = {}};
+        return options;
+    } catch (const CLI::CallForVersion& version) {
+        return std::string(version.what()) + '\n';
+    } catch (const CLI::Success&) {
+        return app.help();
     } catch (const CLI::ParseError& error) {
-        return {.options = {},
-                .answer = {},
-                .trouble = fmt::format("{} (--help tells more)", readableText(error.what()))};
+        return failure(fmt::format("{} (--help tells more)", readableText(error.what())));
     }
 }
 

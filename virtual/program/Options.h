@@ -1,11 +1,14 @@
 // The command line of scenewright-virtual.
 #pragma once
 
+#include "platform/Result.h"
 #include "virtual/Fault.h"
 #include "virtual/VirtualHost.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 
 namespace scenewright {
 
@@ -22,16 +25,11 @@ struct ProgramOptions {
     VirtualIdentity identity;
 };
 
-// What the arguments ask for; one of the three is there.
-struct ProgramLine {
-    std::optional<ProgramOptions> options;
-    // For standard output, and the program is done: help or version.
-    std::optional<std::string> answer;
-    // One sentence on what is wrong with the arguments.
-    std::optional<std::string> trouble;
-};
+// What the arguments ask for: to serve, or a text for standard output (help or version) and no
+// more.
+using ProgramLine = std::variant<ProgramOptions, std::string>;
 
 // Touches nothing but its arguments; `argv[0]` is the program's name, which is not looked at.
-[[nodiscard]] ProgramLine parseProgramLine(int argc, const char* const* argv);
+[[nodiscard]] Result<ProgramLine> parseProgramLine(int argc, const char* const* argv);
 
 } // namespace scenewright

@@ -1,95 +1,134 @@
-#include "platform/DiagnosticSinks.h"
-#include "platform/ReadableText.h"
+#include "model/FileAction.h"
+#include "platform/Diagnostics.h"
 #include "platform/Resources.h"
-#include "virtual/program/BankMemory.h"
+#include "platform/StandardStreams.h"
+#include "platform/WholeFile.h"
 #include "virtual/program/Options.h"
 #include "virtual/usbip/Server.h"
 
 #include <fmt/format.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <exception>
-#include <memory>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 #include <unistd.h>
+#include <utility>
+#include <variant>
 
 namespace scenewright {
 
 namespace {
 
-constexpr int kExitTrouble = 1;
+constexpr int kExitError = 1;
 constexpr int kExitUsage = 2;
+constexpr std::size_t kMaxRead = std::size_t{1} << 20U; // enough to tell a wrong file's size
+// What is still to be written after a signal gets this long, so that the end comes within a second.
+constexpr std::chrono::milliseconds kEndTime{450};
 
-void say(std::string_view line) {
-    // A file's name or a client's words in it may hold anything, a terminal's commands included.
-    fmt::print(stderr, "{}: {}\n", kVirtualProgram, readableText(line));
-    std::fflush(stderr);
+void logLine(std::string_view line) {
+    reportError(kVirtualProgram, line);
 }
 
-int complain(std::string_view sentence, int status) {
-    say(sentence);
+int failed(std::string_view sentence, int status) {
+    logLine(sentence);
     return status;
 }
 
-struct FileCloser {
-    void operator()(std::FILE* file) const {
-        if (file != stdout)
-            std::fclose(file);
+BankImage defaultBank() {
+    BankImage bank{};
+    std::span<std::uint8_t> rest(bank);
+    for (int number = 1; !rest.empty(); ++number) {
+        const auto scene = FileAction::GetSceneFromDefault();
+        scene->commonValue()->setSceneName(fmt::format("SCENE{}", number));
+        std::ranges::copy(encodeScene(*scene), rest.begin());
+        rest = rest.subspan(kSceneImageSize);
     }
-};
-using File = std::shared_ptr<std::FILE>;
-
-File openTrace(const std::string& name) {
-    return {name == "-" ? stdout : std::fopen(name.c_str(), "we"), [](std::FILE* file) {
-                if (file)
-                    FileCloser{}(file);
-            }};
+    return bank;
 }
 
-usbip::LineSink traceTo(File file) {
-    return [file = std::move(file)](std::string_view line) {
-        fmt::print(file.get(), "{}\n", line);
-        std::fflush(file.get());
-    };
+// What the controller holds when it is switched on: the file, or the default scenes when there is
+// none. An error also when what is sent could not be kept there.
+Result<BankImage> loadBank(const std::filesystem::path& file) {
+    BankImage bank = defaultBank();
+    if (file.empty())
+        return bank;
+    if (auto error = whyNotWritable(file))
+        return failure(std::move(*error));
+    if (!std::filesystem::exists(file))
+        return bank;
+    const FileBytes read = readWholeFile(file, kMaxRead);
+    if (read.trouble)
+        return failure(*read.trouble);
+    if (read.bytes.size() != kBankSize)
+        return failure(fmt::format("{}: a bank has {} bytes, and this file has {}", file.string(),
+                                   kBankSize, read.bytes.size()));
+    std::ranges::copy(read.bytes, bank.begin());
+    return bank;
 }
 
-int serve(usbip::Exported& exported, const ProgramOptions& options) {
-    usbip::Server server(exported, say);
-    if (const auto trouble =
-            options.vhciPort ? server.attach(*options.vhciPort) : server.listen(options.listen))
-        return complain(*trouble, kExitTrouble);
+int serve(usbip::ServerState& state, const ProgramOptions& options) {
+    usbip::Server server(state, logLine);
+    if (const auto begun =
+            options.vhciPort ? server.attach(*options.vhciPort) : server.listen(options.listen);
+        !begun)
+        return failed(begun.error(), kExitError);
     if (options.takesOrders)
-        server.takeOrders(STDIN_FILENO);
-    if (const auto trouble = server.run())
-        return complain(*trouble, kExitTrouble);
+        server.takeCommands(STDIN_FILENO);
+    if (const auto served = server.run(); !served)
+        return failed(served.error(), kExitError);
     return 0;
+}
+
+// A thread that the system keeps is not waited for, and so nothing of the process may be undone.
+void finish(usbip::BankSaver& saver, std::optional<usbip::LineFile>& trace) {
+    const usbip::Moment limit = std::chrono::steady_clock::now() + kEndTime;
+    const Result<void> saved = saver.finish(limit);
+    const Result<void> traced = trace ? trace->finish(limit) : Result<void>{};
+    for (const Result<void>* const result : {&saved, &traced})
+        if (!*result)
+            logLine(result->error());
+    if (!saved || !traced)
+        ::_exit(kExitError);
 }
 
 int run(const ProgramOptions& options) {
     Resources::setFolder(options.resources);
-    Diagnostics::setLog(logSink(stderr));
-    BankImage bank{};
-    if (const auto trouble = loadBankMemory(options.bank, bank))
-        return complain(*trouble, kExitUsage);
-    usbip::LineSink trace;
+    Diagnostics::setLog(logLine);
+    const Result<BankImage> bank = loadBank(options.bank);
+    if (!bank)
+        return failed(bank.error(), kExitUsage);
+    std::optional<usbip::LineFile> trace;
+    usbip::LineSink traceLine;
     if (!options.trace.empty()) {
-        File file = openTrace(options.trace);
+        auto file = usbip::LineFile::open(options.trace);
         if (!file)
-            return complain(fmt::format("{}: cannot be written", options.trace), kExitUsage);
-        trace = traceTo(std::move(file));
+            return failed(file.error(), kExitUsage);
+        trace.emplace(std::move(*file));
+        traceLine = [&trace](std::string_view line) { trace->write(line); };
     }
-    VirtualController controller(bank, options.faults);
-    BankKeeper keeper(options.bank);
-    usbip::Exported exported{controller, keeper, options.identity, std::move(trace)};
-    return serve(exported, options);
+    VirtualController controller(*bank, options.faults);
+    usbip::BankSaver saver(options.bank, logLine);
+    usbip::ServerState state{controller, saver, options.identity, traceLine};
+    const int status = serve(state, options);
+    finish(saver, trace);
+    return status;
 }
 
 int parseAndRun(int argc, char** argv) {
-    const ProgramLine line = parseProgramLine(argc, argv);
-    if (line.answer) {
-        fmt::print("{}", *line.answer);
-        return 0;
-    }
-    return line.trouble ? complain(*line.trouble, kExitUsage) : run(*line.options);
+    const Result<ProgramLine> line = parseProgramLine(argc, argv);
+    if (!line)
+        return failed(line.error(), kExitUsage);
+    if (const auto* const options = std::get_if<ProgramOptions>(&*line))
+        return run(*options);
+    if (const auto written = writeStandardOutput(std::get<std::string>(*line)); !written)
+        return failed(written.error(), kExitError);
+    return 0;
 }
 
 } // namespace
@@ -97,10 +136,11 @@ int parseAndRun(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
+    scenewright::prepareProcess();
     try {
         scenewright::usbip::blockServerSignals();
         return scenewright::parseAndRun(argc, argv);
     } catch (const std::exception& error) {
-        return scenewright::complain(error.what(), scenewright::kExitTrouble);
+        return scenewright::failed(error.what(), scenewright::kExitError);
     }
 }

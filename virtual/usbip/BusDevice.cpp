@@ -1,15 +1,44 @@
 #include "virtual/usbip/BusDevice.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
-#include <vector>
 
 namespace scenewright::usbip {
 
 namespace {
 
-constexpr std::size_t kMaxWaiting = 256; // a host's driver keeps fewer than ten
+// Request types: direction, standard, recipient.
+constexpr std::uint8_t kToDevice = 0x00;
+constexpr std::uint8_t kToInterface = 0x01;
+constexpr std::uint8_t kToEndpoint = 0x02;
+constexpr std::uint8_t kFromDevice = 0x80;
+constexpr std::uint8_t kFromInterface = 0x81;
+constexpr std::uint8_t kFromEndpoint = 0x82;
+
+// Standard requests.
+constexpr std::uint8_t kGetStatus = 0;
+constexpr std::uint8_t kClearFeature = 1;
+constexpr std::uint8_t kSetAddress = 5;
+constexpr std::uint8_t kGetDescriptor = 6;
+constexpr std::uint8_t kGetConfiguration = 8;
+constexpr std::uint8_t kSetConfiguration = 9;
+constexpr std::uint8_t kGetInterface = 10;
+constexpr std::uint8_t kSetInterface = 11;
+
+constexpr std::uint16_t kEndpointHalt = 0; // a feature
+constexpr std::uint16_t kInAddress = 0x80 | kInEndpoint;
+constexpr std::uint16_t kOutAddress = kOutEndpoint;
+constexpr std::uint16_t kControlOut = 0x00; // the addresses of endpoint 0
+constexpr std::uint16_t kControlIn = 0x80;
+
+// Fields of the setup stage are little-endian.
+constexpr std::uint16_t fieldAt(const Setup& setup, std::size_t offset) {
+    return static_cast<std::uint16_t>(setup.at(offset) | setup.at(offset + 1) << 8U);
+}
+
+constexpr std::size_t kMaxWaiting = 256; // IN transfers; a host's driver keeps fewer than ten
+// Replies that no IN transfer has fetched: twice those of a whole bank.
+constexpr std::size_t kMaxReplies = 2048;
 
 UrbStatus statusOf(VirtualController::WriteResult result) {
     switch (result) {
@@ -26,16 +55,134 @@ UrbStatus statusOf(VirtualController::WriteResult result) {
 
 } // namespace
 
-BusDevice::BusDevice(VirtualController& controller, BankKeeper& keeper, VirtualIdentity identity)
-    : controller_(controller), keeper_(keeper), hasPipes_(identity.interfaces > kMidiInterface),
+ControlEndpoint::ControlEndpoint(VirtualController& controller, VirtualIdentity identity)
+    : controller_(controller), identity_(identity) {}
+
+const std::vector<ControlEndpoint::Row>& ControlEndpoint::rows() {
+    using Self = ControlEndpoint;
+    static const std::vector<Row> kRows{
+        {kFromDevice, kGetDescriptor, &Self::describe},
+        {kFromDevice, kGetStatus, &Self::tellStatus},
+        {kFromDevice, kGetConfiguration, &Self::tellConfiguration},
+        {kToDevice, kSetConfiguration, &Self::setConfiguration},
+        {kToDevice, kSetAddress, &Self::acknowledge},
+        {kFromInterface, kGetStatus, &Self::tellStatus},
+        {kFromInterface, kGetInterface, &Self::tellInterface},
+        {kToInterface, kSetInterface, &Self::setInterface},
+        {kFromEndpoint, kGetStatus, &Self::tellEndpointStatus},
+        {kToEndpoint, kClearFeature, &Self::clearEndpointFeature},
+    };
+    return kRows;
+}
+
+std::optional<Bytes> ControlEndpoint::answer(const Setup& setup) {
+    const Request request{setup[0], setup[1], fieldAt(setup, 2), fieldAt(setup, 4),
+                          fieldAt(setup, 6)};
+    for (const Row& row : rows()) {
+        if (row.type != request.type || row.code != request.code)
+            continue;
+        auto data = (this->*row.handler)(request);
+        if (data && data->size() > request.length)
+            data->resize(request.length);
+        return data;
+    }
+    return std::nullopt;
+}
+
+std::optional<Bytes> ControlEndpoint::describe(const Request& request) {
+    const auto index = static_cast<std::uint8_t>(request.value);
+    switch (request.value >> 8U) {
+    case kDeviceDescriptor:
+        return deviceDescriptor(identity_);
+    case kConfigurationDescriptor:
+        return index == 0 ? std::optional(configurationDescriptor(identity_)) : std::nullopt;
+    case kStringDescriptor:
+        return stringDescriptor(index);
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<Bytes> ControlEndpoint::tellConfiguration(const Request& /*request*/) {
+    return Bytes{configuration_};
+}
+
+std::optional<Bytes> ControlEndpoint::setConfiguration(const Request& request) {
+    if (request.value > kConfigurationValue)
+        return std::nullopt;
+    configuration_ = static_cast<std::uint8_t>(request.value);
+    clearHalts();
+    return Bytes{};
+}
+
+std::optional<Bytes> ControlEndpoint::tellInterface(const Request& request) {
+    return request.index < identity_.interfaces ? std::optional(Bytes{0}) : std::nullopt;
+}
+
+// Every interface has its first alternate setting alone; setting it ends its endpoints' halts.
+std::optional<Bytes> ControlEndpoint::setInterface(const Request& request) {
+    if (request.index >= identity_.interfaces || request.value != 0)
+        return std::nullopt;
+    if (request.index == kMidiInterface)
+        clearHalts();
+    return Bytes{};
+}
+
+std::optional<Bytes> ControlEndpoint::tellStatus(const Request& /*request*/) {
+    return Bytes{0, 0}; // bus powered, no remote wake-up
+}
+
+std::optional<Bytes> ControlEndpoint::tellEndpointStatus(const Request& request) {
+    using Pipe = VirtualController::Pipe;
+    bool isHalted = false;
+    switch (request.index) {
+    case kInAddress:
+        isHalted = controller_.isHalted(Pipe::In);
+        break;
+    case kOutAddress:
+        isHalted = controller_.isHalted(Pipe::Out);
+        break;
+    case kControlIn:
+    case kControlOut:
+        break;
+    default:
+        return std::nullopt;
+    }
+    return Bytes{static_cast<std::uint8_t>(isHalted ? 1 : 0), 0};
+}
+
+std::optional<Bytes> ControlEndpoint::clearEndpointFeature(const Request& request) {
+    if (request.value != kEndpointHalt)
+        return std::nullopt;
+    if (request.index == kInAddress)
+        controller_.clearHalt(VirtualController::Pipe::In);
+    else if (request.index == kOutAddress)
+        controller_.clearHalt(VirtualController::Pipe::Out);
+    else
+        return std::nullopt;
+    return Bytes{};
+}
+
+std::optional<Bytes> ControlEndpoint::acknowledge(const Request& /*request*/) {
+    return Bytes{};
+}
+
+void ControlEndpoint::clearHalts() {
+    controller_.clearHalt(VirtualController::Pipe::In);
+    controller_.clearHalt(VirtualController::Pipe::Out);
+}
+
+BusDevice::BusDevice(VirtualController& controller, VirtualIdentity identity, SendEnded sendEnded)
+    : controller_(controller), sendEnded_(std::move(sendEnded)),
+      sendsSeen_(controller.sendsEnded()), hasPipes_(identity.interfaces > kMidiInterface),
       control_(controller, identity) {}
 
-bool BusDevice::submit(const SubmitCommand& command, ByteView data) {
+Result<void> BusDevice::submit(const SubmitCommand& command, ByteView data) {
     if (command.endpoint == 0) {
         control(command);
     } else if (hasPipes_ && command.isIn && command.endpoint == kInEndpoint) {
         if (waiting_.size() == kMaxWaiting)
-            return false;
+            return failure("more waiting transfers than the device has room for");
         waiting_.push_back(command);
     } else if (hasPipes_ && !command.isIn && command.endpoint == kOutEndpoint) {
         bulkOut(command, data);
@@ -43,7 +190,9 @@ bool BusDevice::submit(const SubmitCommand& command, ByteView data) {
         complete(command, UrbStatus::Stall);
     }
     fill();
-    return true;
+    if (controller_.repliesWaiting() > kMaxReplies)
+        return failure("more unread replies than the device has room for");
+    return {};
 }
 
 bool BusDevice::unlink(std::uint32_t sequence) {
@@ -77,7 +226,9 @@ void BusDevice::control(const SubmitCommand& command) {
 
 void BusDevice::bulkOut(const SubmitCommand& command, ByteView data) {
     const UrbStatus status = statusOf(controller_.receive(data));
-    keeper_.afterTransfer(controller_);
+    if (sendsSeen_ != controller_.sendsEnded() && sendEnded_)
+        sendEnded_(controller_.bank());
+    sendsSeen_ = controller_.sendsEnded();
     if (status == UrbStatus::Ok)
         complete(command, status, command.length, Bytes(data.begin(), data.end()));
     else

@@ -1,17 +1,61 @@
 // The virtual controller as a USB device: transfers are handed in, and come back when they end.
 //
-// An IN transfer waits until the controller has a reply for it, and can be taken back meanwhile.
-// One thread at a time.
+// An IN transfer waits until the controller has a reply for it, and can be taken back meanwhile; a
+// reply waits until there is an IN transfer for it. Both have their limits. One thread at a time.
 #pragma once
 
-#include "virtual/BankKeeper.h"
-#include "virtual/usbip/ControlEndpoint.h"
+#include "virtual/usbip/Descriptors.h"
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace scenewright::usbip {
+
+// Endpoint 0: the requests by which a host learns what the device is and sets it up. A request that
+// it does not know is answered with a stall, as a device does.
+class ControlEndpoint {
+public:
+    // The controller must outlive the object; its halts are cleared here.
+    ControlEndpoint(VirtualController& controller, VirtualIdentity identity);
+
+    // The answer's data, at most what the request has room for, empty for a request without any;
+    // nothing is a stall.
+    [[nodiscard]] std::optional<Bytes> answer(const Setup& setup);
+
+private:
+    struct Request {
+        std::uint8_t type; // direction, class and recipient
+        std::uint8_t code;
+        std::uint16_t value;
+        std::uint16_t index;
+        std::uint16_t length;
+    };
+    using Handler = std::optional<Bytes> (ControlEndpoint::*)(const Request&);
+    struct Row {
+        std::uint8_t type;
+        std::uint8_t code;
+        Handler handler;
+    };
+    static const std::vector<Row>& rows();
+
+    std::optional<Bytes> describe(const Request& request);
+    std::optional<Bytes> tellConfiguration(const Request& request);
+    std::optional<Bytes> setConfiguration(const Request& request);
+    std::optional<Bytes> tellInterface(const Request& request);
+    std::optional<Bytes> setInterface(const Request& request);
+    std::optional<Bytes> tellStatus(const Request& request);
+    std::optional<Bytes> tellEndpointStatus(const Request& request);
+    std::optional<Bytes> clearEndpointFeature(const Request& request);
+    std::optional<Bytes> acknowledge(const Request& request);
+    void clearHalts();
+
+    VirtualController& controller_;
+    VirtualIdentity identity_;
+    std::uint8_t configuration_ = 0;
+};
 
 // A transfer that has ended.
 struct Completion {
@@ -23,11 +67,15 @@ struct Completion {
 
 class BusDevice {
 public:
-    // Both must outlive the object.
-    BusDevice(VirtualController& controller, BankKeeper& keeper, VirtualIdentity identity);
+    // Called with the whole bank each time when a send has reached its end; may be empty.
+    using SendEnded = std::function<void(const BankImage&)>;
 
-    // Takes a transfer; `data` are the bytes of an OUT transfer. False when too many wait.
-    [[nodiscard]] bool submit(const SubmitCommand& command, ByteView data);
+    // The controller must outlive the object.
+    BusDevice(VirtualController& controller, VirtualIdentity identity, SendEnded sendEnded = {});
+
+    // Takes a transfer; `data` are the bytes of an OUT transfer. One sentence when a host leaves
+    // more waiting than any driver does: then it is no host to go on with.
+    [[nodiscard]] Result<void> submit(const SubmitCommand& command, ByteView data);
     // Takes a waiting transfer back; false when there is none of that number.
     bool unlink(std::uint32_t sequence);
     // The transfers that have ended, in the order of their ends.
@@ -44,7 +92,8 @@ private:
                   Bytes data = {});
 
     VirtualController& controller_;
-    BankKeeper& keeper_;
+    SendEnded sendEnded_;
+    std::uint32_t sendsSeen_;
     bool hasPipes_;
     ControlEndpoint control_;
     std::deque<SubmitCommand> waiting_; // IN transfers, oldest first

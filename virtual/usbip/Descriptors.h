@@ -6,7 +6,7 @@
 #pragma once
 
 #include "virtual/VirtualHost.h"
-#include "virtual/usbip/Bytes.h"
+#include "virtual/usbip/Protocol.h"
 
 #include <optional>
 

@@ -1,97 +1,195 @@
 #include "virtual/usbip/Server.h"
 
-#include "virtual/usbip/Vhci.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <span>
+#include <cstdint>
+#include <malloc.h>
 #include <string_view>
+#include <sys/resource.h>
 #include <sys/signalfd.h>
+#include <sys/socket.h>
 #include <system_error>
-#include <thread>
 #include <unistd.h>
-#include <vector>
+#include <utility>
 
 namespace scenewright::usbip {
 
 namespace {
 
+using std::chrono::milliseconds;
+
+constexpr std::size_t kReadSize = 16384;
 constexpr std::size_t kMaxConnections = 16;
+constexpr std::size_t kMinConnections = 2; // one that has the controller and one that asks
+// What the rest needs at most: three streams, signals, listener, trace, bank, the kernel's port.
+constexpr std::size_t kOtherDescriptors = 14;
 constexpr int kPortAttempts = 100;
-constexpr std::chrono::milliseconds kPortPause{20};
+constexpr milliseconds kPortPause{20};
+constexpr milliseconds kListenPause{200}; // when the system has no room for a connection
+constexpr milliseconds kSavingPause{100}; // in case that the end of a saving cannot be told
 // The fixed places of the poll set; connections follow.
 constexpr std::size_t kSignalPlace = 0;
 constexpr std::size_t kListenerPlace = 1;
-constexpr std::size_t kOrdersPlace = 2;
-constexpr std::size_t kFixedPlaces = 3;
+constexpr std::size_t kCommandsPlace = 2;
+constexpr std::size_t kSaverPlace = 3;
+constexpr std::size_t kFixedPlaces = 4;
 
+// A hang-up ends the server unless whoever started it wants it to survive that (nohup).
 sigset_t serverSignals() {
     sigset_t signals{};
     sigemptyset(&signals);
     for (const int signal : {SIGINT, SIGTERM, SIGUSR1})
         sigaddset(&signals, signal);
+    struct sigaction hangUp {};
+    if (::sigaction(SIGHUP, nullptr, &hangUp) == 0 && hangUp.sa_handler != SIG_IGN)
+        sigaddset(&signals, SIGHUP);
     return signals;
 }
 
+std::size_t connectionLimit() {
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 ||
+        limit.rlim_cur >= kOtherDescriptors + kMaxConnections)
+        return kMaxConnections;
+    return std::max(kMinConnections + kOtherDescriptors, std::size_t{limit.rlim_cur}) -
+           kOtherDescriptors;
+}
+
+bool wouldBlock() {
+    return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
+}
+
+Moment after(milliseconds time) {
+    return std::chrono::steady_clock::now() + time;
+}
+
+bool isPast(Moment moment) {
+    return std::chrono::steady_clock::now() >= moment;
+}
+
 } // namespace
+
+pollfd Connection::place() {
+    if (session_.isHeld())
+        return {-1, 0, 0};
+    short events = session_.state() == Session::State::Open ? POLLIN : 0;
+    if (!session_.output().empty())
+        events = static_cast<short>(events | POLLOUT);
+    return {socket_.get(), events, 0};
+}
+
+bool Connection::serve(short events) {
+    if ((events & (POLLERR | POLLNVAL)) != 0)
+        return false;
+    if ((events & (POLLIN | POLLHUP)) != 0 && !readSome())
+        return false;
+    if (!session_.output().empty() && !session_.isHeld() && !writeSome())
+        return false;
+    switch (session_.state()) {
+    case Session::State::Open:
+        return true;
+    case Session::State::Done:
+    case Session::State::Unplugged:
+        return !session_.output().empty();
+    case Session::State::Dropped:
+        break;
+    }
+    return false;
+}
+
+bool Connection::readSome() {
+    std::array<std::uint8_t, kReadSize> bytes{};
+    const ssize_t count = ::recv(socket_.get(), bytes.data(), bytes.size(), 0);
+    if (count < 0)
+        return wouldBlock();
+    session_.receive(ByteView(bytes).first(static_cast<std::size_t>(count)));
+    return count > 0;
+}
+
+bool Connection::writeSome() {
+    Bytes& output = session_.output();
+    const ssize_t count = ::send(socket_.get(), output.data(), output.size(), MSG_NOSIGNAL);
+    if (count < 0)
+        return wouldBlock();
+    output.erase(output.begin(), output.begin() + count);
+    return true;
+}
 
 void blockServerSignals() {
     const sigset_t signals = serverSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
-Server::Server(Exported& exported, LineSink log) : exported_(exported), log_(std::move(log)) {
+Server::Server(ServerState& state, LineSink log)
+    : state_(state), log_(std::move(log)), maxConnections_(connectionLimit()) {
     const sigset_t signals = serverSignals();
     signals_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-std::optional<std::string> Server::listen(std::string_view address) {
-    if (auto trouble = listener_.listen(address))
-        return trouble;
+Result<void> Server::listen(std::string_view address) {
+    if (auto listening = listener_.listen(address); !listening)
+        return listening;
     log_(fmt::format("listening at {}", listener_.address()));
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> Server::attach(std::uint32_t vhciPort) {
-    VhciConnection made = attachToKernel(vhciPort, deviceNumberOf(recordOf(exported_.identity)));
-    if (!made.socket.isOpen())
-        return made.trouble;
+Result<void> Server::attach(std::uint32_t vhciPort) {
+    auto socket = attachToKernel(vhciPort, deviceNumberOf(recordOf(state_.identity)));
+    if (!socket)
+        return failure(std::move(socket.error()));
     vhciPort_ = vhciPort;
-    connections_.emplace_back(std::move(made.socket), exported_, Session::Start::Attached);
+    connections_.emplace_back(std::move(*socket), state_, Session::Start::Attached);
     log_(fmt::format("plugged into port {}", vhciPort));
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> Server::run() {
+Result<void> Server::run() {
+    if (!signals_.isOpen())
+        return failure("cannot wait for signals: too few descriptors");
     for (;;) {
         std::vector<pollfd> set = pollSet();
-        if (::poll(set.data(), set.size(), -1) < 0 && errno != EINTR)
-            return fmt::format("cannot wait for connections: {}",
-                               std::generic_category().message(errno));
+        if (::poll(set.data(), set.size(), pollTimeout()) < 0 && errno != EINTR)
+            return failure(fmt::format("cannot wait for connections: {}",
+                                       std::generic_category().message(errno)));
         if (set[kSignalPlace].revents != 0 && !takeSignal())
             break;
+        if (set[kSaverPlace].revents != 0)
+            state_.saver.acknowledge();
         serveConnections(std::span(set).subspan(kFixedPlaces));
         if (set[kListenerPlace].revents != 0)
             acceptConnections();
-        if (set[kOrdersPlace].revents != 0)
-            for (const std::string& line : orders_.take())
-                obey(line);
+        if (set[kCommandsPlace].revents != 0)
+            for (const Result<ServerCommand>& command : commands_.take())
+                execute(command);
+        if (plugIn_ && isPast(plugIn_->next))
+            tryPlugIn();
     }
     connections_.clear();
-    return std::nullopt;
+    return {};
 }
 
 std::vector<pollfd> Server::pollSet() {
+    if (listenAgain_ && isPast(*listenAgain_))
+        listenAgain_.reset();
     std::vector<pollfd> set{{signals_.get(), POLLIN, 0},
-                            {listener_.descriptor(), POLLIN, 0},
-                            {orders_.descriptor(), POLLIN, 0}};
+                            {listenAgain_ ? -1 : listener_.descriptor(), POLLIN, 0},
+                            {commands_.descriptor(), POLLIN, 0},
+                            {state_.saver.descriptor(), POLLIN, 0}};
     for (Connection& connection : connections_)
-        set.push_back({connection.descriptor(), connection.events(), 0});
+        set.push_back(connection.place());
     return set;
+}
+
+int Server::pollTimeout() const {
+    if (plugIn_)
+        return static_cast<int>(kPortPause.count());
+    if (state_.saver.isSaving())
+        return static_cast<int>(kSavingPause.count());
+    return listenAgain_ ? static_cast<int>(kListenPause.count()) : -1;
 }
 
 // The set has the connections in their order; ones made since have no place in it yet.
@@ -107,31 +205,48 @@ void Server::serveConnections(std::span<const pollfd> set) {
 
 void Server::end(Connections::iterator connection) {
     const Session& session = connection->session();
-    if (session.state() == Session::State::Malformed)
-        log_(fmt::format("dropped a connection: {}", session.trouble()));
+    if (session.state() == Session::State::Dropped)
+        log_(fmt::format("dropped a connection: {}", session.error()));
     else if (session.state() == Session::State::Unplugged)
         log_("unplugged");
     else if (session.isAttached())
         log_("detached by its host");
     connections_.erase(connection);
+    if (connections_.size() <= maxConnections_ / 2)
+        isCrowdLogged_ = false;
+    ::malloc_trim(0); // what a greedy client had is given back to the system
 }
 
+// When there are too many, one a round: the others are served before the next has to go.
 void Server::acceptConnections() {
-    for (auto socket = listener_.accept(); socket.isOpen(); socket = listener_.accept()) {
-        makeRoom();
-        connections_.emplace_back(std::move(socket), exported_, Session::Start::Asking);
-    }
+    do {
+        auto socket = listener_.accept();
+        if (!socket)
+            acceptFailed(socket.error());
+        if (!socket || !socket->isOpen())
+            return;
+        if (connections_.size() >= maxConnections_ && !dropOldestAsking())
+            return;
+        connections_.emplace_back(std::move(*socket), state_, Session::Start::Asking);
+    } while (connections_.size() < maxConnections_);
 }
 
-// The oldest of those that only ask has had its time.
-void Server::makeRoom() {
-    if (connections_.size() < kMaxConnections)
-        return;
-    const auto oldest =
-        std::find_if(connections_.begin(), connections_.end(),
-                     [](const Connection& each) { return !each.session().isAttached(); });
-    log_("dropped a connection: there are too many");
+// A connection that ended while it waited is none; for the rest of them there is no room.
+void Server::acceptFailed(int error) {
+    static constexpr std::array kNoRoom{EMFILE, ENFILE, ENOBUFS, ENOMEM};
+    if (std::ranges::find(kNoRoom, error) != kNoRoom.end() && !dropOldestAsking())
+        listenAgain_ = after(kListenPause);
+}
+
+bool Server::dropOldestAsking() {
+    const auto oldest = std::ranges::find_if(
+        connections_, [](const Connection& each) { return !each.session().isAttached(); });
+    if (oldest == connections_.end())
+        return false;
+    if (!std::exchange(isCrowdLogged_, true))
+        log_("dropped a connection: there are too many");
     connections_.erase(oldest);
+    return true;
 }
 
 bool Server::takeSignal() {
@@ -147,11 +262,21 @@ bool Server::takeSignal() {
 void Server::plugInAgain() {
     if (!vhciPort_) {
         log_("nothing to plug in: a host attaches the controller itself");
-    } else if (exported_.isTaken) {
+    } else if (state_.isTaken) {
         log_("nothing to plug in: the controller is plugged in");
-    } else if (const auto trouble = attachAgain()) {
-        log_(*trouble);
+    } else {
+        plugIn_ = PlugIn{kPortAttempts, {}};
+        tryPlugIn();
     }
+}
+
+void Server::tryPlugIn() {
+    const auto attached = attach(*vhciPort_);
+    plugIn_->next = after(kPortPause);
+    if (attached || --plugIn_->attemptsLeft == 0)
+        plugIn_.reset();
+    if (!attached && !plugIn_)
+        log_(attached.error());
 }
 
 void Server::unplug() {
@@ -165,35 +290,23 @@ void Server::unplug() {
     log_("unplugged");
 }
 
-void Server::obey(const std::string& line) {
-    std::string trouble;
-    const auto order = parseOrder(line, trouble);
-    if (!order) {
-        log_(trouble);
+void Server::execute(const Result<ServerCommand>& command) {
+    if (!command) {
+        log_(command.error());
         return;
     }
-    switch (order->kind) {
-    case Order::Kind::Faults:
-        exported_.controller.order(order->faults);
-        log_(fmt::format("{} faults ordered", order->faults.size()));
+    switch (command->kind) {
+    case ServerCommand::Kind::Faults:
+        state_.controller.order(command->faults);
+        log_(fmt::format("{} faults ordered", command->faults.size()));
         break;
-    case Order::Kind::Unplug:
+    case ServerCommand::Kind::Unplug:
         unplug();
         break;
-    case Order::Kind::Plug:
+    case ServerCommand::Kind::Plug:
         plugInAgain();
         break;
     }
-}
-
-// After an unplug the kernel takes a moment to free the port.
-std::optional<std::string> Server::attachAgain() {
-    auto trouble = attach(*vhciPort_);
-    for (int attempt = 1; trouble && attempt < kPortAttempts; ++attempt) {
-        std::this_thread::sleep_for(kPortPause);
-        trouble = attach(*vhciPort_);
-    }
-    return trouble;
 }
 
 } // namespace scenewright::usbip

@@ -1,61 +1,99 @@
 // Serves the virtual controller to hosts: over TCP, or to this machine's kernel.
 //
-// A loop over poll(), on the thread that calls run(). A connection that says something malformed is
-// logged and dropped, and the others go on. SIGUSR1 plugs the controller into the kernel again
-// after an unplug; SIGINT and SIGTERM end the loop. The signals must be blocked in every thread
-// (blockServerSignals) before the server is made.
+// A loop over poll(), on the thread that calls run(), which never waits anywhere else. A connection
+// that says something malformed or takes no answers is logged and dropped, and the others go on.
+// There are as many connections as the limit of descriptors allows with some to spare, at most 16;
+// then each new one takes the place of the oldest that only asks. SIGUSR1 plugs the controller into
+// the kernel again after an unplug; SIGINT, SIGTERM and SIGHUP end the loop. The signals must be
+// blocked in every thread (blockServerSignals) before the server is made.
 #pragma once
 
-#include "virtual/usbip/Connection.h"
-#include "virtual/usbip/Listener.h"
-#include "virtual/usbip/Orders.h"
+#include "virtual/usbip/Commands.h"
+#include "virtual/usbip/Session.h"
+#include "virtual/usbip/Sockets.h"
 
+#include <chrono>
 #include <list>
 #include <optional>
 #include <poll.h>
 #include <span>
+#include <vector>
 
 namespace scenewright::usbip {
 
 void blockServerSignals();
 
+// A session on its socket: moves bytes between the two without ever blocking.
+class Connection {
+public:
+    Connection(FileDescriptor socket, ServerState& server, Session::Start start)
+        : socket_(std::move(socket)), session_(server, start) {}
+
+    // What to wait for; nothing while the session is held.
+    [[nodiscard]] pollfd place();
+    // Does what the events allow. False when the connection has ended.
+    [[nodiscard]] bool serve(short events);
+
+    [[nodiscard]] const Session& session() const noexcept { return session_; }
+
+private:
+    bool readSome();  // false when the other side has gone
+    bool writeSome(); // the same
+
+    FileDescriptor socket_;
+    Session session_;
+};
+
 class Server {
 public:
-    // `exported` must outlive the server. `log` gets a line for each thing worth knowing.
-    Server(Exported& exported, LineSink log);
+    // `state` must outlive the server. `log` gets a line for each thing worth knowing.
+    Server(ServerState& state, LineSink log);
 
-    // One of the two, before run(). Nothing, or one sentence.
-    [[nodiscard]] std::optional<std::string> listen(std::string_view address);
-    [[nodiscard]] std::optional<std::string> attach(std::uint32_t vhciPort);
+    // One of the two, before run().
+    [[nodiscard]] Result<void> listen(std::string_view address);
+    [[nodiscard]] Result<void> attach(std::uint32_t vhciPort);
 
-    // Does what the lines of this descriptor say (Orders.h), and logs what it did. Before run();
-    // the descriptor stays the caller's.
-    void takeOrders(int descriptor) { orders_ = OrderLines(descriptor); }
+    // Executes what the lines of this descriptor say (Commands.h), and logs what it did. Before
+    // run(); the descriptor stays the caller's.
+    void takeCommands(int descriptor) { commands_ = CommandReader(descriptor); }
 
-    // Until a signal ends it; every connection is closed then. Nothing, or one sentence.
-    [[nodiscard]] std::optional<std::string> run();
+    // Until a signal ends it; every connection is closed then.
+    [[nodiscard]] Result<void> run();
 
 private:
     using Connections = std::list<Connection>;
 
     [[nodiscard]] std::vector<pollfd> pollSet();
+    [[nodiscard]] int pollTimeout() const; // milliseconds, -1 for none
     void serveConnections(std::span<const pollfd> set);
     void end(Connections::iterator connection);
     void acceptConnections();
-    void makeRoom();
+    void acceptFailed(int error);
+    // False when every connection has the controller.
+    bool dropOldestAsking();
     // False when the signal is to end the server.
     bool takeSignal();
     void plugInAgain();
+    void tryPlugIn();
     void unplug();
-    void obey(const std::string& line);
-    [[nodiscard]] std::optional<std::string> attachAgain();
+    void execute(const Result<ServerCommand>& command);
 
-    Exported& exported_;
+    // The kernel takes a moment to free its port after an unplug.
+    struct PlugIn {
+        int attemptsLeft;
+        Moment next;
+    };
+
+    ServerState& state_;
     LineSink log_;
     FileDescriptor signals_;
     Listener listener_;
-    OrderLines orders_;
+    std::optional<Moment> listenAgain_; // until then no connection can be accepted
+    CommandReader commands_;
     std::optional<std::uint32_t> vhciPort_;
+    std::optional<PlugIn> plugIn_;
+    std::size_t maxConnections_;
+    bool isCrowdLogged_ = false;
     Connections connections_;
 };
 

@@ -1,24 +1,89 @@
 #include "virtual/usbip/Session.h"
 
-#include "virtual/usbip/TraceLine.h"
-
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
+#include <array>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <variant>
 
 namespace scenewright::usbip {
 
-Session::Session(Exported& exported, Start start)
-    : exported_(exported), record_(recordOf(exported.identity)) {
+namespace {
+
+std::string_view word(UrbStatus status) {
+    switch (status) {
+    case UrbStatus::Ok:
+        return "ok";
+    case UrbStatus::Stall:
+        return "stall";
+    case UrbStatus::Failed:
+        return "failed";
+    case UrbStatus::Overflow:
+        return "overflow";
+    case UrbStatus::Unlinked:
+        return "unlinked";
+    }
+    return "unknown";
+}
+
+std::string hex(ByteView bytes) {
+    return fmt::format("{:02x}", fmt::join(bytes, " "));
+}
+
+constexpr std::array<std::uint8_t, 3> kAudioControlClass{1, 1, 0};
+constexpr std::array<std::uint8_t, 3> kMidiStreamingClass{1, 3, 0};
+
+} // namespace
+
+DeviceRecord recordOf(const VirtualIdentity& identity) {
+    DeviceRecord record;
+    record.path = "/scenewright/virtual/1-1";
+    record.busId = "1-1";
+    record.busNumber = 1;
+    record.deviceNumber = 2;
+    record.speed = kFullSpeed;
+    record.vendor = identity.vendor;
+    record.product = identity.product;
+    record.release = kDeviceRelease;
+    record.configurationValue = kConfigurationValue;
+    record.configurations = 1;
+    record.interfaces = {kAudioControlClass};
+    if (identity.interfaces > kMidiInterface)
+        record.interfaces.push_back(kMidiStreamingClass);
+    return record;
+}
+
+std::uint32_t deviceNumberOf(const DeviceRecord& record) {
+    return record.busNumber << 16U | record.deviceNumber;
+}
+
+std::string traceLine(const Completion& completion) {
+    const SubmitCommand& command = completion.command;
+    std::string line =
+        fmt::format("{} ep{} {} {} {}", command.sequence, command.endpoint,
+                    command.isIn ? "in" : "out", word(completion.status), completion.moved);
+    if (command.endpoint == 0)
+        line += fmt::format(" ({})", hex(command.setup));
+    if (!completion.data.empty())
+        line += ": " + hex(completion.data);
+    return line;
+}
+
+std::string unlinkTraceLine(std::uint32_t sequence) {
+    return fmt::format("{} unlinked", sequence);
+}
+
+Session::Session(ServerState& server, Start start)
+    : server_(server), record_(recordOf(server.identity)) {
     if (start == Start::Attached)
         attach();
 }
 
 Session::~Session() {
-    if (isAttached())
-        exported_.isTaken = false;
+    detach();
 }
 
 void Session::receive(ByteView bytes) {
@@ -36,12 +101,12 @@ bool Session::takeMessage() {
 bool Session::takeOperation() {
     if (input_.size() < kOperationHeaderSize)
         return false;
-    const OperationRequest request = decodeOperation(inputStart(kOperationHeaderSize));
-    if (!request.code) {
-        drop(request.trouble);
+    const Result<OperationCode> request = decodeOperation(inputStart(kOperationHeaderSize));
+    if (!request) {
+        drop(request.error());
         return false;
     }
-    if (*request.code == OperationCode::RequestImport)
+    if (*request == OperationCode::RequestImport)
         return takeImport();
     send(encodeDevicesReply(std::span(&record_, 1)));
     state_ = State::Done;
@@ -63,7 +128,7 @@ bool Session::takeImport() {
 }
 
 void Session::import(const std::string& busId) {
-    if (busId == record_.busId && !exported_.isTaken) {
+    if (busId == record_.busId && !server_.isTaken) {
         send(encodeImportReply(OperationStatus::Ok, record_));
         attach();
         return;
@@ -74,30 +139,40 @@ void Session::import(const std::string& busId) {
 }
 
 void Session::attach() {
-    exported_.isTaken = true;
-    exported_.controller.reset();
+    server_.isTaken = true;
+    server_.controller.reset();
     device_ =
-        std::make_unique<BusDevice>(exported_.controller, exported_.keeper, exported_.identity);
+        std::make_unique<BusDevice>(server_.controller, server_.identity,
+                                    [this](const BankImage& bank) { server_.saver.save(bank); });
+}
+
+// What the host has left unread goes with it.
+void Session::detach() {
+    if (!isAttached())
+        return;
+    device_.reset();
+    server_.controller.reset();
+    server_.isTaken = false;
 }
 
 bool Session::takeCommand() {
     if (input_.size() < kUrbHeaderSize)
         return false;
-    const DecodedCommand decoded = decodeCommand(inputStart(kUrbHeaderSize));
-    if (!decoded.command) {
-        drop(decoded.trouble);
+    const Result<Command> decoded = decodeCommand(inputStart(kUrbHeaderSize));
+    if (!decoded) {
+        drop(decoded.error());
         return false;
     }
     const std::uint32_t device =
-        std::visit([](const auto& command) { return command.device; }, *decoded.command);
+        std::visit([](const auto& command) { return command.device; }, *decoded);
     if (device != deviceNumberOf(record_)) {
         drop(fmt::format("a command for the device {}", device));
         return false;
     }
-    if (const auto* const submit = std::get_if<SubmitCommand>(&*decoded.command))
+    if (const auto* const submit = std::get_if<SubmitCommand>(&*decoded))
         return takeSubmit(*submit);
-    takeUnlink(std::get<UnlinkCommand>(*decoded.command));
-    return true;
+    takeUnlink(std::get<UnlinkCommand>(*decoded));
+    return state_ == State::Open;
 }
 
 bool Session::takeSubmit(const SubmitCommand& command) {
@@ -105,24 +180,26 @@ bool Session::takeSubmit(const SubmitCommand& command) {
     const std::size_t size = kUrbHeaderSize + dataSize;
     if (input_.size() < size)
         return false;
-    const bool isTaken = device_->submit(command, inputStart(size).subspan(kUrbHeaderSize));
+    const Result<void> taken = device_->submit(command, inputStart(size).subspan(kUrbHeaderSize));
     input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(size));
-    if (!isTaken) {
-        drop("more waiting transfers than the device has room for");
+    if (!taken) {
+        drop(taken.error());
         return false;
     }
     answerCompletions();
-    if (!device_->isPresent())
+    if (state_ == State::Open && !device_->isPresent()) {
         state_ = State::Unplugged;
-    return true;
+        detach();
+    }
+    return state_ == State::Open;
 }
 
 void Session::takeUnlink(const UnlinkCommand& command) {
     input_.erase(input_.begin(), input_.begin() + kUrbHeaderSize);
     const bool wasWaiting = device_->unlink(command.target);
     send(encodeUnlinkReply(command.sequence, wasWaiting ? UrbStatus::Unlinked : UrbStatus::Ok));
-    if (wasWaiting && exported_.trace)
-        exported_.trace(unlinkTraceLine(command.target));
+    if (wasWaiting && server_.trace)
+        server_.trace(unlinkTraceLine(command.target));
 }
 
 void Session::answerCompletions() {
@@ -130,18 +207,24 @@ void Session::answerCompletions() {
         const SubmitCommand& command = completion.command;
         send(encodeSubmitReply(command.sequence, completion.status, completion.moved,
                                command.isIn ? completion.data : Bytes{}));
-        if (exported_.trace)
-            exported_.trace(traceLine(completion));
+        if (server_.trace)
+            server_.trace(traceLine(completion));
     }
 }
 
 void Session::send(const Bytes& message) {
+    if (state_ == State::Dropped)
+        return;
+    if (output_.size() + message.size() > kMaxUnsent) {
+        drop("its host does not take the answers");
+        return;
+    }
     output_.insert(output_.end(), message.begin(), message.end());
 }
 
-void Session::drop(std::string trouble) {
-    trouble_ = std::move(trouble);
-    state_ = State::Malformed;
+void Session::drop(std::string error) {
+    error_ = std::move(error);
+    state_ = State::Dropped;
 }
 
 } // namespace scenewright::usbip

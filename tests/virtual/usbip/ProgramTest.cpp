@@ -238,8 +238,8 @@ TEST(VirtualProgram, TraceHasALineATransfer) {
               "3 ep1 in ok 12: 09 9c 01 02 09 9c 01 38 09 9c 00 01\n");
 }
 
-TEST(VirtualProgram, InterruptAndTerminateEndItCleanly) {
-    for (const int signal : {SIGINT, SIGTERM}) {
+TEST(VirtualProgram, InterruptTerminateAndHangUpEndItCleanly) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         ServerProcess server({});
         Client host(server.port());
         host.import();
@@ -307,7 +307,8 @@ TEST(VirtualProgram, BankThatIsNoneIsRefusedAndLeftAlone) {
     EXPECT_EQ(run({"--bank", folder.file("no/bank")}).exitCode, 2);
     EXPECT_EQ(run({"--trace", folder.file("no/trace")}).exitCode, 2);
     EXPECT_EQ(run({"--trace", "no\nsuch/trace"}).errors,
-              "scenewright-virtual: no\uFFFDsuch/trace: cannot be written\n");
+              "scenewright-virtual: no\uFFFDsuch/trace: cannot be written: No such file or "
+              "directory\n");
 }
 
 } // namespace

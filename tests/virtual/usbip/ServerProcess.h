@@ -1,7 +1,7 @@
 // The built scenewright-virtual, running, and a host that speaks to it over TCP.
 #pragma once
 
-#include "virtual/usbip/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <chrono>
 #include <cstdint>

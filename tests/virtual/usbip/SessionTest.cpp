@@ -3,6 +3,7 @@
 #include "tests/virtual/ControllerDriver.h"
 #include "tests/virtual/usbip/Messages.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <span>
@@ -16,26 +17,26 @@ using testing::dataPacket;
 class SessionTest : public ::testing::Test {
 protected:
     Session& open(Session::Start start = Session::Start::Attached) {
-        return session.emplace(exported, start);
+        return session.emplace(state, start);
     }
     Bytes answer(const Bytes& message) {
         session->receive(message);
         return std::exchange(session->output(), {});
     }
     // What is said of a message that is refused.
-    std::string troubleOf(const Bytes& message, Session::Start start = Session::Start::Attached) {
+    std::string errorOf(const Bytes& message, Session::Start start = Session::Start::Attached) {
         session.reset();
         open(start).receive(message);
-        EXPECT_EQ(session->state(), Session::State::Malformed);
+        EXPECT_EQ(session->state(), Session::State::Dropped);
         EXPECT_EQ(session->output(), Bytes{});
-        return session->trouble();
+        return session->error();
     }
 
     VirtualController controller{countingBank()};
-    BankKeeper keeper{{}};
+    BankSaver saver{{}, {}};
     std::vector<std::string> traced;
-    Exported exported{
-        controller, keeper, {}, [this](std::string_view line) { traced.emplace_back(line); }};
+    ServerState state{
+        controller, saver, {}, [this](std::string_view line) { traced.emplace_back(line); }};
     std::optional<Session> session;
 };
 
@@ -69,18 +70,18 @@ TEST_F(SessionTest, ImportOfAnotherBusIdIsRefused) {
     open(Session::Start::Asking);
     EXPECT_EQ(answer(importRequest("1-2")), (Bytes{0x01, 0x11, 0, 3, 0, 0, 0, 4}));
     EXPECT_EQ(session->state(), Session::State::Done);
-    EXPECT_FALSE(exported.isTaken);
+    EXPECT_FALSE(state.isTaken);
 }
 
 TEST_F(SessionTest, SecondImportIsBusyUntilTheFirstHasEnded) {
     open(Session::Start::Attached);
     {
-        Session second(exported, Session::Start::Asking);
+        Session second(state, Session::Start::Asking);
         second.receive(importRequest("1-1"));
         EXPECT_EQ(second.output(), (Bytes{0x01, 0x11, 0, 3, 0, 0, 0, 2}));
         EXPECT_EQ(second.state(), Session::State::Done);
     }
-    EXPECT_TRUE(exported.isTaken) << "the second's end takes nothing from the first";
+    EXPECT_TRUE(state.isTaken) << "the second's end takes nothing from the first";
     session.reset();
     open(Session::Start::Asking);
     EXPECT_EQ(answer(importRequest("1-1")).size(), 320U);
@@ -111,14 +112,14 @@ TEST_F(SessionTest, MessagesMayComeByteByByte) {
 TEST_F(SessionTest, TruncatedMessageAtEachLengthWaitsForTheRest) {
     const Bytes import = importRequest("1-1");
     for (std::size_t size = 0; size < import.size(); ++size) {
-        Session asking(exported, Session::Start::Asking);
+        Session asking(state, Session::Start::Asking);
         asking.receive(ByteView(import).first(size));
         ASSERT_EQ(asking.state(), Session::State::Open) << size;
         ASSERT_EQ(asking.output(), Bytes{}) << size;
     }
     const Bytes out = outMessage(1, {0x09, 0x9C, 0x01, 0x02});
     for (std::size_t size = 0; size < out.size(); ++size) {
-        Session attached(exported, Session::Start::Attached);
+        Session attached(state, Session::Start::Attached);
         attached.receive(ByteView(out).first(size));
         ASSERT_EQ(attached.state(), Session::State::Open) << size;
         ASSERT_EQ(attached.output(), Bytes{}) << size;
@@ -135,21 +136,21 @@ TEST_F(SessionTest, UnlinkedTransferIsAnsweredByTheUnlinkAlone) {
 }
 
 TEST_F(SessionTest, MalformedMessagesAreToldAndEndTheConnection) {
-    EXPECT_EQ(troubleOf(Bytes(8, 0), Session::Start::Asking), "version 0000 of the protocol");
-    EXPECT_EQ(troubleOf({'G', 'E', 'T', ' ', '/', ' ', 'H', 'T'}, Session::Start::Asking),
+    EXPECT_EQ(errorOf(Bytes(8, 0), Session::Start::Asking), "version 0000 of the protocol");
+    EXPECT_EQ(errorOf({'G', 'E', 'T', ' ', '/', ' ', 'H', 'T'}, Session::Start::Asking),
               "version 4745 of the protocol");
-    EXPECT_EQ(troubleOf(importRequest(""), Session::Start::Asking),
+    EXPECT_EQ(errorOf(importRequest(""), Session::Start::Asking),
               "an import request without a bus id");
-    EXPECT_EQ(troubleOf(Bytes(48, 0xFF)), "an unknown command 4294967295");
+    EXPECT_EQ(errorOf(Bytes(48, 0xFF)), "an unknown command 4294967295");
     Bytes other = inMessage(1, 64);
     other[11] = 3;
-    EXPECT_EQ(troubleOf(other), "a command for the device 65539");
+    EXPECT_EQ(errorOf(other), "a command for the device 65539");
     other = unlinkMessage(1, 2);
     other[9] = 0;
-    EXPECT_EQ(troubleOf(other), "a command for the device 2");
+    EXPECT_EQ(errorOf(other), "a command for the device 2");
     Bytes huge = outMessage(1, {});
     huge[24] = 0x7F;
-    EXPECT_EQ(troubleOf(huge), "a transfer with the length 2130706432");
+    EXPECT_EQ(errorOf(huge), "a transfer with the length 2130706432");
 }
 
 TEST_F(SessionTest, NothingIsTakenAfterTheEnd) {
@@ -157,15 +158,41 @@ TEST_F(SessionTest, NothingIsTakenAfterTheEnd) {
     session->receive(Bytes(8, 0));
     session->receive(kDevicesRequest);
     EXPECT_EQ(session->output(), Bytes{});
-    EXPECT_EQ(session->trouble(), "version 0000 of the protocol");
+    EXPECT_EQ(session->error(), "version 0000 of the protocol");
 }
 
 TEST_F(SessionTest, FloodOfWaitingTransfersEndsTheConnection) {
     open();
     for (std::uint32_t sequence = 0; sequence <= 256; ++sequence)
         session->receive(inMessage(sequence, 64));
-    EXPECT_EQ(session->state(), Session::State::Malformed);
-    EXPECT_EQ(session->trouble(), "more waiting transfers than the device has room for");
+    EXPECT_EQ(session->state(), Session::State::Dropped);
+    EXPECT_EQ(session->error(), "more waiting transfers than the device has room for");
+}
+
+TEST_F(SessionTest, HostThatTakesNoAnswersIsDroppedAtTheLimit) {
+    open();
+    const Bytes ask = inMessage(1, 64);
+    Bytes describe = ask;
+    putNumber(describe, 16, 0); // endpoint 0: the configuration descriptor
+    const Bytes setup{0x80, 6, 0, 2, 0, 0, 64, 0};
+    std::copy(setup.begin(), setup.end(), describe.begin() + 40);
+    while (session->state() == Session::State::Open) {
+        ASSERT_LE(session->output().size(), Session::kMaxUnsent);
+        session->receive(describe);
+    }
+    EXPECT_EQ(session->state(), Session::State::Dropped);
+    EXPECT_EQ(session->error(), "its host does not take the answers");
+    EXPECT_GT(session->output().size(), Session::kMaxUnsent - describe.size() - 128);
+    EXPECT_LE(session->output().size(), Session::kMaxUnsent);
+}
+
+TEST_F(SessionTest, WhatItsHostLeftUnreadGoesWithIt) {
+    open();
+    answer(outMessage(1, {0x09, 0x9C, 0x01, 0x02}));
+    answer(outMessage(2, {0x09, 0x9C, 0x7E, 0x7D}));
+    EXPECT_EQ(controller.repliesWaiting(), 1U);
+    session.reset();
+    EXPECT_EQ(controller.repliesWaiting(), 0U);
 }
 
 TEST_F(SessionTest, UnplugAnswersTheWriteAndEndsTheConnection) {
@@ -178,8 +205,8 @@ TEST_F(SessionTest, UnplugAnswersTheWriteAndEndsTheConnection) {
     EXPECT_EQ(answer(outMessage(4, {0x09, 0x9C, 0x01, 0x06})),
               encodeSubmitReply(4, UrbStatus::Ok, 4, {}));
     EXPECT_EQ(session->state(), Session::State::Unplugged);
+    EXPECT_FALSE(state.isTaken) << "another may have it before the last answer is sent";
     session.reset();
-    EXPECT_FALSE(exported.isTaken);
     open();
     EXPECT_TRUE(controller.isPresent()) << "attaching plugs it in again";
 }

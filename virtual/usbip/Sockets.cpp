@@ -1,4 +1,6 @@
-#include "virtual/usbip/Listener.h"
+#include "virtual/usbip/Sockets.h"
+
+#include "virtual/usbip/Session.h"
 
 #include <fmt/format.h>
 
@@ -6,12 +8,15 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <fcntl.h>
 #include <memory>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <optional>
 #include <sys/socket.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace scenewright::usbip {
 
@@ -58,9 +63,37 @@ Addresses resolve(std::string_view address) {
     return {found, &freeaddrinfo};
 }
 
-void setFlag(int socket, int level, int option) {
-    const int on = 1;
-    setsockopt(socket, level, option, &on, sizeof on);
+// A host that left without a word (its machine lost power, its network) is given up after two
+// minutes, and so is one that is there and takes no answers.
+constexpr int kIdleSeconds = 60;
+constexpr int kProbeSeconds = 10;
+constexpr int kProbes = 6;
+constexpr int kUnsentMilliseconds = 120'000;
+constexpr int kSendBuffer = 65536; // bytes that the system keeps for a client that takes nothing
+
+struct SocketOption {
+    int level;
+    int name;
+    int value;
+};
+constexpr std::array<SocketOption, 7> kConnectionOptions{{
+    {IPPROTO_TCP, TCP_NODELAY, 1}, // answers are small and awaited
+    {SOL_SOCKET, SO_KEEPALIVE, 1},
+    {IPPROTO_TCP, TCP_KEEPIDLE, kIdleSeconds},
+    {IPPROTO_TCP, TCP_KEEPINTVL, kProbeSeconds},
+    {IPPROTO_TCP, TCP_KEEPCNT, kProbes},
+    {IPPROTO_TCP, TCP_USER_TIMEOUT, kUnsentMilliseconds},
+    {SOL_SOCKET, SO_SNDBUF, kSendBuffer},
+}};
+
+void setOption(int socket, const SocketOption& option) {
+    ::setsockopt(socket, option.level, option.name, &option.value, sizeof option.value);
+}
+
+tl::unexpected<std::string> portError(std::uint32_t port, int error) {
+    return failure(fmt::format("cannot plug into port {} of the kernel's virtual controller "
+                               "(vhci_hcd): {}",
+                               port, std::generic_category().message(error)));
 }
 
 } // namespace
@@ -69,20 +102,20 @@ bool Listener::isAddress(std::string_view address) {
     return resolve(address) != nullptr;
 }
 
-std::optional<std::string> Listener::listen(std::string_view address) {
+Result<void> Listener::listen(std::string_view address) {
     const Addresses found = resolve(address);
     if (!found)
-        return fmt::format("'{}' is no address to listen at: it must be like 127.0.0.1:3240",
-                           address);
+        return failure(fmt::format(
+            "'{}' is no address to listen at: it must be like 127.0.0.1:3240", address));
     FileDescriptor socket(
         ::socket(found->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    setFlag(socket.get(), SOL_SOCKET, SO_REUSEADDR);
+    setOption(socket.get(), {SOL_SOCKET, SO_REUSEADDR, 1});
     if (!socket.isOpen() || ::bind(socket.get(), found->ai_addr, found->ai_addrlen) != 0 ||
         ::listen(socket.get(), SOMAXCONN) != 0)
-        return fmt::format("cannot listen at {}: {}", address,
-                           std::generic_category().message(errno));
+        return failure(fmt::format("cannot listen at {}: {}", address,
+                                   std::generic_category().message(errno)));
     socket_ = std::move(socket);
-    return std::nullopt;
+    return {};
 }
 
 std::string Listener::address() const {
@@ -100,12 +133,33 @@ std::string Listener::address() const {
     return (where.ss_family == AF_INET6 ? '[' + name + ']' : name) + ':' + port.data();
 }
 
-FileDescriptor Listener::accept() const {
+Result<FileDescriptor, int> Listener::accept() const {
     FileDescriptor connection(
         ::accept4(descriptor(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (!connection.isOpen() && errno != EAGAIN)
+        return failure(int{errno});
     if (connection.isOpen())
-        setFlag(connection.get(), IPPROTO_TCP, TCP_NODELAY); // answers are small and awaited
+        for (const SocketOption& option : kConnectionOptions)
+            setOption(connection.get(), option);
     return connection;
+}
+
+Result<FileDescriptor> attachToKernel(std::uint32_t port, std::uint32_t device,
+                                      const std::filesystem::path& folder) {
+    std::array<int, 2> pair{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair.data()) != 0)
+        return portError(port, errno);
+    FileDescriptor ours(pair[0]);
+    const FileDescriptor theirs(pair[1]);
+    const FileDescriptor attach(::open((folder / "attach").c_str(), O_WRONLY | O_CLOEXEC));
+    if (!attach.isOpen())
+        return portError(port, errno);
+    // The kernel takes the socket over by its number in this process.
+    const std::string line = fmt::format("{} {} {} {}", port, theirs.get(), device, kFullSpeed);
+    if (::write(attach.get(), line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+        return portError(port, errno);
+    ::fcntl(ours.get(), F_SETFL, O_NONBLOCK);
+    return ours;
 }
 
 } // namespace scenewright::usbip

@@ -1,0 +1,285 @@
+#include "virtual/usbip/BackgroundFiles.h"
+
+#include "platform/WholeFile.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <condition_variable>
+#include <cstdint>
+#include <fcntl.h>
+#include <mutex>
+#include <optional>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace scenewright::usbip {
+
+namespace {
+
+// What waits for a pipe whose reader is slow: more than a read and a send of a whole bank make.
+constexpr std::size_t kMaxPending = std::size_t{1} << 20U; // bytes
+constexpr mode_t kNewFile = 0666;                          // before the process's umask
+constexpr Moment kForever = Moment::max();
+
+std::string systemText(int error) {
+    return std::generic_category().message(error);
+}
+
+// 0, or the error.
+int writeAll(int fd, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = ::write(fd, text.data(), text.size());
+        if (count >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(count));
+        } else if (errno == EAGAIN) { // whoever shares the descriptor may have asked for that
+            pollfd place{fd, POLLOUT, 0};
+            ::poll(&place, 1, -1);
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
+}
+
+Result<FileDescriptor> openForLines(const std::string& name) {
+    if (name == "-")
+        return FileDescriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
+    // Not blocking, as opening a pipe would wait for its reader.
+    FileDescriptor file(::open(
+        name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kNewFile));
+    if (!file.isOpen() && errno == ENXIO)
+        return failure("nobody reads it");
+    if (file.isOpen())
+        ::fcntl(file.get(), F_SETFL, ::fcntl(file.get(), F_GETFL) & ~O_NONBLOCK);
+    return file;
+}
+
+} // namespace
+
+void BackgroundThread::start(std::function<void()> work) {
+    std::packaged_task<void()> task(std::move(work));
+    end_ = task.get_future();
+    thread_ = std::thread(std::move(task));
+}
+
+bool BackgroundThread::waitForEnd(Moment limit) {
+    if (!isStarted())
+        return true;
+    const bool isEnded = limit == kForever || end_.wait_until(limit) == std::future_status::ready;
+    if (isEnded)
+        thread_.join();
+    else
+        thread_.detach();
+    return isEnded;
+}
+
+struct BankSaver::Work {
+    std::filesystem::path file;
+    LineSink reportError;
+    Store store;
+    FileDescriptor ended; // an eventfd, told each time when a saving has ended
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::optional<BankImage> next;   // to be written
+    std::optional<BankImage> unkept; // what was written last, if that failed
+    bool isWriting = false;
+    bool isLast = false;      // nothing will be saved any more
+    bool isLastTried = false; // nor tried again
+
+    void run();
+    [[nodiscard]] std::optional<BankImage> take();
+    void storeOne(const BankImage& bank);
+};
+
+void BankSaver::Work::run() {
+    while (const auto bank = take())
+        storeOne(*bank);
+}
+
+std::optional<BankImage> BankSaver::Work::take() {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return next || isLast; });
+    if (!next && !isLastTried) {
+        isLastTried = true;
+        next = std::exchange(unkept, std::nullopt);
+    }
+    isWriting = next.has_value();
+    return std::exchange(next, std::nullopt);
+}
+
+void BankSaver::Work::storeOne(const BankImage& bank) {
+    const Result<void> stored = store(file, bank);
+    bool isEnd = false;
+    {
+        const std::scoped_lock lock(mutex);
+        isWriting = false;
+        unkept = stored ? std::nullopt : std::optional(bank);
+        isEnd = isLastTried;
+    }
+    if (!stored)
+        reportError(isEnd ? stored.error()
+                          : stored.error() + " It is tried again at the next send and at the end.");
+    const std::uint64_t one = 1;
+    static_cast<void>(::write(ended.get(), &one, sizeof one));
+}
+
+Result<void> BankSaver::storeImage(const std::filesystem::path& file, const BankImage& bank) {
+    if (auto error = writeWholeFile(file, bank))
+        return failure(std::move(*error));
+    return {};
+}
+
+BankSaver::BankSaver(std::filesystem::path file, LineSink reportError, Store store) {
+    if (file.empty())
+        return;
+    work_ = std::make_shared<Work>();
+    work_->file = std::move(file);
+    work_->reportError = std::move(reportError);
+    work_->store = std::move(store);
+    work_->ended = FileDescriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    thread_.start([work = work_] { work->run(); });
+}
+
+BankSaver::~BankSaver() {
+    static_cast<void>(finish(kForever));
+}
+
+void BankSaver::save(const BankImage& bank) {
+    if (!work_)
+        return;
+    const std::scoped_lock lock(work_->mutex);
+    work_->next = bank;
+    work_->changed.notify_one();
+}
+
+bool BankSaver::isSaving() const {
+    if (!work_)
+        return false;
+    const std::scoped_lock lock(work_->mutex);
+    return work_->next || work_->isWriting;
+}
+
+int BankSaver::descriptor() const noexcept {
+    return work_ ? work_->ended.get() : -1;
+}
+
+void BankSaver::acknowledge() const {
+    std::uint64_t count = 0;
+    static_cast<void>(::read(descriptor(), &count, sizeof count));
+}
+
+Result<void> BankSaver::finish(Moment limit) {
+    if (!thread_.isStarted())
+        return {};
+    {
+        const std::scoped_lock lock(work_->mutex);
+        work_->isLast = true;
+        work_->changed.notify_one();
+    }
+    const bool isEnded = thread_.waitForEnd(limit);
+    const std::scoped_lock lock(work_->mutex);
+    if (!isEnded)
+        return failure(
+            fmt::format("{}: what was sent could not be written in time", work_->file.string()));
+    if (work_->unkept)
+        return failure(fmt::format("{}: what was sent is not kept", work_->file.string()));
+    return {};
+}
+
+struct LineFile::Work {
+    std::string name;
+    FileDescriptor file;
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::string pending;
+    std::string lost; // why a line was dropped; empty when none was
+    bool isBroken = false;
+    bool isLast = false;
+
+    void run();
+    [[nodiscard]] std::string take();
+    void dropLine(std::string why);
+};
+
+void LineFile::Work::run() {
+    for (std::string text = take(); !text.empty(); text = take()) {
+        const int error = writeAll(file.get(), text);
+        if (error == 0)
+            continue;
+        const std::scoped_lock lock(mutex);
+        isBroken = true;
+        dropLine(systemText(error));
+        pending.clear();
+        return;
+    }
+}
+
+std::string LineFile::Work::take() {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return !pending.empty() || isLast; });
+    return std::exchange(pending, {});
+}
+
+// The first reason is told.
+void LineFile::Work::dropLine(std::string why) {
+    if (lost.empty())
+        lost = std::move(why);
+}
+
+Result<LineFile> LineFile::open(const std::string& name) {
+    auto file = openForLines(name);
+    if (!file)
+        return failure(fmt::format("{}: cannot be written: {}", name, file.error()));
+    if (!file->isOpen())
+        return failure(fmt::format("{}: cannot be written: {}", name, systemText(errno)));
+    auto work = std::make_shared<Work>();
+    work->name = name;
+    work->file = std::move(*file);
+    return LineFile(std::move(work));
+}
+
+LineFile::LineFile(std::shared_ptr<Work> work) : work_(std::move(work)) {
+    thread_.start([shared = work_] { shared->run(); });
+}
+
+LineFile::~LineFile() {
+    if (work_)
+        static_cast<void>(finish(kForever));
+}
+
+void LineFile::write(std::string_view line) {
+    const std::scoped_lock lock(work_->mutex);
+    if (work_->isBroken)
+        return;
+    if (work_->pending.size() + line.size() > kMaxPending) {
+        work_->dropLine("it is not read fast enough");
+        return;
+    }
+    work_->pending.append(line).push_back('\n');
+    work_->changed.notify_one();
+}
+
+Result<void> LineFile::finish(Moment limit) {
+    {
+        const std::scoped_lock lock(work_->mutex);
+        work_->isLast = true;
+        work_->changed.notify_one();
+    }
+    const bool isEnded = thread_.waitForEnd(limit);
+    const std::scoped_lock lock(work_->mutex);
+    if (!isEnded)
+        work_->dropLine("it is not read fast enough");
+    if (work_->lost.empty())
+        return {};
+    return failure(
+        fmt::format("{}: not all of the trace could be written: {}", work_->name, work_->lost));
+}
+
+} // namespace scenewright::usbip

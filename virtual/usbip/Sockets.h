@@ -1,0 +1,43 @@
+// Where connections come from: hosts over TCP, or this machine's kernel.
+#pragma once
+
+#include "platform/FileDescriptor.h"
+#include "platform/Result.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace scenewright::usbip {
+
+class Listener {
+public:
+    // Whether listen() understands it: "ADDRESS:PORT", the address in numbers, one of IPv6 in
+    // brackets; port 0 chooses a free one.
+    [[nodiscard]] static bool isAddress(std::string_view address);
+    [[nodiscard]] Result<void> listen(std::string_view address);
+
+    // -1 while it does not listen.
+    [[nodiscard]] int descriptor() const noexcept { return socket_.get(); }
+    // The address that it listens at, in the form that listen() takes.
+    [[nodiscard]] std::string address() const;
+
+    // A waiting connection, not blocking, which notices within minutes when its host is gone
+    // without a word; not open when there is none (any more). The error is the system's, as when
+    // this process has no descriptor left: then the connection goes on waiting.
+    [[nodiscard]] Result<FileDescriptor, int> accept() const;
+
+private:
+    FileDescriptor socket_;
+};
+
+inline constexpr const char* kVhciFolder = "/sys/devices/platform/vhci_hcd.0";
+
+// Plugs a device of this number, at full speed, into a port of this machine's virtual host
+// controller (vhci_hcd). Needs root. Gives the connection to speak USB/IP on, which does not block.
+[[nodiscard]] Result<FileDescriptor>
+attachToKernel(std::uint32_t port, std::uint32_t device,
+               const std::filesystem::path& folder = kVhciFolder);
+
+} // namespace scenewright::usbip
