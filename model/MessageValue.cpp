@@ -1,5 +1,6 @@
 #include "model/MessageValue.h"
 
+#include <exception>
 #include <utility>
 
 namespace scenewright {
@@ -16,21 +17,42 @@ void MessageValue::setIsSendFinish(Text value) {
     write(isSendFinish_, "isSendFinish", std::move(value));
 }
 
-void MessageValue::addObserver(std::string key, Observer observer) {
-    observers_[std::move(key)].push_back(std::move(observer));
+MessageValue::Subscription MessageValue::addObserver(std::string key, Observer observer) {
+    std::erase_if(registrations_, [](const auto& registration) { return registration.expired(); });
+    auto added = std::make_shared<const Registration>(
+        Registration{.key = std::move(key), .observer = std::move(observer)});
+    registrations_.push_back(added);
+    return Subscription(std::move(added));
 }
 
 void MessageValue::write(Text& field, std::string_view key, Text value) {
     field = std::move(value);
-    const auto observers = observers_.find(key);
-    if (observers == observers_.end())
-        return;
-    // The count and the text as they are now: an observer may add others, and may write the field
-    // itself.
-    const Text written = field;
-    const std::size_t count = observers->second.size();
-    for (std::size_t i = 0; i < count; ++i)
-        observers->second[i](key, written);
+    untold_.push_back({.key = key, .value = field, .registrations = registrations_});
+    if (!isTelling_)
+        tellAll();
+}
+
+void MessageValue::tellAll() {
+    std::exception_ptr first;
+    isTelling_ = true;
+    while (!untold_.empty()) {
+        const Write write = std::move(untold_.front());
+        untold_.pop_front();
+        for (const auto& registration : write.registrations) {
+            // Held during the call, because the observer may end its own observation.
+            const auto told = registration.lock();
+            if (!told || told->key != write.key)
+                continue;
+            try {
+                told->observer(write.key, write.value);
+            } catch (...) {
+                first = first ? first : std::current_exception();
+            }
+        }
+    }
+    isTelling_ = false;
+    if (first)
+        std::rethrow_exception(first);
 }
 
 } // namespace scenewright

@@ -4,42 +4,88 @@
 
 #include <deque>
 #include <functional>
-#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace scenewright {
 
 class MessageValue {
 public:
     using Text = std::optional<std::string>;
-    // Told the name of the field and its new value, on the thread that wrote it, before the
-    // writer returns, for every write, equal values included.
+    // Told the name of the field and the value that was written, on the thread that wrote it, for
+    // every write, equal values included.
     using Observer = std::function<void(std::string_view key, const Text& value)>;
+
+    // An observation, which ends with it. It may outlive the record.
+    class [[nodiscard]] Subscription {
+    public:
+        Subscription() = default;
+        Subscription(const Subscription&) = delete;
+        Subscription& operator=(const Subscription&) = delete;
+        Subscription(Subscription&&) noexcept = default;
+        Subscription& operator=(Subscription&&) noexcept = default;
+        ~Subscription() = default;
+
+        // Its observer is told nothing more, writes that are still to be told included.
+        void end() noexcept { registration_.reset(); }
+
+    private:
+        friend class MessageValue;
+        explicit Subscription(std::shared_ptr<const void> registration)
+            : registration_(std::move(registration)) {}
+
+        std::shared_ptr<const void> registration_;
+    };
+
+    MessageValue() = default;
+    MessageValue(const MessageValue&) = delete;
+    MessageValue& operator=(const MessageValue&) = delete;
+    MessageValue(MessageValue&&) = delete;
+    MessageValue& operator=(MessageValue&&) = delete;
+    ~MessageValue() = default;
 
     // Absent until first written. The flags hold "Yes" or "No".
     [[nodiscard]] const Text& Message() const noexcept { return Message_; }
     [[nodiscard]] const Text& isReadFinish() const noexcept { return isReadFinish_; }
     [[nodiscard]] const Text& isSendFinish() const noexcept { return isSendFinish_; }
 
+    // Each stores its value at once and returns when every observer has been told of it. A write
+    // by an observer is stored at once too, but told after the one that is being told, so that all
+    // hear the writes in their order; the outermost writer returns when all of them are told. What
+    // observers throw keeps nobody from being told; the first of it leaves the outermost writer.
     void setMessage(Text value);
     void setIsReadFinish(Text value);
     void setIsSendFinish(Text value);
 
-    // Registers for one of the three names, for the life of the record. No initial call.
-    // Observers of a name are told in the order of their registration. An observer may write to
-    // the record and may add observers; one that is added is told from the next write on.
-    void addObserver(std::string key, Observer observer);
+    // Registers for one of the three names. No initial call. Observers of a name are told in the
+    // order of their registration. An observer may write to the record, and may begin and end
+    // observations, its own included; one that is begun is told from the next write on.
+    Subscription addObserver(std::string key, Observer observer);
 
 private:
+    struct Registration {
+        std::string key;
+        Observer observer;
+    };
+    using Registrations = std::vector<std::weak_ptr<const Registration>>;
+    struct Write {
+        std::string_view key;
+        Text value;
+        Registrations registrations; // those of the time of the write
+    };
+
     void write(Text& field, std::string_view key, Text value);
+    void tellAll();
 
     Text Message_;
     Text isReadFinish_;
     Text isSendFinish_;
-    // A deque, so that an observer that is being called stays in its place while another is added.
-    std::map<std::string, std::deque<Observer>, std::less<>> observers_;
+    Registrations registrations_;
+    std::deque<Write> untold_;
+    bool isTelling_ = false;
 };
 
 } // namespace scenewright

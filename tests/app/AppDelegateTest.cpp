@@ -26,15 +26,18 @@ protected:
         Transport::instance().use(nullptr, [](std::chrono::nanoseconds) {});
         WindowAction::getSceneValue();
         for (const char* key : {"Message", "isReadFinish", "isSendFinish"})
-            WindowAction::getMessageValue()->addObserver(
+            observed_.push_back(WindowAction::getMessageValue()->addObserver(
                 key, [this](std::string_view name, const MessageValue::Text& value) {
                     writes.emplace_back(name, value.value_or("(absent)"));
-                });
+                }));
     }
     void TearDown() override { Progress::forget(); }
 
     AppDelegate delegate;
     std::vector<Write> writes;
+
+private:
+    std::vector<MessageValue::Subscription> observed_;
 };
 
 } // namespace

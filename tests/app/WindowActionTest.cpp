@@ -70,13 +70,19 @@ protected:
 
 using Write = std::pair<std::string, std::string>;
 
+// What is written as long as the returned list is kept.
 std::shared_ptr<std::vector<Write>> watch(MessageValue& message) {
-    auto writes = std::make_shared<std::vector<Write>>();
+    struct Watch {
+        std::vector<Write> writes;
+        std::vector<MessageValue::Subscription> observed;
+    };
+    const auto watch = std::make_shared<Watch>();
     for (const char* key : {"Message", "isReadFinish", "isSendFinish"})
-        message.addObserver(key, [writes](std::string_view name, const MessageValue::Text& value) {
-            writes->emplace_back(name, value.value_or("(absent)"));
-        });
-    return writes;
+        watch->observed.push_back(message.addObserver(
+            key, [&writes = watch->writes](std::string_view name, const MessageValue::Text& value) {
+                writes.emplace_back(name, value.value_or("(absent)"));
+            }));
+    return {watch, &watch->writes};
 }
 
 } // namespace

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -37,8 +41,8 @@ TEST(MessageValue, KeepsWhatWasWritten) {
 TEST(MessageValue, ObserverIsToldEachWriteOfItsNameInOrder) {
     MessageValue record;
     Lines lines;
-    record.addObserver("Message", recordInto(lines));
-    record.addObserver("isReadFinish", recordInto(lines));
+    const auto observed = record.addObserver("Message", recordInto(lines));
+    const auto alsoObserved = record.addObserver("isReadFinish", recordInto(lines));
     record.setMessage("one");
     record.setIsReadFinish("No");
     record.setMessage("two");
@@ -49,7 +53,7 @@ TEST(MessageValue, ObserverIsToldEachWriteOfItsNameInOrder) {
 TEST(MessageValue, EqualValuesAreToldAgain) {
     MessageValue record;
     Lines lines;
-    record.addObserver("isReadFinish", recordInto(lines));
+    const auto observed = record.addObserver("isReadFinish", recordInto(lines));
     record.setIsReadFinish("Yes");
     record.setIsReadFinish("Yes");
     EXPECT_EQ(lines, (Lines{"isReadFinish=Yes", "isReadFinish=Yes"}));
@@ -59,14 +63,14 @@ TEST(MessageValue, RegisteringMakesNoCall) {
     MessageValue record;
     record.setMessage("before");
     Lines lines;
-    record.addObserver("Message", recordInto(lines));
+    const auto observed = record.addObserver("Message", recordInto(lines));
     EXPECT_TRUE(lines.empty());
 }
 
 TEST(MessageValue, SendFlagIsObservableToo) {
     MessageValue record;
     Lines lines;
-    record.addObserver("isSendFinish", recordInto(lines));
+    const auto observed = record.addObserver("isSendFinish", recordInto(lines));
     record.setIsSendFinish("No");
     EXPECT_EQ(lines, (Lines{"isSendFinish=No"}));
 }
@@ -74,8 +78,8 @@ TEST(MessageValue, SendFlagIsObservableToo) {
 TEST(MessageValue, ObserverOfAnotherNameIsNotTold) {
     MessageValue record;
     Lines lines;
-    record.addObserver("Message", recordInto(lines));
-    record.addObserver("message", recordInto(lines));
+    const auto observed = record.addObserver("Message", recordInto(lines));
+    const auto alsoObserved = record.addObserver("message", recordInto(lines));
     record.setIsSendFinish("No");
     record.setIsReadFinish("No");
     EXPECT_TRUE(lines.empty());
@@ -84,7 +88,8 @@ TEST(MessageValue, ObserverOfAnotherNameIsNotTold) {
 TEST(MessageValue, ObserverSeesTheRecordAlreadyChanged) {
     MessageValue record;
     MessageValue::Text seen;
-    record.addObserver("Message", [&](std::string_view, const auto&) { seen = record.Message(); });
+    const auto observed = record.addObserver(
+        "Message", [&](std::string_view, const auto&) { seen = record.Message(); });
     record.setMessage("now");
     EXPECT_EQ(seen, "now");
 }
@@ -92,8 +97,10 @@ TEST(MessageValue, ObserverSeesTheRecordAlreadyChanged) {
 TEST(MessageValue, ObserversOfANameAreToldInTheOrderOfTheirRegistration) {
     MessageValue record;
     Lines lines;
-    record.addObserver("Message", [&](auto, const auto&) { lines.push_back("first"); });
-    record.addObserver("Message", [&](auto, const auto&) { lines.push_back("second"); });
+    const auto observed =
+        record.addObserver("Message", [&](auto, const auto&) { lines.push_back("first"); });
+    const auto alsoObserved =
+        record.addObserver("Message", [&](auto, const auto&) { lines.push_back("second"); });
     record.setMessage("x");
     EXPECT_EQ(lines, (Lines{"first", "second"}));
 }
@@ -101,7 +108,8 @@ TEST(MessageValue, ObserversOfANameAreToldInTheOrderOfTheirRegistration) {
 TEST(MessageValue, ObserverIsToldOnTheThreadThatWrites) {
     MessageValue record;
     std::thread::id told;
-    record.addObserver("Message", [&](auto, const auto&) { told = std::this_thread::get_id(); });
+    const auto observed = record.addObserver(
+        "Message", [&](auto, const auto&) { told = std::this_thread::get_id(); });
     std::thread::id writer;
     std::thread thread([&] {
         writer = std::this_thread::get_id();
@@ -111,29 +119,136 @@ TEST(MessageValue, ObserverIsToldOnTheThreadThatWrites) {
     EXPECT_EQ(told, writer);
 }
 
-TEST(MessageValue, ObserverMayWriteTheSameTextAndEachObserverIsToldEachWrite) {
+TEST(MessageValue, WritesOfAnObserverAreToldToEveryObserverInTheOrderOfTheWrites) {
+    MessageValue record;
+    Lines before;
+    Lines after;
+    const auto first = record.addObserver("Message", recordInto(before));
+    const auto writing = record.addObserver("Message", [&](auto, const MessageValue::Text& value) {
+        if (value == "one") {
+            record.setMessage("two");
+            record.setMessage("three");
+        }
+    });
+    const auto last = record.addObserver("Message", recordInto(after));
+    record.setMessage("one");
+    const Lines all{"Message=one", "Message=two", "Message=three"};
+    EXPECT_EQ(before, all);
+    EXPECT_EQ(after, all);
+}
+
+TEST(MessageValue, WritesOfSeveralNamesKeepTheirOrder) {
     MessageValue record;
     Lines lines;
-    record.addObserver("Message", [&](std::string_view, const MessageValue::Text& value) {
+    const auto writing =
+        record.addObserver("Message", [&](auto, const auto&) { record.setIsReadFinish("Yes"); });
+    const auto message = record.addObserver("Message", recordInto(lines));
+    const auto flag = record.addObserver("isReadFinish", recordInto(lines));
+    record.setMessage("one");
+    EXPECT_EQ(lines, (Lines{"Message=one", "isReadFinish=Yes"}));
+}
+
+TEST(MessageValue, WriteOfAnObserverIsStoredAtOnce) {
+    MessageValue record;
+    MessageValue::Text stored;
+    const auto observed = record.addObserver("Message", [&](auto, const auto&) {
+        record.setIsReadFinish("Yes");
+        stored = record.isReadFinish();
+    });
+    record.setMessage("one");
+    EXPECT_EQ(stored, "Yes");
+}
+
+TEST(MessageValue, WhatAnObserverThrowsLeavesTheWriterWhenAllAreTold) {
+    MessageValue record;
+    Lines lines;
+    const auto throwing = record.addObserver("Message", [&](auto, const MessageValue::Text& value) {
+        if (value == "one")
+            record.setMessage("two");
+        throw std::runtime_error(value.value());
+    });
+    const auto observed = record.addObserver("Message", recordInto(lines));
+    try {
+        record.setMessage("one");
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "one");
+    }
+    EXPECT_EQ(lines, (Lines{"Message=one", "Message=two"}));
+}
+
+TEST(MessageValue, RecordGoesOnAfterAnObserverHasThrown) {
+    MessageValue record;
+    Lines lines;
+    auto throwing =
+        record.addObserver("Message", [](auto, const auto&) { throw std::runtime_error("x"); });
+    EXPECT_THROW(record.setMessage("one"), std::runtime_error);
+    throwing.end();
+    const auto observed = record.addObserver("Message", recordInto(lines));
+    record.setMessage("two");
+    EXPECT_EQ(lines, Lines{"Message=two"});
+}
+
+TEST(MessageValue, ObservationEndsWithItsSubscription) {
+    MessageValue record;
+    Lines lines;
+    {
+        const auto observed = record.addObserver("Message", recordInto(lines));
+        record.setMessage("one");
+    }
+    record.setMessage("two");
+    auto moved = record.addObserver("Message", recordInto(lines));
+    const auto kept = std::move(moved);
+    record.setMessage("three");
+    EXPECT_EQ(lines, (Lines{"Message=one", "Message=three"}));
+}
+
+TEST(MessageValue, SubscriptionMayOutliveTheRecord) {
+    Lines lines;
+    MessageValue::Subscription observed;
+    {
+        MessageValue record;
+        observed = record.addObserver("Message", recordInto(lines));
+        record.setMessage("one");
+    }
+    observed.end();
+    EXPECT_EQ(lines, Lines{"Message=one"});
+}
+
+TEST(MessageValue, ObserverMayEndItsOwnObservation) {
+    MessageValue record;
+    int calls = 0;
+    MessageValue::Subscription observed;
+    observed = record.addObserver("Message", [&, text = std::string(100, 'x')](auto, const auto&) {
+        observed.end();
+        calls += static_cast<int>(text.size()); // still there
+    });
+    record.setMessage("one");
+    record.setMessage("two");
+    EXPECT_EQ(calls, 100);
+}
+
+TEST(MessageValue, ObserverThatIsEndedByAnotherIsNotToldAnyMore) {
+    MessageValue record;
+    Lines lines;
+    MessageValue::Subscription later;
+    const auto ending = record.addObserver("Message", [&](auto, const auto&) { later.end(); });
+    later = record.addObserver("Message", recordInto(lines));
+    record.setMessage("one");
+    EXPECT_TRUE(lines.empty());
+}
+
+TEST(MessageValue, ObservationBegunByAnObserverIsToldFromTheNextWriteOn) {
+    MessageValue record;
+    Lines lines;
+    std::vector<MessageValue::Subscription> begun;
+    const auto observed = record.addObserver("Message", [&](auto, const MessageValue::Text& value) {
+        for (int i = 0; i < 100 && value == "one"; ++i)
+            begun.push_back(record.addObserver("Message", recordInto(lines)));
         if (value == "one")
             record.setMessage("two");
     });
-    record.addObserver("Message", recordInto(lines));
     record.setMessage("one");
-    EXPECT_EQ(lines, (Lines{"Message=two", "Message=one"}));
-    EXPECT_EQ(record.Message(), "two");
-}
-
-TEST(MessageValue, ObserverMayAddObserversThatAreToldFromTheNextWriteOn) {
-    MessageValue record;
-    Lines lines;
-    record.addObserver("Message", [&](std::string_view, const MessageValue::Text& value) {
-        for (int i = 0; i < 100 && value == "one"; ++i)
-            record.addObserver("Message", recordInto(lines));
-    });
-    record.setMessage("one");
-    EXPECT_TRUE(lines.empty());
-    record.setMessage("two");
     EXPECT_EQ(lines, Lines(100, "Message=two"));
 }
 
@@ -141,7 +256,7 @@ TEST(MessageValue, WritingAbsentIsTold) {
     MessageValue record;
     Lines lines;
     record.setMessage("x");
-    record.addObserver("Message", recordInto(lines));
+    const auto observed = record.addObserver("Message", recordInto(lines));
     record.setMessage(std::nullopt);
     EXPECT_EQ(lines, (Lines{"Message=(absent)"}));
 }

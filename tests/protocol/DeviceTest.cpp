@@ -43,10 +43,11 @@ DeviceTest::DeviceTest() {
     });
     Diagnostics::setConsole([this](std::string_view text) { console.emplace_back(text); });
     Progress::forget();
-    Progress::record()->addObserver("Message", [this](auto, const MessageValue::Text& text) {
-        messages.push_back(text.value());
-        events.push_back("message " + text.value());
-    });
+    observed_ =
+        Progress::record()->addObserver("Message", [this](auto, const MessageValue::Text& text) {
+            messages.push_back(text.value());
+            events.push_back("message " + text.value());
+        });
 }
 
 DeviceTest::~DeviceTest() {

@@ -2,6 +2,7 @@
 // fake controller behind it, a pause that does not wait, and everything the system said.
 #pragma once
 
+#include "model/MessageValue.h"
 #include "tests/protocol/FakeController.h"
 #include "tests/support/TempFolder.h"
 
@@ -54,6 +55,7 @@ protected:
 
 private:
     TempFolder resources_;
+    MessageValue::Subscription observed_;
 };
 
 } // namespace scenewright::testing

@@ -71,10 +71,11 @@ TEST_F(ReadTransactionTest, FirstAndLastByteAreNumberedFromZero) {
 
 TEST_F(ReadTransactionTest, MessageOfAByteStandsBetweenItsRequestAndItsReply) {
     Lines before;
-    Progress::record()->addObserver("Message", [&](auto, const MessageValue::Text& text) {
-        if (text->starts_with("Time:"))
-            before.push_back(script->calls.back());
-    });
+    const auto observed =
+        Progress::record()->addObserver("Message", [&](auto, const MessageValue::Text& text) {
+            if (text->starts_with("Time:"))
+                before.push_back(script->calls.back());
+        });
     EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
     EXPECT_EQ(before, Lines(1012, "write one/1 2 09 9c 01 06"));
 }

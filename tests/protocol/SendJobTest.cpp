@@ -186,7 +186,7 @@ TEST_F(SendJobTest, KeepsImageAndRecordAliveToItsEnd) {
 
 TEST_F(SendJobTest, FinalMessageIsSetOnTheMainThread) {
     std::thread::id thread;
-    Progress::record()->addObserver(
+    const auto observed = Progress::record()->addObserver(
         "Message", [&](auto, const auto&) { thread = std::this_thread::get_id(); });
     sendWhole({1});
     EXPECT_EQ(thread, std::this_thread::get_id());
