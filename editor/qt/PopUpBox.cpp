@@ -9,6 +9,8 @@
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -35,11 +37,27 @@ private:
     TypedSearch search_;
 };
 
+bool isPrintable(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+bool isCommand(const QKeyEvent& event) {
+    return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+}
+
 bool isTyping(const QKeyEvent& event) {
-    const bool isCommand =
-        (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-    return !isCommand && !event.text().isEmpty() && event.text().front().isPrint() &&
-           event.key() != Qt::Key_Space;
+    return !isCommand(event) && isPrintable(event) && event.key() != Qt::Key_Space;
+}
+
+// A key that is held for the sake of another one.
+bool isModifier(const QKeyEvent& event) {
+    constexpr std::array kModifiers{Qt::Key_Shift,    Qt::Key_Control, Qt::Key_Meta,   Qt::Key_Alt,
+                                    Qt::Key_CapsLock, Qt::Key_AltGr,   Qt::Key_NumLock};
+    return std::ranges::find(kModifiers, event.key()) != kModifiers.end();
+}
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 } // namespace
@@ -48,10 +66,13 @@ PopUpBox::PopUpBox(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(kVisibleEntries);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    pause_.setSingleShot(true);
+    connect(&pause_, &QTimer::timeout, this, &PopUpBox::finishTyping);
 }
 
 // A list of entries costs more than all the rest of the box, and most boxes are never opened.
 void PopUpBox::showPopup() {
+    finishTyping();
     if (!hasEntryList_) {
         hasEntryList_ = true;
         setView(&owned<EntryList>(*this, this));
@@ -62,6 +83,7 @@ void PopUpBox::showPopup() {
 }
 
 void PopUpBox::removeAllItems() {
+    forgetTyping();
     clear();
 }
 
@@ -73,6 +95,7 @@ void PopUpBox::addItems(const std::vector<std::string>& titles) {
 }
 
 void PopUpBox::selectItem(std::int32_t position) {
+    forgetTyping();
     setCurrentIndex(position >= 0 && position < count() ? position : -1);
 }
 
@@ -105,25 +128,84 @@ QSize PopUpBox::minimumSizeHint() const {
     return sizeHint();
 }
 
-void PopUpBox::choose(int position) {
-    if (position < 0 || position == currentIndex())
+void PopUpBox::type(const QString& text) {
+    const int found = search_.type(text, titles());
+    if (found < 0) {
+        cancelTyping();
         return;
-    setCurrentIndex(position);
-    emit activated(position);
+    }
+    chosen_ = chosen_.value_or(currentIndex());
+    setCurrentIndex(found);
+    pause_.start(TypedSearch::pause());
+}
+
+void PopUpBox::finishTyping() {
+    const std::optional<int> before = chosen_;
+    forgetTyping();
+    if (before && *before != currentIndex())
+        emit activated(currentIndex());
+}
+
+void PopUpBox::cancelTyping() {
+    const std::optional<int> before = chosen_;
+    forgetTyping();
+    if (before)
+        setCurrentIndex(*before);
+}
+
+void PopUpBox::forgetTyping() {
+    pause_.stop();
+    search_.clear();
+    chosen_.reset();
+}
+
+bool PopUpBox::event(QEvent* event) {
+    // Before a shortcut is carried out, which may send what was typed or show another control; and
+    // before Escape goes to a shortcut.
+    if (event->type() == QEvent::ShortcutOverride && chosen_) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (isCommand(*key) && !isModifier(*key))
+            finishTyping();
+        else if (key->key() == Qt::Key_Escape)
+            event->accept();
+    }
+    return QComboBox::event(event);
 }
 
 void PopUpBox::keyPressEvent(QKeyEvent* event) {
-    if (isTyping(*event))
-        choose(search_.type(event->text(), titles()));
-    else
+    if (isTyping(*event)) {
+        type(event->text());
+    } else if (chosen_ && event->key() == Qt::Key_Escape) {
+        cancelTyping();
+    } else if (chosen_ && isReturn(*event)) {
+        finishTyping();
+    } else if (isCommand(*event) && isPrintable(*event)) {
+        event->ignore(); // the base class would search for the letter
+    } else {
+        if (!isModifier(*event))
+            finishTyping();
         QComboBox::keyPressEvent(event);
+    }
 }
 
 void PopUpBox::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
+    if (!hasFocus()) {
         event->ignore();
+        return;
+    }
+    finishTyping();
+    QComboBox::wheelEvent(event);
+}
+
+void PopUpBox::focusOutEvent(QFocusEvent* event) {
+    finishTyping();
+    QComboBox::focusOutEvent(event);
+}
+
+// Another control may be shown by now: what was typed was not for it.
+void PopUpBox::hideEvent(QHideEvent* event) {
+    cancelTyping();
+    QComboBox::hideEvent(event);
 }
 
 } // namespace scenewright

@@ -1,11 +1,20 @@
 // A popup as a combo box: 20 entries visible, typing finds an entry, and the wheel turns it only
 // while it has the keyboard.
+//
+// While a text is typed into the closed box, the entry that it means is shown and not yet chosen.
+// It is chosen, with one action, by a pause of the toolkit's keyboard input interval, by Return, by
+// any other key or click that the box takes, by a key with Ctrl, Alt or Meta, and when the keyboard
+// leaves the box. Escape, and a further key that makes a text that no entry has, show what was
+// chosen before; so does what the program does to the box, which then stands.
 #pragma once
 
 #include "editor/qt/TypedSearch.h"
 #include "editor/widgets/Widgets.h"
 
 #include <QComboBox>
+#include <QTimer>
+
+#include <optional>
 
 namespace scenewright {
 
@@ -19,6 +28,7 @@ public:
     void removeAllItems() override;
     void addItems(const std::vector<std::string>& titles) override;
     void selectItem(std::int32_t position) override;
+    // The entry that is shown.
     [[nodiscard]] std::int32_t selectedItem() const override;
     void setEnabled(bool enabled) override;
 
@@ -28,13 +38,24 @@ public:
     void showPopup() override;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
-    void choose(int position);
+    void type(const QString& text);
+    // Chooses what is shown, if it was typed.
+    void finishTyping();
+    // Shows again what was chosen before the typing.
+    void cancelTyping();
+    // What was typed is no longer of any meaning.
+    void forgetTyping();
 
     TypedSearch search_;
+    QTimer pause_;
+    std::optional<int> chosen_; // while an entry is shown that was typed and not yet chosen
     bool hasEntryList_ = false;
 };
 

@@ -1,13 +1,13 @@
 #include "editor/qt/TypedSearch.h"
 
+#include <QApplication>
+
 #include <algorithm>
 #include <array>
 
 namespace scenewright {
 
 namespace {
-
-constexpr std::chrono::seconds kPatience{1};
 
 bool isIt(const QString& entry, const QString& typed) {
     return entry.compare(typed, Qt::CaseInsensitive) == 0;
@@ -34,8 +34,12 @@ int findTyped(const QStringList& entries, const QString& typed) {
     return -1;
 }
 
+std::chrono::milliseconds TypedSearch::pause() {
+    return std::chrono::milliseconds(QApplication::keyboardInputInterval());
+}
+
 int TypedSearch::type(const QString& text, const QStringList& entries, Clock::time_point now) {
-    if (now - last_ > kPatience)
+    if (now - last_ > pause())
         typed_.clear();
     last_ = now;
     typed_ += text;

@@ -12,5 +12,7 @@ int main(int argc, char** argv) {
     qputenv("XDG_STATE_HOME", settings.path().c_str());
     ::testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    // No pause of a busy machine cuts typed text short.
+    QApplication::setKeyboardInputInterval(3600000);
     return RUN_ALL_TESTS();
 }

@@ -16,5 +16,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     scenewright::applyTheme(application, false);
     QApplication::setDoubleClickInterval(1);
+    // No pause of a busy machine cuts typed text short.
+    QApplication::setKeyboardInputInterval(3600000);
     return RUN_ALL_TESTS();
 }

@@ -1,12 +1,17 @@
 #include "editor/qt/PopUpBox.h"
 
 #include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -19,12 +24,33 @@ std::vector<std::string> numbers(int count) {
     return titles;
 }
 
+// The toolkit's keyboard input interval while it lives; else it is longer than any test.
+class KeyboardPause {
+public:
+    explicit KeyboardPause(std::chrono::milliseconds pause) {
+        QApplication::setKeyboardInputInterval(static_cast<int>(pause.count()));
+    }
+    KeyboardPause(const KeyboardPause&) = delete;
+    KeyboardPause& operator=(const KeyboardPause&) = delete;
+    KeyboardPause(KeyboardPause&&) = delete;
+    KeyboardPause& operator=(KeyboardPause&&) = delete;
+    ~KeyboardPause() { QApplication::setKeyboardInputInterval(former_); }
+
+private:
+    int former_ = QApplication::keyboardInputInterval();
+};
+
+using Choices = std::vector<int>;
+
 class PopUpBoxTest : public ::testing::Test {
 protected:
     PopUpBoxTest() {
         box_.addItems(numbers(128));
         box_.selectItem(5);
-        QObject::connect(&box_, &QComboBox::activated, [this] { ++choices_; });
+        QObject::connect(&box_, &QComboBox::activated, [this](int position) {
+            ++choices_;
+            chosen_.push_back(position);
+        });
         box_.resize(120, 30);
         box_.show();
     }
@@ -49,6 +75,7 @@ protected:
 
     PopUpBox box_;
     int choices_ = 0;
+    std::vector<int> chosen_;
 };
 
 TEST_F(PopUpBoxTest, TakesUtf8Titles) {
@@ -100,22 +127,138 @@ TEST_F(PopUpBoxTest, ArrowKeyChoosesTheNextEntry) {
     EXPECT_EQ(choices_, 1);
 }
 
-TEST_F(PopUpBoxTest, TypedDigitsChooseThatNumber) {
-    QTest::keyClicks(&box_, "100");
+TEST_F(PopUpBoxTest, TypedDigitsAreShownAtEachKeyAndChosenOnceWithReturn) {
+    for (const auto& [key, shown] : {std::pair{'1', 1}, {'0', 10}, {'0', 100}}) {
+        QTest::keyClick(&box_, key);
+        EXPECT_EQ(box_.currentText(), QString::number(shown));
+        EXPECT_EQ(chosen_, Choices{});
+    }
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{100});
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{100});
     EXPECT_EQ(box_.selectedItem(), 100);
 }
 
-TEST_F(PopUpBoxTest, TypedNoteNameChoosesThatNote) {
+TEST_F(PopUpBoxTest, TypedNoteNameChoosesThatNoteOnce) {
     box_.removeAllItems();
     box_.addItems({"C-1", "C#-1", "C4", "C#4"});
-    QTest::keyClicks(&box_, "c#4");
-    EXPECT_EQ(box_.selectedItem(), 3);
+    QTest::keyClick(&box_, 'c');
+    QTest::keyPress(&box_, Qt::Key_Shift);
+    QTest::keyClick(&box_, '#', Qt::ShiftModifier);
+    QTest::keyRelease(&box_, Qt::Key_Shift);
+    QTest::keyClick(&box_, '4');
+    EXPECT_EQ(chosen_, Choices{});
+    QTest::keyClick(&box_, Qt::Key_Enter);
+    EXPECT_EQ(chosen_, Choices{3});
+}
+
+TEST_F(PopUpBoxTest, PauseInTheTypingChooses) {
+    QTest::keyClicks(&box_, "10");
+    QApplication::processEvents();
+    EXPECT_EQ(chosen_, Choices{});
+    const KeyboardPause none(std::chrono::milliseconds(0));
+    QTest::keyClick(&box_, '0');
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !chosen_.empty(); }, 20000));
+    EXPECT_EQ(chosen_.size(), 1U);
+}
+
+TEST_F(PopUpBoxTest, KeyboardThatLeavesTheBoxChooses) {
+    box_.activateWindow();
+    box_.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, 20000));
+    QTest::keyClicks(&box_, "100");
+    box_.clearFocus();
+    EXPECT_EQ(chosen_, Choices{100});
+}
+
+TEST_F(PopUpBoxTest, EscapeShowsAgainWhatWasChosen) {
+    QTest::keyClicks(&box_, "100");
+    QTest::keyClick(&box_, Qt::Key_Escape);
+    EXPECT_EQ(box_.selectedItem(), 5);
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{});
+    QTest::keyClicks(&box_, "7"); // begins anew
+    EXPECT_EQ(box_.selectedItem(), 7);
 }
 
 TEST_F(PopUpBoxTest, TypingThatFindsNothingChangesNothing) {
-    QTest::keyClicks(&box_, "x");
+    for (const char* text : {"x", "1x", "12x"}) {
+        QTest::keyClicks(&box_, text);
+        EXPECT_EQ(box_.selectedItem(), 5) << text;
+        QTest::keyClick(&box_, Qt::Key_Return);
+        EXPECT_EQ(chosen_, Choices{}) << text;
+    }
+}
+
+TEST_F(PopUpBoxTest, TypingWhatIsChosenAlreadyIsNoChoice) {
+    QTest::keyClicks(&box_, "5");
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{});
+}
+
+TEST_F(PopUpBoxTest, CommandKeyChoosesWhatWasTypedBeforeItIsCarriedOut) {
+    QAction command;
+    command.setShortcut(QKeySequence("Ctrl+Return"));
+    box_.addAction(&command);
+    Choices before;
+    QObject::connect(&command, &QAction::triggered, [&] { before = chosen_; });
+    box_.activateWindow();
+    box_.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box_));
+    QTest::keyClicks(&box_, "100");
+    QTest::keyClick(&box_, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(before, Choices{100});
+}
+
+TEST_F(PopUpBoxTest, LetterOfACommandIsNotTyped) {
+    QTest::keyClick(&box_, '1', Qt::AltModifier);
+    QTest::keyClick(&box_, '1', Qt::ControlModifier);
+    QTest::keyClick(&box_, Qt::Key_Return);
     EXPECT_EQ(box_.selectedItem(), 5);
-    EXPECT_EQ(choices_, 0);
+    EXPECT_EQ(chosen_, Choices{});
+}
+
+TEST_F(PopUpBoxTest, ArrowKeyGoesOnFromWhatWasTyped) {
+    QTest::keyClicks(&box_, "100");
+    QTest::keyClick(&box_, Qt::Key_Down);
+    EXPECT_EQ(chosen_, (Choices{100, 101}));
+}
+
+TEST_F(PopUpBoxTest, OpeningTheListChoosesWhatWasTyped) {
+    QTest::keyClicks(&box_, "100");
+    QTest::mouseClick(&box_, Qt::LeftButton);
+    EXPECT_EQ(chosen_, Choices{100});
+    box_.hidePopup();
+}
+
+TEST_F(PopUpBoxTest, ProgramsSelectionStandsAgainstWhatWasTyped) {
+    QTest::keyClicks(&box_, "100");
+    box_.selectItem(9);
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(box_.selectedItem(), 9);
+    QTest::keyClicks(&box_, "100");
+    box_.removeAllItems();
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{});
+}
+
+TEST_F(PopUpBoxTest, BoxOfAPaneThatIsHiddenForgetsWhatWasTyped) {
+    QWidget window;
+    QWidget pane(&window);
+    box_.setParent(&pane);
+    QLineEdit other(&window);
+    window.show();
+    window.activateWindow();
+    box_.show();
+    box_.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, 20000));
+    QTest::keyClicks(&box_, "100");
+    pane.hide();
+    EXPECT_FALSE(box_.hasFocus());
+    EXPECT_EQ(box_.selectedItem(), 5);
+    EXPECT_EQ(chosen_, Choices{});
+    box_.setParent(nullptr);
 }
 
 TEST_F(PopUpBoxTest, TypedDigitsFindTheEntryInTheOpenList) {

@@ -76,11 +76,12 @@ protected:
         settle();
         return box;
     }
-    // What a key pressed on a widget has painted.
+    // What a key pressed on a widget, and Return after it, has painted.
     template <typename Key>
     const PaintWatch& press(QWidget& widget, Key key) {
         watch_ = std::make_unique<PaintWatch>();
         QTest::keyClick(&widget, key);
+        QTest::keyClick(&widget, Qt::Key_Return);
         settle();
         return *watch_;
     }

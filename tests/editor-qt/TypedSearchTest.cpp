@@ -1,6 +1,9 @@
 #include "editor/qt/TypedSearch.h"
 
+#include <QApplication>
 #include <gtest/gtest.h>
+
+#include <chrono>
 
 namespace scenewright {
 namespace {
@@ -40,22 +43,34 @@ TEST(TypedSearch, KeystrokesCloseTogetherMakeOneText) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
     EXPECT_EQ(search.type("1", kNumbers, start), 1);
-    EXPECT_EQ(search.type("2", kNumbers, start + milliseconds(300)), 4);
-    EXPECT_EQ(search.type("7", kNumbers, start + milliseconds(600)), 7);
+    EXPECT_EQ(search.type("2", kNumbers, start + TypedSearch::pause()), 4);
+    EXPECT_EQ(search.type("7", kNumbers, start + 2 * TypedSearch::pause()), 7);
 }
 
 TEST(TypedSearch, PauseBeginsAnew) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
     EXPECT_EQ(search.type("1", kNumbers, start), 1);
-    EXPECT_EQ(search.type("2", kNumbers, start + milliseconds(1500)), 2);
+    EXPECT_EQ(search.type("2", kNumbers, start + TypedSearch::pause() + milliseconds(1)), 2);
+}
+
+TEST(TypedSearch, PauseIsTheToolkits) {
+    EXPECT_EQ(TypedSearch::pause(), milliseconds(QApplication::keyboardInputInterval()));
+}
+
+TEST(TypedSearch, ClearingBeginsAnew) {
+    TypedSearch search;
+    const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
+    EXPECT_EQ(search.type("1", kNumbers, start), 1);
+    search.clear();
+    EXPECT_EQ(search.type("2", kNumbers, start), 2);
 }
 
 TEST(TypedSearch, KeystrokeThatLeadsNowhereBeginsAnew) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
     EXPECT_EQ(search.type("2", kNumbers, start), 2);
-    EXPECT_EQ(search.type("0", kNumbers, start + milliseconds(100)), 0);
+    EXPECT_EQ(search.type("0", kNumbers, start + milliseconds(1)), 0);
 }
 
 } // namespace

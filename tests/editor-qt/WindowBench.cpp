@@ -67,7 +67,8 @@ void WindowBench::read() {
 }
 
 void WindowBench::send() {
-    QTest::keyClick(window_.get(), Qt::Key_Return, Qt::ControlModifier);
+    QWidget* at = window_->focusWidget(); // where a user's keys go
+    QTest::keyClick(at != nullptr ? at : window_.get(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_TRUE(waitUntil([this] { return !window_->commands().isBusy(); }));
 }
 
@@ -79,6 +80,7 @@ bool WindowBench::waitUntil(const std::function<bool()>& condition) {
 void WindowBench::type(PopUpBox& box, const QString& text) {
     box.setFocus();
     QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_Return);
 }
 
 void WindowBench::closeGate() {

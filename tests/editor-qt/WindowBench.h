@@ -38,7 +38,7 @@ protected:
     // Sends with the keys and waits for the end.
     void send();
     bool waitUntil(const std::function<bool()>& condition);
-    // As a user does, with the keyboard on the box.
+    // As a user does, with the keyboard on the box and Return at the end.
     void type(PopUpBox& box, const QString& text);
 
     // No transfer of a send goes on until the gate is opened.
