@@ -10,7 +10,6 @@ namespace scenewright {
 namespace {
 
 const QString kGeometryKey = QStringLiteral("geometry");
-const QString kModeKey = QStringLiteral("displayMode");
 
 } // namespace
 
@@ -26,16 +25,11 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
 EditorCommands::~EditorCommands() {
     QSettings settings = programSettings();
     settings.setValue(kGeometryKey, window_.saveGeometry());
-    settings.setValue(kModeKey, window_.view().dispaly_index());
 }
 
 void EditorCommands::restoreWindow() {
     const QSettings settings = programSettings();
     window_.restoreGeometry(settings.value(kGeometryKey).toByteArray());
-    bool isNumber = false;
-    const int mode = settings.value(kModeKey).toInt(&isNumber);
-    if (isNumber && mode >= 0 && mode < window_.displayModes().count())
-        emit window_.menu().modeChosen(mode);
 }
 
 } // namespace scenewright

@@ -12,7 +12,7 @@
 namespace scenewright {
 
 // Adds its menus and bars to the window, which outlives it. Made before the window is shown; its
-// end keeps the window's place and display mode. Main thread only.
+// end keeps the window's place. Main thread only.
 class EditorCommands final {
 public:
     // No `look` for the virtual controller.

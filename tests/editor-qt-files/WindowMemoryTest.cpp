@@ -10,16 +10,20 @@ namespace {
 
 class WindowMemoryTest : public CommandsBench {};
 
-TEST_F(WindowMemoryTest, SizeAndDisplayModeComeBack) {
+TEST_F(WindowMemoryTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
+    programSettings().setValue("displayMode", 5); // as an earlier version kept it
     open();
     EXPECT_EQ(window().displayModes().selectedItem(), 2);
+    EXPECT_EQ(window().view().dispaly_index(), 2);
     const QSize size = window().size() + QSize(20, 10);
     window().resize(size);
-    emit window().menu().modeChosen(4);
+    window().menu().view().actions().at(4)->trigger();
+    ASSERT_EQ(window().view().dispaly_index(), 4);
     close();
     open();
-    EXPECT_EQ(window().displayModes().selectedItem(), 4);
-    EXPECT_EQ(window().view().dispaly_index(), 4);
+    EXPECT_EQ(window().displayModes().selectedItem(), 2);
+    EXPECT_EQ(window().view().dispaly_index(), 2);
+    EXPECT_TRUE(window().menu().view().actions().at(2)->isChecked());
     EXPECT_EQ(window().size(), size);
 }
 
