@@ -1,6 +1,5 @@
 #include "editor/qt/ResourceImage.h"
 
-#include "platform/Diagnostics.h"
 #include "platform/Resources.h"
 
 #include <QImage>
@@ -26,8 +25,6 @@ QSvgRenderer* imageNamed(const std::string& name) {
     auto image = std::make_unique<QSvgRenderer>();
     if (path && image->load(QString::fromStdString(path->string())))
         entry->second = std::move(image);
-    else
-        Diagnostics::log("%s.svg: no such image among the resources", name);
     return entry->second.get();
 }
 

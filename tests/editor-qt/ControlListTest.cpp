@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ public:
 
     std::int32_t rowCount() override { return rows; }
     std::string rowTitle(std::int32_t row) override { return "Row " + std::to_string(row); }
-    bool mayEdit(std::int32_t /*row*/) override { return false; }
+    bool mayEdit(std::int32_t /*row*/) override { return isEditable; }
 
     std::vector<std::int32_t> proposeSelection(const std::vector<std::int32_t>& proposed) override {
         calls.push_back("propose " + std::to_string(proposed.at(0)) + " clicked " +
@@ -34,6 +35,7 @@ public:
     }
 
     std::int32_t rows = 10;
+    bool isEditable = false;
     std::optional<std::vector<std::int32_t>> answer;
     std::vector<std::string> calls;
 
@@ -91,8 +93,13 @@ TEST_F(ControlListTest, ReloadAsksAnew) {
     EXPECT_EQ(owner_.calls, Calls{});
 }
 
-TEST_F(ControlListTest, RowThatMayNotBeEditedIsNot) {
-    EXPECT_FALSE(list_.model()->index(0, 0).flags().testFlag(Qt::ItemIsEditable));
+TEST_F(ControlListTest, RowIsEditedOnlyWhereItsSourceAllowsIt) {
+    for (const bool isEditable : {false, true}) {
+        owner_.isEditable = isEditable;
+        list_.selectRow(3);
+        QTest::keyClick(&list_, Qt::Key_F2);
+        EXPECT_EQ(list_.findChild<QLineEdit*>() != nullptr, isEditable);
+    }
 }
 
 TEST_F(ControlListTest, ClickIsProposedWithItsRowBeforeItTakesEffect) {
@@ -110,7 +117,8 @@ TEST_F(ControlListTest, DelegatesAnswerIsWhatIsSelected) {
 }
 
 TEST_F(ControlListTest, KeyIsProposedWithoutAClickedRow) {
-    list_.selectRow(4);
+    click(4);
+    ASSERT_EQ(list_.clickedRow(), 4);
     owner_.calls.clear();
     QTest::keyClick(&list_, Qt::Key_Down);
     EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked -1 selected 4", "changed 5"}));
@@ -118,10 +126,11 @@ TEST_F(ControlListTest, KeyIsProposedWithoutAClickedRow) {
 }
 
 TEST_F(ControlListTest, TypedLetterIsProposedWithoutAClickedRow) {
-    list_.selectRow(4);
+    click(4);
     owner_.calls.clear();
     QTest::keyClicks(&list_, "row 8");
-    ASSERT_FALSE(owner_.calls.empty());
+    EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked -1 selected 4", "changed 5",
+                                   "propose 8 clicked -1 selected 5", "changed 8"}));
     EXPECT_EQ(list_.clickedRow(), -1);
 }
 
@@ -172,6 +181,7 @@ TEST_F(ControlListTest, SelectingReplacesTheSelection) {
 
 TEST_F(ControlListTest, RowThatTheListDoesNotHaveLeavesNoSelection) {
     list_.selectRow(1);
+    ASSERT_EQ(list_.selectedRow(), 1);
     list_.selectRow(99);
     EXPECT_EQ(list_.selectedRow(), -1);
 }
@@ -196,7 +206,7 @@ TEST_F(ControlListTest, DraggingOverRowsSelectsOnlyThePressedOne) {
 }
 
 TEST_F(ControlListTest, SelectionByAnAssistiveTechnologyCountsAsMadeWithoutAClick) {
-    list_.selectRow(1);
+    click(1);
     owner_.calls.clear();
     list_.selectionModel()->select(list_.model()->index(3, 0), QItemSelectionModel::ClearAndSelect);
     EXPECT_EQ(owner_.calls, (Calls{"propose 3 clicked -1 selected 3", "changed 3"}));

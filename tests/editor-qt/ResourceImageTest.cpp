@@ -1,9 +1,15 @@
 #include "editor/qt/ResourceImage.h"
 
+#include "platform/Diagnostics.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace scenewright {
 namespace {
@@ -36,6 +42,20 @@ TEST(ResourceImage, CornersKeepTheirSizeInALargerPlace) {
     };
     const QSize small = drawing.viewBox().size();
     EXPECT_EQ(drawn(small * 4).copy(0, 0, corner, corner), drawn(small).copy(0, 0, corner, corner));
+}
+
+TEST(ResourceImage, ImageThatIsMissingDrawsNothingAndLogsNothing) {
+    std::vector<std::string> log;
+    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
+    QImage drawn(20, 20, QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    const QImage before = drawn;
+    QPainter painter(&drawn);
+    drawResourceImage(painter, QRectF(0, 0, 20, 20), "no-such-image");
+    painter.end();
+    Diagnostics::setLog({});
+    EXPECT_EQ(drawn, before);
+    EXPECT_EQ(log, std::vector<std::string>{});
 }
 
 } // namespace
