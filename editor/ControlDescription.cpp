@@ -3,6 +3,7 @@
 #include "editor/ControlCondition.h"
 #include "editor/options/SettingOptions.h"
 #include "model/Control.h"
+#include "platform/Words.h"
 
 #include <fmt/format.h>
 
@@ -87,12 +88,11 @@ std::uint8_t scaledToFull(std::int32_t level) {
 
 } // namespace
 
-std::string controlName(std::int32_t index, Words words) {
+std::string controlName(std::int32_t index) {
     const ControlRange* range = controlRangeOf(index);
     if (range == nullptr)
-        return filled(ownText("scenewright::Control", "Control {}"), words,
-                      fmt::make_format_args(index));
-    std::string name = kindTitle(range->kind, words);
+        return say(ownText("scenewright::Control", "Control {}"), index);
+    std::string name = kindTitle(range->kind);
     return range->count == 1 ? name : fmt::format("{} {}", name, index - range->start + 1);
 }
 

@@ -5,7 +5,6 @@
 #include "editor/widgets/Widgets.h"
 #include "model/ButtonValue.h"
 #include "model/SceneValue.h"
-#include "platform/Words.h"
 
 #include <cstdint>
 #include <string>
@@ -13,7 +12,7 @@
 namespace scenewright {
 
 // "Common", "Pad 3"; "Control 46" for an index that no control has.
-[[nodiscard]] std::string controlName(std::int32_t index, Words words = &inLanguage);
+[[nodiscard]] std::string controlName(std::int32_t index);
 
 // Everything that the control does, in one line: "Pad 3: Note C4, channel 10, behavior Momentary,
 // red 0, green 64, blue 127". The name alone for an index without a record; "unknown" for a value

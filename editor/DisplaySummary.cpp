@@ -80,34 +80,24 @@ constexpr auto kSummaryRows = std::to_array<Row>({
 });
 // clang-format on
 
-DisplaySummary summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
+constexpr const char* kNothing = "---";
+
+std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
     if (row.field == nullptr)
-        return {row.format, std::nullopt};
-    const std::int32_t value = row.field->of(record);
-    const Titles& titles = row.list->of(lists);
-    DisplaySummary summary;
-    summary.outside = outsideList(titles, row.field->name, value);
-    if (const std::string* title = titleAt(titles, value))
-        summary.title = fmt::sprintf(row.format, *title);
-    return summary;
+        return row.format;
+    const std::string* title = titleAt(row.list->of(lists), row.field->of(record));
+    return title == nullptr ? kNothing : fmt::sprintf(row.format, *title);
 }
 
 } // namespace
 
-DisplaySummary displaySummary(const PopUpValue& lists, ControlKind kind, const ButtonValue& record,
-                              std::int32_t mode) {
+std::string displaySummary(const PopUpValue& lists, ControlKind kind, const ButtonValue& record,
+                           std::int32_t mode) {
     const auto* row = std::ranges::find_if(kSummaryRows, [&](const Row& candidate) {
         return (candidate.mode == mode || candidate.mode == kAnyMode) &&
                (candidate.kinds & setOf(kind)) != 0 && holds(candidate.when, record);
     });
-    return row == kSummaryRows.end() ? DisplaySummary{} : summaryOf(*row, lists, record);
-}
-
-std::optional<OutsideList> outsideList(const Titles& titles, std::string_view field,
-                                       std::int32_t value) {
-    if (!titles || value == kFieldAbsent || titleAt(titles, value) != nullptr)
-        return std::nullopt;
-    return OutsideList{field, value, titles->size()};
+    return row == kSummaryRows.end() ? kNothing : summaryOf(*row, lists, record);
 }
 
 } // namespace scenewright

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 namespace scenewright {
 
@@ -78,6 +79,15 @@ constexpr std::array<ValuePopUp, kSettingCount> kValuePopUps{{
 }};
 // clang-format on
 
+// A travel's ends are filled from the upper one and selected from the lower one.
+consteval auto lowerBeforeUpper(std::array<ValuePopUp, kSettingCount> rows) {
+    for (std::size_t place = 0; place + 1 < rows.size(); ++place)
+        if (rows.at(place + 1).button == &B::LowerOrLeftValueField)
+            std::swap(rows.at(place), rows.at(place + 1));
+    return rows;
+}
+constexpr auto kAsShown = lowerBeforeUpper(kValuePopUps);
+
 std::optional<bool> isEnabledByAssignType(EnableWhen when, std::int32_t assignType) {
     switch (assignType) {
     case kAssignOff:
@@ -118,6 +128,10 @@ std::optional<bool> isEnabled(EnableWhen when, std::int32_t value) {
 
 std::span<const ValuePopUp> valuePopUps() {
     return kValuePopUps;
+}
+
+std::span<const ValuePopUp> valuePopUpsAsShown() {
+    return kAsShown;
 }
 
 const ValuePopUp& valuePopUp(const ValueOutlet& outlet) {

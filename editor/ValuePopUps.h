@@ -45,10 +45,13 @@ struct ValuePopUp {
     [[nodiscard]] constexpr ControlKind pane() const { return setting.kind(); }
 };
 
-// In the order in which the popups are filled, and shown within their pane.
+// In the order in which the popups are filled.
 [[nodiscard]] std::span<const ValuePopUp> valuePopUps();
 
-// The row of an outlet. Throws std::out_of_range for an outlet without a row.
+// The same rows in the order in which a pane selects its values.
+[[nodiscard]] std::span<const ValuePopUp> valuePopUpsAsShown();
+
+// The row of an outlet, one of valuePopUps(). Throws std::out_of_range for an outlet without a row.
 [[nodiscard]] const ValuePopUp& valuePopUp(const ValueOutlet& outlet);
 
 // The number popup of an assign-type row's pane. Throws std::out_of_range when it has none.

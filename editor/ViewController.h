@@ -4,7 +4,8 @@
 // The owner of the window sets every outlet, then calls viewDidLoad() once; only `message` may be
 // missing. Outlets are the owner's and outlive the view. The view may end before the progress
 // record that it observes. The scene that it edits is the stored one, shared: a choice is live in
-// it at once. Main thread only.
+// it at once. A scene may hold fewer than its 45 controls, or none: a control that is missing has
+// no pane and takes no choice. Main thread only.
 #pragma once
 
 #include "editor/ValueOutlet.h"
@@ -112,6 +113,12 @@ public:
     ViewController& operator=(ViewController&&) = delete;
     ~ViewController() override = default;
 
+    // Whom to tell, once at the end of each operation that can change what is chosen or what the
+    // scene holds: the end of a read, a change of the selection, each choice of the user,
+    // showSceneValue() and showChosenControl(). An operation within another is not told by itself,
+    // nor is what the subscriber does to the view; nothing is told of one that throws.
+    void setOnChange(std::function<void()> onChange) { onChange_ = std::move(onChange); }
+
     // Set-up.
     void viewDidLoad();
     void viewDidAppear() {}
@@ -145,6 +152,9 @@ public:
 
     // The scene, the panes and the picture.
     void showSceneValue();
+    // Shows the pane of the chosen control, and the summary, after the control's settings have been
+    // changed from outside.
+    void showChosenControl();
     void showCommonValue();
     void showGroupValue(std::int32_t index);
     void showKnobValue(std::int32_t index);
@@ -172,12 +182,11 @@ private:
     [[nodiscard]] std::int32_t storedValue(const ValuePopUp& row) const;
     // The titles that the row's popup offers for the record at hand; null when it offers none.
     [[nodiscard]] Titles offeredTitles(const ValuePopUp& row) const;
-    // Puts the control's record into `buttonValue`; false and a log line when the scene has none.
+    void showPaneOfChosenControl();
+    // Puts the control's record into `buttonValue`; false when the scene has none.
     bool takeRecord(std::int32_t index);
     void showControlPane(ControlKind kind, std::int32_t index, Pane& pane);
-    // Shows the rows of a kind, for the control of that index.
-    void showStoredValues(ControlKind kind, std::int32_t index);
-    void selectStoredValue(const ValuePopUp& row, std::int32_t index);
+    void showStoredValues(ControlKind kind);
     void showAssignment(const ValuePopUp& row);
     void enableDependents(const ValuePopUp& driver, std::int32_t value);
     void showTitle(std::int32_t index, const ButtonValue& record, std::int32_t mode);
@@ -186,8 +195,12 @@ private:
     void applyRule(const ValuePopUp& row, std::int32_t value);
     void offerNumbers(const ValuePopUp& number);
 
-    // Ends with the view; by it an observation that outlives the view knows.
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    // Carries an operation out and tells of it, unless it is part of another.
+    void operate(const std::function<void()>& operation);
+
+    std::function<void()> onChange_;
+    bool isOperating_ = false;
+    std::vector<MessageValue::Subscription> observed_;
 };
 
 } // namespace scenewright

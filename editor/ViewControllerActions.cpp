@@ -18,18 +18,18 @@ void clampNumber(ButtonValue& record, std::size_t entries) {
 } // namespace
 
 void ViewController::changeValue(const PopUp& sender, const ValueOutlet& outlet) {
-    const ValuePopUp& row = valuePopUp(outlet);
-    const std::int32_t position = sender.selectedItem();
-    if (row.common != nullptr) {
-        row.common->set(*sceneValue()->commonValue(), position);
-        applyRule(row, position);
-        return;
-    }
-    if (!takeRecord(selectControl()))
-        return;
-    row.button->set(*buttonValue(), position);
-    applyRule(row, position);
-    showDisplayValueWithIndex(dispaly_index());
+    operate([&] {
+        const ValuePopUp& row = valuePopUp(outlet);
+        const std::int32_t position = sender.selectedItem();
+        if (row.common != nullptr) {
+            row.common->set(*sceneValue()->commonValue(), position);
+            applyRule(row, position);
+        } else if (takeRecord(selectControl())) {
+            row.button->set(*buttonValue(), position);
+            applyRule(row, position);
+            showDisplayValueWithIndex(dispaly_index());
+        }
+    });
 }
 
 void ViewController::applyRule(const ValuePopUp& row, std::int32_t value) {
@@ -48,7 +48,7 @@ void ViewController::offerNumbers(const ValuePopUp& number) {
         popUp(number).addItems(*titles);
     if (assignType == kAssignNote)
         clampNumber(*buttonValue(), titles ? titles->size() : 0);
-    selectStoredValue(number, selectControl());
+    popUp(number).selectItem(storedValue(number));
 }
 
 } // namespace scenewright

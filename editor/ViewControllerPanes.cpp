@@ -1,6 +1,5 @@
 // What the panes and the device picture show of the scene.
 #include "app/WindowAction.h"
-#include "editor/ControlDescription.h"
 #include "editor/DisplaySummary.h"
 #include "editor/ValuePopUps.h"
 #include "editor/ViewController.h"
@@ -20,27 +19,32 @@ std::string describe(const SceneValue& scene) {
     return fmt::sprintf("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
 }
 
-void logOutside(std::int32_t index, const std::optional<OutsideList>& outside) {
-    if (outside)
-        Diagnostics::log("%s: %s is %d, outside its list of %d", controlName(index, &asWritten),
-                         std::string(outside->field), outside->value, outside->entries);
-}
-
 } // namespace
 
 void ViewController::showSceneValue() {
-    setSceneValue(WindowAction::getSceneWithIndex(sceneIndex()));
-    Diagnostics::log("%s", describe(*sceneValue()));
-    controllerTableView()->selectRow(selectControl());
-    displaySelect()->selectItem(dispaly_index());
-    showDisplayValueWithIndex(dispaly_index());
-    showChooseButtonWithIndex(0);
-    showCommonValue();
+    operate([this] {
+        setSceneValue(WindowAction::getSceneWithIndex(sceneIndex()));
+        Diagnostics::log("%s", describe(*sceneValue()));
+        controllerTableView()->selectRow(selectControl());
+        displaySelect()->selectItem(dispaly_index());
+        showDisplayValueWithIndex(dispaly_index());
+        showChooseButtonWithIndex(0);
+        showCommonValue();
+    });
+}
+
+void ViewController::showChosenControl() {
+    operate([this] {
+        showPaneOfChosenControl();
+        showDisplayValueWithIndex(dispaly_index());
+    });
 }
 
 void ViewController::changeDispalyAction(const PopUp& sender) {
-    setDispaly_index(sender.selectedItem());
-    showDisplayValueWithIndex(dispaly_index());
+    operate([&] {
+        setDispaly_index(sender.selectedItem());
+        showDisplayValueWithIndex(dispaly_index());
+    });
 }
 
 void ViewController::hideView() {
@@ -51,8 +55,8 @@ void ViewController::hideView() {
 void ViewController::showCommonValue() {
     hideView();
     commonView()->setHidden(false);
-    commonSceneName()->setText(displayName(sceneValue()->commonValue()->SceneName()));
-    showStoredValues(ControlKind::Common, common_start());
+    commonSceneName()->setText(sceneValue()->commonValue()->SceneName());
+    showStoredValues(ControlKind::Common);
 }
 
 void ViewController::showGroupValue(std::int32_t index) {
@@ -79,27 +83,25 @@ void ViewController::showControlPane(ControlKind kind, std::int32_t index, Pane&
     hideView();
     if (!takeRecord(index))
         return;
-    showStoredValues(kind, index);
+    showStoredValues(kind);
     pane.setHidden(false);
 }
 
 bool ViewController::takeRecord(std::int32_t index) {
     const auto& records = sceneValue()->buttonValueArray();
-    if (index < 1 || static_cast<std::size_t>(index) > records.size()) {
-        Diagnostics::log("the scene has no control %d", index);
+    if (index < 1 || static_cast<std::size_t>(index) > records.size())
         return false;
-    }
     setButtonValue(records[static_cast<std::size_t>(index) - 1]);
     return true;
 }
 
-void ViewController::showStoredValues(ControlKind kind, std::int32_t index) {
-    for (const ValuePopUp& row : valuePopUps()) {
+void ViewController::showStoredValues(ControlKind kind) {
+    for (const ValuePopUp& row : valuePopUpsAsShown()) {
         if (row.pane() != kind)
             continue;
         if (row.outlet == &padCROutlet)
             Diagnostics::log("CR---------->%d", buttonValue()->CR());
-        selectStoredValue(row, index);
+        popUp(row).selectItem(storedValue(row));
         if (row.rule == ExtraRule::AssignType)
             showAssignment(row);
     }
@@ -115,12 +117,6 @@ void ViewController::showAssignment(const ValuePopUp& row) {
     enableDependents(row, storedValue(row));
     if (const Titles titles = offeredTitles(numberRowOf(row)))
         number.addItems(*titles);
-}
-
-void ViewController::selectStoredValue(const ValuePopUp& row, std::int32_t index) {
-    const std::int32_t value = storedValue(row);
-    logOutside(index, outsideList(offeredTitles(row), row.setting.name(), value));
-    popUp(row).selectItem(value);
 }
 
 void ViewController::enableDependents(const ValuePopUp& driver, std::int32_t value) {
@@ -157,9 +153,7 @@ void ViewController::showTitle(std::int32_t index, const ButtonValue& record, st
     Button* button = windowView()->viewWithTag(index);
     if (!kind || button == nullptr)
         return;
-    const DisplaySummary summary = displaySummary(*pu(), *kind, record, mode);
-    logOutside(index, summary.outside);
-    button->setTitle(summary.title);
+    button->setTitle(displaySummary(*pu(), *kind, record, mode));
 }
 
 } // namespace scenewright

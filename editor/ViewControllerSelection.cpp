@@ -37,8 +37,15 @@ std::vector<std::int32_t> ViewController::tableView_selectionIndexesForProposedS
 }
 
 void ViewController::tableViewSelectionDidChange(const List* /*tableView*/) {
+    operate([this] {
+        Diagnostics::log("表格选中:%d", selectControl());
+        showPaneOfChosenControl();
+        showChooseButtonWithIndex(selectControl());
+    });
+}
+
+void ViewController::showPaneOfChosenControl() {
     const std::int32_t index = selectControl();
-    Diagnostics::log("表格选中:%d", index);
     if (const auto kind = kindOf(index)) {
         switch (*kind) {
         case ControlKind::Common:
@@ -61,19 +68,22 @@ void ViewController::tableViewSelectionDidChange(const List* /*tableView*/) {
             break;
         }
     }
-    showChooseButtonWithIndex(index);
 }
 
 void ViewController::chooseButtonAction(const Button& sender) {
-    setSelectControl(sender.tag());
-    Diagnostics::log("点击了按钮：%d", selectControl());
-    controllerTableView()->selectRow(selectControl());
+    operate([&] {
+        setSelectControl(sender.tag());
+        Diagnostics::log("点击了按钮：%d", selectControl());
+        controllerTableView()->selectRow(selectControl());
+    });
 }
 
 void ViewController::changeSceneAction(const Segmented& sender) {
-    setSceneIndex(sender.selectedSegment());
-    setSelectControl(0);
-    showSceneValue();
+    operate([&] {
+        setSceneIndex(sender.selectedSegment());
+        setSelectControl(0);
+        showSceneValue();
+    });
 }
 
 void ViewController::showChooseButtonWithIndex(std::int32_t index) {

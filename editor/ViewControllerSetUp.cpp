@@ -68,13 +68,11 @@ void ViewController::getItem() {
 }
 
 void ViewController::observe(std::string_view key) {
-    auto observer = [this, life = std::weak_ptr<char>(life_)](std::string_view changed,
-                                                              const MessageValue::Text& value) {
-        if (!life.expired())
+    observed_.push_back(messageValue()->addObserver(
+        std::string(key), [this](std::string_view changed, const MessageValue::Text& value) {
             observeValueForKeyPath_ofObject_change_context(changed, messageValue().get(),
                                                            {{"new", value}}, nullptr);
-    };
-    messageValue()->addObserver(std::string(key), std::move(observer));
+        }));
 }
 
 void ViewController::observeValueForKeyPath_ofObject_change_context(std::string_view keyPath,
@@ -89,9 +87,31 @@ void ViewController::observeValueForKeyPath_ofObject_change_context(std::string_
         if (message() != nullptr)
             message()->setText(value.value_or(""));
     } else if (keyPath == kReadFinishKey && value == "Yes") {
-        setSelectControl(0);
-        showSceneValue();
+        operate([this] {
+            setSelectControl(0);
+            showSceneValue();
+        });
     }
+}
+
+void ViewController::operate(const std::function<void()>& operation) {
+    struct Operating {
+        explicit Operating(bool& value) : flag(value) { flag = true; }
+        Operating(const Operating&) = delete;
+        Operating& operator=(const Operating&) = delete;
+        Operating(Operating&&) = delete;
+        Operating& operator=(Operating&&) = delete;
+        ~Operating() { flag = false; }
+        bool& flag;
+    };
+    if (isOperating_) {
+        operation();
+        return;
+    }
+    const Operating operating(isOperating_);
+    operation();
+    if (onChange_)
+        onChange_();
 }
 
 PopUp& ViewController::popUp(const ValuePopUp& row) const {

@@ -1,5 +1,7 @@
 #include "editor/options/SettingOptions.h"
 
+#include "platform/Words.h"
+
 #include <algorithm>
 #include <array>
 
@@ -101,8 +103,9 @@ const Row* rowOf(const Setting& setting) {
 std::int32_t assignTypeOf(const SceneValue& scene, const Row& row, std::int32_t member) {
     if (row.noteList == nullptr)
         return kAssignOff;
-    const auto position = controlRange(row.kind).start + member - 1;
-    return scene.buttonValueArray().at(static_cast<std::size_t>(position))->AssignType();
+    const auto position = static_cast<std::size_t>(controlRange(row.kind).start + member - 1);
+    const auto& records = scene.buttonValueArray();
+    return position < records.size() ? records[position]->AssignType() : kAssignOff;
 }
 
 const Titles& listOf(const PopUpValue& lists, const Row& row, std::int32_t assignType) {
@@ -132,8 +135,8 @@ std::string settingTitle(const Setting& setting) {
     return row == nullptr ? std::string(setting.name()) : inLanguage(row->title);
 }
 
-std::string kindTitle(ControlKind kind, Words words) {
-    return words(kKindTitles.at(static_cast<std::size_t>(kind)));
+std::string kindTitle(ControlKind kind) {
+    return inLanguage(kKindTitles.at(static_cast<std::size_t>(kind)));
 }
 
 } // namespace scenewright

@@ -7,7 +7,6 @@
 #include "editor/options/PopUpValue.h"
 #include "model/Control.h"
 #include "model/Setting.h"
-#include "platform/Words.h"
 
 #include <cstdint>
 #include <string>
@@ -30,13 +29,13 @@ inline constexpr std::string_view kNoTitle = "---";
                                 std::int32_t assignType);
 
 // The title of the index stored in member `member` (from 0) of the setting's kind; "---" for a
-// value outside its list or a field that does not apply. The scene must hold that record.
+// value outside its list, a field that does not apply and a record that the scene does not hold.
 [[nodiscard]] std::string optionTitle(const PopUpValue& lists, const Setting& setting,
                                       const SceneValue& scene, std::int32_t member);
 
 // How a person calls the setting, in their language: "MIDI channel" for MIDIChannel.
 [[nodiscard]] std::string settingTitle(const Setting& setting);
 // The same for a kind of control: "Pad".
-[[nodiscard]] std::string kindTitle(ControlKind kind, Words words = &inLanguage);
+[[nodiscard]] std::string kindTitle(ControlKind kind);
 
 } // namespace scenewright

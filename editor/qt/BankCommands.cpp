@@ -146,7 +146,6 @@ bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString
         return false;
     window_.view().setSelectControl(0);
     window_.view().showSceneValue();
-    window_.refresh();
     window_.status().message().setText(done.toStdString());
     emit replaced();
     return true;

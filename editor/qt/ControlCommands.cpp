@@ -32,19 +32,12 @@ void ControlCommands::copy() {
 
 void ControlCommands::paste() {
     if (clipboard_.paste(*window_.view().sceneValue(), window_.view().selectControl()))
-        showEdited();
+        window_.view().showChosenControl();
 }
 
 void ControlCommands::reset() {
     if (resetControl(*window_.view().sceneValue(), window_.view().selectControl()))
-        showEdited();
-}
-
-void ControlCommands::showEdited() {
-    ViewController& view = window_.view();
-    view.tableViewSelectionDidChange(&window_.list());
-    view.showDisplayValueWithIndex(view.dispaly_index());
-    window_.refresh();
+        window_.view().showChosenControl();
 }
 
 void ControlCommands::update() {

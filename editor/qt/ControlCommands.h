@@ -24,7 +24,6 @@ private:
     void copy();
     void paste();
     void reset();
-    void showEdited();
     // Greys what the chosen control does not allow.
     void update();
 

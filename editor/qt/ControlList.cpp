@@ -130,11 +130,8 @@ void ControlList::apply(std::int32_t row, bool isClick) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
         scrollTo(index);
     }
-    if (!isChange)
-        return;
-    if (delegate_ != nullptr)
+    if (isChange && delegate_ != nullptr)
         delegate_->selectionDidChange();
-    emit changed();
 }
 
 } // namespace scenewright

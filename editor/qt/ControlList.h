@@ -44,10 +44,6 @@ public:
     // -1 for none.
     [[nodiscard]] std::int32_t selectedRow() const;
 
-signals:
-    // After the delegate has been told of a change of the selection.
-    void changed();
-
 protected:
     // The selection follows only what the delegate answers, so the view itself selects nothing.
     [[nodiscard]] QItemSelectionModel::SelectionFlags

@@ -33,6 +33,7 @@ MainWindow::MainWindow(Ending& application, Appearance& appearance, bool isVirtu
     connectEnding();
     addSceneKeys();
     addAppearanceMenu();
+    view_.setOnChange([this] { refresh(); });
     refresh();
 }
 
@@ -54,30 +55,19 @@ void MainWindow::connectOutlets() {
 }
 
 void MainWindow::connectChoices() {
-    connect(scenes_, &SegmentBar::chosen, this, [this] {
-        view_.changeSceneAction(*scenes_);
-        refresh();
-    });
-    connect(displayModes_, &QComboBox::activated, this, [this] {
-        view_.changeDispalyAction(*displayModes_);
-        refresh();
-    });
+    connect(scenes_, &SegmentBar::chosen, this, [this] { view_.changeSceneAction(*scenes_); });
+    connect(displayModes_, &QComboBox::activated, this,
+            [this] { view_.changeDispalyAction(*displayModes_); });
     for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
         ControlButton* button = picture_->button(tag);
         button->setAction([this, button] { view_.chooseButtonAction(*button); });
     }
-    connect(list_, &ControlList::changed, this, &MainWindow::refresh);
-    connect(panes_, &ValuePanes::edited, this, &MainWindow::refresh);
     connect(menu_, &MainMenu::modeChosen, this, &MainWindow::chooseMode);
 }
 
 void MainWindow::connectCommands() {
-    const auto read = [this] {
-        commands_.read();
-        refresh();
-    };
-    connect(&menu_->read(), &QAction::triggered, this, read);
-    connect(readButton_, &QPushButton::clicked, this, read);
+    connect(&menu_->read(), &QAction::triggered, &commands_, &DeviceCommands::read);
+    connect(readButton_, &QPushButton::clicked, &commands_, &DeviceCommands::read);
     connect(&menu_->send(), &QAction::triggered, &commands_, &DeviceCommands::send);
     connect(sendButton_, &QPushButton::clicked, &commands_, &DeviceCommands::send);
     connect(&commands_, &DeviceCommands::busyChanged, this, &MainWindow::showBusy);
@@ -130,7 +120,6 @@ void MainWindow::showBusy(bool isBusy) {
 void MainWindow::chooseMode(int mode) {
     displayModes_->selectItem(mode);
     view_.changeDispalyAction(*displayModes_);
-    refresh();
 }
 
 void MainWindow::showGainPanel() {

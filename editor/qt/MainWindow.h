@@ -65,11 +65,8 @@ public:
     [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
-    // Brings everything up to date that the view logic does not know of.
-    void refresh();
-
 signals:
-    // After every refresh().
+    // After each change of the view: what the view logic does not know of has followed it.
     void refreshed();
 
 protected:
@@ -88,6 +85,8 @@ private:
     void chooseMode(int mode);
     void showGainPanel();
     void showAbout();
+    // Brings everything up to date that the view logic does not know of.
+    void refresh();
     void refreshSceneTitles();
 
     Ending& application_;

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace scenewright {
 
@@ -114,10 +115,8 @@ void ValuePanes::connectTo(ViewController& view) {
     for (const ValuePopUp& row : valuePopUps()) {
         PopUpBox* box = popUps_.at(row.outlet->name);
         (view.*row.outlet->write)(box);
-        connect(box, &QComboBox::activated, this, [this, box, &view, outlet = row.outlet] {
-            (view.*outlet->action)(*box);
-            emit edited();
-        });
+        connect(box, &QComboBox::activated, this,
+                [box, &view, outlet = row.outlet] { (view.*outlet->action)(*box); });
     }
 }
 
@@ -128,9 +127,9 @@ void ValuePanes::show(const ViewController& view) {
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
     const std::int32_t index = view.selectControl();
     const ControlRange& pads = controlRange(ControlKind::Pad);
-    if (index >= pads.start && index < pads.end())
-        showSwatch(padColour(
-            *view.sceneValue()->buttonValueArray().at(static_cast<std::size_t>(index - 1))));
+    const auto& records = view.sceneValue()->buttonValueArray();
+    if (index >= pads.start && index < pads.end() && std::cmp_less_equal(index, records.size()))
+        showSwatch(padColour(*records[static_cast<std::size_t>(index - 1)]));
 }
 
 // A style sheet of its own is dear: it is set only for another colour.

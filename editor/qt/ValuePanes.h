@@ -38,10 +38,6 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-signals:
-    // The user chose a value, and the view has taken it.
-    void edited();
-
 protected:
     void changeEvent(QEvent* event) override;
 

@@ -1,6 +1,13 @@
+#include "platform/Diagnostics.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QTest>
+#include <fmt/format.h>
+
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -47,9 +54,26 @@ TEST_F(ControlCommandsTest, ResetPutsTheDefaultBack) {
     EXPECT_EQ(window().panes().popUp("padCCOrNoteNumber").selectedItem(), number);
 }
 
+TEST_F(ControlCommandsTest, PasteAndResetShowTheControlAndLogNoSelection) {
+    choose(kPad);
+    record(kPad).setCR(90);
+    press(Qt::Key_C);
+    record(kPad).setCR(7);
+    std::vector<std::string> log;
+    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
+    press(Qt::Key_V);
+    EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
+    press(Qt::Key_Backspace);
+    Diagnostics::setLog({});
+    EXPECT_EQ(log, (std::vector<std::string>{"CR---------->90",
+                                             fmt::format("CR---------->{}", record(kPad).CR())}));
+}
+
 TEST_F(ControlCommandsTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {
-    window().view().setSelectControl(-1);
-    window().refresh();
+    choose(kPad);
+    ASSERT_TRUE(commands().controls().copyAction().isEnabled());
+    QTest::keyClick(&window().list(), Qt::Key_Down); // passes over a row
+    ASSERT_EQ(window().view().selectControl(), -1);
     EXPECT_FALSE(commands().controls().copyAction().isEnabled());
     EXPECT_FALSE(commands().controls().resetAction().isEnabled());
 }

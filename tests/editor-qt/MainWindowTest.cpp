@@ -155,15 +155,14 @@ TEST_F(MainWindowTest, ReadShowsWhatTheControllerHolds) {
 
 TEST_F(MainWindowTest, PointerIsTheWaitCursorDuringARead) {
     open();
-    // Shared, because the record and its observers outlive the test.
-    const auto during = std::make_shared<Qt::CursorShape>(Qt::ArrowCursor);
-    WindowAction::getMessageValue()->addObserver(
-        "Message", [during](std::string_view, const MessageValue::Text&) {
+    Qt::CursorShape during = Qt::ArrowCursor;
+    const auto observed = WindowAction::getMessageValue()->addObserver(
+        "Message", [&during](std::string_view, const MessageValue::Text&) {
             if (const QCursor* cursor = QGuiApplication::overrideCursor())
-                *during = cursor->shape();
+                during = cursor->shape();
         });
     read();
-    EXPECT_EQ(*during, Qt::WaitCursor);
+    EXPECT_EQ(during, Qt::WaitCursor);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
@@ -239,6 +238,44 @@ TEST_F(MainWindowTest, ControlsThatASceneDoesNotHoldAreNamedAndNoMore) {
     EXPECT_NE(window().picture().button(12)->toolTip(), "Slider 4");
 }
 
+TEST_F(MainWindowTest, ScenesWithoutSomeOrAllControlsCanBeUsed) {
+    open();
+    for (const std::size_t count : {44, 0}) {
+        for (const auto& scene : WindowAction::scenes()) {
+            auto records = scene->buttonValueArray();
+            records.resize(count);
+            scene->setButtonValueArray(records);
+        }
+        QTest::keyClick(&window(), Qt::Key_2, Qt::ControlModifier);
+        for (int row = 0; row <= kControlCount; ++row) {
+            clickRow(row);
+            EXPECT_EQ(pane().has_value(), row <= static_cast<int>(count)) << row;
+        }
+        for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
+            window().picture().button(tag)->click();
+    }
+}
+
+TEST_F(MainWindowTest, EachChangeOfTheViewIsFollowedOnce) {
+    open();
+    int refreshed = 0;
+    QObject::connect(&window(), &MainWindow::refreshed, &window(), [&] { ++refreshed; });
+    const auto countOf = [&](const auto& act) {
+        refreshed = 0;
+        act();
+        return refreshed;
+    };
+    EXPECT_EQ(countOf([this] { clickRow(13); }), 1);
+    EXPECT_EQ(countOf([this] { QTest::keyClick(&window().list(), Qt::Key_Down); }), 1);
+    EXPECT_EQ(countOf([this] { window().picture().button(14)->click(); }), 1);
+    EXPECT_EQ(countOf([this] { type(window().panes().popUp("padCR"), "99"); }), 1);
+    EXPECT_EQ(countOf([this] { type(window().displayModes(), "Type"); }), 1);
+    EXPECT_EQ(countOf([this] { window().menu().view().actions().at(7)->trigger(); }), 1);
+    EXPECT_EQ(countOf([this] { window().scenes().segment(2).click(); }), 1);
+    EXPECT_EQ(countOf([this] { read(); }), 1);
+    EXPECT_EQ(countOf([this] { window().view().showChosenControl(); }), 1);
+}
+
 TEST_F(MainWindowTest, HelpOpensTheAboutBoxAndComesBackFromIt) {
     open();
     QString title;
@@ -303,10 +340,16 @@ TEST_F(OutsideTheLists, ValuesShowNoSelectionAndAreSentBackAsTheyWere) {
     EXPECT_EQ(window().panes().popUp("padAssignType").currentIndex(), -1);
     EXPECT_EQ(window().panes().popUp("padCR").currentIndex(), 127);
     EXPECT_EQ(window().picture().button(13)->light(), (Colour{255, 255, 255}));
+    const std::vector<std::string> knob{"---",      "---", "CC#\n127", "L/L\n127",
+                                        "U/R\n127", "---", "---",      "---"};
     for (std::int32_t mode = 0; mode < 8; ++mode) {
         window().displayModes().selectItem(mode);
         window().view().changeDispalyAction(window().displayModes());
-        EXPECT_EQ(window().picture().button(1)->attributedTitle().text, "---");
+        EXPECT_EQ(window().picture().button(1)->attributedTitle().text, "---") << mode;
+        EXPECT_EQ(window().picture().button(5)->attributedTitle().text,
+                  knob.at(static_cast<std::size_t>(mode)))
+            << mode;
+        EXPECT_EQ(window().picture().button(13)->attributedTitle().text, "---") << mode;
     }
     send();
     EXPECT_EQ(held(), before);
