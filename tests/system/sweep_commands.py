@@ -1,0 +1,175 @@
+"""The sweep of the command line."""
+
+import os
+import threading
+from dataclasses import dataclass
+
+import sweep_judge
+import sweep_run
+from sweep_place import Place
+from sweep_subjects import SUBJECTS, make_files
+
+PART = 600
+NO_FAILURE = 2**63
+
+
+@dataclass(frozen=True)
+class Job:
+    """One failure: of the nth such call of a thread, or of the nth allocation."""
+
+    subject: str
+    thread: int  # from 0, in the order of their making
+    call: str  # or "allocation", or "halves" for reads and writes that all take half
+    error: str  # or "kill"
+    number: int
+
+    @property
+    def name(self):
+        return f"{self.subject}/{self.thread}/{self.call}/{self.error}/{self.number}"
+
+
+class Sweep:
+    """Has a place for each worker, made when it first works."""
+
+    def __init__(self, programs, folder, options):
+        self.programs = programs
+        self.preload = str(programs / "libsweep-preload.so")
+        self.folder = folder
+        self.template = folder / "template"
+        self.workers = 2 * len(os.sched_getaffinity(0))
+        self.subjects = {
+            subject.name: subject
+            for subject in SUBJECTS
+            if not options.subjects or subject.name in options.subjects
+        }
+        self.only = options.only
+        self.undisturbed = {}
+        self.local = threading.local()
+        self.servers = []
+        self.lock = threading.Lock()
+        self.begin_faults = []
+        if self.subjects and not options.list:
+            make_files(self.template, programs)
+
+    def names(self):
+        return list(self.subjects)
+
+    def place(self):
+        if not hasattr(self.local, "place"):
+            with self.lock:
+                self.servers.append([])
+                number = len(self.servers)
+            self.local.place = Place(self.folder / f"place{number}", self.template)
+            self.local.server = None
+        return self.local.place
+
+    def given(self, place, subject):
+        source = self.template / subject.given
+        place.stream("in").write_bytes(source.read_bytes() if subject.given else b"")
+
+    def jobs(self):
+        found = []
+        for subject in self.subjects.values():
+            calls = self.calls_of(subject)
+            if self.only in (None, "calls"):
+                found += calls
+            if self.only in (None, "allocations"):
+                found += self.allocations_of(subject)
+        return found
+
+    def calls_of(self, subject):
+        """The undisturbed run, remembered, and what could fail in it."""
+        place = self.place()
+        place.prepare()
+        self.given(place, subject)
+        before = place.contents()
+        ended = sweep_run.gated(
+            place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
+        )
+        after = place.contents()
+        self.undisturbed[subject.name] = sweep_judge.Undisturbed(
+            ended.code, ended.out, before, after
+        )
+        if ended.code < 0 or ended.code == 2:
+            raise RuntimeError(f"{subject.name}: {ended.code} {ended.err}")
+        main = int(ended.trace[0].split()[0])
+        jobs = [Job(subject.name, 0, "halves", "none", 1), Job(subject.name, 0, "order", "none", 1)]
+        for thread, calls in enumerate(sweep_run.by_number(ended.trace, main)):
+            jobs += sweep_run.jobs_of(Job, subject.name, thread, calls, before != after)
+        return jobs
+
+    def allocations_of(self, subject):
+        server = self.server(subject)
+        self.place().prepare()
+        server.run(NO_FAILURE)
+        count = server.allocations()
+        return [
+            Job(subject.name, 0, "allocation", "none", number) for number in range(1, count + 1)
+        ]
+
+    def server(self, subject):
+        """The worker's own server of this subject's copies."""
+        place = self.place()
+        if self.local.server and self.local.server[0] == subject.name:
+            return self.local.server[1]
+        if self.local.server:
+            self.local.server[1].close()
+        self.given(place, subject)
+        server = sweep_run.Server(place, self.preload, subject.command(self.programs))
+        self.local.server = (subject.name, server)
+        return server
+
+    def run(self, job):
+        subject = self.subjects[job.subject]
+        undisturbed = self.undisturbed[job.subject]
+        place = self.place()
+        place.prepare()
+        self.given(place, subject)
+        if job.call == "allocation":
+            ended = self.server(subject).run(job.number)
+            found = sweep_judge.faults(subject, undisturbed, ended, place.contents())
+            return [f"(in {self.server(subject).caller()}) {fault}" for fault in found]
+        elif job.call == "halves":
+            ended = sweep_run.plain(
+                subject.command(self.programs),
+                place,
+                LD_PRELOAD=self.preload,
+                SWEEP_HALVES="1",
+                SWEEP_NO_PAUSES="1",
+            )
+        elif job.call == "order":
+            return self.order(subject, place)
+        else:
+            ended = sweep_run.gated(
+                place,
+                self.preload,
+                subject.command(self.programs),
+                job.thread,
+                sweep_run.strike(job),
+            )
+        if not ended.is_struck and job.call != "halves":
+            return []
+        if job.error == "kill":
+            return self.after_kill(subject, undisturbed, ended, place)
+        found = sweep_judge.faults(subject, undisturbed, ended, place.contents())
+        if job.call == "halves" and ended.code != undisturbed.code:
+            found.append(f"exits {ended.code} where reads and writes take half")
+        return found
+
+    def after_kill(self, subject, undisturbed, ended, place):
+        now = place.contents()
+        found = [] if ended.code == -9 else [f"exits {ended.code} when killed"]
+        found += sweep_judge.faults_when_killed(undisturbed, now)
+        again = sweep_run.plain(
+            subject.command(self.programs), place, LD_PRELOAD=self.preload, SWEEP_NO_PAUSES="1"
+        )
+        return found + sweep_judge.faults_afterwards(subject, undisturbed, again, place.contents())
+
+    def order(self, subject, place):
+        ended = sweep_run.gated(
+            place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
+        )
+        return sweep_judge.unsettled(ended.trace, str(place.files))
+
+    def close(self):
+        pass

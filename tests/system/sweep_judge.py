@@ -1,0 +1,133 @@
+"""Whether a run of which something failed ended as it may, judged from outside."""
+
+import re
+from dataclasses import dataclass
+
+# What a program writes over and over into one line of a terminal.
+PROGRESS = re.compile(r"\r\x1b\[K[^\n\r]*|\x1b\[K")
+LITTER = re.compile(r"(?:.*/)?\.scenewright-[^/]*$")
+
+
+@dataclass
+class Subject:
+    """A command line, and what may become of it when it fails."""
+
+    name: str
+    arguments: list
+    program: str = "scenewright-cli"
+    errors: tuple = (1, 2)  # the exit codes by which it may tell a failure
+    may_stay: tuple = ()  # files that it may have written before it failed
+    given: str = ""  # the file that is its standard input
+
+    def command(self, programs):
+        return [str(programs / self.program), *self.arguments]
+
+
+@dataclass
+class Undisturbed:
+    """The run of a subject with nothing failing, and what lay there before and after."""
+
+    code: int
+    out: bytes
+    before: dict
+    after: dict
+
+
+def sentences(err):
+    return [line for line in PROGRESS.sub("", err).split("\n") if line]
+
+
+def sentence_faults(program, lines):
+    for line in lines:
+        if not line.startswith(f"{program}: "):
+            yield f"says {line!r}"
+        elif "std::" in line or "basic_string" in line or "terminate called" in line:
+            yield f"says {line!r}, which is no sentence"
+
+
+def changes(now, then, but=()):
+    """Names whose content is another, apart from those that are as `but` has them."""
+    return sorted(
+        name
+        for name in now.keys() | then.keys()
+        if now.get(name) != then.get(name) and (name not in but or now.get(name) != but[name])
+    )
+
+
+def faults(subject, undisturbed, ended, now):
+    """What is wrong with the end of a run in which a call or an allocation failed."""
+    if ended.is_hung:
+        return ["hangs"]
+    if ended.code < 0:
+        return [f"is ended by signal {-ended.code}"]
+    said = sentences(ended.err)
+    found = list(sentence_faults(subject.program, said))
+    if ended.code == undisturbed.code:
+        if ended.out != undisturbed.out:
+            found.append(f"exits {ended.code}, and standard output is not the same")
+        for name in changes(now, undisturbed.after):
+            found.append(f"exits {ended.code}, and {name} is not as it should be")
+        return found
+    if ended.code not in subject.errors:
+        found.append(f"exits {ended.code}")
+    if len(said) != 1:
+        found.append(f"exits {ended.code} with {len(said)} sentences: {said}")
+    may_stay = {f"files/{name}": undisturbed.after.get(f"files/{name}") for name in subject.may_stay}
+    for name in changes(now, undisturbed.before, may_stay):
+        found.append(f"exits {ended.code}, and {name} is not as it was")
+    return found
+
+
+def faults_when_killed(undisturbed, now):
+    """What is wrong with the files after a run that was killed: each is the old or the new one."""
+    litter = [name for name in now if LITTER.match(name) and name not in undisturbed.before]
+    found = [
+        f"leaves {name} neither old nor new"
+        for name in changes(now, undisturbed.before, undisturbed.after)
+        if name not in litter
+    ]
+    if len(litter) > 1:
+        found.append(f"leaves {len(litter)} temporary files")
+    return found
+
+
+def faults_afterwards(subject, undisturbed, ended, now):
+    """The same command again after it was killed: done, and nothing of the killed one left."""
+    found = []
+    if ended.code != undisturbed.code:
+        found.append(f"exits {ended.code} afterwards: {ended.err.strip()}")
+    for name in now:
+        if LITTER.match(name) and name not in undisturbed.before:
+            found.append(f"leaves {name} for good")
+    for name in changes(now, undisturbed.after):
+        if not LITTER.match(name) and name.removeprefix("files/") not in subject.may_stay:
+            found.append(f"leaves {name} not as it should be, though run again")
+    return found
+
+
+def unsettled(trace, folder):
+    """Files that take another's place before their bytes are on the disk, or whose folder is not
+    flushed afterwards: a computer may lose its power at any moment. From a trace with the paths of
+    descriptors."""
+    unflushed, unsettled_folders, found = {}, {}, []
+    for line in trace:
+        call = re.match(r"(?:\d+ +)?(\w+)\((?:\d+<([^>]*)>)?(.*)", line)
+        if not call or " = -1 " in line:
+            continue
+        name, path, rest = call.groups()
+        if name in ("write", "pwrite64", "ftruncate") and path and path.startswith(folder):
+            unflushed[path] = line
+        elif name == "fsync" and path:
+            unflushed.pop(path, None)
+            unsettled_folders.pop(path, None)
+        elif name.startswith("rename") or name == "linkat":
+            quoted = re.findall(r'"((?:[^"\\]|\\.)*)"', rest)
+            for written in unflushed:
+                found.append(f"{written} takes its place before it is flushed")
+            unflushed.clear()
+            target = quoted[-1] if quoted else ""
+            place = target if target.startswith("/") else f"{folder}/{target}"
+            unsettled_folders[place.rpartition("/")[0].removesuffix("/.")] = target
+    found += [f"{path} is written and not flushed" for path in unflushed]
+    found += [f"{name}: its folder is not flushed" for name in unsettled_folders.values()]
+    return found

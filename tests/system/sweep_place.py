@@ -1,0 +1,81 @@
+"""Where one run of the sweep takes place: a folder of its own, as it is before each run."""
+
+import os
+import shutil
+import stat
+from pathlib import Path
+
+
+def contents(folder):
+    """What lies below the folder: kind, permission bits and content, by path. Times do not count."""
+    found = {}
+    for path in sorted(folder.rglob("*")):
+        status = path.lstat()
+        mode = stat.S_IMODE(status.st_mode)
+        if path.is_symlink():
+            what = ("link", os.readlink(path))
+        elif path.is_dir():
+            what = ("folder", mode)
+        elif path.is_file():
+            what = ("file", mode, path.read_bytes() if status.st_mode & 0o400 else b"")
+        else:
+            what = ("other", mode)
+        found[str(path.relative_to(folder))] = what
+    return found
+
+
+def empty(folder):
+    """The folder itself stays: a process may work in it."""
+    folder.mkdir(mode=0o755, exist_ok=True)
+    for path in folder.iterdir():
+        if path.is_dir() and not path.is_symlink():
+            shutil.rmtree(path)
+        else:
+            path.unlink()
+
+
+class Place:
+    """`files` is the working folder of a run; `home` its user's; out and err lie beside them."""
+
+    def __init__(self, folder, template):
+        self.folder = Path(folder)
+        self.folder.mkdir(parents=True)
+        self.template = template
+        self.in_order = {f"files/{name}": what for name, what in contents(template).items()}
+        self.in_order |= {
+            "files": ("folder", 0o755),
+            "home": ("folder", 0o755),
+        }
+        self.files = self.folder / "files"
+        self.made = self.folder / "made"
+        self.made.mkdir()
+        self.stream("in").write_bytes(b"")
+
+    def stream(self, name):
+        return self.folder / name
+
+    def contents(self):
+        return {
+            name: what
+            for name, what in contents(self.folder).items()
+            if name.split("/")[0] in ("files", "home")
+        }
+
+    def prepare(self):
+        """As it is before a run."""
+        for stream in ("out", "err"):
+            self.stream(stream).write_bytes(b"")
+        if self.contents() == self.in_order:
+            return
+        for name in ("files", "home"):
+            empty(self.folder / name)
+        shutil.copytree(self.template, self.files, dirs_exist_ok=True)
+        self.files.chmod(0o755)
+
+    def environment(self, **more):
+        kept = {
+            name: value
+            for name, value in os.environ.items()
+            if not name.startswith(("XDG_", "QT_", "SWEEP_"))
+        }
+        return kept | {"HOME": str(self.folder / "home"), "LC_ALL": "C.UTF-8"} | more

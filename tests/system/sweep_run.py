@@ -1,0 +1,268 @@
+"""Runs a program of which one system call fails, or at one of which it is killed.
+
+A preloaded object (SweepPreload.cpp) holds one thread back until strace is attached to it alone, so
+that neither the dynamic loader's calls nor another thread's are counted.
+"""
+
+import re
+import signal
+import socket
+import struct
+import subprocess
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+
+PATIENCE = 60  # seconds, after which a program counts as hung
+
+# Each call, and the errors that it fails with.
+ERRORS = {
+    "openat": ("EMFILE", "EACCES", "EIO"),
+    "read": ("EIO", "EINTR"),
+    "pread64": ("EIO",),
+    "write": ("ENOSPC", "EIO", "EINTR"),
+    "pwrite64": ("ENOSPC",),
+    "rename": ("EIO", "ENOSPC"),
+    "renameat": ("EIO",),
+    "renameat2": ("EIO",),
+    "linkat": ("EIO", "EEXIST"),
+    "fsync": ("EIO", "ENOSPC"),
+    "close": ("EIO", "EINTR"),
+    "newfstatat": ("EIO", "EACCES"),
+    "fchmod": ("EPERM",),
+    "fchown": ("EPERM",),
+    "ftruncate": ("EIO",),
+    "flock": ("ENOLCK",),
+    "mkdir": ("ENOSPC", "EACCES"),
+    "unlink": ("EIO",),
+    "getdents64": ("EIO",),
+    "clone3": ("EAGAIN",),
+    "poll": ("EINTR", "ENOMEM"),
+    "ioctl": ("EIO",),
+    "mmap": ("ENOMEM",),
+}
+# The calls that change a file or settle it on the disk, and those between them.
+FILE_CALLS = (
+    *("openat", "write", "pwrite64", "rename", "renameat", "renameat2", "linkat", "fsync"),
+    *("close", "fchmod", "fchown", "ftruncate", "flock", "mkdir", "unlink", "newfstatat"),
+)
+# Some calls have another name, or none, on some processors.
+TRACED = ",".join(f"?{call}" for call in ERRORS)
+
+
+@dataclass
+class Ended:
+    """What became of a run."""
+
+    code: int = 0  # negative: the signal that ended it
+    out: bytes = b""
+    err: str = ""
+    is_hung: bool = False
+    is_struck: bool = True
+    trace: list = field(default_factory=list)
+
+
+def attach(thread, trace, options):
+    """strace, once it holds the thread. Nothing when the thread is gone."""
+    tracer = subprocess.Popen(
+        ["strace", "-qq", "-y", "-o", trace, *options, "-p", str(thread)],
+        stdin=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+    )
+    while tracer.poll() is None:
+        try:
+            with open(f"/proc/{thread}/status", encoding="ascii") as status:
+                if "TracerPid:\t0\n" not in status.read():
+                    return tracer
+        except FileNotFoundError:
+            break
+        time.sleep(0.001)
+    tracer.kill()
+    tracer.wait()
+    return None
+
+
+class Gate:
+    """The end of the socket over which a held thread tells its number and is let go."""
+
+    def __init__(self):
+        self.ours, self.theirs = socket.socketpair()
+
+    def variables(self, thread):
+        return {"SWEEP_GATE": f"{self.theirs.fileno()}:{thread}", "SWEEP_NO_PAUSES": "1"}
+
+    def begun(self):
+        """To call when the program has its own end."""
+        self.theirs.close()
+
+    def held(self):
+        """The thread that waits; none when the program ended before there was one."""
+        self.ours.settimeout(PATIENCE)
+        try:
+            return struct.unpack("i", self.ours.recv(4))[0]
+        except (struct.error, TimeoutError):
+            return None
+
+    def let_go(self):
+        self.ours.send(b"x")
+
+    def close(self):
+        self.ours.close()
+
+
+def gated(place, preload, command, thread, options, **more):
+    """Runs the command with strace at one thread of it; `options` are strace's."""
+    gate = Gate()
+    environment = place.environment(LD_PRELOAD=preload, **gate.variables(thread), **more)
+    with open(place.stream("in"), "rb") as given, open(place.stream("out"), "wb") as out:
+        with open(place.stream("err"), "wb") as err:
+            process = subprocess.Popen(
+                command,
+                cwd=place.files,
+                env=environment,
+                stdin=given,
+                stdout=out,
+                stderr=err,
+                pass_fds=[gate.theirs.fileno()],
+            )
+    gate.begun()
+    held = gate.held()
+    trace = place.stream("trace")
+    trace.write_text("")
+    tracer = attach(held, trace, options) if held else None
+    if held:
+        gate.let_go()
+    ended = wait(process)
+    if tracer:
+        tracer.wait()
+    gate.close()
+    return read_back(place, ended)
+
+
+def wait(process):
+    try:
+        return Ended(process.wait(PATIENCE))
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
+        return Ended(-signal.SIGKILL, is_hung=True)
+
+
+def read_back(place, ended):
+    ended.out = place.stream("out").read_bytes()
+    ended.err = place.stream("err").read_text(errors="replace")
+    trace = place.stream("trace")
+    ended.trace = trace.read_text(errors="replace").splitlines() if trace.exists() else []
+    ended.is_struck = any("(INJECTED)" in line for line in ended.trace) or ended.code < 0
+    return ended
+
+
+def plain(command, place, **more):
+    """The command as a user runs it, but for the variables in `more`."""
+    with open(place.stream("in"), "rb") as given, open(place.stream("out"), "wb") as out:
+        with open(place.stream("err"), "wb") as err:
+            process = subprocess.Popen(
+                command,
+                cwd=place.files,
+                env=place.environment(**more),
+                stdin=given,
+                stdout=out,
+                stderr=err,
+            )
+            ended = wait(process)
+    place.stream("trace").unlink(missing_ok=True)
+    return read_back(place, ended)
+
+
+def by_number(trace, main):
+    """The calls of each thread, {name: [line]}; first those of the thread `main`, then those of the
+    others as they were made."""
+    threads = {thread: {} for thread in (main, *threads_made(trace))}
+    for line in trace:
+        call = re.match(r"(\d+) +(\w+)\(", line)
+        if call and int(call[1]) in threads:
+            threads[int(call[1])].setdefault(call[2], []).append(line)
+    return list(threads.values())
+
+
+def jobs_of(make, subject, thread, calls, writes):
+    """What could fail of these calls; and be killed, where files are written. An event descriptor
+    takes and gives its number in memory: the kernel has no error for that."""
+    return [
+        make(subject, thread, call, error, number)
+        for call, lines in calls.items()
+        for error in (*ERRORS.get(call, ()), *(["kill"] if writes and call in FILE_CALLS else []))
+        for number, line in enumerate(lines, 1)
+        if "<anon_inode:[eventfd]>" not in line
+    ]
+
+
+def strike(job):
+    """strace's options for the job."""
+    how = "signal=KILL" if job.error == "kill" else f"error={job.error}"
+    return [
+        *("-e", f"trace={job.call}"),
+        *("-e", f"inject={job.call}:{how}:when={job.number}"),
+    ]
+
+
+def threads_made(trace):
+    """The threads in the order in which they were made."""
+    made = []
+    for line in trace:
+        ended = re.match(r"\d+ +(?:<\.\.\. clone3 resumed>|clone3\().*= (\d+)$", line)
+        if ended:
+            made.append(int(ended[1]))
+    return made
+
+
+class Server:
+    """Copies of one program, made before its main(), of which one allocation each fails."""
+
+    def __init__(self, place, preload, command):
+        self.place = place
+        self.ours, theirs = socket.socketpair()
+        self.process = subprocess.Popen(
+            command,
+            cwd=place.files,
+            env=place.environment(
+                LD_PRELOAD=preload,
+                SWEEP_NO_PAUSES="1",
+                SWEEP_SERVE=f"{theirs.fileno()}:{place.folder}",
+                SWEEP_COUNT=str(place.made / "count"),
+                SWEEP_CALLER=str(place.made / "caller"),
+            ),
+            stdin=subprocess.DEVNULL,
+            pass_fds=[theirs.fileno()],
+        )
+        theirs.close()
+
+    def run(self, number):
+        self.ours.settimeout(PATIENCE)
+        self.ours.send(struct.pack("Q", number))
+        copy = struct.unpack("i", self.ours.recv(4))[0]
+        is_hung = False
+        try:
+            status = self.ours.recv(4)
+        except TimeoutError:
+            is_hung = True
+            subprocess.run(["kill", "-KILL", str(copy)], check=False)
+            status = self.ours.recv(4)
+        status = struct.unpack("i", status)[0]
+        code = status >> 8 if status & 0x7F == 0 else -(status & 0x7F)
+        self.place.stream("trace").unlink(missing_ok=True)
+        ended = read_back(self.place, Ended(code, is_hung=is_hung))
+        ended.is_struck = True
+        return ended
+
+    def allocations(self):
+        """How many the last copy made."""
+        return int((self.place.made / "count").read_text())
+
+    def caller(self):
+        """The object whose allocation failed last."""
+        return Path((self.place.made / "caller").read_text()).name
+
+    def close(self):
+        self.ours.close()
+        self.process.wait()

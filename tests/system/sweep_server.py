@@ -1,0 +1,190 @@
+"""The sweep of scenewright-virtual: a host sends it a bank, and it is asked to end."""
+
+import os
+import re
+import subprocess
+import threading
+import time
+
+import sweep_judge
+import sweep_run
+from sweep_commands import Job
+from sweep_place import Place
+from sweep_subjects import make_files
+from usbip_client import Host, Lost
+
+PART = 60
+PROGRAM = "scenewright-virtual"
+END_PATIENCE = 10  # seconds after SIGTERM
+SUBJECTS = {
+    "server": ["--bank", "held.bank"],
+    "server-new": ["--bank", "new.bank", "--trace", "trace"],
+}
+LISTENING = re.compile(r"listening at 127\.0\.0\.1:(\d+)")
+
+
+class Sweep:
+    def __init__(self, programs, folder, options):
+        self.program = str(programs / PROGRAM)
+        self.preload = str(programs / "libsweep-preload.so")
+        self.folder = folder / "server"
+        self.template = self.folder / "template"
+        self.workers = len(os.sched_getaffinity(0))
+        chosen = options.subjects or SUBJECTS
+        self.subjects = {name: SUBJECTS[name] for name in chosen if name in SUBJECTS}
+        if options.only == "allocations":
+            self.subjects = {}
+        self.undisturbed = {}
+        self.local = threading.local()
+        self.places = 0
+        if self.subjects and not options.list:
+            self.folder.mkdir()
+            make_files(self.template, programs)
+            self.image = (self.template / "a.bank").read_bytes()
+
+    def names(self):
+        return list(self.subjects)
+
+    def place(self):
+        if not hasattr(self.local, "place"):
+            self.places += 1
+            self.local.place = Place(
+                self.folder / f"{self.places}-{threading.get_ident()}", self.template
+            )
+        return self.local.place
+
+    def jobs(self):
+        found = []
+        for name in self.subjects:
+            place = self.place()
+            place.prepare()
+            before = place.contents()
+            ended, lost = self.session(name, 0, ["-f", "-e", sweep_run.TRACED])
+            after = place.contents()
+            if ended.code != 0 or lost or before == after:
+                raise RuntimeError(f"{name}: {ended.code} {lost} {ended.err}")
+            self.undisturbed[name] = sweep_judge.Undisturbed(
+                0, sweep_judge.sentences(ended.err), before, after
+            )
+            found.append(Job(name, 0, "order", "none", 1))
+            main = int(ended.trace[0].split()[0])
+            for thread, calls in enumerate(sweep_run.by_number(ended.trace, main)):
+                found += sweep_run.jobs_of(Job, name, thread, calls, True)
+        return found
+
+    def session(self, name, thread, options):
+        """A host sends a bank; then the server is to end. How it ended, and whether the host had
+        to give up."""
+        place = self.place()
+        gate = sweep_run.Gate()
+        with open(place.stream("err"), "wb") as err:
+            process = subprocess.Popen(
+                [self.program, "--listen", "127.0.0.1:0", *self.subjects[name]],
+                cwd=place.files,
+                env=place.environment(LD_PRELOAD=self.preload, **gate.variables(thread)),
+                stdin=subprocess.DEVNULL,
+                stdout=subprocess.DEVNULL,
+                stderr=err,
+                pass_fds=[gate.theirs.fileno()],
+            )
+        gate.begun()
+        held = gate.held()
+        place.stream("trace").write_text("")
+        tracer = sweep_run.attach(held, place.stream("trace"), options) if held else None
+        gate.let_go()
+        lost = self.send(place, process)
+        ended = self.end(process)
+        if tracer:
+            tracer.wait()
+        gate.close()
+        return sweep_run.read_back(place, ended), lost
+
+    def send(self, place, process):
+        """Whether the host had to give up, and why."""
+        limit = time.monotonic() + sweep_run.PATIENCE
+        port = None
+        while not port and process.poll() is None and time.monotonic() < limit:
+            port = LISTENING.search(place.stream("err").read_text())
+            time.sleep(0.002)
+        if not port:
+            return "it does not listen"
+        try:
+            host = Host(int(port[1]))
+        except (Lost, OSError) as error:
+            return str(error)
+        try:
+            host.send_bank(self.image)
+        except Lost as error:
+            return str(error)
+        finally:
+            host.close()
+        return ""
+
+    @staticmethod
+    def end(process):
+        is_early = process.poll() is not None
+        process.terminate()
+        try:
+            code = process.wait(END_PATIENCE)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+            return sweep_run.Ended(-9, is_hung=True)
+        ended = sweep_run.Ended(code)
+        ended.is_early = is_early
+        return ended
+
+    def run(self, job):
+        place = self.place()
+        place.prepare()
+        undisturbed = self.undisturbed[job.subject]
+        if job.call == "order":
+            ended, _ = self.session(job.subject, 0, ["-f", "-e", sweep_run.TRACED])
+            return sweep_judge.unsettled(
+                [line for line in ended.trace if "files/trace>" not in line], str(place.files)
+            )
+        ended, lost = self.session(job.subject, job.thread, sweep_run.strike(job))
+        now = place.contents()
+        if job.error == "kill":
+            return self.after_kill(job, undisturbed, now, place)
+        if not ended.is_struck:
+            return []
+        return self.faults(undisturbed, ended, lost, now)
+
+    @staticmethod
+    def files(contents):
+        """Without the trace, of which there may be less."""
+        return {name: what for name, what in contents.items() if name != "files/trace"}
+
+    def faults(self, undisturbed, ended, lost, now):
+        if ended.is_hung:
+            return ["does not end"]
+        if ended.code < 0 and ended.code != -15:
+            return [f"is ended by signal {-ended.code}"]
+        said = sweep_judge.sentences(ended.err)
+        found = list(sweep_judge.sentence_faults(PROGRAM, said))
+        usual = {LISTENING.sub("", line) for line in undisturbed.out}
+        told = [line for line in said if LISTENING.sub("", line) not in usual]
+        now, before, after = (
+            self.files(each) for each in (now, undisturbed.before, undisturbed.after)
+        )
+        if ended.code == 0 and not lost and now == after:
+            return found
+        if not told:
+            found.append(f"says nothing, exits {ended.code}; the host: {lost or 'done'}")
+        if now not in (before, after):
+            found.append(f"leaves {sweep_judge.changes(now, before)}")
+        return found
+
+    def after_kill(self, job, undisturbed, now, place):
+        found = sweep_judge.faults_when_killed(
+            undisturbed, self.files(now)
+        )
+        ended, lost = self.session(job.subject, 0, ["-e", "trace=none"])
+        subject = sweep_judge.Subject(job.subject, [], PROGRAM, may_stay=("trace",))
+        if lost:
+            found.append(f"afterwards: {lost}")
+        return found + sweep_judge.faults_afterwards(subject, undisturbed, ended, place.contents())
+
+    def close(self):
+        pass
