@@ -1,8 +1,332 @@
-PART=1
+"""The sweep of the editor: it reads, sends and saves by keys, on displays of its own.
+
+A call fails after the window has come: strace takes hold of one thread just before the keys. What the
+editor says is read as a screen reader reads it, over the accessibility bus.
+"""
+
+import os
+import subprocess
+import threading
+import time
+from dataclasses import dataclass
+
+import sweep_judge
+import sweep_run
+from sweep_commands import Job
+from sweep_place import Place
+from sweep_subjects import make_files
+
+PART = 12
+PATIENCE = 20  # seconds for what comes in one when nothing fails
+SILENCE = 3  # seconds without a word, after which nothing more is expected
+MOST = 40  # failures of one call of one thread; the toolkit makes thousands
+SHOWING = 25  # the bit of a state, as the accessibility bus numbers them
+TITLE = "Virtual controller"
+
+
+@dataclass
+class Action:
+    keys: list
+    log: str  # the line that tells the end, where there is one
+    file: str = ""  # that it makes anew or changes
+
+
+ACTIONS = {
+    "editor-read": Action([("key", "ctrl+r")], "Read Scene Data Finish"),
+    "editor-send": Action([("key", "ctrl+Return")], "\nFinish\n", "held.bank"),
+    "editor-save": Action(
+        [("key", "ctrl+s"), ("wait", 0.5), ("type", "saved.bank"), ("key", "Return")],
+        "",
+        "saved.bank",
+    ),
+}
+
+
+class Display:
+    """A display with a window manager and a session bus of its own."""
+
+    def __init__(self, folder):
+        self.processes = []
+        folder.mkdir()
+        server = self.start(
+            ["Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"]
+        )
+        self.variables = {"DISPLAY": f":{server.stdout.readline().strip()}"}
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"])
+        self.bus = bus.stdout.readline().strip()
+        self.variables |= {
+            "DBUS_SESSION_BUS_ADDRESS": self.bus,
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        }
+        self.start(["openbox"])
+        self.screen_reader = ScreenReader(self.bus)
+
+    def start(self, command):
+        process = subprocess.Popen(
+            command,
+            env={**os.environ, **getattr(self, "variables", {})},
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+            text=True,
+        )
+        self.processes.append(process)
+        return process
+
+    def do(self, *words):
+        done = subprocess.run(
+            ["xdotool", *map(str, words)],
+            env={**os.environ, **self.variables},
+            capture_output=True,
+            text=True,
+            timeout=PATIENCE,
+            check=False,
+        )
+        return done.stdout
+
+    def close(self):
+        self.screen_reader.close()
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+
+
+class ScreenReader:
+    ACCESSIBLE = "org.a11y.atspi.Accessible"
+    ROOT = "/org/a11y/atspi/accessible/root"
+
+    def __init__(self, bus):
+        from gi.repository import Gio, GLib  # only the editor's sweep needs them
+
+        self.text = lambda *words: GLib.Variant(f"({'s' * len(words)})", words)
+        self.error = GLib.Error
+        flags = Gio.DBusConnectionFlags
+        self.connect = lambda address: Gio.DBusConnection.new_for_address_sync(
+            address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None
+        )
+        self.session = self.connect(bus)
+        found = self.call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
+        self.bus = self.connect(found[0])
+
+    def call(self, bus, name, path, member, words=None):
+        interface, _, method = member.rpartition(".")
+        return bus.call_sync(name, path, interface, method, words, None, 0, 5000, None).unpack()
+
+    def children(self, name, path):
+        return self.call(self.bus, name, path, f"{self.ACCESSIBLE}.GetChildren")[0]
+
+    def name(self, name, path):
+        words = self.text(self.ACCESSIBLE, "Name")
+        return self.call(self.bus, name, path, "org.freedesktop.DBus.Properties.Get", words)[0]
+
+    def shows(self, name, path):
+        states = self.call(self.bus, name, path, f"{self.ACCESSIBLE}.GetState")[0]
+        return bool(states[0] >> SHOWING & 1)
+
+    def notice(self):
+        """Whether a window of an application shows a notice, or a second window does."""
+        try:
+            for application in self.children("org.a11y.atspi.Registry", self.ROOT):
+                for number, window in enumerate(self.children(*application)):
+                    if number and self.shows(*window):
+                        return True
+                    for part in self.children(*window):
+                        if self.name(*part) == "Notice" and self.shows(*part):
+                            return True
+        except self.error:  # a window that goes
+            return False
+        return False
+
+    def close(self):
+        self.bus.close_sync(None)
+        self.session.close_sync(None)
+
+
 class Sweep:
-    workers=1
-    def __init__(self,*a): pass
-    def names(self): return []
-    def jobs(self): return []
-    def run(self,job): return []
-    def close(self): pass
+    def __init__(self, programs, folder, options):
+        self.program = str(programs / "scenewright")
+        self.preload = str(programs / "libsweep-preload.so")
+        self.folder = folder / "editor"
+        self.template = self.folder / "template"
+        self.workers = len(os.sched_getaffinity(0))
+        chosen = options.subjects or ACTIONS
+        self.subjects = {name: ACTIONS[name] for name in chosen if name in ACTIONS}
+        if options.only == "allocations":
+            self.subjects = {}
+        self.undisturbed = {}
+        self.local = threading.local()
+        self.displays = []
+        self.lock = threading.Lock()
+        if self.subjects and not options.list:
+            self.folder.mkdir()
+            make_files(self.template, programs)
+            (self.template / "held.bank").write_bytes((self.template / "b.bank").read_bytes())
+
+    def names(self):
+        return list(self.subjects)
+
+    def place(self):
+        if not hasattr(self.local, "place"):
+            with self.lock:
+                number = len(self.displays)
+                self.local.display = Display(self.folder / f"display{number}")
+                self.displays.append(self.local.display)
+            self.local.place = Place(self.folder / f"place{number}", self.template)
+        return self.local.place
+
+    def jobs(self):
+        found = []
+        for name in self.subjects:
+            place = self.place()
+            place.prepare()
+            before = place.contents()
+            ended, end = self.session(name, 0, ["-f", "-e", sweep_run.TRACED])
+            after = place.contents()
+            if ended.code != 0 or end != "done":
+                raise RuntimeError(f"{name}: {ended.code} {end} {ended.err}")
+            self.undisturbed[name] = sweep_judge.Undisturbed(0, b"", before, after)
+            main = int(ended.trace[0].split()[0])
+            for thread, calls in enumerate(sweep_run.by_number(ended.trace, main)):
+                for call, lines in calls.items():
+                    jobs = sweep_run.jobs_of(Job, name, thread, {call: lines}, before != after)
+                    found += jobs[:: max(1, len(jobs) // MOST)]
+        return found
+
+    def session(self, name, thread, options):
+        """The editor opens, its tracer takes hold of a thread, the keys come. How it ended, and
+        what was seen: done, a notice, or nothing."""
+        place, display, action = self.place(), self.local.display, self.subjects[name]
+        log, armed = place.made / "log", place.made / "armed"
+        log.write_text("")
+        armed.unlink(missing_ok=True)
+        gate = sweep_run.Gate()
+        variables = {**display.variables, "SWEEP_ARMED": str(armed), "LD_PRELOAD": self.preload}
+        variables |= gate.variables(thread or 9999)
+        with open(place.stream("err"), "wb") as err:
+            process = subprocess.Popen(
+                [self.program, "--virtual=held.bank", "--log", str(log)],
+                cwd=place.files,
+                env=place.environment(**variables),
+                stdin=subprocess.DEVNULL,
+                stdout=subprocess.DEVNULL,
+                stderr=err,
+                pass_fds=[gate.theirs.fileno()],
+            )
+        gate.begun()
+        self.await_window(process)
+        armed.touch()
+        trace = place.stream("trace")
+        trace.write_text("")
+        tracers = []
+        if thread:
+            waiting = threading.Thread(
+                target=self.hold, args=(gate, trace, options, tracers), daemon=True
+            )
+            waiting.start()
+        else:
+            tracers.append(sweep_run.attach(process.pid, trace, options))
+        self.press(action)
+        end = self.await_end(process, action)
+        ended = self.quit(process)
+        gate.close()
+        for tracer in filter(None, tracers):
+            tracer.wait()
+        return sweep_run.read_back(place, ended), end
+
+    @staticmethod
+    def hold(gate, trace, options, tracers):
+        held = gate.held()
+        if held:
+            tracers.append(sweep_run.attach(held, trace, options))
+            gate.let_go()
+
+    def await_window(self, process):
+        limit = time.monotonic() + PATIENCE
+        while process.poll() is None and time.monotonic() < limit:
+            found = self.local.display.do("search", "--onlyvisible", "--name", TITLE).split()
+            if found:
+                self.local.display.do("windowactivate", "--sync", found[0])
+                return
+            time.sleep(0.02)
+
+    def press(self, action):
+        for kind, what in action.keys:
+            if kind == "wait":
+                time.sleep(what)
+            else:
+                self.local.display.do(kind, what)
+
+    def await_end(self, process, action):
+        """done, notice, ended or silent."""
+        place, display = self.local.place, self.local.display
+        log = place.made / "log"
+        limit = time.monotonic() + SILENCE
+        while process.poll() is None and time.monotonic() < limit:
+            if action.log and action.log in log.read_text():
+                time.sleep(0.2)  # a notice comes with the end
+                break
+            if action.file and not action.log and (place.files / action.file).exists():
+                break
+            time.sleep(0.02)
+        if process.poll() is not None:
+            return "ended"
+        if display.screen_reader.notice():
+            return "notice"
+        return "done" if time.monotonic() < limit else "silent"
+
+    def quit(self, process):
+        early = process.poll()
+        display = self.local.display
+        if early is None:
+            for _ in range(2):  # of a dialog, if there is one
+                display.do("key", "Escape")
+            display.do("key", "ctrl+q")
+        try:
+            return sweep_run.Ended(process.wait(SILENCE))
+        except subprocess.TimeoutExpired:
+            process.terminate()
+        try:
+            return sweep_run.Ended(process.wait(PATIENCE))
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+            return sweep_run.Ended(-9, is_hung=True)
+
+    def run(self, job):
+        place = self.place()
+        place.prepare()
+        undisturbed = self.undisturbed[job.subject]
+        ended, end = self.session(job.subject, job.thread, sweep_run.strike(job))
+        now = place.contents()
+        if job.error == "kill":
+            files = [self.banks(each) for each in (undisturbed.before, undisturbed.after)]
+            known = sweep_judge.Undisturbed(0, b"", *files)
+            return sweep_judge.faults_when_killed(known, self.banks(now))
+        if not ended.is_struck:
+            return []
+        return self.faults(job, undisturbed, ended, end, now)
+
+    @staticmethod
+    def banks(contents):
+        """The user's files: what the toolkit keeps of its own is no matter."""
+        return {name: what for name, what in contents.items() if name.startswith("files/")}
+
+    def faults(self, job, undisturbed, ended, end, now):
+        if ended.is_hung:
+            return ["hangs"]
+        if ended.code < 0:
+            return [f"is ended by signal {-ended.code}"]
+        now, before, after = map(self.banks, (now, undisturbed.before, undisturbed.after))
+        if end == "done" and now == after:
+            return []
+        said = sweep_judge.sentences(ended.err)
+        found = []
+        if end != "notice" and not said:
+            found.append(f"shows no notice ({end})")
+        if now not in (before, after):
+            found.append(f"leaves {sweep_judge.changes(now, before)}")
+        return found
+
+    def close(self):
+        for display in self.displays:
+            display.close()
