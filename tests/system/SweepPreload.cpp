@@ -73,8 +73,9 @@ const char* nameOfCaller() {
         if (::dladdr(frames.at(static_cast<std::size_t>(frame)), &object) == 0)
             continue;
         const std::string_view name = object.dli_fname;
-        if (name.find("sweep-preload") == name.npos && name.find("/libc.so") == name.npos &&
-            name.find("/libstdc++.so") == name.npos)
+        if (name.find("sweep-preload") == std::string_view::npos &&
+            name.find("/libc.so") == std::string_view::npos &&
+            name.find("/libstdc++.so") == std::string_view::npos)
             return object.dli_fname;
     }
     return "";
@@ -114,9 +115,9 @@ void* startBehindGate(void* given) {
 }
 
 void redirect(const char* folder, const char* name, int wanted, int flags) {
-    char path[4096];
-    std::snprintf(path, sizeof path, "%s/%s", folder, name);
-    const int file = ::open(path, flags | O_CREAT, 0600);
+    std::array<char, 4096> path{};
+    std::snprintf(path.data(), path.size(), "%s/%s", folder, name);
+    const int file = ::open(path.data(), flags | O_CREAT, 0600);
     ::dup2(file, wanted);
     ::close(file);
 }
@@ -167,9 +168,9 @@ __attribute__((constructor)) void begin() {
 
 __attribute__((destructor)) void end() {
     countsAllocations = false;
-    char text[32];
-    std::snprintf(text, sizeof text, "%ju", static_cast<std::uintmax_t>(allocations.load()));
-    writeDown("SWEEP_COUNT", text);
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%ju", static_cast<std::uintmax_t>(allocations.load()));
+    writeDown("SWEEP_COUNT", text.data());
 }
 
 // What an event descriptor carries is read and written whole, or not at all.
@@ -181,6 +182,8 @@ std::size_t half(std::size_t size) {
 
 } // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's names are
+// reserved
 extern "C" {
 
 void* malloc(std::size_t size) {
@@ -237,3 +240,4 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
     return error;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

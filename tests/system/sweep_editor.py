@@ -35,7 +35,7 @@ ACTIONS = {
     "editor-read": Action([("key", "ctrl+r")], "Read Scene Data Finish"),
     "editor-send": Action([("key", "ctrl+Return")], "\nFinish\n", "held.bank"),
     "editor-save": Action(
-        [("key", "ctrl+s"), ("wait", 0.5), ("type", "saved.bank"), ("key", "Return")],
+        [("key", "ctrl+s"), ("wait", 0.5), ("type", "{files}/saved.bank"), ("key", "Return")],
         "",
         "saved.bank",
     ),
@@ -143,6 +143,8 @@ class ScreenReader:
 
 
 class Sweep:
+    unjudged = 0  # what is judged by nobody
+
     def __init__(self, programs, folder, options):
         self.program = str(programs / "scenewright")
         self.preload = str(programs / "libsweep-preload.so")
@@ -254,7 +256,7 @@ class Sweep:
             if kind == "wait":
                 time.sleep(what)
             else:
-                self.local.display.do(kind, what)
+                self.local.display.do(kind, what.format(files=self.local.place.files))
 
     def await_end(self, process, action):
         """done, notice, ended or silent."""
@@ -274,19 +276,15 @@ class Sweep:
             return "notice"
         return "done" if time.monotonic() < limit else "silent"
 
-    def quit(self, process):
-        early = process.poll()
-        display = self.local.display
-        if early is None:
-            for _ in range(2):  # of a dialog, if there is one
-                display.do("key", "Escape")
-            display.do("key", "ctrl+q")
+    @staticmethod
+    def quit(process):
+        """It still lives, unless it has ended by itself; then its user's session ends."""
+        if process.poll() is not None:
+            return sweep_run.Ended(process.returncode)
+        process.terminate()
         try:
-            return sweep_run.Ended(process.wait(SILENCE))
-        except subprocess.TimeoutExpired:
-            process.terminate()
-        try:
-            return sweep_run.Ended(process.wait(PATIENCE))
+            process.wait(PATIENCE)
+            return sweep_run.Ended(0)
         except subprocess.TimeoutExpired:
             process.kill()
             process.wait()

@@ -3,8 +3,8 @@
 import re
 from dataclasses import dataclass
 
-# What a program writes over and over into one line of a terminal.
-PROGRESS = re.compile(r"\r\x1b\[K[^\n\r]*|\x1b\[K")
+# What a program has written into one line of a terminal before it cleared the line.
+PROGRESS = re.compile(r"[^\n]*\r\x1b\[K")
 LITTER = re.compile(r"(?:.*/)?\.scenewright-[^/]*$")
 
 
@@ -131,3 +131,14 @@ def unsettled(trace, folder):
     found += [f"{path} is written and not flushed" for path in unflushed]
     found += [f"{name}: its folder is not flushed" for name in unsettled_folders.values()]
     return found
+
+
+def is_unsafe(trace, folder):
+    """Whether the failed call was the flush of a file below the folder, and not of a folder: then
+    the bytes may not be on the disk. EINVAL and the like from a file system that cannot flush are
+    not tried."""
+    for line in trace:
+        call = re.match(r"(?:\d+ +)?fsync\(\d+<([^>]*)>.*\(INJECTED\)", line)
+        if call and call[1].startswith(f"{folder}/"):
+            return True
+    return False

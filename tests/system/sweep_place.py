@@ -69,7 +69,7 @@ class Place:
             return
         for name in ("files", "home"):
             empty(self.folder / name)
-        shutil.copytree(self.template, self.files, dirs_exist_ok=True)
+        shutil.copytree(self.template, self.files, symlinks=True, dirs_exist_ok=True)
         self.files.chmod(0o755)
 
     def environment(self, **more):

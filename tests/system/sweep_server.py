@@ -24,6 +24,8 @@ LISTENING = re.compile(r"listening at 127\.0\.0\.1:(\d+)")
 
 
 class Sweep:
+    unjudged = 0  # what is judged by nobody
+
     def __init__(self, programs, folder, options):
         self.program = str(programs / PROGRAM)
         self.preload = str(programs / "libsweep-preload.so")
