@@ -37,7 +37,9 @@ MainWindow::MainWindow(Ending& application, Appearance& appearance, bool isVirtu
     refresh();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    finishTyping(); // while the view that takes it is there
+}
 
 GainWindow& MainWindow::gainPanel() {
     if (gainPanel_ == nullptr)
@@ -160,7 +162,13 @@ void MainWindow::refreshSceneTitles() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
+    finishTyping();
     closeButton_.click();
+}
+
+void MainWindow::finishTyping() {
+    if (QWidget* at = focusWidget())
+        at->clearFocus();
 }
 
 } // namespace scenewright

@@ -88,6 +88,8 @@ private:
     // Brings everything up to date that the view logic does not know of.
     void refresh();
     void refreshSceneTitles();
+    // A value that is being typed is chosen as the keyboard leaves its field.
+    void finishTyping();
 
     Ending& application_;
     Appearance& appearance_;

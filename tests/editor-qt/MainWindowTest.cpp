@@ -276,6 +276,19 @@ TEST_F(MainWindowTest, EachChangeOfTheViewIsFollowedOnce) {
     EXPECT_EQ(countOf([this] { window().view().showChosenControl(); }), 1);
 }
 
+TEST_F(MainWindowTest, ValueThatIsBeingTypedIsTakenWhenTheWindowEnds) {
+    open();
+    clickRow(13);
+    PopUpBox& box = window().panes().popUp("padCR");
+    box.setFocus();
+    ASSERT_TRUE(waitUntil([&box] { return box.hasFocus(); }));
+    QTest::keyClicks(&box, "99");
+    const auto record = WindowAction::getSceneWithIndex(0)->buttonValueArray().at(12);
+    EXPECT_NE(record->CR(), 99);
+    end();
+    EXPECT_EQ(record->CR(), 99);
+}
+
 TEST_F(MainWindowTest, HelpOpensTheAboutBoxAndComesBackFromIt) {
     open();
     QString title;

@@ -73,9 +73,9 @@ protected:
                           box_.view()->visualRect(entry).center());
     }
 
-    PopUpBox box_;
     int choices_ = 0;
     std::vector<int> chosen_;
+    PopUpBox box_; // its end may choose
 };
 
 TEST_F(PopUpBoxTest, TakesUtf8Titles) {

@@ -29,6 +29,8 @@ protected:
     // Makes and shows the window.
     MainWindow& open(std::chrono::milliseconds patience = Ending::kPatience);
     MainWindow& window() { return *window_; }
+    // Ends the window.
+    void end() { window_.reset(); }
 
     [[nodiscard]] QString message() const { return window_->status().message().text(); }
     [[nodiscard]] const BankImage& held() const { return controller_->bank(); }
