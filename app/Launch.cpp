@@ -23,11 +23,9 @@ namespace {
 constexpr std::array<std::string_view, 3> kResourceNames{"basic", "default", "project"};
 
 std::optional<std::string> resourceTrouble() {
-    if (auto troubles = Resources::troubles(kResourceNames); !troubles.empty())
-        return troubles.front();
     for (const std::string_view name : kResourceNames)
-        if (!Resources::find(name, "plist"))
-            return fmt::format("{}.plist: not found among the program's resources", name);
+        if (const auto list = Resources::read(name); !list)
+            return list.error();
     const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
     if (controls != kControlCount)
         return fmt::format("{}: the default scene holds {} controls, and the keyboard has {}",

@@ -27,7 +27,10 @@ std::string linesToAdd(const MidiDevice& device) {
 // How a device that is not listed gets into the user's own list.
 std::string addingHelp(const MidiDevice& device, const DeviceListPlace& list) {
     std::string help = "  listed: no\n";
-    if (list.inUse != list.userOwn && !list.inUse.empty())
+    if (list.userOwn.empty())
+        help += fmt::format("  To add it, copy {} to a folder that you name with --resources and\n",
+                            list.inUse.string());
+    else if (list.inUse != list.userOwn && !list.inUse.empty())
         help += fmt::format("  To add it, first copy {}\n  to {}, then\n", list.inUse.string(),
                             list.userOwn.string());
     else

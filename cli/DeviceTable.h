@@ -14,7 +14,7 @@ namespace scenewright {
 struct DeviceListPlace {
     std::vector<DeviceIds> devices;
     std::filesystem::path inUse;   // the list that counts; empty if there is none
-    std::filesystem::path userOwn; // the one that a user may write
+    std::filesystem::path userOwn; // the one that a user may write; empty without a home
 };
 
 // A paragraph a device: where it is, what it is, whether it is listed and can be opened, and what

@@ -20,9 +20,10 @@ int printDevices(bool asJson) {
     const ResultCode result = listMidiDevices(*makeLibusbApi(), devices);
     if (result != kResultSuccess)
         return complain(causeAndCure(result), kExitController);
+    const auto own = Resources::userFolder();
     const DeviceListPlace list{.devices = deviceList(),
                                .inUse = Resources::find("project", "plist").value_or(""),
-                               .userOwn = Resources::userFolder() / kListFile};
+                               .userOwn = own ? *own / kListFile : std::filesystem::path()};
     fmt::print("{}", asJson ? deviceJson(devices, list) : deviceTable(devices, list));
     return kExitDone;
 }

@@ -9,8 +9,7 @@
 namespace scenewright {
 
 std::shared_ptr<SceneValue> FileAction::GetSceneFromDefault() {
-    const std::shared_ptr<const PropertyValue> list = Resources::load("default");
-    const PropertyValue& file = *list;
+    const PropertyValue file = Resources::load("default");
     std::vector<std::shared_ptr<ButtonValue>> buttons;
     for (const PropertyValue& dictionary : file["ButtonArray"].elements())
         buttons.push_back(ButtonAction::GetButtonValueFromDic(dictionary));

@@ -1,6 +1,8 @@
 // Property lists (XML or binary) as plain values.
 #pragma once
 
+#include "platform/Result.h"
+
 #include <concepts>
 #include <cstdint>
 #include <filesystem>
@@ -32,7 +34,7 @@ public:
         : node_(std::forward<T>(value)) {}
 
     // Nothing was there: a missing key, a missing file, or a kind of node that this system has no
-    // use for (data, dates).
+    // use for (data, dates, identifiers).
     [[nodiscard]] bool isAbsent() const noexcept;
     [[nodiscard]] bool isDictionary() const noexcept;
     [[nodiscard]] bool isArray() const noexcept;
@@ -47,9 +49,12 @@ public:
     // The text of a text node; empty for any other kind of node.
     [[nodiscard]] std::string_view text() const noexcept;
 
-    // A number's integer value (a real is cut towards zero, a boolean is 0 or 1); a text's leading
-    // decimal integer, blanks skipped, sign allowed, 0 if no digit stands there; 0 for anything
-    // else. Clamped to the 32-bit range.
+    // A number's integer value (a real is cut towards zero); a text's leading decimal integer,
+    // blanks skipped, sign allowed. Clamped to the 32-bit range. Nothing for anything else, among
+    // it a text where no digit stands there.
+    [[nodiscard]] std::optional<std::int32_t> number() const noexcept;
+
+    // The same; a boolean is 0 or 1, and what has no number is 0.
     [[nodiscard]] std::int32_t integer() const noexcept;
 
     [[nodiscard]] const Node& node() const noexcept { return node_; }
@@ -58,17 +63,12 @@ private:
     Node node_;
 };
 
-// What reading a property list gave: `root` is absent when `trouble` says why, in one sentence
-// that names the file.
-struct PropertyListFile {
-    PropertyValue root;
-    std::optional<std::string> trouble;
-};
-
-// Reads a whole file. At most 16 MiB, at most 64 levels deep.
-[[nodiscard]] PropertyListFile readPropertyList(const std::filesystem::path& path);
+// Reads a whole file: a regular one of at most 16 MiB, at most 64 levels and a million values. An
+// error is one sentence that names the file.
+[[nodiscard]] Result<PropertyValue> readPropertyList(const std::filesystem::path& path);
 
 // The same for bytes in memory; `name` stands in the sentence in place of the file.
-[[nodiscard]] PropertyListFile parsePropertyList(std::string_view bytes, std::string_view name);
+[[nodiscard]] Result<PropertyValue> parsePropertyList(std::string_view bytes,
+                                                      std::string_view name);
 
 } // namespace scenewright

@@ -1,7 +1,6 @@
 #include "platform/Resources.h"
 
-#include "platform/Diagnostics.h"
-#include "platform/RememberedLists.h"
+#include <fmt/format.h>
 
 #include <cstdlib>
 #include <system_error>
@@ -20,14 +19,10 @@ fs::path& givenFolder() {
     return folder;
 }
 
-fs::path environmentPath(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value == nullptr ? fs::path() : fs::path(value);
-}
-
-RememberedLists& lists() {
-    static RememberedLists remembered;
-    return remembered;
+// Nothing for a variable that is not set or gives no absolute path.
+std::optional<fs::path> environmentPath(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value == '/' ? std::optional<fs::path>(value) : std::nullopt;
 }
 
 // Empty when the system does not tell.
@@ -38,11 +33,19 @@ fs::path programFolder() {
 
 bool isThere(const fs::path& file) {
     std::error_code error;
-    const fs::file_status status = fs::status(file, error);
-    return fs::exists(status) && !fs::is_directory(status);
+    return fs::exists(fs::symlink_status(file, error));
 }
 
 } // namespace
+
+std::optional<fs::path> xdgFolder(XdgFolder folder) {
+    const bool isConfig = folder == XdgFolder::Config;
+    if (const auto given = environmentPath(isConfig ? "XDG_CONFIG_HOME" : "XDG_STATE_HOME"))
+        return *given / kProductFolder;
+    if (const auto home = environmentPath("HOME"))
+        return *home / (isConfig ? ".config" : ".local/state") / kProductFolder;
+    return std::nullopt;
+}
 
 void Resources::setFolder(fs::path folder) {
     givenFolder() = std::move(folder);
@@ -52,20 +55,15 @@ std::vector<fs::path> Resources::searchPath() {
     std::vector<fs::path> folders;
     if (!givenFolder().empty())
         folders.push_back(givenFolder());
-    if (fs::path folder = userFolder(); !folder.empty())
-        folders.push_back(std::move(folder));
+    if (const auto folder = userFolder())
+        folders.push_back(*folder);
     if (const fs::path folder = programFolder(); !folder.empty())
         folders.push_back(folder.parent_path() / "share" / kProductFolder);
     return folders;
 }
 
-fs::path Resources::userFolder() {
-    // A relative XDG_CONFIG_HOME counts as unset: it would change with the working folder.
-    if (const fs::path config = environmentPath("XDG_CONFIG_HOME"); config.is_absolute())
-        return config / kProductFolder;
-    if (const fs::path home = environmentPath("HOME"); home.is_absolute())
-        return home / ".config" / kProductFolder;
-    return {};
+std::optional<fs::path> Resources::userFolder() {
+    return xdgFolder(XdgFolder::Config);
 }
 
 std::optional<fs::path> Resources::find(std::string_view name, std::string_view type) {
@@ -80,26 +78,15 @@ std::optional<fs::path> Resources::find(std::string_view name, std::string_view 
     return std::nullopt;
 }
 
-std::shared_ptr<const PropertyValue> Resources::load(std::string_view name) {
+Result<PropertyValue> Resources::read(std::string_view name) {
     const std::optional<fs::path> file = find(name, "plist");
     if (!file)
-        return std::make_shared<const PropertyValue>();
-    const auto list = lists().read(*file);
-    if (list->trouble)
-        Diagnostics::log("%s", *list->trouble);
-    return {list, &list->root};
+        return failure(fmt::format("{}.plist: not found among the program's resources", name));
+    return readPropertyList(*file);
 }
 
-std::vector<std::string> Resources::troubles(std::span<const std::string_view> names) {
-    std::vector<std::string> sentences;
-    for (const std::string_view name : names) {
-        const std::optional<fs::path> file = find(name, "plist");
-        if (!file)
-            continue;
-        if (const auto list = lists().read(*file); list->trouble)
-            sentences.push_back(*list->trouble);
-    }
-    return sentences;
+PropertyValue Resources::load(std::string_view name) {
+    return read(name).value_or(PropertyValue());
 }
 
 } // namespace scenewright

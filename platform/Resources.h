@@ -5,20 +5,29 @@
 //   2. $XDG_CONFIG_HOME/scenewright, or ~/.config/scenewright;
 //   3. share/scenewright beside the folder of the running program (installed and build trees
 //      alike).
-// Main thread, or before other threads start; `find` and `load` may be called by any thread after.
+// Main thread, or before other threads start; `find`, `read` and `load` may be called by any thread
+// after.
 #pragma once
 
 #include "platform/PropertyList.h"
+#include "platform/Result.h"
 
 #include <filesystem>
-#include <memory>
 #include <optional>
-#include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace scenewright {
+
+// The folders that a user's environment sets aside for the files of a program.
+enum class XdgFolder {
+    Config, // $XDG_CONFIG_HOME/scenewright, or ~/.config/scenewright
+    State,  // $XDG_STATE_HOME/scenewright, or ~/.local/state/scenewright
+};
+
+// The folder's path, whether it exists or not; nothing when neither variable gives one. A relative
+// value counts as unset: it would change with the working folder. Any thread.
+[[nodiscard]] std::optional<std::filesystem::path> xdgFolder(XdgFolder folder);
 
 class Resources {
 public:
@@ -30,19 +39,20 @@ public:
     // The folders in the order of the search; folders that do not exist are listed too.
     [[nodiscard]] static std::vector<std::filesystem::path> searchPath();
 
-    // The user's own folder, the second of the search (whether it exists or not).
-    [[nodiscard]] static std::filesystem::path userFolder();
+    // The user's own folder, the second of the search (whether it exists or not); nothing without a
+    // home folder.
+    [[nodiscard]] static std::optional<std::filesystem::path> userFolder();
 
-    // The first file `name`.`type` of the search; nothing when there is none.
+    // The first file `name`.`type` of the search; nothing when there is none. A folder or a broken
+    // link of that name is found too: the user is to hear of it, rather than get another file.
     [[nodiscard]] static std::optional<std::filesystem::path> find(std::string_view name,
                                                                    std::string_view type);
 
-    // The property list `name`.plist as its file is now; never null. Absent when it is missing or
-    // cannot be read; the latter is logged in one line.
-    [[nodiscard]] static std::shared_ptr<const PropertyValue> load(std::string_view name);
+    // The property list `name`.plist as its file is now, or one sentence that names the file.
+    [[nodiscard]] static Result<PropertyValue> read(std::string_view name);
 
-    // One sentence a property list of the search that exists but cannot be read.
-    [[nodiscard]] static std::vector<std::string> troubles(std::span<const std::string_view> names);
+    // The same; an absent value when there is none that can be read.
+    [[nodiscard]] static PropertyValue load(std::string_view name);
 };
 
 } // namespace scenewright

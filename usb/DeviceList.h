@@ -12,7 +12,8 @@ struct DeviceIds {
     friend bool operator==(const DeviceIds&, const DeviceIds&) = default;
 };
 
-// In the order of the list; empty when it is missing or cannot be read.
+// In the order of the list, as its file is now; empty when it is missing or cannot be read. An
+// entry without two identifiers of 16 bits is none.
 [[nodiscard]] std::vector<DeviceIds> deviceList();
 
 } // namespace scenewright

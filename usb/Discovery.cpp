@@ -67,9 +67,9 @@ std::shared_ptr<UsbDevice> makeDevice(std::unique_ptr<UsbService> service) {
 
 // The list is asked for anew for every device, so that a user's change counts at once.
 bool isListed(std::int32_t vendor, std::int32_t product) {
-    const std::shared_ptr<const PropertyValue> list = Resources::load("project");
+    const PropertyValue list = Resources::load("project");
     std::int32_t index = 0;
-    for (const PropertyValue& entry : list->elements()) {
+    for (const PropertyValue& entry : list.elements()) {
         const std::int32_t listedVendor = entry["VID"].integer();
         const std::int32_t listedProduct = entry["PID"].integer();
         Diagnostics::console("list index:%d (vendor %ld, product %ld)\n", index, listedVendor,

@@ -73,13 +73,13 @@ const std::array<OptionList, kOptionListCount>& optionLists() {
 }
 
 std::shared_ptr<PopUpValue> loadPopUpValue() {
-    const std::shared_ptr<const PropertyValue> basic = Resources::load("basic");
+    const PropertyValue basic = Resources::load("basic");
     std::map<std::string_view, Titles> byKey;
     auto lists = std::make_shared<PopUpValue>();
     for (const OptionList& list : optionLists()) {
         const auto [entry, isNew] = byKey.try_emplace(list.key);
         if (isNew)
-            entry->second = titlesOf((*basic)[list.key]);
+            entry->second = titlesOf(basic[list.key]);
         list.set(*lists, entry->second);
     }
     return lists;

@@ -2,7 +2,6 @@
 
 #include "editor/qt/Text.h"
 #include "platform/Diagnostics.h"
-#include "platform/Resources.h"
 #include "protocol/SendJob.h"
 #include "usb/ConnectCause.h"
 #include "usb/Transport.h"
@@ -13,36 +12,11 @@ namespace scenewright {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // A read leaves the interface open until the next transaction.
 bool hasOwnClaim() {
     const auto interface = Transport::instance().interface();
     return interface && !interface->isStale();
 }
-
-// The device list as it was when its file last changed: reading it at every look would be work, and
-// a log line each time for a file that cannot be read.
-class ListedKeyboards {
-public:
-    const std::vector<DeviceIds>& current() {
-        const fs::path file = Resources::find("project", "plist").value_or("");
-        std::error_code error;
-        const auto changed = fs::last_write_time(file, error);
-        if (!isRead_ || file != file_ || changed != changed_)
-            list_ = deviceList();
-        isRead_ = true;
-        file_ = file;
-        changed_ = changed;
-        return list_;
-    }
-
-private:
-    bool isRead_ = false;
-    fs::path file_;
-    fs::file_time_type changed_;
-    std::vector<DeviceIds> list_;
-};
 
 const char* nameOf(KeyboardPresence presence) {
     switch (presence) {
@@ -97,7 +71,7 @@ KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_
 }
 
 KeyboardWatch::Look KeyboardWatch::kernelLook() {
-    return [listed = ListedKeyboards()]() mutable { return keyboardPresence(listed.current()); };
+    return [] { return keyboardPresence(deviceList()); };
 }
 
 void KeyboardWatch::look() {

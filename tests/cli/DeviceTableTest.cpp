@@ -60,6 +60,16 @@ TEST(DeviceTable, AUserWithAListOfTheirOwnNeedNotCopyIt) {
               std::string::npos);
 }
 
+TEST(DeviceTable, AUserWithoutAHomeNamesAFolder) {
+    DeviceListPlace homeless = kList;
+    homeless.userOwn.clear();
+    EXPECT_NE(deviceTable({{strangeKeyboard()}}, homeless)
+                  .find("  To add it, copy " + kList.inUse.string() +
+                        " to a folder that you name with --resources and\n"
+                        "  put these lines before the line </array>:\n"),
+              std::string::npos);
+}
+
 TEST(DeviceTable, ADeviceThatCannotBeOpenedSaysWhy) {
     MidiDevice device = kKeyboard;
     device.opening = kResultNoDevice;

@@ -1,12 +1,13 @@
 #include "model/FileAction.h"
 
 #include "platform/Resources.h"
+#include "tests/platform/TextFile.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
+#include <filesystem>
 
 namespace scenewright {
 namespace {
@@ -26,7 +27,11 @@ protected:
                   rootEntries + "</dict></plist>");
     }
     void writeFile(const std::string& content) const {
-        std::ofstream(folder_.file("default.plist")) << content;
+        const std::filesystem::path file = folder_.file("default.plist");
+        if (std::filesystem::exists(file))
+            rewriteText(file, content); // as the same file by its time
+        else
+            writeText(file, content);
     }
 
 private:
@@ -76,10 +81,10 @@ TEST_F(FileActionTest, TwoScenesShareNothing) {
 }
 
 TEST_F(FileActionTest, FileIsReadAnewAtEachCall) {
-    writeDefault(arrayOf(numberOf("CR", 1), numberOf("CR", 2)));
-    EXPECT_EQ(FileAction::GetSceneFromDefault()->buttonValueArray()[0]->CR(), 1);
-    writeDefault(arrayOf(numberOf("CR", 7), numberOf("CR", 2)));
-    EXPECT_EQ(FileAction::GetSceneFromDefault()->buttonValueArray()[0]->CR(), 7);
+    for (const int red : {1, 7, 3}) {
+        writeDefault(arrayOf(numberOf("CR", red), numberOf("CR", 2)));
+        EXPECT_EQ(FileAction::GetSceneFromDefault()->buttonValueArray()[0]->CR(), red);
+    }
 }
 
 TEST_F(FileActionTest, UnreadableFileGivesNoControlsAndZeros) {

@@ -1,8 +1,14 @@
 #include "platform/PropertyList.h"
 
+#include "tests/platform/TextFile.h"
+#include "tests/support/TempFolder.h"
+
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <limits>
+#include <optional>
+#include <sys/stat.h>
 
 namespace scenewright {
 namespace {
@@ -15,15 +21,13 @@ std::string document(const std::string& body) {
 }
 
 PropertyValue parsed(const std::string& body) {
-    PropertyListFile file = parsePropertyList(document(body), "list");
-    EXPECT_EQ(file.trouble.value_or("none"), "none");
-    return std::move(file.root);
+    Result<PropertyValue> list = parsePropertyList(document(body), "list");
+    EXPECT_TRUE(list) << list.error();
+    return std::move(list).value_or(PropertyValue());
 }
 
-std::string troubleOf(std::string_view bytes) {
-    const PropertyListFile file = parsePropertyList(bytes, "bad.plist");
-    EXPECT_TRUE(file.root.isAbsent());
-    return file.trouble.value_or("none");
+std::string errorOf(const Result<PropertyValue>& list) {
+    return list ? "none" : list.error();
 }
 
 TEST(PropertyList, DictionaryEntriesAreFoundByKey) {
@@ -60,10 +64,11 @@ TEST(PropertyList, KindsWithoutUseAreAbsent) {
     EXPECT_TRUE(parsed("<date>2001-01-01T00:00:00Z</date>").isAbsent());
 }
 
-TEST(PropertyList, AKeyGivenTwiceKeepsOneEntry) {
+TEST(PropertyList, AKeyGivenTwiceHasItsLastValue) {
     const PropertyValue root =
         parsed("<dict><key>a</key><integer>1</integer><key>a</key><integer>2</integer></dict>");
     EXPECT_EQ(std::get<PropertyValue::Dictionary>(root.node()).size(), 1U);
+    EXPECT_EQ(root["a"].integer(), 2); // the last one's
 }
 
 struct IntegerCase {
@@ -77,6 +82,10 @@ TEST(PropertyList, ValuesReadAsIntegers) {
         {"<integer>-1</integer>", -1},
         {"<integer>2147483648</integer>", std::numeric_limits<std::int32_t>::max()},
         {"<integer>-2147483649</integer>", std::numeric_limits<std::int32_t>::min()},
+        {"<integer>9223372036854775808</integer>", std::numeric_limits<std::int32_t>::max()},
+        {"<integer>18446744073709551615</integer>", std::numeric_limits<std::int32_t>::max()},
+        {"<integer>99999999999999999999</integer>", std::numeric_limits<std::int32_t>::max()},
+        {"<integer>-9223372036854775809</integer>", std::numeric_limits<std::int32_t>::min()},
         {"<real>12.9</real>", 12},
         {"<real>-12.9</real>", -12},
         {"<real>1e30</real>", std::numeric_limits<std::int32_t>::max()},
@@ -99,26 +108,50 @@ TEST(PropertyList, ValuesReadAsIntegers) {
         EXPECT_EQ(parsed(item.body).integer(), item.value) << item.body;
 }
 
+TEST(PropertyList, OnlyWhatHasANumberGivesOne) {
+    EXPECT_EQ(parsed("<integer>12</integer>").number(), 12);
+    EXPECT_EQ(parsed("<real>12.9</real>").number(), 12);
+    EXPECT_EQ(parsed("<string> 12 channels</string>").number(), 12);
+    for (const char* none : {"<true/>", "<string/>", "<string>- 7</string>", "<string>a</string>",
+                             "<real>nan</real>", "<data/>", "<array/>", "<dict/>"})
+        EXPECT_EQ(parsed(none).number(), std::nullopt) << none;
+}
+
 TEST(PropertyList, NotANumberReadsAsZero) {
     EXPECT_EQ(PropertyValue(std::numeric_limits<double>::quiet_NaN()).integer(), 0);
 }
 
 TEST(PropertyList, WhatIsNoPropertyListIsToldInOneSentence) {
-    const std::string sentence = "Cannot read bad.plist: it is not a property list.";
-    EXPECT_EQ(troubleOf(""), sentence);
-    EXPECT_EQ(troubleOf("some words that are no list"), sentence);
-    EXPECT_EQ(troubleOf("<plist version=\"1.0\"><dict>"), sentence);
-    EXPECT_EQ(troubleOf("bplist00"), sentence);
-    EXPECT_EQ(troubleOf("bplist99 of another version than the known one"), sentence);
-    EXPECT_EQ(troubleOf(document("<string>a\" <b </string>")), sentence);
-    EXPECT_EQ(troubleOf(document(std::string("<string>\0</string>", 18))), sentence);
+    for (const char* text : {"", "some words that are no list", "<plist version=\"1.0\"><dict>",
+                             "bplist00", "bplist99 of another version than the known one"})
+        EXPECT_EQ(errorOf(parsePropertyList(text, "bad.plist")),
+                  "Cannot read bad.plist: it is not a property list")
+            << text;
 }
 
-TEST(PropertyList, AMissingFileIsToldWithItsName) {
-    const PropertyListFile file = readPropertyList("/nowhere/list.plist");
-    EXPECT_EQ(file.trouble.value_or("none"),
-              "Cannot read /nowhere/list.plist: No such file or directory.");
-    EXPECT_TRUE(file.root.isAbsent());
+TEST(PropertyList, WhatIsNoRegularFileIsToldWithItsNameAndNotWaitedFor) {
+    const testing::TempFolder folder;
+    const std::string file = folder.file("list.plist");
+    EXPECT_EQ(errorOf(readPropertyList(file)),
+              "Cannot read " + file + ": No such file or directory");
+    std::filesystem::create_symlink("nowhere", file);
+    EXPECT_EQ(errorOf(readPropertyList(file)),
+              "Cannot read " + file + ": it is a link to a file that does not exist");
+    std::filesystem::remove(file);
+    ASSERT_EQ(::mkfifo(file.c_str(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_EQ(errorOf(readPropertyList(file)),
+              "Cannot read " + file + ": it is not a regular file");
+    EXPECT_EQ(errorOf(readPropertyList(folder.path())),
+              "Cannot read " + folder.path().string() + ": it is a folder");
+    EXPECT_EQ(errorOf(readPropertyList("/dev/zero")),
+              "Cannot read /dev/zero: it is not a regular file");
+}
+
+TEST(PropertyList, AFileOfMoreThanSixteenMiBIsToldWithItsName) {
+    const testing::TempFolder folder;
+    writeText(folder.file("long.plist"), std::string(16UL * 1024 * 1024 + 1, ' '));
+    EXPECT_EQ(errorOf(readPropertyList(folder.file("long.plist"))),
+              "Cannot read " + folder.file("long.plist") + ": it is longer than 16 MiB");
 }
 
 } // namespace

@@ -6,8 +6,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <cstdlib>
+#include <filesystem>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace scenewright {
 namespace {
@@ -47,6 +50,7 @@ protected:
     void TearDown() override {
         Resources::setFolder({});
         Diagnostics::setLog({});
+        Diagnostics::setConsole({});
     }
 
     testing::TempFolder folder_;
@@ -83,7 +87,7 @@ TEST_F(ResourcesTest, ARelativeConfigurationFolderCountsAsUnset) {
 TEST_F(ResourcesTest, WithoutAHomeThereIsNoUsersFolder) {
     const Environment home("HOME", std::nullopt);
     const Environment config("XDG_CONFIG_HOME", std::nullopt);
-    EXPECT_EQ(Resources::userFolder(), "");
+    EXPECT_EQ(Resources::userFolder(), std::nullopt);
     EXPECT_EQ(Resources::searchPath(), Paths{shared_});
 }
 
@@ -94,43 +98,92 @@ TEST_F(ResourcesTest, EachFileIsLookedForByItself) {
     writeText(user_ / "two.plist", listNaming("user"));
     EXPECT_EQ(Resources::find("one", "plist"), given_ / "one.plist");
     EXPECT_EQ(Resources::find("two", "plist"), user_ / "two.plist");
-    EXPECT_EQ(Resources::load("one")->text(), "given");
-    EXPECT_EQ(Resources::load("two")->text(), "user");
+    EXPECT_EQ(Resources::load("one").text(), "given");
+    EXPECT_EQ(Resources::load("two").text(), "user");
 }
 
 TEST_F(ResourcesTest, WhatTheUserDoesNotReplaceComesWithTheProgram) {
     EXPECT_EQ(Resources::find("project", "plist"), shared_ / "project.plist");
-    EXPECT_EQ(Resources::load("project")->elements().size(), 1U);
+    EXPECT_EQ(Resources::load("project").elements().size(), 1U);
 }
 
-TEST_F(ResourcesTest, AFolderOfTheNameIsNotTheFile) {
-    fs::create_directory(user_ / "project.plist");
-    EXPECT_EQ(Resources::find("project", "plist"), shared_ / "project.plist");
+TEST_F(ResourcesTest, AListIsReadAnewEachTime) {
+    const auto textOf = [] { return std::string(Resources::load("one").text()); };
+    const fs::path file = user_ / "one.plist";
+    writeText(file, listNaming("one"));
+    EXPECT_EQ(textOf(), "one");
+    rewriteText(file, listNaming("two"));
+    EXPECT_EQ(textOf(), "two");
+    fs::remove(file);
+    EXPECT_EQ(textOf(), "");
 }
 
-TEST_F(ResourcesTest, AMissingListIsAbsentAndNotLogged) {
-    std::string log;
-    Diagnostics::setLog([&log](std::string_view line) { log += line; });
+std::string errorOf(const Result<PropertyValue>& list) {
+    return list ? "none" : list.error();
+}
+
+TEST_F(ResourcesTest, AMissingListIsToldByItsName) {
     EXPECT_EQ(Resources::find("nothing", "plist"), std::nullopt);
-    EXPECT_TRUE(Resources::load("nothing")->isAbsent());
-    EXPECT_EQ(log, "");
+    EXPECT_EQ(errorOf(Resources::read("nothing")),
+              "nothing.plist: not found among the program's resources");
+    EXPECT_TRUE(Resources::load("nothing").isAbsent());
 }
 
-TEST_F(ResourcesTest, AListThatCannotBeReadIsAbsentAndLogged) {
-    std::string log;
-    Diagnostics::setLog([&log](std::string_view line) { log += line; });
+TEST_F(ResourcesTest, AListThatCannotBeReadIsToldAndHidesTheOneBehindIt) {
+    const fs::path file = user_ / "project.plist";
+    const std::string sentence = "Cannot read " + file.string() + ": ";
+    writeText(file, "no list at all");
+    EXPECT_EQ(errorOf(Resources::read("project")), sentence + "it is not a property list");
+    EXPECT_TRUE(Resources::load("project").isAbsent());
+    fs::remove(file);
+    fs::create_directory(file);
+    EXPECT_EQ(errorOf(Resources::read("project")), sentence + "it is a folder");
+    fs::remove(file);
+    fs::create_symlink("nowhere", file);
+    EXPECT_EQ(errorOf(Resources::read("project")),
+              sentence + "it is a link to a file that does not exist");
+    EXPECT_TRUE(Resources::load("project").isAbsent());
+}
+
+TEST_F(ResourcesTest, LoadingWritesNothingToTheStreams) {
+    std::string written;
+    Diagnostics::setLog([&](std::string_view line) { written += line; });
+    Diagnostics::setConsole([&](std::string_view text) { written += text; });
     writeText(user_ / "project.plist", "no list at all");
-    EXPECT_TRUE(Resources::load("project")->isAbsent());
-    EXPECT_EQ(log,
-              "Cannot read " + (user_ / "project.plist").string() + ": it is not a property list.");
+    EXPECT_TRUE(Resources::load("project").isAbsent());
+    EXPECT_TRUE(Resources::load("nothing").isAbsent());
+    EXPECT_EQ(written, "");
 }
 
-TEST_F(ResourcesTest, TroublesNameTheListsThatCannotBeRead) {
-    writeText(user_ / "basic.plist", "no list at all");
-    static constexpr std::array<std::string_view, 3> kNames{"project", "basic", "nothing"};
-    EXPECT_EQ(Resources::troubles(kNames),
-              std::vector<std::string>{"Cannot read " + (user_ / "basic.plist").string() +
-                                       ": it is not a property list."});
+struct XdgCase {
+    std::optional<std::string> config;
+    std::optional<std::string> state;
+    std::optional<std::string> home;
+    std::optional<fs::path> configFolder;
+    std::optional<fs::path> stateFolder;
+};
+
+TEST(XdgFolder, FollowsTheEnvironmentWithAbsolutePathsAlone) {
+    const std::optional<std::string> unset;
+    const std::vector<XdgCase> cases{
+        {"/c", "/s", "/h", "/c/scenewright", "/s/scenewright"},
+        {"/c", "/s", unset, "/c/scenewright", "/s/scenewright"},
+        {unset, unset, "/h", "/h/.config/scenewright", "/h/.local/state/scenewright"},
+        {"", "", "/h", "/h/.config/scenewright", "/h/.local/state/scenewright"},
+        {"c", "./s", "/h", "/h/.config/scenewright", "/h/.local/state/scenewright"},
+        {"c", "s", "h", std::nullopt, std::nullopt},
+        {unset, unset, "h", std::nullopt, std::nullopt},
+        {unset, unset, "", std::nullopt, std::nullopt},
+        {unset, unset, unset, std::nullopt, std::nullopt},
+    };
+    for (const XdgCase& row : cases) {
+        const Environment config("XDG_CONFIG_HOME", row.config);
+        const Environment state("XDG_STATE_HOME", row.state);
+        const Environment home("HOME", row.home);
+        const auto place = &row - cases.data();
+        EXPECT_EQ(xdgFolder(XdgFolder::Config), row.configFolder) << "row " << place;
+        EXPECT_EQ(xdgFolder(XdgFolder::State), row.stateFolder) << "row " << place;
+    }
 }
 
 } // namespace

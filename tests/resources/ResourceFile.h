@@ -15,9 +15,9 @@ namespace scenewright {
 inline PropertyValue resource(const std::string& name) {
     const std::filesystem::path folder =
         std::filesystem::path(SCENEWRIGHT_SOURCE_DIR) / "resources";
-    PropertyListFile file = readPropertyList(folder / (name + ".plist"));
-    EXPECT_EQ(file.trouble.value_or("none"), "none");
-    return std::move(file.root);
+    Result<PropertyValue> list = readPropertyList(folder / (name + ".plist"));
+    EXPECT_TRUE(list) << list.error();
+    return std::move(list).value_or(PropertyValue());
 }
 
 // The keys of a dictionary, sorted by byte.

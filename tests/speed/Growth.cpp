@@ -32,7 +32,7 @@ void readList(benchmark::State& state, const char* form) {
                                           std::to_string(scenesOf(state)) + form);
     const std::string text(bytes.begin(), bytes.end());
     for (auto _ : state)
-        if (parsePropertyList(text, "list").root.elements().size() != scenesOf(state))
+        if (parsePropertyList(text, "list").value().elements().size() != scenesOf(state))
             return state.SkipWithError("the list was not read");
     countBytes(state, text.size());
 }

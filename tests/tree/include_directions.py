@@ -36,7 +36,7 @@ ALLOWED = {
 CONFINED = [
     ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt", "app/qt"}, None),
     ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 1),
-    ("libplist", re.compile(r"<plist/.*>"), {"platform"}, None),
+    ("expat", re.compile(r"<expat\.h>"), {"platform"}, None),
 ]
 
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(<[^>]+>|"[^"]+")', re.MULTILINE)

@@ -21,10 +21,28 @@ TEST_F(DeviceListTest, HoldsThePairsOfTheFileInTheirOrder) {
 }
 
 TEST_F(DeviceListTest, IsReadAnewEachTime) {
-    list({{"4617", "1"}});
-    EXPECT_EQ(pairs().size(), 1U);
-    list({});
-    EXPECT_TRUE(pairs().empty());
+    for (const std::int32_t product : {1, 2, 3}) {
+        relist({{"4617", std::to_string(product)}});
+        EXPECT_EQ(pairs(), (std::vector<std::pair<std::int32_t, std::int32_t>>{{0x1209, product}}));
+    }
+}
+
+TEST_F(DeviceListTest, EntriesWithoutAWholePairAreNone) {
+    const auto pairOf = [](const std::string& vendor, const std::string& product) {
+        return "<dict><key>VID</key>" + vendor + "<key>PID</key>" + product + "</dict>";
+    };
+    const std::string one = "<integer>1</integer>";
+    std::string entries = "<dict/><string>x</string><integer>1</integer><array/>"
+                          "<dict><key>VID</key>" +
+                          one + "</dict><dict><key>PID</key>" + one + "</dict>";
+    for (const char* none :
+         {"<integer>-1</integer>", "<integer>65536</integer>", "<string/>", "<string>x1</string>",
+          "<string>65536</string>", "<true/>", "<data/>", "<array/>", "<real>nan</real>"})
+        entries += pairOf(none, one) + pairOf(one, none);
+    entries += pairOf("<integer>0</integer>", "<integer>65535</integer>") +
+               pairOf("<string> 12 and more</string>", "<real>13.5</real>");
+    listText("<plist version=\"1.0\"><array>" + entries + "</array></plist>");
+    EXPECT_EQ(pairs(), (std::vector<std::pair<std::int32_t, std::int32_t>>{{0, 65535}, {12, 13}}));
 }
 
 } // namespace

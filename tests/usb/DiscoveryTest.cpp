@@ -96,20 +96,24 @@ TEST_F(Discovery, DeviceThatDoesNotMatchIsPassedOverForTheNext) {
 }
 
 TEST_F(Discovery, ListIsReadAgainForEveryDevice) {
-    script->devices = {{.name = "one", .product = 7}, {.name = "two", .product = 8}};
-    list({{"1", "1"}});
-    int plugIns = 0;
+    script->devices.clear();
+    for (std::uint16_t product = 1; product <= 5; ++product)
+        script->devices.push_back({.name = "some", .product = product});
+    int examined = 0;
+    std::string expected;
     Diagnostics::setConsole([&](std::string_view text) {
         console += text;
-        if (text.starts_with("Found device") && ++plugIns == 2)
-            list({{"4617", "8"}});
+        if (!text.starts_with("Found device"))
+            return;
+        ++examined;
+        relist({{"4617", std::to_string(examined == 5 ? 5 : examined + 4)}});
     });
     EXPECT_TRUE(InterfaceAction::FindDevice());
-    EXPECT_EQ(console, "Found device (vendor 4617, product 7)\n"
-                       "list index:0 (vendor 1, product 1)\n"
-                       "Found device (vendor 4617, product 8)\n"
-                       "list index:0 (vendor 4617, product 8)\n"
-                       "get it");
+    for (int product = 1; product <= 5; ++product)
+        expected += "Found device (vendor 4617, product " + std::to_string(product) +
+                    ")\nlist index:0 (vendor 4617, product " +
+                    std::to_string(product == 5 ? 5 : product + 4) + ")\n";
+    EXPECT_EQ(console, expected + "get it");
 }
 
 TEST_F(Discovery, EmptyListMatchesNothing) {

@@ -57,6 +57,12 @@ protected:
     }
 
     void list(const std::vector<Listed>& devices) { listText(projectPlist(devices)); }
+    // Changes the list without its file's time.
+    void relist(const std::vector<Listed>& devices) {
+        const auto written = std::filesystem::last_write_time(folder_ / "project.plist");
+        list(devices);
+        std::filesystem::last_write_time(folder_ / "project.plist", written);
+    }
     void listText(const std::string& text) { std::ofstream(folder_ / "project.plist") << text; }
 
     // Opens the first device's second interface and forgets how.
