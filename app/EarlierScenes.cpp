@@ -2,6 +2,7 @@
 
 #include "bank/BankFile.h"
 #include "model/Control.h"
+#include "platform/Resources.h"
 #include "platform/WholeFile.h"
 
 #include <fmt/chrono.h>
@@ -57,31 +58,30 @@ bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-fs::path EarlierScenes::stateFolder() {
-    fs::path state;
-    if (const char* given = std::getenv("XDG_STATE_HOME"); given != nullptr && *given == '/')
-        state = given;
-    else if (const char* home = std::getenv("HOME"); home != nullptr)
-        state = fs::path(home) / ".local" / "state";
-    return state / "scenewright" / "backups";
+std::optional<fs::path> EarlierScenes::stateFolder() {
+    if (const auto state = xdgFolder(XdgFolder::State))
+        return *state / "backups";
+    return std::nullopt;
 }
 
 std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
                                                Clock::time_point now) const {
     if (scenes.size() < static_cast<std::size_t>(kSceneCount))
         return std::nullopt;
+    if (!folder_)
+        return "there is no home folder to keep them in";
     const BankImage image = encodeBank(scenes);
     const std::vector<Bank> kept = list();
     if (!kept.empty() && isSame(kept.front().file, image))
         return std::nullopt;
     std::error_code error;
-    fs::create_directories(folder_, error);
+    fs::create_directories(*folder_, error);
     if (error)
-        return fmt::format("{}: {}", folder_.string(), error.message());
+        return fmt::format("{}: {}", folder_->string(), error.message());
     // A clock that was set back, or that has not moved, must not put the newest bank elsewhere.
     if (!kept.empty())
         now = std::max(now, kept.front().kept + milliseconds(1));
-    if (auto trouble = writeWholeFile(folder_ / nameFor(now), image))
+    if (auto trouble = writeWholeFile(*folder_ / nameFor(now), image))
         return trouble;
     for (std::size_t place = kMost - 1; place < kept.size(); ++place)
         fs::remove(kept[place].file, error);
@@ -91,7 +91,9 @@ std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
 std::vector<EarlierScenes::Bank> EarlierScenes::list() const {
     std::vector<Bank> banks;
     std::error_code error;
-    for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
+    if (!folder_)
+        return banks;
+    for (fs::directory_iterator entry(*folder_, error), end; !error && entry != end;
          entry.increment(error))
         if (const auto time = timeOf(entry->path().filename().string()))
             banks.push_back({entry->path(), *time});

@@ -23,11 +23,12 @@ public:
     };
     static constexpr std::size_t kMost = 20;
 
-    explicit EarlierScenes(std::filesystem::path folder = stateFolder())
+    explicit EarlierScenes(std::optional<std::filesystem::path> folder = stateFolder())
         : folder_(std::move(folder)) {}
 
-    // $XDG_STATE_HOME/scenewright/backups, or the same under ~/.local/state.
-    [[nodiscard]] static std::filesystem::path stateFolder();
+    // $XDG_STATE_HOME/scenewright/backups, or the same under ~/.local/state; nothing without
+    // either.
+    [[nodiscard]] static std::optional<std::filesystem::path> stateFolder();
 
     // Keeps the first four scenes, unless the newest bank holds the same; drops the oldest ones
     // beyond kMost. Nothing, or one sentence: then nothing was dropped either. A list of fewer than
@@ -39,7 +40,7 @@ public:
     [[nodiscard]] std::vector<Bank> list() const;
 
 private:
-    std::filesystem::path folder_;
+    std::optional<std::filesystem::path> folder_; // without one nothing is kept
 };
 
 } // namespace scenewright

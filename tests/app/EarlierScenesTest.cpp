@@ -131,6 +131,20 @@ TEST(EarlierScenesFolder, FollowsTheStateFolder) {
     EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
 }
 
+TEST(EarlierScenesFolder, WithoutAHomeNothingIsKeptAndThatIsTold) {
+    unsetenv("XDG_STATE_HOME");
+    for (const char* home : {"", "home/player"}) {
+        setenv("HOME", home, 1);
+        EXPECT_EQ(EarlierScenes::stateFolder(), std::nullopt);
+    }
+    unsetenv("HOME");
+    const EarlierScenes earlier;
+    EXPECT_EQ(earlier.keep(scenesWithSpeed(1)), "there is no home folder to keep them in");
+    EXPECT_EQ(earlier.keep({}), std::nullopt);
+    EXPECT_TRUE(earlier.list().empty());
+    EXPECT_FALSE(std::filesystem::exists("scenewright"));
+}
+
 } // namespace
 
 } // namespace scenewright
