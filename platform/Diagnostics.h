@@ -34,14 +34,15 @@ constexpr bool formatFits(std::string_view format) {
     static_assert(((StreamText<Args> || StreamNumber<Args>)&&...), "a text or a number");
     constexpr std::array<bool, sizeof...(Args) + 1> kIsText{StreamText<Args>..., false};
     std::size_t argument = 0;
-    for (std::size_t at = format.find('%'); at != format.npos; at = format.find('%', at + 1)) {
+    for (std::size_t at = format.find('%'); at != std::string_view::npos;
+         at = format.find('%', at + 1)) {
         if (format.substr(at + 1).starts_with('%')) {
             ++at;
             continue;
         }
         const std::size_t modifier = format.find_first_not_of("-+ #0123456789", at + 1);
         at = format.find_first_not_of("lz", modifier);
-        if (at == format.npos || argument == sizeof...(Args))
+        if (at == std::string_view::npos || argument == sizeof...(Args))
             return false;
         const bool isText = format[at] == 's' && at == modifier;
         const bool isNumber = std::string_view("dux").find(format[at]) != std::string_view::npos;
@@ -57,8 +58,8 @@ constexpr bool formatFits(std::string_view format) {
 template <typename... Args>
 class Format {
 public:
-    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): literals are passed
     template <StreamText Text>
+    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): literals are passed
     consteval Format(const Text& text) : text_(text) {
         if (!formatFits<Args...>(text_))
             argumentsDoNotFitTheFormat();
@@ -66,7 +67,7 @@ public:
     [[nodiscard]] constexpr std::string_view text() const noexcept { return text_; }
 
 private:
-    static void argumentsDoNotFitTheFormat(); // is no constant: calling it ends the compilation
+    static void argumentsDoNotFitTheFormat() {} // is no constant: calling it ends the compilation
 
     std::string_view text_;
 };
