@@ -20,6 +20,7 @@ TEST_F(WindowMemoryTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
     window().menu().view().actions().at(4)->trigger();
     ASSERT_EQ(window().view().dispaly_index(), 4);
     close();
+    EXPECT_EQ(programSettings().value("displayMode").toInt(), 5); // not written either
     open();
     EXPECT_EQ(window().displayModes().selectedItem(), 2);
     EXPECT_EQ(window().view().dispaly_index(), 2);
