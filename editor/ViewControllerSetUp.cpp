@@ -96,7 +96,7 @@ void ViewController::observeValueForKeyPath_ofObject_change_context(std::string_
 
 void ViewController::operate(const std::function<void()>& operation) {
     struct Operating {
-        explicit Operating(bool& value) : flag(value) { flag = true; }
+        explicit Operating(bool& value) : flag(value) {}
         Operating(const Operating&) = delete;
         Operating& operator=(const Operating&) = delete;
         Operating(Operating&&) = delete;
@@ -109,6 +109,7 @@ void ViewController::operate(const std::function<void()>& operation) {
         return;
     }
     const Operating operating(isOperating_);
+    isOperating_ = true;
     operation();
     if (onChange_)
         onChange_();
