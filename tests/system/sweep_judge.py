@@ -78,6 +78,20 @@ def faults(subject, undisturbed, ended, now):
     return found
 
 
+def earlier_faults(before, after, now):
+    """What is wrong with the earlier scenes, oldest first: there may be those of before, or the new
+    ones with them, or the new ones in the place of the oldest; each whole."""
+
+    def banks(contents):
+        kept = [name for name in sorted(contents) if "/backups/scenes-" in name]
+        return [contents[name][2] for name in kept]
+
+    old, new, found = banks(before), banks(after)[-1:], banks(now)
+    if found in (old, [*old, *new], [*old[1:], *new]):
+        return []
+    return [f"keeps {len(found)} earlier scenes, which are not those that it should"]
+
+
 def faults_when_killed(undisturbed, now):
     """What is wrong with the files after a run that was killed: each is the old or the new one."""
     litter = [name for name in now if LITTER.match(name) and name not in undisturbed.before]

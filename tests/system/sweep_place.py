@@ -37,15 +37,14 @@ def empty(folder):
 class Place:
     """`files` is the working folder of a run; `home` its user's; out and err lie beside them."""
 
-    def __init__(self, folder, template):
+    def __init__(self, folder, template, home=None):
         self.folder = Path(folder)
         self.folder.mkdir(parents=True)
         self.template = template
-        self.in_order = {f"files/{name}": what for name, what in contents(template).items()}
-        self.in_order |= {
-            "files": ("folder", 0o755),
-            "home": ("folder", 0o755),
-        }
+        self.templates = {"files": template} | ({"home": home} if home else {})
+        self.in_order = {"files": ("folder", 0o755), "home": ("folder", 0o755)}
+        for name, source in self.templates.items():
+            self.in_order |= {f"{name}/{path}": what for path, what in contents(source).items()}
         self.files = self.folder / "files"
         self.made = self.folder / "made"
         self.made.mkdir()
@@ -69,7 +68,8 @@ class Place:
             return
         for name in ("files", "home"):
             empty(self.folder / name)
-        shutil.copytree(self.template, self.files, symlinks=True, dirs_exist_ok=True)
+        for name, source in self.templates.items():
+            shutil.copytree(source, self.folder / name, symlinks=True, dirs_exist_ok=True)
         self.files.chmod(0o755)
 
     def environment(self, **more):

@@ -7,6 +7,7 @@ import sweep_run
 from sweep_judge import (
     Subject,
     Undisturbed,
+    earlier_faults,
     faults,
     faults_afterwards,
     faults_when_killed,
@@ -84,6 +85,19 @@ class Kill(unittest.TestCase):
         self.assertEqual(afterwards(ended(), AFTER | {LITTER: NEW}), 1)
         self.assertEqual(afterwards(ended(), BEFORE), 1)
         self.assertEqual(afterwards(ended(2), AFTER), 1)
+
+
+class EarlierScenes(unittest.TestCase):
+    @staticmethod
+    def kept(*banks):
+        return {f"home/backups/scenes-{bank}": ("file", 0o644, bank.encode()) for bank in banks}
+
+    def test_none_is_lost_unless_the_new_ones_are_kept(self):
+        before, after = self.kept("1", "2"), self.kept("2", "3")
+        for right in (("1", "2"), ("1", "2", "3"), ("2", "3")):
+            self.assertEqual(earlier_faults(before, after, self.kept(*right)), [])
+        for wrong in ((), ("2",), ("1", "3"), ("1", "2", "4"), ("3",)):
+            self.assertEqual(len(earlier_faults(before, after, self.kept(*wrong))), 1, wrong)
 
 
 class Order(unittest.TestCase):
