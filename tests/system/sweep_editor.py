@@ -159,8 +159,6 @@ def is_display(job, line):
 
 
 class Sweep:
-    unjudged = 0  # what is judged by nobody
-
     def __init__(self, programs, folder, options):
         self.program = str(programs / "scenewright")
         self.preload = str(programs / "libsweep-preload.so")
@@ -169,7 +167,7 @@ class Sweep:
         self.workers = len(os.sched_getaffinity(0))
         chosen = options.subjects or ACTIONS
         self.subjects = {name: ACTIONS[name] for name in chosen if name in ACTIONS}
-        if options.only == "allocations":
+        if options.only in ("kills", "allocations"):
             self.subjects = {}
         self.undisturbed = {}
         self.local = threading.local()

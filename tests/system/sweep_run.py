@@ -17,7 +17,7 @@ PATIENCE = 60  # seconds, after which a program counts as hung
 
 # Each call, and the errors that it fails with.
 ERRORS = {
-    "openat": ("EMFILE", "EACCES", "EIO"),
+    "openat": ("EMFILE", "EACCES", "EIO", "EOPNOTSUPP"),
     "read": ("EIO", "EINTR"),
     "pread64": ("EIO",),
     "write": ("ENOSPC", "EIO", "EINTR"),

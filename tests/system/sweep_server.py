@@ -24,8 +24,6 @@ LISTENING = re.compile(r"listening at 127\.0\.0\.1:(\d+)")
 
 
 class Sweep:
-    unjudged = 0  # what is judged by nobody
-
     def __init__(self, programs, folder, options):
         self.program = str(programs / PROGRAM)
         self.preload = str(programs / "libsweep-preload.so")
@@ -34,7 +32,7 @@ class Sweep:
         self.workers = len(os.sched_getaffinity(0))
         chosen = options.subjects or SUBJECTS
         self.subjects = {name: SUBJECTS[name] for name in chosen if name in SUBJECTS}
-        if options.only == "allocations":
+        if options.only in ("kills", "allocations"):
             self.subjects = {}
         self.undisturbed = {}
         self.local = threading.local()
