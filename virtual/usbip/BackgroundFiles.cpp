@@ -46,16 +46,28 @@ int writeAll(int fd, std::string_view text) {
     return 0;
 }
 
+FileDescriptor standardOutput() {
+    return FileDescriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
+}
+
+// What standard output holds already stays, by whatever name it is meant: the trace goes behind it.
 Result<FileDescriptor> openForLines(const std::string& name) {
     if (name == "-")
-        return FileDescriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
+        return standardOutput();
     // Not blocking, as opening a pipe would wait for its reader.
-    FileDescriptor file(::open(
-        name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kNewFile));
-    if (!file.isOpen() && errno == ENXIO)
-        return failure("nobody reads it");
-    if (file.isOpen())
-        ::fcntl(file.get(), F_SETFL, ::fcntl(file.get(), F_GETFL) & ~O_NONBLOCK);
+    FileDescriptor file(
+        ::open(name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kNewFile));
+    if (!file.isOpen())
+        return failure(errno == ENXIO ? "nobody reads it" : systemText(errno));
+    struct stat status {};
+    struct stat output {};
+    const bool isRegular = ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
+    if (isRegular && ::fstat(STDOUT_FILENO, &output) == 0 && status.st_dev == output.st_dev &&
+        status.st_ino == output.st_ino)
+        return standardOutput();
+    if (isRegular && ::ftruncate(file.get(), 0) != 0)
+        return failure(systemText(errno));
+    ::fcntl(file.get(), F_SETFL, ::fcntl(file.get(), F_GETFL) & ~O_NONBLOCK);
     return file;
 }
 

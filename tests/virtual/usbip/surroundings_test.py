@@ -173,6 +173,26 @@ class Trace(Case):
             self.assertEqual(server.end(), 0)
             self.assertEqual(lines.read(), b"")
 
+    def test_standard_output_keeps_what_it_holds_under_each_of_its_names(self):
+        for name in ("-", "/dev/stdout", "/dev/fd/1", self.file("k")):
+            with self.subTest(name), open(self.file("k"), "wb") as output:
+                output.write(b"before\n")
+                output.flush()
+                server = self.serve("--trace", name, stdout=output)
+                self.check_serves(server)
+                self.assertEqual(server.end(), 0)
+                self.assertEqual(self.content("k").splitlines()[:2],
+                                 [b"before", b"1 ep2 out ok 4: 09 9c 01 02"])
+
+    def test_file_is_emptied_first(self):
+        with open(self.file("trace"), "wb") as trace:
+            trace.write(b"x" * 5000)
+        server = self.serve("--trace", self.file("trace"))
+        self.check_serves(server)
+        self.assertEqual(server.end(), 0)
+        self.assertTrue(self.content("trace").startswith(b"1 ep2 out ok 4: 09 9c 01 02\n"))
+        self.assertLess(os.path.getsize(self.file("trace")), 5000)
+
     def test_standard_output_that_is_closed_is_told(self):
         server = self.serve_told("--trace", "-", preexec_fn=lambda: os.close(1))
         self.check_serves(server)
