@@ -1,12 +1,20 @@
 #include "platform/DiagnosticSinks.h"
 
+#include "platform/FileDescriptor.h"
+#include "platform/NamedFiles.h"
+#include "platform/StandardStreams.h"
+
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <memory>
+#include <mutex>
 #include <string_view>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -14,9 +22,29 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666; // before the process's umask
 
-void writeFlushed(std::FILE* file, std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fflush(file);
+// A stream's file and what became of it.
+class StreamFile {
+public:
+    StreamFile(std::string name, FileDescriptor file)
+        : name_(std::move(name)), file_(std::move(file)) {}
+
+    void write(std::string_view text) noexcept {
+        if (!writeOrDrop(file_.get(), text))
+            isWhole_ = false;
+    }
+    [[nodiscard]] bool isWhole() const noexcept { return isWhole_; }
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+
+private:
+    std::string name_;
+    FileDescriptor file_;
+    std::atomic<bool> isWhole_ = true;
+};
+
+// The files that the streams were sent to, for the end of the program.
+std::vector<std::shared_ptr<StreamFile>>& streamFiles() {
+    static std::vector<std::shared_ptr<StreamFile>> files;
+    return files;
 }
 
 std::string asOneLine(std::string_view line) {
@@ -32,51 +60,76 @@ std::string asOneLine(std::string_view line) {
     return text;
 }
 
-// Empties or makes the file. Both streams may name the same one: each piece then goes to its end.
-std::shared_ptr<std::FILE> openForAppending(const std::string& name) {
-    const int fd =
-        ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, kNewFileMode);
-    if (fd < 0)
-        return nullptr;
-    std::FILE* file = ::fdopen(fd, "a");
-    if (file == nullptr) {
-        ::close(fd);
-        return nullptr;
-    }
-    return {file, [](std::FILE* owned) { std::fclose(owned); }};
+std::string cannotWrite(const std::string& name, const std::string& why) {
+    return "Cannot write " + name + ": " + why + ".";
 }
 
-using MakeSink = Diagnostics::Sink (*)(std::FILE*);
+Diagnostics::Sink consoleSinkOf(std::shared_ptr<StreamFile> file) {
+    return [file = std::move(file)](std::string_view text) { file->write(text); };
+}
+
+Diagnostics::Sink logSinkOf(std::shared_ptr<StreamFile> file) {
+    return [file = std::move(file)](std::string_view line) { file->write(asOneLine(line)); };
+}
+
+using MakeSink = Diagnostics::Sink (*)(std::shared_ptr<StreamFile>);
 using SetSink = void (*)(Diagnostics::Sink);
 
-std::optional<std::string> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink) {
-    if (name == "-") {
-        setSink(makeSink(stderr));
-        return std::nullopt;
-    }
-    std::shared_ptr<std::FILE> file = openForAppending(name);
-    if (file == nullptr)
-        return "Cannot write " + name + ": " + std::generic_category().message(errno) + ".";
-    setSink([file, sink = makeSink(file.get())](std::string_view text) { sink(text); });
-    return std::nullopt;
+Result<void> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink) {
+    const auto fd = openForDiagnostics(name == "-" ? "/dev/stderr" : name);
+    if (!fd)
+        return failure(fd.error());
+    auto file = std::make_shared<StreamFile>(name, FileDescriptor(*fd));
+    streamFiles().push_back(file);
+    setSink(makeSink(std::move(file)));
+    return {};
 }
 
 } // namespace
 
-Diagnostics::Sink consoleSink(std::FILE* file) {
-    return [file](std::string_view text) { writeFlushed(file, text); };
+Diagnostics::Sink consoleSink(int fd) {
+    return [fd](std::string_view text) { writeOrDrop(fd, text); };
 }
 
-Diagnostics::Sink logSink(std::FILE* file) {
-    return [file](std::string_view line) { writeFlushed(file, asOneLine(line)); };
+Diagnostics::Sink logSink(int fd) {
+    return [fd](std::string_view line) { writeOrDrop(fd, asOneLine(line)); };
 }
 
-std::optional<std::string> sendConsoleTo(const std::string& name) {
-    return sendTo(name, consoleSink, Diagnostics::setConsole);
+Result<void> sendConsoleTo(const std::string& name) {
+    return sendTo(name, &consoleSinkOf, &Diagnostics::setConsole);
 }
 
-std::optional<std::string> sendLogTo(const std::string& name) {
-    return sendTo(name, logSink, Diagnostics::setLog);
+Result<void> sendLogTo(const std::string& name) {
+    return sendTo(name, &logSinkOf, &Diagnostics::setLog);
+}
+
+Result<void> endDiagnostics() {
+    Diagnostics::setConsole({});
+    Diagnostics::setLog({});
+    for (const auto& file : std::exchange(streamFiles(), {}))
+        if (!file->isWhole())
+            return failure(file->name() + ": not all of it could be written");
+    return {};
+}
+
+Result<int> openForDiagnostics(const std::string& name) {
+    const auto descriptor = namedDescriptor(name);
+    // Not waiting for a reader is the file's own flag here; a descriptor's is shared with others.
+    const int fd = descriptor ? ::fcntl(*descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
+                              : ::open(name.c_str(),
+                                       O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY |
+                                           O_CLOEXEC,
+                                       kNewFileMode);
+    FileDescriptor file(fd);
+    if (!file.isOpen())
+        return failure(cannotWrite(name, errno == ENXIO
+                                             ? "nobody reads this pipe"
+                                             : std::generic_category().message(errno)));
+    struct stat status {};
+    if (!descriptor && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+        ::ftruncate(file.get(), 0) != 0)
+        return failure(cannotWrite(name, std::generic_category().message(errno)));
+    return file.release();
 }
 
 } // namespace scenewright

@@ -1,23 +1,33 @@
 // Where the diagnostic streams can go: the program's own streams, or a file that the user names.
+//
+// No sink throws, nor waits for a reader for longer than half a second: what cannot be written is
+// dropped.
 #pragma once
 
 #include "platform/Diagnostics.h"
+#include "platform/Result.h"
 
-#include <cstdio>
-#include <optional>
 #include <string>
 
 namespace scenewright {
 
-// Console text to `file`, as it stands, flushed a piece. The caller keeps `file` open.
-[[nodiscard]] Diagnostics::Sink consoleSink(std::FILE* file);
+// Console text to an open descriptor, as it stands. The caller keeps it open.
+[[nodiscard]] Diagnostics::Sink consoleSink(int fd);
 
-// Log lines to `file`, each ended by one line feed; a line feed inside a line is written as \n.
-[[nodiscard]] Diagnostics::Sink logSink(std::FILE* file);
+// Log lines, each ended by one line feed; a line feed inside a line is written as \n.
+[[nodiscard]] Diagnostics::Sink logSink(int fd);
 
-// Opens `name` for writing ('-' is standard error) and hands the stream over to it; the sink owns
-// the file. On failure the stream stays as it is and one sentence says why.
-[[nodiscard]] std::optional<std::string> sendConsoleTo(const std::string& name);
-[[nodiscard]] std::optional<std::string> sendLogTo(const std::string& name);
+// Empties or makes the file ('-' and /dev/stderr are standard error, and so on) and hands the stream
+// over to it; the sink owns the file. On error the stream stays as it is.
+[[nodiscard]] Result<void> sendConsoleTo(const std::string& name);
+[[nodiscard]] Result<void> sendLogTo(const std::string& name);
+
+// Turns both streams off and closes their files. The error is the first file that was not written
+// whole since it was opened. Main thread, once no other thread writes.
+[[nodiscard]] Result<void> endDiagnostics();
+
+// Opens a file that takes diagnostics as they come, adding at its end: emptied, or made. A pipe
+// that nobody reads is an error, and none is waited for afterwards.
+[[nodiscard]] Result<int> openForDiagnostics(const std::string& name);
 
 } // namespace scenewright

@@ -1,33 +1,38 @@
-// Files that are read whole, and written whole or not at all.
+// The former way to call platform/AtomicFile.h, for callers that expect an optional sentence.
 #pragma once
+
+#include "platform/AtomicFile.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
 
-// What reading a file gave: `bytes` is empty when `trouble` says why, in one sentence that names
-// the file.
 struct FileBytes {
     std::vector<std::uint8_t> bytes;
     std::optional<std::string> trouble;
 };
 
-// Reads a regular file or a pipe, at most `limit` bytes; more is trouble.
-[[nodiscard]] FileBytes readWholeFile(const std::filesystem::path& path, std::size_t limit);
+[[nodiscard]] inline FileBytes readWholeFile(const std::filesystem::path& path, std::size_t limit) {
+    auto read = readFile(path, limit);
+    return read ? FileBytes{std::move(*read), std::nullopt}
+                : FileBytes{{}, std::move(read.error())};
+}
 
-// Writes `bytes` to a temporary name in the same folder, flushes it to the disk and renames it over
-// `path`; a symbolic link is followed, and an existing file's permission bits are kept. Nothing, or
-// one sentence that names the file: then `path` is what it was, and no temporary file is left.
-[[nodiscard]] std::optional<std::string> writeWholeFile(const std::filesystem::path& path,
-                                                        std::span<const std::uint8_t> bytes);
+[[nodiscard]] inline std::optional<std::string>
+writeWholeFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
+    const auto replaced = replaceFile(path, bytes);
+    return replaced ? std::nullopt : std::optional(replaced.error());
+}
 
-// Whether `writeWholeFile` could begin, asked before work that would be lost: an existing folder, a
-// missing or unwritable parent. Nothing, or the same sentence that writing would give.
-[[nodiscard]] std::optional<std::string> whyNotWritable(const std::filesystem::path& path);
+[[nodiscard]] inline std::optional<std::string> whyNotWritable(const std::filesystem::path& path) {
+    const auto checked = checkReplaceable(path);
+    return checked ? std::nullopt : std::optional(checked.error());
+}
 
 } // namespace scenewright

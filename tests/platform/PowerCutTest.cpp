@@ -1,12 +1,14 @@
 // The writer of whole files when the power goes, or a system call fails, in the middle of it.
 #include "tests/support/PowerCut.h"
 
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
 #include "tests/platform/TextFile.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <unistd.h>
 
@@ -27,6 +29,10 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
+std::string errorOf(const Result<Replaced>& replaced) {
+    return replaced ? std::string() : replaced.error();
+}
+
 class PowerCut : public ::testing::Test {
 protected:
     // What lies in the folder, and is written, before the blow.
@@ -38,8 +44,7 @@ protected:
     }
     [[nodiscard]] TracedRun write(const Blow& blow = {}) const {
         return testing::runTraced(
-            folder_.path(), [this] { return writeWholeFile(file_, bytesOf(kNew)).value_or(""); },
-            blow);
+            folder_.path(), [this] { return errorOf(replaceFile(file_, bytesOf(kNew))); }, blow);
     }
     [[nodiscard]] testing::Writing over(const std::optional<std::string>& before) const {
         return {[this, before] { prepare(before); },
@@ -55,7 +60,7 @@ protected:
         EXPECT_LE(names.size(), 1U);
         for (const std::string& name : names)
             EXPECT_TRUE(name.starts_with(".scenewright-")) << name;
-        EXPECT_EQ(writeWholeFile(file_, bytesOf(kLater)), std::nullopt);
+        EXPECT_EQ(errorOf(replaceFile(file_, bytesOf(kLater))), "");
         EXPECT_EQ(found(), kLater);
     }
     void expectOldOrNewAfterPowerCuts(const std::optional<std::string>& before) const {
@@ -88,10 +93,14 @@ TEST_F(PowerCut, TheBytesAreOnTheDiskBeforeTheRenameAndTheRenameBeforeTheEnd) {
     prepare(kOld);
     const TracedRun run = write();
     EXPECT_EQ(run.errors, "");
-    EXPECT_EQ(testing::changesAmong(run.calls), (Calls{{"open", "(temporary)", ""},
-                                                       {"chmod", "(temporary)", ""},
+    EXPECT_EQ(testing::changesAmong(run.calls), (Calls{{"open", "a.bank", ""},
+                                                       {"open", "a.bank", ""},
+                                                       {"open", ".", ""},
+                                                       {"open", ".", ""},
                                                        {"write", "(temporary)", ""},
+                                                       {"chmod", "(temporary)", ""},
                                                        {"fsync", "(temporary)", ""},
+                                                       {"link", "(temporary)", "(temporary)"},
                                                        {"rename", "(temporary)", "a.bank"},
                                                        {"open", ".", ""},
                                                        {"fsync", ".", ""}}));
@@ -138,7 +147,7 @@ TEST_F(PowerCut, AFailureAtAnyCallLeavesASymbolicLinkALink) {
 
 // The calls without which the new file is not safe: that they fail is never kept quiet.
 TEST_F(PowerCut, AFailureThatEndangersTheNewFileIsTold) {
-    for (const char* name : {"open", "chmod", "write", "fsync", "rename"}) {
+    for (const char* name : {"write", "chmod", "fsync", "link", "rename"}) {
         prepare(kOld);
         const Calls whole = write().calls;
         const auto call = std::ranges::find_if(whole, [name](const FileCall& each) {
@@ -173,10 +182,28 @@ TEST_F(PowerCut, LitterOfTheOwnProcessNumberIsNotInTheWay) {
             writeText(folder_.path() / (".scenewright-" + std::to_string(::getpid()) + "-" +
                                         std::to_string(number)),
                       "litter");
-        return writeWholeFile(file_, bytesOf(kNew)).value_or("");
+        return errorOf(replaceFile(file_, bytesOf(kNew)));
     };
     EXPECT_EQ(testing::runTraced(folder_.path(), body).errors, "");
     EXPECT_EQ(found(), kNew);
+}
+
+// Where a file cannot be without a name it has a hidden one from its beginning.
+TEST_F(PowerCut, FileSystemWithoutNamelessFilesIsWrittenToAsSafely) {
+    prepare(kOld);
+    const Calls whole = write().calls;
+    // The folder is opened to be listed, and then for the file.
+    const auto listing = std::ranges::find(whole, FileCall{"open", ".", ""});
+    const auto call = std::find(std::next(listing), whole.end(), FileCall{"open", ".", ""});
+    ASSERT_NE(call, whole.end());
+    prepare(kOld);
+    const auto place = static_cast<std::size_t>(call - whole.begin());
+    const TracedRun run = write({Blow::Kind::Fail, place, EOPNOTSUPP});
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(found(), kNew);
+    const Calls changes = testing::changesAmong(run.calls);
+    EXPECT_EQ(std::ranges::count(changes, "link", &FileCall::name), 0);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <sys/syscall.h>
 #include <system_error>
 
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr int kNone = -1;
 constexpr std::size_t kLongestPath = 4096;
+constexpr std::string_view kOwnDescriptors = "/proc/self/fd/";
 
 // Where a call has its file: a descriptor, or a path below a folder's descriptor, or a path alone.
 struct Row {
@@ -78,6 +80,8 @@ std::string textAt(const RawCall& call, int place) {
 fs::path pathOf(const RawCall& call, int descriptor, int path) {
     const fs::path folder = pathOfDescriptor(call, descriptor);
     const std::string name = path == kNone ? std::string() : textAt(call, path);
+    if (name.starts_with(kOwnDescriptors))
+        return linkIn(call.thread, "fd/" + name.substr(kOwnDescriptors.size()));
     return name.empty() ? folder : (folder / name).lexically_normal();
 }
 
@@ -86,7 +90,9 @@ std::string placeIn(const fs::path& folder, const fs::path& path) {
     const std::string place = path.lexically_relative(folder).string();
     if (place.starts_with(".."))
         return {};
-    if (fs::path(place).filename().string().starts_with(".scenewright-"))
+    const std::string name = fs::path(place).filename().string();
+    // A file without a name has its number here.
+    if (name.starts_with(".scenewright-") || name.ends_with(" (deleted)"))
         return (fs::path(place).parent_path() / "(temporary)").string();
     return place;
 }

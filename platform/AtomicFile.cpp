@@ -1,0 +1,341 @@
+#include "platform/AtomicFile.h"
+
+#include "platform/FileDescriptor.h"
+#include "platform/TemporaryFile.h"
+#include "platform/Words.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <optional>
+#include <poll.h>
+#include <string>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kMostLinks = 40;        // the kernel's own limit for one path
+constexpr mode_t kModeBits = 0777;    // what is kept: no set-user-id reaches other content
+constexpr mode_t kNewFile = 0666;     // before the process's umask
+constexpr mode_t kPrivateFile = 0600; // until the bits of the file it replaces are set
+constexpr std::chrono::milliseconds kQuietWait{1000};
+constexpr std::chrono::seconds kMostLockWait{20};
+constexpr std::chrono::milliseconds kLockPause{10};
+
+constexpr OwnText kCannotRead = ownText("scenewright::File", "Cannot read {0}: {1}.");
+constexpr OwnText kCannotWrite = ownText("scenewright::File", "Cannot write {0}: {1}.");
+constexpr OwnText kIsFolder = ownText("scenewright::File", "it is a folder");
+
+// Within this file an error is the reason alone; its sentence is made where the file is known.
+tl::unexpected<std::string> sentence(OwnText text, const fs::path& path, std::string_view why) {
+    const std::string name =
+        path.empty() ? say(ownText("scenewright::File", "a file without a name")) : path.string();
+    return failure(say(text, name, why));
+}
+
+tl::unexpected<std::string> systemError(int error = errno) {
+    return failure(std::generic_category().message(error));
+}
+
+// ---- reading
+
+Result<void> checkSource(const struct stat& status) {
+    if (S_ISDIR(status.st_mode))
+        return failure(say(kIsFolder));
+    if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
+        return failure(say(ownText("scenewright::File", "it is neither a file nor a pipe")));
+    return {};
+}
+
+// A pipe that was opened without waiting has nothing to say until somebody opens it to write.
+void waitForWriter(int fd, const std::function<void()>& whenWaiting) {
+    pollfd place{.fd = fd, .events = POLLIN, .revents = 0};
+    if (::poll(&place, 1, static_cast<int>(kQuietWait.count())) != 0)
+        return;
+    if (whenWaiting)
+        whenWaiting();
+    while (::poll(&place, 1, -1) < 0 && errno == EINTR) {
+        // A signal that does not end the program does not end the wait.
+    }
+}
+
+Result<FileDescriptor> openSource(const fs::path& path, const std::function<void()>& whenWaiting) {
+    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
+        return systemError();
+    if (auto checked = checkSource(status); !checked)
+        return failure(checked.error());
+    if (S_ISFIFO(status.st_mode))
+        waitForWriter(file.get(), whenWaiting);
+    const int flags = ::fcntl(file.get(), F_GETFL);
+    if (flags < 0 || ::fcntl(file.get(), F_SETFL, flags & ~O_NONBLOCK) != 0)
+        return systemError();
+    return file;
+}
+
+Result<FileContent> readAll(int fd, std::size_t limit) {
+    FileContent bytes;
+    std::array<std::uint8_t, 16384> chunk{};
+    while (true) {
+        const ssize_t count = ::read(fd, chunk.data(), chunk.size());
+        if (count == 0)
+            return bytes;
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return systemError();
+        bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
+        if (bytes.size() > limit)
+            return failure(say(ownText("scenewright::File", "it is longer than {} bytes"), limit));
+    }
+}
+
+// ---- writing
+
+fs::path folderOf(const fs::path& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+Result<void> checkFolder(const fs::path& folder) {
+    struct stat status {};
+    if (::stat(folder.c_str(), &status) != 0)
+        return failure(folder.string() + ": " + std::generic_category().message(errno));
+    if (!S_ISDIR(status.st_mode))
+        return failure(say(ownText("scenewright::File", "{} is not a folder"), folder.string()));
+    if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        return failure(folder.string() + ": " + std::generic_category().message(errno));
+    return {};
+}
+
+// A file that another one is mounted on cannot be replaced; a kernel that cannot tell does not know
+// of it before the rename.
+bool isMountedOn(const fs::path& path) {
+    struct statx status {};
+    return ::statx(AT_FDCWD, path.c_str(), 0, STATX_TYPE, &status) == 0 &&
+           (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
+// The file that will be replaced, if there is one.
+Result<std::optional<struct stat>> examineExisting(const fs::path& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        if (errno == ENOENT)
+            return std::nullopt;
+        return systemError();
+    }
+    if (S_ISDIR(status.st_mode))
+        return failure(say(kIsFolder));
+    if (!S_ISREG(status.st_mode))
+        return failure(say(ownText("scenewright::File", "it is no ordinary file")));
+    // Opened rather than asked for: that finds what can only be added to, or is being run.
+    if (!FileDescriptor(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)).isOpen())
+        return systemError();
+    if (isMountedOn(path))
+        return failure(say(ownText("scenewright::File", "a file system is mounted on it")));
+    return status;
+}
+
+// The new file beside the one that it will replace.
+struct Successor {
+    fs::path path;
+    std::optional<struct stat> former;
+    TemporaryFile file;
+};
+
+Result<void> keepOwner(int fd, const struct stat& former) {
+    struct stat status {};
+    if (::fstat(fd, &status) != 0)
+        return systemError();
+    if (status.st_uid == former.st_uid && status.st_gid == former.st_gid)
+        return {};
+    if (::fchown(fd, former.st_uid, former.st_gid) == 0)
+        return {};
+    if (errno != EPERM)
+        return systemError();
+    return failure(say(ownText("scenewright::File", "its owner and group could not be kept")));
+}
+
+Result<Successor> begin(const fs::path& path) {
+    const fs::path folder = folderOf(path);
+    if (auto checked = checkFolder(folder); !checked)
+        return failure(checked.error());
+    auto former = examineExisting(path);
+    if (!former)
+        return failure(former.error());
+    auto file = TemporaryFile::in(folder, *former ? kPrivateFile : kNewFile);
+    if (!file)
+        return systemError(file.error());
+    if (*former)
+        if (auto kept = keepOwner(file->fd(), **former); !kept)
+            return failure(kept.error());
+    return Successor{path, *former, std::move(*file)};
+}
+
+Result<void> writeAll(int fd, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(fd, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR)
+            return systemError();
+        if (count > 0)
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+// A file system that cannot flush says EINVAL; the file is as good there as it can be.
+bool isFlushed(int fd) {
+    return ::fsync(fd) == 0 || errno == EINVAL;
+}
+
+Result<void> fill(const Successor& successor, std::span<const std::uint8_t> bytes) {
+    const int fd = successor.file.fd();
+    if (auto written = writeAll(fd, bytes); !written)
+        return written;
+    if (successor.former && ::fchmod(fd, successor.former->st_mode & kModeBits) != 0)
+        return systemError();
+    if (!isFlushed(fd))
+        return systemError();
+    return {};
+}
+
+Result<Replaced> complete(Successor successor, std::span<const std::uint8_t> bytes) {
+    if (auto filled = fill(successor, bytes); !filled)
+        return failure(filled.error());
+    if (const int error = successor.file.moveTo(successor.path); error != 0)
+        return systemError(error);
+    // The new file is in place: that its folder cannot be flushed must not read as a failed write.
+    const FileDescriptor folder(
+        ::open(folderOf(successor.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        static_cast<void>(::fsync(folder.get()));
+    return Replaced{successor.former ? successor.former->st_nlink - 1 : 0};
+}
+
+// ---- one writer at a time
+
+bool isNameOf(const fs::path& path, int fd) {
+    struct stat named {};
+    struct stat opened {};
+    return ::stat(path.c_str(), &named) == 0 && ::fstat(fd, &opened) == 0 &&
+           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+}
+
+FileDescriptor openToLock(const fs::path& path) {
+    // Some network file systems lock for writing only what is open for writing.
+    FileDescriptor file(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen())
+        file = FileDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    return file;
+}
+
+// Locked until the descriptor is closed. Nothing is locked, and that is no error, where there is no
+// file yet or the file system has no locks.
+Result<FileDescriptor> lockFile(const fs::path& path) {
+    const auto deadline = std::chrono::steady_clock::now() + kMostLockWait;
+    while (true) {
+        FileDescriptor file = openToLock(path);
+        struct stat status {};
+        if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+            return FileDescriptor();
+        const int error = ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+        // Another writer may have put a new file there while this one waited for the former.
+        if (error == 0 && isNameOf(path, file.get()))
+            return file;
+        if (error != 0 && error != EWOULDBLOCK && error != EINTR)
+            return FileDescriptor();
+        if (std::chrono::steady_clock::now() > deadline)
+            return failure(say(ownText("scenewright::File", "another program keeps it locked")));
+        if (error != 0)
+            std::this_thread::sleep_for(kLockPause);
+    }
+}
+
+Result<fs::path> targetOf(const fs::path& path) {
+    if (path.empty())
+        return failure(say(ownText("scenewright::File", "no name was given")));
+    if (!path.has_filename())
+        return failure(say(kIsFolder));
+    return followLinks(path);
+}
+
+// What is being done, and to which file, for the sentence of an error.
+template <typename Value>
+Result<Value> inSentence(OwnText text, const fs::path& path, Result<Value> result) {
+    if (!result)
+        return sentence(text, path, result.error());
+    return result;
+}
+
+} // namespace
+
+Result<fs::path> followLinks(const fs::path& given) {
+    fs::path path = given;
+    std::error_code error;
+    for (int i = 0; i < kMostLinks; ++i) {
+        const fs::file_type type = fs::symlink_status(path, error).type();
+        if (type != fs::file_type::none && type != fs::file_type::symlink)
+            return path;
+        // A link that cannot be looked at must not be taken for a file, and replaced.
+        const fs::path next =
+            type == fs::file_type::symlink ? fs::read_symlink(path, error) : fs::path();
+        if (next.empty())
+            return failure(error.message());
+        path = path.parent_path() / next;
+    }
+    return systemError(ELOOP);
+}
+
+Result<FileContent> readFile(const fs::path& path, std::size_t limit,
+                             const std::function<void()>& whenWaiting) {
+    auto file = openSource(path, whenWaiting);
+    if (!file)
+        return sentence(kCannotRead, path, file.error());
+    return inSentence(kCannotRead, path, readAll(file->get(), limit));
+}
+
+Result<Replaced> replaceFile(const fs::path& path, std::span<const std::uint8_t> bytes) {
+    const auto replace = [bytes](const fs::path& target) -> Result<Replaced> {
+        const auto lock = lockFile(target);
+        if (!lock)
+            return failure(lock.error());
+        return begin(target).and_then(
+            [bytes](Successor successor) { return complete(std::move(successor), bytes); });
+    };
+    return inSentence(kCannotWrite, path, targetOf(path).and_then(replace));
+}
+
+Result<Replaced> changeFile(const fs::path& path, std::size_t limit, const FileChange& change) {
+    const auto target = targetOf(path);
+    if (!target)
+        return sentence(kCannotRead, path, target.error());
+    const auto lock = lockFile(*target);
+    if (!lock)
+        return sentence(kCannotWrite, path, lock.error());
+    const auto bytes = readFile(path, limit).and_then(change);
+    if (!bytes)
+        return failure(bytes.error());
+    return inSentence(kCannotWrite, path, begin(*target).and_then([&bytes](Successor successor) {
+        return complete(std::move(successor), *bytes);
+    }));
+}
+
+Result<void> checkReplaceable(const fs::path& path) {
+    const auto begun = targetOf(path).and_then(begin);
+    if (!begun)
+        return sentence(kCannotWrite, path, begun.error());
+    return {};
+}
+
+} // namespace scenewright

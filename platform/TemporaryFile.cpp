@@ -1,0 +1,153 @@
+#include "platform/TemporaryFile.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <pthread.h>
+#include <string>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace scenewright {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kMostNames = 100; // tries for a free name
+constexpr std::string_view kPrefix = ".scenewright-";
+
+// PREFIX PID - NUMBER
+std::string hiddenName() {
+    static std::atomic<unsigned> counter = 0;
+    return std::string(kPrefix) + std::to_string(::getpid()) + "-" + std::to_string(counter++);
+}
+
+bool isHiddenName(std::string_view name) {
+    if (!name.starts_with(kPrefix))
+        return false;
+    name.remove_prefix(kPrefix.size());
+    return std::ranges::count(name, '-') == 1 && name.front() != '-' && name.back() != '-' &&
+           std::ranges::all_of(name, [](unsigned char c) { return c == '-' || std::isdigit(c); });
+}
+
+fs::path procPath(int fd) {
+    return "/proc/self/fd/" + std::to_string(fd);
+}
+
+// Whether the file's writer is gone, and the file is the user's own. The lock keeps others away
+// until the descriptor is closed.
+bool isLeftBehind(int fd) {
+    struct stat status {};
+    if (::flock(fd, LOCK_EX | LOCK_NB) != 0 || ::fstat(fd, &status) != 0)
+        return false;
+    return S_ISREG(status.st_mode) && status.st_nlink > 0 &&
+           (status.st_uid == ::geteuid() || ::geteuid() == 0);
+}
+
+void removeWhatWasLeft(const fs::path& folder) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const fs::path& path = entry->path();
+        if (!isHiddenName(path.filename().string()))
+            continue;
+        const FileDescriptor file(
+            ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+        if (file.isOpen() && isLeftBehind(file.get()))
+            ::unlink(path.c_str());
+    }
+}
+
+// A file system without locks keeps nobody away, and nobody removes anything there either.
+bool isOursAlone(int fd) {
+    struct stat status {};
+    static_cast<void>(::flock(fd, LOCK_EX));
+    return ::fstat(fd, &status) == 0 && status.st_nlink > 0;
+}
+
+} // namespace
+
+TemporaryFile::SignalsWait::SignalsWait() {
+    ::sigset_t ending{};
+    sigemptyset(&ending);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGALRM})
+        sigaddset(&ending, number);
+    pthread_sigmask(SIG_BLOCK, &ending, &former_);
+}
+
+TemporaryFile::SignalsWait::~SignalsWait() {
+    pthread_sigmask(SIG_SETMASK, &former_, nullptr);
+}
+
+TemporaryFile::Name::~Name() {
+    if (!path_.empty())
+        ::unlink(path_.c_str());
+}
+
+int TemporaryFile::Name::renameTo(const fs::path& target) {
+    if (::rename(path_.c_str(), target.c_str()) != 0)
+        return errno;
+    path_.clear();
+    return 0;
+}
+
+Result<TemporaryFile, int> TemporaryFile::in(const fs::path& folder, mode_t mode) {
+    removeWhatWasLeft(folder);
+    FileDescriptor fd(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+    if (!fd.isOpen() && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+        return failure(errno);
+    // Without that folder it could not be given a name.
+    if (!fd.isOpen() || ::access(procPath(fd.get()).c_str(), F_OK) != 0)
+        return named(folder, mode);
+    return TemporaryFile(folder, std::move(fd));
+}
+
+Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t mode) {
+    auto signals = std::make_unique<SignalsWait>();
+    for (int i = 0; i < kMostNames; ++i) {
+        const fs::path path = folder / hiddenName();
+        FileDescriptor fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        if (!fd.isOpen() && errno != EEXIST)
+            return failure(errno);
+        if (!fd.isOpen() || !isOursAlone(fd.get()))
+            continue;
+        TemporaryFile file(folder, std::move(fd));
+        file.signals_ = std::move(signals);
+        file.name_.emplace(path);
+        return file;
+    }
+    return failure(EEXIST);
+}
+
+int TemporaryFile::giveName() {
+    signals_ = std::make_unique<SignalsWait>();
+    static_cast<void>(::flock(fd_.get(), LOCK_EX));
+    for (int i = 0; i < kMostNames; ++i) {
+        const fs::path path = folder_ / hiddenName();
+        if (::linkat(AT_FDCWD, procPath(fd_.get()).c_str(), AT_FDCWD, path.c_str(),
+                     AT_SYMLINK_FOLLOW) == 0) {
+            name_.emplace(path);
+            return 0;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return errno;
+}
+
+int TemporaryFile::moveTo(const fs::path& target) {
+    if (!name_)
+        if (const int error = giveName(); error != 0)
+            return error;
+    return name_->renameTo(target);
+}
+
+} // namespace scenewright

@@ -1,0 +1,78 @@
+// A new file that has no place yet, and goes with its object unless it is given one.
+#pragma once
+
+#include "platform/FileDescriptor.h"
+#include "platform/Result.h"
+
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <sys/types.h>
+#include <utility>
+
+namespace scenewright {
+
+// Where the file system has files without a name it has none until it is moved to its place; else,
+// and in the moment of the move, it has a hidden name of its own. While it has, the signals that
+// end a program wait, in this thread, and the file is locked: what is found under such a name and
+// is not locked was left by a writer that was killed.
+class TemporaryFile {
+public:
+    // Removes what killed writers have left in the folder, then makes the file, open for writing.
+    // The error is errno's value.
+    [[nodiscard]] static Result<TemporaryFile, int> in(const std::filesystem::path& folder,
+                                                       mode_t mode);
+
+    TemporaryFile(TemporaryFile&&) = default;
+    TemporaryFile& operator=(TemporaryFile&&) = delete;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() = default;
+
+    [[nodiscard]] int fd() const noexcept { return fd_.get(); }
+    // Puts the file, which must be whole, in the place of `target` in the same folder. Gives 0 or
+    // errno's value.
+    [[nodiscard]] int moveTo(const std::filesystem::path& target);
+
+private:
+    // Signals wait from construction to destruction, in this thread.
+    class SignalsWait {
+    public:
+        SignalsWait();
+        SignalsWait(const SignalsWait&) = delete;
+        SignalsWait& operator=(const SignalsWait&) = delete;
+        SignalsWait(SignalsWait&&) = delete;
+        SignalsWait& operator=(SignalsWait&&) = delete;
+        ~SignalsWait();
+
+    private:
+        ::sigset_t former_{};
+    };
+    // A hidden name, removed with its object unless the file has been renamed.
+    class Name {
+    public:
+        explicit Name(std::filesystem::path path) : path_(std::move(path)) {}
+        Name(Name&& other) noexcept : path_(std::exchange(other.path_, {})) {}
+        Name& operator=(Name&&) = delete;
+        Name(const Name&) = delete;
+        Name& operator=(const Name&) = delete;
+        ~Name();
+        [[nodiscard]] int renameTo(const std::filesystem::path& target);
+
+    private:
+        std::filesystem::path path_;
+    };
+
+    TemporaryFile(std::filesystem::path folder, FileDescriptor fd)
+        : folder_(std::move(folder)), fd_(std::move(fd)) {}
+    static Result<TemporaryFile, int> named(const std::filesystem::path& folder, mode_t mode);
+    int giveName();
+
+    std::filesystem::path folder_;
+    FileDescriptor fd_;
+    std::unique_ptr<SignalsWait> signals_; // outlives the name
+    std::optional<Name> name_;
+};
+
+} // namespace scenewright
