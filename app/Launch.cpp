@@ -65,6 +65,17 @@ void addLaunchOptions(CLI::App& app, LaunchOptions& options) {
         ->type_name("DIR");
 }
 
+std::vector<NamedFile> launchFiles(const LaunchOptions& options) {
+    std::vector<NamedFile> files{
+        {options.console, FileUse::Appended, "--console " + options.console + ": it",
+         "the console"},
+        {options.log, FileUse::Appended, "--log " + options.log + ": it", "the system log"},
+        {options.virtualBank, FileUse::Replaced, options.virtualBank + ": a send to it",
+         "the virtual controller's memory"}};
+    std::erase_if(files, [](const NamedFile& file) { return file.name.empty(); });
+    return files;
+}
+
 std::optional<std::string> launch(const LaunchOptions& options) {
     if (!options.resources.empty()) {
         if (!std::filesystem::is_directory(options.resources))
@@ -72,11 +83,11 @@ std::optional<std::string> launch(const LaunchOptions& options) {
         Resources::setFolder(options.resources);
     }
     if (!options.console.empty())
-        if (auto trouble = sendConsoleTo(options.console))
-            return trouble;
+        if (const auto opened = sendConsoleTo(options.console); !opened)
+            return opened.error();
     if (!options.log.empty())
-        if (auto trouble = sendLogTo(options.log))
-            return trouble;
+        if (const auto opened = sendLogTo(options.log); !opened)
+            return opened.error();
     return resourceTrouble();
 }
 

@@ -3,6 +3,8 @@
 // Main thread, before any other thread starts.
 #pragma once
 
+#include "platform/NamedFiles.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +27,9 @@ struct LaunchOptions {
 
 // Adds --virtual[=BANK], --console, --log and --resources. `options` must outlive `app`.
 void addLaunchOptions(CLI::App& app, LaunchOptions& options);
+
+// The files among them, to be checked with the command's own before the streams are opened.
+[[nodiscard]] std::vector<NamedFile> launchFiles(const LaunchOptions& options);
 
 // Sends the streams where the options say and makes the resources findable. Nothing, or one
 // sentence: then the program must end.

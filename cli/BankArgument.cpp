@@ -4,12 +4,18 @@
 #include "bank/JsonTree.h"
 #include "cli/Command.h"
 #include "editor/options/PopUpValue.h"
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
+#include "platform/StandardStreams.h"
 
 #include <fmt/format.h>
 
 #include <array>
-#include <cstdio>
+#include <cerrno>
+#include <cstdint>
+#include <poll.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -18,32 +24,113 @@ namespace {
 
 constexpr const char* kStandardInput = "standard input";
 
-FileBytes readStandardInput() {
-    std::vector<std::uint8_t> bytes;
-    std::array<std::uint8_t, 16384> chunk{};
-    while (const std::size_t count = std::fread(chunk.data(), 1, chunk.size(), stdin)) {
-        bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + static_cast<long>(count));
-        if (bytes.size() > kJsonBytes)
-            return {{}, fmt::format("{}: it is longer than {} bytes", kStandardInput, kJsonBytes)};
+std::optional<int> descriptorOf(const std::string& name, int standard) {
+    return name == "-" ? standard : namedDescriptor(name);
+}
+
+std::string inputName(const std::string& name) {
+    return inputDescriptor(name) == STDIN_FILENO ? kStandardInput : name;
+}
+
+// The number of bytes, 0 at the end; what was opened without waiting is waited for here.
+ssize_t readSome(int fd, std::span<std::uint8_t> chunk) {
+    while (true) {
+        const ssize_t count = ::read(fd, chunk.data(), chunk.size());
+        if (count >= 0 || (errno != EINTR && errno != EAGAIN))
+            return count;
+        pollfd place{.fd = fd, .events = POLLIN, .revents = 0};
+        static_cast<void>(::poll(&place, 1, -1));
     }
-    if (std::ferror(stdin) != 0)
-        return {{}, fmt::format("{} could not be read", kStandardInput)};
-    return {std::move(bytes), std::nullopt};
+}
+
+Result<FileContent> readDescriptor(int fd, const std::string& name) {
+    FileContent bytes;
+    std::array<std::uint8_t, 16384> chunk{};
+    ssize_t count = 0;
+    while ((count = readSome(fd, chunk)) > 0) {
+        bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
+        if (bytes.size() > kJsonBytes)
+            return failure(fmt::format("{}: it is longer than {} bytes", name, kJsonBytes));
+    }
+    if (count < 0)
+        return failure(fmt::format("{} could not be read", name));
+    return bytes;
+}
+
+Result<FileContent> readArgument(const std::string& name) {
+    if (const auto fd = inputDescriptor(name))
+        return readDescriptor(*fd, inputName(name));
+    return readFile(name, kJsonBytes, [&name] {
+        complain(name + ": waiting for a writer of this pipe (Ctrl+C stops)", kExitDone);
+    });
 }
 
 using Parse = BankFile (*)(std::span<const std::uint8_t> bytes, const std::string& name);
 
 BankFile load(const std::string& name, Parse parse) {
-    FileBytes file = isStream(name) ? readStandardInput() : readWholeFile(name, kJsonBytes);
-    if (file.trouble)
-        return {{}, std::move(file.trouble)};
-    return parse(file.bytes, isStream(name) ? kStandardInput : name);
+    const auto bytes = readArgument(name);
+    if (!bytes)
+        return {{}, bytes.error()};
+    return parse(*bytes, inputName(name));
+}
+
+int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint8_t> bytes) {
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (fd == STDOUT_FILENO)
+        return printAndEnd(text, kExitDone);
+    if (const int error = writeFully(fd, text); error != 0)
+        return complain(
+            fmt::format("Cannot write {}: {}.", name, std::generic_category().message(error)),
+            kExitOutput);
+    return kExitDone;
+}
+
+int endOf(const std::string& name, const Result<Replaced>& replaced) {
+    if (!replaced)
+        return complain(replaced.error(), kExitUsage);
+    // The bank is written: this is no error, but nobody would expect it.
+    if (replaced->otherNames == 1)
+        complain(name + " had 2 names; the other one keeps the former content", kExitDone);
+    else if (replaced->otherNames > 1)
+        complain(fmt::format("{} had {} names; the others keep the former content", name,
+                             replaced->otherNames + 1),
+                 kExitDone);
+    return kExitDone;
+}
+
+int changeStream(const std::string& name, const BankEdit& edit) {
+    const BankFile bank = loadBank(name);
+    if (bank.trouble)
+        return complain(*bank.trouble, kExitUsage);
+    const auto scenes = edit(bank);
+    if (!scenes)
+        return complain(scenes.error(), kExitUsage);
+    return storeBank("-", *scenes, bank.form);
 }
 
 } // namespace
 
-bool isStream(std::string_view name) {
-    return name == "-";
+std::optional<int> inputDescriptor(const std::string& name) {
+    return descriptorOf(name, STDIN_FILENO);
+}
+
+std::optional<int> outputDescriptor(const std::string& name) {
+    return descriptorOf(name, STDOUT_FILENO);
+}
+
+NamedFile bankToRead(const std::string& name, const std::string& content) {
+    return {name, FileUse::Read, {}, content};
+}
+
+NamedFile bankToWrite(const std::string& name) {
+    return {name, FileUse::Replaced, (name == "-" ? "standard output" : name) + ": it",
+            "the bank that is to be written"};
+}
+
+NamedFile bankToChange(const std::string& name) {
+    // A stream is only read here: what is written is another one.
+    return {name, inputDescriptor(name) ? FileUse::Read : FileUse::Replaced, name + ": it",
+            "the bank that is to be changed"};
 }
 
 BankFile loadBank(const std::string& name) {
@@ -55,31 +142,46 @@ BankFile loadBankOrScene(const std::string& name) {
 }
 
 BankForm formForArgument(const std::string& name, BankForm streamForm) {
-    return isStream(name) ? streamForm : formForName(name);
+    return outputDescriptor(name) ? streamForm : formForName(name);
 }
 
-std::optional<std::string> storeBank(const std::string& name, const SceneList& scenes,
-                                     BankForm form) {
+int storeBank(const std::string& name, const SceneList& scenes, BankForm form) {
     const auto lists = WindowAction::InitializePopUp();
     const std::vector<std::uint8_t> bytes = bankBytes(scenes, form, *lists);
-    if (!isStream(name))
-        return writeWholeFile(name, bytes);
-    return printOut({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    if (const auto fd = outputDescriptor(name))
+        return storeToDescriptor(*fd, name, bytes);
+    return endOf(name, replaceFile(name, bytes));
+}
+
+int changeBank(const std::string& name, const BankEdit& edit) {
+    if (inputDescriptor(name))
+        return changeStream(name, edit);
+    const auto lists = WindowAction::InitializePopUp();
+    return endOf(name, changeFile(name, kJsonBytes, [&](const FileContent& bytes) {
+                     const BankFile bank = parseBank(bytes, name);
+                     if (bank.trouble)
+                         return Result<FileContent>(failure(*bank.trouble));
+                     return edit(bank).map([&](const SceneList& scenes) {
+                         return bankBytes(scenes, bank.form, *lists);
+                     });
+                 }));
 }
 
 std::optional<std::string> whyNotStorable(const std::string& name) {
-    return isStream(name) ? std::nullopt : whyNotWritable(name);
+    if (outputDescriptor(name))
+        return std::nullopt;
+    const auto checked = checkReplaceable(name);
+    return checked ? std::nullopt : std::optional(checked.error());
 }
 
 std::optional<std::string> printOut(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
-        return "standard output could not be written";
-    return std::nullopt;
+    const auto written = writeStandardOutput(text);
+    return written ? std::nullopt : std::optional(written.error());
 }
 
-int printAndEnd(std::string_view text, int done) {
+int printAndEnd(std::string_view text, int done, int failed) {
     if (const auto trouble = printOut(text))
-        return complain(*trouble, kExitUsage);
+        return complain(*trouble, failed);
     return done;
 }
 

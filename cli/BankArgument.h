@@ -1,35 +1,51 @@
-// A bank as the command line names it: a file, or "-" for standard input or output.
+// A bank as the command line names it: a file, or "-" for standard input or output. A name that
+// stands for a descriptor (/dev/stdout, /dev/fd/3) is that descriptor.
 #pragma once
 
 #include "bank/BankFile.h"
+#include "platform/NamedFiles.h"
+#include "platform/Result.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
 
-[[nodiscard]] bool isStream(std::string_view name);
+// The descriptor that is read or written in place of a file; nothing for a file.
+[[nodiscard]] std::optional<int> inputDescriptor(const std::string& name);
+[[nodiscard]] std::optional<int> outputDescriptor(const std::string& name);
 
-// As readBank(); standard input is read to its end, and called so in the trouble.
+// A command's files, to be compared before any is opened; `content` as in "the bank to be shown".
+[[nodiscard]] NamedFile bankToRead(const std::string& name, const std::string& content);
+[[nodiscard]] NamedFile bankToWrite(const std::string& name);
+[[nodiscard]] NamedFile bankToChange(const std::string& name);
+
+// As readBank(); standard input is read to its end, and called so in the trouble. A pipe that
+// nobody writes to is waited for, and that is told.
 [[nodiscard]] BankFile loadBank(const std::string& name);
 
 // The same for a bank, or for a file of one scene, which gives one.
 [[nodiscard]] BankFile loadBankOrScene(const std::string& name);
 
-// The form for a new bank: what the file's name asks for, or `streamForm` for "-".
+// The form for a new bank: what the file's name asks for, or `streamForm` for a descriptor.
 [[nodiscard]] BankForm formForArgument(const std::string& name, BankForm streamForm);
 
-// Nothing, or one sentence that names what could not be written; a file is then what it was.
-[[nodiscard]] std::optional<std::string> storeBank(const std::string& name, const SceneList& scenes,
-                                                   BankForm form);
-// The same, asked before work that would be lost.
+// Each tells its error and gives the exit code, kExitDone when all is written; else a file is what
+// it was.
+[[nodiscard]] int storeBank(const std::string& name, const SceneList& scenes, BankForm form);
+// Reads, changes and stores a bank in its form, without another writer of ours in between.
+using BankEdit = std::function<Result<SceneList>(const BankFile& former)>;
+[[nodiscard]] int changeBank(const std::string& name, const BankEdit& edit);
+
+// Whether storeBank() could begin, asked before work that would be lost.
 [[nodiscard]] std::optional<std::string> whyNotStorable(const std::string& name);
 
 // Writes to standard output; nothing, or one sentence.
 [[nodiscard]] std::optional<std::string> printOut(std::string_view text);
-// The same for a command that ends with it: tells the trouble and gives the exit code, `done` or
-// that of a bad file.
-[[nodiscard]] int printAndEnd(std::string_view text, int done);
+// The same for a command that ends with it: tells the error and gives the exit code, `done` or
+// `failed`.
+[[nodiscard]] int printAndEnd(std::string_view text, int done, int failed = 1);
 
 } // namespace scenewright

@@ -5,8 +5,11 @@
 // sentence on standard error, when that is not 0.
 #pragma once
 
+#include "platform/NamedFiles.h"
+
 #include <functional>
 #include <string_view>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -17,11 +20,14 @@ namespace scenewright {
 // Exit codes of the command line.
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitController = 1; // not reached, or its transfers failed
+inline constexpr int kExitOutput = 1;     // standard output or a stream's file could not be written
 inline constexpr int kExitUsage = 2;      // bad usage or a bad file; nothing was sent or written
 
 struct CommandChoice {
     std::function<int()> run;
     bool usesController = false;
+    std::vector<NamedFile> files{}; // what `run` reads and writes
+    int failed = kExitOutput;       // the exit code when a stream fails; lower ones are no failure
 };
 
 // What the help says of arguments that several commands take.

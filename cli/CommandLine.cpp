@@ -34,8 +34,9 @@ constexpr const char* kFooter =
     "  scenewright-cli diff device: mine.bank    what would a send change?\n"
     "  scenewright-cli --virtual=pretend.bank send mine.bank\n"
     "                                            the same without a controller\n\n"
-    "Exit code: 0 done; 1 the controller could not be reached or its transfers failed;\n"
-    "2 bad usage or a bad file, and then nothing was sent and no file was touched.\n"
+    "Exit code: 0 done; 1 the controller could not be reached, its transfers failed, or standard\n"
+    "output or a stream's file could not be written; 2 bad usage or a bad file, and then nothing\n"
+    "was sent and no file was touched.\n"
     "diff: 0 equal; 1 different; 2 trouble of any kind.";
 
 void describe(CLI::App& app) {

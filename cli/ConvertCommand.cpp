@@ -26,9 +26,7 @@ int convert(const ConvertOptions& options) {
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
     const BankForm form = options.form.value_or(formForArgument(options.out, otherForm(bank.form)));
-    if (const auto trouble = storeBank(options.out, bank.scenes, form))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    return storeBank(options.out, bank.scenes, form);
 }
 
 constexpr const char* kConvertFooter =
@@ -58,7 +56,10 @@ void addConvertCommand(CLI::App& app, CommandChoice& choice) {
         ->option_text("json|image");
     command->footer(kConvertFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return convert(*options); }, false};
+        choice = {[options] { return convert(*options); },
+                  false,
+                  {bankToRead(options->in, "the bank that is to be converted"),
+                   bankToWrite(options->out)}};
     });
 }
 

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace scenewright {
 
@@ -19,21 +20,19 @@ struct CopyOptions {
 };
 
 int copy(const CopyOptions& options) {
-    if (isStream(options.bank) && isStream(options.source))
+    if (inputDescriptor(options.bank) &&
+        inputDescriptor(options.bank) == inputDescriptor(options.source))
         return complain("standard input can be the bank or what is copied from, not both",
                         kExitUsage);
-    const BankFile bank = loadBank(options.bank);
-    if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
-    const BankFile source = options.source.empty() ? bank : loadBankOrScene(options.source);
-    if (source.trouble)
-        return complain(*source.trouble, kExitUsage);
-    const Edited edited = copyValues(source.scenes, bank.scenes, options.from, options.to);
-    if (edited.trouble)
-        return complain(*edited.trouble, kExitUsage);
-    if (const auto trouble = storeBank(options.bank, edited.scenes, bank.form))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    return changeBank(options.bank, [&options](const BankFile& bank) -> Result<SceneList> {
+        const BankFile source = options.source.empty() ? bank : loadBankOrScene(options.source);
+        if (source.trouble)
+            return failure(*source.trouble);
+        Edited edited = copyValues(source.scenes, bank.scenes, options.from, options.to);
+        if (edited.trouble)
+            return failure(*edited.trouble);
+        return std::move(edited.scenes);
+    });
 }
 
 constexpr const char* kCopyFooter =
@@ -63,7 +62,10 @@ void addCopyCommand(CLI::App& app, CommandChoice& choice) {
         ->type_name("FILE");
     command->footer(kCopyFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return copy(*options); }, false};
+        choice = {
+            [options] { return copy(*options); },
+            false,
+            {bankToRead(options->source, "what is to be copied"), bankToChange(options->bank)}};
     });
 }
 

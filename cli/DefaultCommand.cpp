@@ -1,8 +1,10 @@
 #include "app/WindowAction.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
+#include "model/Control.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include <memory>
 #include <string>
@@ -13,10 +15,15 @@ namespace {
 
 int writeDefaults(const std::string& out) {
     WindowAction::getSceneValue();
-    if (const auto trouble =
-            storeBank(out, WindowAction::scenes(), formForArgument(out, BankForm::Image)))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    const SceneList scenes = WindowAction::scenes();
+    // The list is read for each scene, and may be gone for one of them.
+    for (const auto& scene : scenes)
+        if (const std::size_t count = scene->buttonValueArray().size(); count != kControlCount)
+            return complain(fmt::format("default.plist: the default scene holds {} controls, and "
+                                        "the keyboard has {}; no file was written",
+                                        count, kControlCount),
+                            kExitUsage);
+    return storeBank(out, scenes, formForArgument(out, BankForm::Image));
 }
 
 constexpr const char* kDefaultFooter =
@@ -32,7 +39,9 @@ void addDefaultCommand(CLI::App& app, CommandChoice& choice) {
     auto out = std::make_shared<std::string>();
     command->add_option("OUT", *out, kNewBankHelp)->required();
     command->footer(kDefaultFooter);
-    command->callback([&choice, out] { choice = {[out] { return writeDefaults(*out); }, false}; });
+    command->callback([&choice, out] {
+        choice = {[out] { return writeDefaults(*out); }, false, {bankToWrite(*out)}};
+    });
 }
 
 } // namespace scenewright

@@ -1,12 +1,12 @@
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/DeviceTable.h"
 #include "platform/Resources.h"
 #include "usb/ConnectCause.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
-#include <cstdio>
+#include <filesystem>
 #include <memory>
 
 namespace scenewright {
@@ -24,8 +24,7 @@ int printDevices(bool asJson) {
     const DeviceListPlace list{.devices = deviceList(),
                                .inUse = Resources::find("project", "plist").value_or(""),
                                .userOwn = own ? *own / kListFile : std::filesystem::path()};
-    fmt::print("{}", asJson ? deviceJson(devices, list) : deviceTable(devices, list));
-    return kExitDone;
+    return printAndEnd((asJson ? deviceJson : deviceTable)(devices, list), kExitDone);
 }
 
 } // namespace

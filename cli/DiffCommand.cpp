@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace scenewright {
 
@@ -38,7 +39,8 @@ std::optional<SceneList> scenesOf(const std::string& name) {
 }
 
 int diff(const DiffOptions& options) {
-    if (isStream(options.first) && isStream(options.second))
+    if (inputDescriptor(options.first) &&
+        inputDescriptor(options.first) == inputDescriptor(options.second))
         return complain("standard input can be one of the two banks, not both", kExitTrouble);
     // A file's trouble is told before the controller is asked.
     const bool secondIsFile = options.second != kDevice;
@@ -54,7 +56,15 @@ int diff(const DiffOptions& options) {
         return kExitTrouble;
     const auto list = differences(*WindowAction::InitializePopUp(), *first, *second);
     return printAndEnd(options.isJson ? differencesJson(list) : differenceLines(list),
-                       list.empty() ? kExitDone : kExitDifferent);
+                       list.empty() ? kExitDone : kExitDifferent, kExitTrouble);
+}
+
+std::vector<NamedFile> filesOf(const DiffOptions& options) {
+    std::vector<NamedFile> files;
+    for (const std::string& name : {options.first, options.second})
+        if (name != kDevice)
+            files.push_back(bankToRead(name, "a bank that is to be compared"));
+    return files;
 }
 
 constexpr const char* kDiffFooter =
@@ -78,7 +88,10 @@ void addDiffCommand(CLI::App& app, CommandChoice& choice) {
     command->footer(kDiffFooter);
     command->callback([&choice, options] {
         const bool usesController = options->first == kDevice || options->second == kDevice;
-        choice = {[options] { return diff(*options); }, usesController};
+        choice = {.run = [options] { return diff(*options); },
+                  .usesController = usesController,
+                  .files = filesOf(*options),
+                  .failed = kExitTrouble};
     });
 }
 

@@ -64,7 +64,9 @@ void addGetCommand(CLI::App& app, CommandChoice& choice) {
     command->add_option("PATH", options->paths, kPathHelp)->required();
     command->footer(kGetFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return get(*options); }, false};
+        choice = {[options] { return get(*options); },
+                  false,
+                  {bankToRead(options->bank, "the bank that is to be read")}};
     });
 }
 

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <system_error>
 #include <unistd.h>
 
 namespace scenewright {
@@ -33,7 +34,13 @@ void speakOf(const TransferTally& tally) {
 
 } // namespace
 
-Patience::Patience(std::chrono::milliseconds limit) : limit_(limit), thread_([this] { run(); }) {}
+Patience::Patience(std::chrono::milliseconds limit) : limit_(limit) {
+    try {
+        thread_ = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        // Without a thread to spare the transaction goes on, and nothing is said of its pace.
+    }
+}
 
 Patience::~Patience() {
     {
@@ -41,7 +48,8 @@ Patience::~Patience() {
         hasEnded_ = true;
     }
     ended_.notify_one();
-    thread_.join();
+    if (thread_.joinable())
+        thread_.join();
 }
 
 void Patience::run() {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 #include <unistd.h>
 
 namespace scenewright {
@@ -37,8 +38,13 @@ std::string progressText(std::string_view verb, std::uint32_t written, std::uint
 
 ProgressLine::ProgressLine(std::string_view verb, std::uint32_t total)
     : verb_(verb), total_(total) {
-    if (isatty(STDERR_FILENO) != 0)
+    if (isatty(STDERR_FILENO) == 0)
+        return;
+    try {
         thread_ = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        // Without a thread to spare the transaction goes on, and its progress is not shown.
+    }
 }
 
 ProgressLine::~ProgressLine() {

@@ -17,9 +17,7 @@ int readToFile(const std::string& out) {
     const auto scenes = readController("no file was written");
     if (!scenes)
         return kExitController;
-    if (const auto trouble = storeBank(out, *scenes, formForArgument(out, BankForm::Image)))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    return storeBank(out, *scenes, formForArgument(out, BankForm::Image));
 }
 
 constexpr const char* kReadFooter =
@@ -36,7 +34,9 @@ void addReadCommand(CLI::App& app, CommandChoice& choice) {
     auto out = std::make_shared<std::string>();
     command->add_option("OUT", *out, kNewBankHelp)->required();
     command->footer(kReadFooter);
-    command->callback([&choice, out] { choice = {[out] { return readToFile(*out); }, true}; });
+    command->callback([&choice, out] {
+        choice = {[out] { return readToFile(*out); }, true, {bankToWrite(*out)}};
+    });
 }
 
 } // namespace scenewright

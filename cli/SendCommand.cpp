@@ -8,11 +8,10 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <system_error>
+#include <unistd.h>
 
 namespace scenewright {
 
@@ -44,9 +43,7 @@ int keepBackup(const std::string& file) {
     const auto held = readController("there is no backup and nothing was sent");
     if (!held)
         return kExitController;
-    if (const auto trouble = storeBank(file, *held, formForArgument(file, BankForm::Image)))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    return storeBank(file, *held, formForArgument(file, BankForm::Image));
 }
 
 int verify(const SceneList& sent) {
@@ -66,11 +63,8 @@ int verify(const SceneList& sent) {
 std::optional<std::string> backupTrouble(const SendOptions& options) {
     if (options.backup.empty())
         return std::nullopt;
-    if (options.isVerified && isStream(options.backup))
+    if (options.isVerified && outputDescriptor(options.backup) == STDOUT_FILENO)
         return "--backup - and --verify both write to standard output";
-    std::error_code ignored;
-    if (std::filesystem::equivalent(options.in, options.backup, ignored))
-        return options.backup + ": the backup would overwrite the bank that is to be sent";
     return whyNotStorable(options.backup);
 }
 
@@ -119,7 +113,11 @@ void addSendCommand(CLI::App& app, CommandChoice& choice) {
     dryRun->excludes(backup)->excludes("--verify");
     command->footer(kSendFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return sendBank(*options); }, true};
+        choice = {
+            [options] { return sendBank(*options); },
+            true,
+            {bankToRead(options->in, "the bank that is to be sent"),
+             {options->backup, FileUse::Written, options->backup + ": the backup", "the backup"}}};
     });
 }
 

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -20,16 +21,13 @@ struct SetOptions {
 };
 
 int set(const SetOptions& options) {
-    const BankFile bank = loadBank(options.bank);
-    if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
-    const Edited edited =
-        setValues(*WindowAction::InitializePopUp(), bank.scenes, options.assignments);
-    if (edited.trouble)
-        return complain(*edited.trouble, kExitUsage);
-    if (const auto trouble = storeBank(options.bank, edited.scenes, bank.form))
-        return complain(*trouble, kExitUsage);
-    return kExitDone;
+    const auto lists = WindowAction::InitializePopUp();
+    return changeBank(options.bank, [&](const BankFile& bank) -> Result<SceneList> {
+        Edited edited = setValues(*lists, bank.scenes, options.assignments);
+        if (edited.trouble)
+            return failure(*edited.trouble);
+        return std::move(edited.scenes);
+    });
 }
 
 constexpr const char* kSetFooter =
@@ -55,7 +53,7 @@ void addSetCommand(CLI::App& app, CommandChoice& choice) {
     command->add_option("PATH=VALUE", options->assignments, kPathHelp)->required();
     command->footer(kSetFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return set(*options); }, false};
+        choice = {[options] { return set(*options); }, false, {bankToChange(options->bank)}};
     });
 }
 

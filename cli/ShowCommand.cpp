@@ -67,7 +67,9 @@ void addShowCommand(CLI::App& app, CommandChoice& choice) {
     command->add_flag("--json", options->isJson, "As a JSON text instead of tables");
     command->footer(kShowFooter);
     command->callback([&choice, options] {
-        choice = {[options] { return show(*options); }, false};
+        choice = {[options] { return show(*options); },
+                  false,
+                  {bankToRead(options->in, "the bank that is to be shown")}};
     });
 }
 

@@ -1,22 +1,16 @@
+#include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/UdevRules.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
-
-#include <cstdio>
 
 namespace scenewright {
 
 void addUdevRulesCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command =
         app.add_subcommand("udev-rules", "Print the udev rules that permit the listed keyboards");
-    command->callback([&choice] {
-        choice.run = [] {
-            fmt::print("{}", udevRules(deviceList()));
-            return kExitDone;
-        };
-    });
+    command->callback(
+        [&choice] { choice.run = [] { return printAndEnd(udevRules(deviceList()), kExitDone); }; });
 }
 
 } // namespace scenewright

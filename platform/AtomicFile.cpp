@@ -265,8 +265,11 @@ Result<FileDescriptor> lockFile(const fs::path& path) {
 Result<fs::path> targetOf(const fs::path& path) {
     if (path.empty())
         return failure(say(ownText("scenewright::File", "no name was given")));
-    if (!path.has_filename())
+    std::error_code ignored;
+    if (!path.has_filename() && fs::is_directory(path, ignored))
         return failure(say(kIsFolder));
+    if (!path.has_filename())
+        return failure(say(ownText("scenewright::File", "a file's name does not end in a slash")));
     return followLinks(path);
 }
 
@@ -320,6 +323,9 @@ Result<Replaced> changeFile(const fs::path& path, std::size_t limit, const FileC
     const auto target = targetOf(path);
     if (!target)
         return sentence(kCannotRead, path, target.error());
+    struct stat status {};
+    if (::stat(target->c_str(), &status) == 0 && S_ISFIFO(status.st_mode))
+        return sentence(kCannotWrite, path, examineExisting(*target).error());
     const auto lock = lockFile(*target);
     if (!lock)
         return sentence(kCannotWrite, path, lock.error());

@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <memory>
-#include <mutex>
 #include <string_view>
 #include <sys/stat.h>
 #include <system_error>
@@ -72,14 +71,34 @@ Diagnostics::Sink logSinkOf(std::shared_ptr<StreamFile> file) {
     return [file = std::move(file)](std::string_view line) { file->write(asOneLine(line)); };
 }
 
+// Empties or makes the file; each piece then goes to its end.
+Result<FileDescriptor> openStreamFile(const std::string& name) {
+    const auto descriptor = namedDescriptor(name);
+    // Not waiting for a reader is the file's own flag here; a descriptor's is shared with others.
+    const int fd = descriptor
+                       ? ::fcntl(*descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
+                       : ::open(name.c_str(),
+                                O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                                kNewFileMode);
+    FileDescriptor file(fd);
+    if (!file.isOpen())
+        return failure(cannotWrite(name, errno == ENXIO ? "nobody reads this pipe"
+                                                        : std::generic_category().message(errno)));
+    struct stat status {};
+    if (!descriptor && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+        ::ftruncate(file.get(), 0) != 0)
+        return failure(cannotWrite(name, std::generic_category().message(errno)));
+    return file;
+}
+
 using MakeSink = Diagnostics::Sink (*)(std::shared_ptr<StreamFile>);
 using SetSink = void (*)(Diagnostics::Sink);
 
 Result<void> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink) {
-    const auto fd = openForDiagnostics(name == "-" ? "/dev/stderr" : name);
-    if (!fd)
-        return failure(fd.error());
-    auto file = std::make_shared<StreamFile>(name, FileDescriptor(*fd));
+    auto opened = openStreamFile(name);
+    if (!opened)
+        return failure(opened.error());
+    auto file = std::make_shared<StreamFile>(name, std::move(*opened));
     streamFiles().push_back(file);
     setSink(makeSink(std::move(file)));
     return {};
@@ -96,10 +115,18 @@ Diagnostics::Sink logSink(int fd) {
 }
 
 Result<void> sendConsoleTo(const std::string& name) {
+    if (name == "-") {
+        Diagnostics::setConsole(consoleSink(STDERR_FILENO));
+        return {};
+    }
     return sendTo(name, &consoleSinkOf, &Diagnostics::setConsole);
 }
 
 Result<void> sendLogTo(const std::string& name) {
+    if (name == "-") {
+        Diagnostics::setLog(logSink(STDERR_FILENO));
+        return {};
+    }
     return sendTo(name, &logSinkOf, &Diagnostics::setLog);
 }
 
@@ -110,26 +137,6 @@ Result<void> endDiagnostics() {
         if (!file->isWhole())
             return failure(file->name() + ": not all of it could be written");
     return {};
-}
-
-Result<int> openForDiagnostics(const std::string& name) {
-    const auto descriptor = namedDescriptor(name);
-    // Not waiting for a reader is the file's own flag here; a descriptor's is shared with others.
-    const int fd = descriptor ? ::fcntl(*descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
-                              : ::open(name.c_str(),
-                                       O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY |
-                                           O_CLOEXEC,
-                                       kNewFileMode);
-    FileDescriptor file(fd);
-    if (!file.isOpen())
-        return failure(cannotWrite(name, errno == ENXIO
-                                             ? "nobody reads this pipe"
-                                             : std::generic_category().message(errno)));
-    struct stat status {};
-    if (!descriptor && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
-        ::ftruncate(file.get(), 0) != 0)
-        return failure(cannotWrite(name, std::generic_category().message(errno)));
-    return file.release();
 }
 
 } // namespace scenewright

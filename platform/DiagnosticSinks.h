@@ -17,17 +17,14 @@ namespace scenewright {
 // Log lines, each ended by one line feed; a line feed inside a line is written as \n.
 [[nodiscard]] Diagnostics::Sink logSink(int fd);
 
-// Empties or makes the file ('-' and /dev/stderr are standard error, and so on) and hands the stream
-// over to it; the sink owns the file. On error the stream stays as it is.
+// Empties or makes the file, or takes the descriptor that it stands for ('-' is standard error),
+// and hands the stream over to it. On error the stream stays as it is;
+// a pipe that nobody reads is one.
 [[nodiscard]] Result<void> sendConsoleTo(const std::string& name);
 [[nodiscard]] Result<void> sendLogTo(const std::string& name);
 
 // Turns both streams off and closes their files. The error is the first file that was not written
 // whole since it was opened. Main thread, once no other thread writes.
 [[nodiscard]] Result<void> endDiagnostics();
-
-// Opens a file that takes diagnostics as they come, adding at its end: emptied, or made. A pipe
-// that nobody reads is an error, and none is waited for afterwards.
-[[nodiscard]] Result<int> openForDiagnostics(const std::string& name);
 
 } // namespace scenewright

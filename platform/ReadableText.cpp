@@ -1,5 +1,6 @@
 #include "platform/ReadableText.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -25,10 +26,29 @@ constexpr std::array<Form, 4> kForms{{
     {4, 0xF8, 0xF0, 0x10000},
 }};
 
+// Characters without a shape that end a line or turn the order of what follows.
+struct Range {
+    std::uint32_t first;
+    std::uint32_t last;
+};
+constexpr std::array<Range, 5> kUnseen{{
+    {0x061C, 0x061C}, // a mark of direction
+    {0x200E, 0x200F}, // two more
+    {0x2028, 0x2029}, // ends of lines and paragraphs
+    {0x202A, 0x202E}, // embeddings and overrides of direction, and their end
+    {0x2066, 0x2069}, // isolates, and their end
+}};
+
+constexpr bool isUnseen(std::uint32_t point) {
+    return std::ranges::any_of(kUnseen, [point](const Range& range) {
+        return point >= range.first && point <= range.last;
+    });
+}
+
 constexpr bool isShowable(std::uint32_t point) {
     const bool isControl = point < 0x20 || (point >= 0x7F && point < 0xA0);
     const bool isSurrogate = point >= 0xD800 && point < 0xE000;
-    return !isControl && !isSurrogate && point <= 0x10FFFF;
+    return !isControl && !isSurrogate && !isUnseen(point) && point <= 0x10FFFF;
 }
 
 const Form* formOf(std::uint8_t first) {

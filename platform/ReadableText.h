@@ -6,8 +6,8 @@
 
 namespace scenewright {
 
-// The text as valid UTF-8 of one line: bytes that are no UTF-8 and control characters, among them a
-// terminal's commands, show as U+FFFD. Any thread.
+// The text as valid UTF-8 of one line: bytes that are no UTF-8, control characters, among them a
+// terminal's commands, and those that end a line or turn its direction show as U+FFFD. Any thread.
 [[nodiscard]] std::string readableText(std::string_view text);
 
 } // namespace scenewright

@@ -117,17 +117,23 @@ void reportError(std::string_view program, std::string_view sentence) noexcept {
     }
 }
 
-Result<void> writeStandardOutput(std::string_view text) {
+int writeFully(int fd, std::string_view text) noexcept {
     while (!text.empty()) {
-        const ssize_t count = ::write(STDOUT_FILENO, text.data(), text.size());
+        const ssize_t count = ::write(fd, text.data(), text.size());
         if (count > 0)
             text.remove_prefix(static_cast<std::size_t>(count));
         else if (count < 0 && errno == EAGAIN) {
-            pollfd place{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
+            pollfd place{.fd = fd, .events = POLLOUT, .revents = 0};
             static_cast<void>(::poll(&place, 1, -1));
         } else if (count < 0 && errno != EINTR)
-            return failure(kOutputFailed);
+            return errno;
     }
+    return 0;
+}
+
+Result<void> writeStandardOutput(std::string_view text) {
+    if (writeFully(STDOUT_FILENO, text) != 0)
+        return failure(kOutputFailed);
     return {};
 }
 

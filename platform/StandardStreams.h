@@ -29,7 +29,9 @@ void writeStandardError(std::string_view text) noexcept;
 // written.
 void reportError(std::string_view program, std::string_view sentence) noexcept;
 
-// Writes a result, waiting as long as it takes.
+// Writes all of a result, waiting as long as it takes; gives 0 or errno's value.
+[[nodiscard]] int writeFully(int fd, std::string_view text) noexcept;
+// The same to standard output.
 [[nodiscard]] Result<void> writeStandardOutput(std::string_view text);
 // After the last result: some file systems say only now that something could not be written.
 [[nodiscard]] Result<void> closeStandardOutput();

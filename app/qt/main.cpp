@@ -8,6 +8,7 @@
 #include "editor/qt/Translation.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
+#include "platform/NamedFiles.h"
 #include "platform/StandardStreams.h"
 #include "protocol/SendJob.h"
 #include "usb/Shutdown.h"
@@ -22,6 +23,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 
 namespace scenewright {
 
@@ -122,8 +124,10 @@ int run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
     }
-    Diagnostics::setConsole(consoleSink(stdout));
-    Diagnostics::setLog(logSink(stderr));
+    Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
+    Diagnostics::setLog(logSink(STDERR_FILENO));
+    if (const auto checked = checkNamedFiles(launchFiles(options)); !checked)
+        return complain(checked.error(), kExitUsage);
     if (const auto trouble = launch(options))
         return complain(*trouble, kExitUsage);
     if (!hasDisplay())

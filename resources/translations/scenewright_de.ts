@@ -530,6 +530,22 @@
         <translation>es wurde kein Name angegeben</translation>
     </message>
     <message>
+        <source>its owner and group could not be kept</source>
+        <translation>Eigentümer und Gruppe könnten nicht beibehalten werden</translation>
+    </message>
+    <message>
+        <source>a file system is mounted on it</source>
+        <translation>darauf ist ein Dateisystem eingehängt</translation>
+    </message>
+    <message>
+        <source>another program keeps it locked</source>
+        <translation>ein anderes Programm hält die Datei gesperrt</translation>
+    </message>
+    <message>
+        <source>a file's name does not end in a slash</source>
+        <translation>der Name einer Datei endet nicht mit einem Schrägstrich</translation>
+    </message>
+    <message>
         <source>the former scenes could not be kept: {}</source>
         <translation>Die bisherigen Szenen konnten nicht aufbewahrt werden: {}</translation>
     </message>

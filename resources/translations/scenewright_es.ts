@@ -530,6 +530,22 @@
         <translation>no se indicó ningún nombre</translation>
     </message>
     <message>
+        <source>its owner and group could not be kept</source>
+        <translation>no se podrían conservar su propietario y su grupo</translation>
+    </message>
+    <message>
+        <source>a file system is mounted on it</source>
+        <translation>hay un sistema de archivos montado en él</translation>
+    </message>
+    <message>
+        <source>another program keeps it locked</source>
+        <translation>otro programa lo mantiene bloqueado</translation>
+    </message>
+    <message>
+        <source>a file's name does not end in a slash</source>
+        <translation>el nombre de un archivo no termina en una barra</translation>
+    </message>
+    <message>
         <source>the former scenes could not be kept: {}</source>
         <translation>no se pudieron conservar las escenas anteriores: {}</translation>
     </message>

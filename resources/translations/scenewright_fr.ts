@@ -530,6 +530,22 @@
         <translation>aucun nom n’a été donné</translation>
     </message>
     <message>
+        <source>its owner and group could not be kept</source>
+        <translation>son propriétaire et son groupe ne pourraient pas être conservés</translation>
+    </message>
+    <message>
+        <source>a file system is mounted on it</source>
+        <translation>un système de fichiers y est monté</translation>
+    </message>
+    <message>
+        <source>another program keeps it locked</source>
+        <translation>un autre programme le garde verrouillé</translation>
+    </message>
+    <message>
+        <source>a file's name does not end in a slash</source>
+        <translation>le nom d'un fichier ne se termine pas par une barre oblique</translation>
+    </message>
+    <message>
         <source>the former scenes could not be kept: {}</source>
         <translation>les scènes précédentes n’ont pas pu être conservées : {}</translation>
     </message>

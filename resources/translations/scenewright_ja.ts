@@ -530,6 +530,22 @@
         <translation>名前が指定されていません</translation>
     </message>
     <message>
+        <source>its owner and group could not be kept</source>
+        <translation>所有者とグループを維持できません</translation>
+    </message>
+    <message>
+        <source>a file system is mounted on it</source>
+        <translation>ファイルシステムがマウントされています</translation>
+    </message>
+    <message>
+        <source>another program keeps it locked</source>
+        <translation>別のプログラムがロックしています</translation>
+    </message>
+    <message>
+        <source>a file's name does not end in a slash</source>
+        <translation>ファイル名の末尾にスラッシュは使えません</translation>
+    </message>
+    <message>
         <source>the former scenes could not be kept: {}</source>
         <translation>以前のシーンを保存できませんでした: {}</translation>
     </message>

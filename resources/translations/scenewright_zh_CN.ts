@@ -530,6 +530,22 @@
         <translation>没有给出名称</translation>
     </message>
     <message>
+        <source>its owner and group could not be kept</source>
+        <translation>无法保留其所有者和组</translation>
+    </message>
+    <message>
+        <source>a file system is mounted on it</source>
+        <translation>其上挂载了文件系统</translation>
+    </message>
+    <message>
+        <source>another program keeps it locked</source>
+        <translation>另一个程序将其锁定</translation>
+    </message>
+    <message>
+        <source>a file's name does not end in a slash</source>
+        <translation>文件名不能以斜杠结尾</translation>
+    </message>
+    <message>
         <source>the former scenes could not be kept: {}</source>
         <translation>无法保留先前的场景：{}</translation>
     </message>

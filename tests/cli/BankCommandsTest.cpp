@@ -243,7 +243,7 @@ TEST_F(BankCommands, UnwritableOutputIsNamed) {
                    file("none/out.json"));
     const ProgramRun full = testing::runProgram(
         {"/bin/sh", "-c", testing::kProgram + " convert " + file("a.bank") + " - >/dev/full"});
-    EXPECT_EQ(full.exitCode, 2);
+    EXPECT_EQ(full.exitCode, 1);
     EXPECT_EQ(full.errors, "scenewright-cli: standard output could not be written\n");
 }
 

@@ -1,11 +1,15 @@
 #include "cli/Patience.h"
 
+#include "platform/FileDescriptor.h"
 #include "usb/Transport.h"
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <functional>
 #include <string>
+#include <thread>
+#include <unistd.h>
 
 namespace scenewright {
 namespace {
@@ -57,6 +61,17 @@ TEST_F(PatienceTest, AnUnpluggedKeyboardIsToldAsSuch) {
     EXPECT_EQ(saidDuring([] {}),
               "scenewright-cli: The keyboard was unplugged: plug it in and try again "
               "(Ctrl+C stops)\n");
+}
+
+TEST_F(PatienceTest, WhatCannotBeSaidHoldsNothingUp) {
+    const FileDescriptor former(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3));
+    const FileDescriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
+    ::dup2(full.get(), STDERR_FILENO);
+    {
+        const Patience patience(20ms);
+        std::this_thread::sleep_for(100ms);
+    }
+    ::dup2(former.get(), STDERR_FILENO);
 }
 
 } // namespace

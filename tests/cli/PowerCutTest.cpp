@@ -3,6 +3,11 @@
 
 #include "tests/cli/BankProgram.h"
 
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <vector>
+
 namespace scenewright::testing {
 namespace {
 
@@ -82,6 +87,34 @@ TEST_F(ProgramPowerCut, AFailureInAnEditIsToldAndLeavesTheOldBank) {
 TEST_F(ProgramPowerCut, LeavesTheOldMemoryOrTheWholeSentOne) {
     writeBytes(other_, randomBank(2));
     expectOldOrNewAfterPowerCuts(writingBy({"--virtual=" + target_, "send", other_}));
+}
+
+// The list is opened for each scene anew, and may be gone, or fail, for one of them.
+TEST_F(ProgramPowerCut, ADefaultListThatFailsForOneSceneGivesNoBank) {
+    const fs::path lists = folder_.path() / "lists";
+    fs::create_directory(lists);
+    fs::copy_file(SCENEWRIGHT_SOURCE_DIR "/resources/default.plist", lists / "default.plist");
+    const std::string out = folder_.file("out");
+    const Writing writing{[&] { fs::remove(out); },
+                          [&](const Blow& blow) {
+                              return runTraced(
+                                  lists, {kProgram, "--resources", lists.string(), "default", out},
+                                  blow);
+                          }};
+    writing.prepare();
+    const std::size_t calls = writing.run({}).calls.size();
+    const std::string whole = readText(out);
+    ASSERT_GT(calls, 8U);
+    int refused = 0;
+    for (std::size_t call = 0; call < calls; ++call)
+        for (const int error : {EIO, ENOENT}) {
+            writing.prepare();
+            const TracedRun run = writing.run({Blow::Kind::Fail, call, error});
+            expectOneSentenceOrNone(run);
+            refused += run.exitCode == 2 ? 1 : 0;
+            EXPECT_EQ(fs::exists(out) ? readText(out) : "", run.exitCode == 0 ? whole : "") << call;
+        }
+    EXPECT_GT(refused, 0);
 }
 
 } // namespace

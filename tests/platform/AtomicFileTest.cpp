@@ -139,6 +139,14 @@ TEST_F(AtomicFile, AFolderIsNotReplaced) {
     EXPECT_EQ(folder_.names().size(), 0U);
 }
 
+TEST_F(AtomicFile, ASlashAfterTheNameIsNoFile) {
+    writeText(file_, "old");
+    for (const fs::path& path : {file_, folder_.path() / "none"})
+        EXPECT_EQ(errorOfWriting(path.string() + "/"),
+                  "Cannot write " + path.string() + "/: a file's name does not end in a slash.");
+    EXPECT_EQ(folder_.names().size(), 1U);
+}
+
 TEST_F(AtomicFile, AMissingFolderIsNamed) {
     const fs::path path = folder_.path() / "none" / "a.bank";
     EXPECT_EQ(errorOfWriting(path), "Cannot write " + path.string() + ": " +

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace scenewright {
 namespace {
 
@@ -16,6 +19,22 @@ TEST(ReadableText, ControlCharactersAreReplacedOneByOne) {
     EXPECT_EQ(readableText("\x1B[31m"), "\uFFFD[31m");
     EXPECT_EQ(readableText(std::string_view("a\0", 2)), "a\uFFFD");
     EXPECT_EQ(readableText("\xC2\x9B"), "\uFFFD\uFFFD") << "U+009B begins a terminal's command";
+}
+
+// One replacement for each byte.
+std::string replaced(std::string_view text) {
+    std::string shown;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        shown += "\uFFFD";
+    return shown;
+}
+
+TEST(ReadableText, EndsOfLinesAndTurnsOfDirectionAreReplaced) {
+    for (const char* text :
+         {"\u061C", "\u200E", "\u200F", "\u2028", "\u2029", "\u202A", "\u202E", "\u2066", "\u2069"})
+        EXPECT_EQ(readableText(std::string("a") + text + "b"), "a" + replaced(text) + "b");
+    for (const char* text : {"\u061B", "\u200D", "\u2010", "\u2027", "\u202F", "\u2065", "\u206A"})
+        EXPECT_EQ(readableText(text), text);
 }
 
 TEST(ReadableText, BytesThatAreNoUtf8AreReplacedOneByOne) {

@@ -20,13 +20,20 @@ void redirect(const std::string& path, int flags, int target) {
 }
 
 [[noreturn]] void become(const std::vector<std::string>& command,
-                         const std::vector<std::string>& environment, const TempFolder& folder) {
+                         const std::vector<std::string>& environment,
+                         const std::vector<GivenDescriptor>& given, const TempFolder& folder) {
     // A shell that started the tests in the background leaves some of these ignored.
-    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXFSZ})
         std::signal(number, SIG_DFL);
     redirect("/dev/null", O_RDONLY, STDIN_FILENO);
     redirect(folder.file("out"), O_WRONLY | O_CREAT, STDOUT_FILENO);
     redirect(folder.file("err"), O_WRONLY | O_CREAT, STDERR_FILENO);
+    for (const GivenDescriptor& each : given) {
+        if (each.source == GivenDescriptor::kClosed)
+            close(each.number);
+        else if (dup2(each.source, each.number) < 0)
+            _exit(127);
+    }
     for (std::string variable : environment) {
         const std::size_t equals = variable.find('=');
         setenv(variable.substr(0, equals).c_str(), variable.c_str() + equals + 1, 1);
@@ -47,11 +54,12 @@ std::string textOf(const std::string& path) {
 } // namespace
 
 ProgramRun runProgram(const std::vector<std::string>& command,
-                      const std::vector<std::string>& environment) {
+                      const std::vector<std::string>& environment,
+                      const std::vector<GivenDescriptor>& given) {
     const TempFolder folder;
     const pid_t child = fork();
     if (child == 0)
-        become(command, environment, folder);
+        become(command, environment, given, folder);
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child)
         throw std::runtime_error("cannot run " + command.front());

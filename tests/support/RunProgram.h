@@ -12,8 +12,18 @@ struct ProgramRun {
     std::string errors;
 };
 
-// `command[0]` is the program's path. Standard input is empty. Throws when it cannot be started.
+// One of the program's descriptors 0 to 2: an open one of the caller's, or closed. What goes to
+// such a one is not caught.
+struct GivenDescriptor {
+    static constexpr int kClosed = -1;
+    int number;
+    int source;
+};
+
+// `command[0]` is the program's path. Standard input is empty unless given. Throws when it cannot
+// be started.
 [[nodiscard]] ProgramRun runProgram(const std::vector<std::string>& command,
-                                    const std::vector<std::string>& environment = {});
+                                    const std::vector<std::string>& environment = {},
+                                    const std::vector<GivenDescriptor>& given = {});
 
 } // namespace scenewright::testing

@@ -1,5 +1,6 @@
 #include "model/FileAction.h"
 #include "platform/Diagnostics.h"
+#include "platform/NamedFiles.h"
 #include "platform/Resources.h"
 #include "platform/StandardStreams.h"
 #include "platform/WholeFile.h"
@@ -9,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <exception>
@@ -97,7 +99,18 @@ void finish(usbip::BankSaver& saver, std::optional<usbip::LineFile>& trace) {
         ::_exit(kExitError);
 }
 
+Result<void> checkFiles(const ProgramOptions& options) {
+    const std::string trace = options.trace == "-" ? "/dev/stdout" : options.trace;
+    const std::array<NamedFile, 2> files{{
+        {trace, FileUse::Appended, "--trace " + options.trace + ": it", "the trace"},
+        {options.bank, FileUse::Replaced, options.bank + ": it", "the controller's memory"},
+    }};
+    return checkNamedFiles(files);
+}
+
 int run(const ProgramOptions& options) {
+    if (const auto checked = checkFiles(options); !checked)
+        return failed(checked.error(), kExitUsage);
     Resources::setFolder(options.resources);
     Diagnostics::setLog(logLine);
     const Result<BankImage> bank = loadBank(options.bank);

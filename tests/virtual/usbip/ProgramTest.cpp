@@ -224,6 +224,17 @@ TEST(VirtualProgram, OrdersThatAreNoneAreToldAndTheirEndEndsNothing) {
     EXPECT_EQ(handshake(host), kHandshakeReply);
 }
 
+TEST(VirtualProgram, TraceDoesNotOverwriteTheMemory) {
+    const TempFolder folder;
+    const std::string file = folder.file("bank");
+    scenewright::testing::writeBytes(file, bank(3));
+    const ProgramRun result = run({"--bank", file, "--trace", file});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errors, "scenewright-virtual: --trace " + file +
+                                 ": it would overwrite the controller's memory\n");
+    EXPECT_EQ(readBytes(file), bank(3));
+}
+
 TEST(VirtualProgram, TraceHasALineATransfer) {
     const TempFolder folder;
     ServerProcess server({"--trace", folder.file("trace")});
