@@ -7,7 +7,7 @@ import time
 
 import surroundings_streams
 import sweep_run
-from usbip_client import HANDSHAKE, SEND, Host, Lost
+from usbip_client import HANDSHAKE, SEND, Host, Lost, free_port
 
 START = 10  # seconds
 END = 5  # seconds after SIGTERM; it has to end within one, on a machine that is not busy
@@ -78,11 +78,6 @@ def cells():
         *(f"server/ends-beside/{client.__name__}" for client in CLIENTS),
         *(f"server/goes-on-after/{client.__name__}" for client in CLIENTS),
     ]
-
-
-def free_port():
-    with socket.create_server(("127.0.0.1", 0)) as found:
-        return found.getsockname()[1]
 
 
 def connect(port, process):

@@ -1,7 +1,6 @@
 """The sweep of scenewright-virtual: a host sends it a bank, and it is asked to end."""
 
 import os
-import re
 import subprocess
 import threading
 import time
@@ -11,7 +10,7 @@ import sweep_run
 from sweep_commands import Job
 from sweep_place import Place
 from sweep_subjects import make_files
-from usbip_client import Host, Lost
+from usbip_client import Host, Lost, free_port
 
 PART = 60
 PROGRAM = "scenewright-virtual"
@@ -20,7 +19,7 @@ SUBJECTS = {
     "server": ["--bank", "held.bank"],
     "server-new": ["--bank", "new.bank", "--trace", "trace"],
 }
-LISTENING = re.compile(r"listening at 127\.0\.0\.1:(\d+)")
+MOST = 60  # failures of one call of one thread by one error; packets are all alike
 
 
 class Sweep:
@@ -69,17 +68,24 @@ class Sweep:
             found.append(Job(name, 0, "order", "none", 1))
             main = int(ended.trace[0].split()[0])
             for thread, calls in enumerate(sweep_run.by_number(ended.trace, main)):
-                found += sweep_run.jobs_of(Job, name, thread, calls, True)
+                for call, lines in calls.items():
+                    jobs = sweep_run.jobs_of(Job, name, thread, {call: lines}, True)
+                    by_error = {error: [] for error in {job.error for job in jobs}}
+                    for job in jobs:
+                        by_error[job.error].append(job)
+                    for each in by_error.values():
+                        found += each[:: -(-len(each) // MOST)]
         return found
 
     def session(self, name, thread, options):
         """A host sends a bank; then the server is to end. How it ended, and whether the host had
         to give up."""
         place = self.place()
+        port = free_port()
         gate = sweep_run.Gate()
         with open(place.stream("err"), "wb") as err:
             process = subprocess.Popen(
-                [self.program, "--listen", "127.0.0.1:0", *self.subjects[name]],
+                [self.program, "--listen", f"127.0.0.1:{port}", *self.subjects[name]],
                 cwd=place.files,
                 env=place.environment(LD_PRELOAD=self.preload, **gate.variables(thread)),
                 stdin=subprocess.DEVNULL,
@@ -92,26 +98,24 @@ class Sweep:
         place.stream("trace").write_text("")
         tracer = sweep_run.attach(held, place.stream("trace"), options) if held else None
         gate.let_go()
-        lost = self.send(place, process)
+        lost = self.send(port, process)
         ended = self.end(process)
         if tracer:
             tracer.wait()
         gate.close()
         return sweep_run.read_back(place, ended), lost
 
-    def send(self, place, process):
+    def send(self, port, process):
         """Whether the host had to give up, and why."""
         limit = time.monotonic() + sweep_run.PATIENCE
-        port = None
-        while not port and process.poll() is None and time.monotonic() < limit:
-            port = LISTENING.search(place.stream("err").read_text())
-            time.sleep(0.002)
-        if not port:
-            return "it does not listen"
-        try:
-            host = Host(int(port[1]))
-        except (Lost, OSError) as error:
-            return str(error)
+        host = None
+        while not host:
+            try:
+                host = Host(port)
+            except (Lost, OSError) as error:
+                if process.poll() is not None or time.monotonic() > limit:
+                    return str(error)
+                time.sleep(0.005)
         try:
             host.send_bank(self.image)
         except Lost as error:
@@ -163,8 +167,8 @@ class Sweep:
             return [f"is ended by signal {-ended.code}"]
         said = sweep_judge.sentences(ended.err)
         found = list(sweep_judge.sentence_faults(PROGRAM, said))
-        usual = {LISTENING.sub("", line) for line in undisturbed.out}
-        told = [line for line in said if LISTENING.sub("", line) not in usual]
+        usual = {line.rpartition(":")[0] for line in undisturbed.out}
+        told = [line for line in said if line.rpartition(":")[0] not in usual]
         now, before, after = (
             self.files(each) for each in (now, undisturbed.before, undisturbed.after)
         )

@@ -13,6 +13,11 @@ WIRE_SIZE = 1024  # padded with FF; each 512 bytes are acknowledged
 BLOCK = 512
 
 
+def free_port():
+    with socket.create_server(("127.0.0.1", 0)) as found:
+        return found.getsockname()[1]
+
+
 class Lost(Exception):
     """The server does not answer as a device does."""
 

@@ -230,6 +230,12 @@ class RunAndTest(ScriptTest):
                 f"--parallel {len(os.sched_getaffinity(0))} -R platform\n",
             )
 
+    def test_test_takes_the_whole_tables_along_on_request(self):
+        self.fake("ctest", 'echo "ctest $*"')
+        self.assertTrue(
+            self.output("test", "--all", "-R", "sweep").endswith("--build-config all -R sweep\n")
+        )
+
     def test_test_builds_every_preset_and_gives_ctest_their_tests_as_one(self):
         self.run_script("test")
         presets = ["dev", "asan", "tsan", "fuzz"]
