@@ -2,7 +2,7 @@
 
 import os
 import threading
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 
 import sweep_judge
 import sweep_run
@@ -153,6 +153,9 @@ class Sweep:
             return []
         if job.error == "kill":
             return self.after_kill(subject, undisturbed, ended, place)
+        if any("close(1<" in line and "(INJECTED)" in line for line in ended.trace):
+            # Standard output comes last: that it is not closed is told, and the files are written.
+            undisturbed = replace(undisturbed, before=undisturbed.after)
         found = sweep_judge.faults(subject, undisturbed, ended, place.contents())
         if job.call == "halves" and ended.code != undisturbed.code:
             found.append(f"exits {ended.code} where reads and writes take half")
