@@ -139,8 +139,9 @@ class ScreenReader:
         return False
 
     def close(self):
-        self.bus.close_sync(None)
-        self.session.close_sync(None)
+        for bus in (self.bus, self.session):
+            if not bus.is_closed():
+                bus.close_sync(None)
 
 
 def make_earlier(home, image):
