@@ -17,9 +17,15 @@ std::optional<std::int32_t> identifier(const PropertyValue& value) {
 } // namespace
 
 std::vector<DeviceIds> deviceList() {
+    return readDeviceList().value_or(std::vector<DeviceIds>{});
+}
+
+Result<std::vector<DeviceIds>> readDeviceList() {
     std::vector<DeviceIds> list;
-    const PropertyValue entries = Resources::load("project");
-    for (const PropertyValue& entry : entries.elements()) {
+    const auto entries = Resources::read("project");
+    if (!entries)
+        return failure(entries.error());
+    for (const PropertyValue& entry : entries->elements()) {
         const auto vendor = identifier(entry["VID"]);
         const auto product = identifier(entry["PID"]);
         if (vendor && product)

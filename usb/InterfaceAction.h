@@ -28,7 +28,8 @@ public:
     static bool FindDevice();
     // Takes, opens and lists the current device's second interface as the current interface.
     static bool CreateInterface();
-    [[nodiscard]] static std::optional<MatchingDictionary>
+    // What matches devices by these ids; nothing when the platform cannot.
+    [[nodiscard]] static std::optional<DeviceMatch>
     MyCreateUSBMatchingDictionaryWithVendorID_andProductID(std::int32_t vendorId,
                                                            std::int32_t productId);
     // `testSend` is ignored.
@@ -41,10 +42,11 @@ public:
     // Closes and releases the current interface; the handle stays, stale.
     static void KillInterface();
 
-    // The alternative search, by a ready dictionary; nothing in the system calls it.
+    // The alternative search; nothing in the system calls it.
     [[nodiscard]] static std::shared_ptr<UsbDevice>
-    MyFindMatchingDevicesWithDictionary(const MatchingDictionary& dictionary);
-    [[nodiscard]] static std::shared_ptr<UsbDevice> MyStartDriverWithService(UsbService& service);
+    MyFindMatchingDevicesWithDictionary(const DeviceMatch& match);
+    [[nodiscard]] static std::shared_ptr<UsbDevice>
+    MyStartDriverWithService(const std::shared_ptr<UsbDevice>& service);
 
     // Transfers, on the current interface.
 

@@ -1,97 +1,116 @@
 #include "usb/InterfaceHandle.h"
 
-#include "platform/Diagnostics.h"
-
+#include <cstdint>
 #include <exception>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <utility>
 
 namespace scenewright {
 
-InterfaceHandle::InterfaceHandle(std::unique_ptr<UsbInterface> interface)
-    : interface_(std::move(interface)) {}
-
-InterfaceHandle::~InterfaceHandle() {
-    giveUp();
+template <typename Value, typename Step>
+Value InterfaceHandle::take(Value stale, Step step) {
+    std::unique_lock lock(mutex_);
+    if (isStale_)
+        return stale;
+    ++steps_;
+    // Also when the step throws.
+    const auto leave = [this, &lock](UsbInterface*) {
+        lock.lock();
+        --steps_;
+        left_.notify_all();
+    };
+    const std::unique_ptr<UsbInterface, decltype(leave)> interface(interface_.get(), leave);
+    lock.unlock();
+    return step(*interface);
 }
 
-template <typename Step>
-ResultCode InterfaceHandle::onInterface(Step step) {
+bool InterfaceHandle::isStale() const {
     const std::lock_guard lock(mutex_);
-    return interface_ ? step(*interface_) : kResultGivenUp;
+    return isStale_;
 }
 
-bool InterfaceHandle::isStale() {
+ResultCode InterfaceHandle::releaseCode() const {
     const std::lock_guard lock(mutex_);
-    return interface_ == nullptr;
+    return releaseCode_;
 }
 
-std::uint8_t InterfaceHandle::interfaceClass() {
-    const std::lock_guard lock(mutex_);
-    return interface_ ? interface_->interfaceClass() : std::uint8_t{0};
+InterfaceClass InterfaceHandle::interfaceClass() {
+    return take(InterfaceClass{}, [](UsbInterface& held) { return held.interfaceClass(); });
 }
 
-std::uint8_t InterfaceHandle::interfaceSubClass() {
-    const std::lock_guard lock(mutex_);
-    return interface_ ? interface_->interfaceSubClass() : std::uint8_t{0};
-}
-
-ResultCode InterfaceHandle::open() {
-    return onInterface([this](UsbInterface& held) {
-        const ResultCode result = held.open();
-        isOpen_ = isOpen_ || result == kResultSuccess;
+UsbResult<void> InterfaceHandle::open() {
+    const UsbResult<void> stale = failedStep(UsbStep::Open, kResultGivenUp);
+    return take(stale, [this](UsbInterface& held) {
+        auto result = held.open();
+        const std::lock_guard lock(mutex_);
+        isOpen_ = isOpen_ || result;
         return result;
     });
 }
 
-ResultCode InterfaceHandle::close() {
-    return onInterface([this](UsbInterface& held) {
-        isOpen_ = false;
+UsbResult<void> InterfaceHandle::close() {
+    const UsbResult<void> stale = failedStep(UsbStep::Close, kResultGivenUp);
+    return take(stale, [this](UsbInterface& held) {
+        {
+            const std::lock_guard lock(mutex_);
+            isOpen_ = false;
+        }
         return held.close();
     });
 }
 
-ResultCode InterfaceHandle::release() {
-    return onInterface([this](UsbInterface&) { return releaseHeld(); });
-}
-
-ResultCode InterfaceHandle::endpointCount(std::uint8_t& count) {
-    return onInterface([&](UsbInterface& held) { return held.endpointCount(count); });
-}
-
-ResultCode InterfaceHandle::pipeProperties(std::uint8_t pipe, PipeProperties& properties) {
-    return onInterface([&](UsbInterface& held) { return held.pipeProperties(pipe, properties); });
-}
-
-ResultCode InterfaceHandle::writePipe(std::uint8_t pipe, std::span<const std::uint8_t> bytes) {
-    return onInterface([&](UsbInterface& held) { return held.writePipe(pipe, bytes); });
-}
-
-ResultCode InterfaceHandle::readPipe(std::uint8_t pipe, std::span<std::uint8_t> room,
-                                     std::size_t& delivered) {
-    delivered = 0;
-    return onInterface([&](UsbInterface& held) { return held.readPipe(pipe, room, delivered); });
-}
-
-ResultCode InterfaceHandle::releaseHeld() {
-    isOpen_ = false;
-    const ResultCode result = interface_->release();
-    interface_.reset();
-    if (result != kResultSuccess)
-        Diagnostics::log("Unable to release interface (%08x)", result);
+UsbResult<void> InterfaceHandle::release() {
+    std::unique_lock lock(mutex_);
+    if (std::exchange(isStale_, true))
+        return failedStep(UsbStep::Release, kResultGivenUp);
+    const bool wasOpen = std::exchange(isOpen_, false);
+    if (steps_ > 0 && wasOpen) { // another thread waits for a transfer
+        lock.unlock();
+        interface_->close();
+        lock.lock();
+    }
+    left_.wait(lock, [this] { return steps_ == 0; });
+    const auto interface = std::move(interface_);
+    lock.unlock();
+    auto result = interface->release();
+    lock.lock();
+    releaseCode_ = result ? kResultSuccess : result.error().code;
     return result;
+}
+
+UsbResult<std::uint8_t> InterfaceHandle::endpointCount() {
+    const UsbResult<std::uint8_t> stale = failedStep(UsbStep::EndpointCount, kResultGivenUp);
+    return take(stale, [](UsbInterface& held) { return held.endpointCount(); });
+}
+
+UsbResult<PipeProperties> InterfaceHandle::pipeProperties(std::uint8_t pipe) {
+    const UsbResult<PipeProperties> stale = failedStep(UsbStep::PipeProperties, kResultGivenUp);
+    return take(stale, [&](UsbInterface& held) { return held.pipeProperties(pipe); });
+}
+
+UsbResult<void> InterfaceHandle::write(std::uint8_t pipe, std::span<const std::uint8_t> bytes) {
+    const UsbResult<void> stale = failedStep(UsbStep::Write, kResultGivenUp);
+    return take(stale, [&](UsbInterface& held) { return held.write(pipe, bytes); });
+}
+
+UsbRead InterfaceHandle::read(std::uint8_t pipe, std::span<std::uint8_t> room) {
+    const UsbRead stale{.delivered = 0, .code = kResultGivenUp};
+    return take(stale, [&](UsbInterface& held) { return held.read(pipe, room); });
 }
 
 void InterfaceHandle::giveUp() noexcept {
     try {
-        const std::lock_guard lock(mutex_);
-        if (!interface_)
-            return;
-        const ResultCode closed = isOpen_ ? interface_->close() : kResultSuccess;
-        if (closed != kResultSuccess)
-            Diagnostics::log("Unable to close interface (%08x)", closed);
-        releaseHeld();
+        const auto isOpen = [this] {
+            const std::lock_guard lock(mutex_);
+            return isOpen_;
+        };
+        if (isOpen())
+            close();
+        release();
     } catch (const std::exception&) {
-        // A log line that cannot be built is no reason to keep the interface.
-        interface_.reset();
+        return; // nothing of it can be told; the interface gives back what is left at its end
     }
 }
 

@@ -1,12 +1,13 @@
 // The transport's hold on one interface: it releases what it holds exactly once, and once it has
-// been given up it is a safe object whose operations return kResultGivenUp.
+// been released it is a safe object whose operations fail with kResultGivenUp.
 //
-// One thread at a time uses it, but for giveUp(), which any thread may call: it waits for the step
-// in progress to return.
+// One thread at a time uses it, but for close(), release() and giveUp(), which any thread may call:
+// they end a transfer that another thread waits for, and wait for that thread to leave.
 #pragma once
 
 #include "usb/UsbHost.h"
 
+#include <condition_variable>
 #include <memory>
 #include <mutex>
 
@@ -14,40 +15,45 @@ namespace scenewright {
 
 class InterfaceHandle {
 public:
-    explicit InterfaceHandle(std::unique_ptr<UsbInterface> interface);
-    // Gives up what is still held.
-    ~InterfaceHandle();
+    explicit InterfaceHandle(std::unique_ptr<UsbInterface> interface)
+        : interface_(std::move(interface)) {}
+    ~InterfaceHandle() { giveUp(); }
     InterfaceHandle(const InterfaceHandle&) = delete;
     InterfaceHandle& operator=(const InterfaceHandle&) = delete;
     InterfaceHandle(InterfaceHandle&&) = delete;
     InterfaceHandle& operator=(InterfaceHandle&&) = delete;
 
-    [[nodiscard]] bool isStale();
+    [[nodiscard]] bool isStale() const;
 
-    // 0 on a stale handle.
-    [[nodiscard]] std::uint8_t interfaceClass();
-    [[nodiscard]] std::uint8_t interfaceSubClass();
-    ResultCode open();
-    ResultCode close();
-    // Makes the handle stale, whatever the result; a failure is logged.
-    ResultCode release();
-    ResultCode endpointCount(std::uint8_t& count);
-    ResultCode pipeProperties(std::uint8_t pipe, PipeProperties& properties);
-    ResultCode writePipe(std::uint8_t pipe, std::span<const std::uint8_t> bytes);
-    // `delivered` is set always.
-    ResultCode readPipe(std::uint8_t pipe, std::span<std::uint8_t> room, std::size_t& delivered);
+    // Zeros on a stale handle.
+    [[nodiscard]] InterfaceClass interfaceClass();
+    UsbResult<void> open();
+    UsbResult<void> close();
+    // Makes the handle stale, whatever the result.
+    UsbResult<void> release();
+    [[nodiscard]] UsbResult<std::uint8_t> endpointCount();
+    [[nodiscard]] UsbResult<PipeProperties> pipeProperties(std::uint8_t pipe);
+    UsbResult<void> write(std::uint8_t pipe, std::span<const std::uint8_t> bytes);
+    UsbRead read(std::uint8_t pipe, std::span<std::uint8_t> room);
 
-    // Closes what is open and releases what is held; failures are logged. Nothing on a stale one.
+    // Closes what is open and releases what is held. Nothing on a stale handle.
     void giveUp() noexcept;
+    // What the release gave; success before it.
+    [[nodiscard]] ResultCode releaseCode() const;
 
 private:
-    template <typename Step>
-    ResultCode onInterface(Step step);
-    ResultCode releaseHeld();
+    // Takes a step on the interface without the lock: a read may wait for ever, and a close must
+    // end it. `stale` is what the step gives on a stale handle.
+    template <typename Value, typename Step>
+    Value take(Value stale, Step step);
 
-    std::mutex mutex_; // guards all below
-    std::unique_ptr<UsbInterface> interface_;
+    mutable std::mutex mutex_; // guards all below
+    std::condition_variable left_;
+    std::unique_ptr<UsbInterface> interface_; // null once released
+    int steps_ = 0;                           // being taken now
     bool isOpen_ = false;
+    bool isStale_ = false;
+    ResultCode releaseCode_ = kResultSuccess;
 };
 
 } // namespace scenewright

@@ -1,183 +1,165 @@
 #include "usb/LibusbHost.h"
 
-#include "usb/LibusbInterface.h"
-#include "usb/PlatformIds.h"
+#include <fmt/format.h>
+#include <libusb.h>
 
-#include <fmt/printf.h>
-
-#include <deque>
+#include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
+ResultCode resultOfLibusb(int code) noexcept {
+    switch (static_cast<libusb_error>(code)) {
+    case LIBUSB_SUCCESS:
+        return kResultSuccess;
+    case LIBUSB_ERROR_IO:
+        return kResultInputOutput;
+    case LIBUSB_ERROR_INVALID_PARAM:
+        return kResultInvalid;
+    case LIBUSB_ERROR_ACCESS:
+        return kResultAccess;
+    case LIBUSB_ERROR_NO_DEVICE:
+        return kResultNoDevice;
+    case LIBUSB_ERROR_NOT_FOUND:
+        return kResultNotFound;
+    case LIBUSB_ERROR_BUSY:
+        return kResultBusy;
+    case LIBUSB_ERROR_TIMEOUT:
+        return kResultTimeout;
+    case LIBUSB_ERROR_OVERFLOW:
+        return kResultOverflow;
+    case LIBUSB_ERROR_PIPE:
+        return kResultStall;
+    case LIBUSB_ERROR_INTERRUPTED:
+        return kResultInterrupted;
+    case LIBUSB_ERROR_NO_MEM:
+        return kResultNoMemory;
+    case LIBUSB_ERROR_NOT_SUPPORTED:
+        return kResultNotSupported;
+    case LIBUSB_ERROR_OTHER:
+        return kResultOther;
+    }
+    return kResultOther; // a code of a later library
+}
+
+ResultCode resultOfLibusbTransfer(int status) noexcept {
+    switch (static_cast<libusb_transfer_status>(status)) {
+    case LIBUSB_TRANSFER_COMPLETED:
+        return resultOfLibusb(LIBUSB_SUCCESS);
+    case LIBUSB_TRANSFER_ERROR:
+        return resultOfLibusb(LIBUSB_ERROR_IO);
+    case LIBUSB_TRANSFER_TIMED_OUT:
+        return resultOfLibusb(LIBUSB_ERROR_TIMEOUT);
+    case LIBUSB_TRANSFER_CANCELLED:
+        return kResultCancelled; // by close()
+    case LIBUSB_TRANSFER_STALL:
+        return resultOfLibusb(LIBUSB_ERROR_PIPE);
+    case LIBUSB_TRANSFER_NO_DEVICE:
+        return resultOfLibusb(LIBUSB_ERROR_NO_DEVICE);
+    case LIBUSB_TRANSFER_OVERFLOW:
+        return resultOfLibusb(LIBUSB_ERROR_OVERFLOW);
+    }
+    return kResultOther;
+}
+
 namespace {
 
-using Interfaces = std::vector<LibusbInterfaceDescriptor>;
+using Context = LibusbContext;
+using DeviceReference = LibusbDeviceReference;
 
-// A listed device, or one interface of a listed device.
-class Service : public UsbService {
+class LibusbDevice : public UsbDevice {
 public:
-    explicit Service(std::shared_ptr<LibusbDevice> device) : device_(std::move(device)) {}
-    Service(std::shared_ptr<LibusbDevice> device, Interfaces interfaces, std::size_t index)
-        : device_(std::move(device)), interfaces_(std::move(interfaces)), index_(index) {}
+    LibusbDevice(Context context, DeviceReference device,
+                 const libusb_device_descriptor& descriptor)
+        : context_(std::move(context)), device_(std::move(device)), vendor_(descriptor.idVendor),
+          product_(descriptor.idProduct) {}
 
     [[nodiscard]] std::string name() const override {
-        return fmt::sprintf("%04x:%04x at %03d/%03d", device_->vendor(), device_->product(),
-                            device_->bus(), device_->address());
+        return fmt::format("{:04x}:{:04x} at {:03}/{:03}", vendor_, product_,
+                           libusb_get_bus_number(device_.get()),
+                           libusb_get_device_address(device_.get()));
     }
-    [[nodiscard]] const std::shared_ptr<LibusbDevice>& device() const { return device_; }
-    // Null for a device.
-    [[nodiscard]] std::unique_ptr<UsbInterface> makeInterface() const {
-        if (index_ >= interfaces_.size())
-            return nullptr;
-        return std::make_unique<LibusbInterface>(device_, interfaces_, index_);
-    }
-
-private:
-    std::shared_ptr<LibusbDevice> device_;
-    Interfaces interfaces_;
-    std::size_t index_ = 0;
-};
-
-class Iterator : public ServiceIterator {
-public:
-    explicit Iterator(std::deque<Service> services) : services_(std::move(services)) {}
-
-    std::unique_ptr<UsbService> next() override {
-        if (services_.empty())
-            return nullptr;
-        auto service = std::make_unique<Service>(std::move(services_.front()));
-        services_.pop_front();
-        return service;
+    [[nodiscard]] std::uint16_t vendor() override { return vendor_; }
+    [[nodiscard]] std::uint16_t product() override { return product_; }
+    UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
+        return takeLibusbInterface(context_, device_, place);
     }
 
 private:
-    std::deque<Service> services_;
+    Context context_;
+    DeviceReference device_;
+    std::uint16_t vendor_;
+    std::uint16_t product_;
 };
 
-bool isAsked(std::uint16_t asked, std::uint8_t value) {
-    constexpr std::uint16_t kAny = 0xFFFF;
-    return asked == kAny || asked == value;
+bool matches(const std::optional<std::int32_t>& wanted, std::uint16_t id) {
+    return !wanted || *wanted == id;
 }
 
-bool isAsked(const InterfaceRequest& request, const LibusbInterfaceDescriptor& interface) {
-    return isAsked(request.interfaceClass, interface.interfaceClass) &&
-           isAsked(request.subClass, interface.subClass) &&
-           isAsked(request.protocol, interface.protocol) &&
-           isAsked(request.alternateSetting, interface.alternateSetting);
+// In the order of their places on the bus.
+Result<std::vector<DeviceReference>, ResultCode> listReferences(const Context& context) {
+    libusb_device** found = nullptr;
+    const auto count = libusb_get_device_list(context.get(), &found);
+    if (count < 0)
+        return failure(resultOfLibusb(static_cast<int>(count)));
+    constexpr auto kFree = [](libusb_device** list) { libusb_free_device_list(list, 1); };
+    const std::unique_ptr<libusb_device*, decltype(kFree)> list(found);
+    std::vector<DeviceReference> devices;
+    for (libusb_device* const device : std::span(found, static_cast<std::size_t>(count))) {
+        DeviceReference reference(libusb_ref_device(device),
+                                  [context](libusb_device* held) { libusb_unref_device(held); });
+        devices.push_back(std::move(reference));
+    }
+    std::ranges::sort(devices, {}, [](const DeviceReference& device) {
+        return std::pair(libusb_get_bus_number(device.get()),
+                         libusb_get_device_address(device.get()));
+    });
+    return devices;
 }
 
-class FoundDevice : public UsbDevice {
-public:
-    explicit FoundDevice(std::shared_ptr<LibusbDevice> device) : device_(std::move(device)) {}
-
-    std::uint16_t vendor() override { return device_->vendor(); }
-    std::uint16_t product() override { return device_->product(); }
-    ResultCode interfaceIterator(const InterfaceRequest& request,
-                                 std::unique_ptr<ServiceIterator>& iterator) override {
-        Interfaces interfaces;
-        const ResultCode result = device_->interfaces(interfaces);
-        if (result != kResultSuccess)
-            return result;
-        std::deque<Service> services;
-        for (std::size_t index = 0; index < interfaces.size(); ++index)
-            if (isAsked(request, interfaces[index]))
-                services.emplace_back(device_, interfaces, index);
-        iterator = std::make_unique<Iterator>(std::move(services));
-        return kResultSuccess;
-    }
-
-private:
-    std::shared_ptr<LibusbDevice> device_;
-};
-
-class PlugIn : public UsbPlugIn {
-public:
-    PlugIn(const Service& service, PlugInType type) : service_(service), type_(type) {}
-
-    ResultCode queryDevice(const UsbIdentifier& /*identifier*/,
-                           std::unique_ptr<UsbDevice>& device) override {
-        if (type_ != PlugInType::Device)
-            return kResultNotSupported;
-        device = std::make_unique<FoundDevice>(service_.device());
-        return kResultSuccess;
-    }
-    ResultCode queryInterface(const UsbIdentifier& /*identifier*/,
-                              std::unique_ptr<UsbInterface>& interface) override {
-        if (type_ != PlugInType::Interface)
-            return kResultNotSupported;
-        interface = service_.makeInterface();
-        return interface ? kResultSuccess : kResultNotFound;
-    }
-
-private:
-    Service service_;
-    PlugInType type_;
-};
-
-bool fits(const MatchingDictionary& dictionary, std::string_view key, std::uint16_t value) {
-    const auto number = dictionary.numbers.find(key);
-    return number == dictionary.numbers.end() || number->second == value;
+// A context that ends with the last device or interface that came from it. Each listing starts
+// anew: without a running udev a context never learns of devices that come later.
+Result<Context, ResultCode> startContext() {
+    libusb_context* started = nullptr;
+    if (const int result = libusb_init(&started); result != LIBUSB_SUCCESS)
+        return failure(resultOfLibusb(result));
+    return Context(started, &libusb_exit);
 }
 
-class Host : public UsbHost {
+class LibusbHost : public UsbHost {
 public:
-    explicit Host(std::shared_ptr<LibusbApi> api) : api_(std::move(api)) {}
-
-    std::optional<MatchingDictionary> serviceMatching(std::string_view className) override {
-        if (className != ids::kDeviceClass)
-            return std::nullopt;
-        return MatchingDictionary{std::string(className), {}};
-    }
-    bool addNumber(MatchingDictionary& dictionary, std::string_view key,
-                   std::int32_t number) override {
-        dictionary.numbers.insert_or_assign(std::string(key), number);
-        return true;
-    }
-    ResultCode matchingServices(const MatchingDictionary& dictionary,
-                                std::unique_ptr<ServiceIterator>& iterator) override;
-    ResultCode makePlugIn(UsbService& service, PlugInType type,
-                          const UsbIdentifier& plugInInterface,
-                          std::unique_ptr<UsbPlugIn>& plugIn) override;
-    void cancelTransfers() override { api_->cancelTransfers(); }
-
-private:
-    std::shared_ptr<LibusbApi> api_;
+    UsbResult<Devices> devices(const DeviceMatch& match) override;
 };
 
-ResultCode Host::matchingServices(const MatchingDictionary& dictionary,
-                                  std::unique_ptr<ServiceIterator>& iterator) {
-    if (dictionary.className != ids::kDeviceClass)
-        return kResultNotFound;
-    std::vector<std::shared_ptr<LibusbDevice>> devices;
-    const ResultCode result = api_->devices(devices);
-    if (result != kResultSuccess)
-        return result;
-    std::deque<Service> services;
-    for (auto& device : devices)
-        if (fits(dictionary, ids::kVendorKey, device->vendor()) &&
-            fits(dictionary, ids::kProductKey, device->product()))
-            services.emplace_back(std::move(device));
-    iterator = std::make_unique<Iterator>(std::move(services));
-    return kResultSuccess;
-}
-
-ResultCode Host::makePlugIn(UsbService& service, PlugInType type,
-                            const UsbIdentifier& /*plugInInterface*/,
-                            std::unique_ptr<UsbPlugIn>& plugIn) {
-    const auto* const listed = dynamic_cast<const Service*>(&service);
+UsbResult<UsbHost::Devices> LibusbHost::devices(const DeviceMatch& match) {
+    const auto context = startContext();
+    if (!context)
+        return failedStep(UsbStep::ListDevices, context.error());
+    auto listed = listReferences(*context);
     if (!listed)
-        return kResultInvalid; // a service of another host
-    plugIn = std::make_unique<PlugIn>(*listed, type);
-    return kResultSuccess;
+        return failedStep(UsbStep::ListDevices, listed.error());
+    Devices devices;
+    for (auto& device : *listed) {
+        libusb_device_descriptor descriptor{};
+        if (libusb_get_device_descriptor(device.get(), &descriptor) == LIBUSB_SUCCESS &&
+            matches(match.vendor, descriptor.idVendor) &&
+            matches(match.product, descriptor.idProduct))
+            devices.push_back(
+                std::make_shared<LibusbDevice>(*context, std::move(device), descriptor));
+    }
+    return devices;
 }
 
 } // namespace
 
-std::shared_ptr<UsbHost> makeLibusbHost(std::shared_ptr<LibusbApi> api) {
-    return std::make_shared<Host>(std::move(api));
+std::shared_ptr<UsbHost> makeLibusbHost() {
+    return std::make_shared<LibusbHost>();
 }
 
 } // namespace scenewright

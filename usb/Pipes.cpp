@@ -55,22 +55,22 @@ void printRead(ConsoleLine line, std::size_t delivered) {
 std::span<const std::uint8_t, kReceiveBufferSize> readTransfer(const ReadKind& kind) {
     Transport& transport = Transport::instance();
     const auto interface = transport.interface();
-    std::size_t delivered = 0;
-    const ResultCode result =
-        interface ? interface->readPipe(kReadPipe, std::span(transport.buffer).first(kReadRoom),
-                                        delivered)
-                  : kResultNotOpen;
-    transport.countRead(result, delivered, kind.isVersionRead);
-    printRead(kind.console, delivered);
+    const UsbRead moved =
+        interface ? interface->read(kReadPipe, std::span(transport.buffer).first(kReadRoom))
+                  : UsbRead{.delivered = 0, .code = kResultNotOpen};
+    transport.countRead(moved, kind.isVersionRead);
+    printRead(kind.console, moved.delivered);
     logDump(kind.logFormat, transport.buffer);
     return transport.buffer;
 }
 
 ResultCode writeTransfer(std::span<const std::uint8_t> bytes) {
     const auto interface = Transport::instance().interface();
-    const ResultCode result = interface ? interface->writePipe(kWritePipe, bytes) : kResultNotOpen;
-    if (result == kResultSuccess)
-        return result;
+    const auto written = interface ? interface->write(kWritePipe, bytes)
+                                   : UsbResult<void>(failedStep(UsbStep::Write, kResultNotOpen));
+    if (written)
+        return kResultSuccess;
+    const ResultCode result = written.error().code;
     Diagnostics::console("Unable to perform bulk write (%08x)\n", result);
     if (interface) {
         interface->close();

@@ -22,9 +22,13 @@ inline constexpr ResultCode kResultStall = 0x5C57000A;    // the pipe is halted
 inline constexpr ResultCode kResultInterrupted = 0x5C57000B;
 inline constexpr ResultCode kResultNoMemory = 0x5C57000C;
 inline constexpr ResultCode kResultNotSupported = 0x5C57000D;
-inline constexpr ResultCode kResultShort = 0x5C57000E;     // a write that moved a part only
-inline constexpr ResultCode kResultNotOpen = 0x5C57000F;   // the interface is closed
-inline constexpr ResultCode kResultGivenUp = 0x5C570010;   // the handle is stale
-inline constexpr ResultCode kResultCancelled = 0x5C570011; // the program is ending
+inline constexpr ResultCode kResultShort = 0x5C57000E;      // a write that moved a part only
+inline constexpr ResultCode kResultNotOpen = 0x5C57000F;    // the interface is closed
+inline constexpr ResultCode kResultGivenUp = 0x5C570010;    // the handle is stale
+inline constexpr ResultCode kResultCancelled = 0x5C570011;  // the interface was closed meanwhile
+inline constexpr ResultCode kResultNotPlugged = 0x5C570012; // no device of the list is attached
+inline constexpr ResultCode kResultNoDriver = 0x5C570013;   // the kernel's driver did not come back
+inline constexpr ResultCode kResultNoList = 0x5C570015;     // project.plist cannot be read
+inline constexpr ResultCode kResultNoThread = 0x5C570014;   // the system has no thread to send on
 
 } // namespace scenewright

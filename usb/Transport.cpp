@@ -10,12 +10,10 @@ Transport& Transport::instance() {
 }
 
 void Transport::use(std::shared_ptr<UsbHost> host, Sleep sleep) {
-    beginTransaction();
     setInterface(nullptr);
-    {
-        const std::lock_guard lock(endingMutex_);
-        host_ = std::move(host);
-    }
+    setDevice(nullptr);
+    clearStats();
+    host_ = std::move(host);
     sleep_ = std::move(sleep);
     buffer.fill(0);
     isShutDown_ = false;
@@ -26,14 +24,14 @@ UsbHost* Transport::host() const noexcept {
 }
 
 std::shared_ptr<InterfaceHandle> Transport::interface() const {
-    const std::lock_guard lock(endingMutex_);
+    const std::lock_guard lock(interfaceMutex_);
     return interface_;
 }
 
 void Transport::setInterface(std::shared_ptr<InterfaceHandle> interface) {
     std::shared_ptr<InterfaceHandle> former;
     {
-        const std::lock_guard lock(endingMutex_);
+        const std::lock_guard lock(interfaceMutex_);
         // A handle that comes after the end must not be opened: nobody would give it up.
         if (isShutDown_ && interface)
             interface->giveUp();
@@ -43,60 +41,46 @@ void Transport::setInterface(std::shared_ptr<InterfaceHandle> interface) {
         former->giveUp();
 }
 
-void Transport::beginTransaction() {
-    if (const auto former = interface())
-        former->giveUp();
-    setDevice(nullptr);
-    clearTally();
+TransferStats Transport::stats() const {
+    const std::lock_guard lock(statsMutex_);
+    return stats_;
+}
+
+void Transport::clearStats() {
+    const std::lock_guard lock(statsMutex_);
+    stats_ = {};
     connectFailure = kResultSuccess;
 }
 
-TransferTally Transport::tally() const {
-    const std::lock_guard lock(tallyMutex_);
-    return tally_;
-}
-
-void Transport::clearTally() {
-    const std::lock_guard lock(tallyMutex_);
-    tally_ = {};
-}
-
 void Transport::countWrite(ResultCode result) {
-    const std::lock_guard lock(tallyMutex_);
-    const std::uint32_t transfer = tally_.writes++;
+    const std::lock_guard lock(statsMutex_);
+    const std::uint32_t transfer = stats_.writes++;
     if (result == kResultSuccess)
         return;
-    ++tally_.failedWrites;
-    if (!tally_.first)
-        tally_.first = TransferTally::Failure{true, result, transfer, tally_.versionReads};
+    ++stats_.failedWrites;
+    if (!stats_.first)
+        stats_.first = TransferStats::Failure{true, result, transfer, stats_.versionReads};
 }
 
-void Transport::countRead(ResultCode result, std::size_t delivered, bool isVersionRead) {
-    const std::lock_guard lock(tallyMutex_);
-    const std::uint32_t transfer = tally_.reads++;
-    const std::uint32_t versionReads = tally_.versionReads;
-    tally_.versionReads += isVersionRead ? 1 : 0;
-    if (result == kResultSuccess && delivered >= kEventPacketSize)
+void Transport::countRead(const UsbRead& read, bool isVersionRead) {
+    const std::lock_guard lock(statsMutex_);
+    const std::uint32_t transfer = stats_.reads++;
+    const std::uint32_t versionReads = stats_.versionReads;
+    stats_.versionReads += isVersionRead ? 1 : 0;
+    if (read.code == kResultSuccess && read.delivered >= kEventPacketSize)
         return;
-    ++tally_.failedReads;
-    if (!tally_.first)
-        tally_.first = TransferTally::Failure{false, result, transfer, versionReads};
+    ++stats_.failedReads;
+    if (!stats_.first)
+        stats_.first = TransferStats::Failure{false, read.code, transfer, versionReads};
 }
 
 void Transport::noteConnectFailure(ResultCode result) {
     if (connectFailure == kResultSuccess)
-        connectFailure = result == kResultSuccess ? kResultOther : result;
+        connectFailure = result;
 }
 
 void Transport::shutDown() {
     isShutDown_ = true;
-    std::shared_ptr<UsbHost> host;
-    {
-        const std::lock_guard lock(endingMutex_);
-        host = host_;
-    }
-    if (host)
-        host->cancelTransfers();
     if (const auto held = interface())
         held->giveUp();
 }

@@ -1,40 +1,59 @@
-// The seam to the platform's USB service: one operation for each step that the transport takes.
+// The one seam to whatever provides the bus: libusb, the in-process virtual controller, a script in
+// tests.
 //
-// The transport never touches a USB library. A host is one of these: the real one, a scripted one
-// in tests, or the virtual controller. Every step that can fail says so with its own result code.
-// Hosts are called by one thread at a time, but for cancelTransfers().
+// A host lists devices; a device gives its interfaces by their place; an interface opens, closes,
+// describes its pipes, writes and reads. Each step can fail, with the step and a result code. One
+// thread at a time uses a host and what it gave, but for UsbInterface::close().
 #pragma once
 
+#include "platform/Result.h"
 #include "usb/ResultCode.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace scenewright {
 
-using UsbIdentifier = std::array<std::uint8_t, 16>;
-
-// What services to list: a class of service, and numbers that a service must carry.
-struct MatchingDictionary {
-    std::string className;
-    std::map<std::string, std::int32_t, std::less<>> numbers;
+// What can fail, in the order in which a connection takes the steps.
+enum class UsbStep : std::uint8_t {
+    MatchDevices, // the platform has no way to match devices
+    MatchVendor,  // ... or not by their vendor id
+    MatchProduct, // ... or not by their product id
+    ListDevices,
+    DevicePlugIn,    // access to a listed device
+    DeviceHandle,    // the device itself
+    InterfacePlugIn, // access to an interface; also when the device has none at that place
+    InterfaceHandle, // the interface itself
+    Open,
+    EndpointCount,
+    PipeProperties,
+    Write,
+    Close,
+    Release,
 };
 
-enum class PlugInType : std::uint8_t { Device, Interface };
+struct UsbError {
+    UsbStep step = UsbStep::MatchDevices;
+    ResultCode code = kResultOther;
+    friend bool operator==(const UsbError&, const UsbError&) = default;
+};
 
-// What an interface must be, to be listed; 0xFFFF is any.
-struct InterfaceRequest {
-    std::uint16_t interfaceClass = 0xFFFF;
-    std::uint16_t subClass = 0xFFFF;
-    std::uint16_t protocol = 0xFFFF;
-    std::uint16_t alternateSetting = 0xFFFF;
+template <typename Value>
+using UsbResult = Result<Value, UsbError>;
+
+[[nodiscard]] constexpr tl::unexpected<UsbError> failedStep(UsbStep step, ResultCode code) {
+    return tl::unexpected<UsbError>(UsbError{step, code});
+}
+
+// Which devices to list; without an id, those of any.
+struct DeviceMatch {
+    std::optional<std::int32_t> vendor;
+    std::optional<std::int32_t> product;
 };
 
 struct PipeProperties {
@@ -45,85 +64,70 @@ struct PipeProperties {
     std::uint8_t interval = 0;
 };
 
+// Class codes of an interface, as USB gives them out.
+struct InterfaceClass {
+    std::uint8_t code = 0;
+    std::uint8_t subClass = 0;
+};
+
+// A read that failed may have delivered bytes all the same.
+struct UsbRead {
+    std::size_t delivered = 0;
+    ResultCode code = kResultSuccess;
+};
+
 // One interface of a device. Pipes are numbered from 1 in the interface's endpoint order.
 class UsbInterface {
 public:
+    // Gives back whatever release() has not.
     virtual ~UsbInterface() = default;
 
-    [[nodiscard]] virtual std::uint8_t interfaceClass() = 0;
-    [[nodiscard]] virtual std::uint8_t interfaceSubClass() = 0;
+    [[nodiscard]] virtual InterfaceClass interfaceClass() = 0;
 
     // Exclusive use; opening what is open already succeeds.
-    virtual ResultCode open() = 0;
-    virtual ResultCode close() = 0;
-    // Gives the handle up; the last call on it. What open() took is given back if close() did not.
-    virtual ResultCode release() = 0;
+    virtual UsbResult<void> open() = 0;
+    // Ends a transfer in flight with kResultCancelled, and returns when it has ended. Any thread.
+    virtual UsbResult<void> close() = 0;
+    // The last call: gives back what open() took.
+    virtual UsbResult<void> release() = 0;
 
-    virtual ResultCode endpointCount(std::uint8_t& count) = 0;
-    virtual ResultCode pipeProperties(std::uint8_t pipe, PipeProperties& properties) = 0;
+    [[nodiscard]] virtual UsbResult<std::uint8_t> endpointCount() = 0;
+    [[nodiscard]] virtual UsbResult<PipeProperties> pipeProperties(std::uint8_t pipe) = 0;
 
-    // Synchronous, whole or an error.
-    virtual ResultCode writePipe(std::uint8_t pipe, std::span<const std::uint8_t> bytes) = 0;
-    // One transfer of at most `room` bytes, waited for without limit. `delivered` is set always.
-    virtual ResultCode readPipe(std::uint8_t pipe, std::span<std::uint8_t> room,
-                                std::size_t& delivered) = 0;
-};
-
-// A device or an interface that the platform lists.
-class UsbService {
-public:
-    virtual ~UsbService() = default;
-    [[nodiscard]] virtual std::string name() const = 0;
-};
-
-class ServiceIterator {
-public:
-    virtual ~ServiceIterator() = default;
-    // Null when exhausted.
-    [[nodiscard]] virtual std::unique_ptr<UsbService> next() = 0;
+    // One transfer, synchronous, whole or an error.
+    virtual UsbResult<void> write(std::uint8_t pipe, std::span<const std::uint8_t> bytes) = 0;
+    // One transfer of at most `room` bytes, waited for without limit.
+    virtual UsbRead read(std::uint8_t pipe, std::span<std::uint8_t> room) = 0;
 };
 
 class UsbDevice {
 public:
     virtual ~UsbDevice() = default;
+
+    // For a log: "1209:0001 at 001/004".
+    [[nodiscard]] virtual std::string name() const = 0;
+    // Before anything below: fails as DevicePlugIn or DeviceHandle. Opens nothing.
+    virtual UsbResult<void> prepare() { return {}; }
     [[nodiscard]] virtual std::uint16_t vendor() = 0;
     [[nodiscard]] virtual std::uint16_t product() = 0;
-    // `iterator` stays null on failure.
-    virtual ResultCode interfaceIterator(const InterfaceRequest& request,
-                                         std::unique_ptr<ServiceIterator>& iterator) = 0;
-};
-
-// A service's plug-in, from which the device or interface handle is asked by its identifier.
-// Destroying it gives it up; the handle lives on.
-class UsbPlugIn {
-public:
-    virtual ~UsbPlugIn() = default;
-    virtual ResultCode queryDevice(const UsbIdentifier& identifier,
-                                   std::unique_ptr<UsbDevice>& device) = 0;
-    virtual ResultCode queryInterface(const UsbIdentifier& identifier,
-                                      std::unique_ptr<UsbInterface>& interface) = 0;
+    // The interface at a place among those of the active configuration, from 0; not open yet.
+    [[nodiscard]] virtual UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) = 0;
 };
 
 class UsbHost {
 public:
+    using Devices = std::vector<std::shared_ptr<UsbDevice>>;
+
     virtual ~UsbHost() = default;
 
-    // A dictionary for all services of a class; nothing when the platform has none.
-    [[nodiscard]] virtual std::optional<MatchingDictionary>
-    serviceMatching(std::string_view className) = 0;
-    // Adds a number to a dictionary; false when the platform cannot make it.
-    [[nodiscard]] virtual bool addNumber(MatchingDictionary& dictionary, std::string_view key,
-                                         std::int32_t number) = 0;
+    // Whether devices can be matched by these ids at all: fails as one of the Match steps.
+    virtual UsbResult<void> canMatch(const DeviceMatch& /*match*/) { return {}; }
+    // The devices attached now that match, in the platform's order.
+    [[nodiscard]] virtual UsbResult<Devices> devices(const DeviceMatch& match) = 0;
 
-    virtual ResultCode matchingServices(const MatchingDictionary& dictionary,
-                                        std::unique_ptr<ServiceIterator>& iterator) = 0;
-    virtual ResultCode makePlugIn(UsbService& service, PlugInType type,
-                                  const UsbIdentifier& plugInInterface,
-                                  std::unique_ptr<UsbPlugIn>& plugIn) = 0;
-
-    // Ends every transfer in flight and every later one with kResultCancelled. Any thread; returns
-    // at once, the cancelled calls return soon after.
-    virtual void cancelTransfers() = 0;
+    // What of the transfers up to now was not kept, in one sentence: a virtual controller's memory
+    // may belong in a file. Any thread.
+    [[nodiscard]] virtual std::optional<std::string> storageError() { return std::nullopt; }
 };
 
 } // namespace scenewright

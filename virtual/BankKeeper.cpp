@@ -1,6 +1,5 @@
 #include "virtual/BankKeeper.h"
 
-#include "platform/Diagnostics.h"
 #include "platform/WholeFile.h"
 
 namespace scenewright {
@@ -17,8 +16,6 @@ void BankKeeper::afterTransfer(const VirtualController& controller) {
     if (file_.empty())
         return;
     trouble_ = store_(file_, controller.bank());
-    if (trouble_)
-        Diagnostics::log("%s", *trouble_);
 }
 
 } // namespace scenewright

@@ -23,8 +23,8 @@ public:
     explicit BankKeeper(std::filesystem::path file, Store store = &storeImage)
         : file_(std::move(file)), store_(std::move(store)) {}
 
-    // Stores the bank when a send has ended since the last call; a failure is
-    // logged. To be called after every transfer that the controller received.
+    // Stores the bank when a send has ended since the last call. To be called after every transfer
+    // that the controller received.
     void afterTransfer(const VirtualController& controller);
 
     // The sentence of the last send that could not be kept.

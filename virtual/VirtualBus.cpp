@@ -36,15 +36,16 @@ ResultCode VirtualBus::claim(const void* owner) {
 }
 
 void VirtualBus::unclaim(const void* owner) {
-    const std::lock_guard lock(mutex_);
-    if (owner_ == owner)
-        owner_ = nullptr;
+    std::unique_lock lock(mutex_);
+    if (owner_ != owner)
+        return;
+    owner_ = nullptr;
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return reads_ == 0; });
 }
 
 ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> bytes) {
     const std::lock_guard lock(mutex_);
-    if (isCancelled_)
-        return kResultCancelled;
     if (owner_ != owner)
         return kResultNotOpen;
     const auto result = device_->receive(bytes);
@@ -63,44 +64,40 @@ ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> by
     return kResultOther;
 }
 
-std::optional<ResultCode> VirtualBus::whyNoRead(const void* owner) const {
-    if (isCancelled_)
-        return kResultCancelled;
-    if (owner_ != owner)
-        return kResultNotOpen;
-    if (!device_->isPresent())
-        return kResultNoDevice;
-    if (device_->isHalted(VirtualController::Pipe::In))
-        return kResultStall;
-    return std::nullopt;
-}
-
-ResultCode VirtualBus::read(const void* owner, std::span<std::uint8_t> room,
-                            std::size_t& delivered) {
+UsbRead VirtualBus::read(const void* owner, std::span<std::uint8_t> room) {
     std::unique_lock lock(mutex_);
-    delivered = 0;
-    for (;;) {
-        if (const auto reason = whyNoRead(owner))
-            return *reason;
-        if (const auto reply = device_->nextReply()) {
-            // A bus cannot cut a transfer to the room: it has none for the rest.
-            if (reply->size() > room.size())
-                return kResultOverflow;
-            delivered = reply->size();
-            std::copy(reply->begin(), reply->end(), room.begin());
-            return kResultSuccess;
-        }
-        changed_.wait(lock);
-    }
-}
-
-void VirtualBus::cancel() {
-    const std::lock_guard lock(mutex_);
-    isCancelled_ = true;
+    if (owner_ != owner)
+        return {.delivered = 0, .code = kResultNotOpen};
+    ++reads_;
+    UsbRead moved;
+    changed_.wait(lock, [&] {
+        const auto outcome = tryRead(owner, room);
+        moved = outcome.value_or(UsbRead{});
+        return outcome.has_value();
+    });
+    --reads_;
     changed_.notify_all();
+    return moved;
 }
 
-std::optional<std::string> VirtualBus::bankTrouble() const {
+std::optional<UsbRead> VirtualBus::tryRead(const void* owner, std::span<std::uint8_t> room) {
+    if (owner_ != owner)
+        return UsbRead{.delivered = 0, .code = kResultCancelled};
+    if (!device_->isPresent())
+        return UsbRead{.delivered = 0, .code = kResultNoDevice};
+    if (device_->isHalted(VirtualController::Pipe::In))
+        return UsbRead{.delivered = 0, .code = kResultStall};
+    const auto reply = device_->nextReply();
+    if (!reply)
+        return std::nullopt;
+    // A bus cannot cut a transfer to the room: it has none for the rest.
+    if (reply->size() > room.size())
+        return UsbRead{.delivered = 0, .code = kResultOverflow};
+    std::ranges::copy(*reply, room.begin());
+    return UsbRead{.delivered = reply->size(), .code = kResultSuccess};
+}
+
+std::optional<std::string> VirtualBus::storageError() const {
     const std::lock_guard lock(mutex_);
     return keeper_.trouble();
 }

@@ -7,8 +7,11 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
+#include <string>
 
 namespace scenewright {
 
@@ -22,17 +25,19 @@ public:
 
     // Exclusive use by `owner`, which is only compared; busy while another owner has it.
     ResultCode claim(const void* owner);
+    // Ends a read of the owner, and returns when it has ended.
     void unclaim(const void* owner);
 
     // Both need the owner's claim.
     ResultCode write(const void* owner, std::span<const std::uint8_t> bytes);
-    ResultCode read(const void* owner, std::span<std::uint8_t> room, std::size_t& delivered);
+    // Ends with kResultCancelled when the owner gives its claim up meanwhile.
+    UsbRead read(const void* owner, std::span<std::uint8_t> room);
 
-    void cancel();
-    [[nodiscard]] std::optional<std::string> bankTrouble() const;
+    [[nodiscard]] std::optional<std::string> storageError() const;
 
 private:
-    [[nodiscard]] std::optional<ResultCode> whyNoRead(const void* owner) const;
+    // Nothing as long as there is a reason to wait.
+    [[nodiscard]] std::optional<UsbRead> tryRead(const void* owner, std::span<std::uint8_t> room);
 
     mutable std::mutex mutex_; // guards all below but identity_
     std::condition_variable changed_;
@@ -40,7 +45,7 @@ private:
     BankKeeper keeper_;
     const VirtualIdentity identity_;
     const void* owner_ = nullptr;
-    bool isCancelled_ = false;
+    int reads_ = 0; // going on now
 };
 
 } // namespace scenewright

@@ -1,6 +1,5 @@
 #include "virtual/VirtualHost.h"
 
-#include "usb/PlatformIds.h"
 #include "virtual/VirtualBus.h"
 
 #include <algorithm>
@@ -15,11 +14,10 @@ using Bus = std::shared_ptr<VirtualBus>;
 
 // As a USB MIDI keyboard has them: audio control first, MIDI streaming second.
 struct InterfaceShape {
-    std::uint8_t interfaceClass;
-    std::uint8_t subClass;
+    InterfaceClass kind;
     std::uint8_t endpoints;
 };
-constexpr std::array<InterfaceShape, 2> kInterfaces{{{1, 1, 0}, {1, 3, 2}}};
+constexpr std::array<InterfaceShape, 2> kInterfaces{{{{1, 1}, 0}, {{1, 3}, 2}}};
 
 constexpr std::uint8_t kInPipe = 1;
 constexpr std::uint8_t kOutPipe = 2;
@@ -37,34 +35,35 @@ public:
     VirtualInterface(VirtualInterface&&) = delete;
     VirtualInterface& operator=(VirtualInterface&&) = delete;
 
-    std::uint8_t interfaceClass() override { return shape_.interfaceClass; }
-    std::uint8_t interfaceSubClass() override { return shape_.subClass; }
-    ResultCode open() override { return bus_->claim(this); }
-    ResultCode close() override {
+    InterfaceClass interfaceClass() override { return shape_.kind; }
+    UsbResult<void> open() override { return resultOf(UsbStep::Open, bus_->claim(this)); }
+    UsbResult<void> close() override {
         bus_->unclaim(this);
-        return kResultSuccess;
+        return {};
     }
-    ResultCode release() override { return close(); }
-    ResultCode endpointCount(std::uint8_t& count) override {
-        count = shape_.endpoints;
-        return kResultSuccess;
-    }
-    ResultCode pipeProperties(std::uint8_t pipe, PipeProperties& properties) override {
+    UsbResult<void> release() override { return close(); }
+    UsbResult<std::uint8_t> endpointCount() override { return shape_.endpoints; }
+    UsbResult<PipeProperties> pipeProperties(std::uint8_t pipe) override {
         if (pipe == 0 || pipe > shape_.endpoints)
-            return kResultNotFound;
-        properties = kPipes.at(pipe - 1U);
-        return kResultSuccess;
+            return failedStep(UsbStep::PipeProperties, kResultNotFound);
+        return kPipes.at(pipe - 1U);
     }
-    ResultCode writePipe(std::uint8_t pipe, std::span<const std::uint8_t> bytes) override {
-        return isPipe(pipe, kOutPipe) ? bus_->write(this, bytes) : kResultNotFound;
+    UsbResult<void> write(std::uint8_t pipe, std::span<const std::uint8_t> bytes) override {
+        return resultOf(UsbStep::Write,
+                        isPipe(pipe, kOutPipe) ? bus_->write(this, bytes) : kResultNotFound);
     }
-    ResultCode readPipe(std::uint8_t pipe, std::span<std::uint8_t> room,
-                        std::size_t& delivered) override {
-        delivered = 0;
-        return isPipe(pipe, kInPipe) ? bus_->read(this, room, delivered) : kResultNotFound;
+    UsbRead read(std::uint8_t pipe, std::span<std::uint8_t> room) override {
+        if (!isPipe(pipe, kInPipe))
+            return {.delivered = 0, .code = kResultNotFound};
+        return bus_->read(this, room);
     }
 
 private:
+    static UsbResult<void> resultOf(UsbStep step, ResultCode code) {
+        if (code != kResultSuccess)
+            return failedStep(step, code);
+        return {};
+    }
     [[nodiscard]] bool isPipe(std::uint8_t pipe, std::uint8_t wanted) const {
         return pipe == wanted && pipe <= shape_.endpoints;
     }
@@ -73,131 +72,37 @@ private:
     InterfaceShape shape_;
 };
 
-// The device, or the interface of its number.
-class VirtualService : public UsbService {
-public:
-    explicit VirtualService(std::optional<std::size_t> interface = {}) : interface_(interface) {}
-    [[nodiscard]] std::string name() const override { return "Virtual controller"; }
-    [[nodiscard]] std::optional<std::size_t> interface() const noexcept { return interface_; }
-
-private:
-    std::optional<std::size_t> interface_;
-};
-
-// The device once, or its interfaces from 0.
-class VirtualIterator : public ServiceIterator {
-public:
-    static std::unique_ptr<ServiceIterator> overDevice(bool isPresent) {
-        return std::make_unique<VirtualIterator>(isPresent ? 1 : 0, false);
-    }
-    static std::unique_ptr<ServiceIterator> overInterfaces(std::size_t count) {
-        return std::make_unique<VirtualIterator>(count, true);
-    }
-    VirtualIterator(std::size_t count, bool areInterfaces)
-        : count_(count), areInterfaces_(areInterfaces) {}
-
-    std::unique_ptr<UsbService> next() override {
-        if (next_ == count_)
-            return nullptr;
-        const std::size_t index = next_++;
-        return std::make_unique<VirtualService>(areInterfaces_ ? std::optional(index)
-                                                               : std::nullopt);
-    }
-
-private:
-    std::size_t count_;
-    bool areInterfaces_;
-    std::size_t next_ = 0;
-};
-
 class VirtualDevice : public UsbDevice {
 public:
     explicit VirtualDevice(Bus bus) : bus_(std::move(bus)) {}
+    [[nodiscard]] std::string name() const override { return "Virtual controller"; }
     std::uint16_t vendor() override { return bus_->identity().vendor; }
     std::uint16_t product() override { return bus_->identity().product; }
-    ResultCode interfaceIterator(const InterfaceRequest& /*request*/,
-                                 std::unique_ptr<ServiceIterator>& iterator) override {
+    UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
         if (!bus_->isPresent())
-            return kResultNoDevice;
-        iterator = VirtualIterator::overInterfaces(
-            std::min<std::size_t>(bus_->identity().interfaces, kInterfaces.size()));
-        return kResultSuccess;
+            return failedStep(UsbStep::InterfacePlugIn, kResultNoDevice);
+        if (place >= std::min<std::size_t>(bus_->identity().interfaces, kInterfaces.size()))
+            return failedStep(UsbStep::InterfacePlugIn, kResultNotFound);
+        return std::make_unique<VirtualInterface>(bus_, kInterfaces.at(place));
     }
 
 private:
     Bus bus_;
-};
-
-class VirtualPlugIn : public UsbPlugIn {
-public:
-    VirtualPlugIn(Bus bus, std::optional<std::size_t> interface)
-        : bus_(std::move(bus)), interface_(interface) {}
-
-    ResultCode queryDevice(const UsbIdentifier& /*identifier*/,
-                           std::unique_ptr<UsbDevice>& device) override {
-        if (interface_)
-            return kResultNotSupported;
-        device = std::make_unique<VirtualDevice>(bus_);
-        return kResultSuccess;
-    }
-    ResultCode queryInterface(const UsbIdentifier& /*identifier*/,
-                              std::unique_ptr<UsbInterface>& interface) override {
-        if (!interface_)
-            return kResultNotSupported;
-        interface = std::make_unique<VirtualInterface>(bus_, kInterfaces.at(*interface_));
-        return kResultSuccess;
-    }
-
-private:
-    Bus bus_;
-    std::optional<std::size_t> interface_;
 };
 
 } // namespace
 
-VirtualHost::VirtualHost(std::shared_ptr<VirtualBus> bus) : bus_(std::move(bus)) {}
-
-std::optional<MatchingDictionary> VirtualHost::serviceMatching(std::string_view className) {
-    if (className != ids::kDeviceClass)
-        return std::nullopt;
-    return MatchingDictionary{std::string(className), {}};
-}
-
-bool VirtualHost::addNumber(MatchingDictionary& dictionary, std::string_view key,
-                            std::int32_t number) {
-    dictionary.numbers.insert_or_assign(std::string(key), number);
-    return true;
-}
-
-ResultCode VirtualHost::matchingServices(const MatchingDictionary& dictionary,
-                                         std::unique_ptr<ServiceIterator>& iterator) {
-    const auto differs = [&](std::string_view key, std::int32_t number) {
-        const auto wanted = dictionary.numbers.find(key);
-        return wanted != dictionary.numbers.end() && wanted->second != number;
-    };
+UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
     const VirtualIdentity& identity = bus_->identity();
-    const bool isWanted =
-        !differs(ids::kVendorKey, identity.vendor) && !differs(ids::kProductKey, identity.product);
-    iterator = VirtualIterator::overDevice(isWanted && bus_->isPresent());
-    return kResultSuccess;
+    const bool isWanted = match.vendor.value_or(identity.vendor) == identity.vendor &&
+                          match.product.value_or(identity.product) == identity.product;
+    if (!isWanted || !bus_->isPresent())
+        return Devices{};
+    return Devices{std::make_shared<VirtualDevice>(bus_)};
 }
 
-ResultCode VirtualHost::makePlugIn(UsbService& service, PlugInType type,
-                                   const UsbIdentifier& /*plugInInterface*/,
-                                   std::unique_ptr<UsbPlugIn>& plugIn) {
-    const auto* const listed = dynamic_cast<const VirtualService*>(&service);
-    if (listed == nullptr || listed->interface().has_value() != (type == PlugInType::Interface))
-        return kResultInvalid;
-    plugIn = std::make_unique<VirtualPlugIn>(bus_, listed->interface());
-    return kResultSuccess;
-}
-
-void VirtualHost::cancelTransfers() {
-    bus_->cancel();
-}
-
-std::optional<std::string> VirtualHost::bankTrouble() const {
-    return bus_->bankTrouble();
+std::optional<std::string> VirtualHost::storageError() {
+    return bus_->storageError();
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,

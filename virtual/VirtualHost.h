@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace scenewright {
 
@@ -21,32 +22,22 @@ struct VirtualIdentity {
 
 class VirtualBus;
 
-// As any host, called by one thread at a time; the controller must not be touched meanwhile.
+// The controller must not be touched while a host has it.
 class VirtualHost : public UsbHost {
 public:
-    explicit VirtualHost(std::shared_ptr<VirtualBus> bus);
+    explicit VirtualHost(std::shared_ptr<VirtualBus> bus) : bus_(std::move(bus)) {}
 
-    std::optional<MatchingDictionary> serviceMatching(std::string_view className) override;
-    bool addNumber(MatchingDictionary& dictionary, std::string_view key,
-                   std::int32_t number) override;
-    // The controller, unless it is unplugged.
-    ResultCode matchingServices(const MatchingDictionary& dictionary,
-                                std::unique_ptr<ServiceIterator>& iterator) override;
-    ResultCode makePlugIn(UsbService& service, PlugInType type,
-                          const UsbIdentifier& plugInInterface,
-                          std::unique_ptr<UsbPlugIn>& plugIn) override;
-    void cancelTransfers() override;
-
-    // The sentence of the last send that could not be kept in the bank file. Any thread.
-    [[nodiscard]] std::optional<std::string> bankTrouble() const;
+    // The controller, unless it is unplugged or has other ids.
+    UsbResult<Devices> devices(const DeviceMatch& match) override;
+    // Why the last send could not be kept in the bank file.
+    std::optional<std::string> storageError() override;
 
 private:
     std::shared_ptr<VirtualBus> bus_;
 };
 
-// A read waits until the controller has a reply, or for ever; cancelTransfers() ends it. Every
-// send that has reached its end goes to the keeper; what keeps it from being kept is logged and
-// told by bankTrouble().
+// A read waits until the controller has a reply, or for ever; a close ends it. Every send that has
+// reached its end goes to the keeper.
 [[nodiscard]] std::shared_ptr<VirtualHost>
 makeVirtualHost(std::shared_ptr<VirtualController> device, BankKeeper keeper = BankKeeper({}),
                 VirtualIdentity identity = {});

@@ -1,6 +1,7 @@
 // A USB bus whose devices describe themselves, and answer, as the input orders: the controller is
 // taken or the reason is told, what was taken from the bus and from the kernel's drivers is given
 // back, and the list of MIDI devices stays a list that a person and a program can read.
+#include "app/OutcomeText.h"
 #include "bank/JsonTree.h"
 #include "cli/DeviceTable.h"
 #include "platform/ReadableText.h"
@@ -8,40 +9,47 @@
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "tests/support/TempFolder.h"
-#include "tests/usb/ScriptedBus.h"
-#include "usb/ConnectCause.h"
+#include "tests/usb/FakeLibusb.h"
 #include "usb/InterfaceAction.h"
 #include "usb/LibusbHost.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <map>
+#include <span>
+#include <string>
+#include <vector>
 
 namespace scenewright::fuzz {
 
 namespace {
 
-using testing::BusScript;
+using testing::FakeLibusb;
+using testing::fakeLibusb;
 using testing::Holder;
 
 constexpr int kMostOrders = 16;
 constexpr int kAttempts = 3; // at the handshake
 constexpr std::size_t kLongestText = 80;
+constexpr std::size_t kErrors = 13; // of the library, from -1
+constexpr int kInterrupted = -10;
 
-constexpr std::array<const char*, 12> kCalls{"devices", "open",     "detach 0",   "detach 1",
-                                             "claim 1", "attach 0", "attach 1",   "release 1",
-                                             "claim 0", "claim 2",  "write 02 4", "read 81 63"};
+constexpr std::array<const char*, 14> kCalls{
+    "init",     "list",     "open",      "detach 0", "detach 1", "claim 0",       "claim 1",
+    "attach 0", "attach 1", "release 1", "clear 02", "clear 81", "configuration", "submit"};
 
 std::vector<std::uint8_t> copied(std::span<const std::uint8_t> bytes) {
     return {bytes.begin(), bytes.end()};
 }
 
-void orderInterfaces(BusScript& bus, Input& input) {
-    bus.interfaces.resize(input.below(5));
-    for (auto& interface : bus.interfaces) {
+void orderInterfaces(FakeLibusb& bus, Input& input) {
+    auto& interfaces = bus.devices.front().interfaces;
+    interfaces.resize(input.below(5));
+    for (auto& interface : interfaces) {
         interface.number = input.u8();
-        interface.alternateSetting = input.u8();
         interface.interfaceClass = static_cast<std::uint8_t>(input.below(3));
         interface.subClass = static_cast<std::uint8_t>(input.below(4));
         interface.endpoints.resize(input.below(20));
@@ -50,68 +58,72 @@ void orderInterfaces(BusScript& bus, Input& input) {
     }
 }
 
-ResultCode codeFrom(Input& input) {
-    return kResultOther + static_cast<ResultCode>(input.below(kResultCancelled - kResultOther + 1));
+int errorFrom(Input& input) {
+    return -1 - static_cast<int>(input.below(kErrors));
 }
 
-void order(BusScript& bus, Input& input) {
-    switch (input.below(7)) {
+void order(FakeLibusb& bus, Input& input) {
+    switch (input.below(8)) {
     case 0:
         return orderInterfaces(bus, input);
-    case 1:
-        bus.holders.at(input.below(4)) = static_cast<Holder>(input.below(3));
+    case 1: {
+        const auto interface = static_cast<int>(input.below(4));
+        bus.holders[interface] = static_cast<Holder>(input.below(3));
         return;
+    }
     case 2: {
         const char* const call = kCalls[input.below(kCalls.size())];
-        bus.failures[call] = codeFrom(input);
+        bus.failures[call] = errorFrom(input);
         return;
     }
-    case 3: {
-        auto bytes = copied(input.bytes(input.below(70)));
-        bus.replies.push_back({std::move(bytes), kResultSuccess});
+    case 3:
+        bus.events.push_back({.delivers = copied(input.bytes(input.below(70)))});
         return;
-    }
     case 4:
-        bus.replies.push_back({{}, codeFrom(input)});
+        bus.events.push_back({.status = static_cast<int>(input.below(8))});
         return;
     case 5:
-        bus.products.push_back(input.u16());
+        bus.devices.push_back({.product = input.u16()});
+        return;
+    case 6:
+        bus.eventsResult = errorFrom(input);
+        // Signals that come in without an end are none of the library's errors.
+        if (bus.eventsResult == kInterrupted)
+            bus.eventsResult = 0;
         return;
     default:
-        bus.writesShortBy = input.below(4);
+        bus.events.push_back({.moved = static_cast<int>(input.below(4))});
         bus.isPlugged = input.below(4) != 0;
         return;
     }
 }
 
-void connect(const std::shared_ptr<BusScript>& bus) {
+void connect() {
     Transport& transport = Transport::instance();
-    transport.use(makeLibusbHost(testing::makeScriptedBus(bus)), [](std::chrono::nanoseconds) {});
+    transport.use(makeLibusbHost(), [](std::chrono::nanoseconds) {});
     if (InterfaceAction::FindDevice() && InterfaceAction::CreateInterface())
         for (int i = 0; i < kAttempts && !handshakeOnce(); ++i)
             InterfaceAction::closeInterface();
-    checkSentence(connectCause());
+    checkSentence(causeAndCure(transport.connectFailure));
     transport.use(nullptr);
 }
 
-std::ptrdiff_t countOf(const BusScript& bus, std::string_view call) {
-    return std::ranges::count(bus.calls, call);
-}
-
-void checkGivenBack(const BusScript& bus) {
-    check(std::ranges::count(bus.holders, Holder::Us) == (faultIsPlanted() ? 1 : 0),
-          "an interface is still claimed");
-    const bool canOpen = !bus.failures.contains("open") && bus.isPlugged;
-    check(!canOpen || countOf(bus, "open") == countOf(bus, "close"), "a device is still open");
+void checkGivenBack(const FakeLibusb& bus) {
+    check(bus.hasNothingOut() != faultIsPlanted(), "something of the library is not given back");
+    check(bus.misuses.empty(), "the library was misused");
+    check(
+        std::ranges::none_of(bus.holders, [](const auto& row) { return row.second == Holder::Us; }),
+        "an interface is still claimed");
 }
 
 // The kernel's words of the one device: its folder has files as sysfs has.
 class DeviceWords {
 public:
     DeviceWords() {
-        std::filesystem::create_directory(folder_.path() / "1-1");
-        write("busnum", bytesOf("1\n"));
-        write("devnum", bytesOf("2\n"));
+        std::filesystem::create_directories(folder_.path() / "1-1/1-1:1.1");
+        for (const auto& [name, text] : std::map<std::string, std::string>{
+                 {"busnum", "1"}, {"devnum", "2"}, {"idVendor", "1209"}, {"idProduct", "0001"}})
+            write(name, bytesOf(text));
     }
     void write(const std::string& name, std::span<const std::uint8_t> bytes) {
         testing::writeBytes(folder_.file("1-1/" + name), bytes);
@@ -127,12 +139,12 @@ void checkLines(const std::string& text) {
         check(readableText(line) == line, "unreadable bytes in the list of devices");
 }
 
-void checkList(const std::shared_ptr<BusScript>& bus, Input& input) {
+void checkList(Input& input) {
     static DeviceWords words;
-    words.write("manufacturer", input.bytes(input.below(kLongestText)));
-    words.write("product", input.bytes(input.below(kLongestText)));
-    std::vector<MidiDevice> devices;
-    static_cast<void>(listMidiDevices(*testing::makeScriptedBus(bus), devices, words.path()));
+    for (const char* const name : {"manufacturer", "product", "1-1:1.1/bInterfaceClass"})
+        words.write(name, input.bytes(input.below(kLongestText)));
+    const auto devices = attachedDevices({.devices = words.path(), .nodes = words.path()});
+    check(devices.size() == 1, "the device is not listed");
     const DeviceListPlace place{{{0x1209, 0x0001}}, "/list/project.plist", "/own/project.plist"};
     checkLines(deviceTable(devices, place));
     const std::string json = deviceJson(devices, place);
@@ -147,15 +159,17 @@ void checkList(const std::shared_ptr<BusScript>& bus, Input& input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenewright::fuzz;
+    using scenewright::testing::FakeLibusb;
+    using scenewright::testing::fakeLibusb;
     static_cast<void>(defaultScenes()); // the list of devices is the tree's own
     Input input(data, size);
-    const auto bus = std::make_shared<BusScript>();
-    bus->holders.resize(256, Holder::Nobody);
+    FakeLibusb& bus = fakeLibusb();
+    bus.reset();
     const std::size_t orders = input.below(kMostOrders);
     for (std::size_t i = 0; i < orders; ++i)
-        order(*bus, input);
-    connect(bus);
-    checkGivenBack(*bus);
-    checkList(bus, input);
+        order(bus, input);
+    connect();
+    checkGivenBack(bus);
+    checkList(input);
     return 0;
 }

@@ -1,21 +1,23 @@
 // A read or a send against a controller, and a USB system, that answer what the input orders. What
-// was read is what was delivered, what was sent is what the scenes encode to, or the trouble is
-// told; and the interface is given back.
+// was read is what was delivered, what was sent is what the scenes encode to, or the outcome says
+// what went wrong; and the interface is given back.
+#include "app/OutcomeText.h"
 #include "bank/BankFile.h"
-#include "cli/TallyReport.h"
 #include "model/Progress.h"
+#include "platform/MainQueue.h"
 #include "protocol/ReadTransaction.h"
-#include "protocol/SendJob.h"
 #include "protocol/SendTransaction.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "tests/protocol/FakeController.h"
-#include "usb/ConnectCause.h"
 #include "usb/Transport.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace scenewright::fuzz {
 
@@ -33,13 +35,13 @@ constexpr std::size_t kPatience = 1400;
 // Thrown out of a handshake that would not end.
 struct OutOfPatience {};
 
-constexpr std::array<const char*, 13> kSteps{
-    "serviceMatching", "addNumber",      "matchingServices",  "nextService", "makePlugIn",
-    "queryDevice",     "queryInterface", "interfaceIterator", "open",        "close",
-    "endpointCount",   "pipeProperties", "releaseInterface"};
+constexpr std::array<const char*, 9> kSteps{"canMatch",  "devices",       "prepare",
+                                            "interface", "open",          "close",
+                                            "release",   "endpointCount", "pipeProperties"};
 // Steps whose exceptions the transport is to catch.
-constexpr std::array<const char*, 5> kRaisingSteps{"serviceMatching", "addNumber",
-                                                   "matchingServices", "vendor", "product"};
+constexpr std::array<const char*, 5> kRaisingSteps{"canMatch", "devices", "prepare", "vendor",
+                                                   "product"};
+constexpr auto kUsbSteps = static_cast<std::size_t>(UsbStep::Release) + 1;
 
 constexpr ResultCode kFirstCode = kResultOther;
 constexpr std::size_t kCodes = kResultCancelled - kResultOther + 1;
@@ -63,8 +65,7 @@ void orderPipes(HostScript& script, Input& input) {
     auto& interfaces = script.devices.front().interfaces;
     interfaces.resize(input.below(4));
     for (auto& interface : interfaces) {
-        interface.interfaceClass = input.u8();
-        interface.subClass = input.u8();
+        interface.kind = {input.u8(), input.u8()};
         interface.pipes.resize(input.u8());
         for (PipeProperties& pipe : interface.pipes)
             pipe = {input.u8(), input.u8(), input.u8(), input.u16(), input.u8()};
@@ -86,11 +87,9 @@ void orderUsb(HostScript& script, Input& input) {
         script.devices.front().product = input.u16();
         return;
     case 2:
-        return script.giveNothing(kSteps[input.below(kSteps.size())]);
+        return script.fail(static_cast<UsbStep>(input.below(kUsbSteps)), codeFrom(input));
     case 3:
         return script.raise(kRaisingSteps[input.below(kRaisingSteps.size())]);
-    case 4:
-        return script.refuseNumber(input.below(2) == 0 ? "idVendor" : "idProduct");
     default:
         const char* const step = kSteps[input.below(kSteps.size())];
         return answerOnce(script, step, input.below(4), codeFrom(input));
@@ -161,7 +160,7 @@ public:
             // What a user does to a keyboard that never answers.
             Transport::instance().shutDown();
         }
-        checkSentence(connectCause());
+        checkSentence(causeAndCure(Transport::instance().connectFailure));
     }
 
 private:
@@ -173,47 +172,55 @@ private:
             throw OutOfPatience();
     }
 
-    void checkConnection(bool isConnected) {
-        check(isConnected != connectFailed(*Progress::record()), "not told that it failed");
+    // Success is told of what is done alone, and of anything else what happened.
+    static void checkText(DeviceOperation operation, const Outcome& outcome) {
+        const OutcomeText text = textOf(operation, outcome);
+        check(text.exitCode != 0 || text.sentence.empty(), "success with a reason");
+        check(text.exitCode == 0 || !text.sentence.empty() || !text.details.empty(),
+              "failed without a reason");
+        check(text.exitCode != 0 || outcome.stats.isClean(), "success with a failed transfer");
+        if (!text.sentence.empty())
+            checkSentence(text.sentence);
+        for (const std::string& detail : text.details)
+            checkSentence(detail);
     }
 
     void read() {
-        const SceneList scenes = readScenes();
-        checkConnection(!scenes.empty());
-        if (scenes.empty())
+        const ScenesRead read = readScenes();
+        checkText(DeviceOperation::SaveScenes, read.outcome);
+        const bool isConnected = read.outcome.end != Outcome::End::NotConnected;
+        check(isConnected == !read.scenes.empty(), "scenes without a connection, or none with one");
+        if (!isConnected)
             return;
-        check(scenes.size() == 4, "not four scenes");
-        const TransferTally tally = Transport::instance().tally();
-        check(tally.writes == delivered_.size(), "a write was not counted");
+        check(read.scenes.size() == 4, "not four scenes");
+        const TransferStats& stats = read.outcome.stats;
+        check(stats.writes == delivered_.size(), "a write was not counted");
         // The last write is the end of the read, and before each other came an answer.
         BankImage expected{};
         std::copy(delivered_.end() - kBankSize, delivered_.end(), expected.begin());
-        BankImage image = encodeBank(scenes);
+        BankImage image = encodeBank(read.scenes);
         if (faultIsPlanted())
             image.back() ^= 1U;
         check(image == encodeBank(parseScenes(expected)), "not what was delivered was read");
-        if (tally.isClean() && controller_.dataReplies.empty())
+        check(stats.isClean() == (read.outcome.end == Outcome::End::Done), "not told how it went");
+        if (stats.isClean() && controller_.dataReplies.empty())
             check(std::ranges::equal(expected, controller_.bank), "not what is there was read");
-        else if (!tally.isClean())
-            checkTrouble(readReport(tally, "so no file was written"));
     }
 
     void send() {
         const SceneList scenes = parseScenes(controller_.bank);
-        sendScenes(scenes);
-        const bool isStarted = SendJob::isRunning();
-        check(SendJob::waitForEnd(std::chrono::seconds(20)), "a send does not end");
+        std::optional<Outcome> told;
+        sendScenes(scenes, [&told](const Outcome& outcome) { told = outcome; });
+        MainQueue::pumpUntil([&] { return told.has_value(); });
+        SendJob::waitForEnd();
         SendJob::join();
-        checkConnection(isStarted);
-        const TransferTally tally = Transport::instance().tally();
-        if (!isStarted)
+        checkText(DeviceOperation::Send, *told);
+        if (told->end == Outcome::End::NotConnected)
             return;
         check(Progress::record()->Message() == "Send Scene Data Finish:100%:Success",
               "the end of a send is not told");
         check(script_->claimed.empty(), "a send ended and kept the interface");
-        if (!tally.isClean())
-            checkTrouble(sendReport(tally));
-        if (tally.failedWrites == 0)
+        if (told->stats.failedWrites == 0)
             checkSent(encodeBank(scenes));
     }
 

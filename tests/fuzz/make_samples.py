@@ -101,8 +101,8 @@ def transactions() -> list[bytes]:
     wrong = b"\x09\x9c\x01\x02\x09\x9c\x01\x39"
     orders = [
         b"",
-        *(bytes([0, 5, step, 1, code]) for step in range(13) for code in (0, 3)),
-        *(bytes([0, 2, step]) for step in range(13)),
+        *(bytes([0, 5, step, 1, code]) for step in range(9) for code in (0, 3)),
+        *(bytes([0, 2, step, 3]) for step in range(14)),
         *(bytes([0, 3, step]) for step in range(5)),
         b"\0\0\2\1\3\2" + bytes(range(12)) + b"\1\1\0",
         bytes([1, 0, 8]) + wrong,
@@ -116,15 +116,16 @@ def transactions() -> list[bytes]:
 
 def buses() -> list[bytes]:
     endpoints = bytes([0x81, 2, 0, 64, 0, 0x02, 2, 0, 64, 0])
-    pair = bytes([2, 0, 0, 1, 1, 0, 1, 0, 1, 3, 2]) + endpoints
+    pair = bytes([2, 0, 1, 1, 0, 1, 1, 3, 2]) + endpoints
     orders = [
         b"\0" + pair,
         bytes([3, 8]) + b"\x09\x9c\x01\x02\x09\x9c\x01\x38",
         bytes([4, 7]),
-        *(bytes([2, call, code]) for call in range(12) for code in (3, 6)),
+        *(bytes([2, call, code]) for call in range(14) for code in (2, 5)),
         *(bytes([1, at, holder]) for at in (0, 1) for holder in (0, 1, 2)),
         bytes([5, 0, 2]),
-        bytes([6, 1, 0]),
+        bytes([6, 0]),
+        bytes([7, 1, 0]),
     ]
     names = bytes([4]) + b"Acme" + bytes([7]) + b"Keys 25"
     return [bytes([1]) + order + names for order in orders] + [

@@ -31,7 +31,7 @@ LEAST_SHARE = 0.95
 SUITES = {
     "model": ["model", "protocol", "editor-options"],
     "protocol": ["protocol"],
-    "usb": ["usb", "libusb", "libusb-api", "protocol"],
+    "usb": ["usb", "libusb", "attached", "protocol"],
     "editor": ["editor-logic", "editor-options"],
     "editor/qt": ["editor-qt", "editor-qt-files"],
 }

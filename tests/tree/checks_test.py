@@ -127,11 +127,25 @@ class IncludeDirections(TreeTest):
         self.header("tests/app/qt/T.h", "<QString>")
         self.assertEqual(self.faults(), [])
 
-    def test_the_usb_library_in_a_second_file_fails(self):
+    def test_the_usb_library_in_a_third_file_fails(self):
         self.header("usb/A.h", "<libusb-1.0/libusb.h>")
         self.header("usb/B.h", "<libusb.h>")
+        self.assertEqual(self.faults(), [])
+        self.header("usb/C.h", "<libusb.h>")
         self.assertEqual(
-            self.faults(), ["libusb is included by 2 files, 1 may: usb/A.h, usb/B.h"]
+            self.faults(), ["libusb is included by 3 files, 2 may: usb/A.h, usb/B.h, usb/C.h"]
+        )
+
+    def test_the_device_library_in_a_second_file_or_elsewhere_fails(self):
+        self.header("usb/A.h", "<libudev.h>")
+        self.assertEqual(self.faults(), [])
+        self.header("model/B.h", "<libudev.h>")
+        self.assertEqual(
+            self.faults(),
+            [
+                "model/B.h: only usb may include libudev",
+                "libudev is included by 2 files, 1 may: model/B.h, usb/A.h",
+            ],
         )
 
     def test_the_tests_of_its_folder_may_stand_in_for_the_usb_library(self):

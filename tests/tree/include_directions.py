@@ -35,7 +35,8 @@ ALLOWED = {
 # may, stand-ins in tests aside (None: as many as like).
 CONFINED = [
     ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt", "app/qt"}, None),
-    ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 1),
+    ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 2),
+    ("libudev", re.compile(r"<libudev\.h>"), {"usb"}, 1),
     ("expat", re.compile(r"<expat\.h>"), {"platform"}, None),
 ]
 

@@ -22,7 +22,7 @@ TEST_F(DeviceListTest, HoldsThePairsOfTheFileInTheirOrder) {
 
 TEST_F(DeviceListTest, IsReadAnewEachTime) {
     for (const std::int32_t product : {1, 2, 3}) {
-        relist({{"4617", std::to_string(product)}});
+        list({{"4617", std::to_string(product)}});
         EXPECT_EQ(pairs(), (std::vector<std::pair<std::int32_t, std::int32_t>>{{0x1209, product}}));
     }
 }

@@ -5,39 +5,93 @@
 #include <libusb.h>
 
 #include <algorithm>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <span>
+#include <string>
+#include <thread>
 #include <utility>
+#include <vector>
 
 using scenewright::testing::FakeDevice;
 using scenewright::testing::FakeEvent;
 using scenewright::testing::FakeInterface;
 using scenewright::testing::FakeLibusb;
 using scenewright::testing::fakeLibusb;
+using scenewright::testing::Holder;
 
 namespace scenewright::testing {
+
+namespace {
+
+thread_local int depth = 0; // of calls of the library
+
+} // namespace
 
 FakeLibusb& fakeLibusb() {
     static FakeLibusb library;
     return library;
 }
 
+bool isInLibrary() noexcept {
+    return depth > 0;
+}
+
 } // namespace scenewright::testing
 
 // The library's own types, which only it looks into.
-struct libusb_context {
-    libusb_transfer* inFlight = nullptr;
-    bool isCancelled = false;
-};
+struct libusb_context {};
 struct libusb_device {
-    libusb_context* context;
     FakeDevice fake;
+    int references;
 };
 struct libusb_device_handle {
-    libusb_context* context;
+    libusb_device* device;
 };
 
 namespace {
+
+// A transfer that the library has; which thread submitted it, and whether it is to be cancelled.
+struct InFlight {
+    libusb_transfer* transfer;
+    std::thread::id thread;
+    bool isCancelled = false;
+};
+
+std::mutex mutex;
+std::condition_variable cancelled;
+std::vector<InFlight> inFlight;
+
+// A call of the library: it has the bus to itself, and no allocation in it fails.
+class Use {
+public:
+    Use() { ++scenewright::testing::depth; }
+    ~Use() { --scenewright::testing::depth; }
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+    Use(Use&&) = delete;
+    Use& operator=(Use&&) = delete;
+
+    FakeLibusb* operator->() const { return &fakeLibusb(); }
+    std::unique_lock<std::mutex>& lock() { return lock_; }
+    // The failure that is scripted for the call, or that the device has gone.
+    [[nodiscard]] int resultOf(const std::string& call) const {
+        if (const auto failure = fakeLibusb().failures.find(call);
+            failure != fakeLibusb().failures.end())
+            return failure->second;
+        return fakeLibusb().isPlugged ? LIBUSB_SUCCESS : LIBUSB_ERROR_NO_DEVICE;
+    }
+    // The same for a call that is recorded.
+    [[nodiscard]] int called(const std::string& call) const {
+        fakeLibusb().calls.push_back(call);
+        return resultOf(call);
+    }
+    [[nodiscard]] Holder& holder(int interface) const { return fakeLibusb().holders[interface]; }
+
+private:
+    std::unique_lock<std::mutex> lock_{mutex};
+};
 
 // A configuration with the memory that its pointers lead to.
 struct Configuration {
@@ -56,10 +110,8 @@ libusb_interface_descriptor describe(const FakeInterface& fake,
                                      const std::vector<libusb_endpoint_descriptor>& endpoints) {
     libusb_interface_descriptor descriptor{};
     descriptor.bInterfaceNumber = fake.number;
-    descriptor.bAlternateSetting = fake.alternateSetting;
     descriptor.bInterfaceClass = fake.interfaceClass;
     descriptor.bInterfaceSubClass = fake.subClass;
-    descriptor.bInterfaceProtocol = fake.protocol;
     descriptor.bNumEndpoints = static_cast<std::uint8_t>(endpoints.size());
     descriptor.endpoint = endpoints.data();
     return descriptor;
@@ -89,24 +141,43 @@ std::unique_ptr<Configuration> configure(const FakeDevice& device) {
     return made;
 }
 
-int driverCall(const char* name, int interface) {
-    fakeLibusb().calls.push_back(fmt::format("{} {}", name, interface));
-    return fakeLibusb().driverResult;
+// The sound driver's probe of `interface` on the device.
+int probe(const Use& library, const FakeDevice& device, int interface) {
+    if (library.holder(interface) != Holder::Nobody)
+        return LIBUSB_ERROR_BUSY;
+    const auto wanted = std::ranges::find(device.interfaces, interface, &FakeInterface::number);
+    if (wanted == device.interfaces.end() || wanted->interfaceClass != LIBUSB_CLASS_AUDIO ||
+        wanted->subClass != 1)
+        return LIBUSB_ERROR_NOT_FOUND;
+    for (const FakeInterface& taken : device.interfaces)
+        if (taken.number >= interface && taken.interfaceClass == LIBUSB_CLASS_AUDIO &&
+            library.holder(taken.number) == Holder::Nobody)
+            library.holder(taken.number) = Holder::Driver;
+    return LIBUSB_SUCCESS;
 }
 
-// Ends the transfer in flight the way the event says.
-void complete(libusb_context& context, const FakeEvent& event) {
-    libusb_transfer* const transfer = std::exchange(context.inFlight, nullptr);
-    std::ranges::copy(event.delivers, transfer->buffer);
-    const bool isIn = (transfer->endpoint & LIBUSB_ENDPOINT_IN) != 0;
-    const int all = isIn ? static_cast<int>(event.delivers.size()) : transfer->length;
-    transfer->actual_length = event.moved >= 0 ? event.moved : all;
+bool isIn(const libusb_transfer& transfer) {
+    return (transfer.endpoint & LIBUSB_ENDPOINT_IN) != 0;
+}
+
+// Ends a transfer the way the event says.
+void complete(const InFlight& ended, const FakeEvent& event) {
+    libusb_transfer* const transfer = ended.transfer;
+    const auto delivered =
+        std::min(event.delivers.size(), static_cast<std::size_t>(transfer->length));
+    std::copy_n(event.delivers.begin(), delivered, transfer->buffer);
+    const int all = isIn(*transfer) ? static_cast<int>(delivered) : transfer->length;
+    transfer->actual_length = event.moved >= 0 ? std::min(event.moved, transfer->length) : all;
     transfer->status = static_cast<libusb_transfer_status>(event.status);
-    if (context.isCancelled) {
+    if (ended.isCancelled) {
         transfer->status = LIBUSB_TRANSFER_CANCELLED;
         transfer->actual_length = 0;
     }
     transfer->callback(transfer);
+}
+
+std::vector<InFlight>::iterator ownTransfer() {
+    return std::ranges::find(inFlight, std::this_thread::get_id(), &InFlight::thread);
 }
 
 } // namespace
@@ -115,40 +186,52 @@ void complete(libusb_context& context, const FakeEvent& event) {
 extern "C" {
 
 int libusb_init(libusb_context** context) {
-    if (fakeLibusb().initResult != 0)
-        return fakeLibusb().initResult;
+    const Use library;
+    if (const int result = library.resultOf("init"); result != 0 && library->isPlugged)
+        return result;
     *context = std::make_unique<libusb_context>().release();
-    ++fakeLibusb().contexts;
+    ++library->contexts;
     return 0;
 }
 
 void libusb_exit(libusb_context* context) {
+    const Use library;
     const std::unique_ptr<libusb_context> ended(context);
-    --fakeLibusb().contexts;
+    if (--library->contexts == 0 && library->deviceReferences + library->handles > 0)
+        library->misuses.emplace_back("ended before what came from it");
 }
 
-ssize_t libusb_get_device_list(libusb_context* context, libusb_device*** list) {
-    FakeLibusb& library = fakeLibusb();
-    if (library.listResult != 0)
-        return library.listResult;
-    auto made = std::make_unique<libusb_device*[]>(library.devices.size() + 1);
-    for (std::size_t i = 0; i < library.devices.size(); ++i) {
-        made[i] =
-            std::make_unique<libusb_device>(libusb_device{context, library.devices[i]}).release();
-        ++library.deviceReferences;
-    }
+ssize_t libusb_get_device_list(libusb_context* /*context*/, libusb_device*** list) {
+    const Use library;
+    if (const auto failure = library->failures.find("list"); failure != library->failures.end())
+        return failure->second;
+    const std::size_t count = library->isPlugged ? library->devices.size() : 0;
+    auto made = std::make_unique<libusb_device*[]>(count + 1);
+    for (std::size_t i = 0; i < count; ++i)
+        made[i] = std::make_unique<libusb_device>(libusb_device{library->devices[i], 1}).release();
+    library->deviceReferences += static_cast<int>(count);
     *list = made.release();
-    return static_cast<ssize_t>(library.devices.size());
+    return static_cast<ssize_t>(count);
+}
+
+libusb_device* libusb_ref_device(libusb_device* device) {
+    const Use library;
+    ++library->deviceReferences;
+    ++device->references;
+    return device;
+}
+
+void libusb_unref_device(libusb_device* device) {
+    const Use library;
+    --library->deviceReferences;
+    if (--device->references == 0)
+        const std::unique_ptr<libusb_device> freed(device);
 }
 
 void libusb_free_device_list(libusb_device** list, int unrefs) {
     const std::unique_ptr<libusb_device*[]> freed(list);
-    fakeLibusb().calls.push_back(fmt::format("free list {}", unrefs));
-}
-
-void libusb_unref_device(libusb_device* device) {
-    const std::unique_ptr<libusb_device> freed(device);
-    --fakeLibusb().deviceReferences;
+    for (libusb_device** device = list; unrefs != 0 && *device != nullptr; ++device)
+        libusb_unref_device(*device);
 }
 
 std::uint8_t libusb_get_bus_number(libusb_device* device) {
@@ -166,100 +249,166 @@ int libusb_get_device_descriptor(libusb_device* device, libusb_device_descriptor
 }
 
 int libusb_get_active_config_descriptor(libusb_device* device, libusb_config_descriptor** found) {
+    const Use library;
     if (device->fake.configurationResult != 0)
         return device->fake.configurationResult;
+    if (const int result = library.resultOf("configuration"); result != 0)
+        return result;
     configurations().push_back(configure(device->fake));
     *found = &configurations().back()->descriptor;
-    ++fakeLibusb().configurations;
+    ++library->configurations;
     return 0;
 }
 
 void libusb_free_config_descriptor(libusb_config_descriptor* freed) {
+    const Use library;
     std::erase_if(configurations(), [&](const auto& kept) { return &kept->descriptor == freed; });
-    --fakeLibusb().configurations;
+    --library->configurations;
 }
 
 int libusb_open(libusb_device* device, libusb_device_handle** handle) {
-    if (device->fake.openResult != 0)
-        return device->fake.openResult;
-    *handle =
-        std::make_unique<libusb_device_handle>(libusb_device_handle{device->context}).release();
-    ++fakeLibusb().handles;
+    const Use library;
+    if (const int result = library.called("open"); result != 0)
+        return result;
+    *handle = std::make_unique<libusb_device_handle>(libusb_device_handle{device}).release();
+    ++library->handles;
+    ++library->deviceReferences;
+    ++device->references;
     return 0;
 }
 
 void libusb_close(libusb_device_handle* handle) {
     const std::unique_ptr<libusb_device_handle> closed(handle);
-    --fakeLibusb().handles;
+    {
+        const Use library;
+        library->calls.emplace_back("close");
+        --library->handles;
+        for (auto& [interface, holder] : library->holders)
+            holder = holder == Holder::Us ? Holder::Nobody : holder;
+        std::erase_if(inFlight, [handle](const InFlight& transfer) {
+            return transfer.transfer->dev_handle == handle;
+        });
+    }
+    libusb_unref_device(handle->device);
 }
 
 int libusb_kernel_driver_active(libusb_device_handle* /*handle*/, int interface) {
-    return driverCall("active", interface);
+    const Use library;
+    if (!library->isPlugged)
+        return LIBUSB_ERROR_NO_DEVICE;
+    return library.holder(interface) == Holder::Driver ? 1 : 0;
 }
 
 int libusb_detach_kernel_driver(libusb_device_handle* /*handle*/, int interface) {
-    return driverCall("detach", interface);
-}
-
-int libusb_attach_kernel_driver(libusb_device_handle* /*handle*/, int interface) {
-    return driverCall("attach", interface);
-}
-
-int libusb_claim_interface(libusb_device_handle* /*handle*/, int interface) {
-    return driverCall("claim", interface);
-}
-
-int libusb_release_interface(libusb_device_handle* /*handle*/, int interface) {
-    return driverCall("release", interface);
-}
-
-int libusb_clear_halt(libusb_device_handle* /*handle*/, unsigned char endpoint) {
-    return driverCall("clear", endpoint);
-}
-
-libusb_transfer* libusb_alloc_transfer(int /*isoPackets*/) {
-    if (fakeLibusb().isOutOfMemory)
-        return nullptr;
-    ++fakeLibusb().transfers;
-    return std::make_unique<libusb_transfer>().release();
-}
-
-int libusb_submit_transfer(libusb_transfer* transfer) {
-    FakeLibusb& library = fakeLibusb();
-    const std::span bytes(transfer->buffer, static_cast<std::size_t>(transfer->length));
-    const bool isIn = (transfer->endpoint & LIBUSB_ENDPOINT_IN) != 0;
-    library.calls.push_back(isIn ? fmt::format("read {:02x}: {} bytes, {} ms", transfer->endpoint,
-                                               bytes.size(), transfer->timeout)
-                                 : fmt::format("write {:02x}: {:02x}, {} ms", transfer->endpoint,
-                                               fmt::join(bytes, " "), transfer->timeout));
-    if (library.submitResult == 0)
-        transfer->dev_handle->context->inFlight = transfer;
-    return library.submitResult;
-}
-
-int libusb_cancel_transfer(libusb_transfer* transfer) {
-    fakeLibusb().calls.emplace_back("cancel");
-    transfer->dev_handle->context->isCancelled = true;
+    const Use library;
+    if (const int result = library.called(fmt::format("detach {}", interface)); result != 0)
+        return result;
+    if (library.holder(interface) != Holder::Driver)
+        return LIBUSB_ERROR_NOT_FOUND;
+    library.holder(interface) = Holder::Nobody;
     return 0;
 }
 
-void libusb_free_transfer(libusb_transfer* transfer) {
-    const std::unique_ptr<libusb_transfer> freed(transfer);
-    --fakeLibusb().transfers;
+int libusb_attach_kernel_driver(libusb_device_handle* handle, int interface) {
+    const Use library;
+    if (const int result = library.called(fmt::format("attach {}", interface)); result != 0)
+        return result;
+    return probe(library, handle->device->fake, interface);
 }
 
-int libusb_handle_events_completed(libusb_context* context, int* completed) {
-    FakeLibusb& library = fakeLibusb();
-    FakeEvent event;
-    if (!library.events.empty()) {
-        event = library.events.front();
-        library.events.pop_front();
+int libusb_claim_interface(libusb_device_handle* /*handle*/, int interface) {
+    const Use library;
+    if (const int result = library.called(fmt::format("claim {}", interface)); result != 0)
+        return result;
+    if (library.holder(interface) != Holder::Nobody)
+        return LIBUSB_ERROR_BUSY;
+    library.holder(interface) = Holder::Us;
+    return 0;
+}
+
+int libusb_release_interface(libusb_device_handle* handle, int interface) {
+    const Use library;
+    // Where events fail for good, a transfer cannot be ended before.
+    if (library->eventsResult == 0 && std::ranges::any_of(inFlight, [&](const InFlight& own) {
+            return own.transfer->dev_handle == handle;
+        }))
+        library->misuses.emplace_back("released an interface with a transfer in flight");
+    const int result = library.called(fmt::format("release {}", interface));
+    if (library.holder(interface) == Holder::Us)
+        library.holder(interface) = Holder::Nobody;
+    return result;
+}
+
+int libusb_clear_halt(libusb_device_handle* /*handle*/, unsigned char endpoint) {
+    const Use library;
+    return library.called(fmt::format("clear {:02x}", endpoint));
+}
+
+libusb_transfer* libusb_alloc_transfer(int /*isoPackets*/) {
+    const Use library;
+    if (library->failures.contains("alloc"))
+        return nullptr;
+    ++library->transfers;
+    return std::make_unique<libusb_transfer>().release();
+}
+
+void libusb_free_transfer(libusb_transfer* transfer) {
+    const Use library;
+    if (transfer == nullptr)
+        return;
+    const std::unique_ptr<libusb_transfer> freed(transfer);
+    if (std::erase_if(inFlight, [&](const InFlight& own) { return own.transfer == transfer; }) > 0)
+        library->misuses.emplace_back("freed a transfer in flight");
+    --library->transfers;
+}
+
+int libusb_submit_transfer(libusb_transfer* transfer) {
+    const Use library;
+    const std::span bytes(transfer->buffer, static_cast<std::size_t>(transfer->length));
+    library->calls.push_back(isIn(*transfer)
+                                 ? fmt::format("read {:02x}: {} bytes, {} ms", transfer->endpoint,
+                                               bytes.size(), transfer->timeout)
+                                 : fmt::format("write {:02x}: {:02x}, {} ms", transfer->endpoint,
+                                               fmt::join(bytes, " "), transfer->timeout));
+    if (const int result = library.resultOf("submit"); result != 0)
+        return result;
+    inFlight.push_back({transfer, std::this_thread::get_id()});
+    return 0;
+}
+
+int libusb_cancel_transfer(libusb_transfer* transfer) {
+    const Use library;
+    library->calls.emplace_back("cancel");
+    const auto found = std::ranges::find(inFlight, transfer, &InFlight::transfer);
+    if (found == inFlight.end())
+        return LIBUSB_ERROR_NOT_FOUND;
+    found->isCancelled = true;
+    cancelled.notify_all();
+    return 0;
+}
+
+int libusb_handle_events_completed(libusb_context* /*context*/, int* /*completed*/) {
+    Use library;
+    library->calls.emplace_back("events");
+    FakeEvent event{.result = library->eventsResult, .completes = library->eventsResult == 0};
+    if (!library->events.empty()) {
+        event = std::move(library->events.front());
+        library->events.pop_front();
+    } else if (library->readsWait && event.completes && isIn(*ownTransfer()->transfer)) {
+        if (library->whenReadWaits)
+            library->whenReadWaits();
+        cancelled.wait(library.lock(), [] { return ownTransfer()->isCancelled; });
     }
-    library.calls.push_back(fmt::format("events, completed {}", *completed));
-    if (event.meanwhile)
+    if (event.meanwhile) {
+        library.lock().unlock();
         event.meanwhile();
-    if (event.completes)
-        complete(*context, event);
+        library.lock().lock();
+    }
+    if (const auto own = ownTransfer(); event.completes && own != inFlight.end()) {
+        const InFlight ended = *own;
+        inFlight.erase(own);
+        complete(ended, event);
+    }
     return event.result;
 }
 

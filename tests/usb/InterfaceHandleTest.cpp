@@ -1,133 +1,146 @@
 #include "usb/InterfaceHandle.h"
 
-#include "platform/Diagnostics.h"
 #include "tests/usb/ScriptedHost.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
+#include <future>
+#include <memory>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright::testing {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-// An interface that a script stands behind, taken by the seam's own steps.
-std::unique_ptr<UsbInterface> take(const std::shared_ptr<HostScript>& script) {
-    const auto host = makeScriptedHost(script);
-    std::unique_ptr<ServiceIterator> devices;
-    std::unique_ptr<ServiceIterator> interfaces;
-    std::unique_ptr<UsbPlugIn> plugIn;
-    std::unique_ptr<UsbDevice> device;
-    std::unique_ptr<UsbInterface> interface;
-    host->matchingServices({}, devices);
-    host->makePlugIn(*devices->next(), PlugInType::Device, {}, plugIn);
-    plugIn->queryDevice({}, device);
-    device->interfaceIterator({}, interfaces);
-    host->makePlugIn(*interfaces->next(), PlugInType::Interface, {}, plugIn);
-    plugIn->queryInterface({}, interface);
-    plugIn.reset();
-    interfaces.reset();
-    script->calls.clear();
-    return interface;
-}
-
-class HandleTest : public ::testing::Test {
+class InterfaceHandleTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        Diagnostics::setLog([this](std::string_view line) { log.emplace_back(line); });
+    // An interface that the script stands behind.
+    std::unique_ptr<UsbInterface> take() {
+        auto taken = makeScriptedHost(script)->devices({})->at(0)->interface(0);
+        script->calls.clear();
+        return std::move(taken).value();
     }
-    void TearDown() override { Diagnostics::setLog({}); }
+    std::unique_ptr<InterfaceHandle> opened() {
+        auto handle = std::make_unique<InterfaceHandle>(take());
+        EXPECT_TRUE(handle->open());
+        script->calls.clear();
+        return handle;
+    }
+    // A read in a thread of its own, which waits when this returns.
+    std::future<UsbRead> waitingRead(InterfaceHandle& handle) {
+        script->readsWait = true;
+        std::promise<void> isWaiting;
+        script->meanwhile["read"] = [&] { isWaiting.set_value(); };
+        auto read = std::async(std::launch::async, [&handle] {
+            std::array<std::uint8_t, 4> room{};
+            return handle.read(1, room);
+        });
+        isWaiting.get_future().wait();
+        return read;
+    }
 
     std::shared_ptr<HostScript> script = std::make_shared<HostScript>();
-    Texts log;
 };
 
-using InterfaceHandleTest = HandleTest;
-
-TEST_F(InterfaceHandleTest, StaleHandleReturnsItsCodeFromEveryOperation) {
-    InterfaceHandle handle(take(script));
+TEST_F(InterfaceHandleTest, StaleHandleGivesItsCodeFromEveryOperation) {
+    InterfaceHandle handle(take());
     EXPECT_FALSE(handle.isStale());
-    EXPECT_EQ(handle.release(), kResultSuccess);
+    EXPECT_TRUE(handle.release());
     script->calls.clear();
 
     EXPECT_TRUE(handle.isStale());
-    std::uint8_t count = 7;
-    PipeProperties properties;
     std::array<std::uint8_t, 4> room{};
-    std::size_t delivered = 9;
-    EXPECT_EQ(handle.open(), kResultGivenUp);
-    EXPECT_EQ(handle.close(), kResultGivenUp);
-    EXPECT_EQ(handle.release(), kResultGivenUp);
-    EXPECT_EQ(handle.endpointCount(count), kResultGivenUp);
-    EXPECT_EQ(handle.pipeProperties(1, properties), kResultGivenUp);
-    EXPECT_EQ(handle.writePipe(2, room), kResultGivenUp);
-    EXPECT_EQ(handle.readPipe(1, room, delivered), kResultGivenUp);
-    EXPECT_EQ(delivered, 0U);
-    EXPECT_EQ(handle.interfaceClass(), 0);
-    EXPECT_EQ(handle.interfaceSubClass(), 0);
+    EXPECT_EQ(handle.open().error(), (UsbError{UsbStep::Open, kResultGivenUp}));
+    EXPECT_EQ(handle.close().error(), (UsbError{UsbStep::Close, kResultGivenUp}));
+    EXPECT_EQ(handle.release().error(), (UsbError{UsbStep::Release, kResultGivenUp}));
+    EXPECT_EQ(handle.endpointCount().error(), (UsbError{UsbStep::EndpointCount, kResultGivenUp}));
+    EXPECT_EQ(handle.pipeProperties(1).error(),
+              (UsbError{UsbStep::PipeProperties, kResultGivenUp}));
+    EXPECT_EQ(handle.write(2, room).error(), (UsbError{UsbStep::Write, kResultGivenUp}));
+    EXPECT_EQ(handle.read(1, room).code, kResultGivenUp);
+    EXPECT_EQ(handle.read(1, room).delivered, 0U);
+    EXPECT_EQ(handle.interfaceClass().code, 0);
+    EXPECT_EQ(handle.interfaceClass().subClass, 0);
     handle.giveUp();
     EXPECT_EQ(script->calls, Texts{});
 }
 
-TEST_F(InterfaceHandleTest, EndOfAnOpenHandleClosesAndReleases) {
-    {
-        InterfaceHandle handle(take(script));
-        handle.open();
-        script->calls.clear();
+TEST_F(InterfaceHandleTest, ItsEndGivesBackWhatItHolds) {
+    using Use = std::pair<void (*)(InterfaceHandle&), Texts>;
+    const std::vector<Use> uses{
+        {[](InterfaceHandle&) {}, {"close one/0", "release one/0"}},
+        {[](InterfaceHandle& handle) { handle.close(); }, {"close one/0", "release one/0"}},
+        {[](InterfaceHandle& handle) { handle.release(); }, {"release one/0"}}};
+    for (const auto& [use, calls] : uses) {
+        use(*opened());
+        EXPECT_EQ(script->calls, calls);
+        EXPECT_EQ(script->claimed, Texts{});
     }
-    EXPECT_EQ(script->calls, (Texts{"close one/0", "releaseInterface one/0"}));
-}
-
-TEST_F(InterfaceHandleTest, EndOfAClosedHandleOnlyReleases) {
-    {
-        InterfaceHandle handle(take(script));
-        handle.open();
-        handle.close();
-        script->calls.clear();
-    }
-    EXPECT_EQ(script->calls, Texts{"releaseInterface one/0"});
-}
-
-TEST_F(InterfaceHandleTest, EndOfAReleasedHandleDoesNothing) {
-    {
-        InterfaceHandle handle(take(script));
-        handle.open();
-        handle.release();
-        script->calls.clear();
-    }
-    EXPECT_EQ(script->calls, Texts{});
+    static_cast<void>(InterfaceHandle(take()));
+    EXPECT_EQ(script->calls, Texts{"release one/0"}) << "never open, so nothing to close";
 }
 
 TEST_F(InterfaceHandleTest, SecondOpeningThatFailsLeavesItOpen) {
-    InterfaceHandle handle(take(script));
-    script->answer("open", {kResultSuccess, kResultBusy});
-    handle.open();
-    EXPECT_EQ(handle.open(), kResultBusy);
+    const auto handle = opened();
+    script->answer("open", {kResultBusy});
+    EXPECT_EQ(handle->open().error().code, kResultBusy);
     script->calls.clear();
-    handle.giveUp();
-    EXPECT_EQ(script->calls, (Texts{"close one/0", "releaseInterface one/0"}));
+    handle->giveUp();
+    EXPECT_EQ(script->calls, (Texts{"close one/0", "release one/0"}));
 }
 
-TEST_F(InterfaceHandleTest, FailuresOfGivingUpAreLoggedAndNothingElse) {
-    InterfaceHandle handle(take(script));
-    handle.open();
+TEST_F(InterfaceHandleTest, FailuresOfGivingUpLeaveAStaleHandleWithTheReleasesCode) {
+    const auto handle = opened();
+    EXPECT_EQ(handle->releaseCode(), kResultSuccess);
     script->answer("close", {kResultNoDevice});
-    script->answer("releaseInterface", {kResultOther});
-    handle.giveUp();
-    EXPECT_TRUE(handle.isStale());
-    EXPECT_EQ(log, (Texts{"Unable to close interface (5c570005)",
-                          "Unable to release interface (5c570001)"}));
+    script->answer("release", {kResultNoDriver});
+    handle->giveUp();
+    EXPECT_TRUE(handle->isStale());
+    EXPECT_EQ(handle->releaseCode(), kResultNoDriver);
 }
 
-TEST_F(InterfaceHandleTest, ALogThatFailsDoesNotKeepTheInterface) {
-    InterfaceHandle handle(take(script));
-    handle.open();
-    script->answer("close", {kResultNoDevice});
-    Diagnostics::setLog([](std::string_view) { throw std::runtime_error("no room"); });
-    handle.giveUp();
-    EXPECT_TRUE(handle.isStale());
+TEST_F(InterfaceHandleTest, AStepThatThrowsLeavesAHandleThatCanBeGivenUp) {
+    const auto handle = opened();
+    script->raise("write");
+    EXPECT_THROW(static_cast<void>(handle->write(2, {})), std::runtime_error);
+    script->raise("close");
+    script->raise("release");
+    handle->giveUp();
+    handle->giveUp();
+    EXPECT_TRUE(handle->isStale());
+    EXPECT_EQ(script->claimed, Texts{});
+}
+
+TEST_F(InterfaceHandleTest, CloseReleaseAndGivingUpEndAReadThatWaits) {
+    using Ending = std::pair<void (*)(InterfaceHandle&), Texts>;
+    const std::vector<Ending> endings{
+        {[](InterfaceHandle& handle) { handle.close(); }, {"read one/0 1 4", "close one/0"}},
+        {[](InterfaceHandle& handle) { handle.release(); },
+         {"read one/0 1 4", "close one/0", "release one/0"}},
+        {[](InterfaceHandle& handle) { handle.giveUp(); },
+         {"read one/0 1 4", "close one/0", "release one/0"}}};
+    for (const auto& [end, calls] : endings) {
+        const auto handle = opened();
+        auto read = waitingRead(*handle);
+        end(*handle);
+        EXPECT_EQ(read.get().code, kResultCancelled);
+        EXPECT_EQ(script->calls, calls);
+    }
+}
+
+TEST_F(InterfaceHandleTest, AWriteDoesNotWaitForAReadThatWaits) {
+    const auto handle = opened();
+    auto read = waitingRead(*handle);
+    EXPECT_TRUE(handle->write(2, {}));
+    EXPECT_EQ(script->calls, (Texts{"read one/0 1 4", "write one/0 2"}));
+    handle->close();
+    EXPECT_EQ(read.get().code, kResultCancelled);
 }
 
 } // namespace

@@ -1,138 +1,146 @@
 #include "usb/LibusbHost.h"
 
-#include "tests/usb/ScriptedBus.h"
-#include "usb/PlatformIds.h"
+#include "tests/usb/FakeLibusb.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 namespace {
 
-using testing::BusScript;
-using Calls = std::vector<std::string>;
+using testing::FakeDevice;
+using testing::fakeLibusb;
+using Texts = std::vector<std::string>;
+
+// The library's published numbers.
+const std::map<int, ResultCode> kErrors{
+    {0, 0x00000000},   {-1, 0x5C570002},  {-2, 0x5C570003},  {-3, 0x5C570004},  {-4, 0x5C570005},
+    {-5, 0x5C570006},  {-6, 0x5C570007},  {-7, 0x5C570008},  {-8, 0x5C570009},  {-9, 0x5C57000A},
+    {-10, 0x5C57000B}, {-11, 0x5C57000C}, {-12, 0x5C57000D}, {-99, 0x5C570001},
+};
+
+TEST(LibusbResult, EveryErrorHasACodeOfItsOwn) {
+    std::set<ResultCode> codes;
+    for (const auto& [error, code] : kErrors) {
+        EXPECT_EQ(resultOfLibusb(error), code) << error;
+        codes.insert(code);
+    }
+    EXPECT_EQ(codes.size(), kErrors.size());
+    for (const int unknown : {-13, -98, 1})
+        EXPECT_EQ(resultOfLibusb(unknown), 0x5C570001U) << unknown;
+}
+
+TEST(LibusbResult, EveryTransferStatusHasItsCode) {
+    const std::map<int, ResultCode> statuses{
+        {0, kResultSuccess}, {1, kResultInputOutput}, {2, kResultTimeout},  {3, kResultCancelled},
+        {4, kResultStall},   {5, kResultNoDevice},    {6, kResultOverflow}, {7, kResultOther}};
+    for (const auto& [status, code] : statuses)
+        EXPECT_EQ(resultOfLibusbTransfer(status), code) << status;
+}
 
 class LibusbHostTest : public ::testing::Test {
 protected:
-    // The devices that a dictionary with the given numbers lists.
-    std::vector<std::unique_ptr<UsbService>>
-    listed(const std::vector<std::pair<std::string, std::int32_t>>& numbers = {}) {
-        auto dictionary = host->serviceMatching(ids::kDeviceClass).value();
-        for (const auto& [key, number] : numbers)
-            EXPECT_TRUE(host->addNumber(dictionary, key, number));
-        std::unique_ptr<ServiceIterator> iterator;
-        EXPECT_EQ(host->matchingServices(dictionary, iterator), kResultSuccess);
-        return drained(*iterator);
-    }
-    static std::vector<std::unique_ptr<UsbService>> drained(ServiceIterator& iterator) {
-        std::vector<std::unique_ptr<UsbService>> services;
-        while (auto service = iterator.next())
-            services.push_back(std::move(service));
-        return services;
-    }
-    std::unique_ptr<UsbDevice> deviceOf(UsbService& service) {
-        std::unique_ptr<UsbPlugIn> plugIn;
-        EXPECT_EQ(
-            host->makePlugIn(service, PlugInType::Device, ids::kIOCFPlugInInterfaceID, plugIn),
-            kResultSuccess);
-        std::unique_ptr<UsbDevice> device;
-        EXPECT_EQ(plugIn->queryDevice(ids::kDeviceInterface, device), kResultSuccess);
-        return device;
-    }
-    std::vector<std::unique_ptr<UsbService>> interfacesOf(const InterfaceRequest& request) {
-        std::unique_ptr<ServiceIterator> iterator;
-        EXPECT_EQ(deviceOf(*listed().at(0))->interfaceIterator(request, iterator), kResultSuccess);
-        return drained(*iterator);
+    void SetUp() override { fakeLibusb().reset(); }
+    void TearDown() override {
+        EXPECT_TRUE(fakeLibusb().hasNothingOut());
+        EXPECT_EQ(fakeLibusb().misuses, Texts{});
     }
 
-    std::shared_ptr<BusScript> bus = std::make_shared<BusScript>();
-    std::shared_ptr<UsbHost> host = makeLibusbHost(testing::makeScriptedBus(bus));
+    Texts names(const DeviceMatch& match = {}) {
+        Texts found;
+        const auto devices = host->devices(match);
+        for (const auto& device : devices.value())
+            found.push_back(device->name());
+        return found;
+    }
+
+    std::shared_ptr<UsbHost> host = makeLibusbHost();
 };
 
-TEST_F(LibusbHostTest, ListsEveryDeviceWithoutOpeningOne) {
-    bus->products = {0x0001, 0x0002};
-    const auto services = listed();
-    ASSERT_EQ(services.size(), 2U);
-    EXPECT_EQ(services[0]->name(), "1209:0001 at 001/002");
-    EXPECT_EQ(services[1]->name(), "1209:0002 at 001/003");
-    EXPECT_EQ(deviceOf(*services[1])->product(), 0x0002);
-    EXPECT_EQ(deviceOf(*services[1])->vendor(), 0x1209);
-    EXPECT_EQ(interfacesOf({}).size(), 2U);
-    EXPECT_EQ(bus->calls, Calls{});
+TEST_F(LibusbHostTest, ListsTheDevicesByBusAndAddressAndOpensNone) {
+    fakeLibusb().devices = {
+        {.bus = 2, .address = 1, .vendor = 0x1209, .product = 0x0003},
+        {.bus = 1, .address = 19, .vendor = 0x1209, .product = 0x0002},
+        {.bus = 1, .address = 4, .vendor = 0x120A, .product = 0x0001},
+    };
+    EXPECT_EQ(names(),
+              (Texts{"120a:0001 at 001/004", "1209:0002 at 001/019", "1209:0003 at 002/001"}));
+    const auto devices = host->devices({}).value();
+    EXPECT_EQ(devices.at(1)->vendor(), 0x1209);
+    EXPECT_EQ(devices.at(1)->product(), 0x0002);
+    EXPECT_EQ(fakeLibusb().calls, Texts{});
 }
 
 TEST_F(LibusbHostTest, NumbersNarrowTheList) {
-    bus->products = {0x0001, 0x0002};
-    EXPECT_EQ(listed({{"idVendor", 0x1209}}).size(), 2U);
-    EXPECT_EQ(listed({{"idVendor", 0x1209}, {"idProduct", 2}}).size(), 1U);
-    EXPECT_EQ(listed({{"idVendor", 0x120A}}).size(), 0U);
+    fakeLibusb().devices = {{.product = 0x0001}, {.product = 0x0002}};
+    EXPECT_TRUE(host->canMatch({.vendor = 0x1209, .product = 0x0002}));
+    EXPECT_EQ(names({.vendor = 0x1209, .product = {}}).size(), 2U);
+    EXPECT_EQ(names({.vendor = 0x1209, .product = 2}), Texts{"1209:0002 at 001/002"});
+    EXPECT_EQ(names({.vendor = {}, .product = 2}), Texts{"1209:0002 at 001/002"});
+    EXPECT_EQ(names({.vendor = 0x120A, .product = {}}), Texts{});
+    EXPECT_EQ(names({.vendor = 0x11209, .product = {}}), Texts{});
 }
 
-TEST_F(LibusbHostTest, HasNoOtherClassOfService) {
-    EXPECT_FALSE(host->serviceMatching("IONetworkInterface").has_value());
-    std::unique_ptr<ServiceIterator> iterator;
-    EXPECT_EQ(host->matchingServices({"IONetworkInterface", {}}, iterator), kResultNotFound);
+TEST_F(LibusbHostTest, LeavesOutADeviceWithoutADescriptor) {
+    fakeLibusb().devices = {{.product = 0x0001, .descriptorResult = -1}, {.product = 0x0002}};
+    EXPECT_EQ(names(), Texts{"1209:0002 at 001/002"});
 }
 
-TEST_F(LibusbHostTest, AListingThatFailsSaysWhy) {
-    bus->failures["devices"] = kResultOther;
-    std::unique_ptr<ServiceIterator> iterator;
-    EXPECT_EQ(host->matchingServices({std::string(ids::kDeviceClass), {}}, iterator), kResultOther);
-    EXPECT_EQ(iterator, nullptr);
+TEST_F(LibusbHostTest, WhatIsKeptKeepsItsContextAndNothingElseDoes) {
+    fakeLibusb().devices.resize(2);
+    auto kept = host->devices({}).value().at(1);
+    EXPECT_EQ(fakeLibusb().contexts, 1);
+    EXPECT_EQ(fakeLibusb().deviceReferences, 1);
+    const auto other = host->devices({}).value();
+    EXPECT_EQ(fakeLibusb().contexts, 2) << "each listing starts anew";
+    auto interface = kept->interface(1).value();
+    kept.reset();
+    host.reset();
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().contexts, 2);
 }
 
-TEST_F(LibusbHostTest, ADeviceThatHasGoneListsNoInterfaces) {
-    const auto device = deviceOf(*listed().at(0));
-    bus->isPlugged = false;
-    std::unique_ptr<ServiceIterator> iterator;
-    EXPECT_EQ(device->interfaceIterator({}, iterator), kResultNoDevice);
-    EXPECT_EQ(iterator, nullptr);
+TEST_F(LibusbHostTest, TellsWhyThereIsNoList) {
+    for (const auto& [call, error] : std::map<std::string, int>{{"init", -99}, {"list", -11}}) {
+        fakeLibusb().failures = {{call, error}};
+        const auto devices = host->devices({});
+        ASSERT_FALSE(devices.has_value()) << call;
+        EXPECT_EQ(devices.error(), (UsbError{UsbStep::ListDevices, resultOfLibusb(error)}));
+    }
 }
 
-TEST_F(LibusbHostTest, ARequestNarrowsTheInterfaces) {
-    EXPECT_EQ(interfacesOf({.interfaceClass = 1}).size(), 2U);
-    EXPECT_EQ(interfacesOf({.subClass = 3}).size(), 1U);
-    EXPECT_EQ(interfacesOf({.protocol = 1}).size(), 0U);
-    EXPECT_EQ(interfacesOf({.alternateSetting = 0}).size(), 2U);
+TEST_F(LibusbHostTest, InterfacesAreThoseOfTheConfigurationThatHaveAltsettings) {
+    fakeLibusb().devices = {{.interfaces = {
+                                 {.number = 0, .hasAltsettings = false},
+                                 {.number = 3, .interfaceClass = 1, .subClass = 1},
+                                 {.number = 5, .interfaceClass = 254, .subClass = 255},
+                             }}};
+    const auto device = host->devices({}).value().at(0);
+    const auto kind = [&](std::size_t place) {
+        const InterfaceClass found = device->interface(place).value()->interfaceClass();
+        return std::pair<int, int>(found.code, found.subClass);
+    };
+    EXPECT_EQ(kind(0), (std::pair<int, int>(1, 1)));
+    EXPECT_EQ(kind(1), (std::pair<int, int>(254, 255)));
+    EXPECT_EQ(device->interface(2).error(), (UsbError{UsbStep::InterfacePlugIn, kResultNotFound}));
+    EXPECT_EQ(fakeLibusb().calls, Texts{});
 }
 
-TEST_F(LibusbHostTest, TheSecondInterfaceCanBeTakenAndClaimed) {
-    const auto services = interfacesOf({});
-    std::unique_ptr<UsbPlugIn> plugIn;
-    ASSERT_EQ(host->makePlugIn(*services.at(1), PlugInType::Interface, ids::kIOCFPlugInInterfaceID,
-                               plugIn),
-              kResultSuccess);
-    std::unique_ptr<UsbInterface> interface;
-    ASSERT_EQ(plugIn->queryInterface(ids::kInterfaceInterface, interface), kResultSuccess);
-    plugIn.reset();
-    EXPECT_EQ(bus->calls, Calls{});
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    EXPECT_EQ(bus->calls.back(), "claim 1");
-}
-
-TEST_F(LibusbHostTest, APlugInGivesOnlyWhatItIsFor) {
-    const auto services = listed();
-    std::unique_ptr<UsbPlugIn> plugIn;
-    std::unique_ptr<UsbInterface> interface;
-    std::unique_ptr<UsbDevice> device;
-    host->makePlugIn(*services[0], PlugInType::Device, ids::kIOCFPlugInInterfaceID, plugIn);
-    EXPECT_EQ(plugIn->queryInterface(ids::kInterfaceInterface, interface), kResultNotSupported);
-    host->makePlugIn(*services[0], PlugInType::Interface, ids::kIOCFPlugInInterfaceID, plugIn);
-    EXPECT_EQ(plugIn->queryDevice(ids::kDeviceInterface, device), kResultNotSupported);
-    EXPECT_EQ(plugIn->queryInterface(ids::kInterfaceInterface, interface), kResultNotFound);
-}
-
-TEST_F(LibusbHostTest, AForeignServiceIsInvalid) {
-    class Foreign : public UsbService {
-        std::string name() const override { return "foreign"; }
-    } foreign;
-    std::unique_ptr<UsbPlugIn> plugIn;
-    EXPECT_EQ(host->makePlugIn(foreign, PlugInType::Device, ids::kIOCFPlugInInterfaceID, plugIn),
-              kResultInvalid);
-}
-
-TEST_F(LibusbHostTest, CancellingReachesTheBus) {
-    host->cancelTransfers();
-    EXPECT_EQ(bus->calls, Calls{"cancel"});
+TEST_F(LibusbHostTest, ADeviceWithoutAConfigurationOrThatHasGoneSaysSo) {
+    fakeLibusb().devices = {{.configurationResult = -5}, {}};
+    const auto devices = host->devices({}).value();
+    fakeLibusb().isPlugged = false;
+    EXPECT_EQ(devices.at(0)->interface(1).error(),
+              (UsbError{UsbStep::InterfacePlugIn, kResultNotFound}));
+    EXPECT_EQ(devices.at(1)->interface(1).error(),
+              (UsbError{UsbStep::InterfacePlugIn, kResultNoDevice}));
 }
 
 } // namespace

@@ -1,324 +1,379 @@
-#include "usb/LibusbInterface.h"
-
-#include "platform/Diagnostics.h"
-#include "tests/usb/ScriptedBus.h"
+#include "tests/usb/FailingAllocation.h"
+#include "tests/usb/FakeLibusb.h"
+#include "usb/LibusbHost.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
-#include <stdexcept>
+#include <cstdint>
+#include <future>
+#include <map>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 namespace {
 
-using testing::BusScript;
+using testing::FailingAllocation;
+using testing::fakeLibusb;
 using testing::Holder;
-using Calls = std::vector<std::string>;
+using Bytes = std::vector<std::uint8_t>;
+using Texts = std::vector<std::string>;
+
+ResultCode codeOf(const UsbResult<void>& result) {
+    return result ? kResultSuccess : result.error().code;
+}
+
+std::unique_ptr<UsbInterface> take() {
+    return makeLibusbHost()->devices({}).value().at(0)->interface(1).value();
+}
+
+std::unique_ptr<UsbInterface> opened() {
+    auto interface = take();
+    EXPECT_TRUE(interface->open());
+    fakeLibusb().calls.clear();
+    return interface;
+}
+
+ResultCode write(UsbInterface& interface, const Bytes& bytes, std::uint8_t pipe = 2) {
+    return codeOf(interface.write(pipe, bytes));
+}
+
+// {result, what was delivered}
+std::pair<ResultCode, Bytes> read(UsbInterface& interface, std::uint8_t pipe = 1) {
+    std::array<std::uint8_t, 63> room{};
+    const UsbRead moved = interface.read(pipe, room);
+    return {moved.code, Bytes(room.begin(), room.begin() + static_cast<int>(moved.delivered))};
+}
+
+using Moved = std::pair<ResultCode, Bytes>;
 
 class LibusbInterfaceTest : public ::testing::Test {
 protected:
-    void TearDown() override { Diagnostics::setLog({}); }
-
-    std::unique_ptr<LibusbInterface> take() {
-        std::vector<std::shared_ptr<LibusbDevice>> devices;
-        EXPECT_EQ(testing::makeScriptedBus(bus)->devices(devices), kResultSuccess);
-        return std::make_unique<LibusbInterface>(devices.at(0), bus->interfaces, 1);
-    }
-    void keepLog() {
-        Diagnostics::setLog([this](std::string_view line) { log.emplace_back(line); });
+    void SetUp() override { fakeLibusb().reset(); }
+    void TearDown() override {
+        EXPECT_TRUE(fakeLibusb().hasNothingOut());
+        EXPECT_EQ(fakeLibusb().misuses, Texts{});
     }
 
-    std::shared_ptr<BusScript> bus = std::make_shared<BusScript>();
-    Calls log;
-    const std::vector<Holder> bothBound{Holder::Driver, Holder::Driver};
+    static bool driversAreBack() {
+        return fakeLibusb().holders ==
+               std::map<int, Holder>{{0, Holder::Driver}, {1, Holder::Driver}};
+    }
 };
-
-TEST_F(LibusbInterfaceTest, TakingItOpensNoDevice) {
-    const auto interface = take();
-    EXPECT_EQ(interface->interfaceClass(), 1);
-    EXPECT_EQ(interface->interfaceSubClass(), 3);
-    EXPECT_EQ(bus->calls, Calls{});
-}
 
 TEST_F(LibusbInterfaceTest, OpeningDetachesTheUpperInterfaceFirstAndClaimsOnlyThat) {
     const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    EXPECT_EQ(bus->calls, (Calls{"open", "detach 1", "detach 0", "claim 1"}));
+    EXPECT_EQ(fakeLibusb().calls, Texts{});
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().takeCalls(), (Texts{"open", "detach 1", "detach 0", "claim 1"}));
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().calls, Texts{}) << "open already";
 }
 
-TEST_F(LibusbInterfaceTest, OpeningWhatIsOpenDoesNothing) {
-    const auto interface = take();
-    interface->open();
-    bus->calls.clear();
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    EXPECT_EQ(bus->calls, Calls{});
-}
-
-TEST_F(LibusbInterfaceTest, ReleasingGivesClaimThenDriverThenDeviceBack) {
-    const auto interface = take();
-    interface->open();
-    bus->calls.clear();
-    EXPECT_EQ(interface->release(), kResultSuccess);
-    EXPECT_EQ(bus->calls, (Calls{"release 1", "attach 0", "close"}));
-    EXPECT_EQ(bus->holders, bothBound);
-}
-
-TEST_F(LibusbInterfaceTest, DestroyingItReleasesIt) {
-    auto interface = take();
-    interface->open();
-    interface.reset();
-    EXPECT_EQ(bus->calls.back(), "close");
-    EXPECT_EQ(bus->holders, bothBound);
+TEST_F(LibusbInterfaceTest, ReleasingOrDestroyingGivesClaimThenDriverThenDeviceBack) {
+    for (const bool isReleased : {true, false}) {
+        auto interface = opened();
+        EXPECT_TRUE(!isReleased || interface->release());
+        interface.reset();
+        EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "attach 0", "close"}));
+        EXPECT_TRUE(driversAreBack());
+    }
 }
 
 TEST_F(LibusbInterfaceTest, ClosingKeepsTheDriversAwayForTheNextOpening) {
-    const auto interface = take();
-    interface->open();
-    bus->calls.clear();
-    EXPECT_EQ(interface->close(), kResultSuccess);
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    EXPECT_EQ(bus->calls, (Calls{"release 1", "claim 1"}));
+    const auto interface = opened();
+    EXPECT_TRUE(interface->close());
+    EXPECT_EQ(interface->close().error(), (UsbError{UsbStep::Close, kResultNotOpen}));
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "claim 1"}));
 }
 
-TEST_F(LibusbInterfaceTest, ClosingWhatIsNotOpenIsAnError) {
-    EXPECT_EQ(take()->close(), kResultNotOpen);
+TEST_F(LibusbInterfaceTest, AnInterfaceOfTheSameProcessIsBusyUntilTheFirstIsClosed) {
+    const auto first = opened();
+    const auto second = take();
+    EXPECT_EQ(second->open().error(), (UsbError{UsbStep::Open, kResultBusy}));
+    first->close();
+    EXPECT_TRUE(second->open());
 }
 
-TEST_F(LibusbInterfaceTest, ADriverThatCameBackBetweenTwoOpeningsLeavesAgain) {
-    const auto interface = take();
-    interface->open();
-    interface->close();
-    bus->holders = bothBound;
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    interface->release();
-    EXPECT_EQ(bus->holders, bothBound);
-}
+// What fails while an interface is opened, whoever held both before, and what is called then.
+struct OpenFailure {
+    std::string call;
+    int error;
+    std::vector<Holder> holders;
+    ResultCode code;
+    Texts calls;
+};
 
-TEST_F(LibusbInterfaceTest, AMissingPermissionIsSaidAndNothingElseIsTried) {
-    bus->failures["open"] = kResultAccess;
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultAccess);
-    EXPECT_EQ(bus->calls, Calls{"open"});
-}
-
-TEST_F(LibusbInterfaceTest, ADriverThatWouldNotLeaveBringsTheOtherBack) {
-    bus->failures["detach 0"] = kResultInputOutput;
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultInputOutput);
-    EXPECT_EQ(bus->calls.back(), "close");
-    EXPECT_EQ(std::ranges::count(bus->calls, "claim 1"), 0);
-}
-
-TEST_F(LibusbInterfaceTest, AClaimThatFailsBringsTheDriversBack) {
-    bus->failures["claim 1"] = kResultInputOutput;
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultInputOutput);
-    EXPECT_EQ(bus->holders, bothBound);
-    EXPECT_EQ(bus->calls.back(), "close");
-}
-
-TEST_F(LibusbInterfaceTest, AnotherProgramsClaimIsBusyAndLeftAlone) {
-    bus->holders = {Holder::Nobody, Holder::OtherProgram};
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultBusy);
-    EXPECT_EQ(bus->calls, (Calls{"open", "claim 1", "close"}));
+TEST_F(LibusbInterfaceTest, AnOpeningThatFailsGivesBackWhatItTook) {
+    const std::vector<Holder> bound{Holder::Driver, Holder::Driver};
+    const std::vector<OpenFailure> rows{
+        {"open", -3, bound, kResultAccess, {"open"}},
+        {"detach 1", -1, bound, kResultInputOutput, {"open", "detach 1", "close"}},
+        {"detach 0",
+         -1,
+         bound,
+         kResultInputOutput,
+         {"open", "detach 1", "detach 0", "detach 0", "attach 1", "detach 0", "attach 1", "close"}},
+        {"claim 1",
+         -1,
+         bound,
+         kResultInputOutput,
+         {"open", "detach 1", "detach 0", "claim 1", "attach 0", "close"}},
+        {"", 0, {Holder::Nobody, Holder::OtherProgram}, kResultBusy, {"open", "claim 1", "close"}}};
+    for (const OpenFailure& row : rows) {
+        SCOPED_TRACE(row.call);
+        fakeLibusb().reset();
+        fakeLibusb().holders = {{0, row.holders[0]}, {1, row.holders[1]}};
+        fakeLibusb().failures = {{row.call, row.error}};
+        const auto interface = take();
+        EXPECT_EQ(interface->open().error(), (UsbError{UsbStep::Open, row.code}));
+        EXPECT_EQ(fakeLibusb().calls, row.calls);
+        EXPECT_EQ(fakeLibusb().handles, 0);
+        EXPECT_EQ(fakeLibusb().holders[0], row.holders[0]);
+    }
 }
 
 TEST_F(LibusbInterfaceTest, DriversThatAKilledProgramLeftUnboundComeBackAtTheEnd) {
-    bus->holders = {Holder::Nobody, Holder::Nobody};
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    interface->release();
-    EXPECT_EQ(bus->calls, (Calls{"open", "claim 1", "release 1", "attach 0", "close"}));
-    EXPECT_EQ(bus->holders, bothBound);
+    for (const Holder lower : {Holder::Nobody, Holder::Driver}) {
+        fakeLibusb().holders = {{0, lower}, {1, Holder::Nobody}};
+        const auto interface = opened();
+        EXPECT_TRUE(interface->release());
+        EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "attach 0", "close"}));
+        EXPECT_TRUE(driversAreBack());
+    }
 }
 
-TEST_F(LibusbInterfaceTest, ADriverThatWasBoundToTheLowerInterfaceAloneTakesTheUpperAlongAgain) {
-    bus->holders = {Holder::Driver, Holder::Nobody};
-    const auto interface = take();
-    EXPECT_EQ(interface->open(), kResultSuccess);
-    bus->holders[0] = Holder::Driver; // probed by somebody while the upper one is claimed
+TEST_F(LibusbInterfaceTest, ADriverThatCameBackMeanwhileLeavesOnceMore) {
+    auto interface = opened();
+    interface->close();
+    fakeLibusb().holders[1] = Holder::Driver;
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().takeCalls(), (Texts{"release 1", "detach 1", "claim 1"}));
+    fakeLibusb().holders[0] = Holder::Driver; // probed while the upper one was claimed
+    EXPECT_TRUE(interface->release());
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "detach 0", "attach 0", "close"}));
+    EXPECT_TRUE(driversAreBack());
+}
+
+TEST_F(LibusbInterfaceTest, OnlyAudioInterfacesAndTheOneThatIsTakenLoseTheirDrivers) {
+    fakeLibusb().devices[0].interfaces.push_back({.number = 2, .interfaceClass = 3});
+    fakeLibusb().holders[2] = Holder::Driver;
+    const auto interface = opened();
+    EXPECT_EQ(fakeLibusb().holders[2], Holder::Driver);
     interface->release();
-    EXPECT_EQ(bus->holders, bothBound);
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "attach 0", "close"}));
 }
 
 TEST_F(LibusbInterfaceTest, AnInterfaceThatIsNotAudioAndHadNoDriverGetsNone) {
-    bus->interfaces[0].interfaceClass = 255;
-    bus->interfaces[1].interfaceClass = 255;
-    bus->holders = {Holder::Nobody, Holder::Nobody};
-    const auto interface = take();
-    interface->open();
-    interface->release();
-    EXPECT_EQ(bus->calls, (Calls{"open", "claim 1", "release 1", "close"}));
+    for (auto& interface : fakeLibusb().devices[0].interfaces)
+        interface.interfaceClass = 255;
+    fakeLibusb().holders.clear();
+    const auto interface = opened();
+    EXPECT_TRUE(interface->release());
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "close"}));
 }
 
-TEST_F(LibusbInterfaceTest, AnInterfaceBesideTheAudioOnesKeepsItsDriver) {
-    bus->interfaces.push_back({.number = 2, .interfaceClass = 3});
-    bus->holders.push_back(Holder::Driver);
-    const auto interface = take();
-    interface->open();
-    EXPECT_EQ(bus->calls, (Calls{"open", "detach 1", "detach 0", "claim 1"}));
+TEST_F(LibusbInterfaceTest, ADriverThatStaysAwayIsToldByTheRelease) {
+    const auto interface = opened();
+    fakeLibusb().failures = {{"attach 0", -5}, {"attach 1", -5}};
+    EXPECT_EQ(interface->release().error(), (UsbError{UsbStep::Release, kResultNoDriver}));
+    EXPECT_EQ(fakeLibusb().calls,
+              (Texts{"release 1", "attach 0", "attach 1", "attach 0", "attach 1", "close"}))
+        << "tried once more";
 }
 
-TEST_F(LibusbInterfaceTest, ADriverThatStaysAwayIsLogged) {
-    keepLog();
-    bus->failures["attach 0"] = kResultNotFound;
-    const auto interface = take();
-    interface->open();
-    interface->release();
-    EXPECT_EQ(log, (Calls{"Interface 0 has no kernel driver again",
-                          "Interface 1 has no kernel driver again"}));
-}
-
-TEST_F(LibusbInterfaceTest, AnUnpluggedDeviceIsReleasedWithoutComplaint) {
-    keepLog();
-    const auto interface = take();
-    interface->open();
-    bus->isPlugged = false;
-    interface->release();
-    EXPECT_EQ(log, Calls{});
-    EXPECT_EQ(bus->calls.back(), "close");
-}
-
-TEST_F(LibusbInterfaceTest, AReleaseThatFailsIsLogged) {
-    keepLog();
-    const auto interface = take();
-    interface->open();
-    bus->failures["release 1"] = kResultOther;
-    interface->close();
-    EXPECT_EQ(log, Calls{"Unable to release interface 1 (5c570001)"});
-}
-
-TEST_F(LibusbInterfaceTest, ALogThatFailsKeepsNothingFromBeingGivenBack) {
-    Diagnostics::setLog([](std::string_view) { throw std::runtime_error("no room"); });
-    const auto interface = take();
-    interface->open();
-    bus->failures["release 1"] = kResultOther;
-    bus->failures["attach 0"] = kResultNotFound;
-    interface->release();
-    EXPECT_EQ(bus->calls.back(), "close");
+TEST_F(LibusbInterfaceTest, AnUnpluggedDeviceIsReleasedWithoutAnError) {
+    const auto interface = opened();
+    fakeLibusb().isPlugged = false;
+    EXPECT_EQ(write(*interface, {1}), kResultNoDevice);
+    EXPECT_TRUE(interface->release());
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"write 02: 01, 0 ms", "release 1", "close"}));
 }
 
 TEST_F(LibusbInterfaceTest, PipesAreTheEndpointsInTheirOrder) {
+    fakeLibusb().devices[0].interfaces[1].endpoints = {{0x81, 2, 64, 0}, {0x0F, 0x07, 0x1A00, 5}};
     const auto interface = take();
-    std::uint8_t count = 0;
-    EXPECT_EQ(interface->endpointCount(count), kResultSuccess);
-    EXPECT_EQ(count, 2);
-    PipeProperties pipe;
-    EXPECT_EQ(interface->pipeProperties(1, pipe), kResultSuccess);
-    EXPECT_EQ(pipe.direction, 1);
-    EXPECT_EQ(pipe.number, 1);
-    EXPECT_EQ(pipe.transferType, 2);
-    EXPECT_EQ(pipe.maxPacketSize, 64);
-    EXPECT_EQ(interface->pipeProperties(2, pipe), kResultSuccess);
-    EXPECT_EQ(pipe.direction, 0);
-    EXPECT_EQ(pipe.number, 2);
+    EXPECT_EQ(interface->endpointCount().value(), 2);
+    const auto properties = [&](std::uint8_t pipe) {
+        const PipeProperties found = interface->pipeProperties(pipe).value();
+        return std::array<int, 5>{found.direction, found.number, found.transferType,
+                                  found.maxPacketSize, found.interval};
+    };
+    EXPECT_EQ(properties(1), (std::array<int, 5>{1, 1, 2, 64, 0}));
+    EXPECT_EQ(properties(2), (std::array<int, 5>{0, 15, 3, 512, 5}));
+    for (const std::uint8_t none : Bytes{0, 3})
+        EXPECT_EQ(interface->pipeProperties(none).error(),
+                  (UsbError{UsbStep::PipeProperties, kResultNotFound}));
 }
 
-TEST_F(LibusbInterfaceTest, APipeThatDoesNotExistIsNotFound) {
-    const auto interface = take();
-    PipeProperties pipe;
-    EXPECT_EQ(interface->pipeProperties(0, pipe), kResultNotFound);
-    EXPECT_EQ(interface->pipeProperties(3, pipe), kResultNotFound);
-    interface->open();
-    EXPECT_EQ(interface->writePipe(3, {}), kResultNotFound);
-    EXPECT_EQ(interface->writePipe(0, {}), kResultNotFound);
+TEST_F(LibusbInterfaceTest, ATransferGoesToItsEndpointWithoutATimeLimit) {
+    const auto interface = opened();
+    fakeLibusb().events = {{}, {.delivers = {7, 8, 9}}};
+    EXPECT_EQ(write(*interface, {0x09, 0x9C, 0x01, 0x02}), kResultSuccess);
+    EXPECT_EQ(read(*interface), (Moved{kResultSuccess, {7, 8, 9}}));
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"write 02: 09 9c 01 02, 0 ms", "events",
+                                         "read 81: 63 bytes, 0 ms", "events"}));
 }
 
-TEST_F(LibusbInterfaceTest, AWriteMovesAllBytesToTheSecondEndpoint) {
-    const auto interface = take();
-    interface->open();
-    constexpr std::array<std::uint8_t, 4> bytes{0x09, 0x9C, 0x01, 0x02};
-    EXPECT_EQ(interface->writePipe(2, bytes), kResultSuccess);
-    EXPECT_EQ(bus->calls.back(), "write 02 4");
+TEST_F(LibusbInterfaceTest, TransfersThatCannotBeAreRefusedBeforeTheLibraryHasThem) {
+    const auto closed = take();
+    EXPECT_EQ(write(*closed, {1}), kResultNotOpen);
+    EXPECT_EQ(read(*closed), (Moved{kResultNotOpen, {}}));
+    const auto interface = opened();
+    for (const std::uint8_t none : Bytes{0, 3}) {
+        EXPECT_EQ(write(*interface, {1}, none), kResultNotFound);
+        EXPECT_EQ(read(*interface, none).first, kResultNotFound);
+    }
+    EXPECT_EQ(write(*interface, {1}, 1), kResultInvalid) << "the other direction";
+    EXPECT_EQ(read(*interface, 2).first, kResultInvalid);
+    fakeLibusb().failures = {{"alloc", -11}};
+    EXPECT_EQ(write(*interface, {1}), kResultNoMemory);
+    EXPECT_EQ(fakeLibusb().calls, Texts{});
 }
 
-TEST_F(LibusbInterfaceTest, AWriteThatMovedAPartIsShort) {
-    const auto interface = take();
-    interface->open();
-    bus->writesShortBy = 1;
-    constexpr std::array<std::uint8_t, 4> bytes{};
-    EXPECT_EQ(interface->writePipe(2, bytes), kResultShort);
-}
-
-TEST_F(LibusbInterfaceTest, AFailedWriteSaysWhy) {
-    const auto interface = take();
-    interface->open();
-    bus->failures["write 02 4"] = kResultStall;
-    constexpr std::array<std::uint8_t, 4> bytes{};
-    EXPECT_EQ(interface->writePipe(2, bytes), kResultStall);
-}
-
-TEST_F(LibusbInterfaceTest, AReadGivesWhatOneTransferDelivered) {
-    const auto interface = take();
-    interface->open();
-    bus->replies.push_back({{0x09, 0x90, 0x0A, 0x07}, kResultSuccess});
-    std::array<std::uint8_t, 63> room{};
-    std::size_t delivered = 99;
-    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultSuccess);
-    EXPECT_EQ(delivered, 4U);
-    EXPECT_EQ(room[2], 0x0A);
-    EXPECT_EQ(bus->calls.back(), "read 81 63");
+TEST_F(LibusbInterfaceTest, ATransferThatFailsTellsWhyAndHowFarItCame) {
+    const auto interface = opened();
+    fakeLibusb().events = {{.moved = 3},
+                           {.status = 5, .moved = 2},
+                           {.status = 6, .delivers = {1, 2}},
+                           {.completes = false},
+                           {.result = -10, .completes = false},
+                           {.delivers = {5}}};
+    EXPECT_EQ(write(*interface, {1, 2, 3, 4}), kResultShort);
+    EXPECT_EQ(write(*interface, {1, 2, 3, 4}), kResultNoDevice);
+    EXPECT_EQ(read(*interface), (Moved{kResultOverflow, {1, 2}}));
+    EXPECT_EQ(read(*interface), (Moved{kResultSuccess, {5}})) << "after three rounds";
+    fakeLibusb().failures = {{"submit", -4}};
+    EXPECT_EQ(write(*interface, {1}), kResultNoDevice);
+    EXPECT_EQ(std::ranges::count(fakeLibusb().calls, "cancel"), 0);
 }
 
 TEST_F(LibusbInterfaceTest, AStalledEndpointIsClearedOnceBeforeTheClaimIsGivenUp) {
-    const auto interface = take();
-    interface->open();
-    std::array<std::uint8_t, 63> room{};
-    std::size_t delivered = 0;
-    bus->failures["read 81 63"] = kResultStall;
-    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultStall);
-    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultStall);
-    bus->calls.clear();
+    const auto interface = opened();
+    fakeLibusb().events = {{.status = 4}, {.status = 4}, {.status = 4}};
+    EXPECT_EQ(read(*interface).first, kResultStall);
+    EXPECT_EQ(read(*interface).first, kResultStall);
+    EXPECT_EQ(write(*interface, {1}), kResultStall);
+    fakeLibusb().failures = {{"clear 81", -99}};
+    fakeLibusb().calls.clear();
     interface->close();
-    EXPECT_EQ(bus->calls, (Calls{"clear 81", "release 1"}));
+    EXPECT_EQ(fakeLibusb().takeCalls(), (Texts{"clear 81", "clear 02", "release 1"}));
     interface->open();
-    bus->calls.clear();
+    fakeLibusb().calls.clear();
     interface->release();
-    EXPECT_EQ(bus->calls, (Calls{"release 1", "attach 0", "close"})) << "cleared already";
+    EXPECT_EQ(fakeLibusb().calls, (Texts{"release 1", "attach 0", "close"})) << "cleared already";
 }
 
-TEST_F(LibusbInterfaceTest, AHaltThatCannotBeClearedKeepsNothingElseFromBeingGivenUp) {
+TEST_F(LibusbInterfaceTest, EventsThatFailOnceCancelTheTransferAndNoLaterOne) {
+    const auto interface = opened();
+    fakeLibusb().events = {{.result = -1, .completes = false}, {.delivers = {5}}, {}};
+    EXPECT_EQ(read(*interface), (Moved{kResultCancelled, {}}));
+    EXPECT_EQ(write(*interface, {1}), kResultSuccess);
+}
+
+TEST_F(LibusbInterfaceTest, EventsThatFailForGoodEndTransfersWithTheirErrorAndGiveAllBack) {
+    const auto interface = opened();
+    fakeLibusb().eventsResult = -1;
+    EXPECT_EQ(read(*interface), (Moved{kResultInputOutput, {}}));
+    EXPECT_EQ(std::ranges::count(fakeLibusb().takeCalls(), "events"), 5);
+    EXPECT_EQ(read(*interface), (Moved{kResultInputOutput, {}}));
+    EXPECT_EQ(write(*interface, {1}), kResultInputOutput);
+    EXPECT_EQ(fakeLibusb().calls, Texts{}) << "at once";
+    EXPECT_EQ(fakeLibusb().transfers, 1) << "the library still has it";
+    EXPECT_TRUE(interface->close());
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(fakeLibusb().transfers, 1);
+    EXPECT_TRUE(interface->release());
+    EXPECT_EQ(fakeLibusb().transfers, 0);
+    EXPECT_TRUE(driversAreBack());
+}
+
+TEST_F(LibusbInterfaceTest, ATransferThatCouldNotBeEndedOutlivesItsHandle) {
+    auto interface = opened();
+    fakeLibusb().eventsResult = -1;
+    EXPECT_EQ(write(*interface, {1}), kResultInputOutput);
+    interface.reset();
+    EXPECT_TRUE(driversAreBack());
+}
+
+// A close, a release of another thread, and a write beside a read that waits.
+class WaitingRead : public LibusbInterfaceTest {
+protected:
+    // Returns when it waits.
+    static std::future<Moved> start(UsbInterface& interface) {
+        std::promise<void> waits;
+        fakeLibusb().readsWait = true;
+        fakeLibusb().whenReadWaits = [&] { waits.set_value(); };
+        auto result = std::async(std::launch::async, [&] { return read(interface); });
+        waits.get_future().wait();
+        return result;
+    }
+};
+
+TEST_F(WaitingRead, IsCancelledByACloseAndAnythingAfterIsRefusedUntilTheNextOpening) {
+    const auto interface = opened();
+    auto waiting = start(*interface);
+    EXPECT_TRUE(interface->close());
+    EXPECT_EQ(fakeLibusb().calls,
+              (Texts{"read 81: 63 bytes, 0 ms", "events", "cancel", "release 1"}))
+        << "the read has ended when the close returns";
+    EXPECT_EQ(write(*interface, {1}), kResultNotOpen);
+    EXPECT_EQ(waiting.get(), (Moved{kResultCancelled, {}}));
+    EXPECT_TRUE(interface->open());
+    EXPECT_EQ(write(*interface, {1}), kResultSuccess);
+}
+
+TEST_F(WaitingRead, IsNotWaitedForByAWrite) {
+    const auto interface = opened();
+    auto waiting = start(*interface);
+    EXPECT_EQ(write(*interface, {1}), kResultSuccess);
+    EXPECT_TRUE(interface->close());
+    EXPECT_EQ(waiting.get(), (Moved{kResultCancelled, {}}));
+}
+
+// All that can be done with an interface; the events fail for good at the end if they are to.
+void useAll(bool eventsFail) {
     const auto interface = take();
-    interface->open();
-    const std::array<std::uint8_t, 4> packet{0x09, 0x9C, 0x01, 0x02};
-    bus->failures["write 02 4"] = kResultStall;
-    EXPECT_EQ(interface->writePipe(2, packet), kResultStall);
-    bus->failures["clear 02"] = kResultOther;
-    bus->calls.clear();
+    if (!interface->open())
+        return;
+    write(*interface, {1, 2, 3, 4});
+    read(*interface);
+    interface->close();
+    if (!interface->open())
+        return;
+    fakeLibusb().eventsResult = eventsFail ? -1 : 0;
+    read(*interface);
+    write(*interface, {1});
     interface->release();
-    EXPECT_EQ(bus->calls, (Calls{"clear 02", "release 1", "attach 0", "close"}));
-    EXPECT_EQ(bus->holders, bothBound);
 }
 
-TEST_F(LibusbInterfaceTest, AnOverlongTransferIsAnOverflow) {
-    const auto interface = take();
-    interface->open();
-    bus->replies.push_back({{}, kResultOverflow});
-    std::array<std::uint8_t, 63> room{};
-    std::size_t delivered = 99;
-    EXPECT_EQ(interface->readPipe(1, room, delivered), kResultOverflow);
-    EXPECT_EQ(delivered, 0U);
-}
-
-TEST_F(LibusbInterfaceTest, APipeOfTheOtherDirectionIsInvalid) {
-    const auto interface = take();
-    interface->open();
-    bus->calls.clear();
-    std::array<std::uint8_t, 4> bytes{};
-    std::size_t delivered = 99;
-    EXPECT_EQ(interface->writePipe(1, bytes), kResultInvalid);
-    EXPECT_EQ(interface->readPipe(2, bytes, delivered), kResultInvalid);
-    EXPECT_EQ(bus->calls, Calls{});
-}
-
-TEST_F(LibusbInterfaceTest, AClosedInterfaceMovesNothing) {
-    const auto interface = take();
-    std::array<std::uint8_t, 4> bytes{};
-    std::size_t delivered = 99;
-    EXPECT_EQ(interface->writePipe(2, bytes), kResultNotOpen);
-    EXPECT_EQ(interface->readPipe(1, bytes, delivered), kResultNotOpen);
-    EXPECT_EQ(delivered, 0U);
+TEST_F(LibusbInterfaceTest, WithoutMemoryAtAnyPointEverythingIsGivenBack) {
+    for (const bool eventsFail : {false, true}) {
+        int number = 0;
+        for (bool hasFailed = true; hasFailed; ++number) {
+            SCOPED_TRACE(number);
+            fakeLibusb().reset();
+            {
+                const FailingAllocation failing(number);
+                try {
+                    useAll(eventsFail);
+                } catch (const std::bad_alloc&) {
+                    SUCCEED();
+                }
+                hasFailed = FailingAllocation::hasFailed();
+            }
+            ASSERT_TRUE(fakeLibusb().hasNothingOut());
+            ASSERT_EQ(fakeLibusb().misuses, Texts{});
+            ASSERT_TRUE(driversAreBack());
+        }
+        EXPECT_GT(number, 20);
+    }
 }
 
 } // namespace

@@ -41,8 +41,9 @@ protected:
 
 TEST_F(Pipes, WriteOfOnePacketLogsItsDumpAndPrintsItsCount) {
     EXPECT_EQ(write({0x09, 0x90, 0x0F, 0x0F}), 0U);
-    EXPECT_EQ(log, (Texts{"sleep(0.001)", "09 90 0f 0f "}));
-    EXPECT_EQ(console, "Wrote 4 bytes to bulk endpoint\n");
+    EXPECT_EQ(script->events,
+              (Texts{"pause", "log sleep(0.001)", "write one/1 2 09 90 0f 0f", "log 09 90 0f 0f ",
+                     "console Wrote 4 bytes to bulk endpoint\n"}));
 }
 
 TEST_F(Pipes, EveryWriteIsPrecededByOneMillisecond) {
@@ -54,29 +55,24 @@ TEST_F(Pipes, EveryWriteIsPrecededByOneMillisecond) {
     EXPECT_EQ(pauses, (std::vector<std::chrono::nanoseconds>{pause, pause}));
 }
 
-TEST_F(Pipes, WriteOfNothingStillPausesAndWrites) {
-    EXPECT_EQ(InterfaceAction::WriteToDeviceWithChar_andSize(nullptr, 0), 0U);
-    EXPECT_EQ(script->calls, (Texts{"pause", "write one/1 2"}));
-    EXPECT_EQ(log, (Texts{"sleep(0.001)", ""}));
-    EXPECT_EQ(console, "Wrote 0 bytes to bulk endpoint\n");
-}
-
-TEST_F(Pipes, WriteOfANegativeCountWritesNothingAndPrintsTheCount) {
+TEST_F(Pipes, WriteOfNothingOrLessStillPausesAndWrites) {
     const std::uint8_t byte = 0x55;
-    EXPECT_EQ(InterfaceAction::WriteToDeviceWithChar_andSize(&byte, -3), 0U);
-    EXPECT_EQ(script->calls, (Texts{"pause", "write one/1 2"}));
-    EXPECT_EQ(log, (Texts{"sleep(0.001)", ""}));
-    EXPECT_EQ(console, "Wrote -3 bytes to bulk endpoint\n");
+    for (const std::int32_t size : {0, -3}) {
+        forget();
+        EXPECT_EQ(InterfaceAction::WriteToDeviceWithChar_andSize(&byte, size), 0U);
+        EXPECT_EQ(script->events,
+                  (Texts{"pause", "log sleep(0.001)", "write one/1 2", "log ",
+                         "console Wrote " + std::to_string(size) + " bytes to bulk endpoint\n"}));
+    }
 }
 
-TEST_F(Pipes, FailedWriteGivesTheInterfaceUpAndSaysSoBeforeTheUsualLines) {
+TEST_F(Pipes, FailedWriteIsPrintedThenGivesTheInterfaceUpThenComesTheUsual) {
     script->answer("write", {kResultStall});
     EXPECT_EQ(write({0x09, 0x9C, 0x01, 0x04}), kResultStall);
-    EXPECT_EQ(script->calls, (Texts{"pause", "write one/1 2 09 9c 01 04", "close one/1",
-                                    "releaseInterface one/1"}));
-    EXPECT_EQ(console, "Unable to perform bulk write (5c57000a)\n"
-                       "Wrote 4 bytes to bulk endpoint\n");
-    EXPECT_EQ(log, (Texts{"sleep(0.001)", "09 9c 01 04 "}));
+    EXPECT_EQ(script->events, (Texts{"pause", "log sleep(0.001)", "write one/1 2 09 9c 01 04",
+                                     "console Unable to perform bulk write (5c57000a)\n",
+                                     "close one/1", "release one/1", "log 09 9c 01 04 ",
+                                     "console Wrote 4 bytes to bulk endpoint\n"}));
     ASSERT_NE(Transport::instance().interface(), nullptr);
     EXPECT_TRUE(Transport::instance().interface()->isStale());
 }
@@ -124,9 +120,9 @@ TEST_F(Pipes, DataReadLogsTheWholeBuffer) {
     const auto view = InterfaceAction::ReadDataFromDevice();
     EXPECT_EQ(view[0], 0x09);
     EXPECT_EQ(view[3], 0x07);
-    EXPECT_EQ(console, "Read 4 bytes from bulk endpoint\n");
-    EXPECT_EQ(log, Texts{"ReadDataFromDevice  " + dump("09 90 0a 07 ")});
-    EXPECT_EQ(log[0].size(), 20U + 64U * 3U);
+    EXPECT_EQ(script->events, (Texts{"read one/1 1 63", "console Read 4 bytes from bulk endpoint\n",
+                                     "log ReadDataFromDevice  " + dump("09 90 0a 07 ")}));
+    EXPECT_EQ(log.at(0).size(), 20U + 64U * 3U);
 }
 
 TEST_F(Pipes, PlainReadPrintsTheBufferAsText) {

@@ -1,22 +1,17 @@
 // A USB host that does what a test tells it to, and records every step it was asked for.
 //
-// Each step has a name; calls holds, in order, the name and what it was called with:
+// Each step is a function of the seam and has its name; calls holds, in order, the name and what it
+// was called with:
 //
-//   serviceMatching IOUSBDevice             addNumber idVendor=4617
-//   matchingServices IOUSBDevice            nextService one | nextService none
-//   makePlugIn one device CLIENT PLUGIN     releaseService one
-//   queryDevice one IDENTIFIER              releasePlugIn one
-//   vendor one                              product one
-//   interfaceIterator one ffff ffff ffff ffff
-//   makePlugIn one/1 interface CLIENT PLUGIN
-//   queryInterface one/1 IDENTIFIER         interfaceClass one/1
-//   open one/1                              close one/1
+//   canMatch 1209 0001 | canMatch any any   devices any any
+//   prepare one                             vendor one               product one
+//   interface one 1                         interfaceClass one/1     open one/1
 //   endpointCount one/1                     pipeProperties one/1 2
 //   write one/1 2 09 9c 01 02               read one/1 1 63
-//   releaseInterface one/1                  releaseDevice one
-//   releaseIterator IOUSBDevice             cancelTransfers
+//   close one/1                             release one/1
 //
-// Identifiers are 32 hexadecimal digits. What a step returns is scripted by its name.
+// What a step gives is scripted by its name; a name that is no step's is refused. Like the seam,
+// one thread at a time uses it, but for close().
 #pragma once
 
 #include "usb/UsbHost.h"
@@ -25,14 +20,16 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace scenewright::testing {
 
 struct ScriptedInterface {
-    std::uint8_t interfaceClass = 1;
-    std::uint8_t subClass = 3;
+    InterfaceClass kind{.code = 1, .subClass = 3};
     std::vector<PipeProperties> pipes{
         {.direction = 1, .number = 1, .transferType = 2, .maxPacketSize = 64, .interval = 0},
         {.direction = 0, .number = 2, .transferType = 2, .maxPacketSize = 64, .interval = 0}};
@@ -50,26 +47,29 @@ struct ScriptedReply {
     ResultCode result = kResultSuccess;
 };
 
-// What the host and all that it handed out share; a test reads and writes it freely.
+// What the host and all that it handed out share; a test reads and writes it freely while no other
+// thread uses the host.
 struct HostScript {
     std::vector<ScriptedDevice> devices{ScriptedDevice{}};
     std::deque<ScriptedReply> replies;
     // What a read does without a reply; without this, it returns kResultTimeout at once.
     std::function<ResultCode()> whenNoReply;
-    std::function<void()> onCancel;
+    // A read without a reply waits until its interface is closed, and is cancelled then.
+    bool readsWait = false;
     // By step: what happens while the step is taken, before it gives its outcome.
     std::map<std::string, std::function<void()>> meanwhile;
     // Told the bytes of every write that succeeded; may append replies.
     std::function<void(std::span<const std::uint8_t>)> onWrite;
+    std::optional<std::string> storageError;
 
     std::vector<std::string> calls;
+    // The calls, and whatever else a test notes: what came before what.
+    std::vector<std::string> events;
 
     // The n-th call of `step` from now on returns the n-th code; later calls succeed.
     void answer(const std::string& step, const std::vector<ResultCode>& codes);
-    // The next call of `step` succeeds but gives null (or false, or no dictionary).
-    void giveNothing(const std::string& step);
-    // addNumber() fails for `key`.
-    void refuseNumber(const std::string& key) { refusedNumber = key; }
+    // The same for one call, where a function of the seam can fail at several steps.
+    void fail(UsbStep step, ResultCode code);
     // The next call of `step` throws std::runtime_error.
     void raise(const std::string& step);
 
@@ -78,19 +78,19 @@ struct HostScript {
     // Every packet written, as "09 9c 01 02".
     [[nodiscard]] std::vector<std::string> written() const;
 
-    // For the host: records the call and gives its outcome.
-    struct Outcome {
-        ResultCode result = kResultSuccess;
-        bool givesNothing = false;
-    };
-    Outcome call(const std::string& step, const std::string& details);
+    // Any thread.
+    void note(const std::string& event);
 
-    std::string refusedNumber;
+    // For the host: records the call and gives its outcome.
+    UsbResult<void> call(const std::string& step, const std::string& details);
+
     std::vector<std::string> claimed; // the interfaces open now; a second handle gets kResultBusy
 
+    // Guards what is above for the host, which may be closed by another thread.
+    std::mutex mutex;
+
 private:
-    std::map<std::string, std::deque<ResultCode>> codes_;
-    std::map<std::string, int> nothings_;
+    std::map<std::string, std::deque<UsbError>> errors_;
     std::map<std::string, int> raises_;
 };
 

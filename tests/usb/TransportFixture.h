@@ -1,5 +1,6 @@
 // The transport over a scripted host, with both diagnostic streams caught, no real pause, and a
-// list of supported devices of the test's own.
+// list of supported devices of the test's own. script->events holds the host's calls and both
+// streams in one order: "open one/1", "console Unable to ...", "log ...".
 #pragma once
 
 #include "platform/Diagnostics.h"
@@ -39,13 +40,19 @@ protected:
         folder_ = name;
         Resources::setFolder(folder_);
         list({{"4617", "1"}});
-        Diagnostics::setConsole([this](std::string_view text) { console += text; });
-        Diagnostics::setLog([this](std::string_view line) { log.emplace_back(line); });
+        Diagnostics::setConsole([this](std::string_view text) {
+            console += text;
+            script->note("console " + std::string(text));
+        });
+        Diagnostics::setLog([this](std::string_view line) {
+            log.emplace_back(line);
+            script->note("log " + std::string(line));
+        });
         Transport::instance().use(makeScriptedHost(script), [this](std::chrono::nanoseconds pause) {
             pauses.push_back(pause);
-            script->calls.emplace_back("pause");
+            static_cast<void>(script->call("pause", ""));
         });
-        script->calls.clear();
+        forget();
     }
 
     void TearDown() override {
@@ -57,13 +64,12 @@ protected:
     }
 
     void list(const std::vector<Listed>& devices) { listText(projectPlist(devices)); }
-    // Changes the list without its file's time.
-    void relist(const std::vector<Listed>& devices) {
-        const auto written = std::filesystem::last_write_time(folder_ / "project.plist");
-        list(devices);
-        std::filesystem::last_write_time(folder_ / "project.plist", written);
+    // Every version of the file is as old as the others, so that none can be told by its time.
+    void listText(const std::string& text) {
+        const auto file = folder_ / "project.plist";
+        std::ofstream(file) << text;
+        std::filesystem::last_write_time(file, std::filesystem::file_time_type());
     }
-    void listText(const std::string& text) { std::ofstream(folder_ / "project.plist") << text; }
 
     // Opens the first device's second interface and forgets how.
     void connect() {
@@ -73,6 +79,7 @@ protected:
     }
     void forget() {
         script->calls.clear();
+        script->events.clear();
         console.clear();
         log.clear();
     }

@@ -2,7 +2,7 @@
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "tests/virtual/ControllerDriver.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -50,7 +50,7 @@ protected:
     static SceneList read() { return SceneAction::GetSceneFromDevice(); }
     static void send(const SceneList& scenes) {
         SceneAction::SendSceneToDevice(scenes);
-        ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(20)));
+        SendJob::waitForEnd();
     }
     static BankImage imageOf(const SceneList& scenes) {
         BankImage bank{};
@@ -77,7 +77,7 @@ TEST_F(RoundTrip, RandomBanksOfSevenBitBytesAreReadSentAndReadTheSame) {
         ASSERT_EQ(controller->sendsEnded(), 1U);
         ASSERT_EQ(controller->bank(), bank) << "seed " << seed;
         ASSERT_EQ(imageOf(read()), bank) << "seed " << seed;
-        ASSERT_TRUE(Transport::instance().tally().isClean());
+        ASSERT_TRUE(Transport::instance().stats().isClean());
     }
 }
 
@@ -124,31 +124,31 @@ TEST_F(RoundTrip, WrongHandshakesOnlyDelayARead) {
     const BankImage bank = randomBank(4, 127);
     plugIn(bank, {{Fault::Kind::WrongHandshake, 5}});
     EXPECT_EQ(imageOf(read()), bank);
-    const TransferTally tally = Transport::instance().tally();
-    EXPECT_EQ(tally.versionReads, 6U);
-    EXPECT_EQ(tally.writes, 6U * 2U + 1U + 1012U + 1U);
-    EXPECT_TRUE(tally.isClean());
+    const TransferStats stats = Transport::instance().stats();
+    EXPECT_EQ(stats.versionReads, 6U);
+    EXPECT_EQ(stats.writes, 6U * 2U + 1U + 1012U + 1U);
+    EXPECT_TRUE(stats.isClean());
 }
 
-TEST_F(RoundTrip, ShortTransferIsTakenAsDataAndTallied) {
+TEST_F(RoundTrip, ShortTransferIsTakenAsDataAndCounted) {
     plugIn(randomBank(5, 127), {{Fault::Kind::ShortTransfer, 500}});
     EXPECT_EQ(read().size(), 4U);
-    const TransferTally tally = Transport::instance().tally();
-    EXPECT_EQ(tally.failedReads, 1U);
-    ASSERT_TRUE(tally.first.has_value());
+    const TransferStats stats = Transport::instance().stats();
+    EXPECT_EQ(stats.failedReads, 1U);
+    ASSERT_TRUE(stats.first.has_value());
     // A version read, the answer to read start, then one read a byte.
-    EXPECT_EQ(tally.first->transfer - tally.first->versionReads - 1, 500U);
+    EXPECT_EQ(stats.first->transfer - stats.first->versionReads - 1, 500U);
 }
 
-TEST_F(RoundTrip, UnpluggingInAReadIsTalliedAndAReadAfterPluggingInSucceeds) {
+TEST_F(RoundTrip, UnpluggingInAReadIsCountedAndAReadAfterPluggingInSucceeds) {
     const BankImage bank = randomBank(6, 127);
     for (const std::uint32_t byte : {0U, 500U, 1011U}) {
         plugIn(bank, {{Fault::Kind::Unplug, byte}});
         read();
-        const TransferTally tally = Transport::instance().tally();
-        ASSERT_TRUE(tally.first.has_value()) << byte;
-        EXPECT_EQ(tally.first->code, kResultNoDevice);
-        EXPECT_EQ(tally.first->transfer - tally.first->versionReads - 1, byte);
+        const TransferStats stats = Transport::instance().stats();
+        ASSERT_TRUE(stats.first.has_value()) << byte;
+        EXPECT_EQ(stats.first->code, kResultNoDevice);
+        EXPECT_EQ(stats.first->transfer - stats.first->versionReads - 1, byte);
         EXPECT_EQ(read().size(), 0U) << "gone";
         controller->reset();
         EXPECT_EQ(imageOf(read()), bank);
@@ -162,7 +162,7 @@ TEST_F(RoundTrip, UnpluggingInASendLeavesAWholeBlockAndSendingAgainRepairsIt) {
     const BankImage other = randomBank(9, 127);
     plugIn(other, {{Fault::Kind::Unplug, 600}});
     send(scenes);
-    EXPECT_FALSE(Transport::instance().tally().isClean());
+    EXPECT_FALSE(Transport::instance().stats().isClean());
     BankImage half = other;
     std::copy_n(first.begin(), 512, half.begin());
     EXPECT_EQ(controller->bank(), half);
@@ -176,9 +176,9 @@ TEST_F(RoundTrip, WritesThatFailEndNeitherJobNorProgram) {
     const SceneList scenes = read();
     plugIn(randomBank(11, 127), {{Fault::Kind::FailedWrite, 100}});
     send(scenes);
-    const TransferTally tally = Transport::instance().tally();
-    EXPECT_EQ(tally.writes, 2U + 2U + 1024U);
-    EXPECT_EQ(tally.failedWrites, 2U + 2U + 1024U - 100U);
+    const TransferStats stats = Transport::instance().stats();
+    EXPECT_EQ(stats.writes, 2U + 2U + 1024U);
+    EXPECT_EQ(stats.failedWrites, 2U + 2U + 1024U - 100U);
     EXPECT_EQ(controller->blocksWritten(), 0U);
 }
 

@@ -8,12 +8,13 @@
 
 namespace scenewright {
 
-struct TransferTally {
+struct TransferStats {
     struct Failure {
         bool isWrite = false;
         ResultCode code = kResultSuccess; // success for a read that was merely short
         std::uint32_t transfer = 0;       // which write or read of the transaction, from 0
         std::uint32_t versionReads = 0;   // how many version reads had been made before it
+        friend bool operator==(const Failure&, const Failure&) = default;
     };
 
     std::uint32_t writes = 0;
@@ -24,6 +25,7 @@ struct TransferTally {
     std::optional<Failure> first;
 
     [[nodiscard]] bool isClean() const noexcept { return failedWrites == 0 && failedReads == 0; }
+    friend bool operator==(const TransferStats&, const TransferStats&) = default;
 };
 
 } // namespace scenewright

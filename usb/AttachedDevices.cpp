@@ -1,0 +1,157 @@
+#include "usb/AttachedDevices.h"
+
+#include "platform/ReadableText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <libudev.h>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <unistd.h>
+#include <utility>
+
+namespace scenewright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kDecimal = 10;
+constexpr int kHexadecimal = 16;
+constexpr std::string_view kProgramsDriver = "usbfs"; // holds what a program has claimed
+// Class codes of an interface, as USB gives them out.
+constexpr std::int32_t kAudioClass = 1;
+constexpr std::int32_t kMidiStreaming = 3;
+
+// The first line; a device may put anything into its names, a terminal's commands included.
+std::string textIn(const fs::path& file) {
+    std::ifstream stream(file);
+    std::string line;
+    std::getline(stream, line);
+    return readableText(line);
+}
+
+std::optional<std::int32_t> numberIn(const fs::path& file, int base) {
+    const std::string text = textIn(file);
+    std::int32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, base);
+    if (error != std::errc{} || stop != end)
+        return std::nullopt;
+    return number;
+}
+
+// An interface's folder stands in that of its device and begins with its name: "1-2/1-2:1.0".
+std::vector<fs::path> interfacesOf(const fs::path& device) {
+    std::vector<fs::path> interfaces;
+    const std::string prefix = device.filename().string() + ":";
+    std::error_code error;
+    for (fs::directory_iterator entry(device, error), end; !error && entry != end;
+         entry.increment(error))
+        if (entry->path().filename().string().starts_with(prefix))
+            interfaces.push_back(entry->path());
+    return interfaces;
+}
+
+bool isMidiStreaming(const fs::path& interface) {
+    return numberIn(interface / "bInterfaceClass", kHexadecimal) == kAudioClass &&
+           numberIn(interface / "bInterfaceSubClass", kHexadecimal) == kMidiStreaming;
+}
+
+bool isClaimed(const fs::path& interface) {
+    std::error_code unbound;
+    return fs::read_symlink(interface / "driver", unbound).filename() == kProgramsDriver;
+}
+
+AttachedDevice::Access accessTo(const AttachedDevice& device, std::span<const fs::path> interfaces,
+                                const fs::path& nodes) {
+    using enum AttachedDevice::Access;
+    const fs::path node =
+        nodes / fmt::format("{:03}", device.bus) / fmt::format("{:03}", device.address);
+    if (::access(node.c_str(), R_OK | W_OK) != 0)
+        return NoPermission;
+    return std::ranges::any_of(interfaces, isClaimed) ? Claimed : Usable;
+}
+
+// Nothing for the folder of an interface, or of a device that has just gone.
+std::optional<AttachedDevice> deviceIn(const fs::path& folder, const fs::path& nodes) {
+    const auto bus = numberIn(folder / "busnum", kDecimal);
+    const auto address = numberIn(folder / "devnum", kDecimal);
+    const auto vendor = numberIn(folder / "idVendor", kHexadecimal);
+    const auto product = numberIn(folder / "idProduct", kHexadecimal);
+    if (!bus || !address || !vendor || !product)
+        return std::nullopt;
+    const auto interfaces = interfacesOf(folder);
+    AttachedDevice device{.bus = *bus,
+                          .address = *address,
+                          .ids = {.vendor = *vendor, .product = *product},
+                          .maker = textIn(folder / "manufacturer"),
+                          .name = textIn(folder / "product"),
+                          .hasMidiStreaming = std::ranges::any_of(interfaces, isMidiStreaming)};
+    device.access = accessTo(device, interfaces, nodes);
+    return device;
+}
+
+KeyboardPresence presenceOf(AttachedDevice::Access access) {
+    switch (access) {
+    case AttachedDevice::Access::NoPermission:
+        return KeyboardPresence::NoPermission;
+    case AttachedDevice::Access::Claimed:
+        return KeyboardPresence::Claimed;
+    case AttachedDevice::Access::Usable:
+        return KeyboardPresence::Usable;
+    }
+    return KeyboardPresence::Unplugged;
+}
+
+} // namespace
+
+std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
+    std::vector<AttachedDevice> devices;
+    std::error_code error;
+    for (fs::directory_iterator entry(folders.devices, error), end; !error && entry != end;
+         entry.increment(error))
+        if (auto device = deviceIn(entry->path(), folders.nodes))
+            devices.push_back(*std::move(device));
+    std::ranges::sort(devices, {}, [](const AttachedDevice& device) {
+        return std::pair(device.bus, device.address);
+    });
+    return devices;
+}
+
+KeyboardPresence keyboardPresence(std::span<const DeviceIds> list,
+                                  std::span<const AttachedDevice> devices) {
+    auto best = KeyboardPresence::Unplugged;
+    for (const AttachedDevice& device : devices)
+        if (std::ranges::find(list, device.ids) != list.end())
+            best = std::max(best, presenceOf(device.access));
+    return best;
+}
+
+Result<DeviceMonitor> DeviceMonitor::start() {
+    // Where no udev runs nobody would send its events.
+    const char* const source = ::access("/run/udev/control", F_OK) == 0 ? "udev" : "kernel";
+    const std::unique_ptr<udev, decltype(&udev_unref)> context(udev_new(), &udev_unref);
+    Monitor monitor(context ? udev_monitor_new_from_netlink(context.get(), source) : nullptr,
+                    &udev_monitor_unref);
+    if (!monitor ||
+        udev_monitor_filter_add_match_subsystem_devtype(monitor.get(), "usb", nullptr) < 0 ||
+        udev_monitor_enable_receiving(monitor.get()) < 0)
+        return failure("the system does not tell which devices come and go");
+    return DeviceMonitor(std::move(monitor));
+}
+
+int DeviceMonitor::descriptor() const {
+    return udev_monitor_get_fd(monitor_.get());
+}
+
+void DeviceMonitor::drain() {
+    while (udev_device* const device = udev_monitor_receive_device(monitor_.get()))
+        udev_device_unref(device);
+}
+
+} // namespace scenewright
