@@ -129,6 +129,21 @@ std::size_t MainQueue::pump() {
     return count;
 }
 
+void MainQueue::pumpUntil(const std::function<bool()>& isDone) {
+    Queue& q = queue();
+    while (!isDone()) {
+        {
+            std::unique_lock lock(q.mutex);
+            q.arrival.wait(lock, [&q] { return !q.tasks.empty(); });
+        }
+        pump();
+    }
+}
+
+void MainQueue::prepare() {
+    queue();
+}
+
 std::size_t MainQueue::waitAndPump(std::chrono::milliseconds limit) {
     Queue& q = queue();
     {

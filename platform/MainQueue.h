@@ -31,6 +31,12 @@ public:
     // none while a poster is being called.
     static std::size_t pump();
 
+    // Waits for tasks and runs them until `isDone` says so; asked before each wait. Main thread.
+    static void pumpUntil(const std::function<bool()>& isDone);
+
+    // Makes the queue, if nobody has used it yet: what is made after it ends before it.
+    static void prepare();
+
     // Waits until a task is there or `limit` has passed, then pumps. Main thread.
     static std::size_t waitAndPump(std::chrono::milliseconds limit);
 };

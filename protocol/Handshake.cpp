@@ -2,11 +2,11 @@
 
 #include "model/Progress.h"
 #include "platform/Diagnostics.h"
-#include "protocol/Packet.h"
 #include "usb/InterfaceAction.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +31,7 @@ std::size_t matchesOf(const std::vector<std::string>& reply) {
     return matches;
 }
 
-// Says on both ways what kept the transaction from the device; gives false.
+// Tells the progress record and the log what kept the transaction from the device; false.
 bool couldNotConnect(std::string_view logLine) {
     Progress::record()->setMessage(std::string(kCouldNotConnect));
     Diagnostics::log("%s", logLine);
@@ -39,6 +39,11 @@ bool couldNotConnect(std::string_view logLine) {
 }
 
 } // namespace
+
+void writePacket(const Packet& packet) {
+    InterfaceAction::WriteToDeviceWithChar_andSize(packet.data(),
+                                                   static_cast<std::int32_t>(packet.size()));
+}
 
 bool handshakeOnce() {
     InterfaceAction::openInterface();

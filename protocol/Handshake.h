@@ -1,7 +1,13 @@
-// The exchange that opens every transaction, and its retry.
+// How every transaction begins: the connection, the handshake and its retry, packets as transfers.
 #pragma once
 
+#include "protocol/Packet.h"
+
 namespace scenewright {
+
+// Writes one packet to the controller, as a transfer of its own. A failure is logged by the
+// transport and changes nothing here: a transaction goes on to its end.
+void writePacket(const Packet& packet);
 
 // One attempt; opens the interface itself. True when the reply's first 8 bytes were right.
 [[nodiscard]] bool handshakeOnce();

@@ -38,8 +38,4 @@ inline constexpr Packet kFill{0x09, 0x90, 0x0F, 0x0F}; // a position past the en
 // Data packets between two of the device's answers.
 inline constexpr std::size_t kBlockPackets = 512;
 
-// Writes one packet to the controller, as a transfer of its own. A failure is logged by the
-// transport and changes nothing here: a transaction goes on to its end.
-void writePacket(const Packet& packet);
-
 } // namespace scenewright

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 namespace scenewright {
 
@@ -67,12 +68,21 @@ BankImage readBank(MessageValue& message) {
     return bank;
 }
 
+std::uint32_t countReplaced(const BankImage& bank) {
+    constexpr std::uint8_t kMaxSetting = 127;
+    std::uint32_t count = 0;
+    for (std::size_t position = 0; position < bank.size(); ++position)
+        if (position % kSceneImageSize >= kNameSize && bank[position] > kMaxSetting)
+            ++count;
+    return count;
+}
+
 } // namespace
 
-SceneList readScenes() {
+ScenesRead readScenes() {
     const auto message = Progress::record();
     if (!connectToDevice())
-        return {};
+        return {.scenes = {}, .outcome = connectionOutcome()};
     startReading(*message);
     const BankImage bank = readBank(*message);
     writePacket(packets::kReadEnd);
@@ -80,7 +90,9 @@ SceneList readScenes() {
     Diagnostics::log("解析数据----%s", hexDump(bank));
     SceneList scenes = parseScenes(bank);
     message->setMessage("Read Scene Data Finish");
-    return scenes;
+    ScenesRead read{.scenes = std::move(scenes), .outcome = transferOutcome()};
+    read.outcome.replacedBytes = countReplaced(bank);
+    return read;
 }
 
 } // namespace scenewright

@@ -22,7 +22,7 @@ bool SceneAction::HandshakeOperation() {
 }
 
 SceneList SceneAction::GetSceneFromDevice() {
-    return readScenes();
+    return readScenes().scenes;
 }
 
 void SceneAction::SendSceneToDevice(const SceneList& scenes) {

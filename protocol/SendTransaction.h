@@ -2,13 +2,44 @@
 #pragma once
 
 #include "model/SceneValue.h"
+#include "protocol/Outcome.h"
+
+#include <cstdint>
+#include <functional>
+#include <vector>
 
 namespace scenewright {
 
-// Connects on the calling thread, then leaves the packet stream to a SendJob and returns: that job
-// tells when the transfer has ended. Nothing is sent when the device could not be reached; refused
-// with a log line, before anything is touched, while a job runs. The scenes are encoded before it
-// returns. Main thread.
-void sendScenes(const SceneList& scenes);
+// Told how a send has ended, once, by the main queue, after the interface has been released.
+using SendEnded = std::function<void(const Outcome&)>;
+
+// Connects on the calling thread, then leaves the packet stream to a job on a thread of its own
+// named "sendPro", and returns. `ended` comes in every case, never before this returns. The scenes
+// are encoded before it returns. While a send runs nothing is touched, and `ended` is told
+// NotStarted with kResultBusy. Main thread.
+void sendScenes(const SceneList& scenes, SendEnded ended = {});
+
+// The one job that sends the packet stream: it runs from start() until its last task on the main
+// queue has run. The transport is the job's meanwhile, and nothing else may touch it.
+class SendJob {
+public:
+    SendJob() = delete;
+
+    // Starts the job on `image`, of any length, over a connection that has been made. Success, or
+    // why nothing was done: kResultBusy while a job runs, kResultNoThread, kResultNoMemory. Main
+    // thread.
+    [[nodiscard]] static ResultCode start(std::vector<std::uint8_t> image, SendEnded ended);
+
+    // Any thread.
+    [[nodiscard]] static bool isRunning() noexcept;
+    // Calls `task` once no send runs: now, or after the one that runs and the tasks that came
+    // before, each when no send runs. Main thread.
+    static void whenIdle(std::function<void()> task);
+    // Pumps the main queue until no send runs. For a main thread without an event loop.
+    static void waitForEnd();
+    // Waits for the thread, once its transfers have ended or been cancelled, without running main
+    // queue tasks. To be called before the process ends. Main thread.
+    static void join();
+};
 
 } // namespace scenewright

@@ -2,10 +2,14 @@
 #include "model/Progress.h"
 #include "platform/MainQueue.h"
 #include "protocol/Handshake.h"
+#include "protocol/ReadTransaction.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"
+#include "usb/Transport.h"
+
+#include <vector>
 
 namespace scenewright {
 namespace {
@@ -55,6 +59,27 @@ TEST_F(ConnectionTest, SendWithoutAnInterfaceSendsNothingAndSaysSo) {
                              "log Could not connect to midi device"}));
     EXPECT_EQ(console.back(), "Unable to open interface (5c570007)\n");
     expectNothingSent();
+}
+
+TEST_F(ConnectionTest, OutcomeTellsWhyNothingWasReached) {
+    script->answer("open", {kResultAccess});
+    EXPECT_EQ(readScenes().outcome,
+              (Outcome{.end = Outcome::End::NotConnected, .cause = kResultAccess}));
+    script->devices.clear();
+    EXPECT_EQ(readScenes().outcome,
+              (Outcome{.end = Outcome::End::NotConnected, .cause = kResultNotPlugged}));
+    std::vector<Outcome> sent;
+    sendScenes({testing::zeroScene()}, [&](const Outcome& outcome) { sent.push_back(outcome); });
+    EXPECT_EQ(sent, std::vector<Outcome>{}) << "never before the call returns";
+    EXPECT_FALSE(SendJob::isRunning());
+    MainQueue::pump();
+    EXPECT_EQ(sent, (std::vector<Outcome>{
+                        {.end = Outcome::End::NotConnected, .cause = kResultNotPlugged}}));
+}
+
+TEST_F(ConnectionTest, AfterTheEndOfTheProgramTheOutcomeIsCancelled) {
+    Transport::instance().shutDown();
+    EXPECT_EQ(readScenes().outcome.end, Outcome::End::Cancelled);
 }
 
 TEST_F(ConnectionTest, DeviceThatIsNotListedIsNotConnectedTo) {

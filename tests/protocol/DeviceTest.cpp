@@ -4,7 +4,7 @@
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "usb/InterfaceAction.h"
 
 #include <fstream>
@@ -51,7 +51,7 @@ DeviceTest::DeviceTest() {
 }
 
 DeviceTest::~DeviceTest() {
-    EXPECT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+    SendJob::waitForEnd();
     SendJob::join();
     Diagnostics::setLog({});
     Diagnostics::setConsole({});

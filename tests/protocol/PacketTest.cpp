@@ -1,5 +1,4 @@
-#include "protocol/Packet.h"
-
+#include "protocol/Handshake.h"
 #include "tests/protocol/DeviceTest.h"
 
 namespace scenewright {

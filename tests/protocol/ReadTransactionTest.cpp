@@ -1,6 +1,8 @@
+#include "protocol/ReadTransaction.h"
+
 #include "model/Progress.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 #include "usb/Transport.h"
@@ -45,8 +47,31 @@ TEST_F(ReadTransactionTest, WritesHandshakeThenStartThen1012NextThenEnd) {
 
 TEST_F(ReadTransactionTest, LeavesTheInterfaceOpen) {
     EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
-    EXPECT_EQ(script->callsOf({"close", "releaseInterface"}), Lines{});
+    EXPECT_EQ(script->callsOf({"close", "release"}), Lines{});
     EXPECT_EQ(script->claimed, Lines{"one/1"});
+}
+
+TEST_F(ReadTransactionTest, OutcomeCountsEveryTransferAndTheBytesThatScenesCannotHold) {
+    controller.bank[0] = 0xC3; // of a name: kept
+    controller.bank[kGlobalChannel] = 0x80;
+    controller.bank[1011] = 0xFF;
+    const ScenesRead read = readScenes();
+    EXPECT_EQ(read.scenes.size(), 4U);
+    EXPECT_TRUE(read.outcome.isDone());
+    EXPECT_EQ(read.outcome.stats.writes, 2U + 1U + 1012U + 1U);
+    EXPECT_EQ(read.outcome.stats.reads, 1U + 1U + 1012U);
+    EXPECT_EQ(read.outcome.replacedBytes, 2U);
+}
+
+TEST_F(ReadTransactionTest, OutcomeTellsTheFirstTransferThatFailed) {
+    std::vector<ResultCode> results(20, kResultSuccess);
+    results.push_back(kResultStall);
+    script->answer("read", results);
+    const ScenesRead read = readScenes();
+    EXPECT_EQ(read.outcome.end, Outcome::End::Unreliable);
+    EXPECT_EQ(read.outcome.cause, kResultStall);
+    EXPECT_EQ(read.outcome.stats.first->transfer, 20U);
+    EXPECT_EQ(read.scenes.size(), 4U) << "it runs to its end all the same";
 }
 
 TEST_F(ReadTransactionTest, MessageTellsThePassAndTheByteOfEachExchange) {
@@ -137,7 +162,7 @@ TEST_F(ReadTransactionTest, ShortReadKeepsTheFormerBytesOfTheBuffer) {
     const auto scenes = SceneAction::GetSceneFromDevice();
     EXPECT_EQ(scenes[0]->commonValue()->PianoKeyCh(), 0x5A);
     EXPECT_EQ(scenes[0]->commonValue()->PitchBendSpeed(), 0x3A);
-    EXPECT_EQ(Transport::instance().tally().failedReads, 2U);
+    EXPECT_EQ(Transport::instance().stats().failedReads, 2U);
 }
 
 TEST_F(ReadTransactionTest, FailedReadKeepsTheFormerByte) {
@@ -161,7 +186,7 @@ TEST_F(ReadTransactionTest, FailedWriteGivesTheInterfaceUpAndTheReadRunsToItsEnd
     const auto scenes = SceneAction::GetSceneFromDevice();
     ASSERT_EQ(scenes.size(), 4U);
     EXPECT_EQ(script->callsOf({"write"}).size(), 16U);
-    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+    EXPECT_EQ(script->callsOf({"release"}).size(), 1U);
     EXPECT_EQ(scenes[3]->buttonValueArray()[19]->CB(), 0x41);
     EXPECT_EQ(messages.back(), "Read Scene Data Finish");
     EXPECT_EQ(pauses.size(), 1016U);

@@ -1,34 +1,36 @@
-#include "protocol/SendJob.h"
-
 #include "model/Progress.h"
 #include "platform/MainQueue.h"
 #include "protocol/SceneAction.h"
+#include "protocol/SendTransaction.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 
 #include <algorithm>
 #include <future>
+#include <new>
 #include <thread>
+#include <vector>
 
 namespace scenewright {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::Bytes;
 using testing::Lines;
-
-constexpr std::chrono::minutes kPatience{1};
 
 class SendJobTest : public testing::DeviceTest {
 protected:
     // Starts a job on an interface that is already there, without a handshake.
     void start(const Bytes& image) {
         takeInterface();
-        ASSERT_TRUE(SendJob::start(image, Progress::record()));
+        ASSERT_EQ(SendJob::start(image, keepOutcome()), kResultSuccess);
+    }
+    // For the end of a send; each is kept once.
+    SendEnded keepOutcome() {
+        return [this](const Outcome& outcome) { outcomes.push_back(outcome); };
     }
     void sendWhole(const Bytes& image) {
         start(image);
-        EXPECT_TRUE(SendJob::waitForEnd(kPatience));
+        SendJob::waitForEnd();
     }
     // From now on a pause of another thread than this ends only after release(): a job stands still
     // at its first packet.
@@ -39,6 +41,8 @@ protected:
         };
     }
     void release() { released_.set_value(); }
+
+    std::vector<Outcome> outcomes;
 
 private:
     std::promise<void> released_;
@@ -97,9 +101,9 @@ TEST_F(SendJobTest, IsRunningFromItsStartToItsLastTask) {
 TEST_F(SendJobTest, SecondStartIsRefusedWhileOneRuns) {
     holdAtNextPause();
     start({1});
-    EXPECT_FALSE(SendJob::start({2}, Progress::record()));
+    EXPECT_EQ(SendJob::start({2}, {}), kResultBusy);
     release();
-    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
+    SendJob::waitForEnd();
     EXPECT_EQ(controller.received()[0], 1);
     EXPECT_EQ(controller.received().size(), 512U);
 }
@@ -107,23 +111,26 @@ TEST_F(SendJobTest, SecondStartIsRefusedWhileOneRuns) {
 TEST_F(SendJobTest, SecondStartIsRefusedUntilTheLastTaskHasRun) {
     start({1});
     SendJob::join();
-    EXPECT_FALSE(SendJob::start({2}, Progress::record()));
+    EXPECT_EQ(SendJob::start({2}, {}), kResultBusy);
     MainQueue::pump();
     sendWhole({3});
     EXPECT_EQ(controller.received()[0], 3);
 }
 
-TEST_F(SendJobTest, SendWhileAJobRunsIsRefusedWithOneLogLineAndTouchesNothing) {
+TEST_F(SendJobTest, SendWhileAJobRunsIsToldBusyAndTouchesNothing) {
     holdAtNextPause();
     start({1});
-    SceneAction::SendSceneToDevice({testing::zeroScene()});
+    const auto before = events;
+    sendScenes({testing::zeroScene()}, keepOutcome());
+    EXPECT_EQ(events, before);
+    EXPECT_EQ(outcomes, std::vector<Outcome>{}) << "never before the call returns";
     release();
     SendJob::join();
-    EXPECT_EQ(std::ranges::count(log, "The scenes are not sent: an earlier send is still running"),
-              1);
-    EXPECT_EQ(script->callsOf({"matchingServices"}), Lines{});
-    EXPECT_EQ(messages, Lines{});
     MainQueue::pump();
+    ASSERT_EQ(outcomes.size(), 2U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::NotStarted);
+    EXPECT_EQ(outcomes[0].cause, kResultBusy);
+    EXPECT_EQ(outcomes[1].end, Outcome::End::Done);
     EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
     EXPECT_EQ(written().size(), 2U + 512U);
 }
@@ -132,36 +139,80 @@ TEST_F(SendJobTest, WithoutAThreadNothingIsSentAndTheNextStartIsNotRefused) {
     takeInterface();
     {
         const testing::NoMoreThreads none;
-        EXPECT_FALSE(SendJob::start({1}, Progress::record()));
+        EXPECT_EQ(SendJob::start({1}, keepOutcome()), kResultNoThread);
     }
     EXPECT_FALSE(SendJob::isRunning());
-    EXPECT_EQ(log.back(), "No thread to send on: Resource temporarily unavailable");
+    EXPECT_EQ(events, Lines{});
     EXPECT_EQ(written(), Lines{});
-    EXPECT_TRUE(SendJob::start({1}, Progress::record()));
-    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
-}
-
-TEST_F(SendJobTest, WaitingGivesUpAtItsLimit) {
-    holdAtNextPause();
-    start({1});
-    EXPECT_FALSE(SendJob::waitForEnd(5ms));
-    EXPECT_FALSE(SendJob::waitForEnd(0ms));
-    release();
-    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
-}
-
-TEST_F(SendJobTest, WaitingForTheLongestTimeThereIsEnds) {
-    start({1});
-    EXPECT_TRUE(SendJob::waitForEnd(std::chrono::milliseconds::max()));
+    EXPECT_EQ(SendJob::start({1}, {}), kResultSuccess);
+    SendJob::waitForEnd();
+    EXPECT_EQ(outcomes, std::vector<Outcome>{});
 }
 
 TEST_F(SendJobTest, WaitingWithoutAJobReturnsAtOnceAndRunsNoTask) {
     int ran = 0;
     MainQueue::post([&] { ++ran; });
-    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
+    SendJob::waitForEnd();
     EXPECT_EQ(ran, 0);
     MainQueue::pump();
     EXPECT_EQ(ran, 1);
+}
+
+TEST_F(SendJobTest, AThrowInTheJobEndsItWithTheInterfaceReleased) {
+    takeInterface();
+    onPause = [this] {
+        if (pauses.size() == 100)
+            throw std::bad_alloc();
+    };
+    script->calls.clear();
+    ASSERT_EQ(SendJob::start(Bytes(1012, 7), keepOutcome()), kResultSuccess);
+    SendJob::waitForEnd();
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::Unreliable);
+    EXPECT_EQ(outcomes[0].cause, kResultNoMemory);
+    EXPECT_EQ(messages, Lines{}) << "no success is told";
+    EXPECT_EQ(script->callsOf({"close", "release"}), (Lines{"close one/1", "release one/1"}));
+    EXPECT_EQ(script->claimed, Lines{});
+    onPause = {};
+}
+
+TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
+    takeInterface();
+    Lines released;
+    std::thread::id thread;
+    ASSERT_EQ(SendJob::start({1},
+                             [&](const Outcome&) {
+                                 released = script->callsOf({"release"});
+                                 thread = std::this_thread::get_id();
+                                 EXPECT_FALSE(SendJob::isRunning());
+                             }),
+              kResultSuccess);
+    SendJob::waitForEnd();
+    EXPECT_EQ(released, Lines{"release one/1"});
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
+
+TEST_F(SendJobTest, WhenIdleRunsAtOnceWithoutAJob) {
+    int ran = 0;
+    SendJob::whenIdle([&] { ++ran; });
+    EXPECT_EQ(ran, 1);
+}
+
+TEST_F(SendJobTest, WhenIdleRunsInOrderAfterTheOutcomeEachWhenNoJobRuns) {
+    holdAtNextPause();
+    takeInterface();
+    Lines order;
+    ASSERT_EQ(SendJob::start({1}, [&](const Outcome&) { order.emplace_back("outcome"); }),
+              kResultSuccess);
+    SendJob::whenIdle([&] {
+        order.emplace_back("first");
+        sendScenes({}, [&](const Outcome&) { order.emplace_back("second outcome"); });
+    });
+    SendJob::whenIdle([&] { order.emplace_back("last"); });
+    EXPECT_EQ(order, Lines{});
+    release();
+    SendJob::waitForEnd();
+    EXPECT_EQ(order, (Lines{"outcome", "first", "second outcome", "last"}));
 }
 
 TEST_F(SendJobTest, JoiningWithoutAJobReturnsAtOnce) {
@@ -177,7 +228,7 @@ TEST_F(SendJobTest, KeepsImageAndRecordAliveToItsEnd) {
     Progress::forget();
     EXPECT_FALSE(record.expired());
     release();
-    EXPECT_TRUE(SendJob::waitForEnd(kPatience));
+    SendJob::waitForEnd();
     SendJob::join();
     EXPECT_TRUE(record.expired());
     EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});

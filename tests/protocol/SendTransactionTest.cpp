@@ -1,7 +1,8 @@
+#include "protocol/SendTransaction.h"
+
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 
@@ -19,9 +20,11 @@ using testing::zeroScene;
 class SendTransactionTest : public testing::DeviceTest {
 protected:
     void sendWhole(const SceneList& scenes) {
-        SceneAction::SendSceneToDevice(scenes);
-        EXPECT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+        sendScenes(scenes, [this](const Outcome& outcome) { outcomes.push_back(outcome); });
+        SendJob::waitForEnd();
     }
+
+    std::vector<Outcome> outcomes;
 };
 
 SceneList fourScenes() {
@@ -48,12 +51,27 @@ TEST_F(SendTransactionTest, ScenesAreSentEndToEndInTheirOrder) {
     EXPECT_EQ(Bytes(sent.begin() + 1012, sent.end()), Bytes(12, 0xFF));
 }
 
-TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldOf) {
+TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldAndTheInterfaceReleased) {
     const testing::NoMoreThreads none;
-    SceneAction::SendSceneToDevice(fourScenes());
-    EXPECT_EQ(log.back(), "The scenes are not sent");
+    sendScenes(fourScenes(), [&](const Outcome& outcome) { outcomes.push_back(outcome); });
+    EXPECT_FALSE(SendJob::isRunning());
+    EXPECT_EQ(script->claimed, Lines{});
+    MainQueue::pump();
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::NotStarted);
+    EXPECT_EQ(outcomes[0].cause, kResultNoThread);
     EXPECT_EQ(written(), (Lines{"09 9c 01 02", "09 9c 7e 7d"}));
     EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(SendTransactionTest, OutcomeCountsEveryTransfer) {
+    sendScenes(fourScenes(), [&](const Outcome& outcome) { outcomes.push_back(outcome); });
+    SendJob::waitForEnd();
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_TRUE(outcomes[0].isDone());
+    EXPECT_EQ(outcomes[0].stats.writes, 2U + 2U + 1024U);
+    EXPECT_EQ(outcomes[0].stats.reads, 1U + 1U + 2U);
+    EXPECT_TRUE(outcomes[0].stats.isClean());
 }
 
 TEST_F(SendTransactionTest, EmptySceneArraySendsOneBlockOfFillPackets) {
@@ -77,7 +95,7 @@ TEST_F(SendTransactionTest, WhatIsSentIsWhatTheScenesHeldAtTheCall) {
     scenes[0]->commonValue()->setSceneName("BEFORE");
     SceneAction::SendSceneToDevice(scenes);
     scenes[0]->commonValue()->setSceneName("AFTER!");
-    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+    SendJob::waitForEnd();
     EXPECT_EQ(controller.received()[0], 'B');
 }
 
@@ -111,7 +129,7 @@ TEST_F(SendTransactionTest, MainQueueTasksRunInTheirOrderAndTheLastReleasesTheIn
     EXPECT_EQ(MainQueue::pump(), 4U);
     EXPECT_EQ(events, (Lines{"log ing", "log ing", "log 100",
                              "message Send Scene Data Finish:100%:Success", "log Finish"}));
-    EXPECT_EQ(script->calls, (Lines{"close one/1", "releaseInterface one/1"}));
+    EXPECT_EQ(script->calls, (Lines{"close one/1", "release one/1"}));
     EXPECT_FALSE(SendJob::isRunning());
 }
 
@@ -121,11 +139,11 @@ TEST_F(SendTransactionTest, InterfaceIsReleasedAfterTheLastMessageAndItsLine) {
     std::vector<std::size_t> releases;
     Diagnostics::setLog([&](std::string_view line) {
         if (line == "Finish")
-            releases.push_back(script->callsOf({"releaseInterface"}).size());
+            releases.push_back(script->callsOf({"release"}).size());
     });
     MainQueue::pump();
     EXPECT_EQ(releases, std::vector<std::size_t>{0});
-    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+    EXPECT_EQ(script->callsOf({"release"}).size(), 1U);
 }
 
 TEST_F(SendTransactionTest, MessageIsLeftAloneWhileTheJobRuns) {
@@ -152,10 +170,14 @@ TEST_F(SendTransactionTest, FailedWriteGivesTheInterfaceUpAndTheJobRunsToItsEnd)
     script->answer("write", results);
     sendWhole(fourScenes());
     EXPECT_EQ(script->callsOf({"write"}).size(), 11U);
-    EXPECT_EQ(script->callsOf({"releaseInterface"}).size(), 1U);
+    EXPECT_EQ(script->callsOf({"release"}).size(), 1U);
     EXPECT_EQ(pauses.size(), 1028U);
     EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
     EXPECT_FALSE(SendJob::isRunning());
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::Unreliable);
+    EXPECT_EQ(outcomes[0].cause, kResultNoDevice);
+    EXPECT_EQ(outcomes[0].stats.failedWrites, 1018U);
 }
 
 TEST_F(SendTransactionTest, DeviceThatAnswersNoBlockIsSentEverythingAllTheSame) {
