@@ -1,8 +1,6 @@
 #include "app/Launch.h"
 
 #include "app/VirtualBank.h"
-#include "model/Control.h"
-#include "model/FileAction.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
 #include "usb/LibusbHost.h"
@@ -12,26 +10,11 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include <array>
 #include <filesystem>
-#include <string_view>
 
 namespace scenewright {
 
 namespace {
-
-constexpr std::array<std::string_view, 3> kResourceNames{"basic", "default", "project"};
-
-std::optional<std::string> resourceTrouble() {
-    for (const std::string_view name : kResourceNames)
-        if (const auto list = Resources::read(name); !list)
-            return list.error();
-    const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
-    if (controls != kControlCount)
-        return fmt::format("{}: the default scene holds {} controls, and the keyboard has {}",
-                           Resources::find("default", "plist")->string(), controls, kControlCount);
-    return std::nullopt;
-}
 
 std::optional<std::string> connectVirtualHost(const std::string& bankPath) {
     std::optional<std::string> trouble;
@@ -88,7 +71,7 @@ std::optional<std::string> launch(const LaunchOptions& options) {
     if (!options.log.empty())
         if (const auto opened = sendLogTo(options.log); !opened)
             return opened.error();
-    return resourceTrouble();
+    return std::nullopt;
 }
 
 std::optional<std::string> connectHost(const LaunchOptions& options) {

@@ -25,7 +25,7 @@ std::optional<std::string> StoreFiles::keep() const {
     auto trouble = earlier_.keep(WindowAction::scenes());
     if (trouble)
         trouble =
-            say(ownText("scenewright::File", "the former scenes could not be kept: {}"), *trouble);
+            say(ownText("scenewright::File", "The former scenes could not be kept: {}"), *trouble);
     return trouble;
 }
 
@@ -57,7 +57,7 @@ std::optional<EarlierScenes::Bank> StoreFiles::newestOther() const {
     return std::nullopt;
 }
 
-StoreFiles::Outcome StoreFiles::bringBackNewest() const {
+StoreFiles::Outcome StoreFiles::restoreLatest() const {
     const auto bank = newestOther();
     return bank ? openBank(bank->file) : Outcome{};
 }

@@ -37,7 +37,7 @@ public:
     // The newest of the earlier scenes that can be read and differ from the stored ones.
     [[nodiscard]] std::optional<EarlierScenes::Bank> newestOther() const;
     // Opens that bank; not done, without trouble, when there is none.
-    [[nodiscard]] Outcome bringBackNewest() const;
+    [[nodiscard]] Outcome restoreLatest() const;
 
     // Nothing, or one sentence: then the file is what it was.
     [[nodiscard]] static std::optional<std::string> saveBank(const std::filesystem::path& file,

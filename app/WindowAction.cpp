@@ -4,9 +4,8 @@
 #include "model/Control.h"
 #include "model/FileAction.h"
 #include "model/Progress.h"
-#include "platform/Diagnostics.h"
-#include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/ReadTransaction.h"
+#include "protocol/SendTransaction.h"
 
 #include <fmt/printf.h>
 
@@ -21,6 +20,7 @@ namespace {
 struct Store {
     SceneList scenes;
     std::shared_ptr<SceneValue> spareDefault;
+    Outcome lastOutcome;
 };
 
 Store& store() {
@@ -58,29 +58,41 @@ std::shared_ptr<SceneValue> WindowAction::getSceneWithIndex(std::int32_t index) 
     return scenes[static_cast<std::size_t>(index)];
 }
 
-void WindowAction::readSceneData() {
-    // The read would take replies that belong to the send, and replace what is being sent.
-    if (SendJob::isRunning()) {
-        Diagnostics::log("The scenes are not read: a send is still running");
-        return;
-    }
+// A read during a send would take replies that belong to the send, and replace what is being sent.
+void WindowAction::readSceneData(const Ended& ended) {
+    if (SendJob::isRunning())
+        return SendJob::whenIdle([ended] { readSceneData(ended); });
     if (const auto message = Progress::recordIfAny()) {
         message->setMessage("readSceneData");
         message->setIsReadFinish("No");
     }
-    setScenes(SceneAction::GetSceneFromDevice());
+    ScenesRead read = readScenes();
+    setScenes(std::move(read.scenes));
+    store().lastOutcome = std::move(read.outcome);
     if (const auto message = Progress::recordIfAny())
         message->setIsReadFinish("Yes");
+    if (ended)
+        ended(lastOutcome());
 }
 
-void WindowAction::sendSceneData() {
+void WindowAction::sendSceneData(const Ended& ended) {
+    if (SendJob::isRunning())
+        return SendJob::whenIdle([ended] { sendSceneData(ended); });
     if (const auto message = Progress::recordIfAny()) {
         message->setIsSendFinish("No");
         message->setMessage("sendSceneData");
     }
-    SceneAction::SendSceneToDevice(store().scenes);
+    sendScenes(store().scenes, [ended](const Outcome& outcome) {
+        store().lastOutcome = outcome;
+        if (ended)
+            ended(outcome);
+    });
     if (const auto message = Progress::recordIfAny())
         message->setIsSendFinish("Yes");
+}
+
+const Outcome& WindowAction::lastOutcome() {
+    return store().lastOutcome;
 }
 
 void WindowAction::GetDefaultValue() {

@@ -6,8 +6,10 @@
 
 #include "model/MessageValue.h"
 #include "model/SceneValue.h"
+#include "protocol/Outcome.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace scenewright {
@@ -24,15 +26,22 @@ public:
     static void getSceneValue();
     // The stored scene. Throws std::out_of_range for an index outside the list.
     [[nodiscard]] static std::shared_ptr<SceneValue> getSceneWithIndex(std::int32_t index);
-    // Blocks until the read has ended; then at least four scenes are there, read ones first.
-    // Refused with a log line, nothing touched, while a send runs.
-    static void readSceneData();
-    // Returns as soon as the transfer has been started.
-    static void sendSceneData();
+    // Told what a command did, once, on the main thread, when it has ended.
+    using Ended = std::function<void(const Outcome&)>;
+    // Blocks until the read has ended; then at least four scenes are there, read ones first, and
+    // `ended` has been told. The interface stays open. While a send runs it returns at once and is
+    // carried out when the send, and each command given before, has ended.
+    static void readSceneData(const Ended& ended = {});
+    // Returns as soon as the transfer has been started; `ended` is told by the main queue. While a
+    // send runs it is carried out later, as a read is.
+    static void sendSceneData(const Ended& ended = {});
     // Keeps a spare default scene; nothing reads it.
     static void GetDefaultValue();
     // The option lists, read anew from basic.plist.
     [[nodiscard]] static std::shared_ptr<PopUpValue> InitializePopUp();
+
+    // What the last command that has ended did; NotStarted before the first.
+    [[nodiscard]] static const Outcome& lastOutcome();
 
     // The stored scenes, shared; for programs that save them.
     [[nodiscard]] static const SceneList& scenes();

@@ -1,8 +1,12 @@
 #include "editor/options/PopUpValue.h"
 
 #include "platform/Resources.h"
+#include "platform/Words.h"
 
+#include <array>
+#include <cstddef>
 #include <map>
+#include <string>
 
 namespace scenewright {
 
@@ -72,8 +76,9 @@ const std::array<OptionList, kOptionListCount>& optionLists() {
     return kLists;
 }
 
-std::shared_ptr<PopUpValue> loadPopUpValue() {
-    const PropertyValue basic = Resources::load("basic");
+namespace {
+
+std::shared_ptr<PopUpValue> popUpValueOf(const PropertyValue& basic) {
     std::map<std::string_view, Titles> byKey;
     auto lists = std::make_shared<PopUpValue>();
     for (const OptionList& list : optionLists()) {
@@ -83,6 +88,53 @@ std::shared_ptr<PopUpValue> loadPopUpValue() {
         list.set(*lists, entry->second);
     }
     return lists;
+}
+
+// How many titles the settings of the keyboard need.
+struct TitleCount {
+    const char* key;
+    std::size_t least;
+};
+constexpr std::array<TitleCount, 13> kTitleCounts{{
+    {"displaySelect", 8},
+    {"control", 46},
+    {"button-MIDICh", 17},
+    {"button-assginType", 3},
+    {"select127", 128},
+    {"button-note", 128},
+    {"button-behavior", 4},
+    {"button-enable", 2},
+    {"common-globalMIDICh", 16},
+    {"common-pianoKeyCh", 17},
+    {"common-PitchBendSpeed", 128},
+    {"common-keyTranspose", 9},
+    {"common-velocityCurve", 4},
+}};
+
+std::string fileName() {
+    const auto file = Resources::find("basic", "plist");
+    return file ? file->string() : "basic.plist";
+}
+
+} // namespace
+
+std::shared_ptr<PopUpValue> loadPopUpValue() {
+    return popUpValueOf(Resources::load("basic"));
+}
+
+Result<std::shared_ptr<PopUpValue>> readPopUpValue() {
+    const auto basic = Resources::read("basic");
+    if (!basic)
+        return failure(basic.error());
+    for (const TitleCount& needed : kTitleCounts) {
+        const std::size_t count = (*basic)[needed.key].elements().size();
+        if (count < needed.least)
+            return failure(say(ownText("scenewright::File",
+                                       "{0}: the list \"{1}\" holds {2} titles, and {3} are "
+                                       "needed"),
+                               fileName(), needed.key, count, needed.least));
+    }
+    return popUpValueOf(*basic);
 }
 
 const std::string* titleAt(const Titles& titles, std::int32_t position) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "model/Property.h"
+#include "platform/Result.h"
 
 #include <array>
 #include <cstddef>
@@ -121,6 +122,10 @@ inline constexpr std::size_t kOptionListCount = 47;
 // leaves its properties null; a missing resource leaves all of them null. An element that is no
 // text keeps its position with an empty title.
 [[nodiscard]] std::shared_ptr<PopUpValue> loadPopUpValue();
+
+// The same, or one sentence that names the file: it cannot be read, or one of its lists has fewer
+// titles than the keyboard's settings need.
+[[nodiscard]] Result<std::shared_ptr<PopUpValue>> readPopUpValue();
 
 // The title at a position; null when the list is null or has no such position.
 [[nodiscard]] const std::string* titleAt(const Titles& titles, std::int32_t position);

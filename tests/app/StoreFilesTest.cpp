@@ -89,7 +89,7 @@ TEST_F(StoreFilesTest, WhatCannotBeKeptIsToldAndTheBankOpened) {
     const auto outcome = blocked.openBank(folder.file("a.bank"));
     EXPECT_TRUE(outcome.isDone);
     ASSERT_TRUE(outcome.trouble);
-    EXPECT_TRUE(outcome.trouble->starts_with("the former scenes could not be kept: "));
+    EXPECT_TRUE(outcome.trouble->starts_with("The former scenes could not be kept: "));
     EXPECT_EQ(record(1, 13).CR(), 127);
 }
 
@@ -141,9 +141,9 @@ TEST_F(StoreFilesTest, TheNewestEarlierScenesComeBack) {
     record(0, 13).setCR(2);
     EXPECT_EQ(files.keep(), std::nullopt);
     // What is shown is itself the newest that is kept: the one before it is meant.
-    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_TRUE(files.restoreLatest().isDone);
     EXPECT_EQ(record(0, 13).CR(), 1);
-    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_TRUE(files.restoreLatest().isDone);
     EXPECT_EQ(record(0, 13).CR(), 2);
 }
 
@@ -154,12 +154,12 @@ TEST_F(StoreFilesTest, ADamagedEarlierBankIsPassedOver) {
     EXPECT_EQ(files.keep(), std::nullopt);
     testing::writeBytes(files.earlier().list().front().file, std::vector<std::uint8_t>(3));
     record(0, 13).setCR(3);
-    EXPECT_TRUE(files.bringBackNewest().isDone);
+    EXPECT_TRUE(files.restoreLatest().isDone);
     EXPECT_EQ(record(0, 13).CR(), 1);
 }
 
 TEST_F(StoreFilesTest, NothingComesBackWhenNothingIsKept) {
-    const auto outcome = files.bringBackNewest();
+    const auto outcome = files.restoreLatest();
     EXPECT_FALSE(outcome.isDone);
     EXPECT_EQ(outcome.trouble, std::nullopt);
 }

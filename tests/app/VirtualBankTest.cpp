@@ -3,13 +3,14 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 namespace scenewright::testing {
 
 namespace {
@@ -39,7 +40,7 @@ protected:
                                   [](std::chrono::nanoseconds) {});
         WindowAction::scenes()[0]->buttonValueArray()[12]->setCR(red);
         WindowAction::sendSceneData();
-        ASSERT_TRUE(SendJob::waitForEnd(std::chrono::minutes(1)));
+        SendJob::waitForEnd();
         SendJob::join();
     }
     static std::int32_t redOf(const std::string& path) {

@@ -4,7 +4,7 @@
 #include "editor/options/PopUpValue.h"
 #include "model/Progress.h"
 #include "platform/MainQueue.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -50,8 +50,7 @@ protected:
         WindowAction::getSceneValue();
     }
     void TearDown() override {
-        while (!SendJob::waitForEnd(std::chrono::seconds(10))) {
-        }
+        SendJob::waitForEnd();
         SendJob::join();
         noController();
         Progress::forget();
@@ -156,7 +155,7 @@ TEST_F(WindowActionTest, CommandsWorkWithoutARecord) {
     plugIn(BankImage{});
     WindowAction::getSceneWithIndex(1)->commonValue()->setSceneName("SENT");
     WindowAction::sendSceneData();
-    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
+    SendJob::waitForEnd();
     EXPECT_EQ(controller_->bank()[253], 'S');
     WindowAction::readSceneData();
     EXPECT_EQ(nameOf(1), std::string("SENT") + std::string(8, '\0'));
@@ -189,22 +188,63 @@ TEST_F(WindowActionTest, SendFinishesAtOnceAndItsEndComesAsAMessage) {
               (std::vector<Write>{
                   {"isSendFinish", "No"}, {"Message", "sendSceneData"}, {"isSendFinish", "Yes"}}));
     EXPECT_TRUE(SendJob::isRunning());
-    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
+    SendJob::waitForEnd();
     EXPECT_EQ(message->Message(), "Send Scene Data Finish:100%:Success");
     EXPECT_EQ(controller_->bank(), encodeBank(WindowAction::scenes()));
 }
 
-TEST_F(WindowActionTest, ReadDuringASendIsRefusedAndTouchesNothing) {
+TEST_F(WindowActionTest, ReadDuringASendIsCarriedOutAfterIt) {
     plugIn(BankImage{});
     WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
     const auto message = WindowAction::getMessageValue();
+    const BankImage sent = encodeBank(WindowAction::scenes());
     WindowAction::sendSceneData();
     const auto writes = watch(*message);
-    WindowAction::readSceneData();
+    std::vector<Outcome> reads;
+    WindowAction::readSceneData([&](const Outcome& outcome) { reads.push_back(outcome); });
     EXPECT_TRUE(writes->empty());
+    EXPECT_TRUE(reads.empty());
     EXPECT_EQ(nameOf(0), "EDITED");
-    ASSERT_TRUE(SendJob::waitForEnd(std::chrono::seconds(10)));
-    EXPECT_EQ(controller_->bank(), encodeBank(WindowAction::scenes()));
+    SendJob::waitForEnd();
+    EXPECT_EQ(controller_->bank(), sent);
+    ASSERT_EQ(reads.size(), 1U);
+    EXPECT_TRUE(reads[0].isDone());
+    ASSERT_GT(writes->size(), 3U);
+    EXPECT_EQ((*writes)[0], Write("Message", "Send Scene Data Finish:100%:Success"));
+    EXPECT_EQ((*writes)[1], Write("Message", "readSceneData"));
+    EXPECT_EQ((*writes)[2], Write("isReadFinish", "No"));
+    EXPECT_EQ(writes->back(), Write("isReadFinish", "Yes"));
+    EXPECT_EQ(nameOf(0), std::string("EDITED") + std::string(6, '\0'));
+}
+
+TEST_F(WindowActionTest, SendDuringASendIsCarriedOutAfterItWithWhatTheStoreHoldsThen) {
+    plugIn(BankImage{});
+    const auto message = WindowAction::getMessageValue();
+    WindowAction::sendSceneData();
+    const auto writes = watch(*message);
+    WindowAction::sendSceneData();
+    EXPECT_TRUE(writes->empty());
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("LATER");
+    SendJob::waitForEnd();
+    EXPECT_EQ(*writes, (std::vector<Write>{{"Message", "Send Scene Data Finish:100%:Success"},
+                                           {"isSendFinish", "No"},
+                                           {"Message", "sendSceneData"},
+                                           {"isSendFinish", "Yes"},
+                                           {"Message", "Send Scene Data Finish:100%:Success"}}));
+    EXPECT_EQ(controller_->bank()[0], 'L');
+}
+
+TEST_F(WindowActionTest, TheStoreKeepsTheLastOutcome) {
+    WindowAction::readSceneData();
+    EXPECT_EQ(WindowAction::lastOutcome().end, Outcome::End::NotConnected);
+    plugIn(BankImage{});
+    std::vector<Outcome> sent;
+    WindowAction::sendSceneData([&](const Outcome& outcome) { sent.push_back(outcome); });
+    EXPECT_EQ(WindowAction::lastOutcome().end, Outcome::End::NotConnected);
+    SendJob::waitForEnd();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(WindowAction::lastOutcome(), sent[0]);
+    EXPECT_TRUE(sent[0].isDone());
 }
 
 TEST_F(WindowActionTest, SendWithoutAControllerStillFinishes) {

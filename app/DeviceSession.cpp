@@ -1,0 +1,41 @@
+#include "app/DeviceSession.h"
+
+#include "bank/BankFile.h"
+#include "protocol/SendTransaction.h"
+
+namespace scenewright {
+
+void DeviceSession::read(const Ended& ended) {
+    WindowAction::readSceneData([ended](const Outcome& read) {
+        Outcome outcome = read;
+        releaseKeyboard(outcome);
+        if (ended)
+            ended(outcome);
+    });
+}
+
+void DeviceSession::send(const Ended& ended) {
+    WindowAction::sendSceneData(ended); // its end releases the interface
+}
+
+ScenesRead DeviceSession::heldScenes() {
+    if (SendJob::isRunning())
+        return {.scenes = {}, .outcome = {.end = Outcome::End::NotStarted, .cause = kResultBusy}};
+    ScenesRead read = readScenes();
+    releaseKeyboard(read.outcome);
+    return read;
+}
+
+BankImage storedImage() {
+    return encodeBank(WindowAction::scenes());
+}
+
+DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank) {
+    ScenesRead held = DeviceSession::heldScenes();
+    DeviceComparison comparison{.outcome = std::move(held.outcome), .differences = {}};
+    if (comparison.outcome.end == Outcome::End::Done)
+        comparison.differences = differences(lists, held.scenes, bank);
+    return comparison;
+}
+
+} // namespace scenewright

@@ -1,0 +1,41 @@
+// The commands on the keyboard as both programs run them: each gives the keyboard back when it has
+// ended, so that its MIDI port is there for other programs again. Main thread only.
+#pragma once
+
+#include "app/WindowAction.h"
+#include "bank/Difference.h"
+#include "editor/options/PopUpValue.h"
+#include "protocol/ReadTransaction.h"
+#include "protocol/SceneImage.h"
+
+#include <vector>
+
+namespace scenewright {
+
+class DeviceSession {
+public:
+    DeviceSession() = delete;
+
+    using Ended = WindowAction::Ended;
+    // As WindowAction::readSceneData() and sendSceneData().
+    static void read(const Ended& ended);
+    static void send(const Ended& ended);
+
+    // What the controller holds, without touching the stored scenes. Blocks until the read has
+    // ended. Not started, with kResultBusy, while a send runs.
+    [[nodiscard]] static ScenesRead heldScenes();
+};
+
+// What the controller holds beside a bank.
+struct DeviceComparison {
+    Outcome outcome;                     // of the read; differences are known only if it is done
+    std::vector<Difference> differences; // the controller's value first
+    [[nodiscard]] bool isSame() const { return outcome.isDone() && differences.empty(); }
+};
+
+// The stored scenes as the controller would hold them.
+[[nodiscard]] BankImage storedImage();
+
+[[nodiscard]] DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank);
+
+} // namespace scenewright

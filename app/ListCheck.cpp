@@ -1,0 +1,57 @@
+#include "app/ListCheck.h"
+
+#include "editor/options/PopUpValue.h"
+#include "model/Control.h"
+#include "model/FileAction.h"
+#include "platform/Resources.h"
+#include "platform/Words.h"
+#include "usb/DeviceList.h"
+
+#include <cstddef>
+
+namespace scenewright {
+
+namespace {
+
+std::string fileOf(std::string_view name) {
+    const auto file = Resources::find(name, "plist");
+    return file ? file->string() : std::string(name) + ".plist";
+}
+
+Result<void> checkControls() {
+    const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
+    if (controls == kControlCount)
+        return {};
+    return failure(say(ownText("scenewright::File",
+                               "{0}: the default scene holds {1} controls, and the keyboard has "
+                               "{2}"),
+                       fileOf(kDefaultList), controls, kControlCount));
+}
+
+} // namespace
+
+Result<void> checkList(std::string_view name) {
+    if (name == kBasicList)
+        return readPopUpValue().map([](const auto&) {});
+    if (name == kDefaultList) {
+        const auto list = Resources::read(name);
+        return list ? checkControls() : Result<void>(failure(list.error()));
+    }
+    const auto listed = readDeviceList();
+    if (!listed)
+        return failure(listed.error());
+    if (listed->empty())
+        return failure(
+            say(ownText("scenewright::File", "{}: it lists no keyboard"), fileOf(kProjectList)));
+    return {};
+}
+
+std::vector<std::string> listErrors() {
+    std::vector<std::string> errors;
+    for (const std::string_view name : {kBasicList, kDefaultList, kProjectList})
+        if (auto checked = checkList(name); !checked)
+            errors.push_back(std::move(checked.error()));
+    return errors;
+}
+
+} // namespace scenewright

@@ -1,0 +1,218 @@
+#include "app/OutcomeText.h"
+
+#include "platform/Words.h"
+#include "protocol/SceneImage.h"
+
+#include <algorithm>
+#include <array>
+
+namespace scenewright {
+
+namespace {
+
+using End = Outcome::End;
+
+constexpr int kExitFailed = 1;
+
+// What follows for an operation when nothing was moved, and when transfers failed.
+struct Consequence {
+    DeviceOperation operation;
+    OwnText ofNothing;
+    OwnText ofFailures;
+};
+
+constexpr std::array<Consequence, 7> kConsequences{{
+    {DeviceOperation::ShowScenes, ownText("scenewright::Outcome", "default scenes are shown"),
+     ownText("scenewright::Outcome", "{0} of the {1} bytes shown did not come from the keyboard")},
+    {DeviceOperation::SaveScenes, ownText("scenewright::Outcome", "no file was written"),
+     ownText("scenewright::Outcome", "no file was written")},
+    {DeviceOperation::Backup,
+     ownText("scenewright::Outcome", "there is no backup and nothing was sent"),
+     ownText("scenewright::Outcome", "there is no backup and nothing was sent")},
+    {DeviceOperation::Send, ownText("scenewright::Outcome", "nothing was sent"),
+     ownText("scenewright::Outcome",
+             "the keyboard may hold half a bank, and sending again repairs it")},
+    {DeviceOperation::Verify, ownText("scenewright::Outcome", "what was sent could not be checked"),
+     ownText("scenewright::Outcome", "what was sent could not be checked")},
+    {DeviceOperation::Compare, ownText("scenewright::Outcome", "nothing was compared"),
+     ownText("scenewright::Outcome", "nothing was compared")},
+    {DeviceOperation::DryRun, ownText("scenewright::Outcome", "it is not known what would change"),
+     ownText("scenewright::Outcome", "it is not known what would change")},
+}};
+
+// What a failed transfer met.
+OwnText transferFailure(ResultCode code) {
+    switch (code) {
+    case kResultSuccess:
+        return ownText("scenewright::Outcome", "the answer was too short");
+    case kResultNoDevice:
+        return ownText("scenewright::Outcome", "the keyboard was unplugged");
+    case kResultStall:
+        return ownText("scenewright::Outcome", "the keyboard refused it");
+    case kResultTimeout:
+        return ownText("scenewright::Outcome", "the keyboard did not answer");
+    case kResultOverflow:
+        return ownText("scenewright::Outcome", "the answer was too long");
+    case kResultNoMemory:
+        return ownText("scenewright::Outcome", "the system has no memory left");
+    default:
+        return ownText("scenewright::Outcome", "the USB transfer failed");
+    }
+}
+
+OwnText cureFor(ResultCode failure) {
+    switch (failure) {
+    case kResultNotPlugged:
+        return ownText("scenewright::Cause",
+                       "No keyboard of the device list is plugged in: plug it in, or see what "
+                       "'scenewright-cli devices' says about yours");
+    case kResultNoList:
+        return ownText("scenewright::Cause",
+                       "The list of keyboards, project.plist, cannot be read: mend or remove it");
+    case kResultAccess:
+        return ownText(
+            "scenewright::Cause",
+            "You have no permission to use the keyboard: install the rule with "
+            "'scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules', "
+            "then plug the keyboard in again");
+    case kResultBusy:
+        return ownText("scenewright::Cause",
+                       "Another program is using the keyboard: close it and try again");
+    case kResultNoDevice:
+        return ownText("scenewright::Cause",
+                       "The keyboard was unplugged: plug it in and try again");
+    case kResultNotFound:
+        return ownText(
+            "scenewright::Cause",
+            "The keyboard lacks the second USB interface that scenes travel on: check that it "
+            "is the model that the device list names, and plug it in again");
+    case kResultTimeout:
+    case kResultStall:
+    case kResultInputOutput:
+        return ownText("scenewright::Cause",
+                       "The keyboard does not answer: unplug it, plug it in again and try again");
+    case kResultOverflow:
+        return ownText("scenewright::Cause",
+                       "The keyboard answers with longer transfers than scenes have: check that "
+                       "it is the model that the device list names, and plug it in again");
+    case kResultNoDriver:
+        return ownText("scenewright::Cause",
+                       "The keyboard's MIDI port did not come back: plug the keyboard in again");
+    case kResultNoMemory:
+    case kResultNoThread:
+        return ownText("scenewright::Cause",
+                       "The system is short of memory or threads: close other programs and try "
+                       "again");
+    default:
+        return ownText("scenewright::Cause",
+                       "The USB system refused to work with the keyboard ({:08x}): plug it in "
+                       "again, at another socket if that does not help");
+    }
+}
+
+// Where the first failure happened. Before a read's first byte come the handshakes, as many as it
+// took, and the read start with its reply.
+std::string placeOf(DeviceOperation operation, const TransferStats::Failure& failure,
+                    const TransferStats& stats) {
+    if (operation == DeviceOperation::Send)
+        return failure.isWrite
+                   ? say(ownText("scenewright::Outcome", "at packet {}"), failure.transfer)
+                   : say(ownText("scenewright::Outcome", "at answer {}"), failure.transfer);
+    constexpr std::uint32_t kWritesOfHandshake = 2;
+    const std::uint32_t handshakes = std::max(stats.versionReads, 1U);
+    const std::uint32_t before =
+        (failure.isWrite ? kWritesOfHandshake * handshakes : handshakes) + 1;
+    if (failure.transfer < before)
+        return say(ownText("scenewright::Outcome", "before the first byte"));
+    return say(ownText("scenewright::Outcome", "at byte {0} of {1}"), failure.transfer - before,
+               kBankSize);
+}
+
+std::string failedTransfers(DeviceOperation operation, const Outcome& outcome) {
+    const TransferStats& stats = outcome.stats;
+    if (!stats.first) // it was no transfer that failed
+        return say(ownText("scenewright::Outcome", "The program could not go on"));
+    return say(ownText("scenewright::Outcome", "{0} of {1} transfers failed, the first {2} ({3})"),
+               stats.failedReads + stats.failedWrites, stats.reads + stats.writes,
+               placeOf(operation, *stats.first, stats),
+               inLanguage(transferFailure(stats.first->code)));
+}
+
+std::string whatHappened(DeviceOperation operation, const Outcome& outcome) {
+    switch (outcome.end) {
+    case End::NotConnected:
+        return say(ownText("scenewright::Outcome", "The keyboard could not be reached"));
+    case End::NotStarted:
+        if (outcome.cause == kResultBusy)
+            return say(ownText("scenewright::Outcome", "A send is still running"));
+        return say(ownText("scenewright::Outcome", "The transfer could not be started"));
+    case End::Unreliable:
+        return failedTransfers(operation, outcome);
+    case End::Cancelled:
+        return say(ownText("scenewright::Outcome", "The transfer was cancelled"));
+    case End::Done:
+        break;
+    }
+    return {};
+}
+
+std::string consequenceOf(DeviceOperation operation, const Outcome& outcome) {
+    const auto* const row = std::ranges::find(kConsequences, operation, &Consequence::operation);
+    const bool hasMoved = outcome.stats.writes > 0;
+    return hasMoved ? say(row->ofFailures, unreliableBytes(outcome.stats), kBankSize)
+                    : inLanguage(row->ofNothing);
+}
+
+// Nothing where the sentence says it all.
+bool hasCure(const Outcome& outcome) {
+    if (outcome.end == End::NotStarted)
+        return outcome.cause != kResultBusy;
+    return outcome.end == End::NotConnected ||
+           (outcome.end == End::Unreliable && outcome.cause != kResultSuccess);
+}
+
+} // namespace
+
+OutcomeText textOf(DeviceOperation operation, const Outcome& outcome) {
+    OutcomeText text;
+    if (outcome.end != End::Done)
+        text.sentence = say(ownText("scenewright::Outcome", "{0}: {1}"),
+                            whatHappened(operation, outcome), consequenceOf(operation, outcome));
+    if (hasCure(outcome))
+        text.details.push_back(causeAndCure(outcome.cause));
+    text.details.insert(text.details.end(), outcome.notKept.begin(), outcome.notKept.end());
+    if (outcome.release != kResultSuccess)
+        text.details.push_back(causeAndCure(outcome.release));
+    if (outcome.replacedBytes > 0)
+        text.details.push_back(
+            say(ownText("scenewright::Outcome",
+                        "The keyboard holds values above 127, which scenes cannot hold; read as 0 "
+                        "instead: {}"),
+                outcome.replacedBytes));
+    if (!outcome.isDone() || outcome.release != kResultSuccess)
+        text.exitCode = kExitFailed;
+    return text;
+}
+
+std::string comparisonText(DeviceOperation operation, std::size_t differences) {
+    const bool isVerify = operation == DeviceOperation::Verify;
+    if (differences == 0)
+        return isVerify ? say(ownText("scenewright::Outcome", "The controller holds what was sent"))
+                        : say(ownText("scenewright::Outcome", "The controller holds what you see"));
+    if (!isVerify)
+        return say(ownText("scenewright::Outcome", "Settings that differ: {}"), differences);
+    return say(ownText("scenewright::Outcome",
+                       "The controller does not hold what was sent; settings that differ: {}"),
+               differences);
+}
+
+std::string causeAndCure(ResultCode failure) {
+    return say(cureFor(failure), failure);
+}
+
+std::uint32_t unreliableBytes(const TransferStats& stats) {
+    return std::min(std::max(stats.failedReads, stats.failedWrites),
+                    static_cast<std::uint32_t>(kBankSize));
+}
+
+} // namespace scenewright

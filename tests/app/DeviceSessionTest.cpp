@@ -1,0 +1,112 @@
+#include "app/DeviceSession.h"
+
+#include "bank/BankFile.h"
+#include "platform/MainQueue.h"
+#include "protocol/SendTransaction.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+class DeviceSessionTest : public ::testing::Test {
+protected:
+    void SetUp() override { WindowAction::getSceneValue(); }
+    void TearDown() override {
+        SendJob::waitForEnd();
+        SendJob::join();
+        Transport::instance().use(nullptr);
+    }
+
+    // The controller holds what the store holds now.
+    void plugIn(FaultPlan faults = {}) {
+        controller = std::make_shared<VirtualController>(encodeBank(WindowAction::scenes()),
+                                                         std::move(faults));
+        Transport::instance().use(makeVirtualHost(controller), [](std::chrono::nanoseconds) {});
+    }
+    static bool isReleased() {
+        const auto interface = Transport::instance().interface();
+        return interface && interface->isStale();
+    }
+
+    std::shared_ptr<VirtualController> controller;
+    std::shared_ptr<PopUpValue> lists = WindowAction::InitializePopUp();
+};
+
+TEST_F(DeviceSessionTest, ReadGivesTheKeyboardBackAndTellsItsOutcome) {
+    plugIn();
+    std::optional<Outcome> outcome;
+    DeviceSession::read([&](const Outcome& ended) {
+        outcome = ended;
+        EXPECT_TRUE(isReleased());
+    });
+    ASSERT_TRUE(outcome);
+    EXPECT_TRUE(outcome->isDone());
+}
+
+TEST_F(DeviceSessionTest, TheStoresOwnReadLeavesTheInterfaceOpen) {
+    plugIn();
+    WindowAction::readSceneData();
+    EXPECT_FALSE(isReleased());
+}
+
+TEST_F(DeviceSessionTest, HeldScenesLeaveTheStoreAlone) {
+    plugIn();
+    const SceneList before = WindowAction::scenes();
+    before[0]->commonValue()->setSceneName("EDITED");
+    const ScenesRead held = DeviceSession::heldScenes();
+    EXPECT_EQ(held.scenes.size(), 4U);
+    EXPECT_EQ(WindowAction::scenes(), before);
+    EXPECT_EQ(before[0]->commonValue()->SceneName(), "EDITED");
+    EXPECT_TRUE(isReleased());
+}
+
+TEST_F(DeviceSessionTest, HeldScenesAreNotAskedForDuringASend) {
+    plugIn();
+    DeviceSession::send({});
+    const ScenesRead held = DeviceSession::heldScenes();
+    EXPECT_EQ(held.outcome.end, Outcome::End::NotStarted);
+    EXPECT_EQ(held.outcome.cause, kResultBusy);
+    EXPECT_TRUE(held.scenes.empty());
+}
+
+TEST_F(DeviceSessionTest, ComparisonFindsTheSame) {
+    plugIn();
+    EXPECT_TRUE(compareWithDevice(*lists, WindowAction::scenes()).isSame());
+    EXPECT_TRUE(isReleased());
+}
+
+TEST_F(DeviceSessionTest, ComparisonListsWhatDiffersTheControllersValueFirst) {
+    plugIn();
+    WindowAction::scenes()[0]->buttonValueArray()[14]->setCR(12);
+    const auto comparison = compareWithDevice(*lists, WindowAction::scenes());
+    EXPECT_FALSE(comparison.isSame());
+    ASSERT_EQ(comparison.differences.size(), 1U);
+    const std::string words = differenceWords(comparison.differences[0]);
+    EXPECT_TRUE(words.starts_with("Scene 1, Pad 3, Red: ")) << words;
+    EXPECT_TRUE(words.ends_with(" -> 12")) << words;
+}
+
+TEST_F(DeviceSessionTest, NothingIsComparedWithAReadThatFailed) {
+    WindowAction::scenes()[0]->buttonValueArray()[14]->setCR(12);
+    Transport::instance().use(nullptr);
+    EXPECT_EQ(compareWithDevice(*lists, WindowAction::scenes()).outcome.end,
+              Outcome::End::NotConnected);
+    plugIn({{Fault::Kind::ShortTransfer, 0}});
+    const auto comparison = compareWithDevice(*lists, WindowAction::scenes());
+    EXPECT_EQ(comparison.outcome.end, Outcome::End::Unreliable);
+    EXPECT_TRUE(comparison.differences.empty());
+    EXPECT_FALSE(comparison.isSame());
+}
+
+} // namespace
+
+} // namespace scenewright
