@@ -98,6 +98,13 @@ int endOf(const std::string& name, const Result<Replaced>& replaced) {
     return kExitDone;
 }
 
+// An image holds no titles.
+Result<std::shared_ptr<PopUpValue>> listsFor(BankForm form) {
+    if (form == BankForm::Json)
+        return readPopUpValue();
+    return std::make_shared<PopUpValue>();
+}
+
 int changeStream(const std::string& name, const BankEdit& edit) {
     const BankFile bank = loadBank(name);
     if (bank.trouble)
@@ -146,8 +153,10 @@ BankForm formForArgument(const std::string& name, BankForm streamForm) {
 }
 
 int storeBank(const std::string& name, const SceneList& scenes, BankForm form) {
-    const auto lists = WindowAction::InitializePopUp();
-    const std::vector<std::uint8_t> bytes = bankBytes(scenes, form, *lists);
+    const auto lists = listsFor(form);
+    if (!lists)
+        return complain(lists.error(), kExitUsage);
+    const std::vector<std::uint8_t> bytes = bankBytes(scenes, form, **lists);
     if (const auto fd = outputDescriptor(name))
         return storeToDescriptor(*fd, name, bytes);
     return endOf(name, replaceFile(name, bytes));
@@ -156,13 +165,15 @@ int storeBank(const std::string& name, const SceneList& scenes, BankForm form) {
 int changeBank(const std::string& name, const BankEdit& edit) {
     if (inputDescriptor(name))
         return changeStream(name, edit);
-    const auto lists = WindowAction::InitializePopUp();
     return endOf(name, changeFile(name, kJsonBytes, [&](const FileContent& bytes) {
                      const BankFile bank = parseBank(bytes, name);
                      if (bank.trouble)
                          return Result<FileContent>(failure(*bank.trouble));
+                     const auto lists = listsFor(bank.form);
+                     if (!lists)
+                         return Result<FileContent>(failure(lists.error()));
                      return edit(bank).map([&](const SceneList& scenes) {
-                         return bankBytes(scenes, bank.form, *lists);
+                         return bankBytes(scenes, bank.form, **lists);
                      });
                  }));
 }

@@ -1,10 +1,10 @@
+#include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "model/Control.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
 #include <memory>
 #include <string>
@@ -18,11 +18,11 @@ int writeDefaults(const std::string& out) {
     const SceneList scenes = WindowAction::scenes();
     // The list is read for each scene, and may be gone for one of them.
     for (const auto& scene : scenes)
-        if (const std::size_t count = scene->buttonValueArray().size(); count != kControlCount)
-            return complain(fmt::format("default.plist: the default scene holds {} controls, and "
-                                        "the keyboard has {}; no file was written",
-                                        count, kControlCount),
+        if (scene->buttonValueArray().size() != kControlCount) {
+            const auto checked = checkList(kDefaultList);
+            return complain(checked ? "default.plist: it changed meanwhile" : checked.error(),
                             kExitUsage);
+        }
     return storeBank(out, scenes, formForArgument(out, BankForm::Image));
 }
 

@@ -1,8 +1,7 @@
 // The plugged-in MIDI devices in words, and as JSON for programs.
 #pragma once
 
-#include "usb/DeviceList.h"
-#include "usb/MidiDevices.h"
+#include "usb/AttachedDevices.h"
 
 #include <filesystem>
 #include <span>
@@ -19,13 +18,13 @@ struct DeviceListPlace {
 
 // A paragraph a device: where it is, what it is, whether it is listed and can be opened, and what
 // to do if not. Ends with a line feed.
-[[nodiscard]] std::string deviceTable(std::span<const MidiDevice> devices,
+[[nodiscard]] std::string deviceTable(std::span<const AttachedDevice> devices,
                                       const DeviceListPlace& list);
 
 // An array with an object a device: bus, address, vendorId, productId, manufacturer, name, listed,
 // canOpen, cause (why it cannot be opened, or null) and linesToAdd (or null). Ends with a line
 // feed.
-[[nodiscard]] std::string deviceJson(std::span<const MidiDevice> devices,
+[[nodiscard]] std::string deviceJson(std::span<const AttachedDevice> devices,
                                      const DeviceListPlace& list);
 
 } // namespace scenewright

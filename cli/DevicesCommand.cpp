@@ -2,7 +2,6 @@
 #include "cli/Command.h"
 #include "cli/DeviceTable.h"
 #include "platform/Resources.h"
-#include "usb/ConnectCause.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,12 +15,13 @@ namespace {
 constexpr const char* kListFile = "project.plist";
 
 int printDevices(bool asJson) {
-    std::vector<MidiDevice> devices;
-    const ResultCode result = listMidiDevices(*makeLibusbApi(), devices);
-    if (result != kResultSuccess)
-        return complain(causeAndCure(result), kExitController);
+    std::vector<AttachedDevice> devices = attachedDevices();
+    std::erase_if(devices, [](const AttachedDevice& device) { return !device.hasMidiStreaming; });
+    const auto listed = readDeviceList();
+    if (!listed)
+        return complain(listed.error(), kExitUsage);
     const auto own = Resources::userFolder();
-    const DeviceListPlace list{.devices = deviceList(),
+    const DeviceListPlace list{.devices = *listed,
                                .inUse = Resources::find("project", "plist").value_or(""),
                                .userOwn = own ? *own / kListFile : std::filesystem::path()};
     return printAndEnd((asJson ? deviceJson : deviceTable)(devices, list), kExitDone);

@@ -1,4 +1,3 @@
-#include "app/WindowAction.h"
 #include "bank/Difference.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -28,8 +27,10 @@ struct DiffOptions {
 
 // Nothing when the trouble has been told.
 std::optional<SceneList> scenesOf(const std::string& name) {
-    if (name == kDevice)
-        return readController("nothing was compared");
+    if (name == kDevice) {
+        ControllerRead read = readController(DeviceOperation::Compare);
+        return read.exitCode == kExitDone ? std::move(read.scenes) : std::nullopt;
+    }
     BankFile bank = loadBank(name);
     if (bank.trouble) {
         complain(*bank.trouble, kExitTrouble);
@@ -42,6 +43,9 @@ int diff(const DiffOptions& options) {
     if (inputDescriptor(options.first) &&
         inputDescriptor(options.first) == inputDescriptor(options.second))
         return complain("standard input can be one of the two banks, not both", kExitTrouble);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return complain(lists.error(), kExitTrouble);
     // A file's trouble is told before the controller is asked.
     const bool secondIsFile = options.second != kDevice;
     auto second = secondIsFile ? scenesOf(options.second) : std::nullopt;
@@ -54,7 +58,7 @@ int diff(const DiffOptions& options) {
         second = scenesOf(options.second);
     if (!second)
         return kExitTrouble;
-    const auto list = differences(*WindowAction::InitializePopUp(), *first, *second);
+    const auto list = differences(**lists, *first, *second);
     return printAndEnd(options.isJson ? differencesJson(list) : differenceLines(list),
                        list.empty() ? kExitDone : kExitDifferent, kExitTrouble);
 }

@@ -1,4 +1,3 @@
-#include "app/WindowAction.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "cli/BankArgument.h"
@@ -40,10 +39,12 @@ int get(const GetOptions& options) {
     const BankFile bank = loadBank(options.bank);
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
-    const auto lists = WindowAction::InitializePopUp();
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return complain(lists.error(), kExitUsage);
     std::string text;
     for (const SettingPlace& place : places)
-        text += lineOf(*lists, bank.scenes, place);
+        text += lineOf(**lists, bank.scenes, place);
     return printAndEnd(text, kExitDone);
 }
 

@@ -1,8 +1,8 @@
 #include "cli/Patience.h"
 
+#include "app/OutcomeText.h"
 #include "cli/Command.h"
 #include "platform/StandardStreams.h"
-#include "usb/ConnectCause.h"
 #include "usb/Transport.h"
 
 #include <fmt/format.h>
@@ -15,16 +15,16 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kLooks = 20; // how often the limit is divided into looks at the tally
+constexpr int kLooks = 20; // how often the limit is divided into looks at the stats
 
 // Packets written beyond those of the handshakes, which a stuck transaction may repeat for ever.
-std::int64_t progressOf(const TransferTally& tally) {
+std::int64_t progressOf(const TransferStats& stats) {
     constexpr std::int64_t kHandshakeWrites = 2;
-    return tally.writes - kHandshakeWrites * tally.versionReads;
+    return stats.writes - kHandshakeWrites * stats.versionReads;
 }
 
-void speakOf(const TransferTally& tally) {
-    const bool isUnplugged = tally.first && tally.first->code == kResultNoDevice;
+void speakOf(const TransferStats& stats) {
+    const bool isUnplugged = stats.first && stats.first->code == kResultNoDevice;
     if (isatty(STDERR_FILENO) != 0)
         writeStandardError("\r\033[K"); // a progress line may stand there
     complain(fmt::format("{} (Ctrl+C stops)",
@@ -37,8 +37,7 @@ void speakOf(const TransferTally& tally) {
 Patience::Patience(std::chrono::milliseconds limit) : limit_(limit) {
     try {
         thread_ = std::thread([this] { run(); });
-    } catch (const std::system_error&) {
-        // Without a thread to spare the transaction goes on, and nothing is said of its pace.
+    } catch (const std::system_error&) { // the transaction goes on without
     }
 }
 
@@ -57,12 +56,12 @@ void Patience::run() {
     int still = 0;
     std::unique_lock lock(mutex_);
     while (!ended_.wait_for(lock, limit_ / kLooks, [this] { return hasEnded_; })) {
-        const TransferTally tally = Transport::instance().tally();
-        const std::int64_t progress = progressOf(tally);
+        const TransferStats stats = Transport::instance().stats();
+        const std::int64_t progress = progressOf(stats);
         still = progress > most ? 0 : still + 1;
         most = std::max(most, progress);
         if (still == kLooks)
-            return speakOf(tally);
+            return speakOf(stats);
     }
 }
 

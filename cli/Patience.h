@@ -14,7 +14,7 @@ class Patience {
 public:
     static constexpr std::chrono::milliseconds kLimit{10'000};
 
-    // Watches the transport's tally, on a thread of its own, until destroyed: a transaction that
+    // Watches the transport's stats, on a thread of its own, until destroyed: a transaction that
     // makes no progress for `limit`, whether it waits or repeats its handshake, is spoken of.
     explicit Patience(std::chrono::milliseconds limit = kLimit);
     ~Patience();

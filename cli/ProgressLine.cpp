@@ -42,8 +42,7 @@ ProgressLine::ProgressLine(std::string_view verb, std::uint32_t total)
         return;
     try {
         thread_ = std::thread([this] { run(); });
-    } catch (const std::system_error&) {
-        // Without a thread to spare the transaction goes on, and its progress is not shown.
+    } catch (const std::system_error&) { // the transaction goes on without
     }
 }
 
@@ -64,7 +63,7 @@ void ProgressLine::run() {
     int still = 0;
     std::unique_lock lock(mutex_);
     while (!ended_.wait_for(lock, kRefresh, [this] { return hasEnded_; })) {
-        const std::uint32_t written = Transport::instance().tally().writes;
+        const std::uint32_t written = Transport::instance().stats().writes;
         still = written == last ? std::min(still + 1, kStuckAfter) : 0;
         last = written;
         show(progressText(verb_, written, total_, still == kStuckAfter));

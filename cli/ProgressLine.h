@@ -20,7 +20,7 @@ inline constexpr std::uint32_t kSendPackets = 2 + 2 + 1024;
                                        std::uint32_t total, bool isStuck);
 
 // Shown from construction to destruction, by a thread of its own that looks at the transport's
-// tally; nothing at all when standard error is no terminal.
+// stats; nothing at all when standard error is no terminal.
 class ProgressLine {
 public:
     ProgressLine(std::string_view verb, std::uint32_t total);

@@ -14,10 +14,11 @@ namespace {
 int readToFile(const std::string& out) {
     if (const auto trouble = whyNotStorable(out))
         return complain(*trouble, kExitUsage);
-    const auto scenes = readController("no file was written");
-    if (!scenes)
-        return kExitController;
-    return storeBank(out, *scenes, formForArgument(out, BankForm::Image));
+    const ControllerRead read = readController(DeviceOperation::SaveScenes);
+    if (!read.scenes)
+        return read.exitCode;
+    const int stored = storeBank(out, *read.scenes, formForArgument(out, BankForm::Image));
+    return stored == kExitDone ? read.exitCode : stored;
 }
 
 constexpr const char* kReadFooter =

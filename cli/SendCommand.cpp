@@ -1,4 +1,3 @@
-#include "app/WindowAction.h"
 #include "bank/Difference.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -24,40 +23,38 @@ struct SendOptions {
     bool isDryRun = false;
 };
 
-std::string settingsCount(std::size_t count) {
-    return count == 1 ? "1 setting" : fmt::format("{} settings", count);
-}
-
-int tellWhatWouldChange(const SceneList& scenes) {
-    const auto held = readController("it is not known what would change");
-    if (!held)
-        return kExitController;
-    const auto list = differences(*WindowAction::InitializePopUp(), *held, scenes);
-    if (list.empty())
-        return printAndEnd("Nothing would change.\n", kExitDone);
-    return printAndEnd(differenceLines(list), kExitDone);
+int showWhatWouldChange(const PopUpValue& lists, const SceneList& scenes) {
+    const ControllerRead held = readController(DeviceOperation::DryRun);
+    if (!held.scenes)
+        return held.exitCode;
+    const auto list = differences(lists, *held.scenes, scenes);
+    const int printed =
+        printAndEnd(list.empty() ? "Nothing would change.\n" : differenceLines(list), kExitDone);
+    return printed == kExitDone ? held.exitCode : printed;
 }
 
 // The exit code; kExitDone when the backup is written.
-int keepBackup(const std::string& file) {
-    const auto held = readController("there is no backup and nothing was sent");
-    if (!held)
-        return kExitController;
-    return storeBank(file, *held, formForArgument(file, BankForm::Image));
+int writeBackup(const std::string& file) {
+    const ControllerRead held = readController(DeviceOperation::Backup);
+    if (!held.scenes)
+        return held.exitCode;
+    const int stored = storeBank(file, *held.scenes, formForArgument(file, BankForm::Image));
+    return stored == kExitDone ? held.exitCode : stored;
 }
 
-int verify(const SceneList& sent) {
-    const auto held = readController("the scenes could not be compared");
-    if (!held)
-        return kExitController;
-    const auto list = differences(*WindowAction::InitializePopUp(), sent, *held);
-    if (list.empty())
-        return printAndEnd("The controller holds what was sent.\n", kExitDone);
+int verify(const PopUpValue& lists, const SceneList& sent) {
+    const ControllerRead held = readController(DeviceOperation::Verify);
+    if (!held.scenes)
+        return held.exitCode;
+    const auto list = differences(lists, sent, *held.scenes);
+    const std::string found = comparisonText(DeviceOperation::Verify, list.size());
+    if (list.empty()) {
+        const int printed = printAndEnd(found + ".\n", kExitDone);
+        return printed == kExitDone ? held.exitCode : printed;
+    }
     if (const auto trouble = printOut(differenceLines(list)))
         complain(*trouble, kExitController);
-    return complain(fmt::format("the controller does not hold what was sent: {} differ{}",
-                                settingsCount(list.size()), list.size() == 1 ? "s" : ""),
-                    kExitController);
+    return complain(found, kExitController);
 }
 
 std::optional<std::string> backupTrouble(const SendOptions& options) {
@@ -72,16 +69,20 @@ int sendBank(const SendOptions& options) {
     const BankFile bank = loadBank(options.in);
     if (bank.trouble)
         return complain(*bank.trouble, kExitUsage);
+    const bool needsLists = options.isDryRun || options.isVerified;
+    const auto lists = needsLists ? readPopUpValue() : std::make_shared<PopUpValue>();
+    if (!lists)
+        return complain(lists.error(), kExitUsage);
     if (options.isDryRun)
-        return tellWhatWouldChange(bank.scenes);
+        return showWhatWouldChange(**lists, bank.scenes);
     if (const auto trouble = backupTrouble(options))
         return complain(*trouble, kExitUsage);
     if (!options.backup.empty())
-        if (const int code = keepBackup(options.backup); code != kExitDone)
+        if (const int code = writeBackup(options.backup); code != kExitDone)
             return code;
-    if (!sendToController(bank.scenes))
-        return kExitController;
-    return options.isVerified ? verify(bank.scenes) : kExitDone;
+    if (const int code = sendToController(bank.scenes); code != kExitDone)
+        return code;
+    return options.isVerified ? verify(**lists, bank.scenes) : kExitDone;
 }
 
 constexpr const char* kSendFooter =

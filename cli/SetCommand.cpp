@@ -1,4 +1,3 @@
-#include "app/WindowAction.h"
 #include "bank/Edit.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -21,9 +20,11 @@ struct SetOptions {
 };
 
 int set(const SetOptions& options) {
-    const auto lists = WindowAction::InitializePopUp();
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return complain(lists.error(), kExitUsage);
     return changeBank(options.bank, [&](const BankFile& bank) -> Result<SceneList> {
-        Edited edited = setValues(*lists, bank.scenes, options.assignments);
+        Edited edited = setValues(**lists, bank.scenes, options.assignments);
         if (edited.trouble)
             return failure(*edited.trouble);
         return std::move(edited.scenes);

@@ -1,4 +1,3 @@
-#include "app/WindowAction.h"
 #include "bank/BankJson.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -42,8 +41,10 @@ int show(const ShowOptions& options) {
         return complain(*bank.trouble, kExitUsage);
     if (options.scene > static_cast<int>(bank.scenes.size()))
         return complain(options.in + ": it is a file of one scene", kExitUsage);
-    const auto lists = WindowAction::InitializePopUp();
-    return printAndEnd((options.isJson ? json : tables)(bank.scenes, *lists, options.scene),
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return complain(lists.error(), kExitUsage);
+    return printAndEnd((options.isJson ? json : tables)(bank.scenes, **lists, options.scene),
                        kExitDone);
 }
 

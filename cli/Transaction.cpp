@@ -1,59 +1,57 @@
 #include "cli/Transaction.h"
 
-#include "app/WindowAction.h"
+#include "app/DeviceSession.h"
 #include "cli/Command.h"
 #include "cli/Patience.h"
 #include "cli/ProgressLine.h"
-#include "cli/TallyReport.h"
-#include "protocol/SendJob.h"
+#include "platform/MainQueue.h"
+#include "protocol/SendTransaction.h"
 
-#include <chrono>
+#include <string>
+#include <utility>
 
 namespace scenewright {
 
-std::optional<SceneList> readController(std::string_view consequence) {
-    const auto message = WindowAction::getMessageValue();
+namespace {
+
+int report(DeviceOperation operation, const Outcome& outcome) {
+    const OutcomeText text = textOf(operation, outcome);
+    std::string report = text.sentence;
+    for (const std::string& detail : text.details)
+        report += (report.empty() ? "" : ". ") + detail;
+    return report.empty() ? text.exitCode : complain(report, text.exitCode);
+}
+
+} // namespace
+
+ControllerRead readController(DeviceOperation operation) {
+    ScenesRead read;
     {
         const ProgressLine progress("Reading", kReadPackets);
         const Patience patience;
-        WindowAction::readSceneData();
+        read = DeviceSession::heldScenes();
     }
-    if (connectFailed(*message)) {
-        complainOfConnection();
-        return std::nullopt;
-    }
-    const TransferTally tally = Transport::instance().tally();
-    if (const auto report = readReport(tally, consequence)) {
-        complain(*report, kExitController);
-        complainOfTransfers(tally);
-        return std::nullopt;
-    }
-    return WindowAction::scenes();
+    const int exitCode = report(operation, read.outcome);
+    if (read.outcome.end != Outcome::End::Done)
+        return {.scenes = std::nullopt, .exitCode = exitCode};
+    return {.scenes = std::move(read.scenes), .exitCode = exitCode};
 }
 
-bool sendToController(SceneList scenes) {
+int sendToController(SceneList scenes) {
     WindowAction::setScenes(std::move(scenes));
-    const auto message = WindowAction::getMessageValue();
+    Outcome outcome;
     {
         const ProgressLine progress("Sending", kSendPackets);
         const Patience patience;
-        WindowAction::sendSceneData();
-        while (!SendJob::waitForEnd(std::chrono::hours(1))) {
-            // A device that does not answer is waited for without limit.
-        }
+        bool hasEnded = false;
+        DeviceSession::send([&](const Outcome& ended) {
+            outcome = ended;
+            hasEnded = true;
+        });
+        MainQueue::pumpUntil([&hasEnded] { return hasEnded; });
     }
     SendJob::join();
-    if (connectFailed(*message)) {
-        complainOfConnection();
-        return false;
-    }
-    const TransferTally tally = Transport::instance().tally();
-    if (const auto report = sendReport(tally)) {
-        complain(*report, kExitController);
-        complainOfTransfers(tally);
-        return false;
-    }
-    return true;
+    return report(DeviceOperation::Send, outcome);
 }
 
 } // namespace scenewright

@@ -1,20 +1,24 @@
 // A read or a send as a command needs it: with its progress line, waited for to its end, and with
-// its trouble told.
+// what went wrong reported on standard error.
 #pragma once
 
+#include "app/OutcomeText.h"
 #include "model/SceneValue.h"
 
 #include <optional>
-#include <string_view>
 
 namespace scenewright {
 
-// The four scenes that the controller holds, once every one of their bytes came from it. Otherwise
-// nothing, and the trouble has been told; `consequence` says in it what was not done therefore ("no
-// file was written").
-[[nodiscard]] std::optional<SceneList> readController(std::string_view consequence);
+struct ControllerRead {
+    // The four scenes that the controller holds, if every one of their bytes came from it.
+    std::optional<SceneList> scenes;
+    int exitCode = 0; // of the outcome; may tell of trouble after a read that went well
+};
 
-// Whether every transfer went well; otherwise the trouble has been told.
-[[nodiscard]] bool sendToController(SceneList scenes);
+// `operation` says what the read is for.
+[[nodiscard]] ControllerRead readController(DeviceOperation operation);
+
+// Gives the exit code; 0 when every transfer went well and was kept.
+[[nodiscard]] int sendToController(SceneList scenes);
 
 } // namespace scenewright

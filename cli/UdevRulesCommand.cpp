@@ -9,8 +9,13 @@ namespace scenewright {
 void addUdevRulesCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command =
         app.add_subcommand("udev-rules", "Print the udev rules that permit the listed keyboards");
-    command->callback(
-        [&choice] { choice.run = [] { return printAndEnd(udevRules(deviceList()), kExitDone); }; });
+    command->callback([&choice] {
+        choice.run = [] {
+            const auto listed = readDeviceList();
+            return listed ? printAndEnd(udevRules(*listed), kExitDone)
+                          : complain(listed.error(), kExitUsage);
+        };
+    });
 }
 
 } // namespace scenewright

@@ -1,3 +1,4 @@
+#include "app/ListCheck.h"
 #include "cli/BankArgument.h"
 #include "cli/CommandLine.h"
 #include "platform/DiagnosticSinks.h"
@@ -6,6 +7,7 @@
 #include "usb/Shutdown.h"
 
 #include <exception>
+#include <new>
 #include <vector>
 
 namespace scenewright {
@@ -29,6 +31,8 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
         return complain(*trouble, kExitUsage);
     if (!choice.usesController)
         return choice.run();
+    if (const auto checked = checkList(kProjectList); !checked)
+        return complain(checked.error(), kExitUsage);
     const Shutdown shutdown;
     if (const auto trouble = connectHost(options))
         return complain(*trouble, kExitUsage);
@@ -60,6 +64,8 @@ int main(int argc, char** argv) {
     scenewright::prepareProcess();
     try {
         return scenewright::run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return scenewright::complain("the system has no memory left", scenewright::kExitController);
     } catch (const std::exception& error) {
         return scenewright::complain(error.what(), scenewright::kExitUsage);
     }

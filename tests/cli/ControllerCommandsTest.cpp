@@ -62,6 +62,18 @@ TEST_F(ControllerCommands, VerifySaysThatTheControllerHoldsWhatWasSent) {
     EXPECT_EQ(readBytes(file("held")), readBytes(file("a.bank")));
 }
 
+TEST_F(ControllerCommands, ASendThatTheVirtualMemoryCannotKeepHasFailed) {
+    expectDone(run({"convert", file("held"), file("held.json")}));
+    const auto held = readBytes(file("held.json"));
+    const ProgramRun sent = testing::runProgram(
+        {"/bin/sh", "-c", // no file may have more than a kilobyte, which the sentence needs less of
+         "trap '' XFSZ; ulimit -f 1; exec " + testing::kProgram +
+             " --virtual=" + file("held.json") + " send " + file("a.bank")});
+    expectSentence(sent, 1, "scenewright-cli: Cannot write " + file("held.json") + ": ");
+    EXPECT_EQ(readBytes(file("held.json")), held);
+    EXPECT_EQ(names(), (std::vector<std::string>{"a.bank", "a.json", "held", "held.json"}));
+}
+
 TEST_F(ControllerCommands, BackupIsWhatWasHeldBeforeTheSend) {
     expectDone(runVirtual({"send", "--backup", file("before.bank"), file("a.bank")}));
     EXPECT_EQ(readBytes(file("before.bank")), randomBank(1));

@@ -1,5 +1,7 @@
 #include "cli/DeviceTable.h"
 
+#include "app/OutcomeText.h"
+
 #include <gtest/gtest.h>
 
 namespace scenewright {
@@ -9,16 +11,15 @@ const DeviceListPlace kList{.devices = {{0x1209, 0x0001}},
                             .inUse = "/usr/share/scenewright/project.plist",
                             .userOwn = "/home/me/.config/scenewright/project.plist"};
 
-const MidiDevice kKeyboard{.bus = 1,
-                           .address = 4,
-                           .vendor = 0x1209,
-                           .product = 0x0001,
-                           .maker = "Acme",
-                           .name = "Keys 25"};
+const AttachedDevice kKeyboard{.bus = 1,
+                               .address = 4,
+                               .ids = {.vendor = 0x1209, .product = 0x0001},
+                               .maker = "Acme",
+                               .name = "Keys 25"};
 
-MidiDevice strangeKeyboard() {
-    MidiDevice device = kKeyboard;
-    device.product = 0x0002;
+AttachedDevice strangeKeyboard() {
+    AttachedDevice device = kKeyboard;
+    device.ids.product = 0x0002;
     device.maker = "";
     return device;
 }
@@ -71,12 +72,14 @@ TEST(DeviceTable, AUserWithoutAHomeNamesAFolder) {
 }
 
 TEST(DeviceTable, ADeviceThatCannotBeOpenedSaysWhy) {
-    MidiDevice device = kKeyboard;
-    device.opening = kResultNoDevice;
-    EXPECT_EQ(deviceTable({{device}}, kList),
-              "Bus 001 Device 004: 1209:0001 Acme Keys 25\n"
-              "  listed: yes\n"
-              "  can be opened: no. The keyboard was unplugged: plug it in and try again.\n");
+    AttachedDevice device = kKeyboard;
+    device.access = AttachedDevice::Access::NoPermission;
+    EXPECT_EQ(deviceTable({{device}}, kList), "Bus 001 Device 004: 1209:0001 Acme Keys 25\n"
+                                              "  listed: yes\n"
+                                              "  can be opened: no. " +
+                                                  causeAndCure(kResultAccess) + ".\n");
+    device.access = AttachedDevice::Access::Claimed;
+    EXPECT_TRUE(deviceTable({{device}}, kList).ends_with("  can be opened: yes\n"));
 }
 
 TEST(DeviceTable, JsonHasTheSameForPrograms) {
@@ -98,12 +101,12 @@ TEST(DeviceTable, JsonHasTheSameForPrograms) {
 }
 
 TEST(DeviceTable, JsonTellsCauseAndLines) {
-    MidiDevice device = strangeKeyboard();
-    device.opening = kResultBusy;
+    AttachedDevice device = strangeKeyboard();
+    device.access = AttachedDevice::Access::NoPermission;
     device.name = "\xFF";
     const std::string json = deviceJson({{device}}, kList);
-    EXPECT_NE(json.find("\"canOpen\": false,\n    \"cause\": \"Another program is using the "
-                        "keyboard: close it and try again\",\n"),
+    EXPECT_NE(json.find("\"canOpen\": false,\n    \"cause\": \"You have no permission to use the "
+                        "keyboard: "),
               std::string::npos);
     EXPECT_NE(json.find("\"linesToAdd\": \"    <dict>\\n        <key>VID</key> "
                         "<integer>4617</integer>\\n        <key>PID</key> "

@@ -2,7 +2,8 @@
 
 #include "cli/Command.h"
 #include "model/Progress.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
+#include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -10,13 +11,17 @@
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 
 namespace {
 
-struct Outcome {
+struct CommandRun {
     int exitCode = 0;
     std::string output;
     std::string errors;
@@ -34,21 +39,25 @@ protected:
         Progress::forget();
     }
 
-    static Outcome run(const std::vector<std::string>& faults, const std::string& line) {
+    static CommandRun run(const std::vector<std::string>& faults, const std::string& line) {
         FaultPlan plan;
         std::string trouble;
         for (const std::string& fault : faults)
             plan.push_back(parseFault(fault, trouble).value());
         auto device = std::make_shared<VirtualController>(BankImage{}, plan);
-        Transport::instance().use(makeVirtualHost(device), [](std::chrono::nanoseconds) {});
+        return runOn(makeVirtualHost(device), line);
+    }
+    static CommandRun runOn(std::shared_ptr<UsbHost> host, const std::string& line) {
+        Transport::instance().use(std::move(host), [](std::chrono::nanoseconds) {});
         CLI::App app;
         CommandChoice choice;
+        addReadCommand(app, choice);
         addSendCommand(app, choice);
         addDiffCommand(app, choice);
         app.parse(line);
         ::testing::internal::CaptureStdout();
         ::testing::internal::CaptureStderr();
-        Outcome outcome;
+        CommandRun outcome;
         outcome.exitCode = choice.run();
         outcome.output = ::testing::internal::GetCapturedStdout();
         outcome.errors = ::testing::internal::GetCapturedStderr();
@@ -61,53 +70,93 @@ protected:
 } // namespace
 
 TEST_F(FaultyController, VerifyListsWhatTheControllerDoesNotHold) {
-    const Outcome outcome = run({"nibble:20"}, "send --verify " + folder.file("zeros"));
+    const CommandRun outcome = run({"nibble:20"}, "send --verify " + folder.file("zeros"));
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.output, "scene1.key1.AssignType  Scene 1, Key 1, Type: Off -> (16)\n");
-    EXPECT_EQ(outcome.errors,
-              "scenewright-cli: the controller does not hold what was sent: 1 setting differs\n");
+    EXPECT_EQ(
+        outcome.errors,
+        "scenewright-cli: The controller does not hold what was sent; settings that differ: 1\n");
 }
 
 TEST_F(FaultyController, SendThatFailsIsNotVerified) {
-    const Outcome outcome = run({"write:700"}, "send --verify " + folder.file("zeros"));
+    const CommandRun outcome = run({"write:700"}, "send --verify " + folder.file("zeros"));
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_NE(outcome.errors.find("the send failed at packet"), std::string::npos);
+    EXPECT_EQ(
+        outcome.errors,
+        "scenewright-cli: 329 of 1032 transfers failed, the first at packet 700 (the USB transfer "
+        "failed): the keyboard may hold half a bank, and sending again repairs it. "
+        "The keyboard does not answer: unplug it, plug it in again and try "
+        "again\n");
+}
+
+TEST_F(FaultyController, SendWithoutAThreadSendsNothingAndSaysSo) {
+    const testing::NoMoreThreads none;
+    const CommandRun outcome = run({}, "send --verify " + folder.file("zeros"));
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors,
+              "scenewright-cli: The transfer could not be started: nothing was sent. "
+              "The system is short of memory or threads: close other programs and "
+              "try again\n");
 }
 
 TEST_F(FaultyController, BackupThatWasNotReadWholeSendsNothing) {
-    const Outcome outcome =
+    const CommandRun outcome =
         run({"short:7"}, "send --backup " + folder.file("before") + " " + folder.file("zeros"));
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(
         outcome.errors,
-        "scenewright-cli: the read failed at byte 7 of 1012: the answer was too short (code "
-        "00000000); 1 of 2030 transfers failed, so there is no backup and nothing was sent\n");
+        "scenewright-cli: 1 of 2030 transfers failed, the first at byte 7 of 1012 (the answer was "
+        "too short): there is no backup and nothing was sent\n");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
 }
 
 TEST_F(FaultyController, DryRunAndDiffWithoutAWholeReadSayNothingOfDifferences) {
-    Outcome outcome = run({"short:7"}, "send --dry-run " + folder.file("zeros"));
+    CommandRun outcome = run({"short:7"}, "send --dry-run " + folder.file("zeros"));
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(outcome.errors.ends_with("so it is not known what would change\n"))
+    EXPECT_TRUE(outcome.errors.ends_with(": it is not known what would change\n"))
         << outcome.errors;
     outcome = run({"short:7"}, "diff device: " + folder.file("zeros"));
     EXPECT_EQ(outcome.exitCode, 2);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(outcome.errors.ends_with("so nothing was compared\n")) << outcome.errors;
+    EXPECT_TRUE(outcome.errors.ends_with(": nothing was compared\n")) << outcome.errors;
 }
 
-TEST_F(FaultyController, AbsentControllerIsToldByDiffAsTrouble) {
-    CLI::App app;
-    CommandChoice choice;
-    addDiffCommand(app, choice);
-    app.parse("diff device: " + folder.file("zeros"));
-    Transport::instance().use(nullptr);
-    ::testing::internal::CaptureStderr();
-    EXPECT_EQ(choice.run(), 2);
-    EXPECT_TRUE(::testing::internal::GetCapturedStderr().starts_with(
-        "scenewright-cli: Could not connect to midi device\n"));
+struct Absence {
+    const char* command; // with ZEROS and NEW for files
+    int exitCode;
+    const char* consequence;
+};
+
+TEST_F(FaultyController, EachCommandTellsThatThereIsNoController) {
+    for (const Absence& row :
+         {Absence{"read NEW", 1, "no file was written"},
+          Absence{"send ZEROS", 1, "nothing was sent"},
+          Absence{"send --verify ZEROS", 1, "nothing was sent"},
+          Absence{"send --backup NEW ZEROS", 1, "there is no backup and nothing was sent"},
+          Absence{"send --dry-run ZEROS", 1, "it is not known what would change"},
+          Absence{"diff device: ZEROS", 2, "nothing was compared"},
+          Absence{"diff ZEROS device:", 2, "nothing was compared"}}) {
+        std::string line = row.command;
+        for (const auto& [word, file] : {std::pair{"ZEROS", "zeros"}, std::pair{"NEW", "new"}})
+            if (const auto place = line.find(word); place != std::string::npos)
+                line.replace(place, std::string(word).size(), folder.file(file));
+        const CommandRun outcome =
+            runOn(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}), BankKeeper({}),
+                                  {.vendor = 1}),
+                  line);
+        EXPECT_EQ(outcome.exitCode, row.exitCode) << line;
+        EXPECT_EQ(outcome.output, "") << line;
+        EXPECT_EQ(outcome.errors,
+                  std::string("scenewright-cli: The keyboard could not be reached: ") +
+                      row.consequence +
+                      ". No keyboard of the device list is plugged in: plug it in, "
+                      "or see what 'scenewright-cli devices' says about yours\n")
+            << line;
+    }
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
 }
 
 } // namespace scenewright

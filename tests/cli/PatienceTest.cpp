@@ -51,7 +51,7 @@ TEST_F(PatienceTest, RepeatedHandshakesAreNoProgress) {
     EXPECT_EQ(saidDuring([] {
                   Transport::instance().countWrite(kResultSuccess);
                   Transport::instance().countWrite(kResultSuccess);
-                  Transport::instance().countRead(kResultSuccess, 12, true);
+                  Transport::instance().countRead({.delivered = 12}, true);
               }),
               kNotAnswering);
 }
