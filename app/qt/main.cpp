@@ -1,16 +1,16 @@
 // The editor's window as a program.
 #include "app/Launch.h"
+#include "app/ListCheck.h"
 #include "editor/qt/Appearance.h"
 #include "editor/qt/EditorCommands.h"
-#include "editor/qt/Ending.h"
-#include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/QuitController.h"
 #include "editor/qt/Translation.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
 #include "platform/StandardStreams.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
 
@@ -44,33 +44,24 @@ bool hasDisplay() {
     return false;
 }
 
-// What the toolkit says goes to the system log; while it opens the display it is held back, because
-// the toolkit ends the program when it cannot, and then one sentence is to be seen.
+// While the toolkit opens the display it is held back: it ends the program when it cannot, and then
+// one sentence is to be seen, its first. Afterwards it speaks as in any program.
 class ToolkitMessages {
 public:
     ToolkitMessages() = delete;
 
-    static void take() { qInstallMessageHandler(&onMessage); }
-    static void displayIsOpen() {
-        isOpening_ = false;
-        if (!first_.empty())
-            Diagnostics::log("%s", first_);
-    }
+    static void hold() { qInstallMessageHandler(&onMessage); }
+    static void letGo() { qInstallMessageHandler(nullptr); }
 
 private:
     static void onMessage(QtMsgType type, const QMessageLogContext& /*context*/,
                           const QString& text) {
-        if (type == QtFatalMsg)
-            std::_Exit(
-                complain("cannot open a window: " + (first_.empty() ? text.toStdString() : first_),
-                         kExitTrouble));
-        if (!isOpening_)
-            Diagnostics::log("%s", text.toStdString());
-        else if (first_.empty())
+        if (first_.empty())
             first_ = text.toStdString();
+        if (type == QtFatalMsg)
+            std::_Exit(complain("cannot open a window: " + first_, kExitTrouble));
     }
 
-    static inline bool isOpening_ = true;
     static inline std::string first_;
 };
 
@@ -99,11 +90,14 @@ int showWindow(QApplication& application, bool isVirtual) {
     const MainLoop loop;
     const Translation translation(QLocale::system());
     Appearance appearance(application);
-    Ending ending;
-    MainWindow window(ending, appearance, isVirtual);
+    QuitController quit;
+    MainWindow window(quit, appearance, isVirtual);
     if (const auto& trouble = window.picture().drawing().trouble())
         return complain(*trouble, kExitUsage);
-    const EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
+    EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
+    if (!isVirtual)
+        commands.keyboard().follow(DeviceMonitor::start());
+    commands.reportLists(listErrors());
     window.show();
     const int exitCode = QApplication::exec();
     releaseBus();
@@ -136,9 +130,9 @@ int run(int argc, char** argv) {
                         kExitTrouble);
     if (const auto trouble = connectHost(options))
         return complain(*trouble, kExitUsage);
-    ToolkitMessages::take();
+    ToolkitMessages::hold();
     QApplication application(argc, argv);
-    ToolkitMessages::displayIsOpen();
+    ToolkitMessages::letGo();
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
     return showWindow(application, options.isVirtual);

@@ -69,8 +69,7 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files)
     window_.menu().file().insertSeparator(&window_.menu().quit());
     connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
     connect(earlier_, &QMenu::aboutToShow, this, &BankCommands::fillEarlier);
-    connect(&window_.commands(), &DeviceCommands::aboutToRead, this, &BankCommands::keepBeforeRead);
-    connect(&window_.commands(), &DeviceCommands::readEnded, this, &BankCommands::afterRead);
+    window_.commands().setKeepScenes([this] { return files_.keep(); });
     window_.setAcceptDrops(true);
     window_.installEventFilter(this);
 }
@@ -136,26 +135,35 @@ void BankCommands::saveScene(const QString& file) {
         RecentFiles::setFolderOf(file);
 }
 
-void BankCommands::bringBackNewest() {
-    showOutcome(files_.bringBackNewest(), tr("Brought back the earlier scenes"));
+void BankCommands::restoreLatest() {
+    showOutcome(files_.restoreLatest(), tr("Brought back the earlier scenes"));
 }
 
 bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString& done) {
-    window_.status().setAdvice(outcome.trouble ? shown(*outcome.trouble) : QString());
+    post(outcome.trouble, outcome.isDone ? done : QString());
     if (!outcome.isDone)
         return false;
-    window_.view().setSelectControl(0);
-    window_.view().showSceneValue();
-    window_.status().message().setText(done.toStdString());
+    window_.showScenesAnew();
     emit replaced();
     return true;
 }
 
-void BankCommands::showSaved(const std::optional<std::string>& trouble, const QString& file) {
-    window_.status().setAdvice(trouble ? shown(*trouble) : QString());
-    if (!trouble)
-        window_.status().message().setText(
-            tr("Saved %1").arg(QFileInfo(file).fileName()).toStdString());
+void BankCommands::showSaved(const std::optional<std::string>& error, const QString& file) {
+    post(error, error ? QString() : tr("Saved %1").arg(QFileInfo(file).fileName()));
+}
+
+// Both may be there: something was done, and something else beside it was not.
+void BankCommands::post(const std::optional<std::string>& error, const QString& done) {
+    QStringList lines;
+    if (!done.isEmpty())
+        lines.append(done);
+    if (error)
+        lines.append(shown(*error));
+    if (lines.isEmpty())
+        return window_.notices().withdraw(Notice::Source::Files);
+    window_.notices().post({.source = Notice::Source::Files,
+                            .kind = error ? Notice::Kind::Error : Notice::Kind::Done,
+                            .text = lines.join(QLatin1Char('\n'))});
 }
 
 void BankCommands::fillRecent() {
@@ -182,16 +190,6 @@ void BankCommands::fillEarlier() {
     }
     if (earlier_->isEmpty())
         earlier_->addAction(tr("None"))->setEnabled(false);
-}
-
-void BankCommands::keepBeforeRead() {
-    notKept_ = files_.keep();
-}
-
-void BankCommands::afterRead() {
-    if (notKept_)
-        window_.status().setAdvice(shown(*notKept_));
-    notKept_.reset();
 }
 
 bool BankCommands::eventFilter(QObject* watched, QEvent* event) {

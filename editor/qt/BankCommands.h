@@ -19,14 +19,14 @@ class BankCommands final : public QObject {
 public:
     BankCommands(MainWindow& window, StoreFiles files);
 
-    // A file that cannot be opened or written is told under the status line, and nothing is
-    // changed. Paths of local files.
+    // A notice tells what was done; one of an error when a file could not be opened or written,
+    // and then nothing is changed. Paths of local files.
     void openBank(const QString& file);
     void saveBank(const QString& file);
     void openScene(const QString& file);
     void saveScene(const QString& file);
     // The newest of the earlier scenes that are not those shown.
-    void bringBackNewest();
+    void restoreLatest();
     [[nodiscard]] bool hasEarlier() const { return files_.newestOther().has_value(); }
 
     [[nodiscard]] QMenu& recentMenu() { return *recent_; }
@@ -55,15 +55,13 @@ private:
     void askForFile(const FileEntry& entry);
     void fillRecent();
     void fillEarlier();
-    void keepBeforeRead();
-    void afterRead();
     bool showOutcome(const StoreFiles::Outcome& outcome, const QString& done);
-    void showSaved(const std::optional<std::string>& trouble, const QString& file);
+    void showSaved(const std::optional<std::string>& error, const QString& file);
+    void post(const std::optional<std::string>& error, const QString& done);
 
     MainWindow& window_;
     StoreFiles files_;
-    std::optional<std::string> notKept_; // by the read under way
-    QMenu* recent_ = nullptr;            // children of the File menu
+    QMenu* recent_ = nullptr; // children of the File menu
     QMenu* earlier_ = nullptr;
 };
 

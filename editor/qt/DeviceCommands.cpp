@@ -1,73 +1,40 @@
 #include "editor/qt/DeviceCommands.h"
 
-#include "app/WindowAction.h"
-#include "editor/qt/Text.h"
-#include "editor/qt/TransferAdvice.h"
 #include "editor/qt/WaitCursor.h"
-#include "protocol/SendJob.h"
-#include "usb/ConnectCause.h"
-#include "usb/Transport.h"
 
-#include <string_view>
+#include <QPointer>
 
 namespace scenewright {
 
-namespace {
-
-constexpr std::string_view kNotConnected = "Could not connect to midi device";
-constexpr std::chrono::milliseconds kTransferPoll{50};
-
-} // namespace
-
-DeviceCommands::DeviceCommands(QObject* parent) : QObject(parent) {
-    poll_.setInterval(kTransferPoll);
-    connect(&poll_, &QTimer::timeout, this, &DeviceCommands::checkEnd);
-}
-
-bool DeviceCommands::wasConnected() {
-    return WindowAction::getMessageValue()->Message() != kNotConnected;
-}
-
-QString DeviceCommands::adviceNow(TallyAdvice ofTally) const {
-    if (!wasConnected())
-        return shown(connectCause());
-    return ofTally(Transport::instance().tally());
-}
-
 void DeviceCommands::read() {
-    if (SendJob::isRunning())
+    if (isBusy())
         return;
-    emit advised({});
-    emit aboutToRead();
+    emit started();
+    const auto notKept = keepScenes_ ? keepScenes_() : std::nullopt;
+    Outcome outcome;
     {
         const WaitCursor cursor;
-        delegate_.readSceneDataAction();
+        DeviceSession::read([&outcome](const Outcome& ended) { outcome = ended; });
     }
-    emit advised(adviceNow(&readAdvice));
-    emit readEnded();
+    if (notKept)
+        outcome.notKept.push_back(*notKept);
+    emit readEnded(outcome);
 }
 
 void DeviceCommands::send() {
-    if (SendJob::isRunning())
+    if (isBusy())
         return;
-    emit advised({});
-    {
-        const WaitCursor cursor;
-        delegate_.sendSceneDataAction();
-    }
-    // Told as busy even if the job should have ended by now, so that every send ends in one way.
-    poll_.start();
+    emit started();
+    isSending_ = true;
     emit busyChanged(true);
-    checkEnd();
-}
-
-void DeviceCommands::checkEnd() {
-    if (SendJob::isRunning())
-        return;
-    poll_.stop();
-    emit busyChanged(false);
-    emit advised(adviceNow(&sendAdvice));
-    emit sendEnded();
+    const WaitCursor cursor;
+    DeviceSession::send([self = QPointer(this)](const Outcome& outcome) {
+        if (!self) // the window has gone meanwhile
+            return;
+        self->isSending_ = false;
+        emit self->busyChanged(false);
+        emit self->sendEnded(outcome);
+    });
 }
 
 } // namespace scenewright

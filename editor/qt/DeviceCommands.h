@@ -1,13 +1,13 @@
 // The two commands on the controller, one at a time, as the window runs them.
 #pragma once
 
-#include "app/AppDelegate.h"
-#include "usb/TransferTally.h"
+#include "app/DeviceSession.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace scenewright {
 
@@ -16,34 +16,30 @@ class DeviceCommands final : public QObject {
     Q_OBJECT
 
 public:
-    explicit DeviceCommands(QObject* parent = nullptr);
+    using QObject::QObject;
+
+    // Keeps the scenes that a read is about to replace; gives one sentence when it could not.
+    using KeepScenes = std::function<std::optional<std::string>()>;
+    void setKeepScenes(KeepScenes keep) { keepScenes_ = std::move(keep); }
 
     // Both do nothing while a send runs. A read blocks, under the wait cursor, until it has ended.
     void read();
     void send();
 
-    [[nodiscard]] bool isBusy() const { return poll_.isActive(); }
-    // Whether the last command reached the controller.
-    [[nodiscard]] static bool wasConnected();
+    [[nodiscard]] bool isBusy() const { return isSending_; }
 
 signals:
     // A send has begun, or has ended.
     void busyChanged(bool isBusy);
-    // What lies behind the end of the last command; empty when nothing is wrong.
-    void advised(const QString& advice);
-    // A read is about to replace the scenes; it has ended; a send has ended. Each end comes after
-    // its advice, and the transport still holds the tally of the command.
-    void aboutToRead();
-    void readEnded();
-    void sendEnded();
+    // A read or a send begins.
+    void started();
+    // What the command did, once it has ended and the keyboard was given back.
+    void readEnded(const scenewright::Outcome& outcome);
+    void sendEnded(const scenewright::Outcome& outcome);
 
 private:
-    using TallyAdvice = QString (*)(const TransferTally&);
-    [[nodiscard]] QString adviceNow(TallyAdvice ofTally) const;
-    void checkEnd();
-
-    AppDelegate delegate_;
-    QTimer poll_; // active while a send runs
+    KeepScenes keepScenes_;
+    bool isSending_ = false;
 };
 
 } // namespace scenewright

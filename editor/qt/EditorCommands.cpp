@@ -2,8 +2,7 @@
 
 #include "editor/qt/Owned.h"
 #include "editor/qt/ProgramSettings.h"
-
-#include <QBoxLayout>
+#include "editor/qt/Text.h"
 
 namespace scenewright {
 
@@ -14,22 +13,27 @@ const QString kGeometryKey = QStringLiteral("geometry");
 } // namespace
 
 EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files)
-    : window_(window), notice_(&owned<NoticeBar>(window.centralWidget())),
-      keyboard_(&owned<KeyboardWatch>(std::move(look), &window.status())),
-      banks_(window, std::move(files)), controls_(window), checks_(window, banks_, *notice_) {
-    static_cast<QBoxLayout*>(window.centralWidget()->layout())->insertWidget(0, notice_);
+    : window_(window), keyboard_(&owned<KeyboardWatch>(std::move(look), &window.status())),
+      banks_(window, std::move(files)), controls_(window), verification_(window, banks_) {
     window.status().addMark(*keyboard_);
-    restoreWindow();
+    const auto lookAgain = [this] { keyboard_->look(); };
+    QObject::connect(&window.commands(), &DeviceCommands::readEnded, keyboard_, lookAgain);
+    QObject::connect(&window.commands(), &DeviceCommands::sendEnded, keyboard_, lookAgain);
+    window_.restoreGeometry(programSettings().value(kGeometryKey).toByteArray());
+}
+
+void EditorCommands::reportLists(const std::vector<std::string>& errors) {
+    QStringList lines;
+    for (const std::string& error : errors)
+        lines.append(shown(error));
+    if (!lines.isEmpty())
+        window_.notices().post({.source = Notice::Source::Resources,
+                                .kind = Notice::Kind::Error,
+                                .text = lines.join(QLatin1Char('\n'))});
 }
 
 EditorCommands::~EditorCommands() {
-    QSettings settings = programSettings();
-    settings.setValue(kGeometryKey, window_.saveGeometry());
-}
-
-void EditorCommands::restoreWindow() {
-    const QSettings settings = programSettings();
-    window_.restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    programSettings().setValue(kGeometryKey, window_.saveGeometry());
 }
 
 } // namespace scenewright

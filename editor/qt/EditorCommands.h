@@ -4,10 +4,12 @@
 
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/ControlCommands.h"
-#include "editor/qt/DeviceChecks.h"
+#include "editor/qt/DeviceVerification.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
-#include "editor/qt/NoticeBar.h"
+
+#include <string>
+#include <vector>
 
 namespace scenewright {
 
@@ -23,21 +25,20 @@ public:
     EditorCommands(EditorCommands&&) = delete;
     EditorCommands& operator=(EditorCommands&&) = delete;
 
+    // A notice for lists that cannot serve, one sentence each; none for none.
+    void reportLists(const std::vector<std::string>& errors);
+
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
-    [[nodiscard]] DeviceChecks& checks() { return checks_; }
-    [[nodiscard]] NoticeBar& notice() { return *notice_; }
+    [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
 private:
-    void restoreWindow();
-
     MainWindow& window_;
-    NoticeBar* notice_; // children of the window
-    KeyboardWatch* keyboard_;
+    KeyboardWatch* keyboard_; // child of the window
     BankCommands banks_;
     ControlCommands controls_;
-    DeviceChecks checks_;
+    DeviceVerification verification_;
 };
 
 } // namespace scenewright

@@ -1,36 +1,17 @@
 #include "editor/qt/KeyboardWatch.h"
 
+#include "app/OutcomeText.h"
+#include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
-#include "platform/Diagnostics.h"
-#include "protocol/SendJob.h"
-#include "usb/ConnectCause.h"
-#include "usb/Transport.h"
+#include "protocol/SendTransaction.h"
+
+#include <QSocketNotifier>
 
 #include <utility>
 
 namespace scenewright {
 
 namespace {
-
-// A read leaves the interface open until the next transaction.
-bool hasOwnClaim() {
-    const auto interface = Transport::instance().interface();
-    return interface && !interface->isStale();
-}
-
-const char* nameOf(KeyboardPresence presence) {
-    switch (presence) {
-    case KeyboardPresence::Unplugged:
-        return "not plugged in";
-    case KeyboardPresence::NoPermission:
-        return "plugged in, no permission";
-    case KeyboardPresence::Claimed:
-        return "in use by another program";
-    case KeyboardPresence::Usable:
-        return "plugged in";
-    }
-    return "";
-}
 
 QString textOf(KeyboardPresence presence) {
     switch (presence) {
@@ -60,31 +41,33 @@ KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_
     setAccessibleName(tr("Keyboard"));
     setProperty("role", "field");
     setTextFormat(Qt::PlainText);
-    if (!look_) {
+    if (!look_)
         setText(tr("Virtual controller"));
-        return;
-    }
-    timer_.setInterval(kInterval);
-    connect(&timer_, &QTimer::timeout, this, &KeyboardWatch::look);
-    timer_.start();
     this->look();
 }
 
 KeyboardWatch::Look KeyboardWatch::kernelLook() {
-    return [] { return keyboardPresence(deviceList()); };
+    return [] { return keyboardPresence(deviceList(), attachedDevices()); };
+}
+
+void KeyboardWatch::follow(Result<DeviceMonitor> monitor) {
+    if (!monitor)
+        return;
+    monitor_ = *std::move(monitor);
+    auto& notifier = owned<QSocketNotifier>(monitor_->descriptor(), QSocketNotifier::Read, this);
+    connect(&notifier, &QSocketNotifier::activated, this, [this] {
+        monitor_->drain();
+        look();
+    });
 }
 
 void KeyboardWatch::look() {
-    if (!SendJob::isRunning())
-        show(look_());
-}
-
-void KeyboardWatch::show(KeyboardPresence presence) {
-    if (presence == KeyboardPresence::Claimed && hasOwnClaim())
-        presence = KeyboardPresence::Usable;
+    // The claim that shows during a send is our own; the end of the send looks again.
+    if (!look_ || SendJob::isRunning())
+        return;
+    const KeyboardPresence presence = look_();
     if (std::exchange(shown_, presence) == presence)
         return;
-    Diagnostics::log("Keyboard: %s", nameOf(presence));
     setText(textOf(presence));
     setToolTip(cureOf(presence));
 }

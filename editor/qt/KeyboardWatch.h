@@ -1,19 +1,15 @@
 // Says at the foot of the window whether a listed keyboard is plugged in and can be used.
 //
-// It looks at what the kernel shows, opens nothing, and looks away while a transfer runs. Each
-// change is a line of the log.
+// It looks at what the kernel shows when the system tells that a device came or went, opens
+// nothing, and looks away while a transfer runs.
 #pragma once
 
-#include "usb/KeyboardPresence.h"
+#include "usb/AttachedDevices.h"
 
 #include <QLabel>
-#include <QTimer>
 
-#include <chrono>
-#include <filesystem>
 #include <functional>
 #include <optional>
-#include <vector>
 
 namespace scenewright {
 
@@ -22,21 +18,21 @@ class KeyboardWatch final : public QLabel {
 
 public:
     using Look = std::function<KeyboardPresence()>;
-    // A plug is to be seen within a second.
-    static constexpr std::chrono::milliseconds kInterval{700};
 
     // Without a `look` there is nothing to see: the controller is the virtual one.
     explicit KeyboardWatch(Look look, QWidget* parent = nullptr);
 
-    // The kernel's devices, against the device list, which is read again when it has changed.
+    // The kernel's devices, against the device list.
     [[nodiscard]] static Look kernelLook();
+    // Looks each time the monitor has something to tell. Where none could be started, at the calls
+    // of look() alone.
+    void follow(Result<DeviceMonitor> monitor);
+
+    void look();
 
 private:
-    void look();
-    void show(KeyboardPresence presence);
-
     Look look_;
-    QTimer timer_;
+    std::optional<DeviceMonitor> monitor_;
     std::optional<KeyboardPresence> shown_;
 };
 

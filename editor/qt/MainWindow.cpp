@@ -19,7 +19,7 @@ constexpr int kTitleWidth = 96; // of a scene's name in its segment, in device-i
 
 } // namespace
 
-MainWindow::MainWindow(Ending& application, Appearance& appearance, bool isVirtual)
+MainWindow::MainWindow(QuitController& application, Appearance& appearance, bool isVirtual)
     : application_(application), appearance_(appearance), windowController_(*this, application) {
     setWindowTitle(isVirtual ? tr("Scenewright – Virtual controller") : tr("Scenewright"));
     setAccessibleName(windowTitle());
@@ -30,7 +30,7 @@ MainWindow::MainWindow(Ending& application, Appearance& appearance, bool isVirtu
     menu_->setModes(displayModes_->titles());
     connectChoices();
     connectCommands();
-    connectEnding();
+    connectQuit();
     addSceneKeys();
     addAppearanceMenu();
     view_.setOnChange([this] { refresh(); });
@@ -73,16 +73,17 @@ void MainWindow::connectCommands() {
     connect(&menu_->send(), &QAction::triggered, &commands_, &DeviceCommands::send);
     connect(sendButton_, &QPushButton::clicked, &commands_, &DeviceCommands::send);
     connect(&commands_, &DeviceCommands::busyChanged, this, &MainWindow::showBusy);
-    connect(&commands_, &DeviceCommands::advised, status_, &StatusLine::setAdvice);
     connect(&menu_->gainPanel(), &QAction::triggered, this, &MainWindow::showGainPanel);
     connect(&menu_->about(), &QAction::triggered, this, &MainWindow::showAbout);
 }
 
-void MainWindow::connectEnding() {
-    connect(&menu_->quit(), &QAction::triggered, &application_, &Ending::terminate);
-    connect(&application_, &Ending::waiting, this, [this] {
+void MainWindow::connectQuit() {
+    connect(&menu_->quit(), &QAction::triggered, &application_, &QuitController::terminate);
+    connect(&application_, &QuitController::waiting, this, [this] {
         centralWidget()->setEnabled(false);
-        status_->setAdvice(tr("The program ends when the scenes have been sent."));
+        notices_->post({.source = Notice::Source::Quit,
+                        .kind = Notice::Kind::Done,
+                        .text = tr("The program ends when the scenes have been sent")});
     });
 }
 
@@ -132,6 +133,11 @@ void MainWindow::showGainPanel() {
 
 void MainWindow::showAbout() {
     About(this).exec();
+}
+
+void MainWindow::showScenesAnew() {
+    view_.setSelectControl(0);
+    view_.showSceneValue();
 }
 
 void MainWindow::refresh() {

@@ -8,9 +8,10 @@
 #include "editor/qt/ControlList.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DevicePicture.h"
-#include "editor/qt/Ending.h"
 #include "editor/qt/GainWindow.h"
 #include "editor/qt/MainMenu.h"
+#include "editor/qt/NoticeBar.h"
+#include "editor/qt/QuitController.h"
 #include "editor/qt/SegmentBar.h"
 #include "editor/qt/StatusLine.h"
 #include "editor/qt/ValuePanes.h"
@@ -43,7 +44,7 @@ class MainWindow final : public QMainWindow, public Window {
 public:
     // `application` ends when the user wants it; `appearance` and `application` outlive the window.
     // Scenes and progress record are the process's own.
-    MainWindow(Ending& application, Appearance& appearance, bool isVirtual);
+    MainWindow(QuitController& application, Appearance& appearance, bool isVirtual);
     ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -60,11 +61,15 @@ public:
     [[nodiscard]] ValuePanes& panes() { return *panes_; }
     [[nodiscard]] StatusLine& status() { return *status_; }
     [[nodiscard]] MainMenu& menu() { return *menu_; }
+    [[nodiscard]] NoticeBar& notices() { return *notices_; }
     [[nodiscard]] DeviceCommands& commands() { return commands_; }
     [[nodiscard]] QPushButton& readButton() { return *readButton_; }
     [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
+    // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
+    void showScenesAnew();
+
 signals:
     // After each change of the view: what the view logic does not know of has followed it.
     void refreshed();
@@ -78,7 +83,7 @@ private:
     void connectOutlets();
     void connectChoices();
     void connectCommands();
-    void connectEnding();
+    void connectQuit();
     void addSceneKeys();
     void addAppearanceMenu();
     void showBusy(bool isBusy);
@@ -91,7 +96,7 @@ private:
     // A value that is being typed is chosen as the keyboard leaves its field.
     void finishTyping();
 
-    Ending& application_;
+    QuitController& application_;
     Appearance& appearance_;
     ViewController view_;
     CloseButton closeButton_;
@@ -107,6 +112,7 @@ private:
     ValuePanes* panes_ = nullptr;
     StatusLine* status_ = nullptr;
     MainMenu* menu_ = nullptr;
+    NoticeBar* notices_ = nullptr;
     GainWindow* gainPanel_ = nullptr;
 };
 

@@ -51,6 +51,8 @@ void MainWindow::layOut() {
     rows.setSpacing(kGap);
     setCentralWidget(&root);
     layOutHeader(nested<QHBoxLayout>(rows));
+    notices_ = &owned<NoticeBar>(&root);
+    rows.addWidget(notices_);
 
     auto& middle = nested<QHBoxLayout>(rows, 1);
     list_ = &owned<ControlList>(&root);

@@ -5,6 +5,9 @@
 #include <QHBoxLayout>
 #include <QStyle>
 
+#include <algorithm>
+#include <utility>
+
 namespace scenewright {
 
 NoticeBar::NoticeBar(QWidget* parent)
@@ -13,7 +16,7 @@ NoticeBar::NoticeBar(QWidget* parent)
     setObjectName(QStringLiteral("notice"));
     setAccessibleName(tr("Notice"));
     setProperty("panel", true);
-    text_->setAccessibleName(tr("Notice"));
+    text_->setAccessibleName(accessibleName());
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -26,43 +29,77 @@ NoticeBar::NoticeBar(QWidget* parent)
     hide();
 }
 
-void NoticeBar::tell(Kind kind, const QString& text, std::vector<Offer> offers) {
-    dismiss();
-    text_->setText(text);
-    text_->setProperty("role", kind == Kind::Trouble ? "trouble" : "notice");
-    text_->style()->unpolish(text_);
-    text_->style()->polish(text_);
-    for (Offer& offer : offers)
-        addOffer(std::move(offer));
-    show();
+void NoticeBar::post(Notice notice) {
+    // What was done and has been seen does not keep what is new waiting.
+    if (!notices_.empty() && notices_.front().kind == Notice::Kind::Done &&
+        notices_.front().source != notice.source)
+        notices_.pop_front();
+    const auto former = std::ranges::find(notices_, notice.source, &Notice::source);
+    const bool isShown = former == notices_.begin(); // or there are none
+    if (former != notices_.end())
+        *former = std::move(notice);
+    else
+        notices_.push_back(std::move(notice));
+    if (isShown)
+        showFirst();
+}
+
+void NoticeBar::withdraw(Notice::Source source) {
+    const auto found = std::ranges::find(notices_, source, &Notice::source);
+    if (found == notices_.end())
+        return;
+    const bool isShown = found == notices_.begin();
+    notices_.erase(found);
+    if (isShown)
+        showFirst();
 }
 
 void NoticeBar::dismiss() {
-    hide();
+    if (!notices_.empty())
+        notices_.pop_front();
+    showFirst();
+}
+
+QPushButton* NoticeBar::action(std::size_t place) const {
+    return place < buttons_.size() ? buttons_[place] : nullptr;
+}
+
+void NoticeBar::showFirst() {
+    clearActions();
+    setVisible(!notices_.empty());
+    if (notices_.empty())
+        return;
+    const Notice& notice = notices_.front();
+    text_->setText(notice.text);
+    text_->setAccessibleName(notice.text);
+    text_->setProperty("role", notice.kind == Notice::Kind::Error ? "trouble" : "notice");
+    text_->style()->unpolish(text_);
+    text_->style()->polish(text_);
+    for (const NoticeAction& action : notice.actions)
+        addAction(action);
+}
+
+void NoticeBar::addAction(const NoticeAction& action) {
+    auto& button = owned<QPushButton>(action.title, this);
+    button.setAccessibleName(action.title);
+    button.setAutoDefault(false);
+    row_->insertWidget(row_->indexOf(close_), &button);
+    buttons_.push_back(&button);
+    connect(&button, &QPushButton::clicked, this, [this, chosen = action.action] {
+        const auto kept = chosen; // the button goes with the notice
+        dismiss();
+        kept();
+    });
+}
+
+void NoticeBar::clearActions() {
     // Later, as this may be the work of one of them.
-    for (QPushButton* button : offers_) {
+    for (QPushButton* button : buttons_) {
         row_->removeWidget(button);
         button->hide();
         button->deleteLater();
     }
-    offers_.clear();
-}
-
-QPushButton* NoticeBar::offer(std::size_t place) const {
-    return place < offers_.size() ? offers_[place] : nullptr;
-}
-
-void NoticeBar::addOffer(Offer offer) {
-    auto& button = owned<QPushButton>(offer.title, this);
-    button.setAccessibleName(offer.title);
-    button.setAutoDefault(false);
-    row_->insertWidget(row_->indexOf(close_), &button);
-    offers_.push_back(&button);
-    connect(&button, &QPushButton::clicked, this, [this, action = std::move(offer.action)] {
-        const auto kept = action; // the button goes with the notice
-        dismiss();
-        kept();
-    });
+    buttons_.clear();
 }
 
 } // namespace scenewright

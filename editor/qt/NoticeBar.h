@@ -1,5 +1,5 @@
 // A bar across the window that tells what a person should know before going on, with buttons for
-// what they may want to do about it.
+// what they may want to do about it. One notice is shown at a time; the others wait their turn.
 #pragma once
 
 #include <QFrame>
@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <vector>
 
@@ -14,36 +15,56 @@ class QHBoxLayout;
 
 namespace scenewright {
 
+struct NoticeAction {
+    QString title;
+    std::function<void()> action;
+};
+
+struct Notice {
+    enum class Kind : std::uint8_t { Done, Error };
+    // Who speaks. A source has one notice at most: its next one takes the place of the former.
+    enum class Source : std::uint8_t { Transfer, Comparison, Files, Resources, Quit };
+
+    Source source = Source::Transfer;
+    Kind kind = Kind::Error;
+    QString text;
+    std::vector<NoticeAction> actions{};
+};
+
 class NoticeBar final : public QFrame {
     Q_OBJECT
 
 public:
-    enum class Kind : std::uint8_t { Done, Trouble };
-    struct Offer {
-        QString title;
-        std::function<void()> action;
-    };
-
-    // Hidden until there is something to tell.
+    // Hidden until there is something to show.
     explicit NoticeBar(QWidget* parent);
 
-    // Replaces the former notice. Taking an offer dismisses the notice first.
-    void tell(Kind kind, const QString& text, std::vector<Offer> offers = {});
+    // Behind those that wait, or in the place of the source's former one. One that is shown and
+    // tells of nothing but what was done gives way.
+    void post(Notice notice);
+    // What the source has to say no longer holds. The notices of others stay.
+    void withdraw(Notice::Source source);
+    // Ends the notice that is shown, and shows the next. Choosing an action dismisses first.
     void dismiss();
 
-    // Empty when nothing is told.
+    // Empty when nothing is shown.
     [[nodiscard]] QString text() const { return isHidden() ? QString() : text_->text(); }
-    // Null when there are not so many.
-    [[nodiscard]] QPushButton* offer(std::size_t place) const;
+    // The button of an action; null when there are not so many.
+    [[nodiscard]] QPushButton* action(std::size_t place) const;
+    // The shown one included.
+    [[nodiscard]] std::size_t count() const { return notices_.size(); }
 
 private:
-    void addOffer(Offer offer);
+    void showFirst();
+    void addAction(const NoticeAction& action);
+    void clearActions();
 
     // Children of the bar.
     QHBoxLayout* row_;
     QLabel* text_;
     QPushButton* close_;
-    std::vector<QPushButton*> offers_;
+    std::vector<QPushButton*> buttons_;
+
+    std::deque<Notice> notices_; // the first one is shown
 };
 
 } // namespace scenewright

@@ -2,39 +2,25 @@
 
 #include "editor/qt/Owned.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 
 namespace scenewright {
 
 StatusLine::StatusLine(QWidget* parent)
-    : QFrame(parent), message_(&owned<TextLabel>(this)), advice_(&owned<QLabel>(this)),
-      busy_(&owned<BusyMark>(this)) {
+    : QFrame(parent), message_(&owned<TextLabel>(this)), busy_(&owned<BusyMark>(this)),
+      row_(&owned<QHBoxLayout>(this)) {
     setProperty("panel", true);
-    message_->setAccessibleName(tr("Status"));
+    message_->setAccessibleDescription(tr("Status")); // its name is its text
     message_->QLabel::setText(tr("Ready"));
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    advice_->setAccessibleName(tr("Cause and cure"));
-    advice_->setTextFormat(Qt::PlainText);
-    advice_->setProperty("role", "trouble");
-    advice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    advice_->setWordWrap(true);
-    auto& grid = owned<QGridLayout>(this);
-    grid.setContentsMargins(14, 5, 14, 6);
-    grid.setHorizontalSpacing(10);
-    grid.setVerticalSpacing(1);
-    grid.addWidget(message_, 0, 0);
-    grid.addWidget(busy_, 0, 1);
-    grid.addWidget(advice_, 1, 0, 1, 3);
-    grid.setColumnStretch(0, 1);
-}
-
-void StatusLine::setAdvice(const QString& advice) {
-    advice_->setText(advice);
-    advice_->setToolTip(advice);
+    row_->setContentsMargins(14, 5, 14, 6);
+    row_->setSpacing(10);
+    row_->addWidget(message_, 1);
+    row_->addWidget(busy_);
 }
 
 void StatusLine::addMark(QWidget& mark) {
-    static_cast<QGridLayout*>(layout())->addWidget(&mark, 0, 2);
+    row_->addWidget(&mark);
 }
 
 void StatusLine::setBusy(bool isBusy) {

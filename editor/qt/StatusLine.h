@@ -1,11 +1,12 @@
-// The foot of the window: the last message, a mark while a transfer runs, and under the message
-// what lies behind it when it tells of a trouble.
+// The foot of the window: the last message, and a mark while a transfer runs.
 #pragma once
 
 #include "editor/qt/BusyMark.h"
 #include "editor/qt/TextFields.h"
 
 #include <QFrame>
+
+class QHBoxLayout;
 
 namespace scenewright {
 
@@ -16,9 +17,6 @@ public:
     explicit StatusLine(QWidget* parent = nullptr);
 
     [[nodiscard]] TextLabel& message() { return *message_; }
-    // Cause and cure in one or two sentences; empty for none.
-    void setAdvice(const QString& advice);
-    [[nodiscard]] QString advice() const { return advice_->text(); }
     void setBusy(bool isBusy);
     // Puts a widget at the end of the message's line, and takes it as a child.
     void addMark(QWidget& mark);
@@ -26,8 +24,8 @@ public:
 
 private:
     TextLabel* message_; // children
-    QLabel* advice_;
     BusyMark* busy_;
+    QHBoxLayout* row_;
 };
 
 } // namespace scenewright

@@ -255,6 +255,18 @@
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
         <translation>Kein Keyboard aus der Geräteliste ist angeschlossen: Schließen Sie es an oder sehen Sie nach, was &apos;scenewright-cli devices&apos; über Ihres sagt</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s MIDI port did not come back: plug the keyboard in again</source>
+        <translation>Der MIDI-Anschluss des Keyboards kam nicht zurück: Stecken Sie das Keyboard neu ein</translation>
+    </message>
+    <message>
+        <source>The system is short of memory or threads: close other programs and try again</source>
+        <translation>Dem System fehlt es an Speicher oder Threads: Schließen Sie andere Programme und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
+        <translation>Die Liste der Keyboards, project.plist, kann nicht gelesen werden: Berichtigen oder entfernen Sie sie</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Control</name>
@@ -414,7 +426,7 @@
     </message>
 </context>
 <context>
-    <name>scenewright::DeviceChecks</name>
+    <name>scenewright::DeviceVerification</name>
     <message>
         <source>&amp;Compare With Device</source>
         <translation>Mit Gerät &amp;vergleichen</translation>
@@ -432,32 +444,12 @@
         <translation>Ctrl+Shift+Return</translation>
     </message>
     <message>
-        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
-        <translation>Nicht verglichen: %1 der %2 Bytes des Controllers konnten nicht gelesen werden.</translation>
-    </message>
-    <message>
         <source>Compare Again</source>
         <translation>Erneut vergleichen</translation>
     </message>
     <message>
-        <source>The controller holds what you see</source>
-        <translation>Der Controller enthält, was Sie sehen</translation>
-    </message>
-    <message>
         <source>Bring Back Earlier Scenes</source>
         <translation>Frühere Szenen zurückholen</translation>
-    </message>
-    <message>
-        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
-        <translation>Nichts des Angezeigten kam vom Keyboard: Das sind Standardszenen.</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
-        <translation>%1 der %2 angezeigten Bytes kamen nicht vom Keyboard.</translation>
-    </message>
-    <message>
-        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
-        <translation>%1 von %2 Übertragungen schlugen fehl: Der Controller enthält möglicherweise nur eine halbe Bank.</translation>
     </message>
     <message>
         <source>Send Again</source>
@@ -542,12 +534,24 @@
         <translation>ein anderes Programm hält die Datei gesperrt</translation>
     </message>
     <message>
-        <source>a file's name does not end in a slash</source>
+        <source>a file&apos;s name does not end in a slash</source>
         <translation>der Name einer Datei endet nicht mit einem Schrägstrich</translation>
     </message>
     <message>
-        <source>the former scenes could not be kept: {}</source>
+        <source>The former scenes could not be kept: {}</source>
         <translation>Die bisherigen Szenen konnten nicht aufbewahrt werden: {}</translation>
+    </message>
+    <message>
+        <source>{0}: the list &quot;{1}&quot; holds {2} titles, and {3} are needed</source>
+        <translation>{0}: Die Liste „{1}“ enthält {2} Titel, und {3} werden gebraucht</translation>
+    </message>
+    <message>
+        <source>{0}: the default scene holds {1} controls, and the keyboard has {2}</source>
+        <translation>{0}: Die Standardszene enthält {1} Bedienelemente, und das Keyboard hat {2}</translation>
+    </message>
+    <message>
+        <source>{}: it lists no keyboard</source>
+        <translation>{}: Darin ist kein Keyboard aufgeführt</translation>
     </message>
 </context>
 <context>
@@ -679,8 +683,8 @@
         <translation>Scenewright</translation>
     </message>
     <message>
-        <source>The program ends when the scenes have been sent.</source>
-        <translation>Das Programm endet, sobald die Szenen gesendet sind.</translation>
+        <source>The program ends when the scenes have been sent</source>
+        <translation>Das Programm endet, sobald die Szenen gesendet sind</translation>
     </message>
     <message>
         <source>&amp;Appearance</source>
@@ -799,6 +803,137 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Outcome</name>
+    <message>
+        <source>default scenes are shown</source>
+        <translation>angezeigt werden Standardszenen</translation>
+    </message>
+    <message>
+        <source>{0} of the {1} bytes shown did not come from the keyboard</source>
+        <translation>{0} der {1} angezeigten Bytes kamen nicht vom Keyboard</translation>
+    </message>
+    <message>
+        <source>no file was written</source>
+        <translation>es wurde keine Datei geschrieben</translation>
+    </message>
+    <message>
+        <source>there is no backup and nothing was sent</source>
+        <translation>es gibt keine Sicherung, und nichts wurde gesendet</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>nichts wurde gesendet</translation>
+    </message>
+    <message>
+        <source>the keyboard may hold half a bank, and sending again repairs it</source>
+        <translation>das Keyboard enthält möglicherweise nur eine halbe Bank; erneutes Senden behebt das</translation>
+    </message>
+    <message>
+        <source>what was sent could not be checked</source>
+        <translation>das Gesendete konnte nicht geprüft werden</translation>
+    </message>
+    <message>
+        <source>nothing was compared</source>
+        <translation>nichts wurde verglichen</translation>
+    </message>
+    <message>
+        <source>it is not known what would change</source>
+        <translation>was sich ändern würde, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>the answer was too short</source>
+        <translation>die Antwort war zu kurz</translation>
+    </message>
+    <message>
+        <source>the keyboard was unplugged</source>
+        <translation>das Keyboard wurde abgezogen</translation>
+    </message>
+    <message>
+        <source>the keyboard refused it</source>
+        <translation>das Keyboard lehnte sie ab</translation>
+    </message>
+    <message>
+        <source>the keyboard did not answer</source>
+        <translation>das Keyboard antwortete nicht</translation>
+    </message>
+    <message>
+        <source>the answer was too long</source>
+        <translation>die Antwort war zu lang</translation>
+    </message>
+    <message>
+        <source>the system has no memory left</source>
+        <translation>das System hat keinen Speicher mehr</translation>
+    </message>
+    <message>
+        <source>the USB transfer failed</source>
+        <translation>die USB-Übertragung schlug fehl</translation>
+    </message>
+    <message>
+        <source>at packet {}</source>
+        <translation>bei Paket {}</translation>
+    </message>
+    <message>
+        <source>at answer {}</source>
+        <translation>bei Antwort {}</translation>
+    </message>
+    <message>
+        <source>before the first byte</source>
+        <translation>vor dem ersten Byte</translation>
+    </message>
+    <message>
+        <source>at byte {0} of {1}</source>
+        <translation>bei Byte {0} von {1}</translation>
+    </message>
+    <message>
+        <source>The program could not go on</source>
+        <translation>Das Programm konnte nicht fortfahren</translation>
+    </message>
+    <message>
+        <source>{0} of {1} transfers failed, the first {2} ({3})</source>
+        <translation>{0} von {1} Übertragungen schlugen fehl, die erste {2} ({3})</translation>
+    </message>
+    <message>
+        <source>The keyboard could not be reached</source>
+        <translation>Das Keyboard war nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>A send is still running</source>
+        <translation>Es wird noch gesendet</translation>
+    </message>
+    <message>
+        <source>The transfer could not be started</source>
+        <translation>Die Übertragung konnte nicht begonnen werden</translation>
+    </message>
+    <message>
+        <source>The transfer was cancelled</source>
+        <translation>Die Übertragung wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>The controller holds what was sent</source>
+        <translation>Der Controller enthält, was gesendet wurde</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>Der Controller enthält, was Sie sehen</translation>
+    </message>
+    <message>
+        <source>Settings that differ: {}</source>
+        <translation>Abweichende Einstellungen: {}</translation>
+    </message>
+    <message>
+        <source>The controller does not hold what was sent; settings that differ: {}</source>
+        <translation>Der Controller enthält nicht, was gesendet wurde; abweichende Einstellungen: {}</translation>
+    </message>
+    <message>
+        <source>{0}: {1}</source>
+        <translation>{0}: {1}</translation>
+    </message>
+    <message>
+        <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
+        <translation>Das Keyboard enthält Werte über 127, die in Szenen nicht vorkommen; stattdessen als 0 gelesen: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -902,25 +1037,6 @@
     <message>
         <source>Ready</source>
         <translation>Bereit</translation>
-    </message>
-    <message>
-        <source>Cause and cure</source>
-        <translation>Ursache und Abhilfe</translation>
-    </message>
-</context>
-<context>
-    <name>scenewright::TransferAdvice</name>
-    <message>
-        <source>%1 of %2 transfers failed</source>
-        <translation>%1 von %2 Übertragungen fehlgeschlagen</translation>
-    </message>
-    <message>
-        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
-        <translation>%1: Die Anzeige entspricht möglicherweise nicht dem Inhalt des Controllers. Lesen Sie erneut, bevor Sie senden.</translation>
-    </message>
-    <message>
-        <source>%1: the controller may hold half of what was sent. Send again.</source>
-        <translation>%1: Der Controller enthält möglicherweise nur einen Teil des Gesendeten. Senden Sie erneut.</translation>
     </message>
 </context>
 <context>

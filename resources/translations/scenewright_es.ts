@@ -255,6 +255,18 @@
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
         <translation>No hay conectado ningún teclado de la lista de dispositivos: conéctelo o mire qué dice &apos;scenewright-cli devices&apos; del suyo</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s MIDI port did not come back: plug the keyboard in again</source>
+        <translation>El puerto MIDI del teclado no volvió: vuelva a conectar el teclado</translation>
+    </message>
+    <message>
+        <source>The system is short of memory or threads: close other programs and try again</source>
+        <translation>Al sistema le falta memoria o hilos: cierre otros programas e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
+        <translation>No se puede leer la lista de teclados, project.plist: corríjala o quítela</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Control</name>
@@ -414,7 +426,7 @@
     </message>
 </context>
 <context>
-    <name>scenewright::DeviceChecks</name>
+    <name>scenewright::DeviceVerification</name>
     <message>
         <source>&amp;Compare With Device</source>
         <translation>&amp;Comparar con el dispositivo</translation>
@@ -432,32 +444,12 @@
         <translation>Ctrl+Shift+Return</translation>
     </message>
     <message>
-        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
-        <translation>Sin comparar: no se pudieron leer %1 de los %2 bytes del controlador.</translation>
-    </message>
-    <message>
         <source>Compare Again</source>
         <translation>Comparar de nuevo</translation>
     </message>
     <message>
-        <source>The controller holds what you see</source>
-        <translation>El controlador contiene lo que ve</translation>
-    </message>
-    <message>
         <source>Bring Back Earlier Scenes</source>
         <translation>Recuperar escenas anteriores</translation>
-    </message>
-    <message>
-        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
-        <translation>Nada de lo que se muestra procede del teclado: son las escenas predeterminadas.</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
-        <translation>%1 de los %2 bytes mostrados no proceden del teclado.</translation>
-    </message>
-    <message>
-        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
-        <translation>Fallaron %1 de %2 transferencias: el controlador puede contener medio banco.</translation>
     </message>
     <message>
         <source>Send Again</source>
@@ -542,12 +534,24 @@
         <translation>otro programa lo mantiene bloqueado</translation>
     </message>
     <message>
-        <source>a file's name does not end in a slash</source>
+        <source>a file&apos;s name does not end in a slash</source>
         <translation>el nombre de un archivo no termina en una barra</translation>
     </message>
     <message>
-        <source>the former scenes could not be kept: {}</source>
+        <source>The former scenes could not be kept: {}</source>
         <translation>no se pudieron conservar las escenas anteriores: {}</translation>
+    </message>
+    <message>
+        <source>{0}: the list &quot;{1}&quot; holds {2} titles, and {3} are needed</source>
+        <translation>{0}: la lista «{1}» tiene {2} títulos y hacen falta {3}</translation>
+    </message>
+    <message>
+        <source>{0}: the default scene holds {1} controls, and the keyboard has {2}</source>
+        <translation>{0}: la escena predeterminada tiene {1} controles y el teclado tiene {2}</translation>
+    </message>
+    <message>
+        <source>{}: it lists no keyboard</source>
+        <translation>{}: no incluye ningún teclado</translation>
     </message>
 </context>
 <context>
@@ -679,8 +683,8 @@
         <translation>Scenewright</translation>
     </message>
     <message>
-        <source>The program ends when the scenes have been sent.</source>
-        <translation>El programa terminará cuando se hayan enviado las escenas.</translation>
+        <source>The program ends when the scenes have been sent</source>
+        <translation>El programa terminará cuando se hayan enviado las escenas</translation>
     </message>
     <message>
         <source>&amp;Appearance</source>
@@ -799,6 +803,137 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Outcome</name>
+    <message>
+        <source>default scenes are shown</source>
+        <translation>se muestran escenas predeterminadas</translation>
+    </message>
+    <message>
+        <source>{0} of the {1} bytes shown did not come from the keyboard</source>
+        <translation>{0} de los {1} bytes mostrados no vinieron del teclado</translation>
+    </message>
+    <message>
+        <source>no file was written</source>
+        <translation>no se escribió ningún archivo</translation>
+    </message>
+    <message>
+        <source>there is no backup and nothing was sent</source>
+        <translation>no hay copia de seguridad y no se envió nada</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>no se envió nada</translation>
+    </message>
+    <message>
+        <source>the keyboard may hold half a bank, and sending again repairs it</source>
+        <translation>es posible que el teclado contenga solo medio banco; volver a enviar lo corrige</translation>
+    </message>
+    <message>
+        <source>what was sent could not be checked</source>
+        <translation>no se pudo comprobar lo enviado</translation>
+    </message>
+    <message>
+        <source>nothing was compared</source>
+        <translation>no se comparó nada</translation>
+    </message>
+    <message>
+        <source>it is not known what would change</source>
+        <translation>no se sabe qué cambiaría</translation>
+    </message>
+    <message>
+        <source>the answer was too short</source>
+        <translation>la respuesta era demasiado corta</translation>
+    </message>
+    <message>
+        <source>the keyboard was unplugged</source>
+        <translation>se desconectó el teclado</translation>
+    </message>
+    <message>
+        <source>the keyboard refused it</source>
+        <translation>el teclado la rechazó</translation>
+    </message>
+    <message>
+        <source>the keyboard did not answer</source>
+        <translation>el teclado no respondió</translation>
+    </message>
+    <message>
+        <source>the answer was too long</source>
+        <translation>la respuesta era demasiado larga</translation>
+    </message>
+    <message>
+        <source>the system has no memory left</source>
+        <translation>al sistema no le queda memoria</translation>
+    </message>
+    <message>
+        <source>the USB transfer failed</source>
+        <translation>la transferencia USB falló</translation>
+    </message>
+    <message>
+        <source>at packet {}</source>
+        <translation>en el paquete {}</translation>
+    </message>
+    <message>
+        <source>at answer {}</source>
+        <translation>en la respuesta {}</translation>
+    </message>
+    <message>
+        <source>before the first byte</source>
+        <translation>antes del primer byte</translation>
+    </message>
+    <message>
+        <source>at byte {0} of {1}</source>
+        <translation>en el byte {0} de {1}</translation>
+    </message>
+    <message>
+        <source>The program could not go on</source>
+        <translation>El programa no pudo continuar</translation>
+    </message>
+    <message>
+        <source>{0} of {1} transfers failed, the first {2} ({3})</source>
+        <translation>Fallaron {0} de {1} transferencias, la primera {2} ({3})</translation>
+    </message>
+    <message>
+        <source>The keyboard could not be reached</source>
+        <translation>No se pudo acceder al teclado</translation>
+    </message>
+    <message>
+        <source>A send is still running</source>
+        <translation>Todavía hay un envío en curso</translation>
+    </message>
+    <message>
+        <source>The transfer could not be started</source>
+        <translation>No se pudo iniciar la transferencia</translation>
+    </message>
+    <message>
+        <source>The transfer was cancelled</source>
+        <translation>Se canceló la transferencia</translation>
+    </message>
+    <message>
+        <source>The controller holds what was sent</source>
+        <translation>El controlador contiene lo que se envió</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>El controlador contiene lo que ve</translation>
+    </message>
+    <message>
+        <source>Settings that differ: {}</source>
+        <translation>Ajustes que difieren: {}</translation>
+    </message>
+    <message>
+        <source>The controller does not hold what was sent; settings that differ: {}</source>
+        <translation>El controlador no contiene lo que se envió; ajustes que difieren: {}</translation>
+    </message>
+    <message>
+        <source>{0}: {1}</source>
+        <translation>{0}: {1}</translation>
+    </message>
+    <message>
+        <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
+        <translation>El teclado contiene valores superiores a 127, que no caben en las escenas; leídos como 0: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -902,25 +1037,6 @@
     <message>
         <source>Ready</source>
         <translation>Listo</translation>
-    </message>
-    <message>
-        <source>Cause and cure</source>
-        <translation>Causa y solución</translation>
-    </message>
-</context>
-<context>
-    <name>scenewright::TransferAdvice</name>
-    <message>
-        <source>%1 of %2 transfers failed</source>
-        <translation>Fallaron %1 de %2 transferencias</translation>
-    </message>
-    <message>
-        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
-        <translation>%1: puede que lo mostrado no sea lo que contiene el controlador. Lea de nuevo antes de enviar.</translation>
-    </message>
-    <message>
-        <source>%1: the controller may hold half of what was sent. Send again.</source>
-        <translation>%1: puede que el controlador solo contenga la mitad de lo enviado. Envíe de nuevo.</translation>
     </message>
 </context>
 <context>

@@ -255,6 +255,18 @@
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
         <translation>Aucun clavier de la liste des appareils n’est branché : branchez-le, ou voyez ce que &apos;scenewright-cli devices&apos; dit du vôtre</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s MIDI port did not come back: plug the keyboard in again</source>
+        <translation>Le port MIDI du clavier n’est pas revenu : rebranchez le clavier</translation>
+    </message>
+    <message>
+        <source>The system is short of memory or threads: close other programs and try again</source>
+        <translation>Le système manque de mémoire ou de fils d’exécution : fermez d’autres programmes et réessayez</translation>
+    </message>
+    <message>
+        <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
+        <translation>La liste des claviers, project.plist, ne peut pas être lue : corrigez-la ou retirez-la</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Control</name>
@@ -414,7 +426,7 @@
     </message>
 </context>
 <context>
-    <name>scenewright::DeviceChecks</name>
+    <name>scenewright::DeviceVerification</name>
     <message>
         <source>&amp;Compare With Device</source>
         <translation>&amp;Comparer avec l’appareil</translation>
@@ -432,32 +444,12 @@
         <translation>Ctrl+Shift+Return</translation>
     </message>
     <message>
-        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
-        <translation>Pas de comparaison : %1 des %2 octets du contrôleur n’ont pas pu être lus.</translation>
-    </message>
-    <message>
         <source>Compare Again</source>
         <translation>Comparer à nouveau</translation>
     </message>
     <message>
-        <source>The controller holds what you see</source>
-        <translation>Le contrôleur contient ce que vous voyez</translation>
-    </message>
-    <message>
         <source>Bring Back Earlier Scenes</source>
         <translation>Rétablir les scènes précédentes</translation>
-    </message>
-    <message>
-        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
-        <translation>Rien de ce qui est affiché ne vient du clavier : ce sont les scènes par défaut.</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
-        <translation>%1 des %2 octets affichés ne viennent pas du clavier.</translation>
-    </message>
-    <message>
-        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
-        <translation>%1 transferts sur %2 ont échoué : le contrôleur ne contient peut-être que la moitié d’une banque.</translation>
     </message>
     <message>
         <source>Send Again</source>
@@ -542,12 +534,24 @@
         <translation>un autre programme le garde verrouillé</translation>
     </message>
     <message>
-        <source>a file's name does not end in a slash</source>
-        <translation>le nom d'un fichier ne se termine pas par une barre oblique</translation>
+        <source>a file&apos;s name does not end in a slash</source>
+        <translation>le nom d&apos;un fichier ne se termine pas par une barre oblique</translation>
     </message>
     <message>
-        <source>the former scenes could not be kept: {}</source>
+        <source>The former scenes could not be kept: {}</source>
         <translation>les scènes précédentes n’ont pas pu être conservées : {}</translation>
+    </message>
+    <message>
+        <source>{0}: the list &quot;{1}&quot; holds {2} titles, and {3} are needed</source>
+        <translation>{0} : la liste « {1} » contient {2} titres, et il en faut {3}</translation>
+    </message>
+    <message>
+        <source>{0}: the default scene holds {1} controls, and the keyboard has {2}</source>
+        <translation>{0} : la scène par défaut contient {1} contrôles, et le clavier en a {2}</translation>
+    </message>
+    <message>
+        <source>{}: it lists no keyboard</source>
+        <translation>{} : aucun clavier n’y figure</translation>
     </message>
 </context>
 <context>
@@ -679,8 +683,8 @@
         <translation>Scenewright</translation>
     </message>
     <message>
-        <source>The program ends when the scenes have been sent.</source>
-        <translation>Le programme se fermera une fois les scènes envoyées.</translation>
+        <source>The program ends when the scenes have been sent</source>
+        <translation>Le programme se fermera une fois les scènes envoyées</translation>
     </message>
     <message>
         <source>&amp;Appearance</source>
@@ -799,6 +803,137 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Outcome</name>
+    <message>
+        <source>default scenes are shown</source>
+        <translation>ce sont des scènes par défaut qui sont affichées</translation>
+    </message>
+    <message>
+        <source>{0} of the {1} bytes shown did not come from the keyboard</source>
+        <translation>{0} des {1} octets affichés ne viennent pas du clavier</translation>
+    </message>
+    <message>
+        <source>no file was written</source>
+        <translation>aucun fichier n’a été écrit</translation>
+    </message>
+    <message>
+        <source>there is no backup and nothing was sent</source>
+        <translation>il n’y a pas de sauvegarde et rien n’a été envoyé</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>rien n’a été envoyé</translation>
+    </message>
+    <message>
+        <source>the keyboard may hold half a bank, and sending again repairs it</source>
+        <translation>le clavier contient peut-être une moitié de banque ; un nouvel envoi y remédie</translation>
+    </message>
+    <message>
+        <source>what was sent could not be checked</source>
+        <translation>ce qui a été envoyé n’a pas pu être vérifié</translation>
+    </message>
+    <message>
+        <source>nothing was compared</source>
+        <translation>rien n’a été comparé</translation>
+    </message>
+    <message>
+        <source>it is not known what would change</source>
+        <translation>on ne sait pas ce qui changerait</translation>
+    </message>
+    <message>
+        <source>the answer was too short</source>
+        <translation>la réponse était trop courte</translation>
+    </message>
+    <message>
+        <source>the keyboard was unplugged</source>
+        <translation>le clavier a été débranché</translation>
+    </message>
+    <message>
+        <source>the keyboard refused it</source>
+        <translation>le clavier l’a refusé</translation>
+    </message>
+    <message>
+        <source>the keyboard did not answer</source>
+        <translation>le clavier n’a pas répondu</translation>
+    </message>
+    <message>
+        <source>the answer was too long</source>
+        <translation>la réponse était trop longue</translation>
+    </message>
+    <message>
+        <source>the system has no memory left</source>
+        <translation>le système n’a plus de mémoire</translation>
+    </message>
+    <message>
+        <source>the USB transfer failed</source>
+        <translation>le transfert USB a échoué</translation>
+    </message>
+    <message>
+        <source>at packet {}</source>
+        <translation>au paquet {}</translation>
+    </message>
+    <message>
+        <source>at answer {}</source>
+        <translation>à la réponse {}</translation>
+    </message>
+    <message>
+        <source>before the first byte</source>
+        <translation>avant le premier octet</translation>
+    </message>
+    <message>
+        <source>at byte {0} of {1}</source>
+        <translation>à l’octet {0} sur {1}</translation>
+    </message>
+    <message>
+        <source>The program could not go on</source>
+        <translation>Le programme n’a pas pu continuer</translation>
+    </message>
+    <message>
+        <source>{0} of {1} transfers failed, the first {2} ({3})</source>
+        <translation>{0} transferts sur {1} ont échoué, le premier {2} ({3})</translation>
+    </message>
+    <message>
+        <source>The keyboard could not be reached</source>
+        <translation>Le clavier n’a pas pu être joint</translation>
+    </message>
+    <message>
+        <source>A send is still running</source>
+        <translation>Un envoi est encore en cours</translation>
+    </message>
+    <message>
+        <source>The transfer could not be started</source>
+        <translation>Le transfert n’a pas pu être lancé</translation>
+    </message>
+    <message>
+        <source>The transfer was cancelled</source>
+        <translation>Le transfert a été annulé</translation>
+    </message>
+    <message>
+        <source>The controller holds what was sent</source>
+        <translation>Le contrôleur contient ce qui a été envoyé</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>Le contrôleur contient ce que vous voyez</translation>
+    </message>
+    <message>
+        <source>Settings that differ: {}</source>
+        <translation>Réglages différents : {}</translation>
+    </message>
+    <message>
+        <source>The controller does not hold what was sent; settings that differ: {}</source>
+        <translation>Le contrôleur ne contient pas ce qui a été envoyé ; réglages différents : {}</translation>
+    </message>
+    <message>
+        <source>{0}: {1}</source>
+        <translation>{0} : {1}</translation>
+    </message>
+    <message>
+        <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
+        <translation>Le clavier contient des valeurs supérieures à 127, impossibles dans une scène ; lues comme 0 : {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -902,25 +1037,6 @@
     <message>
         <source>Ready</source>
         <translation>Prêt</translation>
-    </message>
-    <message>
-        <source>Cause and cure</source>
-        <translation>Cause et remède</translation>
-    </message>
-</context>
-<context>
-    <name>scenewright::TransferAdvice</name>
-    <message>
-        <source>%1 of %2 transfers failed</source>
-        <translation>%1 transferts sur %2 ont échoué</translation>
-    </message>
-    <message>
-        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
-        <translation>%1 : ce qui est affiché n’est peut-être pas ce que contient le contrôleur. Lisez à nouveau avant d’envoyer.</translation>
-    </message>
-    <message>
-        <source>%1: the controller may hold half of what was sent. Send again.</source>
-        <translation>%1 : le contrôleur ne contient peut-être que la moitié de ce qui a été envoyé. Envoyez à nouveau.</translation>
     </message>
 </context>
 <context>

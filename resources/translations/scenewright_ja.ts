@@ -255,6 +255,18 @@
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
         <translation>デバイスリストのキーボードが接続されていません。接続するか、お使いのキーボードについて &apos;scenewright-cli devices&apos; の表示を確認してください</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s MIDI port did not come back: plug the keyboard in again</source>
+        <translation>キーボードの MIDI ポートが元に戻りませんでした。キーボードを接続し直してください</translation>
+    </message>
+    <message>
+        <source>The system is short of memory or threads: close other programs and try again</source>
+        <translation>システムのメモリーまたはスレッドが足りません。ほかのプログラムを閉じてやり直してください</translation>
+    </message>
+    <message>
+        <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
+        <translation>キーボードの一覧 project.plist を読み込めません。修正するか、取り除いてください</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Control</name>
@@ -414,7 +426,7 @@
     </message>
 </context>
 <context>
-    <name>scenewright::DeviceChecks</name>
+    <name>scenewright::DeviceVerification</name>
     <message>
         <source>&amp;Compare With Device</source>
         <translation>デバイスと比較(&amp;C)</translation>
@@ -432,32 +444,12 @@
         <translation>Ctrl+Shift+Return</translation>
     </message>
     <message>
-        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
-        <translation>比較できません: コントローラーの %2 バイトのうち %1 バイトを読み取れませんでした。</translation>
-    </message>
-    <message>
         <source>Compare Again</source>
         <translation>もう一度比較</translation>
     </message>
     <message>
-        <source>The controller holds what you see</source>
-        <translation>コントローラーの内容は表示と一致しています</translation>
-    </message>
-    <message>
         <source>Bring Back Earlier Scenes</source>
         <translation>以前のシーンを復元</translation>
-    </message>
-    <message>
-        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
-        <translation>表示されている内容はキーボードから読み取ったものではなく、初期設定のシーンです。</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
-        <translation>表示中の %2 バイトのうち %1 バイトはキーボードから読み取れませんでした。</translation>
-    </message>
-    <message>
-        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
-        <translation>%2 回の転送のうち %1 回が失敗しました。コントローラーのバンクが不完全な可能性があります。</translation>
     </message>
     <message>
         <source>Send Again</source>
@@ -542,12 +534,24 @@
         <translation>別のプログラムがロックしています</translation>
     </message>
     <message>
-        <source>a file's name does not end in a slash</source>
+        <source>a file&apos;s name does not end in a slash</source>
         <translation>ファイル名の末尾にスラッシュは使えません</translation>
     </message>
     <message>
-        <source>the former scenes could not be kept: {}</source>
+        <source>The former scenes could not be kept: {}</source>
         <translation>以前のシーンを保存できませんでした: {}</translation>
+    </message>
+    <message>
+        <source>{0}: the list &quot;{1}&quot; holds {2} titles, and {3} are needed</source>
+        <translation>{0}: 一覧「{1}」の項目は {2} 個ですが、{3} 個必要です</translation>
+    </message>
+    <message>
+        <source>{0}: the default scene holds {1} controls, and the keyboard has {2}</source>
+        <translation>{0}: 既定のシーンのコントロールは {1} 個ですが、キーボードには {2} 個あります</translation>
+    </message>
+    <message>
+        <source>{}: it lists no keyboard</source>
+        <translation>{}: キーボードが 1 台も載っていません</translation>
     </message>
 </context>
 <context>
@@ -679,8 +683,8 @@
         <translation>Scenewright</translation>
     </message>
     <message>
-        <source>The program ends when the scenes have been sent.</source>
-        <translation>シーンの送信が終わるとプログラムを終了します。</translation>
+        <source>The program ends when the scenes have been sent</source>
+        <translation>シーンの送信が終わるとプログラムを終了します</translation>
     </message>
     <message>
         <source>&amp;Appearance</source>
@@ -799,6 +803,137 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Outcome</name>
+    <message>
+        <source>default scenes are shown</source>
+        <translation>既定のシーンを表示しています</translation>
+    </message>
+    <message>
+        <source>{0} of the {1} bytes shown did not come from the keyboard</source>
+        <translation>表示中の {1} バイトのうち {0} バイトはキーボードから届いていません</translation>
+    </message>
+    <message>
+        <source>no file was written</source>
+        <translation>ファイルは書き込まれませんでした</translation>
+    </message>
+    <message>
+        <source>there is no backup and nothing was sent</source>
+        <translation>バックアップはなく、何も送信されませんでした</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>何も送信されませんでした</translation>
+    </message>
+    <message>
+        <source>the keyboard may hold half a bank, and sending again repairs it</source>
+        <translation>キーボードのバンクが不完全な可能性があり、もう一度送信すれば直ります</translation>
+    </message>
+    <message>
+        <source>what was sent could not be checked</source>
+        <translation>送信した内容を確認できませんでした</translation>
+    </message>
+    <message>
+        <source>nothing was compared</source>
+        <translation>比較は行われませんでした</translation>
+    </message>
+    <message>
+        <source>it is not known what would change</source>
+        <translation>何が変わるかは不明です</translation>
+    </message>
+    <message>
+        <source>the answer was too short</source>
+        <translation>応答が短すぎました</translation>
+    </message>
+    <message>
+        <source>the keyboard was unplugged</source>
+        <translation>キーボードが抜かれました</translation>
+    </message>
+    <message>
+        <source>the keyboard refused it</source>
+        <translation>キーボードに拒否されました</translation>
+    </message>
+    <message>
+        <source>the keyboard did not answer</source>
+        <translation>キーボードが応答しませんでした</translation>
+    </message>
+    <message>
+        <source>the answer was too long</source>
+        <translation>応答が長すぎました</translation>
+    </message>
+    <message>
+        <source>the system has no memory left</source>
+        <translation>システムのメモリーがなくなりました</translation>
+    </message>
+    <message>
+        <source>the USB transfer failed</source>
+        <translation>USB 転送に失敗しました</translation>
+    </message>
+    <message>
+        <source>at packet {}</source>
+        <translation>パケット {}</translation>
+    </message>
+    <message>
+        <source>at answer {}</source>
+        <translation>応答 {}</translation>
+    </message>
+    <message>
+        <source>before the first byte</source>
+        <translation>最初のバイトの前</translation>
+    </message>
+    <message>
+        <source>at byte {0} of {1}</source>
+        <translation>{1} バイト中のバイト {0}</translation>
+    </message>
+    <message>
+        <source>The program could not go on</source>
+        <translation>プログラムは処理を続けられませんでした</translation>
+    </message>
+    <message>
+        <source>{0} of {1} transfers failed, the first {2} ({3})</source>
+        <translation>{1} 回の転送のうち {0} 回が失敗しました。最初の失敗は{2}です（{3}）</translation>
+    </message>
+    <message>
+        <source>The keyboard could not be reached</source>
+        <translation>キーボードに接続できませんでした</translation>
+    </message>
+    <message>
+        <source>A send is still running</source>
+        <translation>まだ送信中です</translation>
+    </message>
+    <message>
+        <source>The transfer could not be started</source>
+        <translation>転送を開始できませんでした</translation>
+    </message>
+    <message>
+        <source>The transfer was cancelled</source>
+        <translation>転送は中止されました</translation>
+    </message>
+    <message>
+        <source>The controller holds what was sent</source>
+        <translation>コントローラーの内容は送信したものと同じです</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>コントローラーの内容は表示と一致しています</translation>
+    </message>
+    <message>
+        <source>Settings that differ: {}</source>
+        <translation>異なる設定: {}</translation>
+    </message>
+    <message>
+        <source>The controller does not hold what was sent; settings that differ: {}</source>
+        <translation>コントローラーの内容は送信したものと異なります。異なる設定: {}</translation>
+    </message>
+    <message>
+        <source>{0}: {1}</source>
+        <translation>{0}：{1}</translation>
+    </message>
+    <message>
+        <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
+        <translation>キーボードにシーンでは使えない 127 を超える値があります。0 として読み込んだ数: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -902,25 +1037,6 @@
     <message>
         <source>Ready</source>
         <translation>準備完了</translation>
-    </message>
-    <message>
-        <source>Cause and cure</source>
-        <translation>原因と対処</translation>
-    </message>
-</context>
-<context>
-    <name>scenewright::TransferAdvice</name>
-    <message>
-        <source>%1 of %2 transfers failed</source>
-        <translation>%2 回の転送のうち %1 回が失敗しました</translation>
-    </message>
-    <message>
-        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
-        <translation>%1。表示がコントローラーの内容と異なる可能性があります。送信する前にもう一度読み込んでください。</translation>
-    </message>
-    <message>
-        <source>%1: the controller may hold half of what was sent. Send again.</source>
-        <translation>%1。送信した内容の一部しかコントローラーに届いていない可能性があります。もう一度送信してください。</translation>
     </message>
 </context>
 <context>

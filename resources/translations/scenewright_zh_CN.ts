@@ -255,6 +255,18 @@
         <source>No keyboard of the device list is plugged in: plug it in, or see what &apos;scenewright-cli devices&apos; says about yours</source>
         <translation>未连接设备列表中的键盘:请将其插入,或查看 &apos;scenewright-cli devices&apos; 对您的键盘的说明</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s MIDI port did not come back: plug the keyboard in again</source>
+        <translation>键盘的 MIDI 端口没有恢复：请重新插上键盘</translation>
+    </message>
+    <message>
+        <source>The system is short of memory or threads: close other programs and try again</source>
+        <translation>系统的内存或线程不足：请关闭其他程序后重试</translation>
+    </message>
+    <message>
+        <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
+        <translation>无法读取键盘列表 project.plist：请修正或移除它</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Control</name>
@@ -414,7 +426,7 @@
     </message>
 </context>
 <context>
-    <name>scenewright::DeviceChecks</name>
+    <name>scenewright::DeviceVerification</name>
     <message>
         <source>&amp;Compare With Device</source>
         <translation>与设备比较(&amp;C)</translation>
@@ -432,32 +444,12 @@
         <translation>Ctrl+Shift+Return</translation>
     </message>
     <message>
-        <source>Not compared: %1 of the controller&apos;s %2 bytes could not be read.</source>
-        <translation>未比较:控制器的 %2 字节中有 %1 字节无法读取。</translation>
-    </message>
-    <message>
         <source>Compare Again</source>
         <translation>重新比较</translation>
     </message>
     <message>
-        <source>The controller holds what you see</source>
-        <translation>控制器中的内容与您看到的一致</translation>
-    </message>
-    <message>
         <source>Bring Back Earlier Scenes</source>
         <translation>恢复先前的场景</translation>
-    </message>
-    <message>
-        <source>Nothing of what is shown came from the keyboard: these are default scenes.</source>
-        <translation>显示的内容均非来自键盘:这些是默认场景。</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 bytes shown did not come from the keyboard.</source>
-        <translation>显示的 %2 字节中有 %1 字节并非来自键盘。</translation>
-    </message>
-    <message>
-        <source>%1 of %2 transfers failed: the controller may hold half a bank.</source>
-        <translation>%2 次传输中有 %1 次失败:控制器中的库可能不完整。</translation>
     </message>
     <message>
         <source>Send Again</source>
@@ -542,12 +534,24 @@
         <translation>另一个程序将其锁定</translation>
     </message>
     <message>
-        <source>a file's name does not end in a slash</source>
+        <source>a file&apos;s name does not end in a slash</source>
         <translation>文件名不能以斜杠结尾</translation>
     </message>
     <message>
-        <source>the former scenes could not be kept: {}</source>
+        <source>The former scenes could not be kept: {}</source>
         <translation>无法保留先前的场景：{}</translation>
+    </message>
+    <message>
+        <source>{0}: the list &quot;{1}&quot; holds {2} titles, and {3} are needed</source>
+        <translation>{0}：列表“{1}”有 {2} 个标题，需要 {3} 个</translation>
+    </message>
+    <message>
+        <source>{0}: the default scene holds {1} controls, and the keyboard has {2}</source>
+        <translation>{0}：默认场景有 {1} 个控件，而键盘有 {2} 个</translation>
+    </message>
+    <message>
+        <source>{}: it lists no keyboard</source>
+        <translation>{}：其中没有列出键盘</translation>
     </message>
 </context>
 <context>
@@ -679,8 +683,8 @@
         <translation>Scenewright</translation>
     </message>
     <message>
-        <source>The program ends when the scenes have been sent.</source>
-        <translation>场景发送完毕后程序将退出。</translation>
+        <source>The program ends when the scenes have been sent</source>
+        <translation>场景发送完毕后程序将退出</translation>
     </message>
     <message>
         <source>&amp;Appearance</source>
@@ -799,6 +803,137 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Outcome</name>
+    <message>
+        <source>default scenes are shown</source>
+        <translation>现在显示的是默认场景</translation>
+    </message>
+    <message>
+        <source>{0} of the {1} bytes shown did not come from the keyboard</source>
+        <translation>显示的 {1} 个字节中有 {0} 个不是来自键盘</translation>
+    </message>
+    <message>
+        <source>no file was written</source>
+        <translation>没有写入文件</translation>
+    </message>
+    <message>
+        <source>there is no backup and nothing was sent</source>
+        <translation>没有备份，也没有发送任何内容</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>没有发送任何内容</translation>
+    </message>
+    <message>
+        <source>the keyboard may hold half a bank, and sending again repairs it</source>
+        <translation>键盘中的库可能不完整，重新发送即可修复</translation>
+    </message>
+    <message>
+        <source>what was sent could not be checked</source>
+        <translation>无法检查已发送的内容</translation>
+    </message>
+    <message>
+        <source>nothing was compared</source>
+        <translation>没有进行比较</translation>
+    </message>
+    <message>
+        <source>it is not known what would change</source>
+        <translation>不清楚会有哪些改变</translation>
+    </message>
+    <message>
+        <source>the answer was too short</source>
+        <translation>应答太短</translation>
+    </message>
+    <message>
+        <source>the keyboard was unplugged</source>
+        <translation>键盘已被拔出</translation>
+    </message>
+    <message>
+        <source>the keyboard refused it</source>
+        <translation>键盘拒绝了它</translation>
+    </message>
+    <message>
+        <source>the keyboard did not answer</source>
+        <translation>键盘没有应答</translation>
+    </message>
+    <message>
+        <source>the answer was too long</source>
+        <translation>应答太长</translation>
+    </message>
+    <message>
+        <source>the system has no memory left</source>
+        <translation>系统内存已用完</translation>
+    </message>
+    <message>
+        <source>the USB transfer failed</source>
+        <translation>USB 传输失败</translation>
+    </message>
+    <message>
+        <source>at packet {}</source>
+        <translation>在数据包 {} 处</translation>
+    </message>
+    <message>
+        <source>at answer {}</source>
+        <translation>在应答 {} 处</translation>
+    </message>
+    <message>
+        <source>before the first byte</source>
+        <translation>在第一个字节之前</translation>
+    </message>
+    <message>
+        <source>at byte {0} of {1}</source>
+        <translation>在第 {0} 字节（共 {1}）处</translation>
+    </message>
+    <message>
+        <source>The program could not go on</source>
+        <translation>程序无法继续</translation>
+    </message>
+    <message>
+        <source>{0} of {1} transfers failed, the first {2} ({3})</source>
+        <translation>{1} 次传输中有 {0} 次失败，首次失败{2}（{3}）</translation>
+    </message>
+    <message>
+        <source>The keyboard could not be reached</source>
+        <translation>无法连接键盘</translation>
+    </message>
+    <message>
+        <source>A send is still running</source>
+        <translation>仍在发送</translation>
+    </message>
+    <message>
+        <source>The transfer could not be started</source>
+        <translation>无法开始传输</translation>
+    </message>
+    <message>
+        <source>The transfer was cancelled</source>
+        <translation>传输已取消</translation>
+    </message>
+    <message>
+        <source>The controller holds what was sent</source>
+        <translation>控制器中的内容与发送的相同</translation>
+    </message>
+    <message>
+        <source>The controller holds what you see</source>
+        <translation>控制器中的内容与您看到的一致</translation>
+    </message>
+    <message>
+        <source>Settings that differ: {}</source>
+        <translation>不同的设置：{}</translation>
+    </message>
+    <message>
+        <source>The controller does not hold what was sent; settings that differ: {}</source>
+        <translation>控制器中的内容与发送的不同；不同的设置：{}</translation>
+    </message>
+    <message>
+        <source>{0}: {1}</source>
+        <translation>{0}：{1}</translation>
+    </message>
+    <message>
+        <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
+        <translation>键盘中有大于 127 的值，场景无法保存这样的值；改读为 0 的个数：{}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -902,25 +1037,6 @@
     <message>
         <source>Ready</source>
         <translation>就绪</translation>
-    </message>
-    <message>
-        <source>Cause and cure</source>
-        <translation>原因与解决方法</translation>
-    </message>
-</context>
-<context>
-    <name>scenewright::TransferAdvice</name>
-    <message>
-        <source>%1 of %2 transfers failed</source>
-        <translation>%2 次传输中有 %1 次失败</translation>
-    </message>
-    <message>
-        <source>%1: what is shown may not be what the controller holds. Read again before you send.</source>
-        <translation>%1:显示的内容可能与控制器中的不同。发送前请重新读取。</translation>
-    </message>
-    <message>
-        <source>%1: the controller may hold half of what was sent. Send again.</source>
-        <translation>%1:控制器可能只收到了部分内容。请重新发送。</translation>
     </message>
 </context>
 <context>

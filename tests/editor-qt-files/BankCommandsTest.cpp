@@ -39,8 +39,8 @@ TEST_F(BankCommandsTest, AnOpenedBankIsShownAndNothingIsSent) {
     EXPECT_EQ(record(kPad).CR(), 111);
     EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
     EXPECT_EQ(window().view().selectControl(), 0);
-    EXPECT_EQ(message(), "Opened a.json");
-    EXPECT_EQ(advice(), "");
+    EXPECT_EQ(notice(), "Opened a.json");
+    EXPECT_EQ(message(), "Ready");
     EXPECT_EQ(window().picture().button(kPad)->light().red, 222);
     EXPECT_EQ(controller->blocksWritten(), 0U);
 }
@@ -54,7 +54,7 @@ TEST_F(BankCommandsTest, OpeningNeedsNoController) {
 TEST_F(BankCommandsTest, ABadBankIsToldAndChangesNothing) {
     const SceneList before = WindowAction::scenes();
     commands().banks().openBank(badBank());
-    EXPECT_TRUE(advice().contains(file("bad.json"))) << advice().toStdString();
+    EXPECT_TRUE(notice().contains(file("bad.json"))) << notice().toStdString();
     EXPECT_EQ(message(), "Ready");
     EXPECT_EQ(WindowAction::scenes(), before);
     EXPECT_TRUE(RecentFiles::list().isEmpty());
@@ -74,7 +74,8 @@ TEST_F(BankCommandsTest, TheDialogOpensTheChosenBank) {
 TEST_F(BankCommandsTest, ASavedBankOpensAgain) {
     record(kPad).setCR(64);
     commands().banks().saveBank(file("mine.json"));
-    EXPECT_EQ(message(), "Saved mine.json");
+    EXPECT_EQ(notice(), "Saved mine.json");
+    EXPECT_EQ(message(), "Ready");
     record(kPad).setCR(65);
     commands().banks().openBank(file("mine.json"));
     EXPECT_EQ(record(kPad).CR(), 64);
@@ -82,7 +83,7 @@ TEST_F(BankCommandsTest, ASavedBankOpensAgain) {
 
 TEST_F(BankCommandsTest, WhatCannotBeSavedIsTold) {
     commands().banks().saveBank(file("no/such/mine.json"));
-    EXPECT_TRUE(advice().contains("no/such/mine.json")) << advice().toStdString();
+    EXPECT_TRUE(notice().contains("no/such/mine.json")) << notice().toStdString();
     EXPECT_EQ(message(), "Ready");
 }
 
@@ -92,7 +93,7 @@ TEST_F(BankCommandsTest, ASceneIsOpenedIntoTheOneThatIsShown) {
     press(Qt::Key_3);
     const auto stored = WindowAction::getSceneWithIndex(2);
     commands().banks().openScene(file("one.json"));
-    EXPECT_EQ(message(), "Opened one.json as scene 3");
+    EXPECT_EQ(notice(), "Opened one.json as scene 3");
     EXPECT_EQ(WindowAction::getSceneWithIndex(2), stored);
     EXPECT_EQ(stored->buttonValueArray()[kPad - 1]->CR(), 31);
     EXPECT_EQ(stored->commonValue()->SceneName(), std::string("SCENE1\0\0\0\0\0\0", 12));
@@ -153,14 +154,16 @@ TEST_F(BankCommandsTest, AReadKeepsWhatWasThereAmongTheEarlierScenes) {
     ASSERT_EQ(earlierEntries.size(), 1);
     earlierEntries[0]->trigger();
     EXPECT_EQ(record(kPad).CR(), 101);
-    EXPECT_TRUE(message().startsWith("Brought back the scenes of "));
+    EXPECT_TRUE(notice().startsWith("Brought back the scenes of "));
+    EXPECT_EQ(message(), "Read Scene Data Finish");
 }
 
 TEST_F(BankCommandsTest, WhatAReadCouldNotKeepIsTold) {
     std::ofstream(folder.file("backups")) << "in the way";
     press(Qt::Key_R);
     EXPECT_EQ(message(), "Read Scene Data Finish");
-    EXPECT_TRUE(advice().startsWith("the former scenes could not be kept: "));
+    EXPECT_TRUE(notice().startsWith("The former scenes could not be kept: "))
+        << notice().toStdString();
 }
 
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {

@@ -4,12 +4,13 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "editor/qt/ProgramSettings.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
 #include <QTest>
 
+#include <chrono>
 #include <functional>
 
 namespace scenewright::testing {
@@ -28,8 +29,8 @@ CommandsBench::~CommandsBench() {
 
 void CommandsBench::open(KeyboardWatch::Look look) {
     appearance_ = std::make_unique<Appearance>(*qApp);
-    ending_ = std::make_unique<Ending>();
-    window_ = std::make_unique<MainWindow>(*ending_, *appearance_, true);
+    quit_ = std::make_unique<QuitController>();
+    window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
     commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_));
     window_->show();
     window_->activateWindow();
@@ -41,14 +42,16 @@ void CommandsBench::close() {
     window_.reset();
 }
 
-void CommandsBench::plugIn(FaultPlan faults) {
+void CommandsBench::plugIn(FaultPlan faults, BankKeeper keeper) {
     controller =
         std::make_shared<VirtualController>(encodeBank(WindowAction::scenes()), std::move(faults));
-    Transport::instance().use(makeVirtualHost(controller), [](std::chrono::nanoseconds) {});
+    host = makeVirtualHost(controller, std::move(keeper));
+    Transport::instance().use(host, [](std::chrono::nanoseconds) {});
 }
 
 void CommandsBench::unplug() {
-    Transport::instance().use(nullptr);
+    Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
+                                              BankKeeper({}), {.vendor = 1}));
 }
 
 QString CommandsBench::file(const char* name) const {

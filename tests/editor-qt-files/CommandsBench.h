@@ -3,9 +3,11 @@
 #pragma once
 
 #include "editor/qt/EditorCommands.h"
-#include "editor/qt/MainLoop.h"
+#include "editor/qt/QuitController.h"
 #include "tests/support/TempFolder.h"
+#include "virtual/BankKeeper.h"
 #include "virtual/VirtualController.h"
+#include "virtual/VirtualHost.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +24,15 @@ protected:
     void open(KeyboardWatch::Look look = nullptr);
     void close();
     // From the next transaction on.
-    void plugIn(FaultPlan faults = {});
+    void plugIn(FaultPlan faults = {}, BankKeeper keeper = BankKeeper({}));
     static void unplug();
 
     MainWindow& window() { return *window_; }
     EditorCommands& commands() { return *commands_; }
     [[nodiscard]] QString message() const { return window_->status().message().text(); }
-    [[nodiscard]] QString advice() const { return window_->status().advice(); }
-    [[nodiscard]] QString notice() const { return commands_->notice().text(); }
+    // What is shown of the notices.
+    [[nodiscard]] QString notice() const { return window_->notices().text(); }
+    NoticeBar& notices() { return window_->notices(); }
     [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
     [[nodiscard]] QString file(const char* name) const;
     // The stored record of a control, 1 to 45, of the first scene.
@@ -42,12 +45,13 @@ protected:
 
     TempFolder folder;
     std::shared_ptr<VirtualController> controller;
+    std::shared_ptr<VirtualHost> host;
 
 private:
     EarlierScenes earlier_{folder.path() / "backups"};
     MainLoop loop_;
     std::unique_ptr<Appearance> appearance_;
-    std::unique_ptr<Ending> ending_;
+    std::unique_ptr<QuitController> quit_;
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<EditorCommands> commands_;
 };

@@ -2,14 +2,20 @@
 #include "editor/qt/DeviceCommands.h"
 
 #include "app/WindowAction.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "tests/editor-qt/WindowBench.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
-#include <QElapsedTimer>
-#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright::testing {
 namespace {
@@ -18,6 +24,17 @@ class DeviceCommandsTest : public WindowBench {
 protected:
     explicit DeviceCommandsTest(FaultPlan faults = {})
         : WindowBench(usableScenes(), std::move(faults)) {}
+
+    void open(std::chrono::milliseconds limit = QuitController::kLimit) {
+        WindowBench::open(limit);
+        const DeviceCommands& commands = window().commands();
+        QObject::connect(&commands, &DeviceCommands::readEnded, &window(),
+                         [this](const Outcome& outcome) { reads_.push_back(outcome); });
+        QObject::connect(&commands, &DeviceCommands::sendEnded, &window(),
+                         [this](const Outcome& outcome) { sends_.push_back(outcome); });
+    }
+    [[nodiscard]] const std::vector<Outcome>& reads() const { return reads_; }
+    [[nodiscard]] const std::vector<Outcome>& sends() const { return sends_; }
 
     void startSend() { QTest::keyClick(&window(), Qt::Key_Return, Qt::ControlModifier); }
 
@@ -32,6 +49,10 @@ protected:
         isEnded = QApplication::exec() == 0;
         return isEnded;
     }
+
+private:
+    std::vector<Outcome> reads_;
+    std::vector<Outcome> sends_;
 };
 
 TEST_F(DeviceCommandsTest, SendEndsWithItsMessage) {
@@ -81,28 +102,49 @@ TEST_F(DeviceCommandsTest, SecondSendIsRefusedWhileOneRuns) {
     EXPECT_EQ(controller().sendsEnded(), 1U);
 }
 
-TEST_F(DeviceCommandsTest, MissingControllerIsToldWithCauseAndCure) {
+TEST_F(DeviceCommandsTest, TellsWhatEachCommandDid) {
     open();
-    Transport::instance().use(nullptr);
+    read();
+    ASSERT_EQ(reads().size(), 1U);
+    EXPECT_TRUE(reads()[0].isDone());
+    send();
+    ASSERT_EQ(sends().size(), 1U);
+    EXPECT_TRUE(sends()[0].isDone());
+    EXPECT_EQ(sends()[0].stats.writes, 1028U);
+}
+
+TEST_F(DeviceCommandsTest, TellsThatTheControllerIsMissing) {
+    open();
+    Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
+                                              BankKeeper({}), {.vendor = 1}));
     read();
     EXPECT_EQ(message(), "Could not connect to midi device");
-    EXPECT_TRUE(window().status().advice().startsWith("No keyboard of the device list"));
-    EXPECT_TRUE(window().status().findChildren<QLabel*>().at(1)->isVisible());
+    ASSERT_EQ(reads().size(), 1U);
+    EXPECT_EQ(reads()[0].end, Outcome::End::NotConnected);
+    EXPECT_EQ(reads()[0].cause, kResultNotPlugged);
     send();
     EXPECT_EQ(message(), "Could not connect to midi device");
-    EXPECT_FALSE(window().status().advice().isEmpty());
+    ASSERT_EQ(sends().size(), 1U);
+    EXPECT_EQ(sends()[0].end, Outcome::End::NotConnected);
     EXPECT_TRUE(window().menu().read().isEnabled());
 }
 
-TEST_F(DeviceCommandsTest, AdviceGoesWithTheNextCommandThatWorks) {
+TEST_F(DeviceCommandsTest, TellsWhatCouldNotBeKeptOfTheFormerScenes) {
     open();
-    const auto host = makeVirtualHost(std::make_shared<VirtualController>(held()));
-    Transport::instance().use(nullptr);
+    window().commands().setKeepScenes([] { return std::optional<std::string>("No room"); });
     read();
-    ASSERT_FALSE(window().status().advice().isEmpty());
-    Transport::instance().use(host, [](std::chrono::nanoseconds) {});
-    read();
-    EXPECT_EQ(window().status().advice(), "");
+    ASSERT_EQ(reads().size(), 1U);
+    EXPECT_EQ(reads()[0].end, Outcome::End::Done);
+    EXPECT_EQ(reads()[0].notKept, std::vector<std::string>{"No room"});
+}
+
+TEST_F(DeviceCommandsTest, ThePointerWaitsDuringAReadAndNotDuringASend) {
+    open();
+    closeGate();
+    startSend();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    openGate();
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
 }
 
 TEST_F(DeviceCommandsTest, CloseButtonEndsTheProgram) {
@@ -120,11 +162,13 @@ TEST_F(DeviceCommandsTest, QuitWaitsForASend) {
     open();
     closeGate();
     startSend();
-    QTimer::singleShot(300, [this] {
-        EXPECT_FALSE(window().status().advice().isEmpty());
+    QTimer::singleShot(0, [this] {
+        window().close();
+        EXPECT_EQ(window().notices().text(), "The program ends when the scenes have been sent");
+        EXPECT_EQ(message(), "sendSceneData");
         openGate();
     });
-    EXPECT_TRUE(endsWithin(10000, [this] { window().close(); }));
+    EXPECT_TRUE(endsWithin(20000, [] {}));
     EXPECT_FALSE(SendJob::isRunning());
     EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
     EXPECT_EQ(controller().sendsEnded(), 1U);
@@ -132,17 +176,20 @@ TEST_F(DeviceCommandsTest, QuitWaitsForASend) {
 
 TEST_F(DeviceCommandsTest, SecondQuitDuringASendWaitsTooAndEndsOnce) {
     open();
+    QuitController quit;
+    int waits = 0;
+    int ends = 0;
+    QObject::connect(&quit, &QuitController::waiting, [&] { ++waits; });
+    QObject::connect(&quit, &QuitController::ended, [&] { ++ends; });
     closeGate();
     startSend();
-    int advices = 0;
-    QTimer::singleShot(100, [&] {
-        window().status().setAdvice({});
-        window().close();
-        advices = window().status().advice().isEmpty() ? 0 : 1;
+    EXPECT_TRUE(endsWithin(20000, [&] {
+        quit.terminate();
+        quit.terminate();
         openGate();
-    });
-    EXPECT_TRUE(endsWithin(10000, [this] { window().close(); }));
-    EXPECT_EQ(advices, 0);
+    }));
+    EXPECT_EQ(waits, 1);
+    EXPECT_EQ(ends, 1);
     EXPECT_EQ(controller().sendsEnded(), 1U);
 }
 
@@ -151,11 +198,12 @@ protected:
     FailingTransfers() : DeviceCommandsTest({{Fault::Kind::FailedWrite, 300}}) {}
 };
 
-TEST_F(FailingTransfers, AreCountedAndTold) {
+TEST_F(FailingTransfers, AreToldAsAnUnreliableEnd) {
     open();
     send();
-    EXPECT_TRUE(window().status().advice().contains("transfers failed"));
-    EXPECT_TRUE(window().status().advice().contains("Send again"));
+    ASSERT_EQ(sends().size(), 1U);
+    EXPECT_EQ(sends()[0].end, Outcome::End::Unreliable);
+    EXPECT_EQ(sends()[0].stats.failedWrites, 1028U - 300U);
 }
 
 class SilentController : public DeviceCommandsTest {
@@ -166,11 +214,8 @@ protected:
 TEST_F(SilentController, QuitCancelsASendThatDoesNotEnd) {
     open(std::chrono::milliseconds(400));
     startSend();
-    QElapsedTimer clock;
-    clock.start();
-    EXPECT_TRUE(endsWithin(8000, [this] { window().close(); }));
-    EXPECT_GE(clock.elapsed(), 350);
-    EXPECT_LT(clock.elapsed(), 4000);
+    EXPECT_TRUE(endsWithin(20000, [this] { window().close(); }));
+    EXPECT_TRUE(Transport::instance().isShutDown());
 }
 
 } // namespace

@@ -66,9 +66,9 @@ TEST_F(MainWindowTest, FitsA1024By600Screen) {
 TEST_F(MainWindowTest, TitleSaysWhenTheControllerIsVirtual) {
     open();
     EXPECT_EQ(window().windowTitle(), QString::fromUtf8("Scenewright – Virtual controller"));
-    Ending ending;
+    QuitController quit;
     Appearance appearance(*qApp);
-    EXPECT_EQ(MainWindow(ending, appearance, false).windowTitle(), "Scenewright");
+    EXPECT_EQ(MainWindow(quit, appearance, false).windowTitle(), "Scenewright");
 }
 
 TEST_F(MainWindowTest, ClickedRowShowsItsPaneAndMarksItsButton) {
@@ -150,7 +150,6 @@ TEST_F(MainWindowTest, ReadShowsWhatTheControllerHolds) {
     EXPECT_EQ(window().view().selectControl(), 0);
     EXPECT_EQ(pane(), ControlKind::Common);
     EXPECT_EQ(window().panes().popUp("commonKeyVelocityCurve").currentIndex(), 3);
-    EXPECT_EQ(window().status().advice(), "");
 }
 
 TEST_F(MainWindowTest, PointerIsTheWaitCursorDuringARead) {

@@ -10,9 +10,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 namespace {
+
+using Source = Notice::Source;
 
 QStringList labels(const QWidget& parent) {
     QStringList texts;
@@ -69,27 +73,32 @@ TEST(DifferenceDialog, ItsTextTakesNoKeysAndLetsTabPass) {
     EXPECT_TRUE(dialog.findChild<QPushButton*>()->hasFocus());
 }
 
+Notice noticeOf(Notice::Source source, const QString& text,
+                std::vector<NoticeAction> actions = {}) {
+    return {.source = source, .text = text, .actions = std::move(actions)};
+}
+
 TEST(NoticeBar, ShowsMarkupAsItIsWritten) {
     NoticeBar bar(nullptr);
     put(bar);
-    bar.tell(NoticeBar::Kind::Trouble, "<b>bold</b>", {});
+    bar.post(noticeOf(Source::Files, "<b>bold</b>"));
     auto* text = bar.findChild<QLabel*>();
     EXPECT_EQ(text->text(), "<b>bold</b>");
     EXPECT_EQ(text->textFormat(), Qt::PlainText);
 }
 
-TEST(NoticeBar, TroubleLooksOtherThanDone) {
+TEST(NoticeBar, AnErrorLooksOtherThanWhatIsDone) {
     NoticeBar bar(nullptr);
     auto* text = bar.findChild<QLabel*>();
-    bar.tell(NoticeBar::Kind::Trouble, "a", {});
+    bar.post({.source = Source::Files, .kind = Notice::Kind::Error, .text = "a"});
     EXPECT_EQ(text->property("role"), "trouble");
-    bar.tell(NoticeBar::Kind::Done, "a", {});
+    bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "a"});
     EXPECT_EQ(text->property("role"), "notice");
 }
 
-TEST(NoticeBar, OffersStandInTheirOrderBeforeTheDismissal) {
+TEST(NoticeBar, ActionsStandInTheirOrderBeforeTheDismissal) {
     NoticeBar bar(nullptr);
-    bar.tell(NoticeBar::Kind::Done, "a", {{"First", [] {}}, {"Second", [] {}}});
+    bar.post(noticeOf(Source::Files, "a", {{"First", [] {}}, {"Second", [] {}}}));
     put(bar);
     QStringList titles;
     auto buttons = bar.findChildren<QPushButton*>();
@@ -99,46 +108,93 @@ TEST(NoticeBar, OffersStandInTheirOrderBeforeTheDismissal) {
     EXPECT_EQ(titles, (QStringList{"First", "Second", "Dismiss"}));
 }
 
-TEST(NoticeBar, AChosenOfferTakesTheNoticeAway) {
+TEST(NoticeBar, AChosenActionTakesItsNoticeAwayAndShowsTheNext) {
     NoticeBar bar(nullptr);
     int calls = 0;
-    bar.tell(NoticeBar::Kind::Done, "a", {{"Again", [&] { ++calls; }}});
+    bar.post(noticeOf(Source::Transfer, "a", {{"Again", [&] { ++calls; }}}));
+    bar.post(noticeOf(Source::Files, "b"));
     put(bar);
-    QTest::mouseClick(bar.offer(0), Qt::LeftButton);
+    QTest::mouseClick(bar.action(0), Qt::LeftButton);
     EXPECT_EQ(calls, 1);
-    EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(bar.offer(0), nullptr);
+    EXPECT_EQ(bar.text(), "b");
+    EXPECT_EQ(bar.action(0), nullptr);
 }
 
-TEST(NoticeBar, ANewNoticeReplacesTheOffersOfTheFormer) {
+TEST(NoticeBar, AnActionMayPostForItsOwnSource) {
     NoticeBar bar(nullptr);
-    bar.tell(NoticeBar::Kind::Done, "a", {{"Again", [] {}}});
-    bar.tell(NoticeBar::Kind::Done, "b", {});
-    EXPECT_EQ(bar.offer(0), nullptr);
-    EXPECT_EQ(bar.findChild<QLabel*>()->text(), "b");
+    bar.post(noticeOf(Source::Transfer, "a",
+                      {{"Again", [&] { bar.post(noticeOf(Source::Transfer, "again")); }}}));
+    put(bar);
+    QTest::mouseClick(bar.action(0), Qt::LeftButton);
+    EXPECT_EQ(bar.text(), "again");
+    EXPECT_EQ(bar.count(), 1U);
 }
 
-TEST(StatusLine, AdviceStandsBelowTheMessageAndTheMarksBesideIt) {
+TEST(NoticeBar, ANewNoticeOfTheShownSourceReplacesTextAndActions) {
+    NoticeBar bar(nullptr);
+    bar.post(noticeOf(Source::Files, "a", {{"Again", [] {}}}));
+    bar.post(noticeOf(Source::Files, "b"));
+    EXPECT_EQ(bar.action(0), nullptr);
+    EXPECT_EQ(bar.findChild<QLabel*>()->text(), "b");
+    EXPECT_EQ(bar.count(), 1U);
+}
+
+TEST(NoticeBar, OthersWaitInTheirOrderAndEachDismissalShowsTheNext) {
+    NoticeBar bar(nullptr);
+    bar.post(noticeOf(Source::Transfer, "a"));
+    bar.post(noticeOf(Source::Files, "b"));
+    bar.post(noticeOf(Source::Quit, "c"));
+    EXPECT_EQ(bar.text(), "a");
+    bar.dismiss();
+    EXPECT_EQ(bar.text(), "b");
+    bar.dismiss();
+    EXPECT_EQ(bar.text(), "c");
+    bar.dismiss();
+    EXPECT_EQ(bar.text(), "");
+    EXPECT_TRUE(bar.isHidden());
+    bar.dismiss(); // of nothing
+    EXPECT_EQ(bar.count(), 0U);
+}
+
+TEST(NoticeBar, ANewNoticeOfAWaitingSourceKeepsTheFormersPlace) {
+    NoticeBar bar(nullptr);
+    bar.post(noticeOf(Source::Transfer, "a"));
+    bar.post(noticeOf(Source::Files, "b"));
+    bar.post(noticeOf(Source::Quit, "c"));
+    bar.post(noticeOf(Source::Files, "b2"));
+    EXPECT_EQ(bar.text(), "a");
+    EXPECT_EQ(bar.count(), 3U);
+    bar.dismiss();
+    EXPECT_EQ(bar.text(), "b2");
+}
+
+TEST(NoticeBar, WithdrawingOneSourceLeavesTheOthers) {
+    NoticeBar bar(nullptr);
+    bar.post(noticeOf(Source::Transfer, "a"));
+    bar.post(noticeOf(Source::Files, "b"));
+    bar.post(noticeOf(Source::Quit, "c"));
+    bar.withdraw(Source::Files);
+    EXPECT_EQ(bar.text(), "a");
+    bar.withdraw(Source::Transfer);
+    EXPECT_EQ(bar.text(), "c");
+    bar.withdraw(Source::Comparison); // has none
+    EXPECT_EQ(bar.text(), "c");
+    bar.withdraw(Source::Quit);
+    EXPECT_TRUE(bar.isHidden());
+}
+
+TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {
     StatusLine status(nullptr);
     QLabel mark("mark");
     status.addMark(mark);
-    status.setAdvice("What to do");
     status.setBusy(true);
     put(status);
     const auto* message = status.findChild<TextLabel*>();
     const auto* busy = status.findChild<BusyMark*>();
     ASSERT_TRUE(message != nullptr && busy != nullptr);
-    const QLabel* advice = nullptr;
-    for (const QLabel* label : status.findChildren<QLabel*>())
-        if (label->text() == "What to do")
-            advice = label;
-    ASSERT_NE(advice, nullptr);
     EXPECT_GE(busy->x(), message->geometry().right());
     EXPECT_GE(mark.x(), busy->geometry().right());
-    EXPECT_LT(busy->y(), advice->y());
-    EXPECT_GE(advice->y(), message->geometry().bottom());
-    EXPECT_EQ(advice->toolTip(), "What to do");
-    EXPECT_GE(advice->geometry().right(), mark.x());
+    EXPECT_EQ(labels(status).size(), 2); // the message and the mark
 }
 
 TEST(StatusLine, IsReadyAtFirst) {

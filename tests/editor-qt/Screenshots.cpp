@@ -6,9 +6,8 @@
 #include "editor/ControlDescription.h"
 #include "editor/qt/Appearance.h"
 #include "editor/qt/EditorCommands.h"
-#include "editor/qt/Ending.h"
-#include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
 #include "protocol/SceneImage.h"
@@ -87,8 +86,8 @@ int takeAll(QApplication& application, const Order& order) {
     Appearance appearance(application);
     applyTheme(application, order.isDark);
     connectVirtualController();
-    Ending ending;
-    MainWindow window(ending, appearance, true);
+    QuitController quit;
+    MainWindow window(quit, appearance, true);
     EditorCommands commands(window, order.wantsSituations ? [] { return picturedPresence; }
                                                           : KeyboardWatch::Look());
     if (!order.size.empty()) {

@@ -48,12 +48,23 @@ bool keepNotices(MainWindow& window, EditorCommands& commands, const Keep& keep)
     if (!keep(window.grab(), "notice-doubtful-read"))
         return false;
     plugIn({});
-    commands.checks().compare();
+    commands.verification().compare();
     settle(window);
     if (!keep(window.grab(), "notice-same"))
         return false;
+    commands.verification().sendAndVerify();
+    settle(window);
+    if (!keep(window.grab(), "notice-verified"))
+        return false;
+    window.notices().dismiss();
+    commands.banks().saveBank(QDir::temp().filePath("my live set & more.json"));
+    settle(window);
+    if (!keep(window.grab(), "notice-saved"))
+        return false;
     WindowAction::scenes()[0]->buttonValueArray()[13]->setCR(6);
-    Transport::instance().use(nullptr);
+    Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
+                                              BankKeeper({}), {.vendor = 1}));
+    window.notices().withdraw(Notice::Source::Files);
     window.commands().read();
     settle(window);
     return keep(window.grab(), "notice-no-keyboard");
@@ -69,7 +80,7 @@ bool keepDifferences(MainWindow& window, EditorCommands& commands, const Keep& k
         scene->buttonValueArray()[control]->setCG(100);
         scene->buttonValueArray()[control]->setCCOrNoteNumber(20);
     }
-    commands.checks().compare();
+    commands.verification().compare();
     settle(window);
     const std::unique_ptr<DifferenceDialog> dialog(window.findChild<DifferenceDialog*>());
     return dialog && keep(dialog->grab(), "differences");
@@ -103,7 +114,7 @@ bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep)
     return keep(about.grab(), "about");
 }
 
-bool keepPresences(MainWindow& window, const Keep& keep) {
+bool keepPresences(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     constexpr std::array kPresences{
         std::pair{KeyboardPresence::Unplugged, "unplugged"},
         std::pair{KeyboardPresence::NoPermission, "no-permission"},
@@ -112,7 +123,7 @@ bool keepPresences(MainWindow& window, const Keep& keep) {
     };
     for (const auto& [presence, name] : kPresences) {
         picturedPresence = presence;
-        QThread::msleep(static_cast<unsigned long>(KeyboardWatch::kInterval.count()));
+        commands.keyboard().look();
         settle(window);
         if (!keep(window.grab(), std::string("keyboard-") + name))
             return false;
@@ -125,7 +136,7 @@ bool keepPresences(MainWindow& window, const Keep& keep) {
 bool keepSituations(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     return keepNotices(window, commands, keep) && keepDifferences(window, commands, keep) &&
            keepMenus(window, commands, keep) && keepDialogs(window, commands, keep) &&
-           keepPresences(window, keep);
+           keepPresences(window, commands, keep);
 }
 
 } // namespace scenewright

@@ -1,7 +1,7 @@
 #include "tests/editor-qt/WindowBench.h"
 
 #include "bank/BankFile.h"
-#include "protocol/SendJob.h"
+#include "protocol/SendTransaction.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -52,10 +52,10 @@ WindowBench::~WindowBench() {
     EXPECT_TRUE(waitUntil([] { return !SendJob::isRunning(); }));
 }
 
-MainWindow& WindowBench::open(std::chrono::milliseconds patience) {
+MainWindow& WindowBench::open(std::chrono::milliseconds limit) {
     appearance_ = std::make_unique<Appearance>(*qApp);
-    ending_ = std::make_unique<Ending>(patience);
-    window_ = std::make_unique<MainWindow>(*ending_, *appearance_, true);
+    quit_ = std::make_unique<QuitController>(limit);
+    window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
     window_->show();
     window_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "editor/options/PopUpValue.h"
-#include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/QuitController.h"
 #include "protocol/SceneImage.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "virtual/VirtualController.h"
@@ -27,7 +27,7 @@ protected:
     ~WindowBench() override;
 
     // Makes and shows the window.
-    MainWindow& open(std::chrono::milliseconds patience = Ending::kPatience);
+    MainWindow& open(std::chrono::milliseconds limit = QuitController::kLimit);
     MainWindow& window() { return *window_; }
     // Ends the window.
     void end() { window_.reset(); }
@@ -52,7 +52,7 @@ private:
     std::shared_ptr<VirtualController> controller_;
     MainLoop loop_;
     std::unique_ptr<Appearance> appearance_;
-    std::unique_ptr<Ending> ending_;
+    std::unique_ptr<QuitController> quit_;
     std::unique_ptr<MainWindow> window_;
 };
 

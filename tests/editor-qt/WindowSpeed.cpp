@@ -1,8 +1,7 @@
 // How long the window takes for a user's choice, with real widgets on a virtual controller.
 #include "bank/BankFile.h"
-#include "editor/qt/Ending.h"
-#include "editor/qt/MainLoop.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "usb/Transport.h"
@@ -46,8 +45,8 @@ private:
 
     MainLoop loop_;
     Appearance appearance_{*qApp};
-    Ending ending_;
-    MainWindow window_{ending_, appearance_, true};
+    QuitController quit_;
+    MainWindow window_{quit_, appearance_, true};
 };
 
 // What the choice wants drawn is drawn outside the time where `isDrawn` is false.

@@ -45,8 +45,8 @@ QString outputOf(const QStringList& command) {
 } // namespace
 
 ProgramBench::ProgramBench()
-    : appearance_(std::make_unique<Appearance>(*qApp)), ending_(std::make_unique<Ending>()),
-      twin_(std::make_unique<MainWindow>(*ending_, *appearance_, true)) {
+    : appearance_(std::make_unique<Appearance>(*qApp)), quit_(std::make_unique<QuitController>()),
+      twin_(std::make_unique<MainWindow>(*quit_, *appearance_, true)) {
     twin_->setAttribute(Qt::WA_DontShowOnScreen);
     twin_->show();
     QApplication::processEvents();

@@ -59,7 +59,7 @@ private:
     TempFolder folder_;
     QProcess program_;
     std::unique_ptr<Appearance> appearance_;
-    std::unique_ptr<Ending> ending_;
+    std::unique_ptr<QuitController> quit_;
     std::unique_ptr<MainWindow> twin_;
     QString window_; // the X window of the program
     QPoint origin_;  // of its content on the screen

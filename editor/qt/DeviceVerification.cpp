@@ -1,0 +1,127 @@
+#include "editor/qt/DeviceVerification.h"
+
+#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Owned.h"
+#include "editor/qt/Text.h"
+#include "editor/qt/WaitCursor.h"
+
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks)
+    : window_(window), banks_(banks) {
+    window.menu().device().addSeparator();
+    compare_ = addAction(tr("&Compare With Device"), tr("Ctrl+D"), &DeviceVerification::compare);
+    verify_ = addAction(tr("Send And &Verify"), tr("Ctrl+Shift+Return"),
+                        &DeviceVerification::sendAndVerify);
+    const DeviceCommands& commands = window.commands();
+    connect(&commands, &DeviceCommands::busyChanged, this, [this](bool isBusy) {
+        compare_->setEnabled(!isBusy);
+        verify_->setEnabled(!isBusy);
+    });
+    connect(&commands, &DeviceCommands::started, this, [this] {
+        window_.notices().withdraw(Notice::Source::Transfer);
+        window_.notices().withdraw(Notice::Source::Comparison);
+    });
+    connect(&commands, &DeviceCommands::readEnded, this, &DeviceVerification::afterRead);
+    connect(&commands, &DeviceCommands::sendEnded, this, &DeviceVerification::afterSend);
+    // What is shown now came from a file, whatever a read told of the scenes before.
+    connect(&banks, &BankCommands::replaced, this,
+            [this] { window_.notices().withdraw(Notice::Source::Transfer); });
+    connect(&window, &MainWindow::refreshed, this, &DeviceVerification::checkEquality);
+}
+
+QAction* DeviceVerification::addAction(const QString& title, const QString& keys,
+                                       void (DeviceVerification::*command)()) {
+    QAction* action = window_.menu().device().addAction(title);
+    action->setShortcut(QKeySequence(keys));
+    connect(action, &QAction::triggered, this, command);
+    return action;
+}
+
+void DeviceVerification::compare() {
+    if (!window_.commands().isBusy())
+        compareFor(DeviceOperation::Compare);
+}
+
+void DeviceVerification::sendAndVerify() {
+    if (window_.commands().isBusy())
+        return;
+    isVerifying_ = true;
+    window_.commands().send();
+}
+
+void DeviceVerification::compareFor(DeviceOperation operation) {
+    window_.notices().withdraw(Notice::Source::Comparison);
+    DeviceComparison comparison;
+    {
+        const WaitCursor cursor;
+        comparison = compareWithDevice(*window_.view().pu(), WindowAction::scenes());
+    }
+    postOutcome(operation, comparison.outcome,
+                {{tr("Compare Again"), [this, operation] { compareFor(operation); }}});
+    if (comparison.outcome.end != Outcome::End::Done)
+        return;
+    if (comparison.differences.empty()) {
+        equal_ = storedImage();
+        window_.notices().post({.source = Notice::Source::Comparison,
+                                .kind = Notice::Kind::Done,
+                                .text = shown(comparisonText(DeviceOperation::Compare, 0))});
+        return;
+    }
+    QStringList lines;
+    for (const Difference& difference : comparison.differences)
+        lines.append(shown(differenceWords(difference)));
+    auto& dialog = owned<DifferenceDialog>(lines, &window_);
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.open();
+}
+
+void DeviceVerification::postOutcome(DeviceOperation operation, const Outcome& outcome,
+                                     std::vector<NoticeAction> actions) {
+    const OutcomeText text = textOf(operation, outcome);
+    QStringList lines;
+    if (!text.sentence.empty())
+        lines.append(shown(text.sentence));
+    for (const std::string& detail : text.details)
+        lines.append(shown(detail));
+    if (lines.isEmpty())
+        return;
+    window_.notices().post({.source = Notice::Source::Transfer,
+                            .kind = Notice::Kind::Error,
+                            .text = lines.join(QLatin1Char('\n')),
+                            .actions = std::move(actions)});
+}
+
+void DeviceVerification::afterRead(const Outcome& outcome) {
+    std::vector<NoticeAction> actions;
+    if (outcome.end != Outcome::End::Done && banks_.hasEarlier())
+        actions.push_back({tr("Bring Back Earlier Scenes"), [this] { banks_.restoreLatest(); }});
+    postOutcome(DeviceOperation::ShowScenes, outcome, std::move(actions));
+}
+
+void DeviceVerification::afterSend(const Outcome& outcome) {
+    const bool wasVerifying = std::exchange(isVerifying_, false);
+    std::vector<NoticeAction> actions;
+    if (outcome.end != Outcome::End::Done)
+        actions.push_back({tr("Send Again"), [this, wasVerifying] {
+                               if (wasVerifying)
+                                   sendAndVerify();
+                               else
+                                   window_.commands().send();
+                           }});
+    postOutcome(DeviceOperation::Send, outcome, std::move(actions));
+    if (wasVerifying && outcome.end == Outcome::End::Done)
+        compareFor(DeviceOperation::Verify);
+}
+
+void DeviceVerification::checkEquality() {
+    if (!equal_ || *equal_ == storedImage())
+        return;
+    equal_.reset();
+    window_.notices().withdraw(Notice::Source::Comparison);
+}
+
+} // namespace scenewright

@@ -1,0 +1,51 @@
+// What tells a person whether window and controller hold the same: comparing, sending with a look
+// afterwards, and the notice after a command that did not do everything.
+#pragma once
+
+#include "app/OutcomeText.h"
+#include "editor/qt/BankCommands.h"
+#include "editor/qt/MainWindow.h"
+#include "protocol/SceneImage.h"
+
+#include <QAction>
+#include <QObject>
+
+#include <optional>
+
+namespace scenewright {
+
+// Window and banks outlive it. Main thread only.
+class DeviceVerification final : public QObject {
+    Q_OBJECT
+
+public:
+    DeviceVerification(MainWindow& window, BankCommands& banks);
+
+    // Both do nothing while a send runs. Comparing blocks until it has ended.
+    void compare();
+    void sendAndVerify();
+
+    [[nodiscard]] QAction& compareAction() { return *compare_; }
+    [[nodiscard]] QAction& verifyAction() { return *verify_; }
+
+private:
+    QAction* addAction(const QString& title, const QString& keys,
+                       void (DeviceVerification::*command)());
+    void compareFor(DeviceOperation operation);
+    void postOutcome(DeviceOperation operation, const Outcome& outcome,
+                     std::vector<NoticeAction> actions);
+    void afterRead(const Outcome& outcome);
+    void afterSend(const Outcome& outcome);
+    // A notice of equality holds until the first edit.
+    void checkEquality();
+
+    MainWindow& window_;
+    BankCommands& banks_;
+    bool isVerifying_ = false;
+    std::optional<BankImage> equal_; // what was found equal to the controller's, while it is shown
+    // Children of the Device menu.
+    QAction* compare_ = nullptr;
+    QAction* verify_ = nullptr;
+};
+
+} // namespace scenewright

@@ -1,0 +1,278 @@
+#include "editor/qt/DifferenceDialog.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+#include "tests/support/NoMoreThreads.h"
+
+#include <QTest>
+
+namespace scenewright::testing {
+
+namespace {
+
+constexpr const char* kSame = "The controller holds what you see";
+const QString kNotReached = QStringLiteral("The keyboard could not be reached");
+const QString kPlugIn =
+    QStringLiteral("No keyboard of the device list is plugged in: plug it in, or see what "
+                   "'scenewright-cli devices' says about yours");
+const QString kOneShort =
+    QStringLiteral("1 of 2030 transfers failed, the first at byte 100 of 1012 "
+                   "(the answer was too short)");
+
+class DeviceVerificationTest : public CommandsBench {
+protected:
+    DeviceVerificationTest() { open(); }
+
+    QStringList differences() {
+        const auto* dialog = window().findChild<DifferenceDialog*>();
+        return dialog == nullptr ? QStringList() : dialog->lines();
+    }
+    // Whether another program could take the interface now.
+    bool portIsFree() {
+        const auto devices = host->devices({});
+        auto interface = devices->front()->interface(1);
+        return (*interface)->open().has_value();
+    }
+    void waitForSend() {
+        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    }
+};
+
+TEST_F(DeviceVerificationTest, TheSameIsSaid) {
+    press(Qt::Key_D);
+    EXPECT_EQ(notice(), kSame);
+    EXPECT_TRUE(differences().isEmpty());
+}
+
+TEST_F(DeviceVerificationTest, DifferencesAreListedAndTheScenesStay) {
+    record(kPad).setCR(12);
+    press(Qt::Key_D);
+    ASSERT_EQ(differences().size(), 1);
+    EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
+    EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
+    EXPECT_EQ(record(kPad).CR(), 12);
+    EXPECT_TRUE(earlier().list().empty());
+}
+
+TEST_F(DeviceVerificationTest, WithoutAControllerTheCauseIsToldAndTheScenesStay) {
+    unplug();
+    record(kPad).setCR(12);
+    press(Qt::Key_D);
+    EXPECT_EQ(notice(), kNotReached + ": nothing was compared\n" + kPlugIn);
+    EXPECT_EQ(record(kPad).CR(), 12);
+    EXPECT_EQ(message(), "Could not connect to midi device");
+}
+
+TEST_F(DeviceVerificationTest, SendAndVerifyReadsBack) {
+    record(kPad).setCR(12);
+    press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    waitForSend();
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceVerificationTest, SendAndVerifyListsWhatTheControllerDoesNotHold) {
+    commands().verification().sendAndVerify();
+    record(kPad).setCR(12); // the send holds the scenes as they were
+    waitForSend();
+    ASSERT_EQ(differences().size(), 1);
+    EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
+}
+
+TEST_F(DeviceVerificationTest, WhatCouldNotBeReadIsNotComparedAndMayBeTriedAgain) {
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    press(Qt::Key_D);
+    EXPECT_EQ(notice(), kOneShort + ": nothing was compared");
+    EXPECT_TRUE(differences().isEmpty());
+    plugIn();
+    ASSERT_NE(notices().action(0), nullptr);
+    notices().action(0)->click();
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceVerificationTest, DuringASendNeitherIsDone) {
+    commands().verification().sendAndVerify();
+    ASSERT_TRUE(window().commands().isBusy());
+    commands().verification().compare();
+    commands().verification().sendAndVerify();
+    EXPECT_EQ(notice(), "");
+    EXPECT_FALSE(commands().verification().compareAction().isEnabled());
+    waitForSend();
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceVerificationTest, AHalfSendThatWasToBeVerifiedIsVerifiedWhenSentAgain) {
+    plugIn({{Fault::Kind::Unplug, 500}});
+    commands().verification().sendAndVerify();
+    waitForSend();
+    ASSERT_NE(notices().action(0), nullptr);
+    controller->reset(); // plugged in again
+    notices().action(0)->click();
+    waitForSend();
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceVerificationTest, APlainSendDoesNotReadBack) {
+    press(Qt::Key_Return);
+    waitForSend();
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ASendThatReachedNothingIsNotVerified) {
+    unplug();
+    commands().verification().sendAndVerify();
+    waitForSend();
+    EXPECT_EQ(notice(), kNotReached + ": nothing was sent\n" + kPlugIn);
+    plugIn();
+    press(Qt::Key_Return);
+    waitForSend();
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ACleanReadTellsNothing) {
+    press(Qt::Key_R);
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ADoubtfulReadSaysHowMuchAndOffersTheEarlierScenes) {
+    record(kPad).setCR(77);
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    record(kPad).setCR(78);
+    press(Qt::Key_R);
+    EXPECT_EQ(notice(), kOneShort + ": 1 of the 1012 bytes shown did not come from the keyboard");
+    ASSERT_NE(notices().action(0), nullptr);
+    notices().action(0)->click();
+    EXPECT_EQ(record(kPad).CR(), 78);
+    EXPECT_EQ(notice(), "Brought back the earlier scenes");
+}
+
+TEST_F(DeviceVerificationTest, AReadThatReachedNothingSaysSoAndOffersTheEarlierScenes) {
+    record(kPad).setCR(79);
+    unplug();
+    press(Qt::Key_R);
+    EXPECT_EQ(notice(), kNotReached + ": default scenes are shown\n" + kPlugIn);
+    EXPECT_NE(record(kPad).CR(), 79);
+    ASSERT_NE(notices().action(0), nullptr);
+    QTest::mouseClick(notices().action(0), Qt::LeftButton);
+    EXPECT_EQ(record(kPad).CR(), 79);
+}
+
+TEST_F(DeviceVerificationTest, WithoutOtherEarlierScenesNoneAreOffered) {
+    unplug();
+    press(Qt::Key_R); // default scenes replace default scenes
+    EXPECT_NE(notice(), "");
+    EXPECT_EQ(notices().action(0), nullptr);
+}
+
+TEST_F(DeviceVerificationTest, AHalfSendOffersToSendAgain) {
+    record(kPad).setCR(80);
+    plugIn({{Fault::Kind::Unplug, 500}});
+    press(Qt::Key_Return);
+    waitForSend();
+    EXPECT_EQ(notice(), "525 of 1032 transfers failed, the first at packet 505 (the keyboard was "
+                        "unplugged): the keyboard may hold half a bank, and sending again repairs "
+                        "it\nThe keyboard was unplugged: plug it in and try again");
+    ASSERT_NE(notices().action(0), nullptr);
+    controller->reset(); // plugged in again
+    notices().action(0)->click();
+    waitForSend();
+    EXPECT_EQ(notice(), "");
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+}
+
+TEST_F(DeviceVerificationTest, DismissedIsGone) {
+    press(Qt::Key_D);
+    ASSERT_EQ(notice(), kSame);
+    for (auto* button : notices().findChildren<QPushButton*>())
+        if (button->text() == "Dismiss")
+            button->click();
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ThatBothAreTheSameIsSaidUntilTheFirstEdit) {
+    press(Qt::Key_D);
+    choose(kPad);
+    press(Qt::Key_2);
+    emit window().menu().modeChosen(4);
+    EXPECT_EQ(notice(), kSame);
+    press(Qt::Key_1);
+    choose(kPad);
+    PopUpBox& red = window().panes().popUp("padCR");
+    const int other = red.currentIndex() == 5 ? 6 : 5;
+    red.setCurrentIndex(other);
+    emit red.activated(other);
+    ASSERT_EQ(record(kPad).CR(), other);
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, AnOpenedBankThatDiffersIsAnEditAndOneThatDoesNotIsNone) {
+    const QString other = bankWithRed("other.json", record(kPad).CR() + 1);
+    commands().banks().saveBank(file("same.json"));
+    press(Qt::Key_D);
+    ASSERT_EQ(notice(), kSame); // what was saved has given way
+    commands().banks().openBank(other);
+    EXPECT_EQ(notice(), "Opened other.json");
+    EXPECT_EQ(notices().count(), 1U);
+}
+
+TEST_F(DeviceVerificationTest, AReadTellsWhatFailedAndThatTheFormerScenesWereNotKept) {
+    writeBytes(folder.file("backups"), {});
+    record(kPad).setCR(78);
+    plugIn({{Fault::Kind::ShortTransfer, 100}});
+    press(Qt::Key_R);
+    const QString expected =
+        kOneShort + ": 1 of the 1012 bytes shown did not come from the keyboard\nThe former scenes "
+                    "could not be kept: ";
+    EXPECT_TRUE(notice().startsWith(expected)) << notice().toStdString();
+    EXPECT_TRUE(notice().contains("backups")) << notice().toStdString();
+}
+
+TEST_F(DeviceVerificationTest, ASendWithoutAThreadIsToldAndSendsNothing) {
+    {
+        const NoMoreThreads none;
+        press(Qt::Key_Return);
+        waitForSend();
+    }
+    EXPECT_EQ(notice(),
+              "The transfer could not be started: nothing was sent\nThe system is short of "
+              "memory or threads: close other programs and try again");
+    EXPECT_EQ(controller->sendsEnded(), 0U);
+    EXPECT_TRUE(portIsFree());
+    ASSERT_NE(notices().action(0), nullptr);
+    notices().action(0)->click();
+    waitForSend();
+    EXPECT_EQ(notice(), "");
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+}
+
+TEST_F(DeviceVerificationTest, AVirtualMemoryThatCannotBeWrittenIsTold) {
+    plugIn({}, BankKeeper(folder.file("none/held.bank")));
+    press(Qt::Key_Return);
+    waitForSend();
+    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
+    EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
+    commands().verification().sendAndVerify();
+    waitForSend();
+    EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
+    notices().dismiss();
+    EXPECT_EQ(notice(), kSame);
+}
+
+TEST_F(DeviceVerificationTest, EachCommandGivesTheKeyboardBack) {
+    EXPECT_TRUE(portIsFree());
+    press(Qt::Key_R);
+    EXPECT_TRUE(portIsFree());
+    press(Qt::Key_D);
+    EXPECT_TRUE(portIsFree());
+    press(Qt::Key_Return);
+    EXPECT_FALSE(portIsFree());
+    waitForSend();
+    EXPECT_TRUE(portIsFree());
+    press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    waitForSend();
+    EXPECT_EQ(notice(), kSame);
+    EXPECT_TRUE(portIsFree());
+}
+
+} // namespace
+
+} // namespace scenewright::testing
