@@ -2,11 +2,15 @@
 // "send FILE" of standard input is one, and "release" gives up the interface, which a read leaves
 // open. The answer on standard output is "done", or "failed" and why. Without the pause before each
 // write, so that many of them fit into a test.
+//
+// With --watch it says instead, a line each time that changes, whether a listed keyboard is there:
+// "unplugged", "no permission", "claimed" or "usable".
+#include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
-#include "platform/Resources.h"
-#include "protocol/SendJob.h"
-#include "usb/ConnectCause.h"
+#include "platform/MainQueue.h"
+#include "protocol/SendTransaction.h"
+#include "usb/AttachedDevices.h"
 #include "usb/InterfaceAction.h"
 #include "usb/LibusbHost.h"
 #include "usb/Shutdown.h"
@@ -15,27 +19,30 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstdio>
 #include <iostream>
+#include <optional>
+#include <poll.h>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace scenewright {
 
 namespace {
 
-std::string troubleOfTransfers() {
-    const TransferTally tally = Transport::instance().tally();
-    if (tally.writes == 0)
-        return connectCause();
-    if (tally.isClean())
-        return {};
-    return fmt::format("{} writes and {} reads failed. {}", tally.failedWrites, tally.failedReads,
-                       causeAndCure(tally.first->code));
+std::string errorOf(DeviceOperation operation) {
+    const OutcomeText text = textOf(operation, WindowAction::lastOutcome());
+    std::string error = text.sentence;
+    for (const std::string& detail : text.details)
+        error += ". " + detail;
+    return error;
 }
 
 std::string read(const std::string& file) {
     WindowAction::readSceneData();
-    const std::string trouble = troubleOfTransfers();
-    return trouble.empty() ? writeBank(file, WindowAction::scenes()).value_or("") : trouble;
+    const std::string error = errorOf(DeviceOperation::SaveScenes);
+    return error.empty() ? writeBank(file, WindowAction::scenes()).value_or("") : error;
 }
 
 std::string send(const std::string& file) {
@@ -43,10 +50,11 @@ std::string send(const std::string& file) {
     if (bank.trouble)
         return *bank.trouble;
     WindowAction::setScenes(bank.scenes);
-    WindowAction::sendSceneData();
-    SendJob::waitForEnd(std::chrono::minutes(1));
+    bool hasEnded = false;
+    WindowAction::sendSceneData([&hasEnded](const Outcome&) { hasEnded = true; });
+    MainQueue::pumpUntil([&hasEnded] { return hasEnded; });
     SendJob::join();
-    return troubleOfTransfers();
+    return errorOf(DeviceOperation::Send);
 }
 
 std::string perform(const std::string& verb) {
@@ -64,17 +72,51 @@ int serve() {
     Transport::instance().use(makeLibusbHost(), [](std::chrono::nanoseconds) {});
     std::string verb;
     while (std::cin >> verb) {
-        const std::string trouble = perform(verb);
-        fmt::print("{}\n", trouble.empty() ? "done" : "failed " + trouble);
+        const std::string error = perform(verb);
+        fmt::print("{}\n", error.empty() ? "done" : "failed " + error);
         std::fflush(stdout);
     }
     return 0;
+}
+
+const char* nameOf(KeyboardPresence presence) {
+    switch (presence) {
+    case KeyboardPresence::Unplugged:
+        return "unplugged";
+    case KeyboardPresence::NoPermission:
+        return "no permission";
+    case KeyboardPresence::Claimed:
+        return "claimed";
+    case KeyboardPresence::Usable:
+        return "usable";
+    }
+    return "";
+}
+
+int watch() {
+    auto monitor = DeviceMonitor::start();
+    if (!monitor) {
+        fmt::print(stderr, "{}\n", monitor.error());
+        return 1;
+    }
+    std::optional<KeyboardPresence> said;
+    for (;;) {
+        const KeyboardPresence presence = keyboardPresence(deviceList(), attachedDevices());
+        if (std::exchange(said, presence) != presence)
+            fmt::print("{}\n", nameOf(presence));
+        std::fflush(stdout);
+        pollfd waiting{.fd = monitor->descriptor(), .events = POLLIN, .revents = 0};
+        poll(&waiting, 1, -1);
+        monitor->drain();
+    }
 }
 
 } // namespace
 
 } // namespace scenewright
 
-int main() {
+int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--watch")
+        return scenewright::watch();
     return scenewright::serve();
 }

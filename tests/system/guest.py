@@ -12,13 +12,14 @@ import traceback
 
 import cases_devices
 import cases_editor
+import cases_port
 import cases_signals
 import cases_soak
 import cases_transfer
 import cases_trouble
 from rig import Rig
 
-MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_editor,
+MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_editor,
            cases_soak)
 PREFIX = "case_"
 REPORTS = "/dev/ttyS1"

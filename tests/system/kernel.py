@@ -10,7 +10,8 @@ import subprocess
 from pathlib import Path
 
 METAPACKAGE = "linux-image-amd64"
-MODULES = ("virtio_pci", "9pnet_virtio", "9p", "vhci_hcd", "snd_usb_audio")
+MODULES = ("virtio_pci", "9pnet_virtio", "9p", "vhci_hcd", "snd_usb_audio", "snd_seq",
+           "snd_seq_midi")
 BUSYBOX = Path("/bin/busybox")
 ADMIN_PATH = os.environ.get("PATH", "") + ":/usr/sbin:/sbin"
 
