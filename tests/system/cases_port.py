@@ -14,7 +14,7 @@ CLIENTS = "/proc/asound/seq/clients"
 def sequencer_client():
     """The number of the keyboard's client of the sequencer, or None."""
     with open(CLIENTS, encoding="utf-8") as clients:
-        found = re.search(r'Client +(\d+) : "Scene', clients.read())
+        found = re.search(r'Client +(\d+) : "Virtual Controller', clients.read())
     return found and found.group(1)
 
 
@@ -58,7 +58,7 @@ def case_port_is_back_after_each_command_of_the_command_line(rig):
         listener = Listener(rig)
         code, errors = rig.run(CLI, *command, stdout=subprocess.DEVNULL)
         check_equal((code, errors), (1 if command[0] == "diff" else 0, ""), command[0])
-        check_back_in_time(rig, keyboard, " ".join(map(str, command[:1] + command[2:3])))
+        check_back_in_time(rig, keyboard, " ".join(word for word in command if isinstance(word, str)))
         listener.end()
 
 
