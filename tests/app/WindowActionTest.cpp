@@ -4,7 +4,9 @@
 #include "editor/options/PopUpValue.h"
 #include "model/Progress.h"
 #include "platform/MainQueue.h"
+#include "platform/Resources.h"
 #include "protocol/SendTransaction.h"
+#include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -12,6 +14,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -153,12 +157,18 @@ TEST_F(WindowActionTest, ReadKeepsTheControllersNames) {
 
 TEST_F(WindowActionTest, CommandsWorkWithoutARecord) {
     plugIn(BankImage{});
+    ASSERT_EQ(Progress::recordIfAny(), nullptr);
     WindowAction::getSceneWithIndex(1)->commonValue()->setSceneName("SENT");
     WindowAction::sendSceneData();
     SendJob::waitForEnd();
     EXPECT_EQ(controller_->bank()[253], 'S');
+    // The transaction has made the record, and what comes after it is written there.
+    ASSERT_NE(Progress::recordIfAny(), nullptr);
+    EXPECT_EQ(Progress::recordIfAny()->isSendFinish(), "Yes");
+    Progress::forget();
     WindowAction::readSceneData();
     EXPECT_EQ(nameOf(1), std::string("SENT") + std::string(8, '\0'));
+    EXPECT_EQ(Progress::recordIfAny()->Message(), "Read Scene Data Finish");
 }
 
 TEST_F(WindowActionTest, ThreeScenesAreFilledUpWithTheFourth) {
@@ -259,13 +269,30 @@ TEST_F(WindowActionTest, SendWithoutAControllerStillFinishes) {
 }
 
 TEST_F(WindowActionTest, SpareDefaultSceneTouchesNothing) {
-    const auto before = WindowAction::getSceneWithIndex(0);
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
+    const SceneList before = WindowAction::scenes();
+    const BankImage image = encodeBank(before);
+    const auto writes = watch(*WindowAction::getMessageValue());
     WindowAction::GetDefaultValue();
-    EXPECT_EQ(WindowAction::getSceneWithIndex(0), before);
+    EXPECT_EQ(WindowAction::scenes(), before);
+    EXPECT_EQ(encodeBank(WindowAction::scenes()), image);
+    EXPECT_TRUE(writes->empty());
 }
 
 TEST_F(WindowActionTest, OptionListsAreReadAnewAtEachCall) {
-    EXPECT_NE(WindowAction::InitializePopUp(), WindowAction::InitializePopUp());
+    const testing::TempFolder folder;
+    const auto write = [&folder](const std::string& title) {
+        std::ofstream(folder.file("basic.plist"))
+            << "<plist version=\"1.0\"><dict><key>control</key><array><string>" << title
+            << "</string></array></dict></plist>";
+        std::filesystem::last_write_time(folder.file("basic.plist"), {});
+    };
+    Resources::setFolder(folder.path());
+    for (const char* title : {"one", "two"}) {
+        write(title);
+        EXPECT_EQ(WindowAction::InitializePopUp()->control_Array()->front(), title);
+    }
+    Resources::setFolder({});
 }
 
 } // namespace scenewright

@@ -40,13 +40,18 @@ DeviceTest::DeviceTest() {
     Diagnostics::setLog([this](std::string_view line) {
         log.emplace_back(line);
         events.push_back("log " + std::string(line));
+        script->note(events.back());
     });
-    Diagnostics::setConsole([this](std::string_view text) { console.emplace_back(text); });
+    Diagnostics::setConsole([this](std::string_view text) {
+        console.emplace_back(text);
+        script->note("console " + std::string(text));
+    });
     Progress::forget();
     observed_ =
         Progress::record()->addObserver("Message", [this](auto, const MessageValue::Text& text) {
             messages.push_back(text.value());
             events.push_back("message " + text.value());
+            script->note(events.back());
         });
 }
 
@@ -58,6 +63,12 @@ DeviceTest::~DeviceTest() {
     Transport::instance().use(nullptr);
     Progress::forget();
     Resources::setFolder({});
+}
+
+Lines DeviceTest::withoutMessages() const {
+    Lines lines = script->events;
+    std::erase_if(lines, [](const std::string& line) { return line.starts_with("message "); });
+    return lines;
 }
 
 void DeviceTest::takeInterface() {

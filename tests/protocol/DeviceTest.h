@@ -39,6 +39,8 @@ protected:
     // Finds the device and takes its interface, as a transaction does before its handshake.
     void takeInterface();
 
+    // The host's calls and both streams, in the order in which they came.
+    [[nodiscard]] Lines withoutMessages() const;
     // The packets written, "09 9c 01 02" each.
     [[nodiscard]] Lines written() const { return script->written(); }
 

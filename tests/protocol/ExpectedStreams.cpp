@@ -19,16 +19,33 @@ std::string dumpOf(std::span<const std::uint8_t> bytes) {
 }
 
 void ExpectedStreams::connect() {
-    console.insert(console.end(),
-                   {"Found device (vendor 4617, product 1)\n",
-                    "list index:0 (vendor 4617, product 1)\n", "get it",
-                    "Interface class 1, subclass 3\n", "Interface has 2 endpoints\n",
-                    "PipeRef 1:", "direction in,", "transfer type bulk, maxPacketSize 64\n",
-                    "PipeRef 2:", "direction out,", "transfer type bulk, maxPacketSize 64\n"});
+    events.insert(events.end(), {"canMatch 1209 0001",
+                                 "devices any any",
+                                 "prepare one",
+                                 "vendor one",
+                                 "product one",
+                                 "console Found device (vendor 4617, product 1)\n",
+                                 "console list index:0 (vendor 4617, product 1)\n",
+                                 "console get it",
+                                 "interface one 1",
+                                 "interfaceClass one/1",
+                                 "console Interface class 1, subclass 3\n",
+                                 "open one/1",
+                                 "endpointCount one/1",
+                                 "console Interface has 2 endpoints\n",
+                                 "pipeProperties one/1 1",
+                                 "console PipeRef 1:",
+                                 "console direction in,",
+                                 "console transfer type bulk, maxPacketSize 64\n",
+                                 "pipeProperties one/1 2",
+                                 "console PipeRef 2:",
+                                 "console direction out,",
+                                 "console transfer type bulk, maxPacketSize 64\n"});
 }
 
 void ExpectedStreams::handshake(const Bytes& reply) {
     say("开始握手协议");
+    events.emplace_back("open one/1");
     write({0x09, 0x9C, 0x01, 0x02});
     write({0x09, 0x9C, 0x7E, 0x7D});
     readVersion(reply);
@@ -40,18 +57,21 @@ void ExpectedStreams::handshake(const Bytes& reply) {
 
 void ExpectedStreams::write(const Bytes& packet) {
     say("sleep(0.001)");
-    say(dumpOf(packet));
-    console.push_back("Wrote " + std::to_string(packet.size()) + " bytes to bulk endpoint\n");
+    const std::string dump = dumpOf(packet);
+    events.push_back("write one/1 2 " + dump.substr(0, dump.size() - 1));
+    say(dump);
+    print("Wrote " + std::to_string(packet.size()) + " bytes to bulk endpoint\n");
 }
 
 void ExpectedStreams::receive(const Bytes& transfer) {
+    events.emplace_back("read one/1 1 63");
     std::ranges::copy(transfer, buffer_.begin());
 }
 
 void ExpectedStreams::printText(const Bytes& transfer) {
     const std::string text(buffer_.begin(), std::ranges::find(buffer_, 0));
-    console.push_back("Read \"" + text + "\" (" + std::to_string(transfer.size()) +
-                      " bytes) from bulk endpoint\n");
+    print("Read \"" + text + "\" (" + std::to_string(transfer.size()) +
+          " bytes) from bulk endpoint\n");
 }
 
 void ExpectedStreams::readVersion(const Bytes& transfer) {
@@ -62,7 +82,7 @@ void ExpectedStreams::readVersion(const Bytes& transfer) {
 
 void ExpectedStreams::readData(const Bytes& transfer) {
     receive(transfer);
-    console.push_back("Read " + std::to_string(transfer.size()) + " bytes from bulk endpoint\n");
+    print("Read " + std::to_string(transfer.size()) + " bytes from bulk endpoint\n");
     say("ReadDataFromDevice  " + dumpOf(buffer_));
 }
 

@@ -1,5 +1,5 @@
-// What the two diagnostic streams must hold after a conversation, put together transfer by transfer
-// from the texts that each transfer owes them. Shares no code with what it checks.
+// What the host is asked and what the two diagnostic streams must hold in a conversation, in one
+// order, put together transfer by transfer. Shares no code with what it checks.
 #pragma once
 
 #include "tests/protocol/DeviceTest.h"
@@ -24,10 +24,11 @@ public:
     void readVersion(const Bytes& transfer);
     void readData(const Bytes& transfer);
     void read(const Bytes& transfer);
-    void say(const std::string& logLine) { log.push_back(logLine); }
+    void say(const std::string& logLine) { events.push_back("log " + logLine); }
+    void print(const std::string& text) { events.push_back("console " + text); }
 
-    Lines log;
-    Lines console;
+    // "log LINE", "console TEXT", and the host's calls as ScriptedHost.h writes them.
+    Lines events;
 
 private:
     void receive(const Bytes& transfer);

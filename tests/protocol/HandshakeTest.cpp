@@ -92,8 +92,11 @@ TEST_F(HandshakeTest, ReplyWithAnotherFirstByteIsRefusedWithoutALine) {
 }
 
 TEST_F(HandshakeTest, EmptyReplyLeavesTheBufferAsItIs) {
-    EXPECT_FALSE(answeredBy({}));
-    EXPECT_EQ(spoken(), Lines{});
+    const Bytes right{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38};
+    EXPECT_TRUE(answeredBy(right));
+    EXPECT_TRUE(answeredBy({})) << "the former reply is still there, and is taken";
+    EXPECT_TRUE(answeredBy({0x09})) << "behind the byte that came";
+    EXPECT_FALSE(answeredBy({0x0B}));
 }
 
 TEST_F(HandshakeTest, ReplyThatComesInTwoPacketsIsReadInOneTransferOnly) {
