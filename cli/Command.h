@@ -41,6 +41,9 @@ inline constexpr const char* kChangedBankHelp =
 inline constexpr const char* kPathHelp =
     "Such as scene1.pad3.CR, scene2.common.KeyTranspose, scene*.knob*.Enable";
 
+inline constexpr const char* kAssignmentHelp =
+    "PATH=VALUE, such as scene1.pad3.CR=127, scene*.knob*.Enable=On";
+
 // Each adds its subcommand to `app`; parsing it fills in `choice`, which must outlive `app`.
 void addConvertCommand(CLI::App& app, CommandChoice& choice);
 void addCopyCommand(CLI::App& app, CommandChoice& choice);

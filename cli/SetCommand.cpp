@@ -51,7 +51,7 @@ void addSetCommand(CLI::App& app, CommandChoice& choice) {
     CLI::App* command = app.add_subcommand("set", "Change settings of a bank, all or none");
     auto options = std::make_shared<SetOptions>();
     command->add_option("BANK", options->bank, kChangedBankHelp)->required();
-    command->add_option("PATH=VALUE", options->assignments, kPathHelp)->required();
+    command->add_option("ASSIGNMENT", options->assignments, kAssignmentHelp)->required();
     command->footer(kSetFooter);
     command->callback([&choice, options] {
         choice = {[options] { return set(*options); }, false, {bankToChange(options->bank)}};
