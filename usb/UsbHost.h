@@ -20,7 +20,8 @@
 namespace scenewright {
 
 // What can fail, in the order in which a connection takes the steps.
-enum class UsbStep : std::uint8_t {
+// As wide as the code beside it in UsbError: g++ takes copied padding for uninitialized.
+enum class UsbStep : std::int32_t {
     MatchDevices, // the platform has no way to match devices
     MatchVendor,  // ... or not by their vendor id
     MatchProduct, // ... or not by their product id
