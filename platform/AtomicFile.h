@@ -44,6 +44,6 @@ using FileChange = std::function<Result<FileContent>(FileContent former)>;
 [[nodiscard]] Result<void> checkReplaceable(const std::filesystem::path& path);
 
 // What `path` leads to when every symbolic link in its last component is followed, existing or not.
-[[nodiscard]] Result<std::filesystem::path> followLinks(const std::filesystem::path& path);
+[[nodiscard]] Result<std::filesystem::path> followLinks(const std::filesystem::path& given);
 
 } // namespace scenewright

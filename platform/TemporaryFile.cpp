@@ -35,7 +35,8 @@ bool isHiddenName(std::string_view name) {
         return false;
     name.remove_prefix(kPrefix.size());
     return std::ranges::count(name, '-') == 1 && name.front() != '-' && name.back() != '-' &&
-           std::ranges::all_of(name, [](unsigned char c) { return c == '-' || std::isdigit(c); });
+           std::ranges::all_of(name,
+                               [](unsigned char c) { return c == '-' || std::isdigit(c) != 0; });
 }
 
 fs::path procPath(int fd) {

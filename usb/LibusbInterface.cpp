@@ -35,9 +35,13 @@ UsbResult<void> resultOf(UsbStep step, ResultCode code) {
 // order; none for a device that is not configured.
 class Interfaces {
 public:
-    explicit Interfaces(libusb_device& device) {
-        libusb_config_descriptor* found = nullptr;
-        result_ = resultOfLibusb(libusb_get_active_config_descriptor(&device, &found));
+    explicit Interfaces(libusb_device& device) : Interfaces(device, nullptr) {}
+    [[nodiscard]] ResultCode result() const { return result_; }
+    [[nodiscard]] std::span<const libusb_interface_descriptor* const> list() const { return list_; }
+
+private:
+    Interfaces(libusb_device& device, libusb_config_descriptor* found)
+        : result_(resultOfLibusb(libusb_get_active_config_descriptor(&device, &found))) {
         if (result_ != kResultSuccess)
             return;
         configuration_ = {found, &libusb_free_config_descriptor};
@@ -45,11 +49,8 @@ public:
             if (interface.num_altsetting > 0)
                 list_.push_back(interface.altsetting);
     }
-    [[nodiscard]] ResultCode result() const { return result_; }
-    [[nodiscard]] std::span<const libusb_interface_descriptor* const> list() const { return list_; }
 
-private:
-    ResultCode result_ = kResultSuccess;
+    ResultCode result_;
     std::shared_ptr<libusb_config_descriptor> configuration_; // has what the list points to
     std::vector<const libusb_interface_descriptor*> list_;
 };

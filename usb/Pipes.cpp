@@ -20,7 +20,7 @@ enum class ConsoleLine : std::uint8_t { Count, TextAndCount };
 
 // How one of the reads differs from the others.
 struct ReadKind {
-    ConsoleLine console;
+    ConsoleLine console = ConsoleLine::Count;
     Format<std::string> logFormat; // takes the dump
     bool isVersionRead = false;
 };
