@@ -179,6 +179,8 @@ int changeBank(const std::string& name, const BankEdit& edit) {
 }
 
 std::optional<std::string> whyNotStorable(const std::string& name) {
+    if (const auto lists = listsFor(formForArgument(name, BankForm::Image)); !lists)
+        return lists.error();
     if (outputDescriptor(name))
         return std::nullopt;
     const auto checked = checkReplaceable(name);

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace scenewright {
 
@@ -78,6 +80,55 @@ TEST(ProgramFiles, BadPropertyListIsNamed) {
                       folder.file("default.plist"));
     EXPECT_EQ(folder.names(), std::vector<std::string>{"default.plist"});
 }
+
+// Each command with the lists that it works with; every other one may be bad.
+struct NeedsLists {
+    std::vector<std::string> arguments; // BANK and OUT stand for files of the case
+    std::vector<std::string> lists;
+};
+
+class BadList : public ::testing::TestWithParam<NeedsLists> {};
+
+TEST_P(BadList, EndsTheCommandsThatNeedItAndNoOthers) {
+    for (const std::string list : {"basic", "default", "project"}) {
+        const TempFolder folder;
+        const TempFolder lists;
+        testing::writeBytes(folder.file("bank"), testing::randomBank(1));
+        testing::writeText(lists.file(list + ".plist"), "<plist><dict><key>open");
+        std::vector<std::string> arguments{"--resources", lists.path()};
+        for (const std::string& argument : GetParam().arguments) {
+            const bool isFile = argument == "bank" || argument.starts_with("out");
+            arguments.push_back(isFile ? folder.file(argument) : argument);
+        }
+        const ProgramRun result = runCli(arguments);
+        SCOPED_TRACE(GetParam().arguments[0] + " with a bad " + list);
+        if (std::ranges::find(GetParam().lists, list) != GetParam().lists.end()) {
+            expectOneSentence(result, 2, lists.file(list + ".plist"));
+            EXPECT_EQ(folder.names(), std::vector<std::string>{"bank"});
+            EXPECT_EQ(testing::readBytes(folder.file("bank")), testing::randomBank(1));
+        } else {
+            EXPECT_EQ(result.exitCode, 0) << result.errors;
+            EXPECT_EQ(result.errors, "");
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, BadList,
+    ::testing::Values(NeedsLists{{"show", "bank"}, {"basic"}},
+                      NeedsLists{{"get", "bank", "scene1.pad1"}, {"basic"}},
+                      NeedsLists{{"set", "bank", "scene1.pad1.CR=1"}, {"basic"}},
+                      NeedsLists{{"copy", "bank", "scene1", "scene2"}, {}},
+                      NeedsLists{{"diff", "bank", "bank"}, {"basic"}},
+                      NeedsLists{{"convert", "bank", "out.bank"}, {}},
+                      NeedsLists{{"convert", "bank", "out.json"}, {"basic"}},
+                      NeedsLists{{"default", "out.bank"}, {"default"}},
+                      NeedsLists{{"default", "out.json"}, {"default", "basic"}},
+                      NeedsLists{{"udev-rules"}, {"project"}}, NeedsLists{{"devices"}, {"project"}},
+                      NeedsLists{{"--virtual", "read", "out.bank"}, {"project"}},
+        NeedsLists{{"--virtual", "read", "out.json"}, {"project", "basic"}},
+                      NeedsLists{{"--virtual", "send", "bank"}, {"project"}},
+                      NeedsLists{{"--virtual", "send", "bank", "--verify"}, {"project", "basic"}}));
 
 TEST(ProgramFiles, BadUsageIsOneSentence) {
     const TempFolder folder;
