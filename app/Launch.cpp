@@ -16,11 +16,10 @@ namespace scenewright {
 
 namespace {
 
-std::optional<std::string> connectVirtualHost(const std::string& bankPath) {
-    std::optional<std::string> trouble;
-    auto memory = openVirtualBank(bankPath, trouble);
+std::optional<std::string> connectVirtualHost(const LaunchOptions& options) {
+    auto memory = openVirtualBank(options.virtualBank, options.needsLists);
     if (!memory)
-        return trouble;
+        return memory.error();
     auto device = std::make_shared<VirtualController>(memory->image);
     Transport::instance().use(makeVirtualHost(std::move(device), std::move(memory->keeper)));
     return std::nullopt;
@@ -76,7 +75,7 @@ std::optional<std::string> launch(const LaunchOptions& options) {
 
 std::optional<std::string> connectHost(const LaunchOptions& options) {
     if (options.isVirtual)
-        return connectVirtualHost(options.virtualBank);
+        return connectVirtualHost(options);
     Transport::instance().use(makeLibusbHost());
     return std::nullopt;
 }

@@ -17,6 +17,9 @@ namespace scenewright {
 
 struct LaunchOptions {
     bool isVirtual = false;
+    // Whether a virtual controller that lacks its lists is an error; else what it holds for want of
+    // them is zeros and settings without titles.
+    bool needsLists = false;
     // The virtual controller's memory, a bank in either form: read at the start if the file exists,
     // written after each send. Empty keeps it in memory.
     std::string virtualBank;

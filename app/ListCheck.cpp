@@ -7,6 +7,7 @@
 #include "platform/Words.h"
 #include "usb/DeviceList.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace scenewright {
@@ -44,6 +45,16 @@ Result<void> checkList(std::string_view name) {
         return failure(
             say(ownText("scenewright::File", "{}: it lists no keyboard"), fileOf(kProjectList)));
     return {};
+}
+
+Result<void> checkDefaultScenes(const SceneList& scenes) {
+    const auto isWhole = [](const auto& scene) {
+        return scene->buttonValueArray().size() == kControlCount;
+    };
+    if (std::ranges::all_of(scenes, isWhole))
+        return {};
+    auto checked = checkList(kDefaultList);
+    return checked ? failure("default.plist: it changed meanwhile") : checked;
 }
 
 std::vector<std::string> listErrors() {

@@ -4,6 +4,7 @@
 // needs a list asks here first, and says what is wrong with it.
 #pragma once
 
+#include "model/SceneValue.h"
 #include "platform/Result.h"
 
 #include <string>
@@ -19,6 +20,10 @@ inline constexpr std::string_view kProjectList = "project"; // the keyboards tha
 // As the file is now: it can be read and has as much as the keyboard needs. The error is one
 // sentence that names the file.
 [[nodiscard]] Result<void> checkList(std::string_view name);
+
+// Whether each of the scenes, made from the default list, has what the list is to give: it is read
+// anew for each, and may fail for one of them.
+[[nodiscard]] Result<void> checkDefaultScenes(const SceneList& scenes);
 
 // The errors of all three.
 [[nodiscard]] std::vector<std::string> listErrors();

@@ -1,9 +1,11 @@
 #include "app/VirtualBank.h"
 
+#include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/BankImageReader.h"
 #include "bank/JsonTree.h"
+#include "editor/options/PopUpValue.h"
 #include "platform/WholeFile.h"
 
 #include <fmt/format.h>
@@ -11,6 +13,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace scenewright {
 
@@ -20,9 +24,8 @@ namespace fs = std::filesystem;
 using Trouble = std::optional<std::string>;
 
 // The lists are taken along, as sends end on a thread of their own.
-BankKeeper::Store jsonStore() {
-    return [lists = WindowAction::InitializePopUp()](const fs::path& file,
-                                                     const BankImage& image) -> Trouble {
+BankKeeper::Store jsonStore(std::shared_ptr<PopUpValue> lists) {
+    return [lists = std::move(lists)](const fs::path& file, const BankImage& image) -> Trouble {
         const BankContent bank = readBankImage(image);
         if (bank.trouble)
             return fmt::format("{}: {}", file.string(), *bank.trouble);
@@ -30,8 +33,14 @@ BankKeeper::Store jsonStore() {
     };
 }
 
-BankKeeper keeperFor(const fs::path& file, BankForm form) {
-    return form == BankForm::Json ? BankKeeper(file, jsonStore()) : BankKeeper(file);
+Result<BankKeeper> keeperFor(const fs::path& file, BankForm form, bool needsLists) {
+    if (form != BankForm::Json)
+        return BankKeeper(file);
+    if (!needsLists)
+        return BankKeeper(file, jsonStore(WindowAction::InitializePopUp()));
+    return readPopUpValue().map([&file](std::shared_ptr<PopUpValue> lists) {
+        return BankKeeper(file, jsonStore(std::move(lists)));
+    });
 }
 
 Trouble readImage(const std::string& path, BankImage& image, BankForm& form) {
@@ -55,18 +64,23 @@ Trouble readImage(const std::string& path, BankImage& image, BankForm& form) {
 
 } // namespace
 
-std::optional<VirtualBank> openVirtualBank(const std::string& path, Trouble& trouble) {
+Result<VirtualBank> openVirtualBank(const std::string& path, bool needsLists) {
     WindowAction::getSceneValue();
     BankImage image = encodeBank(WindowAction::scenes());
-    if (path.empty())
-        return VirtualBank{image, BankKeeper({})};
     BankForm form = formForName(path);
-    trouble = whyNotWritable(path);
-    if (!trouble && fs::exists(path))
-        trouble = readImage(path, image, form);
-    if (trouble)
-        return std::nullopt;
-    return VirtualBank{image, keeperFor(path, form)};
+    if (!path.empty())
+        if (auto trouble = whyNotWritable(path))
+            return failure(std::move(*trouble));
+    const bool isThere = !path.empty() && fs::exists(path);
+    if (isThere)
+        if (auto trouble = readImage(path, image, form))
+            return failure(std::move(*trouble));
+    if (!isThere && needsLists)
+        if (auto checked = checkDefaultScenes(WindowAction::scenes()); !checked)
+            return failure(std::move(checked.error()));
+    return keeperFor(path, form, needsLists).map([&image](BankKeeper keeper) {
+        return VirtualBank{image, std::move(keeper)};
+    });
 }
 
 } // namespace scenewright

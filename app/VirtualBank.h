@@ -3,10 +3,10 @@
 // Main thread; what it gives may be used on any.
 #pragma once
 
+#include "platform/Result.h"
 #include "protocol/SceneImage.h"
 #include "virtual/BankKeeper.h"
 
-#include <optional>
 #include <string>
 
 namespace scenewright {
@@ -18,8 +18,8 @@ struct VirtualBank {
 
 // What the file holds; the default scenes when there is no such file, to be kept in the form that
 // its name asks for, or when the path is empty, and then nothing is kept. An image may hold any
-// bytes, as a controller may. Nothing and `trouble`, one sentence, when the file cannot serve.
-[[nodiscard]] std::optional<VirtualBank> openVirtualBank(const std::string& path,
-                                                         std::optional<std::string>& trouble);
+// bytes, as a controller may. An error when the file cannot serve; and, with `needsLists`, when a
+// list that is used cannot: the default scenes are zeros without theirs, JSON has no titles.
+[[nodiscard]] Result<VirtualBank> openVirtualBank(const std::string& path, bool needsLists);
 
 } // namespace scenewright

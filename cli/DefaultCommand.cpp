@@ -2,7 +2,6 @@
 #include "app/WindowAction.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "model/Control.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,13 +15,8 @@ namespace {
 int writeDefaults(const std::string& out) {
     WindowAction::getSceneValue();
     const SceneList scenes = WindowAction::scenes();
-    // The list is read for each scene, and may be gone for one of them.
-    for (const auto& scene : scenes)
-        if (scene->buttonValueArray().size() != kControlCount) {
-            const auto checked = checkList(kDefaultList);
-            return complain(checked ? "default.plist: it changed meanwhile" : checked.error(),
-                            kExitUsage);
-        }
+    if (const auto checked = checkDefaultScenes(scenes); !checked)
+        return complain(checked.error(), kExitUsage);
     return storeBank(out, scenes, formForArgument(out, BankForm::Image));
 }
 

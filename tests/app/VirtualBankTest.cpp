@@ -2,6 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
+#include "platform/Resources.h"
 #include "protocol/SceneAction.h"
 #include "protocol/SendTransaction.h"
 #include "tests/support/TempFolder.h"
@@ -22,15 +23,13 @@ protected:
     }
 
     VirtualBank opened(const std::string& path) {
-        std::optional<std::string> trouble;
-        auto bank = openVirtualBank(path, trouble);
-        EXPECT_EQ(trouble, std::nullopt);
+        auto bank = openVirtualBank(path, true);
+        EXPECT_TRUE(bank) << bank.error();
         return std::move(bank).value();
     }
     std::string troubleOf(const std::string& path) {
-        std::optional<std::string> trouble;
-        EXPECT_FALSE(openVirtualBank(path, trouble).has_value());
-        return trouble.value_or("none");
+        const auto bank = openVirtualBank(path, true);
+        return bank ? "none" : bank.error();
     }
     // The store's scenes, with this red for the first pad, through the controller to the file.
     void send(const std::string& path, std::int32_t red) {
@@ -82,6 +81,43 @@ TEST_F(VirtualBankTest, AnImageStaysOne) {
     send(folder_.file("held"), 13);
     EXPECT_EQ(readBytes(folder_.file("held")).size(), kBankSize);
     EXPECT_EQ(redOf(folder_.file("held")), 13);
+}
+
+// A folder whose lists come before the shipped ones, and are none.
+class VirtualBankListsTest : public VirtualBankTest {
+protected:
+    VirtualBankListsTest() {
+        for (const char* name : {"default", "basic"})
+            writeBytes(lists_.file(std::string(name) + ".plist"), std::vector<std::uint8_t>{'x'});
+        Resources::setFolder(lists_.path());
+    }
+    ~VirtualBankListsTest() override { Resources::setFolder({}); }
+    std::string listError(const std::string& name) const {
+        return "Cannot read " + lists_.file(name) + ": it is not a property list";
+    }
+
+    TempFolder lists_;
+};
+
+TEST_F(VirtualBankListsTest, ANewMemoryWithoutTheDefaultListIsRefusedWhereListsAreNeeded) {
+    EXPECT_EQ(troubleOf(folder_.file("new.bank")), listError("default.plist"));
+    EXPECT_EQ(troubleOf(""), listError("default.plist"));
+    const auto zeros = openVirtualBank("", false);
+    ASSERT_TRUE(zeros) << zeros.error();
+    EXPECT_EQ(zeros->image[20], 0);
+}
+
+TEST_F(VirtualBankListsTest, AJsonMemoryWithoutTitlesIsRefusedWhereListsAreNeeded) {
+    Resources::setFolder({});
+    send(folder_.file("held.json"), 14);
+    Resources::setFolder(lists_.path());
+    EXPECT_EQ(troubleOf(folder_.file("held.json")), listError("basic.plist"));
+    EXPECT_TRUE(openVirtualBank(folder_.file("held.json"), false));
+}
+
+TEST_F(VirtualBankListsTest, AnImageIsTakenWithoutLists) {
+    writeBytes(folder_.file("held"), std::vector<std::uint8_t>(kBankSize, 0x11));
+    EXPECT_TRUE(openVirtualBank(folder_.file("held"), true));
 }
 
 TEST_F(VirtualBankTest, WhatIsNoBankIsRefusedWithTheReason) {
