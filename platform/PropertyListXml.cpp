@@ -48,9 +48,16 @@ std::optional<std::int64_t> integerIn(std::string_view text) {
     return isNegative ? -value : value;
 }
 
+locale_t plainLocale() {
+    const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    if (plain == nullptr)
+        throw std::bad_alloc();
+    return plain;
+}
+
 // With a decimal point whatever the user's language is.
 std::optional<double> realIn(const std::string& text) {
-    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    static const locale_t plain = plainLocale();
     char* end = nullptr;
     const double value = ::strtod_l(text.c_str(), &end, plain);
     const auto used = static_cast<std::size_t>(end - text.c_str());
@@ -77,6 +84,8 @@ public:
             XML_Parse(parser_, bytes.data(), static_cast<int>(bytes.size()), XML_TRUE);
         if (exception_)
             std::rethrow_exception(exception_);
+        if (XML_GetErrorCode(parser_) == XML_ERROR_NO_MEMORY)
+            throw std::bad_alloc(); // the document may be right
         if (XML_GetErrorCode(parser_) == XML_ERROR_UNKNOWN_ENCODING)
             return XmlReader().read(bytes, "UTF-8"); // "utf8" is written for it too
         if (status != XML_STATUS_OK || !root_)

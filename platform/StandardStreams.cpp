@@ -49,9 +49,13 @@ bool canWaitForReader(int fd) noexcept {
 
 bool isWritableBefore(int fd, SteadyClock::time_point deadline) noexcept {
     using std::chrono::milliseconds;
-    const auto left = std::chrono::ceil<milliseconds>(deadline - SteadyClock::now());
     pollfd place{.fd = fd, .events = POLLOUT, .revents = 0};
-    return ::poll(&place, 1, static_cast<int>(std::max(left, milliseconds(0)).count())) == 1;
+    int ready = 0;
+    do {
+        const auto left = std::chrono::ceil<milliseconds>(deadline - SteadyClock::now());
+        ready = ::poll(&place, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+    } while (ready < 0 && errno == EINTR && SteadyClock::now() < deadline);
+    return ready == 1;
 }
 
 // What is ready takes a piece of this size without waiting, even when it was not opened anew.

@@ -6,13 +6,13 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <pthread.h>
 #include <string>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace scenewright {
@@ -53,17 +53,20 @@ bool isLeftBehind(int fd) {
            (status.st_uid == ::geteuid() || ::geteuid() == 0);
 }
 
+// By the system's own calls: the library's iterator ends the program when there is no memory left.
 void removeWhatWasLeft(const fs::path& folder) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const fs::path& path = entry->path();
-        if (!isHiddenName(path.filename().string()))
+    const std::unique_ptr<DIR, int (*)(DIR*)> listed(::opendir(folder.c_str()), &::closedir);
+    if (!listed)
+        return;
+    const int place = ::dirfd(listed.get());
+    while (const dirent* const entry = ::readdir(listed.get())) {
+        const char* const name = &entry->d_name[0];
+        if (!isHiddenName(name))
             continue;
         const FileDescriptor file(
-            ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+            ::openat(place, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
         if (file.isOpen() && isLeftBehind(file.get()))
-            ::unlink(path.c_str());
+            ::unlinkat(place, name, 0);
     }
 }
 
@@ -112,17 +115,18 @@ Result<TemporaryFile, int> TemporaryFile::in(const fs::path& folder, mode_t mode
 }
 
 Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t mode) {
-    auto signals = std::make_unique<SignalsWait>();
+    TemporaryFile file(folder, FileDescriptor());
+    file.signals_ = std::make_unique<SignalsWait>();
     for (int i = 0; i < kMostNames; ++i) {
-        const fs::path path = folder / hiddenName();
+        fs::path path = folder / hiddenName();
         FileDescriptor fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (!fd.isOpen() && errno != EEXIST)
             return failure(errno);
         if (!fd.isOpen() || !isOursAlone(fd.get()))
             continue;
-        TemporaryFile file(folder, std::move(fd));
-        file.signals_ = std::move(signals);
-        file.name_.emplace(path);
+        file.fd_ = std::move(fd);
+        file.name_.emplace(
+            std::move(path)); // without memory of its own, now that the file is there
         return file;
     }
     return failure(EEXIST);
@@ -132,10 +136,10 @@ int TemporaryFile::giveName() {
     signals_ = std::make_unique<SignalsWait>();
     static_cast<void>(::flock(fd_.get(), LOCK_EX));
     for (int i = 0; i < kMostNames; ++i) {
-        const fs::path path = folder_ / hiddenName();
+        fs::path path = folder_ / hiddenName();
         if (::linkat(AT_FDCWD, procPath(fd_.get()).c_str(), AT_FDCWD, path.c_str(),
                      AT_SYMLINK_FOLLOW) == 0) {
-            name_.emplace(path);
+            name_.emplace(std::move(path)); // without memory of its own, now that the name is there
             return 0;
         }
         if (errno != EEXIST)
