@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <exception>
 #include <system_error>
 #include <unistd.h>
 
@@ -36,7 +37,7 @@ void speakOf(const TransferStats& stats) {
 
 Patience::Patience(std::chrono::milliseconds limit) : limit_(limit) {
     try {
-        thread_ = std::thread([this] { run(); });
+        thread_ = std::thread([this] { runQuietly(); });
     } catch (const std::system_error&) { // the transaction goes on without
     }
 }
@@ -49,6 +50,13 @@ Patience::~Patience() {
     ended_.notify_one();
     if (thread_.joinable())
         thread_.join();
+}
+
+void Patience::runQuietly() noexcept {
+    try {
+        run();
+    } catch (const std::exception&) { // the transaction goes on without
+    }
 }
 
 void Patience::run() {

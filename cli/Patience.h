@@ -25,6 +25,7 @@ public:
 
 private:
     void run();
+    void runQuietly() noexcept;
 
     std::chrono::milliseconds limit_;
     std::mutex mutex_;

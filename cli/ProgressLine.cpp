@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <exception>
 #include <system_error>
 #include <unistd.h>
 
@@ -41,7 +42,7 @@ ProgressLine::ProgressLine(std::string_view verb, std::uint32_t total)
     if (isatty(STDERR_FILENO) == 0)
         return;
     try {
-        thread_ = std::thread([this] { run(); });
+        thread_ = std::thread([this] { runQuietly(); });
     } catch (const std::system_error&) { // the transaction goes on without
     }
 }
@@ -56,6 +57,13 @@ ProgressLine::~ProgressLine() {
     ended_.notify_one();
     thread_.join();
     writeStandardError(kClearLine);
+}
+
+void ProgressLine::runQuietly() noexcept {
+    try {
+        run();
+    } catch (const std::exception&) { // the transaction goes on without
+    }
 }
 
 void ProgressLine::run() {

@@ -32,6 +32,7 @@ public:
 
 private:
     void run();
+    void runQuietly() noexcept;
 
     std::string verb_;
     std::uint32_t total_;

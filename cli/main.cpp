@@ -3,10 +3,10 @@
 #include "cli/CommandLine.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/NamedFiles.h"
+#include "platform/ProgramMain.h"
 #include "platform/StandardStreams.h"
 #include "usb/Shutdown.h"
 
-#include <exception>
 #include <new>
 #include <vector>
 
@@ -34,9 +34,20 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     if (const auto checked = checkList(kProjectList); !checked)
         return complain(checked.error(), kExitUsage);
     const Shutdown shutdown;
-    if (const auto trouble = connectHost(options))
+    LaunchOptions host = options;
+    host.needsLists = true;
+    if (const auto trouble = connectHost(host))
         return complain(*trouble, kExitUsage);
     return choice.run();
+}
+
+// With the exit code by which the command tells an error of the system's.
+int runToEnd(const LaunchOptions& options, const CommandChoice& choice) {
+    try {
+        return runChosen(options, choice);
+    } catch (const std::bad_alloc& error) {
+        return complain(sentenceOf(error), choice.failed);
+    }
 }
 
 // The exit code of a command whose streams can still fail.
@@ -53,7 +64,7 @@ int run(int argc, char** argv) {
         return endStreams(printAndEnd(*line.answer, kExitDone), kExitOutput);
     if (line.trouble)
         return complain(*line.trouble, kExitUsage);
-    return endStreams(runChosen(line.options, line.choice), line.choice.failed);
+    return endStreams(runToEnd(line.options, line.choice), line.choice.failed);
 }
 
 } // namespace
@@ -61,12 +72,5 @@ int run(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
-    scenewright::prepareProcess();
-    try {
-        return scenewright::run(argc, argv);
-    } catch (const std::bad_alloc&) {
-        return scenewright::complain("the system has no memory left", scenewright::kExitController);
-    } catch (const std::exception& error) {
-        return scenewright::complain(error.what(), scenewright::kExitUsage);
-    }
+    return scenewright::runProgram("scenewright-cli", &scenewright::run, argc, argv);
 }

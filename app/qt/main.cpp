@@ -9,6 +9,7 @@
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
+#include "platform/ProgramMain.h"
 #include "platform/StandardStreams.h"
 #include "protocol/SendTransaction.h"
 #include "usb/Shutdown.h"
@@ -19,7 +20,6 @@
 #include <fmt/format.h>
 
 #include <cstdlib>
-#include <exception>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -143,10 +143,5 @@ int run(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
-    scenewright::prepareProcess();
-    try {
-        return scenewright::run(argc, argv);
-    } catch (const std::exception& error) {
-        return scenewright::complain(error.what(), scenewright::kExitUsage);
-    }
+    return scenewright::runProgram("scenewright", &scenewright::run, argc, argv);
 }

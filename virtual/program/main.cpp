@@ -1,6 +1,7 @@
 #include "model/FileAction.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
+#include "platform/ProgramMain.h"
 #include "platform/Resources.h"
 #include "platform/StandardStreams.h"
 #include "platform/WholeFile.h"
@@ -13,7 +14,6 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <exception>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -134,6 +134,7 @@ int run(const ProgramOptions& options) {
 }
 
 int parseAndRun(int argc, char** argv) {
+    usbip::blockServerSignals();
     const Result<ProgramLine> line = parseProgramLine(argc, argv);
     if (!line)
         return failed(line.error(), kExitUsage);
@@ -149,11 +150,6 @@ int parseAndRun(int argc, char** argv) {
 } // namespace scenewright
 
 int main(int argc, char** argv) {
-    scenewright::prepareProcess();
-    try {
-        scenewright::usbip::blockServerSignals();
-        return scenewright::parseAndRun(argc, argv);
-    } catch (const std::exception& error) {
-        return scenewright::failed(error.what(), scenewright::kExitError);
-    }
+    return scenewright::runProgram(scenewright::kVirtualProgram, &scenewright::parseAndRun, argc,
+                                   argv);
 }
