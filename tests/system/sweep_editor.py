@@ -125,18 +125,24 @@ class ScreenReader:
         return bool(states[0] >> SHOWING & 1)
 
     def notice(self):
-        """Whether a window of an application shows a notice, or a second window does."""
+        """The text of the notice that a window shows; of a second window, what it is called."""
         try:
             for application in self.children("org.a11y.atspi.Registry", self.ROOT):
                 for number, window in enumerate(self.children(*application)):
                     if number and self.shows(*window):
-                        return True
-                    for part in self.children(*window):
-                        if self.name(*part) == "Notice" and self.shows(*part):
-                            return True
+                        return self.name(*window) or "a window without a name"
+                    if text := self.notice_in(*window):
+                        return text
         except self.error:  # a window that goes
-            return False
-        return False
+            pass
+        return ""
+
+    def notice_in(self, *window):
+        for area in self.children(*window):
+            for part in self.children(*area):
+                if self.name(*part) == "Notice" and self.shows(*part):
+                    return self.name(*self.children(*part)[0])
+        return ""
 
     def close(self):
         for bus in (self.bus, self.session):
@@ -200,11 +206,11 @@ class Sweep:
             place = self.place()
             place.prepare()
             before = place.contents()
-            ended, end = self.session(name, 0, ["-f", "-e", sweep_run.TRACED])
+            ended, end, notice = self.session(name, 0, ["-f", "-e", sweep_run.TRACED])
             after = place.contents()
             if ended.code != 0 or end != "done":
                 raise RuntimeError(f"{name}: {ended.code} {end} {ended.err}")
-            self.undisturbed[name] = sweep_judge.Undisturbed(0, b"", before, after)
+            self.undisturbed[name] = sweep_judge.Undisturbed(0, notice, before, after)
             for thread, calls in enumerate(sweep_run.by_number(ended.trace, ended.process)):
                 for call, lines in calls.items():
                     jobs = sweep_run.jobs_of(Job, name, thread, {call: lines}, before != after)
@@ -213,8 +219,8 @@ class Sweep:
         return found
 
     def session(self, name, thread, options):
-        """The editor opens, its tracer takes hold of a thread, the keys come. How it ended, and
-        what was seen: done, a notice, or nothing."""
+        """The editor opens, its tracer takes hold of a thread, the keys come. How it ended, what
+        was seen of that, and the notice at the end."""
         place, display, action = self.place(), self.local.display, self.subjects[name]
         log, armed = place.made / "log", place.made / "armed"
         log.write_text("")
@@ -247,12 +253,13 @@ class Sweep:
             tracers.append(sweep_run.attach(process.pid, trace, options))
         self.press(action)
         end = self.await_end(process, action)
+        notice = "" if end == "ended" else self.local.display.screen_reader.notice()
         ended = self.quit(process)
         ended.process = process.pid
         gate.close()
         for tracer in filter(None, tracers):
             tracer.wait()
-        return sweep_run.read_back(place, ended), end
+        return sweep_run.read_back(place, ended), end, notice
 
     @staticmethod
     def hold(gate, trace, options, tracers):
@@ -278,8 +285,8 @@ class Sweep:
                 self.local.display.do(kind, what.format(files=self.local.place.files))
 
     def await_end(self, process, action):
-        """done, notice, ended or silent."""
-        place, display = self.local.place, self.local.display
+        """done, ended or silent."""
+        place = self.local.place
         log = place.made / "log"
         limit = time.monotonic() + SILENCE
         while process.poll() is None and time.monotonic() < limit:
@@ -291,8 +298,6 @@ class Sweep:
             time.sleep(0.02)
         if process.poll() is not None:
             return "ended"
-        if display.screen_reader.notice():
-            return "notice"
         return "done" if time.monotonic() < limit else "silent"
 
     @staticmethod
@@ -317,7 +322,7 @@ class Sweep:
         place = self.place()
         place.prepare()
         undisturbed = self.undisturbed[job.subject]
-        ended, end = self.session(job.subject, job.thread, sweep_run.strike(job))
+        ended, end, notice = self.session(job.subject, job.thread, sweep_run.strike(job))
         now = place.contents()
         if job.error == "kill":
             files = [self.banks(each) for each in (undisturbed.before, undisturbed.after)]
@@ -326,7 +331,10 @@ class Sweep:
             return found + self.earlier_faults(undisturbed, now)
         if not ended.is_struck:
             return []
-        return self.faults(undisturbed, ended, end, now) + self.earlier_faults(undisturbed, now)
+        if notice == undisturbed.out:
+            notice = ""  # of success, which tells no failure
+        found = self.faults(undisturbed, ended, end if not notice else f"says {notice!r}", now)
+        return found + self.earlier_faults(undisturbed, now)
 
     @staticmethod
     def banks(contents):
@@ -347,7 +355,7 @@ class Sweep:
             return []
         said = sweep_judge.sentences(ended.err)
         found = []
-        if end != "notice" and not said:
+        if not end.startswith("says") and not said:
             found.append(f"shows no notice ({end})")
         if now not in (before, after):
             found.append(f"leaves {sweep_judge.changes(now, before)}")

@@ -10,13 +10,14 @@ SUBJECTS = [
     Subject("read", [VIRTUAL, "read", "out.bank"]),
     Subject("read-over", [VIRTUAL, "read", "a.json"]),
     Subject("read-out", [VIRTUAL, "read", "-"]),
-    Subject("send", [VIRTUAL, "send", "a.bank"]),
-    Subject("send-json", ["--virtual=held.json", "send", "b.bank"]),
+    # What the controller has taken cannot be taken back when something fails afterwards.
+    Subject("send", [VIRTUAL, "send", "a.bank"], may_stay=("held.bank",)),
+    Subject("send-json", ["--virtual=held.json", "send", "b.bank"], may_stay=("held.json",)),
     Subject("send-verify", [VIRTUAL, "send", "a.bank", "--verify"], may_stay=("held.bank",)),
     Subject(
         "send-backup",
         [VIRTUAL, "send", "a.bank", "--backup", "before.bank"],
-        may_stay=("before.bank",),
+        may_stay=("before.bank", "held.bank"),
     ),
     Subject("send-dry-run", [VIRTUAL, "send", "a.bank", "--dry-run"]),
     Subject("show", ["show", "a.bank"]),
