@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
                       NeedsLists{{"default", "out.json"}, {"default", "basic"}},
                       NeedsLists{{"udev-rules"}, {"project"}}, NeedsLists{{"devices"}, {"project"}},
                       NeedsLists{{"--virtual", "read", "out.bank"}, {"project"}},
-        NeedsLists{{"--virtual", "read", "out.json"}, {"project", "basic"}},
+                      NeedsLists{{"--virtual", "read", "out.json"}, {"project", "basic"}},
                       NeedsLists{{"--virtual", "send", "bank"}, {"project"}},
                       NeedsLists{{"--virtual", "send", "bank", "--verify"}, {"project", "basic"}}));
 

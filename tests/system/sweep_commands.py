@@ -34,7 +34,7 @@ class Sweep:
 
     def __init__(self, programs, folder, options):
         self.programs = programs
-        self.preload = str(programs / "libsweep-preload.so")
+        self.preload = sweep_run.preload_of(programs)
         self.folder = folder
         self.template = folder / "template"
         self.workers = 2 * len(os.sched_getaffinity(0))

@@ -159,16 +159,20 @@ def make_earlier(home, image):
         (folder / f"scenes-20260101T0000{number:02}.000Z.bank").write_bytes(bank)
 
 
+DISPLAY = "waiting for the display: the toolkit ends the program, which has no window any more"
+
+
 def is_display(job, line):
-    """The toolkit ends the program when it cannot wait for its display: without one there is no
-    window to say anything in."""
-    return job.call == "poll" and job.error == "ENOMEM" and "<socket:[" in line
+    if job.call == "poll" and job.error == "ENOMEM" and "<socket:[" in line:
+        sweep_run.left_out[DISPLAY] += 1
+        return True
+    return False
 
 
 class Sweep:
     def __init__(self, programs, folder, options):
         self.program = str(programs / "scenewright")
-        self.preload = str(programs / "libsweep-preload.so")
+        self.preload = sweep_run.preload_of(programs)
         self.folder = folder / "editor"
         self.template = self.folder / "template"
         self.workers = len(os.sched_getaffinity(0))

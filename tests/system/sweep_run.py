@@ -10,9 +10,11 @@ import socket
 import struct
 import subprocess
 import time
+from collections import Counter
 from dataclasses import dataclass, field
 from pathlib import Path
 
+ROOT = Path(__file__).resolve().parents[2]
 PATIENCE = 60  # seconds, after which a program counts as hung
 
 # Each call, and the errors that it fails with.
@@ -46,8 +48,17 @@ FILE_CALLS = (
     *("openat", "write", "pwrite64", "rename", "renameat", "renameat2", "linkat", "fsync"),
     *("close", "fchmod", "fchown", "ftruncate", "flock", "mkdir", "unlink", "newfstatat"),
 )
+# What is not tried, by the reason why it cannot be right or wrong.
+EVENTS = "calls on event descriptors, whose numbers are in memory: the kernel has no such errors"
+left_out = Counter()
 # Some calls have another name, or none, on some processors.
 TRACED = ",".join(f"?{call}" for call in ERRORS)
+
+
+def preload_of(programs):
+    """Released programs have no test's object beside them: then that of the build with tests."""
+    own = programs / "libsweep-preload.so"
+    return str(own if own.exists() else ROOT / "build/dev/bin" / own.name)
 
 
 @dataclass
@@ -186,15 +197,16 @@ def by_number(trace, main):
 
 
 def jobs_of(make, subject, thread, calls, writes):
-    """What could fail of these calls; and be killed, where files are written. An event descriptor
-    takes and gives its number in memory: the kernel has no error for that."""
-    return [
-        make(subject, thread, call, error, number)
-        for call, lines in calls.items()
-        for error in (*ERRORS.get(call, ()), *(["kill"] if writes and call in FILE_CALLS else []))
-        for number, line in enumerate(lines, 1)
-        if "<anon_inode:[eventfd]>" not in line
-    ]
+    """What could fail of these calls; and be killed, where files are written."""
+    found = []
+    for call, lines in calls.items():
+        for error in (*ERRORS.get(call, ()), *(["kill"] if writes and call in FILE_CALLS else [])):
+            for number, line in enumerate(lines, 1):
+                if "<anon_inode:[eventfd]>" in line:
+                    left_out[EVENTS] += 1
+                else:
+                    found.append(make(subject, thread, call, error, number))
+    return found
 
 
 def strike(job):

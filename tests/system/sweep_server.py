@@ -1,6 +1,7 @@
 """The sweep of scenewright-virtual: a host sends it a bank, and it is asked to end."""
 
 import os
+import re
 import subprocess
 import threading
 import time
@@ -25,7 +26,7 @@ MOST = 60  # failures of one call of one thread by one error; packets are all al
 class Sweep:
     def __init__(self, programs, folder, options):
         self.program = str(programs / PROGRAM)
-        self.preload = str(programs / "libsweep-preload.so")
+        self.preload = sweep_run.preload_of(programs)
         self.folder = folder / "server"
         self.template = self.folder / "template"
         self.workers = len(os.sched_getaffinity(0))
@@ -160,6 +161,10 @@ class Sweep:
         """Without the trace, of which there may be less."""
         return {name: what for name, what in contents.items() if name != "files/trace"}
 
+    @staticmethod
+    def without_port(line):
+        return re.sub(r":\d+$", "", line)
+
     def faults(self, undisturbed, ended, lost, now):
         if ended.is_hung:
             return ["does not end"]
@@ -167,8 +172,8 @@ class Sweep:
             return [f"is ended by signal {-ended.code}"]
         said = sweep_judge.sentences(ended.err)
         found = list(sweep_judge.sentence_faults(PROGRAM, said))
-        usual = {line.rpartition(":")[0] for line in undisturbed.out}
-        told = [line for line in said if line.rpartition(":")[0] not in usual]
+        usual = set(map(self.without_port, undisturbed.out))
+        told = [line for line in said if self.without_port(line) not in usual]
         now, before, after = (
             self.files(each) for each in (now, undisturbed.before, undisturbed.after)
         )
