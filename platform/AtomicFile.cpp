@@ -1,5 +1,6 @@
 #include "platform/AtomicFile.h"
 
+#include "platform/ExtendedAttributes.h"
 #include "platform/FileDescriptor.h"
 #include "platform/TemporaryFile.h"
 #include "platform/Words.h"
@@ -167,6 +168,13 @@ Result<void> keepOwner(int fd, const struct stat& former) {
     return failure(say(ownText("scenewright::File", "its owner and group could not be kept")));
 }
 
+Result<void> keepAttributes(int fd, const fs::path& path) {
+    if (copyAttributes(path, fd) == 0)
+        return {};
+    return failure(
+        say(ownText("scenewright::File", "its access list and attributes could not be kept")));
+}
+
 Result<Successor> begin(const fs::path& path) {
     const fs::path folder = folderOf(path);
     if (auto checked = checkFolder(folder); !checked)
@@ -177,9 +185,13 @@ Result<Successor> begin(const fs::path& path) {
     auto file = TemporaryFile::in(folder, *former ? kPrivateFile : kNewFile);
     if (!file)
         return systemError(file.error());
-    if (*former)
-        if (auto kept = keepOwner(file->fd(), **former); !kept)
+    if (*former) {
+        const auto kept = keepOwner(file->fd(), **former).and_then([&] {
+            return keepAttributes(file->fd(), path);
+        });
+        if (!kept)
             return failure(kept.error());
+    }
     return Successor{path, *former, std::move(*file)};
 }
 

@@ -26,9 +26,9 @@ struct Replaced {
 };
 
 // Writes `bytes` to a new file in the same folder, flushes it to the disk and puts it in the place
-// of `path`. A symbolic link is followed; an existing file keeps its owner, its group and its
-// permission bits, or is not written at all. On error `path` is what it was. What a writer that
-// was killed has left in the folder is removed.
+// of `path`. A symbolic link is followed; an existing file keeps its owner, its group, its
+// permission bits, its access list and its user's attributes, or is not written at all. On error
+// `path` is what it was. What a writer that was killed has left in the folder is removed.
 //
 // Writers of one file come one after the other; one that cannot within 20 seconds is an error.
 [[nodiscard]] Result<Replaced> replaceFile(const std::filesystem::path& path,

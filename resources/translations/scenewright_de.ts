@@ -526,6 +526,10 @@
         <translation>Eigentümer und Gruppe könnten nicht beibehalten werden</translation>
     </message>
     <message>
+        <source>its access list and attributes could not be kept</source>
+        <translation>Zugriffsliste und Attribute könnten nicht beibehalten werden</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>darauf ist ein Dateisystem eingehängt</translation>
     </message>

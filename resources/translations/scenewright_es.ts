@@ -526,6 +526,10 @@
         <translation>no se podrían conservar su propietario y su grupo</translation>
     </message>
     <message>
+        <source>its access list and attributes could not be kept</source>
+        <translation>no se podrían conservar su lista de acceso y sus atributos</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>hay un sistema de archivos montado en él</translation>
     </message>

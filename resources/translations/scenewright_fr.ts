@@ -526,6 +526,10 @@
         <translation>son propriétaire et son groupe ne pourraient pas être conservés</translation>
     </message>
     <message>
+        <source>its access list and attributes could not be kept</source>
+        <translation>sa liste d’accès et ses attributs ne pourraient pas être conservés</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>un système de fichiers y est monté</translation>
     </message>

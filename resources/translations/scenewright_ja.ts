@@ -526,6 +526,10 @@
         <translation>所有者とグループを維持できません</translation>
     </message>
     <message>
+        <source>its access list and attributes could not be kept</source>
+        <translation>アクセスリストと属性を維持できません</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>ファイルシステムがマウントされています</translation>
     </message>

@@ -526,6 +526,10 @@
         <translation>无法保留其所有者和组</translation>
     </message>
     <message>
+        <source>its access list and attributes could not be kept</source>
+        <translation>无法保留其访问列表和属性</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>其上挂载了文件系统</translation>
     </message>

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -15,6 +17,7 @@
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -213,6 +216,7 @@ TEST_F(AtomicFile, AWriteThatFailsHalfwayLeavesTheFormerFileAndNothingElse) {
 // Root may write anywhere; the process takes a user's place on the file system for the test.
 class AsUser {
 public:
+    static constexpr uid_t kNobody = 65534;
     AsUser() {
         if (::geteuid() == 0)
             changed_ = ::seteuid(kNobody) == 0;
@@ -225,7 +229,6 @@ public:
     }
 
 private:
-    static constexpr uid_t kNobody = 65534;
     bool changed_ = false;
 };
 
@@ -281,6 +284,93 @@ TEST_F(AtomicFile, NamesThatKeepTheFormerContentAreCounted) {
     EXPECT_EQ(replaceFile(file_, bytesOf("new"))->otherNames, 2U);
     EXPECT_EQ(replaceFile(file_, bytesOf("new"))->otherNames, 0U);
     EXPECT_EQ(readText(folder_.path() / "third"), "old");
+}
+
+// An access list as the kernel has it in its attribute: the owner, one more user, the group, the
+// mask and the others.
+std::string accessList(std::uint32_t user) {
+    struct Entry {
+        std::uint16_t tag;
+        std::uint16_t rights;
+        std::uint32_t id;
+    };
+    constexpr std::uint32_t kVersion = 2;
+    constexpr std::uint32_t kNobodyInParticular = ~0U;
+    const std::vector<Entry> entries{{0x01, 6, kNobodyInParticular},
+                                     {0x02, 6, user},
+                                     {0x04, 4, kNobodyInParticular},
+                                     {0x10, 6, kNobodyInParticular},
+                                     {0x20, 0, kNobodyInParticular}};
+    std::string bytes(reinterpret_cast<const char*>(&kVersion), sizeof kVersion);
+    bytes.append(reinterpret_cast<const char*>(entries.data()), entries.size() * sizeof(Entry));
+    return bytes;
+}
+
+constexpr const char* kAccessList = "system.posix_acl_access";
+constexpr const char* kDefaultList = "system.posix_acl_default"; // a folder's, for new files
+constexpr const char* kNote = "user.note";
+
+class FileWithAttributes : public AtomicFile {
+protected:
+    void SetUp() override {
+        if (::setxattr(folder_.path().c_str(), kNote, "", 0, 0) != 0 && errno == ENOTSUP)
+            GTEST_SKIP() << "the file system of " << folder_.path() << " has no attributes";
+    }
+    static void give(const fs::path& path, const char* name, const std::string& value) {
+        ASSERT_EQ(::setxattr(path.c_str(), name, value.data(), value.size(), 0), 0) << errno;
+    }
+    [[nodiscard]] std::string attribute(const char* name) const {
+        std::string value(200, '\0');
+        const ssize_t size = ::getxattr(file_.c_str(), name, value.data(), value.size());
+        return size < 0 ? "none" : value.substr(0, static_cast<std::size_t>(size));
+    }
+};
+
+TEST_F(FileWithAttributes, KeepsItsAccessListAndWhatItsUserGaveIt) {
+    writeText(file_, "old");
+    give(file_, kAccessList, accessList(4711));
+    give(file_, kNote, "mine");
+    give(file_, "user.empty", "");
+    const mode_t mode = modeOf(file_);
+    EXPECT_EQ(errorOfWriting(file_), "none");
+    EXPECT_EQ(readText(file_), "new");
+    EXPECT_EQ(attribute(kAccessList), accessList(4711));
+    EXPECT_EQ(attribute(kNote), "mine");
+    EXPECT_EQ(attribute("user.empty"), "");
+    EXPECT_EQ(modeOf(file_), mode);
+}
+
+TEST_F(FileWithAttributes, GetsNoUsersOfItsFolderThatItHadNot) {
+    writeText(file_, "old");
+    ASSERT_EQ(::chmod(file_.c_str(), 0640), 0);
+    give(folder_.path(), kDefaultList, accessList(4711));
+    EXPECT_EQ(errorOfWriting(file_), "none");
+    EXPECT_EQ(attribute(kAccessList), "none");
+    EXPECT_EQ(modeOf(file_), 0640U);
+}
+
+TEST_F(FileWithAttributes, GetsThoseOfItsFolderWhenItIsNew) {
+    give(folder_.path(), kDefaultList, accessList(4711));
+    EXPECT_EQ(errorOfWriting(file_), "none");
+    EXPECT_NE(attribute(kAccessList), "none");
+}
+
+TEST_F(FileWithAttributes, IsNotWrittenWhenTheyCannotBeKept) {
+    writeText(file_, "old");
+    give(file_, kNote, "mine");
+    ASSERT_EQ(::chmod(file_.c_str(), 0222), 0); // to be written, and not to be asked
+    ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown(file_.c_str(), AsUser::kNobody, ::getegid()), 0);
+    }
+    {
+        const AsUser user;
+        EXPECT_EQ(errorOfWriting(file_), "Cannot write " + file_.string() +
+                                             ": its access list and attributes could not be kept.");
+    }
+    ASSERT_EQ(::chmod(file_.c_str(), 0666), 0);
+    EXPECT_EQ(readText(file_), "old");
+    EXPECT_EQ(attribute(kNote), "mine");
 }
 
 class OwnedFile : public AtomicFile {
