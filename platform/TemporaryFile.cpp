@@ -39,6 +39,12 @@ bool isHiddenName(std::string_view name) {
                                [](unsigned char c) { return c == '-' || std::isdigit(c) != 0; });
 }
 
+// Shared by who has a hidden name; of the whole process.
+std::shared_timed_mutex& hiddenNames() {
+    static std::shared_timed_mutex mutex;
+    return mutex;
+}
+
 fs::path procPath(int fd) {
     return "/proc/self/fd/" + std::to_string(fd);
 }
@@ -79,15 +85,21 @@ bool isOursAlone(int fd) {
 
 } // namespace
 
-TemporaryFile::SignalsWait::SignalsWait() {
+std::unique_lock<std::shared_timed_mutex> keepFromHiddenNames(std::chrono::milliseconds limit) {
+    return {hiddenNames(), limit};
+}
+
+TemporaryFile::EndWaits::EndWaits() : lock_(hiddenNames(), std::defer_lock) {
     ::sigset_t ending{};
     sigemptyset(&ending);
     for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGALRM})
         sigaddset(&ending, number);
     pthread_sigmask(SIG_BLOCK, &ending, &former_);
+    lock_.lock();
 }
 
-TemporaryFile::SignalsWait::~SignalsWait() {
+TemporaryFile::EndWaits::~EndWaits() {
+    lock_.unlock(); // before a signal that has waited can end the process
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
@@ -116,7 +128,7 @@ Result<TemporaryFile, int> TemporaryFile::in(const fs::path& folder, mode_t mode
 
 Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t mode) {
     TemporaryFile file(folder, FileDescriptor());
-    file.signals_ = std::make_unique<SignalsWait>();
+    file.endWaits_ = std::make_unique<EndWaits>();
     for (int i = 0; i < kMostNames; ++i) {
         fs::path path = folder / hiddenName();
         FileDescriptor fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
@@ -133,7 +145,7 @@ Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t m
 }
 
 int TemporaryFile::giveName() {
-    signals_ = std::make_unique<SignalsWait>();
+    endWaits_ = std::make_unique<EndWaits>();
     static_cast<void>(::flock(fd_.get(), LOCK_EX));
     for (int i = 0; i < kMostNames; ++i) {
         fs::path path = folder_ / hiddenName();

@@ -4,19 +4,29 @@
 #include "platform/FileDescriptor.h"
 #include "platform/Result.h"
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <shared_mutex>
 #include <sys/types.h>
 #include <utility>
 
 namespace scenewright {
 
+// Waits until no file of this process has a hidden name, for that long at most, and keeps every
+// file from getting one as long as what it gives is held: a process that ends then leaves none.
+// Any thread but one that has such a file. The lock is not held when the time was too short.
+[[nodiscard]] std::unique_lock<std::shared_timed_mutex>
+keepFromHiddenNames(std::chrono::milliseconds limit);
+
 // Where the file system has files without a name it has none until it is moved to its place; else,
 // and in the moment of the move, it has a hidden name of its own. While it has, the signals that
-// end a program wait, in this thread, and the file is locked: what is found under such a name and
-// is not locked was left by a writer that was killed.
+// end a program wait in this thread, a thread that ends the process waits in keepFromHiddenNames(),
+// and the file is locked: what is found under such a name and is not locked was left by a writer
+// that was killed.
 class TemporaryFile {
 public:
     // Removes what killed writers have left in the folder, then makes the file, open for writing.
@@ -36,18 +46,19 @@ public:
     [[nodiscard]] int moveTo(const std::filesystem::path& target);
 
 private:
-    // Signals wait from construction to destruction, in this thread.
-    class SignalsWait {
+    // The end of the process waits from construction to destruction, both in one thread.
+    class EndWaits {
     public:
-        SignalsWait();
-        SignalsWait(const SignalsWait&) = delete;
-        SignalsWait& operator=(const SignalsWait&) = delete;
-        SignalsWait(SignalsWait&&) = delete;
-        SignalsWait& operator=(SignalsWait&&) = delete;
-        ~SignalsWait();
+        EndWaits();
+        EndWaits(const EndWaits&) = delete;
+        EndWaits& operator=(const EndWaits&) = delete;
+        EndWaits(EndWaits&&) = delete;
+        EndWaits& operator=(EndWaits&&) = delete;
+        ~EndWaits();
 
     private:
         ::sigset_t former_{};
+        std::shared_lock<std::shared_timed_mutex> lock_;
     };
     // A hidden name, removed with its object unless the file has been renamed.
     class Name {
@@ -71,7 +82,7 @@ private:
 
     std::filesystem::path folder_;
     FileDescriptor fd_;
-    std::unique_ptr<SignalsWait> signals_; // outlives the name
+    std::unique_ptr<EndWaits> endWaits_; // outlives the name
     std::optional<Name> name_;
 };
 

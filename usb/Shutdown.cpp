@@ -1,5 +1,6 @@
 #include "usb/Shutdown.h"
 
+#include "platform/TemporaryFile.h"
 #include "usb/Transport.h"
 
 #include <array>
@@ -15,6 +16,7 @@ namespace {
 constexpr std::array kEndingSignals{SIGINT, SIGTERM, SIGHUP};
 constexpr int kStopWatching = SIGURG; // the object's own end; harmless when others send it
 constexpr std::chrono::seconds kBusLimit{5};
+constexpr std::chrono::seconds kFileLimit{2}; // for a file that is being put in its place
 
 bool isIgnored(int signal) {
     struct sigaction action {};
@@ -70,6 +72,7 @@ void Shutdown::watch() const {
     if (signal == kStopWatching)
         return;
     leaveBus();
+    const auto files = keepFromHiddenNames(kFileLimit);
     endBy(signal);
 }
 

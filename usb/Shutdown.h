@@ -5,8 +5,9 @@
 // every thread but its own, which waits for them. On the first one it ends the transfers in flight
 // and gives the interface up (Transport::shutDown), then ends the process by the same signal, so
 // that its exit status is the usual one. A bus that does not let go within a few seconds is left as
-// it is. A signal that was ignored at the start (nohup, a background job) stays ignored, and
-// SIGPIPE becomes so: a reader that leaves a pipe early must not end the program in mid-transfer.
+// it is, and so is a file that is not in its place by then. A signal that was ignored at the start
+// (nohup, a background job) stays ignored, and SIGPIPE becomes so: a reader that leaves a pipe
+// early must not end the program in mid-transfer.
 #pragma once
 
 #include <atomic>

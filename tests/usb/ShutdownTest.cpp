@@ -2,6 +2,8 @@
 // tells what its bus was asked for through a pipe, a letter each: X close, R release.
 #include "usb/Shutdown.h"
 
+#include "platform/AtomicFile.h"
+#include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +13,8 @@
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
+#include <cstdio>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +28,12 @@
 namespace scenewright {
 namespace {
 
+// What is done before a file gets its name, by whoever gives it.
+std::function<void()>& beforeRename() {
+    static std::function<void()> action;
+    return action;
+}
+
 // A bus whose reads wait for ever unless the interface is closed, if that ends them.
 struct Bus {
     std::mutex mutex;
@@ -31,6 +41,7 @@ struct Bus {
     bool isClosed = false;
     bool closeEndsReads = true;
     std::atomic<int> reads = 0;
+    std::atomic<bool> isReleased = false;
     int letters = -1; // where the letters go
 
     void tell(char letter) const { EXPECT_EQ(write(letters, &letter, 1), 1); }
@@ -60,6 +71,7 @@ public:
     }
     UsbResult<void> release() override {
         bus_->tell('R');
+        bus_->isReleased = true;
         return {};
     }
     UsbResult<std::uint8_t> endpointCount() override { return std::uint8_t{2}; }
@@ -251,6 +263,49 @@ TEST(Shutdown, ABusThatDoesNotLetGoIsLeftAfterAWhile) {
     EXPECT_EQ(ending.letters, "X");
 }
 
+// The time in which a program that did not wait would long have ended.
+constexpr std::chrono::milliseconds kLongEnough{50};
+
+TEST(Shutdown, AFileThatIsBeingPutInItsPlaceIsWaitedFor) {
+    const testing::TempFolder folder;
+    const Ending ending = runProgram([&](int letters) {
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        beforeRename() = [&] {
+            kill(getpid(), SIGTERM);
+            while (!bus->isReleased)
+                std::this_thread::yield();
+            std::this_thread::sleep_for(kLongEnough);
+        };
+        static_cast<void>(replaceFile(folder.file("a.bank"), {}));
+        for (;;)
+            pause();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
+    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"a.bank"});
+}
+
+TEST(Shutdown, AFileThatDoesNotGetToItsPlaceIsLeftAfterAWhile) {
+    const testing::TempFolder folder;
+    const Ending ending = runProgram([&](int letters) {
+        const Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        beforeRename() = [] {
+            kill(getpid(), SIGTERM);
+            for (;;)
+                pause();
+        };
+        static_cast<void>(replaceFile(folder.file("a.bank"), {}));
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
+    EXPECT_EQ(ending.letters, "XR");
+}
+
 TEST(Shutdown, AReaderThatLeavesThePipeDoesNotEndTheProgram) {
     const Ending ending = runProgram([](int letters) {
         const Shutdown shutdown;
@@ -267,3 +322,10 @@ TEST(Shutdown, AReaderThatLeavesThePipeDoesNotEndTheProgram) {
 
 } // namespace
 } // namespace scenewright
+
+// In the place of the system's, for the whole test program.
+extern "C" int rename(const char* from, const char* to) noexcept {
+    if (scenewright::beforeRename())
+        scenewright::beforeRename()();
+    return renameat(AT_FDCWD, from, AT_FDCWD, to);
+}
