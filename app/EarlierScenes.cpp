@@ -2,8 +2,8 @@
 
 #include "bank/BankFile.h"
 #include "model/Control.h"
+#include "platform/AtomicFile.h"
 #include "platform/Resources.h"
-#include "platform/WholeFile.h"
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
@@ -52,8 +52,8 @@ std::optional<Time> timeOf(const std::string& name) {
 }
 
 bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
-    const FileBytes kept = readWholeFile(file, bytes.size());
-    return !kept.trouble && std::ranges::equal(kept.bytes, bytes);
+    const auto kept = readFile(file, bytes.size());
+    return kept && std::ranges::equal(*kept, bytes);
 }
 
 } // namespace
@@ -81,8 +81,8 @@ std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
     // A clock that was set back, or that has not moved, must not put the newest bank elsewhere.
     if (!kept.empty())
         now = std::max(now, kept.front().kept + milliseconds(1));
-    if (auto trouble = writeWholeFile(*folder_ / nameFor(now), image))
-        return trouble;
+    if (const auto replaced = replaceFile(*folder_ / nameFor(now), image); !replaced)
+        return replaced.error();
     for (std::size_t place = kMost - 1; place < kept.size(); ++place)
         fs::remove(kept[place].file, error);
     return std::nullopt;

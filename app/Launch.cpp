@@ -1,5 +1,6 @@
 #include "app/Launch.h"
 
+#include "app/ListCheck.h"
 #include "app/VirtualBank.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
@@ -11,6 +12,8 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <string_view>
+#include <system_error>
 
 namespace scenewright {
 
@@ -23,6 +26,15 @@ std::optional<std::string> connectVirtualHost(const LaunchOptions& options) {
     auto device = std::make_shared<VirtualController>(memory->image);
     Transport::instance().use(makeVirtualHost(std::move(device), std::move(memory->keeper)));
     return std::nullopt;
+}
+
+// As Resources finds it once the folder is given to it.
+std::optional<std::filesystem::path> listIn(const std::string& folder, std::string_view name) {
+    const auto given = std::filesystem::path(folder) / (std::string(name) + ".plist");
+    std::error_code error;
+    const auto status = std::filesystem::symlink_status(given, error);
+    return !folder.empty() && std::filesystem::exists(status) ? given
+                                                              : Resources::find(name, "plist");
 }
 
 } // namespace
@@ -55,6 +67,9 @@ std::vector<NamedFile> launchFiles(const LaunchOptions& options) {
         {options.virtualBank, FileUse::Replaced, options.virtualBank + ": a send to it",
          "the virtual controller's memory"}};
     std::erase_if(files, [](const NamedFile& file) { return file.name.empty(); });
+    for (const std::string_view name : {kBasicList, kDefaultList, kProjectList})
+        if (const auto list = listIn(options.resources, name))
+            files.push_back({list->string(), FileUse::Read, {}, "a property list that is in use"});
     return files;
 }
 

@@ -19,6 +19,17 @@ void copyInto(SceneValue& stored, const SceneValue& scene) {
             setting.write(stored, member, setting.read(scene, member));
 }
 
+// What is saved in a file of the program's own would be lost at its next use.
+Result<void> checkUnused(std::vector<NamedFile> files, const std::filesystem::path& file) {
+    files.push_back({file.string(), FileUse::Written, {}, {}});
+    if (checkNamedFiles(files))
+        return {};
+    return failure(
+        say(ownText("scenewright::File",
+                    "Cannot write {}: the program itself uses this file; choose another name."),
+            file.string()));
+}
+
 } // namespace
 
 std::optional<std::string> StoreFiles::keep() const {
@@ -40,11 +51,11 @@ StoreFiles::Outcome StoreFiles::openBank(const std::filesystem::path& file) cons
 
 StoreFiles::Outcome StoreFiles::openScene(const std::filesystem::path& file,
                                           std::int32_t index) const {
-    const SceneFile read = readScene(file);
-    if (read.trouble)
-        return {false, read.trouble};
+    const auto read = readScene(file);
+    if (!read)
+        return {false, read.error()};
     auto notKept = keep();
-    copyInto(*WindowAction::getSceneWithIndex(index), *read.scene);
+    copyInto(*WindowAction::getSceneWithIndex(index), **read);
     return {true, std::move(notKept)};
 }
 
@@ -62,14 +73,18 @@ StoreFiles::Outcome StoreFiles::restoreLatest() const {
     return bank ? openBank(bank->file) : Outcome{};
 }
 
-std::optional<std::string> StoreFiles::saveBank(const std::filesystem::path& file,
-                                                const PopUpValue& lists) {
-    return writeBank(file, WindowAction::scenes(), formForName(file), lists);
+Result<void> StoreFiles::saveBank(const std::filesystem::path& file,
+                                  const PopUpValue& lists) const {
+    return checkUnused(used_, file).and_then([&] {
+        return writeBank(file, WindowAction::scenes(), formForName(file), lists);
+    });
 }
 
-std::optional<std::string> StoreFiles::saveScene(const std::filesystem::path& file,
-                                                 std::int32_t index, const PopUpValue& lists) {
-    return writeScene(file, *WindowAction::getSceneWithIndex(index), lists);
+Result<void> StoreFiles::saveScene(const std::filesystem::path& file, std::int32_t index,
+                                   const PopUpValue& lists) const {
+    return checkUnused(used_, file).and_then([&] {
+        return writeScene(file, *WindowAction::getSceneWithIndex(index), lists);
+    });
 }
 
 } // namespace scenewright

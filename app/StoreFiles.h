@@ -8,11 +8,15 @@
 
 #include "app/EarlierScenes.h"
 #include "editor/options/PopUpValue.h"
+#include "platform/NamedFiles.h"
+#include "platform/Result.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -39,14 +43,18 @@ public:
     // Opens that bank; not done, without trouble, when there is none.
     [[nodiscard]] Outcome restoreLatest() const;
 
-    // Nothing, or one sentence: then the file is what it was.
-    [[nodiscard]] static std::optional<std::string> saveBank(const std::filesystem::path& file,
-                                                             const PopUpValue& lists);
-    [[nodiscard]] static std::optional<std::string>
-    saveScene(const std::filesystem::path& file, std::int32_t index, const PopUpValue& lists);
+    // Files that the program writes to as it goes on, and that nothing is to be saved in.
+    void setUsed(std::vector<NamedFile> files) { used_ = std::move(files); }
+
+    // On error the file is what it was.
+    [[nodiscard]] Result<void> saveBank(const std::filesystem::path& file,
+                                        const PopUpValue& lists) const;
+    [[nodiscard]] Result<void> saveScene(const std::filesystem::path& file, std::int32_t index,
+                                         const PopUpValue& lists) const;
 
 private:
     EarlierScenes earlier_;
+    std::vector<NamedFile> used_;
 };
 
 } // namespace scenewright

@@ -6,7 +6,7 @@
 #include "bank/BankImageReader.h"
 #include "bank/JsonTree.h"
 #include "editor/options/PopUpValue.h"
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
 
 #include <fmt/format.h>
 
@@ -21,16 +21,16 @@ namespace scenewright {
 namespace {
 
 namespace fs = std::filesystem;
-using Trouble = std::optional<std::string>;
 
 // The lists are taken along, as sends end on a thread of their own.
 BankKeeper::Store jsonStore(std::shared_ptr<PopUpValue> lists) {
-    return [lists = std::move(lists)](const fs::path& file, const BankImage& image) -> Trouble {
-        const BankContent bank = readBankImage(image);
-        if (bank.trouble)
-            return fmt::format("{}: {}", file.string(), *bank.trouble);
-        return writeBank(file, bank.scenes, BankForm::Json, *lists);
-    };
+    return
+        [lists = std::move(lists)](const fs::path& file, const BankImage& image) -> Result<void> {
+            const BankContent bank = readBankImage(image);
+            if (bank.trouble)
+                return failure(fmt::format("{}: {}", file.string(), *bank.trouble));
+            return writeBank(file, bank.scenes, BankForm::Json, *lists);
+        };
 }
 
 Result<BankKeeper> keeperFor(const fs::path& file, BankForm form, bool needsLists) {
@@ -43,43 +43,50 @@ Result<BankKeeper> keeperFor(const fs::path& file, BankForm form, bool needsList
     });
 }
 
-Trouble readImage(const std::string& path, BankImage& image, BankForm& form) {
-    const FileBytes file = readWholeFile(path, kJsonBytes);
-    if (file.trouble)
-        return file.trouble;
-    form = formOf(file.bytes);
-    if (form == BankForm::Image && file.bytes.size() != kBankSize)
-        return fmt::format("{}: not a bank for the virtual controller: it holds {} bytes, and a "
-                           "bank holds {} or is JSON",
-                           path, file.bytes.size(), kBankSize);
-    if (form == BankForm::Image) {
-        std::ranges::copy(file.bytes, image.begin());
-        return std::nullopt;
+// What a controller's memory can be filled with, and the form that it is kept in.
+struct Memory {
+    BankImage image{};
+    BankForm form = BankForm::Image;
+};
+
+Result<Memory> readMemory(const std::string& path) {
+    const auto bytes = readFile(path, kJsonBytes);
+    if (!bytes)
+        return failure(bytes.error());
+    Memory memory{.form = formOf(*bytes)};
+    if (memory.form == BankForm::Json) {
+        const BankFile bank = parseBank(*bytes, path);
+        if (bank.trouble)
+            return failure(*bank.trouble);
+        memory.image = encodeBank(bank.scenes);
+        return memory;
     }
-    const BankFile bank = parseBank(file.bytes, path);
-    if (!bank.trouble)
-        image = encodeBank(bank.scenes);
-    return bank.trouble;
+    if (bytes->size() != kBankSize)
+        return failure(fmt::format("{}: not a bank for the virtual controller: it holds {} bytes, "
+                                   "and a bank holds {} or is JSON",
+                                   path, bytes->size(), kBankSize));
+    std::ranges::copy(*bytes, memory.image.begin());
+    return memory;
 }
 
 } // namespace
 
 Result<VirtualBank> openVirtualBank(const std::string& path, bool needsLists) {
     WindowAction::getSceneValue();
-    BankImage image = encodeBank(WindowAction::scenes());
-    BankForm form = formForName(path);
+    Result<Memory> memory = Memory{encodeBank(WindowAction::scenes()), formForName(path)};
     if (!path.empty())
-        if (auto trouble = whyNotWritable(path))
-            return failure(std::move(*trouble));
+        if (const auto checked = checkReplaceable(path); !checked)
+            return failure(checked.error());
     const bool isThere = !path.empty() && fs::exists(path);
     if (isThere)
-        if (auto trouble = readImage(path, image, form))
-            return failure(std::move(*trouble));
+        memory = readMemory(path);
+    if (!memory)
+        return failure(memory.error());
     if (!isThere && needsLists)
         if (auto checked = checkDefaultScenes(WindowAction::scenes()); !checked)
             return failure(std::move(checked.error()));
-    return keeperFor(path, form, needsLists).map([&image](BankKeeper keeper) {
-        return VirtualBank{image, std::move(keeper)};
+    return keeperFor(path, memory->form, needsLists).map([&memory](BankKeeper keeper) {
+        return VirtualBank{memory->image, std::move(keeper)};
     });
 }
 

@@ -4,7 +4,7 @@
 #include "bank/BankJson.h"
 #include "bank/JsonTree.h"
 #include "model/Control.h"
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
 
 #include <fmt/format.h>
 
@@ -53,6 +53,10 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
+Result<void> writeWhole(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
+    return replaceFile(path, bytes).map([](const Replaced&) {});
+}
+
 } // namespace
 
 BankForm formOf(std::span<const std::uint8_t> bytes) {
@@ -60,10 +64,10 @@ BankForm formOf(std::span<const std::uint8_t> bytes) {
 }
 
 BankFile readBank(const std::filesystem::path& path) {
-    FileBytes file = readWholeFile(path, kJsonBytes);
-    if (file.trouble)
-        return {{}, std::move(file.trouble)};
-    return parseBank(file.bytes, path.string());
+    const auto bytes = readFile(path, kJsonBytes);
+    if (!bytes)
+        return {{}, bytes.error()};
+    return parseBank(*bytes, path.string());
 }
 
 BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
@@ -108,28 +112,28 @@ std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
     return {image.begin(), image.end()};
 }
 
-std::optional<std::string> writeBank(const std::filesystem::path& path, const SceneList& scenes) {
-    return writeWholeFile(path, encodeBank(scenes));
+Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes) {
+    return writeWhole(path, encodeBank(scenes));
 }
 
-std::optional<std::string> writeBank(const std::filesystem::path& path, const SceneList& scenes,
-                                     BankForm form, const PopUpValue& lists) {
-    return writeWholeFile(path, bankBytes(scenes, form, lists));
+Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes, BankForm form,
+                       const PopUpValue& lists) {
+    return writeWhole(path, bankBytes(scenes, form, lists));
 }
 
-SceneFile readScene(const std::filesystem::path& path) {
-    FileBytes file = readWholeFile(path, kJsonBytes);
-    if (file.trouble)
-        return {nullptr, std::move(file.trouble)};
-    BankContent read = readSceneJson(textOf(file.bytes));
+Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path) {
+    const auto bytes = readFile(path, kJsonBytes);
+    if (!bytes)
+        return failure(bytes.error());
+    const BankContent read = readSceneJson(textOf(*bytes));
     if (read.trouble)
-        return {nullptr, fmt::format("{}: {}", path.string(), *read.trouble)};
-    return {read.scenes.front(), std::nullopt};
+        return failure(fmt::format("{}: {}", path.string(), *read.trouble));
+    return read.scenes.front();
 }
 
-std::optional<std::string> writeScene(const std::filesystem::path& path, const SceneValue& scene,
-                                      const PopUpValue& lists) {
-    return writeWholeFile(path, bytesOf(writeSceneJson(scene, lists)));
+Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
+                        const PopUpValue& lists) {
+    return writeWhole(path, bytesOf(writeSceneJson(scene, lists)));
 }
 
 } // namespace scenewright

@@ -4,6 +4,7 @@
 
 #include "editor/options/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "platform/Result.h"
 #include "protocol/SceneImage.h"
 
 #include <cstdint>
@@ -46,21 +47,14 @@ struct BankFile {
 [[nodiscard]] std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
                                                   const PopUpValue& lists);
 
-// Each writes the first four scenes. Nothing, or one sentence: then the file is what it was.
-[[nodiscard]] std::optional<std::string> writeBank(const std::filesystem::path& path,
-                                                   const SceneList& scenes);
-[[nodiscard]] std::optional<std::string> writeBank(const std::filesystem::path& path,
-                                                   const SceneList& scenes, BankForm form,
-                                                   const PopUpValue& lists);
+// Each writes the first four scenes. On error the file is what it was.
+[[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes);
+[[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes,
+                                     BankForm form, const PopUpValue& lists);
 
-// One scene as a file of its own, always JSON. `scene` is null when `trouble` says why.
-struct SceneFile {
-    std::shared_ptr<SceneValue> scene;
-    std::optional<std::string> trouble;
-};
-
-[[nodiscard]] SceneFile readScene(const std::filesystem::path& path);
-[[nodiscard]] std::optional<std::string>
-writeScene(const std::filesystem::path& path, const SceneValue& scene, const PopUpValue& lists);
+// One scene as a file of its own, always JSON.
+[[nodiscard]] Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path);
+[[nodiscard]] Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
+                                      const PopUpValue& lists);
 
 } // namespace scenewright

@@ -1,12 +1,11 @@
 #include "virtual/BankKeeper.h"
 
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
 
 namespace scenewright {
 
-std::optional<std::string> BankKeeper::storeImage(const std::filesystem::path& file,
-                                                  const BankImage& bank) {
-    return writeWholeFile(file, bank);
+Result<void> BankKeeper::storeImage(const std::filesystem::path& file, const BankImage& bank) {
+    return replaceFile(file, bank).map([](const Replaced&) {});
 }
 
 void BankKeeper::afterTransfer(const VirtualController& controller) {
@@ -15,7 +14,8 @@ void BankKeeper::afterTransfer(const VirtualController& controller) {
     sendsKept_ = controller.sendsEnded();
     if (file_.empty())
         return;
-    trouble_ = store_(file_, controller.bank());
+    const auto stored = store_(file_, controller.bank());
+    trouble_ = stored ? std::nullopt : std::optional(stored.error());
 }
 
 } // namespace scenewright

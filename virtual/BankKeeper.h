@@ -1,6 +1,7 @@
 // Keeps what was sent to a virtual controller in a file.
 #pragma once
 
+#include "platform/Result.h"
 #include "virtual/VirtualController.h"
 
 #include <filesystem>
@@ -12,12 +13,11 @@ namespace scenewright {
 
 class BankKeeper {
 public:
-    // Writes a bank to a file, whole or not at all; nothing, or one sentence. Called on the thread
-    // that made the transfer.
-    using Store = std::function<std::optional<std::string>(const std::filesystem::path& file,
-                                                           const BankImage& bank)>;
-    [[nodiscard]] static std::optional<std::string> storeImage(const std::filesystem::path& file,
-                                                               const BankImage& bank);
+    // Writes a bank to a file, whole or not at all. Called on the thread that made the transfer.
+    using Store =
+        std::function<Result<void>(const std::filesystem::path& file, const BankImage& bank)>;
+    [[nodiscard]] static Result<void> storeImage(const std::filesystem::path& file,
+                                                 const BankImage& bank);
 
     // An empty path keeps nothing.
     explicit BankKeeper(std::filesystem::path file, Store store = &storeImage)

@@ -86,7 +86,8 @@ void releaseBus() {
     SendJob::join();
 }
 
-int showWindow(QApplication& application, bool isVirtual) {
+int showWindow(QApplication& application, const LaunchOptions& options) {
+    const bool isVirtual = options.isVirtual;
     const MainLoop loop;
     const Translation translation(QLocale::system());
     Appearance appearance(application);
@@ -97,6 +98,7 @@ int showWindow(QApplication& application, bool isVirtual) {
     EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
     if (!isVirtual)
         commands.keyboard().follow(DeviceMonitor::start());
+    commands.banks().setUsed(launchFiles(options));
     commands.reportLists(listErrors());
     window.show();
     const int exitCode = QApplication::exec();
@@ -135,7 +137,7 @@ int run(int argc, char** argv) {
     ToolkitMessages::letGo();
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
-    return showWindow(application, options.isVirtual);
+    return showWindow(application, options);
 }
 
 } // namespace

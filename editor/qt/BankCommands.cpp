@@ -113,9 +113,9 @@ void BankCommands::openBank(const QString& file) {
 }
 
 void BankCommands::saveBank(const QString& file) {
-    const auto trouble = StoreFiles::saveBank(pathOf(file), *window_.view().pu());
-    showSaved(trouble, file);
-    if (!trouble)
+    const auto saved = files_.saveBank(pathOf(file), *window_.view().pu());
+    showSaved(saved, file);
+    if (saved)
         RecentFiles::add(file);
 }
 
@@ -128,10 +128,10 @@ void BankCommands::openScene(const QString& file) {
 }
 
 void BankCommands::saveScene(const QString& file) {
-    const auto trouble =
-        StoreFiles::saveScene(pathOf(file), window_.view().sceneIndex(), *window_.view().pu());
-    showSaved(trouble, file);
-    if (!trouble)
+    const auto saved =
+        files_.saveScene(pathOf(file), window_.view().sceneIndex(), *window_.view().pu());
+    showSaved(saved, file);
+    if (saved)
         RecentFiles::setFolderOf(file);
 }
 
@@ -148,8 +148,11 @@ bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString
     return true;
 }
 
-void BankCommands::showSaved(const std::optional<std::string>& error, const QString& file) {
-    post(error, error ? QString() : tr("Saved %1").arg(QFileInfo(file).fileName()));
+void BankCommands::showSaved(const Result<void>& saved, const QString& file) {
+    if (saved)
+        post(std::nullopt, tr("Saved %1").arg(QFileInfo(file).fileName()));
+    else
+        post(saved.error(), {});
 }
 
 // Both may be there: something was done, and something else beside it was not.

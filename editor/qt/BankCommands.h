@@ -19,6 +19,9 @@ class BankCommands final : public QObject {
 public:
     BankCommands(MainWindow& window, StoreFiles files);
 
+    // Files that nothing is to be saved in, as the program writes to them.
+    void setUsed(std::vector<NamedFile> files) { files_.setUsed(std::move(files)); }
+
     // A notice tells what was done; one of an error when a file could not be opened or written,
     // and then nothing is changed. Paths of local files.
     void openBank(const QString& file);
@@ -56,7 +59,7 @@ private:
     void fillRecent();
     void fillEarlier();
     bool showOutcome(const StoreFiles::Outcome& outcome, const QString& done);
-    void showSaved(const std::optional<std::string>& error, const QString& file);
+    void showSaved(const Result<void>& saved, const QString& file);
     void post(const std::optional<std::string>& error, const QString& done);
 
     MainWindow& window_;

@@ -530,6 +530,10 @@
         <translation>Zugriffsliste und Attribute könnten nicht beibehalten werden</translation>
     </message>
     <message>
+        <source>Cannot write {}: the program itself uses this file; choose another name.</source>
+        <translation>{} kann nicht geschrieben werden: Das Programm verwendet diese Datei selbst; wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>darauf ist ein Dateisystem eingehängt</translation>
     </message>

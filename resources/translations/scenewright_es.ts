@@ -530,6 +530,10 @@
         <translation>no se podrían conservar su lista de acceso y sus atributos</translation>
     </message>
     <message>
+        <source>Cannot write {}: the program itself uses this file; choose another name.</source>
+        <translation>No se puede escribir {}: el propio programa usa este archivo; elija otro nombre.</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>hay un sistema de archivos montado en él</translation>
     </message>

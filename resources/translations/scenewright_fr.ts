@@ -530,6 +530,10 @@
         <translation>sa liste d’accès et ses attributs ne pourraient pas être conservés</translation>
     </message>
     <message>
+        <source>Cannot write {}: the program itself uses this file; choose another name.</source>
+        <translation>Impossible d’écrire {} : le programme utilise lui-même ce fichier ; choisissez un autre nom.</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>un système de fichiers y est monté</translation>
     </message>

@@ -530,6 +530,10 @@
         <translation>アクセスリストと属性を維持できません</translation>
     </message>
     <message>
+        <source>Cannot write {}: the program itself uses this file; choose another name.</source>
+        <translation>{} に書き込めません: このファイルはプログラム自身が使用しています。別の名前を選んでください。</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>ファイルシステムがマウントされています</translation>
     </message>

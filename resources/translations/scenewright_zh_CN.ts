@@ -530,6 +530,10 @@
         <translation>无法保留其访问列表和属性</translation>
     </message>
     <message>
+        <source>Cannot write {}: the program itself uses this file; choose another name.</source>
+        <translation>无法写入 {}：程序自身正在使用此文件，请选择其他名称。</translation>
+    </message>
+    <message>
         <source>a file system is mounted on it</source>
         <translation>其上挂载了文件系统</translation>
     </message>

@@ -32,7 +32,7 @@ protected:
         for (const auto& scene : scenes)
             scene->commonValue()->setSceneName(std::string(1, name++));
         scenes[1]->buttonValueArray()[12]->setCR(127);
-        EXPECT_EQ(writeBank(folder.file("a.bank"), scenes), std::nullopt);
+        EXPECT_TRUE(writeBank(folder.file("a.bank"), scenes));
         return folder.file("a.bank");
     }
     std::string sceneFile() {
@@ -41,7 +41,7 @@ protected:
         scenes[0]->commonValue()->setPitchBendSpeed(5);
         scenes[0]->buttonValueArray()[12]->setCG(99);
         scenes[0]->buttonValueArray()[44]->setOnValue(88);
-        EXPECT_EQ(writeScene(folder.file("a.scene.json"), *scenes[0], *lists), std::nullopt);
+        EXPECT_TRUE(writeScene(folder.file("a.scene.json"), *scenes[0], *lists));
         return folder.file("a.scene.json");
     }
     std::string badFile() {
@@ -167,15 +167,31 @@ TEST_F(StoreFilesTest, NothingComesBackWhenNothingIsKept) {
 TEST_F(StoreFilesTest, SavedBanksAndScenesOpenAgain) {
     record(3, 1).setMIDIChannel(9);
     for (const char* name : {"x.json", "x.bank"}) {
-        EXPECT_EQ(StoreFiles::saveBank(folder.file(name), *lists), std::nullopt);
+        EXPECT_TRUE(files.saveBank(folder.file(name), *lists));
         WindowAction::getSceneValue();
         EXPECT_TRUE(files.openBank(folder.file(name)).isDone);
         EXPECT_EQ(record(3, 1).MIDIChannel(), 9) << name;
     }
-    EXPECT_EQ(StoreFiles::saveScene(folder.file("s.json"), 3, *lists), std::nullopt);
+    EXPECT_TRUE(files.saveScene(folder.file("s.json"), 3, *lists));
     EXPECT_TRUE(files.openScene(folder.file("s.json"), 0).isDone);
     EXPECT_EQ(record(0, 1).MIDIChannel(), 9);
-    EXPECT_TRUE(StoreFiles::saveBank(folder.file("no/such/x.json"), *lists));
+    EXPECT_FALSE(files.saveBank(folder.file("no/such/x.json"), *lists));
+}
+
+TEST_F(StoreFilesTest, NothingIsSavedInAFileThatTheProgramUses) {
+    const std::vector<std::uint8_t> held(3);
+    testing::writeBytes(folder.file("held.bank"), held);
+    std::filesystem::create_symlink("held.bank", folder.file("link.bank"));
+    files.setUsed({{folder.file("held.bank"), FileUse::Replaced, {}, {}},
+                   {folder.file("log"), FileUse::Appended, {}, {}}});
+    for (const char* name : {"held.bank", "link.bank", "log"}) {
+        const std::string sentence = "Cannot write " + folder.file(name) +
+                                     ": the program itself uses this file; choose another name.";
+        EXPECT_EQ(files.saveBank(folder.file(name), *lists).error(), sentence);
+        EXPECT_EQ(files.saveScene(folder.file(name), 0, *lists).error(), sentence);
+    }
+    EXPECT_EQ(testing::readBytes(folder.file("held.bank")), held);
+    EXPECT_TRUE(files.saveBank(folder.file("other.bank"), *lists));
 }
 
 } // namespace

@@ -27,7 +27,7 @@ protected:
         EXPECT_TRUE(bank) << bank.error();
         return std::move(bank).value();
     }
-    std::string troubleOf(const std::string& path) {
+    std::string errorOf(const std::string& path) {
         const auto bank = openVirtualBank(path, true);
         return bank ? "none" : bank.error();
     }
@@ -100,8 +100,8 @@ protected:
 };
 
 TEST_F(VirtualBankListsTest, ANewMemoryWithoutTheDefaultListIsRefusedWhereListsAreNeeded) {
-    EXPECT_EQ(troubleOf(folder_.file("new.bank")), listError("default.plist"));
-    EXPECT_EQ(troubleOf(""), listError("default.plist"));
+    EXPECT_EQ(errorOf(folder_.file("new.bank")), listError("default.plist"));
+    EXPECT_EQ(errorOf(""), listError("default.plist"));
     const auto zeros = openVirtualBank("", false);
     ASSERT_TRUE(zeros) << zeros.error();
     EXPECT_EQ(zeros->image[20], 0);
@@ -111,7 +111,7 @@ TEST_F(VirtualBankListsTest, AJsonMemoryWithoutTitlesIsRefusedWhereListsAreNeede
     Resources::setFolder({});
     send(folder_.file("held.json"), 14);
     Resources::setFolder(lists_.path());
-    EXPECT_EQ(troubleOf(folder_.file("held.json")), listError("basic.plist"));
+    EXPECT_EQ(errorOf(folder_.file("held.json")), listError("basic.plist"));
     EXPECT_TRUE(openVirtualBank(folder_.file("held.json"), false));
 }
 
@@ -122,13 +122,13 @@ TEST_F(VirtualBankListsTest, AnImageIsTakenWithoutLists) {
 
 TEST_F(VirtualBankTest, WhatIsNoBankIsRefusedWithTheReason) {
     writeBytes(folder_.file("short"), std::vector<std::uint8_t>(5));
-    EXPECT_EQ(troubleOf(folder_.file("short")),
+    EXPECT_EQ(errorOf(folder_.file("short")),
               folder_.file("short") + ": not a bank for the virtual controller: it holds 5 bytes, "
                                       "and a bank holds 1012 or is JSON");
     writeBytes(folder_.file("cut"), std::vector<std::uint8_t>{'{'});
-    EXPECT_EQ(troubleOf(folder_.file("cut")),
+    EXPECT_EQ(errorOf(folder_.file("cut")),
               folder_.file("cut") + ": its JSON text ends too soon, in line 1");
-    EXPECT_EQ(troubleOf(folder_.path()),
+    EXPECT_EQ(errorOf(folder_.path()),
               "Cannot write " + folder_.path().string() + ": it is a folder.");
     EXPECT_EQ(folder_.names(), (std::vector<std::string>{"cut", "short"}));
 }

@@ -52,7 +52,7 @@ TEST(BankFile, WrittenBankIsTheImageOfTheFirstFourScenes) {
     SceneList scenes = parseScenes(BankImage{});
     scenes.at(2)->commonValue()->setSceneName("LIVE");
     scenes.push_back(scenes.front());
-    ASSERT_EQ(writeBank(folder.file("bank"), scenes), std::nullopt);
+    ASSERT_TRUE(writeBank(folder.file("bank"), scenes));
     const auto bytes = testing::readBytes(folder.file("bank"));
     ASSERT_EQ(bytes.size(), 1012U);
     EXPECT_EQ(std::string(bytes.begin() + 506, bytes.begin() + 511), std::string("LIVE\0", 5));
@@ -173,8 +173,8 @@ TEST(BankFile, BothFormsAreWrittenAndReadBack) {
     const TempFolder folder;
     const auto lists = loadPopUpValue();
     const SceneList scenes = testing::knownScenes();
-    ASSERT_EQ(writeBank(folder.file("a"), scenes, BankForm::Json, *lists), std::nullopt);
-    ASSERT_EQ(writeBank(folder.file("b"), scenes, BankForm::Image, *lists), std::nullopt);
+    ASSERT_TRUE(writeBank(folder.file("a"), scenes, BankForm::Json, *lists));
+    ASSERT_TRUE(writeBank(folder.file("b"), scenes, BankForm::Image, *lists));
     EXPECT_EQ(testing::readBytes(folder.file("a")), bytesOf(testing::knownJson()));
     EXPECT_EQ(testing::readBytes(folder.file("b")), bankBytes(scenes, BankForm::Image, *lists));
     EXPECT_EQ(encodeBank(readBank(folder.file("b")).scenes), testing::knownImage());
@@ -183,17 +183,17 @@ TEST(BankFile, BothFormsAreWrittenAndReadBack) {
 TEST(BankFile, SceneHasAFileOfItsOwn) {
     const TempFolder folder;
     const SceneList scenes = testing::knownScenes();
-    ASSERT_EQ(writeScene(folder.file("scene"), *scenes[1], *loadPopUpValue()), std::nullopt);
-    const SceneFile file = readScene(folder.file("scene"));
-    ASSERT_EQ(file.trouble, std::nullopt);
-    EXPECT_EQ(encodeScene(*file.scene), encodeScene(*scenes[1]));
+    ASSERT_TRUE(writeScene(folder.file("scene"), *scenes[1], *loadPopUpValue()));
+    const auto scene = readScene(folder.file("scene"));
+    ASSERT_TRUE(scene) << scene.error();
+    EXPECT_EQ(encodeScene(**scene), encodeScene(*scenes[1]));
     EXPECT_EQ(readBank(folder.file("scene")).trouble,
               folder.file("scene") +
                   ": format must be \"scenewright-bank\", and is \"scenewright-scene\"");
     testing::writeBytes(folder.file("bank"), testing::knownImage());
-    EXPECT_EQ(readScene(folder.file("bank")).trouble,
+    EXPECT_EQ(readScene(folder.file("bank")).error(),
               folder.file("bank") + ": its JSON text is wrong at line 1, column 1");
-    EXPECT_TRUE(readScene(folder.file("none")).trouble->find(folder.file("none")) !=
+    EXPECT_TRUE(readScene(folder.file("none")).error().find(folder.file("none")) !=
                 std::string::npos);
 }
 

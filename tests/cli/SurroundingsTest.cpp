@@ -171,6 +171,29 @@ TEST_F(Surroundings, NoFileIsOverwrittenUnderAnotherOptionsName) {
     }
 }
 
+TEST_F(Surroundings, NoListThatIsInUseIsOverwritten) {
+    fs::create_directories(file("home/scenewright"));
+    for (const char* name : {"basic", "default", "project"}) {
+        const std::string list = std::string(name) + ".plist";
+        for (const std::string& folder : {file("lists"), file("home/scenewright")}) {
+            fs::create_directories(folder);
+            writeText(folder + "/" + list, "<plist><array/></plist>");
+            fs::create_symlink(folder + "/" + list, file("alias"));
+            for (const std::string& option :
+                 {"--log " + folder + "/" + list, "--console " + file("alias")}) {
+                const ProgramRun result =
+                    inShell("XDG_CONFIG_HOME=" + file("home") + " " + kProgram + " " +
+                            (folder == file("lists") ? "--resources " + folder + " " : "") +
+                            option + " show " + file("a.bank"));
+                expectSentence(result, 2,
+                               option + ": it would overwrite a property list that is in use\n");
+                EXPECT_EQ(readText(folder + "/" + list), "<plist><array/></plist>");
+            }
+            fs::remove(file("alias"));
+        }
+    }
+}
+
 TEST_F(Surroundings, StandardInputCountsAsTheFileThatItComesFrom) {
     expectSentence(shell("--virtual send - --backup " + file("a.bank"), "a.bank"), 2,
                    "the backup would overwrite the bank that is to be sent");

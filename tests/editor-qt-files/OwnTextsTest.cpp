@@ -146,6 +146,9 @@ TEST_F(OwnTextsTest, SavingAndWhatKeepsAFileFromBeingWritten) {
         expectTold(notice(), {"kept.json", "missing", "inside", "inside.json", "/dev/null",
                               "No such file or directory", "Not a directory"});
     }
+    commands().banks().setUsed({{file("kept.json").toStdString(), FileUse::Replaced, {}, {}}});
+    commands().banks().saveBank(file("kept.json"));
+    expectTold(notice(), {"kept.json"});
 }
 
 TEST_F(OwnTextsTest, WhatKeepsTheEarlierScenesFromBeingKept) {

@@ -42,7 +42,10 @@ std::string errorOf(DeviceOperation operation) {
 std::string read(const std::string& file) {
     WindowAction::readSceneData();
     const std::string error = errorOf(DeviceOperation::SaveScenes);
-    return error.empty() ? writeBank(file, WindowAction::scenes()).value_or("") : error;
+    if (!error.empty())
+        return error;
+    const auto written = writeBank(file, WindowAction::scenes());
+    return written ? "" : written.error();
 }
 
 std::string send(const std::string& file) {

@@ -1,10 +1,10 @@
 #include "model/FileAction.h"
+#include "platform/AtomicFile.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
 #include "platform/ProgramMain.h"
 #include "platform/Resources.h"
 #include "platform/StandardStreams.h"
-#include "platform/WholeFile.h"
 #include "virtual/program/Options.h"
 #include "virtual/usbip/Server.h"
 
@@ -60,17 +60,17 @@ Result<BankImage> loadBank(const std::filesystem::path& file) {
     BankImage bank = defaultBank();
     if (file.empty())
         return bank;
-    if (auto error = whyNotWritable(file))
-        return failure(std::move(*error));
+    if (const auto checked = checkReplaceable(file); !checked)
+        return failure(checked.error());
     if (!std::filesystem::exists(file))
         return bank;
-    const FileBytes read = readWholeFile(file, kMaxRead);
-    if (read.trouble)
-        return failure(*read.trouble);
-    if (read.bytes.size() != kBankSize)
+    const auto bytes = readFile(file, kMaxRead);
+    if (!bytes)
+        return failure(bytes.error());
+    if (bytes->size() != kBankSize)
         return failure(fmt::format("{}: a bank has {} bytes, and this file has {}", file.string(),
-                                   kBankSize, read.bytes.size()));
-    std::ranges::copy(read.bytes, bank.begin());
+                                   kBankSize, bytes->size()));
+    std::ranges::copy(*bytes, bank.begin());
     return bank;
 }
 
@@ -101,17 +101,19 @@ void finish(usbip::BankSaver& saver, std::optional<usbip::LineFile>& trace) {
 
 Result<void> checkFiles(const ProgramOptions& options) {
     const std::string trace = options.trace == "-" ? "/dev/stdout" : options.trace;
-    const std::array<NamedFile, 2> files{{
+    const auto list = Resources::find("default", "plist");
+    const std::array<NamedFile, 3> files{{
         {trace, FileUse::Appended, "--trace " + options.trace + ": it", "the trace"},
         {options.bank, FileUse::Replaced, options.bank + ": it", "the controller's memory"},
+        {list ? list->string() : "", FileUse::Read, {}, "a property list that is in use"},
     }};
     return checkNamedFiles(files);
 }
 
 int run(const ProgramOptions& options) {
+    Resources::setFolder(options.resources);
     if (const auto checked = checkFiles(options); !checked)
         return failed(checked.error(), kExitUsage);
-    Resources::setFolder(options.resources);
     Diagnostics::setLog(logLine);
     const Result<BankImage> bank = loadBank(options.bank);
     if (!bank)

@@ -1,6 +1,6 @@
 #include "virtual/usbip/BackgroundFiles.h"
 
-#include "platform/WholeFile.h"
+#include "platform/AtomicFile.h"
 
 #include <fmt/format.h>
 
@@ -142,9 +142,7 @@ void BankSaver::Work::storeOne(const BankImage& bank) {
 }
 
 Result<void> BankSaver::storeImage(const std::filesystem::path& file, const BankImage& bank) {
-    if (auto error = writeWholeFile(file, bank))
-        return failure(std::move(*error));
-    return {};
+    return replaceFile(file, bank).map([](const Replaced&) {});
 }
 
 BankSaver::BankSaver(std::filesystem::path file, LineSink reportError, Store store) {
