@@ -82,9 +82,14 @@ public:
             return failure->second;
         return fakeLibusb().isPlugged ? LIBUSB_SUCCESS : LIBUSB_ERROR_NO_DEVICE;
     }
+    static void note(const std::string& call) {
+        fakeLibusb().calls.push_back(call);
+        if (fakeLibusb().whenCalled)
+            fakeLibusb().whenCalled(call);
+    }
     // The same for a call that is recorded.
     [[nodiscard]] int called(const std::string& call) const {
-        fakeLibusb().calls.push_back(call);
+        note(call);
         return resultOf(call);
     }
     [[nodiscard]] Holder& holder(int interface) const { return fakeLibusb().holders[interface]; }
@@ -281,7 +286,7 @@ void libusb_close(libusb_device_handle* handle) {
     const std::unique_ptr<libusb_device_handle> closed(handle);
     {
         const Use library;
-        library->calls.emplace_back("close");
+        Use::note("close");
         --library->handles;
         for (auto& [interface, holder] : library->holders)
             holder = holder == Holder::Us ? Holder::Nobody : holder;
@@ -365,11 +370,10 @@ void libusb_free_transfer(libusb_transfer* transfer) {
 int libusb_submit_transfer(libusb_transfer* transfer) {
     const Use library;
     const std::span bytes(transfer->buffer, static_cast<std::size_t>(transfer->length));
-    library->calls.push_back(isIn(*transfer)
-                                 ? fmt::format("read {:02x}: {} bytes, {} ms", transfer->endpoint,
-                                               bytes.size(), transfer->timeout)
-                                 : fmt::format("write {:02x}: {:02x}, {} ms", transfer->endpoint,
-                                               fmt::join(bytes, " "), transfer->timeout));
+    Use::note(isIn(*transfer) ? fmt::format("read {:02x}: {} bytes, {} ms", transfer->endpoint,
+                                            bytes.size(), transfer->timeout)
+                              : fmt::format("write {:02x}: {:02x}, {} ms", transfer->endpoint,
+                                            fmt::join(bytes, " "), transfer->timeout));
     if (const int result = library.resultOf("submit"); result != 0)
         return result;
     inFlight.push_back({transfer, std::this_thread::get_id()});
@@ -378,7 +382,7 @@ int libusb_submit_transfer(libusb_transfer* transfer) {
 
 int libusb_cancel_transfer(libusb_transfer* transfer) {
     const Use library;
-    library->calls.emplace_back("cancel");
+    Use::note("cancel");
     const auto found = std::ranges::find(inFlight, transfer, &InFlight::transfer);
     if (found == inFlight.end())
         return LIBUSB_ERROR_NOT_FOUND;
@@ -389,7 +393,7 @@ int libusb_cancel_transfer(libusb_transfer* transfer) {
 
 int libusb_handle_events_completed(libusb_context* /*context*/, int* /*completed*/) {
     Use library;
-    library->calls.emplace_back("events");
+    Use::note("events");
     FakeEvent event{.result = library->eventsResult, .completes = library->eventsResult == 0};
     if (!library->events.empty()) {
         event = std::move(library->events.front());

@@ -84,6 +84,7 @@ struct FakeLibusb {
     // What changes something: "open", "detach 1", "claim 1", "write 02: 09 9c, 0 ms",
     // "read 81: 63 bytes, 0 ms", "events", "cancel", "clear 81", "release 1", "attach 0", "close".
     std::vector<std::string> calls{};
+    std::function<void(const std::string& call)> whenCalled{}; // told each of these as well
 
     [[nodiscard]] bool hasNothingOut() const {
         return contexts == 0 && deviceReferences == 0 && configurations == 0 && handles == 0 &&

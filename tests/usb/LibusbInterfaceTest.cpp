@@ -1,17 +1,23 @@
 #include "tests/usb/FailingAllocation.h"
 #include "tests/usb/FakeLibusb.h"
+#include "usb/InterfaceHandle.h"
 #include "usb/LibusbHost.h"
+#include "usb/Shutdown.h"
+#include "usb/Transport.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdint>
 #include <future>
 #include <map>
 #include <memory>
 #include <new>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -300,6 +306,46 @@ TEST_F(LibusbInterfaceTest, ATransferThatCouldNotBeEndedOutlivesItsHandle) {
     EXPECT_EQ(write(*interface, {1}), kResultInputOutput);
     interface.reset();
     EXPECT_TRUE(driversAreBack());
+}
+
+// In a process of its own, that a signal ends while its events fail and it goes on regardless: it
+// tells what was called from the signal on through a pipe, a line each.
+TEST_F(LibusbInterfaceTest, ASignalGivesAllBackWhileEventsFailForGood) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGTERM, SIG_DFL);
+        const Shutdown shutdown;
+        Transport::instance().use(nullptr);
+        const auto handle = std::make_shared<InterfaceHandle>(take());
+        handle->open();
+        Transport::instance().setInterface(handle);
+        fakeLibusb().eventsResult = -99;
+        fakeLibusb().whenCalled = [&](const std::string& call) {
+            const std::string line = call + "\n";
+            static_cast<void>(!::write(ends[1], line.data(), line.size()));
+        };
+        std::array<std::uint8_t, 63> room{};
+        for (int reads = 0;; ++reads) {
+            static_cast<void>(handle->read(1, room));
+            if (reads == 10)
+                kill(getpid(), SIGTERM);
+        }
+    }
+    ::close(ends[1]);
+    std::string told;
+    for (char letter = 0; ::read(ends[0], &letter, 1) == 1;)
+        told += letter;
+    ::close(ends[0]);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGTERM);
+    std::string wanted = "read 81: 63 bytes, 0 ms\n";
+    for (int round = 0; round < 5; ++round)
+        wanted += "events\ncancel\n";
+    EXPECT_EQ(told, wanted + "release 1\nattach 0\nclose\n");
 }
 
 // A close, a release of another thread, and a write beside a read that waits.
