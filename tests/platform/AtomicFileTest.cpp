@@ -6,17 +6,22 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
+#include <sched.h>
 #include <string>
 #include <string_view>
 #include <sys/file.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
@@ -284,6 +289,50 @@ TEST_F(AtomicFile, NamesThatKeepTheFormerContentAreCounted) {
     EXPECT_EQ(replaceFile(file_, bytesOf("new"))->otherNames, 2U);
     EXPECT_EQ(replaceFile(file_, bytesOf("new"))->otherNames, 0U);
     EXPECT_EQ(readText(folder_.path() / "third"), "old");
+}
+
+// In a process with mounts of its own, where the folder is changed first. What cannot be replaced
+// there is found before anything is written.
+std::string errorBesideMounts(const fs::path& file, const std::function<bool()>& change) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::pipe(ends.data()), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool isReady = ::unshare(CLONE_NEWNS) == 0 &&
+                             ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                             change();
+        const auto checked = checkReplaceable(file);
+        const std::string told = !isReady ? "no mounts" : checked ? "none" : checked.error();
+        static_cast<void>(!::write(ends[1], told.data(), told.size()));
+        ::_exit(0);
+    }
+    ::close(ends[1]);
+    std::string told;
+    for (char letter = 0; ::read(ends[0], &letter, 1) == 1;)
+        told += letter;
+    ::close(ends[0]);
+    ::waitpid(child, nullptr, 0);
+    return told;
+}
+
+TEST_F(AtomicFile, MountsThatKeepAFileFromBeingReplacedAreFoundBeforehand) {
+    writeText(file_, "old");
+    writeText(folder_.path() / "other", "");
+    const std::string folder = folder_.path().string();
+    const std::string onFile = errorBesideMounts(file_, [&] {
+        return ::mount(folder_.file("other").c_str(), file_.c_str(), nullptr, MS_BIND, nullptr) ==
+               0;
+    });
+    if (onFile == "no mounts")
+        GTEST_SKIP() << "only root can mount";
+    EXPECT_EQ(onFile, "Cannot write " + file_.string() + ": a file system is mounted on it.");
+    const std::string readOnly = errorBesideMounts(file_, [&] {
+        constexpr unsigned long kReadOnly = MS_BIND | MS_REMOUNT | MS_RDONLY;
+        return ::mount(folder.c_str(), folder.c_str(), nullptr, MS_BIND, nullptr) == 0 &&
+               ::mount("none", folder.c_str(), nullptr, kReadOnly, nullptr) == 0;
+    });
+    EXPECT_EQ(readOnly,
+              "Cannot write " + file_.string() + ": " + folder + ": Read-only file system.");
 }
 
 // An access list as the kernel has it in its attribute: the owner, one more user, the group, the
