@@ -65,12 +65,14 @@ TEST_F(ControllerCommands, VerifySaysThatTheControllerHoldsWhatWasSent) {
 TEST_F(ControllerCommands, ASendThatTheVirtualMemoryCannotKeepHasFailed) {
     expectDone(run({"convert", file("held"), file("held.json")}));
     const auto held = readBytes(file("held.json"));
-    const ProgramRun sent = testing::runProgram(
-        {"/bin/sh", "-c", // no file may have more than a kilobyte, which the sentence needs less of
-         "trap '' XFSZ; ulimit -f 1; exec " + testing::kProgram +
-             " --virtual=" + file("held.json") + " send " + file("a.bank")});
-    expectSentence(sent, 1, "scenewright-cli: Cannot write " + file("held.json") + ": ");
-    EXPECT_EQ(readBytes(file("held.json")), held);
+    for (const char* send : {" send ", " send --verify "}) {
+        const ProgramRun sent = testing::runProgram(
+            {"/bin/sh", "-c", // no file may have more than a kilobyte; the sentence has less
+             "trap '' XFSZ; ulimit -f 1; exec " + testing::kProgram +
+                 " --virtual=" + file("held.json") + send + file("a.bank")});
+        expectSentence(sent, 1, "scenewright-cli: Cannot write " + file("held.json") + ": ");
+        EXPECT_EQ(readBytes(file("held.json")), held);
+    }
     EXPECT_EQ(names(), (std::vector<std::string>{"a.bank", "a.json", "held", "held.json"}));
 }
 
@@ -132,6 +134,38 @@ TEST_F(ControllerCommands, DiffReadsTheDeviceOnEitherSide) {
     EXPECT_EQ(second.exitCode, 1);
     EXPECT_EQ(second.output, "scene1.pad1.CR  Scene 1, Pad 1, Red: 127 -> 5\n");
     expectDone(runVirtual({"diff", "device:", "device:"}));
+}
+
+// Bytes that no scene can hold are read as 0, and each command says how many there are.
+TEST_F(ControllerCommands, ValuesAbove127AreToldByEachCommandThatReads) {
+    const std::string line = "scenewright-cli: The keyboard holds values above 127, which scenes "
+                             "cannot hold; read as 0 instead: 2\n";
+    auto stored = randomBank(1);
+    stored[100] = 0;
+    stored[1011] = 0;
+    writeBytes(file("stored"), stored);
+    auto above = stored;
+    above[100] = 0x80;
+    above[1011] = 0xFF;
+    const std::vector<std::pair<std::vector<std::string>, std::string>> commands{
+        {{"read", file("new")}, ""},
+        {{"diff", "device:", file("stored")}, ""},
+        {{"diff", file("stored"), "device:"}, ""},
+        {{"send", "--dry-run", file("stored")}, "Nothing would change.\n"},
+        {{"send", "--backup", file("new"), file("stored")}, ""},
+    };
+    for (const auto& [arguments, output] : commands) {
+        writeBytes(file("held"), above);
+        const ProgramRun result = runVirtual(arguments);
+        EXPECT_EQ(result.exitCode, 0) << arguments[0];
+        EXPECT_EQ(result.output, output) << arguments[0];
+        EXPECT_EQ(result.errors, line) << arguments[0];
+        if (exists("new")) {
+            EXPECT_EQ(readBytes(file("new")), stored) << arguments[0];
+        }
+        std::filesystem::remove(file("new"));
+    }
+    EXPECT_EQ(readBytes(file("held")), stored) << "sent";
 }
 
 TEST_F(ControllerCommands, DiffsBadFileIsToldBeforeTheControllerIsAsked) {
