@@ -31,7 +31,8 @@ struct LaunchOptions {
 // Adds --virtual[=BANK], --console, --log and --resources. `options` must outlive `app`.
 void addLaunchOptions(CLI::App& app, LaunchOptions& options);
 
-// The files among them and the property lists that are in use, to be checked with the command's own before the streams are opened.
+// The files among them and the property lists that are in use, to be checked with the command's own
+// before the streams are opened.
 [[nodiscard]] std::vector<NamedFile> launchFiles(const LaunchOptions& options);
 
 // Sends the streams where the options say and makes the resources findable. Nothing, or one
