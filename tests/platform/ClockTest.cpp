@@ -1,5 +1,7 @@
 #include "platform/Clock.h"
 
+#include "tests/support/Limits.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -36,15 +38,18 @@ TEST(Clock, SleepsNoLongerThanItMustAndLeavesTheThreadAsItWas) {
     std::atomic<pid_t> id = 0;
     long after = 0;
     const int former = ::prctl(PR_GET_TIMERSLACK);
+    std::atomic<bool> isSeen = false;
     std::thread sleeper([&] {
         id = ::gettid();
-        sleepFor(std::chrono::milliseconds(300));
+        while (!isSeen)
+            sleepFor(std::chrono::milliseconds(10));
         after = ::prctl(PR_GET_TIMERSLACK);
     });
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    const auto deadline = std::chrono::steady_clock::now() + testing::kLimit;
     bool isExact = false;
     while (!isExact && std::chrono::steady_clock::now() < deadline)
         isExact = id != 0 && slackOf(id) == 1;
+    isSeen = true;
     sleeper.join();
     EXPECT_TRUE(isExact);
     EXPECT_EQ(after, former);

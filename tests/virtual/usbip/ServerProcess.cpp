@@ -22,7 +22,7 @@ constexpr std::string_view kListening = "scenewright-virtual: listening at 127.0
 
 bool isReadable(int descriptor) {
     pollfd place{descriptor, POLLIN, 0};
-    const auto patience = std::chrono::duration_cast<std::chrono::milliseconds>(kPatience);
+    const auto patience = std::chrono::duration_cast<std::chrono::milliseconds>(testing::kLimit);
     return ::poll(&place, 1, static_cast<int>(patience.count())) == 1;
 }
 
@@ -100,7 +100,7 @@ std::string ServerProcess::nextLine() {
 }
 
 int ServerProcess::waitForEnd() {
-    const auto limit = std::chrono::steady_clock::now() + kPatience;
+    const auto limit = std::chrono::steady_clock::now() + testing::kLimit;
     int status = 0;
     while (::waitpid(process_, &status, WNOHANG) == 0) {
         if (std::chrono::steady_clock::now() > limit)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
+#include "tests/support/Limits.h"
 
 #include <chrono>
 #include <cstdint>
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace scenewright::usbip {
-
-inline constexpr std::chrono::seconds kPatience{20}; // for a loaded machine
 
 // Started listening at a free port of the loopback; killed at its end if it still runs.
 class ServerProcess {
@@ -40,7 +39,7 @@ private:
     std::uint16_t port_ = 0;
 };
 
-// One connection. Every read gives up after kPatience.
+// One connection. Every read gives up after kLimit.
 class Client {
 public:
     explicit Client(std::uint16_t port);
