@@ -79,10 +79,15 @@ constexpr std::array<ValuePopUp, kSettingCount> kValuePopUps{{
 }};
 // clang-format on
 
+consteval bool isLower(const ValuePopUp& row) {
+    const ControlKind kind = row.setting.kind();
+    return (kind == Knob || kind == Slider) && row.button->name == B::LowerOrLeftValueField.name;
+}
+
 // A travel's ends are filled from the upper one and selected from the lower one.
 consteval auto lowerBeforeUpper(std::array<ValuePopUp, kSettingCount> rows) {
     for (std::size_t place = 0; place + 1 < rows.size(); ++place)
-        if (rows.at(place + 1).button == &B::LowerOrLeftValueField)
+        if (isLower(rows.at(place + 1)))
             std::swap(rows.at(place), rows.at(place + 1));
     return rows;
 }
