@@ -59,17 +59,11 @@ protected:
     fs::path file_ = folder_.path() / "a.bank";
 };
 
-TEST_F(AtomicFile, ReadsEveryByte) {
+TEST_F(AtomicFile, ReadsEveryByteUpToTheLimit) {
     writeText(file_, std::string("\0\xFF\n\r", 4));
     EXPECT_EQ(readFile(file_, 4), (FileContent{0x00, 0xFF, 0x0A, 0x0D}));
-}
-
-TEST_F(AtomicFile, ReadsAnEmptyFile) {
     writeText(file_, "");
     EXPECT_EQ(readFile(file_, 0), FileContent());
-}
-
-TEST_F(AtomicFile, OneByteMoreThanTheLimitIsTrouble) {
     writeText(file_, std::string(1013, 'x'));
     EXPECT_EQ(readFile(file_, 1013)->size(), 1013U);
     EXPECT_EQ(readFile(file_, 1012).error(),
@@ -94,17 +88,13 @@ TEST_F(AtomicFile, WhatCannotBeReadIsNamed) {
               "Cannot read /dev/zero: it is neither a file nor a pipe.");
 }
 
-TEST_F(AtomicFile, WritesANewFileAndLeavesNothingElse) {
-    EXPECT_EQ(errorOfWriting(file_), "none");
-    EXPECT_EQ(readText(file_), "new");
-    EXPECT_EQ(folder_.names().size(), 1U);
-}
-
-TEST_F(AtomicFile, ANewFileHasTheModeThatTheUserAsksFor) {
+TEST_F(AtomicFile, ANewFileHasTheModeThatTheUserAsksForAndNothingElseIsLeft) {
     const mode_t former = ::umask(027);
     EXPECT_EQ(errorOfWriting(file_), "none");
     ::umask(former);
+    EXPECT_EQ(readText(file_), "new");
     EXPECT_EQ(modeOf(file_), 0640U);
+    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 TEST_F(AtomicFile, ReplacesAFileAndKeepsItsPermissionBits) {
