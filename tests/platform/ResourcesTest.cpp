@@ -118,13 +118,13 @@ TEST_F(ResourcesTest, AListIsReadAnewEachTime) {
     EXPECT_EQ(textOf(), "");
 }
 
-std::string errorOf(const Result<PropertyValue>& list) {
+std::string listErrorOf(const Result<PropertyValue>& list) {
     return list ? "none" : list.error();
 }
 
 TEST_F(ResourcesTest, AMissingListIsToldByItsName) {
     EXPECT_EQ(Resources::find("nothing", "plist"), std::nullopt);
-    EXPECT_EQ(errorOf(Resources::read("nothing")),
+    EXPECT_EQ(listErrorOf(Resources::read("nothing")),
               "nothing.plist: not found among the program's resources");
     EXPECT_TRUE(Resources::load("nothing").isAbsent());
 }
@@ -133,14 +133,14 @@ TEST_F(ResourcesTest, AListThatCannotBeReadIsToldAndHidesTheOneBehindIt) {
     const fs::path file = user_ / "project.plist";
     const std::string sentence = "Cannot read " + file.string() + ": ";
     writeText(file, "no list at all");
-    EXPECT_EQ(errorOf(Resources::read("project")), sentence + "it is not a property list");
+    EXPECT_EQ(listErrorOf(Resources::read("project")), sentence + "it is not a property list");
     EXPECT_TRUE(Resources::load("project").isAbsent());
     fs::remove(file);
     fs::create_directory(file);
-    EXPECT_EQ(errorOf(Resources::read("project")), sentence + "it is a folder");
+    EXPECT_EQ(listErrorOf(Resources::read("project")), sentence + "it is a folder");
     fs::remove(file);
     fs::create_symlink("nowhere", file);
-    EXPECT_EQ(errorOf(Resources::read("project")),
+    EXPECT_EQ(listErrorOf(Resources::read("project")),
               sentence + "it is a link to a file that does not exist");
     EXPECT_TRUE(Resources::load("project").isAbsent());
 }
