@@ -63,8 +63,19 @@ UsbResult<void> InterfaceHandle::close() {
 
 UsbResult<void> InterfaceHandle::release() {
     std::unique_lock lock(mutex_);
-    if (std::exchange(isStale_, true))
+    if (std::exchange(isStale_, true)) {
+        // The program may end once this returns: not in the middle of another thread's release.
+        left_.wait(lock, [this] { return isReleased_; });
         return failedStep(UsbStep::Release, kResultGivenUp);
+    }
+    // Also when the release throws.
+    const auto tell = [this, &lock](bool* released) {
+        if (!lock.owns_lock())
+            lock.lock();
+        *released = true;
+        left_.notify_all();
+    };
+    const std::unique_ptr<bool, decltype(tell)> released(&isReleased_, tell);
     const bool wasOpen = std::exchange(isOpen_, false);
     if (steps_ > 0 && wasOpen) { // another thread waits for a transfer
         lock.unlock();

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] InterfaceClass interfaceClass();
     UsbResult<void> open();
     UsbResult<void> close();
-    // Makes the handle stale, whatever the result.
+    // Makes the handle stale, whatever the result. A second call waits for the first to end.
     UsbResult<void> release();
     [[nodiscard]] UsbResult<std::uint8_t> endpointCount();
     [[nodiscard]] UsbResult<PipeProperties> pipeProperties(std::uint8_t pipe);
@@ -53,6 +53,7 @@ private:
     int steps_ = 0;                           // being taken now
     bool isOpen_ = false;
     bool isStale_ = false;
+    bool isReleased_ = false; // the one release has ended
     ResultCode releaseCode_ = kResultSuccess;
 };
 
