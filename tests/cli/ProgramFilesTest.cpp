@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -87,6 +88,12 @@ struct NeedsLists {
     std::vector<std::string> lists;
 };
 
+// For the names of the cases.
+void PrintTo(const NeedsLists& row, std::ostream* out) {
+    for (const std::string& argument : row.arguments)
+        *out << argument << ' ';
+}
+
 class BadList : public ::testing::TestWithParam<NeedsLists> {};
 
 TEST_P(BadList, EndsTheCommandsThatNeedItAndNoOthers) {
@@ -115,20 +122,21 @@ TEST_P(BadList, EndsTheCommandsThatNeedItAndNoOthers) {
 
 INSTANTIATE_TEST_SUITE_P(
     Commands, BadList,
-    ::testing::Values(NeedsLists{{"show", "bank"}, {"basic"}},
-                      NeedsLists{{"get", "bank", "scene1.pad1"}, {"basic"}},
-                      NeedsLists{{"set", "bank", "scene1.pad1.CR=1"}, {"basic"}},
-                      NeedsLists{{"copy", "bank", "scene1", "scene2"}, {}},
-                      NeedsLists{{"diff", "bank", "bank"}, {"basic"}},
-                      NeedsLists{{"convert", "bank", "out.bank"}, {}},
-                      NeedsLists{{"convert", "bank", "out.json"}, {"basic"}},
-                      NeedsLists{{"default", "out.bank"}, {"default"}},
-                      NeedsLists{{"default", "out.json"}, {"default", "basic"}},
-                      NeedsLists{{"udev-rules"}, {"project"}}, NeedsLists{{"devices"}, {"project"}},
-                      NeedsLists{{"--virtual", "read", "out.bank"}, {"project"}},
-                      NeedsLists{{"--virtual", "read", "out.json"}, {"project", "basic"}},
-                      NeedsLists{{"--virtual", "send", "bank"}, {"project"}},
-                      NeedsLists{{"--virtual", "send", "bank", "--verify"}, {"project", "basic"}}));
+    ::testing::Values(
+        NeedsLists{{"show", "bank"}, {"basic"}},
+        NeedsLists{{"get", "bank", "scene1.pad1"}, {"basic"}},
+        NeedsLists{{"set", "bank", "scene1.pad1.CR=1"}, {"basic"}},
+        NeedsLists{{"copy", "bank", "scene1", "scene2"}, {}},
+        NeedsLists{{"diff", "bank", "bank"}, {"basic"}},
+        NeedsLists{{"convert", "bank", "out.bank"}, {}},
+        NeedsLists{{"convert", "bank", "out.json"}, {"basic"}},
+        NeedsLists{{"default", "out.bank"}, {"default"}},
+        NeedsLists{{"default", "out.json"}, {"default", "basic"}},
+        NeedsLists{{"udev-rules"}, {"project"}}, NeedsLists{{"devices"}, {"project"}},
+        NeedsLists{{"--virtual", "read", "out.bank"}, {"project", "default"}},
+        NeedsLists{{"--virtual", "read", "out.json"}, {"project", "basic", "default"}},
+        NeedsLists{{"--virtual", "send", "bank"}, {"project", "default"}},
+        NeedsLists{{"--virtual", "send", "bank", "--verify"}, {"project", "basic", "default"}}));
 
 TEST(ProgramFiles, BadUsageIsOneSentence) {
     const TempFolder folder;
