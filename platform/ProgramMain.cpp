@@ -38,9 +38,9 @@ private:
     Line line;
     line.add(program_invocation_short_name);
     line.add(": ");
-    if (std::current_exception()) {
+    if (const std::exception_ptr thrown = std::current_exception()) {
         try {
-            throw;
+            std::rethrow_exception(thrown);
         } catch (const std::exception& error) {
             line.add(sentenceOf(error));
         } catch (...) {
