@@ -28,9 +28,9 @@ protected:
     void open(std::chrono::milliseconds limit = QuitController::kLimit) {
         WindowBench::open(limit);
         const DeviceCommands& commands = window().commands();
-        QObject::connect(&commands, &DeviceCommands::readEnded, &window(),
+        QObject::connect(&commands, &DeviceCommands::readEnded, &receiver_,
                          [this](const Outcome& outcome) { reads_.push_back(outcome); });
-        QObject::connect(&commands, &DeviceCommands::sendEnded, &window(),
+        QObject::connect(&commands, &DeviceCommands::sendEnded, &receiver_,
                          [this](const Outcome& outcome) { sends_.push_back(outcome); });
     }
     [[nodiscard]] const std::vector<Outcome>& reads() const { return reads_; }
@@ -53,6 +53,7 @@ protected:
 private:
     std::vector<Outcome> reads_;
     std::vector<Outcome> sends_;
+    QObject receiver_; // ends first: the window, which ends later, may still tell of a send
 };
 
 TEST_F(DeviceCommandsTest, SendEndsWithItsMessage) {
