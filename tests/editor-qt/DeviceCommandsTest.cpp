@@ -7,6 +7,7 @@
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
+#include <QObject>
 #include <QTest>
 #include <QTimer>
 
