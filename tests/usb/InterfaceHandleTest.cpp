@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <future>
 #include <memory>
@@ -132,6 +133,25 @@ TEST_F(InterfaceHandleTest, CloseReleaseAndGivingUpEndAReadThatWaits) {
         EXPECT_EQ(read.get().code, kResultCancelled);
         EXPECT_EQ(script->calls, calls);
     }
+}
+
+// Whoever ends the program releases too, and ends it once that returns.
+TEST_F(InterfaceHandleTest, ASecondReleaseWaitsForTheFirstToEnd) {
+    InterfaceHandle handle(take());
+    std::promise<void> isReleasing;
+    std::promise<void> mayEnd;
+    script->meanwhile["release"] = [&] {
+        isReleasing.set_value();
+        mayEnd.get_future().wait();
+    };
+    auto first = std::async(std::launch::async, [&] { return handle.release(); });
+    isReleasing.get_future().wait();
+    auto second = std::async(std::launch::async, [&] { handle.giveUp(); });
+    EXPECT_EQ(second.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    mayEnd.set_value();
+    EXPECT_TRUE(first.get());
+    second.get();
+    EXPECT_EQ(script->calls, Texts{"release one/0"});
 }
 
 TEST_F(InterfaceHandleTest, AWriteDoesNotWaitForAReadThatWaits) {
