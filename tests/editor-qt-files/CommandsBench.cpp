@@ -5,6 +5,7 @@
 #include "bank/Edit.h"
 #include "editor/qt/ProgramSettings.h"
 #include "protocol/SendTransaction.h"
+#include "tests/support/Limits.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -34,7 +35,7 @@ void CommandsBench::open(KeyboardWatch::Look look) {
     commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_));
     window_->show();
     window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), testing::kLimitMilliseconds));
 }
 
 void CommandsBench::close() {
@@ -75,8 +76,7 @@ QString CommandsBench::bankWithRed(const char* name, std::int32_t red) {
 }
 
 bool CommandsBench::waitUntil(const std::function<bool()>& condition) {
-    constexpr int kLimit = 20000; // milliseconds
-    return QTest::qWaitFor(condition, kLimit);
+    return QTest::qWaitFor(condition, testing::kLimitMilliseconds);
 }
 
 } // namespace scenewright::testing

@@ -1,6 +1,7 @@
 #include "editor/qt/ControlButton.h"
 
 #include "editor/qt/ControlShape.h"
+#include "tests/support/Limits.h"
 
 #include <QApplication>
 #include <QEnterEvent>
@@ -78,7 +79,7 @@ private:
 };
 
 TEST_F(ControlButtonTest, IsPaintedWhenThePointerComesAndGoes) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_, testing::kLimitMilliseconds));
     Paints paints(pad_);
     paints.take();
     QEnterEvent entering(QPointF(4, 4), QPointF(4, 4), QPointF(4, 4));
@@ -90,7 +91,7 @@ TEST_F(ControlButtonTest, IsPaintedWhenThePointerComesAndGoes) {
 }
 
 TEST_F(ControlButtonTest, WhatDoesNotChangeIsNotPaintedAgain) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_, testing::kLimitMilliseconds));
     pad_.setImage("selected");
     pad_.setTitle("64");
     Paints paints(pad_);

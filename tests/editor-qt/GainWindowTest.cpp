@@ -1,6 +1,7 @@
 #include "editor/qt/GainWindow.h"
 
 #include "platform/Diagnostics.h"
+#include "tests/support/Limits.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -55,7 +56,7 @@ TEST_F(GainWindowTest, DefaultBringsEverythingBack) {
 }
 
 TEST_F(GainWindowTest, ButtonsAreAllAsWideAsTwoGains) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_, testing::kLimitMilliseconds));
     for (const QPushButton* button : window_.findChildren<QPushButton*>())
         EXPECT_NEAR(button->width(), sliders().at(2)->x() - sliders().at(0)->x(), 10)
             << button->accessibleName().toStdString();

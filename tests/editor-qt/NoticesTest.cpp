@@ -2,6 +2,7 @@
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/StatusLine.h"
+#include "tests/support/Limits.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -29,7 +30,7 @@ QStringList labels(const QWidget& parent) {
 void put(QWidget& widget) {
     widget.resize(600, widget.sizeHint().height());
     widget.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget, testing::kLimitMilliseconds));
 }
 
 TEST(About, TellsTheProgramAndTheToolkitsVersions) {

@@ -1,5 +1,7 @@
 #include "editor/qt/PopUpBox.h"
 
+#include "tests/support/Limits.h"
+
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -65,7 +67,8 @@ protected:
     // Presses the box, then the entry of the list that opens.
     void chooseWithMouse(int position) {
         QTest::mouseClick(&box_, Qt::LeftButton);
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(box_.view()->window()));
+        EXPECT_TRUE(
+            QTest::qWaitForWindowExposed(box_.view()->window(), testing::kLimitMilliseconds));
         const QModelIndex entry = box_.model()->index(position, 0);
         box_.view()->scrollTo(entry);
         QTest::qWait(20);
@@ -159,14 +162,14 @@ TEST_F(PopUpBoxTest, PauseInTheTypingChooses) {
     EXPECT_EQ(chosen_, Choices{});
     const KeyboardPause none(std::chrono::milliseconds(0));
     QTest::keyClick(&box_, '0');
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !chosen_.empty(); }, 20000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !chosen_.empty(); }, testing::kLimitMilliseconds));
     EXPECT_EQ(chosen_.size(), 1U);
 }
 
 TEST_F(PopUpBoxTest, KeyboardThatLeavesTheBoxChooses) {
     box_.activateWindow();
     box_.setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, 20000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, testing::kLimitMilliseconds));
     QTest::keyClicks(&box_, "100");
     box_.clearFocus();
     EXPECT_EQ(chosen_, Choices{100});
@@ -205,7 +208,7 @@ TEST_F(PopUpBoxTest, CommandKeyChoosesWhatWasTypedBeforeItIsCarriedOut) {
     QObject::connect(&command, &QAction::triggered, [&] { before = chosen_; });
     box_.activateWindow();
     box_.setFocus();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&box_));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box_, testing::kLimitMilliseconds));
     QTest::keyClicks(&box_, "100");
     QTest::keyClick(&box_, Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(before, Choices{100});
@@ -252,7 +255,7 @@ TEST_F(PopUpBoxTest, BoxOfAPaneThatIsHiddenForgetsWhatWasTyped) {
     window.activateWindow();
     box_.show();
     box_.setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, 20000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, testing::kLimitMilliseconds));
     QTest::keyClicks(&box_, "100");
     pane.hide();
     EXPECT_FALSE(box_.hasFocus());
@@ -290,7 +293,7 @@ TEST_F(PopUpBoxTest, WheelOverAnUnfocusedBoxChangesNothing) {
 TEST_F(PopUpBoxTest, WheelTurnsABoxThatHasTheKeyboard) {
     box_.activateWindow();
     box_.setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, testing::kLimitMilliseconds));
     turnWheel();
     EXPECT_EQ(box_.selectedItem(), 6);
 }

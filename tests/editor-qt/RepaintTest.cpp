@@ -1,4 +1,5 @@
 #include "tests/editor-qt/WindowBench.h"
+#include "tests/support/Limits.h"
 
 #include <QAbstractItemView>
 #include <QPaintEvent>
@@ -147,7 +148,7 @@ TEST(Repaint, ButtonThatLooksAsBeforeIsNotPainted) {
     ControlButton button(1, ControlKind::Group);
     button.setAttributedTitle({"A", Colour{1, 2, 3}});
     button.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&button));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&button, testing::kLimitMilliseconds));
     QTest::qWait(50);
     const PaintWatch watch;
     button.setTitle("A");

@@ -2,6 +2,7 @@
 
 #include "bank/BankFile.h"
 #include "protocol/SendTransaction.h"
+#include "tests/support/Limits.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -58,7 +59,7 @@ MainWindow& WindowBench::open(std::chrono::milliseconds limit) {
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
     window_->show();
     window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), testing::kLimitMilliseconds));
     return *window_;
 }
 
@@ -73,8 +74,7 @@ void WindowBench::send() {
 }
 
 bool WindowBench::waitUntil(const std::function<bool()>& condition) {
-    constexpr int kLimit = 20000; // milliseconds
-    return QTest::qWaitFor(condition, kLimit);
+    return QTest::qWaitFor(condition, testing::kLimitMilliseconds);
 }
 
 void WindowBench::type(PopUpBox& box, const QString& text) {

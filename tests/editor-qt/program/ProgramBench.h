@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/qt/MainWindow.h"
+#include "tests/support/Limits.h"
 #include "tests/support/TempFolder.h"
 
 #include <QProcess>
@@ -38,7 +39,7 @@ protected:
     void chooseControl(std::int32_t index);
 
     // Nothing when the program still runs.
-    std::optional<int> waitForExit(int milliseconds = 15000);
+    std::optional<int> waitForExit(int milliseconds = kLimitMilliseconds);
     [[nodiscard]] bool isRunning() const { return program_.state() == QProcess::Running; }
 
     [[nodiscard]] std::string bankFile() const { return folder_.file("controller.bank"); }
@@ -46,7 +47,7 @@ protected:
     // The system log so far, a line an entry.
     [[nodiscard]] QStringList log() const;
     bool waitForLog(const QString& line, int times = 1);
-    bool waitUntil(const std::function<bool()>& condition, int milliseconds = 20000);
+    bool waitUntil(const std::function<bool()>& condition, int milliseconds = kLimitMilliseconds);
     // What the screen shows at the middle of the twin's widget.
     [[nodiscard]] QColor seenAt(const QWidget& twinWidget, const QPoint& place);
 

@@ -1,12 +1,8 @@
 #include "tests/editor-qt/program/XServer.h"
 
+#include "tests/support/Limits.h"
+
 namespace scenewright::testing {
-
-namespace {
-
-constexpr int kPatience = 20000; // milliseconds
-
-} // namespace
 
 XServer::XServer() {
     // The server writes the number of its display to standard output.
@@ -15,7 +11,7 @@ XServer::XServer() {
                    QStringLiteral("0"), QStringLiteral("1280x800x24"), QStringLiteral("-dpi"),
                    QStringLiteral("96"), QStringLiteral("-nolisten"), QStringLiteral("tcp")});
     QByteArray number;
-    while (!number.endsWith('\n') && server_.waitForReadyRead(kPatience))
+    while (!number.endsWith('\n') && server_.waitForReadyRead(kLimitMilliseconds))
         number += server_.readAllStandardOutput();
     if (!number.trimmed().isEmpty())
         display_ = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
@@ -23,7 +19,7 @@ XServer::XServer() {
 
 XServer::~XServer() {
     server_.terminate();
-    if (!server_.waitForFinished(kPatience))
+    if (!server_.waitForFinished(kLimitMilliseconds))
         server_.kill();
 }
 
