@@ -1,5 +1,8 @@
 # The few functions that every folder's CMakeLists.txt uses.
 
+# Seconds after which a test counts as hung: many times what any takes, also on a machine that is busy.
+set(scenewright_limit 1800)
+
 # Warnings that every target of this project compiles under.
 function(scenewright_warnings target)
     target_compile_options(${target} PRIVATE
@@ -9,18 +12,20 @@ function(scenewright_warnings target)
     endif()
 endfunction()
 
-# scenewright_module(NAME SOURCES a.cpp ... [USES lib ...] [PRIVATE_USES lib ...])
+# scenewright_module(NAME SOURCES a.cpp ... [USES lib ...] [PRIVATE_USES lib ...] [PRECOMPILED kind])
 # One folder, one static library `scenewright_NAME`; includes name the path from the root.
 function(scenewright_module name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;PRIVATE_USES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PRECOMPILED" "SOURCES;USES;PRIVATE_USES")
+    if(NOT arg_PRECOMPILED)
+        set(arg_PRECOMPILED module)
+        scenewright_precompiled(module LIBRARY)
+    endif()
     set(target scenewright_${name})
     add_library(${target} STATIC ${arg_SOURCES})
     target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE ${arg_PRIVATE_USES})
     scenewright_warnings(${target})
-    if(SCENEWRIGHT_SANITIZE) # what runs most is worth compiling well; the tests themselves are not
-        target_compile_options(${target} PRIVATE -O1)
-    endif()
+    scenewright_use_precompiled(${target} ${arg_PRECOMPILED})
 endfunction()
 
 # In an instrumented build, gives a program what it tells its sanitizers.
@@ -42,16 +47,28 @@ function(scenewright_program name)
     install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endfunction()
 
-# scenewright_test(NAME SOURCES FooTest.cpp ... USES lib ... [LABEL label] [ENVIRONMENT A=b ...])
-# One GoogleTest program `NAME-tests`; each of its cases is a ctest case of its own. In an instrumented
-# build the program as a whole is one case: starting it takes longer there than most cases do.
+# scenewright_test(NAME SOURCES FooTest.cpp ... USES lib ... [LABEL label] [ENVIRONMENT A=b ...]
+#     [SHARDS count] [PRECOMPILED kind] [THREADS FooTest.cpp ...])
+# One GoogleTest program `NAME-tests`, which is one case NAME of ctest, or several that share its cases
+# out, NAME.1 to NAME.count. In a build for the thread sanitizer it has the sources after THREADS
+# alone, and nothing is tested without any.
 function(scenewright_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;TIMEOUT" "SOURCES;USES;ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;SHARDS;PRECOMPILED"
+        "SOURCES;USES;ENVIRONMENT;THREADS")
+    if(SCENEWRIGHT_SANITIZE STREQUAL thread)
+        set(arg_SOURCES ${arg_THREADS})
+        set(prefix tsan.)
+    endif()
+    if(NOT arg_SOURCES)
+        return()
+    endif()
     if(NOT arg_LABEL)
         set(arg_LABEL core)
     endif()
-    if(NOT arg_TIMEOUT)
-        set(arg_TIMEOUT 60)
+    if(NOT arg_PRECOMPILED)
+        set(arg_PRECOMPILED test)
+        scenewright_precompiled(test PROGRAM
+            HEADERS <chrono> <filesystem> <fstream> <gtest/gtest.h> USES GTest::gtest)
     endif()
     add_executable(${name}-tests ${arg_SOURCES})
     target_include_directories(${name}-tests PRIVATE ${PROJECT_SOURCE_DIR})
@@ -60,16 +77,21 @@ function(scenewright_test name)
         SCENEWRIGHT_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
         SCENEWRIGHT_BINARY_DIR="${PROJECT_BINARY_DIR}")
     scenewright_warnings(${name}-tests)
+    scenewright_use_precompiled(${name}-tests ${arg_PRECOMPILED})
     scenewright_instrumented(${name}-tests)
     add_dependencies(scenewright_test_programs ${name}-tests)
-    if(SCENEWRIGHT_TEST_PREFIX)
-        add_test(NAME ${SCENEWRIGHT_TEST_PREFIX}${name} COMMAND ${name}-tests --gtest_brief=1)
-        set_tests_properties(${SCENEWRIGHT_TEST_PREFIX}${name} PROPERTIES
-            LABELS ${arg_LABEL} TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}")
-        return()
+    if(NOT arg_SHARDS)
+        set(arg_SHARDS 1)
     endif()
-    gtest_discover_tests(${name}-tests
-        TEST_PREFIX "${name}."
-        DISCOVERY_TIMEOUT 60
-        PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
+    foreach(shard RANGE 1 ${arg_SHARDS})
+        set(case ${prefix}${name})
+        if(arg_SHARDS GREATER 1)
+            set(case ${case}.${shard})
+        endif()
+        math(EXPR index "${shard} - 1")
+        add_test(NAME ${case} COMMAND ${name}-tests --gtest_brief=1)
+        set_tests_properties(${case} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${scenewright_limit}
+            ENVIRONMENT
+                "GTEST_TOTAL_SHARDS=${arg_SHARDS};GTEST_SHARD_INDEX=${index};${arg_ENVIRONMENT}")
+    endforeach()
 endfunction()

@@ -1,6 +1,8 @@
-"""Boots the guest once, lets it run every case, and keeps what each one said in a results file.
+"""Boots the guest once, lets it run its cases, and keeps what each one said in a results file.
 
-    boot.py SOURCE BUILD CACHE RESULTS
+    boot.py SOURCE BUILD CACHE RESULTS [LIST]
+
+LIST is one of guest.py's, `whole` unless it is given.
 
 The results file has one JSON object a line: {"case", "ok", "seconds", "log", "notes"}. It is the only
 output that counts: a case without a line has failed, whatever the reason. A boot that ran any case
@@ -17,6 +19,7 @@ import sys
 import time
 from pathlib import Path
 
+import guest
 import kernel
 
 CASES = "SCENEWRIGHT_GUEST_CASES"  # names with blanks between; empty for all
@@ -33,10 +36,10 @@ def soak():
     return int(rounds or PLAIN_ROUNDS), int(seed or random.randrange(1_000_000))
 
 
-def settings(source, build, rounds, seed):
+def settings(source, build, names, rounds, seed):
     """What the guest's init reads: shell assignments."""
     values = {"SOURCE": source, "BUILD": build, "PYTHON": Path(sys.executable).resolve(),
-              "CASES": os.environ.get(CASES, ""), "SOAK": f"{rounds} {seed}"}
+              "CASES": os.environ.get(CASES) or " ".join(names), "SOAK": f"{rounds} {seed}"}
     return "".join(f"{name}={shlex.quote(str(value))}\n" for name, value in values.items())
 
 
@@ -79,7 +82,7 @@ def tail(file):
     return file.read_text(errors="replace")[-20000:] if file.exists() else ""
 
 
-def main(source, build, cache, results):
+def main(source, build, cache, results, names):
     folder = Path(results).parent
     folder.mkdir(parents=True, exist_ok=True)
     console, initrd = folder / "console.log", folder / "initramfs"
@@ -89,7 +92,7 @@ def main(source, build, cache, results):
     modules = kernel.module_files(root, version)
     init = Path(__file__).with_name("init")
     rounds, seed = soak()
-    given = settings(source, build, rounds, seed)
+    given = settings(source, build, names, rounds, seed)
     initrd.write_bytes(kernel.initramfs(modules, init, given))
     image = root / "boot" / f"vmlinuz-{version}"
     begin = time.monotonic()
@@ -106,6 +109,6 @@ def main(source, build, cache, results):
 
 if __name__ == "__main__":
     try:
-        main(*map(os.path.abspath, sys.argv[1:]))
+        main(*map(os.path.abspath, sys.argv[1:5]), guest.names_of(*sys.argv[5:]))
     except kernel.Trouble as trouble:
         sys.exit(str(trouble))

@@ -1,7 +1,7 @@
 """Runs the cases inside the guest and reports each on the second serial port, a line a case.
 
-    guest.py --list     names the cases, on any machine
-    guest.py [NAMES]    runs all of them, or those named with blanks between, in the guest
+    guest.py --list whole|smoke   names the cases, or those of every plain run, on any machine
+    guest.py [NAMES]              runs all of them, or those named with blanks between, in the guest
 """
 
 import json
@@ -22,6 +22,13 @@ from rig import Rig
 MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_editor,
            cases_soak)
 PREFIX = "case_"
+SMOKE = [
+    "read_equals_the_bank",
+    "send_equals_the_bank",
+    "unplugged_at_byte_500_of_a_read",
+    "port_is_back_after_each_command_of_the_command_line",
+    "editor_reads_changes_a_pad_and_sends",
+]
 REPORTS = "/dev/ttyS1"
 LIMIT_SECONDS = 600 + 30 * cases_soak.ROUNDS
 
@@ -30,6 +37,17 @@ def all_cases():
     """The cases by their names, in the order of the modules."""
     return {name.removeprefix(PREFIX): case for module in MODULES
             for name, case in vars(module).items() if name.startswith(PREFIX)}
+
+
+def names_of(list_name="whole"):
+    """The cases of the list of that name."""
+    cases = list(all_cases())
+    if list_name == "whole":
+        return cases
+    missing = set(SMOKE) - set(cases)
+    if list_name != "smoke" or missing:
+        raise SystemExit(f"There is no list {list_name}, or no case {missing}.")
+    return SMOKE
 
 
 def on_alarm(_signal, _frame):
@@ -71,7 +89,7 @@ def main(names):
 
 
 if __name__ == "__main__":
-    if sys.argv[1:] == ["--list"]:
-        print("\n".join(all_cases()))
+    if sys.argv[1:2] == ["--list"]:
+        print("\n".join(names_of(sys.argv[2])))
     else:
         main(sys.argv[1].split() if len(sys.argv) > 1 else [])

@@ -34,6 +34,11 @@ CPPCHECK = [
 # Names that a file takes in for itself would reach the files that follow it in one unit.
 _TAKES_NAMES_IN = re.compile(r"^using (enum|namespace)\b", re.MULTILINE)
 
+# What is g++'s alone. The checkers take in nothing before the file itself: they see what it includes.
+_NOT_FOR_CHECKERS = re.compile(
+    r" -Winvalid-pch| -include \S*cmake_pch\.hxx| -Wno-maybe-uninitialized"
+)
+
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
 
@@ -74,9 +79,10 @@ def format_command(root, path):
     return ["clang-format", "--dry-run", "-Werror", str(root / path)]
 
 
-def tidy_command(root, build, path):
+def tidy_command(root, commands, path):
+    """`commands` is the folder of the compile commands."""
     config = f"--config-file={root / '.clang-tidy'}"
-    return ["clang-tidy", "--quiet", config, f"-p={build}", str(root / path)]
+    return ["clang-tidy", "--quiet", config, f"-p={commands}", str(root / path)]
 
 
 def program_entries(root, build):
@@ -86,6 +92,7 @@ def program_entries(root, build):
         path = Path(entry["file"])
         inside = path.is_relative_to(root) and not path.is_relative_to(build)
         if inside and path.relative_to(root).parts[0] != "tests":
+            entry["command"] = _NOT_FOR_CHECKERS.sub("", entry["command"])
             yield path.relative_to(root).as_posix(), entry
 
 
@@ -160,8 +167,12 @@ def format_jobs(root, _):
 
 def tidy_jobs(root, build):
     parts = [version("clang-tidy"), (root / ".clang-tidy").read_text()]
+    alone = build / "checked" / "alone"
+    alone.mkdir(parents=True, exist_ok=True)
+    entries = [entry for _, entry in program_entries(root, build)]
+    (alone / "compile_commands.json").write_text(json.dumps(entries))
     return [
-        (name, [*parts, command], tidy_command(root, build, name))
+        (name, [*parts, command], tidy_command(root, alone, name))
         for name, command in program_units(root, build)
     ]
 

@@ -111,6 +111,17 @@ class CodeChecks(unittest.TestCase):
         names = [name for name, _ in code_checks.program_units(self.root, self.build)]
         self.assertEqual(names, ["model/Clean.cpp"])
 
+    def test_precompiled_headers_are_kept_from_the_checkers(self):
+        flags = "c++ -Winvalid-pch -include /b/cmake_pch.hxx"
+        file = str(self.root / "model/Clean.cpp")
+        entry = {"directory": str(self.root), "file": file, "command": f"{flags} -o x -c {file}"}
+        (self.build / "compile_commands.json").write_text(json.dumps([entry]))
+        jobs = code_checks.tidy_jobs(self.root, self.build)
+        self.assertEqual(len(jobs), 1)
+        commands = json.loads((self.build / "checked/alone/compile_commands.json").read_text())
+        self.assertEqual([each["command"] for each in commands], [f"c++ -o x -c {file}"])
+        self.assertIn(f"-p={self.build / 'checked/alone'}", jobs[0][2])
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -5,6 +5,7 @@ folder that comes first on the path; what they were asked is read from a file.
 """
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -215,7 +216,7 @@ class RunAndTest(ScriptTest):
         self.assertEqual(done.returncode, 1)
         self.assertEqual(
             done.stderr,
-            f"Cannot configure the build in {self.tree}/build/dev; "
+            f"Cannot configure the build in {self.tree}/build/release; "
             "cmake says above what it misses.\n",
         )
 
@@ -238,33 +239,96 @@ class RunAndTest(ScriptTest):
 
     def test_test_builds_every_preset_and_gives_ctest_their_tests_as_one(self):
         self.run_script("test")
-        presets = ["dev", "asan", "tsan", "fuzz"]
+        presets = ["release", "dev", "tsan"]
+        self.assert_built(presets)
+        self.assert_tested(presets[1:])
+
+    def test_test_runs_the_fuzzing_engine_with_all(self):
+        self.run_script("test", "--all")
+        presets = ["release", "dev", "tsan", "fuzz"]
+        self.assert_built(presets)
+        self.assert_tested(presets[1:])
+
+    def assert_built(self, presets):
         asked = self.asked()
         self.assertEqual(
             [call for call in asked if "--preset" in call],
             [f"cmake -S {self.tree} --preset {preset}" for preset in presets],
         )
-        targets = [""] + 3 * [" --target=scenewright_test_programs"]
+        programs = " --target=scenewright_test_programs"
+        targets = {"release": f" --target=all{programs}", "dev": ""}
         self.assertEqual(
-            [call for call in asked if "--build" in call],
+            [call for call in asked if call.startswith("cmake --build")],
             [
-                f"cmake --build {self.tree}/build/{preset}{target}"
-                for preset, target in zip(presets, targets)
+                f"cmake --build {self.tree}/build/{preset}{targets.get(preset, programs)}"
+                for preset in presets
             ],
         )
+
+    def assert_tested(self, presets):
         self.assertEqual(
             (self.tree / "build/tests/CTestTestfile.cmake").read_text().splitlines(),
             [f'subdirs("{self.tree}/build/{preset}")' for preset in presets],
         )
 
     def test_test_runs_longer_checks_on_request(self):
-        for option, script in {"--fuzz": "tests/fuzz/run", "--soak": "tests/system/soak"}.items():
+        scripts = {"fuzz": "tests/fuzz/run", "soak": "tests/system/soak", "quick": "tests/quick"}
+        for option, script in scripts.items():
             target = self.tree / script
             target.parent.mkdir(parents=True, exist_ok=True)
             target.write_text('#!/bin/bash\necho "${0##*/} $*"; exit 3\n')
             target.chmod(0o755)
-            done = self.run_script("test", option, "7")
+            done = self.run_script("test", f"--{option}", "7")
             self.assertEqual((done.returncode, done.stdout), (3, f"{target.name} 7\n"))
+
+
+class Quick(ScriptTest):
+    def setUp(self):
+        super().setUp()
+        shutil.copytree(ROOT / "packaging", self.tree / "packaging", dirs_exist_ok=True)
+        (self.tree / "tests").mkdir()
+        shutil.copy(ROOT / "tests/quick", self.tree / "tests/quick")
+        for name in ("protocol/A.cpp", "editor/qt/B.cpp", "docs/a.md"):
+            (self.tree / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.tree / name).write_text("")
+        for command in (["init", "-q"], ["add", "."], ["commit", "-q", "-m", "all"]):
+            subprocess.run(
+                ["git", "-c", "user.name=a", "-c", "user.email=a@b", *command],
+                cwd=self.tree,
+                check=True,
+            )
+
+    def built(self, *arguments):
+        """The test programs that are built, and the names of the cases that are run."""
+        done = self.run_script("tests/quick", *arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        *_, build, test = self.asked()
+        names = [word.removeprefix("--target=") for word in build.split() if "--target" in word]
+        return names, test.split()[-1]
+
+    def test_a_changed_file_concerns_its_folder_and_those_that_see_it_first(self):
+        (self.tree / "protocol/A.cpp").write_text("// changed")
+        programs, cases = self.built()
+        self.assertEqual(programs, ["protocol-tests", "virtual-tests", "app-tests"])
+        for case in (r"protocol(\.[0-9]+)?", "tree.format"):
+            self.assertIn(case, cases)
+
+    def test_a_new_file_counts_and_the_longest_folder_does(self):
+        (self.tree / "editor/qt/C.cpp").write_text("")
+        self.assertEqual(self.built()[0], ["editor-qt-tests", "editor-qt-files-tests"])
+
+    def test_folders_may_be_named(self):
+        self.assertEqual(self.built("tests/protocol/")[0], ["protocol-tests"])
+        done = self.run_script("tests/quick", "protocoll")
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"^No tests belong to protocoll; these have some: .*\.\n$")
+
+    def test_every_program_of_the_table_is_there_and_every_program_is_in_it(self):
+        text = "".join(path.read_text() for path in (ROOT / "tests").rglob("CMakeLists.txt"))
+        there = set(re.findall(r"^scenewright_test\(([\w-]+)$", text, re.MULTILINE))
+        table = (ROOT / "tests/quick").read_text()
+        listed = re.findall(r"^    \"[\w/-]+\": \[(.*)\],$", table, re.MULTILINE)
+        self.assertEqual(there, set(re.findall(r'"([\w-]+)"', " ".join(listed))))
 
 
 if __name__ == "__main__":
