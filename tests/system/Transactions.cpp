@@ -33,6 +33,8 @@ namespace {
 
 std::string errorOf(DeviceOperation operation) {
     const OutcomeText text = textOf(operation, WindowAction::lastOutcome());
+    if (text.exitCode == 0) // what is noted beside it, such as values read as 0, is no error
+        return "";
     std::string error = text.sentence;
     for (const std::string& detail : text.details)
         error += ". " + detail;
