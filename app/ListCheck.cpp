@@ -4,7 +4,7 @@
 #include "model/Control.h"
 #include "model/FileAction.h"
 #include "platform/Resources.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 #include "usb/DeviceList.h"
 
 #include <algorithm>
@@ -23,10 +23,11 @@ Result<void> checkControls() {
     const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
     if (controls == kControlCount)
         return {};
-    return failure(say(ownText("scenewright::File",
-                               "{0}: the default scene holds {1} controls, and the keyboard has "
-                               "{2}"),
-                       fileOf(kDefaultList), controls, kControlCount));
+    return failure(
+        translated(sourceText("scenewright::File",
+                              "{0}: the default scene holds {1} controls, and the keyboard has "
+                              "{2}"),
+                   fileOf(kDefaultList), controls, kControlCount));
 }
 
 } // namespace
@@ -42,8 +43,8 @@ Result<void> checkList(std::string_view name) {
     if (!listed)
         return failure(listed.error());
     if (listed->empty())
-        return failure(
-            say(ownText("scenewright::File", "{}: it lists no keyboard"), fileOf(kProjectList)));
+        return failure(translated(sourceText("scenewright::File", "{}: it lists no keyboard"),
+                                  fileOf(kProjectList)));
     return {};
 }
 

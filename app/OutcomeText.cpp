@@ -1,6 +1,6 @@
 #include "app/OutcomeText.h"
 
-#include "platform/Words.h"
+#include "platform/Translator.h"
 #include "protocol/SceneImage.h"
 
 #include <algorithm>
@@ -17,96 +17,101 @@ constexpr int kExitFailed = 1;
 // What follows for an operation when nothing was moved, and when transfers failed.
 struct Consequence {
     DeviceOperation operation;
-    OwnText ofNothing;
-    OwnText ofFailures;
+    SourceText ofNothing;
+    SourceText ofFailures;
 };
 
 constexpr std::array<Consequence, 7> kConsequences{{
-    {DeviceOperation::ShowScenes, ownText("scenewright::Outcome", "default scenes are shown"),
-     ownText("scenewright::Outcome", "{0} of the {1} bytes shown did not come from the keyboard")},
-    {DeviceOperation::SaveScenes, ownText("scenewright::Outcome", "no file was written"),
-     ownText("scenewright::Outcome", "no file was written")},
+    {DeviceOperation::ShowScenes, sourceText("scenewright::Outcome", "default scenes are shown"),
+     sourceText("scenewright::Outcome",
+                "{0} of the {1} bytes shown did not come from the keyboard")},
+    {DeviceOperation::SaveScenes, sourceText("scenewright::Outcome", "no file was written"),
+     sourceText("scenewright::Outcome", "no file was written")},
     {DeviceOperation::Backup,
-     ownText("scenewright::Outcome", "there is no backup and nothing was sent"),
-     ownText("scenewright::Outcome", "there is no backup and nothing was sent")},
-    {DeviceOperation::Send, ownText("scenewright::Outcome", "nothing was sent"),
-     ownText("scenewright::Outcome",
-             "the keyboard may hold half a bank, and sending again repairs it")},
-    {DeviceOperation::Verify, ownText("scenewright::Outcome", "what was sent could not be checked"),
-     ownText("scenewright::Outcome", "what was sent could not be checked")},
-    {DeviceOperation::Compare, ownText("scenewright::Outcome", "nothing was compared"),
-     ownText("scenewright::Outcome", "nothing was compared")},
-    {DeviceOperation::DryRun, ownText("scenewright::Outcome", "it is not known what would change"),
-     ownText("scenewright::Outcome", "it is not known what would change")},
+     sourceText("scenewright::Outcome", "there is no backup and nothing was sent"),
+     sourceText("scenewright::Outcome", "there is no backup and nothing was sent")},
+    {DeviceOperation::Send, sourceText("scenewright::Outcome", "nothing was sent"),
+     sourceText("scenewright::Outcome",
+                "the keyboard may hold half a bank, and sending again repairs it")},
+    {DeviceOperation::Verify,
+     sourceText("scenewright::Outcome", "what was sent could not be checked"),
+     sourceText("scenewright::Outcome", "what was sent could not be checked")},
+    {DeviceOperation::Compare, sourceText("scenewright::Outcome", "nothing was compared"),
+     sourceText("scenewright::Outcome", "nothing was compared")},
+    {DeviceOperation::DryRun,
+     sourceText("scenewright::Outcome", "it is not known what would change"),
+     sourceText("scenewright::Outcome", "it is not known what would change")},
 }};
 
 // What a failed transfer met.
-OwnText transferFailure(ResultCode code) {
+SourceText transferFailure(ResultCode code) {
     switch (code) {
     case kResultSuccess:
-        return ownText("scenewright::Outcome", "the answer was too short");
+        return sourceText("scenewright::Outcome", "the answer was too short");
     case kResultNoDevice:
-        return ownText("scenewright::Outcome", "the keyboard was unplugged");
+        return sourceText("scenewright::Outcome", "the keyboard was unplugged");
     case kResultStall:
-        return ownText("scenewright::Outcome", "the keyboard refused it");
+        return sourceText("scenewright::Outcome", "the keyboard refused it");
     case kResultTimeout:
-        return ownText("scenewright::Outcome", "the keyboard did not answer");
+        return sourceText("scenewright::Outcome", "the keyboard did not answer");
     case kResultOverflow:
-        return ownText("scenewright::Outcome", "the answer was too long");
+        return sourceText("scenewright::Outcome", "the answer was too long");
     case kResultNoMemory:
-        return ownText("scenewright::Outcome", "the system has no memory left");
+        return sourceText("scenewright::Outcome", "the system has no memory left");
     default:
-        return ownText("scenewright::Outcome", "the USB transfer failed");
+        return sourceText("scenewright::Outcome", "the USB transfer failed");
     }
 }
 
-OwnText cureFor(ResultCode failure) {
+SourceText cureFor(ResultCode failure) {
     switch (failure) {
     case kResultNotPlugged:
-        return ownText("scenewright::Cause",
-                       "No keyboard of the device list is plugged in: plug it in, or see what "
-                       "'scenewright-cli devices' says about yours");
+        return sourceText("scenewright::Cause",
+                          "No keyboard of the device list is plugged in: plug it in, or see what "
+                          "'scenewright-cli devices' says about yours");
     case kResultNoList:
-        return ownText("scenewright::Cause",
-                       "The list of keyboards, project.plist, cannot be read: mend or remove it");
+        return sourceText(
+            "scenewright::Cause",
+            "The list of keyboards, project.plist, cannot be read: mend or remove it");
     case kResultAccess:
-        return ownText(
+        return sourceText(
             "scenewright::Cause",
             "You have no permission to use the keyboard: install the rule with "
             "'scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules', "
             "then plug the keyboard in again");
     case kResultBusy:
-        return ownText("scenewright::Cause",
-                       "Another program is using the keyboard: close it and try again");
+        return sourceText("scenewright::Cause",
+                          "Another program is using the keyboard: close it and try again");
     case kResultNoDevice:
-        return ownText("scenewright::Cause",
-                       "The keyboard was unplugged: plug it in and try again");
+        return sourceText("scenewright::Cause",
+                          "The keyboard was unplugged: plug it in and try again");
     case kResultNotFound:
-        return ownText(
+        return sourceText(
             "scenewright::Cause",
             "The keyboard lacks the second USB interface that scenes travel on: check that it "
             "is the model that the device list names, and plug it in again");
     case kResultTimeout:
     case kResultStall:
     case kResultInputOutput:
-        return ownText("scenewright::Cause",
-                       "The keyboard does not answer: unplug it, plug it in again and try again");
+        return sourceText(
+            "scenewright::Cause",
+            "The keyboard does not answer: unplug it, plug it in again and try again");
     case kResultOverflow:
-        return ownText("scenewright::Cause",
-                       "The keyboard answers with longer transfers than scenes have: check that "
-                       "it is the model that the device list names, and plug it in again");
+        return sourceText("scenewright::Cause",
+                          "The keyboard answers with longer transfers than scenes have: check that "
+                          "it is the model that the device list names, and plug it in again");
     case kResultNoDriver:
-        return ownText("scenewright::Cause",
-                       "The keyboard's MIDI port did not come back: plug the keyboard in again");
+        return sourceText("scenewright::Cause",
+                          "The keyboard's MIDI port did not come back: plug the keyboard in again");
     case kResultNoMemory:
     case kResultNoThread:
-        return ownText("scenewright::Cause",
-                       "The system is short of memory or threads: close other programs and try "
-                       "again");
+        return sourceText("scenewright::Cause",
+                          "The system is short of memory or threads: close other programs and try "
+                          "again");
     default:
-        return ownText("scenewright::Cause",
-                       "The USB system refused to work with the keyboard ({:08x}): plug it in "
-                       "again, at another socket if that does not help");
+        return sourceText("scenewright::Cause",
+                          "The USB system refused to work with the keyboard ({:08x}): plug it in "
+                          "again, at another socket if that does not help");
     }
 }
 
@@ -115,41 +120,42 @@ OwnText cureFor(ResultCode failure) {
 std::string placeOf(DeviceOperation operation, const TransferStats::Failure& failure,
                     const TransferStats& stats) {
     if (operation == DeviceOperation::Send)
-        return failure.isWrite
-                   ? say(ownText("scenewright::Outcome", "at packet {}"), failure.transfer)
-                   : say(ownText("scenewright::Outcome", "at answer {}"), failure.transfer);
+        return failure.isWrite ? translated(sourceText("scenewright::Outcome", "at packet {}"),
+                                            failure.transfer)
+                               : translated(sourceText("scenewright::Outcome", "at answer {}"),
+                                            failure.transfer);
     constexpr std::uint32_t kWritesOfHandshake = 2;
     const std::uint32_t handshakes = std::max(stats.versionReads, 1U);
     const std::uint32_t before =
         (failure.isWrite ? kWritesOfHandshake * handshakes : handshakes) + 1;
     if (failure.transfer < before)
-        return say(ownText("scenewright::Outcome", "before the first byte"));
-    return say(ownText("scenewright::Outcome", "at byte {0} of {1}"), failure.transfer - before,
-               kBankSize);
+        return translated(sourceText("scenewright::Outcome", "before the first byte"));
+    return translated(sourceText("scenewright::Outcome", "at byte {0} of {1}"),
+                      failure.transfer - before, kBankSize);
 }
 
 std::string failedTransfers(DeviceOperation operation, const Outcome& outcome) {
     const TransferStats& stats = outcome.stats;
     if (!stats.first) // it was no transfer that failed
-        return say(ownText("scenewright::Outcome", "The program could not go on"));
-    return say(ownText("scenewright::Outcome", "{0} of {1} transfers failed, the first {2} ({3})"),
-               stats.failedReads + stats.failedWrites, stats.reads + stats.writes,
-               placeOf(operation, *stats.first, stats),
-               inLanguage(transferFailure(stats.first->code)));
+        return translated(sourceText("scenewright::Outcome", "The program could not go on"));
+    return translated(
+        sourceText("scenewright::Outcome", "{0} of {1} transfers failed, the first {2} ({3})"),
+        stats.failedReads + stats.failedWrites, stats.reads + stats.writes,
+        placeOf(operation, *stats.first, stats), translated(transferFailure(stats.first->code)));
 }
 
 std::string whatHappened(DeviceOperation operation, const Outcome& outcome) {
     switch (outcome.end) {
     case End::NotConnected:
-        return say(ownText("scenewright::Outcome", "The keyboard could not be reached"));
+        return translated(sourceText("scenewright::Outcome", "The keyboard could not be reached"));
     case End::NotStarted:
         if (outcome.cause == kResultBusy)
-            return say(ownText("scenewright::Outcome", "A send is still running"));
-        return say(ownText("scenewright::Outcome", "The transfer could not be started"));
+            return translated(sourceText("scenewright::Outcome", "A send is still running"));
+        return translated(sourceText("scenewright::Outcome", "The transfer could not be started"));
     case End::Unreliable:
         return failedTransfers(operation, outcome);
     case End::Cancelled:
-        return say(ownText("scenewright::Outcome", "The transfer was cancelled"));
+        return translated(sourceText("scenewright::Outcome", "The transfer was cancelled"));
     case End::Done:
         break;
     }
@@ -159,8 +165,8 @@ std::string whatHappened(DeviceOperation operation, const Outcome& outcome) {
 std::string consequenceOf(DeviceOperation operation, const Outcome& outcome) {
     const auto* const row = std::ranges::find(kConsequences, operation, &Consequence::operation);
     const bool hasMoved = outcome.stats.writes > 0;
-    return hasMoved ? say(row->ofFailures, unreliableBytes(outcome.stats), kBankSize)
-                    : inLanguage(row->ofNothing);
+    return hasMoved ? translated(row->ofFailures, unreliableBytes(outcome.stats), kBankSize)
+                    : translated(row->ofNothing);
 }
 
 // Nothing where the sentence says it all.
@@ -176,19 +182,20 @@ bool hasCure(const Outcome& outcome) {
 OutcomeText textOf(DeviceOperation operation, const Outcome& outcome) {
     OutcomeText text;
     if (outcome.end != End::Done)
-        text.sentence = say(ownText("scenewright::Outcome", "{0}: {1}"),
-                            whatHappened(operation, outcome), consequenceOf(operation, outcome));
+        text.sentence =
+            translated(sourceText("scenewright::Outcome", "{0}: {1}"),
+                       whatHappened(operation, outcome), consequenceOf(operation, outcome));
     if (hasCure(outcome))
         text.details.push_back(causeAndCure(outcome.cause));
     text.details.insert(text.details.end(), outcome.notKept.begin(), outcome.notKept.end());
     if (outcome.release != kResultSuccess)
         text.details.push_back(causeAndCure(outcome.release));
     if (outcome.replacedBytes > 0)
-        text.details.push_back(
-            say(ownText("scenewright::Outcome",
-                        "The keyboard holds values above 127, which scenes cannot hold; read as 0 "
-                        "instead: {}"),
-                outcome.replacedBytes));
+        text.details.push_back(translated(
+            sourceText("scenewright::Outcome",
+                       "The keyboard holds values above 127, which scenes cannot hold; read as 0 "
+                       "instead: {}"),
+            outcome.replacedBytes));
     if (!outcome.isDone() || outcome.release != kResultSuccess)
         text.exitCode = kExitFailed;
     return text;
@@ -197,17 +204,21 @@ OutcomeText textOf(DeviceOperation operation, const Outcome& outcome) {
 std::string comparisonText(DeviceOperation operation, std::size_t differences) {
     const bool isVerify = operation == DeviceOperation::Verify;
     if (differences == 0)
-        return isVerify ? say(ownText("scenewright::Outcome", "The controller holds what was sent"))
-                        : say(ownText("scenewright::Outcome", "The controller holds what you see"));
+        return isVerify ? translated(sourceText("scenewright::Outcome",
+                                                "The controller holds what was sent"))
+                        : translated(sourceText("scenewright::Outcome",
+                                                "The controller holds what you see"));
     if (!isVerify)
-        return say(ownText("scenewright::Outcome", "Settings that differ: {}"), differences);
-    return say(ownText("scenewright::Outcome",
-                       "The controller does not hold what was sent; settings that differ: {}"),
-               differences);
+        return translated(sourceText("scenewright::Outcome", "Settings that differ: {}"),
+                          differences);
+    return translated(
+        sourceText("scenewright::Outcome",
+                   "The controller does not hold what was sent; settings that differ: {}"),
+        differences);
 }
 
 std::string causeAndCure(ResultCode failure) {
-    return say(cureFor(failure), failure);
+    return translated(cureFor(failure), failure);
 }
 
 std::uint32_t unreliableBytes(const TransferStats& stats) {

@@ -3,7 +3,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "model/Setting.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 namespace scenewright {
 
@@ -24,10 +24,10 @@ Result<void> checkUnused(std::vector<NamedFile> files, const std::filesystem::pa
     files.push_back({file.string(), FileUse::Written, {}, {}});
     if (checkNamedFiles(files))
         return {};
-    return failure(
-        say(ownText("scenewright::File",
-                    "Cannot write {}: the program itself uses this file; choose another name."),
-            file.string()));
+    return failure(translated(
+        sourceText("scenewright::File",
+                   "Cannot write {}: the program itself uses this file; choose another name."),
+        file.string()));
 }
 
 } // namespace
@@ -35,8 +35,8 @@ Result<void> checkUnused(std::vector<NamedFile> files, const std::filesystem::pa
 std::optional<std::string> StoreFiles::keep() const {
     auto trouble = earlier_.keep(WindowAction::scenes());
     if (trouble)
-        trouble =
-            say(ownText("scenewright::File", "The former scenes could not be kept: {}"), *trouble);
+        trouble = translated(
+            sourceText("scenewright::File", "The former scenes could not be kept: {}"), *trouble);
     return trouble;
 }
 
@@ -59,9 +59,9 @@ StoreFiles::Outcome StoreFiles::openScene(const std::filesystem::path& file,
     return {true, std::move(notKept)};
 }
 
-std::optional<EarlierScenes::Bank> StoreFiles::newestOther() const {
+std::optional<BackupStore::Bank> StoreFiles::newestOther() const {
     const BankImage stored = encodeBank(WindowAction::scenes());
-    for (const EarlierScenes::Bank& bank : earlier_.list())
+    for (const BackupStore::Bank& bank : earlier_.list())
         if (const BankFile read = readBank(bank.file);
             !read.trouble && encodeBank(read.scenes) != stored)
             return bank;
@@ -76,7 +76,7 @@ StoreFiles::Outcome StoreFiles::restoreLatest() const {
 Result<void> StoreFiles::saveBank(const std::filesystem::path& file,
                                   const PopUpValue& lists) const {
     return checkUnused(used_, file).and_then([&] {
-        return writeBank(file, WindowAction::scenes(), formForName(file), lists);
+        return writeBank(file, WindowAction::scenes(), formatForName(file), lists);
     });
 }
 

@@ -6,7 +6,7 @@
 // Nothing here needs a controller or sends anything. Main thread only.
 #pragma once
 
-#include "app/EarlierScenes.h"
+#include "app/BackupStore.h"
 #include "editor/options/PopUpValue.h"
 #include "platform/NamedFiles.h"
 #include "platform/Result.h"
@@ -28,9 +28,9 @@ public:
         std::optional<std::string> trouble;
     };
 
-    explicit StoreFiles(EarlierScenes earlier = EarlierScenes{}) : earlier_(std::move(earlier)) {}
+    explicit StoreFiles(BackupStore earlier = BackupStore{}) : earlier_(std::move(earlier)) {}
 
-    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
+    [[nodiscard]] const BackupStore& earlier() const { return earlier_; }
 
     // Before the stored scenes are replaced. Nothing, or why they are not kept.
     [[nodiscard]] std::optional<std::string> keep() const;
@@ -39,7 +39,7 @@ public:
     // Into the stored scene of that index, 0 to 3: its name and all its settings.
     [[nodiscard]] Outcome openScene(const std::filesystem::path& file, std::int32_t index) const;
     // The newest of the earlier scenes that can be read and differ from the stored ones.
-    [[nodiscard]] std::optional<EarlierScenes::Bank> newestOther() const;
+    [[nodiscard]] std::optional<BackupStore::Bank> newestOther() const;
     // Opens that bank; not done, without trouble, when there is none.
     [[nodiscard]] Outcome restoreLatest() const;
 
@@ -53,7 +53,7 @@ public:
                                          const PopUpValue& lists) const;
 
 private:
-    EarlierScenes earlier_;
+    BackupStore earlier_;
     std::vector<NamedFile> used_;
 };
 

@@ -23,30 +23,30 @@ namespace {
 namespace fs = std::filesystem;
 
 // The lists are taken along, as sends end on a thread of their own.
-BankKeeper::Store jsonStore(std::shared_ptr<PopUpValue> lists) {
+BankFileStore::Store jsonStore(std::shared_ptr<PopUpValue> lists) {
     return
         [lists = std::move(lists)](const fs::path& file, const BankImage& image) -> Result<void> {
             const BankContent bank = readBankImage(image);
             if (bank.trouble)
                 return failure(fmt::format("{}: {}", file.string(), *bank.trouble));
-            return writeBank(file, bank.scenes, BankForm::Json, *lists);
+            return writeBank(file, bank.scenes, BankFormat::Json, *lists);
         };
 }
 
-Result<BankKeeper> keeperFor(const fs::path& file, BankForm form, bool needsLists) {
-    if (form != BankForm::Json)
-        return BankKeeper(file);
+Result<BankFileStore> keeperFor(const fs::path& file, BankFormat form, bool needsLists) {
+    if (form != BankFormat::Json)
+        return BankFileStore(file);
     if (!needsLists)
-        return BankKeeper(file, jsonStore(WindowAction::InitializePopUp()));
+        return BankFileStore(file, jsonStore(WindowAction::InitializePopUp()));
     return readPopUpValue().map([&file](std::shared_ptr<PopUpValue> lists) {
-        return BankKeeper(file, jsonStore(std::move(lists)));
+        return BankFileStore(file, jsonStore(std::move(lists)));
     });
 }
 
 // What a controller's memory can be filled with, and the form that it is kept in.
 struct Memory {
     BankImage image{};
-    BankForm form = BankForm::Image;
+    BankFormat form = BankFormat::Image;
 };
 
 Result<Memory> readMemory(const std::string& path) {
@@ -54,7 +54,7 @@ Result<Memory> readMemory(const std::string& path) {
     if (!bytes)
         return failure(bytes.error());
     Memory memory{.form = formOf(*bytes)};
-    if (memory.form == BankForm::Json) {
+    if (memory.form == BankFormat::Json) {
         const BankFile bank = parseBank(*bytes, path);
         if (bank.trouble)
             return failure(*bank.trouble);
@@ -73,7 +73,7 @@ Result<Memory> readMemory(const std::string& path) {
 
 Result<VirtualBank> openVirtualBank(const std::string& path, bool needsLists) {
     WindowAction::getSceneValue();
-    Result<Memory> memory = Memory{encodeBank(WindowAction::scenes()), formForName(path)};
+    Result<Memory> memory = Memory{encodeBank(WindowAction::scenes()), formatForName(path)};
     if (!path.empty())
         if (const auto checked = checkReplaceable(path); !checked)
             return failure(checked.error());
@@ -85,7 +85,7 @@ Result<VirtualBank> openVirtualBank(const std::string& path, bool needsLists) {
     if (!isThere && needsLists)
         if (auto checked = checkDefaultScenes(WindowAction::scenes()); !checked)
             return failure(std::move(checked.error()));
-    return keeperFor(path, memory->form, needsLists).map([&memory](BankKeeper keeper) {
+    return keeperFor(path, memory->form, needsLists).map([&memory](BankFileStore keeper) {
         return VirtualBank{memory->image, std::move(keeper)};
     });
 }

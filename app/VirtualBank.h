@@ -5,7 +5,7 @@
 
 #include "platform/Result.h"
 #include "protocol/SceneImage.h"
-#include "virtual/BankKeeper.h"
+#include "virtual/BankFileStore.h"
 
 #include <string>
 
@@ -13,7 +13,7 @@ namespace scenewright {
 
 struct VirtualBank {
     BankImage image{};
-    BankKeeper keeper; // keeps what is sent in the form that the file had
+    BankFileStore keeper; // keeps what is sent in the form that the file had
 };
 
 // What the file holds; the default scenes when there is no such file, to be kept in the form that

@@ -59,8 +59,8 @@ Result<void> writeWhole(const std::filesystem::path& path, std::span<const std::
 
 } // namespace
 
-BankForm formOf(std::span<const std::uint8_t> bytes) {
-    return isJson(textOf(bytes)) ? BankForm::Json : BankForm::Image;
+BankFormat formOf(std::span<const std::uint8_t> bytes) {
+    return isJson(textOf(bytes)) ? BankFormat::Json : BankFormat::Image;
 }
 
 BankFile readBank(const std::filesystem::path& path) {
@@ -71,29 +71,29 @@ BankFile readBank(const std::filesystem::path& path) {
 }
 
 BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
-    const BankForm form = formOf(bytes);
+    const BankFormat form = formOf(bytes);
     BankContent content =
-        form == BankForm::Json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
+        form == BankFormat::Json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
     if (content.trouble)
         content.trouble = fmt::format("{}: {}", name, *content.trouble);
     return {std::move(content.scenes), std::move(content.trouble), form};
 }
 
 BankFile parseBankOrScene(std::span<const std::uint8_t> bytes, const std::string& name) {
-    if (formOf(bytes) != BankForm::Json || !isScene(textOf(bytes)))
+    if (formOf(bytes) != BankFormat::Json || !isScene(textOf(bytes)))
         return parseBank(bytes, name);
     BankContent content = readSceneJson(textOf(bytes));
     if (content.trouble)
         content.trouble = fmt::format("{}: {}", name, *content.trouble);
-    return {std::move(content.scenes), std::move(content.trouble), BankForm::Json};
+    return {std::move(content.scenes), std::move(content.trouble), BankFormat::Json};
 }
 
-BankForm formForName(const std::filesystem::path& path) {
+BankFormat formatForName(const std::filesystem::path& path) {
     std::string ending = path.extension().string();
     std::ranges::transform(ending, ending.begin(), [](unsigned char letter) {
         return static_cast<char>(std::tolower(letter));
     });
-    return ending == ".json" ? BankForm::Json : BankForm::Image;
+    return ending == ".json" ? BankFormat::Json : BankFormat::Image;
 }
 
 BankImage encodeBank(const SceneList& scenes) {
@@ -104,9 +104,9 @@ BankImage encodeBank(const SceneList& scenes) {
     return bank;
 }
 
-std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
+std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankFormat form,
                                     const PopUpValue& lists) {
-    if (form == BankForm::Json)
+    if (form == BankFormat::Json)
         return bytesOf(writeBankJson(scenes, lists));
     const BankImage image = encodeBank(scenes);
     return {image.begin(), image.end()};
@@ -116,7 +116,7 @@ Result<void> writeBank(const std::filesystem::path& path, const SceneList& scene
     return writeWhole(path, encodeBank(scenes));
 }
 
-Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes, BankForm form,
+Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes, BankFormat form,
                        const PopUpValue& lists) {
     return writeWhole(path, bankBytes(scenes, form, lists));
 }

@@ -17,7 +17,7 @@
 
 namespace scenewright {
 
-enum class BankForm : std::uint8_t { Image, Json };
+enum class BankFormat : std::uint8_t { Image, Json };
 
 // What reading a bank gave: `scenes` is empty when `trouble` says why, in one sentence that names
 // the file, and the place in it where a value is to blame ("scenes[1].pads[3].CR"). Both forms
@@ -25,10 +25,10 @@ enum class BankForm : std::uint8_t { Image, Json };
 struct BankFile {
     SceneList scenes;
     std::optional<std::string> trouble;
-    BankForm form = BankForm::Image;
+    BankFormat form = BankFormat::Image;
 };
 
-[[nodiscard]] BankForm formOf(std::span<const std::uint8_t> bytes);
+[[nodiscard]] BankFormat formOf(std::span<const std::uint8_t> bytes);
 
 [[nodiscard]] BankFile readBank(const std::filesystem::path& path);
 // The same for bytes that came from elsewhere; `name` stands for the file in the sentence.
@@ -39,18 +39,18 @@ struct BankFile {
                                         const std::string& name);
 
 // The form that a new file's name asks for: JSON when it ends in ".json", in either case.
-[[nodiscard]] BankForm formForName(const std::filesystem::path& path);
+[[nodiscard]] BankFormat formatForName(const std::filesystem::path& path);
 
 // The image of the first four scenes; throws std::out_of_range when there are fewer.
 [[nodiscard]] BankImage encodeBank(const SceneList& scenes);
 // A file's bytes in one of the forms; `lists` gives the titles of a JSON text.
-[[nodiscard]] std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankForm form,
+[[nodiscard]] std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankFormat form,
                                                   const PopUpValue& lists);
 
 // Each writes the first four scenes. On error the file is what it was.
 [[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes);
 [[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes,
-                                     BankForm form, const PopUpValue& lists);
+                                     BankFormat form, const PopUpValue& lists);
 
 // One scene as a file of its own, always JSON.
 [[nodiscard]] Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path);

@@ -4,7 +4,7 @@
 #include "bank/JsonTree.h"
 #include "model/Control.h"
 #include "model/Setting.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 #include "protocol/SceneImage.h"
 
 namespace scenewright {
@@ -39,10 +39,11 @@ std::optional<std::string> readScene(std::span<const std::uint8_t> bytes, std::s
 
 BankContent readBankImage(std::span<const std::uint8_t> bytes) {
     if (bytes.size() != kBankSize)
-        return {{},
-                say(ownText("scenewright::Bank",
-                            "not a bank: it holds {} bytes, and a bank holds {} or is JSON"),
-                    bytes.size(), kBankSize)};
+        return {
+            {},
+            translated(sourceText("scenewright::Bank",
+                                  "not a bank: it holds {} bytes, and a bank holds {} or is JSON"),
+                       bytes.size(), kBankSize)};
     SceneList scenes;
     for (std::size_t number = 0; number < kSceneCount; ++number) {
         scenes.push_back(blankScene());

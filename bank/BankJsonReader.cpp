@@ -3,7 +3,7 @@
 #include "bank/MessageText.h"
 #include "bank/NameText.h"
 #include "model/Setting.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 #include "protocol/SceneImage.h"
 
 #include <fmt/format.h>
@@ -20,9 +20,9 @@ using Trouble = std::optional<std::string>;
 using Keys = std::vector<std::string_view>;
 
 // In sentences of the form "PLACE must be ..., and is ...".
-constexpr OwnText kText = ownText("scenewright::Bank", "a text");
-constexpr OwnText kArray = ownText("scenewright::Bank", "an array");
-constexpr OwnText kObject = ownText("scenewright::Bank", "an object");
+constexpr SourceText kText = sourceText("scenewright::Bank", "a text");
+constexpr SourceText kArray = sourceText("scenewright::Bank", "an array");
+constexpr SourceText kObject = sourceText("scenewright::Bank", "an object");
 
 std::string found(const JsonNode& node) {
     switch (node.kind) {
@@ -33,37 +33,38 @@ std::string found(const JsonNode& node) {
     case Kind::Integer:
         return std::to_string(node.integer);
     case Kind::Number:
-        return forMessage(node.text);
+        return sanitized(node.text);
     case Kind::Text:
-        return say(kText);
+        return translated(kText);
     case Kind::Array:
-        return say(kArray);
+        return translated(kArray);
     case Kind::Object:
-        return say(kObject);
+        return translated(kObject);
     }
     return {};
 }
 
 std::string notExpected(std::string_view place, std::string_view expected, std::string_view is) {
-    return say(ownText("scenewright::Bank", "{} must be {}, and is {}"),
-               place.empty() ? say(ownText("scenewright::Bank", "it")) : std::string(place),
-               expected, is);
+    return translated(sourceText("scenewright::Bank", "{} must be {}, and is {}"),
+                      place.empty() ? translated(sourceText("scenewright::Bank", "it"))
+                                    : std::string(place),
+                      expected, is);
 }
 
 std::string missing(std::string_view place) {
-    return say(ownText("scenewright::Bank", "{} is missing"), place);
+    return translated(sourceText("scenewright::Bank", "{} is missing"), place);
 }
 
 // The object's keys are `required`, `allowed` besides them, comments, and no other.
 Trouble keysTrouble(const JsonNode& node, std::string_view place, const Keys& required,
                     const Keys& allowed = {}) {
     if (node.kind != Kind::Object)
-        return notExpected(place, say(kObject), found(node));
+        return notExpected(place, translated(kObject), found(node));
     for (const std::string& key : node.keys)
         if (!key.starts_with(kCommentMark) && std::ranges::find(required, key) == required.end() &&
             std::ranges::find(allowed, key) == allowed.end())
-            return say(ownText("scenewright::Bank", "{} is unknown"),
-                       memberPlace(place, forMessage(key)));
+            return translated(sourceText("scenewright::Bank", "{} is unknown"),
+                              memberPlace(place, sanitized(key)));
     for (const std::string_view key : required)
         if (node.find(key) == nullptr)
             return missing(memberPlace(place, key));
@@ -90,15 +91,15 @@ Trouble readFields(const JsonNode& node, const std::string& place, ControlKind k
 
 // An array of exactly `count` elements; `owner` and `elements` say of what, for the message.
 Trouble countTrouble(const JsonNode& node, std::string_view place, std::int32_t count,
-                     OwnText owner, std::string_view elements) {
+                     SourceText owner, std::string_view elements) {
     if (node.kind != Kind::Array)
-        return notExpected(place, say(kArray), found(node));
+        return notExpected(place, translated(kArray), found(node));
     const std::size_t expected = static_cast<std::size_t>(count);
     if (node.values.size() < expected)
         return missing(elementPlace(place, node.values.size()));
     if (node.values.size() > expected)
-        return say(ownText("scenewright::Bank", "{} is one too many, as {} has {} {}"),
-                   elementPlace(place, expected), say(owner), count, elements);
+        return translated(sourceText("scenewright::Bank", "{} is one too many, as {} has {} {}"),
+                          elementPlace(place, expected), translated(owner), count, elements);
     return std::nullopt;
 }
 
@@ -107,7 +108,7 @@ Trouble readControls(const JsonNode& node, const std::string& place, const Contr
     if (range.kind == ControlKind::Common)
         return readFields(node, place, range.kind, 0, scene);
     if (Trouble trouble =
-            countTrouble(node, place, range.count, ownText("scenewright::Bank", "a scene"),
+            countTrouble(node, place, range.count, sourceText("scenewright::Bank", "a scene"),
                          controlsKey(range.kind)))
         return trouble;
     for (std::size_t i = 0; i < node.values.size(); ++i)
@@ -121,22 +122,22 @@ Trouble readName(const JsonNode& node, const std::string& place, const SceneValu
     const JsonNode* const text = node.find("name");
     const JsonNode* const digits = node.find("nameBytes");
     if (text != nullptr && digits != nullptr)
-        return say(ownText("scenewright::Bank", "{} must not stand beside a name"),
-                   memberPlace(place, "nameBytes"));
+        return translated(sourceText("scenewright::Bank", "{} must not stand beside a name"),
+                          memberPlace(place, "nameBytes"));
     if (text == nullptr && digits == nullptr)
         return missing(memberPlace(place, "name"));
     const std::string_view key = text != nullptr ? "name" : "nameBytes";
     const JsonNode& value = text != nullptr ? *text : *digits;
     if (value.kind != Kind::Text)
-        return notExpected(memberPlace(place, key), say(kText), found(value));
+        return notExpected(memberPlace(place, key), translated(kText), found(value));
     const auto name = text != nullptr ? nameOfText(value.text) : nameOfHex(value.text);
     if (!name)
         return notExpected(
             memberPlace(place, key),
-            say(text != nullptr
-                    ? ownText("scenewright::Bank", "at most 12 bytes without control characters")
-                    : ownText("scenewright::Bank", "24 hexadecimal digits")),
-            fmt::format("\"{}\"", forMessage(value.text)));
+            translated(text != nullptr ? sourceText("scenewright::Bank",
+                                                    "at most 12 bytes without control characters")
+                                       : sourceText("scenewright::Bank", "24 hexadecimal digits")),
+            fmt::format("\"{}\"", sanitized(value.text)));
     scene.commonValue()->setSceneName(*name);
     return std::nullopt;
 }
@@ -166,7 +167,7 @@ Trouble formatTrouble(const JsonNode& root, std::string_view format) {
     if (value->kind == Kind::Text && value->text == format)
         return std::nullopt;
     return notExpected("format", jsonQuoted(format),
-                       value->kind == Kind::Text ? jsonQuoted(forMessage(value->text))
+                       value->kind == Kind::Text ? jsonQuoted(sanitized(value->text))
                                                  : found(*value));
 }
 
@@ -176,15 +177,15 @@ Trouble versionTrouble(const JsonNode& root) {
         return missing("version");
     if (value->kind == Kind::Integer && value->integer == kBankVersion)
         return std::nullopt;
-    return say(
-        ownText("scenewright::Bank", "version is {}, and this program knows version {} only"),
+    return translated(
+        sourceText("scenewright::Bank", "version is {}, and this program knows version {} only"),
         found(*value), kBankVersion);
 }
 
 // Format and version come first: a later version's keys must not be called unknown.
 Trouble headTrouble(const JsonNode& root, std::string_view format, std::string_view content) {
     if (root.kind != Kind::Object)
-        return notExpected("", say(kObject), found(root));
+        return notExpected("", translated(kObject), found(root));
     if (Trouble trouble = formatTrouble(root, format))
         return trouble;
     if (Trouble trouble = versionTrouble(root))
@@ -199,7 +200,7 @@ BankContent readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
         trouble = headTrouble(tree.root, isBank ? kBankFormat : kSceneFormat, key);
     if (!trouble && isBank)
         trouble = countTrouble(*tree.root.find(key), key, kSceneCount,
-                               ownText("scenewright::Bank", "a bank"), key);
+                               sourceText("scenewright::Bank", "a bank"), key);
     for (std::size_t i = 0; !trouble && i < scenes.size(); ++i) {
         const JsonNode& content = *tree.root.find(key);
         trouble = isBank ? readScene(content.values[i], elementPlace(key, i), *scenes[i])
@@ -213,8 +214,8 @@ BankContent readScenes(const JsonTree& tree, SceneList scenes, bool isBank) {
 } // namespace
 
 std::string notAValue(std::string_view place, std::string_view found) {
-    return notExpected(place, say(ownText("scenewright::Bank", "a whole number from 0 to 127")),
-                       found);
+    return notExpected(
+        place, translated(sourceText("scenewright::Bank", "a whole number from 0 to 127")), found);
 }
 
 BankContent readBankJson(std::string_view text) {

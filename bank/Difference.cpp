@@ -2,7 +2,7 @@
 
 #include "bank/JsonTree.h"
 #include "bank/NameText.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <fmt/format.h>
 
@@ -66,9 +66,9 @@ std::string differenceWords(const Difference& difference) {
     const SettingText& first = difference.first;
     const SettingText& second = difference.second;
     const bool isAmbiguous = !first.title.empty() && first.title == second.title;
-    return say(ownText("scenewright::Bank", "{0}: {1} -> {2}"), wordsOf(difference.place),
-               isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
-               isAmbiguous ? shownWithNumber(second) : shown(difference.place, second));
+    return translated(sourceText("scenewright::Bank", "{0}: {1} -> {2}"), wordsOf(difference.place),
+                      isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
+                      isAmbiguous ? shownWithNumber(second) : shown(difference.place, second));
 }
 
 std::string differenceLine(const Difference& difference) {

@@ -78,9 +78,9 @@ Edited copyValues(const SceneList& source, const SceneList& scenes, std::string_
     if (!trouble)
         trouble = countTrouble(*origins.path, source.size());
     if (trouble)
-        return {{},
-                fmt::format("{} cannot be copied to {}: {}", forMessage(from), forMessage(to),
-                            *trouble)};
+        return {
+            {},
+            fmt::format("{} cannot be copied to {}: {}", sanitized(from), sanitized(to), *trouble)};
     SceneList copies = copyOf(scenes);
     for (const SettingPlace& place : settingsAt(*targets.path)) {
         const SettingPlace origin = sourceOf(*origins.path, place);

@@ -22,7 +22,7 @@ namespace {
 using Trouble = std::optional<std::string>;
 
 constexpr std::string_view kTitleMark = "title:";
-constexpr std::size_t kFewOptions = 17; // that a message can list; more are told by their ends
+constexpr std::size_t kMinOptions = 17; // that a message can list; more are told by their ends
 
 // One setting's new value, once the later of two assignments has replaced the earlier.
 struct Assignment {
@@ -41,13 +41,13 @@ PlaceKey keyOf(const SettingPlace& place) {
 Trouble addAssignment(std::string_view text, Assignments& assignments) {
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos)
-        return fmt::format("{}: PATH=VALUE was expected", forMessage(text));
+        return fmt::format("{}: PATH=VALUE was expected", sanitized(text));
     const std::string_view pathText = text.substr(0, equals);
     const PathResult result = parsePath(pathText);
     if (!result.path)
         return result.trouble;
     if (result.path->level != Path::Level::Setting)
-        return fmt::format("{}: a value needs the path of a setting", forMessage(pathText));
+        return fmt::format("{}: a value needs the path of a setting", sanitized(pathText));
     for (const SettingPlace& place : settingsAt(*result.path))
         assignments.insert_or_assign(keyOf(place), Assignment{place, text.substr(equals + 1)});
     return std::nullopt;
@@ -69,7 +69,7 @@ std::optional<std::int32_t> indexOf(std::string_view digits) {
 std::string optionsText(const Titles& titles) {
     if (titles == nullptr || titles->empty())
         return "it has none";
-    if (titles->size() > kFewOptions)
+    if (titles->size() > kMinOptions)
         return fmt::format("its options go from {} to {}", titles->front(), titles->back());
     return fmt::format("its options are {}", fmt::join(*titles, ", "));
 }
@@ -88,7 +88,7 @@ Trouble assignOption(const PopUpValue& lists, const Assignment& assignment,
     if (isIndex(value)) {
         const auto index = indexOf(value);
         if (!index)
-            return notAValue(pathOf(place), forMessage(value));
+            return notAValue(pathOf(place), sanitized(value));
         place.setting->write(scene, place.control, *index);
         return std::nullopt;
     }
@@ -98,7 +98,7 @@ Trouble assignOption(const PopUpValue& lists, const Assignment& assignment,
     const auto found = titles == nullptr ? std::vector<std::string>::const_iterator()
                                          : std::ranges::find(*titles, value);
     if (titles == nullptr || found == titles->end())
-        return fmt::format("{} has no option \"{}\": {}", pathOf(place), forMessage(value),
+        return fmt::format("{} has no option \"{}\": {}", pathOf(place), sanitized(value),
                            optionsText(titles));
     place.setting->write(scene, place.control, static_cast<std::int32_t>(found - titles->begin()));
     return std::nullopt;
@@ -112,7 +112,7 @@ Trouble assignName(const Assignment& assignment, const SceneValue& scene) {
     if (!name)
         return fmt::format("{} must be at most 12 bytes without control characters, or {} and 24 "
                            "hexadecimal digits, and is \"{}\"",
-                           pathOf(assignment.place), kBytesMark, forMessage(value));
+                           pathOf(assignment.place), kBytesMark, sanitized(value));
     scene.commonValue()->setSceneName(*name);
     return std::nullopt;
 }

@@ -1,7 +1,7 @@
 #include "bank/JsonTree.h"
 
 #include "bank/MessageText.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -20,10 +20,12 @@ std::string brokenAt(std::string_view text, std::size_t position) {
     const std::string_view before = text.substr(0, position > 0 ? position - 1 : 0);
     const auto line = std::ranges::count(before, '\n') + 1;
     if (position > text.size())
-        return say(ownText("scenewright::Bank", "its JSON text ends too soon, in line {}"), line);
+        return translated(
+            sourceText("scenewright::Bank", "its JSON text ends too soon, in line {}"), line);
     const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-    return say(ownText("scenewright::Bank", "its JSON text is wrong at line {}, column {}"), line,
-               before.size() - lineStart + 1);
+    return translated(
+        sourceText("scenewright::Bank", "its JSON text is wrong at line {}, column {}"), line,
+        before.size() - lineStart + 1);
 }
 
 // Receives the parser's events in the order of the text; a false answer ends the parse.
@@ -60,8 +62,8 @@ public:
     bool key(std::string& name) {
         Open& object = open_.back();
         if (!object.seen.insert(name).second)
-            return fail(say(ownText("scenewright::Bank", "{} stands twice"),
-                            memberPlace(here(), forMessage(name))));
+            return fail(translated(sourceText("scenewright::Bank", "{} stands twice"),
+                                   memberPlace(here(), sanitized(name))));
         object.node.keys.push_back(std::move(name));
         return true;
     }
@@ -90,15 +92,15 @@ private:
             const JsonNode& node = open_[level].node;
             place = node.kind == JsonNode::Kind::Array
                         ? elementPlace(place, node.values.size())
-                        : memberPlace(place, forMessage(node.keys.back()));
+                        : memberPlace(place, sanitized(node.keys.back()));
         }
         return place;
     }
 
     bool add(JsonNode node) {
         if (++count_ > kJsonValues)
-            return fail(
-                say(ownText("scenewright::Bank", "it holds more than {} values"), kJsonValues));
+            return fail(translated(sourceText("scenewright::Bank", "it holds more than {} values"),
+                                   kJsonValues));
         if (open_.empty())
             root_ = std::move(node);
         else
@@ -108,8 +110,9 @@ private:
 
     bool open(JsonNode::Kind kind) {
         if (open_.size() == kJsonLevels)
-            return fail(say(ownText("scenewright::Bank", "it is nested deeper than {} levels"),
-                            kJsonLevels));
+            return fail(
+                translated(sourceText("scenewright::Bank", "it is nested deeper than {} levels"),
+                           kJsonLevels));
         open_.push_back({{kind, 0, {}, {}, {}}, {}});
         return true;
     }
@@ -136,7 +139,9 @@ const JsonNode* JsonNode::find(std::string_view key) const {
 
 JsonTree parseJson(std::string_view text) {
     if (text.size() > kJsonBytes)
-        return {{}, say(ownText("scenewright::Bank", "it is longer than {} bytes"), kJsonBytes)};
+        return {
+            {},
+            translated(sourceText("scenewright::Bank", "it is longer than {} bytes"), kJsonBytes)};
     Builder builder(text);
     nlohmann::json::sax_parse(text.begin(), text.end(), &builder);
     return builder.result();

@@ -6,7 +6,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr std::size_t kMostBytes = 80;
+constexpr std::size_t kMaxBytes = 80;
 constexpr std::string_view kEllipsis = "\xE2\x80\xA6"; // U+2026
 
 constexpr bool continuesCharacter(char byte) {
@@ -15,10 +15,10 @@ constexpr bool continuesCharacter(char byte) {
 
 } // namespace
 
-std::string forMessage(std::string_view text) {
-    if (text.size() <= kMostBytes)
+std::string sanitized(std::string_view text) {
+    if (text.size() <= kMaxBytes)
         return displayName(text);
-    std::size_t end = kMostBytes;
+    std::size_t end = kMaxBytes;
     while (end > 0 && continuesCharacter(text[end]))
         --end;
     return displayName(text.substr(0, end)) + std::string(kEllipsis);

@@ -2,7 +2,7 @@
 
 #include "bank/MessageText.h"
 #include "editor/options/SettingOptions.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <fmt/format.h>
 
@@ -13,7 +13,7 @@ namespace scenewright {
 namespace {
 
 constexpr std::string_view kScene = "scene";
-constexpr std::size_t kMostDigits = 2;
+constexpr std::size_t kMaxDigits = 2;
 
 // Reads a path from left to right; after the first thing that is not as expected, `trouble` says
 // so and the rest of the reading does nothing.
@@ -29,7 +29,7 @@ public:
         if (!failed())
             trouble_ =
                 fmt::format("{}: at character {}, {} was expected",
-                            text_.empty() ? "an empty path" : forMessage(text_), at_ + 1, what);
+                            text_.empty() ? "an empty path" : sanitized(text_), at_ + 1, what);
     }
 
     [[nodiscard]] bool take(std::string_view word) {
@@ -55,7 +55,7 @@ public:
             return {0, count, true};
         std::int32_t number = 0;
         std::size_t digits = 0;
-        while (digits < kMostDigits && at_ + digits < text_.size() && isDigit(at_ + digits))
+        while (digits < kMaxDigits && at_ + digits < text_.size() && isDigit(at_ + digits))
             number = number * 10 + (text_[at_ + digits++] - '0');
         const bool goesOn = at_ + digits < text_.size() && isDigit(at_ + digits);
         if (digits == 0 || goesOn || text_[at_] == '0' || number > count) {
@@ -167,12 +167,12 @@ std::string pathOf(const SettingPlace& place) {
 
 std::string wordsOf(const SettingPlace& place) {
     const std::int32_t scene = place.scene + 1;
-    const std::string title =
-        place.isName() ? say(ownText("scenewright::Bank", "Name")) : settingTitle(*place.setting);
+    const std::string title = place.isName() ? translated(sourceText("scenewright::Bank", "Name"))
+                                             : settingTitle(*place.setting);
     if (place.kind == ControlKind::Common)
-        return say(ownText("scenewright::Bank", "Scene {0}, {1}"), scene, title);
-    return say(ownText("scenewright::Bank", "Scene {0}, {1} {2}, {3}"), scene,
-               kindTitle(place.kind), place.control + 1, title);
+        return translated(sourceText("scenewright::Bank", "Scene {0}, {1}"), scene, title);
+    return translated(sourceText("scenewright::Bank", "Scene {0}, {1} {2}, {3}"), scene,
+                      kindTitle(place.kind), place.control + 1, title);
 }
 
 PathResult parsePath(std::string_view text) {

@@ -61,7 +61,7 @@ Result<FileContent> readArgument(const std::string& name) {
     if (const auto fd = inputDescriptor(name))
         return readDescriptor(*fd, inputName(name));
     return readFile(name, kJsonBytes, [&name] {
-        complain(name + ": waiting for a writer of this pipe (Ctrl+C stops)", kExitDone);
+        reportError(name + ": waiting for a writer of this pipe (Ctrl+C stops)", kExitDone);
     });
 }
 
@@ -79,7 +79,7 @@ int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint
     if (fd == STDOUT_FILENO)
         return printAndEnd(text, kExitDone);
     if (const int error = writeFully(fd, text); error != 0)
-        return complain(
+        return reportError(
             fmt::format("Cannot write {}: {}.", name, std::generic_category().message(error)),
             kExitOutput);
     return kExitDone;
@@ -87,20 +87,20 @@ int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint
 
 int endOf(const std::string& name, const Result<Replaced>& replaced) {
     if (!replaced)
-        return complain(replaced.error(), kExitUsage);
+        return reportError(replaced.error(), kExitUsage);
     // The bank is written: this is no error, but nobody would expect it.
     if (replaced->otherNames == 1)
-        complain(name + " had 2 names; the other one keeps the former content", kExitDone);
+        reportError(name + " had 2 names; the other one keeps the former content", kExitDone);
     else if (replaced->otherNames > 1)
-        complain(fmt::format("{} had {} names; the others keep the former content", name,
-                             replaced->otherNames + 1),
-                 kExitDone);
+        reportError(fmt::format("{} had {} names; the others keep the former content", name,
+                                replaced->otherNames + 1),
+                    kExitDone);
     return kExitDone;
 }
 
 // An image holds no titles.
-Result<std::shared_ptr<PopUpValue>> listsFor(BankForm form) {
-    if (form == BankForm::Json)
+Result<std::shared_ptr<PopUpValue>> listsFor(BankFormat form) {
+    if (form == BankFormat::Json)
         return readPopUpValue();
     return std::make_shared<PopUpValue>();
 }
@@ -108,10 +108,10 @@ Result<std::shared_ptr<PopUpValue>> listsFor(BankForm form) {
 int changeStream(const std::string& name, const BankEdit& edit) {
     const BankFile bank = loadBank(name);
     if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
+        return reportError(*bank.trouble, kExitUsage);
     const auto scenes = edit(bank);
     if (!scenes)
-        return complain(scenes.error(), kExitUsage);
+        return reportError(scenes.error(), kExitUsage);
     return storeBank("-", *scenes, bank.form);
 }
 
@@ -148,14 +148,14 @@ BankFile loadBankOrScene(const std::string& name) {
     return load(name, &parseBankOrScene);
 }
 
-BankForm formForArgument(const std::string& name, BankForm streamForm) {
-    return outputDescriptor(name) ? streamForm : formForName(name);
+BankFormat formForArgument(const std::string& name, BankFormat streamForm) {
+    return outputDescriptor(name) ? streamForm : formatForName(name);
 }
 
-int storeBank(const std::string& name, const SceneList& scenes, BankForm form) {
+int storeBank(const std::string& name, const SceneList& scenes, BankFormat form) {
     const auto lists = listsFor(form);
     if (!lists)
-        return complain(lists.error(), kExitUsage);
+        return reportError(lists.error(), kExitUsage);
     const std::vector<std::uint8_t> bytes = bankBytes(scenes, form, **lists);
     if (const auto fd = outputDescriptor(name))
         return storeToDescriptor(*fd, name, bytes);
@@ -179,7 +179,7 @@ int changeBank(const std::string& name, const BankEdit& edit) {
 }
 
 std::optional<std::string> whyNotStorable(const std::string& name) {
-    if (const auto lists = listsFor(formForArgument(name, BankForm::Image)); !lists)
+    if (const auto lists = listsFor(formForArgument(name, BankFormat::Image)); !lists)
         return lists.error();
     if (outputDescriptor(name))
         return std::nullopt;
@@ -194,7 +194,7 @@ std::optional<std::string> printOut(std::string_view text) {
 
 int printAndEnd(std::string_view text, int done, int failed) {
     if (const auto trouble = printOut(text))
-        return complain(*trouble, failed);
+        return reportError(*trouble, failed);
     return done;
 }
 

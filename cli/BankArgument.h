@@ -30,11 +30,11 @@ namespace scenewright {
 [[nodiscard]] BankFile loadBankOrScene(const std::string& name);
 
 // The form for a new bank: what the file's name asks for, or `streamForm` for a descriptor.
-[[nodiscard]] BankForm formForArgument(const std::string& name, BankForm streamForm);
+[[nodiscard]] BankFormat formForArgument(const std::string& name, BankFormat streamForm);
 
 // Each tells its error and gives the exit code, kExitDone when all is written; else a file is what
 // it was.
-[[nodiscard]] int storeBank(const std::string& name, const SceneList& scenes, BankForm form);
+[[nodiscard]] int storeBank(const std::string& name, const SceneList& scenes, BankFormat form);
 // Reads, changes and stores a bank in its form, without another writer of ours in between.
 using BankEdit = std::function<Result<SceneList>(const BankFile& former)>;
 [[nodiscard]] int changeBank(const std::string& name, const BankEdit& edit);

@@ -58,6 +58,6 @@ void addShowCommand(CLI::App& app, CommandChoice& choice);
 void addUdevRulesCommand(CLI::App& app, CommandChoice& choice);
 
 // One sentence on standard error, after the program's name; returns `exitCode`.
-int complain(std::string_view sentence, int exitCode);
+int reportError(std::string_view sentence, int exitCode);
 
 } // namespace scenewright

@@ -14,18 +14,19 @@ namespace {
 struct ConvertOptions {
     std::string in;
     std::string out;
-    std::optional<BankForm> form;
+    std::optional<BankFormat> form;
 };
 
-BankForm otherForm(BankForm form) {
-    return form == BankForm::Image ? BankForm::Json : BankForm::Image;
+BankFormat otherForm(BankFormat form) {
+    return form == BankFormat::Image ? BankFormat::Json : BankFormat::Image;
 }
 
 int convert(const ConvertOptions& options) {
     const BankFile bank = loadBank(options.in);
     if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
-    const BankForm form = options.form.value_or(formForArgument(options.out, otherForm(bank.form)));
+        return reportError(*bank.trouble, kExitUsage);
+    const BankFormat form =
+        options.form.value_or(formForArgument(options.out, otherForm(bank.form)));
     return storeBank(options.out, bank.scenes, form);
 }
 
@@ -49,7 +50,7 @@ void addConvertCommand(CLI::App& app, CommandChoice& choice) {
         ->add_option_function<std::string>(
             "--to",
             [options](const std::string& form) {
-                options->form = form == "json" ? BankForm::Json : BankForm::Image;
+                options->form = form == "json" ? BankFormat::Json : BankFormat::Image;
             },
             "The form to write, whatever OUT is called")
         ->check(CLI::IsMember({"json", "image"}))

@@ -22,8 +22,8 @@ struct CopyOptions {
 int copy(const CopyOptions& options) {
     if (inputDescriptor(options.bank) &&
         inputDescriptor(options.bank) == inputDescriptor(options.source))
-        return complain("standard input can be the bank or what is copied from, not both",
-                        kExitUsage);
+        return reportError("standard input can be the bank or what is copied from, not both",
+                           kExitUsage);
     return changeBank(options.bank, [&options](const BankFile& bank) -> Result<SceneList> {
         const BankFile source = options.source.empty() ? bank : loadBankOrScene(options.source);
         if (source.trouble)

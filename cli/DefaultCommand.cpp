@@ -16,8 +16,8 @@ int writeDefaults(const std::string& out) {
     WindowAction::getSceneValue();
     const SceneList scenes = WindowAction::scenes();
     if (const auto checked = checkDefaultScenes(scenes); !checked)
-        return complain(checked.error(), kExitUsage);
-    return storeBank(out, scenes, formForArgument(out, BankForm::Image));
+        return reportError(checked.error(), kExitUsage);
+    return storeBank(out, scenes, formForArgument(out, BankFormat::Image));
 }
 
 constexpr const char* kDefaultFooter =

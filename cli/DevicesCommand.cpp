@@ -19,7 +19,7 @@ int printDevices(bool asJson) {
     std::erase_if(devices, [](const AttachedDevice& device) { return !device.hasMidiStreaming; });
     const auto listed = readDeviceList();
     if (!listed)
-        return complain(listed.error(), kExitUsage);
+        return reportError(listed.error(), kExitUsage);
     const auto own = Resources::userFolder();
     const DeviceListPlace list{.devices = *listed,
                                .inUse = Resources::find("project", "plist").value_or(""),

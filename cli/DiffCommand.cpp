@@ -33,7 +33,7 @@ std::optional<SceneList> scenesOf(const std::string& name) {
     }
     BankFile bank = loadBank(name);
     if (bank.trouble) {
-        complain(*bank.trouble, kExitTrouble);
+        reportError(*bank.trouble, kExitTrouble);
         return std::nullopt;
     }
     return std::move(bank.scenes);
@@ -42,10 +42,10 @@ std::optional<SceneList> scenesOf(const std::string& name) {
 int diff(const DiffOptions& options) {
     if (inputDescriptor(options.first) &&
         inputDescriptor(options.first) == inputDescriptor(options.second))
-        return complain("standard input can be one of the two banks, not both", kExitTrouble);
+        return reportError("standard input can be one of the two banks, not both", kExitTrouble);
     const auto lists = readPopUpValue();
     if (!lists)
-        return complain(lists.error(), kExitTrouble);
+        return reportError(lists.error(), kExitTrouble);
     // A file's trouble is told before the controller is asked.
     const bool secondIsFile = options.second != kDevice;
     auto second = secondIsFile ? scenesOf(options.second) : std::nullopt;

@@ -32,16 +32,16 @@ int get(const GetOptions& options) {
     for (const std::string& text : options.paths) {
         const PathResult result = parsePath(text);
         if (!result.path)
-            return complain(result.trouble, kExitUsage);
+            return reportError(result.trouble, kExitUsage);
         const auto more = settingsAt(*result.path);
         places.insert(places.end(), more.begin(), more.end());
     }
     const BankFile bank = loadBank(options.bank);
     if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
+        return reportError(*bank.trouble, kExitUsage);
     const auto lists = readPopUpValue();
     if (!lists)
-        return complain(lists.error(), kExitUsage);
+        return reportError(lists.error(), kExitUsage);
     std::string text;
     for (const SettingPlace& place : places)
         text += lineOf(**lists, bank.scenes, place);

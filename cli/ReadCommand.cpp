@@ -13,11 +13,11 @@ namespace {
 
 int readToFile(const std::string& out) {
     if (const auto trouble = whyNotStorable(out))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     const ControllerRead read = readController(DeviceOperation::SaveScenes);
     if (!read.scenes)
         return read.exitCode;
-    const int stored = storeBank(out, *read.scenes, formForArgument(out, BankForm::Image));
+    const int stored = storeBank(out, *read.scenes, formForArgument(out, BankFormat::Image));
     return stored == kExitDone ? read.exitCode : stored;
 }
 

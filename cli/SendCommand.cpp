@@ -38,7 +38,7 @@ int writeBackup(const std::string& file) {
     const ControllerRead held = readController(DeviceOperation::Backup);
     if (!held.scenes)
         return held.exitCode;
-    const int stored = storeBank(file, *held.scenes, formForArgument(file, BankForm::Image));
+    const int stored = storeBank(file, *held.scenes, formForArgument(file, BankFormat::Image));
     return stored == kExitDone ? held.exitCode : stored;
 }
 
@@ -53,8 +53,8 @@ int verify(const PopUpValue& lists, const SceneList& sent) {
         return printed == kExitDone ? held.exitCode : printed;
     }
     if (const auto trouble = printOut(differenceLines(list)))
-        complain(*trouble, kExitController);
-    return complain(found, kExitController);
+        reportError(*trouble, kExitController);
+    return reportError(found, kExitController);
 }
 
 std::optional<std::string> backupTrouble(const SendOptions& options) {
@@ -68,15 +68,15 @@ std::optional<std::string> backupTrouble(const SendOptions& options) {
 int sendBank(const SendOptions& options) {
     const BankFile bank = loadBank(options.in);
     if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
+        return reportError(*bank.trouble, kExitUsage);
     const bool needsLists = options.isDryRun || options.isVerified;
     const auto lists = needsLists ? readPopUpValue() : std::make_shared<PopUpValue>();
     if (!lists)
-        return complain(lists.error(), kExitUsage);
+        return reportError(lists.error(), kExitUsage);
     if (options.isDryRun)
         return showWhatWouldChange(**lists, bank.scenes);
     if (const auto trouble = backupTrouble(options))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     if (!options.backup.empty())
         if (const int code = writeBackup(options.backup); code != kExitDone)
             return code;

@@ -22,7 +22,7 @@ struct SetOptions {
 int set(const SetOptions& options) {
     const auto lists = readPopUpValue();
     if (!lists)
-        return complain(lists.error(), kExitUsage);
+        return reportError(lists.error(), kExitUsage);
     return changeBank(options.bank, [&](const BankFile& bank) -> Result<SceneList> {
         Edited edited = setValues(**lists, bank.scenes, options.assignments);
         if (edited.trouble)

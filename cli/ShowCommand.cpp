@@ -38,12 +38,12 @@ std::string json(const SceneList& scenes, const PopUpValue& lists, int scene) {
 int show(const ShowOptions& options) {
     const BankFile bank = loadBankOrScene(options.in);
     if (bank.trouble)
-        return complain(*bank.trouble, kExitUsage);
+        return reportError(*bank.trouble, kExitUsage);
     if (options.scene > static_cast<int>(bank.scenes.size()))
-        return complain(options.in + ": it is a file of one scene", kExitUsage);
+        return reportError(options.in + ": it is a file of one scene", kExitUsage);
     const auto lists = readPopUpValue();
     if (!lists)
-        return complain(lists.error(), kExitUsage);
+        return reportError(lists.error(), kExitUsage);
     return printAndEnd((options.isJson ? json : tables)(bank.scenes, **lists, options.scene),
                        kExitDone);
 }

@@ -2,8 +2,8 @@
 
 #include "app/DeviceSession.h"
 #include "cli/Command.h"
-#include "cli/Patience.h"
 #include "cli/ProgressLine.h"
+#include "cli/StallNotice.h"
 #include "platform/MainQueue.h"
 #include "protocol/SendTransaction.h"
 
@@ -19,7 +19,7 @@ int report(DeviceOperation operation, const Outcome& outcome) {
     std::string report = text.sentence;
     for (const std::string& detail : text.details)
         report += (report.empty() ? "" : ". ") + detail;
-    return report.empty() ? text.exitCode : complain(report, text.exitCode);
+    return report.empty() ? text.exitCode : reportError(report, text.exitCode);
 }
 
 } // namespace
@@ -28,7 +28,7 @@ ControllerRead readController(DeviceOperation operation) {
     ScenesRead read;
     {
         const ProgressLine progress("Reading", kReadPackets);
-        const Patience patience;
+        const StallNotice patience;
         read = DeviceSession::heldScenes();
     }
     const int exitCode = report(operation, read.outcome);
@@ -42,7 +42,7 @@ int sendToController(SceneList scenes) {
     Outcome outcome;
     {
         const ProgressLine progress("Sending", kSendPackets);
-        const Patience patience;
+        const StallNotice patience;
         bool hasEnded = false;
         DeviceSession::send([&](const Outcome& ended) {
             outcome = ended;

@@ -13,7 +13,7 @@ void addUdevRulesCommand(CLI::App& app, CommandChoice& choice) {
         choice.run = [] {
             const auto listed = readDeviceList();
             return listed ? printAndEnd(udevRules(*listed), kExitDone)
-                          : complain(listed.error(), kExitUsage);
+                          : reportError(listed.error(), kExitUsage);
         };
     });
 }

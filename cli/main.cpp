@@ -26,18 +26,18 @@ std::vector<NamedFile> filesOf(const LaunchOptions& options, const CommandChoice
 
 int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     if (const auto checked = checkNamedFiles(filesOf(options, choice)); !checked)
-        return complain(checked.error(), kExitUsage);
+        return reportError(checked.error(), kExitUsage);
     if (const auto trouble = launch(options))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     if (!choice.usesController)
         return choice.run();
     if (const auto checked = checkList(kProjectList); !checked)
-        return complain(checked.error(), kExitUsage);
+        return reportError(checked.error(), kExitUsage);
     const Shutdown shutdown;
     LaunchOptions host = options;
     host.needsLists = true;
     if (const auto trouble = connectHost(host))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     return choice.run();
 }
 
@@ -46,7 +46,7 @@ int runToEnd(const LaunchOptions& options, const CommandChoice& choice) {
     try {
         return runChosen(options, choice);
     } catch (const std::bad_alloc& error) {
-        return complain(sentenceOf(error), choice.failed);
+        return reportError(sentenceOf(error), choice.failed);
     }
 }
 
@@ -54,7 +54,7 @@ int runToEnd(const LaunchOptions& options, const CommandChoice& choice) {
 int endStreams(int exitCode, int failed) {
     for (const auto& ended : {endDiagnostics(), closeStandardOutput()})
         if (!ended && exitCode < failed)
-            exitCode = complain(ended.error(), failed);
+            exitCode = reportError(ended.error(), failed);
     return exitCode;
 }
 
@@ -63,7 +63,7 @@ int run(int argc, char** argv) {
     if (line.answer)
         return endStreams(printAndEnd(*line.answer, kExitDone), kExitOutput);
     if (line.trouble)
-        return complain(*line.trouble, kExitUsage);
+        return reportError(*line.trouble, kExitUsage);
     return endStreams(runToEnd(line.options, line.choice), line.choice.failed);
 }
 

@@ -3,7 +3,7 @@
 #include "editor/ControlCondition.h"
 #include "editor/options/SettingOptions.h"
 #include "model/Control.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <fmt/format.h>
 
@@ -18,7 +18,7 @@ namespace {
 struct Phrase {
     ControlKind kind;
     ControlCondition when;
-    OwnText format;
+    SourceText format;
     std::string_view field;
 };
 
@@ -26,37 +26,39 @@ using enum ControlKind;
 using enum ControlCondition;
 
 constexpr auto kPhrases = std::to_array<Phrase>({
-    {Common, Always, ownText("scenewright::Control", "global channel {}"), "GlobalMIDICh"},
-    {Common, Always, ownText("scenewright::Control", "keyboard channel {}"), "PianoKeyCh"},
-    {Common, Always, ownText("scenewright::Control", "pitch-bend speed {}"), "PitchBendSpeed"},
-    {Common, Always, ownText("scenewright::Control", "transposition {}"), "KeyTranspose"},
-    {Common, Always, ownText("scenewright::Control", "key velocity curve {}"), "KeyVelocityCurve"},
-    {Common, Always, ownText("scenewright::Control", "pad velocity curve {}"), "PadVelocityCurve"},
-    {Group, Always, ownText("scenewright::Control", "channel {}"), "MIDIChannel"},
-    {Knob, Disabled, ownText("scenewright::Control", "{}"), "Enable"},
-    {Knob, Enabled, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Knob, Enabled, ownText("scenewright::Control", "left {}"), "LowerOrLeftValue"},
-    {Knob, Enabled, ownText("scenewright::Control", "right {}"), "UpperOrRightValue"},
-    {Slider, Disabled, ownText("scenewright::Control", "{}"), "Enable"},
-    {Slider, Enabled, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Slider, Enabled, ownText("scenewright::Control", "lower {}"), "LowerOrLeftValue"},
-    {Slider, Enabled, ownText("scenewright::Control", "upper {}"), "UpperOrRightValue"},
-    {Pad, Unassigned, ownText("scenewright::Control", "{}"), "AssignType"},
-    {Pad, Controller, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Pad, Note, ownText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
-    {Pad, Assigned, ownText("scenewright::Control", "channel {}"), "MIDIChannel"},
-    {Pad, Assigned, ownText("scenewright::Control", "behavior {}"), "PadBehavior"},
-    {Pad, Controller, ownText("scenewright::Control", "on {}"), "OnValue"},
-    {Pad, Controller, ownText("scenewright::Control", "off {}"), "OffValue"},
-    {Pad, Always, ownText("scenewright::Control", "red {}"), "CR"},
-    {Pad, Always, ownText("scenewright::Control", "green {}"), "CG"},
-    {Pad, Always, ownText("scenewright::Control", "blue {}"), "CB"},
-    {Key, Unassigned, ownText("scenewright::Control", "{}"), "AssignType"},
-    {Key, Controller, ownText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Key, Note, ownText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
-    {Key, Assigned, ownText("scenewright::Control", "behavior {}"), "KeyBehavior"},
-    {Key, Controller, ownText("scenewright::Control", "on {}"), "OnValue"},
-    {Key, Controller, ownText("scenewright::Control", "off {}"), "OffValue"},
+    {Common, Always, sourceText("scenewright::Control", "global channel {}"), "GlobalMIDICh"},
+    {Common, Always, sourceText("scenewright::Control", "keyboard channel {}"), "PianoKeyCh"},
+    {Common, Always, sourceText("scenewright::Control", "pitch-bend speed {}"), "PitchBendSpeed"},
+    {Common, Always, sourceText("scenewright::Control", "transposition {}"), "KeyTranspose"},
+    {Common, Always, sourceText("scenewright::Control", "key velocity curve {}"),
+     "KeyVelocityCurve"},
+    {Common, Always, sourceText("scenewright::Control", "pad velocity curve {}"),
+     "PadVelocityCurve"},
+    {Group, Always, sourceText("scenewright::Control", "channel {}"), "MIDIChannel"},
+    {Knob, Disabled, sourceText("scenewright::Control", "{}"), "Enable"},
+    {Knob, Enabled, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Knob, Enabled, sourceText("scenewright::Control", "left {}"), "LowerOrLeftValue"},
+    {Knob, Enabled, sourceText("scenewright::Control", "right {}"), "UpperOrRightValue"},
+    {Slider, Disabled, sourceText("scenewright::Control", "{}"), "Enable"},
+    {Slider, Enabled, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Slider, Enabled, sourceText("scenewright::Control", "lower {}"), "LowerOrLeftValue"},
+    {Slider, Enabled, sourceText("scenewright::Control", "upper {}"), "UpperOrRightValue"},
+    {Pad, Unassigned, sourceText("scenewright::Control", "{}"), "AssignType"},
+    {Pad, Controller, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Pad, Note, sourceText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
+    {Pad, Assigned, sourceText("scenewright::Control", "channel {}"), "MIDIChannel"},
+    {Pad, Assigned, sourceText("scenewright::Control", "behavior {}"), "PadBehavior"},
+    {Pad, Controller, sourceText("scenewright::Control", "on {}"), "OnValue"},
+    {Pad, Controller, sourceText("scenewright::Control", "off {}"), "OffValue"},
+    {Pad, Always, sourceText("scenewright::Control", "red {}"), "CR"},
+    {Pad, Always, sourceText("scenewright::Control", "green {}"), "CG"},
+    {Pad, Always, sourceText("scenewright::Control", "blue {}"), "CB"},
+    {Key, Unassigned, sourceText("scenewright::Control", "{}"), "AssignType"},
+    {Key, Controller, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
+    {Key, Note, sourceText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
+    {Key, Assigned, sourceText("scenewright::Control", "behavior {}"), "KeyBehavior"},
+    {Key, Controller, sourceText("scenewright::Control", "on {}"), "OnValue"},
+    {Key, Controller, sourceText("scenewright::Control", "off {}"), "OffValue"},
 });
 
 // Null for a record that the scene does not hold. The common settings have no control's record, so
@@ -76,8 +78,8 @@ std::string phraseText(const Phrase& phrase, const PopUpValue& lists, const Scen
     std::string title =
         setting == nullptr ? std::string(kNoTitle) : optionTitle(lists, *setting, scene, member);
     if (title == kNoTitle)
-        title = say(ownText("scenewright::Control", "unknown"));
-    return say(phrase.format, title);
+        title = translated(sourceText("scenewright::Control", "unknown"));
+    return translated(phrase.format, title);
 }
 
 std::uint8_t scaledToFull(std::int32_t level) {
@@ -91,7 +93,7 @@ std::uint8_t scaledToFull(std::int32_t level) {
 std::string controlName(std::int32_t index) {
     const ControlRange* range = controlRangeOf(index);
     if (range == nullptr)
-        return say(ownText("scenewright::Control", "Control {}"), index);
+        return translated(sourceText("scenewright::Control", "Control {}"), index);
     std::string name = kindTitle(range->kind);
     return range->count == 1 ? name : fmt::format("{} {}", name, index - range->start + 1);
 }

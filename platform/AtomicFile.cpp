@@ -3,7 +3,7 @@
 #include "platform/ExtendedAttributes.h"
 #include "platform/FileDescriptor.h"
 #include "platform/TemporaryFile.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <array>
 #include <cerrno>
@@ -26,23 +26,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;        // the kernel's own limit for one path
+constexpr int kMaxLinks = 40;         // the kernel's own limit for one path
 constexpr mode_t kModeBits = 0777;    // what is kept: no set-user-id reaches other content
 constexpr mode_t kNewFile = 0666;     // before the process's umask
 constexpr mode_t kPrivateFile = 0600; // until the bits of the file it replaces are set
 constexpr std::chrono::milliseconds kQuietWait{1000};
-constexpr std::chrono::seconds kMostLockWait{20};
+constexpr std::chrono::seconds kMaxLockWait{20};
 constexpr std::chrono::milliseconds kLockPause{10};
 
-constexpr OwnText kCannotRead = ownText("scenewright::File", "Cannot read {0}: {1}.");
-constexpr OwnText kCannotWrite = ownText("scenewright::File", "Cannot write {0}: {1}.");
-constexpr OwnText kIsFolder = ownText("scenewright::File", "it is a folder");
+constexpr SourceText kCannotRead = sourceText("scenewright::File", "Cannot read {0}: {1}.");
+constexpr SourceText kCannotWrite = sourceText("scenewright::File", "Cannot write {0}: {1}.");
+constexpr SourceText kIsFolder = sourceText("scenewright::File", "it is a folder");
 
 // Within this file an error is the reason alone; its sentence is made where the file is known.
-tl::unexpected<std::string> sentence(OwnText text, const fs::path& path, std::string_view why) {
+tl::unexpected<std::string> sentence(SourceText text, const fs::path& path, std::string_view why) {
     const std::string name =
-        path.empty() ? say(ownText("scenewright::File", "a file without a name")) : path.string();
-    return failure(say(text, name, why));
+        path.empty() ? translated(sourceText("scenewright::File", "a file without a name"))
+                     : path.string();
+    return failure(translated(text, name, why));
 }
 
 tl::unexpected<std::string> systemError(int error = errno) {
@@ -53,9 +54,10 @@ tl::unexpected<std::string> systemError(int error = errno) {
 
 Result<void> checkSource(const struct stat& status) {
     if (S_ISDIR(status.st_mode))
-        return failure(say(kIsFolder));
+        return failure(translated(kIsFolder));
     if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode))
-        return failure(say(ownText("scenewright::File", "it is neither a file nor a pipe")));
+        return failure(
+            translated(sourceText("scenewright::File", "it is neither a file nor a pipe")));
     return {};
 }
 
@@ -99,7 +101,8 @@ Result<FileContent> readAll(int fd, std::size_t limit) {
             return systemError();
         bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
         if (bytes.size() > limit)
-            return failure(say(ownText("scenewright::File", "it is longer than {} bytes"), limit));
+            return failure(
+                translated(sourceText("scenewright::File", "it is longer than {} bytes"), limit));
     }
 }
 
@@ -114,7 +117,8 @@ Result<void> checkFolder(const fs::path& folder) {
     if (::stat(folder.c_str(), &status) != 0)
         return failure(folder.string() + ": " + std::generic_category().message(errno));
     if (!S_ISDIR(status.st_mode))
-        return failure(say(ownText("scenewright::File", "{} is not a folder"), folder.string()));
+        return failure(
+            translated(sourceText("scenewright::File", "{} is not a folder"), folder.string()));
     if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
         return failure(folder.string() + ": " + std::generic_category().message(errno));
     return {};
@@ -137,14 +141,15 @@ Result<std::optional<struct stat>> examineExisting(const fs::path& path) {
         return systemError();
     }
     if (S_ISDIR(status.st_mode))
-        return failure(say(kIsFolder));
+        return failure(translated(kIsFolder));
     if (!S_ISREG(status.st_mode))
-        return failure(say(ownText("scenewright::File", "it is no ordinary file")));
+        return failure(translated(sourceText("scenewright::File", "it is no ordinary file")));
     // Opened rather than asked for: that finds what can only be added to, or is being run.
     if (!FileDescriptor(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)).isOpen())
         return systemError();
     if (isMountedOn(path))
-        return failure(say(ownText("scenewright::File", "a file system is mounted on it")));
+        return failure(
+            translated(sourceText("scenewright::File", "a file system is mounted on it")));
     return status;
 }
 
@@ -165,14 +170,15 @@ Result<void> keepOwner(int fd, const struct stat& former) {
         return {};
     if (errno != EPERM)
         return systemError();
-    return failure(say(ownText("scenewright::File", "its owner and group could not be kept")));
+    return failure(
+        translated(sourceText("scenewright::File", "its owner and group could not be kept")));
 }
 
 Result<void> keepAttributes(int fd, const fs::path& path) {
     if (copyAttributes(path, fd) == 0)
         return {};
-    return failure(
-        say(ownText("scenewright::File", "its access list and attributes could not be kept")));
+    return failure(translated(
+        sourceText("scenewright::File", "its access list and attributes could not be kept")));
 }
 
 Result<Successor> begin(const fs::path& path) {
@@ -255,7 +261,7 @@ FileDescriptor openToLock(const fs::path& path) {
 // Locked until the descriptor is closed. Nothing is locked, and that is no error, where there is no
 // file yet or the file system has no locks.
 Result<FileDescriptor> lockFile(const fs::path& path) {
-    const auto deadline = std::chrono::steady_clock::now() + kMostLockWait;
+    const auto deadline = std::chrono::steady_clock::now() + kMaxLockWait;
     while (true) {
         FileDescriptor file = openToLock(path);
         struct stat status {};
@@ -268,7 +274,8 @@ Result<FileDescriptor> lockFile(const fs::path& path) {
         if (error != 0 && error != EWOULDBLOCK && error != EINTR)
             return FileDescriptor();
         if (std::chrono::steady_clock::now() > deadline)
-            return failure(say(ownText("scenewright::File", "another program keeps it locked")));
+            return failure(
+                translated(sourceText("scenewright::File", "another program keeps it locked")));
         if (error != 0)
             std::this_thread::sleep_for(kLockPause);
     }
@@ -276,18 +283,19 @@ Result<FileDescriptor> lockFile(const fs::path& path) {
 
 Result<fs::path> targetOf(const fs::path& path) {
     if (path.empty())
-        return failure(say(ownText("scenewright::File", "no name was given")));
+        return failure(translated(sourceText("scenewright::File", "no name was given")));
     std::error_code ignored;
     if (!path.has_filename() && fs::is_directory(path, ignored))
-        return failure(say(kIsFolder));
+        return failure(translated(kIsFolder));
     if (!path.has_filename())
-        return failure(say(ownText("scenewright::File", "a file's name does not end in a slash")));
+        return failure(
+            translated(sourceText("scenewright::File", "a file's name does not end in a slash")));
     return followLinks(path);
 }
 
 // What is being done, and to which file, for the sentence of an error.
 template <typename Value>
-Result<Value> inSentence(OwnText text, const fs::path& path, Result<Value> result) {
+Result<Value> inSentence(SourceText text, const fs::path& path, Result<Value> result) {
     if (!result)
         return sentence(text, path, result.error());
     return result;
@@ -298,7 +306,7 @@ Result<Value> inSentence(OwnText text, const fs::path& path, Result<Value> resul
 Result<fs::path> followLinks(const fs::path& given) {
     fs::path path = given;
     std::error_code error;
-    for (int i = 0; i < kMostLinks; ++i) {
+    for (int i = 0; i < kMaxLinks; ++i) {
         const fs::file_type type = fs::symlink_status(path, error).type();
         if (type != fs::file_type::none && type != fs::file_type::symlink)
             return path;

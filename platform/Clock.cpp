@@ -7,7 +7,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr unsigned long kLeastSlack = 1; // nanoseconds; 0 stands for the thread's default
+constexpr unsigned long kMinSlack = 1; // nanoseconds; 0 stands for the thread's default
 constexpr unsigned long kDefaultSlack = 0;
 
 } // namespace
@@ -15,7 +15,7 @@ constexpr unsigned long kDefaultSlack = 0;
 // The kernel may wake a thread later than asked, by the thread's timer slack: 50 microseconds when
 // nothing else is said, which would lengthen each of a transfer's thousand pauses by a twentieth.
 void sleepFor(std::chrono::nanoseconds duration) {
-    ::prctl(PR_SET_TIMERSLACK, kLeastSlack);
+    ::prctl(PR_SET_TIMERSLACK, kMinSlack);
     std::this_thread::sleep_for(duration);
     ::prctl(PR_SET_TIMERSLACK, kDefaultSlack);
 }

@@ -13,13 +13,13 @@ namespace {
 
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr std::string_view kUsers = "user.";
-constexpr int kMostTries = 8; // of reading what another program changes
+constexpr int kMaxTries = 8; // of reading what another program changes
 
 // What `read(buffer, size)` gives, which tells the size when it is given none. A negative result
 // stays so, with errno's value.
 template <typename Read>
 ssize_t readWhole(std::string& content, Read read) {
-    for (int i = 0; i < kMostTries; ++i) {
+    for (int i = 0; i < kMaxTries; ++i) {
         const ssize_t size = read(nullptr, 0);
         if (size <= 0)
             return size;

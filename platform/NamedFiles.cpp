@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinksFollowed = 40; // the kernel's own limit for one path
+constexpr int kMaxLinksFollowed = 40; // the kernel's own limit for one path
 
 std::optional<int> numberIn(const std::string& text) {
     int number = 0;
@@ -91,7 +91,7 @@ bool mayShare(FileUse first, FileUse second) {
 std::optional<int> namedDescriptor(const std::string& name) {
     fs::path path = name;
     std::error_code error;
-    for (int i = 0; i < kMostLinksFollowed && path.has_filename(); ++i) {
+    for (int i = 0; i < kMaxLinksFollowed && path.has_filename(); ++i) {
         const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
         if (isDescriptorFolder(folder))
             return numberIn(path.filename().string());

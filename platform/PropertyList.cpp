@@ -21,18 +21,17 @@ namespace scenewright {
 
 namespace {
 
-constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kMin = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
 
 std::int32_t clamped(std::int64_t value) {
-    return static_cast<std::int32_t>(std::clamp(value, kLeast, kMost));
+    return static_cast<std::int32_t>(std::clamp(value, kMin, kMax));
 }
 
 std::optional<std::int32_t> numberOf(double value) {
     if (std::isnan(value))
         return std::nullopt;
-    const double inRange =
-        std::clamp(value, static_cast<double>(kLeast), static_cast<double>(kMost));
+    const double inRange = std::clamp(value, static_cast<double>(kMin), static_cast<double>(kMax));
     return static_cast<std::int32_t>(inRange);
 }
 
@@ -48,7 +47,7 @@ std::optional<std::int32_t> numberOf(std::string_view text) {
     for (const char c : text) {
         if (c < '0' || c > '9')
             break;
-        value = std::min(value * 10 + (c - '0'), kMost + 1);
+        value = std::min(value * 10 + (c - '0'), kMax + 1);
     }
     return clamped(negative ? -value : value);
 }

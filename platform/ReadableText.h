@@ -1,4 +1,5 @@
-// Words that come from outside, made fit to be shown: names that devices and files have, arguments.
+// Translator that come from outside, made fit to be shown: names that devices and files have,
+// arguments.
 #pragma once
 
 #include <string>

@@ -24,7 +24,7 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kMostWait{500};
+constexpr std::chrono::milliseconds kMaxWait{500};
 constexpr const char* kOutputFailed = "standard output could not be written";
 
 // Whether the last piece that had to wait was dropped.
@@ -60,7 +60,7 @@ bool isWritableBefore(int fd, SteadyClock::time_point deadline) noexcept {
 
 // What is ready takes a piece of this size without waiting, even when it was not opened anew.
 bool writePieces(int fd, std::string_view text) noexcept {
-    const auto deadline = SteadyClock::now() + (hasStalled ? SteadyClock::duration(0) : kMostWait);
+    const auto deadline = SteadyClock::now() + (hasStalled ? SteadyClock::duration(0) : kMaxWait);
     while (!text.empty()) {
         if (!isWritableBefore(fd, deadline)) {
             hasStalled = true;

@@ -1,8 +1,8 @@
 // A program's standard streams, whatever they are connected to: a terminal that has stopped or
 // gone, a pipe that nobody reads, a full disk, nothing at all.
 //
-// Words for a person go to standard error and are dropped when they cannot be written; results go
-// to standard output, and that they could not be written is an error. Any thread may call.
+// Translator for a person go to standard error and are dropped when they cannot be written; results
+// go to standard output, and that they could not be written is an error. Any thread may call.
 #pragma once
 
 #include "platform/Result.h"

@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostNames = 100; // tries for a free name
+constexpr int kMaxNames = 100; // tries for a free name
 constexpr std::string_view kPrefix = ".scenewright-";
 
 // PREFIX PID - NUMBER
@@ -129,7 +129,7 @@ Result<TemporaryFile, int> TemporaryFile::in(const fs::path& folder, mode_t mode
 Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t mode) {
     TemporaryFile file(folder, FileDescriptor());
     file.endWaits_ = std::make_unique<EndWaits>();
-    for (int i = 0; i < kMostNames; ++i) {
+    for (int i = 0; i < kMaxNames; ++i) {
         fs::path path = folder / hiddenName();
         FileDescriptor fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (!fd.isOpen() && errno != EEXIST)
@@ -147,7 +147,7 @@ Result<TemporaryFile, int> TemporaryFile::named(const fs::path& folder, mode_t m
 int TemporaryFile::giveName() {
     endWaits_ = std::make_unique<EndWaits>();
     static_cast<void>(::flock(fd_.get(), LOCK_EX));
-    for (int i = 0; i < kMostNames; ++i) {
+    for (int i = 0; i < kMaxNames; ++i) {
         fs::path path = folder_ / hiddenName();
         if (::linkat(AT_FDCWD, procPath(fd_.get()).c_str(), AT_FDCWD, path.c_str(),
                      AT_SYMLINK_FOLLOW) == 0) {

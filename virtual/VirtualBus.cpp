@@ -11,7 +11,7 @@
 
 namespace scenewright {
 
-VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankKeeper keeper,
+VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
                        VirtualIdentity identity)
     : device_(std::move(device)), keeper_(std::move(keeper)), identity_(identity) {}
 

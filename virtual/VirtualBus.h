@@ -2,7 +2,7 @@
 // share. Every operation may be called from any thread.
 #pragma once
 
-#include "virtual/BankKeeper.h"
+#include "virtual/BankFileStore.h"
 #include "virtual/VirtualHost.h"
 
 #include <condition_variable>
@@ -17,7 +17,7 @@ namespace scenewright {
 
 class VirtualBus {
 public:
-    VirtualBus(std::shared_ptr<VirtualController> device, BankKeeper keeper,
+    VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
                VirtualIdentity identity);
 
     [[nodiscard]] const VirtualIdentity& identity() const noexcept { return identity_; }
@@ -42,7 +42,7 @@ private:
     mutable std::mutex mutex_; // guards all below but identity_
     std::condition_variable changed_;
     std::shared_ptr<VirtualController> device_;
-    BankKeeper keeper_;
+    BankFileStore keeper_;
     const VirtualIdentity identity_;
     const void* owner_ = nullptr;
     int reads_ = 0; // going on now

@@ -106,7 +106,7 @@ std::optional<std::string> VirtualHost::storageError() {
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,
-                                             BankKeeper keeper, VirtualIdentity identity) {
+                                             BankFileStore keeper, VirtualIdentity identity) {
     return std::make_shared<VirtualHost>(
         std::make_shared<VirtualBus>(std::move(device), std::move(keeper), identity));
 }

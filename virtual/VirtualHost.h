@@ -3,7 +3,7 @@
 #pragma once
 
 #include "usb/UsbHost.h"
-#include "virtual/BankKeeper.h"
+#include "virtual/BankFileStore.h"
 #include "virtual/VirtualController.h"
 
 #include <memory>
@@ -39,7 +39,7 @@ private:
 // A read waits until the controller has a reply, or for ever; a close ends it. Every send that has
 // reached its end goes to the keeper.
 [[nodiscard]] std::shared_ptr<VirtualHost>
-makeVirtualHost(std::shared_ptr<VirtualController> device, BankKeeper keeper = BankKeeper({}),
+makeVirtualHost(std::shared_ptr<VirtualController> device, BankFileStore keeper = BankFileStore({}),
                 VirtualIdentity identity = {});
 
 } // namespace scenewright

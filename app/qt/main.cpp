@@ -32,8 +32,8 @@ namespace {
 constexpr int kExitTrouble = 1;
 constexpr int kExitUsage = 2;
 
-int complain(std::string_view sentence, int exitCode) {
-    reportError("scenewright", sentence);
+int reportError(std::string_view sentence, int exitCode) {
+    scenewright::reportError("scenewright", sentence);
     return exitCode;
 }
 
@@ -59,7 +59,7 @@ private:
         if (first_.empty())
             first_ = text.toStdString();
         if (type == QtFatalMsg)
-            std::_Exit(complain("cannot open a window: " + first_, kExitTrouble));
+            std::_Exit(reportError("cannot open a window: " + first_, kExitTrouble));
     }
 
     static inline std::string first_;
@@ -73,7 +73,7 @@ int printAnswer(const CLI::Success& request, const CLI::App& app) {
     auto printed = writeStandardOutput(out.str());
     if (printed)
         printed = closeStandardOutput();
-    return printed ? 0 : complain(printed.error(), kExitTrouble);
+    return printed ? 0 : reportError(printed.error(), kExitTrouble);
 }
 
 void describe(CLI::App& app) {
@@ -94,7 +94,7 @@ int showWindow(QApplication& application, const LaunchOptions& options) {
     QuitController quit;
     MainWindow window(quit, appearance, isVirtual);
     if (const auto& trouble = window.picture().drawing().trouble())
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
     if (!isVirtual)
         commands.keyboard().follow(DeviceMonitor::start());
@@ -118,20 +118,20 @@ int run(int argc, char** argv) {
     } catch (const CLI::Success& request) {
         return printAnswer(request, app);
     } catch (const CLI::ParseError& error) {
-        return complain(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
+        return reportError(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
     }
     Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
     Diagnostics::setLog(logSink(STDERR_FILENO));
     if (const auto checked = checkNamedFiles(launchFiles(options)); !checked)
-        return complain(checked.error(), kExitUsage);
+        return reportError(checked.error(), kExitUsage);
     if (const auto trouble = launch(options))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     if (!hasDisplay())
-        return complain("there is no display to open a window on; scenewright-cli does the same "
-                        "work without one",
-                        kExitTrouble);
+        return reportError("there is no display to open a window on; scenewright-cli does the same "
+                           "work without one",
+                           kExitTrouble);
     if (const auto trouble = connectHost(options))
-        return complain(*trouble, kExitUsage);
+        return reportError(*trouble, kExitUsage);
     ToolkitMessages::hold();
     QApplication application(argc, argv);
     ToolkitMessages::letGo();

@@ -1,7 +1,7 @@
 #include "editor/options/PopUpValue.h"
 
 #include "platform/Resources.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <array>
 #include <cstddef>
@@ -129,10 +129,11 @@ Result<std::shared_ptr<PopUpValue>> readPopUpValue() {
     for (const TitleCount& needed : kTitleCounts) {
         const std::size_t count = (*basic)[needed.key].elements().size();
         if (count < needed.least)
-            return failure(say(ownText("scenewright::File",
-                                       "{0}: the list \"{1}\" holds {2} titles, and {3} are "
-                                       "needed"),
-                               fileName(), needed.key, count, needed.least));
+            return failure(
+                translated(sourceText("scenewright::File",
+                                      "{0}: the list \"{1}\" holds {2} titles, and {3} are "
+                                      "needed"),
+                           fileName(), needed.key, count, needed.least));
     }
     return popUpValueOf(*basic);
 }

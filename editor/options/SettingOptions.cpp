@@ -1,6 +1,6 @@
 #include "editor/options/SettingOptions.h"
 
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <algorithm>
 #include <array>
@@ -16,79 +16,79 @@ struct Row {
     std::string_view field;
     const OptionList* list;
     const OptionList* noteList; // for the number of a control that sends a note
-    OwnText title;
+    SourceText title;
 };
 
 using enum ControlKind;
 
 constexpr auto kRows = std::to_array<Row>({
     {Common, "GlobalMIDICh", &P::common_GlobalMIDICh_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Global MIDI channel")},
+     sourceText("scenewright::Setting", "Global MIDI channel")},
     {Common, "PianoKeyCh", &P::common_PianoKeyCh_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Keyboard MIDI channel")},
+     sourceText("scenewright::Setting", "Keyboard MIDI channel")},
     {Common, "PitchBendSpeed", &P::common_PitchBendSpeed_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Pitch-bend speed")},
+     sourceText("scenewright::Setting", "Pitch-bend speed")},
     {Common, "KeyTranspose", &P::common_KeyTranspose_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Octave transposition")},
+     sourceText("scenewright::Setting", "Octave transposition")},
     {Common, "KeyVelocityCurve", &P::common_KeyVelocityCurve_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Key velocity curve")},
+     sourceText("scenewright::Setting", "Key velocity curve")},
     {Common, "KeyConstVelocity", &P::common_KeyConstVelocity_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Key constant velocity")},
+     sourceText("scenewright::Setting", "Key constant velocity")},
     {Common, "PadVelocityCurve", &P::common_PadVelocityCurve_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Pad velocity curve")},
+     sourceText("scenewright::Setting", "Pad velocity curve")},
     {Common, "PadConstVelocity", &P::common_PadConstVelocity_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Pad constant velocity")},
+     sourceText("scenewright::Setting", "Pad constant velocity")},
     {Group, "MIDIChannel", &P::group_MIDIChannel_ArrayList, nullptr,
-     ownText("scenewright::Setting", "MIDI channel")},
+     sourceText("scenewright::Setting", "MIDI channel")},
     {Knob, "Enable", &P::knob_Enable_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Enabled")},
+     sourceText("scenewright::Setting", "Enabled")},
     {Knob, "CCOrNoteNumber", &P::knob_CCNumber_ArrayList, nullptr,
-     ownText("scenewright::Setting", "CC number")},
+     sourceText("scenewright::Setting", "CC number")},
     {Knob, "UpperOrRightValue", &P::knob_UpperOrRightValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Right value")},
+     sourceText("scenewright::Setting", "Right value")},
     {Knob, "LowerOrLeftValue", &P::knob_LowerOrLeftValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Left value")},
+     sourceText("scenewright::Setting", "Left value")},
     {Slider, "Enable", &P::slider_Enable_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Enabled")},
+     sourceText("scenewright::Setting", "Enabled")},
     {Slider, "CCOrNoteNumber", &P::slider_CCNumber_ArrayList, nullptr,
-     ownText("scenewright::Setting", "CC number")},
+     sourceText("scenewright::Setting", "CC number")},
     {Slider, "UpperOrRightValue", &P::slider_UpperOrRightValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Upper value")},
+     sourceText("scenewright::Setting", "Upper value")},
     {Slider, "LowerOrLeftValue", &P::slider_LowerOrLeftValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Lower value")},
+     sourceText("scenewright::Setting", "Lower value")},
     {Pad, "AssignType", &P::pad_AssignType_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Type")},
+     sourceText("scenewright::Setting", "Type")},
     {Pad, "CCOrNoteNumber", &P::pad_CCNumber_ArrayList, &P::pad_NoteNumber_ArrayList,
-     ownText("scenewright::Setting", "CC or note number")},
+     sourceText("scenewright::Setting", "CC or note number")},
     {Pad, "OnValue", &P::pad_OnValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "On value")},
+     sourceText("scenewright::Setting", "On value")},
     {Pad, "OffValue", &P::pad_OffValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Off value")},
+     sourceText("scenewright::Setting", "Off value")},
     {Pad, "PadBehavior", &P::pad_PadBehavior_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Behavior")},
+     sourceText("scenewright::Setting", "Behavior")},
     {Pad, "MIDIChannel", &P::pad_MIDIChannel_ArrayList, nullptr,
-     ownText("scenewright::Setting", "MIDI channel")},
-    {Pad, "CR", &P::pad_CR_ArrayList, nullptr, ownText("scenewright::Setting", "Red")},
-    {Pad, "CG", &P::pad_CG_ArrayList, nullptr, ownText("scenewright::Setting", "Green")},
-    {Pad, "CB", &P::pad_CB_ArrayList, nullptr, ownText("scenewright::Setting", "Blue")},
+     sourceText("scenewright::Setting", "MIDI channel")},
+    {Pad, "CR", &P::pad_CR_ArrayList, nullptr, sourceText("scenewright::Setting", "Red")},
+    {Pad, "CG", &P::pad_CG_ArrayList, nullptr, sourceText("scenewright::Setting", "Green")},
+    {Pad, "CB", &P::pad_CB_ArrayList, nullptr, sourceText("scenewright::Setting", "Blue")},
     {Key, "AssignType", &P::key_AssignType_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Type")},
+     sourceText("scenewright::Setting", "Type")},
     {Key, "CCOrNoteNumber", &P::key_CCNumber_ArrayList, &P::key_NoteNumber_ArrayList,
-     ownText("scenewright::Setting", "CC or note number")},
+     sourceText("scenewright::Setting", "CC or note number")},
     {Key, "OnValue", &P::key_OnValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "On value")},
+     sourceText("scenewright::Setting", "On value")},
     {Key, "OffValue", &P::key_OffValue_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Off value")},
+     sourceText("scenewright::Setting", "Off value")},
     {Key, "KeyBehavior", &P::key_KeyBehavior_ArrayList, nullptr,
-     ownText("scenewright::Setting", "Behavior")},
+     sourceText("scenewright::Setting", "Behavior")},
 });
 static_assert(std::size(kRows) == kSettingCount);
 
 // In the order of the kinds.
 constexpr std::array kKindTitles{
-    ownText("scenewright::Control", "Common"), ownText("scenewright::Control", "Group"),
-    ownText("scenewright::Control", "Knob"),   ownText("scenewright::Control", "Slider"),
-    ownText("scenewright::Control", "Pad"),    ownText("scenewright::Control", "Key"),
+    sourceText("scenewright::Control", "Common"), sourceText("scenewright::Control", "Group"),
+    sourceText("scenewright::Control", "Knob"),   sourceText("scenewright::Control", "Slider"),
+    sourceText("scenewright::Control", "Pad"),    sourceText("scenewright::Control", "Key"),
 };
 static_assert(kKindTitles.size() == std::size(kControlRanges));
 
@@ -132,11 +132,11 @@ std::string optionTitle(const PopUpValue& lists, const Setting& setting, const S
 
 std::string settingTitle(const Setting& setting) {
     const Row* row = rowOf(setting);
-    return row == nullptr ? std::string(setting.name()) : inLanguage(row->title);
+    return row == nullptr ? std::string(setting.name()) : translated(row->title);
 }
 
 std::string kindTitle(ControlKind kind) {
-    return inLanguage(kKindTitles.at(static_cast<std::size_t>(kind)));
+    return translated(kKindTitles.at(static_cast<std::size_t>(kind)));
 }
 
 } // namespace scenewright

@@ -11,11 +11,11 @@ namespace scenewright {
 About::About(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("About Scenewright"));
     setAccessibleName(windowTitle());
-    auto& column = owned<QVBoxLayout>(this);
+    auto& column = makeChild<QVBoxLayout>(this);
     column.setContentsMargins(26, 22, 26, 18);
     column.setSpacing(10);
     auto& heading =
-        owned<QLabel>(tr("Scenewright %1").arg(QStringLiteral(SCENEWRIGHT_VERSION)), this);
+        makeChild<QLabel>(tr("Scenewright %1").arg(QStringLiteral(SCENEWRIGHT_VERSION)), this);
     heading.setProperty("role", "heading");
     const QString versions =
         tr("Qt %1, built with Qt %2")
@@ -23,8 +23,8 @@ About::About(QWidget* parent) : QDialog(parent) {
     const QString text = tr("An editor for the four scenes of a USB MIDI keyboard controller.");
     column.addWidget(&heading);
     for (const QString& line : {text, versions})
-        column.addWidget(&owned<QLabel>(line, this));
-    auto& close = owned<QPushButton>(tr("&Close"), this);
+        column.addWidget(&makeChild<QLabel>(line, this));
+    auto& close = makeChild<QPushButton>(tr("&Close"), this);
     close.setAccessibleName(tr("Close"));
     close.setDefault(true);
     connect(&close, &QPushButton::clicked, this, &QDialog::accept);

@@ -75,7 +75,7 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files)
 }
 
 void BankCommands::addFileEntry(const FileEntry& entry) {
-    auto& action = owned<QAction>(entry.title, &window_.menu().file());
+    auto& action = makeChild<QAction>(entry.title, &window_.menu().file());
     action.setObjectName(QLatin1String(entry.name));
     action.setShortcut(entry.keys);
     window_.menu().file().insertAction(&window_.menu().quit(), &action);
@@ -83,14 +83,14 @@ void BankCommands::addFileEntry(const FileEntry& entry) {
 }
 
 QMenu& BankCommands::addMenu(const QString& title, const QString& name) {
-    auto& menu = owned<QMenu>(title, &window_.menu().file());
+    auto& menu = makeChild<QMenu>(title, &window_.menu().file());
     menu.setAccessibleName(name);
     window_.menu().file().insertMenu(&window_.menu().quit(), &menu);
     return menu;
 }
 
 void BankCommands::askForFile(const FileEntry& entry) {
-    auto& dialog = owned<QFileDialog>(&window_);
+    auto& dialog = makeChild<QFileDialog>(&window_);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
     dialog.setWindowTitle(
         QString(entry.title).remove(QLatin1Char('&')).remove(QLatin1String("...")));
@@ -181,7 +181,7 @@ void BankCommands::fillRecent() {
 
 void BankCommands::fillEarlier() {
     earlier_->clear();
-    for (const EarlierScenes::Bank& bank : files_.earlier().list()) {
+    for (const BackupStore::Bank& bank : files_.earlier().list()) {
         const auto since =
             std::chrono::floor<std::chrono::milliseconds>(bank.kept.time_since_epoch());
         const auto time = QDateTime::fromMSecsSinceEpoch(since.count());

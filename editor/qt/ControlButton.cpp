@@ -109,13 +109,13 @@ void ControlButton::describe() {
     setToolTip(summary_);
 }
 
-QRectF ControlButton::captionRoom() const {
-    const QRectF screen = scenewright::captionRoom(shapeOf(kind_, tag_), rect());
+QRectF ControlButton::captionRect() const {
+    const QRectF screen = scenewright::captionRect(shapeOf(kind_, tag_), rect());
     return screen.adjusted(kCaptionMargin, 0, -kCaptionMargin, 0);
 }
 
 CaptionSetting ControlButton::captionSetting() const {
-    return setCaption(shown(look_.title.text), captionRoom().size(), font(), look_.largestCaption);
+    return setCaption(shown(look_.title.text), captionRect().size(), font(), look_.largestCaption);
 }
 
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
@@ -124,7 +124,7 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     drawControl(painter, rect(),
                 {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
                  isDown(), underMouse() && isEnabled()});
-    drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
+    drawCaption(painter, captionRect(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));
     if (look_.image)
         drawResourceImage(painter, imageRoom(shapeOf(kind_, tag_), rect()), *look_.image);

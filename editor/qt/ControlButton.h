@@ -42,7 +42,7 @@ public:
     void setSummary(const QString& summary);
 
     // Where the title stands, and how it is set there.
-    [[nodiscard]] QRectF captionRoom() const;
+    [[nodiscard]] QRectF captionRect() const;
     [[nodiscard]] CaptionSetting captionSetting() const;
 
 signals:

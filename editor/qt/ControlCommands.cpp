@@ -7,7 +7,7 @@
 namespace scenewright {
 
 ControlCommands::ControlCommands(MainWindow& window) : window_(window) {
-    auto& menu = owned<QMenu>(tr("&Edit"), window.menuBar());
+    auto& menu = makeChild<QMenu>(tr("&Edit"), window.menuBar());
     menu.setAccessibleName(tr("Edit"));
     window.menuBar()->insertMenu(window.menu().device().menuAction(), &menu);
     const auto add = [&menu, this](const QString& title, const QString& keys,

@@ -45,7 +45,7 @@ Qt::ItemFlags ControlRows::flags(const QModelIndex& index) const {
 
 ControlList::ControlList(QWidget* parent) : QListView(parent) {
     setModel(&rows_);
-    setItemDelegate(&owned<RowDelegate>(this));
+    setItemDelegate(&makeChild<RowDelegate>(this));
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);

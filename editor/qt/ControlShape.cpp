@@ -58,12 +58,12 @@ void drawGroup(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, room, 7,
               look.isDown ? downward(room, kPlasticDark, kPlastic)
                           : downward(room, kPlastic, kPlasticDark));
-    drawScreen(painter, captionRoom(look.shape, room));
+    drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, room, 7, kTray);
-    const QRectF screen = captionRoom(look.shape, room);
+    const QRectF screen = captionRect(look.shape, room);
     drawScreen(painter, screen);
     const qreal space = screen.top() - room.top();
     const qreal radius = std::min(space, room.width()) * 0.43;
@@ -80,7 +80,7 @@ void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
 
 void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, room, 7, kTray);
-    const QRectF screen = captionRoom(look.shape, room);
+    const QRectF screen = captionRect(look.shape, room);
     drawScreen(painter, screen);
     const qreal top = room.top() + room.height() * 0.07;
     const qreal bottom = screen.top() - room.height() * 0.05;
@@ -106,21 +106,21 @@ void drawPad(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, face, 7, isLit ? look.light : kRubber);
     if (look.isDown)
         fillRound(painter, face, 7, QColor(0, 0, 0, 60));
-    drawScreen(painter, captionRoom(look.shape, room));
+    drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawWhiteKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, room, 4, kIvoryDark);
     fillRound(painter, room.adjusted(0, 0, 0, look.isDown ? -1 : -4), 4,
               downward(room, kIvoryDark, kIvory));
-    drawScreen(painter, captionRoom(look.shape, room));
+    drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawBlackKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
     fillRound(painter, room, 4, kEbonyDark);
     const QRectF top = room.adjusted(3, 0, -3, look.isDown ? -3 : -7);
     fillRound(painter, top, 3, downward(top, kEbonyDark, kEbony));
-    drawScreen(painter, captionRoom(look.shape, room));
+    drawScreen(painter, captionRect(look.shape, room));
 }
 
 using Draw = void (*)(QPainter&, const QRectF&, const ControlLook&);
@@ -140,7 +140,7 @@ ControlShape shapeOf(ControlKind kind, std::int32_t tag) {
                                                                      : ControlShape::BlackKey;
 }
 
-QRectF captionRoom(ControlShape shape, const QRectF& room) {
+QRectF captionRect(ControlShape shape, const QRectF& room) {
     const qreal margin = std::max(3.0, room.width() * kScreenMargin);
     switch (shape) {
     case ControlShape::Group:

@@ -31,6 +31,6 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
 [[nodiscard]] QRectF imageRoom(ControlShape shape, const QRectF& room);
 
 // The part of the place that carries the caption, on a dark ground in every shape.
-[[nodiscard]] QRectF captionRoom(ControlShape shape, const QRectF& room);
+[[nodiscard]] QRectF captionRect(ControlShape shape, const QRectF& room);
 
 } // namespace scenewright

@@ -1,7 +1,7 @@
 #include "editor/qt/DevicePicture.h"
 
 #include "editor/ControlDescription.h"
-#include "editor/qt/Neighbour.h"
+#include "editor/qt/ArrowTarget.h"
 #include "editor/qt/Owned.h"
 #include "editor/qt/Text.h"
 
@@ -14,7 +14,7 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kPictureSize(940, 384);
-constexpr QSize kLeastSize(620, 254);
+constexpr QSize kMinSize(620, 254);
 constexpr qreal kCaption = 12.5; // in the drawing's units
 
 QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {
@@ -34,10 +34,10 @@ void DevicePicture::makeButtons() {
         if (range.kind == ControlKind::Common)
             continue;
         for (std::int32_t tag = range.start; tag < range.end(); ++tag) {
-            auto& made = owned<ControlButton>(tag, range.kind, this);
+            auto& made = makeChild<ControlButton>(tag, range.kind, this);
             made.setAccessibleName(shown(controlName(tag)));
             connect(&made, &ControlButton::arrowPressed, this,
-                    [this, tag](int right, int down) { focusNeighbour(tag, right, down); });
+                    [this, tag](int right, int down) { focusArrowTarget(tag, right, down); });
             buttons_.at(static_cast<std::size_t>(tag - 1)) = &made;
         }
     }
@@ -69,7 +69,7 @@ QSize DevicePicture::sizeHint() const {
 }
 
 QSize DevicePicture::minimumSizeHint() const {
-    return kLeastSize;
+    return kMinSize;
 }
 
 QRectF DevicePicture::drawingArea() const {
@@ -93,7 +93,7 @@ void DevicePicture::paintEvent(QPaintEvent* /*event*/) {
     drawing_.drawBody(painter, drawingArea());
 }
 
-void DevicePicture::focusNeighbour(std::int32_t tag, int right, int down) {
+void DevicePicture::focusArrowTarget(std::int32_t tag, int right, int down) {
     const std::int32_t next =
         neighbourOf(tag, right, down, [this](std::int32_t other) { return drawing_.place(other); });
     button(next)->setFocus(Qt::OtherFocusReason);

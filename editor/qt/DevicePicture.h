@@ -40,7 +40,7 @@ protected:
 private:
     [[nodiscard]] QRectF drawingArea() const;
     void makeButtons();
-    void focusNeighbour(std::int32_t tag, int right, int down);
+    void focusArrowTarget(std::int32_t tag, int right, int down);
 
     DeviceDrawing drawing_;
     std::array<ControlButton*, kControlCount> buttons_{}; // children, in the order of their tags

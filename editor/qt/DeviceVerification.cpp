@@ -74,7 +74,7 @@ void DeviceVerification::compareFor(DeviceOperation operation) {
     QStringList lines;
     for (const Difference& difference : comparison.differences)
         lines.append(shown(differenceWords(difference)));
-    auto& dialog = owned<DifferenceDialog>(lines, &window_);
+    auto& dialog = makeChild<DifferenceDialog>(lines, &window_);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
     dialog.open();
 }

@@ -13,7 +13,7 @@ const QString kGeometryKey = QStringLiteral("geometry");
 } // namespace
 
 EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files)
-    : window_(window), keyboard_(&owned<KeyboardWatch>(std::move(look), &window.status())),
+    : window_(window), keyboard_(&makeChild<KeyboardWatch>(std::move(look), &window.status())),
       banks_(window, std::move(files)), controls_(window), verification_(window, banks_) {
     window.status().addMark(*keyboard_);
     const auto lookAgain = [this] { keyboard_->look(); };

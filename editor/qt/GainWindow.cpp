@@ -28,7 +28,7 @@ constexpr std::array<WriteLabel, GainWindow::kGains> kLabels{
 GainWindow::GainWindow(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Gain Panel"));
     setAccessibleName(windowTitle());
-    auto& grid = owned<QGridLayout>(this);
+    auto& grid = makeChild<QGridLayout>(this);
     grid.setContentsMargins(18, 16, 18, 16);
     grid.setHorizontalSpacing(8);
     grid.setVerticalSpacing(8);
@@ -39,12 +39,12 @@ GainWindow::GainWindow(QWidget* parent) : QDialog(parent) {
 }
 
 void GainWindow::makeGain(QGridLayout& grid, std::int32_t tag) {
-    auto& heading = owned<QLabel>(QString::number(tag), this);
+    auto& heading = makeChild<QLabel>(QString::number(tag), this);
     heading.setProperty("role", "heading");
-    auto& slider = owned<SliderBar>(tag, this);
+    auto& slider = makeChild<SliderBar>(tag, this);
     slider.setMinimumHeight(kSliderHeight);
     slider.setAccessibleName(tr("Gain %1").arg(tag));
-    auto& label = owned<TextLabel>(this);
+    auto& label = makeChild<TextLabel>(this);
     label.setAccessibleName(tr("Value of gain %1").arg(tag));
     label.setAlignment(Qt::AlignCenter);
     // As wide as its longest text, so that the panel does not move under the hand.
@@ -60,9 +60,9 @@ void GainWindow::makeGain(QGridLayout& grid, std::int32_t tag) {
 }
 
 void GainWindow::makeButtons(QGridLayout& grid) {
-    auto& standard = owned<QPushButton>(tr("De&fault"), this);
-    auto& apply = owned<QPushButton>(tr("&Apply"), this);
-    auto& ok = owned<QPushButton>(tr("&OK"), this);
+    auto& standard = makeChild<QPushButton>(tr("De&fault"), this);
+    auto& apply = makeChild<QPushButton>(tr("&Apply"), this);
+    auto& ok = makeChild<QPushButton>(tr("&OK"), this);
     for (QPushButton* button : {&standard, &apply, &ok})
         button->setAccessibleName(button->text().remove(QLatin1Char('&')));
     ok.setDefault(true);

@@ -54,7 +54,8 @@ void KeyboardWatch::follow(Result<DeviceMonitor> monitor) {
     if (!monitor)
         return;
     monitor_ = *std::move(monitor);
-    auto& notifier = owned<QSocketNotifier>(monitor_->descriptor(), QSocketNotifier::Read, this);
+    auto& notifier =
+        makeChild<QSocketNotifier>(monitor_->descriptor(), QSocketNotifier::Read, this);
     connect(&notifier, &QSocketNotifier::activated, this, [this] {
         monitor_->drain();
         look();

@@ -43,7 +43,7 @@ MainWindow::~MainWindow() {
 
 GainWindow& MainWindow::gainPanel() {
     if (gainPanel_ == nullptr)
-        gainPanel_ = &owned<GainWindow>(this);
+        gainPanel_ = &makeChild<GainWindow>(this);
     return *gainPanel_;
 }
 
@@ -91,7 +91,7 @@ void MainWindow::addSceneKeys() {
     constexpr std::array kKeys{Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4};
     for (int scene = 0; scene < kSceneCount; ++scene) {
         const QKeySequence keys(Qt::CTRL | kKeys.at(static_cast<std::size_t>(scene)));
-        auto& shortcut = owned<QShortcut>(keys, this);
+        auto& shortcut = makeChild<QShortcut>(keys, this);
         connect(&shortcut, &QShortcut::activated, &scenes_->segment(scene),
                 &QAbstractButton::click);
     }
@@ -100,7 +100,7 @@ void MainWindow::addSceneKeys() {
 void MainWindow::addAppearanceMenu() {
     QMenu& menu = *menu_->view().addMenu(tr("&Appearance"));
     menu.setAccessibleName(tr("Appearance"));
-    auto& group = owned<QActionGroup>(this);
+    auto& group = makeChild<QActionGroup>(this);
     const std::array titles{tr("As the &System"), tr("&Light"), tr("&Dark")};
     for (std::size_t place = 0; place < titles.size(); ++place) {
         const auto choice = static_cast<Appearance::Choice>(place);

@@ -27,7 +27,7 @@ Layout& nested(QBoxLayout& outer, int stretch = 0) {
 
 QPushButton& command(const QString& title, const QString& name, const QString& help,
                      QWidget* parent) {
-    auto& button = owned<QPushButton>(title, parent);
+    auto& button = makeChild<QPushButton>(title, parent);
     button.setAutoDefault(false);
     button.setAccessibleName(name);
     button.setToolTip(help);
@@ -42,33 +42,33 @@ QString withKeys(const QString& help, const QAction& action) {
 } // namespace
 
 void MainWindow::layOut() {
-    menu_ = &owned<MainMenu>(*menuBar());
-    auto& root = owned<QWidget>(this);
+    menu_ = &makeChild<MainMenu>(*menuBar());
+    auto& root = makeChild<QWidget>(this);
     root.setObjectName(QStringLiteral("root"));
     root.setAccessibleName(tr("Editor"));
-    auto& rows = owned<QVBoxLayout>(&root);
+    auto& rows = makeChild<QVBoxLayout>(&root);
     rows.setContentsMargins(12, 4, 12, 10);
     rows.setSpacing(kGap);
     setCentralWidget(&root);
     layOutHeader(nested<QHBoxLayout>(rows));
-    notices_ = &owned<NoticeBar>(&root);
+    notices_ = &makeChild<NoticeBar>(&root);
     rows.addWidget(notices_);
 
     auto& middle = nested<QHBoxLayout>(rows, 1);
-    list_ = &owned<ControlList>(&root);
+    list_ = &makeChild<ControlList>(&root);
     list_->setObjectName(QStringLiteral("controls"));
     list_->setAccessibleName(tr("Controls"));
     list_->setFixedWidth(kListWidth);
     middle.addWidget(list_);
     auto& right = nested<QVBoxLayout>(middle, 1);
-    picture_ = &owned<DevicePicture>(&root);
+    picture_ = &makeChild<DevicePicture>(&root);
     picture_->setAccessibleName(tr("Picture of the keyboard"));
     right.addWidget(picture_, 1);
-    panes_ = &owned<ValuePanes>(&root);
+    panes_ = &makeChild<ValuePanes>(&root);
     panes_->setAccessibleName(tr("Settings"));
     right.addWidget(panes_);
 
-    status_ = &owned<StatusLine>(&root);
+    status_ = &makeChild<StatusLine>(&root);
     status_->setAccessibleName(tr("Status line"));
     rows.addWidget(status_);
     resize(kWindowSize);
@@ -77,14 +77,14 @@ void MainWindow::layOut() {
 void MainWindow::layOutHeader(QHBoxLayout& header) {
     QWidget* root = centralWidget();
     const QStringList names{tr("Scene 1"), tr("Scene 2"), tr("Scene 3"), tr("Scene 4")};
-    scenes_ = &owned<SegmentBar>(names, root);
+    scenes_ = &makeChild<SegmentBar>(names, root);
     scenes_->setAccessibleName(tr("Scenes"));
     header.addWidget(scenes_);
     header.addStretch(1);
 
-    auto& label = owned<QLabel>(tr("Sho&w"), root);
+    auto& label = makeChild<QLabel>(tr("Sho&w"), root);
     label.setProperty("role", "field");
-    displayModes_ = &owned<PopUpBox>(root);
+    displayModes_ = &makeChild<PopUpBox>(root);
     displayModes_->setObjectName(QStringLiteral("displaySelect"));
     displayModes_->setAccessibleName(tr("What the picture shows"));
     displayModes_->setFixedWidth(kModesWidth);

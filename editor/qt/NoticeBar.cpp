@@ -11,8 +11,8 @@
 namespace scenewright {
 
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent), row_(&owned<QHBoxLayout>(this)), text_(&owned<QLabel>(this)),
-      close_(&owned<QPushButton>(tr("Dismiss"), this)) {
+    : QFrame(parent), row_(&makeChild<QHBoxLayout>(this)), text_(&makeChild<QLabel>(this)),
+      close_(&makeChild<QPushButton>(tr("Dismiss"), this)) {
     setObjectName(QStringLiteral("notice"));
     setAccessibleName(tr("Notice"));
     setProperty("panel", true);
@@ -80,7 +80,7 @@ void NoticeBar::showFirst() {
 }
 
 void NoticeBar::addAction(const NoticeAction& action) {
-    auto& button = owned<QPushButton>(action.title, this);
+    auto& button = makeChild<QPushButton>(action.title, this);
     button.setAccessibleName(action.title);
     button.setAutoDefault(false);
     row_->insertWidget(row_->indexOf(close_), &button);

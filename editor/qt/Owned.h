@@ -10,7 +10,7 @@ namespace scenewright {
 
 // A T made with the given arguments, whose last one is the parent that owns and deletes it.
 template <typename T, typename... Args>
-[[nodiscard]] T& owned(Args&&... args) {
+[[nodiscard]] T& makeChild(Args&&... args) {
     auto made = std::make_unique<T>(std::forward<Args>(args)...);
     Q_ASSERT(made->parent() != nullptr);
     return *made.release();

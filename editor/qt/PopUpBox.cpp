@@ -75,9 +75,9 @@ void PopUpBox::showPopup() {
     finishTyping();
     if (!hasEntryList_) {
         hasEntryList_ = true;
-        setView(&owned<EntryList>(*this, this));
+        setView(&makeChild<EntryList>(*this, this));
         view()->setTextElideMode(Qt::ElideNone);
-        setItemDelegate(&owned<RowDelegate>(this));
+        setItemDelegate(&makeChild<RowDelegate>(this));
     }
     QComboBox::showPopup();
 }

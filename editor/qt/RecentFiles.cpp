@@ -19,7 +19,7 @@ QStringList RecentFiles::list() {
     for (const QString& file : programSettings().value(kFilesKey).toStringList())
         if (QFileInfo::exists(file))
             existing.append(file);
-    return existing.mid(0, kMost);
+    return existing.mid(0, kMax);
 }
 
 void RecentFiles::add(const QString& file) {
@@ -27,7 +27,7 @@ void RecentFiles::add(const QString& file) {
     QStringList files = list();
     files.removeAll(whole);
     files.prepend(whole);
-    programSettings().setValue(kFilesKey, files.mid(0, kMost));
+    programSettings().setValue(kFilesKey, files.mid(0, kMax));
     setFolderOf(whole);
 }
 

@@ -10,7 +10,7 @@ class RecentFiles {
 public:
     RecentFiles() = delete;
 
-    static constexpr int kMost = 8;
+    static constexpr int kMax = 8;
 
     // Those that still exist, newest first.
     [[nodiscard]] static QStringList list();

@@ -11,11 +11,11 @@ namespace scenewright {
 
 SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(parent) {
     setProperty("segments", true);
-    auto& row = owned<QHBoxLayout>(this);
+    auto& row = makeChild<QHBoxLayout>(this);
     row.setContentsMargins(3, 3, 3, 3);
     row.setSpacing(2);
     for (int position = 0; position < names.size(); ++position) {
-        auto& button = owned<QPushButton>(names[position], this);
+        auto& button = makeChild<QPushButton>(names[position], this);
         button.setCheckable(true);
         button.setAutoDefault(false);
         button.setProperty("segment", true);

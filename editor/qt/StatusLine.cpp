@@ -7,8 +7,8 @@
 namespace scenewright {
 
 StatusLine::StatusLine(QWidget* parent)
-    : QFrame(parent), message_(&owned<TextLabel>(this)), busy_(&owned<BusyMark>(this)),
-      row_(&owned<QHBoxLayout>(this)) {
+    : QFrame(parent), message_(&makeChild<TextLabel>(this)), busy_(&makeChild<BusyMark>(this)),
+      row_(&makeChild<QHBoxLayout>(this)) {
     setProperty("panel", true);
     message_->setAccessibleDescription(tr("Status")); // its name is its text
     message_->QLabel::setText(tr("Ready"));

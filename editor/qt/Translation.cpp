@@ -1,7 +1,7 @@
 #include "editor/qt/Translation.h"
 
 #include "platform/Resources.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -36,7 +36,7 @@ bool loadOwn(QTranslator& translator, const QString& name) {
     });
 }
 
-std::string translated(OwnText text) {
+std::string toolkitTranslation(SourceText text) {
     return QCoreApplication::translate(text.context, text.written).toStdString();
 }
 
@@ -61,7 +61,7 @@ Translation::Translation(const QLocale& locale) {
                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&toolkit_);
     QCoreApplication::installTranslator(&own_);
-    setTranslator(&translated);
+    setTranslator(&toolkitTranslation);
 }
 
 Translation::~Translation() {

@@ -9,7 +9,7 @@ namespace scenewright {
 
 namespace {
 
-bool isIt(const QString& entry, const QString& typed) {
+bool equalsIgnoringCase(const QString& entry, const QString& typed) {
     return entry.compare(typed, Qt::CaseInsensitive) == 0;
 }
 
@@ -24,7 +24,7 @@ bool hasWordOfIt(const QString& entry, const QString& typed) {
 } // namespace
 
 int findTyped(const QStringList& entries, const QString& typed) {
-    constexpr std::array kRules{&isIt, &beginsWithIt, &hasWordOfIt};
+    constexpr std::array kRules{&equalsIgnoringCase, &beginsWithIt, &hasWordOfIt};
     for (const auto& rule : kRules) {
         const auto found =
             std::ranges::find_if(entries, [&](const QString& entry) { return rule(entry, typed); });

@@ -40,9 +40,10 @@ QString colourWords(const Colour& colour) {
 } // namespace
 
 ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
-    auto& stack = owned<QGridLayout>(this);
+    auto& stack = makeChild<QGridLayout>(this);
     stack.setContentsMargins(0, 0, 0, 0);
-    hint_ = &owned<QLabel>(tr("No control is chosen. Click one on the picture or in the list, or "
+    hint_ =
+        &makeChild<QLabel>(tr("No control is chosen. Click one on the picture or in the list, or "
                               "press Return on a row of the list."),
                            this);
     hint_->setAlignment(Qt::AlignCenter);
@@ -53,11 +54,11 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
         makePane(range.kind);
     // A field is made inside its pane: each later change of a widget's parent styles it anew.
     Body& common = bodies_[placeOf(ControlKind::Common)];
-    sceneName_ = &owned<TextLine>(common.frame);
+    sceneName_ = &makeChild<TextLine>(common.frame);
     addField(common, tr("Scene name"), *sceneName_);
     for (const ValuePopUp& row : valuePopUps()) {
         Body& body = bodies_.at(placeOf(row.pane()));
-        auto& box = owned<PopUpBox>(body.frame);
+        auto& box = makeChild<PopUpBox>(body.frame);
         box.setObjectName(shown(row.outlet->name));
         popUps_[row.outlet->name] = &box;
         addField(body, shown(settingTitle(row.setting)), box);
@@ -70,12 +71,12 @@ void ValuePanes::makePane(ControlKind kind) {
     Body& body = bodies_.at(placeOf(kind));
     //: The letters marked in the menu bar and in "Show", in any order.
     body.taken = tr("fedvhw");
-    body.frame = &owned<PaneFrame>(this);
+    body.frame = &makeChild<PaneFrame>(this);
     body.frame->setAccessibleName(tr("Settings of the chosen control"));
-    auto& column = owned<QVBoxLayout>(body.frame);
+    auto& column = makeChild<QVBoxLayout>(body.frame);
     column.setContentsMargins(14, 9, 14, 12);
     column.setSpacing(6);
-    body.heading = &owned<QLabel>(body.frame);
+    body.heading = &makeChild<QLabel>(body.frame);
     body.heading->setProperty("role", "heading");
     column.addWidget(body.heading);
     auto fields = std::make_unique<QGridLayout>();
@@ -90,7 +91,7 @@ void ValuePanes::makePane(ControlKind kind) {
 }
 
 void ValuePanes::addField(Body& body, const QString& title, QWidget& field) {
-    auto& label = owned<QLabel>(withMnemonic(title, body.taken), body.frame);
+    auto& label = makeChild<QLabel>(withMnemonic(title, body.taken), body.frame);
     label.setProperty("role", "field");
     label.setBuddy(&field);
     label.setContentsMargins(1, body.count < kColumns ? 0 : kRowGap, 0, 0);
@@ -103,7 +104,7 @@ void ValuePanes::addField(Body& body, const QString& title, QWidget& field) {
 }
 
 void ValuePanes::addSwatch(Body& body) {
-    swatch_ = &owned<QLabel>(body.frame);
+    swatch_ = &makeChild<QLabel>(body.frame);
     swatch_->setAutoFillBackground(true);
     addField(body, tr("Mixed colour"), *swatch_);
 }

@@ -50,7 +50,7 @@ protected:
     }
 
     TempFolder folder;
-    StoreFiles files{EarlierScenes(folder.path() / "backups")};
+    StoreFiles files{BackupStore(folder.path() / "backups")};
     std::shared_ptr<PopUpValue> lists = WindowAction::InitializePopUp();
 };
 
@@ -85,7 +85,7 @@ TEST_F(StoreFilesTest, ABadBankChangesNothing) {
 }
 
 TEST_F(StoreFilesTest, WhatCannotBeKeptIsToldAndTheBankOpened) {
-    const StoreFiles blocked{EarlierScenes(bankFile() + "/backups")};
+    const StoreFiles blocked{BackupStore(bankFile() + "/backups")};
     const auto outcome = blocked.openBank(folder.file("a.bank"));
     EXPECT_TRUE(outcome.isDone);
     ASSERT_TRUE(outcome.trouble);

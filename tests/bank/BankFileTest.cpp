@@ -64,19 +64,19 @@ TEST(BankFile, ContentTellsTheFormWhateverTheName) {
     testing::writeBytes(folder.file("image.json"), testing::knownImage());
     const BankFile text = readBank(folder.file("text.bank"));
     const BankFile image = readBank(folder.file("image.json"));
-    EXPECT_EQ(text.form, BankForm::Json);
-    EXPECT_EQ(image.form, BankForm::Image);
+    EXPECT_EQ(text.form, BankFormat::Json);
+    EXPECT_EQ(image.form, BankFormat::Image);
     EXPECT_EQ(encodeBank(text.scenes), testing::knownImage());
     EXPECT_EQ(encodeBank(image.scenes), testing::knownImage());
 }
 
 TEST(BankFile, NameAsksForTheFormOfANewFile) {
-    EXPECT_EQ(formForName("a/b.json"), BankForm::Json);
-    EXPECT_EQ(formForName("B.JSON"), BankForm::Json);
-    EXPECT_EQ(formForName("b.bank"), BankForm::Image);
-    EXPECT_EQ(formForName("json"), BankForm::Image);
-    EXPECT_EQ(formForName(".json"), BankForm::Image);
-    EXPECT_EQ(formForName("b.json.bak"), BankForm::Image);
+    EXPECT_EQ(formatForName("a/b.json"), BankFormat::Json);
+    EXPECT_EQ(formatForName("B.JSON"), BankFormat::Json);
+    EXPECT_EQ(formatForName("b.bank"), BankFormat::Image);
+    EXPECT_EQ(formatForName("json"), BankFormat::Image);
+    EXPECT_EQ(formatForName(".json"), BankFormat::Image);
+    EXPECT_EQ(formatForName("b.json.bak"), BankFormat::Image);
 }
 
 TEST(BankFile, ByteOrderMarkAndBlanksMayStandBeforeTheText) {
@@ -173,10 +173,10 @@ TEST(BankFile, BothFormsAreWrittenAndReadBack) {
     const TempFolder folder;
     const auto lists = loadPopUpValue();
     const SceneList scenes = testing::knownScenes();
-    ASSERT_TRUE(writeBank(folder.file("a"), scenes, BankForm::Json, *lists));
-    ASSERT_TRUE(writeBank(folder.file("b"), scenes, BankForm::Image, *lists));
+    ASSERT_TRUE(writeBank(folder.file("a"), scenes, BankFormat::Json, *lists));
+    ASSERT_TRUE(writeBank(folder.file("b"), scenes, BankFormat::Image, *lists));
     EXPECT_EQ(testing::readBytes(folder.file("a")), bytesOf(testing::knownJson()));
-    EXPECT_EQ(testing::readBytes(folder.file("b")), bankBytes(scenes, BankForm::Image, *lists));
+    EXPECT_EQ(testing::readBytes(folder.file("b")), bankBytes(scenes, BankFormat::Image, *lists));
     EXPECT_EQ(encodeBank(readBank(folder.file("b")).scenes), testing::knownImage());
 }
 

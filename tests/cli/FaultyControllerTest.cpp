@@ -144,8 +144,8 @@ TEST_F(FaultyController, EachCommandTellsThatThereIsNoController) {
             if (const auto place = line.find(word); place != std::string::npos)
                 line.replace(place, std::string(word).size(), folder.file(file));
         const CommandRun outcome =
-            runOn(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}), BankKeeper({}),
-                                  {.vendor = 1}),
+            runOn(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
+                                  BankFileStore({}), {.vendor = 1}),
                   line);
         EXPECT_EQ(outcome.exitCode, row.exitCode) << line;
         EXPECT_EQ(outcome.output, "") << line;

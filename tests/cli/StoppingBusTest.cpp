@@ -213,7 +213,7 @@ private:
     std::shared_ptr<UsbHost> inner_;
 };
 
-struct Ending {
+struct ProgramEnd {
     int status = 0;
     std::string errors;
     std::string letters;
@@ -223,11 +223,11 @@ class StoppingBusTest : public ::testing::Test {
 protected:
     StoppingBusTest() { testing::writeBytes(folder_.file("zeros"), BankImage{}); }
 
-    Ending run(const std::string& line, Place place, Stop stop) {
+    ProgramEnd run(const std::string& line, Place place, Stop stop) {
         const pid_t child = fork();
         if (child == 0)
             _exit(runHere(line, place, stop));
-        Ending ending;
+        ProgramEnd ending;
         EXPECT_EQ(waitpid(child, &ending.status, 0), child);
         for (const auto& [name, text] :
              {std::pair{"errors", &ending.errors}, std::pair{"letters", &ending.letters}}) {
@@ -322,7 +322,7 @@ std::optional<std::string> endOf(const Stage& stage, std::size_t stop, const std
            ". " + (isUnplug ? kReplug : kAgain);
 }
 
-void expectEnd(const Ending& ending, const std::optional<std::string>& sentence) {
+void expectEnd(const ProgramEnd& ending, const std::optional<std::string>& sentence) {
     if (!sentence) {
         EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == SIGTERM)
             << ending.status;
@@ -344,7 +344,8 @@ TEST_F(StoppingBusTest, AReadWritesNoFileSaysWhyAndGivesTheInterfaceBack) {
     for (const Stage& stage : kReadStages)
         for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
             SCOPED_TRACE(std::string(stage.place.stage) + ", " + std::to_string(stop));
-            const Ending ending = run("read " + folder_.file("new"), stage.place, kStops.at(stop));
+            const ProgramEnd ending =
+                run("read " + folder_.file("new"), stage.place, kStops.at(stop));
             expectEnd(ending, endOf(stage, stop, none, none));
             EXPECT_EQ(ending.letters, *stage.where == '\0' ? "" : "OR");
             EXPECT_EQ(folder_.names(), std::vector<std::string>{"zeros"});
@@ -355,7 +356,7 @@ TEST_F(StoppingBusTest, ASendSaysWhatTheKeyboardMayHoldAndGivesTheInterfaceBack)
     for (const Stage& stage : kSendStages)
         for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
             SCOPED_TRACE(std::string(stage.place.stage) + ", " + std::to_string(stop));
-            const Ending ending =
+            const ProgramEnd ending =
                 run("send " + folder_.file("zeros"), stage.place, kStops.at(stop));
             expectEnd(ending, endOf(stage, stop, "nothing was sent",
                                     "the keyboard may hold half a bank, and sending again repairs "
@@ -370,7 +371,7 @@ TEST_F(StoppingBusTest, WhatComesAfterTheEndIsNoMatter) {
         for (const auto& [line, place] :
              {std::pair{"read " + folder_.file("new"), Place{"after", Step::Write, 1016}},
               std::pair{"send " + folder_.file("zeros"), Place{"after", Step::Read, 4}}}) {
-            const Ending ending = run(line, place, stop);
+            const ProgramEnd ending = run(line, place, stop);
             EXPECT_TRUE(WIFEXITED(ending.status) && WEXITSTATUS(ending.status) == 0);
             EXPECT_EQ(ending.errors, "");
             EXPECT_EQ(ending.letters, "OR");

@@ -22,7 +22,7 @@ namespace scenewright::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
+using Translator = std::vector<std::string>;
 
 const std::string kOutputError = "scenewright-cli: standard output could not be written\n";
 
@@ -62,7 +62,7 @@ protected:
         writeBytes(file("b.bank"), randomBank(2));
         fs::create_symlink("a.bank", file("link.bank"));
     }
-    static ProgramRun runWith(Words arguments, const std::vector<GivenDescriptor>& given) {
+    static ProgramRun runWith(Translator arguments, const std::vector<GivenDescriptor>& given) {
         arguments.insert(arguments.begin(), kProgram);
         return runProgram(arguments, {}, given);
     }
@@ -80,9 +80,9 @@ TEST_F(Surroundings, ErrorThatCannotBeToldChangesNoExitCode) {
     const FileDescriptor left = withoutReader();
     const Pipe stuck = fullPipe();
     for (const int source : {full.get(), left.get(), stuck.writer.get(), GivenDescriptor::kClosed})
-        for (const Words& arguments :
-             {Words{"show", file("none")}, Words{"dance"}, Words{"set", file("a.bank"), "x=1"},
-              Words{"--virtual", "send", file("none")}})
+        for (const Translator& arguments : {Translator{"show", file("none")}, Translator{"dance"},
+                                            Translator{"set", file("a.bank"), "x=1"},
+                                            Translator{"--virtual", "send", file("none")}})
             EXPECT_EQ(runWith(arguments, {{2, source}}).exitCode, 2) << source << arguments[0];
 }
 
@@ -105,7 +105,7 @@ TEST_F(Surroundings, ResultThatCannotBeWrittenIsAnError) {
     const FileDescriptor full = opened("/dev/full");
     const FileDescriptor left = withoutReader();
     const std::string held = "--virtual=" + file("b.bank");
-    const std::vector<std::pair<Words, int>> commands{
+    const std::vector<std::pair<Translator, int>> commands{
         {{"--help"}, 1},
         {{"--version"}, 1},
         {{"show", "--help"}, 1},
@@ -138,7 +138,7 @@ TEST_F(Surroundings, NoFileIsOverwrittenUnderAnotherOptionsName) {
     const std::string a = file("a.bank");
     const std::string b = file("b.bank");
     const std::string link = file("link.bank");
-    const std::vector<std::pair<Words, std::string>> commands{
+    const std::vector<std::pair<Translator, std::string>> commands{
         {{"--log", a, "show", a},
          "--log " + a + ": it would overwrite the bank that is to be shown"},
         {{"--console", a, "show", link},
@@ -167,7 +167,7 @@ TEST_F(Surroundings, NoFileIsOverwrittenUnderAnotherOptionsName) {
     for (const auto& [arguments, sentence] : commands) {
         expectSentence(run(arguments), 2, "scenewright-cli: " + sentence + "\n");
         expectBanksAsTheyWere();
-        EXPECT_EQ(names(), (Words{"a.bank", "b.bank", "link.bank"})) << sentence;
+        EXPECT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"})) << sentence;
     }
 }
 
@@ -240,7 +240,7 @@ TEST_F(Surroundings, FileSizeLimitIsAWriteThatFails) {
             .exitCode,
         2);
     expectBanksAsTheyWere();
-    EXPECT_EQ(names(), (Words{"a.bank", "b.bank", "link.bank"}));
+    EXPECT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"}));
 }
 
 TEST_F(Surroundings, StreamsFileThatIsNotWholeIsToldOnceAtTheEnd) {
@@ -328,7 +328,7 @@ const std::vector<std::vector<std::string>> kWriters{
 TEST_F(Surroundings, SignalLeavesNoFileBehind) {
     constexpr int kRuns = 40;
     constexpr useconds_t kLonger = 400; // microseconds: past the end of a run
-    for (const Words& words : kWriters)
+    for (const Translator& words : kWriters)
         for (int run = 0; run < kRuns; ++run) {
             const pid_t child = fork();
             if (child == 0) {
@@ -346,7 +346,7 @@ TEST_F(Surroundings, SignalLeavesNoFileBehind) {
             int status = 0;
             ASSERT_EQ(waitpid(child, &status, 0), child);
             fs::remove(file("out.bank"));
-            ASSERT_EQ(names(), (Words{"a.bank", "b.bank", "link.bank"})) << words[0] << run;
+            ASSERT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"})) << words[0] << run;
         }
     for (const char* name : {"a.bank", "b.bank"})
         EXPECT_EQ(readBytes(file(name)).size(), 1012U);

@@ -43,7 +43,7 @@ void CommandsBench::close() {
     window_.reset();
 }
 
-void CommandsBench::plugIn(FaultPlan faults, BankKeeper keeper) {
+void CommandsBench::plugIn(FaultPlan faults, BankFileStore keeper) {
     controller =
         std::make_shared<VirtualController>(encodeBank(WindowAction::scenes()), std::move(faults));
     host = makeVirtualHost(controller, std::move(keeper));
@@ -52,7 +52,7 @@ void CommandsBench::plugIn(FaultPlan faults, BankKeeper keeper) {
 
 void CommandsBench::unplug() {
     Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
-                                              BankKeeper({}), {.vendor = 1}));
+                                              BankFileStore({}), {.vendor = 1}));
 }
 
 QString CommandsBench::file(const char* name) const {

@@ -5,7 +5,7 @@
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/QuitController.h"
 #include "tests/support/TempFolder.h"
-#include "virtual/BankKeeper.h"
+#include "virtual/BankFileStore.h"
 #include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 
@@ -24,7 +24,7 @@ protected:
     void open(KeyboardWatch::Look look = nullptr);
     void close();
     // From the next transaction on.
-    void plugIn(FaultPlan faults = {}, BankKeeper keeper = BankKeeper({}));
+    void plugIn(FaultPlan faults = {}, BankFileStore keeper = BankFileStore({}));
     static void unplug();
 
     MainWindow& window() { return *window_; }
@@ -33,7 +33,7 @@ protected:
     // What is shown of the notices.
     [[nodiscard]] QString notice() const { return window_->notices().text(); }
     NoticeBar& notices() { return window_->notices(); }
-    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
+    [[nodiscard]] const BackupStore& earlier() const { return earlier_; }
     [[nodiscard]] QString file(const char* name) const;
     // The stored record of a control, 1 to 45, of the first scene.
     static ButtonValue& record(std::int32_t control);
@@ -48,7 +48,7 @@ protected:
     std::shared_ptr<VirtualHost> host;
 
 private:
-    EarlierScenes earlier_{folder.path() / "backups"};
+    BackupStore earlier_{folder.path() / "backups"};
     MainLoop loop_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<QuitController> quit_;

@@ -245,7 +245,7 @@ TEST_F(DeviceVerificationTest, ASendWithoutAThreadIsToldAndSendsNothing) {
 }
 
 TEST_F(DeviceVerificationTest, AVirtualMemoryThatCannotBeWrittenIsTold) {
-    plugIn({}, BankKeeper(folder.file("none/held.bank")));
+    plugIn({}, BankFileStore(folder.file("none/held.bank")));
     press(Qt::Key_Return);
     waitForSend();
     EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");

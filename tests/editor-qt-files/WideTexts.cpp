@@ -31,7 +31,7 @@ QString widened(QString text) {
     return text;
 }
 
-std::string translated(OwnText text) {
+std::string widened(SourceText text) {
     return QCoreApplication::translate(text.context, text.written).toStdString();
 }
 
@@ -82,7 +82,7 @@ QString WideTranslator::translate(const char* context, const char* text,
 
 WideTexts::WideTexts() {
     QCoreApplication::installTranslator(&translator_);
-    setTranslator(&translated);
+    setTranslator(&widened);
 }
 
 WideTexts::~WideTexts() {

@@ -2,7 +2,7 @@
 // ones. What shows plain letters has not gone through the translation.
 #pragma once
 
-#include "platform/Words.h"
+#include "platform/Translator.h"
 
 #include <QStringList>
 #include <QTranslator>

@@ -120,7 +120,7 @@ TEST_P(Titles, FitTheirControlsAndAreGreen) {
         EXPECT_TRUE(setting.fits) << tag << " " << title.text;
         EXPECT_GE(setting.font.pixelSize(), kSmallestCaption);
         EXPECT_EQ(title.colour, (Colour{50, 180, 50})) << tag;
-        EXPECT_TRUE(QRectF(button->rect()).contains(button->captionRoom()));
+        EXPECT_TRUE(QRectF(button->rect()).contains(button->captionRect()));
     }
 }
 

@@ -189,7 +189,7 @@ TEST(ControlShape, CaptionStandsInsideTheControlOnADarkGround) {
         image.fill(Qt::white);
         QPainter painter(&image);
         drawControl(painter, room, {static_cast<ControlShape>(shape), Qt::white});
-        const QRectF caption = captionRoom(static_cast<ControlShape>(shape), room);
+        const QRectF caption = captionRect(static_cast<ControlShape>(shape), room);
         EXPECT_TRUE(room.contains(caption)) << shape;
         EXPECT_LT(QColor(image.pixel(caption.center().toPoint())).lightness(), 20) << shape;
     }

@@ -118,7 +118,7 @@ TEST_F(DeviceCommandsTest, TellsWhatEachCommandDid) {
 TEST_F(DeviceCommandsTest, TellsThatTheControllerIsMissing) {
     open();
     Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
-                                              BankKeeper({}), {.vendor = 1}));
+                                              BankFileStore({}), {.vendor = 1}));
     read();
     EXPECT_EQ(message(), "Could not connect to midi device");
     ASSERT_EQ(reads().size(), 1U);

@@ -1,7 +1,7 @@
 // The drawing of the keyboard: what its places must be, read from the file itself.
+#include "editor/qt/ArrowTarget.h"
 #include "editor/qt/ControlShape.h"
 #include "editor/qt/DeviceDrawing.h"
-#include "editor/qt/Neighbour.h"
 #include "platform/Resources.h"
 #include "tests/support/TempFolder.h"
 
@@ -128,30 +128,30 @@ std::int32_t next(std::int32_t tag, int right, int down) {
     return neighbourOf(tag, right, down, [](std::int32_t other) { return drawing.place(other); });
 }
 
-TEST(Neighbour, KeysGoFromOneSemitoneToTheNext) {
+TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNext) {
     EXPECT_EQ(next(21, 1, 0), 22);
     EXPECT_EQ(next(22, 1, 0), 23);
     EXPECT_EQ(next(23, -1, 0), 22);
 }
 
-TEST(Neighbour, KeysEndAtTheEnds) {
+TEST(ArrowTarget, KeysEndAtTheEnds) {
     EXPECT_EQ(next(21, -1, 0), 21);
     EXPECT_EQ(next(45, 1, 0), 45);
     EXPECT_EQ(next(21, 0, 1), 21);
 }
 
-TEST(Neighbour, PadsGoAlongTheirRowsAndBetweenThem) {
+TEST(ArrowTarget, PadsGoAlongTheirRowsAndBetweenThem) {
     EXPECT_EQ(next(13, 1, 0), 14);
     EXPECT_EQ(next(13, 0, 1), 17);
     EXPECT_EQ(next(17, 0, -1), 13);
 }
 
-TEST(Neighbour, FromThePadsDownToTheKeysAndBack) {
+TEST(ArrowTarget, FromThePadsDownToTheKeysAndBack) {
     EXPECT_GE(next(17, 0, 1), 21);
     EXPECT_LT(next(45, 0, -1), 21);
 }
 
-TEST(Neighbour, EveryControlCanBeReachedWithArrowsAlone) {
+TEST(ArrowTarget, EveryControlCanBeReachedWithArrowsAlone) {
     std::vector<std::int32_t> open{1};
     QSet<std::int32_t> reached{1};
     while (!open.empty()) {

@@ -63,7 +63,7 @@ bool keepNotices(MainWindow& window, EditorCommands& commands, const Keep& keep)
         return false;
     WindowAction::scenes()[0]->buttonValueArray()[13]->setCR(6);
     Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
-                                              BankKeeper({}), {.vendor = 1}));
+                                              BankFileStore({}), {.vendor = 1}));
     window.notices().withdraw(Notice::Source::Files);
     window.commands().read();
     settle(window);

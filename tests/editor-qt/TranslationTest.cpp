@@ -3,7 +3,7 @@
 
 #include "editor/ValuePopUps.h"
 #include "editor/options/SettingOptions.h"
-#include "platform/Words.h"
+#include "platform/Translator.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QLabel>

@@ -23,7 +23,7 @@ std::string withoutComment(std::string_view line) {
 }
 
 Lines rightLines() {
-    const auto bytes = bankBytes(defaultScenes(), BankForm::Json, optionLists());
+    const auto bytes = bankBytes(defaultScenes(), BankFormat::Json, optionLists());
     Lines lines;
     for (const std::string& line : split(textOf(bytes), '\n'))
         if (line.find(" \"//\"") == std::string::npos)
@@ -96,11 +96,11 @@ std::string joined(const Lines& lines) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenewright::fuzz;
-    constexpr int kMostEdits = 16;
+    constexpr int kMaxEdits = 16;
     static const Lines right = rightLines();
     Input input(data, size);
     Lines lines = right;
-    for (int i = 0; i < kMostEdits && !input.isUsedUp() && !lines.empty(); ++i)
+    for (int i = 0; i < kMaxEdits && !input.isUsedUp() && !lines.empty(); ++i)
         edit(lines, input);
     checkBank(bytesOf(joined(lines)));
     return 0;

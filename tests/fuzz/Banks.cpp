@@ -18,10 +18,10 @@ bool looksLikeText(std::span<const std::uint8_t> image) {
            });
 }
 
-void checkWritten(const SceneList& scenes, BankForm form) {
+void checkWritten(const SceneList& scenes, BankFormat form) {
     const auto bytes = bankBytes(scenes, form, optionLists());
     const BankImage image = encodeBank(scenes);
-    if (form == BankForm::Image && looksLikeText(image))
+    if (form == BankFormat::Image && looksLikeText(image))
         return;
     const BankFile again = parseBank(bytes, kName);
     check(!again.trouble, "a bank that was written is refused");
@@ -45,10 +45,10 @@ void checkBank(std::span<const std::uint8_t> bytes) {
         return;
     }
     check(file.scenes.size() == kSceneCount, "a bank of another count of scenes");
-    if (file.form == BankForm::Image)
+    if (file.form == BankFormat::Image)
         check(std::ranges::equal(encodeBank(file.scenes), bytes), "an image changes by reading");
-    checkWritten(file.scenes, BankForm::Image);
-    checkWritten(file.scenes, BankForm::Json);
+    checkWritten(file.scenes, BankFormat::Image);
+    checkWritten(file.scenes, BankFormat::Json);
     const SceneValue& first = *file.scenes.front();
     const BankContent alone = readSceneJson(writeSceneJson(first, optionLists()));
     check(!alone.trouble && encodeScene(*alone.scenes.front()) == encodeScene(first),

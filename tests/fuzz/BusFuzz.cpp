@@ -31,9 +31,9 @@ using testing::FakeLibusb;
 using testing::fakeLibusb;
 using testing::Holder;
 
-constexpr int kMostOrders = 16;
+constexpr int kMaxOrders = 16;
 constexpr int kAttempts = 3; // at the handshake
-constexpr std::size_t kLongestText = 80;
+constexpr std::size_t kMaxTextSize = 80;
 constexpr std::size_t kErrors = 13; // of the library, from -1
 constexpr int kInterrupted = -10;
 
@@ -142,7 +142,7 @@ void checkLines(const std::string& text) {
 void checkList(Input& input) {
     static DeviceWords words;
     for (const char* const name : {"manufacturer", "product", "1-1:1.1/bInterfaceClass"})
-        words.write(name, input.bytes(input.below(kLongestText)));
+        words.write(name, input.bytes(input.below(kMaxTextSize)));
     const auto devices = attachedDevices({.devices = words.path(), .nodes = words.path()});
     check(devices.size() == 1, "the device is not listed");
     const DeviceListPlace place{{{0x1209, 0x0001}}, "/list/project.plist", "/own/project.plist"};
@@ -165,7 +165,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     FakeLibusb& bus = fakeLibusb();
     bus.reset();
-    const std::size_t orders = input.below(kMostOrders);
+    const std::size_t orders = input.below(kMaxOrders);
     for (std::size_t i = 0; i < orders; ++i)
         order(bus, input);
     connect();

@@ -27,7 +27,7 @@ using testing::Bytes;
 using testing::FakeController;
 using testing::HostScript;
 
-constexpr int kMostOrders = 24;
+constexpr int kMaxOrders = 24;
 constexpr std::size_t kLongestReply = 70; // longer than any read asks for
 // A handshake is repeated for ever; this is more writes than the longest ordered transaction makes.
 constexpr std::size_t kPatience = 1400;
@@ -131,7 +131,7 @@ void orderReplies(HostScript& script, FakeController& controller, Input& input) 
 class Run {
 public:
     explicit Run(Input& input) : isSend_(input.below(2) == 1) {
-        for (int i = 0; i < kMostOrders && !input.isUsedUp(); ++i) {
+        for (int i = 0; i < kMaxOrders && !input.isUsedUp(); ++i) {
             if (input.below(2) == 0)
                 orderUsb(*script_, input);
             else

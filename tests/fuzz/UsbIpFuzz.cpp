@@ -22,7 +22,7 @@ using usbip::ByteView;
 using usbip::Session;
 
 constexpr std::size_t kFaultKinds = 7;
-constexpr std::size_t kMostFaults = 3;
+constexpr std::size_t kMaxFaults = 3;
 
 struct Setting {
     Session::Start start = Session::Start::Asking;
@@ -35,7 +35,7 @@ Setting settingFrom(Input& input) {
     Setting setting;
     setting.start = input.below(2) == 0 ? Session::Start::Asking : Session::Start::Attached;
     setting.identity.interfaces = static_cast<std::uint8_t>(1 + input.below(2));
-    const std::size_t faults = input.below(kMostFaults + 1);
+    const std::size_t faults = input.below(kMaxFaults + 1);
     for (std::size_t i = 0; i < faults; ++i) {
         const auto kind = static_cast<Fault::Kind>(input.below(kFaultKinds));
         setting.faults.push_back({kind, input.u16()});

@@ -31,15 +31,15 @@ TEST(ValueAction, TableOf255HoldsEveryByte) {
 }
 
 TEST(ValueAction, ForwardLookupOutsideItsTableGivesZero) {
-    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-    for (const std::int32_t index : {kLeast, -1, 256, kMost})
+    constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+    for (const std::int32_t index : {kMin, -1, 256, kMax})
         EXPECT_EQ(ValueAction::GetFrom255WithIndex(index), 0) << index;
-    for (const std::int32_t index : {kLeast, -1, 128, kMost})
+    for (const std::int32_t index : {kMin, -1, 128, kMax})
         EXPECT_EQ(ValueAction::GetFrom127WithIndex(index), 0) << index;
-    for (const std::int32_t index : {kLeast, -1, 64, kMost})
+    for (const std::int32_t index : {kMin, -1, 64, kMax})
         EXPECT_EQ(ValueAction::GetButtonIDCharFromIndex(index), 0) << index;
-    for (const std::int32_t index : {kLeast, -1, 2, kMost})
+    for (const std::int32_t index : {kMin, -1, 2, kMax})
         EXPECT_EQ(ValueAction::GetGlobalKnobRelativeModeCharFromIndex(index), 0) << index;
 }
 

@@ -105,7 +105,7 @@ double milliseconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
 }
 
-int complain(const char* sentence) {
+int reportError(const char* sentence) {
     fmt::print(stderr, "{}\n", sentence);
     return EXIT_FAILURE;
 }
@@ -115,11 +115,11 @@ int complain(const char* sentence) {
 int main(int argc, char** argv) {
     Display display;
     if (argc < 2 || !display.isOpen())
-        return complain("give a program, and a display that tells what is drawn");
+        return reportError("give a program, and a display that tells what is drawn");
     const auto start = Clock::now();
     pid_t process = 0;
     if (posix_spawnp(&process, argv[1], nullptr, nullptr, argv + 1, environ) != 0)
-        return complain("the program does not start");
+        return reportError("the program does not start");
     const bool hasPainted = display.waitForWindow(start + kPatience);
     const std::chrono::duration<double, std::milli> taken = Clock::now() - start;
     display.waitForRest();
@@ -128,7 +128,7 @@ int main(int argc, char** argv) {
     rusage usage{};
     wait4(process, nullptr, 0, &usage);
     if (!hasPainted || peak == 0)
-        return complain("the program has painted nothing");
+        return reportError("the program has painted nothing");
     fmt::print("{:.3f} {} {:.3f}\n", taken.count(), peak,
                milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime));
     return EXIT_SUCCESS;

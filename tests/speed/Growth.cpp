@@ -82,8 +82,8 @@ void compare(benchmark::State& state) {
 }
 
 constexpr std::int64_t kFewest = 8;
-constexpr std::int64_t kMost = 1000;
-constexpr std::int64_t kMostInList = 500; // a longer list is refused for its size
+constexpr std::int64_t kMax = 1000;
+constexpr std::int64_t kMaxInList = 500; // a longer list is refused for its size
 
 void eachSize(benchmark::internal::Benchmark* reader, std::int64_t most) {
     for (std::int64_t scenes = most; scenes >= kFewest; scenes /= 2)
@@ -92,13 +92,13 @@ void eachSize(benchmark::internal::Benchmark* reader, std::int64_t most) {
 }
 
 BENCHMARK_CAPTURE(readList, xml, ".xml.plist")->Apply([](auto* reader) {
-    eachSize(reader, kMostInList);
+    eachSize(reader, kMaxInList);
 });
 BENCHMARK_CAPTURE(readList, binary, ".binary.plist")->Apply([](auto* reader) {
-    eachSize(reader, kMostInList);
+    eachSize(reader, kMaxInList);
 });
-BENCHMARK(readBank)->Apply([](auto* reader) { eachSize(reader, kMost); });
-BENCHMARK(compare)->Apply([](auto* reader) { eachSize(reader, kMost); });
+BENCHMARK(readBank)->Apply([](auto* reader) { eachSize(reader, kMax); });
+BENCHMARK(compare)->Apply([](auto* reader) { eachSize(reader, kMax); });
 
 } // namespace
 } // namespace scenewright

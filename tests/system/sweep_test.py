@@ -87,7 +87,7 @@ class Kill(unittest.TestCase):
         self.assertEqual(afterwards(ended(2), AFTER), 1)
 
 
-class EarlierScenes(unittest.TestCase):
+class BackupStore(unittest.TestCase):
     @staticmethod
     def kept(*banks):
         return {f"home/backups/scenes-{bank}": ("file", 0o644, bank.encode()) for bank in banks}

@@ -119,8 +119,8 @@ TEST_F(InterfaceHandleTest, AStepThatThrowsLeavesAHandleThatCanBeGivenUp) {
 }
 
 TEST_F(InterfaceHandleTest, CloseReleaseAndGivingUpEndAReadThatWaits) {
-    using Ending = std::pair<void (*)(InterfaceHandle&), Texts>;
-    const std::vector<Ending> endings{
+    using ProgramEnd = std::pair<void (*)(InterfaceHandle&), Texts>;
+    const std::vector<ProgramEnd> endings{
         {[](InterfaceHandle& handle) { handle.close(); }, {"read one/0 1 4", "close one/0"}},
         {[](InterfaceHandle& handle) { handle.release(); },
          {"read one/0 1 4", "close one/0", "release one/0"}},

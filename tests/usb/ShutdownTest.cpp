@@ -114,14 +114,14 @@ std::thread sendWhileReading(const Bus& bus, int signal) {
     });
 }
 
-struct Ending {
+struct ProgramEnd {
     int status = 0;
     std::string letters;
 };
 
 // Runs `program` in a process of its own; it is given where its letters go and returns its exit
 // status.
-Ending runProgram(const std::function<int(int letters)>& program) {
+ProgramEnd runProgram(const std::function<int(int letters)>& program) {
     std::array<int, 2> ends{};
     EXPECT_EQ(pipe(ends.data()), 0);
     const pid_t child = fork();
@@ -132,7 +132,7 @@ Ending runProgram(const std::function<int(int letters)>& program) {
         _exit(program(ends[1]));
     }
     close(ends[1]);
-    Ending ending;
+    ProgramEnd ending;
     for (char letter = 0; read(ends[0], &letter, 1) == 1;)
         ending.letters += letter;
     close(ends[0]);
@@ -143,7 +143,7 @@ Ending runProgram(const std::function<int(int letters)>& program) {
 class ShutdownBySignal : public ::testing::TestWithParam<int> {};
 
 TEST_P(ShutdownBySignal, EndsAReadGivesTheInterfaceUpAndEndsByTheSignal) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
         const std::thread sender = sendWhileReading(*bus, GetParam());
@@ -157,7 +157,7 @@ TEST_P(ShutdownBySignal, EndsAReadGivesTheInterfaceUpAndEndsByTheSignal) {
 }
 
 TEST_P(ShutdownBySignal, GivesUpAnInterfaceThatIsIdle) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
         kill(getpid(), GetParam());
@@ -171,7 +171,7 @@ TEST_P(ShutdownBySignal, GivesUpAnInterfaceThatIsIdle) {
 }
 
 TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         std::signal(GetParam(), SIG_IGN);
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
@@ -226,7 +226,7 @@ TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
 }
 
 TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         const Shutdown shutdown;
         takeBus(letters);
         return 3;
@@ -237,7 +237,7 @@ TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
 }
 
 TEST(Shutdown, SignalsWorkAsUsualAfterANormalEnd) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         {
             const Shutdown shutdown;
             takeBus(letters);
@@ -250,7 +250,7 @@ TEST(Shutdown, SignalsWorkAsUsualAfterANormalEnd) {
 }
 
 TEST(Shutdown, ABusThatDoesNotLetGoIsLeftAfterAWhile) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
         bus->closeEndsReads = false;
@@ -268,7 +268,7 @@ constexpr std::chrono::milliseconds kLongEnough{50};
 
 TEST(Shutdown, AFileThatIsBeingPutInItsPlaceIsWaitedFor) {
     const testing::TempFolder folder;
-    const Ending ending = runProgram([&](int letters) {
+    const ProgramEnd ending = runProgram([&](int letters) {
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
         beforeRename() = [&] {
@@ -290,7 +290,7 @@ TEST(Shutdown, AFileThatIsBeingPutInItsPlaceIsWaitedFor) {
 
 TEST(Shutdown, AFileThatDoesNotGetToItsPlaceIsLeftAfterAWhile) {
     const testing::TempFolder folder;
-    const Ending ending = runProgram([&](int letters) {
+    const ProgramEnd ending = runProgram([&](int letters) {
         const Shutdown shutdown;
         const auto bus = takeBus(letters);
         beforeRename() = [] {
@@ -307,7 +307,7 @@ TEST(Shutdown, AFileThatDoesNotGetToItsPlaceIsLeftAfterAWhile) {
 }
 
 TEST(Shutdown, AReaderThatLeavesThePipeDoesNotEndTheProgram) {
-    const Ending ending = runProgram([](int letters) {
+    const ProgramEnd ending = runProgram([](int letters) {
         const Shutdown shutdown;
         takeBus(letters);
         std::array<int, 2> ends{};

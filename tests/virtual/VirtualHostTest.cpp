@@ -33,7 +33,7 @@ protected:
     void plugIn(FaultPlan faults = {}, VirtualIdentity identity = {},
                 const std::string& bankFile = {}) {
         controller = std::make_shared<VirtualController>(countingBank(), std::move(faults));
-        host = makeVirtualHost(controller, BankKeeper(bankFile), identity);
+        host = makeVirtualHost(controller, BankFileStore(bankFile), identity);
         Transport::instance().use(host, [](auto) {});
     }
     static bool connect() {

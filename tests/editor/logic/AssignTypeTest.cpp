@@ -17,7 +17,7 @@ TEST_F(AssignType, PadToNote) {
     choose(13);
     journal.clear();
     pick("padAssignType", 2);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"padCCOrNoteNumber.setEnabled(yes)", "padOnValue.setEnabled(no)",
                      "padOffValue.setEnabled(no)", "padPadBehavior.setEnabled(yes)",
                      "padMIDIChannel.setEnabled(yes)", "padCCOrNoteNumber.removeAllItems()",
@@ -31,7 +31,7 @@ TEST_F(AssignType, PadToController) {
     choose(13);
     journal.clear();
     pick("padAssignType", 1);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"padCCOrNoteNumber.setEnabled(yes)", "padOnValue.setEnabled(yes)",
                      "padOffValue.setEnabled(yes)", "padPadBehavior.setEnabled(yes)",
                      "padMIDIChannel.setEnabled(yes)", "padCCOrNoteNumber.removeAllItems()",
@@ -45,7 +45,7 @@ TEST_F(AssignType, PadToOffKeepsTheNumbersEntries) {
     choose(13);
     journal.clear();
     pick("padAssignType", 0);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"padCCOrNoteNumber.setEnabled(no)", "padOnValue.setEnabled(no)",
                      "padOffValue.setEnabled(no)", "padPadBehavior.setEnabled(no)",
                      "padMIDIChannel.setEnabled(no)"}));
@@ -61,7 +61,7 @@ TEST_F(AssignType, PadToAnythingElseOnlyRefreshesTheSummary) {
         journal.clear();
         pick("padAssignType", type);
         EXPECT_EQ(record(13).AssignType(), type);
-        EXPECT_EQ(journal.butPicture(), Lines{});
+        EXPECT_EQ(journal.withoutPicture(), Lines{});
         EXPECT_EQ(journal.of("button13.setTitle"), Lines{"button13.setTitle(---)"});
     }
 }
@@ -72,7 +72,7 @@ TEST_F(AssignType, KeyToNote) {
     choose(21);
     journal.clear();
     pick("keyAssignType", 2);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"keyCCOrNoteNumber.setEnabled(yes)", "keyOnValue.setEnabled(no)",
                      "keyOffValue.setEnabled(no)", "keyKeyBehavior.setEnabled(yes)",
                      "keyCCOrNoteNumber.removeAllItems()",
@@ -86,7 +86,7 @@ TEST_F(AssignType, KeyToController) {
     journal.clear();
     pick("keyAssignType", 1);
     EXPECT_EQ(
-        journal.butPicture(),
+        journal.withoutPicture(),
         (Lines{"keyCCOrNoteNumber.setEnabled(yes)", "keyOnValue.setEnabled(yes)",
                "keyOffValue.setEnabled(yes)", "keyKeyBehavior.setEnabled(yes)",
                "keyCCOrNoteNumber.removeAllItems()", "keyCCOrNoteNumber.addItems(select127:0 x128)",
@@ -98,7 +98,7 @@ TEST_F(AssignType, KeyToOffKeepsTheNumbersEntries) {
     choose(21);
     journal.clear();
     pick("keyAssignType", 0);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"keyCCOrNoteNumber.setEnabled(no)", "keyOnValue.setEnabled(no)",
                      "keyOffValue.setEnabled(no)", "keyKeyBehavior.setEnabled(no)"}));
     EXPECT_EQ(popUp("keyCCOrNoteNumber").titles.size(), 128U);

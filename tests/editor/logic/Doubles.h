@@ -32,7 +32,7 @@ public:
         return found;
     }
     // The lines that do not name a button of the picture.
-    [[nodiscard]] Lines butPicture() const {
+    [[nodiscard]] Lines withoutPicture() const {
         Lines found;
         for (const std::string& line : lines_) {
             if (!line.starts_with("button"))

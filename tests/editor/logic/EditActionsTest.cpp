@@ -173,7 +173,7 @@ TEST_F(EditActions, KnobSwitchedOffDisablesThreePopUpsAndShowsDashesInModesTwoTo
         EXPECT_NE(button(5).title.text, "---") << mode;
         journal.clear();
         pick("knobEnable", 0);
-        EXPECT_EQ(journal.butPicture(),
+        EXPECT_EQ(journal.withoutPicture(),
                   (Lines{"knobCCNumber.setEnabled(no)", "knobUpperOrRightValue.setEnabled(no)",
                          "knobLowerOrLeftValue.setEnabled(no)"}));
         EXPECT_EQ(button(5).title.text, "---") << mode;
@@ -196,7 +196,7 @@ TEST_F(EditActions, SliderSwitchedOffDisablesItsThreePopUps) {
     choose(9);
     journal.clear();
     pick("sliderEnable", 0);
-    EXPECT_EQ(journal.butPicture(),
+    EXPECT_EQ(journal.withoutPicture(),
               (Lines{"sliderCCNumber.setEnabled(no)", "sliderUpperOrRightValue.setEnabled(no)",
                      "sliderLowerOrLeftValue.setEnabled(no)"}));
     EXPECT_EQ(enabledPopUps("knob").size(), 4U);

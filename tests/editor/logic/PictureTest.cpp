@@ -50,7 +50,7 @@ TEST_F(Picture, DisplayChoiceSetsTheModeAndRewritesTheTitles) {
     EXPECT_EQ(button(30).title.text, "---");
     EXPECT_EQ(button(31).title.text, "button-behavior:4");
     EXPECT_EQ(button(13).title.text, "button-behavior:3");
-    EXPECT_EQ(journal.butPicture(), Lines{});
+    EXPECT_EQ(journal.withoutPicture(), Lines{});
 }
 
 TEST_F(Picture, PadWithNoteSixtyShowsEntrySixtyOfTheNoteList) {

@@ -10,18 +10,18 @@
 
 namespace scenewright {
 
-class Patience {
+class StallNotice {
 public:
     static constexpr std::chrono::milliseconds kLimit{10'000};
 
     // Watches the transport's stats, on a thread of its own, until destroyed: a transaction that
     // makes no progress for `limit`, whether it waits or repeats its handshake, is spoken of.
-    explicit Patience(std::chrono::milliseconds limit = kLimit);
-    ~Patience();
-    Patience(const Patience&) = delete;
-    Patience& operator=(const Patience&) = delete;
-    Patience(Patience&&) = delete;
-    Patience& operator=(Patience&&) = delete;
+    explicit StallNotice(std::chrono::milliseconds limit = kLimit);
+    ~StallNotice();
+    StallNotice(const StallNotice&) = delete;
+    StallNotice& operator=(const StallNotice&) = delete;
+    StallNotice(StallNotice&&) = delete;
+    StallNotice& operator=(StallNotice&&) = delete;
 
 private:
     void run();

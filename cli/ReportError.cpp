@@ -3,7 +3,7 @@
 
 namespace scenewright {
 
-int complain(std::string_view sentence, int exitCode) {
+int reportError(std::string_view sentence, int exitCode) {
     reportError("scenewright-cli", sentence);
     return exitCode;
 }

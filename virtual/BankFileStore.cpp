@@ -1,14 +1,14 @@
-#include "virtual/BankKeeper.h"
+#include "virtual/BankFileStore.h"
 
 #include "platform/AtomicFile.h"
 
 namespace scenewright {
 
-Result<void> BankKeeper::storeImage(const std::filesystem::path& file, const BankImage& bank) {
+Result<void> BankFileStore::storeImage(const std::filesystem::path& file, const BankImage& bank) {
     return replaceFile(file, bank).map([](const Replaced&) {});
 }
 
-void BankKeeper::afterTransfer(const VirtualController& controller) {
+void BankFileStore::afterTransfer(const VirtualController& controller) {
     if (sendsKept_ == controller.sendsEnded())
         return;
     sendsKept_ = controller.sendsEnded();

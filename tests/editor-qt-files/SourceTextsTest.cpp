@@ -17,9 +17,9 @@ namespace scenewright::testing {
 
 namespace {
 
-class OwnTextsTest : public CommandsBench {
+class SourceTextsTest : public CommandsBench {
 protected:
-    OwnTextsTest() {
+    SourceTextsTest() {
         for (const Setting& setting : settings())
             for (const std::int32_t type : {kAssignOff, kAssignController, kAssignNote})
                 for (const std::string& title : *optionList(*lists_, setting, type))
@@ -64,7 +64,7 @@ protected:
     QStringList given_;
 };
 
-TEST_F(OwnTextsTest, PlainLettersAreFound) {
+TEST_F(SourceTextsTest, PlainLettersAreFound) {
     EXPECT_EQ(plainPart("Ｓｔａｔｕｓ: Note", {"Note"}), "");
     EXPECT_EQ(plainPart("Ｓｔａｔｕｓ: Notes", {"Note"}), "Ｓｔａｔｕｓ: Notes");
     open();
@@ -72,7 +72,7 @@ TEST_F(OwnTextsTest, PlainLettersAreFound) {
     EXPECT_TRUE(textsOf(window()).contains("Dismiss"));
 }
 
-TEST_F(OwnTextsTest, TheWindowItsMenusAndThePaneOfEachKind) {
+TEST_F(SourceTextsTest, TheWindowItsMenusAndThePaneOfEachKind) {
     open();
     expectAllOwn(window());
     for (const ControlRange& range : kControlRanges) {
@@ -82,20 +82,20 @@ TEST_F(OwnTextsTest, TheWindowItsMenusAndThePaneOfEachKind) {
     }
 }
 
-TEST_F(OwnTextsTest, AValueOutsideItsList) {
+TEST_F(SourceTextsTest, AValueOutsideItsList) {
     record(kPad).setPadBehavior(100);
     record(kPad).setAssignType(kAssignNote);
     open();
     expectAllOwn(window());
 }
 
-TEST_F(OwnTextsTest, TheGainPanelAndTheVersions) {
+TEST_F(SourceTextsTest, TheGainPanelAndTheVersions) {
     open();
     expectAllOwn(window().gainPanel());
     expectAllOwn(About(&window()));
 }
 
-TEST_F(OwnTextsTest, TheMenusOfFilesAndEarlierScenes) {
+TEST_F(SourceTextsTest, TheMenusOfFilesAndEarlierScenes) {
     open();
     for (int count = 0; count < 2; ++count) {
         emit commands().banks().recentMenu().aboutToShow();
@@ -109,7 +109,7 @@ TEST_F(OwnTextsTest, TheMenusOfFilesAndEarlierScenes) {
     expectTold(notice());
 }
 
-TEST_F(OwnTextsTest, TheFileDialogs) {
+TEST_F(SourceTextsTest, TheFileDialogs) {
     open();
     for (const char* name : {"openBank", "saveBank", "openScene", "saveScene"}) {
         window().findChild<QAction*>(name)->trigger();
@@ -121,7 +121,7 @@ TEST_F(OwnTextsTest, TheFileDialogs) {
     }
 }
 
-TEST_F(OwnTextsTest, TheListOfDifferences) {
+TEST_F(SourceTextsTest, TheListOfDifferences) {
     open();
     record(kPad).setCR(12);
     record(kPad).setAssignType(100);
@@ -134,7 +134,7 @@ TEST_F(OwnTextsTest, TheListOfDifferences) {
     expectAllOwn(*dialog, {"Live"});
 }
 
-TEST_F(OwnTextsTest, SavingAndWhatKeepsAFileFromBeingWritten) {
+TEST_F(SourceTextsTest, SavingAndWhatKeepsAFileFromBeingWritten) {
     open();
     commands().banks().saveBank(file("kept.json"));
     expectTold(notice(), {"kept.json"});
@@ -151,7 +151,7 @@ TEST_F(OwnTextsTest, SavingAndWhatKeepsAFileFromBeingWritten) {
     expectTold(notice(), {"kept.json"});
 }
 
-TEST_F(OwnTextsTest, WhatKeepsTheEarlierScenesFromBeingKept) {
+TEST_F(SourceTextsTest, WhatKeepsTheEarlierScenesFromBeingKept) {
     writeBytes(folder.file("backups"), {});
     open();
     const QString bank = bankWithRed("other.bank", 1);
@@ -165,7 +165,7 @@ struct BadBank {
     QStringList given;
 };
 
-TEST_F(OwnTextsTest, WhatIsWrongWithABank) {
+TEST_F(SourceTextsTest, WhatIsWrongWithABank) {
     open();
     const std::array<BadBank, 14> banks{{
         {"\"version\": 1", "\"version\": 2", {"version"}},
@@ -198,7 +198,7 @@ TEST_F(OwnTextsTest, WhatIsWrongWithABank) {
     }
 }
 
-TEST_F(OwnTextsTest, WhatIsNoBankAtAll) {
+TEST_F(SourceTextsTest, WhatIsNoBankAtAll) {
     open();
     const std::string deep = "{\"a\": " + std::string(20, '[');
     for (const std::string& content :
@@ -218,7 +218,7 @@ TEST_F(OwnTextsTest, WhatIsNoBankAtAll) {
     }
 }
 
-TEST_F(OwnTextsTest, WhatIsToldAfterATransfer) {
+TEST_F(SourceTextsTest, WhatIsToldAfterATransfer) {
     open();
     press(Qt::Key_D);
     expectTold(notice());
@@ -243,7 +243,7 @@ TEST_F(OwnTextsTest, WhatIsToldAfterATransfer) {
     expectTold(notice());
 }
 
-TEST_F(OwnTextsTest, EveryCauseAndCure) {
+TEST_F(SourceTextsTest, EveryCauseAndCure) {
     for (const ResultCode code : {kResultAccess, kResultBusy, kResultNoDevice, kResultNotFound,
                                   kResultTimeout, kResultOverflow})
         expectTold(QString::fromStdString(causeAndCure(code)));
@@ -252,7 +252,7 @@ TEST_F(OwnTextsTest, EveryCauseAndCure) {
                    .remove(QRegularExpression(QStringLiteral("[0-9a-f]{8}"))));
 }
 
-TEST_F(OwnTextsTest, WhatKeepsTheKeyboardFromUse) {
+TEST_F(SourceTextsTest, WhatKeepsTheKeyboardFromUse) {
     KeyboardPresence presence = KeyboardPresence::Unplugged;
     open([&presence] { return presence; });
     for (const KeyboardPresence next : {KeyboardPresence::Unplugged, KeyboardPresence::NoPermission,

@@ -1,4 +1,4 @@
-#include "app/EarlierScenes.h"
+#include "app/BackupStore.h"
 
 #include "bank/BankFile.h"
 #include "model/Control.h"
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 using std::chrono::milliseconds;
-using Time = EarlierScenes::Clock::time_point;
+using Time = BackupStore::Clock::time_point;
 
 // The time in UTC, so that names sort by it: "scenes-20260131T235959.123Z.bank".
 constexpr std::string_view kBeforeTime = "scenes-";
@@ -46,7 +46,7 @@ std::optional<Time> timeOf(const std::string& name) {
     const char* end = strptime(name.c_str() + kBeforeTime.size(), kTimeForm, &utc);
     if (end == nullptr || *end != '.')
         return std::nullopt;
-    const Time time = EarlierScenes::Clock::from_time_t(timegm(&utc)) +
+    const Time time = BackupStore::Clock::from_time_t(timegm(&utc)) +
                       milliseconds(std::strtol(end + 1, nullptr, 10));
     return nameFor(time) == name ? std::optional(time) : std::nullopt;
 }
@@ -58,14 +58,13 @@ bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-std::optional<fs::path> EarlierScenes::stateFolder() {
+std::optional<fs::path> BackupStore::stateFolder() {
     if (const auto state = xdgFolder(XdgFolder::State))
         return *state / "backups";
     return std::nullopt;
 }
 
-std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
-                                               Clock::time_point now) const {
+std::optional<std::string> BackupStore::keep(const SceneList& scenes, Clock::time_point now) const {
     if (scenes.size() < static_cast<std::size_t>(kSceneCount))
         return std::nullopt;
     if (!folder_)
@@ -83,12 +82,12 @@ std::optional<std::string> EarlierScenes::keep(const SceneList& scenes,
         now = std::max(now, kept.front().kept + milliseconds(1));
     if (const auto replaced = replaceFile(*folder_ / nameFor(now), image); !replaced)
         return replaced.error();
-    for (std::size_t place = kMost - 1; place < kept.size(); ++place)
+    for (std::size_t place = kMax - 1; place < kept.size(); ++place)
         fs::remove(kept[place].file, error);
     return std::nullopt;
 }
 
-std::vector<EarlierScenes::Bank> EarlierScenes::list() const {
+std::vector<BackupStore::Bank> BackupStore::list() const {
     std::vector<Bank> banks;
     std::error_code error;
     if (!folder_)

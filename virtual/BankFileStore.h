@@ -11,7 +11,7 @@
 
 namespace scenewright {
 
-class BankKeeper {
+class BankFileStore {
 public:
     // Writes a bank to a file, whole or not at all. Called on the thread that made the transfer.
     using Store =
@@ -20,7 +20,7 @@ public:
                                                  const BankImage& bank);
 
     // An empty path keeps nothing.
-    explicit BankKeeper(std::filesystem::path file, Store store = &storeImage)
+    explicit BankFileStore(std::filesystem::path file, Store store = &storeImage)
         : file_(std::move(file)), store_(std::move(store)) {}
 
     // Stores the bank when a send has ended since the last call. To be called after every transfer

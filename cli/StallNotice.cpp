@@ -1,4 +1,4 @@
-#include "cli/Patience.h"
+#include "cli/StallNotice.h"
 
 #include "app/OutcomeText.h"
 #include "cli/Command.h"
@@ -28,21 +28,21 @@ void speakOf(const TransferStats& stats) {
     const bool isUnplugged = stats.first && stats.first->code == kResultNoDevice;
     if (isatty(STDERR_FILENO) != 0)
         writeStandardError("\r\033[K"); // a progress line may stand there
-    complain(fmt::format("{} (Ctrl+C stops)",
-                         causeAndCure(isUnplugged ? kResultNoDevice : kResultTimeout)),
-             kExitController);
+    reportError(fmt::format("{} (Ctrl+C stops)",
+                            causeAndCure(isUnplugged ? kResultNoDevice : kResultTimeout)),
+                kExitController);
 }
 
 } // namespace
 
-Patience::Patience(std::chrono::milliseconds limit) : limit_(limit) {
+StallNotice::StallNotice(std::chrono::milliseconds limit) : limit_(limit) {
     try {
         thread_ = std::thread([this] { runQuietly(); });
     } catch (const std::system_error&) { // the transaction goes on without
     }
 }
 
-Patience::~Patience() {
+StallNotice::~StallNotice() {
     {
         const std::lock_guard lock(mutex_);
         hasEnded_ = true;
@@ -52,14 +52,14 @@ Patience::~Patience() {
         thread_.join();
 }
 
-void Patience::runQuietly() noexcept {
+void StallNotice::runQuietly() noexcept {
     try {
         run();
     } catch (const std::exception&) { // the transaction goes on without
     }
 }
 
-void Patience::run() {
+void StallNotice::run() {
     std::int64_t most = 0;
     int still = 0;
     std::unique_lock lock(mutex_);

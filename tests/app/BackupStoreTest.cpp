@@ -1,4 +1,4 @@
-#include "app/EarlierScenes.h"
+#include "app/BackupStore.h"
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
@@ -16,8 +16,8 @@ using std::chrono::milliseconds;
 using testing::TempFolder;
 
 // 2026-01-31 23:59:58.007 UTC
-const EarlierScenes::Clock::time_point kTime =
-    EarlierScenes::Clock::from_time_t(1769903998) + milliseconds(7);
+const BackupStore::Clock::time_point kTime =
+    BackupStore::Clock::from_time_t(1769903998) + milliseconds(7);
 
 SceneList scenesWithSpeed(std::int32_t speed) {
     WindowAction::getSceneValue();
@@ -30,17 +30,17 @@ std::int32_t speedIn(const std::filesystem::path& file) {
     return bank.trouble ? -1 : bank.scenes.front()->commonValue()->PitchBendSpeed();
 }
 
-class EarlierScenesTest : public ::testing::Test {
+class BackupStoreTest : public ::testing::Test {
 protected:
     TempFolder folder;
-    EarlierScenes earlier{folder.path() / "state" / "backups"};
+    BackupStore earlier{folder.path() / "state" / "backups"};
 };
 
-TEST_F(EarlierScenesTest, NothingIsKeptAtFirst) {
+TEST_F(BackupStoreTest, NothingIsKeptAtFirst) {
     EXPECT_TRUE(earlier.list().empty());
 }
 
-TEST_F(EarlierScenesTest, ABankIsKeptWholeUnderItsTime) {
+TEST_F(BackupStoreTest, ABankIsKeptWholeUnderItsTime) {
     EXPECT_EQ(earlier.keep(scenesWithSpeed(3), kTime), std::nullopt);
     const auto banks = earlier.list();
     ASSERT_EQ(banks.size(), 1U);
@@ -50,7 +50,7 @@ TEST_F(EarlierScenesTest, ABankIsKeptWholeUnderItsTime) {
     EXPECT_EQ(speedIn(banks[0].file), 3);
 }
 
-TEST_F(EarlierScenesTest, TheNewestComesFirst) {
+TEST_F(BackupStoreTest, TheNewestComesFirst) {
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
     EXPECT_EQ(earlier.keep(scenesWithSpeed(2), kTime + milliseconds(1)), std::nullopt);
     const auto banks = earlier.list();
@@ -59,27 +59,27 @@ TEST_F(EarlierScenesTest, TheNewestComesFirst) {
     EXPECT_EQ(speedIn(banks[1].file), 1);
 }
 
-TEST_F(EarlierScenesTest, TheSameAsTheNewestIsNotKeptTwice) {
+TEST_F(BackupStoreTest, TheSameAsTheNewestIsNotKeptTwice) {
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime + milliseconds(5)), std::nullopt);
     EXPECT_EQ(earlier.list().size(), 1U);
 }
 
-TEST_F(EarlierScenesTest, TheSameAsAnOlderOneIsKeptAgain) {
+TEST_F(BackupStoreTest, TheSameAsAnOlderOneIsKeptAgain) {
     for (const std::int32_t speed : {1, 2, 1})
         EXPECT_EQ(earlier.keep(scenesWithSpeed(speed), kTime + milliseconds(speed)), std::nullopt);
     EXPECT_EQ(earlier.list().size(), 3U);
     EXPECT_EQ(speedIn(earlier.list().front().file), 1);
 }
 
-TEST_F(EarlierScenesTest, AClockThatWasSetBackKeepsTheOrder) {
+TEST_F(BackupStoreTest, AClockThatWasSetBackKeepsTheOrder) {
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
     EXPECT_EQ(earlier.keep(scenesWithSpeed(2), kTime - std::chrono::hours(1)), std::nullopt);
     EXPECT_EQ(speedIn(earlier.list().front().file), 2);
     EXPECT_EQ(earlier.list().front().kept, kTime + milliseconds(1));
 }
 
-TEST_F(EarlierScenesTest, TheOldestBeyondTwentyAreDropped) {
+TEST_F(BackupStoreTest, TheOldestBeyondTwentyAreDropped) {
     for (std::int32_t speed = 0; speed < 23; ++speed)
         EXPECT_EQ(earlier.keep(scenesWithSpeed(speed), kTime + milliseconds(speed)), std::nullopt);
     const auto banks = earlier.list();
@@ -88,7 +88,7 @@ TEST_F(EarlierScenesTest, TheOldestBeyondTwentyAreDropped) {
     EXPECT_EQ(speedIn(banks.back().file), 3);
 }
 
-TEST_F(EarlierScenesTest, OtherFilesAreNeitherListedNorDropped) {
+TEST_F(BackupStoreTest, OtherFilesAreNeitherListedNorDropped) {
     const auto place = folder.path() / "state" / "backups";
     std::filesystem::create_directories(place);
     for (const char* name : {"notes.txt", "scenes-2026.bank", "scenes-20261331T235958.007Z.bank",
@@ -101,44 +101,44 @@ TEST_F(EarlierScenesTest, OtherFilesAreNeitherListedNorDropped) {
     EXPECT_TRUE(std::filesystem::exists(place / "scenes-2026.bank"));
 }
 
-TEST_F(EarlierScenesTest, ADamagedNewestOneDoesNotStandForTheScenes) {
+TEST_F(BackupStoreTest, ADamagedNewestOneDoesNotStandForTheScenes) {
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime), std::nullopt);
     testing::writeBytes(earlier.list().front().file, std::vector<std::uint8_t>(1012, 200));
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1), kTime + milliseconds(1)), std::nullopt);
     EXPECT_EQ(earlier.list().size(), 2U);
 }
 
-TEST_F(EarlierScenesTest, AFolderThatCannotBeMadeIsTold) {
+TEST_F(BackupStoreTest, AFolderThatCannotBeMadeIsTold) {
     testing::writeBytes(folder.file("state"), {});
     const auto trouble = earlier.keep(scenesWithSpeed(1), kTime);
     ASSERT_TRUE(trouble);
     EXPECT_EQ(*trouble, folder.file("state") + "/backups: Not a directory");
 }
 
-TEST_F(EarlierScenesTest, FewerThanFourScenesAreNothingToKeep) {
+TEST_F(BackupStoreTest, FewerThanFourScenesAreNothingToKeep) {
     EXPECT_EQ(earlier.keep({}, kTime), std::nullopt);
     EXPECT_TRUE(earlier.list().empty());
 }
 
-TEST(EarlierScenesFolder, FollowsTheStateFolder) {
+TEST(BackupFolder, FollowsTheStateFolder) {
     setenv("XDG_STATE_HOME", "/somewhere/state", 1);
-    EXPECT_EQ(EarlierScenes::stateFolder(), "/somewhere/state/scenewright/backups");
+    EXPECT_EQ(BackupStore::stateFolder(), "/somewhere/state/scenewright/backups");
     // The base directories ask for an absolute path.
     setenv("XDG_STATE_HOME", "state", 1);
     setenv("HOME", "/home/player", 1);
-    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
+    EXPECT_EQ(BackupStore::stateFolder(), "/home/player/.local/state/scenewright/backups");
     unsetenv("XDG_STATE_HOME");
-    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
+    EXPECT_EQ(BackupStore::stateFolder(), "/home/player/.local/state/scenewright/backups");
 }
 
-TEST(EarlierScenesFolder, WithoutAHomeNothingIsKeptAndThatIsTold) {
+TEST(BackupFolder, WithoutAHomeNothingIsKeptAndThatIsTold) {
     unsetenv("XDG_STATE_HOME");
     for (const char* home : {"", "home/player"}) {
         setenv("HOME", home, 1);
-        EXPECT_EQ(EarlierScenes::stateFolder(), std::nullopt);
+        EXPECT_EQ(BackupStore::stateFolder(), std::nullopt);
     }
     unsetenv("HOME");
-    const EarlierScenes earlier;
+    const BackupStore earlier;
     EXPECT_EQ(earlier.keep(scenesWithSpeed(1)), "there is no home folder to keep them in");
     EXPECT_EQ(earlier.keep({}), std::nullopt);
     EXPECT_TRUE(earlier.list().empty());

@@ -14,16 +14,16 @@
 
 namespace scenewright {
 
-class EarlierScenes {
+class BackupStore {
 public:
     using Clock = std::chrono::system_clock;
     struct Bank {
         std::filesystem::path file; // a bank as BankFile.h reads it
         Clock::time_point kept;     // to the millisecond
     };
-    static constexpr std::size_t kMost = 20;
+    static constexpr std::size_t kMax = 20;
 
-    explicit EarlierScenes(std::optional<std::filesystem::path> folder = stateFolder())
+    explicit BackupStore(std::optional<std::filesystem::path> folder = stateFolder())
         : folder_(std::move(folder)) {}
 
     // $XDG_STATE_HOME/scenewright/backups, or the same under ~/.local/state; nothing without
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] static std::optional<std::filesystem::path> stateFolder();
 
     // Keeps the first four scenes, unless the newest bank holds the same; drops the oldest ones
-    // beyond kMost. Nothing, or one sentence: then nothing was dropped either. A list of fewer than
+    // beyond kMax. Nothing, or one sentence: then nothing was dropped either. A list of fewer than
     // four scenes is nothing to keep.
     [[nodiscard]] std::optional<std::string> keep(const SceneList& scenes,
                                                   Clock::time_point now = Clock::now()) const;

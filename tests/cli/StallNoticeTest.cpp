@@ -1,4 +1,4 @@
-#include "cli/Patience.h"
+#include "cli/StallNotice.h"
 
 #include "platform/FileDescriptor.h"
 #include "usb/Transport.h"
@@ -21,7 +21,7 @@ constexpr const char* kNotAnswering =
     "scenewright-cli: The keyboard does not answer: unplug it, plug it in again and try again "
     "(Ctrl+C stops)\n";
 
-class PatienceTest : public ::testing::Test {
+class StallNoticeTest : public ::testing::Test {
 protected:
     void SetUp() override { Transport::instance().use(nullptr); }
 
@@ -29,7 +29,7 @@ protected:
     static std::string saidDuring(const std::function<void()>& step) {
         ::testing::internal::CaptureStderr();
         {
-            const Patience patience(kLimit);
+            const StallNotice patience(kLimit);
             for (int turn = 0; turn < 60; ++turn) {
                 step();
                 std::this_thread::sleep_for(kLimit / 20);
@@ -39,15 +39,15 @@ protected:
     }
 };
 
-TEST_F(PatienceTest, SaysNothingWhilePacketsAreWritten) {
+TEST_F(StallNoticeTest, SaysNothingWhilePacketsAreWritten) {
     EXPECT_EQ(saidDuring([] { Transport::instance().countWrite(kResultSuccess); }), "");
 }
 
-TEST_F(PatienceTest, SaysOnceThatTheKeyboardDoesNotAnswer) {
+TEST_F(StallNoticeTest, SaysOnceThatTheKeyboardDoesNotAnswer) {
     EXPECT_EQ(saidDuring([] {}), kNotAnswering);
 }
 
-TEST_F(PatienceTest, RepeatedHandshakesAreNoProgress) {
+TEST_F(StallNoticeTest, RepeatedHandshakesAreNoProgress) {
     EXPECT_EQ(saidDuring([] {
                   Transport::instance().countWrite(kResultSuccess);
                   Transport::instance().countWrite(kResultSuccess);
@@ -56,19 +56,19 @@ TEST_F(PatienceTest, RepeatedHandshakesAreNoProgress) {
               kNotAnswering);
 }
 
-TEST_F(PatienceTest, AnUnpluggedKeyboardIsToldAsSuch) {
+TEST_F(StallNoticeTest, AnUnpluggedKeyboardIsToldAsSuch) {
     Transport::instance().countWrite(kResultNoDevice);
     EXPECT_EQ(saidDuring([] {}),
               "scenewright-cli: The keyboard was unplugged: plug it in and try again "
               "(Ctrl+C stops)\n");
 }
 
-TEST_F(PatienceTest, WhatCannotBeSaidHoldsNothingUp) {
+TEST_F(StallNoticeTest, WhatCannotBeSaidHoldsNothingUp) {
     const FileDescriptor former(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3));
     const FileDescriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     ::dup2(full.get(), STDERR_FILENO);
     {
-        const Patience patience(20ms);
+        const StallNotice patience(20ms);
         std::this_thread::sleep_for(100ms);
     }
     ::dup2(former.get(), STDERR_FILENO);

@@ -1,4 +1,4 @@
-#include "editor/qt/Neighbour.h"
+#include "editor/qt/ArrowTarget.h"
 
 #include "model/Control.h"
 

@@ -14,31 +14,31 @@ namespace scenewright {
 
 // Both live as long as the program. `written` may hold places as fmt has them, "{}", which a
 // translation keeps, in any order ("{1} ... {0}").
-struct OwnText {
+struct SourceText {
     const char* context;
     const char* written;
 };
 
-constexpr OwnText ownText(const char* context, const char* written) {
+constexpr SourceText sourceText(const char* context, const char* written) {
     return {context, written};
 }
 
 // How a text reaches a person.
-using Words = std::string (*)(OwnText text);
+using Translator = std::string (*)(SourceText text);
 
-[[nodiscard]] std::string asWritten(OwnText text);
+[[nodiscard]] std::string untranslated(SourceText text);
 // Through the translator that was put in last. Any thread.
-[[nodiscard]] std::string inLanguage(OwnText text);
+[[nodiscard]] std::string translated(SourceText text);
 // `translator` may be called on any thread; null for none.
-void setTranslator(Words translator);
+void setTranslator(Translator translator);
 
-[[nodiscard]] std::string filled(OwnText text, Words words, fmt::format_args values);
+[[nodiscard]] std::string format(SourceText text, Translator words, fmt::format_args values);
 
 // The text in the language with its places filled. A translation whose places do not fit is passed
 // over for the text as written.
 template <typename... Values>
-[[nodiscard]] std::string say(OwnText text, const Values&... values) {
-    return filled(text, &inLanguage, fmt::make_format_args(values...));
+[[nodiscard]] std::string translated(SourceText text, const Values&... values) {
+    return format(text, &translated, fmt::make_format_args(values...));
 }
 
 } // namespace scenewright
