@@ -2,8 +2,10 @@
 // once.
 #include <fmt/format.h>
 
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +18,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
+
+constexpr int kCheckFailed = 77;
 
 std::string contents(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -40,6 +44,8 @@ std::size_t replay(const char* list) {
 } // namespace
 
 int main(int count, char** arguments) try {
+    // As the engine does: a check that fails gives an exit code, which ctest can expect.
+    static_cast<void>(std::signal(SIGABRT, [](int) { std::_Exit(kCheckFailed); }));
     std::size_t inputs = 0;
     for (int index = 1; index < count; ++index)
         inputs += replay(arguments[index]);

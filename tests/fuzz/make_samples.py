@@ -58,9 +58,11 @@ def bank_files() -> list[bytes]:
 
 
 def json_edits() -> list[bytes]:
-    """A line, one of the eight edits, and what it takes."""
+    """A line, one of the eight edits, and what it takes; and a setting with another value, which
+    leaves a right bank."""
     places = [0, 1, 2, 5, 17, 30, 100, 500]
-    return [struct.pack(">HBB", at, edit, 5) + b"xyz12" for at in places for edit in range(8)]
+    edited = [struct.pack(">HBB", at, edit, 5) + b"xyz12" for at in places for edit in range(8)]
+    return [*edited, struct.pack(">HBB", 8, 3, 5)]
 
 
 PATHS = [
