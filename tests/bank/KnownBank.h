@@ -1,5 +1,5 @@
 // A bank whose every byte is known: the same one as image, as scenes and as the JSON text of
-// data/known.json.
+// data/known.json, which has each common part, group and control on one line.
 #pragma once
 
 #include "model/SceneValue.h"
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
@@ -33,9 +34,25 @@ inline SceneList knownScenes() {
     return parseScenes(knownImage());
 }
 
+// The lines of a bank file that stand on one line in data/known.json: one a setting, with its title.
+inline std::string inLines(std::string object) {
+    const std::size_t open = object.find("{\"");
+    if (open == std::string::npos)
+        return object;
+    const std::string end = '\n' + std::string(object.find_first_not_of(' '), ' ');
+    object.insert(object.rfind('}'), end);
+    for (std::size_t at = open; (at = object.find(", \"", at + 1)) != std::string::npos;)
+        if (!object.substr(at).starts_with(", \"//"))
+            object.replace(at + 1, 1, end + "  ");
+    return object.insert(open + 1, end + "  ");
+}
+
 inline std::string knownJson() {
-    const auto bytes = readBytes(SCENEWRIGHT_SOURCE_DIR "/tests/bank/data/known.json");
-    return {bytes.begin(), bytes.end()};
+    std::ifstream file(SCENEWRIGHT_SOURCE_DIR "/tests/bank/data/known.json");
+    std::string text;
+    for (std::string line; std::getline(file, line);)
+        text += inLines(line) + '\n';
+    return text;
 }
 
 // The text with one occurrence of `from`, the first behind `anchor`, replaced.
