@@ -4,6 +4,7 @@
 #include "app/VirtualBank.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Resources.h"
+#include "usb/DeviceList.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -19,12 +20,23 @@ namespace scenewright {
 
 namespace {
 
+// Only keyboards of the device list are found, and a list of the user's own need not have the ids
+// that the controller has by default.
+VirtualIdentity listedIdentity() {
+    const std::vector<DeviceIds> listed = deviceList();
+    if (listed.empty())
+        return {};
+    return {.vendor = static_cast<std::uint16_t>(listed.front().vendor),
+            .product = static_cast<std::uint16_t>(listed.front().product)};
+}
+
 std::optional<std::string> connectVirtualHost(const LaunchOptions& options) {
     auto memory = openVirtualBank(options.virtualBank, options.needsLists);
     if (!memory)
         return memory.error();
     auto device = std::make_shared<VirtualController>(memory->image);
-    Transport::instance().use(makeVirtualHost(std::move(device), std::move(memory->keeper)));
+    Transport::instance().use(
+        makeVirtualHost(std::move(device), std::move(memory->keeper), listedIdentity()));
     return std::nullopt;
 }
 

@@ -39,7 +39,8 @@ void addLaunchOptions(CLI::App& app, LaunchOptions& options);
 // sentence: then the program must end.
 [[nodiscard]] std::optional<std::string> launch(const LaunchOptions& options);
 
-// Gives the transport its host, the real bus or the virtual controller. Nothing, or one sentence.
+// Gives the transport its host, the real bus or the virtual controller, which has the ids of the
+// first keyboard in the device list. Nothing, or one sentence.
 // The program has made its Shutdown before, so that a signal gives the keyboard back first.
 [[nodiscard]] std::optional<std::string> connectHost(const LaunchOptions& options);
 
