@@ -10,6 +10,7 @@ import shutil
 import subprocess
 import tempfile
 import unittest
+import unittest.mock
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -128,7 +129,9 @@ class InstallPackages(ScriptTest):
         done = self.install("build")
         self.assertEqual(done.returncode, 1)
         self.assertEqual(
-            done.stderr, "Cannot install two: that needs root, and sudo does not allow it.\n"
+            done.stderr,
+            "Asking sudo to install two\n"
+            "Cannot install two: that needs root, and sudo does not allow it.\n",
         )
 
     def test_without_a_network_it_says_so_last(self):
@@ -191,14 +194,56 @@ class RunAndTest(ScriptTest):
         self.output("run", "--build")
         self.assertEqual(self.asked()[0], f"cmake -S {self.tree} --preset release")
 
+    STREAMS = ("--console", "-", "--log=-")  # given, so that the script adds none of its own
+
     def test_run_opens_the_editor_on_the_virtual_controller(self):
-        self.assertEqual(self.output("run", "--log", "-"), "scenewright --virtual --log -\n")
+        self.assertEqual(
+            self.output("run", *self.STREAMS), "scenewright --virtual --console - --log=-\n"
+        )
 
     def test_run_leaves_the_virtual_controller_to_its_argument(self):
-        self.assertEqual(self.output("run", "--virtual=a b"), "scenewright --virtual=a b\n")
+        self.assertEqual(
+            self.output("run", "--virtual=a b", *self.STREAMS),
+            "scenewright --virtual=a b --console - --log=-\n",
+        )
 
     def test_run_usb_opens_the_editor_on_the_keyboard(self):
-        self.assertEqual(self.output("run", "--usb", "--log", "-"), "scenewright --log -\n")
+        self.assertEqual(
+            self.output("run", "--usb", *self.STREAMS), "scenewright --console - --log=-\n"
+        )
+
+    def test_run_keeps_the_streams_of_the_editor_off_the_terminal(self):
+        folder = self.tree / "build/run"
+        for _ in range(2):
+            done = self.run_script("run", "--usb", "--log=-")
+            self.assertEqual(
+                done.stdout, f"scenewright --console={folder}/console.txt --log=-\n"
+            )
+            self.assertEqual((folder / "console.txt").read_text(), "")
+            (folder / "console.txt").write_text("of the run before")
+        self.assertEqual(
+            done.stderr.splitlines()[-1], f"The window writes its log into {folder}."
+        )
+        self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
+
+    def test_run_gives_the_editor_a_runtime_folder_where_there_is_none(self):
+        editor = self.tree / "build/release/bin/scenewright"
+        editor.write_text('#!/bin/bash\necho "$XDG_RUNTIME_DIR"\n')
+        with unittest.mock.patch.dict(os.environ):
+            os.environ.pop("XDG_RUNTIME_DIR", None)
+            self.assertEqual(self.output("run", "--usb"), f"{self.tree}/build/run\n")
+        with unittest.mock.patch.dict(os.environ, XDG_RUNTIME_DIR="/of/the/session"):
+            self.assertEqual(self.output("run", "--usb"), "/of/the/session\n")
+
+    def test_a_first_configuration_is_announced(self):
+        self.assertEqual(
+            self.run_script("run", "--build").stderr,
+            f"Configuring the build in {self.tree}/build/release\n",
+        )
+        (self.tree / "build/release/CMakeCache.txt").write_text(
+            f"CMAKE_HOME_DIRECTORY:INTERNAL={self.tree}\n"
+        )
+        self.assertEqual(self.run_script("run", "--build").stderr, "")
 
     def test_a_build_that_fails_is_told_in_a_sentence(self):
         self.fake("cmake", '[ "$1" != --build ]')
@@ -206,6 +251,7 @@ class RunAndTest(ScriptTest):
         self.assertEqual(done.returncode, 1)
         self.assertEqual(
             done.stderr,
+            f"Configuring the build in {self.tree}/build/release\n"
             f"Cannot build the programs in {self.tree}/build/release; "
             "the compiler says above where it stopped.\n",
         )
@@ -216,6 +262,7 @@ class RunAndTest(ScriptTest):
         self.assertEqual(done.returncode, 1)
         self.assertEqual(
             done.stderr,
+            f"Configuring the build in {self.tree}/build/release\n"
             f"Cannot configure the build in {self.tree}/build/release; "
             "cmake says above what it misses.\n",
         )
@@ -319,9 +366,9 @@ class Quick(ScriptTest):
 
     def test_folders_may_be_named(self):
         self.assertEqual(self.built("tests/protocol/")[0], ["protocol-tests"])
-        done = self.run_script("tests/quick", "protocoll")
+        done = self.run_script("tests/quick", "protocol-x")
         self.assertEqual(done.returncode, 1)
-        self.assertRegex(done.stderr, r"^No tests belong to protocoll; these have some: .*\.\n$")
+        self.assertRegex(done.stderr, r"^No tests belong to protocol-x; these have some: .*\.\n$")
 
     def test_every_program_of_the_table_is_there_and_every_program_is_in_it(self):
         text = "".join(path.read_text() for path in (ROOT / "tests").rglob("CMakeLists.txt"))
