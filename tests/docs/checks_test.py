@@ -1,63 +1,27 @@
-"""Each check of the documents is shown a tree with the fault it looks for, and one without."""
+"""Each check of the documents is shown what is right, and then each fault that it looks for."""
 
-import tempfile
+import sys
 import unittest
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tree"))
 
 import check_architecture
 import check_commands
 import check_links
 from documents import Document
+from planted import TreeTest
 
-
-class TreeTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.root = Path(folder.name)
-
-    def write(self, path, text, mode=0o644):
-        target = self.root / path
-        target.parent.mkdir(parents=True, exist_ok=True)
-        target.write_text(text, encoding="utf-8")
-        target.chmod(mode)
-
-
-class Links(TreeTest):
-    def faults(self, readme, **others):
-        self.write("README.md", readme)
-        self.write("usb/Pipe.h", "")
-        for name, text in others.items():
-            self.write(f"docs/{name}.md", text)
-        return list(check_links.faults(self.root))
-
-    def test_links_that_lead_somewhere_pass(self):
-        self.assertEqual(
-            self.faults("[a](docs/other.md#two-words) [b](#top) `usb/Pipe.h` `Pipe.h`\n# Top\n"
-                        "[c]: https://example.org/\n", other="## Two `words`\n"), [])
-
-    def test_a_link_to_a_missing_file_fails(self):
-        self.assertEqual(self.faults("\n[a](docs/gone.md)\n"),
-                         ["README.md:2: docs/gone.md leads nowhere"])
-
-    def test_a_link_to_a_missing_heading_fails(self):
-        self.assertEqual(self.faults("[a](docs/other.md#three)\n", other="# Two\n"),
-                         ["README.md:1: docs/other.md#three: no such heading"])
-
-    def test_the_second_of_two_equal_headings_has_a_number(self):
-        self.assertEqual(self.faults("[a](#one-1)\n# One\n# One\n"), [])
-
-    def test_links_in_code_are_no_links(self):
-        self.assertEqual(self.faults("`[a](gone)`\n```\n[b](gone)\n```\n"), [])
-
-    def test_a_named_file_that_is_missing_fails(self):
-        self.assertEqual(self.faults("`usb/Gone.h` and `Lost.cpp`\n"),
-                         ["README.md:1: there is no usb/Gone.h", "README.md:1: there is no Lost.cpp"])
-
-    def test_a_document_that_nothing_leads_to_fails(self):
-        self.assertEqual(self.faults("nothing\n", lonely="# Lonely\n"),
-                         ["docs/lonely.md: no link leads here from README.md"])
-
+LINKS_RIGHT = (
+    "[a](docs/other.md#two-words) [b](#top-1) `usb/Pipe.h` `Pipe.h` `[c](gone)`\n# Top\n# Top\n"
+    "[c]: https://example.org/\n```\n[d](gone)\n```\n"
+)
+LINKS_WRONG = [
+    ("[a](docs/gone.md)", "README.md:8: docs/gone.md leads nowhere"),
+    ("[a](docs/other.md#three)", "README.md:8: docs/other.md#three: no such heading"),
+    ("`usb/Gone.h`", "README.md:8: there is no usb/Gone.h"),
+    ("`Lost.cpp`", "README.md:8: there is no Lost.cpp"),
+]
 
 HELP = """#!/bin/bash
 case "$*" in
@@ -66,80 +30,74 @@ case "$*" in
 *) echo "ran $*" ;;
 esac
 """
+SESSION = "```console\n{}\n```\n"
+SCRIPT = "```sh\n{}\n```\n"
+COMMANDS_RIGHT = [
+    SESSION.format("$ scenewright-cli read x\nran read x"),
+    SESSION.format("$ seq 9\n1\n...\n9"),
+    SESSION.format("$ cat > a <<'E'\n> one\n> E") + SESSION.format("$ cat ~/a\none"),
+    "<!-- not run: no root -->\n" + SESSION.format("$ false\nyes"),
+    SCRIPT.format("false"),
+    "`scenewright-cli --virtual read --fast x`\n",
+]
+COMMANDS_WRONG = [
+    (SESSION.format("$ scenewright-cli read x\nran read y"), ":2: `scenewright-cli read x` prints"),
+    (SESSION.format("$ seq 9\n1\n...\n8"), ":2: `seq 9` prints"),
+    ("<!-- not run -->\n" + SESSION.format("$ false\nyes"), ":3: `false` prints"),
+    ("<!-- run -->\n" + SCRIPT.format("false"), ":3: the commands end with 1:"),
+    (SCRIPT.format("if true; then"), ":2: the commands end with "),
+    ("\n    scenewright-cli read --slow x\n", ":2: scenewright-cli has no --slow"),
+    (SCRIPT.format("scenewright-cli read --slow | a --fast"), ":2: scenewright-cli has no --slow"),
+]
+
+PICTURE = "| high |\n| low |\n"
+LOW, HIGH = "| [`low`](low) | | x |", "| [`high`](high) | what `low` may, `low` | x |"
+ARCHITECTURE_WRONG = [
+    (PICTURE, LOW, "| [`high`](high) | | x |", "the row of high differs from"),
+    (PICTURE, LOW, "", "high is not in both the table and"),
+    ("| low high |\n", LOW, HIGH, "in the picture high does not stand above low"),
+]
 
 
-class Commands(TreeTest):
-    def faults(self, text):
+class Checks(TreeTest):
+    def check_finds(self, faults, right, wrong, told):
+        with self.subTest(told):
+            self.assertEqual(faults(*right), [])
+            found = faults(*wrong)
+            self.assertEqual(len(found), 1, found)
+            self.assertIn(told, found[0])
+
+    def links(self, readme):
+        self.write("README.md", readme)
+        self.write("usb/Pipe.h", "")
+        self.write("docs/other.md", "## Two `words`\n")
+        return list(check_links.faults(self.root))
+
+    def test_links(self):
+        for line, told in LINKS_WRONG:
+            self.check_finds(self.links, [LINKS_RIGHT], [LINKS_RIGHT + line + "\n"], told)
+        told = "docs/other.md: no link leads here from README.md"
+        self.check_finds(self.links, [LINKS_RIGHT], ["nothing\n"], told)
+
+    def commands(self, text):
         self.write("bin/scenewright-cli", HELP, 0o755)
         self.write("README.md", text)
         return list(check_commands.faults(self.root, str(self.root / "bin")))
 
-    def test_a_session_that_prints_what_it_shows_passes(self):
-        self.assertEqual(self.faults("```console\n$ scenewright-cli read x\nran read x\n```\n"), [])
+    def test_commands(self):
+        for text, told in COMMANDS_WRONG:
+            self.check_finds(self.commands, ["".join(COMMANDS_RIGHT)], [text], "README.md" + told)
 
-    def test_a_session_that_prints_something_else_fails(self):
-        self.assertEqual(self.faults("```console\n$ scenewright-cli read x\nran read y\n```\n"),
-                         ["README.md:2: `scenewright-cli read x` prints\nran read x\n"])
+    def architecture(self, picture, *rows):
+        self.write("a.md", "```\n" + picture + "```\n" + "".join(row + "\n" for row in rows))
+        return list(check_architecture.faults(Document(self.root, "a.md")))
 
-    def test_three_dots_stand_for_any_lines(self):
-        self.assertEqual(self.faults("```console\n$ seq 9\n1\n...\n9\n```\n"), [])
-        self.assertEqual(len(self.faults("```console\n$ seq 9\n1\n...\n8\n```\n")), 1)
-
-    def test_a_session_goes_on_in_the_folder_of_the_one_before(self):
-        self.assertEqual(self.faults("```console\n$ cat > a <<'E'\n> one\n> E\n```\n"
-                                     "```console\n$ cat ~/a\none\n```\n"), [])
-
-    def test_a_session_can_be_left_out_with_a_reason(self):
-        self.assertEqual(
-            self.faults("<!-- not run: no root -->\n```console\n$ false\nyes\n```\n"), [])
-        self.assertEqual(len(self.faults("<!-- not run -->\n```console\n$ false\nyes\n```\n")), 1)
-
-    def test_a_script_is_run_when_it_says_so(self):
-        self.assertEqual(self.faults("```sh\nfalse\n```\n"), [])
-        self.assertEqual(len(self.faults("<!-- run -->\n```sh\nfalse\n```\n")), 1)
-
-    def test_a_script_that_cannot_be_parsed_fails(self):
-        self.assertEqual(len(self.faults("```sh\nif true; then\n```\n")), 1)
-
-    def test_an_option_that_no_command_has_fails(self):
-        self.assertEqual(self.faults("`scenewright-cli --virtual read --fast x`\n"), [])
-        self.assertEqual(self.faults("\n    scenewright-cli read --slow x\n"),
-                         ["README.md:2: scenewright-cli has no --slow"])
-        self.assertEqual(self.faults("```sh\nscenewright-cli read --slow | cat --fast\n```\n"),
-                         ["README.md:2: scenewright-cli has no --slow"])
-
-
-class Architecture(TreeTest):
-    def faults(self, picture, *rows):
-        check_architecture.ALLOWED, kept = {"low": set(), "high": {"low"}}, check_architecture.ALLOWED
-        try:
-            self.write("a.md", "```\n" + picture + "```\n" + "".join(row + "\n" for row in rows))
-            return list(check_architecture.faults(Document(self.root, "a.md")))
-        finally:
-            check_architecture.ALLOWED = kept
-
-    def test_what_is_so_passes(self):
-        self.assertEqual(self.faults("| high |\n| low |\n", "| [`low`](low) | | x |",
-                                     "| [`high`](high) | `low` | x |"), [])
-
-    def test_a_row_can_name_another_one(self):
-        self.assertEqual(self.faults("| high |\n| low |\n", "| [`low`](low) | | x |",
-                                     "| [`high`](high) | what `low` may, `low` | x |"), [])
-
-    def test_a_row_that_differs_fails(self):
-        self.assertEqual(self.faults("| high |\n| low |\n", "| [`low`](low) | `high` | x |",
-                                     "| [`high`](high) | `low` | x |"),
-                         ["the row of low differs from tests/tree/include_directions.py"])
-
-    def test_a_missing_row_fails(self):
-        self.assertEqual(
-            self.faults("| high |\n| low |\n", "| [`low`](low) | | x |"),
-            ["high is not in both the table and tests/tree/include_directions.py"])
-
-    def test_a_folder_that_stands_too_low_fails(self):
-        self.assertEqual(self.faults("| low high |\n", "| [`low`](low) | | x |",
-                                     "| [`high`](high) | `low` | x |"),
-                         ["in the picture high does not stand above low"])
+    def test_architecture(self):
+        kept = check_architecture.ALLOWED
+        self.addCleanup(setattr, check_architecture, "ALLOWED", kept)
+        check_architecture.ALLOWED = {"low": set(), "high": {"low"}}
+        for *wrong, told in ARCHITECTURE_WRONG:
+            self.check_finds(self.architecture, [PICTURE, LOW, HIGH], wrong, told)
 
 
 if __name__ == "__main__":

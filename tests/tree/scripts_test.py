@@ -84,65 +84,23 @@ class InstallPackages(ScriptTest):
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
         self.assertEqual(self.asked(), [])
 
-    def test_only_what_is_missing_and_asked_for_is_installed(self):
+    def test_only_what_is_missing_or_was_removed_and_is_asked_for_is_installed(self):
+        self.packages("build one", "build two", "build gone", "test three")
         self.user(0)
         self.installed("one")
         self.assertEqual(self.install("build").returncode, 0)
         self.assertEqual(
             [call.rpartition("300 ")[2] for call in self.asked()],
-            ["update", "install --no-install-recommends two"],
+            ["update", "install --no-install-recommends gone two"],
         )
 
     def test_a_user_installs_through_sudo(self):
         self.installed("one")
-        self.assertEqual(self.install("build").returncode, 0)
+        done = self.install("build")
+        self.assertEqual((done.returncode, done.stderr), (0, "Asking sudo to install two\n"))
         self.assertEqual(
             [call for call in self.asked() if call.startswith("sudo")],
             ["sudo true", f"sudo {APT} update", f"sudo {APT} install --no-install-recommends two"],
-        )
-
-    def test_a_removed_package_counts_as_missing(self):
-        self.packages("build gone")
-        self.user(0)
-        self.install("build")
-        self.assertIn("install --no-install-recommends gone", self.asked()[-1])
-
-    def bare_path(self):
-        """The fakes and what the script itself stands on, so that nothing else is found."""
-        for name in ("bash", "awk", "sort", "comm", "dirname", "readlink", "env", "true"):
-            (self.fakes / name).symlink_to(shutil.which(name))
-        return str(self.fakes)
-
-    def test_without_root_and_sudo_it_says_so(self):
-        self.installed("one")
-        path = self.bare_path()
-        (self.fakes / "sudo").unlink()
-        done = self.install("build", path=path)
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr, "Cannot install two: that needs root, and there is no sudo.\n"
-        )
-
-    def test_when_sudo_refuses_it_says_so(self):
-        self.installed("one")
-        self.fake("sudo", "exit 1")
-        done = self.install("build")
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr,
-            "Asking sudo to install two\n"
-            "Cannot install two: that needs root, and sudo does not allow it.\n",
-        )
-
-    def test_without_a_network_it_says_so_last(self):
-        self.installed("one")
-        self.user(0)
-        self.fake("apt-get", "echo 'E: Unable to fetch' >&2; exit 100")
-        done = self.install("build")
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr.splitlines()[-1],
-            "Cannot install two: apt could not get them; is this machine on the network?",
         )
 
     def test_a_failed_update_does_not_keep_a_package_from_being_installed(self):
@@ -151,16 +109,35 @@ class InstallPackages(ScriptTest):
         self.fake("apt-get", '[ "${*: -1}" != update ]')
         self.assertEqual(self.install("build").returncode, 0)
 
-    def test_without_dpkg_it_names_what_is_needed(self):
-        path = self.bare_path()
-        (self.fakes / "dpkg-query").unlink()
-        done = self.install("build", path=path)
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr,
-            "Cannot tell what is installed: this system has no dpkg; "
-            "install the counterparts of one two.\n",
-        )
+    def without(self, name):
+        """The fakes but one, and what the script itself stands on, so that nothing else is found."""
+        for other in ("bash", "awk", "sort", "comm", "dirname", "readlink", "env", "true"):
+            (self.fakes / other).symlink_to(shutil.which(other))
+        (self.fakes / name).unlink()
+        return str(self.fakes)
+
+    def test_what_keeps_it_from_installing_is_said_last_in_one_sentence(self):
+        def no_network():
+            self.user(0)
+            self.fake("apt-get", "echo 'E: Unable to fetch' >&2; exit 100")
+
+        for prepare, told in (
+            (lambda: self.without("sudo"),
+             "Cannot install two: that needs root, and there is no sudo."),
+            (lambda: self.fake("sudo", "exit 1"),
+             "Cannot install two: that needs root, and sudo does not allow it."),
+            (no_network,
+             "Cannot install two: apt could not get them; is this machine on the network?"),
+            (lambda: self.without("dpkg-query"),
+             "Cannot tell what is installed: this system has no dpkg; "
+             "install the counterparts of one two."),
+        ):
+            with self.subTest(told):
+                self.setUp()
+                self.installed("one")
+                done = self.install("build", path=prepare())
+                self.assertEqual(done.returncode, 1)
+                self.assertEqual(done.stderr.splitlines()[-1], told)
 
 
 class RunAndTest(ScriptTest):
@@ -185,32 +162,22 @@ class RunAndTest(ScriptTest):
         )
 
     def test_a_build_folder_of_another_place_is_made_anew(self):
-        cache = self.tree / "build/release/CMakeCache.txt"
-        cache.write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/elsewhere\n")
-        self.output("run", "--build")
-        self.assertEqual(self.asked()[0], f"cmake -S {self.tree} --preset release --fresh")
-        self.calls.write_text("")
-        cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.tree}\n")
-        self.output("run", "--build")
-        self.assertEqual(self.asked()[0], f"cmake -S {self.tree} --preset release")
+        for place, fresh in (("/elsewhere", " --fresh"), (self.tree, "")):
+            cache = self.tree / "build/release/CMakeCache.txt"
+            cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={place}\n")
+            self.calls.write_text("")
+            self.output("run", "--build")
+            self.assertEqual(self.asked()[0], f"cmake -S {self.tree} --preset release{fresh}")
 
-    STREAMS = ("--console", "-", "--log=-")  # given, so that the script adds none of its own
-
-    def test_run_opens_the_editor_on_the_virtual_controller(self):
-        self.assertEqual(
-            self.output("run", *self.STREAMS), "scenewright --virtual --console - --log=-\n"
-        )
-
-    def test_run_leaves_the_virtual_controller_to_its_argument(self):
-        self.assertEqual(
-            self.output("run", "--virtual=a b", *self.STREAMS),
-            "scenewright --virtual=a b --console - --log=-\n",
-        )
-
-    def test_run_usb_opens_the_editor_on_the_keyboard(self):
-        self.assertEqual(
-            self.output("run", "--usb", *self.STREAMS), "scenewright --console - --log=-\n"
-        )
+    def test_run_opens_the_editor_on_the_virtual_controller_unless_it_is_told_otherwise(self):
+        streams = ["--console", "-", "--log=-"]  # given, so that the script adds none of its own
+        for arguments, opened in (
+            ([], "--virtual "),
+            (["--virtual=a b"], "--virtual=a b "),
+            (["--usb"], ""),
+        ):
+            told = f"scenewright {opened}--console - --log=-\n"
+            self.assertEqual(self.output("run", *arguments, *streams), told)
 
     def test_run_keeps_the_streams_of_the_editor_off_the_terminal(self):
         folder = self.tree / "build/run"
@@ -245,78 +212,52 @@ class RunAndTest(ScriptTest):
         )
         self.assertEqual(self.run_script("run", "--build").stderr, "")
 
-    def test_a_build_that_fails_is_told_in_a_sentence(self):
-        self.fake("cmake", '[ "$1" != --build ]')
-        done = self.run_script("run", "--build")
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr,
-            f"Configuring the build in {self.tree}/build/release\n"
-            f"Cannot build the programs in {self.tree}/build/release; "
-            "the compiler says above where it stopped.\n",
-        )
-
-    def test_a_configuration_that_fails_is_told_in_a_sentence(self):
-        self.fake("cmake", "exit 1")
-        done = self.run_script("test")
-        self.assertEqual(done.returncode, 1)
-        self.assertEqual(
-            done.stderr,
-            f"Configuring the build in {self.tree}/build/release\n"
-            f"Cannot configure the build in {self.tree}/build/release; "
-            "cmake says above what it misses.\n",
-        )
+    def test_a_configuration_or_build_that_fails_is_told_in_a_sentence(self):
+        for script, cmake, told in (
+            ("run", '[ "$1" != --build ]',
+             "build the programs in {}; the compiler says above where it stopped."),
+            ("test", "exit 1", "configure the build in {}; cmake says above what it misses."),
+        ):
+            self.fake("cmake", cmake)
+            done = self.run_script(script, *(["--build"] if script == "run" else []))
+            told = told.format(f"{self.tree}/build/release")
+            first = f"Configuring the build in {self.tree}/build/release\n"
+            self.assertEqual((done.returncode, done.stderr), (1, f"{first}Cannot {told}\n"))
 
     def test_test_ends_with_ctest_and_its_exit_code(self):
         self.fake("ctest", 'echo "ctest $*"; exit 8')
+        common = f"ctest --test-dir {self.tree}/build/tests --output-on-failure "
+        common += f"--parallel {len(os.sched_getaffinity(0))} "
         for name in ("test", ".ci/run"):
             done = self.run_script(name, "-R", "platform")
-            self.assertEqual(done.returncode, 8)
-            self.assertEqual(
-                done.stdout,
-                f"ctest --test-dir {self.tree}/build/tests --output-on-failure "
-                f"--parallel {len(os.sched_getaffinity(0))} -R platform\n",
-            )
-
-    def test_test_takes_the_whole_tables_along_on_request(self):
-        self.fake("ctest", 'echo "ctest $*"')
-        self.assertTrue(
-            self.output("test", "--all", "-R", "sweep").endswith("--build-config all -R sweep\n")
-        )
+            self.assertEqual((done.returncode, done.stdout), (8, common + "-R platform\n"))
+        done = self.run_script("test", "--all", "-R", "sweep")
+        self.assertEqual(done.stdout, common + "--build-config all -R sweep\n")
 
     def test_test_builds_every_preset_and_gives_ctest_their_tests_as_one(self):
-        self.run_script("test")
-        presets = ["release", "dev", "tsan"]
-        self.assert_built(presets)
-        self.assert_tested(presets[1:])
-
-    def test_test_runs_the_fuzzing_engine_with_all(self):
-        self.run_script("test", "--all")
-        presets = ["release", "dev", "tsan", "fuzz"]
-        self.assert_built(presets)
-        self.assert_tested(presets[1:])
-
-    def assert_built(self, presets):
-        asked = self.asked()
-        self.assertEqual(
-            [call for call in asked if "--preset" in call],
-            [f"cmake -S {self.tree} --preset {preset}" for preset in presets],
-        )
-        programs = " --target=scenewright_test_programs"
-        targets = {"release": f" --target=all{programs}", "dev": ""}
-        self.assertEqual(
-            [call for call in asked if call.startswith("cmake --build")],
-            [
-                f"cmake --build {self.tree}/build/{preset}{targets.get(preset, programs)}"
-                for preset in presets
-            ],
-        )
-
-    def assert_tested(self, presets):
-        self.assertEqual(
-            (self.tree / "build/tests/CTestTestfile.cmake").read_text().splitlines(),
-            [f'subdirs("{self.tree}/build/{preset}")' for preset in presets],
-        )
+        for arguments, presets in (
+            ([], ["release", "dev", "tsan"]),
+            (["--all"], ["release", "dev", "tsan", "fuzz"]),
+        ):
+            self.calls.write_text("")
+            self.run_script("test", *arguments)
+            programs = " --target=scenewright_test_programs"
+            targets = {"release": f" --target=all{programs}", "dev": ""}
+            self.assertEqual(
+                [call for call in self.asked() if call.startswith("cmake")],
+                [
+                    call
+                    for preset in presets
+                    for call in (
+                        f"cmake -S {self.tree} --preset {preset}",
+                        f"cmake --build {self.tree}/build/{preset}{targets.get(preset, programs)}",
+                    )
+                ],
+            )
+            self.assertEqual(
+                (self.tree / "build/tests/CTestTestfile.cmake").read_text().splitlines(),
+                [f'subdirs("{self.tree}/build/{preset}")' for preset in presets[1:]],
+            )
 
     def test_test_runs_longer_checks_on_request(self):
         scripts = {"fuzz": "tests/fuzz/run", "soak": "tests/system/soak", "quick": "tests/quick"}
