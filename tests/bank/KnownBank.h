@@ -34,7 +34,8 @@ inline SceneList knownScenes() {
     return parseScenes(knownImage());
 }
 
-// The lines of a bank file that stand on one line in data/known.json: one a setting, with its title.
+// The lines of a bank file that stand on one line in data/known.json: one a setting, with its
+// title.
 inline std::string inLines(std::string object) {
     const std::size_t open = object.find("{\"");
     if (open == std::string::npos)

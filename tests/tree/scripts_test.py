@@ -97,7 +97,7 @@ class InstallPackages(ScriptTest):
     def test_a_user_installs_through_sudo(self):
         self.installed("one")
         done = self.install("build")
-        self.assertEqual((done.returncode, done.stderr), (0, "Asking sudo to install two\n"))
+        self.assertEqual((done.returncode, done.stderr), (0, "Asking sudo to install two\nInstalling two\n"))
         self.assertEqual(
             [call for call in self.asked() if call.startswith("sudo")],
             ["sudo true", f"sudo {APT} update", f"sudo {APT} install --no-install-recommends two"],
