@@ -1,13 +1,10 @@
 """The sweep of the command line."""
 
-import os
-import threading
 from dataclasses import dataclass, replace
 
 import sweep_judge
 import sweep_run
-from sweep_place import Place
-from sweep_subjects import SUBJECTS, make_files
+from sweep_subjects import SUBJECTS
 
 PART = 400  # of the system calls, and as many of the allocations
 NO_FAILURE = 2**63
@@ -29,39 +26,14 @@ class Job:
         return f"{self.subject}/{self.thread}/{self.call}/{self.error}/{self.number}"
 
 
-class Sweep:
-    """Has a place for each worker, made when it first works."""
-
+class Sweep(sweep_run.Sweep):
     def __init__(self, programs, folder, options):
-        self.programs = programs
-        self.preload = sweep_run.preload_of(programs)
-        self.folder = folder
-        self.template = folder / "template"
-        self.workers = 2 * len(os.sched_getaffinity(0))
-        self.subjects = {
-            subject.name: subject
-            for subject in SUBJECTS
-            if not options.subjects or subject.name in options.subjects
-        }
+        super().__init__(programs, folder, options, {each.name: each for each in SUBJECTS})
+        self.workers *= 2
         self.only = options.only
-        self.undisturbed = {}
-        self.local = threading.local()
-        self.servers = []
-        self.lock = threading.Lock()
-        if self.subjects and not options.list:
-            make_files(self.template, programs)
 
-    def names(self):
-        return list(self.subjects)
-
-    def place(self):
-        if not hasattr(self.local, "place"):
-            with self.lock:
-                self.servers.append([])
-                number = len(self.servers)
-            self.local.place = Place(self.folder / f"place{number}", self.template)
-            self.local.server = None
-        return self.local.place
+    def begin_worker(self, number):
+        self.local.server = None
 
     def given(self, place, subject):
         source = self.template / subject.given
@@ -177,6 +149,3 @@ class Sweep:
             place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
         )
         return sweep_judge.unsettled(ended.trace, str(place.files))
-
-    def close(self):
-        pass

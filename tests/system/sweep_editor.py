@@ -13,8 +13,6 @@ from dataclasses import dataclass
 import sweep_judge
 import sweep_run
 from sweep_commands import Job
-from sweep_place import Place
-from sweep_subjects import make_files
 
 PART = 12
 PATIENCE = 20  # seconds for what comes in one when nothing fails
@@ -169,40 +167,21 @@ def is_display(job, line):
     return False
 
 
-class Sweep:
+class Sweep(sweep_run.Sweep):
     def __init__(self, programs, folder, options):
+        subjects = {} if options.only in ("kills", "allocations") else ACTIONS
+        super().__init__(programs, folder / "editor", options, subjects)
         self.program = str(programs / "scenewright")
-        self.preload = sweep_run.preload_of(programs)
-        self.folder = folder / "editor"
-        self.template = self.folder / "template"
-        self.workers = len(os.sched_getaffinity(0))
-        chosen = options.subjects or ACTIONS
-        self.subjects = {name: ACTIONS[name] for name in chosen if name in ACTIONS}
-        if options.only in ("kills", "allocations"):
-            self.subjects = {}
-        self.undisturbed = {}
-        self.local = threading.local()
+        self.home = self.folder / "home"
         self.displays = []
-        self.lock = threading.Lock()
-        if self.subjects and not options.list:
-            self.folder.mkdir()
-            make_files(self.template, programs)
-            (self.template / "held.bank").write_bytes((self.template / "b.bank").read_bytes())
-            make_earlier(self.folder / "home", (self.template / "b.bank").read_bytes())
+        if self.is_used:
+            image = (self.template / "b.bank").read_bytes()
+            (self.template / "held.bank").write_bytes(image)
+            make_earlier(self.home, image)
 
-    def names(self):
-        return list(self.subjects)
-
-    def place(self):
-        if not hasattr(self.local, "place"):
-            with self.lock:
-                number = len(self.displays)
-                self.local.display = Display(self.folder / f"display{number}")
-                self.displays.append(self.local.display)
-            self.local.place = Place(
-                self.folder / f"place{number}", self.template, self.folder / "home"
-            )
-        return self.local.place
+    def begin_worker(self, number):
+        self.local.display = Display(self.folder / f"display{number}")
+        self.displays.append(self.local.display)
 
     def jobs(self):
         found = []
@@ -232,29 +211,20 @@ class Sweep:
         gate = sweep_run.Gate()
         variables = {**display.variables, "SWEEP_ARMED": str(armed), "LD_PRELOAD": self.preload}
         variables |= gate.variables(thread or 9999)
-        with open(place.stream("err"), "wb") as err:
-            process = subprocess.Popen(
-                [self.program, "--virtual=held.bank", "--log", str(log)],
-                cwd=place.files,
-                env=place.environment(**variables),
-                stdin=subprocess.DEVNULL,
-                stdout=subprocess.DEVNULL,
-                stderr=err,
-                pass_fds=[gate.theirs.fileno()],
-            )
-        gate.begun()
+        command = [self.program, "--virtual=held.bank", "--log", str(log)]
+        with place.streams() as streams:
+            process = gate.start(place, command, place.environment(**variables), **streams)
         self.await_window(process)
         armed.touch()
-        trace = place.stream("trace")
-        trace.write_text("")
+        place.stream("trace").write_text("")
         tracers = []
         if thread:
-            waiting = threading.Thread(
-                target=self.hold, args=(gate, trace, options, tracers), daemon=True
+            hold = threading.Thread(
+                target=lambda: tracers.append(gate.trace(place, options)), daemon=True
             )
-            waiting.start()
+            hold.start()
         else:
-            tracers.append(sweep_run.attach(process.pid, trace, options))
+            tracers.append(sweep_run.attach(process.pid, place.stream("trace"), options))
         self.press(action)
         end = self.await_end(process, action)
         notice = "" if end == "ended" else self.local.display.screen_reader.notice()
@@ -264,13 +234,6 @@ class Sweep:
         for tracer in filter(None, tracers):
             tracer.wait()
         return sweep_run.read_back(place, ended), end, notice
-
-    @staticmethod
-    def hold(gate, trace, options, tracers):
-        held = gate.held()
-        if held:
-            tracers.append(sweep_run.attach(held, trace, options))
-            gate.let_go()
 
     def await_window(self, process):
         limit = time.monotonic() + PATIENCE
@@ -310,13 +273,8 @@ class Sweep:
         if process.poll() is not None:
             return sweep_run.Ended(process.returncode)
         process.terminate()
-        try:
-            process.wait(PATIENCE)
-            return sweep_run.Ended(0)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
-            return sweep_run.Ended(-9, is_hung=True)
+        ended = sweep_run.wait(process, PATIENCE)
+        return ended if ended.is_hung else sweep_run.Ended(0)
 
     def run(self, job):
         """A busy machine may swallow a key: what is wrong is wrong twice."""

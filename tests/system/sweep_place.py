@@ -3,6 +3,8 @@
 import os
 import shutil
 import stat
+import threading
+from contextlib import ExitStack, contextmanager
 from pathlib import Path
 
 
@@ -53,6 +55,15 @@ class Place:
     def stream(self, name):
         return self.folder / name
 
+    @contextmanager
+    def streams(self):
+        """The standard streams of a run, as arguments of Popen."""
+        with ExitStack() as stack:
+            yield {
+                f"std{name}": stack.enter_context(open(self.stream(name), mode))
+                for name, mode in (("in", "rb"), ("out", "wb"), ("err", "wb"))
+            }
+
     def contents(self):
         return {
             name: what
@@ -79,3 +90,28 @@ class Place:
             if not name.startswith(("XDG_", "QT_", "SWEEP_"))
         }
         return kept | {"HOME": str(self.folder / "home"), "LC_ALL": "C.UTF-8"} | more
+
+
+class Places:
+    """A place for each worker below the folder, made when it first works."""
+
+    home = None
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.template = folder / "template"
+        self.local = threading.local()
+        self._lock = threading.Lock()
+        self._count = 0
+
+    def place(self):
+        if not hasattr(self.local, "place"):
+            with self._lock:
+                self._count += 1
+                number = self._count
+            self.local.place = Place(self.folder / f"place{number}", self.template, self.home)
+            self.begin_worker(number)
+        return self.local.place
+
+    def begin_worker(self, number):
+        """What else a worker needs."""

@@ -4,6 +4,7 @@ A preloaded object (SweepPreload.cpp) holds one thread back until strace is atta
 that neither the dynamic loader's calls nor another thread's are counted.
 """
 
+import os
 import re
 import signal
 import socket
@@ -13,6 +14,9 @@ import time
 from collections import Counter
 from dataclasses import dataclass, field
 from pathlib import Path
+
+from sweep_place import Places
+from sweep_subjects import make_files
 
 ROOT = Path(__file__).resolve().parents[2]
 PATIENCE = 60  # seconds, after which a program counts as hung
@@ -102,9 +106,13 @@ class Gate:
     def variables(self, thread):
         return {"SWEEP_GATE": f"{self.theirs.fileno()}:{thread}", "SWEEP_NO_PAUSES": "1"}
 
-    def begun(self):
-        """To call when the program has its own end."""
+    def start(self, place, command, environment, **streams):
+        """The program, which has the other end."""
+        process = subprocess.Popen(
+            command, cwd=place.files, env=environment, pass_fds=[self.theirs.fileno()], **streams
+        )
         self.theirs.close()
+        return process
 
     def held(self):
         """The thread that waits; none when the program ended before there was one."""
@@ -114,35 +122,47 @@ class Gate:
         except (struct.error, TimeoutError):
             return None
 
-    def let_go(self):
+    def trace(self, place, options):
+        """strace at the thread that waits, which goes on then."""
+        held = self.held()
+        place.stream("trace").write_text("")
+        if not held:
+            return None
+        tracer = attach(held, place.stream("trace"), options)
         self.ours.send(b"x")
+        return tracer
 
     def close(self):
         self.ours.close()
+
+
+class Sweep(Places):
+    """Fails calls of some subjects, {name: what they are}; a kind of them is a class of its own."""
+
+    def __init__(self, programs, folder, options, subjects):
+        super().__init__(folder)
+        self.programs = programs
+        self.preload = preload_of(programs)
+        self.workers = len(os.sched_getaffinity(0))
+        chosen = options.subjects or subjects
+        self.subjects = {name: subjects[name] for name in subjects if name in chosen}
+        self.undisturbed = {}
+        self.is_used = bool(self.subjects) and not options.list
+        if self.is_used:
+            folder.mkdir(exist_ok=True)
+            make_files(self.template, programs)
+
+    def close(self):
+        pass
 
 
 def gated(place, preload, command, thread, options, **more):
     """Runs the command with strace at one thread of it; `options` are strace's."""
     gate = Gate()
     environment = place.environment(LD_PRELOAD=preload, **gate.variables(thread), **more)
-    with open(place.stream("in"), "rb") as given, open(place.stream("out"), "wb") as out:
-        with open(place.stream("err"), "wb") as err:
-            process = subprocess.Popen(
-                command,
-                cwd=place.files,
-                env=environment,
-                stdin=given,
-                stdout=out,
-                stderr=err,
-                pass_fds=[gate.theirs.fileno()],
-            )
-    gate.begun()
-    held = gate.held()
-    trace = place.stream("trace")
-    trace.write_text("")
-    tracer = attach(held, trace, options) if held else None
-    if held:
-        gate.let_go()
+    with place.streams() as streams:
+        process = gate.start(place, command, environment, **streams)
+    tracer = gate.trace(place, options)
     ended = wait(process)
     if tracer:
         tracer.wait()
@@ -150,9 +170,9 @@ def gated(place, preload, command, thread, options, **more):
     return read_back(place, ended)
 
 
-def wait(process):
+def wait(process, limit=PATIENCE):
     try:
-        return Ended(process.wait(PATIENCE))
+        return Ended(process.wait(limit))
     except subprocess.TimeoutExpired:
         process.kill()
         process.wait()
@@ -170,17 +190,10 @@ def read_back(place, ended):
 
 def plain(command, place, **more):
     """The command as a user runs it, but for the variables in `more`."""
-    with open(place.stream("in"), "rb") as given, open(place.stream("out"), "wb") as out:
-        with open(place.stream("err"), "wb") as err:
-            process = subprocess.Popen(
-                command,
-                cwd=place.files,
-                env=place.environment(**more),
-                stdin=given,
-                stdout=out,
-                stderr=err,
-            )
-            ended = wait(process)
+    with place.streams() as streams:
+        ended = wait(
+            subprocess.Popen(command, cwd=place.files, env=place.environment(**more), **streams)
+        )
     place.stream("trace").unlink(missing_ok=True)
     return read_back(place, ended)
 

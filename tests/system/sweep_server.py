@@ -1,21 +1,20 @@
 """The sweep of scenewright-virtual: a host sends it a bank, and it is asked to end."""
 
-import os
 import re
-import subprocess
-import threading
+import sys
 import time
+from pathlib import Path
 
 import sweep_judge
 import sweep_run
 from sweep_commands import Job
-from sweep_place import Place
-from sweep_subjects import make_files
-from usbip_client import Host, Lost, free_port
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "virtual/usbip"))
+
+import usbip_client as usbip  # noqa: E402  pylint: disable=wrong-import-position
 
 PART = 60
 PROGRAM = "scenewright-virtual"
-END_PATIENCE = 10  # seconds after SIGTERM
 SUBJECTS = {
     "server": ["--bank", "held.bank"],
     "server-new": ["--bank", "new.bank", "--trace", "trace"],
@@ -23,35 +22,13 @@ SUBJECTS = {
 MOST = 60  # failures of one call of one thread by one error; packets are all alike
 
 
-class Sweep:
+class Sweep(sweep_run.Sweep):
     def __init__(self, programs, folder, options):
+        subjects = {} if options.only in ("kills", "allocations") else SUBJECTS
+        super().__init__(programs, folder / "server", options, subjects)
         self.program = str(programs / PROGRAM)
-        self.preload = sweep_run.preload_of(programs)
-        self.folder = folder / "server"
-        self.template = self.folder / "template"
-        self.workers = len(os.sched_getaffinity(0))
-        chosen = options.subjects or SUBJECTS
-        self.subjects = {name: SUBJECTS[name] for name in chosen if name in SUBJECTS}
-        if options.only in ("kills", "allocations"):
-            self.subjects = {}
-        self.undisturbed = {}
-        self.local = threading.local()
-        self.places = 0
-        if self.subjects and not options.list:
-            self.folder.mkdir()
-            make_files(self.template, programs)
+        if self.is_used:
             self.image = (self.template / "a.bank").read_bytes()
-
-    def names(self):
-        return list(self.subjects)
-
-    def place(self):
-        if not hasattr(self.local, "place"):
-            self.places += 1
-            self.local.place = Place(
-                self.folder / f"{self.places}-{threading.get_ident()}", self.template
-            )
-        return self.local.place
 
     def jobs(self):
         found = []
@@ -82,25 +59,16 @@ class Sweep:
         """A host sends a bank; then the server is to end. How it ended, and whether the host had
         to give up."""
         place = self.place()
-        port = free_port()
+        port = usbip.free_port()
         gate = sweep_run.Gate()
-        with open(place.stream("err"), "wb") as err:
-            process = subprocess.Popen(
-                [self.program, "--listen", f"127.0.0.1:{port}", *self.subjects[name]],
-                cwd=place.files,
-                env=place.environment(LD_PRELOAD=self.preload, **gate.variables(thread)),
-                stdin=subprocess.DEVNULL,
-                stdout=subprocess.DEVNULL,
-                stderr=err,
-                pass_fds=[gate.theirs.fileno()],
-            )
-        gate.begun()
-        held = gate.held()
-        place.stream("trace").write_text("")
-        tracer = sweep_run.attach(held, place.stream("trace"), options) if held else None
-        gate.let_go()
+        environment = place.environment(LD_PRELOAD=self.preload, **gate.variables(thread))
+        command = [self.program, "--listen", f"127.0.0.1:{port}", *self.subjects[name]]
+        with place.streams() as streams:
+            process = gate.start(place, command, environment, **streams)
+        tracer = gate.trace(place, options)
         lost = self.send(port, process)
-        ended = self.end(process)
+        process.terminate()
+        ended = sweep_run.wait(process)
         if tracer:
             tracer.wait()
         gate.close()
@@ -112,32 +80,17 @@ class Sweep:
         host = None
         while not host:
             try:
-                host = Host(port)
-            except (Lost, OSError) as error:
+                host = usbip.attached(port)
+            except OSError as error:
                 if process.poll() is not None or time.monotonic() > limit:
                     return str(error)
                 time.sleep(0.005)
-        try:
-            host.send_bank(self.image)
-        except Lost as error:
-            return str(error)
-        finally:
-            host.close()
+        with host:
+            try:
+                host.send_bank(self.image)
+            except OSError as error:
+                return str(error)
         return ""
-
-    @staticmethod
-    def end(process):
-        is_early = process.poll() is not None
-        process.terminate()
-        try:
-            code = process.wait(END_PATIENCE)
-        except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
-            return sweep_run.Ended(-9, is_hung=True)
-        ended = sweep_run.Ended(code)
-        ended.is_early = is_early
-        return ended
 
     def run(self, job):
         place = self.place()
@@ -186,14 +139,9 @@ class Sweep:
         return found
 
     def after_kill(self, job, undisturbed, now, place):
-        found = sweep_judge.faults_when_killed(
-            undisturbed, self.files(now)
-        )
+        found = sweep_judge.faults_when_killed(undisturbed, self.files(now))
         ended, lost = self.session(job.subject, 0, ["-e", "trace=none"])
         subject = sweep_judge.Subject(job.subject, [], PROGRAM, may_stay=("trace",))
         if lost:
             found.append(f"afterwards: {lost}")
         return found + sweep_judge.faults_afterwards(subject, undisturbed, ended, place.contents())
-
-    def close(self):
-        pass

@@ -116,7 +116,7 @@ def check_good_host(port):
     with import_device(port) as host:
         if host.handshake()[:8] != bytes.fromhex("099c0102099c0138"):
             raise AssertionError("a good host is not served")
-        host.send_bank(7)
+        host.send_bank(bytes([7]) * usbip.BANK_SIZE)
 
 
 def settle(server):

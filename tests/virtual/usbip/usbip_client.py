@@ -19,6 +19,7 @@ START_SEND = b"\x09\x9c\x01\x03"
 TWO_BLOCKS = b"\x09\x9c\x00\x02"
 BANK_SIZE = 1012
 SENT_SIZE = 1024  # with the fill behind the bank
+BLOCK = 512  # bytes that are acknowledged at once
 DESCRIBE = bytes([0x80, 6, 0, 2, 0, 0, 255, 0])  # the configuration's descriptor
 
 
@@ -52,13 +53,20 @@ def wait_until(condition, what):
         time.sleep(0.005)
 
 
+class Lost(ConnectionError):
+    """The server does not answer as a device does."""
+
+
+def free_port():
+    with socket.create_server(("127.0.0.1", 0)) as found:
+        return found.getsockname()[1]
+
+
 class Server:
     """Listens at a free port; what it is given for its streams is Popen's."""
 
     def __init__(self, program, *arguments, **options):
-        with socket.socket() as free:
-            free.bind(("127.0.0.1", 0))
-            self.port = free.getsockname()[1]
+        self.port = free_port()
         options.setdefault("stdin", subprocess.DEVNULL)
         options.setdefault("stdout", subprocess.DEVNULL)
         options.setdefault("stderr", subprocess.DEVNULL)
@@ -144,9 +152,17 @@ class Host:
         while len(data) < size:
             piece = self.socket.recv(size - len(data))
             if not piece:
-                break
+                raise Lost("the connection has ended")
             data += piece
         return data
+
+    def answer(self, request):
+        """Of a transfer that ends well: the bytes that it brings."""
+        self.send(request)
+        status, length = struct.unpack(">iI", self.receive(48)[20:28])
+        if status:
+            raise Lost(f"a transfer ended with {status}")
+        return self.receive(length) if request[15] else b""
 
     def has_ended(self):
         """Whether the server ends the connection, whatever else it sends before."""
@@ -158,36 +174,35 @@ class Host:
         return True
 
     def import_device(self):
-        """Tries until no other host has it."""
+        """Lost when another host has it."""
         self.send(IMPORT)
-        return len(self.receive(IMPORT_REPLY)) == IMPORT_REPLY
+        self.receive(IMPORT_REPLY)
 
     def write(self, data):
         self.number += 1
-        self.send(bulk_out(self.number, data))
-        return self.receive(48)
+        self.answer(bulk_out(self.number, data))
 
     def read(self):
         self.number += 1
-        self.send(bulk_in(self.number))
-        header = self.receive(48)
-        return self.receive(struct.unpack(">I", header[24:28])[0])
+        return self.answer(bulk_in(self.number))
 
     def handshake(self):
         for packet in HANDSHAKE:
             self.write(packet)
         return self.read()
 
-    def send_bank(self, byte):
-        """The whole bank of this byte; the last answer comes when it is kept."""
+    def begin_send(self):
         self.handshake()
         self.write(START_SEND)
         self.write(TWO_BLOCKS)
         self.read()
-        data = bytes([0x09, 0x90, byte // 16, byte % 16])
-        for packet in range(SENT_SIZE):
-            self.write(data)
-            if packet % 512 == 511:
+
+    def send_bank(self, bank):
+        """The last answer comes when it is kept."""
+        self.begin_send()
+        for place, byte in enumerate(bank.ljust(SENT_SIZE, b"\xff"), 1):
+            self.write(bytes([0x09, 0x90, byte >> 4, byte & 0x0F]))
+            if place % BLOCK == 0:
                 self.read()
 
     def flood(self, piece, limit):
@@ -212,16 +227,25 @@ class Host:
             pass
 
 
+def attached(port):
+    """A host that has the device."""
+    host = Host(port)
+    try:
+        host.import_device()
+        return host
+    except ConnectionError:
+        host.close()
+        raise
+
+
 def import_device(port):
-    """A host that has the device, once the one before has left."""
+    """The same, once the one before has left."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
-        host = Host(port)
         try:
-            if host.import_device():
-                return host
+            return attached(port)
+        except ConnectionRefusedError:
+            raise
         except ConnectionError:
-            pass
-        host.close()
-        time.sleep(0.002)
+            time.sleep(0.002)
     raise AssertionError("nobody gives the device back")
