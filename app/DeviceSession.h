@@ -4,7 +4,7 @@
 
 #include "app/WindowAction.h"
 #include "bank/Difference.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "protocol/ReadTransaction.h"
 #include "protocol/SceneImage.h"
 

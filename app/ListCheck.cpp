@@ -1,8 +1,8 @@
 #include "app/ListCheck.h"
 
-#include "editor/options/PopUpValue.h"
 #include "model/Control.h"
 #include "model/FileAction.h"
+#include "model/PopUpValue.h"
 #include "platform/Resources.h"
 #include "platform/Translator.h"
 #include "usb/DeviceList.h"

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "app/BackupStore.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "platform/NamedFiles.h"
 #include "platform/Result.h"
 

@@ -5,7 +5,7 @@
 #include "bank/BankFile.h"
 #include "bank/BankImageReader.h"
 #include "bank/JsonTree.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
 
 #include <fmt/format.h>

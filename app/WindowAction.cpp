@@ -1,9 +1,9 @@
 #include "app/WindowAction.h"
 
-#include "editor/options/PopUpValue.h"
 #include "model/Control.h"
 #include "model/FileAction.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
+#include "model/PopUpValue.h"
 #include "protocol/ReadTransaction.h"
 #include "protocol/SendTransaction.h"
 
@@ -110,6 +110,14 @@ const SceneList& WindowAction::scenes() {
 void WindowAction::setScenes(SceneList scenes) {
     padWithDefaults(scenes);
     store().scenes = std::move(scenes);
+}
+
+void AppDelegate::readSceneDataAction() {
+    WindowAction::readSceneData();
+}
+
+void AppDelegate::sendSceneDataAction() {
+    WindowAction::sendSceneData();
 }
 
 } // namespace scenewright

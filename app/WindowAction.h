@@ -1,7 +1,5 @@
-// The scene store and the two commands on it: read the scenes from the controller, send them back.
-//
-// No instances; the scene list lives as long as the process, in WindowAction.cpp. The list holds
-// the records themselves: who gets a scene edits the stored one. Main thread only.
+// The scene store, the two commands on it (read the scenes from the controller, send them back),
+// and the menu commands that call them. Main thread only.
 #pragma once
 
 #include "model/MessageValue.h"
@@ -16,6 +14,8 @@ namespace scenewright {
 
 class PopUpValue;
 
+// No instances; the scene list lives as long as the process, in WindowAction.cpp. The list holds
+// the records themselves: who gets a scene edits the stored one.
 class WindowAction {
 public:
     WindowAction() = delete;
@@ -48,6 +48,17 @@ public:
     // Replaces the stored scenes, as a read does: a list of fewer than four is filled up with
     // default scenes named by their place, a longer one is kept whole.
     static void setScenes(SceneList scenes);
+};
+
+// The application's menu commands.
+class AppDelegate {
+public:
+    void applicationDidFinishLaunching() {}
+    void applicationWillTerminate() {}
+    // Blocks until the read has ended.
+    void readSceneDataAction();
+    // Returns as soon as the transfer has been started.
+    void sendSceneDataAction();
 };
 
 } // namespace scenewright

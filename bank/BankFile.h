@@ -2,7 +2,7 @@
 // (BankJson.h). A file's content tells which of the two it is, its name does not.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"
 #include "protocol/SceneImage.h"

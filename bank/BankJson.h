@@ -10,8 +10,8 @@
 #pragma once
 
 #include "bank/BankContent.h"
-#include "editor/options/PopUpValue.h"
 #include "model/Control.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>

@@ -2,8 +2,7 @@
 #include "bank/JsonTree.h"
 #include "bank/NameText.h"
 #include "bank/SettingText.h"
-#include "editor/options/SettingOptions.h"
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 
 #include <fmt/format.h>

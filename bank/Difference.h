@@ -3,7 +3,7 @@
 
 #include "bank/Path.h"
 #include "bank/SettingText.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <string>

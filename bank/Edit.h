@@ -2,7 +2,7 @@
 // never changed, and a change that cannot be done whole is not done at all.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <optional>

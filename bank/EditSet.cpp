@@ -4,7 +4,6 @@
 #include "bank/NameText.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
-#include "editor/options/SettingOptions.h"
 #include "model/Setting.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #include "bank/MessageText.h"
 
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 
 namespace scenewright {
 

@@ -1,6 +1,6 @@
 #include "bank/NameText.h"
 
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #include "bank/Path.h"
 
 #include "bank/MessageText.h"
-#include "editor/options/SettingOptions.h"
+#include "model/Setting.h"
 #include "platform/Translator.h"
 
 #include <fmt/format.h>

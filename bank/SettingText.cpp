@@ -1,7 +1,7 @@
 #include "bank/SettingText.h"
 
 #include "bank/NameText.h"
-#include "editor/options/SettingOptions.h"
+#include "model/Setting.h"
 #include "model/ValueAction.h"
 
 namespace scenewright {

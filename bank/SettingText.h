@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bank/Path.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>

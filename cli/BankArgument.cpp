@@ -3,7 +3,7 @@
 #include "app/WindowAction.h"
 #include "bank/JsonTree.h"
 #include "cli/Command.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
 #include "platform/StandardStreams.h"
 

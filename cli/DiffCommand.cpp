@@ -2,7 +2,7 @@
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Transaction.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 
 #include <CLI/CLI.hpp>
 

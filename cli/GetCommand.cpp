@@ -2,7 +2,7 @@
 #include "bank/SettingText.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

@@ -1,8 +1,7 @@
 #include "cli/SceneTable.h"
 
-#include "editor/options/SettingOptions.h"
 #include "model/Control.h"
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 
 #include <fmt/format.h>

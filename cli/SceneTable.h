@@ -1,7 +1,7 @@
 // A scene's settings as text that fits a terminal of 80 columns.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 #include "bank/Edit.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,8 +2,8 @@
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/SceneTable.h"
-#include "editor/options/PopUpValue.h"
 #include "model/Control.h"
+#include "model/PopUpValue.h"
 
 #include <CLI/CLI.hpp>
 

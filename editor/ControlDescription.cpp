@@ -1,11 +1,11 @@
 #include "editor/ControlDescription.h"
 
-#include "editor/ControlCondition.h"
-#include "editor/options/SettingOptions.h"
 #include "model/Control.h"
+#include "model/Setting.h"
 #include "platform/Translator.h"
 
 #include <fmt/format.h>
+#include <fmt/printf.h>
 
 #include <algorithm>
 #include <array>
@@ -13,6 +13,84 @@
 namespace scenewright {
 
 namespace {
+
+// The kinds that a row holds for, as a set.
+enum KindSet : std::uint8_t {
+    kTravel = 1, // knobs and sliders
+    kPads = 2,
+    kKeys = 4,
+    kGroups = 8,
+    kAssigned = kPads | kKeys,
+    kAllButGroups = kTravel | kAssigned,
+};
+
+constexpr std::uint8_t setOf(ControlKind kind) {
+    switch (kind) {
+    case ControlKind::Common:
+        return 0;
+    case ControlKind::Group:
+        return kGroups;
+    case ControlKind::Knob:
+    case ControlKind::Slider:
+        return kTravel;
+    case ControlKind::Pad:
+        return kPads;
+    case ControlKind::Key:
+        return kKeys;
+    }
+    return 0;
+}
+
+constexpr std::int32_t kAnyMode = -1;
+
+// What a control shows in a mode when the condition holds. Without a field the format is the title.
+struct Row {
+    std::int32_t mode = kAnyMode;
+    std::uint8_t kinds = 0;
+    ControlCondition when = ControlCondition::Always;
+    const char* format = "";
+    const IndexField<ButtonValue>* field = nullptr;
+    const OptionList* list = nullptr;
+};
+
+using B = ButtonValue;
+using P = PopUpValue;
+using enum ControlCondition;
+
+// Off values are looked up in the on values' list and the reverse; keys are asked for `Enable`, not
+// for their assign type, in modes 3 and 4; knobs and sliders show `KeyBehavior` in mode 5. All
+// three are what the editor has always shown.
+// clang-format off
+constexpr auto kSummaryRows = std::to_array<Row>({
+    {kAnyMode, kGroups, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {0, kPads, Assigned, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {0, kTravel | kKeys, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {1, kTravel, Always, "%s", &B::EnableField, &P::display_Enable_ArrayList},
+    {1, kAssigned, Controller, "CC"},
+    {1, kAssigned, Note, "Note"},
+    {2, kAssigned, Controller, "CC#\n%s", &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
+    {2, kAssigned, Note, "Note\n%s", &B::CCOrNoteNumberField, &P::display_NoteNumber_ArrayList},
+    {2, kTravel, Enabled, "CC#\n%s", &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
+    {3, kAllButGroups, Enabled, "L/L\n%s", &B::LowerOrLeftValueField, &P::display_LowerOrLeftValue_ArrayList},
+    {4, kAllButGroups, Enabled, "U/R\n%s", &B::UpperOrRightValueField, &P::display_UpperOrRightValue_ArrayList},
+    {5, kPads, Assigned, "%s", &B::PadBehaviorField, &P::display_PadBehavior_ArrayList},
+    {5, kKeys, Assigned, "%s", &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
+    {5, kTravel, Enabled, "%s", &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
+    {6, kAssigned, Controller, "OFF\n%s", &B::OffValueField, &P::display_OnValue_ArrayList},
+    {6, kTravel, Enabled, "OFF\n%s", &B::OffValueField, &P::display_OnValue_ArrayList},
+    {7, kAssigned, Controller, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
+    {7, kTravel, Enabled, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
+});
+// clang-format on
+
+constexpr const char* kNothing = "---";
+
+std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
+    if (row.field == nullptr)
+        return row.format;
+    const std::string* title = titleAt(row.list->of(lists), row.field->of(record));
+    return title == nullptr ? kNothing : fmt::sprintf(row.format, *title);
+}
 
 // What is said of a kind's setting when the condition holds.
 struct Phrase {
@@ -89,6 +167,35 @@ std::uint8_t scaledToFull(std::int32_t level) {
 }
 
 } // namespace
+
+bool holds(ControlCondition condition, const ButtonValue& record) {
+    switch (condition) {
+    case ControlCondition::Always:
+        return true;
+    case ControlCondition::Disabled:
+        return record.Enable() == 0;
+    case ControlCondition::Enabled:
+        return record.Enable() != 0;
+    case ControlCondition::Unassigned:
+        return record.AssignType() == kAssignOff;
+    case ControlCondition::Assigned:
+        return record.AssignType() != kAssignOff;
+    case ControlCondition::Controller:
+        return record.AssignType() == kAssignController;
+    case ControlCondition::Note:
+        return record.AssignType() == kAssignNote;
+    }
+    return false;
+}
+
+std::string displaySummary(const PopUpValue& lists, ControlKind kind, const ButtonValue& record,
+                           std::int32_t mode) {
+    const auto* row = std::ranges::find_if(kSummaryRows, [&](const Row& candidate) {
+        return (candidate.mode == mode || candidate.mode == kAnyMode) &&
+               (candidate.kinds & setOf(kind)) != 0 && holds(candidate.when, record);
+    });
+    return row == kSummaryRows.end() ? kNothing : summaryOf(*row, lists, record);
+}
 
 std::string controlName(std::int32_t index) {
     const ControlRange* range = controlRangeOf(index);

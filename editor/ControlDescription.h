@@ -1,15 +1,39 @@
-// A control in words and colour, for those who hear the picture and for its lights.
+// A control as the device picture shows it: the short title on its button, all that it does in
+// words for those who hear the picture, and its light.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
-#include "editor/widgets/Widgets.h"
-#include "model/ButtonValue.h"
+#include "editor/Widgets.h"
+#include "model/Control.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>
 #include <string>
 
 namespace scenewright {
+
+// What a control's record says about whether and how it works; rows of the tables that put a
+// control into words are chosen by it.
+enum class ControlCondition : std::uint8_t {
+    Always,
+    Disabled,   // `Enable` is 0
+    Enabled,    // `Enable` is anything else
+    Unassigned, // `AssignType` is 0
+    Assigned,   // `AssignType` is anything else
+    Controller, // `AssignType` is 1
+    Note,       // `AssignType` is 2
+};
+
+[[nodiscard]] bool holds(ControlCondition condition, const ButtonValue& record);
+
+// The short title that the device picture's button shows of a control, by display mode.
+//
+// Modes: 0 MIDI channel, 1 type, 2 CC or note number, 3 lower or left value, 4 upper or right
+// value, 5 behaviour, 6 off value, 7 on value; a group shows its channel in every mode. "---" for
+// another mode, for a control that is off, for a field that the kind does not carry, for an index
+// outside its list, and for a list that the resource lacks. One or two lines.
+[[nodiscard]] std::string displaySummary(const PopUpValue& lists, ControlKind kind,
+                                         const ButtonValue& record, std::int32_t mode);
 
 // "Common", "Pad 3"; "Control 46" for an index that no control has.
 [[nodiscard]] std::string controlName(std::int32_t index);

@@ -5,7 +5,7 @@
 // panel's logic. Main thread only.
 #pragma once
 
-#include "editor/widgets/Widgets.h"
+#include "editor/Widgets.h"
 #include "model/Property.h"
 
 #include <cstdint>

@@ -6,7 +6,7 @@
 //       both. It leaves the class in private access behind it.
 #pragma once
 
-#include "editor/widgets/Widgets.h"
+#include "editor/Widgets.h"
 #include "model/Property.h"
 
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "editor/ValuePopUps.h"
 
 #include "editor/ViewController.h"
-#include "editor/options/SettingOptions.h"
+#include "model/Setting.h"
 
 #include <algorithm>
 #include <array>

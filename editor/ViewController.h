@@ -9,11 +9,10 @@
 #pragma once
 
 #include "editor/ValueOutlet.h"
-#include "editor/options/PopUpValue.h"
-#include "editor/widgets/Widgets.h"
-#include "model/ButtonRange.h"
+#include "editor/Widgets.h"
 #include "model/Control.h"
 #include "model/MessageValue.h"
+#include "model/PopUpValue.h"
 #include "model/Property.h"
 #include "model/SceneValue.h"
 

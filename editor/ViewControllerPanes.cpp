@@ -1,10 +1,10 @@
-// What the panes and the device picture show of the scene.
+// What the panes and the device picture show of the scene, and what a user's choice writes into it.
 #include "app/WindowAction.h"
-#include "editor/DisplaySummary.h"
+#include "editor/ControlDescription.h"
 #include "editor/ValuePopUps.h"
 #include "editor/ViewController.h"
-#include "editor/options/SettingOptions.h"
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
+#include "model/Setting.h"
 #include "platform/Diagnostics.h"
 
 #include <fmt/printf.h>
@@ -17,6 +17,14 @@ std::string describe(const SceneValue& scene) {
     const std::string name =
         scene.commonValue() ? displayName(scene.commonValue()->SceneName()) : "";
     return fmt::sprintf("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
+}
+
+// A note number beyond the list becomes the list's last. Compared without a sign, so that the mark
+// of an absent field counts as beyond; the number of entries itself is let through, as ever.
+void clampNumber(ButtonValue& record, std::size_t entries) {
+    const std::int64_t number = record.CCOrNoteNumber();
+    if (std::uint64_t{entries} < static_cast<std::uint64_t>(number))
+        record.setCCOrNoteNumber(static_cast<std::int32_t>(entries) - 1);
 }
 
 } // namespace
@@ -154,6 +162,40 @@ void ViewController::showTitle(std::int32_t index, const ButtonValue& record, st
     if (!kind || button == nullptr)
         return;
     button->setTitle(displaySummary(*pu(), *kind, record, mode));
+}
+
+void ViewController::changeValue(const PopUp& sender, const ValueOutlet& outlet) {
+    operate([&] {
+        const ValuePopUp& row = valuePopUp(outlet);
+        const std::int32_t position = sender.selectedItem();
+        if (row.common != nullptr) {
+            row.common->set(*sceneValue()->commonValue(), position);
+            applyRule(row, position);
+        } else if (takeRecord(selectControl())) {
+            row.button->set(*buttonValue(), position);
+            applyRule(row, position);
+            showDisplayValueWithIndex(dispaly_index());
+        }
+    });
+}
+
+void ViewController::applyRule(const ValuePopUp& row, std::int32_t value) {
+    enableDependents(row, value);
+    if (row.rule == ExtraRule::AssignType)
+        offerNumbers(numberRowOf(row));
+}
+
+void ViewController::offerNumbers(const ValuePopUp& number) {
+    const std::int32_t assignType = buttonValue()->AssignType();
+    if (assignType != kAssignController && assignType != kAssignNote)
+        return;
+    const Titles titles = offeredTitles(number);
+    popUp(number).removeAllItems();
+    if (titles)
+        popUp(number).addItems(*titles);
+    if (assignType == kAssignNote)
+        clampNumber(*buttonValue(), titles ? titles->size() : 0);
+    popUp(number).selectItem(storedValue(number));
 }
 
 } // namespace scenewright

@@ -5,6 +5,15 @@
 
 namespace scenewright {
 
+namespace {
+
+std::shared_ptr<MessageValue>& kept() {
+    static std::shared_ptr<MessageValue> record;
+    return record;
+}
+
+} // namespace
+
 void MessageValue::setMessage(Text value) {
     write(Message_, "Message", std::move(value));
 }
@@ -53,6 +62,20 @@ void MessageValue::tellAll() {
     isTelling_ = false;
     if (first)
         std::rethrow_exception(first);
+}
+
+std::shared_ptr<MessageValue> Progress::record() {
+    if (!kept())
+        kept() = std::make_shared<MessageValue>();
+    return kept();
+}
+
+std::shared_ptr<MessageValue> Progress::recordIfAny() {
+    return kept();
+}
+
+void Progress::forget() {
+    kept().reset();
 }
 
 } // namespace scenewright

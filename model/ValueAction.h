@@ -5,13 +5,93 @@
 // its 8 bits. Any thread, at any time.
 #pragma once
 
-#include "model/CodeTable.h"
-
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
+
+// A device's byte codes for the choices of one setting: a constant table with both directions of
+// its lookup worked out at compile time, so that neither searches.
+class CodeTable {
+public:
+    // The codes, index 0 first; at most 256.
+    template <std::size_t Size>
+    consteval explicit CodeTable(const std::array<std::uint8_t, Size>& codes) : size_(Size) {
+        static_assert(Size >= 1 && Size <= 256);
+        for (std::size_t index = Size; index-- > 0;) {
+            codes_[index] = codes[index];
+            // Written from the end, so that the first of equal codes stays.
+            indices_[codes[index]] = static_cast<std::uint8_t>(index);
+        }
+    }
+
+    [[nodiscard]] constexpr std::int32_t size() const noexcept {
+        return static_cast<std::int32_t>(size_);
+    }
+
+    // The code at an index; 0x00 for an index outside the table.
+    [[nodiscard]] constexpr std::uint8_t byteAt(std::int32_t index) const noexcept {
+        return index >= 0 && index < size() ? codes_[static_cast<std::size_t>(index)]
+                                            : std::uint8_t{0};
+    }
+
+    // The first index that holds the code; 0 when none does.
+    [[nodiscard]] constexpr std::int32_t indexOf(std::uint8_t code) const noexcept {
+        return indices_[code];
+    }
+
+private:
+    std::size_t size_;
+    std::array<std::uint8_t, 256> codes_{};
+    std::array<std::uint8_t, 256> indices_{};
+};
+
+namespace codes {
+
+template <std::size_t Size>
+consteval std::array<std::uint8_t, Size> identity() {
+    std::array<std::uint8_t, Size> codes{};
+    for (std::size_t index = 0; index < Size; ++index)
+        codes[index] = static_cast<std::uint8_t>(index);
+    return codes;
+}
+
+// The button identifiers are three runs: eight lead, 0x50 to 0x7F ascend, eight close.
+consteval std::array<std::uint8_t, 64> buttonIds() {
+    std::array<std::uint8_t, 64> codes{0x30, 0x01, 0x02, 0x09, 0x0B, 0x0C, 0x0D, 0x0E};
+    std::size_t next = 8;
+    for (unsigned code = 0x50; code <= 0x7F; ++code)
+        codes[next++] = static_cast<std::uint8_t>(code);
+    for (const unsigned code : {0x33U, 0x03U, 0x04U, 0x0AU, 0x05U, 0x06U, 0x07U, 0x08U})
+        codes[next++] = static_cast<std::uint8_t>(code);
+    return codes;
+}
+
+// The device's own codes, gaps included.
+template <typename... Codes>
+consteval CodeTable table(Codes... codes) {
+    return CodeTable(std::array{static_cast<std::uint8_t>(codes)...});
+}
+
+inline constexpr CodeTable kButtonId{buttonIds()};
+inline constexpr CodeTable kPadMode = table(0x00, 0x01, 0x08, 0x09);
+inline constexpr CodeTable kOtherMode = table(0x00, 0x01, 0x04);
+inline constexpr CodeTable kChannel = table(0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08,
+                                            0x09, 0x0A, 0x0B, 0x0C, 0x0D, 0x0E, 0x0F, 0x41);
+inline constexpr CodeTable kVelocityCurve{identity<4>()};
+inline constexpr CodeTable kKnobRelativeMode = table(0x01, 0x7F);
+inline constexpr CodeTable kOctaveTransposition =
+    table(0x00, 0x01, 0x02, 0x03, 0x04, 0x41, 0x42, 0x43, 0x44);
+inline constexpr CodeTable kGlobalMidiChannel{identity<16>()};
+inline constexpr CodeTable kKnobAccelerationCurve{identity<3>()};
+inline constexpr CodeTable kMemory{identity<9>()};
+inline constexpr CodeTable k127{identity<128>()};
+inline constexpr CodeTable k255{identity<256>()};
+
+} // namespace codes
 
 class ValueAction {
     // One forward lookup: the byte at an index; 0x00 for an index outside the table.

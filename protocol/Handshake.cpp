@@ -1,6 +1,6 @@
 #include "protocol/Handshake.h"
 
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "platform/Diagnostics.h"
 #include "usb/InterfaceAction.h"
 

@@ -1,7 +1,7 @@
 #include "protocol/ReadTransaction.h"
 
 #include "model/Control.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "protocol/Handshake.h"

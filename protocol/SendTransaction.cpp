@@ -1,7 +1,7 @@
 #include "protocol/SendTransaction.h"
 
-#include "model/CodeTable.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
+#include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "protocol/Handshake.h"

@@ -1,9 +1,8 @@
 #include "editor/qt/BankCommands.h"
 
 #include "app/WindowAction.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/RecentFiles.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>

@@ -1,8 +1,7 @@
 #include "editor/qt/ControlButton.h"
 
 #include "editor/qt/ControlShape.h"
-#include "editor/qt/ResourceImage.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QKeyEvent>
 #include <QPainter>

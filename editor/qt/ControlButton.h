@@ -5,8 +5,8 @@
 // colour back, whenever one setting has changed.
 #pragma once
 
-#include "editor/qt/Caption.h"
-#include "editor/widgets/Widgets.h"
+#include "editor/Widgets.h"
+#include "editor/qt/ControlShape.h"
 #include "model/Control.h"
 
 #include <QAbstractButton>

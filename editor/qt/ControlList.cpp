@@ -1,8 +1,7 @@
 #include "editor/qt/ControlList.h"
 
-#include "editor/qt/Owned.h"
-#include "editor/qt/RowDelegate.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/PopUpBox.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 // The list of controls.
 #pragma once
 
-#include "editor/widgets/Widgets.h"
+#include "editor/Widgets.h"
 
 #include <QAbstractListModel>
 #include <QListView>

@@ -1,10 +1,18 @@
 #include "editor/qt/ControlShape.h"
 
+#include "platform/Resources.h"
+
+#include <QFontMetricsF>
+#include <QImage>
 #include <QPainter>
+#include <QStringList>
+#include <QSvgRenderer>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
+#include <memory>
 
 namespace scenewright {
 
@@ -127,6 +135,49 @@ using Draw = void (*)(QPainter&, const QRectF&, const ControlLook&);
 constexpr std::array<Draw, 6> kDraws{drawGroup, drawKnob,     drawSlider,
                                      drawPad,   drawWhiteKey, drawBlackKey};
 
+constexpr QChar kLineEnd = QLatin1Char('\n');
+// A caption is rather turned than set smaller or narrower than this.
+constexpr std::array<int, 3> kStretches{100, 87, 75};
+
+bool fitsInto(const QSizeF& size, const QSizeF& room) {
+    return size.width() <= room.width() && size.height() <= room.height();
+}
+
+// The largest size, from `largest` down, in which the text fits; false when none does.
+bool shrinkInto(QFont& font, const QString& text, const QSizeF& room, int largest) {
+    for (int size = std::max(largest, kSmallestCaption); size >= kSmallestCaption; --size)
+        for (const int stretch : kStretches) {
+            font.setPixelSize(size);
+            font.setStretch(stretch);
+            if (fitsInto(captionSize(text, font), room))
+                return true;
+        }
+    return false;
+}
+
+// Null for an image that is missing or cannot be read.
+QSvgRenderer* imageNamed(const std::string& name) {
+    static std::map<std::string, std::unique_ptr<QSvgRenderer>> images;
+    const auto [entry, isNew] = images.try_emplace(name);
+    if (!isNew)
+        return entry->second.get();
+    const auto path = Resources::find(name, "svg");
+    auto image = std::make_unique<QSvgRenderer>();
+    if (path && image->load(QString::fromStdString(path->string())))
+        entry->second = std::move(image);
+    return entry->second.get();
+}
+
+QImage rasterised(QSvgRenderer& image, qreal ratio) {
+    const QSizeF size = image.viewBoxF().size() * ratio;
+    QImage raster(size.toSize(), QImage::Format_ARGB32_Premultiplied);
+    raster.fill(Qt::transparent);
+    QPainter painter(&raster);
+    painter.setRenderHint(QPainter::Antialiasing);
+    image.render(&painter);
+    return raster;
+}
+
 } // namespace
 
 ControlShape shapeOf(ControlKind kind, std::int32_t tag) {
@@ -172,6 +223,59 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
     if (look.isHovered)
         fillRound(painter, room, 7, QColor(255, 255, 255, 26));
     painter.restore();
+}
+
+QSizeF captionSize(const QString& text, const QFont& font) {
+    const QFontMetricsF metrics(font);
+    const QStringList lines = text.split(kLineEnd);
+    qreal width = 0;
+    for (const QString& line : lines)
+        width = std::max(width, metrics.horizontalAdvance(line));
+    return {width, metrics.height() * static_cast<qreal>(lines.size())};
+}
+
+CaptionSetting setCaption(const QString& text, const QSizeF& room, QFont font, int largest) {
+    if (shrinkInto(font, text, room, largest))
+        return {font, false, true};
+    if (shrinkInto(font, text, room.transposed(), largest))
+        return {font, true, true};
+    return {font, false, false};
+}
+
+void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
+                 const CaptionSetting& setting, const QColor& colour) {
+    painter.save();
+    painter.setFont(setting.font);
+    painter.setPen(colour);
+    painter.translate(room.center());
+    if (setting.isTurned)
+        painter.rotate(-90);
+    const QSizeF size = setting.isTurned ? room.size().transposed() : room.size();
+    const QRectF box(QPointF(-size.width() / 2, -size.height() / 2), size);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+    painter.restore();
+}
+
+void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name) {
+    QSvgRenderer* image = imageNamed(name);
+    if (image == nullptr)
+        return;
+    const qreal ratio = painter.device()->devicePixelRatio();
+    const QImage raster = rasterised(*image, ratio);
+    const qreal corner = std::floor(image->viewBoxF().width() / 3);
+    const qreal far = raster.width() / ratio - corner;
+    const std::array<qreal, 4> from{0, corner * ratio, far * ratio, raster.width() * 1.0};
+    const std::array<qreal, 4> across{target.left(), target.left() + corner,
+                                      target.right() - corner, target.right()};
+    const std::array<qreal, 4> down{target.top(), target.top() + corner, target.bottom() - corner,
+                                    target.bottom()};
+    const auto cell = [](const auto& x, const auto& y, std::size_t column, std::size_t row) {
+        return QRectF(QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1]));
+    };
+    for (std::size_t row = 0; row < 3; ++row)
+        for (std::size_t column = 0; column < 3; ++column)
+            painter.drawImage(cell(across, down, column, row), raster,
+                              cell(from, from, column, row));
 }
 
 } // namespace scenewright

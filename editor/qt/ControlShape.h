@@ -1,12 +1,15 @@
-// How the controls of the device picture look: groups, knobs, sliders, pads, white and black keys.
+// How a control of the picture is drawn: its shape, the text on it, and images from the resources.
 #pragma once
 
 #include "model/Control.h"
 
 #include <QColor>
+#include <QFont>
 #include <QRectF>
+#include <QString>
 
 #include <cstdint>
+#include <string>
 
 class QPainter;
 
@@ -32,5 +35,31 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
 
 // The part of the place that carries the caption, on a dark ground in every shape.
 [[nodiscard]] QRectF captionRect(ControlShape shape, const QRectF& room);
+
+// How a caption, the short text on a control, is set: as large as its room allows, upright, or
+// turned a quarter left where only the height has room for it.
+struct CaptionSetting {
+    QFont font;
+    bool isTurned = false;
+    bool fits = true; // false: even the smallest legible setting is larger than the room
+};
+
+// The smallest size that a caption is set in, in device-independent pixels.
+inline constexpr int kSmallestCaption = 9;
+
+// `text` is one or more lines; `font` gives the family; nothing is set larger than `largest`.
+[[nodiscard]] CaptionSetting setCaption(const QString& text, const QSizeF& room, QFont font,
+                                        int largest);
+
+// How much room a text takes in a font, upright.
+[[nodiscard]] QSizeF captionSize(const QString& text, const QFont& font);
+
+void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
+                 const CaptionSetting& setting, const QColor& colour);
+
+// Fills `target` with the image NAME.svg: its corners, a third of its width each, keep their size,
+// and what is between them stretches. An image that is missing draws nothing and is logged once.
+// Main thread; images are kept until the process ends.
+void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name);
 
 } // namespace scenewright

@@ -1,6 +1,6 @@
 #include "editor/qt/DeviceCommands.h"
 
-#include "editor/qt/WaitCursor.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QPointer>
 

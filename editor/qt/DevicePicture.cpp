@@ -1,17 +1,41 @@
 #include "editor/qt/DevicePicture.h"
 
 #include "editor/ControlDescription.h"
-#include "editor/qt/ArrowTarget.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/Control.h"
+#include "platform/Resources.h"
 
 #include <QPainter>
+#include <fmt/format.h>
 
 #include <cmath>
+#include <limits>
 
 namespace scenewright {
 
 namespace {
+
+const QString kBody = QStringLiteral("body");
+
+QString placeName(std::int32_t tag) {
+    return QStringLiteral("control-%1").arg(tag);
+}
+
+constexpr qreal kAside = 3; // how much farther a control seems that lies to the side
+
+bool isKey(std::int32_t tag) {
+    return tag >= controlRange(ControlKind::Key).start && tag < kControlIndexEnd;
+}
+
+// How far `to` is from `from` in the direction; infinite when it does not lie there.
+qreal distance(const QRectF& from, const QRectF& to, int right, int down) {
+    const QPointF way = to.center() - from.center();
+    const qreal along = right != 0 ? way.x() * right : way.y() * down;
+    const qreal half = (right != 0 ? from.width() : from.height()) / 2;
+    if (along < half)
+        return std::numeric_limits<qreal>::infinity();
+    return along + kAside * std::abs(right != 0 ? way.y() : way.x());
+}
 
 constexpr QSize kPictureSize(940, 384);
 constexpr QSize kMinSize(620, 254);
@@ -23,6 +47,61 @@ QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {
 }
 
 } // namespace
+
+DeviceDrawing::DeviceDrawing() {
+    const auto path = Resources::find("keyboard", "svg");
+    if (!path) {
+        trouble_ = "keyboard.svg: not found among the program's resources";
+        return;
+    }
+    if (!renderer_.load(QString::fromStdString(path->string())))
+        trouble_ = fmt::format("{}: not a drawing that can be read", path->string());
+    for (std::int32_t tag = 1; tag < kControlIndexEnd && !trouble_; ++tag) {
+        // Of an element that is not there, the renderer tells the bounds of the whole drawing.
+        if (renderer_.elementExists(placeName(tag)))
+            places_[tag] = renderer_.boundsOnElement(placeName(tag));
+        if (places_[tag].isEmpty())
+            trouble_ = fmt::format("{}: no place for control {}", path->string(), tag);
+    }
+    if (!trouble_ && !renderer_.elementExists(kBody))
+        trouble_ = fmt::format("{}: no body", path->string());
+}
+
+QSizeF DeviceDrawing::size() const {
+    return renderer_.viewBoxF().size();
+}
+
+QRectF DeviceDrawing::place(std::int32_t tag) const {
+    const auto found = places_.find(tag);
+    return found == places_.end() ? QRectF() : found->second;
+}
+
+void DeviceDrawing::drawBody(QPainter& painter, const QRectF& target) {
+    if (trouble_ || size().isEmpty())
+        return;
+    const QRectF bounds = renderer_.boundsOnElement(kBody);
+    const qreal scale = target.width() / size().width();
+    const QRectF place(target.topLeft() + bounds.topLeft() * scale, bounds.size() * scale);
+    renderer_.render(&painter, kBody, place);
+}
+
+std::int32_t neighbourOf(std::int32_t tag, int right, int down,
+                         const std::function<QRectF(std::int32_t)>& place) {
+    if (isKey(tag) && right != 0)
+        return isKey(tag + right) ? tag + right : tag;
+    std::int32_t nearest = tag;
+    qreal best = std::numeric_limits<qreal>::infinity();
+    for (std::int32_t other = 1; other < kControlIndexEnd; ++other) {
+        if (other == tag || (isKey(tag) && isKey(other)))
+            continue;
+        const qreal far = distance(place(tag), place(other), right, down);
+        if (far < best) {
+            best = far;
+            nearest = other;
+        }
+    }
+    return nearest;
+}
 
 DevicePicture::DevicePicture(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -2,16 +2,52 @@
 #pragma once
 
 #include "editor/qt/ControlButton.h"
-#include "editor/qt/DeviceDrawing.h"
 #include "model/SceneValue.h"
 
+#include <QRectF>
+#include <QSvgRenderer>
 #include <QWidget>
 
 #include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+class QPainter;
 
 namespace scenewright {
 
 class PopUpValue;
+
+// The drawing of the keyboard: its body, and where each control has its place on it.
+class DeviceDrawing {
+public:
+    // Reads keyboard.svg from the resources.
+    DeviceDrawing();
+
+    // Why the drawing cannot be used, in one sentence; nothing when it can.
+    [[nodiscard]] const std::optional<std::string>& trouble() const { return trouble_; }
+
+    // In the drawing's own units, from the upper left corner.
+    [[nodiscard]] QSizeF size() const;
+    // Where the control of that tag, 1 to 45, has its place; empty when the drawing lacks it.
+    [[nodiscard]] QRectF place(std::int32_t tag) const;
+
+    // Draws the body alone, so that the whole drawing would fill `target`.
+    void drawBody(QPainter& painter, const QRectF& target);
+
+private:
+    QSvgRenderer renderer_;
+    std::map<std::int32_t, QRectF> places_;
+    std::optional<std::string> trouble_;
+};
+
+// The tag of the control next to `tag` in a direction (-1, 0 or 1 each way), or `tag` itself when
+// nothing lies there. `place` gives the place of a tag from 1 to 45.
+[[nodiscard]] std::int32_t neighbourOf(std::int32_t tag, int right, int down,
+                                       const std::function<QRectF(std::int32_t)>& place);
 
 // Keeps the drawing's proportions whatever its size. The Tab key goes through the controls in the
 // order of their tags; the arrows go to the neighbour on the picture, and along the keys from one

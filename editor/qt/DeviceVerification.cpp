@@ -1,9 +1,7 @@
 #include "editor/qt/DeviceVerification.h"
 
-#include "editor/qt/DifferenceDialog.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/Text.h"
-#include "editor/qt/WaitCursor.h"
+#include "editor/qt/Dialogs.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <utility>
 #include <vector>

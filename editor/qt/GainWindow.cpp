@@ -1,6 +1,6 @@
 #include "editor/qt/GainWindow.h"
 
-#include "editor/qt/Owned.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QGridLayout>
 #include <QPushButton>

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "editor/GainController.h"
-#include "editor/qt/SliderBar.h"
-#include "editor/qt/TextFields.h"
+#include "editor/qt/Adapters.h"
 
 #include <QDialog>
 

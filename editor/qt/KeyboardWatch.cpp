@@ -1,8 +1,7 @@
 #include "editor/qt/KeyboardWatch.h"
 
 #include "app/OutcomeText.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/QtHelpers.h"
 #include "protocol/SendTransaction.h"
 
 #include <QSocketNotifier>

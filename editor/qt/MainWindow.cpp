@@ -1,10 +1,9 @@
 #include "editor/qt/MainWindow.h"
 
 #include "app/WindowAction.h"
-#include "editor/qt/About.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/Text.h"
-#include "model/SceneName.h"
+#include "editor/qt/Dialogs.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/SceneValue.h"
 
 #include <QCloseEvent>
 #include <QShortcut>

@@ -2,28 +2,68 @@
 // choices on.
 #pragma once
 
-#include "app/MainWindowController.h"
 #include "editor/ViewController.h"
-#include "editor/qt/Appearance.h"
+#include "editor/WindowControllers.h"
+#include "editor/qt/Adapters.h"
 #include "editor/qt/ControlList.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DevicePicture.h"
 #include "editor/qt/GainWindow.h"
-#include "editor/qt/MainMenu.h"
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/QuitController.h"
-#include "editor/qt/SegmentBar.h"
-#include "editor/qt/StatusLine.h"
+#include "editor/qt/Theme.h"
 #include "editor/qt/ValuePanes.h"
 
+#include <QAction>
+#include <QActionGroup>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QStringList>
 
 #include <functional>
 
 class QHBoxLayout;
 
 namespace scenewright {
+
+// What the menu bar offers; who owns the window connects the actions. All are the bar's children.
+class MainMenu final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit MainMenu(QMenuBar& bar);
+
+    // The display modes, once their titles are known.
+    void setModes(const QStringList& titles);
+    void checkMode(int mode);
+
+    [[nodiscard]] QAction& quit() { return *quit_; }
+    [[nodiscard]] QAction& read() { return *read_; }
+    [[nodiscard]] QAction& send() { return *send_; }
+    [[nodiscard]] QAction& gainPanel() { return *gainPanel_; }
+    [[nodiscard]] QAction& about() { return *about_; }
+    [[nodiscard]] QMenu& file() { return *file_; }
+    [[nodiscard]] QMenu& device() { return *device_; }
+    [[nodiscard]] QMenu& view() { return *view_; }
+
+signals:
+    void modeChosen(int mode);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QMenu* file_ = nullptr;
+    QMenu* device_ = nullptr;
+    QMenu* view_ = nullptr;
+    QAction* quit_ = nullptr;
+    QAction* read_ = nullptr;
+    QAction* send_ = nullptr;
+    QAction* gainPanel_ = nullptr;
+    QAction* about_ = nullptr;
+    QActionGroup modes_;
+};
 
 // The close button of the window's frame.
 class CloseButton final : public Clickable {

@@ -1,14 +1,24 @@
 #include "editor/qt/NoticeBar.h"
 
-#include "editor/qt/Owned.h"
+#include "editor/qt/QtHelpers.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
 #include <utility>
 
 namespace scenewright {
+
+namespace {
+
+constexpr int kSide = 18;
+constexpr int kStep = 30;       // degrees a tick
+constexpr int kTick = 80;       // milliseconds
+constexpr int kSixteenths = 16; // of a degree, the unit of an arc
+
+} // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
     : QFrame(parent), row_(&makeChild<QHBoxLayout>(this)), text_(&makeChild<QLabel>(this)),
@@ -100,6 +110,64 @@ void NoticeBar::clearActions() {
         button->deleteLater();
     }
     buttons_.clear();
+}
+
+BusyMark::BusyMark(QWidget* parent) : QWidget(parent) {
+    setFixedSize(kSide, kSide);
+    QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    setAccessibleName(tr("Transfer in progress"));
+    setToolTip(accessibleName());
+    clock_.setInterval(kTick);
+    connect(&clock_, &QTimer::timeout, this, [this] {
+        ++turn_;
+        update();
+    });
+    setBusy(false);
+}
+
+void BusyMark::setBusy(bool isBusy) {
+    setVisible(isBusy);
+    if (isBusy)
+        clock_.start();
+    else
+        clock_.stop();
+}
+
+QSize BusyMark::sizeHint() const {
+    return {kSide, kSide};
+}
+
+void BusyMark::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF room = QRectF(rect()).adjusted(2, 2, -2, -2);
+    painter.setPen(QPen(palette().color(QPalette::Mid), 2.5));
+    painter.drawEllipse(room);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(room, -turn_ * kStep * kSixteenths, 100 * kSixteenths);
+}
+
+StatusLine::StatusLine(QWidget* parent)
+    : QFrame(parent), message_(&makeChild<TextLabel>(this)), busy_(&makeChild<BusyMark>(this)),
+      row_(&makeChild<QHBoxLayout>(this)) {
+    setProperty("panel", true);
+    message_->setAccessibleDescription(tr("Status")); // its name is its text
+    message_->QLabel::setText(tr("Ready"));
+    message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    row_->setContentsMargins(14, 5, 14, 6);
+    row_->setSpacing(10);
+    row_->addWidget(message_, 1);
+    row_->addWidget(busy_);
+}
+
+void StatusLine::addMark(QWidget& mark) {
+    row_->addWidget(&mark);
+}
+
+void StatusLine::setBusy(bool isBusy) {
+    busy_->setBusy(isBusy);
 }
 
 } // namespace scenewright

@@ -1,10 +1,14 @@
-// A bar across the window that tells what a person should know before going on, with buttons for
-// what they may want to do about it. One notice is shown at a time; the others wait their turn.
+// The two places where the window speaks to its user: a bar of notices, and the line at its foot
+// with the progress record's message.
 #pragma once
+
+#include "editor/qt/Adapters.h"
 
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
+#include <QWidget>
 
 #include <cstdint>
 #include <deque>
@@ -31,6 +35,8 @@ struct Notice {
     std::vector<NoticeAction> actions{};
 };
 
+// A bar across the window that tells what a person should know before going on, with buttons for
+// what they may want to do about it. One notice is shown at a time; the others wait their turn.
 class NoticeBar final : public QFrame {
     Q_OBJECT
 
@@ -65,6 +71,44 @@ private:
     std::vector<QPushButton*> buttons_;
 
     std::deque<Notice> notices_; // the first one is shown
+};
+
+// A small turning mark, shown while something runs.
+class BusyMark final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit BusyMark(QWidget* parent = nullptr);
+
+    void setBusy(bool isBusy);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QTimer clock_;
+    int turn_ = 0; // in steps of kStep degrees
+};
+
+// The foot of the window: the last message, and a mark while a transfer runs.
+class StatusLine final : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget* parent = nullptr);
+
+    [[nodiscard]] TextLabel& message() { return *message_; }
+    void setBusy(bool isBusy);
+    // Puts a widget at the end of the message's line, and takes it as a child.
+    void addMark(QWidget& mark);
+    [[nodiscard]] bool isBusy() const { return !busy_->isHidden(); }
+
+private:
+    TextLabel* message_; // children
+    BusyMark* busy_;
+    QHBoxLayout* row_;
 };
 
 } // namespace scenewright

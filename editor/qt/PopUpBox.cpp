@@ -1,9 +1,8 @@
 #include "editor/qt/PopUpBox.h"
 
-#include "editor/qt/Owned.h"
-#include "editor/qt/RowDelegate.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/QtHelpers.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QListView>
 #include <QStyleOptionComboBox>
@@ -17,6 +16,20 @@
 namespace scenewright {
 
 namespace {
+
+bool equalsIgnoringCase(const QString& entry, const QString& typed) {
+    return entry.compare(typed, Qt::CaseInsensitive) == 0;
+}
+
+bool beginsWithIt(const QString& entry, const QString& typed) {
+    return entry.startsWith(typed, Qt::CaseInsensitive);
+}
+
+bool hasWordOfIt(const QString& entry, const QString& typed) {
+    return entry.contains(QLatin1Char(' ') + typed, Qt::CaseInsensitive);
+}
+
+constexpr int kAround = 9; // device-independent pixels above and below the text together
 
 constexpr int kVisibleEntries = 20;
 constexpr int kNarrowest = 72; // in device-independent pixels; the longest title may be wider
@@ -61,6 +74,38 @@ bool isReturn(const QKeyEvent& event) {
 }
 
 } // namespace
+
+int findTyped(const QStringList& entries, const QString& typed) {
+    constexpr std::array kRules{&equalsIgnoringCase, &beginsWithIt, &hasWordOfIt};
+    for (const auto& rule : kRules) {
+        const auto found =
+            std::ranges::find_if(entries, [&](const QString& entry) { return rule(entry, typed); });
+        if (found != entries.end())
+            return static_cast<int>(found - entries.begin());
+    }
+    return -1;
+}
+
+std::chrono::milliseconds TypedSearch::pause() {
+    return std::chrono::milliseconds(QApplication::keyboardInputInterval());
+}
+
+int TypedSearch::type(const QString& text, const QStringList& entries, Clock::time_point now) {
+    if (now - last_ > pause())
+        typed_.clear();
+    last_ = now;
+    typed_ += text;
+    const int found = findTyped(entries, typed_);
+    if (found >= 0 || typed_ == text)
+        return found;
+    typed_ = text;
+    return findTyped(entries, typed_);
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return {size.width(), option.fontMetrics.height() + kAround};
+}
 
 PopUpBox::PopUpBox(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(kVisibleEntries);

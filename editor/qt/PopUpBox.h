@@ -1,3 +1,53 @@
+// A popup: a box, the rows of its list, and finding an entry by typing it.
+#pragma once
+
+#include "editor/Widgets.h"
+
+#include <QComboBox>
+#include <QString>
+#include <QStringList>
+#include <QStyledItemDelegate>
+#include <QTimer>
+
+#include <chrono>
+#include <optional>
+
+namespace scenewright {
+
+// The entry that `typed` means, -1 for none. Letters of either case; best first: the entry itself,
+// one that begins with it, one with a word that begins with it. "1" is 1 and not 10; "c#" is C#-1.
+[[nodiscard]] int findTyped(const QStringList& entries, const QString& typed);
+
+// Gathers keystrokes: those between which no more than the toolkit's keyboard input interval goes
+// by make one text.
+class TypedSearch {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    [[nodiscard]] static std::chrono::milliseconds pause();
+
+    // Adds `text`. When the longer text finds nothing, `text` alone begins anew. -1 for none.
+    [[nodiscard]] int type(const QString& text, const QStringList& entries,
+                           Clock::time_point now = Clock::now());
+    // The next keystroke begins anew.
+    void clear() { typed_.clear(); }
+
+private:
+    QString typed_;
+    Clock::time_point last_;
+};
+
+// Rows of a list with room around their text.
+class RowDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+};
+
 // A popup as a combo box: 20 entries visible, typing finds an entry, and the wheel turns it only
 // while it has the keyboard.
 //
@@ -6,18 +56,6 @@
 // any other key or click that the box takes, by a key with Ctrl, Alt or Meta, and when the keyboard
 // leaves the box. Escape, and a further key that makes a text that no entry has, show what was
 // chosen before; so does what the program does to the box, which then stands.
-#pragma once
-
-#include "editor/qt/TypedSearch.h"
-#include "editor/widgets/Widgets.h"
-
-#include <QComboBox>
-#include <QTimer>
-
-#include <optional>
-
-namespace scenewright {
-
 // `activated` is the user's choice; nothing that the program does emits it.
 class PopUpBox final : public QComboBox, public PopUp {
     Q_OBJECT

@@ -2,7 +2,7 @@
 // for a send that runs.
 #pragma once
 
-#include "editor/widgets/Widgets.h"
+#include "editor/Widgets.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,5 +1,6 @@
 #include "editor/qt/Theme.h"
 
+#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/WindowStyle.h"
 
 #include <QApplication>
@@ -134,6 +135,8 @@ QPalette paletteOf(const Theme& theme) {
     return palette;
 }
 
+const QString kAppearanceKey = QStringLiteral("appearance");
+
 } // namespace
 
 const Theme& themeOf(bool isDark) {
@@ -151,6 +154,24 @@ void applyTheme(QApplication& application, bool isDark) {
     QApplication::setStyle(std::make_unique<WindowStyle>().release()); // the application owns it
     QApplication::setPalette(paletteOf(theme));
     application.setStyleSheet(styleSheetOf(theme));
+}
+
+Appearance::Appearance(QApplication& application)
+    : application_(application), isSystemDark_(isDark(QApplication::palette())) {
+    const int kept = programSettings().value(kAppearanceKey, 0).toInt();
+    choice_ = kept == 1 || kept == 2 ? static_cast<Choice>(kept) : Choice::System;
+    apply();
+}
+
+void Appearance::choose(Choice choice) {
+    choice_ = choice;
+    programSettings().setValue(kAppearanceKey, static_cast<int>(choice));
+    apply();
+}
+
+void Appearance::apply() {
+    const bool wantsDark = choice_ == Choice::Dark || (choice_ == Choice::System && isSystemDark_);
+    applyTheme(application_, wantsDark);
 }
 
 } // namespace scenewright

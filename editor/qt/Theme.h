@@ -1,11 +1,13 @@
-// The colours of the window in light and in dark, and everything that follows from them.
+// The colours of the window in light and in dark, everything that follows from them, and the choice
+// between the two.
 #pragma once
 
+#include <QApplication>
 #include <QColor>
 #include <QPalette>
 #include <QString>
 
-class QApplication;
+#include <cstdint>
 
 namespace scenewright {
 
@@ -28,5 +30,25 @@ struct Theme {
 
 // Gives the program its style and the light or dark colours. Main thread; may be called again.
 void applyTheme(QApplication& application, bool isDark);
+
+// Light or dark, as the desktop has it or as the user wants it; the user's choice is kept in the
+// program's settings. Main thread.
+class Appearance {
+public:
+    enum class Choice : std::uint8_t { System, Light, Dark };
+
+    // Made right after the application, whose palette is still the desktop's then.
+    explicit Appearance(QApplication& application);
+
+    [[nodiscard]] Choice choice() const { return choice_; }
+    void choose(Choice choice);
+
+private:
+    void apply();
+
+    QApplication& application_;
+    bool isSystemDark_;
+    Choice choice_;
+};
 
 } // namespace scenewright

@@ -2,10 +2,8 @@
 
 #include "editor/ControlDescription.h"
 #include "editor/ValuePopUps.h"
-#include "editor/options/SettingOptions.h"
-#include "editor/qt/Mnemonic.h"
-#include "editor/qt/Owned.h"
-#include "editor/qt/Text.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/Setting.h"
 
 #include <QEvent>
 #include <QGridLayout>

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "editor/ViewController.h"
-#include "editor/qt/PaneFrame.h"
+#include "editor/qt/Adapters.h"
 #include "editor/qt/PopUpBox.h"
-#include "editor/qt/TextFields.h"
 
 #include <QLabel>
 #include <QWidget>

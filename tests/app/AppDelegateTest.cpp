@@ -1,7 +1,5 @@
-#include "app/AppDelegate.h"
-
 #include "app/WindowAction.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "usb/Transport.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "app/WindowAction.h"
 
 #include "bank/BankFile.h"
-#include "editor/options/PopUpValue.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
+#include "model/PopUpValue.h"
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
 #include "protocol/SendTransaction.h"

@@ -1,7 +1,7 @@
 // Commands on a controller that does not do as it is told, in this process.
 
 #include "cli/Command.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "protocol/SendTransaction.h"
 #include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"

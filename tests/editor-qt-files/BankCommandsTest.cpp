@@ -1,5 +1,5 @@
 #include "app/WindowAction.h"
-#include "editor/qt/RecentFiles.h"
+#include "editor/qt/ProgramSettings.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QDragEnterEvent>

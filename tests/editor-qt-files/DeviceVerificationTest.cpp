@@ -1,4 +1,4 @@
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Dialogs.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/NoMoreThreads.h"
 

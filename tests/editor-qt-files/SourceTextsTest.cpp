@@ -2,9 +2,8 @@
 #include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankJson.h"
-#include "editor/options/SettingOptions.h"
-#include "editor/qt/About.h"
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Dialogs.h"
+#include "model/Setting.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/editor-qt-files/WideTexts.h"
 

@@ -1,6 +1,6 @@
 #include "tests/editor-qt-files/WideTexts.h"
 
-#include "editor/qt/TextFields.h"
+#include "editor/qt/Adapters.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,6 +1,6 @@
 // What a screen reader is told, and whether texts can be read at all.
-#include "editor/qt/About.h"
 #include "editor/qt/ControlShape.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/EditorCommands.h"
 #include "tests/editor-qt/WindowBench.h"
 

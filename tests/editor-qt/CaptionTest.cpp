@@ -1,4 +1,4 @@
-#include "editor/qt/Caption.h"
+#include "editor/qt/ControlShape.h"
 
 #include <QApplication>
 #include <QImage>

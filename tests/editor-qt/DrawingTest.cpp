@@ -1,7 +1,6 @@
 // The drawing of the keyboard: what its places must be, read from the file itself.
-#include "editor/qt/ArrowTarget.h"
 #include "editor/qt/ControlShape.h"
-#include "editor/qt/DeviceDrawing.h"
+#include "editor/qt/DevicePicture.h"
 #include "platform/Resources.h"
 #include "tests/support/TempFolder.h"
 

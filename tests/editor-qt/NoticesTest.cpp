@@ -1,7 +1,5 @@
-#include "editor/qt/About.h"
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
-#include "editor/qt/StatusLine.h"
 #include "tests/support/Limits.h"
 
 #include <QLabel>

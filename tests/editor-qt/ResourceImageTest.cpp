@@ -1,5 +1,4 @@
-#include "editor/qt/ResourceImage.h"
-
+#include "editor/qt/ControlShape.h"
 #include "platform/Diagnostics.h"
 
 #include <QImage>

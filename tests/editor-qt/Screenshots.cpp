@@ -4,7 +4,6 @@
 // --situations those of Situations.h.
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
-#include "editor/qt/Appearance.h"
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QuitController.h"

@@ -2,8 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
-#include "editor/qt/About.h"
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Dialogs.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 

@@ -1,8 +1,5 @@
 // The adapters of few lines: text fields, panes, segments and sliders.
-#include "editor/qt/PaneFrame.h"
-#include "editor/qt/SegmentBar.h"
-#include "editor/qt/SliderBar.h"
-#include "editor/qt/TextFields.h"
+#include "editor/qt/Adapters.h"
 
 #include <QAbstractButton>
 #include <QTest>

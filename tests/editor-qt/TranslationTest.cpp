@@ -2,7 +2,7 @@
 #include "editor/qt/Translation.h"
 
 #include "editor/ValuePopUps.h"
-#include "editor/options/SettingOptions.h"
+#include "model/Setting.h"
 #include "platform/Translator.h"
 #include "tests/editor-qt/WindowBench.h"
 

@@ -1,4 +1,4 @@
-#include "editor/qt/TypedSearch.h"
+#include "editor/qt/PopUpBox.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The whole window on a virtual controller in the same process, without the pauses of a real bus.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QuitController.h"
+#include "model/PopUpValue.h"
 #include "protocol/SceneImage.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "virtual/VirtualController.h"

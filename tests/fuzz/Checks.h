@@ -1,7 +1,7 @@
 // What a fuzzer says of what it found, and the invariants that several of them check.
 #pragma once
 
-#include "editor/options/PopUpValue.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "protocol/SceneImage.h"
 

@@ -4,7 +4,7 @@
 #include "bank/Difference.h"
 #include "bank/Edit.h"
 #include "bank/JsonTree.h"
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 

@@ -1,7 +1,6 @@
 // Property lists, XML and binary: what is refused is refused in one sentence, what is taken stays
 // within the limits, fills records, and comes back the same when it is written as XML.
-#include "model/ButtonAction.h"
-#include "model/CommonAction.h"
+#include "model/FileAction.h"
 #include "platform/PropertyList.h"
 #include "platform/PropertyListForms.h"
 #include "tests/fuzz/Checks.h"

@@ -3,7 +3,7 @@
 // what went wrong; and the interface is given back.
 #include "app/OutcomeText.h"
 #include "bank/BankFile.h"
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "platform/MainQueue.h"
 #include "protocol/ReadTransaction.h"
 #include "protocol/SendTransaction.h"

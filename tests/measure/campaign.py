@@ -29,10 +29,10 @@ LEAST_SHARE = 0.95
 
 # The test programs that cover a group, nearest first.
 SUITES = {
-    "model": ["model", "protocol", "editor-options"],
+    "model": ["model", "protocol"],
     "protocol": ["protocol"],
     "usb": ["usb", "libusb", "attached", "protocol"],
-    "editor": ["editor-logic", "editor-options"],
+    "editor": ["editor"],
     "editor/qt": ["editor-qt", "editor-qt-files"],
 }
 

@@ -23,12 +23,12 @@ KINDS = ("comparison", "arithmetic", "boolean", "constant", "table", "statement"
 
 # The headers that hold tables. A mutant in any other would rebuild much to learn little.
 TABLE_HEADERS = {
-    "model/CodeTable.h",
     "model/Control.h",
+    "model/PopUpValue.h",
     "model/Setting.h",
+    "model/ValueAction.h",
     "protocol/Packet.h",
     "usb/PlatformIds.h",
-    "editor/options/PopUpValue.h",
 }
 
 

@@ -1,5 +1,4 @@
-#include "model/ButtonAction.h"
-
+#include "model/FileAction.h"
 #include "tests/model/PropertyValues.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-#include "model/CommonAction.h"
-
+#include "model/FileAction.h"
 #include "tests/model/PropertyValues.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/SceneName.h"
+#include "model/SceneValue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/ButtonRange.h"
+#include "model/Control.h"
 #include "model/SceneValue.h"
 
 #include <gtest/gtest.h>

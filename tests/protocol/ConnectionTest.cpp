@@ -1,5 +1,5 @@
 // What keeps a transaction from its device, and what is said then.
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "platform/MainQueue.h"
 #include "protocol/Handshake.h"
 #include "protocol/ReadTransaction.h"

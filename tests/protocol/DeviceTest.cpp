@@ -1,6 +1,6 @@
 #include "tests/protocol/DeviceTest.h"
 
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"

@@ -1,6 +1,6 @@
 #include "protocol/ReadTransaction.h"
 
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "protocol/SceneAction.h"
 #include "protocol/SendTransaction.h"
 #include "tests/protocol/DeviceTest.h"

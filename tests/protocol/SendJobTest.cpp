@@ -1,4 +1,4 @@
-#include "model/Progress.h"
+#include "model/MessageValue.h"
 #include "platform/MainQueue.h"
 #include "protocol/SceneAction.h"
 #include "protocol/SendTransaction.h"

@@ -12,7 +12,6 @@ import sources
 
 _CORE = {"platform", "model"}
 _DEVICE = _CORE | {"usb", "protocol"}
-_VIEW = _CORE | {"protocol", "app", "editor/options", "editor/widgets"}
 
 # What each folder may include beside itself.
 ALLOWED = {
@@ -21,20 +20,17 @@ ALLOWED = {
     "usb": {"platform"},
     "protocol": _CORE | {"usb"},
     "virtual": _DEVICE,
-    "editor/options": _CORE,
-    "editor/widgets": set(),
-    "bank": _CORE | {"protocol", "editor/options"},
-    "app": _DEVICE | {"virtual", "bank", "editor/options", "editor/widgets"},
-    "editor": _VIEW,
-    "editor/qt": _VIEW | {"usb", "editor"},
-    "app/qt": _DEVICE | _VIEW | {"virtual", "editor", "editor/qt"},
-    "cli": _DEVICE | {"virtual", "bank", "app", "editor", "editor/options"},
+    "bank": _CORE | {"protocol"},
+    "app": _DEVICE | {"virtual", "bank"},
+    "editor": _CORE | {"app"},
+    "editor/qt": _DEVICE | {"app", "editor"},
+    "cli": _DEVICE | {"bank", "app"},
 }
 
 # Libraries that stay behind a folder: the include, the folders that may name it, and how many files
 # may, stand-ins in tests aside (None: as many as like).
 CONFINED = [
-    ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt", "app/qt"}, None),
+    ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt"}, None),
     ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 2),
     ("libudev", re.compile(r"<libudev\.h>"), {"usb"}, 1),
     ("expat", re.compile(r"<expat\.h>"), {"platform"}, None),

@@ -1,0 +1,93 @@
+// The smaller adapters: a pane, a segmented control, a slider, a label and a line of text.
+#pragma once
+
+#include "editor/Widgets.h"
+
+#include <QButtonGroup>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QStringList>
+
+namespace scenewright {
+
+// A pane: one rounded panel of settings, shown or hidden as a whole.
+class PaneFrame final : public QFrame, public Pane {
+    Q_OBJECT
+
+public:
+    explicit PaneFrame(QWidget* parent = nullptr);
+
+    void setHidden(bool hidden) override;
+};
+
+// A segmented control: a row of buttons of which one is down.
+//
+// Left and Right move between the segments, Space chooses.
+class SegmentBar final : public QFrame, public Segmented {
+    Q_OBJECT
+
+public:
+    // As many segments as names, the first one down; a name says to a screen reader what the
+    // segment is.
+    explicit SegmentBar(const QStringList& names, QWidget* parent = nullptr);
+
+    [[nodiscard]] std::int32_t selectedSegment() const override;
+
+    void setTitle(int position, const QString& title);
+    [[nodiscard]] QAbstractButton& segment(int position) const;
+
+signals:
+    // The user's choice; nothing that the program does emits it.
+    void chosen();
+
+private:
+    QButtonGroup group_;
+};
+
+// A slider with a tag; it carries 0 to 127.
+class SliderBar final : public QSlider, public Slider {
+    Q_OBJECT
+
+public:
+    explicit SliderBar(std::int32_t tag, QWidget* parent = nullptr);
+
+    [[nodiscard]] std::int32_t tag() const override { return tag_; }
+    [[nodiscard]] std::int32_t value() const override { return QSlider::value(); }
+    void setValue(std::int32_t value) override;
+
+signals:
+    // The user moved it; nothing that the program does emits it.
+    void moved();
+
+private:
+    std::int32_t tag_;
+    bool isProgram_ = false;
+};
+
+// A label, which nobody can type into. Texts are shown as they are, never taken for markup.
+class TextLabel final : public QLabel, public TextField {
+    Q_OBJECT
+
+public:
+    explicit TextLabel(QWidget* parent = nullptr);
+
+    void setText(const std::string& text) override;
+    // A label cannot be edited either way.
+    void setEditable(bool editable) override;
+};
+
+// A line of text that can be locked.
+class TextLine final : public QLineEdit, public TextField {
+    Q_OBJECT
+
+public:
+    explicit TextLine(QWidget* parent = nullptr);
+
+    // Without the zero bytes that pad a name, and readable whatever the bytes are.
+    void setText(const std::string& text) override;
+    void setEditable(bool editable) override;
+};
+
+} // namespace scenewright

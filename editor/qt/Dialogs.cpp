@@ -1,0 +1,73 @@
+#include "editor/qt/Dialogs.h"
+
+#include "editor/qt/QtHelpers.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace scenewright {
+
+namespace {
+
+constexpr QSize kListSize(560, 420);
+
+} // namespace
+
+About::About(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(tr("About Scenewright"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(26, 22, 26, 18);
+    column.setSpacing(10);
+    auto& heading =
+        makeChild<QLabel>(tr("Scenewright %1").arg(QStringLiteral(SCENEWRIGHT_VERSION)), this);
+    heading.setProperty("role", "heading");
+    const QString versions =
+        tr("Qt %1, built with Qt %2")
+            .arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR));
+    const QString text = tr("An editor for the four scenes of a USB MIDI keyboard controller.");
+    column.addWidget(&heading);
+    for (const QString& line : {text, versions})
+        column.addWidget(&makeChild<QLabel>(line, this));
+    auto& close = makeChild<QPushButton>(tr("&Close"), this);
+    close.setAccessibleName(tr("Close"));
+    close.setDefault(true);
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+    column.addWidget(&close, 0, Qt::AlignRight);
+}
+
+DifferenceDialog::DifferenceDialog(const QStringList& lines, QWidget* parent)
+    : QDialog(parent), text_(&makeChild<QPlainTextEdit>(this)) {
+    setWindowTitle(tr("Differences"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(22, 18, 22, 16);
+    column.setSpacing(10);
+    const QString count =
+        lines.size() == 1
+            ? tr("One setting of the controller is not what you see.")
+            : tr("%1 settings of the controller are not what you see.").arg(lines.size());
+    auto& heading = makeChild<QLabel>(count, this);
+    heading.setProperty("role", "heading");
+    column.addWidget(&heading);
+    column.addWidget(&makeChild<QLabel>(tr("What the controller holds -> what you see:"), this));
+    text_->setReadOnly(true);
+    text_->setTabChangesFocus(true);
+    text_->setAccessibleName(tr("Differences"));
+    text_->setPlainText(lines.join(QLatin1Char('\n')));
+    column.addWidget(text_, 1);
+    auto& close = makeChild<QPushButton>(tr("&Close"), this);
+    close.setAccessibleName(tr("Close"));
+    close.setDefault(true);
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+    column.addWidget(&close, 0, Qt::AlignRight);
+    resize(kListSize);
+}
+
+QStringList DifferenceDialog::lines() const {
+    return text_->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+} // namespace scenewright

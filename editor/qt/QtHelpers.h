@@ -1,0 +1,56 @@
+// Helpers around the toolkit: children, texts, the wait cursor.
+#pragma once
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace scenewright {
+
+// A widget, layout or action made with the given arguments, whose last one is the parent that owns
+// and deletes it.
+template <typename T, typename... Args>
+[[nodiscard]] T& makeChild(Args&&... args) {
+    auto made = std::make_unique<T>(std::forward<Args>(args)...);
+    Q_ASSERT(made->parent() != nullptr);
+    return *made.release();
+}
+
+// A text of the view logic, in UTF-8, for the toolkit: bytes that are no UTF-8 become U+FFFD.
+[[nodiscard]] inline QString shown(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+// `title` with one of its letters marked, the first that is not in `taken`, which gains it. The
+// title alone when all are taken.
+[[nodiscard]] inline QString withMnemonic(const QString& title, QString& taken) {
+    for (qsizetype place = 0; place < title.size(); ++place) {
+        const QChar letter = title[place].toLower();
+        // A letter that stands on a key: no ideograph does.
+        if (!letter.isLetter() || letter.script() != QChar::Script_Latin || taken.contains(letter))
+            continue;
+        taken.append(letter);
+        QString marked = title;
+        return marked.insert(place, QLatin1Char('&'));
+    }
+    return title;
+}
+
+// The wait cursor over the program's windows, as long as the object lives.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    WaitCursor(WaitCursor&&) = delete;
+    WaitCursor& operator=(WaitCursor&&) = delete;
+};
+
+} // namespace scenewright

@@ -1,0 +1,149 @@
+// The editor's window as a program.
+#include "app/Launch.h"
+#include "app/ListCheck.h"
+#include "editor/qt/EditorCommands.h"
+#include "editor/qt/MainWindow.h"
+#include "editor/qt/QuitController.h"
+#include "editor/qt/Theme.h"
+#include "editor/qt/Translation.h"
+#include "platform/DiagnosticSinks.h"
+#include "platform/Diagnostics.h"
+#include "platform/NamedFiles.h"
+#include "platform/ProgramMain.h"
+#include "platform/StandardStreams.h"
+#include "protocol/SendTransaction.h"
+#include "usb/Shutdown.h"
+#include "usb/Transport.h"
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kExitTrouble = 1;
+constexpr int kExitUsage = 2;
+
+int reportError(std::string_view sentence, int exitCode) {
+    scenewright::reportError("scenewright", sentence);
+    return exitCode;
+}
+
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value != nullptr && *value != '\0')
+            return true;
+    return false;
+}
+
+// While the toolkit opens the display it is held back: it ends the program when it cannot, and then
+// one sentence is to be seen, its first. Afterwards it speaks as in any program.
+class ToolkitMessages {
+public:
+    ToolkitMessages() = delete;
+
+    static void hold() { qInstallMessageHandler(&onMessage); }
+    static void letGo() { qInstallMessageHandler(nullptr); }
+
+private:
+    static void onMessage(QtMsgType type, const QMessageLogContext& /*context*/,
+                          const QString& text) {
+        if (first_.empty())
+            first_ = text.toStdString();
+        if (type == QtFatalMsg)
+            std::_Exit(reportError("cannot open a window: " + first_, kExitTrouble));
+    }
+
+    static inline std::string first_;
+};
+
+// Help or version, as the parser words it.
+int printAnswer(const CLI::Success& request, const CLI::App& app) {
+    std::ostringstream out;
+    std::ostringstream errors;
+    app.exit(request, out, errors);
+    auto printed = writeStandardOutput(out.str());
+    if (printed)
+        printed = closeStandardOutput();
+    return printed ? 0 : reportError(printed.error(), kExitTrouble);
+}
+
+void describe(CLI::App& app) {
+    app.set_version_flag("--version", "scenewright " SCENEWRIGHT_VERSION);
+}
+
+// A transaction that still runs must find its way out before the process's state goes.
+void releaseBus() {
+    Transport::instance().shutDown();
+    SendJob::join();
+}
+
+int showWindow(QApplication& application, const LaunchOptions& options) {
+    const bool isVirtual = options.isVirtual;
+    const MainLoop loop;
+    const Translation translation(QLocale::system());
+    Appearance appearance(application);
+    QuitController quit;
+    MainWindow window(quit, appearance, isVirtual);
+    if (const auto& trouble = window.picture().drawing().trouble())
+        return reportError(*trouble, kExitUsage);
+    EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
+    if (!isVirtual)
+        commands.keyboard().follow(DeviceMonitor::start());
+    commands.banks().setUsed(launchFiles(options));
+    commands.reportLists(listErrors());
+    window.show();
+    const int exitCode = QApplication::exec();
+    releaseBus();
+    return exitCode;
+}
+
+int run(int argc, char** argv) {
+    const Shutdown shutdown;
+    CLI::App app("Edits the four scenes of a USB MIDI keyboard controller in a window.",
+                 "scenewright");
+    LaunchOptions options;
+    describe(app);
+    addLaunchOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return printAnswer(request, app);
+    } catch (const CLI::ParseError& error) {
+        return reportError(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
+    }
+    Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
+    Diagnostics::setLog(logSink(STDERR_FILENO));
+    if (const auto checked = checkNamedFiles(launchFiles(options)); !checked)
+        return reportError(checked.error(), kExitUsage);
+    if (const auto trouble = launch(options))
+        return reportError(*trouble, kExitUsage);
+    if (!hasDisplay())
+        return reportError("there is no display to open a window on; scenewright-cli does the same "
+                           "work without one",
+                           kExitTrouble);
+    if (const auto trouble = connectHost(options))
+        return reportError(*trouble, kExitUsage);
+    ToolkitMessages::hold();
+    QApplication application(argc, argv);
+    ToolkitMessages::letGo();
+    QApplication::setApplicationName(QStringLiteral("scenewright"));
+    QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
+    return showWindow(application, options);
+}
+
+} // namespace
+
+} // namespace scenewright
+
+int main(int argc, char** argv) {
+    return scenewright::runProgram("scenewright", &scenewright::run, argc, argv);
+}

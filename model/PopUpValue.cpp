@@ -1,0 +1,147 @@
+#include "model/PopUpValue.h"
+
+#include "platform/Resources.h"
+#include "platform/Translator.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace scenewright {
+
+namespace {
+
+Titles titlesOf(const PropertyValue& value) {
+    if (!value.isArray())
+        return nullptr;
+    std::vector<std::string> titles;
+    for (const PropertyValue& element : value.elements())
+        titles.emplace_back(element.text());
+    return std::make_shared<const std::vector<std::string>>(std::move(titles));
+}
+
+} // namespace
+
+const std::array<OptionList, kOptionListCount>& optionLists() {
+    static constexpr std::array<OptionList, kOptionListCount> kLists{{
+        PopUpValue::display_Select_ArrayList,
+        PopUpValue::control_ArrayList,
+        PopUpValue::display_MIDIChannel_ArrayList,
+        PopUpValue::display_AssignType_ArrayList,
+        PopUpValue::display_CCNumber_ArrayList,
+        PopUpValue::display_NoteNumber_ArrayList,
+        PopUpValue::display_UpperOrRightValue_ArrayList,
+        PopUpValue::display_LowerOrLeftValue_ArrayList,
+        PopUpValue::display_PadBehavior_ArrayList,
+        PopUpValue::display_KeyBehavior_ArrayList,
+        PopUpValue::display_OnValue_ArrayList,
+        PopUpValue::display_OffValue_ArrayList,
+        PopUpValue::display_Enable_ArrayList,
+        PopUpValue::common_SceneName_ArrayList,
+        PopUpValue::common_GlobalMIDICh_ArrayList,
+        PopUpValue::common_PianoKeyCh_ArrayList,
+        PopUpValue::common_PitchBendSpeed_ArrayList,
+        PopUpValue::common_KeyTranspose_ArrayList,
+        PopUpValue::common_KeyVelocityCurve_ArrayList,
+        PopUpValue::common_KeyConstVelocity_ArrayList,
+        PopUpValue::common_PadVelocityCurve_ArrayList,
+        PopUpValue::common_PadConstVelocity_ArrayList,
+        PopUpValue::group_MIDIChannel_ArrayList,
+        PopUpValue::knob_Enable_ArrayList,
+        PopUpValue::knob_CCNumber_ArrayList,
+        PopUpValue::knob_UpperOrRightValue_ArrayList,
+        PopUpValue::knob_LowerOrLeftValue_ArrayList,
+        PopUpValue::slider_Enable_ArrayList,
+        PopUpValue::slider_CCNumber_ArrayList,
+        PopUpValue::slider_UpperOrRightValue_ArrayList,
+        PopUpValue::slider_LowerOrLeftValue_ArrayList,
+        PopUpValue::pad_AssignType_ArrayList,
+        PopUpValue::pad_CCNumber_ArrayList,
+        PopUpValue::pad_NoteNumber_ArrayList,
+        PopUpValue::pad_OnValue_ArrayList,
+        PopUpValue::pad_OffValue_ArrayList,
+        PopUpValue::pad_PadBehavior_ArrayList,
+        PopUpValue::pad_MIDIChannel_ArrayList,
+        PopUpValue::pad_CR_ArrayList,
+        PopUpValue::pad_CG_ArrayList,
+        PopUpValue::pad_CB_ArrayList,
+        PopUpValue::key_AssignType_ArrayList,
+        PopUpValue::key_CCNumber_ArrayList,
+        PopUpValue::key_NoteNumber_ArrayList,
+        PopUpValue::key_OnValue_ArrayList,
+        PopUpValue::key_OffValue_ArrayList,
+        PopUpValue::key_KeyBehavior_ArrayList,
+    }};
+    return kLists;
+}
+
+namespace {
+
+std::shared_ptr<PopUpValue> popUpValueOf(const PropertyValue& basic) {
+    std::map<std::string_view, Titles> byKey;
+    auto lists = std::make_shared<PopUpValue>();
+    for (const OptionList& list : optionLists()) {
+        const auto [entry, isNew] = byKey.try_emplace(list.key);
+        if (isNew)
+            entry->second = titlesOf(basic[list.key]);
+        list.set(*lists, entry->second);
+    }
+    return lists;
+}
+
+// How many titles the settings of the keyboard need.
+struct TitleCount {
+    const char* key;
+    std::size_t least;
+};
+constexpr std::array<TitleCount, 13> kTitleCounts{{
+    {"displaySelect", 8},
+    {"control", 46},
+    {"button-MIDICh", 17},
+    {"button-assginType", 3},
+    {"select127", 128},
+    {"button-note", 128},
+    {"button-behavior", 4},
+    {"button-enable", 2},
+    {"common-globalMIDICh", 16},
+    {"common-pianoKeyCh", 17},
+    {"common-PitchBendSpeed", 128},
+    {"common-keyTranspose", 9},
+    {"common-velocityCurve", 4},
+}};
+
+std::string fileName() {
+    const auto file = Resources::find("basic", "plist");
+    return file ? file->string() : "basic.plist";
+}
+
+} // namespace
+
+std::shared_ptr<PopUpValue> loadPopUpValue() {
+    return popUpValueOf(Resources::load("basic"));
+}
+
+Result<std::shared_ptr<PopUpValue>> readPopUpValue() {
+    const auto basic = Resources::read("basic");
+    if (!basic)
+        return failure(basic.error());
+    for (const TitleCount& needed : kTitleCounts) {
+        const std::size_t count = (*basic)[needed.key].elements().size();
+        if (count < needed.least)
+            return failure(
+                translated(sourceText("scenewright::File",
+                                      "{0}: the list \"{1}\" holds {2} titles, and {3} are "
+                                      "needed"),
+                           fileName(), needed.key, count, needed.least));
+    }
+    return popUpValueOf(*basic);
+}
+
+const std::string* titleAt(const Titles& titles, std::int32_t position) {
+    if (!titles || position < 0 || static_cast<std::size_t>(position) >= titles->size())
+        return nullptr;
+    return &(*titles)[static_cast<std::size_t>(position)];
+}
+
+} // namespace scenewright

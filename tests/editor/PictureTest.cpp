@@ -1,0 +1,174 @@
+// The display summary on the picture's buttons, and what a value outside its list does there.
+#include "app/WindowAction.h"
+#include "protocol/SceneImage.h"
+#include "tests/editor/EditorBench.h"
+
+#include <algorithm>
+
+namespace scenewright::testing {
+
+namespace {
+
+using Picture = EditorBench;
+
+// The four scenes of a controller whose memory holds 0x7F throughout.
+SceneList hostileScenes() {
+    BankImage bank;
+    bank.fill(0x7F);
+    return parseScenes(bank);
+}
+
+} // namespace
+
+TEST_F(Picture, SummarySetsEachTitleThenColoursThemAll) {
+    loaded();
+    view.showDisplayValueWithIndex(1);
+    Lines titles;
+    std::map<std::int32_t, std::string> byTag;
+    for (std::int32_t tag = 1; tag <= 45; ++tag) {
+        byTag[tag] = tag < 5 ? "button-MIDICh:2" : tag < 13 ? "button-enable:1" : "Note";
+        titles.push_back("button" + std::to_string(tag) + ".setTitle(" + byTag[tag] + ")");
+    }
+    EXPECT_EQ(journal.lines(), joined({titles, greenTitles(byTag)}));
+}
+
+TEST_F(Picture, EveryTitleIsGreenAfterEverySummary) {
+    loaded();
+    for (std::int32_t mode = 0; mode < 9; ++mode) {
+        view.showDisplayValueWithIndex(mode);
+        for (std::int32_t tag = 1; tag <= 45; ++tag)
+            EXPECT_EQ(button(tag).title.colour, (Colour{50, 180, 50})) << mode << " " << tag;
+    }
+}
+
+TEST_F(Picture, DisplayChoiceSetsTheModeAndRewritesTheTitles) {
+    loaded();
+    displaySelect.selected = 5;
+    record(30).setAssignType(0);
+    view.changeDispalyAction(displaySelect);
+    EXPECT_EQ(view.dispaly_index(), 5);
+    EXPECT_EQ(button(30).title.text, "---");
+    EXPECT_EQ(button(31).title.text, "button-behavior:4");
+    EXPECT_EQ(button(13).title.text, "button-behavior:3");
+    EXPECT_EQ(journal.withoutPicture(), Lines{});
+}
+
+TEST_F(Picture, PadWithNoteSixtyShowsEntrySixtyOfTheNoteList) {
+    loaded();
+    record(14).setCCOrNoteNumber(60);
+    view.showDisplayValueWithIndex(2);
+    EXPECT_EQ(button(14).title.text, "Note\nbutton-note:60");
+}
+
+TEST_F(Picture, KnobThatIsOffShowsItsFirstStateInModeOneAndDashesFromTwoToSeven) {
+    loaded();
+    for (const auto write :
+         {&ButtonValue::setKeyBehavior, &ButtonValue::setOffValue, &ButtonValue::setOnValue})
+        (record(5).*write)(3);
+    record(5).setEnable(0);
+    view.showDisplayValueWithIndex(1);
+    EXPECT_EQ(button(5).title.text, "button-enable:0");
+    for (std::int32_t mode = 2; mode < 8; ++mode) {
+        record(5).setEnable(1);
+        view.showDisplayValueWithIndex(mode);
+        EXPECT_NE(button(5).title.text, "---") << mode;
+        record(5).setEnable(0);
+        view.showDisplayValueWithIndex(mode);
+        EXPECT_EQ(button(5).title.text, "---") << mode;
+    }
+}
+
+TEST_F(Picture, WithoutControlRecordsOnlyTheColoursAreSet) {
+    removeDefaultScene();
+    loaded();
+    view.showDisplayValueWithIndex(2);
+    EXPECT_EQ(journal.of("button").size(), 90U);
+    EXPECT_EQ(journal.of("button45."),
+              (Lines{"button45.setAttributedTitle(, 50 180 50)", "button45.setNeedsDisplay()"}));
+}
+
+TEST_F(Picture, FewerControlsThanButtonsLeaveTheOtherTitlesAlone) {
+    loaded();
+    auto records = view.sceneValue()->buttonValueArray();
+    records.resize(10);
+    view.sceneValue()->setButtonValueArray(records);
+    view.showDisplayValueWithIndex(0);
+    EXPECT_EQ(journal.of("button11.setTitle"), Lines{});
+    EXPECT_EQ(journal.of("button10.setTitle").size(), 1U);
+}
+
+TEST_F(Picture, MoreControlsThanButtonsAreNotShown) {
+    loaded();
+    auto records = view.sceneValue()->buttonValueArray();
+    records.resize(60, records.back());
+    view.sceneValue()->setButtonValueArray(records);
+    view.showDisplayValueWithIndex(0);
+    EXPECT_EQ(journal.of("button").size(), 45U + 90U);
+}
+
+TEST_F(Picture, ValueOutsideItsListShowsDashesAndLogsNothing) {
+    loaded();
+    for (const std::int32_t value : {17, 100, 127, -1, -2, INT32_MAX, INT32_MIN}) {
+        record(15).setMIDIChannel(9);
+        view.showDisplayValueWithIndex(0);
+        ASSERT_EQ(button(15).title.text, "button-MIDICh:9");
+        record(15).setMIDIChannel(value);
+        journal.clear();
+        view.showDisplayValueWithIndex(0);
+        EXPECT_EQ(button(15).title.text, "---") << value;
+        EXPECT_EQ(journal.of("log: "), Lines{}) << value;
+    }
+}
+
+TEST_F(Picture, PopUpOfAValueOutsideItsListShowsNoSelectionAndTheValueStays) {
+    loaded();
+    record(15).setMIDIChannel(100);
+    choose(14);
+    ASSERT_EQ(popUp("padMIDIChannel").selected, 9);
+    journal.clear();
+    choose(15);
+    EXPECT_EQ(popUp("padMIDIChannel").selected, -1);
+    EXPECT_EQ(journal.of("log: "),
+              (Lines{"log: 点击了按钮：15", "log: 表格选中:15", "log: CR---------->10"}));
+    EXPECT_EQ(record(15).MIDIChannel(), 100);
+}
+
+TEST_F(Picture, CommonValueOutsideItsListShowsNoSelectionAndLogsNothing) {
+    loaded();
+    ASSERT_EQ(popUp("commonPianoKeyCh").selected, 4);
+    common().setPianoKeyCh(100);
+    view.showCommonValue();
+    EXPECT_EQ(popUp("commonPianoKeyCh").selected, -1);
+    EXPECT_EQ(journal.of("log: "), Lines{});
+}
+
+TEST_F(Picture, ControllerFullOf127IsShownChosenAndSentBackUnchanged) {
+    loaded();
+    WindowAction::setScenes(hostileScenes());
+    view.showSceneValue();
+    for (std::int32_t mode = -1; mode < 9; ++mode)
+        view.showDisplayValueWithIndex(mode);
+    for (std::int32_t index = 0; index <= 46; ++index) {
+        list.selected = -1;
+        list.click(index);
+    }
+    BankImage bank;
+    bank.fill(0x7F);
+    for (std::int32_t scene = 0; scene < 4; ++scene) {
+        const SceneImage image = encodeScene(*WindowAction::getSceneWithIndex(scene));
+        EXPECT_TRUE(std::ranges::equal(image, std::span(bank).first(kSceneImageSize)));
+    }
+}
+
+TEST_F(Picture, ControllerFullOf127ShowsWhatItsListsHave) {
+    loaded();
+    WindowAction::setScenes(hostileScenes());
+    view.showSceneValue();
+    EXPECT_EQ(button(1).title.text, "---");                // channel 127 of 17
+    EXPECT_EQ(button(5).title.text, "CC#\nselect127:127"); // any Enable but 0 is on
+    EXPECT_EQ(button(13).title.text, "---");               // assign type 127
+    view.showDisplayValueWithIndex(1);
+    EXPECT_EQ(button(5).title.text, "---"); // Enable 127 of 2
+}
+
+} // namespace scenewright::testing

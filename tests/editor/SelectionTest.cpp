@@ -1,0 +1,221 @@
+#include "app/WindowAction.h"
+#include "tests/editor/EditorBench.h"
+
+#include <optional>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+using Selection = EditorBench;
+
+Lines groupPaneShown() {
+    return joined({hiddenPanes(), {"groupMIDIChannel.selectItem(2)", "groupView.setHidden(no)"}});
+}
+
+} // namespace
+
+TEST_F(Selection, ListHasOneRowAControlTitle) {
+    loaded();
+    EXPECT_EQ(view.numberOfRowsInTableView(&list), 46);
+    EXPECT_EQ(list.source->rowCount(), 46);
+}
+
+TEST_F(Selection, EveryColumnShowsTheRowsTitle) {
+    loaded();
+    EXPECT_EQ(view.tableView_objectValueForTableColumn_row(&list, 0, 0), "control:0");
+    EXPECT_EQ(view.tableView_objectValueForTableColumn_row(&list, 7, 45), "control:45");
+    EXPECT_EQ(list.source->rowTitle(13), "control:13");
+}
+
+TEST_F(Selection, RowOutsideTheListHasNoTitle) {
+    loaded();
+    EXPECT_EQ(list.source->rowTitle(-1), "");
+    EXPECT_EQ(list.source->rowTitle(46), "");
+}
+
+TEST_F(Selection, NoRowMayBeEdited) {
+    loaded();
+    for (std::int32_t row = 0; row < 46; ++row)
+        EXPECT_FALSE(list.source->mayEdit(row));
+    EXPECT_FALSE(view.tableView_shouldEditTableColumn_row(&list, 0, 3));
+}
+
+TEST_F(Selection, ClickOnARowStoresItThenShowsItsPaneAndItsButton) {
+    loaded();
+    list.click(1);
+    EXPECT_EQ(view.selectControl(), 1);
+    EXPECT_EQ(journal.lines(), joined({{"log: 表格选中:1"}, groupPaneShown(), highlighted(1)}));
+}
+
+TEST_F(Selection, ProposedSelectionIsReturnedUnchangedAndTheClickedRowStored) {
+    loaded();
+    list.clicked = 17;
+    EXPECT_EQ(view.tableView_selectionIndexesForProposedSelection(&list, {4, 5}),
+              (std::vector<std::int32_t>{4, 5}));
+    EXPECT_EQ(view.selectControl(), 17);
+    EXPECT_EQ(journal.lines(), Lines{});
+}
+
+TEST_F(Selection, RowChosenWithTheKeysStoresMinusOneAndShowsNoPane) {
+    loaded();
+    list.chooseByKeys(13);
+    EXPECT_EQ(view.selectControl(), -1);
+    EXPECT_EQ(list.selected, 13);
+    EXPECT_EQ(journal.lines(), joined({{"log: 表格选中:-1"}, highlighted(-1)}));
+}
+
+TEST_F(Selection, ClickOnAButtonSelectsItsRowAndTheRestFollows) {
+    loaded();
+    view.chooseButtonAction(button(1));
+    EXPECT_EQ(view.selectControl(), 1);
+    EXPECT_EQ(list.selected, 1);
+    EXPECT_EQ(journal.lines(),
+              joined({{"log: 点击了按钮：1", "list.selectRow(1)", "log: 表格选中:1"},
+                      groupPaneShown(),
+                      highlighted(1)}));
+}
+
+TEST_F(Selection, ClickOnTheButtonChosenAlreadyShowsNothingAnew) {
+    loaded();
+    view.chooseButtonAction(button(1));
+    journal.clear();
+    view.chooseButtonAction(button(1));
+    EXPECT_EQ(journal.lines(), (Lines{"log: 点击了按钮：1", "list.selectRow(1)"}));
+}
+
+TEST_F(Selection, IndexZeroShowsTheCommonPaneAndHighlightsNoButton) {
+    loaded();
+    choose(20);
+    journal.clear();
+    list.click(0);
+    EXPECT_EQ(visiblePanes(), Lines{"commonView"});
+    for (std::int32_t tag = 1; tag <= 45; ++tag)
+        EXPECT_EQ(button(tag).image, std::nullopt) << tag;
+}
+
+TEST_F(Selection, IndexThirteenIsThePadAtPositionTwelve) {
+    loaded();
+    choose(13);
+    EXPECT_EQ(visiblePanes(), Lines{"padView"});
+    EXPECT_EQ(view.buttonValue(), view.sceneValue()->buttonValueArray()[12]);
+}
+
+TEST_F(Selection, IndexFortyFiveIsTheKeyAtPositionFortyFour) {
+    loaded();
+    choose(45);
+    EXPECT_EQ(visiblePanes(), Lines{"keyView"});
+    EXPECT_EQ(view.buttonValue(), view.sceneValue()->buttonValueArray()[44]);
+}
+
+TEST_F(Selection, EveryIndexShowsThePaneOfItsKindAndItsOwnRecord) {
+    loaded();
+    for (std::int32_t index = 1; index <= 45; ++index) {
+        choose(index);
+        const std::string pane = index < 5    ? "groupView"
+                                 : index < 9  ? "knobView"
+                                 : index < 13 ? "sliderView"
+                                 : index < 21 ? "padView"
+                                              : "keyView";
+        EXPECT_EQ(visiblePanes(), Lines{pane}) << index;
+        EXPECT_EQ(view.buttonValue().get(), &record(index)) << index;
+        EXPECT_EQ(button(index).image, "selected") << index;
+    }
+}
+
+TEST_F(Selection, RangesAreThoseOfTheFields) {
+    loaded();
+    view.setKnob_start(3);
+    choose(3);
+    EXPECT_EQ(visiblePanes(), Lines{"knobView"});
+}
+
+TEST_F(Selection, IndexBelowOrBeyondTheControlsShowsNoPane) {
+    loaded();
+    for (const std::int32_t index : {-1, 46, 1000, INT32_MIN, INT32_MAX}) {
+        journal.clear();
+        view.setSelectControl(index);
+        view.tableViewSelectionDidChange(&list);
+        EXPECT_EQ(journal.lines(),
+                  joined({{"log: 表格选中:" + std::to_string(index)}, highlighted(index)}));
+    }
+}
+
+TEST_F(Selection, HighlightingAsksForTheTagsOneToFortySix) {
+    loaded();
+    picture.asked.clear();
+    view.showChooseButtonWithIndex(46);
+    std::vector<std::int32_t> tags;
+    for (std::int32_t tag = 1; tag <= 46; ++tag)
+        tags.push_back(tag);
+    EXPECT_EQ(picture.asked, tags);
+    EXPECT_EQ(journal.lines(), highlighted(46));
+}
+
+TEST_F(Selection, ColouringAsksForTheTagsOneToFortySix) {
+    loaded();
+    picture.asked.clear();
+    view.changeButtonColor();
+    std::vector<std::int32_t> tags;
+    for (std::int32_t tag = 1; tag <= 46; ++tag)
+        tags.push_back(tag);
+    EXPECT_EQ(picture.asked, tags);
+}
+
+TEST_F(Selection, TagWithoutAButtonIsSkipped) {
+    loaded();
+    picture.buttons.erase(7);
+    view.showChooseButtonWithIndex(7);
+    view.changeButtonColor();
+    view.showDisplayValueWithIndex(2);
+    EXPECT_EQ(journal.of("button7."), Lines{});
+    EXPECT_EQ(journal.of("button8.setTitle"), Lines{"button8.setTitle(CC#\nselect127:20)"});
+}
+
+TEST_F(Selection, HideViewHidesTheSixPanes) {
+    loaded();
+    view.hideView();
+    EXPECT_EQ(journal.lines(), hiddenPanes());
+}
+
+TEST_F(Selection, ButtonColourIsTheOpaqueGreenOnEveryTitle) {
+    loaded();
+    view.changeButtonColor();
+    for (std::int32_t tag = 1; tag <= 45; ++tag)
+        EXPECT_EQ(button(tag).title.colour, (Colour{50, 180, 50})) << tag;
+    EXPECT_EQ(journal.lines().size(), 90U);
+}
+
+TEST_F(Selection, SetTextColourKeepsTheTitleAndAsksForARedraw) {
+    loaded();
+    view.setTextColor_color(button(3), Colour{1, 2, 3});
+    EXPECT_EQ(journal.lines(), (Lines{"button3.setAttributedTitle(button-MIDICh:2, 1 2 3)",
+                                      "button3.setNeedsDisplay()"}));
+}
+
+TEST_F(Selection, SceneChangeShowsTheSegmentsSceneFromItsCommonSettings) {
+    loaded();
+    choose(13);
+    scenes.selected = 2;
+    view.changeSceneAction(scenes);
+    EXPECT_EQ(view.sceneIndex(), 2);
+    EXPECT_EQ(view.selectControl(), 0);
+    EXPECT_EQ(view.sceneValue(), WindowAction::getSceneWithIndex(2));
+    EXPECT_EQ(sceneName.text, "SCENE3");
+    EXPECT_EQ(visiblePanes(), Lines{"commonView"});
+    EXPECT_EQ(button(13).image, std::nullopt);
+    EXPECT_EQ(list.selected, 0);
+}
+
+TEST_F(Selection, SceneShownWithAnotherControlChosenStillEndsOnTheCommonPane) {
+    loaded();
+    choose(13);
+    view.showSceneValue();
+    EXPECT_EQ(view.selectControl(), 13);
+    EXPECT_EQ(list.selected, 13);
+    EXPECT_EQ(visiblePanes(), Lines{"commonView"});
+    EXPECT_EQ(button(13).image, std::nullopt);
+}
+
+} // namespace scenewright::testing

@@ -1,0 +1,210 @@
+#include "model/PopUpValue.h"
+
+#include "platform/Resources.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+constexpr std::array<std::pair<const char*, const char*>, 47> kPropertiesAndKeys{{
+    {"display_Select_Array", "displaySelect"},
+    {"control_Array", "control"},
+    {"display_MIDIChannel_Array", "button-MIDICh"},
+    {"display_AssignType_Array", "button-assginType"},
+    {"display_CCNumber_Array", "select127"},
+    {"display_NoteNumber_Array", "button-note"},
+    {"display_UpperOrRightValue_Array", "select127"},
+    {"display_LowerOrLeftValue_Array", "select127"},
+    {"display_PadBehavior_Array", "button-behavior"},
+    {"display_KeyBehavior_Array", "button-behavior"},
+    {"display_OnValue_Array", "select127"},
+    {"display_OffValue_Array", "select127"},
+    {"display_Enable_Array", "button-enable"},
+    {"common_SceneName_Array", "common-sceneName"},
+    {"common_GlobalMIDICh_Array", "common-globalMIDICh"},
+    {"common_PianoKeyCh_Array", "common-pianoKeyCh"},
+    {"common_PitchBendSpeed_Array", "common-PitchBendSpeed"},
+    {"common_KeyTranspose_Array", "common-keyTranspose"},
+    {"common_KeyVelocityCurve_Array", "common-velocityCurve"},
+    {"common_KeyConstVelocity_Array", "select127"},
+    {"common_PadVelocityCurve_Array", "common-velocityCurve"},
+    {"common_PadConstVelocity_Array", "select127"},
+    {"group_MIDIChannel_Array", "button-MIDICh"},
+    {"knob_Enable_Array", "button-enable"},
+    {"knob_CCNumber_Array", "select127"},
+    {"knob_UpperOrRightValue_Array", "select127"},
+    {"knob_LowerOrLeftValue_Array", "select127"},
+    {"slider_Enable_Array", "button-enable"},
+    {"slider_CCNumber_Array", "select127"},
+    {"slider_UpperOrRightValue_Array", "select127"},
+    {"slider_LowerOrLeftValue_Array", "select127"},
+    {"pad_AssignType_Array", "button-assginType"},
+    {"pad_CCNumber_Array", "select127"},
+    {"pad_NoteNumber_Array", "button-note"},
+    {"pad_OnValue_Array", "select127"},
+    {"pad_OffValue_Array", "select127"},
+    {"pad_PadBehavior_Array", "button-behavior"},
+    {"pad_MIDIChannel_Array", "button-MIDICh"},
+    {"pad_CR_Array", "select127"},
+    {"pad_CG_Array", "select127"},
+    {"pad_CB_Array", "select127"},
+    {"key_AssignType_Array", "button-assginType"},
+    {"key_CCNumber_Array", "select127"},
+    {"key_NoteNumber_Array", "button-note"},
+    {"key_OnValue_Array", "select127"},
+    {"key_OffValue_Array", "select127"},
+    {"key_KeyBehavior_Array", "button-behavior"},
+}};
+
+class PopUpValueTest : public ::testing::Test {
+protected:
+    void SetUp() override { Resources::setFolder(folder_.path()); }
+    void TearDown() override { Resources::setFolder({}); }
+
+    void writeBasic(const std::string& dictionary) {
+        const std::string text = "<plist version=\"1.0\"><dict>" + dictionary + "</dict></plist>";
+        testing::writeBytes(folder_.file("basic.plist"),
+                            {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    }
+
+    // One title a key, the key itself.
+    static std::string everyKey() {
+        std::string text;
+        Strings seen;
+        for (const auto& [property, key] : kPropertiesAndKeys) {
+            if (std::ranges::find(seen, key) != seen.end())
+                continue;
+            seen.emplace_back(key);
+            text +=
+                "<key>" + seen.back() + "</key><array><string>" + seen.back() + "</string></array>";
+        }
+        EXPECT_EQ(seen.size(), 14U);
+        return text;
+    }
+
+private:
+    testing::TempFolder folder_;
+};
+
+} // namespace
+
+TEST_F(PopUpValueTest, TableHoldsThe47PropertiesInDeclaredOrderWithTheirKeys) {
+    ASSERT_EQ(optionLists().size(), kPropertiesAndKeys.size());
+    for (std::size_t row = 0; row < optionLists().size(); ++row) {
+        EXPECT_EQ(optionLists()[row].name, kPropertiesAndKeys[row].first);
+        EXPECT_EQ(optionLists()[row].key, kPropertiesAndKeys[row].second);
+    }
+}
+
+TEST_F(PopUpValueTest, FreshHolderHasNoList) {
+    const PopUpValue fresh;
+    for (const OptionList& list : optionLists())
+        EXPECT_EQ(list.of(fresh), nullptr) << list.name;
+}
+
+TEST_F(PopUpValueTest, EachReaderGivesWhatItsWriterSetAndNothingElse) {
+    for (const OptionList& written : optionLists()) {
+        PopUpValue lists;
+        const auto titles = std::make_shared<const Strings>(Strings{"a"});
+        written.set(lists, titles);
+        for (const OptionList& read : optionLists())
+            EXPECT_EQ(read.of(lists), &read == &written ? titles : nullptr) << read.name;
+    }
+}
+
+TEST_F(PopUpValueTest, EachPropertyIsFilledFromItsKey) {
+    writeBasic(everyKey());
+    const auto lists = loadPopUpValue();
+    for (std::size_t row = 0; row < optionLists().size(); ++row) {
+        const Titles& titles = optionLists()[row].of(*lists);
+        ASSERT_NE(titles, nullptr) << optionLists()[row].name;
+        EXPECT_EQ(*titles, Strings{kPropertiesAndKeys[row].second});
+    }
+}
+
+TEST_F(PopUpValueTest, PropertiesOfOneKeyHoldTheSameListObject) {
+    writeBasic(everyKey());
+    const auto lists = loadPopUpValue();
+    EXPECT_EQ(lists->pad_CCNumber_Array(), lists->knob_CCNumber_Array());
+    EXPECT_EQ(lists->pad_CCNumber_Array(), lists->common_KeyConstVelocity_Array());
+    EXPECT_EQ(lists->pad_PadBehavior_Array(), lists->key_KeyBehavior_Array());
+    EXPECT_NE(lists->pad_CCNumber_Array(), lists->pad_NoteNumber_Array());
+}
+
+TEST_F(PopUpValueTest, AssignTypeKeySpelledOtherwiseFillsNoneOfItsThreeLists) {
+    writeBasic("<key>button-assignType</key><array><string>Off</string></array>");
+    const auto lists = loadPopUpValue();
+    EXPECT_EQ(lists->pad_AssignType_Array(), nullptr);
+    EXPECT_EQ(lists->key_AssignType_Array(), nullptr);
+    EXPECT_EQ(lists->display_AssignType_Array(), nullptr);
+}
+
+TEST_F(PopUpValueTest, SceneNameAndAssignTypeDisplayListsAreFilledThoughNothingShowsThem) {
+    writeBasic("<key>common-sceneName</key><array><string>n</string></array>"
+               "<key>button-assginType</key><array><string>Off</string></array>");
+    const auto lists = loadPopUpValue();
+    EXPECT_EQ(*lists->common_SceneName_Array(), Strings{"n"});
+    EXPECT_EQ(*lists->display_AssignType_Array(), Strings{"Off"});
+}
+
+TEST_F(PopUpValueTest, MissingKeyLeavesItsPropertiesNullAndTheOthersFilled) {
+    writeBasic("<key>button-note</key><array><string>C4</string></array>");
+    const auto lists = loadPopUpValue();
+    EXPECT_EQ(*lists->pad_NoteNumber_Array(), Strings{"C4"});
+    EXPECT_EQ(lists->pad_CCNumber_Array(), nullptr);
+    EXPECT_EQ(lists->control_Array(), nullptr);
+}
+
+TEST_F(PopUpValueTest, KeyThatHoldsNoArrayIsAsGoodAsMissing) {
+    writeBasic("<key>control</key><string>Common</string>");
+    EXPECT_EQ(loadPopUpValue()->control_Array(), nullptr);
+}
+
+TEST_F(PopUpValueTest, EmptyArrayIsAnEmptyList) {
+    writeBasic("<key>control</key><array/>");
+    ASSERT_NE(loadPopUpValue()->control_Array(), nullptr);
+    EXPECT_TRUE(loadPopUpValue()->control_Array()->empty());
+}
+
+TEST_F(PopUpValueTest, ElementThatIsNoTextKeepsItsPlaceEmpty) {
+    writeBasic("<key>control</key><array><string>a</string><array/><string>c</string></array>");
+    EXPECT_EQ(*loadPopUpValue()->control_Array(), (Strings{"a", "", "c"}));
+}
+
+TEST_F(PopUpValueTest, UnreadableResourceLeavesEveryListNull) {
+    writeBasic("<key>control");
+    const auto lists = loadPopUpValue();
+    for (const OptionList& list : optionLists())
+        EXPECT_EQ(list.of(*lists), nullptr) << list.name;
+}
+
+TEST_F(PopUpValueTest, EachCallGivesANewHolder) {
+    writeBasic(everyKey());
+    EXPECT_NE(loadPopUpValue(), loadPopUpValue());
+}
+
+TEST(TitleAt, GivesTheTitleOfAPositionTheListHas) {
+    const auto titles = std::make_shared<const Strings>(Strings{"a", "b"});
+    EXPECT_EQ(*titleAt(titles, 0), "a");
+    EXPECT_EQ(*titleAt(titles, 1), "b");
+}
+
+TEST(TitleAt, IsNullOutsideTheListAndWithoutOne) {
+    const auto titles = std::make_shared<const Strings>(Strings{"a", "b"});
+    EXPECT_EQ(titleAt(titles, -1), nullptr);
+    EXPECT_EQ(titleAt(titles, 2), nullptr);
+    EXPECT_EQ(titleAt(titles, INT32_MIN), nullptr);
+    EXPECT_EQ(titleAt(nullptr, 0), nullptr);
+}
+
+} // namespace scenewright
