@@ -115,8 +115,7 @@ void ControlList::selectionChanged(const QItemSelection& selected,
 
 void ControlList::chooseByUser(std::int32_t row, bool isClick) {
     clickedRow_ = isClick ? row : -1;
-    const std::vector<std::int32_t> proposed{row};
-    const auto rows = delegate_ == nullptr ? proposed : delegate_->proposeSelection(proposed);
+    const auto rows = delegate_ == nullptr ? std::vector{row} : delegate_->proposeSelection({row});
     apply(rows.empty() ? -1 : rows.front(), isClick);
 }
 

@@ -270,6 +270,23 @@ class RunAndTest(ScriptTest):
             self.assertEqual((done.returncode, done.stdout), (3, f"{target.name} 7\n"))
 
 
+class Presets(unittest.TestCase):
+    def variables(self, preset):
+        """What the preset sets, as cmake itself resolves it."""
+        command = ["cmake", "-S", ROOT, "--preset", preset, "-N"]
+        shown = subprocess.run(command, capture_output=True, text=True, check=True).stdout
+        return dict(re.findall(r'^  (\w+)="(.*)"$', shown, re.MULTILINE))
+
+    def test_a_warning_stops_developers_and_nobody_who_builds_to_use(self):
+        for preset in ("dev", "tsan", "fuzz", "coverage"):
+            self.assertEqual(self.variables(preset)["SCENEWRIGHT_WERROR"], "ON", preset)
+        for preset in ("release", "bench"):
+            self.assertEqual(self.variables(preset)["CMAKE_BUILD_TYPE"], "Release")
+            self.assertNotIn("SCENEWRIGHT_WERROR", self.variables(preset), preset)
+        options = (ROOT / "CMakeLists.txt").read_text()
+        self.assertRegex(options, r"option\(SCENEWRIGHT_WERROR .* OFF\)")
+
+
 class Quick(ScriptTest):
     def setUp(self):
         super().setUp()
