@@ -91,7 +91,11 @@ class InstallPackages(ScriptTest):
         self.assertEqual(self.install("build").returncode, 0)
         self.assertEqual(
             [call.rpartition("300 ")[2] for call in self.asked()],
-            ["update", "install --no-install-recommends gone two"],
+            [
+                # Without the option apt-get takes a source that it did not reach for no failure.
+                "-o APT::Update::Error-Mode=any update",
+                "install --no-install-recommends gone two",
+            ],
         )
 
     def test_a_user_installs_through_sudo(self):
@@ -100,7 +104,11 @@ class InstallPackages(ScriptTest):
         self.assertEqual((done.returncode, done.stderr), (0, "Asking sudo to install two\nInstalling two\n"))
         self.assertEqual(
             [call for call in self.asked() if call.startswith("sudo")],
-            ["sudo true", f"sudo {APT} update", f"sudo {APT} install --no-install-recommends two"],
+            [
+                "sudo true",
+                f"sudo {APT} -o APT::Update::Error-Mode=any update",
+                f"sudo {APT} install --no-install-recommends two",
+            ],
         )
 
     def test_a_failed_update_does_not_keep_a_package_from_being_installed(self):
@@ -121,23 +129,55 @@ class InstallPackages(ScriptTest):
             self.user(0)
             self.fake("apt-get", "echo 'E: Unable to fetch' >&2; exit 100")
 
+        def network(policy):
+            """With the lists that were fetched, apt-get installs nothing all the same."""
+            self.user(0)
+            self.fake("apt-get", '[ "${*: -1}" = update ]')
+            self.fake("apt-cache", f"[ $1 = policy ] && printf '{policy}'")
+
         for prepare, told in (
             (lambda: self.without("sudo"),
-             "Cannot install two: that needs root, and there is no sudo."),
+             "Cannot install four two: that needs root, and there is no sudo."),
             (lambda: self.fake("sudo", "exit 1"),
-             "Cannot install two: that needs root, and sudo does not allow it."),
+             "Cannot install four two: that needs root, and sudo does not allow it."),
             (no_network,
-             "Cannot install two: apt could not get them; is this machine on the network?"),
+             "Cannot install four two: apt did not reach its package sources; "
+             "is this machine on the network?"),
+            # Not known at all, and known for nothing but that others name it.
+            (lambda: network("four:\\n  Installed: (none)\\n  Candidate: (none)\\n"),
+             "Cannot install four two: the network is there, "
+             "but no package source of this system has it."),
+            (lambda: network("four:\\n  Installed: (none)\\n  Candidate: 1.2-3\\n"),
+             "Cannot install two: the network is there, but no package source of this system has it."),
+            (lambda: network("four:\\n  Candidate: 4:4.1\\ntwo:\\n  Candidate: 1.2-3\\n"),
+             "Cannot install four two: the network is there; "
+             "apt says above what stands in the way."),
             (lambda: self.without("dpkg-query"),
              "Cannot tell what is installed: this system has no dpkg; "
-             "install the counterparts of one two."),
+             "install the counterparts of four one two."),
         ):
             with self.subTest(told):
                 self.setUp()
+                self.packages("build one", "build two", "build four")
                 self.installed("one")
                 done = self.install("build", path=prepare())
                 self.assertEqual(done.returncode, 1)
                 self.assertEqual(done.stderr.splitlines()[-1], told)
+
+    def test_no_package_is_named_by_the_version_of_one_release(self):
+        """Libraries carry theirs; the packages to build with bring them along."""
+        versioned = re.compile(
+            r"^lib((?!-dev$).)*\d[a-z]?(t64)?$|^(g\+\+|gcc|clang[a-z-]*|python3\.)-?\d+$"
+        )
+        for name in ("libfmt9", "libplist3", "libqt6widgets6t64", "g++-12", "clang-tidy-14"):
+            self.assertRegex(name, versioned)
+        names = [
+            line.split()[1]
+            for line in (ROOT / "packaging/packages.txt").read_text().splitlines()
+            if line and not line.startswith("#")
+        ]
+        self.assertIn("libfmt-dev", names)
+        self.assertEqual([name for name in names if versioned.search(name)], [])
 
 
 class RunAndTest(ScriptTest):
