@@ -242,14 +242,20 @@ private:
     std::unique_ptr<ClaimedInterface> claim_; // guarded by mutex_
 
     std::mutex mutex_;
-    std::condition_variable removed_;
+    std::condition_variable removed_;          // a transfer, or the claim by close()
+    bool isClosing_ = false;                   // guarded by mutex_
     std::vector<BulkTransfer*> inFlight_;      // guarded by mutex_; owned by those who wait
     ResultCode eventFailure_ = kResultSuccess; // of the library's event handling, for good
 };
 
 UsbResult<void> LibusbInterface::open() {
-    if (claim_)
-        return {};
+    {
+        // A claim beside one that is being released would be taken for that one, and lost with it.
+        std::unique_lock lock(mutex_);
+        removed_.wait(lock, [this] { return !isClosing_; });
+        if (claim_)
+            return {};
+    }
     const ResultCode result = claim();
     if (result != kResultSuccess)
         release();
@@ -279,12 +285,16 @@ ResultCode LibusbInterface::claim() {
 
 UsbResult<void> LibusbInterface::close() {
     std::unique_lock lock(mutex_);
+    removed_.wait(lock, [this] { return !isClosing_; });
     if (!claim_)
         return failedStep(UsbStep::Close, kResultNotOpen);
-    const auto claim = std::move(claim_); // nothing is submitted from here on
+    isClosing_ = true; // nothing is submitted from here on
     for (const BulkTransfer* const bulk : inFlight_)
         libusb_cancel_transfer(bulk->transfer.get()); // one that has just ended is none to cancel
     removed_.wait(lock, [this] { return inFlight_.empty(); });
+    claim_.reset();
+    isClosing_ = false;
+    removed_.notify_all();
     return {};
 }
 
@@ -359,7 +369,7 @@ UsbRead LibusbInterface::run(std::unique_ptr<BulkTransfer>& bulk, std::uint8_t p
 
 ResultCode LibusbInterface::submit(BulkTransfer& bulk) {
     const std::lock_guard lock(mutex_);
-    if (!claim_)
+    if (!claim_ || isClosing_)
         return kResultNotOpen;
     if (eventFailure_ != kResultSuccess)
         return eventFailure_;

@@ -321,13 +321,16 @@ int libusb_attach_kernel_driver(libusb_device_handle* handle, int interface) {
     return probe(library, handle->device->fake, interface);
 }
 
-int libusb_claim_interface(libusb_device_handle* /*handle*/, int interface) {
+int libusb_claim_interface(libusb_device_handle* handle, int interface) {
     const Use library;
     if (const int result = library.called(fmt::format("claim {}", interface)); result != 0)
         return result;
+    if (library.holder(interface) == Holder::Us && library->claimer == handle)
+        return 0;
     if (library.holder(interface) != Holder::Nobody)
         return LIBUSB_ERROR_BUSY;
     library.holder(interface) = Holder::Us;
+    library->claimer = handle;
     return 0;
 }
 

@@ -4,7 +4,8 @@
 //
 // The kernel behaves as Linux does: only a probe of the audio control interface binds the sound
 // driver, which takes along the other audio interfaces that nobody holds; an interface that a
-// driver or another program holds cannot be claimed; a closed device's claims are dropped.
+// driver or another program holds cannot be claimed; a closed device's claims are dropped. As the
+// library does, it takes a second claim of the same handle for the first.
 //
 // One bus for the process; reset() it at the start of each case. The library's functions may be
 // called by any thread, and a transfer is ended by the thread that submitted it.
@@ -79,6 +80,7 @@ struct FakeLibusb {
     int configurations = 0;
     int handles = 0;
     int transfers = 0;
+    const void* claimer = nullptr; // the handle of what is held by us
     std::vector<std::string> misuses{};
 
     // What changes something: "open", "detach 1", "claim 1", "write 02: 09 9c, 0 ms",

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <cstdint>
 #include <future>
@@ -17,6 +18,7 @@
 #include <new>
 #include <string>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -373,6 +375,36 @@ TEST_F(WaitingRead, IsCancelledByACloseAndAnythingAfterIsRefusedUntilTheNextOpen
     EXPECT_EQ(waiting.get(), (Moved{kResultCancelled, {}}));
     EXPECT_TRUE(interface->open());
     EXPECT_EQ(write(*interface, {1}), kResultSuccess);
+}
+
+TEST_F(WaitingRead, AnOpeningBesideTheCloseThatEndsItClaimsOnceThatHasReleased) {
+    const auto interface = opened();
+    std::promise<void> waits;
+    std::promise<void> isCancelled;
+    std::atomic<bool> isClaimed = false;
+    std::future<UsbResult<void>> again;
+    fakeLibusb().whenCalled = [&](const std::string& call) {
+        if (call == "cancel")
+            isCancelled.set_value();
+        isClaimed = isClaimed || call == "claim 1";
+    };
+    fakeLibusb().events.push_back({.status = 3, .delivers = {}, .meanwhile = [&] { // cancelled
+                                       waits.set_value();
+                                       isCancelled.get_future().wait();
+                                       again = std::async(std::launch::async,
+                                                          [&] { return interface->open(); });
+                                       for (int turn = 0; turn < 10'000 && !isClaimed; ++turn)
+                                           std::this_thread::yield();
+                                   }});
+    auto waiting = std::async(std::launch::async, [&] { return read(*interface); });
+    waits.get_future().wait();
+    EXPECT_TRUE(interface->close());
+    EXPECT_EQ(waiting.get(), (Moved{kResultCancelled, {}}));
+    EXPECT_TRUE(again.get());
+    EXPECT_EQ(fakeLibusb().calls,
+              (Texts{"read 81: 63 bytes, 0 ms", "events", "cancel", "release 1", "claim 1"}));
+    EXPECT_TRUE(interface->release());
+    EXPECT_TRUE(driversAreBack());
 }
 
 TEST_F(WaitingRead, IsNotWaitedForByAWrite) {
