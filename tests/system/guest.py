@@ -25,7 +25,12 @@ PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",
     "send_equals_the_bank",
+    "midi_port_plays_after_a_read",
+    "sigint_in_a_read",
+    "sigterm_in_a_send",
+    "sigint_in_a_read_that_waits_for_ever",
     "unplugged_at_byte_500_of_a_read",
+    "devices_are_told_with_where_they_are",
     "port_is_back_after_each_command_of_the_command_line",
     "editor_reads_changes_a_pad_and_sends",
 ]
