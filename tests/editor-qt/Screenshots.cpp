@@ -57,13 +57,25 @@ bool keep(const QPixmap& picture, const Order& order, const std::string& name) {
     return isKept;
 }
 
+// The pane of a kind of control, without the room that it leaves free.
+QPixmap pictureOf(MainWindow& window, ControlKind kind) {
+    constexpr int kMargin = 8;
+    PaneFrame& pane = window.panes().pane(kind);
+    QRect used;
+    for (const QWidget* field : pane.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (field->isVisible())
+            used |= field->geometry();
+    return pane.grab(used.marginsAdded({kMargin, kMargin, kMargin, kMargin}) & pane.rect());
+}
+
 bool keepPanes(MainWindow& window, const Order& order) {
     for (const auto& [control, name] : kPanes) {
         if (control == 0)
             window.scenes().segment(0).click();
         else
             window.picture().button(control)->click();
-        if (!keep(window.grab(), order, name))
+        QApplication::processEvents();
+        if (!keep(pictureOf(window, controlRangeOf(control)->kind), order, name))
             return false;
     }
     return true;
