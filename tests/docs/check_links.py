@@ -1,9 +1,11 @@
 """Checks what the documents point at: check_links.py ROOT
 
 Every link leads to a file of the tree, and to a heading of it where one is named. A file of the tree
-that the prose names in code exists. Every document under docs/ can be reached from the README.
+that the prose names in code exists, and so does a script that a block of commands calls. Every
+document under docs/ can be reached from the README.
 """
 
+import os
 import re
 import sys
 from pathlib import Path
@@ -13,6 +15,7 @@ from documents import all_files, documents
 _ELSEWHERE = re.compile(r"^[a-z]+:")
 _SOURCE_NAME = re.compile(r"^[A-Z]\w*\.(h|cpp)$")
 _PATH = re.compile(r"^[\w.-]+(/[\w.-]+)+/?$")
+_CALL = re.compile(r"^(?:\$ )?([\w.-]+(?:/[\w.-]+)+)")
 
 
 def link_fault(document, target, documents_by_path):
@@ -35,6 +38,15 @@ def is_missing(text, document, files, folders):
     if not _PATH.match(text) or text.split("/")[0] not in folders:
         return False
     return not any((base / text).exists() for base in (document.root, document.folder))
+
+
+def calls(document):
+    """(line number, path) of each program of the tree that a command line begins with"""
+    for block in document.blocks:
+        for number, line in enumerate(block.lines, block.number):
+            match = _CALL.match(line) if block.language in ("sh", "console") else None
+            if match and not match.group(1).startswith("build/"):
+                yield number, match.group(1)
 
 
 def unreachable(found):
@@ -65,6 +77,9 @@ def faults(root):
         for number, text in document.names():
             if is_missing(text, document, files, folders):
                 yield f"{document.name}:{number}: there is no {text}"
+        for number, path in calls(document):
+            if not os.access(document.root / path, os.X_OK):
+                yield f"{document.name}:{number}: there is no program {path}"
     for name in unreachable(found):
         yield f"{name}: no link leads here from README.md"
 

@@ -8,19 +8,22 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tree"))
 
 import check_architecture
 import check_commands
+import check_facts
 import check_links
 from documents import Document
 from planted import TreeTest
 
 LINKS_RIGHT = (
     "[a](docs/other.md#two-words) [b](#top-1) `usb/Pipe.h` `Pipe.h` `[c](gone)`\n# Top\n# Top\n"
-    "[c]: https://example.org/\n```\n[d](gone)\n```\n"
+    "[c]: https://example.org/\n```\n[d](gone)\n```\n```sh\n./go  # on\nbuild/x\n```\n"
 )
 LINKS_WRONG = [
-    ("[a](docs/gone.md)", "README.md:8: docs/gone.md leads nowhere"),
-    ("[a](docs/other.md#three)", "README.md:8: docs/other.md#three: no such heading"),
-    ("`usb/Gone.h`", "README.md:8: there is no usb/Gone.h"),
-    ("`Lost.cpp`", "README.md:8: there is no Lost.cpp"),
+    ("[a](docs/gone.md)", "README.md:12: docs/gone.md leads nowhere"),
+    ("[a](docs/other.md#three)", "README.md:12: docs/other.md#three: no such heading"),
+    ("`usb/Gone.h`", "README.md:12: there is no usb/Gone.h"),
+    ("`Lost.cpp`", "README.md:12: there is no Lost.cpp"),
+    ("```sh\n./gone\n```", "README.md:13: there is no program ./gone"),
+    ("```console\n$ usb/Pipe.h\n```", "README.md:13: there is no program usb/Pipe.h"),
 ]
 
 HELP = """#!/bin/bash
@@ -50,6 +53,23 @@ COMMANDS_WRONG = [
     (SCRIPT.format("scenewright-cli read --slow | a --fast"), ":2: scenewright-cli has no --slow"),
 ]
 
+NEEDS = "## What it needs\n| CMake, at least 3.9 | | `one`, `two` | 1 |\n## More\n| | | `x` | |\n"
+FACTS_RIGHT = {
+    "CMakeLists.txt": "cmake_minimum_required(VERSION 3.9)\nproject(x VERSION 1.2.3 LANGUAGES CXX)\n",
+    "packaging/packages.txt": "# build nothing\nbuild one\nbuild two\ntest three\n",
+    "docs/packaging.md": NEEDS,
+    "docs/a.png": "a",
+    "docs/b.svg": "b",
+    "README.md": "Version 1.2.3. ![a](docs/a.png) [b](docs/b.svg)\n",
+}
+FACTS_WRONG = [
+    ("README.md", "Version 1.2.4 ![](docs/a.png) [](docs/b.svg)", "README.md: the version: 1.2.4 "),
+    ("docs/packaging.md", NEEDS.replace("3.9", "3.8"), "docs/packaging.md: the least CMake: 3.8"),
+    ("docs/packaging.md", NEEDS.replace(", `two`", ""), "docs/packaging.md: the packages: ['one']"),
+    ("README.md", "Version 1.2.3. ![a](docs/a.png)", "docs/b.svg: no document shows it"),
+    ("docs/b.svg", "a", "docs/b.svg: the same as docs/a.png"),
+]
+
 PICTURE = "| high |\n| low |\n"
 LOW, HIGH = "| [`low`](low) | | x |", "| [`high`](high) | what `low` may, `low` | x |"
 ARCHITECTURE_WRONG = [
@@ -70,6 +90,7 @@ class Checks(TreeTest):
     def links(self, readme):
         self.write("README.md", readme)
         self.write("usb/Pipe.h", "")
+        self.write("go", "", 0o755)
         self.write("docs/other.md", "## Two `words`\n")
         return list(check_links.faults(self.root))
 
@@ -87,6 +108,15 @@ class Checks(TreeTest):
     def test_commands(self):
         for text, told in COMMANDS_WRONG:
             self.check_finds(self.commands, ["".join(COMMANDS_RIGHT)], [text], "README.md" + told)
+
+    def facts(self, files):
+        for path, text in files.items():
+            self.write(path, text)
+        return list(check_facts.faults(self.root))
+
+    def test_facts(self):
+        for path, text, told in FACTS_WRONG:
+            self.check_finds(self.facts, [FACTS_RIGHT], [{**FACTS_RIGHT, path: text}], told)
 
     def architecture(self, picture, *rows):
         self.write("a.md", "```\n" + picture + "```\n" + "".join(row + "\n" for row in rows))
