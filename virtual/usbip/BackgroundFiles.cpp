@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <condition_variable>
-#include <cstdint>
 #include <fcntl.h>
 #include <mutex>
 #include <optional>
@@ -137,8 +136,7 @@ void BankSaver::Work::storeOne(const BankImage& bank) {
     if (!stored)
         reportError(isEnd ? stored.error()
                           : stored.error() + " It is tried again at the next send and at the end.");
-    const std::uint64_t one = 1;
-    static_cast<void>(::write(ended.get(), &one, sizeof one));
+    static_cast<void>(::eventfd_write(ended.get(), 1));
 }
 
 Result<void> BankSaver::storeImage(const std::filesystem::path& file, const BankImage& bank) {
@@ -180,8 +178,8 @@ int BankSaver::descriptor() const noexcept {
 }
 
 void BankSaver::acknowledge() const {
-    std::uint64_t count = 0;
-    static_cast<void>(::read(descriptor(), &count, sizeof count));
+    ::eventfd_t count = 0;
+    static_cast<void>(::eventfd_read(descriptor(), &count));
 }
 
 Result<void> BankSaver::finish(Moment limit) {
