@@ -272,5 +272,7 @@ def main() -> int:
     if not given.keep:
         copy.remove()
     found = list(faults(results, reasons.load(REASONS), ROOT))
-    print("\n".join([f"\nseed {given.seed}", *table(results), *found]))
+    told = "\n".join([f"seed {given.seed}", *table(results), *found])
+    (place / "table.txt").write_text(told + "\n", encoding="utf-8")
+    print(f"\n{told}")
     return 1 if found else 0

@@ -94,7 +94,13 @@ def main() -> int:
         measure()
     counts = gather(ROOT, BUILD)
     found = list(faults(counts, reasons.load(REASONS), ROOT))
-    for folder, lines, covered in table(counts):
-        print(f"{folder:10} {lines:7} lines, {covered:7} covered, {covered / max(lines, 1):7.1%}")
-    print("\n".join(found))
+    told = "\n".join(
+        [
+            f"{folder:10} {lines:7} lines, {covered:7} covered, {covered / max(lines, 1):7.1%}"
+            for folder, lines, covered in table(counts)
+        ]
+        + found
+    )
+    (BUILD / "table.txt").write_text(told + "\n", encoding="utf-8")
+    print(told)
     return 1 if found else 0

@@ -1,8 +1,8 @@
 """Measures the programs of a build: measure.py BUILD [PART...]
 
 Prints a table of what was measured against its limit, and exits 1 when a limit is missed. The parts
-are functions, transfers, show, start and growth; without any, all. The plot of growth is
-BUILD/speed/growth.svg.
+are functions, transfers, show, start and growth; without any, all. BUILD/speed keeps the table,
+table.txt, and the plot of growth, growth.svg.
 """
 
 import os
@@ -50,7 +50,9 @@ def main(build: str, *parts: str) -> int:
     for part in parts or _PARTS:
         print(f"measuring {part} ...", file=sys.stderr)
         rows += _PARTS[part](folder / "bin", picture)
-    print(f"{heading}, {os.getloadavg()[0]:.2f}\n\n{table(rows)}")
+    told = f"{heading}, {os.getloadavg()[0]:.2f}\n\n{table(rows)}"
+    (picture.parent / "table.txt").write_text(told + "\n", encoding="utf-8")
+    print(told)
     count = len(missed(rows))
     print(f"{count} limits missed" if count else "every limit kept")
     return 1 if count else 0
