@@ -1,8 +1,10 @@
 """Each code checker is shown a tree with the fault it looks for, and one without."""
 
 import json
+import os
 import shutil
 import subprocess
+import sys
 import unittest
 from pathlib import Path
 
@@ -60,11 +62,35 @@ class CodeChecks(TreeTest):
         self.write("model/Part.h", "#pragma once\ninline " + FAULTS["tidy"][2])
         self.assertEqual(len(self.outputs("tidy")), 1)
 
+    def run_check(self, kind, version=None):
+        """The whole check, with the tool of this machine or one of some version."""
+        environment = dict(os.environ)
+        if version:
+            tool = self.root / "build" / code_checks.KNOWN[kind][0]
+            tool.write_text(f"#!/bin/sh\necho 'Tool version {version} (build 9.9)'\n")
+            tool.chmod(0o755)
+            environment["PATH"] = f"{tool.parent}:{environment['PATH']}"
+        command = [sys.executable, "-B", code_checks.__file__, kind, self.root, self.build]
+        return subprocess.run(
+            command, env=environment, capture_output=True, text=True, check=False
+        )
+
     def test_a_misspelt_word_is_found(self):
+        if code_checks.why_skipped("spelling"):
+            self.skipTest(code_checks.why_skipped("spelling"))
         for word, is_wrong in (("Received", False), ("Rec" + "ieved", True)):
             self.write("notes.md", word)
-            done = subprocess.run(["codespell", "."], cwd=self.root, capture_output=True, check=False)
-            self.assertEqual(done.returncode != 0, is_wrong)
+            self.assertEqual(self.run_check("spelling").returncode != 0, is_wrong)
+
+    def test_a_tool_of_another_version_is_asked_nothing(self):
+        for kind, version in (("format", "19.1.7"), ("cppcheck", "2.1"), ("tidy", "140.0"),
+                              ("spelling", "2.4.1"), ("scripts", "1.9.0")):
+            done = self.run_check(kind, version)
+            self.assertEqual(done.returncode, code_checks.SKIPPED)
+            self.assertRegex(done.stdout, rf"^Skipped: .* and this is {version}\.\n$")
+        self.write("model/go", FAULTS["scripts"][1])
+        for kind, version in (("format", "14.0.6"), ("spelling", "2.2.2"), ("scripts", "0.10.0")):
+            self.assertEqual(self.run_check(kind, version).returncode, 0)
 
 
 if __name__ == "__main__":
