@@ -9,7 +9,6 @@
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <filesystem>
@@ -30,14 +29,14 @@ VirtualIdentity listedIdentity() {
             .product = static_cast<std::uint16_t>(listed.front().product)};
 }
 
-std::optional<std::string> connectVirtualHost(const LaunchOptions& options) {
+Result<void> connectVirtualHost(const LaunchOptions& options) {
     auto memory = openVirtualBank(options.virtualBank, options.needsLists);
     if (!memory)
-        return memory.error();
+        return failure(memory.error());
     auto device = std::make_shared<VirtualController>(memory->image);
     Transport::instance().use(
         makeVirtualHost(std::move(device), std::move(memory->keeper), listedIdentity()));
-    return std::nullopt;
+    return {};
 }
 
 // As Resources finds it once the folder is given to it.
@@ -51,24 +50,12 @@ std::optional<std::filesystem::path> listIn(const std::string& folder, std::stri
 
 } // namespace
 
-void addLaunchOptions(CLI::App& app, LaunchOptions& options) {
-    const auto takeVirtual = [&options](const CLI::results_t& values) {
-        options.isVirtual = true;
-        options.virtualBank = values.empty() ? std::string() : values.front();
-        return true;
-    };
-    app.add_option("--virtual", takeVirtual,
-                   "Use the virtual controller; its memory is BANK, or nothing that stays")
-        ->expected(0, 1)
-        ->type_name("[=BANK]");
-    app.add_option("--console", options.console,
-                   "Write the console stream (transfers, found devices) to FILE; - is stderr")
-        ->type_name("FILE");
-    app.add_option("--log", options.log, "Write the system log to FILE; - is stderr")
-        ->type_name("FILE");
-    app.add_option("--resources", options.resources,
-                   "Look in DIR for project.plist, default.plist and basic.plist first")
-        ->type_name("DIR");
+LaunchOptions launchOptions(const Arguments& arguments) {
+    return {.isVirtual = arguments.has("--virtual"),
+            .virtualBank = arguments.text("--virtual"),
+            .console = arguments.text("--console"),
+            .log = arguments.text("--log"),
+            .resources = arguments.text("--resources")};
 }
 
 std::vector<NamedFile> launchFiles(const LaunchOptions& options) {
@@ -85,26 +72,23 @@ std::vector<NamedFile> launchFiles(const LaunchOptions& options) {
     return files;
 }
 
-std::optional<std::string> launch(const LaunchOptions& options) {
+Result<void> launch(const LaunchOptions& options) {
     if (!options.resources.empty()) {
         if (!std::filesystem::is_directory(options.resources))
-            return fmt::format("{}: no such folder of resources", options.resources);
+            return failure(fmt::format("{}: no such folder of resources", options.resources));
         Resources::setFolder(options.resources);
     }
-    if (!options.console.empty())
-        if (const auto opened = sendConsoleTo(options.console); !opened)
-            return opened.error();
-    if (!options.log.empty())
-        if (const auto opened = sendLogTo(options.log); !opened)
-            return opened.error();
-    return std::nullopt;
+    const auto console = options.console.empty() ? Result<void>{} : sendConsoleTo(options.console);
+    if (!console || options.log.empty())
+        return console;
+    return sendLogTo(options.log);
 }
 
-std::optional<std::string> connectHost(const LaunchOptions& options) {
+Result<void> connectHost(const LaunchOptions& options) {
     if (options.isVirtual)
         return connectVirtualHost(options);
     Transport::instance().use(makeLibusbHost());
-    return std::nullopt;
+    return {};
 }
 
 } // namespace scenewright

@@ -3,15 +3,12 @@
 // Main thread, before any other thread starts.
 #pragma once
 
+#include "platform/Arguments.h"
 #include "platform/NamedFiles.h"
+#include "platform/Result.h"
 
-#include <optional>
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace scenewright {
 
@@ -28,20 +25,20 @@ struct LaunchOptions {
     std::string resources; // folder; empty for none
 };
 
-// Adds --virtual[=BANK], --console, --log and --resources. `options` must outlive `app`.
-void addLaunchOptions(CLI::App& app, LaunchOptions& options);
+// What is given for the rows of launch-options.json.
+[[nodiscard]] LaunchOptions launchOptions(const Arguments& arguments);
 
 // The files among them and the property lists that are in use, to be checked with the command's own
 // before the streams are opened.
 [[nodiscard]] std::vector<NamedFile> launchFiles(const LaunchOptions& options);
 
-// Sends the streams where the options say and makes the resources findable. Nothing, or one
-// sentence: then the program must end.
-[[nodiscard]] std::optional<std::string> launch(const LaunchOptions& options);
+// Sends the streams where the options say and makes the resources findable. On error the program
+// must end.
+[[nodiscard]] Result<void> launch(const LaunchOptions& options);
 
 // Gives the transport its host, the real bus or the virtual controller, which has the ids of the
-// first keyboard in the device list. Nothing, or one sentence.
-// The program has made its Shutdown before, so that a signal gives the keyboard back first.
-[[nodiscard]] std::optional<std::string> connectHost(const LaunchOptions& options);
+// first keyboard in the device list. The program has made its Shutdown before, so that a signal
+// gives the keyboard back first.
+[[nodiscard]] Result<void> connectHost(const LaunchOptions& options);
 
 } // namespace scenewright

@@ -67,11 +67,14 @@ Result<FileContent> readArgument(const std::string& name) {
 
 using Parse = BankFile (*)(std::span<const std::uint8_t> bytes, const std::string& name);
 
-BankFile load(const std::string& name, Parse parse) {
+Result<BankFile> load(const std::string& name, Parse parse) {
     const auto bytes = readArgument(name);
     if (!bytes)
-        return {{}, bytes.error()};
-    return parse(*bytes, inputName(name));
+        return failure(bytes.error());
+    BankFile bank = parse(*bytes, inputName(name));
+    if (bank.trouble)
+        return failure(*bank.trouble);
+    return bank;
 }
 
 int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint8_t> bytes) {
@@ -106,13 +109,13 @@ Result<std::shared_ptr<PopUpValue>> listsFor(BankFormat form) {
 }
 
 int changeStream(const std::string& name, const BankEdit& edit) {
-    const BankFile bank = loadBank(name);
-    if (bank.trouble)
-        return reportError(*bank.trouble, kExitUsage);
-    const auto scenes = edit(bank);
+    const auto bank = loadBank(name);
+    if (!bank)
+        return reportError(bank.error(), kExitUsage);
+    const auto scenes = edit(*bank);
     if (!scenes)
         return reportError(scenes.error(), kExitUsage);
-    return storeBank("-", *scenes, bank.form);
+    return storeBank("-", *scenes, bank->form);
 }
 
 } // namespace
@@ -140,11 +143,11 @@ NamedFile bankToChange(const std::string& name) {
             "the bank that is to be changed"};
 }
 
-BankFile loadBank(const std::string& name) {
+Result<BankFile> loadBank(const std::string& name) {
     return load(name, &parseBank);
 }
 
-BankFile loadBankOrScene(const std::string& name) {
+Result<BankFile> loadBankOrScene(const std::string& name) {
     return load(name, &parseBankOrScene);
 }
 
@@ -178,23 +181,19 @@ int changeBank(const std::string& name, const BankEdit& edit) {
                  }));
 }
 
-std::optional<std::string> whyNotStorable(const std::string& name) {
+Result<void> checkStorable(const std::string& name) {
     if (const auto lists = listsFor(formForArgument(name, BankFormat::Image)); !lists)
-        return lists.error();
-    if (outputDescriptor(name))
-        return std::nullopt;
-    const auto checked = checkReplaceable(name);
-    return checked ? std::nullopt : std::optional(checked.error());
+        return failure(lists.error());
+    return outputDescriptor(name) ? Result<void>{} : checkReplaceable(name);
 }
 
-std::optional<std::string> printOut(std::string_view text) {
-    const auto written = writeStandardOutput(text);
-    return written ? std::nullopt : std::optional(written.error());
+Result<void> printOut(std::string_view text) {
+    return writeStandardOutput(text);
 }
 
 int printAndEnd(std::string_view text, int done, int failed) {
-    if (const auto trouble = printOut(text))
-        return reportError(*trouble, failed);
+    if (const auto printed = printOut(text); !printed)
+        return reportError(printed.error(), failed);
     return done;
 }
 

@@ -22,12 +22,12 @@ namespace scenewright {
 [[nodiscard]] NamedFile bankToWrite(const std::string& name);
 [[nodiscard]] NamedFile bankToChange(const std::string& name);
 
-// As readBank(); standard input is read to its end, and called so in the trouble. A pipe that
-// nobody writes to is waited for, and that is told.
-[[nodiscard]] BankFile loadBank(const std::string& name);
+// As readBank(); standard input is read to its end, and called so in the error. A pipe that nobody
+// writes to is waited for, and that is told.
+[[nodiscard]] Result<BankFile> loadBank(const std::string& name);
 
 // The same for a bank, or for a file of one scene, which gives one.
-[[nodiscard]] BankFile loadBankOrScene(const std::string& name);
+[[nodiscard]] Result<BankFile> loadBankOrScene(const std::string& name);
 
 // The form for a new bank: what the file's name asks for, or `streamForm` for a descriptor.
 [[nodiscard]] BankFormat formForArgument(const std::string& name, BankFormat streamForm);
@@ -40,10 +40,10 @@ using BankEdit = std::function<Result<SceneList>(const BankFile& former)>;
 [[nodiscard]] int changeBank(const std::string& name, const BankEdit& edit);
 
 // Whether storeBank() could begin, asked before work that would be lost.
-[[nodiscard]] std::optional<std::string> whyNotStorable(const std::string& name);
+[[nodiscard]] Result<void> checkStorable(const std::string& name);
 
-// Writes to standard output; nothing, or one sentence.
-[[nodiscard]] std::optional<std::string> printOut(std::string_view text);
+// Writes to standard output.
+[[nodiscard]] Result<void> printOut(std::string_view text);
 // The same for a command that ends with it: tells the error and gives the exit code, `done` or
 // `failed`.
 [[nodiscard]] int printAndEnd(std::string_view text, int done, int failed = 1);

@@ -1,19 +1,21 @@
-// What a command of the command line is: words for the parser, and work for afterwards.
+// What the arguments of scenewright-cli ask for: one of its commands, or an answer.
 //
-// Parsing touches nothing; it only notes which command runs, so that bad usage is told before the
-// first file is opened. A command returns the program's exit code and has told its trouble, in one
-// sentence on standard error, when that is not 0.
+// Each command is a row of command-line.json, which names the function that says what is to be done
+// for the row's arguments. This function touches nothing; what it gives to `run` returns the
+// program's exit code and has told its error, in one sentence on standard error, when that is not
+// 0. So bad usage is told before the first file is opened.
 #pragma once
 
+#include "app/Launch.h"
+#include "platform/Arguments.h"
 #include "platform/NamedFiles.h"
+#include "platform/Result.h"
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace scenewright {
 
@@ -30,32 +32,19 @@ struct CommandChoice {
     int failed = kExitOutput;       // the exit code when a stream fails; lower ones are no failure
 };
 
-// What the help says of arguments that several commands take.
-inline constexpr const char* kBankHelp = "The bank, an image or JSON; - is standard input";
-inline constexpr const char* kBankOrSceneHelp =
-    "The bank, an image or JSON, or a file of one scene; - is standard input";
-inline constexpr const char* kNewBankHelp =
-    "The bank to write, as JSON if it ends in .json; - is standard output";
-inline constexpr const char* kChangedBankHelp =
-    "The bank to change; - is standard input and then standard output";
-inline constexpr const char* kPathHelp =
-    "Such as scene1.pad3.CR, scene2.common.KeyTranspose, scene*.knob*.Enable";
+struct CommandLine {
+    LaunchOptions options;
+    CommandChoice choice;
+    // For standard output, and the program is done: help or version. Then nothing is chosen.
+    std::optional<std::string> answer;
+};
 
-inline constexpr const char* kAssignmentHelp =
-    "PATH=VALUE, such as scene1.pad3.CR=127, scene*.knob*.Enable=On";
+// Touches nothing: no file, no device. `argv[0]` is the program's name, which is not looked at.
+[[nodiscard]] Result<CommandLine> parseCommandLine(int argc, const char* const* argv);
 
-// Each adds its subcommand to `app`; parsing it fills in `choice`, which must outlive `app`.
-void addConvertCommand(CLI::App& app, CommandChoice& choice);
-void addCopyCommand(CLI::App& app, CommandChoice& choice);
-void addDefaultCommand(CLI::App& app, CommandChoice& choice);
-void addDevicesCommand(CLI::App& app, CommandChoice& choice);
-void addDiffCommand(CLI::App& app, CommandChoice& choice);
-void addGetCommand(CLI::App& app, CommandChoice& choice);
-void addReadCommand(CLI::App& app, CommandChoice& choice);
-void addSendCommand(CLI::App& app, CommandChoice& choice);
-void addSetCommand(CLI::App& app, CommandChoice& choice);
-void addShowCommand(CLI::App& app, CommandChoice& choice);
-void addUdevRulesCommand(CLI::App& app, CommandChoice& choice);
+// Both are made from command-line.json.
+[[nodiscard]] Syntax commandLineSyntax();
+[[nodiscard]] CommandChoice chooseCommand(std::string_view name, const Arguments& arguments);
 
 // One sentence on standard error, after the program's name; returns `exitCode`.
 int reportError(std::string_view sentence, int exitCode);

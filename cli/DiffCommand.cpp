@@ -1,12 +1,10 @@
+// The command diff: two banks, or one and what the controller holds, setting by setting.
 #include "bank/Difference.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Transaction.h"
 #include "model/PopUpValue.h"
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +15,7 @@ namespace {
 
 constexpr std::string_view kDevice = "device:";
 constexpr int kExitDifferent = 1;
-constexpr int kExitTrouble = 2; // of any kind, as 1 has a meaning of its own here
+constexpr int kExitError = 2; // of any kind, as 1 has a meaning of its own here
 
 struct DiffOptions {
     std::string first;
@@ -25,42 +23,42 @@ struct DiffOptions {
     bool isJson = false;
 };
 
-// Nothing when the trouble has been told.
+// Nothing when the error has been told.
 std::optional<SceneList> scenesOf(const std::string& name) {
     if (name == kDevice) {
         ControllerRead read = readController(DeviceOperation::Compare);
         return read.exitCode == kExitDone ? std::move(read.scenes) : std::nullopt;
     }
-    BankFile bank = loadBank(name);
-    if (bank.trouble) {
-        reportError(*bank.trouble, kExitTrouble);
+    auto bank = loadBank(name);
+    if (!bank) {
+        reportError(bank.error(), kExitError);
         return std::nullopt;
     }
-    return std::move(bank.scenes);
+    return std::move(bank->scenes);
 }
 
 int diff(const DiffOptions& options) {
     if (inputDescriptor(options.first) &&
         inputDescriptor(options.first) == inputDescriptor(options.second))
-        return reportError("standard input can be one of the two banks, not both", kExitTrouble);
+        return reportError("standard input can be one of the two banks, not both", kExitError);
     const auto lists = readPopUpValue();
     if (!lists)
-        return reportError(lists.error(), kExitTrouble);
-    // A file's trouble is told before the controller is asked.
+        return reportError(lists.error(), kExitError);
+    // What is wrong with a file is told before the controller is asked.
     const bool secondIsFile = options.second != kDevice;
     auto second = secondIsFile ? scenesOf(options.second) : std::nullopt;
     if (secondIsFile && !second)
-        return kExitTrouble;
+        return kExitError;
     const auto first = scenesOf(options.first);
     if (!first)
-        return kExitTrouble;
+        return kExitError;
     if (!secondIsFile)
         second = scenesOf(options.second);
     if (!second)
-        return kExitTrouble;
+        return kExitError;
     const auto list = differences(**lists, *first, *second);
     return printAndEnd(options.isJson ? differencesJson(list) : differenceLines(list),
-                       list.empty() ? kExitDone : kExitDifferent, kExitTrouble);
+                       list.empty() ? kExitDone : kExitDifferent, kExitError);
 }
 
 std::vector<NamedFile> filesOf(const DiffOptions& options) {
@@ -71,32 +69,16 @@ std::vector<NamedFile> filesOf(const DiffOptions& options) {
     return files;
 }
 
-constexpr const char* kDiffFooter =
-    "Prints a line for each setting that differs: its path, its name in words, and its value in A\n"
-    "and in B. With --json an array of objects: path, words, first and second.\n\n"
-    "Exit code: 0 no difference; 1 differences; 2 trouble, that with the controller included.\n\n"
-    "Examples:\n"
-    "  scenewright-cli diff monday.bank friday.json\n"
-    "  scenewright-cli diff device: live.bank     what a send would change\n";
-
 } // namespace
 
-void addDiffCommand(CLI::App& app, CommandChoice& choice) {
-    CLI::App* command = app.add_subcommand("diff", "List the settings in which two banks differ");
-    auto options = std::make_shared<DiffOptions>();
-    command->add_option("A", options->first, "A bank, or device: for what the controller holds")
-        ->required();
-    command->add_option("B", options->second, "The bank to compare it with, or device:")
-        ->required();
-    command->add_flag("--json", options->isJson, "As a JSON text instead of lines");
-    command->footer(kDiffFooter);
-    command->callback([&choice, options] {
-        const bool usesController = options->first == kDevice || options->second == kDevice;
-        choice = {.run = [options] { return diff(*options); },
-                  .usesController = usesController,
-                  .files = filesOf(*options),
-                  .failed = kExitTrouble};
-    });
+CommandChoice diffCommand(const Arguments& arguments) {
+    const DiffOptions options{.first = arguments.text("A"),
+                              .second = arguments.text("B"),
+                              .isJson = arguments.has("--json")};
+    return {.run = [options] { return diff(options); },
+            .usesController = options.first == kDevice || options.second == kDevice,
+            .files = filesOf(options),
+            .failed = kExitError};
 }
 
 } // namespace scenewright

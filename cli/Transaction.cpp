@@ -2,8 +2,7 @@
 
 #include "app/DeviceSession.h"
 #include "cli/Command.h"
-#include "cli/ProgressLine.h"
-#include "cli/StallNotice.h"
+#include "cli/TransferWatch.h"
 #include "platform/MainQueue.h"
 #include "protocol/SendTransaction.h"
 
@@ -26,11 +25,7 @@ int report(DeviceOperation operation, const Outcome& outcome) {
 
 ControllerRead readController(DeviceOperation operation) {
     ScenesRead read;
-    {
-        const ProgressLine progress("Reading", kReadPackets);
-        const StallNotice patience;
-        read = DeviceSession::heldScenes();
-    }
+    watchTransfer("Reading", kReadPackets, [&read] { read = DeviceSession::heldScenes(); });
     const int exitCode = report(operation, read.outcome);
     if (read.outcome.end != Outcome::End::Done)
         return {.scenes = std::nullopt, .exitCode = exitCode};
@@ -40,16 +35,14 @@ ControllerRead readController(DeviceOperation operation) {
 int sendToController(SceneList scenes) {
     WindowAction::setScenes(std::move(scenes));
     Outcome outcome;
-    {
-        const ProgressLine progress("Sending", kSendPackets);
-        const StallNotice patience;
+    watchTransfer("Sending", kSendPackets, [&outcome] {
         bool hasEnded = false;
         DeviceSession::send([&](const Outcome& ended) {
             outcome = ended;
             hasEnded = true;
         });
         MainQueue::pumpUntil([&hasEnded] { return hasEnded; });
-    }
+    });
     SendJob::join();
     return report(DeviceOperation::Send, outcome);
 }

@@ -12,7 +12,7 @@ namespace scenewright {
 struct ControllerRead {
     // The four scenes that the controller holds, if every one of their bytes came from it.
     std::optional<SceneList> scenes;
-    int exitCode = 0; // of the outcome; may tell of trouble after a read that went well
+    int exitCode = 0; // of the outcome; may tell of an error after a read that went well
 };
 
 // `operation` says what the read is for.

@@ -1,6 +1,6 @@
 #include "app/ListCheck.h"
 #include "cli/BankArgument.h"
-#include "cli/CommandLine.h"
+#include "cli/Command.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/NamedFiles.h"
 #include "platform/ProgramMain.h"
@@ -27,8 +27,8 @@ std::vector<NamedFile> filesOf(const LaunchOptions& options, const CommandChoice
 int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     if (const auto checked = checkNamedFiles(filesOf(options, choice)); !checked)
         return reportError(checked.error(), kExitUsage);
-    if (const auto trouble = launch(options))
-        return reportError(*trouble, kExitUsage);
+    if (const auto launched = launch(options); !launched)
+        return reportError(launched.error(), kExitUsage);
     if (!choice.usesController)
         return choice.run();
     if (const auto checked = checkList(kProjectList); !checked)
@@ -36,8 +36,8 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     const Shutdown shutdown;
     LaunchOptions host = options;
     host.needsLists = true;
-    if (const auto trouble = connectHost(host))
-        return reportError(*trouble, kExitUsage);
+    if (const auto connected = connectHost(host); !connected)
+        return reportError(connected.error(), kExitUsage);
     return choice.run();
 }
 
@@ -59,12 +59,12 @@ int endStreams(int exitCode, int failed) {
 }
 
 int run(int argc, char** argv) {
-    const CommandLine line = parseCommandLine(argc, argv);
-    if (line.answer)
-        return endStreams(printAndEnd(*line.answer, kExitDone), kExitOutput);
-    if (line.trouble)
-        return reportError(*line.trouble, kExitUsage);
-    return endStreams(runToEnd(line.options, line.choice), line.choice.failed);
+    const auto line = parseCommandLine(argc, argv);
+    if (!line)
+        return reportError(line.error(), kExitUsage);
+    if (line->answer)
+        return endStreams(printAndEnd(*line->answer, kExitDone), kExitOutput);
+    return endStreams(runToEnd(line->options, line->choice), line->choice.failed);
 }
 
 } // namespace

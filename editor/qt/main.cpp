@@ -6,6 +6,7 @@
 #include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
+#include "platform/Arguments.h"
 #include "platform/DiagnosticSinks.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
@@ -15,21 +16,21 @@
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
 
-#include <CLI/CLI.hpp>
 #include <QApplication>
-#include <fmt/format.h>
 
 #include <cstdlib>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <unistd.h>
 
 namespace scenewright {
 
+// Made from command-line.json.
+Syntax editorSyntax();
+
 namespace {
 
-constexpr int kExitTrouble = 1;
+constexpr int kExitError = 1;
 constexpr int kExitUsage = 2;
 
 int reportError(std::string_view sentence, int exitCode) {
@@ -59,25 +60,17 @@ private:
         if (first_.empty())
             first_ = text.toStdString();
         if (type == QtFatalMsg)
-            std::_Exit(reportError("cannot open a window: " + first_, kExitTrouble));
+            std::_Exit(reportError("cannot open a window: " + first_, kExitError));
     }
 
     static inline std::string first_;
 };
 
-// Help or version, as the parser words it.
-int printAnswer(const CLI::Success& request, const CLI::App& app) {
-    std::ostringstream out;
-    std::ostringstream errors;
-    app.exit(request, out, errors);
-    auto printed = writeStandardOutput(out.str());
+int printAnswer(const std::string& answer) {
+    auto printed = writeStandardOutput(answer);
     if (printed)
         printed = closeStandardOutput();
-    return printed ? 0 : reportError(printed.error(), kExitTrouble);
-}
-
-void describe(CLI::App& app) {
-    app.set_version_flag("--version", "scenewright " SCENEWRIGHT_VERSION);
+    return printed ? 0 : reportError(printed.error(), kExitError);
 }
 
 // A transaction that still runs must find its way out before the process's state goes.
@@ -108,30 +101,24 @@ int showWindow(QApplication& application, const LaunchOptions& options) {
 
 int run(int argc, char** argv) {
     const Shutdown shutdown;
-    CLI::App app("Edits the four scenes of a USB MIDI keyboard controller in a window.",
-                 "scenewright");
-    LaunchOptions options;
-    describe(app);
-    addLaunchOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::Success& request) {
-        return printAnswer(request, app);
-    } catch (const CLI::ParseError& error) {
-        return reportError(fmt::format("{} (--help tells more)", error.what()), kExitUsage);
-    }
+    const auto line = parseArguments(editorSyntax(), argc, argv);
+    if (!line)
+        return reportError(line.error(), kExitUsage);
+    if (line->answer)
+        return printAnswer(*line->answer);
+    const LaunchOptions options = launchOptions(line->arguments);
     Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
     Diagnostics::setLog(logSink(STDERR_FILENO));
     if (const auto checked = checkNamedFiles(launchFiles(options)); !checked)
         return reportError(checked.error(), kExitUsage);
-    if (const auto trouble = launch(options))
-        return reportError(*trouble, kExitUsage);
+    if (const auto launched = launch(options); !launched)
+        return reportError(launched.error(), kExitUsage);
     if (!hasDisplay())
         return reportError("there is no display to open a window on; scenewright-cli does the same "
                            "work without one",
-                           kExitTrouble);
-    if (const auto trouble = connectHost(options))
-        return reportError(*trouble, kExitUsage);
+                           kExitError);
+    if (const auto connected = connectHost(options); !connected)
+        return reportError(connected.error(), kExitUsage);
     ToolkitMessages::hold();
     QApplication application(argc, argv);
     ToolkitMessages::letGo();

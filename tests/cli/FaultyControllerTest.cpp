@@ -1,14 +1,13 @@
 // Commands on a controller that does not do as it is told, in this process.
 
-#include "cli/Command.h"
 #include "model/MessageValue.h"
 #include "protocol/SendTransaction.h"
+#include "tests/cli/ChosenCommand.h"
 #include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
-#include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -49,12 +48,7 @@ protected:
     }
     static CommandRun runOn(std::shared_ptr<UsbHost> host, const std::string& line) {
         Transport::instance().use(std::move(host), [](std::chrono::nanoseconds) {});
-        CLI::App app;
-        CommandChoice choice;
-        addReadCommand(app, choice);
-        addSendCommand(app, choice);
-        addDiffCommand(app, choice);
-        app.parse(line);
+        const CommandChoice choice = testing::chosenCommand(line);
         ::testing::internal::CaptureStdout();
         ::testing::internal::CaptureStderr();
         CommandRun outcome;

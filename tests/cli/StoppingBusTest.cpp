@@ -2,15 +2,14 @@
 // says, its exit code, its files, and whether the interface is given back. Each case is a process
 // of its own, as a controller that is silent keeps a command until a signal ends it.
 
-#include "cli/Command.h"
 #include "platform/FileDescriptor.h"
 #include "protocol/SendTransaction.h"
 #include "tests/cli/BankProgram.h"
+#include "tests/cli/ChosenCommand.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
-#include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -253,12 +252,7 @@ private:
         const auto bus = std::make_shared<StoppingBus>(place, stop, letters.get());
         Transport::instance().use(std::make_shared<StoppingHost>(bus),
                                   [bus](std::chrono::nanoseconds) { bus->pause(); });
-        CLI::App app;
-        CommandChoice choice;
-        addReadCommand(app, choice);
-        addSendCommand(app, choice);
-        app.parse(line);
-        const int exitCode = choice.run();
+        const int exitCode = testing::chosenCommand(line).run();
         Transport::instance().shutDown();
         SendJob::join();
         return exitCode;

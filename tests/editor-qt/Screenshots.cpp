@@ -9,18 +9,19 @@
 #include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
+#include "platform/Arguments.h"
 #include "protocol/SceneImage.h"
 #include "tests/editor-qt/Situations.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
-#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <fmt/format.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 namespace scenewright {
 
@@ -29,7 +30,7 @@ namespace {
 struct Order {
     std::string folder;
     std::string size;
-    std::string language = "en";
+    std::string language;
     bool isDark = false;
     bool wantsModes = false;
     bool wantsSituations = false;
@@ -127,15 +128,36 @@ int takeAll(QApplication& application, const Order& order) {
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    CLI::App app("Takes the pictures of the documentation.", "scenewright-screenshots");
-    scenewright::Order order;
-    app.add_option("FOLDER", order.folder, "Where the pictures go")->required();
-    app.add_option("--size", order.size, "Size of the window, as WIDTHxHEIGHT");
-    app.add_option("--language", order.language, "Language of the window, as in zh_CN");
-    app.add_flag("--dark", order.isDark, "In the dark colours");
-    app.add_flag("--modes", order.wantsModes, "One picture more of each display mode");
-    app.add_flag("--situations", order.wantsSituations, "One more of each of many situations");
-    CLI11_PARSE(app, argc, argv);
+    using namespace scenewright;
+    const Syntax syntax{
+        .name = "scenewright-screenshots",
+        .help = "Takes the pictures of the documentation.",
+        .arguments = {
+            {.name = "FOLDER", .help = "Where the pictures go"},
+            {.name = "--size", .help = "Size of the window", .value = "WIDTHxHEIGHT"},
+            {.name = "--language",
+             .help = "Language of the window, as in zh_CN",
+             .value = "NAME",
+             .byDefault = "en"},
+            {.name = "--dark", .help = "In the dark colours", .kind = ArgumentRow::Kind::Flag},
+            {.name = "--modes",
+             .help = "One picture more of each display mode",
+             .kind = ArgumentRow::Kind::Flag},
+            {.name = "--situations",
+             .help = "One more of each of many situations",
+             .kind = ArgumentRow::Kind::Flag}}};
+    const auto line = parseArguments(syntax, argc, argv);
+    if (!line || line->answer) {
+        std::cerr << (line ? *line->answer : line.error() + "\n");
+        return line ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    const Arguments& arguments = line->arguments;
+    const Order order{.folder = arguments.text("FOLDER"),
+                      .size = arguments.text("--size"),
+                      .language = arguments.text("--language"),
+                      .isDark = arguments.has("--dark"),
+                      .wantsModes = arguments.has("--modes"),
+                      .wantsSituations = arguments.has("--situations")};
     QApplication application(argc, argv);
     return scenewright::takeAll(application, order);
 }

@@ -1,7 +1,7 @@
 // The arguments of scenewright-cli, or, when the first byte is odd, of scenewright-virtual; each
 // ends with a zero byte, as the system hands them over. Parsing does nothing but tell what is to be
 // done: no file is opened and no device is touched, as no command runs here.
-#include "cli/CommandLine.h"
+#include "cli/Command.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "virtual/program/Options.h"
@@ -56,8 +56,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::checkOne(answer ? std::optional(*answer) : std::nullopt,
                        line ? std::nullopt : std::optional(line.error()), line && !answer);
     } else {
-        const CommandLine line = parseCommandLine(arguments.count(), arguments.pointers());
-        fuzz::checkOne(line.answer, line.trouble, line.choice.run != nullptr);
+        const auto line = parseCommandLine(arguments.count(), arguments.pointers());
+        fuzz::checkOne(line ? line->answer : std::nullopt,
+                       line ? std::nullopt : std::optional(line.error()),
+                       line && line->choice.run != nullptr);
     }
     return 0;
 }

@@ -3,7 +3,7 @@
 // back, and the list of MIDI devices stays a list that a person and a program can read.
 #include "app/OutcomeText.h"
 #include "bank/JsonTree.h"
-#include "cli/DeviceTable.h"
+#include "cli/DeviceReport.h"
 #include "platform/ReadableText.h"
 #include "protocol/Handshake.h"
 #include "tests/fuzz/Checks.h"

@@ -33,6 +33,7 @@ CONFINED = [
     ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt"}, None),
     ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 2),
     ("libudev", re.compile(r"<libudev\.h>"), {"usb"}, 1),
+    ("CLI11", re.compile(r"<CLI/.*>"), {"platform"}, 1),
     ("expat", re.compile(r"<expat\.h>"), {"platform"}, None),
 ]
 

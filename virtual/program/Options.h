@@ -1,6 +1,7 @@
 // The command line of scenewright-virtual.
 #pragma once
 
+#include "platform/Arguments.h"
 #include "platform/Result.h"
 #include "virtual/Fault.h"
 #include "virtual/VirtualHost.h"
@@ -15,7 +16,7 @@ namespace scenewright {
 inline constexpr const char* kVirtualProgram = "scenewright-virtual";
 
 struct ProgramOptions {
-    std::string listen = "127.0.0.1:3240";
+    std::string listen;                    // address and port
     std::optional<std::uint32_t> vhciPort; // instead of listening
     std::string bank;                      // file; empty keeps the memory in memory
     FaultPlan faults;
@@ -31,5 +32,8 @@ using ProgramLine = std::variant<ProgramOptions, std::string>;
 
 // Touches nothing but its arguments; `argv[0]` is the program's name, which is not looked at.
 [[nodiscard]] Result<ProgramLine> parseProgramLine(int argc, const char* const* argv);
+
+// Made from command-line.json.
+[[nodiscard]] Syntax virtualSyntax();
 
 } // namespace scenewright

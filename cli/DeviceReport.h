@@ -1,11 +1,14 @@
-// The plugged-in MIDI devices in words, and as JSON for programs.
+// What is told about keyboards: the plugged-in MIDI devices in words and as JSON for programs, and
+// the rules for udev that let the user at the seat use the listed ones.
 #pragma once
 
 #include "usb/AttachedDevices.h"
+#include "usb/DeviceList.h"
 
 #include <filesystem>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace scenewright {
 
@@ -26,5 +29,9 @@ struct DeviceListPlace {
 // feed.
 [[nodiscard]] std::string deviceJson(std::span<const AttachedDevice> devices,
                                      const DeviceListPlace& list);
+
+// One rule a device, repeated ones once, in the order of the list; ids that no device can have are
+// left out. Comments at the top say where the rules go.
+[[nodiscard]] std::string udevRules(std::span<const DeviceIds> devices);
 
 } // namespace scenewright

@@ -1,11 +1,17 @@
-#include "cli/DeviceTable.h"
-
+// The commands about keyboards that are plugged in or listed: devices and udev-rules.
 #include "app/OutcomeText.h"
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+#include "cli/DeviceReport.h"
+#include "platform/Resources.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
 
 namespace scenewright {
 
@@ -73,6 +79,36 @@ nlohmann::ordered_json object(const AttachedDevice& device, const DeviceListPlac
     return object;
 }
 
+constexpr const char* kRulesHead =
+    "# Lets the user who sits at the computer use the keyboards of Scenewright's device list.\n"
+    "# Install as /etc/udev/rules.d/70-scenewright.rules: the name must sort before 73, where\n"
+    "# the tag \"uaccess\" is acted on. Then plug the keyboard in again.\n";
+
+bool canExist(const DeviceIds& device) {
+    constexpr std::int32_t kHighest = 0xFFFF;
+    return device.vendor >= 0 && device.vendor <= kHighest && device.product >= 0 &&
+           device.product <= kHighest;
+}
+
+int printDevices(bool asJson) {
+    std::vector<AttachedDevice> devices = attachedDevices();
+    std::erase_if(devices, [](const AttachedDevice& device) { return !device.hasMidiStreaming; });
+    const auto listed = readDeviceList();
+    if (!listed)
+        return reportError(listed.error(), kExitUsage);
+    const auto own = Resources::userFolder();
+    const DeviceListPlace list{.devices = *listed,
+                               .inUse = Resources::find("project", "plist").value_or(""),
+                               .userOwn = own ? *own / "project.plist" : std::filesystem::path()};
+    return printAndEnd((asJson ? deviceJson : deviceTable)(devices, list), kExitDone);
+}
+
+int printRules() {
+    const auto listed = readDeviceList();
+    return listed ? printAndEnd(udevRules(*listed), kExitDone)
+                  : reportError(listed.error(), kExitUsage);
+}
+
 } // namespace
 
 std::string deviceTable(std::span<const AttachedDevice> devices, const DeviceListPlace& list) {
@@ -92,6 +128,29 @@ std::string deviceJson(std::span<const AttachedDevice> devices, const DeviceList
     using Json = nlohmann::ordered_json;
     // A device's name is whatever the device says, valid or not.
     return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string udevRules(std::span<const DeviceIds> devices) {
+    std::string rules = kRulesHead;
+    std::vector<DeviceIds> done;
+    for (const DeviceIds& device : devices) {
+        if (!canExist(device) || std::ranges::find(done, device) != done.end())
+            continue;
+        done.push_back(device);
+        rules += fmt::format("ACTION!=\"remove\", SUBSYSTEM==\"usb\", "
+                             "ENV{{DEVTYPE}}==\"usb_device\", ATTR{{idVendor}}==\"{:04x}\", "
+                             "ATTR{{idProduct}}==\"{:04x}\", TAG+=\"uaccess\"\n",
+                             device.vendor, device.product);
+    }
+    return rules;
+}
+
+CommandChoice devicesCommand(const Arguments& arguments) {
+    return {.run = [asJson = arguments.has("--json")] { return printDevices(asJson); }};
+}
+
+CommandChoice udevRulesCommand(const Arguments& /*arguments*/) {
+    return {.run = &printRules};
 }
 
 } // namespace scenewright

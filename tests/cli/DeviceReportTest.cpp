@@ -1,4 +1,4 @@
-#include "cli/DeviceTable.h"
+#include "cli/DeviceReport.h"
 
 #include "app/OutcomeText.h"
 
@@ -113,6 +113,22 @@ TEST(DeviceTable, JsonTellsCauseAndLines) {
                         "<integer>2</integer>\\n    </dict>\\n\""),
               std::string::npos);
     EXPECT_NE(json.find("\"name\": \"\xEF\xBF\xBD\""), std::string::npos);
+}
+
+constexpr const char* kRulesHead =
+    "# Lets the user who sits at the computer use the keyboards of Scenewright's device list.\n"
+    "# Install as /etc/udev/rules.d/70-scenewright.rules: the name must sort before 73, where\n"
+    "# the tag \"uaccess\" is acted on. Then plug the keyboard in again.\n";
+
+std::string rule(const std::string& vendor, const std::string& product) {
+    return R"(ACTION!="remove", SUBSYSTEM=="usb", ENV{DEVTYPE}=="usb_device", ATTR{idVendor}==")" +
+           vendor + R"(", ATTR{idProduct}==")" + product + "\", TAG+=\"uaccess\"\n";
+}
+
+TEST(UdevRules, EachDeviceThatCanExistHasOneRule) {
+    const std::vector<DeviceIds> devices{{-1, 1}, {0x1209, 0x0001}, {0x10000, 1}, {0x1209, 0x0001},
+                                         {1, -1}, {0xFFFF, 0x00AB}, {1, 0x10000}};
+    EXPECT_EQ(udevRules(devices), kRulesHead + rule("1209", "0001") + rule("ffff", "00ab"));
 }
 
 } // namespace

@@ -1,0 +1,93 @@
+// The commands on whole banks: show, convert and default.
+#include "app/ListCheck.h"
+#include "app/WindowAction.h"
+#include "bank/BankJson.h"
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+#include "cli/SceneTable.h"
+#include "model/PopUpValue.h"
+
+#include <algorithm>
+#include <string>
+
+namespace scenewright {
+
+namespace {
+
+struct ShowOptions {
+    std::string in;
+    int scene = 0; // from 1; 0 is all
+    bool isJson = false;
+};
+
+std::string tables(const SceneList& scenes, const PopUpValue& lists, int scene) {
+    std::string text;
+    for (int number = 1; number <= static_cast<int>(scenes.size()); ++number)
+        if (scene == 0 || scene == number)
+            text += sceneTable(lists, *scenes.at(static_cast<std::size_t>(number) - 1), number);
+    return text;
+}
+
+std::string json(const SceneList& scenes, const PopUpValue& lists, int scene) {
+    if (scene == 0 && scenes.size() > 1)
+        return writeBankJson(scenes, lists);
+    return writeSceneJson(*scenes.at(static_cast<std::size_t>(std::max(scene, 1)) - 1), lists);
+}
+
+int show(const ShowOptions& options) {
+    const auto bank = loadBankOrScene(options.in);
+    if (!bank)
+        return reportError(bank.error(), kExitUsage);
+    if (options.scene > static_cast<int>(bank->scenes.size()))
+        return reportError(options.in + ": it is a file of one scene", kExitUsage);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    return printAndEnd((options.isJson ? json : tables)(bank->scenes, **lists, options.scene),
+                       kExitDone);
+}
+
+BankFormat otherForm(BankFormat form) {
+    return form == BankFormat::Image ? BankFormat::Json : BankFormat::Image;
+}
+
+int convert(const std::string& in, const std::string& out, const std::string& form) {
+    const auto bank = loadBank(in);
+    if (!bank)
+        return reportError(bank.error(), kExitUsage);
+    if (form.empty())
+        return storeBank(out, bank->scenes, formForArgument(out, otherForm(bank->form)));
+    return storeBank(out, bank->scenes, form == "json" ? BankFormat::Json : BankFormat::Image);
+}
+
+int writeDefaults(const std::string& out) {
+    WindowAction::getSceneValue();
+    const SceneList scenes = WindowAction::scenes();
+    if (const auto checked = checkDefaultScenes(scenes); !checked)
+        return reportError(checked.error(), kExitUsage);
+    return storeBank(out, scenes, formForArgument(out, BankFormat::Image));
+}
+
+} // namespace
+
+CommandChoice showCommand(const Arguments& arguments) {
+    const ShowOptions options{.in = arguments.text("IN"),
+                              .scene = arguments.number("--scene").value_or(0),
+                              .isJson = arguments.has("--json")};
+    return {.run = [options] { return show(options); },
+            .files = {bankToRead(options.in, "the bank that is to be shown")}};
+}
+
+CommandChoice convertCommand(const Arguments& arguments) {
+    const std::string in = arguments.text("IN");
+    const std::string out = arguments.text("OUT");
+    return {.run = [in, out, form = arguments.text("--to")] { return convert(in, out, form); },
+            .files = {bankToRead(in, "the bank that is to be converted"), bankToWrite(out)}};
+}
+
+CommandChoice defaultCommand(const Arguments& arguments) {
+    const std::string out = arguments.text("OUT");
+    return {.run = [out] { return writeDefaults(out); }, .files = {bankToWrite(out)}};
+}
+
+} // namespace scenewright

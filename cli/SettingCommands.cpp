@@ -1,0 +1,107 @@
+// The commands on settings by their paths: get, set and copy.
+#include "bank/Edit.h"
+#include "bank/Path.h"
+#include "bank/SettingText.h"
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+#include "model/PopUpValue.h"
+
+#include <fmt/format.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const SettingPlace& place) {
+    const SettingText text =
+        settingText(lists, *scenes.at(static_cast<std::size_t>(place.scene)), place);
+    return fmt::format("{}={}{}{}\n", pathOf(place), text.value, text.title.empty() ? "" : "\t",
+                       text.title);
+}
+
+int get(const std::string& name, const std::vector<std::string>& paths) {
+    std::vector<SettingPlace> places;
+    for (const std::string& text : paths) {
+        const PathResult result = parsePath(text);
+        if (!result.path)
+            return reportError(result.trouble, kExitUsage);
+        const auto more = settingsAt(*result.path);
+        places.insert(places.end(), more.begin(), more.end());
+    }
+    const auto bank = loadBank(name);
+    if (!bank)
+        return reportError(bank.error(), kExitUsage);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    std::string text;
+    for (const SettingPlace& place : places)
+        text += lineOf(**lists, bank->scenes, place);
+    return printAndEnd(text, kExitDone);
+}
+
+Result<SceneList> resultOf(Edited edited) {
+    if (edited.trouble)
+        return failure(*edited.trouble);
+    return std::move(edited.scenes);
+}
+
+int set(const std::string& name, const std::vector<std::string>& assignments) {
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    return changeBank(name, [&](const BankFile& bank) {
+        return resultOf(setValues(**lists, bank.scenes, assignments));
+    });
+}
+
+struct CopyOptions {
+    std::string bank;
+    std::string from;
+    std::string to;
+    std::string source; // empty for the bank itself
+};
+
+int copy(const CopyOptions& options) {
+    if (inputDescriptor(options.bank) &&
+        inputDescriptor(options.bank) == inputDescriptor(options.source))
+        return reportError("standard input can be the bank or what is copied from, not both",
+                           kExitUsage);
+    return changeBank(options.bank, [&options](const BankFile& bank) -> Result<SceneList> {
+        const auto source =
+            options.source.empty() ? Result<BankFile>(bank) : loadBankOrScene(options.source);
+        if (!source)
+            return failure(source.error());
+        return resultOf(copyValues(source->scenes, bank.scenes, options.from, options.to));
+    });
+}
+
+} // namespace
+
+CommandChoice getCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, paths = arguments.texts("PATH")] { return get(bank, paths); },
+            .files = {bankToRead(bank, "the bank that is to be read")}};
+}
+
+CommandChoice setCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, all = arguments.texts("ASSIGNMENT")] { return set(bank, all); },
+            .files = {bankToChange(bank)}};
+}
+
+CommandChoice copyCommand(const Arguments& arguments) {
+    const CopyOptions options{.bank = arguments.text("BANK"),
+                              .from = arguments.text("FROM"),
+                              .to = arguments.text("TO"),
+                              .source = arguments.text("--from")};
+    return {
+        .run = [options] { return copy(options); },
+        .files = {bankToRead(options.source, "what is to be copied"), bankToChange(options.bank)}};
+}
+
+} // namespace scenewright
