@@ -1,10 +1,21 @@
-"""The command that tells a user what is plugged in, and how to add it to the list."""
+"""The command that tells a user what is plugged in, and how to add it to the list; and the page that
+leads a user through it."""
 
 import json
 import os
+import re
+import subprocess
+import sys
+from pathlib import Path
 
-from cases_trouble import NOBODY, check_untouched, install_for_everybody
+from cases_trouble import NOBODY, check_untouched, give_seat, grants_seat, install_for_everybody
 from rig import BIN, CLI, check_equal, some_bank
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.append(str(ROOT / "tests/docs"))
+
+import check_commands  # noqa: E402  # from tests/docs
+from documents import Document  # noqa: E402  # from tests/docs
 
 
 def listed(rig, program=CLI, **options):
@@ -47,3 +58,59 @@ def case_device_that_was_added_to_the_list_is_read(rig):
     environment = {**os.environ, "XDG_CONFIG_HOME": str(rig.folder)}
     check_equal(rig.run(CLI, "read", out, env=environment), (0, ""), "read")
     assert out.read_bytes() == some_bank(1), "what was read is not the controller's bank"
+
+
+class Reader:
+    """A user with an installed Scenewright and without permission, who does what a page says."""
+
+    def __init__(self, rig):
+        self.programs = Path(install_for_everybody(rig)).parent
+        self.home = rig.file("home")
+        self.home.mkdir(mode=0o777)
+        self.home.chmod(0o777)
+        # What the page calls the folders of the installed program and of its reader.
+        self.places = {"/usr/share": str(rig.file("share")), "/home/you": str(self.home)}
+
+    def printed_by(self, command):
+        for on_page, here in self.places.items():
+            command = command.replace(on_page, here)
+        path = f"{self.programs}:/usr/bin:/bin"
+        done = subprocess.run(
+            ["bash", "-c", command], cwd=self.home, stdin=subprocess.DEVNULL, text=True,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False,
+            env={"PATH": path, "HOME": str(self.home), "LC_ALL": "C.UTF-8"}, **NOBODY)
+        told = done.stdout
+        for on_page, here in self.places.items():
+            told = told.replace(here, on_page)
+        # Which bus and address it has depends on what was plugged in before.
+        return re.sub(r"^Bus \d+ Device \d+", "Bus 001 Device 002", told, flags=re.MULTILINE)
+
+    def follow(self, block):
+        for command, wanted in check_commands.steps(block.lines):
+            told = self.printed_by(command)
+            assert check_commands.matches(told.splitlines(), wanted), f"{command} prints\n{told}"
+
+    def end_own_list_with(self, block):
+        own = self.home / ".config/scenewright/project.plist"
+        head = own.read_text().rpartition("</array>")[0]
+        own.unlink()
+        own.write_text(head + "\n".join(block.lines))
+
+
+def case_page_about_a_keyboard_of_ones_own_can_be_followed(rig):
+    bank = rig.file("default.bank")
+    check_equal(rig.run(CLI, "default", bank), (0, ""), "default")
+    keyboard = rig.plug("--identity", "1209:0002", bank=bank.read_bytes())
+    reader = Reader(rig)
+    followed = 0
+    for block in Document(ROOT, "docs/your-keyboard.md").blocks:
+        if block.language == "xml":
+            reader.end_own_list_with(block)
+        elif block.remark == "not run: it changes the system":
+            assert grants_seat(reader.printed_by("scenewright-cli udev-rules"), keyboard)
+            give_seat(keyboard.node, NOBODY["user"])
+        elif block.remark != "not run: it needs a keyboard that does not answer":
+            reader.follow(block)
+            followed += 1
+    assert followed > 5, f"{followed} sessions were followed"
+    check_equal(keyboard.bank_file.read_bytes()[149 + 4], 75, "the controller that knob 1 sends")
