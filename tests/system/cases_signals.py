@@ -9,9 +9,9 @@ from rig import CLI, PATIENCE, check_equal, some_bank
 MIDDLE = 200  # transfers of a bank's byte that have been made when the signal comes
 
 
-def start_read(rig, keyboard):
+def start_read(rig, keyboard, endpoint="ep1 in", count=MIDDLE):
     program = rig.start(CLI, "read", rig.file("none.bank"))
-    keyboard.await_transfers("ep1 in", MIDDLE)
+    keyboard.await_transfers(endpoint, count)
     return program
 
 
@@ -24,13 +24,11 @@ def start_send(rig, keyboard):
 
 
 def start_handshakes(rig, keyboard):
-    program = rig.start(CLI, "read", rig.file("none.bank"))
-    keyboard.await_transfers("ep1 in", 5)
-    return program
+    return start_read(rig, keyboard, count=5)
 
 
-def plug_refusing(rig):
-    return rig.plug("--fault", "handshake:1000000")
+def start_waiting(rig, keyboard):
+    return start_read(rig, keyboard, "ep2 out", 2)
 
 
 def check_ended(rig, keyboard, program, name):
@@ -55,62 +53,35 @@ def processor_ticks(program):
     return int(fields[11]) + int(fields[12])
 
 
-def case_sigint_in_a_read(rig):
-    keyboard = rig.plug()
-    check_ended(rig, keyboard, start_read(rig, keyboard), "SIGINT")
+# By the stage's name: the keyboard's fault, what comes so far, the signals.
+STAGES = {
+    "read": ("", start_read, ("SIGINT", "SIGTERM", "SIGKILL")),
+    "send": ("", start_send, ("SIGINT", "SIGTERM", "SIGKILL")),
+    "handshake_that_never_succeeds": ("handshake:1000000", start_handshakes, ("SIGINT", "SIGTERM")),
+    "handshake_that_succeeds_late": ("handshake:30", start_handshakes, ("SIGKILL",)),
+    "read_that_waits_for_ever": ("silent:0", start_waiting, ("SIGINT",)),
+}
 
 
-def case_sigterm_in_a_read(rig):
-    keyboard = rig.plug()
-    check_ended(rig, keyboard, start_read(rig, keyboard), "SIGTERM")
+def case_of(fault, start, name):
+    def case(rig):
+        keyboard = rig.plug(*(("--fault", fault) if fault else ()))
+        program = start(rig, keyboard)
+        if name == "SIGKILL":
+            check_killed_then_healed(rig, keyboard, program)
+        else:
+            check_ended(rig, keyboard, program, name)
+    return case
 
 
-def case_sigkill_in_a_read(rig):
-    keyboard = rig.plug()
-    check_killed_then_healed(rig, keyboard, start_read(rig, keyboard))
-
-
-def case_sigint_in_a_send(rig):
-    keyboard = rig.plug()
-    check_ended(rig, keyboard, start_send(rig, keyboard), "SIGINT")
-
-
-def case_sigterm_in_a_send(rig):
-    keyboard = rig.plug()
-    check_ended(rig, keyboard, start_send(rig, keyboard), "SIGTERM")
-
-
-def case_sigkill_in_a_send(rig):
-    keyboard = rig.plug()
-    check_killed_then_healed(rig, keyboard, start_send(rig, keyboard))
-
-
-def case_sigint_in_a_handshake_that_never_succeeds(rig):
-    keyboard = plug_refusing(rig)
-    check_ended(rig, keyboard, start_handshakes(rig, keyboard), "SIGINT")
-
-
-def case_sigterm_in_a_handshake_that_never_succeeds(rig):
-    keyboard = plug_refusing(rig)
-    check_ended(rig, keyboard, start_handshakes(rig, keyboard), "SIGTERM")
-
-
-def case_sigkill_in_a_handshake_that_never_succeeds(rig):
-    keyboard = rig.plug("--fault", "handshake:30")
-    check_killed_then_healed(rig, keyboard, start_handshakes(rig, keyboard))
-
-
-def case_sigint_in_a_read_that_waits_for_ever(rig):
-    keyboard = rig.plug("--fault", "silent:0")
-    program = rig.start(CLI, "read", rig.file("none.bank"))
-    keyboard.await_transfers("ep2 out", 2)
-    check_ended(rig, keyboard, program, "SIGINT")
+for stage, (fault, start, names) in STAGES.items():
+    for name in names:
+        globals()[f"case_{name.lower()}_in_a_{stage}"] = case_of(fault, start, name)
 
 
 def case_waiting_for_ever_takes_no_processor_time(rig):
     keyboard = rig.plug("--fault", "silent:0")
-    program = rig.start(CLI, "read", rig.file("none.bank"))
-    keyboard.await_transfers("ep2 out", 2)
+    program = start_waiting(rig, keyboard)
     before = processor_ticks(program)
     time.sleep(3)
     assert processor_ticks(program) - before <= 10, "more than 0.1 s in 3 s"

@@ -7,6 +7,7 @@ import os
 import re
 import shutil
 import subprocess
+import tempfile
 from pathlib import Path
 
 METAPACKAGE = "linux-image-amd64"
@@ -84,29 +85,20 @@ def module_files(root, version):
     return files
 
 
-def entry(number, name, mode, data):
-    """One file of a cpio archive in the `newc` form."""
-    name_bytes = name.encode() + b"\0"
-    fields = (number, mode, 0, 0, 1, 0, len(data), 0, 0, 0, 0, len(name_bytes), 0)
-    record = b"070701" + b"".join(b"%08x" % field for field in fields) + name_bytes
-    record += b"\0" * (-len(record) % 4)
-    return record + data + b"\0" * (-len(data) % 4)
-
-
-def archive(files):
-    """A cpio archive of (name, mode, bytes), folders made as they are named."""
-    records = [entry(number, *item) for number, item in enumerate(files, 1)]
-    return b"".join(records) + entry(0, "TRAILER!!!", 0, b"")
-
-
 def initramfs(modules, init, settings):
     """The first root of the guest: busybox, the modules in their order, what to start."""
     if not BUSYBOX.exists():
         raise Trouble(f"{BUSYBOX} is missing; install busybox-static.")
-    files = [(name, 0o040755, b"") for name in ("bin", "modules", "host", "proc", "sys", "dev")]
-    files.append(("bin/busybox", 0o100755, BUSYBOX.read_bytes()))
-    files.append(("init", 0o100755, init.read_bytes()))
-    files.append(("settings", 0o100644, settings.encode()))
-    for number, module in enumerate(modules):
-        files.append((f"modules/{number:02}-{module.name}", 0o100644, module.read_bytes()))
-    return archive(files)
+    with tempfile.TemporaryDirectory() as folder:
+        root = Path(folder)
+        for name in ("bin", "modules", "host", "proc", "sys", "dev"):
+            (root / name).mkdir()
+        shutil.copy(BUSYBOX, root / "bin")
+        shutil.copy(init, root / "init")
+        (root / "settings").write_text(settings)
+        for number, module in enumerate(modules):
+            shutil.copy(module, root / "modules" / f"{number:02}-{module.name}")
+        names = sorted(str(path.relative_to(root)) for path in root.rglob("*"))
+        command = [BUSYBOX, "cpio", "-o", "-H", "newc", "-R", "0:0"]
+        return subprocess.run(command, cwd=root, input="\n".join(names).encode(), check=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
