@@ -1,15 +1,16 @@
 """Compares what the documents say of the tree with the tree: check_facts.py ROOT
 
 README.md names the version that CMakeLists.txt has; docs/packaging.md lists the packages that
-packages.txt needs for a build, and the CMake that CMakeLists.txt asks for. Every picture beside the
-documents is in one of them, and none is there twice.
+packages.txt needs for a build, and the CMake that CMakeLists.txt asks for. A message that
+docs/troubleshooting.md explains is one of a program or a script. Every picture beside the documents
+is in one of them, and none is there twice.
 """
 
 import re
 import sys
 from pathlib import Path
 
-from documents import documents
+from documents import Document, documents
 
 import sources  # from tests/tree, where documents looks too
 
@@ -46,6 +47,20 @@ def facts(root):
            sorted(build_packages(packages)))
 
 
+def message_faults(root):
+    """Of a line of code alone, the pieces between three dots stand somewhere in the sources."""
+    texts = [path.read_text(encoding="utf-8") for path in sorted((root / "packaging").glob("*-*"))]
+    programs = [name for name in sources.files(root) if name.parts[0] != "tests"]
+    texts += [(root / name).read_text(encoding="utf-8") for name in programs]
+    # A long literal is written as several, a line each.
+    written = re.sub(r'"\s*\n\s*"', "", "\n".join(texts))
+    for number, line in Document(root, "docs/troubleshooting.md").prose:
+        if re.fullmatch(r"`[^`]+`(, `[^`]+`)*", line):
+            for piece in re.split(r"`, `|\.\.\.", line.strip("`")):
+                if piece.strip(" :") not in written:
+                    yield f"docs/troubleshooting.md:{number}: nothing says {piece.strip(' :')}"
+
+
 def picture_faults(root):
     linked = {(document.folder / target).resolve()
               for document in documents(root) for _, target in document.links()}
@@ -63,6 +78,7 @@ def faults(root):
     for what, said, so in facts(root):
         if said != so:
             yield f"{what}: {said} instead of {so}"
+    yield from message_faults(root)
     yield from picture_faults(root)
 
 

@@ -57,6 +57,9 @@ NEEDS = "## What it needs\n| CMake, at least 3.9 | | `one`, `two` | 1 |\n## More
 FACTS_RIGHT = {
     "CMakeLists.txt": "cmake_minimum_required(VERSION 3.9)\nproject(x VERSION 1.2.3 LANGUAGES CXX)\n",
     "packaging/packages.txt": "# build nothing\nbuild one\nbuild two\ntest three\n",
+    "packaging/get-it": "echo 'Cannot get x'\n",
+    "app/A.cpp": 'tell("No keyboard is "\n     "there: {}");\n',
+    "docs/troubleshooting.md": "`No keyboard is there`, `Cannot get ...`\n\n`b` is no message\n",
     "docs/packaging.md": NEEDS,
     "docs/a.png": "a",
     "docs/b.svg": "b",
@@ -67,6 +70,7 @@ FACTS_WRONG = [
     ("docs/packaging.md", NEEDS.replace("3.9", "3.8"), "docs/packaging.md: the least CMake: 3.8"),
     ("docs/packaging.md", NEEDS.replace(", `two`", ""), "docs/packaging.md: the packages: ['one']"),
     ("README.md", "Version 1.2.3. ![a](docs/a.png)", "docs/b.svg: no document shows it"),
+    ("docs/troubleshooting.md", "\n`No cat ...`", "docs/troubleshooting.md:2: nothing says No cat"),
     ("docs/b.svg", "a", "docs/b.svg: the same as docs/a.png"),
 ]
 
