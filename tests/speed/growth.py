@@ -1,4 +1,4 @@
-"""How the time of each reader grows with the size of what it reads: the rows, and a plot.
+"""How the time of each reader grows with the size of what it reads.
 
 growth.py PROGRAM judges it by few sizes and wide limits, for a machine that is busy and a build
 that is not optimised; exit 1 when a limit is missed.
@@ -15,12 +15,11 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from functions import by_name, runs
-from plot import svg
 from rows import Row, missed, table
 
 ROOT = Path(__file__).resolve().parents[2]
 
-# The run of the program, and its name in table and plot.
+# The run of the program, and its name in the table.
 READERS = {
     "readList/xml": "property lists, XML",
     "readList/binary": "property lists, binary",
@@ -105,12 +104,8 @@ def rows_of(found: dict[str, Curve], most_slope: float, most_stretch: float) -> 
     return rows
 
 
-def measure(programs: Path, picture: Path) -> list[Row]:
+def measure(programs: Path) -> list[Row]:
     found = curves(programs / "speed-growth", repeats=5, most=1000)
-    named = {
-        READERS[name]: [(p.scenes, p.milliseconds) for p in curve] for name, curve in found.items()
-    }
-    picture.write_text(svg(named), encoding="utf-8")
     return rows_of(found, most_slope=1.1, most_stretch=1.5)
 
 

@@ -1,8 +1,8 @@
 """Measures the programs of a build: measure.py BUILD [PART...]
 
 Prints a table of what was measured against its limit, and exits 1 when a limit is missed. The parts
-are functions, transfers, show, start and growth; without any, all. BUILD/speed keeps the table,
-table.txt, and the plot of growth, growth.svg.
+are functions, transfers, show, start and growth; without any, all. The table stays in
+BUILD/speed/table.txt.
 """
 
 import os
@@ -17,11 +17,11 @@ import growth
 import programs
 from rows import Row, missed, table
 
-_PARTS: dict[str, Callable[[Path, Path], list[Row]]] = {
-    "functions": lambda binaries, _: functions.measure(binaries),
-    "transfers": lambda binaries, _: programs.measure_transfers(binaries),
-    "show": lambda binaries, _: programs.measure_show(binaries),
-    "start": lambda binaries, _: programs.measure_start(binaries),
+_PARTS: dict[str, Callable[[Path], list[Row]]] = {
+    "functions": functions.measure,
+    "transfers": programs.measure_transfers,
+    "show": programs.measure_show,
+    "start": programs.measure_start,
     "growth": growth.measure,
 }
 
@@ -43,15 +43,14 @@ def main(build: str, *parts: str) -> int:
         print(f"no such part: {', '.join(sorted(unknown))}", file=sys.stderr)
         return 2
     folder = Path(build).resolve()
-    picture = folder / "speed" / "growth.svg"
-    picture.parent.mkdir(exist_ok=True)
     heading = f"{machine()}\n{load()}"
     rows: list[Row] = []
     for part in parts or _PARTS:
         print(f"measuring {part} ...", file=sys.stderr)
-        rows += _PARTS[part](folder / "bin", picture)
+        rows += _PARTS[part](folder / "bin")
     told = f"{heading}, {os.getloadavg()[0]:.2f}\n\n{table(rows)}"
-    (picture.parent / "table.txt").write_text(told + "\n", encoding="utf-8")
+    (folder / "speed").mkdir(exist_ok=True)
+    (folder / "speed/table.txt").write_text(told + "\n", encoding="utf-8")
     print(told)
     count = len(missed(rows))
     print(f"{count} limits missed" if count else "every limit kept")

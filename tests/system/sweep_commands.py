@@ -27,6 +27,8 @@ class Job:
 
 
 class Sweep(sweep_run.Sweep):
+    not_tried = ()
+
     def __init__(self, programs, folder, options):
         super().__init__(programs, folder, options, {each.name: each for each in SUBJECTS})
         self.workers *= 2

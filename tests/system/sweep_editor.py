@@ -169,8 +169,7 @@ def is_display(job, line):
 
 class Sweep(sweep_run.Sweep):
     def __init__(self, programs, folder, options):
-        subjects = {} if options.only in ("kills", "allocations") else ACTIONS
-        super().__init__(programs, folder / "editor", options, subjects)
+        super().__init__(programs, folder / "editor", options, ACTIONS)
         self.program = str(programs / "scenewright")
         self.home = self.folder / "home"
         self.displays = []

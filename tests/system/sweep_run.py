@@ -139,8 +139,12 @@ class Gate:
 class Sweep(Places):
     """Fails calls of some subjects, {name: what they are}; a kind of them is a class of its own."""
 
+    not_tried = ("kills", "allocations")  # of the kinds of failures
+
     def __init__(self, programs, folder, options, subjects):
         super().__init__(folder)
+        if options.only in self.not_tried:
+            subjects = {}
         self.programs = programs
         self.preload = preload_of(programs)
         self.workers = len(os.sched_getaffinity(0))

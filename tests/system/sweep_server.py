@@ -3,6 +3,7 @@
 import re
 import sys
 import time
+from collections import defaultdict
 from pathlib import Path
 
 import sweep_judge
@@ -24,8 +25,7 @@ MOST = 60  # failures of one call of one thread by one error; packets are all al
 
 class Sweep(sweep_run.Sweep):
     def __init__(self, programs, folder, options):
-        subjects = {} if options.only in ("kills", "allocations") else SUBJECTS
-        super().__init__(programs, folder / "server", options, subjects)
+        super().__init__(programs, folder / "server", options, SUBJECTS)
         self.program = str(programs / PROGRAM)
         if self.is_used:
             self.image = (self.template / "a.bank").read_bytes()
@@ -46,13 +46,11 @@ class Sweep(sweep_run.Sweep):
             found.append(Job(name, 0, "order", "none", 1))
             main = int(ended.trace[0].split()[0])
             for thread, calls in enumerate(sweep_run.by_number(ended.trace, main)):
-                for call, lines in calls.items():
-                    jobs = sweep_run.jobs_of(Job, name, thread, {call: lines}, True)
-                    by_error = {error: [] for error in {job.error for job in jobs}}
-                    for job in jobs:
-                        by_error[job.error].append(job)
-                    for each in by_error.values():
-                        found += each[:: -(-len(each) // MOST)]
+                by_call = defaultdict(list)
+                for job in sweep_run.jobs_of(Job, name, thread, calls, True):
+                    by_call[job.call, job.error].append(job)
+                for each in by_call.values():
+                    found += each[:: -(-len(each) // MOST)]
         return found
 
     def session(self, name, thread, options):
