@@ -78,7 +78,7 @@ Result<void> launch(const LaunchOptions& options) {
             return failure(fmt::format("{}: no such folder of resources", options.resources));
         Resources::setFolder(options.resources);
     }
-    const auto console = options.console.empty() ? Result<void>{} : sendConsoleTo(options.console);
+    auto console = options.console.empty() ? Result<void>{} : sendConsoleTo(options.console);
     if (!console || options.log.empty())
         return console;
     return sendLogTo(options.log);
