@@ -92,52 +92,31 @@ std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue
     return title == nullptr ? kNothing : fmt::sprintf(row.format, *title);
 }
 
-// What is said of a kind's setting when the condition holds.
-struct Phrase {
-    ControlKind kind;
-    ControlCondition when;
-    SourceText format;
-    std::string_view field;
+// What is said of a setting; the phrases of a kind follow each other by their place.
+struct SettingPhrase {
+    const Setting* setting = nullptr;
+    const Phrase* phrase = nullptr;
 };
 
-using enum ControlKind;
-using enum ControlCondition;
+consteval std::size_t countPhrases() {
+    std::size_t count = 0;
+    for (const Setting& setting : kSettings)
+        for (const Phrase& phrase : setting.details().said)
+            count += phrase.place != 0 ? 1 : 0;
+    return count;
+}
 
-constexpr auto kPhrases = std::to_array<Phrase>({
-    {Common, Always, sourceText("scenewright::Control", "global channel {}"), "GlobalMIDICh"},
-    {Common, Always, sourceText("scenewright::Control", "keyboard channel {}"), "PianoKeyCh"},
-    {Common, Always, sourceText("scenewright::Control", "pitch-bend speed {}"), "PitchBendSpeed"},
-    {Common, Always, sourceText("scenewright::Control", "transposition {}"), "KeyTranspose"},
-    {Common, Always, sourceText("scenewright::Control", "key velocity curve {}"),
-     "KeyVelocityCurve"},
-    {Common, Always, sourceText("scenewright::Control", "pad velocity curve {}"),
-     "PadVelocityCurve"},
-    {Group, Always, sourceText("scenewright::Control", "channel {}"), "MIDIChannel"},
-    {Knob, Disabled, sourceText("scenewright::Control", "{}"), "Enable"},
-    {Knob, Enabled, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Knob, Enabled, sourceText("scenewright::Control", "left {}"), "LowerOrLeftValue"},
-    {Knob, Enabled, sourceText("scenewright::Control", "right {}"), "UpperOrRightValue"},
-    {Slider, Disabled, sourceText("scenewright::Control", "{}"), "Enable"},
-    {Slider, Enabled, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Slider, Enabled, sourceText("scenewright::Control", "lower {}"), "LowerOrLeftValue"},
-    {Slider, Enabled, sourceText("scenewright::Control", "upper {}"), "UpperOrRightValue"},
-    {Pad, Unassigned, sourceText("scenewright::Control", "{}"), "AssignType"},
-    {Pad, Controller, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Pad, Note, sourceText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
-    {Pad, Assigned, sourceText("scenewright::Control", "channel {}"), "MIDIChannel"},
-    {Pad, Assigned, sourceText("scenewright::Control", "behavior {}"), "PadBehavior"},
-    {Pad, Controller, sourceText("scenewright::Control", "on {}"), "OnValue"},
-    {Pad, Controller, sourceText("scenewright::Control", "off {}"), "OffValue"},
-    {Pad, Always, sourceText("scenewright::Control", "red {}"), "CR"},
-    {Pad, Always, sourceText("scenewright::Control", "green {}"), "CG"},
-    {Pad, Always, sourceText("scenewright::Control", "blue {}"), "CB"},
-    {Key, Unassigned, sourceText("scenewright::Control", "{}"), "AssignType"},
-    {Key, Controller, sourceText("scenewright::Control", "CC {}"), "CCOrNoteNumber"},
-    {Key, Note, sourceText("scenewright::Control", "Note {}"), "CCOrNoteNumber"},
-    {Key, Assigned, sourceText("scenewright::Control", "behavior {}"), "KeyBehavior"},
-    {Key, Controller, sourceText("scenewright::Control", "on {}"), "OnValue"},
-    {Key, Controller, sourceText("scenewright::Control", "off {}"), "OffValue"},
-});
+consteval auto phrasesInOrder() {
+    std::array<SettingPhrase, countPhrases()> phrases{};
+    std::size_t count = 0;
+    for (const Setting& setting : kSettings)
+        for (const Phrase& phrase : setting.details().said)
+            if (phrase.place != 0)
+                phrases.at(count++) = {&setting, &phrase};
+    std::ranges::sort(phrases, {}, [](const SettingPhrase& said) { return said.phrase->place; });
+    return phrases;
+}
+constexpr auto kPhrases = phrasesInOrder();
 
 // Null for a record that the scene does not hold. The common settings have no control's record, so
 // an empty one stands for them; their phrases ask for none.
@@ -150,14 +129,12 @@ const ButtonValue* recordOf(const SceneValue& scene, std::int32_t index) {
     return position < records.size() ? records[position].get() : nullptr;
 }
 
-std::string phraseText(const Phrase& phrase, const PopUpValue& lists, const SceneValue& scene,
+std::string phraseText(const SettingPhrase& said, const PopUpValue& lists, const SceneValue& scene,
                        std::int32_t member) {
-    const Setting* setting = findSetting(phrase.kind, phrase.field);
-    std::string title =
-        setting == nullptr ? std::string(kNoTitle) : optionTitle(lists, *setting, scene, member);
+    std::string title = optionTitle(lists, *said.setting, scene, member);
     if (title == kNoTitle)
         title = translated(sourceText("scenewright::Control", "unknown"));
-    return translated(phrase.format, title);
+    return translated(said.phrase->format, title);
 }
 
 std::uint8_t scaledToFull(std::int32_t level) {
@@ -167,26 +144,6 @@ std::uint8_t scaledToFull(std::int32_t level) {
 }
 
 } // namespace
-
-bool holds(ControlCondition condition, const ButtonValue& record) {
-    switch (condition) {
-    case ControlCondition::Always:
-        return true;
-    case ControlCondition::Disabled:
-        return record.Enable() == 0;
-    case ControlCondition::Enabled:
-        return record.Enable() != 0;
-    case ControlCondition::Unassigned:
-        return record.AssignType() == kAssignOff;
-    case ControlCondition::Assigned:
-        return record.AssignType() != kAssignOff;
-    case ControlCondition::Controller:
-        return record.AssignType() == kAssignController;
-    case ControlCondition::Note:
-        return record.AssignType() == kAssignNote;
-    }
-    return false;
-}
 
 std::string displaySummary(const PopUpValue& lists, ControlKind kind, const ButtonValue& record,
                            std::int32_t mode) {
@@ -212,10 +169,10 @@ std::string describeControl(const PopUpValue& lists, const SceneValue& scene, st
     if (record == nullptr)
         return text;
     const char* separator = ": ";
-    for (const Phrase& phrase : kPhrases) {
-        if (phrase.kind != range->kind || !holds(phrase.when, *record))
+    for (const SettingPhrase& said : kPhrases) {
+        if (said.setting->kind() != range->kind || !holds(said.phrase->when, *record))
             continue;
-        text += separator + phraseText(phrase, lists, scene, index - range->start);
+        text += separator + phraseText(said, lists, scene, index - range->start);
         separator = ", ";
     }
     return text;

@@ -12,20 +12,6 @@
 
 namespace scenewright {
 
-// What a control's record says about whether and how it works; rows of the tables that put a
-// control into words are chosen by it.
-enum class ControlCondition : std::uint8_t {
-    Always,
-    Disabled,   // `Enable` is 0
-    Enabled,    // `Enable` is anything else
-    Unassigned, // `AssignType` is 0
-    Assigned,   // `AssignType` is anything else
-    Controller, // `AssignType` is 1
-    Note,       // `AssignType` is 2
-};
-
-[[nodiscard]] bool holds(ControlCondition condition, const ButtonValue& record);
-
 // The short title that the device picture's button shows of a control, by display mode.
 //
 // Modes: 0 MIDI channel, 1 type, 2 CC or note number, 3 lower or left value, 4 upper or right

@@ -3,7 +3,6 @@
 #include "editor/ViewController.h"
 
 #include "app/WindowAction.h"
-#include "editor/ValuePopUps.h"
 #include "model/Setting.h"
 #include "platform/Diagnostics.h"
 
@@ -71,7 +70,7 @@ void ViewController::getItem() {
     setControlArray(pu()->control_Array());
     controllerTableView()->reload();
     for (const ValuePopUp& row : valuePopUps())
-        fill(popUp(row), optionList(*pu(), row.setting, kAssignController));
+        fill(popUp(row), optionList(*pu(), *row.setting, kAssignController));
 }
 
 void ViewController::observe(std::string_view key) {
@@ -123,7 +122,7 @@ void ViewController::operate(const std::function<void()>& operation) {
 }
 
 PopUp& ViewController::popUp(const ValuePopUp& row) const {
-    return *(this->*row.outlet->read)();
+    return *(this->*row.read)();
 }
 
 std::int32_t ViewController::numberOfRowsInTableView(const List* /*tableView*/) const {

@@ -8,7 +8,7 @@
 // no pane and takes no choice. Main thread only.
 #pragma once
 
-#include "editor/ValueOutlet.h"
+#include "editor/ValuePopUps.h"
 #include "editor/Widgets.h"
 #include "model/Control.h"
 #include "model/MessageValue.h"
@@ -26,8 +26,6 @@
 #include <vector>
 
 namespace scenewright {
-
-struct ValuePopUp;
 
 // The range bounds are fields of the view itself, under the names of the range record.
 class ViewController final : public ButtonRange, private ListDataSource, private ListDelegate {
@@ -48,48 +46,7 @@ class ViewController final : public ButtonRange, private ListDataSource, private
     SCENEWRIGHT_PROPERTY(TextField*, commonSceneName, setCommonSceneName)
 
     // The 31 value popups, each with the action of a user's choice in it.
-    SCENEWRIGHT_VALUE_OUTLET(commonGlobalMIDICh, setCommonGlobalMIDICh,
-                             changeCommonGlobalMIDIChAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonPianoKeyCh, setCommonPianoKeyCh, changeCommonPianoKeyChAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonPitchBendSpeed, setCommonPitchBendSpeed,
-                             changeCommonPitchBendSpeedAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonKeyTranspose, setCommonKeyTranspose,
-                             changeCommonKeyTransposeAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonKeyVelocityCurve, setCommonKeyVelocityCurve,
-                             changeCommonKeyVelocityCurveAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonKeyConstVelocity, setCommonKeyConstVelocity,
-                             changeCommonKeyConstVelocityAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonPadVelocityCurve, setCommonPadVelocityCurve,
-                             changeCommonPadVelocityCurveAction)
-    SCENEWRIGHT_VALUE_OUTLET(commonPadConstVelocity, setCommonPadConstVelocity,
-                             changeCommonPadConstVelocityAction)
-    SCENEWRIGHT_VALUE_OUTLET(groupMIDIChannel, setGroupMIDIChannel, changeGroupMIDIChannelAction)
-    SCENEWRIGHT_VALUE_OUTLET(knobEnable, setKnobEnable, changeKnobEnableAction)
-    SCENEWRIGHT_VALUE_OUTLET(knobCCNumber, setKnobCCNumber, changeKnobCCNumberAction)
-    SCENEWRIGHT_VALUE_OUTLET(knobUpperOrRightValue, setKnobUpperOrRightValue,
-                             changeKnobUpperOrRightValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(knobLowerOrLeftValue, setKnobLowerOrLeftValue,
-                             changeKnobLowerOrLeftValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(sliderEnable, setSliderEnable, changeSliderEnableAction)
-    SCENEWRIGHT_VALUE_OUTLET(sliderCCNumber, setSliderCCNumber, changeSliderCCNumberAction)
-    SCENEWRIGHT_VALUE_OUTLET(sliderUpperOrRightValue, setSliderUpperOrRightValue,
-                             changeSliderUpperOrRightValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(sliderLowerOrLeftValue, setSliderLowerOrLeftValue,
-                             changeSliderLowerOrLeftValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(padAssignType, setPadAssignType, changePadAssignTypeAction)
-    SCENEWRIGHT_VALUE_OUTLET(padCCOrNoteNumber, setPadCCOrNoteNumber, changePadCCOrNoteNumberAction)
-    SCENEWRIGHT_VALUE_OUTLET(padOnValue, setPadOnValue, changePadOnValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(padOffValue, setPadOffValue, changePadOffValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(padPadBehavior, setPadPadBehavior, changePadPadBehaviorAction)
-    SCENEWRIGHT_VALUE_OUTLET(padMIDIChannel, setPadMIDIChannel, changePadMIDIChannelAction)
-    SCENEWRIGHT_VALUE_OUTLET(padCR, setPadCR, changePadCRAction)
-    SCENEWRIGHT_VALUE_OUTLET(padCG, setPadCG, changePadCGAction)
-    SCENEWRIGHT_VALUE_OUTLET(padCB, setPadCB, changePadCBAction)
-    SCENEWRIGHT_VALUE_OUTLET(keyAssignType, setKeyAssignType, changeKeyAssignTypeAction)
-    SCENEWRIGHT_VALUE_OUTLET(keyCCOrNoteNumber, setKeyCCOrNoteNumber, changeKeyCCOrNoteNumberAction)
-    SCENEWRIGHT_VALUE_OUTLET(keyOnValue, setKeyOnValue, changeKeyOnValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(keyOffValue, setKeyOffValue, changeKeyOffValueAction)
-    SCENEWRIGHT_VALUE_OUTLET(keyKeyBehavior, setKeyKeyBehavior, changeKeyKeyBehaviorAction)
+    SCENEWRIGHT_VALUE_POPUPS(SCENEWRIGHT_VALUE_POPUP)
 
     SCENEWRIGHT_PROPERTY(std::shared_ptr<PopUpValue>, pu, setPu)
     SCENEWRIGHT_PROPERTY(Titles, controlArray, setControlArray)   // the list's rows
@@ -186,11 +143,11 @@ private:
     bool takeRecord(std::int32_t index);
     void showControlPane(ControlKind kind, std::int32_t index, Pane& pane);
     void showStoredValues(ControlKind kind);
-    void showAssignment(const ValuePopUp& row);
+    void showAssignment(const ValuePopUp& row, const ValuePopUp& number);
     void enableDependents(const ValuePopUp& driver, std::int32_t value);
     void showTitle(std::int32_t index, const ButtonValue& record, std::int32_t mode);
 
-    void changeValue(const PopUp& sender, const ValueOutlet& outlet);
+    void changeValue(const PopUp& sender, const ValuePopUp& row);
     void applyRule(const ValuePopUp& row, std::int32_t value);
     void offerNumbers(const ValuePopUp& number);
 

@@ -1,7 +1,6 @@
 // What the panes and the device picture show of the scene, and what a user's choice writes into it.
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
-#include "editor/ValuePopUps.h"
 #include "editor/ViewController.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
@@ -107,46 +106,46 @@ void ViewController::showStoredValues(ControlKind kind) {
     for (const ValuePopUp& row : valuePopUpsAsShown()) {
         if (row.pane() != kind)
             continue;
-        if (row.outlet == &padCROutlet)
+        if (row.setting == padCRPopUp.setting)
             Diagnostics::log("CR---------->%d", buttonValue()->CR());
         popUp(row).selectItem(storedValue(row));
-        if (row.rule == ExtraRule::AssignType)
-            showAssignment(row);
+        if (const ValuePopUp* const number = numberPopUpOf(row))
+            showAssignment(row, *number);
     }
     for (const ValuePopUp& row : valuePopUps()) {
-        if (row.pane() == kind && row.rule == ExtraRule::EnablesOthers)
+        if (row.pane() == kind && numberPopUpOf(row) == nullptr)
             enableDependents(row, storedValue(row));
     }
 }
 
-void ViewController::showAssignment(const ValuePopUp& row) {
-    PopUp& number = popUp(numberRowOf(row));
-    number.removeAllItems();
+void ViewController::showAssignment(const ValuePopUp& row, const ValuePopUp& number) {
+    popUp(number).removeAllItems();
     enableDependents(row, storedValue(row));
-    if (const Titles titles = offeredTitles(numberRowOf(row)))
-        number.addItems(*titles);
+    if (const Titles titles = offeredTitles(number))
+        popUp(number).addItems(*titles);
 }
 
 void ViewController::enableDependents(const ValuePopUp& driver, std::int32_t value) {
     for (const ValuePopUp& row : valuePopUps()) {
-        if (row.driver != driver.outlet)
+        if (!row.setting->isDrivenBy(*driver.setting))
             continue;
-        if (const auto enabled = isEnabled(row.when, value))
+        if (const auto enabled = isEnabled(row.setting->details().enable, value))
             popUp(row).setEnabled(*enabled);
     }
 }
 
 std::int32_t ViewController::storedValue(const ValuePopUp& row) const {
-    return row.common != nullptr ? row.common->of(*sceneValue()->commonValue())
-                                 : row.button->of(*buttonValue());
+    const IndexField<CommonValue>* const common = row.setting->common();
+    return common != nullptr ? common->of(*sceneValue()->commonValue())
+                             : row.setting->button()->of(*buttonValue());
 }
 
 Titles ViewController::offeredTitles(const ValuePopUp& row) const {
-    if (row.rule != ExtraRule::AssignedNumber)
-        return optionList(*pu(), row.setting, kAssignOff);
+    if (row.setting->details().noteList == nullptr)
+        return optionList(*pu(), *row.setting, kAssignOff);
     const std::int32_t type = buttonValue()->AssignType();
     const bool offersAny = type == kAssignController || type == kAssignNote;
-    return offersAny ? optionList(*pu(), row.setting, type) : nullptr;
+    return offersAny ? optionList(*pu(), *row.setting, type) : nullptr;
 }
 
 void ViewController::showDisplayValueWithIndex(std::int32_t mode) {
@@ -164,15 +163,14 @@ void ViewController::showTitle(std::int32_t index, const ButtonValue& record, st
     button->setTitle(displaySummary(*pu(), *kind, record, mode));
 }
 
-void ViewController::changeValue(const PopUp& sender, const ValueOutlet& outlet) {
+void ViewController::changeValue(const PopUp& sender, const ValuePopUp& row) {
     operate([&] {
-        const ValuePopUp& row = valuePopUp(outlet);
         const std::int32_t position = sender.selectedItem();
-        if (row.common != nullptr) {
-            row.common->set(*sceneValue()->commonValue(), position);
+        if (const IndexField<CommonValue>* const common = row.setting->common()) {
+            common->set(*sceneValue()->commonValue(), position);
             applyRule(row, position);
         } else if (takeRecord(selectControl())) {
-            row.button->set(*buttonValue(), position);
+            row.setting->button()->set(*buttonValue(), position);
             applyRule(row, position);
             showDisplayValueWithIndex(dispaly_index());
         }
@@ -181,8 +179,8 @@ void ViewController::changeValue(const PopUp& sender, const ValueOutlet& outlet)
 
 void ViewController::applyRule(const ValuePopUp& row, std::int32_t value) {
     enableDependents(row, value);
-    if (row.rule == ExtraRule::AssignType)
-        offerNumbers(numberRowOf(row));
+    if (const ValuePopUp* const number = numberPopUpOf(row))
+        offerNumbers(*number);
 }
 
 void ViewController::offerNumbers(const ValuePopUp& number) {

@@ -1,31 +1,22 @@
 #include "model/FileAction.h"
 
+#include "model/Setting.h"
 #include "platform/Resources.h"
 
-#include <array>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace scenewright {
 
 namespace {
 
-struct Key {
-    std::string_view text;
-    const IndexField<CommonValue>& field;
-};
-
-// The file writes these keys with a small initial, unlike the keys of its controls.
-constexpr std::array kKeys{
-    Key{"globalMIDICh", CommonValue::GlobalMIDIChField},
-    Key{"pianoKeyCh", CommonValue::PianoKeyChField},
-    Key{"pitchBendSpeed", CommonValue::PitchBendSpeedField},
-    Key{"keyTranspose", CommonValue::KeyTransposeField},
-    Key{"keyVelocityCurve", CommonValue::KeyVelocityCurveField},
-    Key{"keyConstVelocity", CommonValue::KeyConstVelocityField},
-    Key{"padVelocityCurve", CommonValue::PadVelocityCurveField},
-    Key{"padConstVelocity", CommonValue::PadConstVelocityField},
-};
+// The file writes the keys of the common settings with a small initial, unlike those of its
+// controls.
+std::string commonKey(const Setting& setting) {
+    std::string key(setting.name());
+    key.front() = static_cast<char>(key.front() - 'A' + 'a');
+    return key;
+}
 
 } // namespace
 
@@ -40,8 +31,9 @@ std::shared_ptr<ButtonValue> ButtonAction::GetButtonValueFromDic(const PropertyV
 
 std::shared_ptr<CommonValue> CommonAction::GetCommonValueFromDic(const PropertyValue& dictionary) {
     auto common = std::make_shared<CommonValue>();
-    for (const Key& key : kKeys)
-        key.field.set(*common, dictionary[key.text].integer());
+    for (const Setting& setting : settings())
+        if (setting.common() != nullptr)
+            setting.common()->set(*common, dictionary[commonKey(setting)].integer());
     return common;
 }
 

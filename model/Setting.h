@@ -1,31 +1,88 @@
-// Every setting of a scene as data: the kind of control that carries it, its field, which option
-// list names its values, and how a person calls it.
+// Every setting of a scene as data, a row each: the kind of control that carries it, its field,
+// which option list names its values, what a person calls it, what is said of it, and which other
+// setting decides whether it has an effect.
 //
 // The 31 rows are the fields that the controller stores, in the order of the scene byte image.
-// Byte image, option lists, printed tables and panes are built on these rows.
+// Byte image, option lists, printed tables, panes and descriptions are built on these rows.
 #pragma once
 
 #include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "platform/Translator.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
 
+// Values of `AssignType`: what a pad or a key sends.
+inline constexpr std::int32_t kAssignOff = 0;
+inline constexpr std::int32_t kAssignController = 1;
+inline constexpr std::int32_t kAssignNote = 2;
+
+// What a control's record says about whether and how it works; rows of the tables that put a
+// control into words are chosen by it.
+enum class ControlCondition : std::uint8_t {
+    Always,
+    Disabled,   // `Enable` is 0
+    Enabled,    // `Enable` is anything else
+    Unassigned, // `AssignType` is 0
+    Assigned,   // `AssignType` is anything else
+    Controller, // `AssignType` is 1
+    Note,       // `AssignType` is 2
+};
+
+[[nodiscard]] bool holds(ControlCondition condition, const ButtonValue& record);
+
+// When a setting can be chosen, by the value of the setting that drives it.
+enum class EnableWhen : std::uint8_t {
+    Always,
+    ConstantCurve, // a velocity curve of 3
+    Enabled,       // an enable setting other than 0
+    Assigned,      // an assign type of 1 or 2
+    Controller,    // an assign type of 1
+};
+
+// What is said of a control's setting when the control's condition holds.
+struct Phrase {
+    std::int32_t place = 0; // among the phrases of the kind, from 1; 0 for none
+    ControlCondition when = ControlCondition::Always;
+    SourceText format{}; // with a place for the value's title
+};
+
+// What only some settings have.
+struct SettingDetails {
+    const OptionList* noteList = nullptr; // for the number of a control that sends a note
+    std::string_view driver{};            // the field of the same kind that decides `enable`
+    EnableWhen enable = EnableWhen::Always;
+    std::array<Phrase, 2> said{};
+};
+
 class Setting {
 public:
-    consteval explicit Setting(const IndexField<CommonValue>& field)
-        : kind_(ControlKind::Common), commonField_(&field) {}
-    consteval Setting(ControlKind kind, const IndexField<ButtonValue>& field)
-        : kind_(kind), buttonField_(&field) {}
+    consteval Setting(const IndexField<CommonValue>& field, const OptionList& list,
+                      SourceText title, const SettingDetails& details = {})
+        : kind_(ControlKind::Common), name_(field.name), common_(&field), list_(&list),
+          title_(title), details_(details) {}
+    consteval Setting(ControlKind kind, const IndexField<ButtonValue>& field,
+                      const OptionList& list, SourceText title, const SettingDetails& details = {})
+        : kind_(kind), name_(field.name), button_(&field), list_(&list), title_(title),
+          details_(details) {}
 
     [[nodiscard]] constexpr ControlKind kind() const { return kind_; }
-    [[nodiscard]] constexpr std::string_view name() const {
-        return commonField_ != nullptr ? commonField_->name : buttonField_->name;
+    [[nodiscard]] constexpr std::string_view name() const { return name_; }
+    // The field in the scene's common settings, or in a control's record; one is null.
+    [[nodiscard]] constexpr const IndexField<CommonValue>* common() const { return common_; }
+    [[nodiscard]] constexpr const IndexField<ButtonValue>* button() const { return button_; }
+    [[nodiscard]] constexpr const OptionList& list() const { return *list_; }
+    [[nodiscard]] constexpr SourceText title() const { return title_; }
+    [[nodiscard]] constexpr const SettingDetails& details() const { return details_; }
+    [[nodiscard]] constexpr bool isDrivenBy(const Setting& other) const {
+        return kind_ == other.kind_ && details_.driver == other.name();
     }
 
     // The value in member `member` (from 0) of the setting's kind; kFieldAbsent when the scene does
@@ -35,62 +92,171 @@ public:
     void write(const SceneValue& scene, std::int32_t member, std::int32_t value) const;
 
 private:
-    // The record that carries the field, or null.
-    [[nodiscard]] ButtonValue* button(const SceneValue& scene, std::int32_t member) const;
-
     ControlKind kind_;
-    const IndexField<CommonValue>* commonField_ = nullptr;
-    const IndexField<ButtonValue>* buttonField_ = nullptr;
+    std::string_view name_;
+    const IndexField<CommonValue>* common_ = nullptr;
+    const IndexField<ButtonValue>* button_ = nullptr;
+    const OptionList* list_;
+    SourceText title_;
+    SettingDetails details_;
 };
 
 // A value stands for an option of its setting; the controller stores it in seven bits of a byte.
 inline constexpr std::int32_t kLargestSettingValue = 127;
 
-inline constexpr std::size_t kSettingCount = 31;
-inline constexpr std::array<Setting, kSettingCount> kSettings{{
-    Setting(CommonValue::GlobalMIDIChField),
-    Setting(CommonValue::PianoKeyChField),
-    Setting(CommonValue::PitchBendSpeedField),
-    Setting(CommonValue::KeyTransposeField),
-    Setting(CommonValue::KeyVelocityCurveField),
-    Setting(CommonValue::KeyConstVelocityField),
-    Setting(CommonValue::PadVelocityCurveField),
-    Setting(CommonValue::PadConstVelocityField),
-    Setting(ControlKind::Key, ButtonValue::AssignTypeField),
-    Setting(ControlKind::Key, ButtonValue::KeyBehaviorField),
-    Setting(ControlKind::Key, ButtonValue::CCOrNoteNumberField),
-    Setting(ControlKind::Key, ButtonValue::OnValueField),
-    Setting(ControlKind::Key, ButtonValue::OffValueField),
-    Setting(ControlKind::Group, ButtonValue::MIDIChannelField),
-    Setting(ControlKind::Knob, ButtonValue::EnableField),
-    Setting(ControlKind::Knob, ButtonValue::CCOrNoteNumberField),
-    Setting(ControlKind::Knob, ButtonValue::UpperOrRightValueField),
-    Setting(ControlKind::Knob, ButtonValue::LowerOrLeftValueField),
-    Setting(ControlKind::Slider, ButtonValue::EnableField),
-    Setting(ControlKind::Slider, ButtonValue::CCOrNoteNumberField),
-    Setting(ControlKind::Slider, ButtonValue::UpperOrRightValueField),
-    Setting(ControlKind::Slider, ButtonValue::LowerOrLeftValueField),
-    Setting(ControlKind::Pad, ButtonValue::AssignTypeField),
-    Setting(ControlKind::Pad, ButtonValue::CCOrNoteNumberField),
-    Setting(ControlKind::Pad, ButtonValue::MIDIChannelField),
-    Setting(ControlKind::Pad, ButtonValue::PadBehaviorField),
-    Setting(ControlKind::Pad, ButtonValue::OnValueField),
-    Setting(ControlKind::Pad, ButtonValue::OffValueField),
-    Setting(ControlKind::Pad, ButtonValue::CRField),
-    Setting(ControlKind::Pad, ButtonValue::CGField),
-    Setting(ControlKind::Pad, ButtonValue::CBField),
+namespace setting_rows {
+
+using B = ButtonValue;
+using C = CommonValue;
+using P = PopUpValue;
+using enum ControlCondition;
+
+inline constexpr std::array<Setting, 31> kRows{{
+    Setting(C::GlobalMIDIChField, P::common_GlobalMIDICh_ArrayList,
+            sourceText("scenewright::Setting", "Global MIDI channel"),
+            {.said = {{{1, Always, sourceText("scenewright::Control", "global channel {}")}}}}),
+    Setting(C::PianoKeyChField, P::common_PianoKeyCh_ArrayList,
+            sourceText("scenewright::Setting", "Keyboard MIDI channel"),
+            {.said = {{{2, Always, sourceText("scenewright::Control", "keyboard channel {}")}}}}),
+    Setting(C::PitchBendSpeedField, P::common_PitchBendSpeed_ArrayList,
+            sourceText("scenewright::Setting", "Pitch-bend speed"),
+            {.said = {{{3, Always, sourceText("scenewright::Control", "pitch-bend speed {}")}}}}),
+    Setting(C::KeyTransposeField, P::common_KeyTranspose_ArrayList,
+            sourceText("scenewright::Setting", "Octave transposition"),
+            {.said = {{{4, Always, sourceText("scenewright::Control", "transposition {}")}}}}),
+    Setting(C::KeyVelocityCurveField, P::common_KeyVelocityCurve_ArrayList,
+            sourceText("scenewright::Setting", "Key velocity curve"),
+            {.said = {{{5, Always, sourceText("scenewright::Control", "key velocity curve {}")}}}}),
+    Setting(C::KeyConstVelocityField, P::common_KeyConstVelocity_ArrayList,
+            sourceText("scenewright::Setting", "Key constant velocity"),
+            {.driver = "KeyVelocityCurve", .enable = EnableWhen::ConstantCurve}),
+    Setting(C::PadVelocityCurveField, P::common_PadVelocityCurve_ArrayList,
+            sourceText("scenewright::Setting", "Pad velocity curve"),
+            {.said = {{{6, Always, sourceText("scenewright::Control", "pad velocity curve {}")}}}}),
+    Setting(C::PadConstVelocityField, P::common_PadConstVelocity_ArrayList,
+            sourceText("scenewright::Setting", "Pad constant velocity"),
+            {.driver = "PadVelocityCurve", .enable = EnableWhen::ConstantCurve}),
+    Setting(ControlKind::Key, B::AssignTypeField, P::key_AssignType_ArrayList,
+            sourceText("scenewright::Setting", "Type"),
+            {.said = {{{1, Unassigned, sourceText("scenewright::Control", "{}")}}}}),
+    Setting(ControlKind::Key, B::KeyBehaviorField, P::key_KeyBehavior_ArrayList,
+            sourceText("scenewright::Setting", "Behavior"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Assigned,
+             .said = {{{4, Assigned, sourceText("scenewright::Control", "behavior {}")}}}}),
+    Setting(ControlKind::Key, B::CCOrNoteNumberField, P::key_CCNumber_ArrayList,
+            sourceText("scenewright::Setting", "CC or note number"),
+            {.noteList = &P::key_NoteNumber_ArrayList,
+             .driver = "AssignType",
+             .enable = EnableWhen::Assigned,
+             .said = {{{2, Controller, sourceText("scenewright::Control", "CC {}")},
+                       {3, Note, sourceText("scenewright::Control", "Note {}")}}}}),
+    Setting(ControlKind::Key, B::OnValueField, P::key_OnValue_ArrayList,
+            sourceText("scenewright::Setting", "On value"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Controller,
+             .said = {{{5, Controller, sourceText("scenewright::Control", "on {}")}}}}),
+    Setting(ControlKind::Key, B::OffValueField, P::key_OffValue_ArrayList,
+            sourceText("scenewright::Setting", "Off value"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Controller,
+             .said = {{{6, Controller, sourceText("scenewright::Control", "off {}")}}}}),
+    Setting(ControlKind::Group, B::MIDIChannelField, P::group_MIDIChannel_ArrayList,
+            sourceText("scenewright::Setting", "MIDI channel"),
+            {.said = {{{1, Always, sourceText("scenewright::Control", "channel {}")}}}}),
+    Setting(ControlKind::Knob, B::EnableField, P::knob_Enable_ArrayList,
+            sourceText("scenewright::Setting", "Enabled"),
+            {.said = {{{1, Disabled, sourceText("scenewright::Control", "{}")}}}}),
+    Setting(ControlKind::Knob, B::CCOrNoteNumberField, P::knob_CCNumber_ArrayList,
+            sourceText("scenewright::Setting", "CC number"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{2, Enabled, sourceText("scenewright::Control", "CC {}")}}}}),
+    Setting(ControlKind::Knob, B::UpperOrRightValueField, P::knob_UpperOrRightValue_ArrayList,
+            sourceText("scenewright::Setting", "Right value"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{4, Enabled, sourceText("scenewright::Control", "right {}")}}}}),
+    Setting(ControlKind::Knob, B::LowerOrLeftValueField, P::knob_LowerOrLeftValue_ArrayList,
+            sourceText("scenewright::Setting", "Left value"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{3, Enabled, sourceText("scenewright::Control", "left {}")}}}}),
+    Setting(ControlKind::Slider, B::EnableField, P::slider_Enable_ArrayList,
+            sourceText("scenewright::Setting", "Enabled"),
+            {.said = {{{1, Disabled, sourceText("scenewright::Control", "{}")}}}}),
+    Setting(ControlKind::Slider, B::CCOrNoteNumberField, P::slider_CCNumber_ArrayList,
+            sourceText("scenewright::Setting", "CC number"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{2, Enabled, sourceText("scenewright::Control", "CC {}")}}}}),
+    Setting(ControlKind::Slider, B::UpperOrRightValueField, P::slider_UpperOrRightValue_ArrayList,
+            sourceText("scenewright::Setting", "Upper value"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{4, Enabled, sourceText("scenewright::Control", "upper {}")}}}}),
+    Setting(ControlKind::Slider, B::LowerOrLeftValueField, P::slider_LowerOrLeftValue_ArrayList,
+            sourceText("scenewright::Setting", "Lower value"),
+            {.driver = "Enable",
+             .enable = EnableWhen::Enabled,
+             .said = {{{3, Enabled, sourceText("scenewright::Control", "lower {}")}}}}),
+    Setting(ControlKind::Pad, B::AssignTypeField, P::pad_AssignType_ArrayList,
+            sourceText("scenewright::Setting", "Type"),
+            {.said = {{{1, Unassigned, sourceText("scenewright::Control", "{}")}}}}),
+    Setting(ControlKind::Pad, B::CCOrNoteNumberField, P::pad_CCNumber_ArrayList,
+            sourceText("scenewright::Setting", "CC or note number"),
+            {.noteList = &P::pad_NoteNumber_ArrayList,
+             .driver = "AssignType",
+             .enable = EnableWhen::Assigned,
+             .said = {{{2, Controller, sourceText("scenewright::Control", "CC {}")},
+                       {3, Note, sourceText("scenewright::Control", "Note {}")}}}}),
+    Setting(ControlKind::Pad, B::MIDIChannelField, P::pad_MIDIChannel_ArrayList,
+            sourceText("scenewright::Setting", "MIDI channel"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Assigned,
+             .said = {{{4, Assigned, sourceText("scenewright::Control", "channel {}")}}}}),
+    Setting(ControlKind::Pad, B::PadBehaviorField, P::pad_PadBehavior_ArrayList,
+            sourceText("scenewright::Setting", "Behavior"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Assigned,
+             .said = {{{5, Assigned, sourceText("scenewright::Control", "behavior {}")}}}}),
+    Setting(ControlKind::Pad, B::OnValueField, P::pad_OnValue_ArrayList,
+            sourceText("scenewright::Setting", "On value"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Controller,
+             .said = {{{6, Controller, sourceText("scenewright::Control", "on {}")}}}}),
+    Setting(ControlKind::Pad, B::OffValueField, P::pad_OffValue_ArrayList,
+            sourceText("scenewright::Setting", "Off value"),
+            {.driver = "AssignType",
+             .enable = EnableWhen::Controller,
+             .said = {{{7, Controller, sourceText("scenewright::Control", "off {}")}}}}),
+    Setting(ControlKind::Pad, B::CRField, P::pad_CR_ArrayList,
+            sourceText("scenewright::Setting", "Red"),
+            {.said = {{{8, Always, sourceText("scenewright::Control", "red {}")}}}}),
+    Setting(ControlKind::Pad, B::CGField, P::pad_CG_ArrayList,
+            sourceText("scenewright::Setting", "Green"),
+            {.said = {{{9, Always, sourceText("scenewright::Control", "green {}")}}}}),
+    Setting(ControlKind::Pad, B::CBField, P::pad_CB_ArrayList,
+            sourceText("scenewright::Setting", "Blue"),
+            {.said = {{{10, Always, sourceText("scenewright::Control", "blue {}")}}}}),
 }};
+
+} // namespace setting_rows
+
+inline constexpr const auto& kSettings = setting_rows::kRows;
+inline constexpr std::size_t kSettingCount = kSettings.size();
+
 [[nodiscard]] constexpr const std::array<Setting, kSettingCount>& settings() {
     return kSettings;
 }
 
 // The row of a kind's field; null when the kind does not carry a field of that name.
-[[nodiscard]] const Setting* findSetting(ControlKind kind, std::string_view name);
-
-// Values of `AssignType`: what a pad or a key sends.
-inline constexpr std::int32_t kAssignOff = 0;
-inline constexpr std::int32_t kAssignController = 1;
-inline constexpr std::int32_t kAssignNote = 2;
+[[nodiscard]] constexpr const Setting* findSetting(ControlKind kind, std::string_view name) {
+    for (const Setting& setting : kSettings)
+        if (setting.kind() == kind && setting.name() == name)
+            return &setting;
+    return nullptr;
+}
 
 // Stands where there is no title: a value outside its list, or a field that does not apply.
 inline constexpr std::string_view kNoTitle = "---";

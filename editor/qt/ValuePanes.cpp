@@ -57,9 +57,9 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
     for (const ValuePopUp& row : valuePopUps()) {
         Body& body = bodies_.at(placeOf(row.pane()));
         auto& box = makeChild<PopUpBox>(body.frame);
-        box.setObjectName(shown(row.outlet->name));
-        popUps_[row.outlet->name] = &box;
-        addField(body, shown(settingTitle(row.setting)), box);
+        box.setObjectName(shown(row.name));
+        popUps_[row.name] = &box;
+        addField(body, shown(settingTitle(*row.setting)), box);
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -112,10 +112,10 @@ void ValuePanes::connectTo(ViewController& view) {
         (view.*kPaneOutlets.at(kind))(bodies_.at(kind).frame);
     view.setCommonSceneName(sceneName_);
     for (const ValuePopUp& row : valuePopUps()) {
-        PopUpBox* box = popUps_.at(row.outlet->name);
-        (view.*row.outlet->write)(box);
+        PopUpBox* box = popUps_.at(row.name);
+        (view.*row.write)(box);
         connect(box, &QComboBox::activated, this,
-                [box, &view, outlet = row.outlet] { (view.*outlet->action)(*box); });
+                [box, &view, action = row.action] { (view.*action)(*box); });
     }
 }
 

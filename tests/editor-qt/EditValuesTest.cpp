@@ -11,7 +11,7 @@ namespace scenewright {
 
 // How a failure names its row.
 static void PrintTo(const ValuePopUp& row, std::ostream* out) {
-    *out << row.outlet->name;
+    *out << row.name;
 }
 
 } // namespace scenewright
@@ -37,12 +37,12 @@ protected:
             QTest::mouseClick(window().picture().button(index), Qt::LeftButton);
     }
 
-    PopUpBox& box() { return window().panes().popUp(row().outlet->name); }
+    PopUpBox& box() { return window().panes().popUp(row().name); }
 
     // What the controller must hold when this value alone is another one.
     BankImage expected(std::int32_t value) const {
         const SceneList scenes = usableScenes();
-        row().setting.write(*scenes.at(kScene), member(), value);
+        row().setting->write(*scenes.at(kScene), member(), value);
         return imageOf(scenes);
     }
 
@@ -71,12 +71,12 @@ TEST_P(EditValues, ClickedChoiceIsInTheStoredScene) {
     QTest::qWait(20);
     QTest::mouseClick(box().view()->viewport(), Qt::LeftButton, {},
                       box().view()->visualRect(entry).center());
-    EXPECT_EQ(row().setting.read(*window().view().sceneValue(), member()), value);
+    EXPECT_EQ(row().setting->read(*window().view().sceneValue(), member()), value);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EditValues,
                          ::testing::ValuesIn(valuePopUps().begin(), valuePopUps().end()),
-                         [](const auto& one) { return std::string(one.param.outlet->name); });
+                         [](const auto& one) { return std::string(one.param.name); });
 
 } // namespace
 } // namespace scenewright::testing

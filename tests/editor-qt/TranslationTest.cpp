@@ -68,10 +68,10 @@ TEST_P(TranslationTest, MenusLabelsAndDescriptionsSpeakTheLanguage) {
 TEST_P(TranslationTest, EverySettingHasALabelInTheLanguage) {
     std::vector<std::string> spoken;
     for (const ValuePopUp& row : valuePopUps())
-        spoken.push_back(settingTitle(row.setting));
+        spoken.push_back(settingTitle(*row.setting));
     setTranslator(nullptr);
     for (std::size_t row = 0; row < spoken.size(); ++row) {
-        const std::string written = settingTitle(valuePopUps()[row].setting);
+        const std::string written = settingTitle(*valuePopUps()[row].setting);
         EXPECT_TRUE(written == "Type" || spoken[row] != written) << written;
     }
 }

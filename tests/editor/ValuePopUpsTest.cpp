@@ -2,15 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <array>
 
 namespace scenewright {
 namespace {
-
-TEST(ValuePopUps, OutletThatIsNoValueHasNoRow) {
-    constexpr ValueOutlet kOther{"other", nullptr, nullptr, nullptr};
-    EXPECT_THROW((void)valuePopUp(kOther), std::out_of_range);
-}
 
 TEST(ValuePopUps, WhatIsAlwaysEnabledAsksForNoValue) {
     EXPECT_EQ(isEnabled(EnableWhen::Always, 0), true);
@@ -22,9 +17,15 @@ TEST(ValuePopUps, VelocityIsEnabledByTheConstantCurveAlone) {
         EXPECT_EQ(isEnabled(EnableWhen::ConstantCurve, curve), curve == 3) << curve;
 }
 
-TEST(ValuePopUps, EveryOutletHasItsOwnRow) {
-    for (const ValuePopUp& row : valuePopUps())
-        EXPECT_EQ(&valuePopUp(*row.outlet), &row) << row.outlet->name;
+TEST(ValuePopUps, AssignTypesOfPadsAndKeysAloneHaveANumber) {
+    for (const ValuePopUp& row : valuePopUps()) {
+        const ValuePopUp* const number = numberPopUpOf(row);
+        ASSERT_EQ(number != nullptr, row.setting->name() == "AssignType") << row.name;
+        if (number != nullptr) {
+            EXPECT_EQ(number->setting->name(), "CCOrNoteNumber");
+            EXPECT_EQ(number->pane(), row.pane());
+        }
+    }
 }
 
 } // namespace

@@ -2,12 +2,68 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
 namespace scenewright {
 namespace {
+
+using enum ControlKind;
+using Strings = std::vector<std::string>;
+
+struct Expected {
+    ControlKind kind;
+    const char* field;
+    const char* list;
+    const char* noteList; // null where a note makes no difference
+    const char* title;
+};
+
+// What the device stores, in its order.
+constexpr auto kExpected = std::to_array<Expected>({
+    {Common, "GlobalMIDICh", "common_GlobalMIDICh_Array", nullptr, "Global MIDI channel"},
+    {Common, "PianoKeyCh", "common_PianoKeyCh_Array", nullptr, "Keyboard MIDI channel"},
+    {Common, "PitchBendSpeed", "common_PitchBendSpeed_Array", nullptr, "Pitch-bend speed"},
+    {Common, "KeyTranspose", "common_KeyTranspose_Array", nullptr, "Octave transposition"},
+    {Common, "KeyVelocityCurve", "common_KeyVelocityCurve_Array", nullptr, "Key velocity curve"},
+    {Common, "KeyConstVelocity", "common_KeyConstVelocity_Array", nullptr, "Key constant velocity"},
+    {Common, "PadVelocityCurve", "common_PadVelocityCurve_Array", nullptr, "Pad velocity curve"},
+    {Common, "PadConstVelocity", "common_PadConstVelocity_Array", nullptr, "Pad constant velocity"},
+    {Key, "AssignType", "key_AssignType_Array", nullptr, "Type"},
+    {Key, "KeyBehavior", "key_KeyBehavior_Array", nullptr, "Behavior"},
+    {Key, "CCOrNoteNumber", "key_CCNumber_Array", "key_NoteNumber_Array", "CC or note number"},
+    {Key, "OnValue", "key_OnValue_Array", nullptr, "On value"},
+    {Key, "OffValue", "key_OffValue_Array", nullptr, "Off value"},
+    {Group, "MIDIChannel", "group_MIDIChannel_Array", nullptr, "MIDI channel"},
+    {Knob, "Enable", "knob_Enable_Array", nullptr, "Enabled"},
+    {Knob, "CCOrNoteNumber", "knob_CCNumber_Array", nullptr, "CC number"},
+    {Knob, "UpperOrRightValue", "knob_UpperOrRightValue_Array", nullptr, "Right value"},
+    {Knob, "LowerOrLeftValue", "knob_LowerOrLeftValue_Array", nullptr, "Left value"},
+    {Slider, "Enable", "slider_Enable_Array", nullptr, "Enabled"},
+    {Slider, "CCOrNoteNumber", "slider_CCNumber_Array", nullptr, "CC number"},
+    {Slider, "UpperOrRightValue", "slider_UpperOrRightValue_Array", nullptr, "Upper value"},
+    {Slider, "LowerOrLeftValue", "slider_LowerOrLeftValue_Array", nullptr, "Lower value"},
+    {Pad, "AssignType", "pad_AssignType_Array", nullptr, "Type"},
+    {Pad, "CCOrNoteNumber", "pad_CCNumber_Array", "pad_NoteNumber_Array", "CC or note number"},
+    {Pad, "MIDIChannel", "pad_MIDIChannel_Array", nullptr, "MIDI channel"},
+    {Pad, "PadBehavior", "pad_PadBehavior_Array", nullptr, "Behavior"},
+    {Pad, "OnValue", "pad_OnValue_Array", nullptr, "On value"},
+    {Pad, "OffValue", "pad_OffValue_Array", nullptr, "Off value"},
+    {Pad, "CR", "pad_CR_Array", nullptr, "Red"},
+    {Pad, "CG", "pad_CG_Array", nullptr, "Green"},
+    {Pad, "CB", "pad_CB_Array", nullptr, "Blue"},
+});
+
+// Each list holds one title, its own name.
+PopUpValue selfNamedLists() {
+    PopUpValue lists;
+    for (const OptionList& list : optionLists())
+        list.set(lists, std::make_shared<const Strings>(Strings{std::string(list.name)}));
+    return lists;
+}
 
 std::shared_ptr<SceneValue> fullScene() {
     auto scene = std::make_shared<SceneValue>();
@@ -25,67 +81,46 @@ const Setting& settingOf(ControlKind kind, std::string_view name) {
     return found != nullptr ? *found : settings()[0];
 }
 
-TEST(Setting, RowsAreThoseThatTheDeviceStoresInItsOrder) {
-    using K = ControlKind;
-    const std::vector<std::pair<K, std::string_view>> expected{{K::Common, "GlobalMIDICh"},
-                                                               {K::Common, "PianoKeyCh"},
-                                                               {K::Common, "PitchBendSpeed"},
-                                                               {K::Common, "KeyTranspose"},
-                                                               {K::Common, "KeyVelocityCurve"},
-                                                               {K::Common, "KeyConstVelocity"},
-                                                               {K::Common, "PadVelocityCurve"},
-                                                               {K::Common, "PadConstVelocity"},
-                                                               {K::Key, "AssignType"},
-                                                               {K::Key, "KeyBehavior"},
-                                                               {K::Key, "CCOrNoteNumber"},
-                                                               {K::Key, "OnValue"},
-                                                               {K::Key, "OffValue"},
-                                                               {K::Group, "MIDIChannel"},
-                                                               {K::Knob, "Enable"},
-                                                               {K::Knob, "CCOrNoteNumber"},
-                                                               {K::Knob, "UpperOrRightValue"},
-                                                               {K::Knob, "LowerOrLeftValue"},
-                                                               {K::Slider, "Enable"},
-                                                               {K::Slider, "CCOrNoteNumber"},
-                                                               {K::Slider, "UpperOrRightValue"},
-                                                               {K::Slider, "LowerOrLeftValue"},
-                                                               {K::Pad, "AssignType"},
-                                                               {K::Pad, "CCOrNoteNumber"},
-                                                               {K::Pad, "MIDIChannel"},
-                                                               {K::Pad, "PadBehavior"},
-                                                               {K::Pad, "OnValue"},
-                                                               {K::Pad, "OffValue"},
-                                                               {K::Pad, "CR"},
-                                                               {K::Pad, "CG"},
-                                                               {K::Pad, "CB"}};
-    std::vector<std::pair<K, std::string_view>> rows;
-    for (const Setting& setting : settings())
-        rows.emplace_back(setting.kind(), setting.name());
-    EXPECT_EQ(rows, expected);
+TEST(Setting, RowsAreThoseThatTheDeviceStoresInItsOrderEachWithItsListsAndTitle) {
+    const PopUpValue lists = selfNamedLists();
+    ASSERT_EQ(settings().size(), kExpected.size());
+    for (std::size_t place = 0; place < kExpected.size(); ++place) {
+        const Setting& setting = settings()[place];
+        const Expected& row = kExpected[place];
+        SCOPED_TRACE(std::to_string(place) + " " + row.field);
+        EXPECT_EQ(setting.kind(), row.kind);
+        EXPECT_EQ(setting.name(), row.field);
+        EXPECT_EQ(findSetting(row.kind, row.field), &setting);
+        const char* const noteList = row.noteList != nullptr ? row.noteList : row.list;
+        EXPECT_EQ(*optionList(lists, setting, 0), Strings{row.list});
+        EXPECT_EQ(*optionList(lists, setting, 1), Strings{row.list});
+        EXPECT_EQ(*optionList(lists, setting, 2), Strings{noteList});
+        EXPECT_EQ(settingTitle(setting), row.title);
+    }
 }
 
 TEST(Setting, CommonSettingReadsAndWritesTheCommonRecord) {
     const auto scene = fullScene();
-    settingOf(ControlKind::Common, "KeyTranspose").write(*scene, 0, 7);
+    settingOf(Common, "KeyTranspose").write(*scene, 0, 7);
     EXPECT_EQ(scene->commonValue()->KeyTranspose(), 7);
-    EXPECT_EQ(settingOf(ControlKind::Common, "KeyTranspose").read(*scene, 0), 7);
+    EXPECT_EQ(settingOf(Common, "KeyTranspose").read(*scene, 0), 7);
 }
 
 TEST(Setting, MembersOfEachKindAreItsOwnControls) {
     const auto scene = fullScene();
     const auto& buttons = scene->buttonValueArray();
-    settingOf(ControlKind::Group, "MIDIChannel").write(*scene, 0, 1);
+    settingOf(Group, "MIDIChannel").write(*scene, 0, 1);
     EXPECT_EQ(buttons[0]->MIDIChannel(), 1);
-    settingOf(ControlKind::Knob, "Enable").write(*scene, 3, 2);
+    settingOf(Knob, "Enable").write(*scene, 3, 2);
     EXPECT_EQ(buttons[7]->Enable(), 2);
-    settingOf(ControlKind::Slider, "CCOrNoteNumber").write(*scene, 0, 3);
+    settingOf(Slider, "CCOrNoteNumber").write(*scene, 0, 3);
     EXPECT_EQ(buttons[8]->CCOrNoteNumber(), 3);
-    settingOf(ControlKind::Pad, "CB").write(*scene, 7, 4);
+    settingOf(Pad, "CB").write(*scene, 7, 4);
     EXPECT_EQ(buttons[19]->CB(), 4);
-    settingOf(ControlKind::Key, "KeyBehavior").write(*scene, 24, 5);
+    settingOf(Key, "KeyBehavior").write(*scene, 24, 5);
     EXPECT_EQ(buttons[44]->KeyBehavior(), 5);
-    EXPECT_EQ(settingOf(ControlKind::Key, "KeyBehavior").read(*scene, 24), 5);
-    EXPECT_EQ(settingOf(ControlKind::Key, "KeyBehavior").read(*scene, 0), 0);
+    EXPECT_EQ(settingOf(Key, "KeyBehavior").read(*scene, 24), 5);
+    EXPECT_EQ(settingOf(Key, "KeyBehavior").read(*scene, 0), 0);
 }
 
 TEST(Setting, SceneWithoutTheRecordReadsAbsentAndKeepsNothing) {
@@ -99,7 +134,7 @@ TEST(Setting, SceneWithoutTheRecordReadsAbsentAndKeepsNothing) {
 TEST(Setting, SceneShortOfControlsReadsAbsentForThoseThatItLacks) {
     SceneValue scene;
     scene.setButtonValueArray({std::make_shared<ButtonValue>(), nullptr});
-    const Setting& channel = settingOf(ControlKind::Group, "MIDIChannel");
+    const Setting& channel = settingOf(Group, "MIDIChannel");
     channel.write(scene, 1, 5);
     channel.write(scene, 2, 5);
     EXPECT_EQ(channel.read(scene, 0), 0);
@@ -109,7 +144,7 @@ TEST(Setting, SceneShortOfControlsReadsAbsentForThoseThatItLacks) {
 
 TEST(Setting, MemberOutsideItsKindTouchesNoOtherKind) {
     const auto scene = fullScene();
-    const Setting& channel = settingOf(ControlKind::Group, "MIDIChannel");
+    const Setting& channel = settingOf(Group, "MIDIChannel");
     channel.write(*scene, 4, 9);
     channel.write(*scene, -1, 9);
     EXPECT_EQ(channel.read(*scene, 4), -1);
@@ -119,10 +154,49 @@ TEST(Setting, MemberOutsideItsKindTouchesNoOtherKind) {
 }
 
 TEST(Setting, FieldThatAKindDoesNotCarryIsNotFound) {
-    EXPECT_EQ(findSetting(ControlKind::Knob, "AssignType"), nullptr);
-    EXPECT_EQ(findSetting(ControlKind::Pad, "Enable"), nullptr);
-    EXPECT_EQ(findSetting(ControlKind::Common, "SceneName"), nullptr);
-    EXPECT_EQ(findSetting(ControlKind::Key, "keybehavior"), nullptr);
+    EXPECT_EQ(findSetting(Knob, "AssignType"), nullptr);
+    EXPECT_EQ(findSetting(Pad, "Enable"), nullptr);
+    EXPECT_EQ(findSetting(Common, "SceneName"), nullptr);
+    EXPECT_EQ(findSetting(Key, "keybehavior"), nullptr);
+}
+
+TEST(Setting, ListThatTheResourceLacksIsNull) {
+    EXPECT_EQ(optionList(PopUpValue{}, settingOf(Pad, "CR"), 0), nullptr);
+}
+
+TEST(Setting, TitleIsTheEntryAtTheStoredIndex) {
+    PopUpValue lists;
+    lists.setKnob_CCNumber_Array(std::make_shared<const Strings>(Strings{"zero", "one", "two"}));
+    const auto scene = fullScene();
+    scene->buttonValueArray()[6]->setCCOrNoteNumber(2);
+    EXPECT_EQ(optionTitle(lists, settingOf(Knob, "CCOrNoteNumber"), *scene, 2), "two");
+    EXPECT_EQ(optionTitle(lists, settingOf(Knob, "CCOrNoteNumber"), *scene, 1), "zero");
+}
+
+TEST(Setting, NumberOfANoteIsNamedByTheNoteList) {
+    const PopUpValue lists = selfNamedLists();
+    const auto scene = fullScene();
+    scene->buttonValueArray()[14]->setAssignType(2);
+    scene->buttonValueArray()[44]->setAssignType(2);
+    EXPECT_EQ(optionTitle(lists, settingOf(Pad, "CCOrNoteNumber"), *scene, 2),
+              "pad_NoteNumber_Array");
+    EXPECT_EQ(optionTitle(lists, settingOf(Pad, "CCOrNoteNumber"), *scene, 3),
+              "pad_CCNumber_Array");
+    EXPECT_EQ(optionTitle(lists, settingOf(Key, "CCOrNoteNumber"), *scene, 24),
+              "key_NoteNumber_Array");
+}
+
+TEST(Setting, ValueOutsideItsListIsShownAsDashes) {
+    const PopUpValue lists = selfNamedLists();
+    const auto scene = fullScene();
+    for (const std::int32_t value : {-1, 1, 127, INT32_MIN, INT32_MAX}) {
+        scene->commonValue()->setPianoKeyCh(value);
+        EXPECT_EQ(optionTitle(lists, settingOf(Common, "PianoKeyCh"), *scene, 0), "---") << value;
+    }
+}
+
+TEST(Setting, WithoutAListEveryValueIsShownAsDashes) {
+    EXPECT_EQ(optionTitle(PopUpValue{}, settingOf(Pad, "CR"), *fullScene(), 0), "---");
 }
 
 } // namespace

@@ -80,12 +80,12 @@ TEST_F(ProgramTest, EveryOneOfThe31PopUpsReachesTheControllerAndNothingElse) {
     for (std::size_t place = rows.size(); place-- > 0;) {
         const ValuePopUp& row = rows[place];
         chooseControl(controlRange(row.pane()).start);
-        PopUpBox& box = twin().panes().popUp(row.outlet->name);
-        const std::int32_t value = (row.setting.read(*expected.at(1), 0) + 1) % box.count();
+        PopUpBox& box = twin().panes().popUp(row.name);
+        const std::int32_t value = (row.setting->read(*expected.at(1), 0) + 1) % box.count();
         click(box);
         typeText(box.itemText(value));
         key("Return");
-        row.setting.write(*expected.at(1), 0, value);
+        row.setting->write(*expected.at(1), 0, value);
     }
     send();
     EXPECT_EQ(differences(bank(), bytesOf(expected)), "");
