@@ -1,7 +1,9 @@
 #include "editor/qt/ControlShape.h"
 
+#include "editor/qt/QtHelpers.h"
 #include "platform/Resources.h"
 
+#include <QApplication>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
@@ -11,8 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
-#include <memory>
 
 namespace scenewright {
 
@@ -155,17 +155,17 @@ bool shrinkInto(QFont& font, const QString& text, const QSizeF& room, int larges
     return false;
 }
 
-// Null for an image that is missing or cannot be read.
-QSvgRenderer* imageNamed(const std::string& name) {
-    static std::map<std::string, std::unique_ptr<QSvgRenderer>> images;
-    const auto [entry, isNew] = images.try_emplace(name);
-    if (!isNew)
-        return entry->second.get();
-    const auto path = Resources::find(name, "svg");
-    auto image = std::make_unique<QSvgRenderer>();
-    if (path && image->load(QString::fromStdString(path->string())))
-        entry->second = std::move(image);
-    return entry->second.get();
+// Made when it is first asked for; the application owns it, as it may not outlive that. Not valid
+// when the file is missing or cannot be read.
+QSvgRenderer& imageNamed(const std::string& name) {
+    const QString key = shown(name);
+    if (auto* made = qApp->findChild<QSvgRenderer*>(key, Qt::FindDirectChildrenOnly))
+        return *made;
+    auto& image = makeChild<QSvgRenderer>(qApp);
+    image.setObjectName(key);
+    if (const auto path = Resources::find(name, "svg"))
+        image.load(shown(path->string()));
+    return image;
 }
 
 QImage rasterised(QSvgRenderer& image, qreal ratio) {
@@ -257,12 +257,12 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
 }
 
 void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name) {
-    QSvgRenderer* image = imageNamed(name);
-    if (image == nullptr)
+    QSvgRenderer& image = imageNamed(name);
+    if (!image.isValid())
         return;
     const qreal ratio = painter.device()->devicePixelRatio();
-    const QImage raster = rasterised(*image, ratio);
-    const qreal corner = std::floor(image->viewBoxF().width() / 3);
+    const QImage raster = rasterised(image, ratio);
+    const qreal corner = std::floor(image.viewBoxF().width() / 3);
     const qreal far = raster.width() / ratio - corner;
     const std::array<qreal, 4> from{0, corner * ratio, far * ratio, raster.width() * 1.0};
     const std::array<qreal, 4> across{target.left(), target.left() + corner,

@@ -59,7 +59,7 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
 
 // Fills `target` with the image NAME.svg: its corners, a third of its width each, keep their size,
 // and what is between them stretches. An image that is missing draws nothing and is logged once.
-// Main thread; images are kept until the process ends.
+// Main thread; images are kept until the application ends.
 void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name);
 
 } // namespace scenewright

@@ -3,7 +3,6 @@
 #include "editor/qt/QtHelpers.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
@@ -13,10 +12,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kSide = 18;
-constexpr int kStep = 30;       // degrees a tick
-constexpr int kTick = 80;       // milliseconds
-constexpr int kSixteenths = 16; // of a degree, the unit of an arc
+constexpr QSize kBusySize(72, 12);
 
 } // namespace
 
@@ -112,50 +108,22 @@ void NoticeBar::clearActions() {
     buttons_.clear();
 }
 
-BusyMark::BusyMark(QWidget* parent) : QWidget(parent) {
-    setFixedSize(kSide, kSide);
-    QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    policy.setRetainSizeWhenHidden(true);
-    setSizePolicy(policy);
-    setAccessibleName(tr("Transfer in progress"));
-    setToolTip(accessibleName());
-    clock_.setInterval(kTick);
-    connect(&clock_, &QTimer::timeout, this, [this] {
-        ++turn_;
-        update();
-    });
-    setBusy(false);
-}
-
-void BusyMark::setBusy(bool isBusy) {
-    setVisible(isBusy);
-    if (isBusy)
-        clock_.start();
-    else
-        clock_.stop();
-}
-
-QSize BusyMark::sizeHint() const {
-    return {kSide, kSide};
-}
-
-void BusyMark::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF room = QRectF(rect()).adjusted(2, 2, -2, -2);
-    painter.setPen(QPen(palette().color(QPalette::Mid), 2.5));
-    painter.drawEllipse(room);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5, Qt::SolidLine, Qt::RoundCap));
-    painter.drawArc(room, -turn_ * kStep * kSixteenths, 100 * kSixteenths);
-}
-
 StatusLine::StatusLine(QWidget* parent)
-    : QFrame(parent), message_(&makeChild<TextLabel>(this)), busy_(&makeChild<BusyMark>(this)),
+    : QFrame(parent), message_(&makeChild<TextLabel>(this)), busy_(&makeChild<QProgressBar>(this)),
       row_(&makeChild<QHBoxLayout>(this)) {
     setProperty("panel", true);
     message_->setAccessibleDescription(tr("Status")); // its name is its text
     message_->QLabel::setText(tr("Ready"));
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    busy_->setRange(0, 0); // it tells that a transfer runs, not how far it is
+    busy_->setTextVisible(false);
+    busy_->setFixedSize(kBusySize);
+    QSizePolicy policy = busy_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    busy_->setSizePolicy(policy);
+    busy_->setAccessibleName(tr("Transfer in progress"));
+    busy_->setToolTip(busy_->accessibleName());
+    busy_->hide();
     row_->setContentsMargins(14, 5, 14, 6);
     row_->setSpacing(10);
     row_->addWidget(message_, 1);
@@ -167,7 +135,7 @@ void StatusLine::addMark(QWidget& mark) {
 }
 
 void StatusLine::setBusy(bool isBusy) {
-    busy_->setBusy(isBusy);
+    busy_->setVisible(isBusy);
 }
 
 } // namespace scenewright

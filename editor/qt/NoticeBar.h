@@ -6,9 +6,8 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
-#include <QTimer>
-#include <QWidget>
 
 #include <cstdint>
 #include <deque>
@@ -73,26 +72,7 @@ private:
     std::deque<Notice> notices_; // the first one is shown
 };
 
-// A small turning mark, shown while something runs.
-class BusyMark final : public QWidget {
-    Q_OBJECT
-
-public:
-    explicit BusyMark(QWidget* parent = nullptr);
-
-    void setBusy(bool isBusy);
-
-    [[nodiscard]] QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    QTimer clock_;
-    int turn_ = 0; // in steps of kStep degrees
-};
-
-// The foot of the window: the last message, and a mark while a transfer runs.
+// The foot of the window: the last message, and a moving bar while a transfer runs.
 class StatusLine final : public QFrame {
     Q_OBJECT
 
@@ -107,7 +87,7 @@ public:
 
 private:
     TextLabel* message_; // children
-    BusyMark* busy_;
+    QProgressBar* busy_;
     QHBoxLayout* row_;
 };
 

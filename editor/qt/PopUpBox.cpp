@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QListView>
+#include <QStringListModel>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
@@ -69,6 +70,14 @@ bool isModifier(const QKeyEvent& event) {
     return std::ranges::find(kModifiers, event.key()) != kModifiers.end();
 }
 
+// Many boxes offer the same 128 entries: the application owns one model for each list of them.
+QStringListModel& modelOf(const QStringList& entries) {
+    for (auto* made : qApp->findChildren<QStringListModel*>(Qt::FindDirectChildrenOnly))
+        if (made->stringList() == entries)
+            return *made;
+    return makeChild<QStringListModel>(entries, qApp);
+}
+
 bool isReturn(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
@@ -129,14 +138,14 @@ void PopUpBox::showPopup() {
 
 void PopUpBox::removeAllItems() {
     forgetTyping();
-    clear();
+    setModel(&modelOf({}));
 }
 
 void PopUpBox::addItems(const std::vector<std::string>& titles) {
-    QStringList texts;
+    QStringList entries = this->titles();
     for (const std::string& title : titles)
-        texts.append(shown(title));
-    QComboBox::addItems(texts);
+        entries.append(shown(title));
+    setModel(&modelOf(entries));
 }
 
 void PopUpBox::selectItem(std::int32_t position) {

@@ -215,13 +215,6 @@
     </message>
 </context>
 <context>
-    <name>scenewright::BusyMark</name>
-    <message>
-        <source>Transfer in progress</source>
-        <translation>転送中</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::Cause</name>
     <message>
         <source>You have no permission to use the keyboard: install the rule with &apos;scenewright-cli udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules&apos;, then plug the keyboard in again</source>
@@ -1045,6 +1038,10 @@
     <message>
         <source>Ready</source>
         <translation>準備完了</translation>
+    </message>
+    <message>
+        <source>Transfer in progress</source>
+        <translation>転送中</translation>
     </message>
 </context>
 <context>

@@ -189,7 +189,7 @@ TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {
     status.setBusy(true);
     put(status);
     const auto* message = status.findChild<TextLabel*>();
-    const auto* busy = status.findChild<BusyMark*>();
+    const auto* busy = status.findChild<QProgressBar*>();
     ASSERT_TRUE(message != nullptr && busy != nullptr);
     EXPECT_GE(busy->x(), message->geometry().right());
     EXPECT_GE(mark.x(), busy->geometry().right());
