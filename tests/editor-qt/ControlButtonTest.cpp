@@ -61,10 +61,13 @@ TEST_F(ControlButtonTest, PointerOverItIsPlainToSee) {
 // Counts how often a widget is painted.
 class Paints : public QObject {
 public:
-    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-    // Since the last call, all that is due included.
+    explicit Paints(QWidget& window) : window_(window) { window.installEventFilter(this); }
+    // Since the last call, all that is due included: what the toolkit would paint some milliseconds
+    // later is painted now.
     int take() {
-        QTest::qWait(20);
+        QApplication::processEvents();
+        QEvent update(QEvent::UpdateRequest);
+        QApplication::sendEvent(&window_, &update);
         return std::exchange(count_, 0);
     }
 
@@ -75,6 +78,7 @@ protected:
     }
 
 private:
+    QWidget& window_;
     int count_ = 0;
 };
 
