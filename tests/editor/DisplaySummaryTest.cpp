@@ -77,16 +77,34 @@ TEST(DisplaySummary, GroupWithoutAChannelShowsDashes) {
     EXPECT_EQ(title(Group, record, 0), kNone);
 }
 
-TEST(DisplaySummary, KnobThatIsOn) {
-    EXPECT_EQ(titlesInEveryMode(Knob, fullRecord(0, 1)),
-              (Strings{kChannel, "display_Enable_Array:1", kControllerNumber, kLower, kUpper,
-                       kKeyBehavior, kOff, kOn}));
-}
-
-TEST(DisplaySummary, KnobThatIsOffShowsItsStateInModeOneAndDashesFromModeTwoOn) {
-    EXPECT_EQ(
-        titlesInEveryMode(Knob, fullRecord(1, 0)),
-        (Strings{kChannel, "display_Enable_Array:0", kNone, kNone, kNone, kNone, kNone, kNone}));
+// Off values are looked up in the on values' list, and the reverse.
+TEST(DisplaySummary, EachKindInEveryMode) {
+    struct Case {
+        ControlKind kind;
+        std::int32_t assignType;
+        std::int32_t enable;
+        Strings titles;
+    };
+    const std::string on = "display_Enable_Array:1";
+    const std::string off = "display_Enable_Array:0";
+    const Strings otherPad{kChannel, kNone, kNone, kLower, kUpper, kPadBehavior, kNone, kNone};
+    const std::vector<Case> cases{
+        {Knob, 0, 1, {kChannel, on, kControllerNumber, kLower, kUpper, kKeyBehavior, kOff, kOn}},
+        {Knob, 1, 0, {kChannel, off, kNone, kNone, kNone, kNone, kNone, kNone}},
+        {Pad, 0, 1, {kNone, kNone, kNone, kLower, kUpper, kNone, kNone, kNone}},
+        {Pad, 1, 1, {kChannel, "CC", kControllerNumber, kLower, kUpper, kPadBehavior, kOff, kOn}},
+        {Pad, 2, 1, {kChannel, "Note", kNoteNumber, kLower, kUpper, kPadBehavior, kNone, kNone}},
+        {Pad, -1, 1, otherPad},
+        {Pad, 3, 1, otherPad},
+        {Pad, 127, 1, otherPad},
+        {Key, 0, 1, {kChannel, kNone, kNone, kLower, kUpper, kNone, kNone, kNone}},
+        {Key, 1, 1, {kChannel, "CC", kControllerNumber, kLower, kUpper, kKeyBehavior, kOff, kOn}},
+        {Key, 2, 1, {kChannel, "Note", kNoteNumber, kLower, kUpper, kKeyBehavior, kNone, kNone}},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(titlesInEveryMode(each.kind, fullRecord(each.assignType, each.enable)),
+                  each.titles)
+            << static_cast<int>(each.kind) << " " << each.assignType << " " << each.enable;
 }
 
 TEST(DisplaySummary, SliderFollowsTheKnobsRules) {
@@ -103,44 +121,6 @@ TEST(DisplaySummary, KnobIsNotAskedForItsAssignType) {
                   titlesInEveryMode(Knob, fullRecord(0, 1)));
 }
 
-TEST(DisplaySummary, PadThatIsOff) {
-    EXPECT_EQ(titlesInEveryMode(Pad, fullRecord(0, 1)),
-              (Strings{kNone, kNone, kNone, kLower, kUpper, kNone, kNone, kNone}));
-}
-
-TEST(DisplaySummary, PadThatSendsAController) {
-    EXPECT_EQ(
-        titlesInEveryMode(Pad, fullRecord(1, 1)),
-        (Strings{kChannel, "CC", kControllerNumber, kLower, kUpper, kPadBehavior, kOff, kOn}));
-}
-
-TEST(DisplaySummary, PadThatSendsANote) {
-    EXPECT_EQ(titlesInEveryMode(Pad, fullRecord(2, 1)),
-              (Strings{kChannel, "Note", kNoteNumber, kLower, kUpper, kPadBehavior, kNone, kNone}));
-}
-
-TEST(DisplaySummary, PadOfAnotherAssignTypeShowsDashesWhereTheTypeDecides) {
-    for (const std::int32_t assignType : {-1, 3, 127})
-        EXPECT_EQ(titlesInEveryMode(Pad, fullRecord(assignType, 1)),
-                  (Strings{kChannel, kNone, kNone, kLower, kUpper, kPadBehavior, kNone, kNone}));
-}
-
-TEST(DisplaySummary, KeyThatIsOffStillShowsItsChannelAndItsTravel) {
-    EXPECT_EQ(titlesInEveryMode(Key, fullRecord(0, 1)),
-              (Strings{kChannel, kNone, kNone, kLower, kUpper, kNone, kNone, kNone}));
-}
-
-TEST(DisplaySummary, KeyThatSendsAController) {
-    EXPECT_EQ(
-        titlesInEveryMode(Key, fullRecord(1, 1)),
-        (Strings{kChannel, "CC", kControllerNumber, kLower, kUpper, kKeyBehavior, kOff, kOn}));
-}
-
-TEST(DisplaySummary, KeyThatSendsANote) {
-    EXPECT_EQ(titlesInEveryMode(Key, fullRecord(2, 1)),
-              (Strings{kChannel, "Note", kNoteNumber, kLower, kUpper, kKeyBehavior, kNone, kNone}));
-}
-
 TEST(DisplaySummary, KeysAndPadsAreTestedOnEnableInModesThreeAndFour) {
     for (const ControlKind kind : {Pad, Key}) {
         EXPECT_EQ(title(kind, fullRecord(1, 0), 3), kNone);
@@ -148,11 +128,6 @@ TEST(DisplaySummary, KeysAndPadsAreTestedOnEnableInModesThreeAndFour) {
         EXPECT_EQ(title(kind, fullRecord(0, 1), 3), kLower);
         EXPECT_EQ(title(kind, fullRecord(0, -1), 4), kUpper);
     }
-}
-
-TEST(DisplaySummary, OffValueIsLookedUpInTheOnListAndTheReverse) {
-    EXPECT_EQ(title(Pad, fullRecord(1, 1), 6), "OFF\ndisplay_OnValue_Array:8");
-    EXPECT_EQ(title(Pad, fullRecord(1, 1), 7), "ON\ndisplay_OffValue_Array:7");
 }
 
 TEST(DisplaySummary, ModeEightAndAboveAndBelowZeroShowDashes) {

@@ -136,20 +136,15 @@ TEST_F(EditActions, GroupChannelMakesItsCallsInThisOrder) {
     EXPECT_EQ(journal.lines(), joined({set, greenTitles(titles)}));
 }
 
-TEST_F(EditActions, KeyVelocityCurveThreeEnablesItsConstantAndNothingElseHappens) {
+TEST_F(EditActions, VelocityCurveThreeEnablesItsConstantAndNothingElseHappens) {
     loaded();
-    pick("commonKeyVelocityCurve", 3);
-    pick("commonKeyVelocityCurve", 2);
-    EXPECT_EQ(journal.lines(), (Lines{"commonKeyConstVelocity.setEnabled(yes)",
-                                      "commonKeyConstVelocity.setEnabled(no)"}));
-}
-
-TEST_F(EditActions, PadVelocityCurveThreeEnablesItsConstantAndNothingElseHappens) {
-    loaded();
-    pick("commonPadVelocityCurve", 0);
-    pick("commonPadVelocityCurve", 3);
-    EXPECT_EQ(journal.lines(), (Lines{"commonPadConstVelocity.setEnabled(no)",
-                                      "commonPadConstVelocity.setEnabled(yes)"}));
+    for (const std::string kind : {"Key", "Pad"}) {
+        journal.clear();
+        for (const std::int32_t curve : {3, 2})
+            pick("common" + kind + "VelocityCurve", curve);
+        EXPECT_EQ(journal.lines(), (Lines{"common" + kind + "ConstVelocity.setEnabled(yes)",
+                                          "common" + kind + "ConstVelocity.setEnabled(no)"}));
+    }
 }
 
 TEST_F(EditActions, OtherCommonSettingsCallNoWidget) {

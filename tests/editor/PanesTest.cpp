@@ -12,25 +12,6 @@ Lines shown(const Lines& calls, const std::string& pane) {
     return joined({hiddenPanes(), calls, {pane + ".setHidden(no)"}});
 }
 
-// What the pad pane does after its assign type.
-Lines padRest(std::int32_t number) {
-    return {"padCCOrNoteNumber.selectItem(" + std::to_string(number) + ")",
-            "padOnValue.selectItem(127)",
-            "padOffValue.selectItem(1)",
-            "padPadBehavior.selectItem(3)",
-            "padMIDIChannel.selectItem(9)",
-            "log: CR---------->10",
-            "padCR.selectItem(10)",
-            "padCG.selectItem(20)",
-            "padCB.selectItem(30)"};
-}
-
-Lines keyRest(std::int32_t number) {
-    return {"keyCCOrNoteNumber.selectItem(" + std::to_string(number) + ")",
-            "keyOnValue.selectItem(126)", "keyOffValue.selectItem(2)",
-            "keyKeyBehavior.selectItem(4)"};
-}
-
 } // namespace
 
 TEST_F(Panes, CommonPaneIsShownFirstThenFilled) {
@@ -79,101 +60,31 @@ TEST_F(Panes, GroupPaneShowsTheChannel) {
     EXPECT_EQ(view.buttonValue().get(), &record(4));
 }
 
-TEST_F(Panes, KnobPaneShowsItsValuesThenWhatCanBeUsed) {
+// Any enable but 0 is on; what is off is shown all the same.
+TEST_F(Panes, KnobsAndSlidersShowTheirValuesThenWhatCanBeUsed) {
     loaded();
-    view.showKnobValue(6);
-    EXPECT_EQ(journal.lines(),
-              shown({"knobEnable.selectItem(1)", "knobCCNumber.selectItem(20)",
-                     "knobLowerOrLeftValue.selectItem(10)", "knobUpperOrRightValue.selectItem(100)",
-                     "knobCCNumber.setEnabled(yes)", "knobUpperOrRightValue.setEnabled(yes)",
-                     "knobLowerOrLeftValue.setEnabled(yes)"},
-                    "knobView"));
-}
-
-TEST_F(Panes, KnobThatIsOffShowsItsNumberAndValuesDisabled) {
-    loaded();
-    record(6).setEnable(0);
-    view.showKnobValue(6);
-    EXPECT_EQ(enabledPopUps("knob"), Lines{"knobEnable"});
-    EXPECT_EQ(popUp("knobCCNumber").selected, 20);
-    EXPECT_EQ(popUp("knobUpperOrRightValue").selected, 100);
-    EXPECT_EQ(popUp("knobLowerOrLeftValue").selected, 10);
-}
-
-TEST_F(Panes, AnyEnableButZeroEnablesTheKnob) {
-    loaded();
-    for (const std::int32_t enable : {-1, 1, 2, 127}) {
-        record(6).setEnable(enable);
-        view.showKnobValue(6);
-        EXPECT_EQ(enabledPopUps("knob").size(), 4U) << enable;
-    }
-}
-
-TEST_F(Panes, SliderPaneShowsItsValuesThenWhatCanBeUsed) {
-    loaded();
-    record(12).setEnable(0);
-    view.showSliderValue(12);
-    EXPECT_EQ(
-        journal.lines(),
-        shown({"sliderEnable.selectItem(0)", "sliderCCNumber.selectItem(30)",
-               "sliderLowerOrLeftValue.selectItem(11)", "sliderUpperOrRightValue.selectItem(101)",
-               "sliderCCNumber.setEnabled(no)", "sliderUpperOrRightValue.setEnabled(no)",
-               "sliderLowerOrLeftValue.setEnabled(no)"},
-              "sliderView"));
-}
-
-TEST_F(Panes, PadThatIsOffHasAnEmptyNumberListAndFiveDisabledPopUps) {
-    loaded();
-    record(13).setAssignType(0);
-    view.showPadValue(13);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"padAssignType.selectItem(0)", "padCCOrNoteNumber.removeAllItems()",
-                             "padCCOrNoteNumber.setEnabled(no)", "padOnValue.setEnabled(no)",
-                             "padOffValue.setEnabled(no)", "padPadBehavior.setEnabled(no)",
-                             "padMIDIChannel.setEnabled(no)"},
-                            padRest(36)}),
-                    "padView"));
-    EXPECT_TRUE(popUp("padCCOrNoteNumber").titles.empty());
-}
-
-TEST_F(Panes, PadThatSendsAControllerOffersControllersAndEnablesAllFive) {
-    loaded();
-    record(13).setAssignType(1);
-    view.showPadValue(13);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"padAssignType.selectItem(1)", "padCCOrNoteNumber.removeAllItems()",
-                             "padCCOrNoteNumber.setEnabled(yes)", "padOnValue.setEnabled(yes)",
-                             "padOffValue.setEnabled(yes)", "padPadBehavior.setEnabled(yes)",
-                             "padMIDIChannel.setEnabled(yes)",
-                             "padCCOrNoteNumber.addItems(select127:0 x128)"},
-                            padRest(36)}),
-                    "padView"));
-}
-
-TEST_F(Panes, PadThatSendsANoteOffersNotesAndDisablesOnAndOff) {
-    loaded();
-    record(13).setCCOrNoteNumber(60);
-    view.showPadValue(13);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"padAssignType.selectItem(2)", "padCCOrNoteNumber.removeAllItems()",
-                             "padCCOrNoteNumber.setEnabled(yes)", "padOnValue.setEnabled(no)",
-                             "padOffValue.setEnabled(no)", "padPadBehavior.setEnabled(yes)",
-                             "padMIDIChannel.setEnabled(yes)",
-                             "padCCOrNoteNumber.addItems(button-note:0 x128)"},
-                            padRest(60)}),
-                    "padView"));
-}
-
-TEST_F(Panes, PadOfAnotherAssignTypeKeepsWhatCanBeUsedAndAnEmptyNumberList) {
-    loaded();
-    for (const std::int32_t type : {-1, 3, 127}) {
-        record(13).setAssignType(type);
-        popUp("padOnValue").enabled = false;
-        view.showPadValue(13);
-        EXPECT_EQ(journal.of("padOffValue.setEnabled"), Lines{});
-        EXPECT_TRUE(popUp("padCCOrNoteNumber").titles.empty());
-        EXPECT_FALSE(popUp("padOnValue").enabled);
-        EXPECT_TRUE(popUp("padOffValue").enabled);
+    for (const std::int32_t enable : {-1, 0, 1, 2, 127}) {
+        const std::string value = std::to_string(enable);
+        const std::string usable = enable != 0 ? ".setEnabled(yes)" : ".setEnabled(no)";
+        for (const std::int32_t index : {6, 12}) {
+            const bool isKnob = index == 6;
+            const std::string kind = isKnob ? "knob" : "slider";
+            record(index).setEnable(enable);
+            journal.clear();
+            if (isKnob)
+                view.showKnobValue(index);
+            else
+                view.showSliderValue(index);
+            EXPECT_EQ(journal.lines(),
+                      shown({kind + "Enable.selectItem(" + value + ")",
+                             kind + "CCNumber.selectItem(" + (isKnob ? "20)" : "30)"),
+                             kind + "LowerOrLeftValue.selectItem(" + (isKnob ? "10)" : "11)"),
+                             kind + "UpperOrRightValue.selectItem(" + (isKnob ? "100)" : "101)"),
+                             kind + "CCNumber" + usable, kind + "UpperOrRightValue" + usable,
+                             kind + "LowerOrLeftValue" + usable},
+                            kind + "View"))
+                << kind << " " << enable;
+        }
     }
 }
 
@@ -185,43 +96,6 @@ TEST_F(Panes, ColourPopUpsAreNeverDisabled) {
     }
     for (const char* name : {"padCR", "padCG", "padCB"})
         EXPECT_EQ(journal.of(std::string(name) + ".setEnabled"), Lines{});
-}
-
-TEST_F(Panes, KeyThatIsOffHasAnEmptyNumberListAndFourDisabledPopUps) {
-    loaded();
-    record(21).setAssignType(0);
-    view.showKeyValue(21);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"keyAssignType.selectItem(0)", "keyCCOrNoteNumber.removeAllItems()",
-                             "keyCCOrNoteNumber.setEnabled(no)", "keyOnValue.setEnabled(no)",
-                             "keyOffValue.setEnabled(no)", "keyKeyBehavior.setEnabled(no)"},
-                            keyRest(60)}),
-                    "keyView"));
-}
-
-TEST_F(Panes, KeyThatSendsAControllerOffersControllersAndEnablesAllFour) {
-    loaded();
-    record(45).setAssignType(1);
-    view.showKeyValue(45);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"keyAssignType.selectItem(1)", "keyCCOrNoteNumber.removeAllItems()",
-                             "keyCCOrNoteNumber.setEnabled(yes)", "keyOnValue.setEnabled(yes)",
-                             "keyOffValue.setEnabled(yes)", "keyKeyBehavior.setEnabled(yes)",
-                             "keyCCOrNoteNumber.addItems(select127:0 x128)"},
-                            keyRest(60)}),
-                    "keyView"));
-}
-
-TEST_F(Panes, KeyThatSendsANoteOffersNotesAndDisablesOnAndOff) {
-    loaded();
-    view.showKeyValue(45);
-    EXPECT_EQ(journal.lines(),
-              shown(joined({{"keyAssignType.selectItem(2)", "keyCCOrNoteNumber.removeAllItems()",
-                             "keyCCOrNoteNumber.setEnabled(yes)", "keyOnValue.setEnabled(no)",
-                             "keyOffValue.setEnabled(no)", "keyKeyBehavior.setEnabled(yes)",
-                             "keyCCOrNoteNumber.addItems(button-note:0 x128)"},
-                            keyRest(60)}),
-                    "keyView"));
 }
 
 TEST_F(Panes, EachShowReadsTheRecordAnew) {

@@ -1,5 +1,6 @@
 #include "model/Control.h"
 #include "model/SceneValue.h"
+#include "tests/model/RecordFields.h"
 
 #include <gtest/gtest.h>
 
@@ -11,89 +12,28 @@ namespace {
 
 using ButtonList = std::vector<std::shared_ptr<ButtonValue>>;
 
-TEST(SceneRecords, FreshButtonReadsZeroInAllFourteenFields) {
-    const ButtonValue button;
-    EXPECT_EQ(button.ButtonID(), 0);
-    EXPECT_EQ(button.MIDIChannel(), 0);
-    EXPECT_EQ(button.AssignType(), 0);
-    EXPECT_EQ(button.CCOrNoteNumber(), 0);
-    EXPECT_EQ(button.UpperOrRightValue(), 0);
-    EXPECT_EQ(button.LowerOrLeftValue(), 0);
-    EXPECT_EQ(button.PadBehavior(), 0);
-    EXPECT_EQ(button.KeyBehavior(), 0);
-    EXPECT_EQ(button.OnValue(), 0);
-    EXPECT_EQ(button.OffValue(), 0);
-    EXPECT_EQ(button.Enable(), 0);
-    EXPECT_EQ(button.CR(), 0);
-    EXPECT_EQ(button.CG(), 0);
-    EXPECT_EQ(button.CB(), 0);
+// What is written into each field is another number, and none changes another's.
+template <typename Record, std::size_t Count>
+Record filled(const std::array<testing::RecordField<Record>, Count>& fields) {
+    Record record;
+    std::int32_t place = 0;
+    for (const auto& field : fields)
+        (record.*field.write)(++place);
+    return record;
 }
 
-TEST(SceneRecords, ButtonKeepsEachFieldApart) {
-    ButtonValue button;
-    button.setButtonID(1);
-    button.setMIDIChannel(2);
-    button.setAssignType(3);
-    button.setCCOrNoteNumber(4);
-    button.setUpperOrRightValue(5);
-    button.setLowerOrLeftValue(6);
-    button.setPadBehavior(7);
-    button.setKeyBehavior(8);
-    button.setOnValue(9);
-    button.setOffValue(10);
-    button.setEnable(11);
-    button.setCR(12);
-    button.setCG(13);
-    button.setCB(14);
-    EXPECT_EQ(button.ButtonID(), 1);
-    EXPECT_EQ(button.MIDIChannel(), 2);
-    EXPECT_EQ(button.AssignType(), 3);
-    EXPECT_EQ(button.CCOrNoteNumber(), 4);
-    EXPECT_EQ(button.UpperOrRightValue(), 5);
-    EXPECT_EQ(button.LowerOrLeftValue(), 6);
-    EXPECT_EQ(button.PadBehavior(), 7);
-    EXPECT_EQ(button.KeyBehavior(), 8);
-    EXPECT_EQ(button.OnValue(), 9);
-    EXPECT_EQ(button.OffValue(), 10);
-    EXPECT_EQ(button.Enable(), 11);
-    EXPECT_EQ(button.CR(), 12);
-    EXPECT_EQ(button.CG(), 13);
-    EXPECT_EQ(button.CB(), 14);
+TEST(SceneRecords, FreshRecordsReadZeroWithAnEmptyName) {
+    testing::expectZeros(ButtonValue{}, testing::kButtonFields);
+    testing::expectZeros(CommonValue{}, testing::kCommonFields);
+    EXPECT_EQ(CommonValue{}.SceneName(), "");
 }
 
-TEST(SceneRecords, FreshCommonSettingsAreZeroWithAnEmptyName) {
-    const CommonValue common;
-    EXPECT_EQ(common.SceneName(), "");
-    EXPECT_EQ(common.GlobalMIDICh(), 0);
-    EXPECT_EQ(common.PianoKeyCh(), 0);
-    EXPECT_EQ(common.PitchBendSpeed(), 0);
-    EXPECT_EQ(common.KeyTranspose(), 0);
-    EXPECT_EQ(common.KeyVelocityCurve(), 0);
-    EXPECT_EQ(common.KeyConstVelocity(), 0);
-    EXPECT_EQ(common.PadVelocityCurve(), 0);
-    EXPECT_EQ(common.PadConstVelocity(), 0);
-}
-
-TEST(SceneRecords, CommonSettingsKeepEachFieldApart) {
-    CommonValue common;
+TEST(SceneRecords, EachFieldIsKeptApart) {
+    testing::expectPlaces(filled(testing::kButtonFields), testing::kButtonFields);
+    CommonValue common = filled(testing::kCommonFields);
     common.setSceneName("LIVE");
-    common.setGlobalMIDICh(1);
-    common.setPianoKeyCh(2);
-    common.setPitchBendSpeed(3);
-    common.setKeyTranspose(4);
-    common.setKeyVelocityCurve(5);
-    common.setKeyConstVelocity(6);
-    common.setPadVelocityCurve(7);
-    common.setPadConstVelocity(8);
+    testing::expectPlaces(common, testing::kCommonFields);
     EXPECT_EQ(common.SceneName(), "LIVE");
-    EXPECT_EQ(common.GlobalMIDICh(), 1);
-    EXPECT_EQ(common.PianoKeyCh(), 2);
-    EXPECT_EQ(common.PitchBendSpeed(), 3);
-    EXPECT_EQ(common.KeyTranspose(), 4);
-    EXPECT_EQ(common.KeyVelocityCurve(), 5);
-    EXPECT_EQ(common.KeyConstVelocity(), 6);
-    EXPECT_EQ(common.PadVelocityCurve(), 7);
-    EXPECT_EQ(common.PadConstVelocity(), 8);
 }
 
 TEST(SceneRecords, FreshSceneHasNoRecords) {

@@ -14,35 +14,6 @@ constexpr std::int8_t operator""_byte(unsigned long long value) {
     return static_cast<std::int8_t>(value);
 }
 
-TEST(ValueAction, ReverseIn127TableGivesZeroFrom0x80Up) {
-    EXPECT_EQ(ValueAction::GetFrom127WirhChar(0x7F_byte), 127);
-    EXPECT_EQ(ValueAction::GetFrom127WirhChar(0x80_byte), 0);
-    EXPECT_EQ(ValueAction::GetFrom127WirhChar(0xFF_byte), 0);
-}
-
-TEST(ValueAction, TableOf255HoldsEveryByte) {
-    EXPECT_EQ(ValueAction::GetFrom255WirhChar(0xFF_byte), 255);
-    EXPECT_EQ(ValueAction::GetFrom255WithIndex(200), -56);
-    for (int value = 0; value < 256; ++value) {
-        const auto byte = static_cast<std::int8_t>(value);
-        EXPECT_EQ(ValueAction::GetFrom255WithIndex(value), byte);
-        EXPECT_EQ(ValueAction::GetFrom255WirhChar(byte), value);
-    }
-}
-
-TEST(ValueAction, ForwardLookupOutsideItsTableGivesZero) {
-    constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
-    for (const std::int32_t index : {kMin, -1, 256, kMax})
-        EXPECT_EQ(ValueAction::GetFrom255WithIndex(index), 0) << index;
-    for (const std::int32_t index : {kMin, -1, 128, kMax})
-        EXPECT_EQ(ValueAction::GetFrom127WithIndex(index), 0) << index;
-    for (const std::int32_t index : {kMin, -1, 64, kMax})
-        EXPECT_EQ(ValueAction::GetButtonIDCharFromIndex(index), 0) << index;
-    for (const std::int32_t index : {kMin, -1, 2, kMax})
-        EXPECT_EQ(ValueAction::GetGlobalKnobRelativeModeCharFromIndex(index), 0) << index;
-}
-
 TEST(ValueAction, HexTextLosesItsHighDigitBetween0x81And0x8F) {
     EXPECT_EQ(ValueAction::GetStrWirhChar(0x00_byte), "00");
     EXPECT_EQ(ValueAction::GetStrWirhChar(0x7F_byte), "7f");
@@ -90,24 +61,6 @@ TEST(ValueAction, TextByIndexOutsideTheListThrows) {
     for (const std::int32_t index : {-1, 128, 255, std::numeric_limits<std::int32_t>::min(),
                                      std::numeric_limits<std::int32_t>::max()})
         EXPECT_THROW((void)ValueAction::GetStrFrom127WithIndex(index), std::out_of_range) << index;
-}
-
-TEST(ValueAction, ChannelSeventeenIs0x41) {
-    EXPECT_EQ(ValueAction::GetChannelCharFromIndex(16), 0x41);
-    EXPECT_EQ(ValueAction::GetChannelIndexFromChar(0x41_byte), 16);
-    EXPECT_EQ(ValueAction::GetChannelIndexFromChar(0x10_byte), 0);
-}
-
-TEST(ValueAction, IrregularTablesAreSearchedByTheirCodes) {
-    EXPECT_EQ(ValueAction::GetGlobalOctaveTranspositionIndexFromChar(0x43_byte), 7);
-    EXPECT_EQ(ValueAction::GetGlobalKnobRelativeModeIndexFromChar(0x7F_byte), 1);
-    EXPECT_EQ(ValueAction::GetGlobalKnobRelativeModeIndexFromChar(0x01_byte), 0);
-    EXPECT_EQ(ValueAction::GetGlobalKnobRelativeModeIndexFromChar(0x00_byte), 0);
-    EXPECT_EQ(ValueAction::GetButtonIDIndexFromChar(0x30_byte), 0);
-    EXPECT_EQ(ValueAction::GetButtonIDIndexFromChar(0x50_byte), 8);
-    EXPECT_EQ(ValueAction::GetButtonIDIndexFromChar(0x33_byte), 56);
-    EXPECT_EQ(ValueAction::GetButtonIDIndexFromChar(0x08_byte), 63);
-    EXPECT_EQ(ValueAction::GetButtonIDCharFromIndex(59), 0x0A);
 }
 
 template <typename Reverse>

@@ -16,8 +16,9 @@ template <typename Forward, typename Reverse>
 void expectPair(const Forward& forward, const Reverse& reverse, const Bytes& codes) {
     for (std::size_t i = 0; i < codes.size(); ++i)
         EXPECT_EQ(forward(static_cast<std::int32_t>(i)), static_cast<std::int8_t>(codes[i])) << i;
-    EXPECT_EQ(forward(static_cast<std::int32_t>(codes.size())), 0);
-    EXPECT_EQ(forward(-1), 0);
+    const auto end = static_cast<std::int32_t>(codes.size());
+    for (const std::int32_t outside : {end, 256, INT32_MAX, -1, INT32_MIN})
+        EXPECT_EQ(forward(outside), 0) << outside;
     for (int byte = 0; byte < 256; ++byte) {
         std::int32_t expected = 0;
         for (std::size_t i = codes.size(); i-- > 0;)
