@@ -20,6 +20,7 @@ constexpr int kPage = 8;
 
 PaneFrame::PaneFrame(QWidget* parent) : QFrame(parent) {
     setProperty("panel", true);
+    setFrameShape(QFrame::StyledPanel);
 }
 
 void PaneFrame::setHidden(bool hidden) {
@@ -28,6 +29,7 @@ void PaneFrame::setHidden(bool hidden) {
 
 SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(parent) {
     setProperty("segments", true);
+    setFrameShape(QFrame::StyledPanel);
     auto& row = makeChild<QHBoxLayout>(this);
     row.setContentsMargins(3, 3, 3, 3);
     row.setSpacing(2);

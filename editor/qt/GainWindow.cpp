@@ -1,6 +1,7 @@
 #include "editor/qt/GainWindow.h"
 
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/Theme.h"
 
 #include <QGridLayout>
 #include <QPushButton>
@@ -42,6 +43,7 @@ void GainWindow::makeGain(QGridLayout& grid, std::int32_t tag) {
     auto& heading = makeChild<QLabel>(QString::number(tag), this);
     heading.setProperty("role", "heading");
     auto& slider = makeChild<SliderBar>(tag, this);
+    giveSheet(slider, Sheet::Sliders);
     slider.setMinimumHeight(kSliderHeight);
     slider.setAccessibleName(tr("Gain %1").arg(tag));
     auto& label = makeChild<TextLabel>(this);

@@ -72,6 +72,7 @@ void MainWindow::layOut() {
     auto& middle = nested<QHBoxLayout>(rows, 1);
     list_ = &makeChild<ControlList>(&root);
     list_->setObjectName(QStringLiteral("controls"));
+    giveSheet(*list_, Sheet::Controls);
     list_->setAccessibleName(tr("Controls"));
     list_->setFixedWidth(kListWidth);
     middle.addWidget(list_);
@@ -120,6 +121,7 @@ void MainWindow::layOutHeader(QHBoxLayout& header) {
 }
 
 MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
+    giveSheet(bar, Sheet::Menus);
     bar.setAccessibleName(tr("Menu"));
     bar.installEventFilter(this);
     file_ = &menuNamed(bar, tr("&File"));

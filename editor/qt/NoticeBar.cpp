@@ -22,6 +22,7 @@ NoticeBar::NoticeBar(QWidget* parent)
     setObjectName(QStringLiteral("notice"));
     setAccessibleName(tr("Notice"));
     setProperty("panel", true);
+    setFrameShape(QFrame::StyledPanel);
     text_->setAccessibleName(accessibleName());
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
@@ -112,6 +113,7 @@ StatusLine::StatusLine(QWidget* parent)
     : QFrame(parent), message_(&makeChild<TextLabel>(this)), busy_(&makeChild<QProgressBar>(this)),
       row_(&makeChild<QHBoxLayout>(this)) {
     setProperty("panel", true);
+    setFrameShape(QFrame::StyledPanel);
     message_->setAccessibleDescription(tr("Status")); // its name is its text
     message_->QLabel::setText(tr("Ready"));
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -124,7 +126,7 @@ StatusLine::StatusLine(QWidget* parent)
     busy_->setAccessibleName(tr("Transfer in progress"));
     busy_->setToolTip(busy_->accessibleName());
     busy_->hide();
-    row_->setContentsMargins(14, 5, 14, 6);
+    row_->setContentsMargins(14, 7, 14, 8);
     row_->setSpacing(10);
     row_->addWidget(message_, 1);
     row_->addWidget(busy_);

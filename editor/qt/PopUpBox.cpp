@@ -1,6 +1,7 @@
 #include "editor/qt/PopUpBox.h"
 
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/Theme.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -130,6 +131,7 @@ void PopUpBox::showPopup() {
     if (!hasEntryList_) {
         hasEntryList_ = true;
         setView(&makeChild<EntryList>(*this, this));
+        giveSheet(*view(), Sheet::Entries);
         view()->setTextElideMode(Qt::ElideNone);
         setItemDelegate(&makeChild<RowDelegate>(this));
     }

@@ -4,6 +4,8 @@
 #include "editor/qt/WindowStyle.h"
 
 #include <QApplication>
+#include <QVariant>
+#include <QWidget>
 
 #include <array>
 #include <memory>
@@ -32,46 +34,8 @@ const Theme kDark{.window = QColor(19, 21, 25),
                   .accentText = QColor(8, 20, 12),
                   .trouble = QColor(255, 178, 89)};
 
-// Named colours stand in the sheet as @name.
-constexpr auto kSheet = R"(
-QMainWindow, QDialog, QWidget#root { background: @window; }
-QFrame[panel="true"] { background: @panel; border: 1px solid @line; border-radius: 10px; }
-QFrame[segments="true"] { background: @field; border: 1px solid @line; border-radius: 9px; }
-QLabel { background: transparent; }
-QLabel[role="heading"] { font-weight: 600; color: @text; }
-QLabel[role="field"] { color: @muted; }
-QLabel[role="hint"] { color: @muted; }
-QLabel[role="trouble"] { color: @trouble; }
-QPushButton { background: @field; color: @text; border: 1px solid @line; border-radius: 7px;
-    padding: 5px 14px; }
-QPushButton:hover { border-color: @muted; }
-QPushButton:pressed { background: @line; }
-QPushButton:focus { border: 2px solid @accent; padding: 4px 13px; }
-QPushButton:disabled { color: @faded; }
-QPushButton[segment="true"] { background: transparent; border: 2px solid transparent;
-    border-radius: 6px; padding: 4px 12px; min-width: 84px; }
-QPushButton[segment="true"]:hover { background: @line; }
-QPushButton[segment="true"]:checked { background: @accent; color: @accentText; font-weight: 600; }
-QPushButton[segment="true"]:focus { border-color: @text; }
-QPushButton[main="true"] { background: @accent; color: @accentText; border-color: @accent;
-    font-weight: 600; }
-QPushButton[main="true"]:focus { border-color: @text; }
-QPushButton[main="true"]:disabled { background: @field; color: @faded; border-color: @line; }
-QLineEdit { background: @panel; color: @text; border: 1px solid @line; border-radius: 7px;
-    padding: 3px 8px; min-height: 20px; selection-background-color: @accent; }
-QLineEdit:read-only { background: @field; border-color: @field; }
-QLineEdit:focus { border: 2px solid @accent; padding: 2px 7px; }
-QListView#controls { background: @panel; border: 1px solid @line; border-radius: 10px;
-    padding: 5px; outline: 0; }
-QListView#controls:focus { border: 2px solid @accent; padding: 4px; }
-QListView#controls::item { padding-left: 8px; border-radius: 6px; color: @text; }
-QListView#controls::item:hover { background: @field; }
-QListView#controls::item:selected { background: @accent; color: @accentText; }
-QComboBox QAbstractItemView { background: @panel; color: @text; border: 1px solid @line;
-    padding: 3px; outline: 0; }
-QComboBox QAbstractItemView::item { padding-left: 6px; border-radius: 5px; }
-QComboBox QAbstractItemView::item:hover { background: @field; }
-QComboBox QAbstractItemView::item:selected { background: @accent; color: @accentText; }
+// Named colours stand in the sheets as @name.
+constexpr auto kMenuSheet = R"(
 QMenuBar { background: @window; color: @text; padding: 2px 6px; }
 QMenuBar::item { padding: 4px 9px; border-radius: 5px; background: transparent; }
 QMenuBar::item:selected { background: @line; }
@@ -80,26 +44,61 @@ QMenu::item { padding: 5px 26px 5px 22px; border-radius: 5px; }
 QMenu::item:selected { background: @accent; color: @accentText; }
 QMenu::item:disabled { color: @faded; background: transparent; }
 QMenu::separator { height: 1px; background: @line; margin: 5px 8px; }
-QToolTip { background: @panel; color: @text; border: 1px solid @line; padding: 4px; }
+)";
+
+constexpr auto kControlsSheet = R"(
+QListView { background: @panel; border: 1px solid @line; border-radius: 10px; padding: 5px;
+    outline: 0; }
+QListView:focus { border: 2px solid @accent; padding: 4px; }
+QListView::item { padding-left: 8px; border-radius: 6px; color: @text; }
+)";
+
+constexpr auto kEntriesSheet = R"(
+QListView { background: @panel; color: @text; border: 1px solid @line; padding: 3px; outline: 0; }
+QListView::item { padding-left: 6px; border-radius: 5px; }
+)";
+
+// Of both lists.
+constexpr auto kRowsSheet = R"(
+QListView::item:hover { background: @field; }
+QListView::item:selected { background: @accent; color: @accentText; }
 QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }
 QScrollBar::handle:vertical { background: @line; border-radius: 3px; min-height: 28px; }
 QScrollBar::handle:vertical:hover { background: @muted; }
 QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+)";
+
+constexpr auto kSliderSheet = R"(
 QSlider::groove:vertical { background: @line; width: 4px; border-radius: 2px; }
 QSlider::add-page:vertical { background: @accent; border-radius: 2px; }
 QSlider::handle:vertical { background: @text; height: 14px; margin: 0 -9px; border-radius: 4px; }
 QSlider:focus { background: @field; border-radius: 6px; }
 )";
 
+constexpr const char* kSheetProperty = "sheet";
+
+QString textOf(Sheet sheet) {
+    switch (sheet) {
+    case Sheet::Menus:
+        return QString::fromLatin1(kMenuSheet);
+    case Sheet::Controls:
+        return QString::fromLatin1(kControlsSheet) + QLatin1String(kRowsSheet);
+    case Sheet::Entries:
+        return QString::fromLatin1(kEntriesSheet) + QLatin1String(kRowsSheet);
+    case Sheet::Sliders:
+        return QString::fromLatin1(kSliderSheet);
+    }
+    return {};
+}
+
 QColor between(const QColor& one, const QColor& other) {
     return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
                   (one.blue() + other.blue()) / 2);
 }
 
-QString styleSheetOf(const Theme& theme) {
-    QString sheet = QString::fromLatin1(kSheet);
-    const std::array<std::pair<const char*, QColor>, 10> names{{
+QString coloured(QString sheet, const Theme& theme) {
+    const std::array<std::pair<const char*, QColor>, 9> names{{
         // Longer names first, where one begins another.
         {"@accentText", theme.accentText},
         {"@accent", theme.accent},
@@ -109,7 +108,6 @@ QString styleSheetOf(const Theme& theme) {
         {"@muted", theme.muted},
         {"@panel", theme.panel},
         {"@text", theme.text},
-        {"@trouble", theme.trouble},
         {"@window", theme.window},
     }};
     for (const auto& [name, colour] : names)
@@ -129,6 +127,7 @@ QPalette paletteOf(const Theme& theme) {
     palette.setColor(QPalette::ToolTipBase, theme.panel);
     palette.setColor(QPalette::ToolTipText, theme.text);
     palette.setColor(QPalette::Link, theme.accent);
+    palette.setColor(QPalette::BrightText, theme.trouble);
     const QColor faded = between(theme.muted, theme.panel);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, faded);
@@ -148,16 +147,20 @@ bool isDark(const QPalette& palette) {
            palette.color(QPalette::WindowText).lightness();
 }
 
-void applyTheme(QApplication& application, bool isDark) {
-    const Theme& theme = themeOf(isDark);
-    application.setStyleSheet({});
+void applyTheme(bool isDark) {
     QApplication::setStyle(std::make_unique<WindowStyle>().release()); // the application owns it
-    QApplication::setPalette(paletteOf(theme));
-    application.setStyleSheet(styleSheetOf(theme));
+    QApplication::setPalette(paletteOf(themeOf(isDark)));
+    for (QWidget* widget : QApplication::allWidgets())
+        if (const QVariant sheet = widget->property(kSheetProperty); sheet.isValid())
+            giveSheet(*widget, static_cast<Sheet>(sheet.toInt()));
 }
 
-Appearance::Appearance(QApplication& application)
-    : application_(application), isSystemDark_(isDark(QApplication::palette())) {
+void giveSheet(QWidget& widget, Sheet sheet) {
+    widget.setProperty(kSheetProperty, static_cast<int>(sheet));
+    widget.setStyleSheet(coloured(textOf(sheet), themeOf(isDark(QApplication::palette()))));
+}
+
+Appearance::Appearance(QApplication& application) : isSystemDark_(isDark(application.palette())) {
     const int kept = programSettings().value(kAppearanceKey, 0).toInt();
     choice_ = kept == 1 || kept == 2 ? static_cast<Choice>(kept) : Choice::System;
     apply();
@@ -171,7 +174,7 @@ void Appearance::choose(Choice choice) {
 
 void Appearance::apply() {
     const bool wantsDark = choice_ == Choice::Dark || (choice_ == Choice::System && isSystemDark_);
-    applyTheme(application_, wantsDark);
+    applyTheme(wantsDark);
 }
 
 } // namespace scenewright

@@ -29,7 +29,18 @@ struct Theme {
 [[nodiscard]] bool isDark(const QPalette& palette);
 
 // Gives the program its style and the light or dark colours. Main thread; may be called again.
-void applyTheme(QApplication& application, bool isDark);
+void applyTheme(bool isDark);
+
+// What the style alone cannot draw.
+enum class Sheet : std::uint8_t {
+    Menus,    // a menu bar and its menus
+    Controls, // the list of controls
+    Entries,  // the list that a popup opens
+    Sliders,
+};
+
+// Gives the widget its sheet in the theme's colours, now and whenever the theme changes.
+void giveSheet(QWidget& widget, Sheet sheet);
 
 // Light or dark, as the desktop has it or as the user wants it; the user's choice is kept in the
 // program's settings. Main thread.
@@ -46,7 +57,6 @@ public:
 private:
     void apply();
 
-    QApplication& application_;
     bool isSystemDark_;
     Choice choice_;
 };

@@ -1,6 +1,11 @@
 #include "editor/qt/WindowStyle.h"
 
+#include <QFont>
+#include <QIcon>
+#include <QLabel>
 #include <QPainter>
+#include <QPixmap>
+#include <QPushButton>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -10,10 +15,85 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kPopUpHeight = 28;
+constexpr int kFieldHeight = 28; // of popups and lines
 constexpr qreal kRadius = 7;
+constexpr qreal kSegmentRadius = 6;
+constexpr qreal kSegmentsRadius = 9;
+constexpr qreal kPanelRadius = 10;
 constexpr int kArrowRoom = 22;
 constexpr int kTextMargin = 6;
+constexpr int kLineMargin = 9;
+constexpr QSize kAroundButton(30, 12); // around its text, both sides together
+constexpr QSize kAroundSegment(28, 12);
+constexpr int kLeastSegment = 84; // its text's room
+constexpr int kAroundTip = 4;
+constexpr int kIconSide = 12;
+
+// A rounded box: how it is filled and what its edge is drawn with.
+struct Box {
+    QBrush fill;
+    QColor edge;
+    qreal pen = 1;
+    qreal radius = kRadius;
+};
+
+void drawBox(QPainter& painter, const QRectF& rect, const Box& box) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(box.edge.isValid() ? QPen(box.edge, box.pen) : QPen(Qt::NoPen));
+    painter.setBrush(box.fill);
+    const qreal inset = box.pen / 2;
+    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), box.radius, box.radius);
+    painter.restore();
+}
+
+bool has(const QWidget* widget, const char* property) {
+    return widget != nullptr && widget->property(property).toBool();
+}
+
+bool isFlatFrame(const QWidget* widget) {
+    return has(widget, "panel") || has(widget, "segments");
+}
+
+// The edge of a field, by whether the keyboard or the pointer is on it.
+Box fieldBox(const QStyleOption& option, const QBrush& fill) {
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        return {fill, option.palette.color(QPalette::Highlight), 2};
+    const bool isHovered = isEnabled && option.state.testFlag(QStyle::State_MouseOver);
+    return {fill, option.palette.color(isHovered ? QPalette::PlaceholderText : QPalette::Mid)};
+}
+
+Box segmentBox(const QStyleOption& option) {
+    Box box{.fill = Qt::NoBrush, .edge = {}, .pen = 2, .radius = kSegmentRadius};
+    if (option.state.testFlag(QStyle::State_On))
+        box.fill = option.palette.brush(QPalette::Highlight);
+    else if (option.state.testFlag(QStyle::State_MouseOver))
+        box.fill = option.palette.brush(QPalette::Mid);
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        box.edge = option.palette.color(QPalette::Text);
+    return box;
+}
+
+Box buttonBox(const QStyleOption& option, const QWidget* widget) {
+    if (has(widget, "segment"))
+        return segmentBox(option);
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    if (has(widget, "main") && isEnabled) {
+        const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
+        return {option.palette.brush(QPalette::Highlight),
+                option.palette.color(hasFocus ? QPalette::Text : QPalette::Highlight),
+                hasFocus ? 2.0 : 1.0};
+    }
+    const bool isDown = option.state.testFlag(QStyle::State_Sunken);
+    return fieldBox(option, option.palette.brush(isDown ? QPalette::Mid : QPalette::Button));
+}
+
+// On the accent's ground: a main button that can be pressed, and the segment that is down.
+bool isAccented(const QStyleOption& option, const QWidget* widget) {
+    return (has(widget, "main") && option.state.testFlag(QStyle::State_Enabled)) ||
+           (has(widget, "segment") && option.state.testFlag(QStyle::State_On));
+}
 
 void drawArrow(QPainter& painter, const QRectF& room, const QColor& colour) {
     const QPointF middle = room.center();
@@ -25,21 +105,11 @@ void drawArrow(QPainter& painter, const QRectF& room, const QColor& colour) {
 
 void drawPopUp(const QStyleOptionComboBox& option, QPainter& painter) {
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
-    const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
-    const bool isHovered = isEnabled && option.state.testFlag(QStyle::State_MouseOver);
     const QPalette& palette = option.palette;
-    const qreal pen = hasFocus ? 2 : 1;
-    const QRectF room = QRectF(option.rect).adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
-    QColor edge = palette.color(QPalette::Mid);
-    if (hasFocus)
-        edge = palette.color(QPalette::Highlight);
-    else if (isHovered)
-        edge = palette.color(QPalette::PlaceholderText);
+    drawBox(painter, option.rect,
+            fieldBox(option, isEnabled ? palette.brush(QPalette::Button) : QBrush(Qt::NoBrush)));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, pen));
-    painter.setBrush(isEnabled ? palette.brush(QPalette::Button) : QBrush(Qt::NoBrush));
-    painter.drawRoundedRect(room, kRadius, kRadius);
     drawArrow(painter,
               QRectF(option.rect.right() - kArrowRoom, option.rect.top(), kArrowRoom - 4,
                      option.rect.height()),
@@ -47,9 +117,91 @@ void drawPopUp(const QStyleOptionComboBox& option, QPainter& painter) {
     painter.restore();
 }
 
+void drawLine(const QStyleOption& option, QPainter& painter) {
+    const bool isReadOnly = option.state.testFlag(QStyle::State_ReadOnly);
+    Box box{option.palette.brush(isReadOnly ? QPalette::Button : QPalette::Base),
+            option.palette.color(isReadOnly ? QPalette::Button : QPalette::Mid)};
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        box.edge = option.palette.color(QPalette::Highlight);
+        box.pen = 2;
+    }
+    drawBox(painter, option.rect, box);
+}
+
+void drawTip(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::Mid));
+    painter.setBrush(option.palette.brush(QPalette::ToolTipBase));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
+void polishLabel(QLabel& label) {
+    const QString role = label.property("role").toString();
+    if (role == QLatin1String("heading")) {
+        QFont font;
+        font.setWeight(QFont::DemiBold);
+        label.setFont(font);
+    } else if (role == QLatin1String("field") || role == QLatin1String("hint")) {
+        label.setForegroundRole(QPalette::PlaceholderText);
+    } else if (!role.isEmpty()) {
+        label.setForegroundRole(role == QLatin1String("trouble") ? QPalette::BrightText
+                                                                 : QPalette::WindowText);
+    }
+}
+
 } // namespace
 
 WindowStyle::WindowStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void WindowStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (auto* label = qobject_cast<QLabel*>(widget))
+        polishLabel(*label);
+    if (has(widget, "main")) {
+        QFont font;
+        font.setWeight(QFont::DemiBold);
+        widget->setFont(font);
+    }
+}
+
+void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const {
+    if (element == PE_PanelLineEdit)
+        drawLine(*option, *painter);
+    else if (element == PE_PanelTipLabel)
+        drawTip(*option, *painter);
+    else if (element != PE_FrameFocusRect || qobject_cast<const QPushButton*>(widget) == nullptr)
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void WindowStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    if (element == CE_PushButtonBevel) {
+        drawBox(*painter, option->rect, buttonBox(*option, widget));
+        return;
+    }
+    if (element == CE_ShapedFrame && isFlatFrame(widget)) {
+        const bool isPanel = has(widget, "panel");
+        drawBox(*painter, option->rect,
+                {.fill = option->palette.brush(isPanel ? QPalette::Base : QPalette::Button),
+                 .edge = option->palette.color(QPalette::Mid),
+                 .radius = isPanel ? kPanelRadius : kSegmentsRadius});
+        return;
+    }
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element != CE_PushButtonLabel || button == nullptr || !isAccented(*option, widget))
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionButton accented = *button;
+    accented.palette.setColor(QPalette::ButtonText,
+                              option->palette.color(QPalette::HighlightedText));
+    QFont font = painter->font();
+    font.setWeight(QFont::DemiBold);
+    painter->save();
+    painter->setFont(font);
+    QProxyStyle::drawControl(element, &accented, painter, widget);
+    painter->restore();
+}
 
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
@@ -60,12 +212,30 @@ void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const {
+    if (metric == PM_ToolTipLabelFrameWidth)
+        return kAroundTip;
+    if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical)
+        return 0;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* data) const {
     // As a list, not as a menu: only a list keeps to its number of visible entries.
     if (hint == SH_ComboBox_Popup)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    if (element == SE_LineEditContents)
+        return option->rect.adjusted(kLineMargin, 0, -kLineMargin, 0);
+    if (element == SE_ShapedFrameContents && isFlatFrame(widget))
+        return option->rect.adjusted(1, 1, -1, -1);
+    return QProxyStyle::subElementRect(element, option, widget);
 }
 
 QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -77,10 +247,30 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
 
 QSize WindowStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                     const QSize& contents, const QWidget* widget) const {
+    if (type == CT_PushButton && has(widget, "segment"))
+        return contents.expandedTo({kLeastSegment, 0}) + kAroundSegment;
+    if (type == CT_PushButton)
+        return contents + kAroundButton;
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    if (type == CT_ComboBox)
-        size.setHeight(std::max(size.height(), kPopUpHeight));
+    if (type == CT_ComboBox || type == CT_LineEdit)
+        size.setHeight(std::max(size.height(), kFieldHeight));
     return size;
+}
+
+// The menu bar asks for its button's icon though it seldom shows it; the toolkit's own one would
+// load every image plug-in.
+QIcon WindowStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                const QWidget* widget) const {
+    if (icon != SP_ToolBarHorizontalExtensionButton)
+        return QProxyStyle::standardIcon(icon, option, widget);
+    QPixmap drawn(kIconSide, kIconSide);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPalette palette = widget != nullptr ? widget->palette() : standardPalette();
+    drawArrow(painter, drawn.rect(), palette.color(QPalette::WindowText));
+    painter.end();
+    return QIcon(drawn);
 }
 
 } // namespace scenewright

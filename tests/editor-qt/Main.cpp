@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     qunsetenv("LANGUAGE");
     ::testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
-    scenewright::applyTheme(application, false);
+    scenewright::applyTheme(false);
     QApplication::setDoubleClickInterval(1);
     // No pause of a busy machine cuts typed text short.
     QApplication::setKeyboardInputInterval(3600000);

@@ -96,7 +96,7 @@ int takeAll(QApplication& application, const Order& order) {
     const MainLoop loop;
     const Translation translation(QLocale(QString::fromStdString(order.language)));
     Appearance appearance(application);
-    applyTheme(application, order.isDark);
+    applyTheme(order.isDark);
     connectVirtualController();
     QuitController quit;
     MainWindow window(quit, appearance, true);

@@ -39,20 +39,20 @@ TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
 }
 
 TEST_P(ThemeTest, PaletteIsLightOrDarkAsWanted) {
-    applyTheme(*qApp, GetParam());
+    applyTheme(GetParam());
     EXPECT_EQ(isDark(QApplication::palette()), GetParam());
 }
 
 TEST_P(ThemeTest, WindowsAndTroubleHaveTheirColours) {
-    applyTheme(*qApp, GetParam());
+    applyTheme(GetParam());
     QDialog dialog;
     dialog.resize(40, 40);
     QLabel label(&dialog);
     label.setProperty("role", "trouble");
     label.ensurePolished();
-    EXPECT_EQ(label.palette().color(QPalette::WindowText), themeOf(GetParam()).trouble);
+    EXPECT_EQ(label.palette().color(label.foregroundRole()), themeOf(GetParam()).trouble);
     EXPECT_EQ(dialog.grab().toImage().pixelColor(30, 35), themeOf(GetParam()).window);
-    applyTheme(*qApp, false);
+    applyTheme(false);
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, ThemeTest, ::testing::Bool());

@@ -1,50 +1,182 @@
 #include "editor/qt/WindowStyle.h"
 
 #include <QApplication>
+#include <QFrame>
 #include <QImage>
+#include <QLabel>
 #include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
+#include <QStyleOptionFrame>
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace scenewright {
 namespace {
 
-// The colour in the middle of a popup's upper edge.
-QColor edgeOf(QStyle::State state) {
-    QStyleOptionComboBox option;
-    option.rect = QRect(0, 0, 120, 26);
+constexpr QRect kRect(0, 0, 120, 26);
+
+// What the style draws of an option of that size, on the window's ground.
+template <typename Option>
+QImage drawn(Option option, QStyle::State state,
+             const std::function<void(const WindowStyle&, const Option&, QPainter&)>& draw) {
+    option.rect = kRect;
     option.palette = QApplication::palette();
+    if (!state.testFlag(QStyle::State_Enabled))
+        option.palette.setCurrentColorGroup(QPalette::Disabled);
     option.state = state;
-    QImage image(120, 26, QImage::Format_RGB32);
+    QImage image(kRect.size(), QImage::Format_RGB32);
     image.fill(option.palette.color(QPalette::Window));
     QPainter painter(&image);
-    const WindowStyle style;
-    style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
-    painter.end();
+    draw(WindowStyle(), option, painter);
+    return image;
+}
+
+QColor edgeOf(const QImage& image) {
     return image.pixelColor(60, 0);
 }
 
+QColor groundOf(const QImage& image) {
+    return image.pixelColor(20, 13);
+}
+
+QImage popUp(QStyle::State state) {
+    return drawn<QStyleOptionComboBox>(
+        {}, state, [](const auto& style, const auto& option, QPainter& painter) {
+            style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
+        });
+}
+
+QImage button(const QPushButton& widget, QStyle::State state) {
+    return drawn<QStyleOptionButton>(
+        {}, state, [&](const auto& style, const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, &widget);
+        });
+}
+
+QColor roleColour(QPalette::ColorRole role) {
+    return QApplication::palette().color(role).rgb();
+}
+
+constexpr auto kEnabled = QStyle::State_Enabled;
+
 TEST(WindowStyle, EdgeOfAPopUpTellsThePointerAndTheKeyboard) {
-    const QPalette palette = QApplication::palette();
-    const auto enabled = QStyle::State_Enabled;
-    EXPECT_EQ(edgeOf(enabled), palette.color(QPalette::Mid));
-    EXPECT_EQ(edgeOf(enabled | QStyle::State_MouseOver),
-              palette.color(QPalette::PlaceholderText).rgb());
-    EXPECT_EQ(edgeOf(enabled | QStyle::State_HasFocus), palette.color(QPalette::Highlight));
-    EXPECT_EQ(edgeOf(enabled | QStyle::State_HasFocus | QStyle::State_MouseOver),
-              palette.color(QPalette::Highlight));
+    EXPECT_EQ(edgeOf(popUp(kEnabled)), roleColour(QPalette::Mid));
+    EXPECT_EQ(edgeOf(popUp(kEnabled | QStyle::State_MouseOver)),
+              roleColour(QPalette::PlaceholderText));
+    for (const auto pointer : {QStyle::State_None, QStyle::State_MouseOver})
+        EXPECT_EQ(edgeOf(popUp(kEnabled | QStyle::State_HasFocus | pointer)),
+                  roleColour(QPalette::Highlight));
+    EXPECT_EQ(edgeOf(popUp(QStyle::State_MouseOver)), roleColour(QPalette::Mid));
 }
 
 TEST(WindowStyle, TextOfAPopUpHasTheRoomBesideTheArrow) {
     QStyleOptionComboBox option;
-    option.rect = QRect(0, 0, 120, 26);
+    option.rect = kRect;
     EXPECT_EQ(WindowStyle().subControlRect(QStyle::CC_ComboBox, &option,
                                            QStyle::SC_ComboBoxEditField, nullptr),
               QRect(6, 0, 92, 26));
 }
 
-TEST(WindowStyle, DisabledPopUpDoesNotTellThePointer) {
-    EXPECT_EQ(edgeOf(QStyle::State_MouseOver), QApplication::palette().color(QPalette::Mid));
+TEST(WindowStyle, ButtonTellsItsKindAndItsState) {
+    const QPushButton plain;
+    QPushButton main;
+    main.setProperty("main", true);
+    QPushButton segment;
+    segment.setProperty("segment", true);
+    struct Case {
+        const char* name;
+        const QPushButton& button;
+        QStyle::State state;
+        QPalette::ColorRole ground;
+        QPalette::ColorRole edge;
+    };
+    using P = QPalette;
+    for (const Case& each : {
+             Case{"plain", plain, kEnabled, P::Button, P::Mid},
+             Case{"down", plain, kEnabled | QStyle::State_Sunken, P::Mid, P::Mid},
+             Case{"focused", plain, kEnabled | QStyle::State_HasFocus, P::Button, P::Highlight},
+             Case{"hovered", plain, kEnabled | QStyle::State_MouseOver, P::Button,
+                  P::PlaceholderText},
+             Case{"main", main, kEnabled, P::Highlight, P::Highlight},
+             Case{"main focused", main, kEnabled | QStyle::State_HasFocus, P::Highlight, P::Text},
+             Case{"main disabled", main, {}, P::Button, P::Mid},
+             Case{"segment", segment, kEnabled, P::Window, P::Window},
+             Case{"segment hovered", segment, kEnabled | QStyle::State_MouseOver, P::Mid,
+                  P::Window},
+             Case{"segment chosen", segment, kEnabled | QStyle::State_On, P::Highlight, P::Window},
+             Case{"segment focused", segment, kEnabled | QStyle::State_On | QStyle::State_HasFocus,
+                  P::Highlight, P::Text},
+         }) {
+        const QImage image = button(each.button, each.state);
+        EXPECT_EQ(groundOf(image), roleColour(each.ground)) << each.name;
+        EXPECT_EQ(edgeOf(image), roleColour(each.edge)) << each.name;
+    }
+}
+
+TEST(WindowStyle, LineTellsWhetherItCanBeEditedAndHasTheKeyboard) {
+    const auto line = [](QStyle::State state) {
+        return drawn<QStyleOptionFrame>(
+            {}, state, [](const auto& style, const auto& option, QPainter& painter) {
+                style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, nullptr);
+            });
+    };
+    EXPECT_EQ(groundOf(line(kEnabled)), roleColour(QPalette::Base));
+    EXPECT_EQ(edgeOf(line(kEnabled)), roleColour(QPalette::Mid));
+    EXPECT_EQ(edgeOf(line(kEnabled | QStyle::State_HasFocus)), roleColour(QPalette::Highlight));
+    const auto locked = kEnabled | QStyle::State_ReadOnly;
+    EXPECT_EQ(groundOf(line(locked)), roleColour(QPalette::Button));
+    EXPECT_EQ(edgeOf(line(locked)), roleColour(QPalette::Button));
+    EXPECT_EQ(edgeOf(line(locked | QStyle::State_HasFocus)), roleColour(QPalette::Highlight));
+}
+
+TEST(WindowStyle, PanelsAndTipsAreFilledAndEdged) {
+    QFrame panel;
+    panel.setProperty("panel", true);
+    QFrame segments;
+    segments.setProperty("segments", true);
+    const auto frame = [](const QWidget& widget) {
+        return drawn<QStyleOptionFrame>(
+            {}, kEnabled, [&](const auto& style, const auto& option, QPainter& painter) {
+                style.drawControl(QStyle::CE_ShapedFrame, &option, &painter, &widget);
+            });
+    };
+    const QImage tip = drawn<QStyleOptionFrame>(
+        {}, kEnabled, [](const auto& style, const auto& option, QPainter& painter) {
+            style.drawPrimitive(QStyle::PE_PanelTipLabel, &option, &painter, nullptr);
+        });
+    EXPECT_EQ(groundOf(frame(panel)), roleColour(QPalette::Base));
+    EXPECT_EQ(groundOf(frame(segments)), roleColour(QPalette::Button));
+    EXPECT_EQ(groundOf(tip), roleColour(QPalette::ToolTipBase));
+    for (const QImage& image : {frame(panel), frame(segments), tip})
+        EXPECT_EQ(edgeOf(image), roleColour(QPalette::Mid));
+}
+
+TEST(WindowStyle, LabelTakesItsColourAndWeightFromItsRole) {
+    struct Case {
+        const char* role;
+        QPalette::ColorRole colour;
+        bool isBold;
+    };
+    for (const Case& each : {Case{"heading", QPalette::WindowText, true},
+                             Case{"field", QPalette::PlaceholderText, false},
+                             Case{"hint", QPalette::PlaceholderText, false},
+                             Case{"trouble", QPalette::BrightText, false},
+                             Case{"notice", QPalette::WindowText, false}}) {
+        QLabel label;
+        label.setProperty("role", each.role);
+        label.ensurePolished();
+        EXPECT_EQ(label.foregroundRole(), each.colour) << each.role;
+        EXPECT_EQ(label.font().weight() == QFont::DemiBold, each.isBold) << each.role;
+    }
+}
+
+TEST(WindowStyle, MenuBarsButtonHasAnIconOfTheStyles) {
+    const QIcon icon =
+        WindowStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
+    EXPECT_EQ(icon.availableSizes(), QList<QSize>{QSize(12, 12)});
 }
 
 } // namespace
