@@ -1,10 +1,14 @@
-// A window without anything in it: what the toolkit alone takes to open one.
+// A window with one word in it: what the toolkit alone takes to open one and to draw a letter.
+#include "editor/qt/QtHelpers.h"
+
 #include <QApplication>
-#include <QWidget>
+#include <QLabel>
+#include <QMainWindow>
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    QWidget window;
+    QMainWindow window;
+    window.setCentralWidget(&scenewright::makeChild<QLabel>(QStringLiteral("Ready"), &window));
     window.show();
     return QApplication::exec();
 }

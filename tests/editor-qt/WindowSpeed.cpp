@@ -96,8 +96,8 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", "/nonexistent");
     qputenv("XDG_STATE_HOME", "/nonexistent");
     benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    scenewright::applyTheme(application, false);
+    const QApplication application(argc, argv);
+    scenewright::applyTheme(false);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
