@@ -7,6 +7,7 @@
 #include "model/Setting.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <charconv>
