@@ -99,7 +99,8 @@ TEST_F(ControlButtonTest, WhatDoesNotChangeIsNotPaintedAgain) {
     pad_.setImage("selected");
     pad_.setTitle("64");
     Paints paints(pad_);
-    paints.take();
+    while (paints.take() > 0) // the window may be exposed once more
+        continue;
     pad_.setImage("selected");
     pad_.setTitle("64");
     EXPECT_EQ(paints.take(), 0);

@@ -2,6 +2,7 @@
 #include "tests/support/Limits.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QPaintEvent>
 #include <QTest>
 
@@ -139,7 +140,16 @@ TEST_F(RepaintTest, ChoosingAControlPaintsItAndTheOneBefore) {
     EXPECT_LE(watch.of(window().list().viewport()).boundingRect().height(), 4 * row);
 }
 
+// As Qt does from some version on, whatever the box asks of it.
+bool toolkitMakesTheListWithTheFirstEntry() {
+    QComboBox box;
+    box.addItem("a");
+    return box.findChild<QAbstractItemView*>() != nullptr;
+}
+
 TEST_F(RepaintTest, ListOfAPopUpIsMadeWhenItIsOpened) {
+    if (toolkitMakesTheListWithTheFirstEntry())
+        GTEST_SKIP() << "Qt " << qVersion() << " makes a popup's list with its first entry.";
     const auto lists = window().findChildren<QAbstractItemView*>();
     EXPECT_EQ(lists, QList<QAbstractItemView*>{&window().list()});
 }
