@@ -164,21 +164,6 @@ class InstallPackages(ScriptTest):
                 self.assertEqual(done.returncode, 1)
                 self.assertEqual(done.stderr.splitlines()[-1], told)
 
-    def test_no_package_is_named_by_the_version_of_one_release(self):
-        """Libraries carry theirs; the packages to build with bring them along."""
-        versioned = re.compile(
-            r"^lib((?!-dev$).)*\d[a-z]?(t64)?$|^(g\+\+|gcc|clang[a-z-]*|python3\.)-?\d+$"
-        )
-        for name in ("libfmt9", "libplist3", "libqt6widgets6t64", "g++-12", "clang-tidy-14"):
-            self.assertRegex(name, versioned)
-        names = [
-            line.split()[1]
-            for line in (ROOT / "packaging/packages.txt").read_text().splitlines()
-            if line and not line.startswith("#")
-        ]
-        self.assertIn("libfmt-dev", names)
-        self.assertEqual([name for name in names if versioned.search(name)], [])
-
 
 class RunAndTest(ScriptTest):
     def setUp(self):
@@ -308,23 +293,6 @@ class RunAndTest(ScriptTest):
             target.chmod(0o755)
             done = self.run_script("test", f"--{option}", "7")
             self.assertEqual((done.returncode, done.stdout), (3, f"{target.name} 7\n"))
-
-
-class Presets(unittest.TestCase):
-    def variables(self, preset):
-        """What the preset sets, as cmake itself resolves it."""
-        command = ["cmake", "-S", ROOT, "--preset", preset, "-N"]
-        shown = subprocess.run(command, capture_output=True, text=True, check=True).stdout
-        return dict(re.findall(r'^  (\w+)="(.*)"$', shown, re.MULTILINE))
-
-    def test_a_warning_stops_developers_and_nobody_who_builds_to_use(self):
-        for preset in ("dev", "tsan", "fuzz", "coverage"):
-            self.assertEqual(self.variables(preset)["SCENEWRIGHT_WERROR"], "ON", preset)
-        for preset in ("release", "bench"):
-            self.assertEqual(self.variables(preset)["CMAKE_BUILD_TYPE"], "Release")
-            self.assertNotIn("SCENEWRIGHT_WERROR", self.variables(preset), preset)
-        options = (ROOT / "CMakeLists.txt").read_text()
-        self.assertRegex(options, r"option\(SCENEWRIGHT_WERROR .* OFF\)")
 
 
 class Quick(ScriptTest):
