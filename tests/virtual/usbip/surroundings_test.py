@@ -77,8 +77,16 @@ class StandardError(Case):
 
 
 class Trace(Case):
-    def name_of(self, path, why):
-        return f"{path}: not all of the trace could be written: {why}"
+    def ask_often(self, server, times):
+        with import_device(server.port) as host:
+            for _ in range(times):
+                host.send(usbip.describe(9))
+                host.receive(48 + 101)
+
+    def check_serves_and_tells(self, server, path, why):
+        self.check_serves(server)
+        self.assertEqual(server.end(), 1)
+        self.assertEqual(self.told()[-1], f"{path}: not all of the trace could be written: {why}")
 
     def test_pipe_without_a_reader_is_refused(self):
         pipe = self.file("pipe")
@@ -94,14 +102,8 @@ class Trace(Case):
         reader = os.open(pipe, os.O_RDONLY | os.O_NONBLOCK)
         self.addCleanup(os.close, reader)
         server = self.serve_told("--trace", pipe)
-        with import_device(server.port) as host:
-            self.assertEqual(host.handshake(), REPLY)
-            for _ in range(2000):
-                host.send(usbip.describe(9))
-                host.receive(48 + 101)
-        self.check_serves(server)
-        self.assertEqual(server.end(), 1)
-        self.assertEqual(self.told()[-1], self.name_of(pipe, "it is not read fast enough"))
+        self.ask_often(server, 2000)
+        self.check_serves_and_tells(server, pipe, "it is not read fast enough")
 
     def test_reader_that_left_and_full_disk_are_told_at_the_end(self):
         pipe = self.file("pipe")
@@ -112,31 +114,21 @@ class Trace(Case):
                 server = self.serve_told("--trace", path)
                 if path == pipe:
                     os.close(reader)
-                self.check_serves(server)
-                self.assertEqual(server.end(), 1)
-                self.assertEqual(self.told()[-1], self.name_of(path, why))
+                self.check_serves_and_tells(server, path, why)
 
     def test_limit_of_a_files_size_ends_nothing(self):
         trace = self.file("trace")
         server = self.serve_told("--trace", trace,
                                  preexec_fn=limited(resource.RLIMIT_FSIZE, 20000))
-        with import_device(server.port) as host:
-            for _ in range(200):
-                host.send(usbip.describe(9))
-                host.receive(48 + 101)
-        self.check_serves(server)
-        self.assertEqual(server.end(), 1)
-        self.assertEqual(self.told()[-1], self.name_of(trace, "File too large"))
+        self.ask_often(server, 200)
+        self.check_serves_and_tells(server, trace, "File too large")
         self.assertEqual(os.path.getsize(trace), 20000)
 
     def test_slow_reader_gets_every_line(self):
         reader, writer = os.pipe()  # the file object below closes the reader
         server = self.serve("--trace", "-", stdout=writer)
         os.close(writer)
-        with import_device(server.port) as host:
-            for _ in range(1000):  # more than the pipe holds
-                host.send(usbip.describe(9))
-                host.receive(48 + 101)
+        self.ask_often(server, 1000)  # more than the pipe holds
         with open(reader, "rb") as lines:
             for _ in range(1000):
                 self.assertTrue(lines.readline().startswith(b"9 ep0 in ok 101 (80 06"))
@@ -165,9 +157,7 @@ class Trace(Case):
 
     def test_standard_output_that_is_closed_is_told(self):
         server = self.serve_told("--trace", "-", preexec_fn=lambda: os.close(1))
-        self.check_serves(server)
-        self.assertEqual(server.end(), 1)
-        self.assertEqual(self.told()[-1], self.name_of("-", "Bad file descriptor"))
+        self.check_serves_and_tells(server, "-", "Bad file descriptor")
 
 
 class Bank(Case):
