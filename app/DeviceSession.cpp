@@ -1,7 +1,7 @@
 #include "app/DeviceSession.h"
 
 #include "bank/BankFile.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 
 namespace scenewright {
 

@@ -5,8 +5,8 @@
 #include "app/WindowAction.h"
 #include "bank/Difference.h"
 #include "model/PopUpValue.h"
-#include "protocol/ReadTransaction.h"
 #include "protocol/SceneImage.h"
+#include "protocol/Transactions.h"
 
 #include <vector>
 

@@ -2,9 +2,9 @@
 
 #include "app/ListCheck.h"
 #include "app/VirtualBank.h"
-#include "platform/DiagnosticSinks.h"
+#include "platform/Diagnostics.h"
 #include "platform/Resources.h"
-#include "usb/DeviceList.h"
+#include "usb/AttachedDevices.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

@@ -4,8 +4,8 @@
 #include "model/FileAction.h"
 #include "model/PopUpValue.h"
 #include "platform/Resources.h"
-#include "platform/Translator.h"
-#include "usb/DeviceList.h"
+#include "platform/Text.h"
+#include "usb/AttachedDevices.h"
 
 #include <algorithm>
 #include <cstddef>

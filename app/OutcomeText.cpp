@@ -1,6 +1,6 @@
 #include "app/OutcomeText.h"
 
-#include "platform/Translator.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <algorithm>

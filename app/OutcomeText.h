@@ -1,10 +1,10 @@
 // What a device operation did, in words for the person who asked for it: the one place where window
 // and command line get their sentences, cures and exit codes from.
 //
-// In the person's language, as platform/Translator.h has it. Sentences end without a full stop.
+// In the person's language, as platform/Text.h has it. Sentences end without a full stop.
 #pragma once
 
-#include "protocol/Outcome.h"
+#include "protocol/Connection.h"
 
 #include <cstddef>
 #include <cstdint>

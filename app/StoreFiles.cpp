@@ -2,10 +2,22 @@
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
+#include "model/Control.h"
 #include "model/Setting.h"
-#include "platform/Translator.h"
+#include "platform/AtomicFile.h"
+#include "platform/Resources.h"
+#include "platform/Text.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
 
 namespace scenewright {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -28,6 +40,44 @@ Result<void> checkUnused(std::vector<NamedFile> files, const std::filesystem::pa
         sourceText("scenewright::File",
                    "Cannot write {}: the program itself uses this file; choose another name."),
         file.string()));
+}
+
+using std::chrono::milliseconds;
+using Time = BackupStore::Clock::time_point;
+
+// The time in UTC, so that names sort by it: "scenes-20260131T235959.123Z.bank".
+constexpr std::string_view kBeforeTime = "scenes-";
+constexpr std::string_view kAfterTime = "Z.bank";
+constexpr const char* kTimeForm = "%Y%m%dT%H%M%S";
+constexpr std::size_t kWholeSeconds = 15; // letters of that form
+constexpr std::size_t kNameLetters =
+    kBeforeTime.size() + kWholeSeconds + std::string_view(".123").size() + kAfterTime.size();
+
+std::string nameFor(Time time) {
+    const auto sinceEpoch = std::chrono::floor<milliseconds>(time.time_since_epoch());
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+    const std::tm utc = fmt::gmtime(static_cast<std::time_t>(seconds.count()));
+    return fmt::format("{}{:%Y%m%dT%H%M%S}.{:03}{}", kBeforeTime, utc,
+                       (sinceEpoch - seconds).count(), kAfterTime);
+}
+
+// Nothing for a name that nameFor() does not give.
+std::optional<Time> timeOf(const std::string& name) {
+    if (name.size() != kNameLetters || !name.starts_with(kBeforeTime) ||
+        !name.ends_with(kAfterTime))
+        return std::nullopt;
+    std::tm utc{};
+    const char* end = strptime(name.c_str() + kBeforeTime.size(), kTimeForm, &utc);
+    if (end == nullptr || *end != '.')
+        return std::nullopt;
+    const Time time = BackupStore::Clock::from_time_t(timegm(&utc)) +
+                      milliseconds(std::strtol(end + 1, nullptr, 10));
+    return nameFor(time) == name ? std::optional(time) : std::nullopt;
+}
+
+bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
+    const auto kept = readFile(file, bytes.size());
+    return kept && std::ranges::equal(*kept, bytes);
 }
 
 } // namespace
@@ -85,6 +135,48 @@ Result<void> StoreFiles::saveScene(const std::filesystem::path& file, std::int32
     return checkUnused(used_, file).and_then([&] {
         return writeScene(file, *WindowAction::getSceneWithIndex(index), lists);
     });
+}
+
+std::optional<fs::path> BackupStore::stateFolder() {
+    if (const auto state = xdgFolder(XdgFolder::State))
+        return *state / "backups";
+    return std::nullopt;
+}
+
+std::optional<std::string> BackupStore::keep(const SceneList& scenes, Clock::time_point now) const {
+    if (scenes.size() < static_cast<std::size_t>(kSceneCount))
+        return std::nullopt;
+    if (!folder_)
+        return "there is no home folder to keep them in";
+    const BankImage image = encodeBank(scenes);
+    const std::vector<Bank> kept = list();
+    if (!kept.empty() && isSame(kept.front().file, image))
+        return std::nullopt;
+    std::error_code error;
+    fs::create_directories(*folder_, error);
+    if (error)
+        return fmt::format("{}: {}", folder_->string(), error.message());
+    // A clock that was set back, or that has not moved, must not put the newest bank elsewhere.
+    if (!kept.empty())
+        now = std::max(now, kept.front().kept + milliseconds(1));
+    if (const auto replaced = replaceFile(*folder_ / nameFor(now), image); !replaced)
+        return replaced.error();
+    for (std::size_t place = kMax - 1; place < kept.size(); ++place)
+        fs::remove(kept[place].file, error);
+    return std::nullopt;
+}
+
+std::vector<BackupStore::Bank> BackupStore::list() const {
+    std::vector<Bank> banks;
+    std::error_code error;
+    if (!folder_)
+        return banks;
+    for (fs::directory_iterator entry(*folder_, error), end; !error && entry != end;
+         entry.increment(error))
+        if (const auto time = timeOf(entry->path().filename().string()))
+            banks.push_back({entry->path(), *time});
+    std::ranges::sort(banks, std::ranges::greater(), &Bank::kept);
+    return banks;
 }
 
 } // namespace scenewright

@@ -3,7 +3,6 @@
 #include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
-#include "bank/BankImageReader.h"
 #include "bank/JsonTree.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"

@@ -5,7 +5,7 @@
 
 #include "platform/Result.h"
 #include "protocol/SceneImage.h"
-#include "virtual/BankFileStore.h"
+#include "virtual/VirtualHost.h"
 
 #include <string>
 

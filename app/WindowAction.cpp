@@ -4,8 +4,7 @@
 #include "model/FileAction.h"
 #include "model/MessageValue.h"
 #include "model/PopUpValue.h"
-#include "protocol/ReadTransaction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 
 #include <fmt/printf.h>
 

@@ -4,7 +4,7 @@
 
 #include "model/MessageValue.h"
 #include "model/SceneValue.h"
-#include "protocol/Outcome.h"
+#include "protocol/Connection.h"
 
 #include <cstdint>
 #include <functional>

@@ -13,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace scenewright {
@@ -56,5 +57,19 @@ struct BankFile {
 [[nodiscard]] Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path);
 [[nodiscard]] Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
                                       const PopUpValue& lists);
+
+// No scene when `trouble` says in one phrase what is wrong and where, as in
+// "scenes[1].pads[3].CR is missing". The scenes are what a read of the same image gives.
+struct BankContent {
+    SceneList scenes;
+    std::optional<std::string> trouble;
+};
+
+// The phrase for a setting without a value: `found` is what stands at its place instead.
+[[nodiscard]] std::string notAValue(std::string_view place, std::string_view found);
+
+// Four scenes, for exactly 1012 bytes; logs nothing. Stricter than the parse of what a controller
+// sent, which takes a byte from 0x80 up as 0: a file must say what it means.
+[[nodiscard]] BankContent readBankImage(std::span<const std::uint8_t> bytes);
 
 } // namespace scenewright

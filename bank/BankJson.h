@@ -9,7 +9,7 @@
 // ignores: the writer puts each value's title under "//" and the field's name.
 #pragma once
 
-#include "bank/BankContent.h"
+#include "bank/BankFile.h"
 #include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"

@@ -1,9 +1,8 @@
 #include "bank/BankJson.h"
 #include "bank/JsonTree.h"
-#include "bank/MessageText.h"
-#include "bank/NameText.h"
+#include "bank/SettingText.h"
 #include "model/Setting.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <fmt/format.h>

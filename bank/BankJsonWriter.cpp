@@ -1,6 +1,5 @@
 #include "bank/BankJson.h"
 #include "bank/JsonTree.h"
-#include "bank/NameText.h"
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"

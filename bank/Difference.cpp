@@ -1,8 +1,8 @@
 #include "bank/Difference.h"
 
 #include "bank/JsonTree.h"
-#include "bank/NameText.h"
-#include "platform/Translator.h"
+#include "bank/SettingText.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

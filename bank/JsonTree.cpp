@@ -1,7 +1,7 @@
 #include "bank/JsonTree.h"
 
-#include "bank/MessageText.h"
-#include "platform/Translator.h"
+#include "bank/SettingText.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>

@@ -1,8 +1,8 @@
 #include "bank/Path.h"
 
-#include "bank/MessageText.h"
+#include "bank/SettingText.h"
 #include "model/Setting.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

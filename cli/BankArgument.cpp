@@ -5,7 +5,7 @@
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
 #include <fmt/format.h>
 

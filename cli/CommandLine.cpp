@@ -1,5 +1,5 @@
 #include "cli/Command.h"
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
 namespace scenewright {
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "usb/AttachedDevices.h"
-#include "usb/DeviceList.h"
 
 #include <filesystem>
 #include <span>

@@ -4,7 +4,7 @@
 #include "cli/Command.h"
 #include "cli/TransferWatch.h"
 #include "platform/MainQueue.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 
 #include <string>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "app/OutcomeText.h"
 #include "cli/Command.h"
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
 #include <fmt/format.h>
 

@@ -1,10 +1,9 @@
 #include "app/ListCheck.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "platform/DiagnosticSinks.h"
+#include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
-#include "platform/ProgramMain.h"
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 #include "usb/Shutdown.h"
 
 #include <new>

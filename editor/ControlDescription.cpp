@@ -2,7 +2,7 @@
 
 #include "model/Control.h"
 #include "model/Setting.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 #include <fmt/printf.h>

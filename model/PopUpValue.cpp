@@ -1,7 +1,7 @@
 #include "model/PopUpValue.h"
 
 #include "platform/Resources.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cstddef>

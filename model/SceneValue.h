@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/Property.h"
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cstddef>

@@ -9,7 +9,7 @@
 #include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cstddef>

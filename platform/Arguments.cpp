@@ -1,6 +1,6 @@
 #include "platform/Arguments.h"
 
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

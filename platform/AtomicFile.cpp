@@ -1,9 +1,8 @@
 #include "platform/AtomicFile.h"
 
-#include "platform/ExtendedAttributes.h"
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "platform/TemporaryFile.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cerrno>

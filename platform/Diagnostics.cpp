@@ -1,8 +1,19 @@
 #include "platform/Diagnostics.h"
 
+#include "platform/NamedFiles.h"
+#include "platform/Process.h"
+
 #include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <memory>
 #include <mutex>
+#include <string_view>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -35,6 +46,91 @@ Stream& consoleStream() {
 Stream& logStream() {
     static Stream stream;
     return stream;
+}
+
+constexpr mode_t kNewFileMode = 0666; // before the process's umask
+
+// A stream's file and what became of it.
+class StreamFile {
+public:
+    StreamFile(std::string name, FileDescriptor file)
+        : name_(std::move(name)), file_(std::move(file)) {}
+
+    void write(std::string_view text) noexcept {
+        if (!writeOrDrop(file_.get(), text))
+            isWhole_ = false;
+    }
+    [[nodiscard]] bool isWhole() const noexcept { return isWhole_; }
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+
+private:
+    std::string name_;
+    FileDescriptor file_;
+    std::atomic<bool> isWhole_ = true;
+};
+
+// The files that the streams were sent to, for the end of the program.
+std::vector<std::shared_ptr<StreamFile>>& streamFiles() {
+    static std::vector<std::shared_ptr<StreamFile>> files;
+    return files;
+}
+
+std::string asOneLine(std::string_view line) {
+    std::string text;
+    text.reserve(line.size() + 1);
+    for (const char c : line) {
+        if (c == '\n')
+            text += "\\n";
+        else
+            text += c;
+    }
+    text += '\n';
+    return text;
+}
+
+std::string cannotWrite(const std::string& name, const std::string& why) {
+    return "Cannot write " + name + ": " + why + ".";
+}
+
+Diagnostics::Sink consoleSinkOf(std::shared_ptr<StreamFile> file) {
+    return [file = std::move(file)](std::string_view text) { file->write(text); };
+}
+
+Diagnostics::Sink logSinkOf(std::shared_ptr<StreamFile> file) {
+    return [file = std::move(file)](std::string_view line) { file->write(asOneLine(line)); };
+}
+
+// Empties or makes the file; each piece then goes to its end.
+Result<FileDescriptor> openStreamFile(const std::string& name) {
+    const auto descriptor = namedDescriptor(name);
+    // Not waiting for a reader is the file's own flag here; a descriptor's is shared with others.
+    const int fd = descriptor
+                       ? ::fcntl(*descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
+                       : ::open(name.c_str(),
+                                O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                                kNewFileMode);
+    FileDescriptor file(fd);
+    if (!file.isOpen())
+        return failure(cannotWrite(name, errno == ENXIO ? "nobody reads this pipe"
+                                                        : std::generic_category().message(errno)));
+    struct stat status {};
+    if (!descriptor && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+        ::ftruncate(file.get(), 0) != 0)
+        return failure(cannotWrite(name, std::generic_category().message(errno)));
+    return file;
+}
+
+using MakeSink = Diagnostics::Sink (*)(std::shared_ptr<StreamFile>);
+using SetSink = void (*)(Diagnostics::Sink);
+
+Result<void> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink) {
+    auto opened = openStreamFile(name);
+    if (!opened)
+        return failure(opened.error());
+    auto file = std::make_shared<StreamFile>(name, std::move(*opened));
+    streamFiles().push_back(file);
+    setSink(makeSink(std::move(file)));
+    return {};
 }
 
 } // namespace
@@ -70,6 +166,39 @@ std::string hexDump(std::span<const std::uint8_t> bytes) {
         text += ' ';
     }
     return text;
+}
+
+Diagnostics::Sink consoleSink(int fd) {
+    return [fd](std::string_view text) { writeOrDrop(fd, text); };
+}
+
+Diagnostics::Sink logSink(int fd) {
+    return [fd](std::string_view line) { writeOrDrop(fd, asOneLine(line)); };
+}
+
+Result<void> sendConsoleTo(const std::string& name) {
+    if (name == "-") {
+        Diagnostics::setConsole(consoleSink(STDERR_FILENO));
+        return {};
+    }
+    return sendTo(name, &consoleSinkOf, &Diagnostics::setConsole);
+}
+
+Result<void> sendLogTo(const std::string& name) {
+    if (name == "-") {
+        Diagnostics::setLog(logSink(STDERR_FILENO));
+        return {};
+    }
+    return sendTo(name, &logSinkOf, &Diagnostics::setLog);
+}
+
+Result<void> endDiagnostics() {
+    Diagnostics::setConsole({});
+    Diagnostics::setLog({});
+    for (const auto& file : std::exchange(streamFiles(), {}))
+        if (!file->isWhole())
+            return failure(file->name() + ": not all of it could be written");
+    return {};
 }
 
 } // namespace scenewright

@@ -41,4 +41,11 @@ public:
     static std::size_t waitAndPump(std::chrono::milliseconds limit);
 };
 
+// Suspends the calling thread for at least the given time; what paces packets takes it as a
+// function so that tests need not wait for it. Any thread may call it.
+using Sleep = std::function<void(std::chrono::nanoseconds)>;
+
+// The real pause: the kernel's sleep, never a spin.
+void sleepFor(std::chrono::nanoseconds duration);
+
 } // namespace scenewright

@@ -1,6 +1,4 @@
-#include "platform/ProgramMain.h"
-
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
 #include <algorithm>
 #include <array>

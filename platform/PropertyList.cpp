@@ -1,7 +1,6 @@
 #include "platform/PropertyList.h"
 
-#include "platform/FileDescriptor.h"
-#include "platform/PropertyListForms.h"
+#include "platform/Process.h"
 
 #include <fmt/format.h>
 

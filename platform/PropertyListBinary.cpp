@@ -1,4 +1,4 @@
-#include "platform/PropertyListForms.h"
+#include "platform/PropertyList.h"
 
 #include <algorithm>
 #include <bit>

@@ -6,6 +6,7 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <pthread.h>
@@ -13,6 +14,8 @@
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/types.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace scenewright {
@@ -81,6 +84,51 @@ bool isOursAlone(int fd) {
     struct stat status {};
     static_cast<void>(::flock(fd, LOCK_EX));
     return ::fstat(fd, &status) == 0 && status.st_nlink > 0;
+}
+
+constexpr const char* kAccessList = "system.posix_acl_access";
+constexpr std::string_view kUsers = "user.";
+constexpr int kMaxTries = 8; // of reading what another program changes
+
+// What `read(buffer, size)` gives, which tells the size when it is given none. A negative result
+// stays so, with errno's value.
+template <typename Read>
+ssize_t readWhole(std::string& content, Read read) {
+    for (int i = 0; i < kMaxTries; ++i) {
+        const ssize_t size = read(nullptr, 0);
+        if (size <= 0)
+            return size;
+        content.resize(static_cast<std::size_t>(size));
+        const ssize_t count = read(content.data(), content.size());
+        if (count >= 0)
+            content.resize(static_cast<std::size_t>(count));
+        if (count >= 0 || errno != ERANGE)
+            return count;
+    }
+    return -1;
+}
+
+bool isUnknown(int error) {
+    return error == ENOTSUP || error == ENOSYS;
+}
+
+int copyAttribute(const std::filesystem::path& from, int to, const char* name) {
+    std::string value;
+    const ssize_t size = readWhole(value, [&](char* buffer, std::size_t room) {
+        return ::getxattr(from.c_str(), name, buffer, room);
+    });
+    if (size < 0)
+        return errno;
+    return ::fsetxattr(to, name, value.data(), value.size(), 0) == 0 ? 0 : errno;
+}
+
+int copyAccessList(const std::filesystem::path& from, int to) {
+    const int error = copyAttribute(from, to, kAccessList);
+    if (error != ENODATA)
+        return isUnknown(error) ? 0 : error;
+    if (::fremovexattr(to, kAccessList) == 0 || errno == ENODATA || isUnknown(errno))
+        return 0;
+    return errno;
 }
 
 } // namespace
@@ -165,6 +213,25 @@ int TemporaryFile::moveTo(const fs::path& target) {
         if (const int error = giveName(); error != 0)
             return error;
     return name_->renameTo(target);
+}
+
+int copyAttributes(const std::filesystem::path& from, int to) {
+    if (const int error = copyAccessList(from, to); error != 0)
+        return error;
+    std::string names;
+    const ssize_t size = readWhole(names, [&](char* buffer, std::size_t room) {
+        return ::listxattr(from.c_str(), buffer, room);
+    });
+    if (size < 0)
+        return isUnknown(errno) ? 0 : errno;
+    for (std::size_t at = 0; at < names.size(); at += std::strlen(names.c_str() + at) + 1) {
+        const char* const name = names.c_str() + at;
+        if (!std::string_view(name).starts_with(kUsers))
+            continue;
+        if (const int error = copyAttribute(from, to, name); error != 0 && error != ENODATA)
+            return error;
+    }
+    return 0;
 }
 
 } // namespace scenewright

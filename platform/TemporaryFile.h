@@ -1,7 +1,7 @@
 // A new file that has no place yet, and goes with its object unless it is given one.
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "platform/Result.h"
 
 #include <chrono>
@@ -85,5 +85,11 @@ private:
     std::unique_ptr<EndWaits> endWaits_; // outlives the name
     std::optional<Name> name_;
 };
+
+// Gives the open file `to` what the file `from` has beside its content, its owner and its mode: the
+// list of further users and groups that may use it (an access ACL) and its user's attributes. Takes
+// away a list that `to` has from its folder and `from` has not. 0, or errno's value. A file system
+// that has neither is no error. Any thread.
+[[nodiscard]] int copyAttributes(const std::filesystem::path& from, int to);
 
 } // namespace scenewright

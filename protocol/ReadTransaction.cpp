@@ -1,12 +1,11 @@
-#include "protocol/ReadTransaction.h"
-
 #include "model/Control.h"
 #include "model/MessageValue.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
-#include "protocol/Handshake.h"
+#include "protocol/Connection.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
+#include "protocol/Transactions.h"
 #include "usb/InterfaceAction.h"
 
 #include <algorithm>

@@ -1,9 +1,8 @@
 #include "protocol/SceneAction.h"
 
-#include "protocol/Handshake.h"
-#include "protocol/ReadTransaction.h"
+#include "protocol/Connection.h"
 #include "protocol/SceneImage.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 
 namespace scenewright {
 

@@ -18,13 +18,13 @@ public:
     // Sets all fields but ButtonID to kFieldAbsent and gives the same record back.
     static std::shared_ptr<ButtonValue> initButton(std::shared_ptr<ButtonValue> button);
 
-    // One handshake; see Handshake.h.
+    // One handshake; see Connection.h.
     [[nodiscard]] static bool HandshakeOperation();
 
-    // See ReadTransaction.h.
+    // See Transactions.h.
     [[nodiscard]] static SceneList GetSceneFromDevice();
 
-    // See SendTransaction.h.
+    // See Transactions.h.
     static void SendSceneToDevice(const SceneList& scenes);
 };
 

@@ -1,6 +1,7 @@
 #include "usb/AttachedDevices.h"
 
-#include "platform/ReadableText.h"
+#include "platform/Resources.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 
@@ -19,6 +20,12 @@ namespace scenewright {
 namespace fs = std::filesystem;
 
 namespace {
+
+// An identifier of 16 bits; nothing for an entry without one.
+std::optional<std::int32_t> identifier(const PropertyValue& value) {
+    const std::optional<std::int32_t> number = value.number();
+    return number && *number >= 0 && *number <= 0xFFFF ? number : std::nullopt;
+}
 
 constexpr int kDecimal = 10;
 constexpr int kHexadecimal = 16;
@@ -109,6 +116,24 @@ KeyboardPresence presenceOf(AttachedDevice::Access access) {
 }
 
 } // namespace
+
+std::vector<DeviceIds> deviceList() {
+    return readDeviceList().value_or(std::vector<DeviceIds>{});
+}
+
+Result<std::vector<DeviceIds>> readDeviceList() {
+    std::vector<DeviceIds> list;
+    const auto entries = Resources::read("project");
+    if (!entries)
+        return failure(entries.error());
+    for (const PropertyValue& entry : entries->elements()) {
+        const auto vendor = identifier(entry["VID"]);
+        const auto product = identifier(entry["PID"]);
+        if (vendor && product)
+            list.push_back({.vendor = *vendor, .product = *product});
+    }
+    return list;
+}
 
 std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
     std::vector<AttachedDevice> devices;

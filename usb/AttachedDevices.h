@@ -1,10 +1,10 @@
-// The USB devices that are attached now, as the kernel shows them in sysfs, and when that changes.
+// The USB devices that are attached now, as the kernel shows them in sysfs, and when that changes;
+// which of them are keyboards, as project.plist lists those that are accepted.
 //
 // Nothing is opened and no device is disturbed. Needs no permission.
 #pragma once
 
 #include "platform/Result.h"
-#include "usb/DeviceList.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -16,6 +16,18 @@
 struct udev_monitor;
 
 namespace scenewright {
+
+struct DeviceIds {
+    std::int32_t vendor = 0;
+    std::int32_t product = 0;
+    friend bool operator==(const DeviceIds&, const DeviceIds&) = default;
+};
+
+// The keyboards that are accepted, in the order of the list, as its file is now; empty when it is
+// missing or cannot be read. An entry without two identifiers of 16 bits is none.
+[[nodiscard]] std::vector<DeviceIds> deviceList();
+// The same, or one sentence that names the file.
+[[nodiscard]] Result<std::vector<DeviceIds>> readDeviceList();
 
 struct AttachedDevice {
     // In the order of use to a person.

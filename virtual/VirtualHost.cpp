@@ -1,12 +1,55 @@
 #include "virtual/VirtualHost.h"
 
-#include "virtual/VirtualBus.h"
+#include "platform/AtomicFile.h"
 
 #include <algorithm>
 #include <array>
+#include <condition_variable>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
 #include <utility>
 
 namespace scenewright {
+
+// The wire between the in-process host and the virtual controller: what all handles of a host
+// share. Every operation may be called from any thread.
+class VirtualBus {
+public:
+    VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
+               VirtualIdentity identity);
+
+    [[nodiscard]] const VirtualIdentity& identity() const noexcept { return identity_; }
+    [[nodiscard]] bool isPresent() const;
+
+    // Exclusive use by `owner`, which is only compared; busy while another owner has it.
+    ResultCode claim(const void* owner);
+    // Ends a read of the owner, and returns when it has ended.
+    void unclaim(const void* owner);
+
+    // Both need the owner's claim.
+    ResultCode write(const void* owner, std::span<const std::uint8_t> bytes);
+    // Ends with kResultCancelled when the owner gives its claim up meanwhile.
+    UsbRead read(const void* owner, std::span<std::uint8_t> room);
+
+    [[nodiscard]] std::optional<std::string> storageError() const;
+
+private:
+    // Nothing as long as there is a reason to wait.
+    [[nodiscard]] std::optional<UsbRead> tryRead(const void* owner, std::span<std::uint8_t> room);
+
+    mutable std::mutex mutex_; // guards all below but identity_
+    std::condition_variable changed_;
+    std::shared_ptr<VirtualController> device_;
+    BankFileStore keeper_;
+    const VirtualIdentity identity_;
+    const void* owner_ = nullptr;
+    int reads_ = 0; // going on now
+};
 
 namespace {
 
@@ -91,6 +134,111 @@ private:
 };
 
 } // namespace
+
+Result<void> BankFileStore::storeImage(const std::filesystem::path& file, const BankImage& bank) {
+    return replaceFile(file, bank).map([](const Replaced&) {});
+}
+
+void BankFileStore::afterTransfer(const VirtualController& controller) {
+    if (sendsKept_ == controller.sendsEnded())
+        return;
+    sendsKept_ = controller.sendsEnded();
+    if (file_.empty())
+        return;
+    const auto stored = store_(file_, controller.bank());
+    trouble_ = stored ? std::nullopt : std::optional(stored.error());
+}
+
+VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
+                       VirtualIdentity identity)
+    : device_(std::move(device)), keeper_(std::move(keeper)), identity_(identity) {}
+
+bool VirtualBus::isPresent() const {
+    const std::lock_guard lock(mutex_);
+    return device_->isPresent();
+}
+
+ResultCode VirtualBus::claim(const void* owner) {
+    const std::lock_guard lock(mutex_);
+    if (!device_->isPresent())
+        return kResultNoDevice;
+    if (owner_ != nullptr && owner_ != owner)
+        return kResultBusy;
+    if (owner_ == nullptr) {
+        // Taking an interface sets its alternate setting, which ends a halt.
+        device_->clearHalt(VirtualController::Pipe::In);
+        device_->clearHalt(VirtualController::Pipe::Out);
+    }
+    owner_ = owner;
+    return kResultSuccess;
+}
+
+void VirtualBus::unclaim(const void* owner) {
+    std::unique_lock lock(mutex_);
+    if (owner_ != owner)
+        return;
+    owner_ = nullptr;
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return reads_ == 0; });
+}
+
+ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> bytes) {
+    const std::lock_guard lock(mutex_);
+    if (owner_ != owner)
+        return kResultNotOpen;
+    const auto result = device_->receive(bytes);
+    keeper_.afterTransfer(*device_);
+    changed_.notify_all();
+    switch (result) {
+    case VirtualController::WriteResult::Taken:
+        return kResultSuccess;
+    case VirtualController::WriteResult::Failed:
+        return kResultInputOutput;
+    case VirtualController::WriteResult::Halted:
+        return kResultStall;
+    case VirtualController::WriteResult::Gone:
+        return kResultNoDevice;
+    }
+    return kResultOther;
+}
+
+UsbRead VirtualBus::read(const void* owner, std::span<std::uint8_t> room) {
+    std::unique_lock lock(mutex_);
+    if (owner_ != owner)
+        return {.delivered = 0, .code = kResultNotOpen};
+    ++reads_;
+    UsbRead moved;
+    changed_.wait(lock, [&] {
+        const auto outcome = tryRead(owner, room);
+        moved = outcome.value_or(UsbRead{});
+        return outcome.has_value();
+    });
+    --reads_;
+    changed_.notify_all();
+    return moved;
+}
+
+std::optional<UsbRead> VirtualBus::tryRead(const void* owner, std::span<std::uint8_t> room) {
+    if (owner_ != owner)
+        return UsbRead{.delivered = 0, .code = kResultCancelled};
+    if (!device_->isPresent())
+        return UsbRead{.delivered = 0, .code = kResultNoDevice};
+    if (device_->isHalted(VirtualController::Pipe::In))
+        return UsbRead{.delivered = 0, .code = kResultStall};
+    const auto reply = device_->nextReply();
+    if (!reply)
+        return std::nullopt;
+    // A bus cannot cut a transfer to the room: it has none for the rest.
+    if (reply->size() > room.size())
+        return UsbRead{.delivered = 0, .code = kResultOverflow};
+    std::ranges::copy(*reply, room.begin());
+    return UsbRead{.delivered = reply->size(), .code = kResultSuccess};
+}
+
+std::optional<std::string> VirtualBus::storageError() const {
+    const std::lock_guard lock(mutex_);
+    return keeper_.trouble();
+}
 
 UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
     const VirtualIdentity& identity = bus_->identity();

@@ -2,7 +2,7 @@
 
 #include "app/OutcomeText.h"
 #include "editor/qt/QtHelpers.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 
 #include <QSocketNotifier>
 

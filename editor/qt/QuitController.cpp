@@ -1,7 +1,7 @@
 #include "editor/qt/QuitController.h"
 
 #include "platform/MainQueue.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "usb/Transport.h"
 
 #include <QCoreApplication>

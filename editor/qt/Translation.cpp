@@ -1,7 +1,7 @@
 #include "editor/qt/Translation.h"
 
 #include "platform/Resources.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

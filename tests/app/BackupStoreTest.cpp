@@ -1,5 +1,4 @@
-#include "app/BackupStore.h"
-
+#include "app/StoreFiles.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "tests/support/TempFolder.h"

@@ -2,7 +2,7 @@
 
 #include "bank/BankFile.h"
 #include "platform/MainQueue.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 

@@ -4,7 +4,7 @@
 #include "bank/BankFile.h"
 #include "platform/Resources.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

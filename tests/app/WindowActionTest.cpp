@@ -5,7 +5,7 @@
 #include "model/PopUpValue.h"
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

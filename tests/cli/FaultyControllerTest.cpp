@@ -1,7 +1,7 @@
 // Commands on a controller that does not do as it is told, in this process.
 
 #include "model/MessageValue.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/cli/ChosenCommand.h"
 #include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"

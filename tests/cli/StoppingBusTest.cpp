@@ -2,8 +2,8 @@
 // says, its exit code, its files, and whether the interface is given back. Each case is a process
 // of its own, as a controller that is silent keeps a command until a signal ends it.
 
-#include "platform/FileDescriptor.h"
-#include "protocol/SendTransaction.h"
+#include "platform/Process.h"
+#include "protocol/Transactions.h"
 #include "tests/cli/BankProgram.h"
 #include "tests/cli/ChosenCommand.h"
 #include "usb/Shutdown.h"

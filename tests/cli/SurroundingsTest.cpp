@@ -1,7 +1,7 @@
 // The program in surroundings that fail it: streams that are closed, full or left by their reader,
 // small limits, files under several names, other writers, signals.
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "tests/cli/BankProgram.h"
 
 #include <gtest/gtest.h>

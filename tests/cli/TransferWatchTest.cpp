@@ -1,6 +1,6 @@
 #include "cli/TransferWatch.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "tests/support/NoMoreThreads.h"
 
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "editor/qt/ProgramSettings.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/support/Limits.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

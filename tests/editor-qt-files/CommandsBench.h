@@ -5,7 +5,6 @@
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/QuitController.h"
 #include "tests/support/TempFolder.h"
-#include "virtual/BankFileStore.h"
 #include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 

@@ -2,7 +2,7 @@
 // ones. What shows plain letters has not gone through the translation.
 #pragma once
 
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <QStringList>
 #include <QTranslator>

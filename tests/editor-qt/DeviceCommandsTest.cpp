@@ -2,7 +2,7 @@
 #include "editor/qt/DeviceCommands.h"
 
 #include "app/WindowAction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/editor-qt/WindowBench.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

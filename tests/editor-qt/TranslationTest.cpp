@@ -3,7 +3,7 @@
 
 #include "editor/ValuePopUps.h"
 #include "model/Setting.h"
-#include "platform/Translator.h"
+#include "platform/Text.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "tests/editor-qt/WindowBench.h"
 
 #include "bank/BankFile.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/support/Limits.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

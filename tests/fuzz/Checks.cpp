@@ -1,8 +1,8 @@
 #include "tests/fuzz/Checks.h"
 
 #include "model/FileAction.h"
-#include "platform/ReadableText.h"
 #include "platform/Resources.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

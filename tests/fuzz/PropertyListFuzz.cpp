@@ -2,7 +2,6 @@
 // within the limits, fills records, and comes back the same when it is written as XML.
 #include "model/FileAction.h"
 #include "platform/PropertyList.h"
-#include "platform/PropertyListForms.h"
 #include "tests/fuzz/Checks.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 // Scene images as a controller sends them: whatever the bytes, they parse, encode to what was kept
 // of them, and print as a table of 80 columns.
 #include "cli/SceneTable.h"
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 #include "tests/fuzz/Checks.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 //
 // The first bytes of the input say how the session begins, what is wrong with the controller, and
 // how long the pieces are; the rest is what the client sends.
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 #include "virtual/usbip/Session.h"

@@ -1,6 +1,6 @@
 #include "platform/AtomicFile.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "tests/platform/TextFile.h"
 #include "tests/support/TempFolder.h"
 

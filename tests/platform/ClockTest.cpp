@@ -1,5 +1,4 @@
-#include "platform/Clock.h"
-
+#include "platform/MainQueue.h"
 #include "tests/support/Limits.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
-#include "platform/DiagnosticSinks.h"
-
-#include "platform/FileDescriptor.h"
+#include "platform/Diagnostics.h"
+#include "platform/Process.h"
 #include "tests/platform/TextFile.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/ProgramMain.h"
+#include "platform/Process.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/PropertyListForms.h"
+#include "platform/PropertyList.h"
 
 #include <gtest/gtest.h>
 

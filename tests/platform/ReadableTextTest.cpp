@@ -1,4 +1,4 @@
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 
 #include <gtest/gtest.h>
 

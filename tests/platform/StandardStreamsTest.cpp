@@ -1,6 +1,4 @@
-#include "platform/StandardStreams.h"
-
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>

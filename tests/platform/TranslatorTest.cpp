@@ -1,4 +1,4 @@
-#include "platform/Translator.h"
+#include "platform/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // What keeps a transaction from its device, and what is said then.
+#include "protocol/Connection.h"
+
 #include "model/MessageValue.h"
 #include "platform/MainQueue.h"
-#include "protocol/Handshake.h"
-#include "protocol/ReadTransaction.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"
 #include "usb/Transport.h"

@@ -4,7 +4,7 @@
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "usb/InterfaceAction.h"
 
 #include <fstream>

@@ -1,5 +1,4 @@
-#include "protocol/Handshake.h"
-
+#include "protocol/Connection.h"
 #include "protocol/SceneAction.h"
 #include "tests/protocol/ExpectedStreams.h"
 

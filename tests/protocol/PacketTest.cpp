@@ -1,4 +1,4 @@
-#include "protocol/Handshake.h"
+#include "protocol/Connection.h"
 #include "tests/protocol/DeviceTest.h"
 
 namespace scenewright {

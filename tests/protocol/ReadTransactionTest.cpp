@@ -1,8 +1,6 @@
-#include "protocol/ReadTransaction.h"
-
 #include "model/MessageValue.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 #include "usb/Transport.h"

@@ -1,6 +1,6 @@
 #include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 

@@ -2,7 +2,7 @@
 #include "platform/MainQueue.h"
 #include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"
 

@@ -1,8 +1,7 @@
-#include "protocol/SendTransaction.h"
-
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
 #include "protocol/SceneAction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 

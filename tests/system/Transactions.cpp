@@ -5,11 +5,12 @@
 //
 // With --watch it says instead, a line each time that changes, whether a listed keyboard is there:
 // "unplugged", "no permission", "claimed" or "usable".
+#include "protocol/Transactions.h"
+
 #include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/MainQueue.h"
-#include "protocol/SendTransaction.h"
 #include "usb/AttachedDevices.h"
 #include "usb/InterfaceAction.h"
 #include "usb/LibusbHost.h"

@@ -1,6 +1,5 @@
-#include "usb/DeviceList.h"
-
 #include "tests/usb/TransportFixture.h"
+#include "usb/AttachedDevices.h"
 
 namespace scenewright::testing {
 namespace {

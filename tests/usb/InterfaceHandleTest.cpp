@@ -1,6 +1,5 @@
-#include "usb/InterfaceHandle.h"
-
 #include "tests/usb/ScriptedHost.h"
+#include "usb/Transport.h"
 
 #include <gtest/gtest.h>
 

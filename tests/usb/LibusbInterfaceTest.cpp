@@ -1,6 +1,5 @@
 #include "tests/usb/FailingAllocation.h"
 #include "tests/usb/FakeLibusb.h"
-#include "usb/InterfaceHandle.h"
 #include "usb/LibusbHost.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"

@@ -1,4 +1,4 @@
-#include "virtual/Fault.h"
+#include "virtual/VirtualController.h"
 
 #include <gtest/gtest.h>
 

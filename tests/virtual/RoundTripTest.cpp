@@ -2,7 +2,7 @@
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
 #include "protocol/SceneAction.h"
-#include "protocol/SendTransaction.h"
+#include "protocol/Transactions.h"
 #include "tests/virtual/ControllerDriver.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

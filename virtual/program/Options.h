@@ -3,7 +3,7 @@
 
 #include "platform/Arguments.h"
 #include "platform/Result.h"
-#include "virtual/Fault.h"
+#include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 
 #include <cstdint>

@@ -2,9 +2,8 @@
 #include "platform/AtomicFile.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
-#include "platform/ProgramMain.h"
+#include "platform/Process.h"
 #include "platform/Resources.h"
-#include "platform/StandardStreams.h"
 #include "virtual/program/Options.h"
 #include "virtual/usbip/Server.h"
 

@@ -5,7 +5,7 @@
 // is left behind, and the process must be ended without waiting for it (_exit).
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "platform/Result.h"
 #include "protocol/SceneImage.h"
 

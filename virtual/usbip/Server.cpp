@@ -1,5 +1,7 @@
 #include "virtual/usbip/Server.h"
 
+#include "platform/Text.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -8,6 +10,7 @@
 #include <csignal>
 #include <cstdint>
 #include <malloc.h>
+#include <sstream>
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/signalfd.h>
@@ -19,6 +22,22 @@
 namespace scenewright::usbip {
 
 namespace {
+
+constexpr std::size_t kMaxLine = 4096; // bytes
+constexpr std::string_view kCommands = "those are faults, unplug and plug";
+
+Result<ServerCommand> parseFaults(std::istream& words) {
+    ServerCommand command{ServerCommand::Kind::Faults, {}};
+    std::string word;
+    while (words >> word) {
+        std::string error;
+        const auto fault = parseFault(word, error);
+        if (!fault)
+            return failure(std::move(error));
+        command.faults.push_back(*fault);
+    }
+    return command;
+}
 
 using std::chrono::milliseconds;
 
@@ -72,6 +91,49 @@ bool isPast(Moment moment) {
 }
 
 } // namespace
+
+Result<ServerCommand> parseCommand(std::string_view line) {
+    std::istringstream words{std::string(line)};
+    std::string verb;
+    std::string rest;
+    words >> verb;
+    if (verb == "faults")
+        return parseFaults(words);
+    if (verb == "unplug" && !(words >> rest))
+        return ServerCommand{ServerCommand::Kind::Unplug, {}};
+    if (verb == "plug" && !(words >> rest))
+        return ServerCommand{ServerCommand::Kind::Plug, {}};
+    return failure(fmt::format("'{}' is no order: {}", readableText(line), kCommands));
+}
+
+std::vector<Result<ServerCommand>> CommandReader::take() {
+    std::array<char, kMaxLine> room{};
+    const ssize_t count = ::read(descriptor_, room.data(), room.size());
+    std::vector<Result<ServerCommand>> commands;
+    for (ssize_t place = 0; place < count; ++place) {
+        const char letter = room[static_cast<std::size_t>(place)];
+        if (letter == '\n')
+            commands.push_back(endLine());
+        else if (begun_.size() < kMaxLine)
+            begun_ += letter;
+        else
+            isTooLong_ = true;
+    }
+    if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
+        descriptor_ = -1;
+        if (!begun_.empty())
+            commands.push_back(endLine());
+    }
+    return commands;
+}
+
+Result<ServerCommand> CommandReader::endLine() {
+    const std::string line = std::exchange(begun_, {});
+    if (std::exchange(isTooLong_, false))
+        return failure(
+            fmt::format("a line of more than {} bytes is no order: {}", kMaxLine, kCommands));
+    return parseCommand(line);
+}
 
 pollfd Connection::place() {
     if (session_.isHeld())

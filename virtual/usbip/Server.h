@@ -8,18 +8,53 @@
 // blocked in every thread (blockServerSignals) before the server is made.
 #pragma once
 
-#include "virtual/usbip/Commands.h"
+#include "platform/Result.h"
+#include "virtual/VirtualController.h"
 #include "virtual/usbip/Session.h"
 #include "virtual/usbip/Sockets.h"
 
 #include <chrono>
+#include <cstdint>
 #include <list>
 #include <optional>
 #include <poll.h>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace scenewright::usbip {
+
+// What is done to the controller while it runs, said in lines of text: "faults KIND:N ..." (in
+// place of those there are; none after the word ends them), "unplug", "plug".
+struct ServerCommand {
+    enum class Kind : std::uint8_t { Faults, Unplug, Plug };
+    Kind kind = Kind::Faults;
+    FaultPlan faults;
+    friend bool operator==(const ServerCommand&, const ServerCommand&) = default;
+};
+
+[[nodiscard]] Result<ServerCommand> parseCommand(std::string_view line);
+
+// The commands that come from a descriptor, which stays the caller's.
+class CommandReader {
+public:
+    // -1 gives none ever.
+    explicit CommandReader(int descriptor = -1) : descriptor_(descriptor) {}
+
+    // To be waited for; -1 once the input has ended.
+    [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
+    // What the lines say that are whole after one read; blocks unless the descriptor is ready. The
+    // end of the input ends its last line.
+    [[nodiscard]] std::vector<Result<ServerCommand>> take();
+
+private:
+    [[nodiscard]] Result<ServerCommand> endLine();
+
+    int descriptor_;
+    std::string begun_; // a line whose end has not come
+    bool isTooLong_ = false;
+};
 
 void blockServerSignals();
 
@@ -53,7 +88,7 @@ public:
     [[nodiscard]] Result<void> listen(std::string_view address);
     [[nodiscard]] Result<void> attach(std::uint32_t vhciPort);
 
-    // Executes what the lines of this descriptor say (Commands.h), and logs what it did. Before
+    // Executes what the lines of this descriptor say (parseCommand), and logs what it did. Before
     // run(); the descriptor stays the caller's.
     void takeCommands(int descriptor) { commands_ = CommandReader(descriptor); }
 

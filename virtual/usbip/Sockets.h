@@ -1,7 +1,7 @@
 // Where connections come from: hosts over TCP, or this machine's kernel.
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "platform/Result.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "virtual/usbip/Descriptors.h"
+#include "virtual/usbip/BusDevice.h"
 
 #include <gtest/gtest.h>
 

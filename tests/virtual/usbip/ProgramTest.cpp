@@ -2,7 +2,7 @@
 #include "tests/support/TempFolder.h"
 #include "tests/virtual/usbip/Messages.h"
 #include "tests/virtual/usbip/ServerProcess.h"
-#include "virtual/Fault.h"
+#include "virtual/VirtualController.h"
 
 #include <gtest/gtest.h>
 

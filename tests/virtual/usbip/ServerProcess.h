@@ -1,7 +1,7 @@
 // The built scenewright-virtual, running, and a host that speaks to it over TCP.
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "platform/Process.h"
 #include "tests/support/Limits.h"
 
 #include <chrono>

@@ -1,7 +1,6 @@
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
-#include "platform/FileDescriptor.h"
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>

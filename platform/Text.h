@@ -1,14 +1,15 @@
-// Texts of our own for a person, in the folders that know no toolkit: as they are written in the
-// code, or in the person's language.
+// Texts for a person, in the folders that know no toolkit: our own, as they are written in the code
+// or in the person's language, and those that come from outside, made fit to be shown.
 //
-// Each is marked where it stands, with the context that its translation is found under, and goes
-// through the one translator that a program has put in. A program without one speaks as written;
-// so do the streams, whatever the language of the window.
+// Each of our own is marked where it stands, with the context that its translation is found under,
+// and goes through the one translator that a program has put in. A program without one speaks as
+// written; so do the streams, whatever the language of the window.
 #pragma once
 
 #include <fmt/format.h>
 
 #include <string>
+#include <string_view>
 
 namespace scenewright {
 
@@ -40,5 +41,10 @@ template <typename... Values>
 [[nodiscard]] std::string translated(SourceText text, const Values&... values) {
     return format(text, &translated, fmt::make_format_args(values...));
 }
+
+// A text from outside, the name of a device or a file or an argument, as valid UTF-8 of one line:
+// bytes that are no UTF-8, control characters, among them a terminal's commands, and those that end
+// a line or turn its direction show as U+FFFD. Any thread.
+[[nodiscard]] std::string readableText(std::string_view text);
 
 } // namespace scenewright

@@ -1,7 +1,9 @@
-// What a device operation did, told once: a read returns it, a send delivers it on the main queue.
+// How every transaction begins and ends: the connection, the handshake and its retry, packets as
+// transfers, and its outcome.
 #pragma once
 
-#include "usb/TransferStats.h"
+#include "protocol/Packet.h"
+#include "usb/Transport.h"
 
 #include <cstdint>
 #include <string>
@@ -9,6 +11,7 @@
 
 namespace scenewright {
 
+// What a device operation did, told once: a read returns it, a send delivers it on the main queue.
 struct Outcome {
     enum class End : std::uint8_t {
         Done,
@@ -45,5 +48,20 @@ void addStorageError(Outcome& outcome);
 // Closes and releases the interface as the end of a send does, and tells how that went: the
 // kernel's drivers are back after it, and other programs can use the keyboard.
 void releaseKeyboard(Outcome& outcome);
+
+// Writes one packet to the controller, as a transfer of its own. A failure is logged by the
+// transport and changes nothing here: a transaction goes on to its end.
+void writePacket(const Packet& packet);
+
+// One attempt; opens the interface itself. True when the reply's first 8 bytes were right.
+[[nodiscard]] bool handshakeOnce();
+
+// Attempts without limit and without delay, closing the interface between two attempts. A device
+// that never answers correctly keeps the caller here.
+void handshakeUntilAnswered();
+
+// Finds the device, takes its interface and makes the handshake. False, with the message "Could not
+// connect to midi device" set, when there is no device or its interface cannot be taken.
+[[nodiscard]] bool connectToDevice();
 
 } // namespace scenewright

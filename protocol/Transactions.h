@@ -1,14 +1,24 @@
-// The transaction that sends scenes to the controller.
+// The two transactions: reading all scenes from the controller, and sending scenes to it.
 #pragma once
 
 #include "model/SceneValue.h"
-#include "protocol/Outcome.h"
+#include "protocol/Connection.h"
 
 #include <cstdint>
 #include <functional>
 #include <vector>
 
 namespace scenewright {
+
+struct ScenesRead {
+    SceneList scenes; // four; none when the device could not be reached
+    Outcome outcome;
+};
+
+// Connects, then asks for the 1012 bytes of the four scenes one at a time; blocks until the device
+// has answered each. The progress record's message tells where it is. The interface stays open.
+// Main thread; no send job may run, as the transport is the job's.
+[[nodiscard]] ScenesRead readScenes();
 
 // Told how a send has ended, once, by the main queue, after the interface has been released.
 using SendEnded = std::function<void(const Outcome&)>;

@@ -1,13 +1,16 @@
-#include "platform/ReadableText.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
 namespace scenewright {
 
 namespace {
+
+std::atomic<Translator> translatorInPlace = nullptr;
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
 
@@ -74,6 +77,27 @@ std::size_t showableLength(std::string_view text) {
 }
 
 } // namespace
+
+std::string untranslated(SourceText text) {
+    return text.written;
+}
+
+std::string translated(SourceText text) {
+    const Translator translator = translatorInPlace;
+    return translator == nullptr ? untranslated(text) : translator(text);
+}
+
+void setTranslator(Translator translator) {
+    translatorInPlace = translator;
+}
+
+std::string format(SourceText text, Translator words, fmt::format_args values) {
+    try {
+        return fmt::vformat(words(text), values);
+    } catch (const fmt::format_error&) {
+        return fmt::vformat(text.written, values);
+    }
+}
 
 std::string readableText(std::string_view text) {
     std::string shown;
