@@ -82,45 +82,36 @@ bool isSame(const fs::path& file, std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-std::optional<std::string> StoreFiles::keep() const {
-    auto trouble = earlier_.keep(WindowAction::scenes());
-    if (trouble)
-        trouble = translated(
-            sourceText("scenewright::File", "The former scenes could not be kept: {}"), *trouble);
-    return trouble;
+Result<void> StoreFiles::keep() const {
+    return earlier_.keep(WindowAction::scenes()).map_error([](const std::string& why) {
+        return translated(
+            sourceText("scenewright::File", "The former scenes could not be kept: {}"), why);
+    });
 }
 
-StoreFiles::Outcome StoreFiles::openBank(const std::filesystem::path& file) const {
-    BankFile bank = readBank(file);
-    if (bank.trouble)
-        return {false, bank.trouble};
-    auto notKept = keep();
-    WindowAction::setScenes(std::move(bank.scenes));
-    return {true, std::move(notKept)};
+Result<StoreFiles::Opened> StoreFiles::openBank(const std::filesystem::path& file) const {
+    return readBank(file).map([this](BankFile bank) {
+        Opened opened{keep()};
+        WindowAction::setScenes(std::move(bank.scenes));
+        return opened;
+    });
 }
 
-StoreFiles::Outcome StoreFiles::openScene(const std::filesystem::path& file,
-                                          std::int32_t index) const {
-    const auto read = readScene(file);
-    if (!read)
-        return {false, read.error()};
-    auto notKept = keep();
-    copyInto(*WindowAction::getSceneWithIndex(index), **read);
-    return {true, std::move(notKept)};
+Result<StoreFiles::Opened> StoreFiles::openScene(const std::filesystem::path& file,
+                                                 std::int32_t index) const {
+    return readScene(file).map([this, index](const std::shared_ptr<SceneValue>& scene) {
+        Opened opened{keep()};
+        copyInto(*WindowAction::getSceneWithIndex(index), *scene);
+        return opened;
+    });
 }
 
 std::optional<BackupStore::Bank> StoreFiles::newestOther() const {
     const BankImage stored = encodeBank(WindowAction::scenes());
     for (const BackupStore::Bank& bank : earlier_.list())
-        if (const BankFile read = readBank(bank.file);
-            !read.trouble && encodeBank(read.scenes) != stored)
+        if (const auto read = readBank(bank.file); read && encodeBank(read->scenes) != stored)
             return bank;
     return std::nullopt;
-}
-
-StoreFiles::Outcome StoreFiles::restoreLatest() const {
-    const auto bank = newestOther();
-    return bank ? openBank(bank->file) : Outcome{};
 }
 
 Result<void> StoreFiles::saveBank(const std::filesystem::path& file,
@@ -143,27 +134,27 @@ std::optional<fs::path> BackupStore::stateFolder() {
     return std::nullopt;
 }
 
-std::optional<std::string> BackupStore::keep(const SceneList& scenes, Clock::time_point now) const {
+Result<void> BackupStore::keep(const SceneList& scenes, Clock::time_point now) const {
     if (scenes.size() < static_cast<std::size_t>(kSceneCount))
-        return std::nullopt;
+        return {};
     if (!folder_)
-        return "there is no home folder to keep them in";
+        return failure("there is no home folder to keep them in");
     const BankImage image = encodeBank(scenes);
     const std::vector<Bank> kept = list();
     if (!kept.empty() && isSame(kept.front().file, image))
-        return std::nullopt;
+        return {};
     std::error_code error;
     fs::create_directories(*folder_, error);
     if (error)
-        return fmt::format("{}: {}", folder_->string(), error.message());
+        return failure(fmt::format("{}: {}", folder_->string(), error.message()));
     // A clock that was set back, or that has not moved, must not put the newest bank elsewhere.
     if (!kept.empty())
         now = std::max(now, kept.front().kept + milliseconds(1));
     if (const auto replaced = replaceFile(*folder_ / nameFor(now), image); !replaced)
-        return replaced.error();
+        return failure(replaced.error());
     for (std::size_t place = kMax - 1; place < kept.size(); ++place)
         fs::remove(kept[place].file, error);
-    return std::nullopt;
+    return {};
 }
 
 std::vector<BackupStore::Bank> BackupStore::list() const {

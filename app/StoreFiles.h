@@ -40,10 +40,10 @@ public:
     [[nodiscard]] static std::optional<std::filesystem::path> stateFolder();
 
     // Keeps the first four scenes, unless the newest bank holds the same; drops the oldest ones
-    // beyond kMax. Nothing, or one sentence: then nothing was dropped either. A list of fewer than
-    // four scenes is nothing to keep.
-    [[nodiscard]] std::optional<std::string> keep(const SceneList& scenes,
-                                                  Clock::time_point now = Clock::now()) const;
+    // beyond kMax. On error nothing was dropped either. A list of fewer than four scenes is nothing
+    // to keep.
+    [[nodiscard]] Result<void> keep(const SceneList& scenes,
+                                    Clock::time_point now = Clock::now()) const;
 
     // What is kept, newest first.
     [[nodiscard]] std::vector<Bank> list() const;
@@ -54,26 +54,25 @@ private:
 
 class StoreFiles {
 public:
-    // `trouble` is one sentence. Not done: the store is what it was. Done: all but the keeping.
-    struct Outcome {
-        bool isDone = false;
-        std::optional<std::string> trouble;
+    // What opening did beside its purpose.
+    struct Opened {
+        Result<void> kept; // the former scenes, among the backups
     };
 
     explicit StoreFiles(BackupStore earlier = BackupStore{}) : earlier_(std::move(earlier)) {}
 
     [[nodiscard]] const BackupStore& earlier() const { return earlier_; }
 
-    // Before the stored scenes are replaced. Nothing, or why they are not kept.
-    [[nodiscard]] std::optional<std::string> keep() const;
+    // Before the stored scenes are replaced.
+    [[nodiscard]] Result<void> keep() const;
 
-    [[nodiscard]] Outcome openBank(const std::filesystem::path& file) const;
+    // On error the store is what it was.
+    [[nodiscard]] Result<Opened> openBank(const std::filesystem::path& file) const;
     // Into the stored scene of that index, 0 to 3: its name and all its settings.
-    [[nodiscard]] Outcome openScene(const std::filesystem::path& file, std::int32_t index) const;
+    [[nodiscard]] Result<Opened> openScene(const std::filesystem::path& file,
+                                           std::int32_t index) const;
     // The newest of the earlier scenes that can be read and differ from the stored ones.
     [[nodiscard]] std::optional<BackupStore::Bank> newestOther() const;
-    // Opens that bank; not done, without trouble, when there is none.
-    [[nodiscard]] Outcome restoreLatest() const;
 
     // Files that the program writes to as it goes on, and that nothing is to be saved in.
     void setUsed(std::vector<NamedFile> files) { used_ = std::move(files); }

@@ -3,7 +3,7 @@
 #include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
-#include "bank/JsonTree.h"
+#include "bank/BankJson.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
 
@@ -23,13 +23,15 @@ namespace fs = std::filesystem;
 
 // The lists are taken along, as sends end on a thread of their own.
 BankFileStore::Store jsonStore(std::shared_ptr<PopUpValue> lists) {
-    return
-        [lists = std::move(lists)](const fs::path& file, const BankImage& image) -> Result<void> {
-            const BankContent bank = readBankImage(image);
-            if (bank.trouble)
-                return failure(fmt::format("{}: {}", file.string(), *bank.trouble));
-            return writeBank(file, bank.scenes, BankFormat::Json, *lists);
-        };
+    return [lists = std::move(lists)](const fs::path& file, const BankImage& image) {
+        return readBankImage(image)
+            .map_error([&file](const std::string& why) {
+                return fmt::format("{}: {}", file.string(), why);
+            })
+            .and_then([&](const SceneList& scenes) {
+                return writeBank(file, scenes, BankFormat::Json, *lists);
+            });
+    };
 }
 
 Result<BankFileStore> keeperFor(const fs::path& file, BankFormat form, bool needsLists) {
@@ -53,13 +55,11 @@ Result<Memory> readMemory(const std::string& path) {
     if (!bytes)
         return failure(bytes.error());
     Memory memory{.form = formOf(*bytes)};
-    if (memory.form == BankFormat::Json) {
-        const BankFile bank = parseBank(*bytes, path);
-        if (bank.trouble)
-            return failure(*bank.trouble);
-        memory.image = encodeBank(bank.scenes);
-        return memory;
-    }
+    if (memory.form == BankFormat::Json)
+        return parseBank(*bytes, path).map([&memory](const BankFile& bank) {
+            memory.image = encodeBank(bank.scenes);
+            return memory;
+        });
     if (bytes->size() != kBankSize)
         return failure(fmt::format("{}: not a bank for the virtual controller: it holds {} bytes, "
                                    "and a bank holds {} or is JSON",

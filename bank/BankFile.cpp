@@ -1,7 +1,6 @@
 #include "bank/BankFile.h"
 
 #include "bank/BankJson.h"
-#include "bank/JsonTree.h"
 #include "model/Control.h"
 #include "model/Setting.h"
 #include "platform/AtomicFile.h"
@@ -45,12 +44,6 @@ bool isJson(std::string_view text) {
            (text.size() != kBankSize || std::ranges::all_of(text, isTextByte));
 }
 
-bool isScene(std::string_view text) {
-    const JsonTree tree = parseJson(text);
-    const JsonNode* const format = tree.trouble ? nullptr : tree.root.find("format");
-    return format != nullptr && format->text == kSceneFormat;
-}
-
 std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
@@ -68,19 +61,30 @@ std::string placeOf(std::size_t scene, const Setting& setting, std::int32_t cont
 }
 
 // The fields stand in the order of the settings, right behind the name.
-std::optional<std::string> readSceneImage(std::span<const std::uint8_t> bytes, std::size_t number,
-                                          const SceneValue& scene) {
+Result<std::shared_ptr<SceneValue>> readSceneImage(std::span<const std::uint8_t> bytes,
+                                                   std::size_t number) {
+    auto scene = blankScene();
     const auto name = bytes.first(kNameSize);
-    scene.commonValue()->setSceneName(std::string(name.begin(), name.end()));
+    scene->commonValue()->setSceneName(std::string(name.begin(), name.end()));
     auto next = bytes.begin() + kNameSize;
-    for (const Setting& setting : settings()) {
+    for (const Setting& setting : settings())
         for (std::int32_t k = 0; k < controlRange(setting.kind()).count; ++k, ++next) {
             if (*next > kLargestSettingValue)
-                return notAValue(placeOf(number, setting, k), std::to_string(*next));
-            setting.write(scene, k, *next);
+                return failure(notAValue(placeOf(number, setting, k), std::to_string(*next)));
+            setting.write(*scene, k, *next);
         }
-    }
-    return std::nullopt;
+    return scene;
+}
+
+using JsonReader = Result<SceneList> (*)(std::string_view text);
+
+Result<BankFile> parse(std::span<const std::uint8_t> bytes, const std::string& name,
+                       JsonReader readJson) {
+    const BankFormat form = formOf(bytes);
+    auto scenes = form == BankFormat::Json ? readJson(textOf(bytes)) : readBankImage(bytes);
+    if (!scenes)
+        return failure(fmt::format("{}: {}", name, scenes.error()));
+    return BankFile{*std::move(scenes), form};
 }
 
 } // namespace
@@ -89,29 +93,18 @@ BankFormat formOf(std::span<const std::uint8_t> bytes) {
     return isJson(textOf(bytes)) ? BankFormat::Json : BankFormat::Image;
 }
 
-BankFile readBank(const std::filesystem::path& path) {
-    const auto bytes = readFile(path, kJsonBytes);
-    if (!bytes)
-        return {{}, bytes.error()};
-    return parseBank(*bytes, path.string());
+Result<BankFile> readBank(const std::filesystem::path& path) {
+    return readFile(path, kJsonBytes).and_then([&path](const FileContent& bytes) {
+        return parseBank(bytes, path.string());
+    });
 }
 
-BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
-    const BankFormat form = formOf(bytes);
-    BankContent content =
-        form == BankFormat::Json ? readBankJson(textOf(bytes)) : readBankImage(bytes);
-    if (content.trouble)
-        content.trouble = fmt::format("{}: {}", name, *content.trouble);
-    return {std::move(content.scenes), std::move(content.trouble), form};
+Result<BankFile> parseBank(std::span<const std::uint8_t> bytes, const std::string& name) {
+    return parse(bytes, name, &readBankJson);
 }
 
-BankFile parseBankOrScene(std::span<const std::uint8_t> bytes, const std::string& name) {
-    if (formOf(bytes) != BankFormat::Json || !isScene(textOf(bytes)))
-        return parseBank(bytes, name);
-    BankContent content = readSceneJson(textOf(bytes));
-    if (content.trouble)
-        content.trouble = fmt::format("{}: {}", name, *content.trouble);
-    return {std::move(content.scenes), std::move(content.trouble), BankFormat::Json};
+Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes, const std::string& name) {
+    return parse(bytes, name, &readBankOrSceneJson);
 }
 
 BankFormat formatForName(const std::filesystem::path& path) {
@@ -151,10 +144,10 @@ Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path)
     const auto bytes = readFile(path, kJsonBytes);
     if (!bytes)
         return failure(bytes.error());
-    const BankContent read = readSceneJson(textOf(*bytes));
-    if (read.trouble)
-        return failure(fmt::format("{}: {}", path.string(), *read.trouble));
-    return read.scenes.front();
+    auto scenes = readSceneJson(textOf(*bytes));
+    if (!scenes)
+        return failure(fmt::format("{}: {}", path.string(), scenes.error()));
+    return scenes->front();
 }
 
 Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
@@ -162,21 +155,21 @@ Result<void> writeScene(const std::filesystem::path& path, const SceneValue& sce
     return writeWhole(path, bytesOf(writeSceneJson(scene, lists)));
 }
 
-BankContent readBankImage(std::span<const std::uint8_t> bytes) {
+Result<SceneList> readBankImage(std::span<const std::uint8_t> bytes) {
     if (bytes.size() != kBankSize)
-        return {
-            {},
+        return failure(
             translated(sourceText("scenewright::Bank",
                                   "not a bank: it holds {} bytes, and a bank holds {} or is JSON"),
-                       bytes.size(), kBankSize)};
+                       bytes.size(), kBankSize));
     SceneList scenes;
     for (std::size_t number = 0; number < kSceneCount; ++number) {
-        scenes.push_back(blankScene());
-        if (auto trouble = readSceneImage(bytes.subspan(number * kSceneImageSize, kSceneImageSize),
-                                          number, *scenes.back()))
-            return {{}, std::move(trouble)};
+        auto scene =
+            readSceneImage(bytes.subspan(number * kSceneImageSize, kSceneImageSize), number);
+        if (!scene)
+            return failure(scene.error());
+        scenes.push_back(*std::move(scene));
     }
-    return {std::move(scenes), std::nullopt};
+    return scenes;
 }
 
 } // namespace scenewright

@@ -10,34 +10,31 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace scenewright {
 
 enum class BankFormat : std::uint8_t { Image, Json };
 
-// What reading a bank gave: `scenes` is empty when `trouble` says why, in one sentence that names
-// the file, and the place in it where a value is to blame ("scenes[1].pads[3].CR"). Both forms
-// refuse a value outside 0..127, so that nothing is changed by reading.
 struct BankFile {
-    SceneList scenes;
-    std::optional<std::string> trouble;
+    SceneList scenes; // four, or the one of parseBankOrScene
     BankFormat form = BankFormat::Image;
 };
 
 [[nodiscard]] BankFormat formOf(std::span<const std::uint8_t> bytes);
 
-[[nodiscard]] BankFile readBank(const std::filesystem::path& path);
-// The same for bytes that came from elsewhere; `name` stands for the file in the sentence.
-[[nodiscard]] BankFile parseBank(std::span<const std::uint8_t> bytes, const std::string& name);
+// An error names the file, and the place in it where a value is to blame ("scenes[1].pads[3].CR").
+// Both forms refuse a value outside 0..127, so that nothing is changed by reading.
+[[nodiscard]] Result<BankFile> readBank(const std::filesystem::path& path);
+// The same for bytes that came from elsewhere; `name` stands for the file in the error.
+[[nodiscard]] Result<BankFile> parseBank(std::span<const std::uint8_t> bytes,
+                                         const std::string& name);
 
 // The same for a file that may also be that of one scene (readScene below), and then gives one.
-[[nodiscard]] BankFile parseBankOrScene(std::span<const std::uint8_t> bytes,
-                                        const std::string& name);
+[[nodiscard]] Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes,
+                                                const std::string& name);
 
 // The form that a new file's name asks for: JSON when it ends in ".json", in either case.
 [[nodiscard]] BankFormat formatForName(const std::filesystem::path& path);
@@ -58,18 +55,9 @@ struct BankFile {
 [[nodiscard]] Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
                                       const PopUpValue& lists);
 
-// No scene when `trouble` says in one phrase what is wrong and where, as in
-// "scenes[1].pads[3].CR is missing". The scenes are what a read of the same image gives.
-struct BankContent {
-    SceneList scenes;
-    std::optional<std::string> trouble;
-};
-
-// The phrase for a setting without a value: `found` is what stands at its place instead.
-[[nodiscard]] std::string notAValue(std::string_view place, std::string_view found);
-
 // Four scenes, for exactly 1012 bytes; logs nothing. Stricter than the parse of what a controller
-// sent, which takes a byte from 0x80 up as 0: a file must say what it means.
-[[nodiscard]] BankContent readBankImage(std::span<const std::uint8_t> bytes);
+// sent, which takes a byte from 0x80 up as 0: a file must say what it means. The error is a phrase
+// without the file.
+[[nodiscard]] Result<SceneList> readBankImage(std::span<const std::uint8_t> bytes);
 
 } // namespace scenewright

@@ -13,7 +13,9 @@
 #include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "platform/Result.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,15 +27,34 @@ inline constexpr std::string_view kSceneFormat = "scenewright-scene";
 inline constexpr std::int64_t kBankVersion = 1;
 inline constexpr std::string_view kCommentMark = "//";
 
-// The key of a kind's controls: "pads"; "common" for the scene-wide settings.
-[[nodiscard]] std::string controlsKey(ControlKind kind);
+// What a hostile text can cost is bounded; time and memory grow with its length. A thousand scenes
+// with their titles take less than a quarter of the bytes.
+inline constexpr std::size_t kJsonBytes = std::size_t{64} * 1024 * 1024;
+inline constexpr std::size_t kJsonLevels = 16;
+inline constexpr std::size_t kJsonValues = 1'000'000;
 
 // Valid UTF-8 that ends in a line feed. The first form takes the first four scenes and throws
 // std::out_of_range when there are fewer; both write 0 for a value outside 0..127.
 [[nodiscard]] std::string writeBankJson(const SceneList& scenes, const PopUpValue& lists);
 [[nodiscard]] std::string writeSceneJson(const SceneValue& scene, const PopUpValue& lists);
 
-[[nodiscard]] BankContent readBankJson(std::string_view text);  // four scenes
-[[nodiscard]] BankContent readSceneJson(std::string_view text); // one
+// The scenes are what a read of the same image gives. The error says in one phrase what is wrong
+// and where, as in "scenes[1].pads[3].CR is missing"; a key that stands twice in an object is one.
+[[nodiscard]] Result<SceneList> readBankJson(std::string_view text);  // four scenes
+[[nodiscard]] Result<SceneList> readSceneJson(std::string_view text); // one
+[[nodiscard]] Result<SceneList> readBankOrSceneJson(std::string_view text);
+
+// The key of a kind's controls: "pads"; "common" for the scene-wide settings.
+[[nodiscard]] std::string controlsKey(ControlKind kind);
+
+// Where a value stands: "scenes[1].pads[3]" and "CR" make "scenes[1].pads[3].CR".
+[[nodiscard]] std::string memberPlace(std::string_view place, std::string_view key);
+[[nodiscard]] std::string elementPlace(std::string_view place, std::size_t index);
+
+// The phrase for a setting without a value: `found` is what stands at its place instead.
+[[nodiscard]] std::string notAValue(std::string_view place, std::string_view found);
+
+// `text` in quotation marks, as a JSON text writes it. Bytes that are no UTF-8 become U+FFFD.
+[[nodiscard]] std::string jsonQuoted(std::string_view text);
 
 } // namespace scenewright

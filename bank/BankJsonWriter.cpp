@@ -1,5 +1,4 @@
 #include "bank/BankJson.h"
-#include "bank/JsonTree.h"
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"

@@ -1,6 +1,6 @@
 #include "bank/Difference.h"
 
-#include "bank/JsonTree.h"
+#include "bank/BankJson.h"
 #include "bank/SettingText.h"
 #include "platform/Text.h"
 

@@ -1,6 +1,6 @@
 #include "bank/Edit.h"
 
-#include "bank/BankFile.h"
+#include "bank/BankJson.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
@@ -19,8 +19,6 @@ namespace scenewright {
 
 namespace {
 
-using Trouble = std::optional<std::string>;
-
 constexpr std::string_view kTitleMark = "title:";
 constexpr std::size_t kMinOptions = 17; // that a message can list; more are told by their ends
 
@@ -38,19 +36,19 @@ PlaceKey keyOf(const SettingPlace& place) {
             place.isName() ? kSceneNameField : place.setting->name()};
 }
 
-Trouble addAssignment(std::string_view text, Assignments& assignments) {
+Result<void> addAssignment(std::string_view text, Assignments& assignments) {
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos)
-        return fmt::format("{}: PATH=VALUE was expected", sanitized(text));
+        return failure(fmt::format("{}: PATH=VALUE was expected", sanitized(text)));
     const std::string_view pathText = text.substr(0, equals);
-    const PathResult result = parsePath(pathText);
-    if (!result.path)
-        return result.trouble;
-    if (result.path->level != Path::Level::Setting)
-        return fmt::format("{}: a value needs the path of a setting", sanitized(pathText));
-    for (const SettingPlace& place : settingsAt(*result.path))
+    const auto path = parsePath(pathText);
+    if (!path)
+        return failure(path.error());
+    if (path->level != Path::Level::Setting)
+        return failure(fmt::format("{}: a value needs the path of a setting", sanitized(pathText)));
+    for (const SettingPlace& place : settingsAt(*path))
         assignments.insert_or_assign(keyOf(place), Assignment{place, text.substr(equals + 1)});
-    return std::nullopt;
+    return {};
 }
 
 bool isIndex(std::string_view value) {
@@ -81,16 +79,16 @@ Titles titlesFor(const PopUpValue& lists, const SettingPlace& place, const Scene
                       type == nullptr ? kAssignOff : type->read(scene, place.control));
 }
 
-Trouble assignOption(const PopUpValue& lists, const Assignment& assignment,
-                     const SceneValue& scene) {
+Result<void> assignOption(const PopUpValue& lists, const Assignment& assignment,
+                          const SceneValue& scene) {
     const SettingPlace& place = assignment.place;
     std::string_view value = assignment.value;
     if (isIndex(value)) {
         const auto index = indexOf(value);
         if (!index)
-            return notAValue(pathOf(place), sanitized(value));
+            return failure(notAValue(pathOf(place), sanitized(value)));
         place.setting->write(scene, place.control, *index);
-        return std::nullopt;
+        return {};
     }
     if (value.starts_with(kTitleMark))
         value.remove_prefix(kTitleMark.size());
@@ -98,23 +96,24 @@ Trouble assignOption(const PopUpValue& lists, const Assignment& assignment,
     const auto found = titles == nullptr ? std::vector<std::string>::const_iterator()
                                          : std::ranges::find(*titles, value);
     if (titles == nullptr || found == titles->end())
-        return fmt::format("{} has no option \"{}\": {}", pathOf(place), sanitized(value),
-                           optionsText(titles));
+        return failure(fmt::format("{} has no option \"{}\": {}", pathOf(place), sanitized(value),
+                                   optionsText(titles)));
     place.setting->write(scene, place.control, static_cast<std::int32_t>(found - titles->begin()));
-    return std::nullopt;
+    return {};
 }
 
-Trouble assignName(const Assignment& assignment, const SceneValue& scene) {
+Result<void> assignName(const Assignment& assignment, const SceneValue& scene) {
     const std::string_view value = assignment.value;
     auto name = nameOfText(value);
     if (!name && value.starts_with(kBytesMark))
         name = nameOfHex(value.substr(kBytesMark.size()));
     if (!name)
-        return fmt::format("{} must be at most 12 bytes without control characters, or {} and 24 "
-                           "hexadecimal digits, and is \"{}\"",
-                           pathOf(assignment.place), kBytesMark, sanitized(value));
+        return failure(
+            fmt::format("{} must be at most 12 bytes without control characters, or {} and 24 "
+                        "hexadecimal digits, and is \"{}\"",
+                        pathOf(assignment.place), kBytesMark, sanitized(value)));
     scene.commonValue()->setSceneName(*name);
-    return std::nullopt;
+    return {};
 }
 
 // What a control sends decides which titles its number has, so it is assigned before all else.
@@ -122,21 +121,19 @@ bool isAssignedFirst(const SettingPlace& place) {
     return !place.isName() && place.setting->name() == "AssignType";
 }
 
-Trouble assignAll(const PopUpValue& lists, const Assignments& assignments, const SceneList& scenes,
-                  bool first) {
+Result<void> assignAll(const PopUpValue& lists, const Assignments& assignments,
+                       const SceneList& scenes, bool first) {
     for (const auto& [key, assignment] : assignments) {
         if (isAssignedFirst(assignment.place) != first)
             continue;
         const SceneValue& scene = *scenes.at(static_cast<std::size_t>(assignment.place.scene));
-        Trouble trouble = assignment.place.isName() ? assignName(assignment, scene)
-                                                    : assignOption(lists, assignment, scene);
-        if (trouble)
-            return trouble;
+        auto assigned = assignment.place.isName() ? assignName(assignment, scene)
+                                                  : assignOption(lists, assignment, scene);
+        if (!assigned)
+            return assigned;
     }
-    return std::nullopt;
+    return {};
 }
-
-using Trouble = std::optional<std::string>;
 
 std::shared_ptr<SceneValue> copyOfScene(const SceneValue& scene) {
     auto copy = std::make_shared<SceneValue>(scene);
@@ -148,19 +145,19 @@ std::shared_ptr<SceneValue> copyOfScene(const SceneValue& scene) {
     return copy;
 }
 
-Trouble pairTrouble(const Path& from, const Path& to) {
+Result<void> checkPair(const Path& from, const Path& to) {
     if (from.level != to.level || from.kind != to.kind || from.setting != to.setting)
-        return "both must name scenes, controls of one kind, or one and the same setting";
+        return failure("both must name scenes, controls of one kind, or one and the same setting");
     if ((from.scenes.isStar && !to.scenes.isStar) || (from.controls.isStar && !to.controls.isStar))
-        return "a star in the first needs a star in the second";
-    return std::nullopt;
+        return failure("a star in the first needs a star in the second");
+    return {};
 }
 
-Trouble countTrouble(const Path& from, std::size_t scenes) {
+Result<void> checkCount(const Path& from, std::size_t scenes) {
     const std::int32_t end = from.scenes.first + from.scenes.count;
-    if (static_cast<std::size_t>(end) <= scenes)
-        return std::nullopt;
-    return "the file has one scene, scene1";
+    if (static_cast<std::size_t>(end) > scenes)
+        return failure("the file has one scene, scene1");
+    return {};
 }
 
 // Where the value for `target` comes from.
@@ -182,17 +179,17 @@ void copySetting(const SceneValue& source, std::int32_t control, const SceneValu
 
 } // namespace
 
-Edited setValues(const PopUpValue& lists, const SceneList& scenes,
-                 std::span<const std::string> assignments) {
+Result<SceneList> setValues(const PopUpValue& lists, const SceneList& scenes,
+                            std::span<const std::string> assignments) {
     Assignments places;
     for (const std::string& assignment : assignments)
-        if (Trouble trouble = addAssignment(assignment, places))
-            return {{}, std::move(trouble)};
+        if (auto added = addAssignment(assignment, places); !added)
+            return failure(std::move(added.error()));
     SceneList copies = copyOf(scenes);
     for (const bool first : {true, false})
-        if (Trouble trouble = assignAll(lists, places, copies, first))
-            return {{}, std::move(trouble)};
-    return {std::move(copies), std::nullopt};
+        if (auto assigned = assignAll(lists, places, copies, first); !assigned)
+            return failure(std::move(assigned.error()));
+    return copies;
 }
 
 SceneList copyOf(const SceneList& scenes) {
@@ -202,31 +199,29 @@ SceneList copyOf(const SceneList& scenes) {
     return copies;
 }
 
-Edited copyValues(const SceneList& scenes, std::string_view from, std::string_view to) {
+Result<SceneList> copyValues(const SceneList& scenes, std::string_view from, std::string_view to) {
     return copyValues(scenes, scenes, from, to);
 }
 
-Edited copyValues(const SceneList& source, const SceneList& scenes, std::string_view from,
-                  std::string_view to) {
-    const PathResult origins = parsePath(from);
-    const PathResult targets = parsePath(to);
-    for (const PathResult* result : {&origins, &targets})
-        if (!result->path)
-            return {{}, result->trouble};
-    Trouble trouble = pairTrouble(*origins.path, *targets.path);
-    if (!trouble)
-        trouble = countTrouble(*origins.path, source.size());
-    if (trouble)
-        return {
-            {},
-            fmt::format("{} cannot be copied to {}: {}", sanitized(from), sanitized(to), *trouble)};
+Result<SceneList> copyValues(const SceneList& source, const SceneList& scenes,
+                             std::string_view from, std::string_view to) {
+    const auto origins = parsePath(from);
+    const auto targets = parsePath(to);
+    for (const auto* const path : {&origins, &targets})
+        if (!*path)
+            return failure(path->error());
+    const auto checked =
+        checkPair(*origins, *targets).and_then([&] { return checkCount(*origins, source.size()); });
+    if (!checked)
+        return failure(fmt::format("{} cannot be copied to {}: {}", sanitized(from), sanitized(to),
+                                   checked.error()));
     SceneList copies = copyOf(scenes);
-    for (const SettingPlace& place : settingsAt(*targets.path)) {
-        const SettingPlace origin = sourceOf(*origins.path, place);
+    for (const SettingPlace& place : settingsAt(*targets)) {
+        const SettingPlace origin = sourceOf(*origins, place);
         copySetting(*source.at(static_cast<std::size_t>(origin.scene)), origin.control,
                     *copies.at(static_cast<std::size_t>(place.scene)), place);
     }
-    return {std::move(copies), std::nullopt};
+    return copies;
 }
 
 } // namespace scenewright

@@ -1,22 +1,17 @@
 // Changes to a bank that a person asks for by path. Each works on copies: the scenes that go in are
-// never changed, and a change that cannot be done whole is not done at all.
+// never changed, and a change that cannot be done whole is not done at all. An error is one phrase
+// that names the path.
 #pragma once
 
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "platform/Result.h"
 
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
-
-// `scenes` is empty when `trouble` says why, in one phrase that names the path.
-struct Edited {
-    SceneList scenes;
-    std::optional<std::string> trouble;
-};
 
 // Scenes that share nothing with these.
 [[nodiscard]] SceneList copyOf(const SceneList& scenes);
@@ -26,16 +21,16 @@ struct Edited {
 // title, or "title:" and a title that would be taken for an index; for a scene's name it is the
 // name, or "bytes:" and 24 hexadecimal digits. Titles of a pad's or key's number are those of what
 // it sends once everything is assigned.
-[[nodiscard]] Edited setValues(const PopUpValue& lists, const SceneList& scenes,
-                               std::span<const std::string> assignments);
+[[nodiscard]] Result<SceneList> setValues(const PopUpValue& lists, const SceneList& scenes,
+                                          std::span<const std::string> assignments);
 
 // Copies one path's settings to another path of the same level and kind: scenes with their names,
 // controls, or single settings. A star in `from` goes with a star in `to`, pair by pair; a number
 // in `from` is copied to all that `to` names.
-[[nodiscard]] Edited copyValues(const SceneList& scenes, std::string_view from,
-                                std::string_view to);
+[[nodiscard]] Result<SceneList> copyValues(const SceneList& scenes, std::string_view from,
+                                           std::string_view to);
 // The same out of other scenes, of which there may be fewer.
-[[nodiscard]] Edited copyValues(const SceneList& source, const SceneList& scenes,
-                                std::string_view from, std::string_view to);
+[[nodiscard]] Result<SceneList> copyValues(const SceneList& source, const SceneList& scenes,
+                                           std::string_view from, std::string_view to);
 
 } // namespace scenewright

@@ -15,21 +15,20 @@ namespace {
 constexpr std::string_view kScene = "scene";
 constexpr std::size_t kMaxDigits = 2;
 
-// Reads a path from left to right; after the first thing that is not as expected, `trouble` says
+// Reads a path from left to right; after the first thing that is not as expected, `error` says
 // so and the rest of the reading does nothing.
 class Reader {
 public:
     explicit Reader(std::string_view text) : text_(text) {}
 
     [[nodiscard]] bool isAtEnd() const { return at_ == text_.size(); }
-    [[nodiscard]] bool failed() const { return !trouble_.empty(); }
-    [[nodiscard]] const std::string& trouble() const { return trouble_; }
+    [[nodiscard]] bool failed() const { return !error_.empty(); }
+    [[nodiscard]] const std::string& error() const { return error_; }
 
     void expected(std::string_view what) {
         if (!failed())
-            trouble_ =
-                fmt::format("{}: at character {}, {} was expected",
-                            text_.empty() ? "an empty path" : sanitized(text_), at_ + 1, what);
+            error_ = fmt::format("{}: at character {}, {} was expected",
+                                 text_.empty() ? "an empty path" : sanitized(text_), at_ + 1, what);
     }
 
     [[nodiscard]] bool take(std::string_view word) {
@@ -73,7 +72,7 @@ private:
 
     std::string_view text_;
     std::size_t at_ = 0;
-    std::string trouble_;
+    std::string error_;
 };
 
 const ControlRange* findKind(std::string_view name) {
@@ -175,7 +174,7 @@ std::string wordsOf(const SettingPlace& place) {
                       kindTitle(place.kind), place.control + 1, title);
 }
 
-PathResult parsePath(std::string_view text) {
+Result<Path> parsePath(std::string_view text) {
     Reader reader(text);
     Path path;
     if (!reader.take(kScene))
@@ -189,8 +188,8 @@ PathResult parsePath(std::string_view text) {
     if (!reader.isAtEnd())
         reader.expected("the end");
     if (reader.failed())
-        return {std::nullopt, reader.trouble()};
-    return {path, {}};
+        return failure(reader.error());
+    return path;
 }
 
 std::vector<SettingPlace> settingsAt(const Path& path) {

@@ -11,9 +11,9 @@
 
 #include "model/Control.h"
 #include "model/Setting.h"
+#include "platform/Result.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,15 +56,9 @@ struct Path {
     const Setting* setting = nullptr; // at Level::Setting; null for the scene's name
 };
 
-// `path` is there when `trouble` is empty; else that says in one phrase what was expected, and
-// where
+// The error says in one phrase what was expected, and where
 // ("scene1.pad9: at character 11, a pad's number from 1 to 8 or * was expected").
-struct PathResult {
-    std::optional<Path> path;
-    std::string trouble;
-};
-
-[[nodiscard]] PathResult parsePath(std::string_view text);
+[[nodiscard]] Result<Path> parsePath(std::string_view text);
 
 // Every setting that the path covers: scene by scene, its name first, then control by control.
 [[nodiscard]] std::vector<SettingPlace> settingsAt(const Path& path);

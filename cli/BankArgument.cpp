@@ -1,7 +1,7 @@
 #include "cli/BankArgument.h"
 
 #include "app/WindowAction.h"
-#include "bank/JsonTree.h"
+#include "bank/BankJson.h"
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
@@ -65,16 +65,11 @@ Result<FileContent> readArgument(const std::string& name) {
     });
 }
 
-using Parse = BankFile (*)(std::span<const std::uint8_t> bytes, const std::string& name);
+using Parse = Result<BankFile> (*)(std::span<const std::uint8_t> bytes, const std::string& name);
 
 Result<BankFile> load(const std::string& name, Parse parse) {
-    const auto bytes = readArgument(name);
-    if (!bytes)
-        return failure(bytes.error());
-    BankFile bank = parse(*bytes, inputName(name));
-    if (bank.trouble)
-        return failure(*bank.trouble);
-    return bank;
+    return readArgument(name).and_then(
+        [&](const FileContent& bytes) { return parse(bytes, inputName(name)); });
 }
 
 int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint8_t> bytes) {
@@ -168,17 +163,17 @@ int storeBank(const std::string& name, const SceneList& scenes, BankFormat form)
 int changeBank(const std::string& name, const BankEdit& edit) {
     if (inputDescriptor(name))
         return changeStream(name, edit);
-    return endOf(name, changeFile(name, kJsonBytes, [&](const FileContent& bytes) {
-                     const BankFile bank = parseBank(bytes, name);
-                     if (bank.trouble)
-                         return Result<FileContent>(failure(*bank.trouble));
-                     const auto lists = listsFor(bank.form);
-                     if (!lists)
-                         return Result<FileContent>(failure(lists.error()));
-                     return edit(bank).map([&](const SceneList& scenes) {
-                         return bankBytes(scenes, bank.form, **lists);
-                     });
-                 }));
+    const FileChange change = [&](const FileContent& bytes) -> Result<FileContent> {
+        const auto bank = parseBank(bytes, name);
+        if (!bank)
+            return failure(bank.error());
+        const auto lists = listsFor(bank->form);
+        if (!lists)
+            return failure(lists.error());
+        return edit(*bank).map(
+            [&](const SceneList& scenes) { return bankBytes(scenes, bank->form, **lists); });
+    };
+    return endOf(name, changeFile(name, kJsonBytes, change));
 }
 
 Result<void> checkStorable(const std::string& name) {

@@ -26,10 +26,10 @@ std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const Setti
 int get(const std::string& name, const std::vector<std::string>& paths) {
     std::vector<SettingPlace> places;
     for (const std::string& text : paths) {
-        const PathResult result = parsePath(text);
-        if (!result.path)
-            return reportError(result.trouble, kExitUsage);
-        const auto more = settingsAt(*result.path);
+        const auto path = parsePath(text);
+        if (!path)
+            return reportError(path.error(), kExitUsage);
+        const auto more = settingsAt(*path);
         places.insert(places.end(), more.begin(), more.end());
     }
     const auto bank = loadBank(name);
@@ -44,19 +44,12 @@ int get(const std::string& name, const std::vector<std::string>& paths) {
     return printAndEnd(text, kExitDone);
 }
 
-Result<SceneList> resultOf(Edited edited) {
-    if (edited.trouble)
-        return failure(*edited.trouble);
-    return std::move(edited.scenes);
-}
-
 int set(const std::string& name, const std::vector<std::string>& assignments) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return changeBank(name, [&](const BankFile& bank) {
-        return resultOf(setValues(**lists, bank.scenes, assignments));
-    });
+    return changeBank(
+        name, [&](const BankFile& bank) { return setValues(**lists, bank.scenes, assignments); });
 }
 
 struct CopyOptions {
@@ -71,12 +64,12 @@ int copy(const CopyOptions& options) {
         inputDescriptor(options.bank) == inputDescriptor(options.source))
         return reportError("standard input can be the bank or what is copied from, not both",
                            kExitUsage);
-    return changeBank(options.bank, [&options](const BankFile& bank) -> Result<SceneList> {
+    return changeBank(options.bank, [&options](const BankFile& bank) {
         const auto source =
             options.source.empty() ? Result<BankFile>(bank) : loadBankOrScene(options.source);
-        if (!source)
-            return failure(source.error());
-        return resultOf(copyValues(source->scenes, bank.scenes, options.from, options.to));
+        return source.and_then([&](const BankFile& from) {
+            return copyValues(from.scenes, bank.scenes, options.from, options.to);
+        });
     });
 }
 

@@ -65,8 +65,8 @@ Outcome transferOutcome() {
 
 void addStorageError(Outcome& outcome) {
     UsbHost* const host = Transport::instance().host();
-    if (auto error = host != nullptr ? host->storageError() : std::nullopt)
-        outcome.notKept.push_back(*std::move(error));
+    if (auto stored = host != nullptr ? host->storageResult() : Result<void>(); !stored)
+        outcome.notKept.push_back(std::move(stored.error()));
 }
 
 void releaseKeyboard(Outcome& outcome) {

@@ -152,9 +152,9 @@ public:
     // The devices attached now that match, in the platform's order.
     [[nodiscard]] virtual UsbResult<Devices> devices(const DeviceMatch& match) = 0;
 
-    // What of the transfers up to now was not kept, in one sentence: a virtual controller's memory
-    // may belong in a file. Any thread.
-    [[nodiscard]] virtual std::optional<std::string> storageError() { return std::nullopt; }
+    // Whether what was sent is kept: a virtual controller's memory may belong in a file. Any
+    // thread.
+    [[nodiscard]] virtual Result<void> storageResult() { return {}; }
 };
 
 } // namespace scenewright

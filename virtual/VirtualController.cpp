@@ -69,22 +69,19 @@ std::uint8_t byteOf(const Packet& packet) {
 
 } // namespace
 
-std::optional<Fault> parseFault(std::string_view text, std::string& trouble) {
+Result<Fault> parseFault(std::string_view text) {
     const auto colon = text.find(':');
     const auto kind = kindNamed(text.substr(0, colon));
-    if (!kind) {
-        trouble = fmt::format("'{}' is no fault: it must be handshake:N, silent:N, short:N, "
-                              "nibble:N, write:N, unplug:N or stall:N",
-                              readableText(text));
-        return std::nullopt;
-    }
+    if (!kind)
+        return failure(fmt::format("'{}' is no fault: it must be handshake:N, silent:N, short:N, "
+                                   "nibble:N, write:N, unplug:N or stall:N",
+                                   readableText(text)));
     const auto count =
         colon == std::string_view::npos ? std::nullopt : countFrom(text.substr(colon + 1));
-    if (!count) {
-        trouble = fmt::format("'{}' is no fault: a number from 0 to 4294967295 must follow '{}:'",
-                              readableText(text), text.substr(0, colon));
-        return std::nullopt;
-    }
+    if (!count)
+        return failure(
+            fmt::format("'{}' is no fault: a number from 0 to 4294967295 must follow '{}:'",
+                        readableText(text), text.substr(0, colon)));
     return Fault{*kind, *count};
 }
 

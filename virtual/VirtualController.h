@@ -8,6 +8,7 @@
 // leave the bus. One thread at a time.
 #pragma once
 
+#include "platform/Result.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 
@@ -43,8 +44,7 @@ struct Fault {
 using FaultPlan = std::vector<Fault>;
 
 // Reads "handshake:3", "silent:0", "short:7", "nibble:7", "write:12", "unplug:500", "stall:9".
-// Nothing, and one sentence in `trouble`, for anything else.
-[[nodiscard]] std::optional<Fault> parseFault(std::string_view text, std::string& trouble);
+[[nodiscard]] Result<Fault> parseFault(std::string_view text);
 
 class VirtualController {
 public:

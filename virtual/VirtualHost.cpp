@@ -36,7 +36,7 @@ public:
     // Ends with kResultCancelled when the owner gives its claim up meanwhile.
     UsbRead read(const void* owner, std::span<std::uint8_t> room);
 
-    [[nodiscard]] std::optional<std::string> storageError() const;
+    [[nodiscard]] Result<void> storageResult() const;
 
 private:
     // Nothing as long as there is a reason to wait.
@@ -145,8 +145,7 @@ void BankFileStore::afterTransfer(const VirtualController& controller) {
     sendsKept_ = controller.sendsEnded();
     if (file_.empty())
         return;
-    const auto stored = store_(file_, controller.bank());
-    trouble_ = stored ? std::nullopt : std::optional(stored.error());
+    result_ = store_(file_, controller.bank());
 }
 
 VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
@@ -235,9 +234,9 @@ std::optional<UsbRead> VirtualBus::tryRead(const void* owner, std::span<std::uin
     return UsbRead{.delivered = reply->size(), .code = kResultSuccess};
 }
 
-std::optional<std::string> VirtualBus::storageError() const {
+Result<void> VirtualBus::storageResult() const {
     const std::lock_guard lock(mutex_);
-    return keeper_.trouble();
+    return keeper_.result();
 }
 
 UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
@@ -249,8 +248,8 @@ UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
     return Devices{std::make_shared<VirtualDevice>(bus_)};
 }
 
-std::optional<std::string> VirtualHost::storageError() {
-    return bus_->storageError();
+Result<void> VirtualHost::storageResult() {
+    return bus_->storageResult();
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,

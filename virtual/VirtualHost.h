@@ -33,14 +33,14 @@ public:
     // that the controller received.
     void afterTransfer(const VirtualController& controller);
 
-    // The sentence of the last send that could not be kept.
-    [[nodiscard]] const std::optional<std::string>& trouble() const noexcept { return trouble_; }
+    // What became of the last one.
+    [[nodiscard]] const Result<void>& result() const noexcept { return result_; }
 
 private:
     std::filesystem::path file_;
     Store store_;
     std::uint32_t sendsKept_ = 0;
-    std::optional<std::string> trouble_;
+    Result<void> result_;
 };
 
 // Which device the host pretends to have on its bus.
@@ -59,8 +59,8 @@ public:
 
     // The controller, unless it is unplugged or has other ids.
     UsbResult<Devices> devices(const DeviceMatch& match) override;
-    // Why the last send could not be kept in the bank file.
-    std::optional<std::string> storageError() override;
+    // Whether the last send could be kept in the bank file.
+    Result<void> storageResult() override;
 
 private:
     std::shared_ptr<VirtualBus> bus_;

@@ -68,7 +68,10 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files)
     window_.menu().file().insertSeparator(&window_.menu().quit());
     connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
     connect(earlier_, &QMenu::aboutToShow, this, &BankCommands::fillEarlier);
-    window_.commands().setKeepScenes([this] { return files_.keep(); });
+    window_.commands().setKeepScenes([this]() -> std::optional<std::string> {
+        const auto kept = files_.keep();
+        return kept ? std::nullopt : std::optional(kept.error());
+    });
     window_.setAcceptDrops(true);
     window_.installEventFilter(this);
 }
@@ -135,12 +138,13 @@ void BankCommands::saveScene(const QString& file) {
 }
 
 void BankCommands::restoreLatest() {
-    showOutcome(files_.restoreLatest(), tr("Brought back the earlier scenes"));
+    if (const auto bank = files_.newestOther())
+        showOutcome(files_.openBank(bank->file), tr("Brought back the earlier scenes"));
 }
 
-bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString& done) {
-    post(outcome.trouble, outcome.isDone ? done : QString());
-    if (!outcome.isDone)
+bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done) {
+    post(outcome ? outcome->kept : failure(outcome.error()), outcome ? done : QString());
+    if (!outcome)
         return false;
     window_.showScenesAnew();
     emit replaced();
@@ -148,23 +152,20 @@ bool BankCommands::showOutcome(const StoreFiles::Outcome& outcome, const QString
 }
 
 void BankCommands::showSaved(const Result<void>& saved, const QString& file) {
-    if (saved)
-        post(std::nullopt, tr("Saved %1").arg(QFileInfo(file).fileName()));
-    else
-        post(saved.error(), {});
+    post(saved, saved ? tr("Saved %1").arg(QFileInfo(file).fileName()) : QString());
 }
 
 // Both may be there: something was done, and something else beside it was not.
-void BankCommands::post(const std::optional<std::string>& error, const QString& done) {
+void BankCommands::post(const Result<void>& result, const QString& done) {
     QStringList lines;
     if (!done.isEmpty())
         lines.append(done);
-    if (error)
-        lines.append(shown(*error));
+    if (!result)
+        lines.append(shown(result.error()));
     if (lines.isEmpty())
         return window_.notices().withdraw(Notice::Source::Files);
     window_.notices().post({.source = Notice::Source::Files,
-                            .kind = error ? Notice::Kind::Error : Notice::Kind::Done,
+                            .kind = result ? Notice::Kind::Done : Notice::Kind::Error,
                             .text = lines.join(QLatin1Char('\n'))});
 }
 

@@ -58,9 +58,9 @@ private:
     void askForFile(const FileEntry& entry);
     void fillRecent();
     void fillEarlier();
-    bool showOutcome(const StoreFiles::Outcome& outcome, const QString& done);
+    bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done);
     void showSaved(const Result<void>& saved, const QString& file);
-    void post(const std::optional<std::string>& error, const QString& done);
+    void post(const Result<void>& result, const QString& done);
 
     MainWindow& window_;
     StoreFiles files_;

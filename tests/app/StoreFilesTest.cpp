@@ -49,6 +49,8 @@ protected:
         return folder.file("bad.json");
     }
 
+    void restoreLatest() { EXPECT_TRUE(files.openBank(files.newestOther().value().file)); }
+
     TempFolder folder;
     StoreFiles files{BackupStore(folder.path() / "backups")};
     std::shared_ptr<PopUpValue> lists = WindowAction::InitializePopUp();
@@ -57,9 +59,7 @@ protected:
 TEST_F(StoreFilesTest, OpeningABankReplacesTheStoredScenes) {
     const auto file = bankFile();
     const auto former = WindowAction::getSceneWithIndex(1);
-    const auto outcome = files.openBank(file);
-    EXPECT_TRUE(outcome.isDone);
-    EXPECT_EQ(outcome.trouble, std::nullopt);
+    EXPECT_TRUE(files.openBank(file).value().kept);
     EXPECT_EQ(record(1, 13).CR(), 127);
     EXPECT_NE(WindowAction::getSceneWithIndex(1), former);
     EXPECT_EQ(WindowAction::scenes().size(), 4U);
@@ -68,28 +68,23 @@ TEST_F(StoreFilesTest, OpeningABankReplacesTheStoredScenes) {
 TEST_F(StoreFilesTest, OpeningABankKeepsWhatWasThere) {
     const auto file = bankFile();
     record(0, 13).setCB(77);
-    EXPECT_TRUE(files.openBank(file).isDone);
+    EXPECT_TRUE(files.openBank(file));
     ASSERT_EQ(files.earlier().list().size(), 1U);
-    EXPECT_TRUE(files.openBank(files.earlier().list().front().file).isDone);
+    EXPECT_TRUE(files.openBank(files.earlier().list().front().file));
     EXPECT_EQ(record(0, 13).CB(), 77);
 }
 
 TEST_F(StoreFilesTest, ABadBankChangesNothing) {
     const SceneList before = WindowAction::scenes();
-    const auto outcome = files.openBank(badFile());
-    EXPECT_FALSE(outcome.isDone);
-    ASSERT_TRUE(outcome.trouble);
-    EXPECT_NE(outcome.trouble->find(folder.file("bad.json")), std::string::npos);
+    EXPECT_TRUE(files.openBank(badFile()).error().starts_with(folder.file("bad.json")));
     EXPECT_EQ(WindowAction::scenes(), before);
     EXPECT_TRUE(files.earlier().list().empty());
 }
 
 TEST_F(StoreFilesTest, WhatCannotBeKeptIsToldAndTheBankOpened) {
     const StoreFiles blocked{BackupStore(bankFile() + "/backups")};
-    const auto outcome = blocked.openBank(folder.file("a.bank"));
-    EXPECT_TRUE(outcome.isDone);
-    ASSERT_TRUE(outcome.trouble);
-    EXPECT_TRUE(outcome.trouble->starts_with("The former scenes could not be kept: "));
+    const auto kept = blocked.openBank(folder.file("a.bank")).value().kept;
+    EXPECT_TRUE(kept.error().starts_with("The former scenes could not be kept: "));
     EXPECT_EQ(record(1, 13).CR(), 127);
 }
 
@@ -98,7 +93,7 @@ TEST_F(StoreFilesTest, ASceneIsWrittenIntoTheStoredRecords) {
     const auto stored = WindowAction::getSceneWithIndex(2);
     const auto common = stored->commonValue();
     const auto pad = stored->buttonValueArray()[12];
-    EXPECT_TRUE(files.openScene(file, 2).isDone);
+    EXPECT_TRUE(files.openScene(file, 2));
     EXPECT_EQ(WindowAction::getSceneWithIndex(2), stored);
     EXPECT_EQ(stored->commonValue(), common);
     EXPECT_EQ(common->SceneName(), std::string("Alone\0\0\0\0\0\0\0", 12));
@@ -110,7 +105,7 @@ TEST_F(StoreFilesTest, ASceneIsWrittenIntoTheStoredRecords) {
 TEST_F(StoreFilesTest, ASceneLeavesTheOtherScenesAlone) {
     const auto file = sceneFile();
     const BankImage before = encodeBank(WindowAction::scenes());
-    EXPECT_TRUE(files.openScene(file, 2).isDone);
+    EXPECT_TRUE(files.openScene(file, 2));
     const BankImage after = encodeBank(WindowAction::scenes());
     for (std::size_t at = 0; at < before.size(); ++at)
         if (at / 253 != 2) {
@@ -123,45 +118,41 @@ TEST_F(StoreFilesTest, ASceneLeavesTheOtherScenesAlone) {
 TEST_F(StoreFilesTest, ASceneWithoutControlsGetsThoseOfTheFile) {
     const auto file = sceneFile();
     WindowAction::getSceneWithIndex(3)->setButtonValueArray({});
-    EXPECT_TRUE(files.openScene(file, 3).isDone);
+    EXPECT_TRUE(files.openScene(file, 3));
     EXPECT_EQ(WindowAction::getSceneWithIndex(3)->buttonValueArray().size(), 45U);
     EXPECT_EQ(record(3, 45).OnValue(), 88);
 }
 
 TEST_F(StoreFilesTest, ABankIsNoScene) {
-    const auto outcome = files.openScene(bankFile(), 0);
-    EXPECT_FALSE(outcome.isDone);
-    EXPECT_TRUE(outcome.trouble);
+    EXPECT_FALSE(files.openScene(bankFile(), 0));
     EXPECT_TRUE(files.earlier().list().empty());
 }
 
 TEST_F(StoreFilesTest, TheNewestEarlierScenesComeBack) {
     record(0, 13).setCR(1);
-    EXPECT_EQ(files.keep(), std::nullopt);
+    EXPECT_TRUE(files.keep());
     record(0, 13).setCR(2);
-    EXPECT_EQ(files.keep(), std::nullopt);
+    EXPECT_TRUE(files.keep());
     // What is shown is itself the newest that is kept: the one before it is meant.
-    EXPECT_TRUE(files.restoreLatest().isDone);
+    restoreLatest();
     EXPECT_EQ(record(0, 13).CR(), 1);
-    EXPECT_TRUE(files.restoreLatest().isDone);
+    restoreLatest();
     EXPECT_EQ(record(0, 13).CR(), 2);
 }
 
 TEST_F(StoreFilesTest, ADamagedEarlierBankIsPassedOver) {
     record(0, 13).setCR(1);
-    EXPECT_EQ(files.keep(), std::nullopt);
+    EXPECT_TRUE(files.keep());
     record(0, 13).setCR(2);
-    EXPECT_EQ(files.keep(), std::nullopt);
+    EXPECT_TRUE(files.keep());
     testing::writeBytes(files.earlier().list().front().file, std::vector<std::uint8_t>(3));
     record(0, 13).setCR(3);
-    EXPECT_TRUE(files.restoreLatest().isDone);
+    restoreLatest();
     EXPECT_EQ(record(0, 13).CR(), 1);
 }
 
 TEST_F(StoreFilesTest, NothingComesBackWhenNothingIsKept) {
-    const auto outcome = files.restoreLatest();
-    EXPECT_FALSE(outcome.isDone);
-    EXPECT_EQ(outcome.trouble, std::nullopt);
+    EXPECT_FALSE(files.newestOther());
 }
 
 TEST_F(StoreFilesTest, SavedBanksAndScenesOpenAgain) {
@@ -169,11 +160,11 @@ TEST_F(StoreFilesTest, SavedBanksAndScenesOpenAgain) {
     for (const char* name : {"x.json", "x.bank"}) {
         EXPECT_TRUE(files.saveBank(folder.file(name), *lists));
         WindowAction::getSceneValue();
-        EXPECT_TRUE(files.openBank(folder.file(name)).isDone);
+        EXPECT_TRUE(files.openBank(folder.file(name)));
         EXPECT_EQ(record(3, 1).MIDIChannel(), 9) << name;
     }
     EXPECT_TRUE(files.saveScene(folder.file("s.json"), 3, *lists));
-    EXPECT_TRUE(files.openScene(folder.file("s.json"), 0).isDone);
+    EXPECT_TRUE(files.openScene(folder.file("s.json"), 0));
     EXPECT_EQ(record(0, 1).MIDIChannel(), 9);
     EXPECT_FALSE(files.saveBank(folder.file("no/such/x.json"), *lists));
 }

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace scenewright {
 
 using testing::knownImage;
@@ -28,71 +30,75 @@ std::vector<std::size_t> changedBytes(const SceneList& scenes) {
     return bytes;
 }
 
-Edited set(const std::vector<std::string>& assignments) {
+Result<SceneList> set(const std::vector<std::string>& assignments) {
     const SceneList scenes = knownScenes();
-    Edited edited = setValues(lists(), scenes, assignments);
-    EXPECT_EQ(edited.scenes.empty(), edited.trouble.has_value());
+    auto edited = setValues(lists(), scenes, assignments);
     EXPECT_EQ(encodeBank(scenes), knownImage()) << "what goes in is never changed";
     return edited;
 }
 
-std::string setTrouble(const std::vector<std::string>& assignments) {
-    return set(assignments).trouble.value_or("none");
-}
-
-std::string valueAfter(const std::vector<std::string>& assignments, std::string_view path) {
-    const Edited edited = set(assignments);
-    EXPECT_EQ(edited.trouble, std::nullopt);
-    const SettingPlace place = settingsAt(parsePath(path).path.value()).front();
-    return settingText(lists(), *edited.scenes.at(static_cast<std::size_t>(place.scene)), place)
-        .value;
-}
-
-Edited copy(std::string_view from, std::string_view to) {
+Result<SceneList> copy(std::string_view from, std::string_view to) {
     const SceneList scenes = knownScenes();
-    Edited edited = copyValues(scenes, from, to);
+    auto edited = copyValues(scenes, from, to);
     EXPECT_EQ(encodeBank(scenes), knownImage());
     return edited;
 }
 
-std::string copyTrouble(std::string_view from, std::string_view to) {
-    return copy(from, to).trouble.value_or("none");
+std::string errorOf(const Result<SceneList>& edited) {
+    return edited ? "none" : edited.error();
+}
+
+std::string valueAfter(const std::vector<std::string>& assignments, std::string_view path) {
+    const SettingPlace place = settingsAt(parsePath(path).value()).front();
+    const SceneList scenes = set(assignments).value();
+    return settingText(lists(), *scenes.at(static_cast<std::size_t>(place.scene)), place).value;
 }
 
 } // namespace
 
 TEST(SetValues, IndexChangesItsByteAlone) {
-    const Edited edited = set({"scene2.pad4.CR=100"});
-    EXPECT_EQ(changedBytes(edited.scenes), std::vector<std::size_t>{253 + 229 + 3});
-    EXPECT_EQ(encodeBank(edited.scenes).at(253 + 229 + 3), 100);
+    const SceneList edited = set({"scene2.pad4.CR=100"}).value();
+    EXPECT_EQ(changedBytes(edited), std::vector<std::size_t>{253 + 229 + 3});
+    EXPECT_EQ(encodeBank(edited).at(253 + 229 + 3), 100);
 }
 
 TEST(SetValues, ScenesThatComeOutShareNothingWithThoseThatWentIn) {
     const SceneList scenes = knownScenes();
-    const Edited edited = setValues(lists(), scenes, {});
+    const SceneList edited = setValues(lists(), scenes, {}).value();
     for (std::size_t scene = 0; scene < 4; ++scene) {
-        EXPECT_NE(edited.scenes[scene]->commonValue(), scenes[scene]->commonValue());
+        EXPECT_NE(edited[scene]->commonValue(), scenes[scene]->commonValue());
         for (std::size_t control = 0; control < 45; ++control)
-            EXPECT_NE(edited.scenes[scene]->buttonValueArray()[control],
+            EXPECT_NE(edited[scene]->buttonValueArray()[control],
                       scenes[scene]->buttonValueArray()[control]);
     }
 }
 
-TEST(SetValues, TitleIsTurnedIntoItsIndex) {
-    EXPECT_EQ(valueAfter({"scene1.pad3.AssignType=Note"}, "scene1.pad3.AssignType"), "2");
-    EXPECT_EQ(valueAfter({"scene1.common.KeyTranspose=-4"}, "scene1.common.KeyTranspose"), "8");
-    EXPECT_EQ(valueAfter({"scene1.common.KeyTranspose=+4"}, "scene1.common.KeyTranspose"), "4");
-    EXPECT_EQ(valueAfter({"scene1.group1.MIDIChannel=Global"}, "scene1.group1.MIDIChannel"), "16");
-}
-
-TEST(SetValues, DigitsAreAnIndexUnlessMarkedAsATitle) {
-    EXPECT_EQ(valueAfter({"scene1.group1.MIDIChannel=1"}, "scene1.group1.MIDIChannel"), "1");
-    EXPECT_EQ(valueAfter({"scene1.group1.MIDIChannel=title:1"}, "scene1.group1.MIDIChannel"), "0");
-    EXPECT_EQ(valueAfter({"scene1.pad1.AssignType=title:CC"}, "scene1.pad1.AssignType"), "1");
-}
-
-TEST(SetValues, IndexOutsideItsListIsTakenAsTheImageTakesIt) {
-    EXPECT_EQ(valueAfter({"scene1.group1.MIDIChannel=127"}, "scene1.group1.MIDIChannel"), "127");
+// Digits are an index unless they are marked as a title, and one outside its list is taken as the
+// image takes it; anything else is a title. A name is a text, or marked bytes.
+TEST(SetValues, ValueIsAnIndexATitleOrAName) {
+    struct Row {
+        std::string path;
+        const char* value;
+        const char* expected;
+    };
+    const std::string name = "scene1.common.SceneName";
+    for (const Row& row : std::initializer_list<Row>{
+             {"scene1.pad3.AssignType", "Note", "2"},
+             {"scene1.common.KeyTranspose", "-4", "8"},
+             {"scene1.common.KeyTranspose", "+4", "4"},
+             {"scene1.group1.MIDIChannel", "Global", "16"},
+             {"scene1.group1.MIDIChannel", "1", "1"},
+             {"scene1.group1.MIDIChannel", "title:1", "0"},
+             {"scene1.pad1.AssignType", "title:CC", "1"},
+             {"scene1.group1.MIDIChannel", "127", "127"},
+             {name, "My = Bank", "My = Bank"},
+             {name, "", ""},
+             {name, "7", "7"},
+             {name, "bytes:41ff00000000000000000000", "bytes:41ff00000000000000000000"},
+             {name, "bytes:414200000000000000000000", "AB"},
+             {name, "bytes:41", "bytes:41"},
+         })
+        EXPECT_EQ(valueAfter({row.path + "=" + row.value}, row.path), row.expected) << row.value;
 }
 
 TEST(SetValues, NumbersTitleIsThatOfTheTypeAfterAllAssignments) {
@@ -102,15 +108,15 @@ TEST(SetValues, NumbersTitleIsThatOfTheTypeAfterAllAssignments) {
          {std::vector{type + "Note", number + "C4"}, std::vector{number + "C4", type + "Note"},
           std::vector{number + "C4", type + "CC", type + "2"}})
         EXPECT_EQ(valueAfter(order, "scene1.key1.CCOrNoteNumber"), "60");
-    EXPECT_EQ(setTrouble({type + "Note", number + "C4", type + "CC"}),
+    EXPECT_EQ(errorOf(set({type + "Note", number + "C4", type + "CC"})),
               "scene1.key1.CCOrNoteNumber has no option \"C4\": its options go from 0 to 127");
-    EXPECT_EQ(setTrouble({type + "2", number + "title:60"}),
+    EXPECT_EQ(errorOf(set({type + "2", number + "title:60"})),
               "scene1.key1.CCOrNoteNumber has no option \"60\": its options go from C-1 to G9");
 }
 
 TEST(SetValues, StarsSetEachAndTheLaterOfTwoWins) {
-    const Edited edited = set({"scene*.knob*.Enable=On", "scene2.knob3.Enable=Off"});
-    const BankImage image = encodeBank(edited.scenes);
+    const BankImage image =
+        encodeBank(set({"scene*.knob*.Enable=On", "scene2.knob3.Enable=Off"}).value());
     for (std::size_t scene = 0; scene < 4; ++scene)
         for (std::size_t knob = 0; knob < 4; ++knob)
             EXPECT_EQ(image.at(scene * 253 + 149 + knob), scene == 1 && knob == 2 ? 0 : 1);
@@ -118,78 +124,66 @@ TEST(SetValues, StarsSetEachAndTheLaterOfTwoWins) {
               "1");
 }
 
-TEST(SetValues, NameIsSetAsTextOrAsBytes) {
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName=My = Bank"}, "scene1.common.SceneName"),
-              "My = Bank");
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName="}, "scene1.common.SceneName"), "");
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName=7"}, "scene1.common.SceneName"), "7");
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName=bytes:41ff00000000000000000000"},
-                         "scene1.common.SceneName"),
-              "bytes:41ff00000000000000000000");
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName=bytes:414200000000000000000000"},
-                         "scene1.common.SceneName"),
-              "AB");
-    EXPECT_EQ(valueAfter({"scene1.common.SceneName=bytes:41"}, "scene1.common.SceneName"),
-              "bytes:41");
-}
-
 TEST(SetValues, OneBadAssignmentLeavesAllUndone) {
-    EXPECT_TRUE(set({"scene1.pad1.CR=1", "scene1.pad1.CG=128"}).scenes.empty());
+    EXPECT_FALSE(set({"scene1.pad1.CR=1", "scene1.pad1.CG=128"}));
 }
 
-TEST(SetValues, TroubleIsOnePhrase) {
-    EXPECT_EQ(setTrouble({"scene1.pad3.CR"}), "scene1.pad3.CR: PATH=VALUE was expected");
-    EXPECT_EQ(setTrouble({""}), ": PATH=VALUE was expected");
-    EXPECT_EQ(setTrouble({"scene1.pad3=1"}), "scene1.pad3: a value needs the path of a setting");
-    EXPECT_EQ(setTrouble({"scene1=1"}), "scene1: a value needs the path of a setting");
-    EXPECT_EQ(setTrouble({"scene1.pad9.CR=1"}),
-              "scene1.pad9.CR: at character 11, a pad's number from 1 to 8 or * was expected");
-    EXPECT_EQ(setTrouble({"scene1.pad3.CR=128"}),
-              "scene1.pad3.CR must be a whole number from 0 to 127, and is 128");
-    EXPECT_EQ(setTrouble({"scene1.pad3.CR=99999999999999999999"}),
-              "scene1.pad3.CR must be a whole number from 0 to 127, and is 99999999999999999999");
-    EXPECT_EQ(setTrouble({"scene1.pad3.CR=-1"}),
-              "scene1.pad3.CR has no option \"-1\": its options go from 0 to 127");
-    EXPECT_EQ(setTrouble({"scene1.pad3.CR="}),
-              "scene1.pad3.CR has no option \"\": its options go from 0 to 127");
-    EXPECT_EQ(setTrouble({"scene1.pad3.AssignType=note"}),
-              "scene1.pad3.AssignType has no option \"note\": its options are Off, CC, Note");
-    EXPECT_EQ(setTrouble({"scene1.common.SceneName=THIRTEEN BYTE"}),
+TEST(SetValues, ErrorIsOnePhrase) {
+    for (const auto& [assignment, error] :
+         std::initializer_list<std::pair<const char*, std::string>>{
+             {"scene1.pad3.CR", "scene1.pad3.CR: PATH=VALUE was expected"},
+             {"", ": PATH=VALUE was expected"},
+             {"scene1.pad3=1", "scene1.pad3: a value needs the path of a setting"},
+             {"scene1=1", "scene1: a value needs the path of a setting"},
+             {"scene1.pad9.CR=1",
+              "scene1.pad9.CR: at character 11, a pad's number from 1 to 8 or * was expected"},
+             {"scene1.pad3.CR=128",
+              "scene1.pad3.CR must be a whole number from 0 to 127, and is 128"},
+             {"scene1.pad3.CR=99999999999999999999",
+              "scene1.pad3.CR must be a whole number from 0 to 127, and is 99999999999999999999"},
+             {"scene1.pad3.CR=-1",
+              "scene1.pad3.CR has no option \"-1\": its options go from 0 to 127"},
+             {"scene1.pad3.CR=", "scene1.pad3.CR has no option \"\": its options go from 0 to 127"},
+             {"scene1.pad3.AssignType=note",
+              "scene1.pad3.AssignType has no option \"note\": its options are Off, CC, Note"},
+             {"scene1.common.SceneName=THIRTEEN BYTE",
               "scene1.common.SceneName must be at most 12 bytes without control characters, or "
-              "bytes: and 24 hexadecimal digits, and is \"THIRTEEN BYTE\"");
+              "bytes: and 24 hexadecimal digits, and is \"THIRTEEN BYTE\""},
+         })
+        EXPECT_EQ(errorOf(set({assignment})), error);
 }
 
 TEST(SetValues, WithoutListsThereAreIndicesOnly) {
-    const PopUpValue none;
-    const std::vector<std::string> title{"scene1.pad3.AssignType=Note"};
-    const std::vector<std::string> index{"scene1.pad3.AssignType=2"};
-    EXPECT_EQ(setValues(none, knownScenes(), title).trouble,
+    const auto with = [](const std::string& assignment) {
+        return errorOf(setValues(PopUpValue(), knownScenes(), std::vector{assignment}));
+    };
+    EXPECT_EQ(with("scene1.pad3.AssignType=Note"),
               "scene1.pad3.AssignType has no option \"Note\": it has none");
-    EXPECT_EQ(setValues(none, knownScenes(), index).trouble, std::nullopt);
+    EXPECT_EQ(with("scene1.pad3.AssignType=2"), "none");
 }
 
 TEST(CopyValues, SceneGoesWithItsName) {
-    const BankImage image = encodeBank(copy("scene1", "scene4").scenes);
+    const BankImage image = encodeBank(copy("scene1", "scene4").value());
     EXPECT_TRUE(std::equal(image.begin(), image.begin() + 253, image.begin() + 759));
     EXPECT_TRUE(std::equal(image.begin(), image.begin() + 759, knownImage().begin()));
 }
 
 TEST(CopyValues, ControlGoesToAnother) {
-    const Edited edited = copy("scene1.pad1", "scene2.pad8");
-    const BankImage image = encodeBank(edited.scenes);
+    const SceneList edited = copy("scene1.pad1", "scene2.pad8").value();
+    const BankImage image = encodeBank(edited);
     for (std::size_t block = 181; block < 253; block += 8)
         EXPECT_EQ(image.at(253 + block + 7), knownImage().at(block));
-    for (const std::size_t byte : changedBytes(edited.scenes))
+    for (const std::size_t byte : changedBytes(edited))
         EXPECT_TRUE(byte >= 253 + 181 && (byte - 253 - 181) % 8 == 7) << byte;
 }
 
 TEST(CopyValues, KindGoesPairByPair) {
-    const BankImage image = encodeBank(copy("scene1.pad*", "scene3.pad*").scenes);
+    const BankImage image = encodeBank(copy("scene1.pad*", "scene3.pad*").value());
     EXPECT_TRUE(std::equal(image.begin() + 181, image.begin() + 253, image.begin() + 506 + 181));
 }
 
 TEST(CopyValues, OneGoesToMany) {
-    const BankImage image = encodeBank(copy("scene1.knob2", "scene*.knob*").scenes);
+    const BankImage image = encodeBank(copy("scene1.knob2", "scene*.knob*").value());
     for (std::size_t scene = 0; scene < 4; ++scene)
         for (std::size_t field = 0; field < 16; ++field)
             EXPECT_EQ(image.at(scene * 253 + 149 + field),
@@ -197,40 +191,43 @@ TEST(CopyValues, OneGoesToMany) {
 }
 
 TEST(CopyValues, OverlappingCopyTakesWhatWasThereBefore) {
-    const BankImage image = encodeBank(copy("scene*.pad1", "scene*.pad2").scenes);
+    const BankImage image = encodeBank(copy("scene*.pad1", "scene*.pad2").value());
     for (std::size_t scene = 0; scene < 4; ++scene)
         EXPECT_EQ(image.at(scene * 253 + 182), knownImage().at(scene * 253 + 181));
 }
 
 TEST(CopyValues, SettingAndNameCanBeCopied) {
-    EXPECT_EQ(changedBytes(copy("scene1.pad1.CR", "scene2.pad1.CR").scenes),
+    EXPECT_EQ(changedBytes(copy("scene1.pad1.CR", "scene2.pad1.CR").value()),
               std::vector<std::size_t>{253 + 229});
-    const Edited named = copy("scene3.common.SceneName", "scene1.common.SceneName");
-    EXPECT_EQ(named.scenes[0]->commonValue()->SceneName(),
-              knownScenes()[2]->commonValue()->SceneName());
+    const SceneList named = copy("scene3.common.SceneName", "scene1.common.SceneName").value();
+    EXPECT_EQ(named[0]->commonValue()->SceneName(), knownScenes()[2]->commonValue()->SceneName());
 }
 
 TEST(CopyValues, CommonSettingsGoWithTheName) {
-    const BankImage image = encodeBank(copy("scene1.common", "scene2.common").scenes);
+    const BankImage image = encodeBank(copy("scene1.common", "scene2.common").value());
     EXPECT_TRUE(std::equal(image.begin(), image.begin() + 20, image.begin() + 253));
     EXPECT_TRUE(std::equal(image.begin() + 273, image.end(), knownImage().begin() + 273));
 }
 
-TEST(CopyValues, TroubleIsOnePhrase) {
-    const std::string one =
-        ": both must name scenes, controls of one kind, or one and the same setting";
-    EXPECT_EQ(copyTrouble("scene1", "scene2.pad1"), "scene1 cannot be copied to scene2.pad1" + one);
-    EXPECT_EQ(copyTrouble("scene1.pad1", "scene1.knob1"),
-              "scene1.pad1 cannot be copied to scene1.knob1" + one);
-    EXPECT_EQ(copyTrouble("scene1.pad1.CR", "scene1.pad1.CG"),
-              "scene1.pad1.CR cannot be copied to scene1.pad1.CG" + one);
-    const std::string star = ": a star in the first needs a star in the second";
-    EXPECT_EQ(copyTrouble("scene*", "scene2"), "scene* cannot be copied to scene2" + star);
-    EXPECT_EQ(copyTrouble("scene1.pad*", "scene1.pad1"),
-              "scene1.pad* cannot be copied to scene1.pad1" + star);
-    EXPECT_EQ(copyTrouble("scene1", "scene5"),
+TEST(CopyValues, ErrorIsOnePhrase) {
+    const std::string kinds =
+        "both must name scenes, controls of one kind, or one and the same setting";
+    const std::string star = "a star in the first needs a star in the second";
+    struct Row {
+        std::string from;
+        std::string to;
+        std::string why;
+    };
+    for (const Row& row : std::initializer_list<Row>{{"scene1", "scene2.pad1", kinds},
+                                                     {"scene1.pad1", "scene1.knob1", kinds},
+                                                     {"scene1.pad1.CR", "scene1.pad1.CG", kinds},
+                                                     {"scene*", "scene2", star},
+                                                     {"scene1.pad*", "scene1.pad1", star}})
+        EXPECT_EQ(errorOf(copy(row.from, row.to)),
+                  row.from + " cannot be copied to " + row.to + ": " + row.why);
+    EXPECT_EQ(errorOf(copy("scene1", "scene5")),
               "scene5: at character 6, a scene's number from 1 to 4 or * was expected");
-    EXPECT_EQ(copyTrouble("x", "scene5"), "x: at character 1, \"scene\" was expected");
+    EXPECT_EQ(errorOf(copy("x", "scene5")), "x: at character 1, \"scene\" was expected");
 }
 
 } // namespace scenewright

@@ -40,9 +40,8 @@ protected:
 
     static CommandRun run(const std::vector<std::string>& faults, const std::string& line) {
         FaultPlan plan;
-        std::string trouble;
         for (const std::string& fault : faults)
-            plan.push_back(parseFault(fault, trouble).value());
+            plan.push_back(parseFault(fault).value());
         auto device = std::make_shared<VirtualController>(BankImage{}, plan);
         return runOn(makeVirtualHost(device), line);
     }

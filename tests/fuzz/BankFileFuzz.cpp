@@ -7,16 +7,13 @@ namespace scenewright::fuzz {
 namespace {
 
 void checkScene(std::string_view text) {
-    const BankContent scene = readSceneJson(text);
-    if (scene.trouble) {
-        checkTrouble(scene.trouble);
-        check(scene.scenes.empty(), "refused, and yet there is a scene");
-        return;
-    }
-    check(scene.scenes.size() == 1, "not one scene");
-    const std::string written = writeSceneJson(*scene.scenes.front(), optionLists());
-    const BankContent again = readSceneJson(written);
-    check(!again.trouble && writeSceneJson(*again.scenes.front(), optionLists()) == written,
+    const auto scene = readSceneJson(text);
+    if (!scene)
+        return checkSentence(scene.error());
+    check(scene->size() == 1, "not one scene");
+    const std::string written = writeSceneJson(*scene->front(), optionLists());
+    const auto again = readSceneJson(written);
+    check(again && writeSceneJson(*again->front(), optionLists()) == written,
           "a scene changes when it is written and read");
 }
 

@@ -23,35 +23,35 @@ void checkWritten(const SceneList& scenes, BankFormat form) {
     const BankImage image = encodeBank(scenes);
     if (form == BankFormat::Image && looksLikeText(image))
         return;
-    const BankFile again = parseBank(bytes, kName);
-    check(!again.trouble, "a bank that was written is refused");
-    check(again.form == form, "a bank that was written is taken for the other form");
-    BankImage copy = encodeBank(again.scenes);
+    const auto again = parseBank(bytes, kName);
+    check(again.has_value(), "a bank that was written is refused");
+    check(again->form == form, "a bank that was written is taken for the other form");
+    BankImage copy = encodeBank(again->scenes);
     if (faultIsPlanted())
         copy.back() ^= 1U;
     check(copy == image, "a bank changes when it is written and read");
-    check(bankBytes(again.scenes, form, optionLists()) == bytes,
+    check(bankBytes(again->scenes, form, optionLists()) == bytes,
           "a bank is written otherwise the second time");
 }
 
 } // namespace
 
 void checkBank(std::span<const std::uint8_t> bytes) {
-    const BankFile file = parseBank(bytes, kName);
-    if (file.trouble) {
-        checkTrouble(file.trouble);
-        check(file.trouble->starts_with(kName + ": "), "the trouble does not name the file");
-        check(file.scenes.empty(), "refused, and yet there are scenes");
+    const auto parsed = parseBank(bytes, kName);
+    if (!parsed) {
+        checkSentence(parsed.error());
+        check(parsed.error().starts_with(kName + ": "), "the error does not name the file");
         return;
     }
+    const BankFile& file = *parsed;
     check(file.scenes.size() == kSceneCount, "a bank of another count of scenes");
     if (file.form == BankFormat::Image)
         check(std::ranges::equal(encodeBank(file.scenes), bytes), "an image changes by reading");
     checkWritten(file.scenes, BankFormat::Image);
     checkWritten(file.scenes, BankFormat::Json);
     const SceneValue& first = *file.scenes.front();
-    const BankContent alone = readSceneJson(writeSceneJson(first, optionLists()));
-    check(!alone.trouble && encodeScene(*alone.scenes.front()) == encodeScene(first),
+    const auto alone = readSceneJson(writeSceneJson(first, optionLists()));
+    check(alone && encodeScene(*alone->front()) == encodeScene(first),
           "a scene changes when it is written and read alone");
 }
 

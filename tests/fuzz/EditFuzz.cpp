@@ -16,25 +16,24 @@ namespace scenewright::fuzz {
 
 namespace {
 
-using Edition = std::function<Edited(const SceneList&)>;
+using Edition = std::function<Result<SceneList>(const SceneList&)>;
 
 // What was made, or nothing when it was refused.
 std::optional<SceneList> checkEdit(const Edition& edit, const SceneList& scenes) {
     const BankImage before = encodeBank(scenes);
-    const Edited edited = edit(scenes);
+    const auto edited = edit(scenes);
     check(encodeBank(scenes) == before, "the scenes that went in have changed");
-    if (edited.trouble) {
-        checkTrouble(edited.trouble);
-        check(edited.scenes.empty(), "refused, and yet there are scenes");
+    if (!edited) {
+        checkSentence(edited.error());
         return std::nullopt;
     }
-    const Edited again = edit(edited.scenes);
-    check(!again.trouble, "taken once and refused the second time");
-    BankImage second = encodeBank(again.scenes);
+    const auto again = edit(*edited);
+    check(again.has_value(), "taken once and refused the second time");
+    BankImage second = encodeBank(*again);
     if (faultIsPlanted())
         second.back() ^= 1U;
-    check(second == encodeBank(edited.scenes), "the same change changes more the second time");
-    return edited.scenes;
+    check(second == encodeBank(*edited), "the same change changes more the second time");
+    return *edited;
 }
 
 // Every value that stands there can be given by what it is shown as.
@@ -43,11 +42,11 @@ void checkShownValues(const SceneList& scenes, const Path& path) {
         const SceneValue& scene = *scenes.at(static_cast<std::size_t>(place.scene));
         const SettingText shown = settingText(optionLists(), scene, place);
         const std::vector<std::string> byValue{pathOf(place) + '=' + shown.value};
-        const Edited edited = setValues(optionLists(), scenes, byValue);
-        check(!edited.trouble && encodeBank(edited.scenes) == encodeBank(scenes),
+        const auto edited = setValues(optionLists(), scenes, byValue);
+        check(edited && encodeBank(*edited) == encodeBank(scenes),
               "a value cannot be set to what it is shown as");
         const std::vector<std::string> byTitle{pathOf(place) + "=title:" + shown.title};
-        check(shown.title.empty() || !setValues(optionLists(), scenes, byTitle).trouble,
+        check(shown.title.empty() || setValues(optionLists(), scenes, byTitle),
               "a title that is shown cannot be set");
     }
 }
@@ -58,10 +57,10 @@ void fuzzSet(const std::vector<std::string>& lines) {
     const auto made = checkEdit(set, scenes);
     if (!made)
         return;
-    const PathResult first = parsePath(lines.front().substr(0, lines.front().find('=')));
-    check(first.path.has_value(), "an assignment without a path was taken");
-    if (settingsAt(*first.path).size() == 1)
-        checkShownValues(*made, *first.path);
+    const auto first = parsePath(lines.front().substr(0, lines.front().find('=')));
+    check(first.has_value(), "an assignment without a path was taken");
+    if (settingsAt(*first).size() == 1)
+        checkShownValues(*made, *first);
 }
 
 // Every setting counts, though the defaults are much alike.
@@ -81,7 +80,7 @@ void fuzzCopy(std::string_view from, std::string_view to) {
     const auto made = checkEdit(copy, scenes);
     if (!made)
         return;
-    const auto target = settingsAt(*parsePath(to).path);
+    const auto target = settingsAt(*parsePath(to));
     for (const SettingPlace& place : allSettings(4)) {
         const auto scene = static_cast<std::size_t>(place.scene);
         if (std::ranges::find(target, place) == target.end())

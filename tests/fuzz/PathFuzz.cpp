@@ -12,23 +12,23 @@ void checkPlaces(const Path& path) {
     const auto places = settingsAt(path);
     check(!places.empty(), "a path of no setting");
     for (const SettingPlace& place : places) {
-        const PathResult own = parsePath(pathOf(place));
-        check(own.path.has_value(), "the path of a setting is refused");
-        const auto again = settingsAt(*own.path);
+        const auto own = parsePath(pathOf(place));
+        check(own.has_value(), "the path of a setting is refused");
+        const auto again = settingsAt(*own);
         check(again.size() == (faultIsPlanted() ? 0U : 1U) && again.front() == place,
               "the path of a setting names another");
         checkSentence(wordsOf(place));
     }
 }
 
-void checkRefusal(std::string_view text, const std::string& trouble) {
+void checkRefusal(std::string_view text, const std::string& error) {
     constexpr std::string_view kMark = ": at character ";
-    checkSentence(trouble);
-    check(trouble.ends_with(" was expected"), "not told what was expected");
-    const std::size_t mark = trouble.rfind(kMark);
+    checkSentence(error);
+    check(error.ends_with(" was expected"), "not told what was expected");
+    const std::size_t mark = error.rfind(kMark);
     check(mark != std::string::npos, "not told where");
     std::size_t at = 0;
-    std::from_chars(trouble.data() + mark + kMark.size(), trouble.data() + trouble.size(), at);
+    std::from_chars(error.data() + mark + kMark.size(), error.data() + error.size(), at);
     check(at >= 1 && at <= text.size() + 1, "a character outside the path");
 }
 
@@ -39,12 +39,9 @@ void checkRefusal(std::string_view text, const std::string& trouble) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenewright;
     const std::string_view text = fuzz::textOf(std::span(data, size));
-    const PathResult result = parsePath(text);
-    if (result.path) {
-        fuzz::check(result.trouble.empty(), "taken, and yet there is trouble");
-        fuzz::checkPlaces(*result.path);
-    } else {
-        fuzz::checkRefusal(text, result.trouble);
-    }
+    if (const auto path = parsePath(text))
+        fuzz::checkPlaces(*path);
+    else
+        fuzz::checkRefusal(text, path.error());
     return 0;
 }

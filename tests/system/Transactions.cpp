@@ -52,10 +52,10 @@ std::string read(const std::string& file) {
 }
 
 std::string send(const std::string& file) {
-    const BankFile bank = readBank(file);
-    if (bank.trouble)
-        return *bank.trouble;
-    WindowAction::setScenes(bank.scenes);
+    const auto bank = readBank(file);
+    if (!bank)
+        return bank.error();
+    WindowAction::setScenes(bank->scenes);
     bool hasEnded = false;
     WindowAction::sendSceneData([&hasEnded](const Outcome&) { hasEnded = true; });
     MainQueue::pumpUntil([&hasEnded] { return hasEnded; });

@@ -290,7 +290,7 @@ public:
                 found.push_back(std::make_shared<Device>(script_, device));
         return found;
     }
-    std::optional<std::string> storageError() override { return script_->storageError; }
+    Result<void> storageResult() override { return script_->storageResult; }
 
 private:
     Script script_;

@@ -60,7 +60,7 @@ struct HostScript {
     std::map<std::string, std::function<void()>> meanwhile;
     // Told the bytes of every write that succeeded; may append replies.
     std::function<void(std::span<const std::uint8_t>)> onWrite;
-    std::optional<std::string> storageError;
+    Result<void> storageResult;
 
     std::vector<std::string> calls;
     // The calls, and whatever else a test notes: what came before what.

@@ -245,7 +245,7 @@ TEST_F(VirtualHostTest, BankIsKeptInItsFileAfterACompletedSendOnly) {
     EXPECT_EQ(kept[0], 0x5A);
     EXPECT_EQ(kept[511], 0x5A);
     EXPECT_EQ(kept[512], 0x00);
-    EXPECT_EQ(host->storageError(), std::nullopt);
+    EXPECT_TRUE(host->storageResult());
 }
 
 TEST_F(VirtualHostTest, BankThatCannotBeKeptIsToldUntilASendCanBe) {
@@ -259,19 +259,18 @@ TEST_F(VirtualHostTest, BankThatCannotBeKeptIsToldUntilASendCanBe) {
             last = write(dataPacket(0x5A));
         return last;
     };
-    EXPECT_EQ(host->storageError(), std::nullopt);
+    EXPECT_TRUE(host->storageResult());
     EXPECT_EQ(sendBlock(), kResultSuccess) << "the transfers themselves went well";
-    ASSERT_TRUE(host->storageError().has_value());
-    EXPECT_NE(host->storageError()->find(file), std::string::npos) << *host->storageError();
+    EXPECT_NE(host->storageResult().error().find(file), std::string::npos);
 
     ASSERT_TRUE(connect());
     EXPECT_EQ(sendBlock(), kResultSuccess);
-    EXPECT_TRUE(host->storageError().has_value()) << "still missing";
+    EXPECT_FALSE(host->storageResult()) << "still missing";
 
     std::filesystem::create_directory(folder.file("missing"));
     ASSERT_TRUE(connect());
     EXPECT_EQ(sendBlock(), kResultSuccess);
-    EXPECT_EQ(host->storageError(), std::nullopt);
+    EXPECT_TRUE(host->storageResult());
     EXPECT_EQ(readBytes(file).size(), 1012U);
 }
 

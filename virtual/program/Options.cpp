@@ -38,10 +38,9 @@ Result<void> takeIdentity(const std::string& text, VirtualIdentity& identity) {
 }
 
 Result<void> takeFault(const std::string& text, FaultPlan& faults) {
-    std::string trouble;
-    const auto fault = parseFault(text, trouble);
+    const auto fault = parseFault(text);
     if (!fault)
-        return failure("--fault: " + trouble);
+        return failure("--fault: " + fault.error());
     faults.push_back(*fault);
     return {};
 }

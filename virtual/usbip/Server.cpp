@@ -30,10 +30,9 @@ Result<ServerCommand> parseFaults(std::istream& words) {
     ServerCommand command{ServerCommand::Kind::Faults, {}};
     std::string word;
     while (words >> word) {
-        std::string error;
-        const auto fault = parseFault(word, error);
+        const auto fault = parseFault(word);
         if (!fault)
-            return failure(std::move(error));
+            return failure(fault.error());
         command.faults.push_back(*fault);
     }
     return command;

@@ -29,10 +29,8 @@ Bytes handshake(Client& client) {
     return client.ask({0x09, 0x9C, 0x7E, 0x7D});
 }
 
-std::string troubleOfFault(std::string_view text) {
-    std::string trouble;
-    EXPECT_FALSE(parseFault(text, trouble).has_value());
-    return trouble;
+std::string errorOfFault(std::string_view text) {
+    return parseFault(text).error();
 }
 
 void startReading(Client& client) {
@@ -217,7 +215,7 @@ TEST(VirtualProgram, OrdersThatAreNoneAreToldAndTheirEndEndsNothing) {
     ServerProcess server({"--orders"});
     EXPECT_EQ(server.order("dance\n"), "scenewright-virtual: 'dance' is no order: those are "
                                        "faults, unplug and plug");
-    EXPECT_EQ(server.order("faults stall\n"), "scenewright-virtual: " + troubleOfFault("stall"));
+    EXPECT_EQ(server.order("faults stall\n"), "scenewright-virtual: " + errorOfFault("stall"));
     server.endOrders();
     Client host(server.port());
     host.import();
