@@ -302,10 +302,11 @@ Result<Value> inSentence(SourceText text, const fs::path& path, Result<Value> re
 
 } // namespace
 
-Result<fs::path> followLinks(const fs::path& given) {
-    fs::path path = given;
+Result<fs::path> followLinks(fs::path path, const std::function<bool(const fs::path&)>& isEnd) {
     std::error_code error;
     for (int i = 0; i < kMaxLinks; ++i) {
+        if (isEnd && isEnd(path))
+            return path;
         const fs::file_type type = fs::symlink_status(path, error).type();
         if (type != fs::file_type::none && type != fs::file_type::symlink)
             return path;

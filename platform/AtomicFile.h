@@ -1,6 +1,6 @@
 // Files that are read whole, and replaced whole or not at all.
 //
-// Every error is one sentence that names the file. Any thread may call.
+// Any thread may call.
 #pragma once
 
 #include "platform/Result.h"
@@ -40,10 +40,13 @@ using FileChange = std::function<Result<FileContent>(FileContent former)>;
                                           const FileChange& change);
 
 // Whether `replaceFile` could do its work, tried as far as that leaves no trace, and asked before
-// work that would be lost. The sentence is the one that writing would give.
+// work that would be lost. The error is the one that writing would give.
 [[nodiscard]] Result<void> checkReplaceable(const std::filesystem::path& path);
 
-// What `path` leads to when every symbolic link in its last component is followed, existing or not.
-[[nodiscard]] Result<std::filesystem::path> followLinks(const std::filesystem::path& given);
+// What `path` leads to when every symbolic link in its last component is followed, existing or not,
+// or the first path on the way that `isEnd` accepts.
+[[nodiscard]] Result<std::filesystem::path>
+followLinks(std::filesystem::path path,
+            const std::function<bool(const std::filesystem::path&)>& isEnd = {});
 
 } // namespace scenewright

@@ -16,8 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMaxLinksFollowed = 40; // the kernel's own limit for one path
-
 std::optional<int> numberIn(const std::string& text) {
     int number = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -25,11 +23,15 @@ std::optional<int> numberIn(const std::string& text) {
     return isWhole && number >= 0 ? std::optional(number) : std::nullopt;
 }
 
-// Where the system lists the process's own descriptors.
-bool isDescriptorFolder(const fs::path& folder) {
+fs::path folderOf(const fs::path& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+// Whether it stands where the system lists the process's own descriptors.
+bool isDescriptor(const fs::path& path) {
     std::error_code error;
-    const fs::path real = fs::canonical(folder, error);
-    return !error && real == fs::path("/proc") / std::to_string(::getpid()) / "fd";
+    const fs::path folder = fs::canonical(folderOf(path), error);
+    return path.has_filename() && folder == fs::path("/proc") / std::to_string(::getpid()) / "fd";
 }
 
 // A file's place on the disk. One that does not exist yet has its folder's and a name.
@@ -50,8 +52,7 @@ std::optional<Identity> identityOfPath(const std::string& name) {
         return S_ISREG(status.st_mode) ? identityOf(status) : std::nullopt;
     const auto target = followLinks(name);
     const fs::path path = target ? *target : fs::path(name);
-    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    if (::stat(folder.c_str(), &status) != 0)
+    if (::stat(folderOf(path).c_str(), &status) != 0)
         return std::nullopt;
     return identityOf(status, path.filename().string());
 }
@@ -89,18 +90,8 @@ bool mayShare(FileUse first, FileUse second) {
 } // namespace
 
 std::optional<int> namedDescriptor(const std::string& name) {
-    fs::path path = name;
-    std::error_code error;
-    for (int i = 0; i < kMaxLinksFollowed && path.has_filename(); ++i) {
-        const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-        if (isDescriptorFolder(folder))
-            return numberIn(path.filename().string());
-        const fs::path next = fs::read_symlink(path, error);
-        if (error)
-            return std::nullopt;
-        path = folder / next;
-    }
-    return std::nullopt;
+    const auto path = followLinks(name, &isDescriptor);
+    return path && isDescriptor(*path) ? numberIn(path->filename().string()) : std::nullopt;
 }
 
 Result<void> checkNamedFiles(std::span<const NamedFile> files) {

@@ -25,7 +25,7 @@ enum class FileUse : std::uint8_t {
 struct NamedFile {
     std::string name; // a path, or "-" for standard input if it is read, else standard output
     FileUse use = FileUse::Read;
-    std::string subject; // how the sentence begins when this file is written: "--log m.bank: it"
+    std::string subject; // how the error begins when this file is written: "--log m.bank: it"
     std::string content; // what the file is to the command: "the bank that is to be shown"
 };
 

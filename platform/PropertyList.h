@@ -64,11 +64,10 @@ private:
     Node node_;
 };
 
-// Reads a whole file: a regular one of at most 16 MiB, at most 64 levels and a million values. An
-// error is one sentence that names the file.
+// Reads a whole file: a regular one of at most 16 MiB, at most 64 levels and a million values.
 [[nodiscard]] Result<PropertyValue> readPropertyList(const std::filesystem::path& path);
 
-// The same for bytes in memory; `name` stands in the sentence in place of the file.
+// The same for bytes in memory; `name` stands in the error in place of the file.
 [[nodiscard]] Result<PropertyValue> parsePropertyList(std::string_view bytes,
                                                       std::string_view name);
 

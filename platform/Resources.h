@@ -48,7 +48,7 @@ public:
     [[nodiscard]] static std::optional<std::filesystem::path> find(std::string_view name,
                                                                    std::string_view type);
 
-    // The property list `name`.plist as its file is now, or one sentence that names the file.
+    // The property list `name`.plist as its file is now.
     [[nodiscard]] static Result<PropertyValue> read(std::string_view name);
 
     // The same; an absent value when there is none that can be read.

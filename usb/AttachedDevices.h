@@ -26,7 +26,7 @@ struct DeviceIds {
 // The keyboards that are accepted, in the order of the list, as its file is now; empty when it is
 // missing or cannot be read. An entry without two identifiers of 16 bits is none.
 [[nodiscard]] std::vector<DeviceIds> deviceList();
-// The same, or one sentence that names the file.
+// The same, or why not.
 [[nodiscard]] Result<std::vector<DeviceIds>> readDeviceList();
 
 struct AttachedDevice {

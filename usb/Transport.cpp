@@ -69,13 +69,13 @@ UsbResult<void> InterfaceHandle::release() {
         return failedStep(UsbStep::Release, kResultGivenUp);
     }
     // Also when the release throws.
-    const auto tell = [this, &lock](bool* released) {
+    const auto notify = [this, &lock](bool* released) {
         if (!lock.owns_lock())
             lock.lock();
         *released = true;
         left_.notify_all();
     };
-    const std::unique_ptr<bool, decltype(tell)> released(&isReleased_, tell);
+    const std::unique_ptr<bool, decltype(notify)> released(&isReleased_, notify);
     const bool wasOpen = std::exchange(isOpen_, false);
     if (steps_ > 0 && wasOpen) { // another thread waits for a transfer
         lock.unlock();
@@ -111,7 +111,7 @@ UsbRead InterfaceHandle::read(std::uint8_t pipe, std::span<std::uint8_t> room) {
     return take(stale, [&](UsbInterface& held) { return held.read(pipe, room); });
 }
 
-void InterfaceHandle::giveUp() noexcept {
+void InterfaceHandle::closeAndRelease() noexcept {
     try {
         const auto isOpen = [this] {
             const std::lock_guard lock(mutex_);
@@ -155,11 +155,11 @@ void Transport::setInterface(std::shared_ptr<InterfaceHandle> interface) {
         const std::lock_guard lock(interfaceMutex_);
         // A handle that comes after the end must not be opened: nobody would give it up.
         if (isShutDown_ && interface)
-            interface->giveUp();
+            interface->closeAndRelease();
         former = std::exchange(interface_, interface);
     }
     if (former && former != interface)
-        former->giveUp();
+        former->closeAndRelease();
 }
 
 TransferStats Transport::stats() const {
@@ -203,7 +203,7 @@ void Transport::noteConnectFailure(ResultCode result) {
 void Transport::shutDown() {
     isShutDown_ = true;
     if (const auto held = interface())
-        held->giveUp();
+        held->closeAndRelease();
 }
 
 } // namespace scenewright

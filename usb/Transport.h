@@ -21,13 +21,13 @@ namespace scenewright {
 // The transport's hold on one interface: it releases what it holds exactly once, and once it has
 // been released it is a safe object whose operations fail with kResultGivenUp.
 //
-// One thread at a time uses it, but for close(), release() and giveUp(), which any thread may call:
-// they end a transfer that another thread waits for, and wait for that thread to leave.
+// One thread at a time uses it, but for close(), release() and closeAndRelease(), which any thread
+// may call: they end a transfer that another thread waits for, and wait for that thread to leave.
 class InterfaceHandle {
 public:
     explicit InterfaceHandle(std::unique_ptr<UsbInterface> interface)
         : interface_(std::move(interface)) {}
-    ~InterfaceHandle() { giveUp(); }
+    ~InterfaceHandle() { closeAndRelease(); }
     InterfaceHandle(const InterfaceHandle&) = delete;
     InterfaceHandle& operator=(const InterfaceHandle&) = delete;
     InterfaceHandle(InterfaceHandle&&) = delete;
@@ -47,7 +47,7 @@ public:
     UsbRead read(std::uint8_t pipe, std::span<std::uint8_t> room);
 
     // Closes what is open and releases what is held. Nothing on a stale handle.
-    void giveUp() noexcept;
+    void closeAndRelease() noexcept;
     // What the release gave; success before it.
     [[nodiscard]] ResultCode releaseCode() const;
 

@@ -11,21 +11,6 @@
 
 namespace scenewright::testing {
 
-NoMoreThreads::NoMoreThreads() {
-    constexpr std::size_t kTooMuch = std::size_t{1} << 47U; // bytes: all that a process can address
-    pthread_getattr_default_np(&former_);
-    pthread_attr_t attributes{};
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, kTooMuch);
-    EXPECT_EQ(pthread_setattr_default_np(&attributes), 0);
-    pthread_attr_destroy(&attributes);
-}
-
-NoMoreThreads::~NoMoreThreads() {
-    pthread_setattr_default_np(&former_);
-    pthread_attr_destroy(&former_);
-}
-
 DeviceTest::DeviceTest() {
     std::ofstream(resources_.file("project.plist"))
         << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><array><dict>)"

@@ -4,31 +4,19 @@
 
 #include "model/MessageValue.h"
 #include "tests/protocol/FakeController.h"
+#include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <functional>
-#include <pthread.h>
 #include <string>
 #include <vector>
 
 namespace scenewright::testing {
 
 using Lines = std::vector<std::string>;
-
-// While it lives, the system has no memory for another thread.
-class NoMoreThreads {
-public:
-    NoMoreThreads();
-    NoMoreThreads(const NoMoreThreads&) = delete;
-    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
-    ~NoMoreThreads();
-
-private:
-    pthread_attr_t former_{};
-};
 
 class DeviceTest : public ::testing::Test {
 protected:

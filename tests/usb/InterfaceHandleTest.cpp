@@ -67,7 +67,7 @@ TEST_F(InterfaceHandleTest, StaleHandleGivesItsCodeFromEveryOperation) {
     EXPECT_EQ(handle.read(1, room).delivered, 0U);
     EXPECT_EQ(handle.interfaceClass().code, 0);
     EXPECT_EQ(handle.interfaceClass().subClass, 0);
-    handle.giveUp();
+    handle.closeAndRelease();
     EXPECT_EQ(script->calls, Texts{});
 }
 
@@ -91,7 +91,7 @@ TEST_F(InterfaceHandleTest, SecondOpeningThatFailsLeavesItOpen) {
     script->answer("open", {kResultBusy});
     EXPECT_EQ(handle->open().error().code, kResultBusy);
     script->calls.clear();
-    handle->giveUp();
+    handle->closeAndRelease();
     EXPECT_EQ(script->calls, (Texts{"close one/0", "release one/0"}));
 }
 
@@ -100,7 +100,7 @@ TEST_F(InterfaceHandleTest, FailuresOfGivingUpLeaveAStaleHandleWithTheReleasesCo
     EXPECT_EQ(handle->releaseCode(), kResultSuccess);
     script->answer("close", {kResultNoDevice});
     script->answer("release", {kResultNoDriver});
-    handle->giveUp();
+    handle->closeAndRelease();
     EXPECT_TRUE(handle->isStale());
     EXPECT_EQ(handle->releaseCode(), kResultNoDriver);
 }
@@ -111,8 +111,8 @@ TEST_F(InterfaceHandleTest, AStepThatThrowsLeavesAHandleThatCanBeGivenUp) {
     EXPECT_THROW(static_cast<void>(handle->write(2, {})), std::runtime_error);
     script->raise("close");
     script->raise("release");
-    handle->giveUp();
-    handle->giveUp();
+    handle->closeAndRelease();
+    handle->closeAndRelease();
     EXPECT_TRUE(handle->isStale());
     EXPECT_EQ(script->claimed, Texts{});
 }
@@ -123,7 +123,7 @@ TEST_F(InterfaceHandleTest, CloseReleaseAndGivingUpEndAReadThatWaits) {
         {[](InterfaceHandle& handle) { handle.close(); }, {"read one/0 1 4", "close one/0"}},
         {[](InterfaceHandle& handle) { handle.release(); },
          {"read one/0 1 4", "close one/0", "release one/0"}},
-        {[](InterfaceHandle& handle) { handle.giveUp(); },
+        {[](InterfaceHandle& handle) { handle.closeAndRelease(); },
          {"read one/0 1 4", "close one/0", "release one/0"}}};
     for (const auto& [end, calls] : endings) {
         const auto handle = opened();
@@ -145,7 +145,7 @@ TEST_F(InterfaceHandleTest, ASecondReleaseWaitsForTheFirstToEnd) {
     };
     auto first = std::async(std::launch::async, [&] { return handle.release(); });
     isReleasing.get_future().wait();
-    auto second = std::async(std::launch::async, [&] { handle.giveUp(); });
+    auto second = std::async(std::launch::async, [&] { handle.closeAndRelease(); });
     EXPECT_EQ(second.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
     mayEnd.set_value();
     EXPECT_TRUE(first.get());

@@ -1,7 +1,5 @@
 #include "virtual/usbip/BackgroundFiles.h"
 
-#include "platform/AtomicFile.h"
-
 #include <fmt/format.h>
 
 #include <cerrno>
@@ -9,7 +7,6 @@
 #include <fcntl.h>
 #include <mutex>
 #include <optional>
-#include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -27,22 +24,6 @@ constexpr Moment kForever = Moment::max();
 
 std::string systemText(int error) {
     return std::generic_category().message(error);
-}
-
-// 0, or the error.
-int writeAll(int fd, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = ::write(fd, text.data(), text.size());
-        if (count >= 0) {
-            text.remove_prefix(static_cast<std::size_t>(count));
-        } else if (errno == EAGAIN) { // whoever shares the descriptor may have asked for that
-            pollfd place{fd, POLLOUT, 0};
-            ::poll(&place, 1, -1);
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
 }
 
 FileDescriptor standardOutput() {
@@ -78,7 +59,18 @@ void BackgroundThread::start(std::function<void()> work) {
     thread_ = std::thread(std::move(task));
 }
 
-bool BackgroundThread::waitForEnd(Moment limit) {
+struct BackgroundThread::Work {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isLast = false; // nothing more will be asked for
+};
+
+bool BackgroundThread::finish(Work& work, Moment limit) {
+    {
+        const std::scoped_lock lock(work.mutex);
+        work.isLast = true;
+        work.changed.notify_one();
+    }
     if (!isStarted())
         return true;
     const bool isEnded = limit == kForever || end_.wait_until(limit) == std::future_status::ready;
@@ -89,19 +81,16 @@ bool BackgroundThread::waitForEnd(Moment limit) {
     return isEnded;
 }
 
-struct BankSaver::Work {
+struct BankSaver::Work : BackgroundThread::Work {
     std::filesystem::path file;
     LineSink reportError;
-    Store store;
+    BankFileStore::Store store;
     FileDescriptor ended; // an eventfd, told each time when a saving has ended
 
-    std::mutex mutex;
-    std::condition_variable changed;
     std::optional<BankImage> next;   // to be written
     std::optional<BankImage> unkept; // what was written last, if that failed
     bool isWriting = false;
-    bool isLast = false;      // nothing will be saved any more
-    bool isLastTried = false; // nor tried again
+    bool isLastTried = false; // and will not be tried again
 
     void run();
     [[nodiscard]] std::optional<BankImage> take();
@@ -139,11 +128,7 @@ void BankSaver::Work::storeOne(const BankImage& bank) {
     static_cast<void>(::eventfd_write(ended.get(), 1));
 }
 
-Result<void> BankSaver::storeImage(const std::filesystem::path& file, const BankImage& bank) {
-    return replaceFile(file, bank).map([](const Replaced&) {});
-}
-
-BankSaver::BankSaver(std::filesystem::path file, LineSink reportError, Store store) {
+BankSaver::BankSaver(std::filesystem::path file, LineSink reportError, BankFileStore::Store store) {
     if (file.empty())
         return;
     work_ = std::make_shared<Work>();
@@ -185,12 +170,7 @@ void BankSaver::acknowledge() const {
 Result<void> BankSaver::finish(Moment limit) {
     if (!thread_.isStarted())
         return {};
-    {
-        const std::scoped_lock lock(work_->mutex);
-        work_->isLast = true;
-        work_->changed.notify_one();
-    }
-    const bool isEnded = thread_.waitForEnd(limit);
+    const bool isEnded = thread_.finish(*work_, limit);
     const std::scoped_lock lock(work_->mutex);
     if (!isEnded)
         return failure(
@@ -200,16 +180,13 @@ Result<void> BankSaver::finish(Moment limit) {
     return {};
 }
 
-struct LineFile::Work {
+struct LineFile::Work : BackgroundThread::Work {
     std::string name;
     FileDescriptor file;
 
-    std::mutex mutex;
-    std::condition_variable changed;
     std::string pending;
     std::string lost; // why a line was dropped; empty when none was
     bool isBroken = false;
-    bool isLast = false;
 
     void run();
     [[nodiscard]] std::string take();
@@ -218,7 +195,7 @@ struct LineFile::Work {
 
 void LineFile::Work::run() {
     for (std::string text = take(); !text.empty(); text = take()) {
-        const int error = writeAll(file.get(), text);
+        const int error = writeFully(file.get(), text);
         if (error == 0)
             continue;
         const std::scoped_lock lock(mutex);
@@ -275,12 +252,7 @@ void LineFile::write(std::string_view line) {
 }
 
 Result<void> LineFile::finish(Moment limit) {
-    {
-        const std::scoped_lock lock(work_->mutex);
-        work_->isLast = true;
-        work_->changed.notify_one();
-    }
-    const bool isEnded = thread_.waitForEnd(limit);
+    const bool isEnded = thread_.finish(*work_, limit);
     const std::scoped_lock lock(work_->mutex);
     if (!isEnded)
         work_->dropLine("it is not read fast enough");

@@ -8,6 +8,7 @@
 #include "platform/Process.h"
 #include "platform/Result.h"
 #include "protocol/SceneImage.h"
+#include "virtual/VirtualHost.h"
 
 #include <chrono>
 #include <filesystem>
@@ -29,8 +30,10 @@ class BackgroundThread {
 public:
     void start(std::function<void()> work);
     [[nodiscard]] bool isStarted() const noexcept { return thread_.joinable(); }
-    // False when the work has not ended by then; the thread is nobody's after that.
-    [[nodiscard]] bool waitForEnd(Moment limit);
+    // Tells the work that it ends, and waits for that. False when it has not by then; the thread is
+    // nobody's after that.
+    struct Work;
+    [[nodiscard]] bool finish(Work& work, Moment limit);
 
 private:
     std::thread thread_;
@@ -41,14 +44,9 @@ private:
 // next bank, and once more at the end.
 class BankSaver {
 public:
-    // Writes a bank to a file, whole or not at all.
-    using Store =
-        std::function<Result<void>(const std::filesystem::path& file, const BankImage& bank)>;
-    [[nodiscard]] static Result<void> storeImage(const std::filesystem::path& file,
-                                                 const BankImage& bank);
-
     // An empty path keeps nothing. `reportError` is called on the thread that writes.
-    BankSaver(std::filesystem::path file, LineSink reportError, Store store = &storeImage);
+    BankSaver(std::filesystem::path file, LineSink reportError,
+              BankFileStore::Store store = &BankFileStore::storeImage);
     ~BankSaver();
     BankSaver(const BankSaver&) = delete;
     BankSaver& operator=(const BankSaver&) = delete;
@@ -62,7 +60,7 @@ public:
     // Readable when a saving has ended since the last call of acknowledge().
     [[nodiscard]] int descriptor() const noexcept;
     void acknowledge() const;
-    // Nothing may be saved after it. One sentence when what was sent last is not in the file.
+    // Nothing may be saved after it. An error when what was sent last is not in the file.
     [[nodiscard]] Result<void> finish(Moment limit);
 
 private:
@@ -85,7 +83,7 @@ public:
 
     // Returns at once; adds the line feed.
     void write(std::string_view line);
-    // Nothing may be written after it. One sentence when a line was dropped.
+    // Nothing may be written after it. An error when a line was dropped.
     [[nodiscard]] Result<void> finish(Moment limit);
 
 private:

@@ -176,15 +176,15 @@ ControlEndpoint::ControlEndpoint(VirtualController& controller, VirtualIdentity 
 const std::vector<ControlEndpoint::Row>& ControlEndpoint::rows() {
     using Self = ControlEndpoint;
     static const std::vector<Row> kRows{
-        {kFromDevice, kGetDescriptor, &Self::describe},
-        {kFromDevice, kGetStatus, &Self::tellStatus},
-        {kFromDevice, kGetConfiguration, &Self::tellConfiguration},
+        {kFromDevice, kGetDescriptor, &Self::getDescriptor},
+        {kFromDevice, kGetStatus, &Self::getStatus},
+        {kFromDevice, kGetConfiguration, &Self::getConfiguration},
         {kToDevice, kSetConfiguration, &Self::setConfiguration},
-        {kToDevice, kSetAddress, &Self::acknowledge},
-        {kFromInterface, kGetStatus, &Self::tellStatus},
-        {kFromInterface, kGetInterface, &Self::tellInterface},
+        {kToDevice, kSetAddress, &Self::setAddress},
+        {kFromInterface, kGetStatus, &Self::getStatus},
+        {kFromInterface, kGetInterface, &Self::getInterface},
         {kToInterface, kSetInterface, &Self::setInterface},
-        {kFromEndpoint, kGetStatus, &Self::tellEndpointStatus},
+        {kFromEndpoint, kGetStatus, &Self::getEndpointStatus},
         {kToEndpoint, kClearFeature, &Self::clearEndpointFeature},
     };
     return kRows;
@@ -204,7 +204,7 @@ std::optional<Bytes> ControlEndpoint::answer(const Setup& setup) {
     return std::nullopt;
 }
 
-std::optional<Bytes> ControlEndpoint::describe(const Request& request) {
+std::optional<Bytes> ControlEndpoint::getDescriptor(const Request& request) {
     const auto index = static_cast<std::uint8_t>(request.value);
     switch (request.value >> 8U) {
     case kDeviceDescriptor:
@@ -218,7 +218,7 @@ std::optional<Bytes> ControlEndpoint::describe(const Request& request) {
     }
 }
 
-std::optional<Bytes> ControlEndpoint::tellConfiguration(const Request& /*request*/) {
+std::optional<Bytes> ControlEndpoint::getConfiguration(const Request& /*request*/) {
     return Bytes{configuration_};
 }
 
@@ -230,7 +230,7 @@ std::optional<Bytes> ControlEndpoint::setConfiguration(const Request& request) {
     return Bytes{};
 }
 
-std::optional<Bytes> ControlEndpoint::tellInterface(const Request& request) {
+std::optional<Bytes> ControlEndpoint::getInterface(const Request& request) {
     return request.index < identity_.interfaces ? std::optional(Bytes{0}) : std::nullopt;
 }
 
@@ -243,11 +243,11 @@ std::optional<Bytes> ControlEndpoint::setInterface(const Request& request) {
     return Bytes{};
 }
 
-std::optional<Bytes> ControlEndpoint::tellStatus(const Request& /*request*/) {
+std::optional<Bytes> ControlEndpoint::getStatus(const Request& /*request*/) {
     return Bytes{0, 0}; // bus powered, no remote wake-up
 }
 
-std::optional<Bytes> ControlEndpoint::tellEndpointStatus(const Request& request) {
+std::optional<Bytes> ControlEndpoint::getEndpointStatus(const Request& request) {
     using Pipe = VirtualController::Pipe;
     bool isHalted = false;
     switch (request.index) {
@@ -278,7 +278,7 @@ std::optional<Bytes> ControlEndpoint::clearEndpointFeature(const Request& reques
     return Bytes{};
 }
 
-std::optional<Bytes> ControlEndpoint::acknowledge(const Request& /*request*/) {
+std::optional<Bytes> ControlEndpoint::setAddress(const Request& /*request*/) {
     return Bytes{};
 }
 

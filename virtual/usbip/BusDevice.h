@@ -65,15 +65,15 @@ private:
     };
     static const std::vector<Row>& rows();
 
-    std::optional<Bytes> describe(const Request& request);
-    std::optional<Bytes> tellConfiguration(const Request& request);
+    std::optional<Bytes> getDescriptor(const Request& request);
+    std::optional<Bytes> getConfiguration(const Request& request);
     std::optional<Bytes> setConfiguration(const Request& request);
-    std::optional<Bytes> tellInterface(const Request& request);
+    std::optional<Bytes> getInterface(const Request& request);
     std::optional<Bytes> setInterface(const Request& request);
-    std::optional<Bytes> tellStatus(const Request& request);
-    std::optional<Bytes> tellEndpointStatus(const Request& request);
+    std::optional<Bytes> getStatus(const Request& request);
+    std::optional<Bytes> getEndpointStatus(const Request& request);
     std::optional<Bytes> clearEndpointFeature(const Request& request);
-    std::optional<Bytes> acknowledge(const Request& request);
+    std::optional<Bytes> setAddress(const Request& request);
     void clearHalts();
 
     VirtualController& controller_;
@@ -97,7 +97,7 @@ public:
     // The controller must outlive the object.
     BusDevice(VirtualController& controller, VirtualIdentity identity, SendEnded sendEnded = {});
 
-    // Takes a transfer; `data` are the bytes of an OUT transfer. One sentence when a host leaves
+    // Takes a transfer; `data` are the bytes of an OUT transfer. An error when a host leaves
     // more waiting than any driver does: then it is no host to go on with.
     [[nodiscard]] Result<void> submit(const SubmitCommand& command, ByteView data);
     // Takes a waiting transfer back; false when there is none of that number.

@@ -3,7 +3,7 @@
 //
 // Layouts and numbers are those of version 1.1.1 of the protocol, as the Linux kernel's
 // documentation lays them out; numbers are big-endian. Pure functions; any thread. What cannot be
-// decoded gives one sentence on what is wrong with it.
+// decoded is an error.
 #pragma once
 
 #include "platform/Result.h"

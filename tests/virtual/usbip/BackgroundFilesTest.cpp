@@ -50,7 +50,7 @@ struct Disk {
         mayEnd.get_future().wait();
         return isFull ? Result<void>(failure("Cannot write bank: no room.")) : Result<void>();
     }
-    BankSaver::Store function() {
+    BankFileStore::Store function() {
         return [this](const std::filesystem::path&, const BankImage& bank) { return store(bank); };
     }
     void letEnd() { mayEnd.set_value(); }
@@ -112,7 +112,7 @@ TEST(BankSaver, DiskThatDoesNotComeBackIsNotWaitedFor) {
 class FailingDisk {
 public:
     explicit FailingDisk(int failing) : failing_(failing) {}
-    BankSaver::Store function() {
+    BankFileStore::Store function() {
         return [this](const std::filesystem::path&, const BankImage& bank) {
             attempts.push_back(bank[0]);
             return --failing_ >= 0 ? Result<void>(failure("Cannot write bank: no room."))
