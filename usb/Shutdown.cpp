@@ -4,7 +4,6 @@
 #include "usb/Transport.h"
 
 #include <array>
-#include <chrono>
 #include <future>
 #include <pthread.h>
 #include <unistd.h>
@@ -15,20 +14,18 @@ namespace {
 
 constexpr std::array kEndingSignals{SIGINT, SIGTERM, SIGHUP};
 constexpr int kStopWatching = SIGURG; // the object's own end; harmless when others send it
-constexpr std::chrono::seconds kBusLimit{5};
-constexpr std::chrono::seconds kFileLimit{2}; // for a file that is being put in its place
 
 bool isIgnored(int signal) {
     struct sigaction action {};
     return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
-// Gives the interface up, or leaves it when the bus does not let go of a transfer in time.
-void leaveBus() {
+// Releases the interface, or leaves it when the bus does not let go of a transfer in time.
+void leaveBus(std::chrono::milliseconds limit) {
     std::packaged_task<void()> task([] { Transport::instance().shutDown(); });
     const auto done = task.get_future();
     std::thread(std::move(task)).detach();
-    done.wait_for(kBusLimit);
+    done.wait_for(limit);
 }
 
 [[noreturn]] void endBy(int signal) {
@@ -45,7 +42,7 @@ void leaveBus() {
 
 } // namespace
 
-Shutdown::Shutdown() {
+Shutdown::Shutdown(ShutdownLimits limits) : limits_(limits) {
     std::signal(SIGPIPE, SIG_IGN);
     sigemptyset(&watched_);
     sigaddset(&watched_, kStopWatching);
@@ -71,8 +68,8 @@ void Shutdown::watch() const {
         sigwait(&watched_, &signal);
     if (signal == kStopWatching)
         return;
-    leaveBus();
-    const auto files = keepFromHiddenNames(kFileLimit);
+    leaveBus(limits_.bus);
+    const auto files = keepFromHiddenNames(limits_.file);
     endBy(signal);
 }
 

@@ -11,14 +11,21 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <thread>
 
 namespace scenewright {
 
+// How long a signal's end waits.
+struct ShutdownLimits {
+    std::chrono::milliseconds bus{5000};  // for a transfer that does not end
+    std::chrono::milliseconds file{2000}; // for a file that is being put in its place
+};
+
 class Shutdown {
 public:
-    Shutdown();
+    explicit Shutdown(ShutdownLimits limits = {});
     // A normal end: does the same to the bus, stops the thread and unblocks the signals. Threads
     // that use the transport find it shut down; they are to be joined before main() returns.
     ~Shutdown();
@@ -30,6 +37,7 @@ public:
 private:
     void watch() const;
 
+    const ShutdownLimits limits_;
     ::sigset_t watched_{};
     ::sigset_t former_{}; // the mask of the thread that made the object
     std::atomic<bool> isStopping_ = false;
