@@ -6,6 +6,7 @@
 #include <cctype>
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -44,10 +45,6 @@ Outcome unreliable(const TransferStats& stats) {
     return {.end = End::Unreliable, .cause = stats.first->code, .stats = stats};
 }
 
-Outcome unplugged() {
-    return {.end = End::NotConnected, .cause = kResultNotPlugged};
-}
-
 // One line a sentence.
 std::string written(const OutcomeText& text) {
     std::string lines = text.sentence;
@@ -80,24 +77,22 @@ TEST_P(OutcomeTexts, EachOperationTellsItsEndWithConsequenceAndCure) {
     EXPECT_EQ(text.exitCode, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    NotConnected, OutcomeTexts,
-    ::testing::Values(
-        Row{Operation::ShowScenes, unplugged(),
-            "The keyboard could not be reached: default scenes are shown\n" + kPlugIn},
-        Row{Operation::SaveScenes, unplugged(),
-            "The keyboard could not be reached: no file was written\n" + kPlugIn},
-        Row{Operation::Backup, unplugged(),
-            "The keyboard could not be reached: there is no backup and nothing was sent\n" +
-                kPlugIn},
-        Row{Operation::Send, unplugged(),
-            "The keyboard could not be reached: nothing was sent\n" + kPlugIn},
-        Row{Operation::Verify, unplugged(),
-            "The keyboard could not be reached: what was sent could not be checked\n" + kPlugIn},
-        Row{Operation::Compare, unplugged(),
-            "The keyboard could not be reached: nothing was compared\n" + kPlugIn},
-        Row{Operation::DryRun, unplugged(),
-            "The keyboard could not be reached: it is not known what would change\n" + kPlugIn}));
+TEST(OutcomeText, WithoutAKeyboardEachOperationTellsItsConsequence) {
+    for (const auto& [operation, consequence] : std::vector<std::pair<Operation, std::string>>{
+             {Operation::ShowScenes, "default scenes are shown"},
+             {Operation::SaveScenes, "no file was written"},
+             {Operation::Backup, "there is no backup and nothing was sent"},
+             {Operation::Send, "nothing was sent"},
+             {Operation::Verify, "what was sent could not be checked"},
+             {Operation::Compare, "nothing was compared"},
+             {Operation::DryRun, "it is not known what would change"}}) {
+        const OutcomeText text =
+            textOf(operation, {.end = End::NotConnected, .cause = kResultNotPlugged});
+        EXPECT_EQ(written(text),
+                  "The keyboard could not be reached: " + consequence + "\n" + kPlugIn);
+        EXPECT_EQ(text.exitCode, 1);
+    }
+}
 
 constexpr ResultCode kFault = kResultInputOutput;
 

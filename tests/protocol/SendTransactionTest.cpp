@@ -64,13 +64,15 @@ TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldAndTheInterfaceRel
 }
 
 TEST_F(SendTransactionTest, OutcomeCountsEveryTransfer) {
-    sendScenes(fourScenes(), [&](const Outcome& outcome) { outcomes.push_back(outcome); });
-    SendJob::waitForEnd();
+    sendWhole(fourScenes());
     ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_TRUE(outcomes[0].isDone());
-    EXPECT_EQ(outcomes[0].stats.writes, 2U + 2U + 1024U);
-    EXPECT_EQ(outcomes[0].stats.reads, 1U + 1U + 2U);
-    EXPECT_TRUE(outcomes[0].stats.isClean());
+    EXPECT_EQ(outcomes[0].stats, (TransferStats{.writes = 2U + 2U + 1024U,
+                                                .failedWrites = 0,
+                                                .reads = 1U + 1U + 2U,
+                                                .failedReads = 0,
+                                                .versionReads = 1,
+                                                .first = {}}));
 }
 
 TEST_F(SendTransactionTest, EmptySceneArraySendsOneBlockOfFillPackets) {
@@ -122,6 +124,7 @@ TEST_F(SendTransactionTest, PausesOneMillisecondBeforeEachOfThe1028Packets) {
 TEST_F(SendTransactionTest, MainQueueTasksRunInTheirOrderAndTheLastReleasesTheInterface) {
     SceneAction::SendSceneToDevice(fourScenes());
     SendJob::join();
+    EXPECT_EQ(messages, Lines{}) << "left alone while the job runs";
     events.clear();
     script->calls.clear();
     EXPECT_TRUE(SendJob::isRunning());
@@ -143,14 +146,6 @@ TEST_F(SendTransactionTest, InterfaceIsReleasedAfterTheLastMessageAndItsLine) {
     MainQueue::pump();
     EXPECT_EQ(releases, std::vector<std::size_t>{0});
     EXPECT_EQ(script->callsOf({"release"}).size(), 1U);
-}
-
-TEST_F(SendTransactionTest, MessageIsLeftAloneWhileTheJobRuns) {
-    SceneAction::SendSceneToDevice(fourScenes());
-    SendJob::join();
-    EXPECT_EQ(messages, Lines{});
-    MainQueue::pump();
-    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
 }
 
 TEST_F(SendTransactionTest, HandshakeIsRepeatedBeforeTheJobStarts) {
