@@ -171,22 +171,17 @@ TEST_F(WindowActionTest, CommandsWorkWithoutARecord) {
     EXPECT_EQ(Progress::recordIfAny()->Message(), "Read Scene Data Finish");
 }
 
-TEST_F(WindowActionTest, ThreeScenesAreFilledUpWithTheFourth) {
-    const SceneList three = scenesNamed({"A", "B", "C"});
-    WindowAction::setScenes(three);
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "C", "SCENE4"}));
-    EXPECT_EQ(WindowAction::getSceneWithIndex(1), three[1]);
-}
-
-TEST_F(WindowActionTest, TwoScenesAreFilledUpWithTheThirdAndFourth) {
-    WindowAction::setScenes(scenesNamed({"A", "B"}));
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "SCENE3", "SCENE4"}));
-}
-
-TEST_F(WindowActionTest, FiveScenesAreAllKept) {
-    WindowAction::setScenes(scenesNamed({"A", "B", "C", "D", "E"}));
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"A", "B", "C", "D", "E"}));
-    EXPECT_EQ(nameOf(4), "E");
+TEST_F(WindowActionTest, ScenesThatAreSetAreFilledUpToFourAndAllKept) {
+    using Names = std::vector<std::string>;
+    for (const auto& [given, stored] : std::vector<std::pair<Names, Names>>{
+             {{"A", "B", "C"}, {"A", "B", "C", "SCENE4"}},
+             {{"A", "B"}, {"A", "B", "SCENE3", "SCENE4"}},
+             {{"A", "B", "C", "D", "E"}, {"A", "B", "C", "D", "E"}}}) {
+        const SceneList scenes = scenesNamed(given);
+        WindowAction::setScenes(scenes);
+        EXPECT_EQ(storedNames(), stored);
+        EXPECT_EQ(WindowAction::getSceneWithIndex(1), scenes[1]);
+    }
 }
 
 TEST_F(WindowActionTest, SendFinishesAtOnceAndItsEndComesAsAMessage) {
