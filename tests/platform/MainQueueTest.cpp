@@ -1,15 +1,20 @@
 #include "platform/MainQueue.h"
 
+#include "tests/support/Limits.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <cstdlib>
+#include <fstream>
 #include <latch>
 #include <mutex>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <sys/prctl.h>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -199,7 +204,7 @@ TEST_F(MainQueueTest, TheEndOfAnAdoptionWaitsForAPosterOnAnotherThread) {
         EXPECT_TRUE(hasReturned);
         isEnded = true;
     });
-    for (int i = 0; i < 10'000 && !isEnded; ++i)
+    for (int i = 0; i < 100 && !isEnded; ++i)
         std::this_thread::yield();
     EXPECT_FALSE(isEnded);
     mayReturn.count_down();
@@ -275,6 +280,41 @@ TEST_F(MainQueueTest, PostingFromSeveralThreadsLosesNothing) {
     first.join();
     second.join();
     EXPECT_EQ(MainQueue::pump(), 400U);
+}
+
+// How much later than asked the kernel may wake a thread, in nanoseconds.
+long slackOf(pid_t thread) {
+    std::ifstream file("/proc/" + std::to_string(thread) + "/timerslack_ns");
+    long slack = -1;
+    file >> slack;
+    return slack;
+}
+
+TEST(Sleep, SleepsAtLeastAsLongAsAsked) {
+    const auto start = std::chrono::steady_clock::now();
+    sleepFor(std::chrono::milliseconds(1));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1));
+}
+
+TEST(Sleep, SleepsNoLongerThanItMustAndLeavesTheThreadAsItWas) {
+    std::atomic<pid_t> id = 0;
+    long after = 0;
+    const int former = ::prctl(PR_GET_TIMERSLACK);
+    std::atomic<bool> isSeen = false;
+    std::thread sleeper([&] {
+        id = ::gettid();
+        while (!isSeen)
+            sleepFor(std::chrono::milliseconds(10));
+        after = ::prctl(PR_GET_TIMERSLACK);
+    });
+    const auto deadline = std::chrono::steady_clock::now() + testing::kLimit;
+    bool isExact = false;
+    while (!isExact && std::chrono::steady_clock::now() < deadline)
+        isExact = id != 0 && slackOf(id) == 1;
+    isSeen = true;
+    sleeper.join();
+    EXPECT_TRUE(isExact);
+    EXPECT_EQ(after, former);
 }
 
 } // namespace

@@ -72,18 +72,6 @@ TEST_F(ResourcesTest, WithoutAGivenFolderTheUsersComesFirst) {
     EXPECT_EQ(Resources::userFolder(), user_);
 }
 
-TEST_F(ResourcesTest, TheUsersFolderIsInHomeWhenNothingElseIsSaid) {
-    const Environment home("HOME", "/home/somebody");
-    const Environment config("XDG_CONFIG_HOME", std::nullopt);
-    EXPECT_EQ(Resources::userFolder(), "/home/somebody/.config/scenewright");
-}
-
-TEST_F(ResourcesTest, ARelativeConfigurationFolderCountsAsUnset) {
-    const Environment home("HOME", "/home/somebody");
-    const Environment config("XDG_CONFIG_HOME", "relative");
-    EXPECT_EQ(Resources::userFolder(), "/home/somebody/.config/scenewright");
-}
-
 TEST_F(ResourcesTest, WithoutAHomeThereIsNoUsersFolder) {
     const Environment home("HOME", std::nullopt);
     const Environment config("XDG_CONFIG_HOME", std::nullopt);
