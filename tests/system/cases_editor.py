@@ -6,11 +6,10 @@ import time
 from pathlib import Path
 
 from cases_trouble import check_untouched
-from rig import BIN, TRANSACTIONS, check_equal, some_bank, wait_for
+from rig import BIN, PATIENCE, TRANSACTIONS, check_equal, some_bank, wait_for
 
 EDITOR = BIN / "scenewright"
 DISPLAY = ":7"
-START = 120  # seconds; the window takes long to come under emulation
 FIRST_PAD = 13  # its control index
 FIRST_PAD_AT = (790, 160)  # on the picture, in a window of the default size
 FIRST_PAD_TYPE = 181  # its place in the first scene
@@ -32,7 +31,7 @@ class Window:
         self.seen = 0
         self.program = rig.start(EDITOR, "--log", self.log_file, "--console",
                                  rig.file("editor.console"), env=self.environment)
-        window = wait_for("the window", self._find, START)
+        window = wait_for("the window", self._find)
         self.do("windowmove", window, "0", "0", "windowfocus", "--sync", window)
 
     def _find(self):
@@ -50,7 +49,7 @@ class Window:
         self.do("mousemove", *place, "click", "1")
 
     def await_log(self, part):
-        wait_for(f"{part!r} in the log", lambda: part in self.log(), START)
+        wait_for(f"{part!r} in the log", lambda: part in self.log())
 
     def forget_log(self):
         """What is in the log by now is not waited for again."""
@@ -62,7 +61,7 @@ class Window:
 
 def check_sees(rig, watch, presence):
     begin = time.monotonic()
-    wait_for(f"the presence {presence!r}", lambda: watch.readline().strip() == presence, START)
+    wait_for(f"the presence {presence!r}", lambda: watch.readline().strip() == presence)
     seconds = time.monotonic() - begin
     rig.notes.append(f"{presence!r} was seen after {seconds:.2f} s")
     assert seconds < SEEN_WITHIN * EMULATED, f"{presence!r} took {seconds:.1f} s"
@@ -83,7 +82,7 @@ def case_plug_and_unplug_are_told_and_nothing_is_disturbed(rig):
     check_sees(rig, watch, "unplugged")
     check_equal(keyboard.carried("ep1 in") + keyboard.carried("ep2 out"), [], "transfers")
     window.key("ctrl+q")
-    check_equal(window.program.wait(START), 0, "exit code")
+    check_equal(window.program.wait(PATIENCE), 0, "exit code")
 
 
 def case_editor_reads_changes_a_pad_and_sends(rig):
@@ -102,5 +101,5 @@ def case_editor_reads_changes_a_pad_and_sends(rig):
     bank[FIRST_PAD_TYPE] = CONTROLLER
     assert keyboard.bank_file.read_bytes() == bytes(bank), "the controller holds another bank"
     window.key("ctrl+q")
-    check_equal(window.program.wait(START), 0, "exit code")
+    check_equal(window.program.wait(PATIENCE), 0, "exit code")
     keyboard.check_port_is_back()

@@ -5,7 +5,7 @@ import subprocess
 import time
 
 from cases_editor import Window
-from rig import CLI, check_equal, some_bank, wait_for
+from rig import CLI, PATIENCE, check_equal, some_bank, wait_for
 
 BACK_WITHIN = 5  # seconds under emulation; a fraction of one on a machine
 CLIENTS = "/proc/asound/seq/clients"
@@ -76,5 +76,5 @@ def case_port_is_back_after_each_command_of_the_window(rig):
         check_back_in_time(rig, keyboard, what)
         listener.end()
     window.key("ctrl+q")
-    check_equal(window.program.wait(60), 0, "exit code")
+    check_equal(window.program.wait(PATIENCE), 0, "exit code")
     keyboard.check_port_is_back()

@@ -35,7 +35,7 @@ SMOKE = [
     "editor_reads_changes_a_pad_and_sends",
 ]
 REPORTS = "/dev/ttyS1"
-LIMIT_SECONDS = 600 + 30 * cases_soak.ROUNDS
+LIMIT_SECONDS = 1200 + 30 * cases_soak.ROUNDS
 
 
 def all_cases():

@@ -22,7 +22,7 @@ TRANSACTIONS = BIN / "system-transactions"
 VHCI = Path("/sys/devices/platform/vhci_hcd.0")
 DEVICES = Path("/sys/bus/usb/devices")
 SOUND_DRIVER = "snd-usb-audio"
-PATIENCE = 120  # seconds for what takes a fraction of one; the emulator shares a busy machine
+PATIENCE = 600  # seconds for what takes a few at most; the emulator may share a busy machine
 
 
 def wait_for(what, condition, limit=PATIENCE):
@@ -165,7 +165,7 @@ class Rig:
     def run(self, *command, **options):
         """Runs a program to its end; gives its exit code and what it said on stderr."""
         program = self.start(*command, **options)
-        _, errors = program.communicate(timeout=2 * PATIENCE)
+        _, errors = program.communicate(timeout=PATIENCE)
         return program.returncode, errors
 
     def traces(self):

@@ -2,7 +2,7 @@
 
 import subprocess
 
-from rig import TRANSACTIONS, check_equal
+from rig import PATIENCE, TRANSACTIONS, check_equal
 
 
 class Transactions:
@@ -40,4 +40,4 @@ class Transactions:
 
     def end(self):
         self.program.stdin.close()
-        check_equal(self.program.wait(30), 0, "exit code")
+        check_equal(self.program.wait(PATIENCE), 0, "exit code")
