@@ -30,15 +30,18 @@ std::int64_t progressOf(const TransferStats& stats) {
     return stats.writes - kHandshakeWrites * stats.versionReads;
 }
 
-void watch(const std::stop_token& stop, std::chrono::milliseconds period,
-           const std::function<bool(const TransferStats&)>& look) {
-    std::mutex mutex;
-    std::condition_variable_any stopped;
-    std::unique_lock lock(mutex);
-    do
-        stopped.wait_for(lock, stop, period, [&stop] { return stop.stop_requested(); });
-    while (!stop.stop_requested() && look(Transport::instance().stats()));
-}
+class Pause {
+public:
+    // Whether it lasted its time, and nobody asked to stop.
+    bool lasts(std::chrono::milliseconds time, const std::stop_token& stop) {
+        std::unique_lock lock(mutex_);
+        return !stopped_.wait_for(lock, stop, time, [&stop] { return stop.stop_requested(); });
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable_any stopped_;
+};
 
 } // namespace
 
@@ -47,7 +50,9 @@ std::jthread watchStats(std::chrono::milliseconds period,
     try {
         return std::jthread([period, look = std::move(look)](const std::stop_token& stop) noexcept {
             try {
-                watch(stop, period, look);
+                Pause pause;
+                while (pause.lasts(period, stop) && look(Transport::instance().stats())) {
+                }
             } catch (const std::exception&) { // the transfer goes on without
             }
         });
