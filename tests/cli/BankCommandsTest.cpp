@@ -1,99 +1,72 @@
-// What is done with banks without a controller, over the built program: convert, get, set, copy,
-// diff, show --json, and standard input and output in place of files.
+// What is done with banks without a controller, over the built program: default, show, convert,
+// get, set, copy and diff, and standard input and output in place of files.
 
 #include "tests/cli/BankProgram.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-
 namespace scenewright {
 
 using testing::BankProgram;
+using testing::expectDone;
 using testing::ProgramRun;
 using testing::randomBank;
-using testing::readBytes;
-using testing::readText;
-using testing::writeBytes;
-using testing::writeText;
 
 namespace {
 
-class BankCommands : public BankProgram {};
+class BankCommands : public BankProgram {
+protected:
+    BankCommands() { done("default a.bank"); }
+};
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
 
 } // namespace
 
+TEST_F(BankCommands, DefaultWritesFourNamedScenesInEitherForm) {
+    ASSERT_EQ(bytes("a.bank").size(), 1012U);
+    for (std::size_t scene = 0; scene < 4; ++scene) {
+        const std::string name = "SCENE" + std::to_string(scene + 1) + std::string(6, '\0');
+        EXPECT_EQ(text("a.bank").substr(scene * 253, 12), name);
+    }
+    done("default a.json");
+    EXPECT_EQ(cli("default -").output, text("a.bank"));
+    EXPECT_EQ(cli("show --json a.bank").output, text("a.json"));
+    EXPECT_EQ(names(), (std::vector<std::string>{"a.bank", "a.json"}));
+}
+
 TEST_F(BankCommands, ConvertGoesBothWaysWithoutLoss) {
     for (std::uint32_t seed = 0; seed < 5; ++seed) {
-        writeBytes(file("a.bank"), randomBank(seed));
-        expectDone(run({"convert", file("a.bank"), file("b.json")}));
-        expectDone(run({"convert", file("b.json"), file("c.bank")}));
-        EXPECT_EQ(readBytes(file("c.bank")), randomBank(seed));
-        EXPECT_TRUE(readText(file("b.json")).starts_with("{\n  \"format\": \"scenewright-bank\""));
+        put("a.bank", randomBank(seed));
+        done("convert a.bank b.json");
+        done("convert b.json c.bank");
+        EXPECT_EQ(bytes("c.bank"), randomBank(seed));
+        EXPECT_TRUE(text("b.json").starts_with("{\n  \"format\": \"scenewright-bank\""));
     }
 }
 
-TEST_F(BankCommands, ConvertsFormFollowsTheOptionThenTheName) {
-    expectDone(run({"default", file("a.bank")}));
-    expectDone(run({"convert", file("a.bank"), file("b.JSON")}));
-    EXPECT_EQ(readText(file("b.JSON")).front(), '{');
-    expectDone(run({"convert", "--to", "image", file("b.JSON"), file("c.json")}));
-    EXPECT_EQ(readBytes(file("c.json")), readBytes(file("a.bank")));
-    expectDone(run({"convert", "--to", "json", file("a.bank"), file("d")}));
-    EXPECT_EQ(readText(file("d")), readText(file("b.JSON")));
-    expectSentence(run({"convert", "--to", "xml", file("a.bank"), file("e")}), 2, "--to");
-    EXPECT_FALSE(exists("e"));
-}
-
-TEST_F(BankCommands, ConvertToStandardOutputWritesTheOtherForm) {
-    expectDone(run({"default", file("a.bank")}));
-    const ProgramRun text = run({"convert", file("a.bank"), "-"});
-    EXPECT_EQ(text.errors, "");
-    writeText(file("a.json"), text.output);
-    const ProgramRun image = shell("convert - -", "a.json");
-    EXPECT_EQ(image.output.size(), 1012U);
-    EXPECT_EQ(image.output, readText(file("a.bank")));
-}
-
-TEST_F(BankCommands, BadTextIsOneSentenceAndNothingIsWritten) {
-    const std::string bad = file("a.json");
-    expectDone(run({"default", bad}));
-    std::string text = readText(bad);
-    text.replace(text.find("\"CR\": "), 6, "\"CR\": 9");
-    writeText(bad, text);
-    for (const auto& arguments :
-         std::vector<std::vector<std::string>>{{"convert", bad, file("out")},
-                                               {"get", bad, "scene1"},
-                                               {"set", bad, "scene1.pad1.CR=1"},
-                                               {"copy", bad, "scene1", "scene2"},
-                                               {"diff", bad, bad},
-                                               {"show", bad},
-                                               {"show", "--json", bad},
-                                               {"--virtual=" + file("held"), "send", bad}})
-        expectSentence(run(arguments), 2,
-                       "scenewright-cli: " + bad +
-                           ": scenes[0].pads[0].CR must be a whole number from 0 to 127, and is "
-                           "9127\n");
-    EXPECT_EQ(names(), std::vector<std::string>{"a.json"});
-    EXPECT_EQ(readText(bad), text);
-}
-
-TEST_F(BankCommands, ImageWithAByteThatIsNoValueIsRefusedWithItsPlace) {
-    auto bank = randomBank(7);
-    bank[253 + 229 + 3] = 200;
-    writeBytes(file("a.bank"), bank);
-    expectSentence(run({"convert", file("a.bank"), file("out.json")}), 2,
-                   "scenewright-cli: " + file("a.bank") +
-                       ": scenes[1].pads[3].CR must be a whole number from 0 to 127, and is 200\n");
-    EXPECT_EQ(names(), std::vector<std::string>{"a.bank"});
+TEST_F(BankCommands, ConvertsFormFollowsTheOptionThenTheNameThenTheOther) {
+    done("convert a.bank b.JSON");
+    EXPECT_EQ(text("b.JSON").front(), '{');
+    done("convert --to image b.JSON c.json");
+    EXPECT_EQ(bytes("c.json"), bytes("a.bank"));
+    done("convert --to json a.bank d");
+    EXPECT_EQ(text("d"), text("b.JSON"));
+    EXPECT_EQ(cli("convert a.bank -").output, text("d"));
+    EXPECT_EQ(cli("convert - - <d").output, text("a.bank"));
 }
 
 TEST_F(BankCommands, GetPrintsIndexAndTitle) {
-    expectDone(run({"default", file("a.json")}));
-    const ProgramRun result = run({"get", file("a.json"), "scene1.pad3.CR", "scene2.group*",
-                                   "scene*.common.SceneName", "scene1.key1.CCOrNoteNumber"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "");
+    done("default a.json");
+    const ProgramRun result = cli("get a.json scene1.pad3.CR 'scene2.group*' "
+                                  "'scene*.common.SceneName' scene1.key1.CCOrNoteNumber");
+    expectDone(result);
     EXPECT_EQ(result.output, "scene1.pad3.CR=127\t127\n"
                              "scene2.group1.MIDIChannel=16\tGlobal\n"
                              "scene2.group2.MIDIChannel=16\tGlobal\n"
@@ -107,84 +80,80 @@ TEST_F(BankCommands, GetPrintsIndexAndTitle) {
 }
 
 TEST_F(BankCommands, GetOfAllIsASetOfAll) {
-    writeBytes(file("a.bank"), randomBank(11));
-    expectDone(run({"default", file("b.bank")}));
-    std::istringstream lines(run({"get", file("a.bank"), "scene*"}).output);
-    std::vector<std::string> arguments{"set", file("b.bank")};
-    for (std::string line; std::getline(lines, line);)
-        arguments.push_back(line.substr(0, line.find('\t')));
-    EXPECT_EQ(arguments.size(), 2U + 968U);
-    expectDone(run(arguments));
-    EXPECT_EQ(readBytes(file("b.bank")), randomBank(11));
-}
-
-TEST_F(BankCommands, GetRefusesABadPath) {
-    expectDone(run({"default", file("a.bank")}));
-    expectSentence(run({"get", file("a.bank"), "scene1", "scene1.pad9"}), 2,
-                   "scenewright-cli: scene1.pad9: at character 11, a pad's number from 1 to 8 or * "
-                   "was expected\n");
+    put("b.bank", randomBank(11));
+    std::vector<std::string> command{testing::kProgram, "set", file("a.bank")};
+    for (const std::string& line : linesOf(cli("get b.bank 'scene*'").output))
+        command.push_back(line.substr(0, line.find('\t')));
+    EXPECT_EQ(command.size(), 3U + 968U);
+    expectDone(testing::runProgram(command));
+    EXPECT_EQ(bytes("a.bank"), randomBank(11));
 }
 
 TEST_F(BankCommands, SetKeepsTheForm) {
+    done("default a.json");
     for (const std::string name : {"a.bank", "a.json"}) {
-        expectDone(run({"default", file(name)}));
-        const char first = readText(file(name)).front();
-        expectDone(run({"set", file(name), "scene1.pad3.AssignType=Note",
-                        "scene1.pad3.CCOrNoteNumber=C4", "scene1.common.KeyTranspose=-1"}));
-        EXPECT_EQ(readText(file(name)).front(), first);
-        EXPECT_EQ(run({"get", file(name), "scene1.pad3.CCOrNoteNumber"}).output,
-                  "scene1.pad3.CCOrNoteNumber=60\tC4\n");
-        EXPECT_EQ(run({"get", file(name), "scene1.common.KeyTranspose"}).output,
-                  "scene1.common.KeyTranspose=5\t-1\n");
+        const char first = text(name).front();
+        done("set " + name +
+             " scene1.pad3.AssignType=Note scene1.pad3.CCOrNoteNumber=C4 "
+             "scene1.common.KeyTranspose=-1");
+        EXPECT_EQ(text(name).front(), first);
+        EXPECT_EQ(
+            cli("get " + name + " scene1.pad3.CCOrNoteNumber scene1.common.KeyTranspose").output,
+            "scene1.pad3.CCOrNoteNumber=60\tC4\nscene1.common.KeyTranspose=5\t-1\n");
     }
 }
 
-TEST_F(BankCommands, SetDoesAllOrNothing) {
-    expectDone(run({"default", file("a.bank")}));
-    const auto before = readBytes(file("a.bank"));
-    expectSentence(run({"set", file("a.bank"), "scene1.pad1.CR=5", "scene1.pad1.AssignType=note"}),
-                   2,
-                   "scenewright-cli: scene1.pad1.AssignType has no option \"note\": its options "
-                   "are Off, CC, Note\n");
-    EXPECT_EQ(readBytes(file("a.bank")), before);
-}
-
 TEST_F(BankCommands, SetAndCopyPassABankThrough) {
-    expectDone(run({"default", file("a.bank")}));
-    const ProgramRun changed = shell("set - scene1.pad1.CR=5", "a.bank");
+    const ProgramRun changed = cli("set - scene1.pad1.CR=5 <a.bank");
     EXPECT_EQ(changed.errors, "");
     EXPECT_EQ(changed.output.size(), 1012U);
     EXPECT_EQ(changed.output[229], 5);
-    writeText(file("b.bank"), changed.output);
-    const ProgramRun copied = shell("copy - scene1.pad1 'scene4.pad*'", "b.bank");
+    put("b.bank", changed.output);
+    const ProgramRun copied = cli("copy - scene1.pad1 'scene4.pad*' <b.bank");
     EXPECT_EQ(copied.output.substr(759 + 229, 8), std::string(8, '\5'));
 }
 
 TEST_F(BankCommands, CopyChangesTheFile) {
-    writeBytes(file("a.bank"), randomBank(3));
-    expectDone(run({"copy", file("a.bank"), "scene2", "scene3"}));
-    const auto bank = readBytes(file("a.bank"));
-    EXPECT_TRUE(std::equal(bank.begin() + 253, bank.begin() + 506, bank.begin() + 506));
-    expectSentence(run({"copy", file("a.bank"), "scene2", "scene3.pad1"}), 2,
-                   "scenewright-cli: scene2 cannot be copied to scene3.pad1: both must name "
-                   "scenes, controls of one kind, or one and the same setting\n");
-    EXPECT_EQ(readBytes(file("a.bank")), bank);
+    put("a.bank", randomBank(3));
+    done("copy a.bank scene2 scene3");
+    auto expected = randomBank(3);
+    std::copy_n(expected.begin() + 253, 253, expected.begin() + 506);
+    EXPECT_EQ(bytes("a.bank"), expected);
+}
+
+TEST_F(BankCommands, CopyTakesControlsOutOfAnotherBank) {
+    put("b.bank", randomBank(1));
+    done("copy --from b.bank a.bank 'scene*' 'scene*'");
+    EXPECT_EQ(bytes("a.bank"), randomBank(1));
+    EXPECT_EQ(bytes("b.bank"), randomBank(1));
+}
+
+TEST_F(BankCommands, ASceneOnItsOwnIsShownAndCopiedIntoABank) {
+    put("b.bank", randomBank(1));
+    const ProgramRun scene = cli("show --json --scene 3 b.bank");
+    EXPECT_TRUE(scene.output.starts_with("{\n  \"format\": \"scenewright-scene\""));
+    put("scene.json", scene.output);
+    EXPECT_EQ(cli("show --json scene.json").output, scene.output);
+    EXPECT_TRUE(cli("show scene.json").output.starts_with("Scene 1: "));
+    auto expected = bytes("a.bank");
+    std::copy_n(randomBank(1).begin() + 2 * 253, 253, expected.begin() + 253);
+    done("copy a.bank scene1 scene2 --from scene.json");
+    EXPECT_EQ(bytes("a.bank"), expected);
 }
 
 TEST_F(BankCommands, DiffTellsWhatDiffersAcrossForms) {
-    expectDone(run({"default", file("a.bank")}));
-    expectDone(run({"default", file("b.json")}));
-    ProgramRun equal = run({"diff", file("a.bank"), file("b.json")});
+    done("default b.json");
+    const ProgramRun equal = cli("diff a.bank b.json");
     expectDone(equal);
     EXPECT_EQ(equal.output, "");
-    EXPECT_EQ(run({"diff", "--json", file("a.bank"), file("b.json")}).output, "[]\n");
-    expectDone(run({"set", file("b.json"), "scene2.pad1.AssignType=CC", "scene4.knob1.Enable=0"}));
-    const ProgramRun different = run({"diff", file("a.bank"), file("b.json")});
+    EXPECT_EQ(cli("diff --json a.bank b.json").output, "[]\n");
+    done("set b.json scene2.pad1.AssignType=CC scene4.knob1.Enable=0");
+    const ProgramRun different = cli("diff a.bank b.json");
     EXPECT_EQ(different.exitCode, 1);
     EXPECT_EQ(different.errors, "");
     EXPECT_EQ(different.output, "scene2.pad1.AssignType  Scene 2, Pad 1, Type: Note -> CC\n"
                                 "scene4.knob1.Enable  Scene 4, Knob 1, Enabled: On -> Off\n");
-    const ProgramRun json = shell("diff --json - " + file("a.bank"), "b.json");
+    const ProgramRun json = cli("diff --json - a.bank <b.json");
     EXPECT_EQ(json.exitCode, 1);
     EXPECT_EQ(json.output,
               "[\n"
@@ -197,105 +166,154 @@ TEST_F(BankCommands, DiffTellsWhatDiffersAcrossForms) {
               "]\n");
 }
 
-TEST_F(BankCommands, DiffsTroubleIsExitCodeTwo) {
-    expectDone(run({"default", file("a.bank")}));
-    expectSentence(run({"diff", file("a.bank"), file("none")}), 2, file("none"));
-    expectSentence(run({"diff", file("none"), file("a.bank")}), 2, file("none"));
-    expectSentence(shell("diff - -", "a.bank"), 2,
-                   "scenewright-cli: standard input can be one of the two banks, not both\n");
+TEST_F(BankCommands, ShowPrintsEverySceneWithin80Columns) {
+    const ProgramRun shown = cli("show a.bank");
+    expectDone(shown);
+    for (const std::string& line : linesOf(shown.output))
+        EXPECT_LE(std::ranges::count_if(line, [](char c) { return (c & 0xC0) != 0x80; }), 80)
+            << line;
+    for (const char* heading : {"Scene 1: SCENE1\n", "Scene 4: SCENE4\n"})
+        EXPECT_NE(shown.output.find(heading), std::string::npos);
+    const ProgramRun third = cli("show a.bank --scene 3");
+    expectDone(third);
+    EXPECT_TRUE(third.output.starts_with("Scene 3: SCENE3\n")) << third.output;
+    EXPECT_EQ(third.output.find("SCENE4"), std::string::npos);
 }
 
-TEST_F(BankCommands, ShowJsonIsTheTextThatConvertWrites) {
-    writeBytes(file("a.bank"), randomBank(5));
-    expectDone(run({"convert", file("a.bank"), file("a.json")}));
-    EXPECT_EQ(run({"show", "--json", file("a.bank")}).output, readText(file("a.json")));
-    EXPECT_EQ(run({"show", "--json", file("a.json")}).output, readText(file("a.json")));
-    const ProgramRun scene = run({"show", "--json", "--scene", "3", file("a.json")});
-    EXPECT_TRUE(scene.output.starts_with("{\n  \"format\": \"scenewright-scene\""));
+TEST_F(BankCommands, ShowIsTheSameOfBothFormsAndItsJsonIsWhatConvertWrites) {
+    put("b.bank", randomBank(5));
+    done("convert b.bank b.json");
+    for (const char* bank : {"b.bank", "b.json", "- <b.json"}) {
+        EXPECT_EQ(cli(std::string("show --json ") + bank).output, text("b.json")) << bank;
+        EXPECT_EQ(cli(std::string("show ") + bank).output, cli("show b.bank").output) << bank;
+    }
 }
 
-TEST_F(BankCommands, ShowOfATextIsShowOfItsImage) {
-    writeBytes(file("a.bank"), randomBank(5));
-    expectDone(run({"convert", file("a.bank"), file("a.json")}));
-    EXPECT_EQ(run({"show", file("a.json")}).output, run({"show", file("a.bank")}).output);
-    EXPECT_EQ(shell("show -", "a.json").output, run({"show", file("a.bank")}).output);
-}
-
-TEST_F(BankCommands, StandardInputIsNamedInItsTrouble) {
-    writeText(file("bad"), "xyz");
-    expectSentence(
-        shell("show -", "bad"), 2,
-        "scenewright-cli: standard input: not a bank: it holds 3 bytes, and a bank holds "
-        "1012 or is JSON\n");
-    expectSentence(run({"get", "-", "scene1"}), 2, "standard input: not a bank: it holds 0 bytes");
-}
-
-TEST_F(BankCommands, DefaultWritesJsonAndStandardOutput) {
-    expectDone(run({"default", file("a.bank")}));
-    expectDone(run({"default", file("a.json")}));
-    EXPECT_EQ(run({"default", "-"}).output, readText(file("a.bank")));
-    EXPECT_EQ(run({"show", "--json", file("a.bank")}).output, readText(file("a.json")));
-}
-
-TEST_F(BankCommands, UnwritableOutputIsNamed) {
-    expectDone(run({"default", file("a.bank")}));
-    expectSentence(run({"convert", file("a.bank"), file("none/out.json")}), 2,
-                   file("none/out.json"));
-    const ProgramRun full = testing::runProgram(
-        {"/bin/sh", "-c", testing::kProgram + " convert " + file("a.bank") + " - >/dev/full"});
-    EXPECT_EQ(full.exitCode, 1);
-    EXPECT_EQ(full.errors, "scenewright-cli: standard output could not be written\n");
-}
-
-TEST_F(BankCommands, EachCommandExplainsItself) {
+TEST_F(BankCommands, HelpAndVersionGoToStandardOutput) {
+    const ProgramRun help = cli("--help");
+    expectDone(help);
+    for (const char* part : {"read", "send", "show", "default", "--virtual", "Exit code"})
+        EXPECT_NE(help.output.find(part), std::string::npos) << part;
+    EXPECT_TRUE(cli("--version").output.starts_with("scenewright-cli 0."));
     for (const std::string command :
          {"convert", "copy", "default", "diff", "get", "read", "send", "set", "show"}) {
-        const ProgramRun help = run({command, "--help"});
-        EXPECT_EQ(help.exitCode, 0);
-        EXPECT_NE(help.output.find("Examples:\n  scenewright-cli " + command), std::string::npos)
-            << help.output;
-        std::istringstream lines(help.output);
-        for (std::string line; std::getline(lines, line);)
+        const ProgramRun told = cli(command + " --help");
+        expectDone(told);
+        EXPECT_NE(told.output.find("Examples:\n  scenewright-cli " + command), std::string::npos)
+            << told.output;
+        for (const std::string& line : linesOf(told.output))
             EXPECT_LE(line.size(), 100U) << line;
     }
 }
 
-TEST_F(BankCommands, ASceneOnItsOwnIsShownAndCopiedIntoABank) {
-    writeBytes(file("a.bank"), randomBank(1));
-    writeBytes(file("b.bank"), randomBank(2));
-    const ProgramRun scene = run({"show", "--json", "--scene", "3", file("a.bank")});
-    writeText(file("scene.json"), scene.output);
-    EXPECT_EQ(run({"show", "--json", file("scene.json")}).output, scene.output);
-    EXPECT_TRUE(run({"show", file("scene.json")}).output.starts_with("Scene 1: "));
-    expectDone(run({"copy", file("b.bank"), "scene1", "scene2", "--from", file("scene.json")}));
-    auto expected = randomBank(2);
-    const auto whole = randomBank(1);
-    std::copy_n(whole.begin() + 2 * 253, 253, expected.begin() + 253);
-    EXPECT_EQ(readBytes(file("b.bank")), expected);
+TEST_F(BankCommands, WhatIsBadIsToldInOneSentenceAndNothingIsTouched) {
+    auto image = randomBank(7);
+    image[253 + 229 + 3] = 200;
+    put("bad.bank", image);
+    done("convert a.bank bank.json");
+    std::string json = text("bank.json");
+    json.replace(json.find("\"CR\": "), 6, "\"CR\": 9");
+    put("bad.json", json);
+    put("three", std::string("xyz"));
+    put("scene.json", cli("show --json --scene 1 a.bank").output);
+    put("default.plist", std::string("<plist><dict><key>open"));
+    std::filesystem::create_directory(file("folder"));
+
+    const std::string value = ".CR must be a whole number from 0 to 127, and is ";
+    const std::string badJson = "scenewright-cli: bad.json: scenes[0].pads[0]" + value + "9127\n";
+    for (const char* words :
+         {"convert bad.json out", "get bad.json scene1", "set bad.json scene1.pad1.CR=1",
+          "copy bad.json scene1 scene2", "diff bad.json bad.json", "show bad.json",
+          "show --json bad.json", "--virtual=held send bad.json"})
+        refused(words, badJson);
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"convert bad.bank out", "scenewright-cli: bad.bank: scenes[1].pads[3]" + value + "200\n"},
+        {"get a.bank scene1 scene1.pad9",
+         "scenewright-cli: scene1.pad9: at character 11, a pad's number from 1 to 8 or * was "
+         "expected\n"},
+        {"set a.bank scene1.pad1.CR=5 scene1.pad1.AssignType=note",
+         "scenewright-cli: scene1.pad1.AssignType has no option \"note\": its options are Off, CC, "
+         "Note\n"},
+        {"copy a.bank scene2 scene3.pad1",
+         "scenewright-cli: scene2 cannot be copied to scene3.pad1: both must name scenes, controls "
+         "of one kind, or one and the same setting\n"},
+        {"copy a.bank scene2 scene2 --from scene.json", "the file has one scene, scene1"},
+        {"copy a.bank 'scene*' 'scene*' --from scene.json", "the file has one scene, scene1"},
+        {"copy a.bank scene2.pad1 scene2.pad1 --from scene.json", "the file has one scene, scene1"},
+        {"copy - scene1 scene2 --from -", "not both"},
+        {"diff a.bank none", "none"},
+        {"diff none a.bank", "none"},
+        {"diff - - <a.bank",
+         "scenewright-cli: standard input can be one of the two banks, not both\n"},
+        {"show --scene 2 scene.json", "scene.json: it is a file of one scene"},
+        {"--virtual send scene.json",
+         "format must be \"scenewright-bank\", and is \"scenewright-scene\""},
+        {"show - <three", "scenewright-cli: standard input: not a bank: it holds 3 bytes, and a "
+                          "bank holds 1012 or is JSON\n"},
+        {"get - scene1", "standard input: not a bank: it holds 0 bytes"},
+        {"show none", "none"},
+        {"--virtual send none", "none"},
+        {"show folder", "folder"},
+        {"default folder", "folder"},
+        {"--virtual read folder", "folder"},
+        {"convert a.bank none/out.json", "none/out.json"},
+        {"--virtual=three read out", "three"},
+        {"--resources . default out", "./default.plist"},
+        {"convert --to xml a.bank out", "--to"},
+        {"", "--help"},
+        {"dance", "dance"},
+        {"read", "OUT"},
+        {"show a.bank --scene 5", "--scene"},
+        {"--resources none default out", "none"},
+        {"--log none/log default out", "none/log"},
+    };
+    for (const auto& [words, sentence] : rows)
+        refused(words, sentence);
+    refused("convert a.bank - >/dev/full",
+            "scenewright-cli: standard output could not be written\n", 1);
 }
 
-TEST_F(BankCommands, CopyTakesControlsOutOfAnotherBank) {
-    writeBytes(file("a.bank"), randomBank(1));
-    writeBytes(file("b.bank"), randomBank(2));
-    expectDone(run({"copy", "--from", file("a.bank"), file("b.bank"), "scene*", "scene*"}));
-    EXPECT_EQ(readBytes(file("b.bank")), randomBank(1));
-    EXPECT_EQ(readBytes(file("a.bank")), randomBank(1));
+TEST_F(BankCommands, BankOfAnotherSizeIsRefused) {
+    for (const std::size_t size : {0U, 1U, 252U, 253U, 1011U, 1013U, 2024U, 100000U}) {
+        put("bad", std::vector<std::uint8_t>(size, 1));
+        refused("show bad", "bad: not a bank");
+        refused("--virtual=memory send bad", "bad: not a bank");
+    }
 }
 
-TEST_F(BankCommands, AFileOfOneSceneHasNoSecondAndIsNoBank) {
-    writeText(file("scene.json"), run({"default", "-"}).output);
-    expectDone(run({"convert", file("scene.json"), file("a.json"), "--to", "json"}));
-    writeText(file("scene.json"), run({"show", "--json", "--scene", "1", file("a.json")}).output);
-    const std::string before = readText(file("a.json"));
-    for (const char* from : {"scene2", "scene*", "scene2.pad1"})
-        expectSentence(run({"copy", file("a.json"), from, from, "--from", file("scene.json")}), 2,
-                       "the file has one scene, scene1");
-    expectSentence(run({"show", "--scene", "2", file("scene.json")}), 2,
-                   file("scene.json") + ": it is a file of one scene");
-    expectSentence(run({"--virtual", "send", file("scene.json")}), 2,
-                   "format must be \"scenewright-bank\", and is \"scenewright-scene\"");
-    expectSentence(run({"copy", "-", "scene1", "scene2", "--from", "-"}), 2, "not both");
-    EXPECT_EQ(readText(file("a.json")), before);
+// Each command with the lists that it works with; every other one may be bad.
+TEST_F(BankCommands, BadListEndsTheCommandsThatNeedItAndNoOthers) {
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"show a.bank", "basic"},
+        {"get a.bank scene1.pad1", "basic"},
+        {"set a.bank scene1.pad1.CR=1", "basic"},
+        {"copy a.bank scene1 scene2", ""},
+        {"diff a.bank a.bank", "basic"},
+        {"convert a.bank out.bank", ""},
+        {"convert a.bank out.json", "basic"},
+        {"default out.bank", "default"},
+        {"default out.json", "default basic"},
+        {"udev-rules", "project"},
+        {"devices", "project"},
+        {"--virtual read out.bank", "project default"},
+        {"--virtual read out.json", "project basic default"},
+        {"--virtual send a.bank", "project default"},
+        {"--virtual send a.bank --verify", "project basic default"},
+    };
+    for (const std::string list : {"basic", "default", "project"}) {
+        std::filesystem::remove_all(file("lists"));
+        std::filesystem::create_directory(file("lists"));
+        put("lists/" + list + ".plist", std::string("<plist><dict><key>open"));
+        for (const auto& [words, needed] : rows) {
+            const std::string whole = "--resources lists " + words;
+            if (needed.find(list) != std::string::npos)
+                refused(whole, "lists/" + list + ".plist");
+            else
+                done(whole);
+            std::filesystem::remove(file("out.bank"));
+            std::filesystem::remove(file("out.json"));
+        }
+    }
 }
 
 } // namespace scenewright

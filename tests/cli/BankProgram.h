@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <map>
 #include <random>
 #include <sstream>
 #include <string>
@@ -35,12 +37,6 @@ inline void writeText(const std::string& path, const std::string& text) {
     writeBytes(path, std::vector<std::uint8_t>(text.begin(), text.end()));
 }
 
-// The program with these arguments, to its end.
-inline ProgramRun runCli(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), kProgram);
-    return runProgram(arguments);
-}
-
 inline void expectDone(const ProgramRun& result) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
@@ -51,23 +47,56 @@ inline void expectSentence(const ProgramRun& result, int exitCode, const std::st
     EXPECT_EQ(result.exitCode, exitCode);
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
+    EXPECT_TRUE(result.errors.starts_with("scenewright-cli: ")) << result.errors;
     EXPECT_NE(result.errors.find(part), std::string::npos) << result.errors;
 }
 
 class BankProgram : public ::testing::Test {
 protected:
-    [[nodiscard]] static ProgramRun run(std::vector<std::string> arguments) {
-        return runCli(std::move(arguments));
+    // With these words of a shell in the folder: "show - --scene 2 <a.bank".
+    [[nodiscard]] ProgramRun cli(const std::string& words) const {
+        return shell("exec " + kProgram + " " + words);
     }
-    // With one of the folder's files as standard input.
-    [[nodiscard]] ProgramRun shell(const std::string& arguments, const std::string& input) const {
-        return runProgram({"/bin/sh", "-c", kProgram + " " + arguments + " <" + file(input)});
+    [[nodiscard]] ProgramRun shell(const std::string& script) const {
+        return runProgram({"/bin/sh", "-c", "cd \"$0\" && " + script, folder_.path()});
     }
+    void done(const std::string& words) const {
+        SCOPED_TRACE(words);
+        expectDone(cli(words));
+    }
+    // One line on standard error that holds `part`, nothing on standard output, and no file
+    // touched.
+    void refused(const std::string& words, const std::string& part, int exitCode = 2) const {
+        SCOPED_TRACE(words);
+        const auto before = files();
+        expectSentence(cli(words), exitCode, part);
+        EXPECT_EQ(files(), before);
+    }
+
     [[nodiscard]] std::string file(const std::string& name) const { return folder_.file(name); }
     [[nodiscard]] bool exists(const std::string& name) const {
         return std::filesystem::exists(file(name));
     }
     [[nodiscard]] std::vector<std::string> names() const { return folder_.names(); }
+    [[nodiscard]] std::string text(const std::string& name) const { return readText(file(name)); }
+    [[nodiscard]] std::vector<std::uint8_t> bytes(const std::string& name) const {
+        return readBytes(file(name));
+    }
+    void put(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
+        writeBytes(file(name), bytes);
+    }
+    void put(const std::string& name, const std::string& text) const {
+        writeText(file(name), text);
+    }
+    [[nodiscard]] std::map<std::string, std::string> files() const {
+        std::map<std::string, std::string> files;
+        for (const std::string& name : names())
+            if (std::filesystem::is_regular_file(file(name)))
+                files[name] = text(name);
+            else
+                files[name] = "";
+        return files;
+    }
 
 private:
     TempFolder folder_;

@@ -52,23 +52,19 @@ TEST(DeviceTable, ADeviceThatIsNotListedComesWithTheLinesToAdd) {
               "  can be opened: yes\n");
 }
 
-TEST(DeviceTable, AUserWithAListOfTheirOwnNeedNotCopyIt) {
-    DeviceListPlace own = kList;
-    own.inUse = own.userOwn;
-    EXPECT_NE(deviceTable({{strangeKeyboard()}}, own)
-                  .find("  To add it, open /home/me/.config/scenewright/project.plist and\n"
-                        "  put these lines before the line </array>:\n"),
-              std::string::npos);
-}
-
-TEST(DeviceTable, AUserWithoutAHomeNamesAFolder) {
-    DeviceListPlace homeless = kList;
-    homeless.userOwn.clear();
-    EXPECT_NE(deviceTable({{strangeKeyboard()}}, homeless)
-                  .find("  To add it, copy " + kList.inUse.string() +
-                        " to a folder that you name with --resources and\n"
-                        "  put these lines before the line </array>:\n"),
-              std::string::npos);
+TEST(DeviceTable, WhereTheLinesGoFollowsFromTheListsThatThereAre) {
+    const std::string inUse = kList.inUse.string();
+    const std::string own = kList.userOwn.string();
+    for (const auto& [list, help] :
+         {std::pair{DeviceListPlace{{}, own, own}, "open " + own + " and\n"},
+          std::pair{DeviceListPlace{{}, {}, own}, "open " + own + " and\n"},
+          std::pair{DeviceListPlace{{}, inUse, {}},
+                    "copy " + inUse + " to a folder that you name with --resources and\n"}})
+        EXPECT_NE(
+            deviceTable({{strangeKeyboard()}}, list)
+                .find("  To add it, " + help + "  put these lines before the line </array>:\n"),
+            std::string::npos)
+            << help;
 }
 
 TEST(DeviceTable, ADeviceThatCannotBeOpenedSaysWhy) {
@@ -105,14 +101,12 @@ TEST(DeviceTable, JsonTellsCauseAndLines) {
     device.access = AttachedDevice::Access::NoPermission;
     device.name = "\xFF";
     const std::string json = deviceJson({{device}}, kList);
-    EXPECT_NE(json.find("\"canOpen\": false,\n    \"cause\": \"You have no permission to use the "
-                        "keyboard: "),
-              std::string::npos);
-    EXPECT_NE(json.find("\"linesToAdd\": \"    <dict>\\n        <key>VID</key> "
-                        "<integer>4617</integer>\\n        <key>PID</key> "
-                        "<integer>2</integer>\\n    </dict>\\n\""),
-              std::string::npos);
-    EXPECT_NE(json.find("\"name\": \"\xEF\xBF\xBD\""), std::string::npos);
+    for (const char* part :
+         {"\"canOpen\": false,\n    \"cause\": \"You have no permission to use the keyboard: ",
+          "\"linesToAdd\": \"    <dict>\\n        <key>VID</key> <integer>4617</integer>\\n        "
+          "<key>PID</key> <integer>2</integer>\\n    </dict>\\n\"",
+          "\"name\": \"\xEF\xBF\xBD\""})
+        EXPECT_NE(json.find(part), std::string::npos) << part << json;
 }
 
 constexpr const char* kRulesHead =

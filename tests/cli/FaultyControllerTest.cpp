@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -38,14 +40,17 @@ protected:
         Progress::forget();
     }
 
-    static CommandRun run(const std::vector<std::string>& faults, const std::string& line) {
+    CommandRun run(const std::vector<std::string>& faults, const std::string& line) {
         FaultPlan plan;
         for (const std::string& fault : faults)
             plan.push_back(parseFault(fault).value());
         auto device = std::make_shared<VirtualController>(BankImage{}, plan);
         return runOn(makeVirtualHost(device), line);
     }
-    static CommandRun runOn(std::shared_ptr<UsbHost> host, const std::string& line) {
+    CommandRun runOn(std::shared_ptr<UsbHost> host, std::string line) {
+        for (const auto& [word, name] : {std::pair{"ZEROS", "zeros"}, std::pair{"NEW", "new"}})
+            if (const auto place = line.find(word); place != std::string::npos)
+                line.replace(place, std::strlen(word), folder.file(name));
         Transport::instance().use(std::move(host), [](std::chrono::nanoseconds) {});
         const CommandChoice choice = testing::chosenCommand(line);
         ::testing::internal::CaptureStdout();
@@ -62,92 +67,86 @@ protected:
 
 } // namespace
 
-TEST_F(FaultyController, VerifyListsWhatTheControllerDoesNotHold) {
-    const CommandRun outcome = run({"nibble:20"}, "send --verify " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.output, "scene1.key1.AssignType  Scene 1, Key 1, Type: Off -> (16)\n");
-    EXPECT_EQ(
-        outcome.errors,
-        "scenewright-cli: The controller does not hold what was sent; settings that differ: 1\n");
-}
+// Files are ZEROS, an image of zeros as the controller holds it, and NEW, which is not there.
+struct Faulted {
+    std::vector<std::string> faults;
+    const char* command;
+    int exitCode;
+    const char* output;
+    const char* errors; // its end
+};
 
-TEST_F(FaultyController, SendThatFailsIsNotVerified) {
-    const CommandRun outcome = run({"write:700"}, "send --verify " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(
-        outcome.errors,
-        "scenewright-cli: 329 of 1032 transfers failed, the first at packet 700 (the USB transfer "
-        "failed): the keyboard may hold half a bank, and sending again repairs it. "
-        "The keyboard does not answer: unplug it, plug it in again and try "
-        "again\n");
+TEST_F(FaultyController, EachCommandTellsWhatItsTransfersDid) {
+    for (const Faulted& row : {
+             Faulted{{"nibble:20"},
+                     "send --verify ZEROS",
+                     1,
+                     "scene1.key1.AssignType  Scene 1, Key 1, Type: Off -> (16)\n",
+                     "scenewright-cli: The controller does not hold what was sent; settings that "
+                     "differ: 1\n"},
+             Faulted{{"write:700"},
+                     "send --verify ZEROS",
+                     1,
+                     "",
+                     "scenewright-cli: 329 of 1032 transfers failed, the first at packet 700 (the "
+                     "USB transfer failed): the keyboard may hold half a bank, and sending again "
+                     "repairs it. The keyboard does not answer: unplug it, plug it in again and "
+                     "try again\n"},
+             Faulted{{"short:7"},
+                     "send --backup NEW ZEROS",
+                     1,
+                     "",
+                     "scenewright-cli: 1 of 2030 transfers failed, the first at byte 7 of 1012 "
+                     "(the answer was too short): there is no backup and nothing was sent\n"},
+             Faulted{{"short:7"},
+                     "send --dry-run ZEROS",
+                     1,
+                     "",
+                     ": it is not known what would change\n"},
+             Faulted{{"short:7"}, "diff device: ZEROS", 2, "", ": nothing was compared\n"},
+         }) {
+        SCOPED_TRACE(row.command);
+        const CommandRun result = run(row.faults, row.command);
+        EXPECT_EQ(result.exitCode, row.exitCode);
+        EXPECT_EQ(result.output, row.output);
+        EXPECT_TRUE(result.errors.ends_with(row.errors)) << result.errors;
+        EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1);
+        EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
+    }
 }
 
 TEST_F(FaultyController, SendWithoutAThreadSendsNothingAndSaysSo) {
     const testing::NoMoreThreads none;
-    const CommandRun outcome = run({}, "send --verify " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors,
-              "scenewright-cli: The transfer could not be started: nothing was sent. "
-              "The system is short of memory or threads: close other programs and "
-              "try again\n");
+    const CommandRun result = run({}, "send --verify ZEROS");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors,
+              "scenewright-cli: The transfer could not be started: nothing was sent. The system is "
+              "short of memory or threads: close other programs and try again\n");
 }
-
-TEST_F(FaultyController, BackupThatWasNotReadWholeSendsNothing) {
-    const CommandRun outcome =
-        run({"short:7"}, "send --backup " + folder.file("before") + " " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(
-        outcome.errors,
-        "scenewright-cli: 1 of 2030 transfers failed, the first at byte 7 of 1012 (the answer was "
-        "too short): there is no backup and nothing was sent\n");
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
-}
-
-TEST_F(FaultyController, DryRunAndDiffWithoutAWholeReadSayNothingOfDifferences) {
-    CommandRun outcome = run({"short:7"}, "send --dry-run " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(outcome.errors.ends_with(": it is not known what would change\n"))
-        << outcome.errors;
-    outcome = run({"short:7"}, "diff device: " + folder.file("zeros"));
-    EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(outcome.errors.ends_with(": nothing was compared\n")) << outcome.errors;
-}
-
-struct Absence {
-    const char* command; // with ZEROS and NEW for files
-    int exitCode;
-    const char* consequence;
-};
 
 TEST_F(FaultyController, EachCommandTellsThatThereIsNoController) {
-    for (const Absence& row :
-         {Absence{"read NEW", 1, "no file was written"},
-          Absence{"send ZEROS", 1, "nothing was sent"},
-          Absence{"send --verify ZEROS", 1, "nothing was sent"},
-          Absence{"send --backup NEW ZEROS", 1, "there is no backup and nothing was sent"},
-          Absence{"send --dry-run ZEROS", 1, "it is not known what would change"},
-          Absence{"diff device: ZEROS", 2, "nothing was compared"},
-          Absence{"diff ZEROS device:", 2, "nothing was compared"}}) {
-        std::string line = row.command;
-        for (const auto& [word, file] : {std::pair{"ZEROS", "zeros"}, std::pair{"NEW", "new"}})
-            if (const auto place = line.find(word); place != std::string::npos)
-                line.replace(place, std::string(word).size(), folder.file(file));
-        const CommandRun outcome =
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"read NEW", "no file was written"},
+        {"send ZEROS", "nothing was sent"},
+        {"send --verify ZEROS", "nothing was sent"},
+        {"send --backup NEW ZEROS", "there is no backup and nothing was sent"},
+        {"send --dry-run ZEROS", "it is not known what would change"},
+        {"diff device: ZEROS", "nothing was compared"},
+        {"diff ZEROS device:", "nothing was compared"},
+    };
+    for (const auto& [line, consequence] : rows) {
+        SCOPED_TRACE(line);
+        const CommandRun result =
             runOn(makeVirtualHost(std::make_shared<VirtualController>(BankImage{}),
                                   BankFileStore({}), {.vendor = 1}),
                   line);
-        EXPECT_EQ(outcome.exitCode, row.exitCode) << line;
-        EXPECT_EQ(outcome.output, "") << line;
-        EXPECT_EQ(outcome.errors,
-                  std::string("scenewright-cli: The keyboard could not be reached: ") +
-                      row.consequence +
-                      ". No keyboard of the device list is plugged in: plug it in, "
-                      "or see what 'scenewright-cli devices' says about yours\n")
-            << line;
+        EXPECT_EQ(result.exitCode, line.starts_with("diff") ? 2 : 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors,
+                  "scenewright-cli: The keyboard could not be reached: " + consequence +
+                      ". No keyboard of the device list is plugged in: plug it in, or see what "
+                      "'scenewright-cli devices' says about yours\n");
     }
     EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
 }

@@ -28,6 +28,7 @@
 #include <span>
 #include <string>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -333,30 +334,21 @@ void expectEnd(const ProgramEnd& ending, const std::optional<std::string>& sente
 
 } // namespace
 
-TEST_F(StoppingBusTest, AReadWritesNoFileSaysWhyAndGivesTheInterfaceBack) {
+TEST_F(StoppingBusTest, WhatBecameOfTheTransferIsToldAndTheInterfaceGivenBack) {
     const std::string none = "no file was written";
-    for (const Stage& stage : kReadStages)
-        for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
-            SCOPED_TRACE(std::string(stage.place.stage) + ", " + std::to_string(stop));
-            const ProgramEnd ending =
-                run("read " + folder_.file("new"), stage.place, kStops.at(stop));
-            expectEnd(ending, endOf(stage, stop, none, none));
-            EXPECT_EQ(ending.letters, *stage.where == '\0' ? "" : "OR");
-            EXPECT_EQ(folder_.names(), std::vector<std::string>{"zeros"});
-        }
-}
-
-TEST_F(StoppingBusTest, ASendSaysWhatTheKeyboardMayHoldAndGivesTheInterfaceBack) {
-    for (const Stage& stage : kSendStages)
-        for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
-            SCOPED_TRACE(std::string(stage.place.stage) + ", " + std::to_string(stop));
-            const ProgramEnd ending =
-                run("send " + folder_.file("zeros"), stage.place, kStops.at(stop));
-            expectEnd(ending, endOf(stage, stop, "nothing was sent",
-                                    "the keyboard may hold half a bank, and sending again repairs "
-                                    "it"));
-            EXPECT_EQ(ending.letters, *stage.where == '\0' ? "" : "OR");
-        }
+    const std::string half = "the keyboard may hold half a bank, and sending again repairs it";
+    for (const auto& [command, stages, untouched, broken] :
+         {std::tuple{"read " + folder_.file("new"), &kReadStages, none, none},
+          std::tuple{"send " + folder_.file("zeros"), &kSendStages, std::string("nothing was sent"),
+                     half}})
+        for (const Stage& stage : *stages)
+            for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
+                SCOPED_TRACE(command + ": " + stage.place.stage + ", " + std::to_string(stop));
+                const ProgramEnd ending = run(command, stage.place, kStops.at(stop));
+                expectEnd(ending, endOf(stage, stop, untouched, broken));
+                EXPECT_EQ(ending.letters, *stage.where == '\0' ? "" : "OR");
+                EXPECT_EQ(folder_.names(), std::vector<std::string>{"zeros"});
+            }
 }
 
 // The tables' last stages are the last steps: a bus that would stop after them disturbs nothing.

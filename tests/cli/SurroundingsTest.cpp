@@ -22,7 +22,6 @@ namespace scenewright::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using Translator = std::vector<std::string>;
 
 const std::string kOutputError = "scenewright-cli: standard output could not be written\n";
 
@@ -58,217 +57,165 @@ Pipe fullPipe() {
 class Surroundings : public BankProgram {
 protected:
     Surroundings() {
-        writeBytes(file("a.bank"), randomBank(1));
-        writeBytes(file("b.bank"), randomBank(2));
+        put("a.bank", randomBank(1));
+        put("b.bank", randomBank(2));
         fs::create_symlink("a.bank", file("link.bank"));
     }
-    static ProgramRun runWith(Translator arguments, const std::vector<GivenDescriptor>& given) {
-        arguments.insert(arguments.begin(), kProgram);
-        return runProgram(arguments, {}, given);
-    }
-    static ProgramRun inShell(const std::string& script) {
-        return runProgram({"/bin/sh", "-c", script});
+    // With descriptors of the caller's in place of standard streams.
+    [[nodiscard]] ProgramRun runWith(const std::string& words,
+                                     const std::vector<GivenDescriptor>& given) const {
+        return runProgram({"/bin/sh", "-c", "cd \"$0\" && exec " + kProgram + " " + words,
+                           std::filesystem::path(file("a.bank")).parent_path()},
+                          {}, given);
     }
     void expectBanksAsTheyWere() const {
-        EXPECT_EQ(readBytes(file("a.bank")), randomBank(1));
-        EXPECT_EQ(readBytes(file("b.bank")), randomBank(2));
+        EXPECT_EQ(bytes("a.bank"), randomBank(1));
+        EXPECT_EQ(bytes("b.bank"), randomBank(2));
+        EXPECT_EQ(names(), (std::vector<std::string>{"a.bank", "b.bank", "link.bank"}));
     }
+
+    const FileDescriptor full_ = opened("/dev/full");
+    const FileDescriptor left_ = withoutReader();
+    const Pipe stuck_ = fullPipe();
+    const std::vector<int> badErrors_{full_.get(), left_.get(), stuck_.writer.get(),
+                                      GivenDescriptor::kClosed};
 };
 
 TEST_F(Surroundings, ErrorThatCannotBeToldChangesNoExitCode) {
-    const FileDescriptor full = opened("/dev/full");
-    const FileDescriptor left = withoutReader();
-    const Pipe stuck = fullPipe();
-    for (const int source : {full.get(), left.get(), stuck.writer.get(), GivenDescriptor::kClosed})
-        for (const Translator& arguments : {Translator{"show", file("none")}, Translator{"dance"},
-                                            Translator{"set", file("a.bank"), "x=1"},
-                                            Translator{"--virtual", "send", file("none")}})
-            EXPECT_EQ(runWith(arguments, {{2, source}}).exitCode, 2) << source << arguments[0];
+    for (const int source : badErrors_)
+        for (const char* words : {"show none", "dance", "set a.bank x=1", "--virtual send none"})
+            EXPECT_EQ(runWith(words, {{2, source}}).exitCode, 2) << source << words;
 }
 
 TEST_F(Surroundings, StreamThatCannotBeWrittenToStandardErrorEndsNoTransaction) {
-    const FileDescriptor full = opened("/dev/full");
-    const FileDescriptor left = withoutReader();
-    const Pipe stuck = fullPipe();
-    for (const int source :
-         {full.get(), left.get(), stuck.writer.get(), GivenDescriptor::kClosed}) {
-        const ProgramRun read = runWith(
-            {"--virtual=" + file("b.bank"), "--console", "-", "--log", "-", "read", file("out")},
-            {{2, source}});
-        EXPECT_EQ(read.exitCode, 0);
-        EXPECT_EQ(readBytes(file("out")), randomBank(2));
+    for (const int source : badErrors_) {
+        EXPECT_EQ(runWith("--virtual=b.bank --console - --log - read out", {{2, source}}).exitCode,
+                  0);
+        EXPECT_EQ(bytes("out"), randomBank(2));
         fs::remove(file("out"));
     }
 }
 
 TEST_F(Surroundings, ResultThatCannotBeWrittenIsAnError) {
-    const FileDescriptor full = opened("/dev/full");
-    const FileDescriptor left = withoutReader();
-    const std::string held = "--virtual=" + file("b.bank");
-    const std::vector<std::pair<Translator, int>> commands{
-        {{"--help"}, 1},
-        {{"--version"}, 1},
-        {{"show", "--help"}, 1},
-        {{"udev-rules"}, 1},
-        {{"show", file("a.bank")}, 1},
-        {{"get", file("a.bank"), "scene*"}, 1},
-        {{"convert", file("a.bank"), "-"}, 1},
-        {{"convert", file("a.bank"), "/dev/stdout"}, 1},
-        {{"default", "-"}, 1},
-        {{held, "read", "-"}, 1},
-        {{held, "send", file("a.bank"), "--dry-run"}, 1},
-        {{held, "send", file("b.bank"), "--backup", "-"}, 1},
-        {{"diff", file("a.bank"), file("b.bank")}, 2},
-    };
-    for (const auto& [arguments, exitCode] : commands)
-        for (const int source : {full.get(), left.get(), GivenDescriptor::kClosed}) {
-            const ProgramRun result = runWith(arguments, {{1, source}});
-            EXPECT_EQ(result.exitCode, exitCode) << arguments[0] << ' ' << source;
-            EXPECT_EQ(result.errors, kOutputError) << arguments[0] << ' ' << source;
+    for (const char* words :
+         {"--help", "--version", "show --help", "udev-rules", "show a.bank", "get a.bank 'scene*'",
+          "convert a.bank -", "convert a.bank /dev/stdout", "default -", "--virtual=b.bank read -",
+          "--virtual=b.bank send a.bank --dry-run", "--virtual=b.bank send b.bank --backup -",
+          "diff a.bank b.bank"})
+        for (const int source : {full_.get(), left_.get(), GivenDescriptor::kClosed}) {
+            const ProgramRun result = runWith(words, {{1, source}});
+            EXPECT_EQ(result.exitCode, std::string(words).starts_with("diff") ? 2 : 1)
+                << words << ' ' << source;
+            EXPECT_EQ(result.errors, kOutputError) << words << ' ' << source;
         }
     expectBanksAsTheyWere();
-}
-
-TEST_F(Surroundings, DevicesToAFullDiskAreNoSuccess) {
-    const FileDescriptor full = opened("/dev/full");
-    EXPECT_EQ(runWith({"devices"}, {{1, full.get()}}).exitCode, 1);
+    EXPECT_EQ(runWith("devices", {{1, full_.get()}}).exitCode, 1);
 }
 
 TEST_F(Surroundings, NoFileIsOverwrittenUnderAnotherOptionsName) {
-    const std::string a = file("a.bank");
-    const std::string b = file("b.bank");
-    const std::string link = file("link.bank");
-    const std::vector<std::pair<Translator, std::string>> commands{
-        {{"--log", a, "show", a},
-         "--log " + a + ": it would overwrite the bank that is to be shown"},
-        {{"--console", a, "show", link},
-         "--console " + a + ": it would overwrite the bank that is to be shown"},
-        {{"--log", link, "get", a, "scene1"},
-         "--log " + link + ": it would overwrite the bank that is to be read"},
-        {{"--log", a, "set", a, "scene1.pad1.CR=1"},
-         "--log " + a + ": it would overwrite the bank that is to be changed"},
-        {{"--log", a, "copy", b, "scene1", "scene2", "--from", a},
-         "--log " + a + ": it would overwrite what is to be copied"},
-        {{"--log", a, "convert", b, a},
-         "--log " + a + ": it would overwrite the bank that is to be written"},
-        {{"--log", b, "diff", a, b},
-         "--log " + b + ": it would overwrite a bank that is to be compared"},
-        {{"--log", file("new"), "default", file("new")},
-         "--log " + file("new") + ": it would overwrite the bank that is to be written"},
-        {{"--virtual=" + a, "--log", a, "read", file("out")},
-         "--log " + a + ": it would overwrite the virtual controller's memory"},
-        {{"--virtual", "--log", a, "send", a},
-         "--log " + a + ": it would overwrite the bank that is to be sent"},
-        {{"--virtual", "send", a, "--backup", link},
-         link + ": the backup would overwrite the bank that is to be sent"},
-        {{"--virtual=" + b, "send", a, "--backup", b},
-         b + ": a send to it would overwrite the backup"},
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"--log a.bank show a.bank",
+         "--log a.bank: it would overwrite the bank that is to be shown"},
+        {"--console a.bank show link.bank",
+         "--console a.bank: it would overwrite the bank that is to be shown"},
+        {"--log link.bank get a.bank scene1",
+         "--log link.bank: it would overwrite the bank that is to be read"},
+        {"--log a.bank set a.bank scene1.pad1.CR=1",
+         "--log a.bank: it would overwrite the bank that is to be changed"},
+        {"--log a.bank copy b.bank scene1 scene2 --from a.bank",
+         "--log a.bank: it would overwrite what is to be copied"},
+        {"--log a.bank convert b.bank a.bank",
+         "--log a.bank: it would overwrite the bank that is to be written"},
+        {"--log b.bank diff a.bank b.bank",
+         "--log b.bank: it would overwrite a bank that is to be compared"},
+        {"--log new default new", "--log new: it would overwrite the bank that is to be written"},
+        {"--virtual=a.bank --log a.bank read out",
+         "--log a.bank: it would overwrite the virtual controller's memory"},
+        {"--virtual --log a.bank send a.bank",
+         "--log a.bank: it would overwrite the bank that is to be sent"},
+        {"--virtual send a.bank --backup link.bank",
+         "link.bank: the backup would overwrite the bank that is to be sent"},
+        {"--virtual=b.bank send a.bank --backup b.bank",
+         "b.bank: a send to it would overwrite the backup"},
+        {"--virtual send - --backup a.bank <a.bank",
+         "a.bank: the backup would overwrite the bank that is to be sent"},
+        {"--log a.bank show /dev/stdin <a.bank",
+         "--log a.bank: it would overwrite the bank that is to be shown"},
     };
-    for (const auto& [arguments, sentence] : commands) {
-        expectSentence(run(arguments), 2, "scenewright-cli: " + sentence + "\n");
-        expectBanksAsTheyWere();
-        EXPECT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"})) << sentence;
-    }
+    for (const auto& [words, sentence] : rows)
+        refused(words, "scenewright-cli: " + sentence + "\n");
+    expectBanksAsTheyWere();
 }
 
 TEST_F(Surroundings, NoListThatIsInUseIsOverwritten) {
-    fs::create_directories(file("home/scenewright"));
-    for (const char* name : {"basic", "default", "project"}) {
-        const std::string list = std::string(name) + ".plist";
-        for (const std::string& folder : {file("lists"), file("home/scenewright")}) {
-            fs::create_directories(folder);
-            writeText(folder + "/" + list, "<plist><array/></plist>");
-            fs::create_symlink(folder + "/" + list, file("alias"));
+    for (const std::string name : {"basic.plist", "default.plist", "project.plist"})
+        for (const std::string folder : {"lists", "home/scenewright"}) {
+            fs::create_directories(file(folder));
+            put(folder + "/" + name, std::string("<plist><array/></plist>"));
+            fs::create_symlink(file(folder + "/" + name), file("alias"));
             for (const std::string& option :
-                 {"--log " + folder + "/" + list, "--console " + file("alias")}) {
-                const ProgramRun result =
-                    inShell("XDG_CONFIG_HOME=" + file("home") + " " + kProgram + " " +
-                            (folder == file("lists") ? "--resources " + folder + " " : "") +
-                            option + " show " + file("a.bank"));
-                expectSentence(result, 2,
-                               option + ": it would overwrite a property list that is in use\n");
-                EXPECT_EQ(readText(folder + "/" + list), "<plist><array/></plist>");
+                 {"--log " + folder + "/" + name, std::string("--console alias")}) {
+                expectSentence(shell("XDG_CONFIG_HOME=\"$0\"/home exec " + kProgram +
+                                     (folder == "lists" ? " --resources lists " : " ") + option +
+                                     " show a.bank"),
+                               2, option + ": it would overwrite a property list that is in use\n");
+                EXPECT_EQ(text(folder + "/" + name), "<plist><array/></plist>");
             }
             fs::remove(file("alias"));
         }
-    }
-}
-
-TEST_F(Surroundings, StandardInputCountsAsTheFileThatItComesFrom) {
-    expectSentence(shell("--virtual send - --backup " + file("a.bank"), "a.bank"), 2,
-                   "the backup would overwrite the bank that is to be sent");
-    expectSentence(shell("--log " + file("a.bank") + " show /dev/stdin", "a.bank"), 2,
-                   "it would overwrite the bank that is to be shown");
-    expectBanksAsTheyWere();
 }
 
 TEST_F(Surroundings, FileThatIsReadMayBeTheOneThatIsWritten) {
-    expectDone(run({"set", file("link.bank"), "scene1.pad1.CR=1"}));
-    expectDone(run({"copy", file("a.bank"), "scene1", "scene2", "--from", file("a.bank")}));
-    expectDone(run({"convert", file("a.bank"), file("link.bank"), "--to", "json"}));
-    EXPECT_TRUE(readText(file("a.bank")).starts_with("{"));
+    done("set link.bank scene1.pad1.CR=1");
+    done("copy a.bank scene1 scene2 --from a.bank");
+    done("convert a.bank link.bank --to json");
+    EXPECT_TRUE(text("a.bank").starts_with("{"));
     EXPECT_TRUE(fs::is_symlink(file("link.bank")));
-    expectDone(run({"--virtual=" + file("b.bank"), "read", file("b.bank")}));
-    expectDone(run({"--virtual=" + file("b.bank"), "--console", file("s"), "--log", file("s"),
-                    "send", file("b.bank")}));
+    done("--virtual=b.bank read b.bank");
+    done("--virtual=b.bank --console s --log s send b.bank");
 }
 
 TEST_F(Surroundings, StandardStreamsAreTheSameUnderEachOfTheirNames) {
-    const std::string bank = readText(file("a.bank"));
-    for (const char* name : {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
-        writeText(file("out"), "kept");
-        expectDone(inShell(kProgram + " convert --to image " + file("a.bank") + " " + name + " >>" +
-                           file("out")));
-        EXPECT_EQ(readText(file("out")), "kept" + bank) << name;
-        const ProgramRun piped =
-            inShell(kProgram + " convert --to image " + file("a.bank") + " " + name + " | cat");
-        EXPECT_EQ(piped.output, bank) << name;
+    const std::string convert = "convert --to image a.bank ";
+    for (const std::string name : {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+        put("out", std::string("kept"));
+        done(convert + name + " >>out");
+        EXPECT_EQ(text("out"), "kept" + text("a.bank")) << name;
+        EXPECT_EQ(cli(convert + name + " | cat").output, text("a.bank")) << name;
     }
-    for (const char* name : {"-", "/dev/stdin", "/dev/fd/0"})
-        expectDone(shell("show " + std::string(name), "a.bank"));
-    expectDone(inShell(kProgram + " convert " + file("a.bank") + " /dev/fd/5 5>" + file("five")));
-    EXPECT_TRUE(readText(file("five")).starts_with("{"));
+    for (const std::string name : {"-", "/dev/stdin", "/dev/fd/0"})
+        done("show " + name + " <a.bank");
+    done("convert a.bank /dev/fd/5 5>five");
+    EXPECT_TRUE(text("five").starts_with("{"));
 }
 
 TEST_F(Surroundings, FileSizeLimitIsAWriteThatFails) {
-    const ProgramRun result = inShell("(ulimit -f 0; " + kProgram + " set " + file("a.bank") +
-                                      " scene1.pad1.CR=1) 2>&1 | cat");
-    EXPECT_EQ(result.output,
-              "scenewright-cli: Cannot write " + file("a.bank") + ": File too large.\n");
-    EXPECT_EQ(
-        inShell("ulimit -f 0; exec " + kProgram + " set " + file("a.bank") + " scene1.pad1.CR=1")
-            .exitCode,
-        2);
+    const std::string set = "ulimit -f 0; exec " + kProgram + " set a.bank scene1.pad1.CR=1";
+    EXPECT_EQ(shell("(" + set + ") 2>&1 | cat").output,
+              "scenewright-cli: Cannot write a.bank: File too large.\n");
+    EXPECT_EQ(shell(set).exitCode, 2);
     expectBanksAsTheyWere();
-    EXPECT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"}));
 }
 
 TEST_F(Surroundings, StreamsFileThatIsNotWholeIsToldOnceAtTheEnd) {
-    const ProgramRun read = run({"--virtual=" + file("b.bank"), "--log", "/dev/full", "--console",
-                                 "/dev/null", "read", file("out")});
-    expectSentence(read, 1, "scenewright-cli: /dev/full: not all of it could be written\n");
-    EXPECT_EQ(readBytes(file("out")), randomBank(2));
-    expectSentence(run({"--log", "/dev/full", "show", file("none")}), 2, file("none"));
+    expectSentence(cli("--virtual=b.bank --log /dev/full --console /dev/null read out"), 1,
+                   "scenewright-cli: /dev/full: not all of it could be written\n");
+    EXPECT_EQ(bytes("out"), randomBank(2));
+    refused("--log /dev/full show none", "none");
 }
 
 TEST_F(Surroundings, StreamToAPipeThatNobodyReadsIsRefused) {
     ASSERT_EQ(mkfifo(file("pipe").c_str(), 0600), 0);
-    for (const char* option : {"--log", "--console"})
-        expectSentence(run({option, file("pipe"), "show", file("a.bank")}), 2,
-                       "Cannot write " + file("pipe") + ": nobody reads this pipe.");
+    for (const std::string option : {"--log", "--console"})
+        refused(option + " pipe show a.bank", "Cannot write pipe: nobody reads this pipe.");
 }
 
 TEST_F(Surroundings, NoFileTakesThePlaceOfAClosedStream) {
-    const std::vector<GivenDescriptor> closed{{0, GivenDescriptor::kClosed},
-                                              {1, GivenDescriptor::kClosed},
-                                              {2, GivenDescriptor::kClosed}};
-    const ProgramRun result = runWith({"--virtual=" + file("b.bank"), "--console", file("console"),
-                                       "--log", file("log"), "read", "-"},
-                                      closed);
-    EXPECT_EQ(result.exitCode, 1);
+    const std::string closed = " <&- >&- 2>&-";
+    EXPECT_EQ(cli("--virtual=b.bank --console console --log log read -" + closed).exitCode, 1);
     for (const char* name : {"console", "log"})
-        EXPECT_EQ(readText(file(name)).find("could not be written"), std::string::npos) << name;
-    EXPECT_EQ(runWith({"show", "-"}, closed).exitCode, 2);
+        EXPECT_EQ(text(name).find("could not be written"), std::string::npos) << name;
+    EXPECT_EQ(cli("show -" + closed).exitCode, 2);
 }
 
 TEST_F(Surroundings, PipeWithoutAWriterIsToldAndWaitedFor) {
@@ -277,25 +224,21 @@ TEST_F(Surroundings, PipeWithoutAWriterIsToldAndWaitedFor) {
     std::string told(200, '\0');
     std::thread writer([&] {
         told.resize(static_cast<std::size_t>(read(errors.reader.get(), told.data(), told.size())));
-        writeBytes(file("pipe"), randomBank(1));
+        put("pipe", randomBank(1));
     });
-    const ProgramRun result = runWith({"convert", file("pipe"), file("out"), "--to", "image"},
-                                      {{2, errors.writer.get()}});
+    const ProgramRun result = runWith("convert pipe out --to image", {{2, errors.writer.get()}});
     writer.join();
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(told, "scenewright-cli: " + file("pipe") +
-                        ": waiting for a writer of this pipe (Ctrl+C stops)\n");
-    EXPECT_EQ(readBytes(file("out")), randomBank(1));
+    EXPECT_EQ(told, "scenewright-cli: pipe: waiting for a writer of this pipe (Ctrl+C stops)\n");
+    EXPECT_EQ(bytes("out"), randomBank(1));
 }
 
 TEST_F(Surroundings, OtherNamesOfAFileAreSpokenOf) {
     fs::create_hard_link(file("a.bank"), file("second"));
-    const ProgramRun result = run({"set", file("a.bank"), "scene1.pad1.CR=1"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "scenewright-cli: " + file("a.bank") +
-                                 " had 2 names; the other one keeps the former content\n");
-    EXPECT_EQ(readBytes(file("second")), randomBank(1));
-    EXPECT_NE(readBytes(file("a.bank")), randomBank(1));
+    expectSentence(cli("set a.bank scene1.pad1.CR=1"), 0,
+                   "scenewright-cli: a.bank had 2 names; the other one keeps the former content\n");
+    EXPECT_EQ(bytes("second"), randomBank(1));
+    EXPECT_NE(bytes("a.bank"), randomBank(1));
 }
 
 TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
@@ -303,13 +246,11 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
         const std::string value = std::to_string(round + 1);
         std::vector<std::thread> programs;
         for (int pad = 1; pad <= 8; ++pad)
-            programs.emplace_back([&, pad] {
-                expectDone(run(
-                    {"set", file("a.bank"), "scene1.pad" + std::to_string(pad) + ".CR=" + value}));
-            });
+            programs.emplace_back(
+                [&, pad] { done("set a.bank scene1.pad" + std::to_string(pad) + ".CR=" + value); });
         for (std::thread& program : programs)
             program.join();
-        const ProgramRun got = run({"get", file("a.bank"), "scene1.pad*.CR"});
+        const ProgramRun got = cli("get a.bank 'scene1.pad*.CR'");
         for (int pad = 1; pad <= 8; ++pad)
             EXPECT_NE(got.output.find("scene1.pad" + std::to_string(pad) + ".CR=" + value + "\t"),
                       std::string::npos)
@@ -317,28 +258,20 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
     }
 }
 
-// Commands that write files; each run is met by the signal after a longer time.
-const std::vector<std::vector<std::string>> kWriters{
-    {"set", "a.bank", "scene1.pad1.CR=1"},
-    {"--virtual=b.bank", "read", "out.bank"},
-    {"--virtual=b.bank", "send", "a.bank"},
-    {"--virtual", "send", "a.bank", "--backup", "out.bank"},
-};
-
+// Each run is met by the signal after a longer time.
 TEST_F(Surroundings, SignalLeavesNoFileBehind) {
     constexpr int kRuns = 40;
     constexpr useconds_t kLonger = 400; // microseconds: past the end of a run
-    for (const Translator& words : kWriters)
+    for (const char* words :
+         {"set a.bank scene1.pad1.CR=1", "--virtual=b.bank read out.bank",
+          "--virtual=b.bank send a.bank", "--virtual send a.bank --backup out.bank"})
         for (int run = 0; run < kRuns; ++run) {
             const pid_t child = fork();
             if (child == 0) {
                 signal(SIGTERM, SIG_DFL);
-                std::vector<char*> arguments{const_cast<char*>(kProgram.c_str())};
-                for (const std::string& word : words)
-                    arguments.push_back(const_cast<char*>(word.c_str()));
-                arguments.push_back(nullptr);
+                const std::string script = "exec " + kProgram + " " + words;
                 if (chdir(fs::path(file("a.bank")).parent_path().c_str()) == 0)
-                    execv(kProgram.c_str(), arguments.data());
+                    execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
                 _exit(127);
             }
             usleep(static_cast<useconds_t>(run) * kLonger);
@@ -346,10 +279,11 @@ TEST_F(Surroundings, SignalLeavesNoFileBehind) {
             int status = 0;
             ASSERT_EQ(waitpid(child, &status, 0), child);
             fs::remove(file("out.bank"));
-            ASSERT_EQ(names(), (Translator{"a.bank", "b.bank", "link.bank"})) << words[0] << run;
+            ASSERT_EQ(names(), (std::vector<std::string>{"a.bank", "b.bank", "link.bank"}))
+                << words << run;
         }
     for (const char* name : {"a.bank", "b.bank"})
-        EXPECT_EQ(readBytes(file(name)).size(), 1012U);
+        EXPECT_EQ(bytes(name).size(), 1012U);
 }
 
 } // namespace
