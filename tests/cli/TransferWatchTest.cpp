@@ -134,20 +134,29 @@ TEST(WatchTransfer, GoesOnWithoutAThread) {
     EXPECT_TRUE(isDone);
 }
 
+// What is written to it waits for ever.
+struct StoppedTerminal {
+    FileDescriptor master{::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)};
+    FileDescriptor terminal;
+
+    StoppedTerminal() {
+        std::array<char, 64> name{};
+        EXPECT_EQ(::grantpt(master.get()), 0);
+        EXPECT_EQ(::unlockpt(master.get()), 0);
+        EXPECT_EQ(::ptsname_r(master.get(), name.data(), name.size()), 0);
+        terminal = FileDescriptor(::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+        EXPECT_EQ(::tcflow(terminal.get(), TCOOFF), 0);
+    }
+};
+
 TEST(WatchTransfer, TerminalThatIsStoppedOrGoneHoldsNothingUp) {
     for (const bool isGone : {false, true}) {
-        FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
-        ASSERT_EQ(::grantpt(master.get()), 0);
-        ASSERT_EQ(::unlockpt(master.get()), 0);
-        std::array<char, 64> name{};
-        ASSERT_EQ(::ptsname_r(master.get(), name.data(), name.size()), 0);
-        const FileDescriptor terminal(::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-        ASSERT_EQ(::tcflow(terminal.get(), TCOOFF), 0);
-        const OtherStandardError other(terminal.get());
+        StoppedTerminal stopped;
+        const OtherStandardError other(stopped.terminal.get());
         ::alarm(60); // ends a test that is held up
         watchTransfer("Sending", 100, [&] {
             if (isGone)
-                const FileDescriptor gone = std::move(master);
+                stopped.master = FileDescriptor();
         });
         ::alarm(0);
     }
