@@ -16,6 +16,7 @@ inline CommandChoice chosenCommand(const std::string& line) {
     for (std::string word; stream >> word;)
         words.push_back(word);
     std::vector<const char*> pointers;
+    pointers.reserve(words.size());
     for (const std::string& word : words)
         pointers.push_back(word.c_str());
     return parseCommandLine(static_cast<int>(pointers.size()), pointers.data()).value().choice;
