@@ -160,7 +160,7 @@ void giveSheet(QWidget& widget, Sheet sheet) {
     widget.setStyleSheet(coloured(textOf(sheet), themeOf(isDark(QApplication::palette()))));
 }
 
-Appearance::Appearance(QApplication& application) : isSystemDark_(isDark(application.palette())) {
+Appearance::Appearance() : isSystemDark_(isDark(QApplication::palette())) {
     const int kept = programSettings().value(kAppearanceKey, 0).toInt();
     choice_ = kept == 1 || kept == 2 ? static_cast<Choice>(kept) : Choice::System;
     apply();

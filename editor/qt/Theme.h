@@ -49,7 +49,7 @@ public:
     enum class Choice : std::uint8_t { System, Light, Dark };
 
     // Made right after the application, whose palette is still the desktop's then.
-    explicit Appearance(QApplication& application);
+    Appearance();
 
     [[nodiscard]] Choice choice() const { return choice_; }
     void choose(Choice choice);

@@ -77,11 +77,11 @@ void releaseBus() {
     SendJob::join();
 }
 
-int showWindow(QApplication& application, const LaunchOptions& options) {
+int showWindow(const LaunchOptions& options) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
     const Translation translation(QLocale::system());
-    Appearance appearance(application);
+    Appearance appearance;
     QuitController quit;
     MainWindow window(quit, appearance, isVirtual);
     if (const auto& trouble = window.picture().drawing().trouble())
@@ -118,11 +118,11 @@ int run(int argc, char** argv) {
     if (const auto connected = connectHost(options); !connected)
         return reportError(connected.error(), kExitUsage);
     ToolkitMessages::hold();
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     ToolkitMessages::letGo();
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
-    return showWindow(application, options);
+    return showWindow(options);
 }
 
 } // namespace

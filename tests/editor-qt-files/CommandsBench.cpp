@@ -29,7 +29,7 @@ CommandsBench::~CommandsBench() {
 }
 
 void CommandsBench::open(KeyboardWatch::Look look) {
-    appearance_ = std::make_unique<Appearance>(*qApp);
+    appearance_ = std::make_unique<Appearance>();
     quit_ = std::make_unique<QuitController>();
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
     commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_));

@@ -67,7 +67,7 @@ TEST_F(MainWindowTest, TitleSaysWhenTheControllerIsVirtual) {
     open();
     EXPECT_EQ(window().windowTitle(), QString::fromUtf8("Scenewright – Virtual controller"));
     QuitController quit;
-    Appearance appearance(*qApp);
+    Appearance appearance;
     EXPECT_EQ(MainWindow(quit, appearance, false).windowTitle(), "Scenewright");
 }
 

@@ -92,10 +92,10 @@ bool keepModes(MainWindow& window, const Order& order) {
     return true;
 }
 
-int takeAll(QApplication& application, const Order& order) {
+int takeAll(const Order& order) {
     const MainLoop loop;
     const Translation translation(QLocale(QString::fromStdString(order.language)));
-    Appearance appearance(application);
+    Appearance appearance;
     applyTheme(order.isDark);
     connectVirtualController();
     QuitController quit;
@@ -158,6 +158,6 @@ int main(int argc, char** argv) {
                       .isDark = arguments.has("--dark"),
                       .wantsModes = arguments.has("--modes"),
                       .wantsSituations = arguments.has("--situations")};
-    QApplication application(argc, argv);
-    return scenewright::takeAll(application, order);
+    const QApplication application(argc, argv);
+    return scenewright::takeAll(order);
 }

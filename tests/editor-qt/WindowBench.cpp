@@ -54,7 +54,7 @@ WindowBench::~WindowBench() {
 }
 
 MainWindow& WindowBench::open(std::chrono::milliseconds limit) {
-    appearance_ = std::make_unique<Appearance>(*qApp);
+    appearance_ = std::make_unique<Appearance>();
     quit_ = std::make_unique<QuitController>(limit);
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
     window_->show();

@@ -44,7 +44,7 @@ private:
     DeviceCommands& commands() { return window_.commands(); }
 
     MainLoop loop_;
-    Appearance appearance_{*qApp};
+    Appearance appearance_;
     QuitController quit_;
     MainWindow window_{quit_, appearance_, true};
 };

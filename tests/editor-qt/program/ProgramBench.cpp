@@ -45,7 +45,7 @@ QString outputOf(const QStringList& command) {
 } // namespace
 
 ProgramBench::ProgramBench()
-    : appearance_(std::make_unique<Appearance>(*qApp)), quit_(std::make_unique<QuitController>()),
+    : appearance_(std::make_unique<Appearance>()), quit_(std::make_unique<QuitController>()),
       twin_(std::make_unique<MainWindow>(*quit_, *appearance_, true)) {
     twin_->setAttribute(Qt::WA_DontShowOnScreen);
     twin_->show();
