@@ -1,7 +1,6 @@
 #include "app/ListCheck.h"
 
 #include "model/Control.h"
-#include "model/FileAction.h"
 #include "model/PopUpValue.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
@@ -19,8 +18,8 @@ std::string fileOf(std::string_view name) {
     return file ? file->string() : std::string(name) + ".plist";
 }
 
-Result<void> checkControls() {
-    const std::size_t controls = FileAction::GetSceneFromDefault()->buttonValueArray().size();
+Result<void> checkControls(const PropertyValue& list) {
+    const std::size_t controls = list["ButtonArray"].elements().size();
     if (controls == kControlCount)
         return {};
     return failure(
@@ -37,7 +36,7 @@ Result<void> checkList(std::string_view name) {
         return readPopUpValue().map([](const auto&) {});
     if (name == kDefaultList) {
         const auto list = Resources::read(name);
-        return list ? checkControls() : Result<void>(failure(list.error()));
+        return list ? checkControls(*list) : Result<void>(failure(list.error()));
     }
     const auto listed = readDeviceList();
     if (!listed)

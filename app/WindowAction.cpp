@@ -8,8 +8,10 @@
 
 #include <fmt/printf.h>
 
+#include <memory>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -27,17 +29,27 @@ Store& store() {
     return state;
 }
 
-// `number` counts from 1.
-std::shared_ptr<SceneValue> namedDefaultScene(std::int32_t number) {
-    auto scene = FileAction::GetSceneFromDefault();
-    scene->commonValue()->setSceneName(fmt::sprintf("SCENE%d", number));
-    return scene;
+// Of records of its own. `number` counts from 1.
+std::shared_ptr<SceneValue> namedCopy(const SceneValue& scene, std::size_t number) {
+    auto common = std::make_shared<CommonValue>(*scene.commonValue());
+    common->setSceneName(fmt::sprintf("SCENE%d", number));
+    std::vector<std::shared_ptr<ButtonValue>> buttons;
+    for (const auto& button : scene.buttonValueArray())
+        buttons.push_back(std::make_shared<ButtonValue>(*button));
+    auto copy = std::make_shared<SceneValue>();
+    copy->setCommonValue(std::move(common));
+    copy->setButtonValueArray(std::move(buttons));
+    return copy;
 }
 
-// Appends default scenes, each named by its place, until the controller's four are there.
+// Appends default scenes, each named by its place, until the controller's four are there. The file
+// is read once for all.
 void padWithDefaults(SceneList& scenes) {
+    if (scenes.size() >= kSceneCount)
+        return;
+    const auto scene = FileAction::GetSceneFromDefault();
     while (scenes.size() < kSceneCount)
-        scenes.push_back(namedDefaultScene(static_cast<std::int32_t>(scenes.size()) + 1));
+        scenes.push_back(namedCopy(*scene, scenes.size() + 1));
 }
 
 } // namespace
