@@ -32,15 +32,6 @@ TEST_F(Picture, SummarySetsEachTitleThenColoursThemAll) {
     EXPECT_EQ(journal.lines(), joined({titles, greenTitles(byTag)}));
 }
 
-TEST_F(Picture, EveryTitleIsGreenAfterEverySummary) {
-    loaded();
-    for (std::int32_t mode = 0; mode < 9; ++mode) {
-        view.showDisplayValueWithIndex(mode);
-        for (std::int32_t tag = 1; tag <= 45; ++tag)
-            EXPECT_EQ(button(tag).title.colour, (Colour{50, 180, 50})) << mode << " " << tag;
-    }
-}
-
 TEST_F(Picture, DisplayChoiceSetsTheModeAndRewritesTheTitles) {
     loaded();
     displaySelect.selected = 5;
@@ -53,31 +44,6 @@ TEST_F(Picture, DisplayChoiceSetsTheModeAndRewritesTheTitles) {
     EXPECT_EQ(journal.withoutPicture(), Lines{});
 }
 
-TEST_F(Picture, PadWithNoteSixtyShowsEntrySixtyOfTheNoteList) {
-    loaded();
-    record(14).setCCOrNoteNumber(60);
-    view.showDisplayValueWithIndex(2);
-    EXPECT_EQ(button(14).title.text, "Note\nbutton-note:60");
-}
-
-TEST_F(Picture, KnobThatIsOffShowsItsFirstStateInModeOneAndDashesFromTwoToSeven) {
-    loaded();
-    for (const auto write :
-         {&ButtonValue::setKeyBehavior, &ButtonValue::setOffValue, &ButtonValue::setOnValue})
-        (record(5).*write)(3);
-    record(5).setEnable(0);
-    view.showDisplayValueWithIndex(1);
-    EXPECT_EQ(button(5).title.text, "button-enable:0");
-    for (std::int32_t mode = 2; mode < 8; ++mode) {
-        record(5).setEnable(1);
-        view.showDisplayValueWithIndex(mode);
-        EXPECT_NE(button(5).title.text, "---") << mode;
-        record(5).setEnable(0);
-        view.showDisplayValueWithIndex(mode);
-        EXPECT_EQ(button(5).title.text, "---") << mode;
-    }
-}
-
 TEST_F(Picture, WithoutControlRecordsOnlyTheColoursAreSet) {
     removeDefaultScene();
     loaded();
@@ -85,16 +51,6 @@ TEST_F(Picture, WithoutControlRecordsOnlyTheColoursAreSet) {
     EXPECT_EQ(journal.of("button").size(), 90U);
     EXPECT_EQ(journal.of("button45."),
               (Lines{"button45.setAttributedTitle(, 50 180 50)", "button45.setNeedsDisplay()"}));
-}
-
-TEST_F(Picture, FewerControlsThanButtonsLeaveTheOtherTitlesAlone) {
-    loaded();
-    auto records = view.sceneValue()->buttonValueArray();
-    records.resize(10);
-    view.sceneValue()->setButtonValueArray(records);
-    view.showDisplayValueWithIndex(0);
-    EXPECT_EQ(journal.of("button11.setTitle"), Lines{});
-    EXPECT_EQ(journal.of("button10.setTitle").size(), 1U);
 }
 
 TEST_F(Picture, MoreControlsThanButtonsAreNotShown) {

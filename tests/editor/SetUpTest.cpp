@@ -137,12 +137,6 @@ TEST_F(EditorSetUp, GetItemTakesANewHolderEachTime) {
     EXPECT_EQ(popUp("padCR").titles.size(), 128U);
 }
 
-TEST_F(EditorSetUp, NumberPopUpsStartWithTheControllerList) {
-    view.getItem();
-    EXPECT_EQ(popUp("padCCOrNoteNumber").titles.front(), "select127:0");
-    EXPECT_EQ(popUp("keyCCOrNoteNumber").titles.front(), "select127:0");
-}
-
 TEST_F(EditorSetUp, MissingKeyLeavesItsPopUpsEmptyAndFillsTheOthers) {
     setEntries("select127", 0);
     load();
