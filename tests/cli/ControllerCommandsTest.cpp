@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace scenewright {
 
 using testing::BankProgram;
@@ -150,6 +152,8 @@ TEST_F(ControllerCommands, ValuesAbove127AreToldByEachCommandThatReads) {
     auto above = stored;
     above[100] = 0x80;
     above[1011] = 0xFF;
+    const std::string line = "scenewright-cli: The keyboard holds values above 127, which scenes "
+                             "cannot hold; read as 0 instead: 2\n";
     for (const auto& [command, output] : {std::pair{"read new", ""},
                                           {"diff device: stored", ""},
                                           {"diff stored device:", ""},
@@ -157,11 +161,8 @@ TEST_F(ControllerCommands, ValuesAbove127AreToldByEachCommandThatReads) {
                                           {"send --backup backup stored", ""}}) {
         put("held", above);
         const ProgramRun result = cli(std::string("--virtual=held ") + command);
-        EXPECT_EQ(result.exitCode, 0) << command;
-        EXPECT_EQ(result.output, output) << command;
-        EXPECT_EQ(result.errors,
-                  "scenewright-cli: The keyboard holds values above 127, which scenes cannot hold; "
-                  "read as 0 instead: 2\n")
+        EXPECT_EQ(std::tuple(result.exitCode, result.output, result.errors),
+                  std::tuple(0, output, line))
             << command;
     }
     EXPECT_EQ(bytes("new"), stored);

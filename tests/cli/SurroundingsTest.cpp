@@ -263,8 +263,8 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
     }
 }
 
-// The program with these words of a shell, in the folder.
-pid_t started(const std::string& words, const fs::path& folder) {
+// Starts the program with these words of a shell in the folder, and ends it after that time.
+void endAfter(useconds_t time, const std::string& words, const fs::path& folder) {
     const std::string script = "exec " + kProgram + " " + words;
     const pid_t child = fork();
     if (child == 0) {
@@ -273,7 +273,10 @@ pid_t started(const std::string& words, const fs::path& folder) {
             execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
         _exit(127);
     }
-    return child;
+    usleep(time);
+    kill(child, SIGTERM);
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
 }
 
 // Each run is met by the signal after a longer time.
@@ -284,11 +287,8 @@ TEST_F(Surroundings, SignalLeavesNoFileBehind) {
          {"set a.bank scene1.pad1.CR=1", "--virtual=b.bank read out.bank",
           "--virtual=b.bank send a.bank", "--virtual send a.bank --backup out.bank"})
         for (int run = 0; run < kRuns; ++run) {
-            const pid_t child = started(words, fs::path(file("a.bank")).parent_path());
-            usleep(static_cast<useconds_t>(run) * kLonger);
-            kill(child, SIGTERM);
-            int status = 0;
-            ASSERT_EQ(waitpid(child, &status, 0), child);
+            endAfter(static_cast<useconds_t>(run) * kLonger, words,
+                     fs::path(file("a.bank")).parent_path());
             fs::remove(file("out.bank"));
             ASSERT_EQ(names(), (std::vector<std::string>{"a.bank", "b.bank", "link.bank"}))
                 << words << run;
