@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <tuple>
 #include <utility>
 
 namespace scenewright {
@@ -50,14 +51,16 @@ TEST(Path, StarControlAndSceneNameAllOfTheirsInOrder) {
              {"scene*", 968, "scene1.common.SceneName", "scene4.key25.OffValue"},
          }}) {
         const Paths paths = pathsAt(row.path);
-        EXPECT_EQ(paths.size(), row.count) << row.path;
-        EXPECT_EQ(paths.front(), row.first) << row.path;
-        EXPECT_EQ(paths.back(), row.last) << row.path;
+        EXPECT_EQ(std::tuple(paths.size(), paths.front(), paths.back()),
+                  std::tuple(row.count, std::string(row.first), std::string(row.last)))
+            << row.path;
     }
-    EXPECT_EQ(pathsAt("scene*.knob*.Enable")[3], "scene1.knob4.Enable");
-    EXPECT_EQ(pathsAt("scene*.knob*.Enable")[4], "scene2.knob1.Enable");
-    EXPECT_EQ(pathsAt("scene1.slider4")[1], "scene1.slider4.CCOrNoteNumber");
-    EXPECT_EQ(pathsAt("scene1.slider4")[2], "scene1.slider4.UpperOrRightValue");
+    const Paths knobs = pathsAt("scene*.knob*.Enable");
+    EXPECT_EQ(Paths(knobs.begin() + 3, knobs.begin() + 5),
+              (Paths{"scene1.knob4.Enable", "scene2.knob1.Enable"}));
+    EXPECT_EQ(pathsAt("scene1.slider4"),
+              (Paths{"scene1.slider4.Enable", "scene1.slider4.CCOrNoteNumber",
+                     "scene1.slider4.UpperOrRightValue", "scene1.slider4.LowerOrLeftValue"}));
 }
 
 TEST(Path, EverySettingsPathNamesItAlone) {
