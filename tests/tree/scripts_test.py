@@ -295,6 +295,43 @@ class RunAndTest(ScriptTest):
             self.assertEqual((done.returncode, done.stdout), (3, f"{target.name} 7\n"))
 
 
+class Systems(ScriptTest):
+    def setUp(self):
+        super().setUp()
+        shutil.copytree(ROOT / "tests/systems", self.tree / "tests/systems")
+
+    def test_what_keeps_it_from_trying_a_system_is_said_in_one_sentence(self):
+        self.fake("sudo", "exit 1")
+        systems = "debian12, debian13, testing and arm64."
+        for arguments, told in (
+            ([], f"Which system? They are {systems}"),
+            (["--test"], f"Which system? They are {systems}"),
+            (["debian13", "debian11"],
+             f"There is no tree of debian11: the systems are {systems}"),
+            (["debian13"],
+             "Cannot make a bare tree: that needs root, or a sudo that asks for no password."),
+        ):
+            with self.subTest(told):
+                done = self.run_script("tests/systems/run", *arguments)
+                self.assertEqual((done.returncode, done.stdout, done.stderr), (1, "", told + "\n"))
+        self.assertFalse((self.tree / "build").exists())
+
+    def test_a_tree_that_cannot_be_made_may_be_for_want_of_a_network(self):
+        self.fake("sudo", '[ "$1" = -n ] && shift; "$@"')
+        self.fake("apt-config", "true")
+        maker = self.tree / "tests/packaging/bare-tree"
+        maker.parent.mkdir()
+        maker.write_text("#!/bin/bash\necho unreachable; exit 1\n")
+        maker.chmod(0o755)
+        done = self.run_script("tests/systems/run", "debian13")
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(
+            done.stderr,
+            f"Cannot make a bare tree of trixie, as {self.tree}/build/systems/debian13.log tells; "
+            "is this machine on the network?\n",
+        )
+
+
 class Quick(ScriptTest):
     def setUp(self):
         super().setUp()
