@@ -7,8 +7,8 @@
 # usual one, its "arguments" and its "commands". A command has a "name", the "function" that runs it
 # and the "source" that holds this, its "help", "arguments", "details" (lines) and "examples" (lines).
 # An argument has a "name", a "kind" and a "help", and as it needs the name of its "value", a
-# "default", "repeated", "least" and "most", "choices", "excludes", and lines for the "manual" alone;
-# {"include": "FILE"} stands for the arguments of another file. The kinds:
+# "default", "repeated", "optional", "least" and "most", "choices", "excludes", and lines for the
+# "manual" alone; {"include": "FILE"} stands for the arguments of another file. The kinds:
 #   flag, text, number (from "least" to "most"), choice (of "choices"), file (- for a stream),
 #   optional-file, folder, path (of settings), assignment (to a path), bank-or-device
 
@@ -111,6 +111,10 @@ function(scenewright_argument_code result row)
     scenewright_json(repeated "${row}" repeated)
     if(repeated)
         scenewright_initializer(code isRepeated true)
+    endif()
+    scenewright_json(optional "${row}" optional)
+    if(optional)
+        scenewright_initializer(code isOptional true)
     endif()
     foreach(member least most)
         scenewright_json(number "${row}" ${member})

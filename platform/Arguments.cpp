@@ -35,7 +35,8 @@ std::string valueText(const ArgumentRow& row) {
 
 std::string titleOf(const ArgumentRow& row) {
     if (!row.isOption())
-        return row.name + (row.isRepeated ? " TEXT ... REQUIRED" : " TEXT REQUIRED");
+        return row.name + (row.isRepeated ? " TEXT ..." : " TEXT") +
+               (row.isOptional ? "" : " REQUIRED");
     std::string title = row.name;
     if (row.kind != Kind::Flag)
         title += " " + valueText(row);
@@ -63,7 +64,8 @@ std::string helpOf(const Syntax& program, const Syntax& shown) {
     for (const ArgumentRow& row : shown.arguments) {
         (row.isOption() ? options : places) += helpLine(titleOf(row), row.help, column);
         if (!row.isOption())
-            usage += " " + row.name + (row.isRepeated ? "..." : "");
+            usage += (row.isOptional ? " [" + row.name + "]" : " " + row.name) +
+                     (row.isRepeated ? "..." : "");
     }
     std::string commands;
     for (const Syntax& command : shown.commands)
@@ -116,7 +118,7 @@ Result<void> checkTexts(const ArgumentRow& row, const Arguments& given) {
 }
 
 Result<void> checkPresence(const ArgumentRow& row, const Arguments& given) {
-    if (!row.isOption() && !given.has(row.name))
+    if (!row.isOption() && !row.isOptional && !given.has(row.name))
         return failure(row.name + " is required");
     if (given.has(row.name))
         for (const std::string& other : row.excludes)

@@ -28,6 +28,7 @@ struct ArgumentRow {
     std::string value{};     // what the help calls an option's value
     std::string byDefault{}; // the value when none is given
     bool isRepeated = false; // given as often as the user likes; in its place, at least once
+    bool isOptional = false; // of an argument told by its place: may be left out
     int least = 0;
     int most = 0;
     std::vector<std::string> choices{};
@@ -36,8 +37,9 @@ struct ArgumentRow {
     [[nodiscard]] bool isOption() const { return name.starts_with('-'); }
 };
 
-// What a program takes, or one of its commands. Every argument told by its place is required, and
-// so is a command of a program that has some. Each has -h and --help beside its rows.
+// What a program takes, or one of its commands. An argument told by its place is required unless it
+// is optional, and so is a command of a program that has some. Each has -h and --help beside its
+// rows.
 struct Syntax {
     std::string name;
     std::string help;

@@ -76,6 +76,30 @@ TEST(Arguments, ThatAreNotGivenAreEmptyOrTheirDefault) {
     EXPECT_TRUE(parsed({"--memory", "clear"}).value().arguments.has("--memory"));
 }
 
+TEST(Arguments, AnOptionalOneMayBeLeftOut) {
+    const Syntax syntax{.name = "viewer",
+                        .help = "Shows.",
+                        .arguments = {{.name = "FILE", .help = "This", .isOptional = true}}};
+    const auto parse = [&syntax](std::vector<const char*> words) {
+        words.insert(words.begin(), "viewer");
+        return parseArguments(syntax, static_cast<int>(words.size()), words.data());
+    };
+    EXPECT_EQ(parse({}).value().arguments.text("FILE"), "");
+    EXPECT_EQ(parse({"a.bank"}).value().arguments.text("FILE"), "a.bank");
+    EXPECT_EQ(parse({"a", "b"}).error(),
+              "The following argument was not expected: b (--help tells more)");
+    EXPECT_EQ(parse({"--help"}).value().answer, R"(Shows.
+Usage: viewer [OPTIONS] [FILE]
+
+Positionals:
+  FILE TEXT                   This
+
+Options:
+  -h,--help                   Print this help message and exit
+
+)");
+}
+
 TEST(Arguments, WithoutARowAreAProgrammingFault) {
     const Arguments arguments = parsed({"clear"}).value().arguments;
     EXPECT_THROW(static_cast<void>(arguments.has("--memroy")), std::out_of_range);
