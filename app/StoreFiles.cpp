@@ -91,7 +91,7 @@ Result<void> StoreFiles::keep() const {
 
 Result<StoreFiles::Opened> StoreFiles::openBank(const std::filesystem::path& file) const {
     return readBank(file).map([this](BankFile bank) {
-        Opened opened{keep()};
+        Opened opened{.kept = keep()};
         WindowAction::setScenes(std::move(bank.scenes));
         return opened;
     });
@@ -100,8 +100,20 @@ Result<StoreFiles::Opened> StoreFiles::openBank(const std::filesystem::path& fil
 Result<StoreFiles::Opened> StoreFiles::openScene(const std::filesystem::path& file,
                                                  std::int32_t index) const {
     return readScene(file).map([this, index](const std::shared_ptr<SceneValue>& scene) {
-        Opened opened{keep()};
+        Opened opened{.kept = keep()};
         copyInto(*WindowAction::getSceneWithIndex(index), *scene);
+        return opened;
+    });
+}
+
+Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& file,
+                                                   std::int32_t index) {
+    return readBankOrScene(file).map([index](BankFile read) {
+        const Opened opened{{}, read.scenes.size() == 1};
+        if (opened.isScene)
+            copyInto(*WindowAction::getSceneWithIndex(index), *read.scenes.front());
+        else
+            WindowAction::setScenes(std::move(read.scenes));
         return opened;
     });
 }

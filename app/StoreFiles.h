@@ -56,7 +56,8 @@ class StoreFiles {
 public:
     // What opening did beside its purpose.
     struct Opened {
-        Result<void> kept; // the former scenes, among the backups
+        Result<void> kept;    // the former scenes, among the backups
+        bool isScene = false; // one scene was opened, not a bank
     };
 
     explicit StoreFiles(BackupStore earlier = BackupStore{}) : earlier_(std::move(earlier)) {}
@@ -71,6 +72,10 @@ public:
     // Into the stored scene of that index, 0 to 3: its name and all its settings.
     [[nodiscard]] Result<Opened> openScene(const std::filesystem::path& file,
                                            std::int32_t index) const;
+    // A bank, or a scene into the stored one of that index, as the program starts: what it replaces
+    // is the default scenes, and nothing of a user's that is to be kept.
+    [[nodiscard]] static Result<Opened> openAtStart(const std::filesystem::path& file,
+                                                    std::int32_t index);
     // The newest of the earlier scenes that can be read and differ from the stored ones.
     [[nodiscard]] std::optional<BackupStore::Bank> newestOther() const;
 

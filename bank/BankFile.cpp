@@ -107,6 +107,12 @@ Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes, const std
     return parse(bytes, name, &readBankOrSceneJson);
 }
 
+Result<BankFile> readBankOrScene(const std::filesystem::path& path) {
+    return readFile(path, kJsonBytes).and_then([&path](const FileContent& bytes) {
+        return parseBankOrScene(bytes, path.string());
+    });
+}
+
 BankFormat formatForName(const std::filesystem::path& path) {
     std::string ending = path.extension().string();
     std::ranges::transform(ending, ending.begin(), [](unsigned char letter) {

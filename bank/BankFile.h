@@ -35,6 +35,7 @@ struct BankFile {
 // The same for a file that may also be that of one scene (readScene below), and then gives one.
 [[nodiscard]] Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes,
                                                 const std::string& name);
+[[nodiscard]] Result<BankFile> readBankOrScene(const std::filesystem::path& path);
 
 // The form that a new file's name asks for: JSON when it ends in ".json", in either case.
 [[nodiscard]] BankFormat formatForName(const std::filesystem::path& path);

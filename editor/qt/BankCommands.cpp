@@ -50,19 +50,26 @@ QString inMenu(QString text) {
 BankCommands::BankCommands(MainWindow& window, StoreFiles files)
     : window_(window), files_(std::move(files)) {
     using Mode = QFileDialog::AcceptMode;
+    const QString bankSuffix = QStringLiteral("bank.json");
+    const QString sceneSuffix = QStringLiteral("scene.json");
     addFileEntry({tr("&Open Bank..."), QKeySequence(tr("Ctrl+O")), Mode::AcceptOpen,
-                  &BankCommands::openBank, "openBank"});
+                  &BankCommands::openBank, bankSuffix, "openBank"});
     addFileEntry({tr("&Save Bank As..."), QKeySequence(tr("Ctrl+S")), Mode::AcceptSave,
-                  &BankCommands::saveBank, "saveBank"});
+                  &BankCommands::saveBank, bankSuffix, "saveBank"});
     recent_ = &addMenu(tr("&Recent"), tr("Recent banks"));
     window_.menu().file().insertSeparator(&window_.menu().quit());
     addFileEntry({tr("Open S&cene Into This One..."),
                   {},
                   Mode::AcceptOpen,
                   &BankCommands::openScene,
+                  sceneSuffix,
                   "openScene"});
-    addFileEntry(
-        {tr("Save &This Scene..."), {}, Mode::AcceptSave, &BankCommands::saveScene, "saveScene"});
+    addFileEntry({tr("Save &This Scene..."),
+                  {},
+                  Mode::AcceptSave,
+                  &BankCommands::saveScene,
+                  sceneSuffix,
+                  "saveScene"});
     window_.menu().file().insertSeparator(&window_.menu().quit());
     earlier_ = &addMenu(tr("&Earlier Scenes"), tr("Earlier scenes"));
     window_.menu().file().insertSeparator(&window_.menu().quit());
@@ -100,7 +107,7 @@ void BankCommands::askForFile(const FileEntry& entry) {
     const bool isSave = entry.mode == QFileDialog::AcceptSave;
     dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setNameFilters({tr("Banks and scenes (*.json *.bank)"), tr("All files (*)")});
-    dialog.setDefaultSuffix(QStringLiteral("json"));
+    dialog.setDefaultSuffix(entry.suffix);
     dialog.setDirectory(RecentFiles::folder());
     giveRoom(dialog);
     connect(&dialog, &QFileDialog::fileSelected, this,
@@ -108,10 +115,31 @@ void BankCommands::askForFile(const FileEntry& entry) {
     dialog.open();
 }
 
+QString BankCommands::openedBank(const QString& file) const {
+    return tr("Opened %1").arg(QFileInfo(file).fileName());
+}
+
+QString BankCommands::openedScene(const QString& file) const {
+    return tr("Opened %1 as scene %2")
+        .arg(QFileInfo(file).fileName())
+        .arg(window_.view().sceneIndex() + 1);
+}
+
 void BankCommands::openBank(const QString& file) {
-    const QString done = tr("Opened %1").arg(QFileInfo(file).fileName());
-    if (showOutcome(files_.openBank(pathOf(file)), done))
+    if (showOutcome(files_.openBank(pathOf(file)), openedBank(file)))
         RecentFiles::add(file);
+}
+
+void BankCommands::openAtStart(const QString& file) {
+    const auto outcome = StoreFiles::openAtStart(pathOf(file), window_.view().sceneIndex());
+    const bool isScene = outcome && outcome->isScene;
+    const QString absolute = QFileInfo(file).absoluteFilePath();
+    if (!showOutcome(outcome, isScene ? openedScene(file) : openedBank(file)))
+        return;
+    if (isScene)
+        RecentFiles::setFolderOf(absolute);
+    else
+        RecentFiles::add(absolute);
 }
 
 void BankCommands::saveBank(const QString& file) {
@@ -122,10 +150,7 @@ void BankCommands::saveBank(const QString& file) {
 }
 
 void BankCommands::openScene(const QString& file) {
-    const QString done = tr("Opened %1 as scene %2")
-                             .arg(QFileInfo(file).fileName())
-                             .arg(window_.view().sceneIndex() + 1);
-    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), done))
+    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), openedScene(file)))
         RecentFiles::setFolderOf(file);
 }
 

@@ -25,6 +25,8 @@ public:
     // A notice tells what was done; one of an error when a file could not be opened or written,
     // and then nothing is changed. Paths of local files.
     void openBank(const QString& file);
+    // What the program was started with: a bank, or a scene into the one that is shown.
+    void openAtStart(const QString& file);
     void saveBank(const QString& file);
     void openScene(const QString& file);
     void saveScene(const QString& file);
@@ -51,6 +53,7 @@ private:
         QKeySequence keys;
         QFileDialog::AcceptMode mode;
         FileCommand command;
+        QString suffix;   // of a name that is typed without one
         const char* name; // of the action, for whoever looks for it
     };
     void addFileEntry(const FileEntry& entry);
@@ -59,6 +62,8 @@ private:
     void fillRecent();
     void fillEarlier();
     bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done);
+    [[nodiscard]] QString openedBank(const QString& file) const;
+    [[nodiscard]] QString openedScene(const QString& file) const;
     void showSaved(const Result<void>& saved, const QString& file);
     void post(const Result<void>& result, const QString& done);
 

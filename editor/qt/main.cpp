@@ -20,6 +20,7 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace scenewright {
 
@@ -71,13 +72,21 @@ int printAnswer(const std::string& answer) {
     return printed ? 0 : reportError(printed.error(), kExitError);
 }
 
+// Those of the options, and the file to open.
+std::vector<NamedFile> namedFiles(const LaunchOptions& options, const std::string& file) {
+    std::vector<NamedFile> files = launchFiles(options);
+    if (!file.empty())
+        files.push_back({file, FileUse::Read, {}, "the file that is to be opened"});
+    return files;
+}
+
 // A transaction that still runs must find its way out before the process's state goes.
 void releaseBus() {
     Transport::instance().shutDown();
     SendJob::join();
 }
 
-int showWindow(const LaunchOptions& options) {
+int showWindow(const LaunchOptions& options, const std::string& file) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
     const Translation translation(QLocale::system());
@@ -91,6 +100,8 @@ int showWindow(const LaunchOptions& options) {
         commands.keyboard().follow(DeviceMonitor::start());
     commands.banks().setUsed(launchFiles(options));
     commands.reportLists(listErrors());
+    if (!file.empty())
+        commands.banks().openAtStart(QString::fromStdString(file));
     window.show();
     const int exitCode = QApplication::exec();
     releaseBus();
@@ -105,9 +116,10 @@ int run(int argc, char** argv) {
     if (line->answer)
         return printAnswer(*line->answer);
     const LaunchOptions options = launchOptions(line->arguments);
+    const std::string file = line->arguments.text("FILE");
     Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
     Diagnostics::setLog(logSink(STDERR_FILENO));
-    if (const auto checked = checkNamedFiles(launchFiles(options)); !checked)
+    if (const auto checked = checkNamedFiles(namedFiles(options, file)); !checked)
         return reportError(checked.error(), kExitUsage);
     if (const auto launched = launch(options); !launched)
         return reportError(launched.error(), kExitUsage);
@@ -122,7 +134,7 @@ int run(int argc, char** argv) {
     ToolkitMessages::letGo();
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
-    return showWindow(options);
+    return showWindow(options, file);
 }
 
 } // namespace

@@ -89,6 +89,28 @@ TEST_F(StoreFilesTest, WhatCannotBeKeptIsToldAndTheBankOpened) {
     EXPECT_EQ(record(1, 13).CR(), 127);
 }
 
+TEST_F(StoreFilesTest, ABankAtTheStartIsOpenedAndNothingKept) {
+    EXPECT_FALSE(files.openAtStart(bankFile(), 0).value().isScene);
+    EXPECT_EQ(record(1, 13).CR(), 127);
+    EXPECT_EQ(WindowAction::scenes().size(), 4U);
+    EXPECT_TRUE(files.earlier().list().empty());
+}
+
+TEST_F(StoreFilesTest, ASceneAtTheStartIsTheOneOfItsIndex) {
+    EXPECT_TRUE(files.openAtStart(sceneFile(), 1).value().isScene);
+    EXPECT_EQ(record(1, 13).CG(), 99);
+    EXPECT_NE(record(0, 13).CG(), 99);
+    EXPECT_TRUE(files.earlier().list().empty());
+}
+
+TEST_F(StoreFilesTest, WhatCannotBeOpenedAtTheStartIsTold) {
+    const SceneList before = WindowAction::scenes();
+    for (const auto& file : {badFile(), folder.file("none.bank")}) {
+        EXPECT_NE(files.openAtStart(file, 0).error().find(file + ": "), std::string::npos) << file;
+    }
+    EXPECT_EQ(WindowAction::scenes(), before);
+}
+
 TEST_F(StoreFilesTest, ASceneIsWrittenIntoTheStoredRecords) {
     const auto file = sceneFile();
     const auto stored = WindowAction::getSceneWithIndex(2);

@@ -11,7 +11,9 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
+#include <utility>
 
 namespace scenewright::testing {
 
@@ -98,6 +100,44 @@ TEST_F(BankCommandsTest, ASceneIsOpenedIntoTheOneThatIsShown) {
     EXPECT_EQ(stored->buttonValueArray()[kPad - 1]->CR(), 31);
     EXPECT_EQ(stored->commonValue()->SceneName(), std::string("SCENE1\0\0\0\0\0\0", 12));
     EXPECT_EQ(window().scenes().segment(2).accessibleName(), "Scene 3, SCENE1");
+}
+
+TEST_F(BankCommandsTest, ABankThatTheProgramStartsWithIsShownAndRemembered) {
+    const QString bank = bankWithRed("a.bank", 111);
+    commands().banks().openAtStart(bank);
+    EXPECT_EQ(notice(), "Opened a.bank");
+    EXPECT_EQ(record(kPad).CR(), 111);
+    EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
+    EXPECT_EQ(RecentFiles::list(), QStringList{bank});
+    EXPECT_FALSE(entries(commands().banks().earlierMenu()).front()->isEnabled());
+}
+
+TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
+    record(kPad).setCR(31);
+    commands().banks().saveScene(file("one.scene.json"));
+    record(kPad).setCR(32);
+    commands().banks().openAtStart(file("one.scene.json"));
+    EXPECT_EQ(notice(), "Opened one.scene.json as scene 1");
+    EXPECT_EQ(record(kPad).CR(), 31);
+    EXPECT_TRUE(RecentFiles::list().isEmpty());
+    EXPECT_EQ(RecentFiles::folder(), QString::fromStdString(folder.path()));
+}
+
+TEST_F(BankCommandsTest, ABadFileThatTheProgramStartsWithIsTold) {
+    commands().banks().openAtStart(badBank());
+    EXPECT_TRUE(notice().startsWith(file("bad.json") + ": ")) << notice().toStdString();
+    EXPECT_TRUE(RecentFiles::list().isEmpty());
+}
+
+TEST_F(BankCommandsTest, ANameWithoutSuffixGetsThatOfItsKind) {
+    const std::pair<const char*, QString> rows[] = {{"saveBank", "bank.json"},
+                                                    {"saveScene", "scene.json"}};
+    for (const auto& [name, suffix] : rows) {
+        action(name).trigger();
+        const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->defaultSuffix(), suffix) << name;
+    }
 }
 
 TEST_F(BankCommandsTest, RecentBanksAreListedWhileTheyExist) {

@@ -109,6 +109,17 @@ TEST_F(ProgramTest, ChangedControllerIsSeenAfterARead) {
     EXPECT_TRUE(waitForLog(QStringLiteral("SceneValue CHANGED, 45 controls")));
 }
 
+TEST_F(ProgramTest, AFileGivenAtTheStartIsWhatIsSent) {
+    SceneList scenes = usableScenes();
+    scenes.at(2)->commonValue()->setPitchBendSpeed(77);
+    const std::string file = folder().file("given.bank");
+    writeBytes(file, bytesOf(scenes));
+    start({QString::fromStdString(file)});
+    send();
+    EXPECT_EQ(differences(bank(), bytesOf(scenes)), "");
+    EXPECT_NE(bank(), bytesOf(usableScenes()));
+}
+
 TEST_F(ProgramTest, CloseButtonEndsTheProcess) {
     start();
     pressCloseButton();
