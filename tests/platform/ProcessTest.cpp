@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <new>
+#include <poll.h>
 #include <stdexcept>
 #include <string>
 #include <sys/socket.h>
@@ -57,8 +58,13 @@ void fill(int fd) {
     fcntl(fd, F_SETFL, flags | O_NONBLOCK);
     while (write(fd, kLine.data(), kLine.size()) > 0) {
     }
-    while (write(fd, "x", 1) > 0) {
-    }
+    // A terminal passes bytes on in the background, and has room again for as many.
+    constexpr int kQuietMilliseconds = 200;
+    pollfd room{.fd = fd, .events = POLLOUT, .revents = 0};
+    do {
+        while (write(fd, "x", 1) > 0) {
+        }
+    } while (poll(&room, 1, kQuietMilliseconds) > 0 && (room.revents & POLLOUT) != 0);
     fcntl(fd, F_SETFL, flags);
 }
 
