@@ -109,7 +109,7 @@ Result<StoreFiles::Opened> StoreFiles::openScene(const std::filesystem::path& fi
 Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& file,
                                                    std::int32_t index) {
     return readBankOrScene(file).map([index](BankFile read) {
-        const Opened opened{{}, read.scenes.size() == 1};
+        Opened opened{{}, read.scenes.size() == 1};
         if (opened.isScene)
             copyInto(*WindowAction::getSceneWithIndex(index), *read.scenes.front());
         else
