@@ -83,6 +83,8 @@ function(scenewright_test name)
     if(NOT arg_SHARDS)
         set(arg_SHARDS 1)
     endif()
+    # What takes longest begins first.
+    math(EXPR cost "100 * ${arg_SHARDS} - 100")
     foreach(shard RANGE 1 ${arg_SHARDS})
         set(case ${prefix}${name})
         if(arg_SHARDS GREATER 1)
@@ -91,7 +93,7 @@ function(scenewright_test name)
         math(EXPR index "${shard} - 1")
         add_test(NAME ${case} COMMAND ${name}-tests --gtest_brief=1)
         set_tests_properties(${case} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${scenewright_limit}
-            ENVIRONMENT
+            COST ${cost} ENVIRONMENT
                 "GTEST_TOTAL_SHARDS=${arg_SHARDS};GTEST_SHARD_INDEX=${index};${arg_ENVIRONMENT}")
     endforeach()
 endfunction()

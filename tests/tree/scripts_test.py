@@ -252,7 +252,7 @@ class RunAndTest(ScriptTest):
     def test_test_ends_with_ctest_and_its_exit_code(self):
         self.fake("ctest", 'echo "ctest $*"; exit 8')
         common = f"ctest --test-dir {self.tree}/build/tests --output-on-failure "
-        common += f"--parallel {len(os.sched_getaffinity(0))} "
+        common += f"--parallel {2 * len(os.sched_getaffinity(0))} "
         for name in ("test", ".ci/run"):
             done = self.run_script(name, "-R", "platform")
             self.assertEqual((done.returncode, done.stdout), (8, common + "-R platform\n"))
