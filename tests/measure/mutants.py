@@ -28,7 +28,6 @@ TABLE_HEADERS = {
     "model/Setting.h",
     "model/ValueAction.h",
     "protocol/Packet.h",
-    "usb/PlatformIds.h",
 }
 
 
