@@ -3,6 +3,9 @@
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QScreen>
+#include <QStyle>
+
 #include <cstdint>
 
 namespace scenewright {
@@ -10,6 +13,13 @@ namespace scenewright {
 namespace {
 
 const QString kGeometryKey = QStringLiteral("geometry");
+
+// On a small screen, with room for the title bar: what is done most is at the upper right.
+void fitIntoScreen(QWidget& window) {
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize room = window.screen()->availableGeometry().size() - QSize(0, titleBar);
+    window.resize(window.size().boundedTo(room));
+}
 
 } // namespace
 
@@ -62,7 +72,8 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
     const auto lookAgain = [this] { keyboard_->look(); };
     QObject::connect(&window.commands(), &DeviceCommands::readEnded, keyboard_, lookAgain);
     QObject::connect(&window.commands(), &DeviceCommands::sendEnded, keyboard_, lookAgain);
-    window_.restoreGeometry(programSettings().value(kGeometryKey).toByteArray());
+    if (!window_.restoreGeometry(programSettings().value(kGeometryKey).toByteArray()))
+        fitIntoScreen(window_);
 }
 
 void EditorCommands::reportLists(const std::vector<std::string>& errors) {

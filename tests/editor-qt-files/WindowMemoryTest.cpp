@@ -3,6 +3,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace scenewright::testing {
 
@@ -26,6 +29,12 @@ TEST_F(WindowMemoryTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
     EXPECT_EQ(window().view().dispaly_index(), 2);
     EXPECT_TRUE(window().menu().view().actions().at(2)->isChecked());
     EXPECT_EQ(window().size(), size);
+}
+
+TEST_F(WindowMemoryTest, ANewWindowIsNoWiderThanTheScreen) {
+    open();
+    const int room = window().screen()->availableGeometry().width();
+    EXPECT_EQ(window().width(), std::max(std::min(1180, room), window().minimumSizeHint().width()));
 }
 
 // The action of the View menu's list of appearances.
