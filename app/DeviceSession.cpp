@@ -1,5 +1,6 @@
 #include "app/DeviceSession.h"
 
+#include "app/KnownKeyboard.h"
 #include "bank/BankFile.h"
 #include "protocol/Transactions.h"
 
@@ -9,13 +10,19 @@ void DeviceSession::read(const Ended& ended) {
     WindowAction::readSceneData([ended](const Outcome& read) {
         Outcome outcome = read;
         releaseKeyboard(outcome);
+        KnownKeyboard::follow(outcome, storedImage());
         if (ended)
             ended(outcome);
     });
 }
 
+// What was sent is what the store holds now: it can be edited before the send ends.
 void DeviceSession::send(const Ended& ended) {
-    WindowAction::sendSceneData(ended); // its end releases the interface
+    WindowAction::sendSceneData([ended, sent = storedImage()](const Outcome& outcome) {
+        KnownKeyboard::follow(outcome, sent);
+        if (ended)
+            ended(outcome);
+    }); // its end releases the interface
 }
 
 ScenesRead DeviceSession::heldScenes() {
@@ -23,6 +30,8 @@ ScenesRead DeviceSession::heldScenes() {
         return {.scenes = {}, .outcome = {.end = Outcome::End::NotStarted, .cause = kResultBusy}};
     ScenesRead read = readScenes();
     releaseKeyboard(read.outcome);
+    KnownKeyboard::follow(read.outcome,
+                          read.scenes.empty() ? BankImage{} : encodeBank(read.scenes));
     return read;
 }
 

@@ -1,5 +1,6 @@
 #include "app/Launch.h"
 
+#include "app/KnownKeyboard.h"
 #include "app/ListCheck.h"
 #include "app/VirtualBank.h"
 #include "platform/Diagnostics.h"
@@ -85,6 +86,8 @@ Result<void> launch(const LaunchOptions& options) {
 }
 
 Result<void> connectHost(const LaunchOptions& options) {
+    KnownKeyboard::setNaming(options.isVirtual ? [] { return std::string("Virtual controller"); }
+                                               : &KnownKeyboard::attachedName);
     if (options.isVirtual)
         return connectVirtualHost(options);
     Transport::instance().use(makeLibusbHost());
