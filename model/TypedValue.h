@@ -1,0 +1,36 @@
+// What a person types for a setting, turned into a position of its option list. Popups and the
+// command line share it, so that the same words choose the same option in both.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+// The note that a name stands for, in semitones above C-1: "C4" is 60. A letter in either case, an
+// accidental or none (# and b, or the characters U+266F and U+266D), and an octave of one digit
+// with or without a sign; so C#2, db2 and Db+2 are one note, and Cb2 is B1. Nothing for anything
+// else. The result may lie outside 0..127.
+[[nodiscard]] std::optional<std::int32_t> noteNumber(std::string_view name);
+
+// The position in `titles` that `typed` stands for, blanks around it aside; nothing when it stands
+// for none, or for several. The first of these that finds one counts:
+//
+//   a title: letter for letter, then in any case
+//   a title that is the same note in another spelling
+//   a title of the same whole number (1 finds +1); among note names, the note of that number
+//   a name: `names` holds what else a position is called, empty where it has no name
+//   the beginning of one title alone
+//   of a name, from three letters on: its beginning, a word's beginning outside parentheses, a
+//   word's beginning; each of one name alone
+//
+// Case is told apart only in letters outside ASCII.
+[[nodiscard]] std::optional<std::int32_t>
+typedPosition(std::string_view typed, std::span<const std::string> titles,
+              std::span<const std::string_view> names = {});
+
+} // namespace scenewright
