@@ -789,6 +789,65 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Message</name>
+    <message>
+        <source>Note off {0}, ch {1}</source>
+        <translation>Note aus {0}, K. {1}</translation>
+    </message>
+    <message>
+        <source>Note on {0}, ch {1}, velocity {2}</source>
+        <translation>Note an {0}, K. {1}, Anschlag {2}</translation>
+    </message>
+    <message>
+        <source>Key pressure {0}, ch {1}, value {2}</source>
+        <translation>Tastendruck {0}, K. {1}, Wert {2}</translation>
+    </message>
+    <message>
+        <source>CC {0}, ch {1}, value {2}</source>
+        <translation>CC {0}, K. {1}, Wert {2}</translation>
+    </message>
+    <message>
+        <source>Program {0}, ch {1}</source>
+        <translation>Programm {0}, K. {1}</translation>
+    </message>
+    <message>
+        <source>Pressure {0}, ch {1}</source>
+        <translation>Druck {0}, K. {1}</translation>
+    </message>
+    <message>
+        <source>Pitch bend {0}, ch {1}</source>
+        <translation>Pitch-Bend {0}, K. {1}</translation>
+    </message>
+    <message>
+        <source>System exclusive</source>
+        <translation>Systemexklusiv</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Takt</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Active sensing</source>
+        <translation>Active Sensing</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::NoticeBar</name>
     <message>
         <source>Dismiss</source>

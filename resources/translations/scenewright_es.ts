@@ -789,6 +789,65 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Message</name>
+    <message>
+        <source>Note off {0}, ch {1}</source>
+        <translation>Nota off {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Note on {0}, ch {1}, velocity {2}</source>
+        <translation>Nota on {0}, canal {1}, velocidad {2}</translation>
+    </message>
+    <message>
+        <source>Key pressure {0}, ch {1}, value {2}</source>
+        <translation>Presión de tecla {0}, canal {1}, valor {2}</translation>
+    </message>
+    <message>
+        <source>CC {0}, ch {1}, value {2}</source>
+        <translation>CC {0}, canal {1}, valor {2}</translation>
+    </message>
+    <message>
+        <source>Program {0}, ch {1}</source>
+        <translation>Programa {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Pressure {0}, ch {1}</source>
+        <translation>Presión {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Pitch bend {0}, ch {1}</source>
+        <translation>Pitch bend {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>System exclusive</source>
+        <translation>Sistema exclusivo</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Reloj</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuar</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Parada</translation>
+    </message>
+    <message>
+        <source>Active sensing</source>
+        <translation>Active sensing</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Restablecer</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::NoticeBar</name>
     <message>
         <source>Dismiss</source>

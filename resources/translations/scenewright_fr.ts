@@ -789,6 +789,65 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Message</name>
+    <message>
+        <source>Note off {0}, ch {1}</source>
+        <translation>Note off {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Note on {0}, ch {1}, velocity {2}</source>
+        <translation>Note on {0}, canal {1}, vélocité {2}</translation>
+    </message>
+    <message>
+        <source>Key pressure {0}, ch {1}, value {2}</source>
+        <translation>Pression de touche {0}, canal {1}, valeur {2}</translation>
+    </message>
+    <message>
+        <source>CC {0}, ch {1}, value {2}</source>
+        <translation>CC {0}, canal {1}, valeur {2}</translation>
+    </message>
+    <message>
+        <source>Program {0}, ch {1}</source>
+        <translation>Programme {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Pressure {0}, ch {1}</source>
+        <translation>Pression {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>Pitch bend {0}, ch {1}</source>
+        <translation>Pitch bend {0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>System exclusive</source>
+        <translation>Système exclusif</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Horloge</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrage</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Reprise</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêt</translation>
+    </message>
+    <message>
+        <source>Active sensing</source>
+        <translation>Active sensing</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Réinitialisation</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::NoticeBar</name>
     <message>
         <source>Dismiss</source>

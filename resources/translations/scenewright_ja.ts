@@ -789,6 +789,65 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Message</name>
+    <message>
+        <source>Note off {0}, ch {1}</source>
+        <translation>ノートオフ {0}、ch {1}</translation>
+    </message>
+    <message>
+        <source>Note on {0}, ch {1}, velocity {2}</source>
+        <translation>ノートオン {0}、ch {1}、ベロシティ {2}</translation>
+    </message>
+    <message>
+        <source>Key pressure {0}, ch {1}, value {2}</source>
+        <translation>キープレッシャー {0}、ch {1}、値 {2}</translation>
+    </message>
+    <message>
+        <source>CC {0}, ch {1}, value {2}</source>
+        <translation>CC {0}、ch {1}、値 {2}</translation>
+    </message>
+    <message>
+        <source>Program {0}, ch {1}</source>
+        <translation>プログラム {0}、ch {1}</translation>
+    </message>
+    <message>
+        <source>Pressure {0}, ch {1}</source>
+        <translation>プレッシャー {0}、ch {1}</translation>
+    </message>
+    <message>
+        <source>Pitch bend {0}, ch {1}</source>
+        <translation>ピッチベンド {0}、ch {1}</translation>
+    </message>
+    <message>
+        <source>System exclusive</source>
+        <translation>システムエクスクルーシブ</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>クロック</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>スタート</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>コンティニュー</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>ストップ</translation>
+    </message>
+    <message>
+        <source>Active sensing</source>
+        <translation>アクティブセンシング</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::NoticeBar</name>
     <message>
         <source>Dismiss</source>

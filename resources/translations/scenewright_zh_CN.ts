@@ -789,6 +789,65 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Message</name>
+    <message>
+        <source>Note off {0}, ch {1}</source>
+        <translation>音符关 {0}，通道 {1}</translation>
+    </message>
+    <message>
+        <source>Note on {0}, ch {1}, velocity {2}</source>
+        <translation>音符开 {0}，通道 {1}，力度 {2}</translation>
+    </message>
+    <message>
+        <source>Key pressure {0}, ch {1}, value {2}</source>
+        <translation>按键压力 {0}，通道 {1}，值 {2}</translation>
+    </message>
+    <message>
+        <source>CC {0}, ch {1}, value {2}</source>
+        <translation>CC {0}，通道 {1}，值 {2}</translation>
+    </message>
+    <message>
+        <source>Program {0}, ch {1}</source>
+        <translation>音色 {0}，通道 {1}</translation>
+    </message>
+    <message>
+        <source>Pressure {0}, ch {1}</source>
+        <translation>压力 {0}，通道 {1}</translation>
+    </message>
+    <message>
+        <source>Pitch bend {0}, ch {1}</source>
+        <translation>弯音 {0}，通道 {1}</translation>
+    </message>
+    <message>
+        <source>System exclusive</source>
+        <translation>系统专用</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>继续</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Active sensing</source>
+        <translation>活动检测</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>复位</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::NoticeBar</name>
     <message>
         <source>Dismiss</source>
