@@ -28,7 +28,8 @@ void DeviceSession::send(const Ended& ended) {
 ScenesRead DeviceSession::heldScenes() {
     if (SendJob::isRunning())
         return {.scenes = {}, .outcome = {.end = Outcome::End::NotStarted, .cause = kResultBusy}};
-    ScenesRead read = readScenes();
+    MessageValue own; // whoever watches the user's command is told nothing of this one
+    ScenesRead read = readScenes(own);
     releaseKeyboard(read.outcome);
     KnownKeyboard::follow(read.outcome,
                           read.scenes.empty() ? BankImage{} : encodeBank(read.scenes));

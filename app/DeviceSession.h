@@ -21,8 +21,8 @@ public:
     static void read(const Ended& ended);
     static void send(const Ended& ended);
 
-    // What the controller holds, without touching the stored scenes. Blocks until the read has
-    // ended. Not started, with kResultBusy, while a send runs.
+    // What the controller holds, without touching the stored scenes or the progress record. Blocks
+    // until the read has ended. Not started, with kResultBusy, while a send runs.
     [[nodiscard]] static ScenesRead heldScenes();
 };
 

@@ -77,7 +77,7 @@ void WindowAction::readSceneData(const Ended& ended) {
         message->setMessage("readSceneData");
         message->setIsReadFinish("No");
     }
-    ScenesRead read = readScenes();
+    ScenesRead read = readScenes(*Progress::record());
     setScenes(std::move(read.scenes));
     store().lastOutcome = std::move(read.outcome);
     if (const auto message = Progress::recordIfAny())
@@ -93,7 +93,7 @@ void WindowAction::sendSceneData(const Ended& ended) {
         message->setIsSendFinish("No");
         message->setMessage("sendSceneData");
     }
-    sendScenes(store().scenes, [ended](const Outcome& outcome) {
+    sendScenes(store().scenes, Progress::record(), [ended](const Outcome& outcome) {
         store().lastOutcome = outcome;
         if (ended)
             ended(outcome);

@@ -1,6 +1,5 @@
 #include "protocol/Connection.h"
 
-#include "model/MessageValue.h"
 #include "platform/Diagnostics.h"
 #include "usb/InterfaceAction.h"
 
@@ -41,8 +40,8 @@ std::size_t matchesOf(const std::vector<std::string>& reply) {
 }
 
 // Tells the progress record and the log what kept the transaction from the device; false.
-bool couldNotConnect(std::string_view logLine) {
-    Progress::record()->setMessage(std::string(kCouldNotConnect));
+bool couldNotConnect(MessageValue& progress, std::string_view logLine) {
+    progress.setMessage(std::string(kCouldNotConnect));
     Diagnostics::log("%s", logLine);
     return false;
 }
@@ -103,11 +102,11 @@ void handshakeUntilAnswered() {
     }
 }
 
-bool connectToDevice() {
+bool connectToDevice(MessageValue& progress) {
     if (!InterfaceAction::FindDevice())
-        return couldNotConnect("无法找到设备");
+        return couldNotConnect(progress, "无法找到设备");
     if (!InterfaceAction::CreateInterface())
-        return couldNotConnect(kCouldNotConnect);
+        return couldNotConnect(progress, kCouldNotConnect);
     handshakeUntilAnswered();
     return true;
 }

@@ -2,6 +2,7 @@
 // transfers, and its outcome.
 #pragma once
 
+#include "model/MessageValue.h"
 #include "protocol/Packet.h"
 #include "usb/Transport.h"
 
@@ -62,6 +63,6 @@ void handshakeUntilAnswered();
 
 // Finds the device, takes its interface and makes the handshake. False, with the message "Could not
 // connect to midi device" set, when there is no device or its interface cannot be taken.
-[[nodiscard]] bool connectToDevice();
+[[nodiscard]] bool connectToDevice(MessageValue& progress);
 
 } // namespace scenewright

@@ -1,5 +1,4 @@
 #include "model/Control.h"
-#include "model/MessageValue.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "protocol/Connection.h"
@@ -78,17 +77,16 @@ std::uint32_t countReplaced(const BankImage& bank) {
 
 } // namespace
 
-ScenesRead readScenes() {
-    const auto message = Progress::record();
-    if (!connectToDevice())
+ScenesRead readScenes(MessageValue& progress) {
+    if (!connectToDevice(progress))
         return {.scenes = {}, .outcome = connectionOutcome()};
-    startReading(*message);
-    const BankImage bank = readBank(*message);
+    startReading(progress);
+    const BankImage bank = readBank(progress);
     writePacket(packets::kReadEnd);
     Diagnostics::log("读取数据结束");
     Diagnostics::log("解析数据----%s", hexDump(bank));
     SceneList scenes = parseScenes(bank);
-    message->setMessage("Read Scene Data Finish");
+    progress.setMessage("Read Scene Data Finish");
     ScenesRead read{.scenes = std::move(scenes), .outcome = transferOutcome()};
     read.outcome.replacedBytes = countReplaced(bank);
     return read;

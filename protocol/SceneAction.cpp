@@ -21,11 +21,11 @@ bool SceneAction::HandshakeOperation() {
 }
 
 SceneList SceneAction::GetSceneFromDevice() {
-    return readScenes().scenes;
+    return readScenes(*Progress::record()).scenes;
 }
 
 void SceneAction::SendSceneToDevice(const SceneList& scenes) {
-    sendScenes(scenes);
+    sendScenes(scenes, Progress::record());
 }
 
 } // namespace scenewright

@@ -21,10 +21,8 @@ public:
     // One handshake; see Connection.h.
     [[nodiscard]] static bool HandshakeOperation();
 
-    // See Transactions.h.
+    // Both as Transactions.h has them, with the process's progress record.
     [[nodiscard]] static SceneList GetSceneFromDevice();
-
-    // See Transactions.h.
     static void SendSceneToDevice(const SceneList& scenes);
 };
 

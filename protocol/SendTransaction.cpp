@@ -1,4 +1,3 @@
-#include "model/MessageValue.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "platform/MainQueue.h"
@@ -160,9 +159,9 @@ void run(const Image& image, const MainQueue::Task& finish, ResultCode& thrown) 
 }
 
 // Everything that the job needs is made here, so that its end cannot fail for want of it.
-void startThread(Image image, SendEnded ended) {
+void startThread(Image image, std::shared_ptr<MessageValue> message, SendEnded ended) {
     const auto thrown = std::make_shared<ResultCode>(kResultSuccess);
-    MainQueue::Task finish = [thrown, ended = std::move(ended), message = Progress::record()] {
+    MainQueue::Task finish = [thrown, ended = std::move(ended), message = std::move(message)] {
         Outcome outcome = transferOutcome();
         if (*thrown == kResultSuccess)
             return end(std::move(outcome), message.get(), ended);
@@ -176,12 +175,13 @@ void startThread(Image image, SendEnded ended) {
 }
 
 // Nothing once the job has been started; else how the send has ended without one.
-std::optional<Outcome> begin(const SceneList& scenes, const SendEnded& ended) {
+std::optional<Outcome> begin(const SceneList& scenes, const std::shared_ptr<MessageValue>& progress,
+                             const SendEnded& ended) {
     Image images = encodeScenes(scenes);
     Diagnostics::log("%s", hexDump(images));
-    if (!connectToDevice())
+    if (!connectToDevice(*progress))
         return connectionOutcome();
-    const ResultCode started = SendJob::start(std::move(images), ended);
+    const ResultCode started = SendJob::start(std::move(images), progress, ended);
     if (started == kResultSuccess)
         return std::nullopt;
     Outcome outcome{.end = Outcome::End::NotStarted, .cause = started};
@@ -191,12 +191,12 @@ std::optional<Outcome> begin(const SceneList& scenes, const SendEnded& ended) {
 
 } // namespace
 
-void sendScenes(const SceneList& scenes, SendEnded ended) {
+void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress, SendEnded ended) {
     std::optional<Outcome> outcome;
     try {
         outcome = SendJob::isRunning()
                       ? Outcome{.end = Outcome::End::NotStarted, .cause = kResultBusy}
-                      : begin(scenes, ended);
+                      : begin(scenes, progress, ended);
     } catch (const std::exception& error) {
         outcome = {.end = Outcome::End::NotStarted, .cause = codeOf(error)};
     }
@@ -204,13 +204,13 @@ void sendScenes(const SceneList& scenes, SendEnded ended) {
         postSurely([outcome = *std::move(outcome), ended = std::move(ended)] { ended(outcome); });
 }
 
-ResultCode SendJob::start(Image image, SendEnded ended) {
+ResultCode SendJob::start(Image image, std::shared_ptr<MessageValue> progress, SendEnded ended) {
     if (isRunning())
         return kResultBusy;
     join();
     job().isRunning = true;
     try {
-        startThread(std::move(image), std::move(ended));
+        startThread(std::move(image), std::move(progress), std::move(ended));
         return kResultSuccess;
     } catch (const std::exception& error) {
         job().isRunning = false;

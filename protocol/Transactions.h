@@ -1,11 +1,13 @@
 // The two transactions: reading all scenes from the controller, and sending scenes to it.
 #pragma once
 
+#include "model/MessageValue.h"
 #include "model/SceneValue.h"
 #include "protocol/Connection.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace scenewright {
@@ -16,18 +18,20 @@ struct ScenesRead {
 };
 
 // Connects, then asks for the 1012 bytes of the four scenes one at a time; blocks until the device
-// has answered each. The progress record's message tells where it is. The interface stays open.
+// has answered each. The message of `progress` tells where it is: the process's record for the
+// command that the user gave, one of its own for a read beside it. The interface stays open.
 // Main thread; no send job may run, as the transport is the job's.
-[[nodiscard]] ScenesRead readScenes();
+[[nodiscard]] ScenesRead readScenes(MessageValue& progress);
 
 // Told how a send has ended, once, by the main queue, after the interface has been released.
 using SendEnded = std::function<void(const Outcome&)>;
 
 // Connects on the calling thread, then leaves the packet stream to a job on a thread of its own
 // named "sendPro", and returns. `ended` comes in every case, never before this returns. The scenes
-// are encoded before it returns. While a send runs nothing is touched, and `ended` is told
-// NotStarted with kResultBusy. Main thread.
-void sendScenes(const SceneList& scenes, SendEnded ended = {});
+// are encoded before it returns. The message of `progress` tells the end. While a send runs nothing
+// is touched, and `ended` is told NotStarted with kResultBusy. Main thread.
+void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress,
+                SendEnded ended = {});
 
 // The one job that sends the packet stream: it runs from start() until its last task on the main
 // queue has run. The transport is the job's meanwhile, and nothing else may touch it.
@@ -38,7 +42,8 @@ public:
     // Starts the job on `image`, of any length, over a connection that has been made. Success, or
     // why nothing was done: kResultBusy while a job runs, kResultNoThread, kResultNoMemory. Main
     // thread.
-    [[nodiscard]] static ResultCode start(std::vector<std::uint8_t> image, SendEnded ended);
+    [[nodiscard]] static ResultCode start(std::vector<std::uint8_t> image,
+                                          std::shared_ptr<MessageValue> progress, SendEnded ended);
 
     // Any thread.
     [[nodiscard]] static bool isRunning() noexcept;

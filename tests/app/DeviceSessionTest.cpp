@@ -1,6 +1,7 @@
 #include "app/DeviceSession.h"
 
 #include "bank/BankFile.h"
+#include "model/MessageValue.h"
 #include "platform/MainQueue.h"
 #include "protocol/Transactions.h"
 #include "usb/Transport.h"
@@ -11,7 +12,9 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -67,6 +70,22 @@ TEST_F(DeviceSessionTest, HeldScenesLeaveTheStoreAlone) {
     EXPECT_EQ(WindowAction::scenes(), before);
     EXPECT_EQ(before[0]->commonValue()->SceneName(), "EDITED");
     EXPECT_TRUE(isReleased());
+}
+
+TEST_F(DeviceSessionTest, HeldScenesTellTheProgressRecordNothing) {
+    std::vector<std::string> messages;
+    const auto observed = Progress::record()->addObserver(
+        "Message", [&](auto /*key*/, const MessageValue::Text& text) {
+            messages.push_back(text.value_or(""));
+        });
+    for (const bool isPluggedIn : {true, false}) {
+        if (isPluggedIn)
+            plugIn();
+        else
+            Transport::instance().use(nullptr);
+        EXPECT_EQ(DeviceSession::heldScenes().scenes.empty(), !isPluggedIn);
+    }
+    EXPECT_EQ(messages, std::vector<std::string>{});
 }
 
 TEST_F(DeviceSessionTest, HeldScenesAreNotAskedForDuringASend) {

@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace scenewright {
@@ -55,9 +56,11 @@ TEST_F(KnownKeyboardTest, NothingIsKnownAtFirst) {
 }
 
 TEST_F(KnownKeyboardTest, FollowsHowATransactionEnded) {
-    for (const auto& [end, isKnown, byte] :
-         {std::tuple{End::Done, true, 2}, {End::NotConnected, true, 1}, {End::NotStarted, true, 1},
-          {End::Unreliable, false, 0}, {End::Cancelled, false, 0}}) {
+    for (const auto& [end, isKnown, byte] : {std::tuple{End::Done, true, 2},
+                                             {End::NotConnected, true, 1},
+                                             {End::NotStarted, true, 1},
+                                             {End::Unreliable, false, 0},
+                                             {End::Cancelled, false, 0}}) {
         KnownKeyboard::set(filled(1), "Keys");
         KnownKeyboard::follow({.end = end}, filled(2));
         EXPECT_EQ(KnownKeyboard::image().has_value(), isKnown) << static_cast<int>(end);

@@ -58,7 +58,20 @@ TEST_F(DeviceVerificationTest, WithoutAControllerTheCauseIsToldAndTheScenesStay)
     press(Qt::Key_D);
     EXPECT_EQ(notice(), kNotReached + ": nothing was compared\n" + kPlugIn);
     EXPECT_EQ(record(kPad).CR(), 12);
-    EXPECT_EQ(message(), "Could not connect to midi device");
+}
+
+TEST_F(DeviceVerificationTest, TheStatusLineTellsOfTheUsersCommandAlone) {
+    const QString before = message();
+    press(Qt::Key_D);
+    EXPECT_EQ(message(), before);
+    unplug();
+    press(Qt::Key_D);
+    EXPECT_EQ(message(), before);
+    plugIn();
+    commands().verification().sendAndVerify();
+    waitForSend();
+    EXPECT_EQ(notice(), kSame);
+    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
 }
 
 TEST_F(DeviceVerificationTest, SendAndVerifyReadsBack) {
@@ -201,6 +214,17 @@ TEST_F(DeviceVerificationTest, ThatBothAreTheSameIsSaidUntilTheFirstEdit) {
     red.setCurrentIndex(other);
     emit red.activated(other);
     ASSERT_EQ(record(kPad).CR(), other);
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ThatASendWasVerifiedIsSaidUntilTheFirstEdit) {
+    press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    waitForSend();
+    ASSERT_EQ(notice(), kSame);
+    choose(kPad);
+    const std::int32_t before = record(kPad).CR();
+    QTest::keyClick(&window().panes().popUp("padCR"), Qt::Key_Up);
+    EXPECT_NE(record(kPad).CR(), before);
     EXPECT_EQ(notice(), "");
 }
 

@@ -185,7 +185,7 @@ private:
     }
 
     void read() {
-        const ScenesRead read = readScenes();
+        const ScenesRead read = readScenes(*Progress::record());
         checkText(DeviceOperation::SaveScenes, read.outcome);
         const bool isConnected = read.outcome.end != Outcome::End::NotConnected;
         check(isConnected == !read.scenes.empty(), "scenes without a connection, or none with one");
@@ -209,7 +209,7 @@ private:
     void send() {
         const SceneList scenes = parseScenes(controller_.bank);
         std::optional<Outcome> told;
-        sendScenes(scenes, [&told](const Outcome& outcome) { told = outcome; });
+        sendScenes(scenes, Progress::record(), [&told](const Outcome& outcome) { told = outcome; });
         MainQueue::pumpUntil([&] { return told.has_value(); });
         SendJob::waitForEnd();
         SendJob::join();

@@ -63,13 +63,14 @@ TEST_F(ConnectionTest, SendWithoutAnInterfaceSendsNothingAndSaysSo) {
 
 TEST_F(ConnectionTest, OutcomeTellsWhyNothingWasReached) {
     script->answer("open", {kResultAccess});
-    EXPECT_EQ(readScenes().outcome,
+    EXPECT_EQ(readScenes(*Progress::record()).outcome,
               (Outcome{.end = Outcome::End::NotConnected, .cause = kResultAccess}));
     script->devices.clear();
-    EXPECT_EQ(readScenes().outcome,
+    EXPECT_EQ(readScenes(*Progress::record()).outcome,
               (Outcome{.end = Outcome::End::NotConnected, .cause = kResultNotPlugged}));
     std::vector<Outcome> sent;
-    sendScenes({testing::zeroScene()}, [&](const Outcome& outcome) { sent.push_back(outcome); });
+    sendScenes({testing::zeroScene()}, Progress::record(),
+               [&](const Outcome& outcome) { sent.push_back(outcome); });
     EXPECT_EQ(sent, std::vector<Outcome>{}) << "never before the call returns";
     EXPECT_FALSE(SendJob::isRunning());
     MainQueue::pump();
@@ -79,7 +80,7 @@ TEST_F(ConnectionTest, OutcomeTellsWhyNothingWasReached) {
 
 TEST_F(ConnectionTest, AfterTheEndOfTheProgramTheOutcomeIsCancelled) {
     Transport::instance().shutDown();
-    EXPECT_EQ(readScenes().outcome.end, Outcome::End::Cancelled);
+    EXPECT_EQ(readScenes(*Progress::record()).outcome.end, Outcome::End::Cancelled);
 }
 
 TEST_F(ConnectionTest, DeviceThatIsNotListedIsNotConnectedTo) {
@@ -90,7 +91,7 @@ TEST_F(ConnectionTest, DeviceThatIsNotListedIsNotConnectedTo) {
 }
 
 TEST_F(ConnectionTest, SuccessSetsNoMessage) {
-    EXPECT_TRUE(connectToDevice());
+    EXPECT_TRUE(connectToDevice(*Progress::record()));
     EXPECT_EQ(messages, Lines{});
     EXPECT_EQ(log.front(), "开始握手协议");
     EXPECT_EQ(log.back(), "handshake yes");
@@ -99,7 +100,7 @@ TEST_F(ConnectionTest, SuccessSetsNoMessage) {
 TEST_F(ConnectionTest, RecordIsMadeWhenNobodyHasAskedForIt) {
     Progress::forget();
     script->devices.clear();
-    EXPECT_FALSE(connectToDevice());
+    EXPECT_TRUE(SceneAction::GetSceneFromDevice().empty());
     ASSERT_NE(Progress::recordIfAny(), nullptr);
     EXPECT_EQ(Progress::recordIfAny()->Message(), "Could not connect to midi device");
 }

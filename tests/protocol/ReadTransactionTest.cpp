@@ -56,7 +56,7 @@ TEST_F(ReadTransactionTest, OutcomeCountsEveryTransferAndTheBytesThatScenesCanno
     controller.bank[0] = 0xC3; // of a name: kept
     controller.bank[kGlobalChannel] = 0x80;
     controller.bank[1011] = 0xFF;
-    const ScenesRead read = readScenes();
+    const ScenesRead read = readScenes(*Progress::record());
     EXPECT_EQ(read.scenes.size(), 4U);
     EXPECT_TRUE(read.outcome.isDone());
     EXPECT_EQ(read.outcome.stats.writes, 2U + 1U + 1012U + 1U);
@@ -68,7 +68,7 @@ TEST_F(ReadTransactionTest, OutcomeTellsTheFirstTransferThatFailed) {
     std::vector<ResultCode> results(20, kResultSuccess);
     results.push_back(kResultStall);
     script->answer("read", results);
-    const ScenesRead read = readScenes();
+    const ScenesRead read = readScenes(*Progress::record());
     EXPECT_EQ(read.outcome.end, Outcome::End::Unreliable);
     EXPECT_EQ(read.outcome.cause, kResultStall);
     EXPECT_EQ(read.outcome.stats.first->transfer, 20U);

@@ -22,7 +22,7 @@ protected:
     // Starts a job on an interface that is already there, without a handshake.
     void start(const Bytes& image) {
         takeInterface();
-        ASSERT_EQ(SendJob::start(image, keepOutcome()), kResultSuccess);
+        ASSERT_EQ(SendJob::start(image, Progress::record(), keepOutcome()), kResultSuccess);
     }
     // For the end of a send; each is kept once.
     SendEnded keepOutcome() {
@@ -101,7 +101,7 @@ TEST_F(SendJobTest, IsRunningFromItsStartToItsLastTask) {
 TEST_F(SendJobTest, SecondStartIsRefusedWhileOneRuns) {
     holdAtNextPause();
     start({1});
-    EXPECT_EQ(SendJob::start({2}, {}), kResultBusy);
+    EXPECT_EQ(SendJob::start({2}, Progress::record(), {}), kResultBusy);
     release();
     SendJob::waitForEnd();
     EXPECT_EQ(controller.received()[0], 1);
@@ -111,7 +111,7 @@ TEST_F(SendJobTest, SecondStartIsRefusedWhileOneRuns) {
 TEST_F(SendJobTest, SecondStartIsRefusedUntilTheLastTaskHasRun) {
     start({1});
     SendJob::join();
-    EXPECT_EQ(SendJob::start({2}, {}), kResultBusy);
+    EXPECT_EQ(SendJob::start({2}, Progress::record(), {}), kResultBusy);
     MainQueue::pump();
     sendWhole({3});
     EXPECT_EQ(controller.received()[0], 3);
@@ -121,7 +121,7 @@ TEST_F(SendJobTest, SendWhileAJobRunsIsToldBusyAndTouchesNothing) {
     holdAtNextPause();
     start({1});
     const auto before = events;
-    sendScenes({testing::zeroScene()}, keepOutcome());
+    sendScenes({testing::zeroScene()}, Progress::record(), keepOutcome());
     EXPECT_EQ(events, before);
     EXPECT_EQ(outcomes, std::vector<Outcome>{}) << "never before the call returns";
     release();
@@ -139,12 +139,12 @@ TEST_F(SendJobTest, WithoutAThreadNothingIsSentAndTheNextStartIsNotRefused) {
     takeInterface();
     {
         const testing::NoMoreThreads none;
-        EXPECT_EQ(SendJob::start({1}, keepOutcome()), kResultNoThread);
+        EXPECT_EQ(SendJob::start({1}, Progress::record(), keepOutcome()), kResultNoThread);
     }
     EXPECT_FALSE(SendJob::isRunning());
     EXPECT_EQ(events, Lines{});
     EXPECT_EQ(written(), Lines{});
-    EXPECT_EQ(SendJob::start({1}, {}), kResultSuccess);
+    EXPECT_EQ(SendJob::start({1}, Progress::record(), {}), kResultSuccess);
     SendJob::waitForEnd();
     EXPECT_EQ(outcomes, std::vector<Outcome>{});
 }
@@ -165,7 +165,7 @@ TEST_F(SendJobTest, AThrowInTheJobEndsItWithTheInterfaceReleased) {
             throw std::bad_alloc();
     };
     script->calls.clear();
-    ASSERT_EQ(SendJob::start(Bytes(1012, 7), keepOutcome()), kResultSuccess);
+    ASSERT_EQ(SendJob::start(Bytes(1012, 7), Progress::record(), keepOutcome()), kResultSuccess);
     SendJob::waitForEnd();
     ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_EQ(outcomes[0].end, Outcome::End::Unreliable);
@@ -180,7 +180,7 @@ TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
     takeInterface();
     Lines released;
     std::thread::id thread;
-    ASSERT_EQ(SendJob::start({1},
+    ASSERT_EQ(SendJob::start({1}, Progress::record(),
                              [&](const Outcome&) {
                                  released = script->callsOf({"release"});
                                  thread = std::this_thread::get_id();
@@ -202,11 +202,13 @@ TEST_F(SendJobTest, WhenIdleRunsInOrderAfterTheOutcomeEachWhenNoJobRuns) {
     holdAtNextPause();
     takeInterface();
     Lines order;
-    ASSERT_EQ(SendJob::start({1}, [&](const Outcome&) { order.emplace_back("outcome"); }),
+    ASSERT_EQ(SendJob::start({1}, Progress::record(),
+                             [&](const Outcome&) { order.emplace_back("outcome"); }),
               kResultSuccess);
     SendJob::whenIdle([&] {
         order.emplace_back("first");
-        sendScenes({}, [&](const Outcome&) { order.emplace_back("second outcome"); });
+        sendScenes({}, Progress::record(),
+                   [&](const Outcome&) { order.emplace_back("second outcome"); });
     });
     SendJob::whenIdle([&] { order.emplace_back("last"); });
     EXPECT_EQ(order, Lines{});

@@ -19,7 +19,8 @@ using testing::zeroScene;
 class SendTransactionTest : public testing::DeviceTest {
 protected:
     void sendWhole(const SceneList& scenes) {
-        sendScenes(scenes, [this](const Outcome& outcome) { outcomes.push_back(outcome); });
+        sendScenes(scenes, Progress::record(),
+                   [this](const Outcome& outcome) { outcomes.push_back(outcome); });
         SendJob::waitForEnd();
     }
 
@@ -52,7 +53,8 @@ TEST_F(SendTransactionTest, ScenesAreSentEndToEndInTheirOrder) {
 
 TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldAndTheInterfaceReleased) {
     const testing::NoMoreThreads none;
-    sendScenes(fourScenes(), [&](const Outcome& outcome) { outcomes.push_back(outcome); });
+    sendScenes(fourScenes(), Progress::record(),
+               [&](const Outcome& outcome) { outcomes.push_back(outcome); });
     EXPECT_FALSE(SendJob::isRunning());
     EXPECT_EQ(script->claimed, Lines{});
     MainQueue::pump();
