@@ -132,18 +132,15 @@ function(scenewright_words result row)
     set(${result} "${words}" PARENT_SCOPE)
 endfunction()
 
-# What completes a value or an argument in bash: a command, which is given the word.
-function(scenewright_bash_action result row)
+# What completes a value or an argument: what stands after its kind, or, where few words may stand for it,
+# `words` with those words in the place of its WORDS.
+function(scenewright_action result row words)
+    cmake_parse_arguments(action "" "file;optional-file;bank-or-device;folder;path;assignment" ""
+        ${ARGN})
     scenewright_json(kind "${row}" kind)
-    set(action_file _scenewright_cli_files)
-    set(action_optional-file _scenewright_cli_files)
-    set(action_bank-or-device _scenewright_cli_files)
-    set(action_folder _scenewright_cli_folders)
-    set(action_path _scenewright_cli_paths)
-    set(action_assignment _scenewright_cli_paths)
-    scenewright_words(words "${row}")
-    if(words)
-        set(action_${kind} "_scenewright_cli_words \"${words}\"")
+    scenewright_words(few "${row}")
+    if(few)
+        string(REPLACE "WORDS" "${few}" action_${kind} "${words}")
     endif()
     set(${result} "${action_${kind}}" PARENT_SCOPE)
 endfunction()
@@ -176,7 +173,14 @@ function(scenewright_bash_lists file)
             scenewright_json(word "${row}" name)
             scenewright_json(kind "${row}" kind)
             scenewright_json(repeated "${row}" repeated)
-            scenewright_bash_action(action "${row}")
+            # Commands, which are given the word.
+            scenewright_action(action "${row}" "_scenewright_cli_words \"WORDS\""
+                file _scenewright_cli_files
+                optional-file _scenewright_cli_files
+                bank-or-device _scenewright_cli_files
+                folder _scenewright_cli_folders
+                path _scenewright_cli_paths
+                assignment _scenewright_cli_paths)
             if(word MATCHES "^-")
                 list(APPEND own ${word})
                 if(NOT kind MATCHES "^(flag|optional-file)$")
@@ -212,21 +216,6 @@ function(scenewright_zsh_text result text)
     set(${result} "${text}" PARENT_SCOPE)
 endfunction()
 
-function(scenewright_zsh_action result row)
-    scenewright_json(kind "${row}" kind)
-    set(action_file _files)
-    set(action_optional-file _files)
-    set(action_bank-or-device _scenewright_cli_bank_or_device)
-    set(action_folder "_files -/")
-    set(action_path _scenewright_cli_paths)
-    set(action_assignment "_scenewright_cli_paths -S =")
-    scenewright_words(words "${row}")
-    if(words)
-        set(action_${kind} "(${words})")
-    endif()
-    set(${result} "${action_${kind}}" PARENT_SCOPE)
-endfunction()
-
 # The entries for _arguments of a program or command, one a line.
 function(scenewright_zsh_arguments result json indent)
     scenewright_arguments(arguments "${json}")
@@ -241,7 +230,13 @@ function(scenewright_zsh_arguments result json indent)
         scenewright_json(repeated "${row}" repeated)
         scenewright_json(help "${row}" help)
         scenewright_zsh_text(help "${help}")
-        scenewright_zsh_action(action "${row}")
+        scenewright_action(action "${row}" "(WORDS)"
+            file _files
+            optional-file _files
+            bank-or-device _scenewright_cli_bank_or_device
+            folder "_files -/"
+            path _scenewright_cli_paths
+            assignment "_scenewright_cli_paths -S =")
         set(entry "${name}[${help}]")
         if(NOT name MATCHES "^-")
             math(EXPR place "${place} + 1")
