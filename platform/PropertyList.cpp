@@ -9,12 +9,15 @@
 #include <cerrno>
 #include <cmath>
 #include <cstddef>
+#include <deque>
 #include <fcntl.h>
 #include <limits>
+#include <mutex>
 #include <optional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace scenewright {
 
@@ -103,6 +106,36 @@ Result<PropertyValue> parseEitherForm(std::string_view bytes) {
                                          : parseXmlPropertyList(bytes);
 }
 
+// The lists read last. A program reads each of its few several times, and parses it again only when
+// the bytes are others.
+class KnownLists {
+public:
+    Result<PropertyValue> parse(std::string bytes) {
+        const std::scoped_lock lock(mutex_);
+        const auto known = std::ranges::find(lists_, bytes, &List::bytes);
+        if (known != lists_.end())
+            return known->value;
+        return parseEitherForm(bytes).map([&](PropertyValue value) {
+            if (bytes.size() <= kMostBytes) {
+                lists_.push_back({std::move(bytes), value});
+                if (lists_.size() > kMost)
+                    lists_.pop_front();
+            }
+            return value;
+        });
+    }
+
+private:
+    static constexpr std::size_t kMost = 3;
+    static constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
+    struct List {
+        std::string bytes;
+        PropertyValue value;
+    };
+    std::mutex mutex_;
+    std::deque<List> lists_; // the latest last
+};
+
 } // namespace
 
 bool PropertyValue::isAbsent() const noexcept {
@@ -157,9 +190,10 @@ Result<PropertyValue> parsePropertyList(std::string_view bytes, std::string_view
 }
 
 Result<PropertyValue> readPropertyList(const std::filesystem::path& path) {
+    static KnownLists known;
     return openRegularFile(path)
         .and_then(readBytes)
-        .and_then(parseEitherForm)
+        .and_then([](std::string bytes) { return known.parse(std::move(bytes)); })
         .map_error([&](const std::string& why) { return cannotRead(path.string(), why); });
 }
 
