@@ -140,7 +140,8 @@ void PopUpBox::showPopup() {
 
 void PopUpBox::removeAllItems() {
     forgetTyping();
-    setModel(&modelOf({}));
+    if (count() > 0) // changing the model is the most of what a box costs at the start
+        setModel(&modelOf({}));
 }
 
 void PopUpBox::addItems(const std::vector<std::string>& titles) {
