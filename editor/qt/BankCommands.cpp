@@ -47,8 +47,8 @@ QString inMenu(QString text) {
 
 } // namespace
 
-BankCommands::BankCommands(MainWindow& window, StoreFiles files)
-    : window_(window), files_(std::move(files)) {
+BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& history)
+    : window_(window), files_(std::move(files)), history_(history) {
     using Mode = QFileDialog::AcceptMode;
     const QString bankSuffix = QStringLiteral("bank.json");
     const QString sceneSuffix = QStringLiteral("scene.json");
@@ -125,8 +125,12 @@ QString BankCommands::openedScene(const QString& file) const {
         .arg(window_.view().sceneIndex() + 1);
 }
 
+QString BankCommands::openStep(const QString& file) {
+    return tr("Open %1").arg(QFileInfo(file).fileName());
+}
+
 void BankCommands::openBank(const QString& file) {
-    if (showOutcome(files_.openBank(pathOf(file)), openedBank(file)))
+    if (showOutcome(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
         RecentFiles::add(file);
 }
 
@@ -134,8 +138,9 @@ void BankCommands::openAtStart(const QString& file) {
     const auto outcome = StoreFiles::openAtStart(pathOf(file), window_.view().sceneIndex());
     const bool isScene = outcome && outcome->isScene;
     const QString absolute = QFileInfo(file).absoluteFilePath();
-    if (!showOutcome(outcome, isScene ? openedScene(file) : openedBank(file)))
+    if (!showOutcome(outcome, isScene ? openedScene(file) : openedBank(file), {}))
         return;
+    history_.forget(); // nothing was there before
     if (isScene)
         RecentFiles::setFolderOf(absolute);
     else
@@ -150,7 +155,8 @@ void BankCommands::saveBank(const QString& file) {
 }
 
 void BankCommands::openScene(const QString& file) {
-    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), openedScene(file)))
+    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), openedScene(file),
+                    openStep(file)))
         RecentFiles::setFolderOf(file);
 }
 
@@ -164,13 +170,16 @@ void BankCommands::saveScene(const QString& file) {
 
 void BankCommands::restoreLatest() {
     if (const auto bank = files_.newestOther())
-        showOutcome(files_.openBank(bank->file), tr("Brought back the earlier scenes"));
+        showOutcome(files_.openBank(bank->file), tr("Brought back the earlier scenes"),
+                    tr("Bring Back Scenes"));
 }
 
-bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done) {
+bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
+                               const QString& step) {
     post(outcome ? outcome->kept : failure(outcome.error()), outcome ? done : QString());
     if (!outcome)
         return false;
+    history_.name(step);
     window_.showScenesAnew();
     emit replaced();
     return true;
@@ -213,7 +222,8 @@ void BankCommands::fillEarlier() {
         const QString when = QLocale().toString(time, tr("d MMMM yyyy, hh:mm:ss"));
         QAction& action = *earlier_->addAction(when);
         connect(&action, &QAction::triggered, this, [this, file = bank.file, when] {
-            showOutcome(files_.openBank(file), tr("Brought back the scenes of %1").arg(when));
+            showOutcome(files_.openBank(file), tr("Brought back the scenes of %1").arg(when),
+                        tr("Bring Back Scenes"));
         });
     }
     if (earlier_->isEmpty())

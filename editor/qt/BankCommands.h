@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/StoreFiles.h"
+#include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>
@@ -12,12 +13,12 @@
 
 namespace scenewright {
 
-// The window outlives its commands. Main thread only.
+// Window and history outlive the commands. Main thread only.
 class BankCommands final : public QObject {
     Q_OBJECT
 
 public:
-    BankCommands(MainWindow& window, StoreFiles files);
+    BankCommands(MainWindow& window, StoreFiles files, History& history);
 
     // Files that nothing is to be saved in, as the program writes to them.
     void setUsed(std::vector<NamedFile> files) { files_.setUsed(std::move(files)); }
@@ -61,7 +62,9 @@ private:
     void askForFile(const FileEntry& entry);
     void fillRecent();
     void fillEarlier();
-    bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done);
+    bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
+                     const QString& step);
+    [[nodiscard]] static QString openStep(const QString& file);
     [[nodiscard]] QString openedBank(const QString& file) const;
     [[nodiscard]] QString openedScene(const QString& file) const;
     void showSaved(const Result<void>& saved, const QString& file);
@@ -69,6 +72,7 @@ private:
 
     MainWindow& window_;
     StoreFiles files_;
+    History& history_;
     QMenu* recent_ = nullptr; // children of the File menu
     QMenu* earlier_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "editor/qt/EditorCommands.h"
 
+#include "editor/ControlDescription.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -23,7 +24,8 @@ void fitIntoScreen(QWidget& window) {
 
 } // namespace
 
-ControlCommands::ControlCommands(MainWindow& window) : window_(window) {
+ControlCommands::ControlCommands(MainWindow& window, History& history)
+    : window_(window), history_(history) {
     auto& menu = makeChild<QMenu>(tr("&Edit"), window.menuBar());
     menu.setAccessibleName(tr("Edit"));
     window.menuBar()->insertMenu(window.menu().device().menuAction(), &menu);
@@ -34,6 +36,8 @@ ControlCommands::ControlCommands(MainWindow& window) : window_(window) {
         connect(action, &QAction::triggered, this, command);
         return action;
     };
+    menu.addActions({&history.undoAction(), &history.redoAction()});
+    menu.addSeparator();
     copy_ = add(tr("&Copy Control"), tr("Ctrl+C"), &ControlCommands::copy);
     paste_ = add(tr("&Paste Control"), tr("Ctrl+V"), &ControlCommands::paste);
     menu.addSeparator();
@@ -49,12 +53,17 @@ void ControlCommands::copy() {
 
 void ControlCommands::paste() {
     if (clipboard_.paste(*window_.view().sceneValue(), window_.view().selectControl()))
-        window_.view().showChosenControl();
+        showStep(tr("Paste Into %1"));
 }
 
 void ControlCommands::reset() {
     if (resetControl(*window_.view().sceneValue(), window_.view().selectControl()))
-        window_.view().showChosenControl();
+        showStep(tr("Reset %1"));
+}
+
+void ControlCommands::showStep(const QString& name) {
+    history_.name(name.arg(shown(controlName(window_.view().selectControl()))));
+    window_.view().showChosenControl();
 }
 
 void ControlCommands::update() {
@@ -67,7 +76,8 @@ void ControlCommands::update() {
 
 EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files)
     : window_(window), keyboard_(&makeChild<KeyboardWatch>(std::move(look), &window.status())),
-      banks_(window, std::move(files)), controls_(window), verification_(window, banks_) {
+      history_(window), banks_(window, std::move(files), history_), controls_(window, history_),
+      verification_(window, banks_) {
     window.status().addMark(*keyboard_);
     const auto lookAgain = [this] { keyboard_->look(); };
     QObject::connect(&window.commands(), &DeviceCommands::readEnded, keyboard_, lookAgain);

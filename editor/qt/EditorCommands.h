@@ -5,6 +5,7 @@
 #include "editor/ControlClipboard.h"
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/DeviceVerification.h"
+#include "editor/qt/History.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
 
@@ -16,13 +17,13 @@
 
 namespace scenewright {
 
-// The Edit menu: the chosen control's settings copied, pasted and put back to their defaults.
-// The window outlives its commands. Main thread only.
+// The Edit menu: changes undone and done again, the chosen control's settings copied, pasted and
+// put back to their defaults. Window and history outlive the commands. Main thread only.
 class ControlCommands final : public QObject {
     Q_OBJECT
 
 public:
-    explicit ControlCommands(MainWindow& window);
+    ControlCommands(MainWindow& window, History& history);
 
     [[nodiscard]] QAction& copyAction() { return *copy_; }
     [[nodiscard]] QAction& pasteAction() { return *paste_; }
@@ -35,7 +36,11 @@ private:
     // Greys what the chosen control does not allow.
     void update();
 
+    // Shows what was written into the chosen control, as a step of that name.
+    void showStep(const QString& name);
+
     MainWindow& window_;
+    History& history_;
     ControlClipboard clipboard_;
     // Children of the menu.
     QAction* copy_ = nullptr;
@@ -58,6 +63,7 @@ public:
     // A notice for lists that cannot serve, one sentence each; none for none.
     void reportLists(const std::vector<std::string>& errors);
 
+    [[nodiscard]] History& history() { return history_; }
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
@@ -66,6 +72,7 @@ public:
 private:
     MainWindow& window_;
     KeyboardWatch* keyboard_; // child of the window
+    History history_;
     BankCommands banks_;
     ControlCommands controls_;
     DeviceVerification verification_;

@@ -139,6 +139,17 @@ void MainWindow::showScenesAnew() {
     view_.showSceneValue();
 }
 
+void MainWindow::showControl(std::int32_t scene, std::int32_t control) {
+    if (view_.sceneIndex() != scene) {
+        scenes_->segment(scene).setChecked(true);
+        view_.changeSceneAction(*scenes_);
+    }
+    view_.setSelectControl(control);
+    list_->selectRow(control);
+    view_.showChosenControl(); // also when the row was chosen before
+    view_.showChooseButtonWithIndex(control);
+}
+
 void MainWindow::refresh() {
     // The keys went over a row without choosing it: no pane stands for what is not chosen.
     if (view_.selectControl() < 0)

@@ -109,6 +109,9 @@ public:
     [[nodiscard]] GainWindow& gainPanel();
     // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
     void showScenesAnew();
+    // Chooses a control, 0 to 45, of a scene, 0 to 3, as if the user had, and shows its settings as
+    // they are now.
+    void showControl(std::int32_t scene, std::int32_t control);
 
 signals:
     // After each change of the view: what the view logic does not know of has followed it.

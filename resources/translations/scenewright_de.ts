@@ -213,6 +213,14 @@
         <source>Brought back the scenes of %1</source>
         <translation>Szenen vom %1 zurückgeholt</translation>
     </message>
+    <message>
+        <source>Open %1</source>
+        <translation>%1 öffnen</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Szenen zurückholen</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -417,6 +425,14 @@
         <source>Ctrl+Backspace</source>
         <translation>Ctrl+Backspace</translation>
     </message>
+    <message>
+        <source>Paste Into %1</source>
+        <translation>Einfügen in %1</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>%1 zurücksetzen</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -580,6 +596,37 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::History</name>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>Rückgän&amp;gig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>Rückgän&amp;gig: %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lesen</translation>
     </message>
 </context>
 <context>
@@ -991,6 +1038,29 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>Das Keyboard enthält Werte über 127, die in Szenen nicht vorkommen; stattdessen als 0 gelesen: {}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneChanges</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Scene {}</source>
+        <translation>Szene {}</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Szenen</translation>
+    </message>
+    <message>
+        <source>{0} {1}</source>
+        <translation>{0} {1}</translation>
     </message>
 </context>
 <context>

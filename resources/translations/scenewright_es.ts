@@ -213,6 +213,14 @@
         <source>Brought back the scenes of %1</source>
         <translation>Se han recuperado las escenas del %1</translation>
     </message>
+    <message>
+        <source>Open %1</source>
+        <translation>Abrir %1</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Recuperar escenas</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -417,6 +425,14 @@
         <source>Ctrl+Backspace</source>
         <translation>Ctrl+Backspace</translation>
     </message>
+    <message>
+        <source>Paste Into %1</source>
+        <translation>Pegar en %1</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>Restablecer %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -580,6 +596,37 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::History</name>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Deshacer: %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>Re&amp;hacer</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>Re&amp;hacer: %1</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Leer</translation>
     </message>
 </context>
 <context>
@@ -991,6 +1038,29 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>El teclado contiene valores superiores a 127, que no caben en las escenas; leídos como 0: {}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneChanges</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>Scene {}</source>
+        <translation>Escena {}</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Escenas</translation>
+    </message>
+    <message>
+        <source>{0} {1}</source>
+        <translation>{0} {1}</translation>
     </message>
 </context>
 <context>

@@ -213,6 +213,14 @@
         <source>Brought back the scenes of %1</source>
         <translation>Scènes du %1 rétablies</translation>
     </message>
+    <message>
+        <source>Open %1</source>
+        <translation>Ouvrir %1</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Rétablir les scènes</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -417,6 +425,14 @@
         <source>Ctrl+Backspace</source>
         <translation>Ctrl+Backspace</translation>
     </message>
+    <message>
+        <source>Paste Into %1</source>
+        <translation>Coller dans %1</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>Réinitialiser %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -580,6 +596,37 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::History</name>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Annuler : %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>Réta&amp;blir</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>Réta&amp;blir : %1</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lire</translation>
     </message>
 </context>
 <context>
@@ -991,6 +1038,29 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>Le clavier contient des valeurs supérieures à 127, impossibles dans une scène ; lues comme 0 : {}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneChanges</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Scene {}</source>
+        <translation>Scène {}</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Scènes</translation>
+    </message>
+    <message>
+        <source>{0} {1}</source>
+        <translation>{0} {1}</translation>
     </message>
 </context>
 <context>

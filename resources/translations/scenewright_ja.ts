@@ -213,6 +213,14 @@
         <source>Brought back the scenes of %1</source>
         <translation>%1 のシーンを復元しました</translation>
     </message>
+    <message>
+        <source>Open %1</source>
+        <translation>%1 を開く</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>シーンを復元</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -417,6 +425,14 @@
         <source>Ctrl+Backspace</source>
         <translation>Ctrl+Backspace</translation>
     </message>
+    <message>
+        <source>Paste Into %1</source>
+        <translation>%1 に貼り付け</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>%1 をリセット</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -580,6 +596,37 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::History</name>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>元に戻す(&amp;U): %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>やり直す(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>やり直す(&amp;D): %1</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>読み込み</translation>
     </message>
 </context>
 <context>
@@ -991,6 +1038,29 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>キーボードにシーンでは使えない 127 を超える値があります。0 として読み込んだ数: {}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneChanges</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>ノート</translation>
+    </message>
+    <message>
+        <source>Scene {}</source>
+        <translation>シーン {}</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>{0} {1}</source>
+        <translation>{0} {1}</translation>
     </message>
 </context>
 <context>

@@ -213,6 +213,14 @@
         <source>Brought back the scenes of %1</source>
         <translation>已恢复 %1 的场景</translation>
     </message>
+    <message>
+        <source>Open %1</source>
+        <translation>打开 %1</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>恢复场景</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -417,6 +425,14 @@
         <source>Ctrl+Backspace</source>
         <translation>Ctrl+Backspace</translation>
     </message>
+    <message>
+        <source>Paste Into %1</source>
+        <translation>粘贴到 %1</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>重置 %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -580,6 +596,37 @@
     <message>
         <source>&amp;OK</source>
         <translation>确定(&amp;O)</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::History</name>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>撤销(&amp;U)：%1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>重做(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>重做(&amp;D)：%1</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>读取</translation>
     </message>
 </context>
 <context>
@@ -991,6 +1038,29 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>键盘中有大于 127 的值，场景无法保存这样的值；改读为 0 的个数：{}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneChanges</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>音符</translation>
+    </message>
+    <message>
+        <source>Scene {}</source>
+        <translation>场景 {}</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>场景</translation>
+    </message>
+    <message>
+        <source>{0} {1}</source>
+        <translation>{0} {1}</translation>
     </message>
 </context>
 <context>

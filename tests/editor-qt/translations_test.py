@@ -25,7 +25,7 @@ MENUS = [
     LETTERS["fedvhw"],
     ["&Open Bank...", "&Save Bank As...", "&Recent", "Open S&cene Into This One...",
      "Save &This Scene...", "&Earlier Scenes", "&Quit"],
-    ["&Copy Control", "&Paste Control", "&Reset Control"],
+    ["&Undo", "Re&do", "&Copy Control", "&Paste Control", "&Reset Control"],
     ["&Read Scenes", "&Send Scenes", "&Compare With Device", "Send And &Verify"],
     ["As the &System", "&Light", "&Dark"],
     ["De&fault", "&Apply", "&OK"],

@@ -1,0 +1,159 @@
+#include "app/SceneChanges.h"
+
+#include "app/WindowAction.h"
+#include "bank/Difference.h"
+#include "bank/Edit.h"
+#include "model/Control.h"
+#include "model/Setting.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+const SceneValue& sceneOf(const SceneList& scenes, const SettingPlace& place) {
+    return *scenes[static_cast<std::size_t>(place.scene)];
+}
+
+bool isSameControl(const SettingPlace& one, const SettingPlace& other) {
+    return one.scene == other.scene && one.kind == other.kind && one.control == other.control;
+}
+
+// What the control sends, for a setting whose title depends on it.
+std::int32_t assignTypeAt(const SceneList& scenes, const SettingPlace& place) {
+    if (place.isName() || place.setting->details().noteList == nullptr)
+        return kAssignOff;
+    const Setting* const type = findSetting(place.kind, ButtonValue::AssignTypeField.name);
+    return type->read(sceneOf(scenes, place), place.control);
+}
+
+std::string titleOf(const SettingPlace& place, std::int32_t assignType) {
+    if (place.isName())
+        return translated(sourceText("scenewright::Bank", "Name"));
+    switch (assignType) {
+    case kAssignController:
+        return translated(sourceText("scenewright::SceneChanges", "CC"));
+    case kAssignNote:
+        return translated(sourceText("scenewright::SceneChanges", "Note"));
+    default:
+        return settingTitle(*place.setting);
+    }
+}
+
+std::string sceneTitle(const SettingPlace& place) {
+    return translated(sourceText("scenewright::SceneChanges", "Scene {}"), place.scene + 1);
+}
+
+// The scene itself for its common settings, which every scene has.
+std::string ownerTitle(const SettingPlace& place) {
+    if (place.kind == ControlKind::Common)
+        return sceneTitle(place);
+    return translated(sourceText("scenewright::SceneChanges", "{0} {1}"), kindTitle(place.kind),
+                      place.control + 1);
+}
+
+} // namespace
+
+SceneList copyOfStored() {
+    return copyOf(WindowAction::scenes());
+}
+
+std::int32_t controlIndexOf(const SettingPlace& place) {
+    return controlRange(place.kind).start + place.control;
+}
+
+SceneChanges::Values SceneChanges::valuesAt(const SceneList& scenes, const SettingPlace& place) {
+    const SceneValue& scene = sceneOf(scenes, place);
+    if (place.isName())
+        return {.name = scene.commonValue()->SceneName()};
+    return {.index = place.setting->read(scene, place.control)};
+}
+
+SceneChanges SceneChanges::between(const PopUpValue& lists, const SceneList& before,
+                                   const SceneList& after) {
+    SceneChanges made;
+    for (const Difference& difference : differences(lists, before, after)) {
+        const SettingPlace& place = difference.place;
+        made.changes_.push_back({.place = place,
+                                 .assignType = assignTypeAt(after, place),
+                                 .before = valuesAt(before, place),
+                                 .after = valuesAt(after, place)});
+    }
+    return made;
+}
+
+std::vector<SettingPlace> SceneChanges::places() const {
+    std::vector<SettingPlace> places;
+    places.reserve(changes_.size());
+    for (const Change& change : changes_)
+        places.push_back(change.place);
+    return places;
+}
+
+void SceneChanges::write(Side side, const SceneList& scenes) const {
+    for (const Change& change : changes_) {
+        const SettingPlace& place = change.place;
+        const Values& values = side == Side::Before ? change.before : change.after;
+        const SceneValue& scene = sceneOf(scenes, place);
+        if (place.isName())
+            scene.commonValue()->setSceneName(values.name);
+        else
+            place.setting->write(scene, place.control, values.index);
+    }
+}
+
+const SettingPlace* SceneChanges::chosen() const {
+    const auto drivesAll = [this](const Change& candidate) {
+        return std::ranges::all_of(changes_, [&](const Change& change) {
+            const SettingPlace& place = change.place;
+            return place == candidate.place ||
+                   (isSameControl(place, candidate.place) && !place.isName() &&
+                    !candidate.place.isName() &&
+                    place.setting->isDrivenBy(*candidate.place.setting));
+        });
+    };
+    const auto found = std::ranges::find_if(changes_, drivesAll);
+    return found == changes_.end() ? nullptr : &found->place;
+}
+
+void SceneChanges::append(const SceneChanges& later) {
+    for (const Change& change : later.changes_) {
+        const auto same = std::ranges::find(changes_, change.place, &Change::place);
+        if (same == changes_.end()) {
+            changes_.push_back(change);
+        } else {
+            same->after = change.after;
+            same->assignType = change.assignType;
+        }
+    }
+    std::erase_if(changes_, [](const Change& change) { return change.before == change.after; });
+}
+
+bool SceneChanges::isOfOneScene() const {
+    return std::ranges::all_of(changes_, [this](const Change& change) {
+        return change.place.scene == changes_.front().place.scene;
+    });
+}
+
+bool SceneChanges::isOfOneControl() const {
+    return std::ranges::all_of(changes_, [this](const Change& change) {
+        return isSameControl(change.place, changes_.front().place);
+    });
+}
+
+std::string SceneChanges::title() const {
+    if (isEmpty() || !isOfOneScene())
+        return translated(sourceText("scenewright::SceneChanges", "Scenes"));
+    const SettingPlace& first = changes_.front().place;
+    if (const SettingPlace* const place = chosen()) {
+        const auto change = std::ranges::find(changes_, *place, &Change::place);
+        return translated(sourceText("scenewright::SceneChanges", "{0} {1}"), ownerTitle(*place),
+                          titleOf(*place, change->assignType));
+    }
+    return isOfOneControl() ? ownerTitle(first) : sceneTitle(first);
+}
+
+} // namespace scenewright

@@ -1,0 +1,143 @@
+#include "editor/qt/History.h"
+
+#include "app/DeviceSession.h"
+#include "app/WindowAction.h"
+#include "editor/qt/QtHelpers.h"
+
+#include <QUndoCommand>
+
+#include <algorithm>
+#include <memory>
+#include <tuple>
+#include <utility>
+
+namespace scenewright {
+
+// A step whose changes have been made when it is pushed.
+class History::Step final : public QUndoCommand {
+public:
+    // Steps with the same `run` whose changes come of the same popup become one; 0 for none.
+    Step(History& history, SceneChanges changes, const QString& name, std::uint64_t run)
+        : history_(history), changes_(std::move(changes)), run_(run) {
+        setText(name.isEmpty() ? shown(changes_.title()) : name);
+    }
+
+    void undo() override { history_.write(changes_, SceneChanges::Side::Before); }
+    void redo() override {
+        if (std::exchange(isMade_, false))
+            return;
+        history_.write(changes_, SceneChanges::Side::After);
+    }
+
+    [[nodiscard]] int id() const override { return run_ == 0 ? -1 : 1; }
+    bool mergeWith(const QUndoCommand* other) override {
+        const auto& later = static_cast<const Step&>(*other);
+        const SettingPlace* const mine = changes_.chosen();
+        const SettingPlace* const its = later.changes_.chosen();
+        if (later.run_ != run_ || mine == nullptr || its == nullptr || *mine != *its)
+            return false;
+        changes_.append(later.changes_);
+        setObsolete(changes_.isEmpty()); // back where the run began
+        if (!changes_.isEmpty())
+            setText(shown(changes_.title()));
+        return true;
+    }
+
+private:
+    History& history_;
+    SceneChanges changes_;
+    std::uint64_t run_;
+    bool isMade_ = true;
+};
+
+History::History(MainWindow& window) : window_(window) {
+    steps_.setUndoLimit(kSteps);
+    connectAction({.action = undo_,
+                   .keys = tr("Ctrl+Z"),
+                   .plain = tr("&Undo"),
+                   .named = tr("&Undo %1"),
+                   .command = &QUndoStack::undo,
+                   .textChanged = &QUndoStack::undoTextChanged,
+                   .canChanged = &QUndoStack::canUndoChanged});
+    connectAction({.action = redo_,
+                   .keys = tr("Ctrl+Shift+Z"),
+                   .plain = tr("Re&do"),
+                   .named = tr("Re&do %1"),
+                   .command = &QUndoStack::redo,
+                   .textChanged = &QUndoStack::redoTextChanged,
+                   .canChanged = &QUndoStack::canRedoChanged});
+    connect(&window_, &MainWindow::refreshed, this, &History::record);
+    reading_ = WindowAction::getMessageValue()->addObserver(
+        "isReadFinish", [this](std::string_view, const MessageValue::Text& value) {
+            if (value == "No")
+                name(tr("Read"));
+        });
+    take();
+}
+
+History::~History() = default;
+
+void History::connectAction(const Entry& entry) {
+    QAction* const action = &entry.action;
+    action->setShortcut(QKeySequence(entry.keys));
+    action->setText(entry.plain);
+    action->setEnabled(false);
+    connect(action, &QAction::triggered, &steps_, entry.command);
+    connect(&steps_, entry.canChanged, action, &QAction::setEnabled);
+    connect(&steps_, entry.textChanged, action,
+            [action, plain = entry.plain, named = entry.named](QString step) {
+                step.replace(QLatin1Char('&'), QStringLiteral("&&"));
+                action->setText(step.isEmpty() ? plain : named.arg(step));
+            });
+}
+
+void History::forget() {
+    steps_.clear();
+    take();
+    emit changed();
+}
+
+void History::take() {
+    scenes_ = copyOfStored();
+    image_ = storedImage();
+}
+
+void History::record() {
+    const QString given = std::exchange(name_, {});
+    const std::pair now{window_.view().sceneIndex(), window_.view().selectControl()};
+    if (std::pair{scene_, chosen_} != now)
+        ++run_;
+    std::tie(scene_, chosen_) = now;
+    if (storedImage() == image_)
+        return;
+    auto changes = SceneChanges::between(*window_.view().pu(), scenes_, WindowAction::scenes());
+    take();
+    const std::uint64_t run = given.isEmpty() ? run_ : 0;
+    steps_.push(std::make_unique<Step>(*this, std::move(changes), given, run).release());
+    emit changed();
+}
+
+void History::write(const SceneChanges& changes, SceneChanges::Side side) {
+    changes.write(side, WindowAction::scenes());
+    take();
+    ++run_; // what is chosen from here on is no part of what was before
+    show(changes);
+    emit changed();
+}
+
+void History::show(const SceneChanges& changes) {
+    const std::vector<SettingPlace> places = changes.places();
+    const std::int32_t scene = window_.view().sceneIndex();
+    const std::int32_t control = window_.view().selectControl();
+    const auto isHere = [scene](const SettingPlace& place) { return place.scene == scene; };
+    auto at = std::ranges::find_if(places, [&](const SettingPlace& place) {
+        return isHere(place) && controlIndexOf(place) == control;
+    });
+    if (at == places.end())
+        at = std::ranges::find_if(places, isHere);
+    if (at == places.end())
+        at = places.begin();
+    window_.showControl(at->scene, controlIndexOf(*at));
+}
+
+} // namespace scenewright
