@@ -2,15 +2,13 @@
 # of them, into the package scenewright-dbgsym beside the other one. A debugger finds them by the
 # programs' build ids.
 
+include(${CMAKE_CURRENT_LIST_DIR}/pack.cmake)
+
 set(name ${CPACK_PACKAGE_NAME}-dbgsym)
 set(version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 set(root ${CPACK_TEMPORARY_DIRECTORY}-dbgsym)
 set(prefix ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX})
 file(REMOVE_RECURSE ${root})
-
-function(run)
-    execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
-endfunction()
 
 set(build_ids)
 file(GLOB programs ${prefix}/bin/*)
@@ -24,10 +22,11 @@ foreach(program IN LISTS programs)
     string(APPEND build_ids " ${CMAKE_MATCH_1}${CMAKE_MATCH_2}")
     get_filename_component(folder ${symbols} DIRECTORY)
     file(MAKE_DIRECTORY ${folder})
-    run(${CPACK_SCENEWRIGHT_OBJCOPY} --only-keep-debug --compress-debug-sections ${program} ${symbols})
-    run(chmod 644 ${symbols})
-    run(${CPACK_SCENEWRIGHT_STRIP} --remove-section=.comment --remove-section=.note ${program})
-    run(${CPACK_SCENEWRIGHT_OBJCOPY} --add-gnu-debuglink=${symbols} ${program})
+    scenewright_run(${CPACK_SCENEWRIGHT_OBJCOPY} --only-keep-debug --compress-debug-sections
+        ${program} ${symbols})
+    scenewright_run(chmod 644 ${symbols})
+    scenewright_run(${CPACK_SCENEWRIGHT_STRIP} --remove-section=.comment --remove-section=.note ${program})
+    scenewright_run(${CPACK_SCENEWRIGHT_OBJCOPY} --add-gnu-debuglink=${symbols} ${program})
 endforeach()
 
 # dpkg takes a package's documents from the one that it belongs to.
@@ -62,6 +61,4 @@ Priority: optional
 Description: debug symbols for ${CPACK_PACKAGE_NAME}
 Build-Ids:${build_ids}
 ")
-run(chmod -R u=rwX,go=rX ${root})
-run(dpkg-deb --root-owner-group --build ${root}
-    ${CPACK_PACKAGE_DIRECTORY}/${name}_${version}_${architecture}.deb)
+scenewright_pack(${root} ${CPACK_PACKAGE_DIRECTORY}/${name}_${version}_${architecture}.deb)
