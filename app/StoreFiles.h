@@ -6,12 +6,12 @@
 // Nothing here needs a controller or sends anything. Main thread only.
 #pragma once
 
+#include "app/Earlier.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/NamedFiles.h"
 #include "platform/Result.h"
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -21,51 +21,20 @@
 
 namespace scenewright {
 
-// The scenes that were replaced, kept as whole banks in the user's state folder, so that a read or
-// an opened bank never costs a person's work.
-class BackupStore {
-public:
-    using Clock = std::chrono::system_clock;
-    struct Bank {
-        std::filesystem::path file; // a bank as BankFile.h reads it
-        Clock::time_point kept;     // to the millisecond
-    };
-    static constexpr std::size_t kMax = 20;
-
-    explicit BackupStore(std::optional<std::filesystem::path> folder = stateFolder())
-        : folder_(std::move(folder)) {}
-
-    // $XDG_STATE_HOME/scenewright/backups, or the same under ~/.local/state; nothing without
-    // either.
-    [[nodiscard]] static std::optional<std::filesystem::path> stateFolder();
-
-    // Keeps the first four scenes, unless the newest bank holds the same; drops the oldest ones
-    // beyond kMax. On error nothing was dropped either. A list of fewer than four scenes is nothing
-    // to keep.
-    [[nodiscard]] Result<void> keep(const SceneList& scenes,
-                                    Clock::time_point now = Clock::now()) const;
-
-    // What is kept, newest first.
-    [[nodiscard]] std::vector<Bank> list() const;
-
-private:
-    std::optional<std::filesystem::path> folder_; // without one nothing is kept
-};
-
 class StoreFiles {
 public:
     // What opening did beside its purpose.
     struct Opened {
-        Result<void> kept;    // the former scenes, among the backups
+        Result<void> kept;    // the former scenes, among the earlier ones
         bool isScene = false; // one scene was opened, not a bank
     };
 
-    explicit StoreFiles(BackupStore earlier = BackupStore{}) : earlier_(std::move(earlier)) {}
+    explicit StoreFiles(EarlierScenes earlier = EarlierScenes{}) : earlier_(std::move(earlier)) {}
 
-    [[nodiscard]] const BackupStore& earlier() const { return earlier_; }
+    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
 
-    // Before the stored scenes are replaced.
-    [[nodiscard]] Result<void> keep() const;
+    // Before the stored scenes are replaced. A list of fewer than four is nothing to keep.
+    [[nodiscard]] Result<void> keep(const EarlierScenes::Occasion& occasion) const;
 
     // On error the store is what it was.
     [[nodiscard]] Result<Opened> openBank(const std::filesystem::path& file) const;
@@ -76,8 +45,10 @@ public:
     // is the default scenes, and nothing of a user's that is to be kept.
     [[nodiscard]] static Result<Opened> openAtStart(const std::filesystem::path& file,
                                                     std::int32_t index);
-    // The newest of the earlier scenes that can be read and differ from the stored ones.
-    [[nodiscard]] std::optional<BackupStore::Bank> newestOther() const;
+    // Makes them the stored scenes again; gives how the former ones were kept.
+    [[nodiscard]] Result<void> bringBack(const EarlierScenes::Entry& entry) const;
+    // The newest of the earlier scenes that differ from the stored ones.
+    [[nodiscard]] std::optional<EarlierScenes::Entry> newestOther() const;
 
     // Files that the program writes to as it goes on, and that nothing is to be saved in.
     void setUsed(std::vector<NamedFile> files) { used_ = std::move(files); }
@@ -89,7 +60,7 @@ public:
                                          const PopUpValue& lists) const;
 
 private:
-    BackupStore earlier_;
+    EarlierScenes earlier_;
     std::vector<NamedFile> used_;
 };
 

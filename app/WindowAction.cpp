@@ -62,6 +62,12 @@ void WindowAction::getSceneValue() {
     setScenes({});
 }
 
+SceneList WindowAction::defaultScenes() {
+    SceneList scenes;
+    padWithDefaults(scenes);
+    return scenes;
+}
+
 std::shared_ptr<SceneValue> WindowAction::getSceneWithIndex(std::int32_t index) {
     const SceneList& scenes = store().scenes;
     if (index < 0 || static_cast<std::size_t>(index) >= scenes.size())

@@ -35,6 +35,8 @@ public:
     // Returns as soon as the transfer has been started; `ended` is told by the main queue. While a
     // send runs it is carried out later, as a read is.
     static void sendSceneData(const Ended& ended = {});
+    // Four fresh ones, SCENE1 to SCENE4.
+    [[nodiscard]] static SceneList defaultScenes();
     // Keeps a spare default scene; nothing reads it.
     static void GetDefaultValue();
     // The option lists, read anew from basic.plist.

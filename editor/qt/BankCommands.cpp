@@ -16,11 +16,13 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 namespace scenewright {
 
 namespace {
 
+constexpr std::size_t kMenuEntries = 20; // of earlier scenes, before the next menu
 constexpr QSize kDialogSize(860, 520);
 
 // The one local file that is dragged; empty for anything else.
@@ -76,7 +78,7 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& histor
     connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
     connect(earlier_, &QMenu::aboutToShow, this, &BankCommands::fillEarlier);
     window_.commands().setKeepScenes([this]() -> std::optional<std::string> {
-        const auto kept = files_.keep();
+        const auto kept = files_.keep({.reason = EarlierScenes::Reason::Read});
         return kept ? std::nullopt : std::optional(kept.error());
     });
     window_.setAcceptDrops(true);
@@ -169,9 +171,12 @@ void BankCommands::saveScene(const QString& file) {
 }
 
 void BankCommands::restoreLatest() {
-    if (const auto bank = files_.newestOther())
-        showOutcome(files_.openBank(bank->file), tr("Brought back the earlier scenes"),
-                    tr("Bring Back Scenes"));
+    if (const auto entry = files_.newestOther())
+        bringBack(*entry, tr("Brought back the earlier scenes"));
+}
+
+void BankCommands::bringBack(const EarlierScenes::Entry& entry, const QString& done) {
+    showOutcome(StoreFiles::Opened{.kept = files_.bringBack(entry)}, done, tr("Bring Back Scenes"));
 }
 
 bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
@@ -215,19 +220,38 @@ void BankCommands::fillRecent() {
 
 void BankCommands::fillEarlier() {
     earlier_->clear();
-    for (const BackupStore::Bank& bank : files_.earlier().list()) {
-        const auto since =
-            std::chrono::floor<std::chrono::milliseconds>(bank.kept.time_since_epoch());
-        const auto time = QDateTime::fromMSecsSinceEpoch(since.count());
-        const QString when = QLocale().toString(time, tr("d MMMM yyyy, hh:mm:ss"));
-        QAction& action = *earlier_->addAction(when);
-        connect(&action, &QAction::triggered, this, [this, file = bank.file, when] {
-            showOutcome(files_.openBank(file), tr("Brought back the scenes of %1").arg(when),
-                        tr("Bring Back Scenes"));
-        });
+    qDeleteAll(earlier_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    const std::vector<EarlierScenes::Entry> entries = files_.earlier().list();
+    QMenu* menu = earlier_;
+    for (std::size_t place = 0; place < entries.size(); ++place) {
+        if (place > 0 && place % kMenuEntries == 0)
+            menu = &olderMenu(*menu);
+        addEarlier(*menu, entries[place]);
     }
     if (earlier_->isEmpty())
         earlier_->addAction(tr("None"))->setEnabled(false);
+}
+
+QMenu& BankCommands::olderMenu(QMenu& menu) {
+    QMenu& older = *menu.addMenu(tr("Older"));
+    older.setAccessibleName(older.title());
+    return older;
+}
+
+// The time, why they were kept, and the names of the scenes.
+void BankCommands::addEarlier(QMenu& menu, const EarlierScenes::Entry& entry) {
+    const auto since = std::chrono::floor<std::chrono::milliseconds>(entry.kept.time_since_epoch());
+    const QString when = QLocale().toString(QDateTime::fromMSecsSinceEpoch(since.count()),
+                                            tr("d MMMM yyyy, hh:mm:ss"));
+    QStringList names;
+    for (const std::string& name : entry.names())
+        names.append(shown(name));
+    QStringList parts{when, shown(reasonText(entry.occasion)), names.join(QStringLiteral(", "))};
+    parts.removeAll(QString());
+    QAction& action = *menu.addAction(inMenu(parts.join(QStringLiteral(" – "))));
+    connect(&action, &QAction::triggered, this, [this, entry, when] {
+        bringBack(entry, tr("Brought back the scenes of %1").arg(when));
+    });
 }
 
 bool BankCommands::eventFilter(QObject* watched, QEvent* event) {

@@ -62,6 +62,9 @@ private:
     void askForFile(const FileEntry& entry);
     void fillRecent();
     void fillEarlier();
+    static QMenu& olderMenu(QMenu& menu);
+    void addEarlier(QMenu& menu, const EarlierScenes::Entry& entry);
+    void bringBack(const EarlierScenes::Entry& entry, const QString& done);
     bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
                      const QString& step);
     [[nodiscard]] static QString openStep(const QString& file);

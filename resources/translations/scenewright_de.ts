@@ -221,6 +221,10 @@
         <source>Bring Back Scenes</source>
         <translation>Szenen zurückholen</translation>
     </message>
+    <message>
+        <source>Older</source>
+        <translation>Ältere</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -490,6 +494,33 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Earlier</name>
+    <message>
+        <source>before a read</source>
+        <translation>vor dem Lesen</translation>
+    </message>
+    <message>
+        <source>on the keyboard before a send</source>
+        <translation>auf dem Keyboard vor dem Senden</translation>
+    </message>
+    <message>
+        <source>on the keyboard before the send of {}</source>
+        <translation>auf dem Keyboard vor dem Senden von {}</translation>
+    </message>
+    <message>
+        <source>before a file was opened</source>
+        <translation>vor dem Öffnen einer Datei</translation>
+    </message>
+    <message>
+        <source>before opening {}</source>
+        <translation>vor dem Öffnen von {}</translation>
+    </message>
+    <message>
+        <source>before earlier scenes were brought back</source>
+        <translation>vor dem Zurückholen früherer Szenen</translation>
     </message>
 </context>
 <context>

@@ -221,6 +221,10 @@
         <source>Bring Back Scenes</source>
         <translation>Recuperar escenas</translation>
     </message>
+    <message>
+        <source>Older</source>
+        <translation>Anteriores</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -490,6 +494,33 @@
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Earlier</name>
+    <message>
+        <source>before a read</source>
+        <translation>antes de leer</translation>
+    </message>
+    <message>
+        <source>on the keyboard before a send</source>
+        <translation>en el teclado antes de enviar</translation>
+    </message>
+    <message>
+        <source>on the keyboard before the send of {}</source>
+        <translation>en el teclado antes de enviar {}</translation>
+    </message>
+    <message>
+        <source>before a file was opened</source>
+        <translation>antes de abrir un archivo</translation>
+    </message>
+    <message>
+        <source>before opening {}</source>
+        <translation>antes de abrir {}</translation>
+    </message>
+    <message>
+        <source>before earlier scenes were brought back</source>
+        <translation>antes de recuperar escenas anteriores</translation>
     </message>
 </context>
 <context>

@@ -221,6 +221,10 @@
         <source>Bring Back Scenes</source>
         <translation>Rétablir les scènes</translation>
     </message>
+    <message>
+        <source>Older</source>
+        <translation>Plus anciennes</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -490,6 +494,33 @@
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Earlier</name>
+    <message>
+        <source>before a read</source>
+        <translation>avant une lecture</translation>
+    </message>
+    <message>
+        <source>on the keyboard before a send</source>
+        <translation>sur le clavier avant un envoi</translation>
+    </message>
+    <message>
+        <source>on the keyboard before the send of {}</source>
+        <translation>sur le clavier avant l’envoi de {}</translation>
+    </message>
+    <message>
+        <source>before a file was opened</source>
+        <translation>avant l’ouverture d’un fichier</translation>
+    </message>
+    <message>
+        <source>before opening {}</source>
+        <translation>avant l’ouverture de {}</translation>
+    </message>
+    <message>
+        <source>before earlier scenes were brought back</source>
+        <translation>avant le rappel de scènes précédentes</translation>
     </message>
 </context>
 <context>

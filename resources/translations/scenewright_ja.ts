@@ -221,6 +221,10 @@
         <source>Bring Back Scenes</source>
         <translation>シーンを復元</translation>
     </message>
+    <message>
+        <source>Older</source>
+        <translation>以前のもの</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -490,6 +494,33 @@
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Earlier</name>
+    <message>
+        <source>before a read</source>
+        <translation>読み込みの前</translation>
+    </message>
+    <message>
+        <source>on the keyboard before a send</source>
+        <translation>送信前にキーボードにあったもの</translation>
+    </message>
+    <message>
+        <source>on the keyboard before the send of {}</source>
+        <translation>{} の送信前にキーボードにあったもの</translation>
+    </message>
+    <message>
+        <source>before a file was opened</source>
+        <translation>ファイルを開く前</translation>
+    </message>
+    <message>
+        <source>before opening {}</source>
+        <translation>{} を開く前</translation>
+    </message>
+    <message>
+        <source>before earlier scenes were brought back</source>
+        <translation>以前のシーンを戻す前</translation>
     </message>
 </context>
 <context>

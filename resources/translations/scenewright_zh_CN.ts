@@ -221,6 +221,10 @@
         <source>Bring Back Scenes</source>
         <translation>恢复场景</translation>
     </message>
+    <message>
+        <source>Older</source>
+        <translation>更早</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -490,6 +494,33 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Earlier</name>
+    <message>
+        <source>before a read</source>
+        <translation>读取之前</translation>
+    </message>
+    <message>
+        <source>on the keyboard before a send</source>
+        <translation>发送前键盘上的内容</translation>
+    </message>
+    <message>
+        <source>on the keyboard before the send of {}</source>
+        <translation>发送 {} 前键盘上的内容</translation>
+    </message>
+    <message>
+        <source>before a file was opened</source>
+        <translation>打开文件之前</translation>
+    </message>
+    <message>
+        <source>before opening {}</source>
+        <translation>打开 {} 之前</translation>
+    </message>
+    <message>
+        <source>before earlier scenes were brought back</source>
+        <translation>恢复先前场景之前</translation>
     </message>
 </context>
 <context>

@@ -32,7 +32,7 @@ protected:
     // What is shown of the notices.
     [[nodiscard]] QString notice() const { return window_->notices().text(); }
     NoticeBar& notices() { return window_->notices(); }
-    [[nodiscard]] const BackupStore& earlier() const { return earlier_; }
+    [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
     [[nodiscard]] QString file(const char* name) const;
     // The stored record of a control, 1 to 45, of the first scene.
     static ButtonValue& record(std::int32_t control);
@@ -47,7 +47,7 @@ protected:
     std::shared_ptr<VirtualHost> host;
 
 private:
-    BackupStore earlier_{folder.path() / "backups"};
+    EarlierScenes earlier_{folder.path() / "backups"};
     MainLoop loop_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<QuitController> quit_;

@@ -222,7 +222,7 @@ TEST_F(DeviceVerificationTest, ThatASendWasVerifiedIsSaidUntilTheFirstEdit) {
     waitForSend();
     ASSERT_EQ(notice(), kSame);
     choose(kPad);
-    const std::int32_t before = record(kPad).CR();
+    const auto before = record(kPad).CR();
     QTest::keyClick(&window().panes().popUp("padCR"), Qt::Key_Up);
     EXPECT_NE(record(kPad).CR(), before);
     EXPECT_EQ(notice(), "");

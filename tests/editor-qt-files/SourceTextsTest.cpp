@@ -154,7 +154,9 @@ TEST_F(SourceTextsTest, WhatKeepsTheEarlierScenesFromBeingKept) {
     writeBytes(folder.file("backups"), {});
     open();
     const QString bank = bankWithRed("other.bank", 1);
+    record(kPad).setCR(2);
     commands().banks().openBank(bank);
+    EXPECT_TRUE(notice().contains("backups"));
     expectTold(notice(), {"other.bank", "backups", "Not a directory", "File exists"});
 }
 

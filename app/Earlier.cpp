@@ -1,0 +1,262 @@
+#include "app/Earlier.h"
+
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "platform/AtomicFile.h"
+#include "platform/Resources.h"
+#include "platform/Text.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <ctime>
+#include <string_view>
+
+namespace scenewright {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using std::chrono::milliseconds;
+using Reason = EarlierScenes::Reason;
+using Time = EarlierScenes::Clock::time_point;
+
+// The time in UTC, so that names sort by it: "scenes-20260131T235959.123Z.json". A file that ends
+// in ".bank" was kept by a version that wrote the image alone.
+constexpr std::string_view kBeforeTime = "scenes-";
+constexpr std::string_view kEnding = "Z.json";
+constexpr std::string_view kImageEnding = "Z.bank";
+constexpr const char* kTimeForm = "%Y%m%dT%H%M%S";
+
+constexpr std::string_view kFormat = "scenewright-earlier";
+constexpr std::size_t kFileBytes = 65536; // a file has some 2500
+
+struct ReasonRow {
+    Reason reason;
+    const char* word; // in the file
+    SourceText alone;
+    SourceText ofSubject;
+};
+
+constexpr std::array<ReasonRow, 5> kReasons{{
+    {Reason::Unknown, "unknown", {}, {}},
+    {Reason::Read, "read", sourceText("scenewright::Earlier", "before a read"),
+     sourceText("scenewright::Earlier", "before a read")},
+    {Reason::Send, "send", sourceText("scenewright::Earlier", "on the keyboard before a send"),
+     sourceText("scenewright::Earlier", "on the keyboard before the send of {}")},
+    {Reason::Opening, "opening", sourceText("scenewright::Earlier", "before a file was opened"),
+     sourceText("scenewright::Earlier", "before opening {}")},
+    {Reason::BringingBack, "bringing-back",
+     sourceText("scenewright::Earlier", "before earlier scenes were brought back"),
+     sourceText("scenewright::Earlier", "before earlier scenes were brought back")},
+}};
+
+std::string nameFor(Time time, std::string_view ending) {
+    const auto sinceEpoch = std::chrono::floor<milliseconds>(time.time_since_epoch());
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+    const std::tm utc = fmt::gmtime(static_cast<std::time_t>(seconds.count()));
+    return fmt::format("{}{:%Y%m%dT%H%M%S}.{:03}{}", kBeforeTime, utc,
+                       (sinceEpoch - seconds).count(), ending);
+}
+
+// Nothing for a name that nameFor() does not give.
+std::optional<Time> timeOf(const std::string& name, std::string_view ending) {
+    if (!name.starts_with(kBeforeTime) || !name.ends_with(ending))
+        return std::nullopt;
+    std::tm utc{};
+    const char* end = strptime(name.c_str() + kBeforeTime.size(), kTimeForm, &utc);
+    if (end == nullptr || *end != '.')
+        return std::nullopt;
+    const Time time = EarlierScenes::Clock::from_time_t(timegm(&utc)) +
+                      milliseconds(std::strtol(end + 1, nullptr, 10));
+    return nameFor(time, ending) == name ? std::optional(time) : std::nullopt;
+}
+
+std::string fileText(const BankImage& image, const EarlierScenes::Occasion& occasion) {
+    using Json = nlohmann::ordered_json;
+    const auto* const row = std::ranges::find(kReasons, occasion.reason, &ReasonRow::reason);
+    const Json file{{"format", kFormat},
+                    {"version", 1},
+                    {"reason", row->word},
+                    {"subject", occasion.subject},
+                    {"keyboard", occasion.keyboard},
+                    {"image", fmt::format("{:02x}", fmt::join(image, ""))}};
+    // A file's or a keyboard's name is whatever it is, valid or not.
+    return file.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string textAt(const nlohmann::json& object, const char* key) {
+    const auto found = object.find(key);
+    return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
+std::optional<FileContent> bytesOf(std::string_view digits) {
+    FileContent bytes(digits.size() / 2);
+    for (std::size_t place = 0; place < bytes.size(); ++place) {
+        const char* const first = digits.data() + 2 * place;
+        if (std::from_chars(first, first + 2, bytes[place], 16).ptr != first + 2)
+            return std::nullopt;
+    }
+    return bytes;
+}
+
+struct Content {
+    FileContent image;
+    EarlierScenes::Occasion occasion;
+};
+
+std::optional<Content> contentOf(const FileContent& bytes, std::string_view ending) {
+    if (ending == kImageEnding)
+        return Content{bytes, {}};
+    const auto file = nlohmann::json::parse(bytes, nullptr, false);
+    if (!file.is_object() || textAt(file, "format") != kFormat)
+        return std::nullopt;
+    auto image = bytesOf(textAt(file, "image"));
+    if (!image)
+        return std::nullopt;
+    Content content{std::move(*image),
+                    {.subject = textAt(file, "subject"), .keyboard = textAt(file, "keyboard")}};
+    const auto* const row = std::ranges::find(kReasons, textAt(file, "reason"), &ReasonRow::word);
+    if (row != kReasons.end())
+        content.occasion.reason = row->reason;
+    return content;
+}
+
+// Nothing for another file, and for one that is damaged.
+std::optional<EarlierScenes::Entry> readEntry(const fs::path& file) {
+    for (const std::string_view ending : {kEnding, kImageEnding}) {
+        const auto time = timeOf(file.filename().string(), ending);
+        const auto bytes = time ? readFile(file, kFileBytes) : Result<FileContent>{};
+        const auto content = time && bytes ? contentOf(*bytes, ending) : std::nullopt;
+        if (!content || !readBankImage(content->image))
+            continue;
+        EarlierScenes::Entry entry{.file = file, .kept = *time, .occasion = content->occasion};
+        std::ranges::copy(content->image, entry.image.begin());
+        return entry;
+    }
+    return std::nullopt;
+}
+
+struct Band {
+    std::chrono::hours age; // from which on
+    std::chrono::hours each;
+};
+
+constexpr std::chrono::hours kDay{24};
+constexpr std::chrono::hours kWeek = 7 * kDay;
+constexpr std::array kBands{Band{8 * kWeek, kWeek}, Band{kWeek, kDay},
+                            Band{kDay, std::chrono::hours{1}}};
+
+// Whether one of them is enough, the later one.
+bool isOfOnePeriod(Time time, Time later, Time now) {
+    const auto* const band =
+        std::ranges::find_if(kBands, [&](const Band& row) { return now - time >= row.age; });
+    return band != kBands.end() &&
+           time.time_since_epoch() / band->each == later.time_since_epoch() / band->each;
+}
+
+BankImage defaultImage() {
+    return encodeBank(WindowAction::defaultScenes());
+}
+
+} // namespace
+
+SceneList EarlierScenes::Entry::scenes() const {
+    return readBankImage(image).value_or(SceneList{});
+}
+
+std::vector<std::string> EarlierScenes::Entry::names() const {
+    std::vector<std::string> names;
+    for (const auto& scene : scenes())
+        names.push_back(displayName(scene->commonValue()->SceneName()));
+    return names;
+}
+
+std::optional<fs::path> EarlierScenes::stateFolder() {
+    if (const auto state = xdgFolder(XdgFolder::State))
+        return *state / "backups";
+    return std::nullopt;
+}
+
+Result<bool> EarlierScenes::keep(const BankImage& image, const Occasion& occasion,
+                                 Clock::time_point now) const {
+    if (image == defaultImage())
+        return false;
+    if (!folder_)
+        return failure("there is no home folder to keep them in");
+    const std::vector<Entry> kept = list();
+    if (!kept.empty() && kept.front().image == image)
+        return true;
+    std::error_code error;
+    fs::create_directories(*folder_, error);
+    if (error)
+        return failure(fmt::format("{}: {}", folder_->string(), error.message()));
+    // A clock that was set back, or that has not moved, must not put the newest entry elsewhere.
+    if (!kept.empty())
+        now = std::max(now, kept.front().kept + milliseconds(1));
+    const std::string text = fileText(image, occasion);
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    if (const auto replaced = replaceFile(*folder_ / nameFor(now, kEnding), bytes); !replaced)
+        return failure(replaced.error());
+    thin(now);
+    return true;
+}
+
+std::vector<EarlierScenes::Entry> EarlierScenes::list() const {
+    std::vector<Entry> entries;
+    std::error_code error;
+    if (!folder_)
+        return entries;
+    for (fs::directory_iterator file(*folder_, error), end; !error && file != end;
+         file.increment(error))
+        if (auto entry = readEntry(file->path()))
+            entries.push_back(std::move(*entry));
+    std::ranges::sort(entries, std::ranges::greater(), &Entry::kept);
+    return entries;
+}
+
+std::vector<bool> EarlierScenes::dropped(std::span<const Clock::time_point> newestFirst,
+                                         Clock::time_point now) {
+    std::vector<bool> dropped;
+    std::optional<Time> later;
+    for (const Time time : newestFirst) {
+        dropped.push_back(later && isOfOnePeriod(time, *later, now));
+        if (!dropped.back())
+            later = time;
+    }
+    return dropped;
+}
+
+// Two that hold the same may be neighbours only once what was between them has gone.
+void EarlierScenes::thin(Clock::time_point now) const {
+    const std::vector<Entry> entries = list();
+    std::vector<Time> times;
+    for (const Entry& entry : entries)
+        times.push_back(entry.kept);
+    const std::vector<bool> isDropped = dropped(times, now);
+    const Entry* later = nullptr;
+    std::error_code error;
+    for (std::size_t place = 0; place < entries.size(); ++place) {
+        const Entry& entry = entries[place];
+        if (isDropped[place] || (later != nullptr && later->image == entry.image))
+            fs::remove(entry.file, error);
+        else
+            later = &entry;
+    }
+}
+
+std::string reasonText(const EarlierScenes::Occasion& occasion) {
+    const auto* const row = std::ranges::find(kReasons, occasion.reason, &ReasonRow::reason);
+    if (row->reason == Reason::Unknown)
+        return {};
+    return occasion.subject.empty() ? translated(row->alone)
+                                    : translated(row->ofSubject, readableText(occasion.subject));
+}
+
+} // namespace scenewright
