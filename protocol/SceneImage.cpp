@@ -72,23 +72,24 @@ void writeName(const SceneValue& scene, SceneImage& image) {
 }
 
 void parseBlock(const Block& block, std::span<const std::uint8_t> images, std::size_t base,
-                const SceneValue& scene) {
+                const SceneValue& scene, bool logged) {
     for (std::int32_t k = 0; k < block.count; ++k) {
         const std::size_t position = base + block.offset + static_cast<std::size_t>(k);
         const std::int32_t index =
             ValueAction::GetFrom127WirhChar(static_cast<std::int8_t>(images[position]));
         block.setting->write(scene, k, index);
-        if (block.setting->kind() == ControlKind::Group)
+        if (logged && block.setting->kind() == ControlKind::Group)
             Diagnostics::log("index------>%d:%d", position, index);
     }
 }
 
-std::shared_ptr<SceneValue> parseScene(std::span<const std::uint8_t> images, std::size_t base) {
+std::shared_ptr<SceneValue> parseSceneAt(std::span<const std::uint8_t> images, std::size_t base,
+                                         bool logged) {
     auto scene = blankScene();
     const auto name = images.subspan(base, kNameSize);
     scene->commonValue()->setSceneName(std::string(name.begin(), name.end()));
     for (const Block& block : kLayout)
-        parseBlock(block, images, base, *scene);
+        parseBlock(block, images, base, *scene, logged);
     return scene;
 }
 
@@ -124,8 +125,12 @@ SceneImage encodeScene(const SceneValue& scene) {
 SceneList parseScenes(std::span<const std::uint8_t> images) {
     SceneList scenes;
     for (std::size_t base = 0; images.size() - base >= kSceneImageSize; base += kSceneImageSize)
-        scenes.push_back(parseScene(images, base));
+        scenes.push_back(parseSceneAt(images, base, true));
     return scenes;
+}
+
+std::shared_ptr<SceneValue> sceneFrom(std::span<const std::uint8_t, kSceneImageSize> image) {
+    return parseSceneAt(image, 0, false);
 }
 
 } // namespace scenewright

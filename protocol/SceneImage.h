@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 
 namespace scenewright {
@@ -29,6 +30,9 @@ using BankImage = std::array<std::uint8_t, kBankSize>;
 // setting byte from 0x80 up reads as 0; the name keeps its 12 bytes whatever they are. Fields
 // that a kind does not carry are kFieldAbsent. Logs one line a group control.
 [[nodiscard]] SceneList parseScenes(std::span<const std::uint8_t> images);
+// One of them, without a line.
+[[nodiscard]] std::shared_ptr<SceneValue>
+sceneFrom(std::span<const std::uint8_t, kSceneImageSize> image);
 
 // Sets every field but the identifier to kFieldAbsent: what a control is before its kind's fields
 // are read into it.

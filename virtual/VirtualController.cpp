@@ -121,6 +121,10 @@ bool VirtualController::isHalted(Pipe pipe) const noexcept {
     return pipe == Pipe::In ? now_.isInHalted : now_.isOutHalted;
 }
 
+bool VirtualController::isConversing() const noexcept {
+    return now_.state != State::Idle || !now_.replies.empty() || now_.isSilent;
+}
+
 void VirtualController::clearHalt(Pipe pipe) noexcept {
     (pipe == Pipe::In ? now_.isInHalted : now_.isOutHalted) = false;
 }
@@ -138,6 +142,7 @@ void VirtualController::order(FaultPlan faults) {
 void VirtualController::take(const Packet& packet) {
     if (packet == packets::kHandshakeRequest) {
         now_.replies.clear();
+        now_.isSilent = false;
         now_.state = State::Requested;
     } else if (now_.state == State::Announcing && isCommand(packet)) {
         takeBlockCount(packet);
@@ -230,8 +235,10 @@ void VirtualController::answerReadNext() {
 
 void VirtualController::reply(Transfer transfer) {
     const auto limit = faultCount(Fault::Kind::NoAnswer);
-    if (limit && now_.counts.repliesQueued >= *limit)
+    if (limit && now_.counts.repliesQueued >= *limit) {
+        now_.isSilent = true;
         return;
+    }
     ++now_.counts.repliesQueued;
     now_.replies.push_back(std::move(transfer));
 }

@@ -65,6 +65,9 @@ public:
     // A pipe that halts carries nothing until the halt is cleared.
     [[nodiscard]] bool isHalted(Pipe pipe) const noexcept;
     void clearHalt(Pipe pipe) noexcept;
+    // From a handshake request to the end of what follows it, and as long as an answer is unread or
+    // will never come.
+    [[nodiscard]] bool isConversing() const noexcept;
     // False after an unplug, until reset().
     [[nodiscard]] bool isPresent() const noexcept { return isPresent_; }
 
@@ -122,6 +125,7 @@ private:
         std::uint32_t blocksDone = 0;
         bool isInHalted = false;
         bool isOutHalted = false;
+        bool isSilent = false; // an answer was left out
         Counts counts;
     };
 

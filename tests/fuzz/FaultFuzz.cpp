@@ -1,7 +1,7 @@
 // The faults that the virtual controller is ordered to have, at its start or while it runs: taken
 // ones mean what they say, refused ones are told in one sentence.
 #include "tests/fuzz/Checks.h"
-#include "virtual/usbip/Server.h"
+#include "virtual/usbip/Commands.h"
 
 #include <fmt/format.h>
 
@@ -26,6 +26,13 @@ void checkCommand(std::string_view line) {
         return;
     }
     check(command->kind == Kind::Faults || command->faults.empty(), "a command of two kinds");
+    if (command->kind != Kind::Play)
+        return;
+    Playing playing;
+    const BankImage bank{};
+    playing.take(command->play, bank, {});
+    playing.advance(bank, PlayingTime(command->play.time));
+    check(!playing.next(), "a slide lasts longer than its time");
 }
 
 } // namespace

@@ -110,6 +110,8 @@ constexpr std::uint16_t fieldAt(const Setup& setup, std::size_t offset) {
 constexpr std::size_t kMaxWaiting = 256; // IN transfers; a host's driver keeps fewer than ten
 // Replies that no IN transfer has fetched: twice those of a whole bank.
 constexpr std::size_t kMaxReplies = 2048;
+constexpr std::size_t kMaxPlayed = 256; // transfers that a host is behind
+constexpr std::size_t kPacketsPerTransfer = kPacketSize / sizeof(Packet);
 
 UrbStatus statusOf(VirtualController::WriteResult result) {
     switch (result) {
@@ -299,6 +301,7 @@ Result<void> BusDevice::submit(const SubmitCommand& command, ByteView data) {
         if (waiting_.size() == kMaxWaiting)
             return failure("more waiting transfers than the device has room for");
         waiting_.push_back(command);
+        isListening_ = isListening_ || !controller_.isConversing();
     } else if (hasPipes_ && !command.isIn && command.endpoint == kOutEndpoint) {
         bulkOut(command, data);
     } else {
@@ -318,7 +321,30 @@ bool BusDevice::unlink(std::uint32_t sequence) {
     if (found == waiting_.end())
         return false;
     waiting_.erase(found);
+    stopListening();
     return true;
+}
+
+bool BusDevice::play(std::span<const Packet> packets) {
+    if (!isListening_)
+        return false;
+    while (!packets.empty()) {
+        if (played_.size() == kMaxPlayed)
+            return false;
+        const auto count = std::min(packets.size(), kPacketsPerTransfer);
+        Bytes transfer;
+        for (const Packet& packet : packets.first(count))
+            transfer.insert(transfer.end(), packet.begin(), packet.end());
+        played_.push_back(std::move(transfer));
+        packets = packets.subspan(count);
+        fill();
+    }
+    return true;
+}
+
+void BusDevice::stopListening() {
+    isListening_ = false;
+    played_.clear();
 }
 
 std::vector<Completion> BusDevice::takeCompletions() {
@@ -341,6 +367,8 @@ void BusDevice::control(const SubmitCommand& command) {
 
 void BusDevice::bulkOut(const SubmitCommand& command, ByteView data) {
     const UrbStatus status = statusOf(controller_.receive(data));
+    if (controller_.isConversing())
+        stopListening();
     if (sendsSeen_ != controller_.sendsEnded() && sendEnded_)
         sendEnded_(controller_.bank());
     sendsSeen_ = controller_.sendsEnded();
@@ -355,16 +383,27 @@ void BusDevice::fill() {
         const SubmitCommand command = waiting_.front();
         if (controller_.isHalted(VirtualController::Pipe::In)) {
             complete(command, UrbStatus::Stall);
-        } else if (auto reply = controller_.nextReply()) {
-            const bool fits = reply->size() <= command.length;
-            const auto moved = fits ? static_cast<std::uint32_t>(reply->size()) : 0;
+        } else if (auto data = nextIn()) {
+            const bool fits = data->size() <= command.length;
+            const auto moved = fits ? static_cast<std::uint32_t>(data->size()) : 0;
             complete(command, fits ? UrbStatus::Ok : UrbStatus::Overflow, moved,
-                     fits ? std::move(*reply) : Bytes{});
+                     fits ? std::move(*data) : Bytes{});
         } else {
             return;
         }
         waiting_.pop_front();
     }
+}
+
+// What is played waits only outside a conversation.
+std::optional<Bytes> BusDevice::nextIn() {
+    if (auto reply = controller_.nextReply())
+        return reply;
+    if (played_.empty())
+        return std::nullopt;
+    Bytes transfer = std::move(played_.front());
+    played_.pop_front();
+    return transfer;
 }
 
 void BusDevice::complete(const SubmitCommand& command, UrbStatus status, std::uint32_t moved,

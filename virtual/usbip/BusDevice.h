@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace scenewright::usbip {
@@ -102,6 +103,11 @@ public:
     [[nodiscard]] Result<void> submit(const SubmitCommand& command, ByteView data);
     // Takes a waiting transfer back; false when there is none of that number.
     bool unlink(std::uint32_t sequence);
+    // Puts what is played on the bulk IN pipe, in one transfer for as many packets as one holds.
+    // False, and it is dropped, unless a host waits for it: one that has asked for IN transfers
+    // outside a conversation, and has neither taken one back nor begun a conversation since; and
+    // when the host does not keep up.
+    bool play(std::span<const Packet> packets);
     // The transfers that have ended, in the order of their ends.
     [[nodiscard]] std::vector<Completion> takeCompletions();
 
@@ -112,6 +118,8 @@ private:
     void control(const SubmitCommand& command);
     void bulkOut(const SubmitCommand& command, ByteView data);
     void fill(); // gives waiting IN transfers what the controller has
+    [[nodiscard]] std::optional<Bytes> nextIn();
+    void stopListening();
     void complete(const SubmitCommand& command, UrbStatus status, std::uint32_t moved = 0,
                   Bytes data = {});
 
@@ -121,6 +129,8 @@ private:
     bool hasPipes_;
     ControlEndpoint control_;
     std::deque<SubmitCommand> waiting_; // IN transfers, oldest first
+    bool isListening_ = false;
+    std::deque<Bytes> played_; // transfers that wait for an IN transfer; empty unless it listens
     std::vector<Completion> completions_;
 };
 

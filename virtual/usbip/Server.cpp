@@ -1,6 +1,6 @@
 #include "virtual/usbip/Server.h"
 
-#include "platform/Text.h"
+#include "model/MidiMessage.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +10,6 @@
 #include <csignal>
 #include <cstdint>
 #include <malloc.h>
-#include <sstream>
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/signalfd.h>
@@ -23,21 +22,6 @@ namespace scenewright::usbip {
 
 namespace {
 
-constexpr std::size_t kMaxLine = 4096; // bytes
-constexpr std::string_view kCommands = "those are faults, unplug and plug";
-
-Result<ServerCommand> parseFaults(std::istream& words) {
-    ServerCommand command{ServerCommand::Kind::Faults, {}};
-    std::string word;
-    while (words >> word) {
-        const auto fault = parseFault(word);
-        if (!fault)
-            return failure(fault.error());
-        command.faults.push_back(*fault);
-    }
-    return command;
-}
-
 using std::chrono::milliseconds;
 
 constexpr std::size_t kReadSize = 16384;
@@ -48,6 +32,7 @@ constexpr std::size_t kOtherDescriptors = 14;
 constexpr int kPortAttempts = 100;
 constexpr milliseconds kPortPause{20};
 constexpr milliseconds kListenPause{200}; // when the system has no room for a connection
+constexpr milliseconds kNoTimeout = milliseconds::max();
 constexpr milliseconds kSavingPause{100}; // in case that the end of a saving cannot be told
 // The fixed places of the poll set; connections follow.
 constexpr std::size_t kSignalPlace = 0;
@@ -90,49 +75,6 @@ bool isPast(Moment moment) {
 }
 
 } // namespace
-
-Result<ServerCommand> parseCommand(std::string_view line) {
-    std::istringstream words{std::string(line)};
-    std::string verb;
-    std::string rest;
-    words >> verb;
-    if (verb == "faults")
-        return parseFaults(words);
-    if (verb == "unplug" && !(words >> rest))
-        return ServerCommand{ServerCommand::Kind::Unplug, {}};
-    if (verb == "plug" && !(words >> rest))
-        return ServerCommand{ServerCommand::Kind::Plug, {}};
-    return failure(fmt::format("'{}' is no order: {}", readableText(line), kCommands));
-}
-
-std::vector<Result<ServerCommand>> CommandReader::take() {
-    std::array<char, kMaxLine> room{};
-    const ssize_t count = ::read(descriptor_, room.data(), room.size());
-    std::vector<Result<ServerCommand>> commands;
-    for (ssize_t place = 0; place < count; ++place) {
-        const char letter = room[static_cast<std::size_t>(place)];
-        if (letter == '\n')
-            commands.push_back(endLine());
-        else if (begun_.size() < kMaxLine)
-            begun_ += letter;
-        else
-            isTooLong_ = true;
-    }
-    if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
-        descriptor_ = -1;
-        if (!begun_.empty())
-            commands.push_back(endLine());
-    }
-    return commands;
-}
-
-Result<ServerCommand> CommandReader::endLine() {
-    const std::string line = std::exchange(begun_, {});
-    if (std::exchange(isTooLong_, false))
-        return failure(
-            fmt::format("a line of more than {} bytes is no order: {}", kMaxLine, kCommands));
-    return parseCommand(line);
-}
 
 pollfd Connection::place() {
     if (session_.isHeld())
@@ -228,6 +170,7 @@ Result<void> Server::run() {
                 execute(command);
         if (plugIn_ && isPast(plugIn_->next))
             tryPlugIn();
+        put(state_.playing.advance(state_.controller.bank(), std::chrono::steady_clock::now()));
     }
     connections_.clear();
     return {};
@@ -246,11 +189,18 @@ std::vector<pollfd> Server::pollSet() {
 }
 
 int Server::pollTimeout() const {
-    if (plugIn_)
-        return static_cast<int>(kPortPause.count());
+    milliseconds timeout = kNoTimeout;
+    if (listenAgain_)
+        timeout = std::min(timeout, kListenPause);
     if (state_.saver.isSaving())
-        return static_cast<int>(kSavingPause.count());
-    return listenAgain_ ? static_cast<int>(kListenPause.count()) : -1;
+        timeout = std::min(timeout, kSavingPause);
+    if (plugIn_)
+        timeout = std::min(timeout, kPortPause);
+    if (const auto next = state_.playing.next())
+        timeout = std::min(
+            timeout, std::max(milliseconds(0), std::chrono::ceil<milliseconds>(
+                                                   *next - std::chrono::steady_clock::now())));
+    return timeout == kNoTimeout ? -1 : static_cast<int>(timeout.count());
 }
 
 // The set has the connections in their order; ones made since have no place in it yet.
@@ -367,7 +317,35 @@ void Server::execute(const Result<ServerCommand>& command) {
     case ServerCommand::Kind::Plug:
         plugInAgain();
         break;
+    case ServerCommand::Kind::Play:
+        play(command->play);
+        break;
     }
+}
+
+void Server::play(const PlayOrder& order) {
+    const auto packets =
+        state_.playing.take(order, state_.controller.bank(), std::chrono::steady_clock::now());
+    if (order.kind == PlayOrder::Kind::Scene) {
+        log_(fmt::format("plays scene {}", order.number));
+    } else if (order.kind == PlayOrder::Kind::Slide) {
+        log_("slides");
+    } else {
+        std::string played;
+        for (const Packet& packet : packets)
+            played += (played.empty() ? "" : "; ") +
+                      messageText({packet[1], packet[2], packet[3]}, nullptr);
+        log_(fmt::format("played {}{}", played.empty() ? "nothing" : played,
+                         put(packets) ? "" : ", and nobody listens"));
+    }
+}
+
+bool Server::put(std::span<const Packet> packets) {
+    if (packets.empty())
+        return true;
+    const auto attached = std::ranges::find_if(
+        connections_, [](const Connection& each) { return each.session().isAttached(); });
+    return attached != connections_.end() && attached->session().play(packets);
 }
 
 } // namespace scenewright::usbip

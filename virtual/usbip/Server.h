@@ -10,6 +10,7 @@
 
 #include "platform/Result.h"
 #include "virtual/VirtualController.h"
+#include "virtual/usbip/Commands.h"
 #include "virtual/usbip/Session.h"
 #include "virtual/usbip/Sockets.h"
 
@@ -25,37 +26,6 @@
 
 namespace scenewright::usbip {
 
-// What is done to the controller while it runs, said in lines of text: "faults KIND:N ..." (in
-// place of those there are; none after the word ends them), "unplug", "plug".
-struct ServerCommand {
-    enum class Kind : std::uint8_t { Faults, Unplug, Plug };
-    Kind kind = Kind::Faults;
-    FaultPlan faults;
-    friend bool operator==(const ServerCommand&, const ServerCommand&) = default;
-};
-
-[[nodiscard]] Result<ServerCommand> parseCommand(std::string_view line);
-
-// The commands that come from a descriptor, which stays the caller's.
-class CommandReader {
-public:
-    // -1 gives none ever.
-    explicit CommandReader(int descriptor = -1) : descriptor_(descriptor) {}
-
-    // To be waited for; -1 once the input has ended.
-    [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
-    // What the lines say that are whole after one read; blocks unless the descriptor is ready. The
-    // end of the input ends its last line.
-    [[nodiscard]] std::vector<Result<ServerCommand>> take();
-
-private:
-    [[nodiscard]] Result<ServerCommand> endLine();
-
-    int descriptor_;
-    std::string begun_; // a line whose end has not come
-    bool isTooLong_ = false;
-};
-
 void blockServerSignals();
 
 // A session on its socket: moves bytes between the two without ever blocking.
@@ -69,6 +39,7 @@ public:
     // Does what the events allow. False when the connection has ended.
     [[nodiscard]] bool serve(short events);
 
+    [[nodiscard]] Session& session() noexcept { return session_; }
     [[nodiscard]] const Session& session() const noexcept { return session_; }
 
 private:
@@ -112,6 +83,9 @@ private:
     void tryPlugIn();
     void unplug();
     void execute(const Result<ServerCommand>& command);
+    void play(const PlayOrder& order);
+    // False when nobody listens.
+    bool put(std::span<const Packet> packets);
 
     // The kernel takes a moment to free its port after an unplug.
     struct PlugIn {

@@ -94,6 +94,13 @@ void Session::receive(ByteView bytes) {
     }
 }
 
+bool Session::play(std::span<const Packet> packets) {
+    if (!isAttached() || state_ != State::Open || !device_->play(packets))
+        return false;
+    answerCompletions();
+    return true;
+}
+
 bool Session::takeMessage() {
     return isAttached() ? takeCommand() : takeOperation();
 }
@@ -141,6 +148,7 @@ void Session::import(const std::string& busId) {
 void Session::attach() {
     server_.isTaken = true;
     server_.controller.reset();
+    server_.playing.reset();
     device_ =
         std::make_unique<BusDevice>(server_.controller, server_.identity,
                                     [this](const BankImage& bank) { server_.saver.save(bank); });

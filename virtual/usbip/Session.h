@@ -4,10 +4,12 @@
 // reason, unplugs the device from that host. One thread.
 #pragma once
 
+#include "virtual/Playing.h"
 #include "virtual/usbip/BackgroundFiles.h"
 #include "virtual/usbip/BusDevice.h"
 
 #include <memory>
+#include <span>
 #include <string>
 
 namespace scenewright::usbip {
@@ -22,6 +24,7 @@ struct ServerState {
     VirtualIdentity identity;
     LineSink trace;       // one line a transfer that ended; may be empty
     bool isTaken = false; // by a connection, which gives it back at its end
+    Playing playing{};    // of the controller, by orders
 };
 
 // Device 2 on bus 1 under the bus id "1-1", for want of a bus.
@@ -63,6 +66,8 @@ public:
 
     // Takes bytes in pieces of any size. Nothing once the session is not open any more.
     void receive(ByteView bytes);
+    // As BusDevice::play(); false also while it is not attached.
+    bool play(std::span<const Packet> packets);
     // What is to be sent, in order; the caller removes what it has sent.
     [[nodiscard]] Bytes& output() noexcept { return output_; }
     // Whether the output must wait: a host learns that a send has ended when it is kept.

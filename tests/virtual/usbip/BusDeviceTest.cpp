@@ -3,8 +3,11 @@
 #include "tests/virtual/ControllerDriver.h"
 #include "virtual/usbip/Session.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace scenewright::usbip {
 namespace {
@@ -53,6 +56,8 @@ protected:
         in(5);
         ended();
     }
+
+    bool play(const Packet& packet) { return device->play({&packet, 1}); }
 
     using Lines = std::vector<std::string>;
     VirtualController controller{countingBank()};
@@ -202,6 +207,74 @@ TEST_F(BusDeviceTest, MoreUnreadRepliesThanThereIsRoomForAreRefused) {
                                         Bytes{0x09, 0x9C, 0x01, 0x06});
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error(), "more unread replies than the device has room for");
+}
+
+constexpr Packet kPlayed{0x09, 0x99, 0x26, 0x64};
+constexpr Packet kPlayedAfter{0x08, 0x89, 0x26, 0x00};
+constexpr const char* kPlayedLine = " ep1 in ok 4: 09 99 26 64";
+
+TEST_F(BusDeviceTest, WhatIsPlayedGoesToTheHostThatWaitsForIt) {
+    in(1);
+    EXPECT_TRUE(play(kPlayed));
+    EXPECT_EQ(ended(), Lines{"1" + std::string(kPlayedLine)});
+    EXPECT_TRUE(play(kPlayed)) << "its next transfer has not come yet";
+    EXPECT_TRUE(play(kPlayedAfter));
+    in(2);
+    in(3);
+    EXPECT_EQ(ended(), (Lines{"2" + std::string(kPlayedLine), "3 ep1 in ok 4: 08 89 26 00"}));
+}
+
+TEST_F(BusDeviceTest, OneTransferCarriesAsManyPacketsAsItHolds) {
+    in(1);
+    in(2);
+    EXPECT_TRUE(device->play(std::vector<Packet>(17, kPlayed)));
+    const auto lines = ended();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_TRUE(lines[0].starts_with("1 ep1 in ok 64: 09 99 26 64 09 99"));
+    EXPECT_EQ(lines[1], "2" + std::string(kPlayedLine));
+}
+
+TEST_F(BusDeviceTest, WhatIsPlayedIsDroppedWhenNobodyListens) {
+    EXPECT_FALSE(play(kPlayed));
+    in(1);
+    in(2);
+    ended();
+    ASSERT_TRUE(device->unlink(2));
+    EXPECT_FALSE(play(kPlayed));
+    EXPECT_EQ(ended(), Lines{});
+    in(3);
+    EXPECT_EQ(ended(), Lines{}) << "nothing has been kept";
+}
+
+TEST_F(BusDeviceTest, HostThatFallsBehindLosesWhatItHasNoRoomFor) {
+    in(1);
+    for (int transfer = 0; transfer < 257; ++transfer)
+        ASSERT_TRUE(play(kPlayed));
+    EXPECT_FALSE(play(kPlayed));
+}
+
+// Before each step of a read, between it and its answer, and when an answer never comes.
+TEST_F(BusDeviceTest, WhatIsPlayedNeverComesIntoAConversation) {
+    for (const bool isSilent : {false, true}) {
+        plugIn(isSilent ? FaultPlan{{Fault::Kind::NoAnswer, 0}} : FaultPlan{});
+        in(1);
+        EXPECT_TRUE(play(kPlayed));
+        EXPECT_TRUE(play(kPlayedAfter)) << "waits, and the read drops it";
+        ended();
+        std::uint32_t sequence = 10;
+        for (const std::uint8_t step : std::to_array<std::uint8_t>({2, 0x7E, 4, 6, 5})) {
+            out(sequence++,
+                step == 0x7E ? Bytes{0x09, 0x9C, 0x7E, 0x7D} : Bytes{0x09, 0x9C, 0x01, step});
+            EXPECT_FALSE(play(kPlayed)) << int{step};
+            in(sequence++);
+            EXPECT_EQ(play(kPlayed), !isSilent && step == 0x05) << int{step};
+        }
+        Lines played;
+        for (const std::string& line : ended())
+            if (line.ends_with(kPlayedLine))
+                played.push_back(line);
+        EXPECT_EQ(played.size(), isSilent ? 0U : 1U);
+    }
 }
 
 TEST_F(BusDeviceTest, EachSendIsToldOnceAtItsEndWithTheWholeBank) {

@@ -1,4 +1,4 @@
-#include "virtual/usbip/Server.h"
+#include "virtual/usbip/Commands.h"
 
 #include <gtest/gtest.h>
 
@@ -21,24 +21,34 @@ std::string errorOf(std::string_view line) {
 TEST(Commands, FaultsAreNamedAsInTheCommandLine) {
     EXPECT_EQ(
         parseCommand("faults stall:9 handshake:3"),
-        (ServerCommand{Kind::Faults, {{Fault::Kind::Stall, 9}, {Fault::Kind::WrongHandshake, 3}}}));
-    EXPECT_EQ(parseCommand("faults"), (ServerCommand{Kind::Faults, {}}));
+        (ServerCommand{.faults = {{Fault::Kind::Stall, 9}, {Fault::Kind::WrongHandshake, 3}}}));
+    EXPECT_EQ(parseCommand("faults"), ServerCommand{});
 }
 
 TEST(Commands, PlugAndUnplugAreWordsOfTheirOwn) {
-    EXPECT_EQ(parseCommand("unplug"), (ServerCommand{Kind::Unplug, {}}));
-    EXPECT_EQ(parseCommand("  plug "), (ServerCommand{Kind::Plug, {}}));
+    EXPECT_EQ(parseCommand("unplug"), (ServerCommand{.kind = Kind::Unplug}));
+    EXPECT_EQ(parseCommand("  plug "), (ServerCommand{.kind = Kind::Plug}));
+}
+
+TEST(Commands, OrdersToPlayAreTaken) {
+    EXPECT_EQ(
+        parseCommand("press pad3 100"),
+        (ServerCommand{.kind = Kind::Play,
+                       .play = {.kind = PlayOrder::Kind::Press, .number = 15, .value = 100}}));
+    EXPECT_EQ(errorOf("scene 5"),
+              "'scene 5' is no order: it must be scene and a number from 1 to 4, as in scene 2");
 }
 
 TEST(Commands, ControlCharactersAreNotRepeatedInTheSentence) {
-    EXPECT_EQ(errorOf("stop\x1B[31m"),
-              "'stop\uFFFD[31m' is no order: those are faults, unplug and plug");
+    EXPECT_EQ(errorOf("stop\x1B[31m"), "'stop\uFFFD[31m' is no order: those are faults, unplug, "
+                                       "plug, scene, press, release, turn and slide");
 }
 
 TEST(Commands, AnythingElseIsNone) {
     for (const char* line : {"unplug 3", "", "Plug", "faultsstall:9"})
-        EXPECT_EQ(errorOf(line),
-                  "'" + std::string(line) + "' is no order: those are faults, unplug and plug");
+        EXPECT_EQ(errorOf(line), "'" + std::string(line) +
+                                     "' is no order: those are faults, unplug, plug, scene, press, "
+                                     "release, turn and slide");
     EXPECT_NE(errorOf("faults stall:9 stall:x"), "");
 }
 
@@ -113,7 +123,7 @@ TEST_F(CommandReaderTest, LineThatIsTooLongIsRefusedAsAWhole) {
     }
     write("\nplug\n");
     EXPECT_EQ(take(reader), (Lines{"a line of more than 4096 bytes is no order: those are faults, "
-                                   "unplug and plug",
+                                   "unplug, plug, scene, press, release, turn and slide",
                                    kPlug}));
 }
 

@@ -211,10 +211,30 @@ TEST(VirtualProgram, UnplugMayBeOrderedAtAnyTime) {
     EXPECT_EQ(handshake(again), kHandshakeReply);
 }
 
+TEST(VirtualProgram, PlaysToTheHostThatListens) {
+    ServerProcess server({"--orders"});
+    Client host(server.port());
+    host.import();
+    EXPECT_EQ(server.order("press pad3 100\n"),
+              "scenewright-virtual: played Note on 38, ch 10, velocity 100, and nobody listens");
+    host.listen();
+    EXPECT_EQ(server.order("release pad3\n"), "scenewright-virtual: played Note off 38, ch 10");
+    EXPECT_EQ(host.heard(), (Bytes{0x08, 0x89, 0x26, 0x00}));
+    host.listen();
+    EXPECT_EQ(server.order("slide knob1 0 0 0ms\n"), "scenewright-virtual: slides");
+    EXPECT_EQ(host.heard().size(), 4U);
+    EXPECT_EQ(server.order("scene 2\n"), "scenewright-virtual: plays scene 2");
+    EXPECT_EQ(
+        server.order("press pad9 1\n"),
+        "scenewright-virtual: 'press pad9 1' is no order: it must be press, a pad or key and a "
+        "velocity from 1 to 127, as in press pad3 100");
+}
+
 TEST(VirtualProgram, OrdersThatAreNoneAreToldAndTheirEndEndsNothing) {
     ServerProcess server({"--orders"});
-    EXPECT_EQ(server.order("dance\n"), "scenewright-virtual: 'dance' is no order: those are "
-                                       "faults, unplug and plug");
+    EXPECT_EQ(server.order("dance\n"),
+              "scenewright-virtual: 'dance' is no order: those are "
+              "faults, unplug, plug, scene, press, release, turn and slide");
     EXPECT_EQ(server.order("faults stall\n"), "scenewright-virtual: " + errorOfFault("stall"));
     server.endOrders();
     Client host(server.port());

@@ -153,8 +153,11 @@ std::int32_t Client::write(const std::vector<std::uint8_t>& bytes) {
                                      std::uint32_t{reply[22]} << 8U | reply[23]);
 }
 
-std::vector<std::uint8_t> Client::read() {
+void Client::listen() {
     send(inMessage(++sequence_, 64));
+}
+
+std::vector<std::uint8_t> Client::heard() const {
     const auto reply = receive(48);
     return reply.size() == 48 ? receive(reply[27]) : std::vector<std::uint8_t>{};
 }

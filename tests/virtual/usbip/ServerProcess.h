@@ -53,7 +53,12 @@ public:
     void import() const;
     // The status of the write.
     std::int32_t write(const std::vector<std::uint8_t>& bytes);
-    std::vector<std::uint8_t> read();
+    std::vector<std::uint8_t> read() {
+        listen();
+        return heard();
+    }
+    void listen(); // asks for a read
+    [[nodiscard]] std::vector<std::uint8_t> heard() const;
     std::vector<std::uint8_t> ask(const std::vector<std::uint8_t>& bytes) {
         write(bytes);
         return read();

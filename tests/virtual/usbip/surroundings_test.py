@@ -303,7 +303,7 @@ class Commands(Case):
         self.wait_until_told("0 faults ordered")
         self.assertEqual(server.end(), 0)
         self.assertEqual(self.told(), ["a line of more than 4096 bytes is no order: those are "
-                                       "faults, unplug and plug", "0 faults ordered"])
+                                       "faults, unplug, plug, scene, press, release, turn and slide", "0 faults ordered"])
 
 
 class Program(Case):

@@ -1,0 +1,67 @@
+// The virtual controller as it is played: orders in, USB-MIDI event packets out, by the scene that
+// it holds. The clock is the caller's. One thread at a time.
+#pragma once
+
+#include "model/Control.h"
+#include "model/ControlOutput.h"
+#include "platform/Result.h"
+#include "protocol/Packet.h"
+#include "protocol/SceneImage.h"
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <list>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+using PlayingTime = std::chrono::steady_clock::time_point;
+
+struct PlayOrder {
+    enum class Kind : std::uint8_t { Scene, Press, Release, Turn, Slide };
+    Kind kind = Kind::Scene;
+    std::int32_t number = 1;           // of a scene, from 1; or a control index
+    std::uint8_t value = 0;            // velocity, travel, or where a slide begins
+    std::uint8_t end = 0;              // where it ends
+    std::chrono::milliseconds time{0}; // that it takes
+    friend bool operator==(const PlayOrder&, const PlayOrder&) = default;
+};
+
+// Reads "scene 2", "press pad3 100", "release pad3", "turn knob1 64", "slide slider2 0 127 500ms".
+// Nothing when the first word is none of these; an error says how the order must be.
+[[nodiscard]] std::optional<Result<PlayOrder>> parsePlayOrder(std::string_view line);
+
+class Playing {
+public:
+    using Packets = std::vector<Packet>;
+
+    // What the order sends at once. A slide sends nothing yet; it ends one on the same control.
+    Packets take(const PlayOrder& order, const BankImage& bank, PlayingTime now);
+    // What the slides send up to now. Each passes through every position, evenly in its time, and
+    // sends a value once.
+    Packets advance(const BankImage& bank, PlayingTime now);
+    // When to call advance() again; nothing while no slide runs.
+    [[nodiscard]] std::optional<PlayingTime> next() const;
+
+    // As after switching it on: scene 1, nothing held, no slide.
+    void reset() { *this = {}; }
+
+private:
+    struct Slide {
+        PlayOrder order;
+        PlayingTime begin;
+        std::int32_t step = 0; // the next to send, from 0
+        std::optional<Packet> last{};
+    };
+    [[nodiscard]] static PlayingTime timeOf(const Slide& slide);
+    [[nodiscard]] Packets play(const BankImage& bank, std::int32_t control, Gesture gesture);
+
+    std::int32_t scene_ = 1;
+    std::array<ControlState, kControlIndexEnd> states_{};
+    std::list<Slide> slides_;
+};
+
+} // namespace scenewright
