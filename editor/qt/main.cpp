@@ -80,6 +80,16 @@ std::vector<NamedFile> namedFiles(const LaunchOptions& options, const std::strin
     return files;
 }
 
+// Both streams are the trace of the traffic with the keyboard: thousands of lines for a read, which a
+// desktop keeps in its journal and a person who started the window in a terminal may not want.
+void tellTerminal(const LaunchOptions& options) {
+    const bool isConsole = options.console.empty() && ::isatty(STDOUT_FILENO) == 1;
+    const bool isLog = options.log.empty() && ::isatty(STDERR_FILENO) == 1;
+    if (isConsole || isLog)
+        scenewright::reportError("scenewright", "the traffic with the keyboard is printed here; "
+                                                "--console FILE and --log FILE write it elsewhere");
+}
+
 // A transaction that still runs must find its way out before the process's state goes.
 void releaseBus() {
     Transport::instance().shutDown();
@@ -132,6 +142,7 @@ int run(int argc, char** argv) {
     ToolkitMessages::hold();
     const QApplication application(argc, argv);
     ToolkitMessages::letGo();
+    tellTerminal(options);
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
     return showWindow(options, file);
