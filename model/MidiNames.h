@@ -1,0 +1,33 @@
+// What the documents of MIDI call a controller's number, and General MIDI a note on its percussion
+// channel.
+//
+// Sources, all of the MIDI Manufacturers Association: MIDI 1.0 Detailed Specification, Control
+// Change messages; RP-021 (sound controllers 70 to 79), RP-023 (effect depths 91 and 93) and CA-031
+// (controller 88); General MIDI System Level 1, Percussion Key Map. Where a recommended practice
+// names a controller anew, its name comes first and the former one follows in parentheses. The
+// names are theirs and are not translated.
+#pragma once
+
+#include "model/Setting.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace scenewright {
+
+// General MIDI's percussion channel, as an index of a channel list.
+inline constexpr std::int32_t kPercussionChannel = 9;
+
+// By number, 128 of them; empty where a number is undefined.
+[[nodiscard]] std::span<const std::string_view> controllerNames();
+// The same by note; the map goes from 35 to 81.
+[[nodiscard]] std::span<const std::string_view> percussionNames();
+
+// What the options of the setting are called beside their titles, in a control of this
+// `AssignType`: one of the two above for the number that a control sends, and nothing for every
+// other setting.
+[[nodiscard]] std::span<const std::string_view> optionNames(const Setting& setting,
+                                                            std::int32_t assignType);
+
+} // namespace scenewright

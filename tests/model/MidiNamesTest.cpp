@@ -1,0 +1,73 @@
+#include "model/MidiNames.h"
+
+#include "model/TypedValue.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+std::ptrdiff_t named(std::span<const std::string_view> names) {
+    return std::ranges::count_if(names, [](std::string_view name) { return !name.empty(); });
+}
+
+} // namespace
+
+TEST(MidiNames, EachTableHoldsWhatItsDocumentDefines) {
+    EXPECT_EQ(controllerNames().size(), 128U);
+    EXPECT_EQ(percussionNames().size(), 128U);
+    // 128 without 3, 9, 14, 15, 20 to 31, 85 to 87, 89, 90 and 102 to 119.
+    EXPECT_EQ(named(controllerNames()), 128 - 2 - 2 - 12 - 3 - 2 - 18);
+    EXPECT_EQ(named(percussionNames()), 47);
+    EXPECT_EQ(percussionNames()[34], "");
+    EXPECT_EQ(percussionNames()[35], "Acoustic Bass Drum");
+    EXPECT_EQ(percussionNames()[81], "Open Triangle");
+}
+
+TEST(MidiNames, WordsOfAPlayerFindTheController) {
+    std::vector<std::string> titles;
+    for (int number = 0; number < 128; ++number)
+        titles.push_back(std::to_string(number));
+    const Setting& knob = *findSetting(ControlKind::Knob, "CCOrNoteNumber");
+    for (const auto& [typed, number] : std::initializer_list<std::pair<const char*, int>>{
+             {"sustain", 64},
+             {"Sustain pedal", 64},
+             {"damper", 64},
+             {"mod", 1},
+             {"volume", 7},
+             {"pan", 10},
+             {"expression", 11},
+             {"brightness", 74},
+             {"reverb", 91},
+             {"chorus", 93},
+             {"attack", 73},
+             {"release", 72},
+             {"bank select", 0},
+             {"sostenuto", 66},
+             {"soft", 67},
+             {"portamento t", 5},
+             {"all notes off", 123},
+             {"64", 64},
+         }) {
+        const auto found = typedPosition(typed, titles, optionNames(knob, kAssignOff));
+        EXPECT_EQ(found, number) << typed;
+    }
+    EXPECT_FALSE(typedPosition("portamento", titles, controllerNames()));
+}
+
+TEST(MidiNames, SettingsNamesAreThoseOfWhatTheControlSends) {
+    const Setting& pad = *findSetting(ControlKind::Pad, "CCOrNoteNumber");
+    EXPECT_EQ(optionNames(pad, kAssignNote).data(), percussionNames().data());
+    EXPECT_EQ(optionNames(pad, kAssignController).data(), controllerNames().data());
+    const Setting& knob = *findSetting(ControlKind::Knob, "CCOrNoteNumber");
+    EXPECT_EQ(optionNames(knob, kAssignNote).data(), controllerNames().data());
+    EXPECT_TRUE(optionNames(*findSetting(ControlKind::Pad, "CR"), kAssignNote).empty());
+}
+
+} // namespace scenewright
