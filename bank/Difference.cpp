@@ -82,6 +82,24 @@ std::string differenceLines(const std::vector<Difference>& list) {
     return lines;
 }
 
+std::string changeLine(const Difference& difference) {
+    const SettingText& first = difference.first;
+    const SettingText& second = difference.second;
+    std::string line = fmt::format("{}: {} -> {}", pathOf(difference.place),
+                                   shown(difference.place, first), shown(difference.place, second));
+    const bool saysMore = first.title != first.value || second.title != second.value;
+    if (!difference.place.isName() && saysMore)
+        line += fmt::format(" (index {} -> {})", first.value, second.value);
+    return line;
+}
+
+std::string changeLines(const std::vector<Difference>& list) {
+    std::string lines;
+    for (const Difference& difference : list)
+        lines += changeLine(difference) + "\n";
+    return lines;
+}
+
 std::string differencesJson(const std::vector<Difference>& list) {
     std::string json = "[";
     for (const Difference& difference : list)

@@ -30,6 +30,12 @@ struct Difference {
 // Such a line for each, ended by a line feed.
 [[nodiscard]] std::string differenceLines(const std::vector<Difference>& list);
 
+// What became of a setting, for the person who changed it: "scene1.pad3.AssignType: CC -> Note
+// (index 1 -> 2)", without the indices where the titles are the same numbers.
+[[nodiscard]] std::string changeLine(const Difference& difference);
+// Such a line for each, ended by a line feed.
+[[nodiscard]] std::string changeLines(const std::vector<Difference>& list);
+
 // A JSON array with an object for each, that ends in a line feed: "path", "words", and "first" and
 // "second", objects of "value" and, where there is one, "title".
 [[nodiscard]] std::string differencesJson(const std::vector<Difference>& list);

@@ -1,15 +1,19 @@
 #include "bank/Edit.h"
 
 #include "bank/BankJson.h"
-#include "bank/Path.h"
+#include "bank/Colour.h"
 #include "bank/SettingText.h"
+#include "model/MidiNames.h"
 #include "model/Setting.h"
+#include "model/TypedValue.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <functional>
 #include <map>
 #include <memory>
 #include <tuple>
@@ -20,12 +24,14 @@ namespace scenewright {
 namespace {
 
 constexpr std::string_view kTitleMark = "title:";
+constexpr std::string_view kChannelMark = "ch:";
+constexpr std::int32_t kChannels = 16;
 constexpr std::size_t kMinOptions = 17; // that a message can list; more are told by their ends
 
 // One setting's new value, once the later of two assignments has replaced the earlier.
 struct Assignment {
     SettingPlace place;
-    std::string_view value;
+    std::string value;
 };
 
 using PlaceKey = std::tuple<std::int32_t, ControlKind, std::int32_t, std::string_view>;
@@ -36,18 +42,36 @@ PlaceKey keyOf(const SettingPlace& place) {
             place.isName() ? kSceneNameField : place.setting->name()};
 }
 
+// A colour's levels, one for each place in turn.
+Result<void> addColour(const Path& path, std::string_view pathText, std::string_view value,
+                       Assignments& assignments) {
+    const auto colour = colourOf(value);
+    if (!colour)
+        return failure(
+            fmt::format("{} must be # and six hexadecimal digits, as in #ff8000, and is \"{}\"",
+                        sanitized(pathText), sanitized(value)));
+    std::size_t level = 0;
+    for (const SettingPlace& place : settingsAt(path))
+        assignments.insert_or_assign(
+            keyOf(place), Assignment{place, std::to_string(colour->at(level++ % colour->size()))});
+    return {};
+}
+
 Result<void> addAssignment(std::string_view text, Assignments& assignments) {
     const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos)
         return failure(fmt::format("{}: PATH=VALUE was expected", sanitized(text)));
     const std::string_view pathText = text.substr(0, equals);
+    const std::string_view value = text.substr(equals + 1);
     const auto path = parsePath(pathText);
     if (!path)
         return failure(path.error());
     if (path->level != Path::Level::Setting)
         return failure(fmt::format("{}: a value needs the path of a setting", sanitized(pathText)));
+    if (path->isColour)
+        return addColour(*path, pathText, value, assignments);
     for (const SettingPlace& place : settingsAt(*path))
-        assignments.insert_or_assign(keyOf(place), Assignment{place, text.substr(equals + 1)});
+        assignments.insert_or_assign(keyOf(place), Assignment{place, std::string(value)});
     return {};
 }
 
@@ -59,7 +83,7 @@ bool isIndex(std::string_view value) {
 std::optional<std::int32_t> indexOf(std::string_view digits) {
     std::int32_t index = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), index);
-    if (result.ec != std::errc() || index > kLargestSettingValue)
+    if (!isIndex(digits) || result.ec != std::errc() || index > kLargestSettingValue)
         return std::nullopt;
     return index;
 }
@@ -72,34 +96,58 @@ std::string optionsText(const Titles& titles) {
     return fmt::format("its options are {}", fmt::join(*titles, ", "));
 }
 
-// The list that names the place's values, as the scene stands now.
-Titles titlesFor(const PopUpValue& lists, const SettingPlace& place, const SceneValue& scene) {
+std::int32_t assignTypeAt(const SettingPlace& place, const SceneValue& scene) {
     const Setting* const type = findSetting(place.kind, "AssignType");
-    return optionList(lists, *place.setting,
-                      type == nullptr ? kAssignOff : type->read(scene, place.control));
+    return type == nullptr ? kAssignOff : type->read(scene, place.control);
+}
+
+// Without a list nothing is known of what there is.
+bool hasOption(const Titles& titles, std::int32_t index) {
+    return titles == nullptr || titleAt(titles, index) != nullptr;
+}
+
+bool isChannel(const Setting& setting) {
+    constexpr std::array kFields{"MIDIChannel", "GlobalMIDICh", "PianoKeyCh"};
+    return std::ranges::find(kFields, setting.name()) != kFields.end();
+}
+
+Result<std::int32_t> indexOfDigits(const SettingPlace& place, const Titles& titles,
+                                   std::string_view digits) {
+    const auto index = indexOf(digits);
+    if (!index)
+        return failure(notAValue(pathOf(place), sanitized(digits)));
+    if (!hasOption(titles, *index))
+        return failure(fmt::format("{0} has no option of index {1}: its options go from 0 ({2}) to "
+                                   "{3} ({4}); raw:{1} is stored all the same",
+                                   pathOf(place), *index, titles->front(), titles->size() - 1,
+                                   titles->back()));
+    return *index;
+}
+
+Result<std::int32_t> indexOfChannel(const SettingPlace& place, std::string_view digits) {
+    const auto channel = indexOf(digits);
+    if (!isChannel(*place.setting))
+        return failure(fmt::format("{} is no channel", pathOf(place)));
+    if (!channel || *channel < 1 || *channel > kChannels)
+        return failure(fmt::format("{} must be a channel from 1 to {} behind {}, and is \"{}\"",
+                                   pathOf(place), kChannels, kChannelMark, sanitized(digits)));
+    return *channel - 1;
+}
+
+std::optional<std::int32_t> indexOfTitle(const std::vector<std::string>& titles,
+                                         std::string_view title) {
+    const auto found = std::ranges::find(titles, title);
+    if (found == titles.end())
+        return std::nullopt;
+    return static_cast<std::int32_t>(found - titles.begin());
 }
 
 Result<void> assignOption(const PopUpValue& lists, const Assignment& assignment,
                           const SceneValue& scene) {
     const SettingPlace& place = assignment.place;
-    std::string_view value = assignment.value;
-    if (isIndex(value)) {
-        const auto index = indexOf(value);
-        if (!index)
-            return failure(notAValue(pathOf(place), sanitized(value)));
-        place.setting->write(scene, place.control, *index);
-        return {};
-    }
-    if (value.starts_with(kTitleMark))
-        value.remove_prefix(kTitleMark.size());
-    const Titles titles = titlesFor(lists, place, scene);
-    const auto found = titles == nullptr ? std::vector<std::string>::const_iterator()
-                                         : std::ranges::find(*titles, value);
-    if (titles == nullptr || found == titles->end())
-        return failure(fmt::format("{} has no option \"{}\": {}", pathOf(place), sanitized(value),
-                                   optionsText(titles)));
-    place.setting->write(scene, place.control, static_cast<std::int32_t>(found - titles->begin()));
-    return {};
+    return indexTyped(lists, place, scene, assignment.value).map([&](std::int32_t index) {
+        place.setting->write(scene, place.control, index);
+    });
 }
 
 Result<void> assignName(const Assignment& assignment, const SceneValue& scene) {
@@ -146,7 +194,8 @@ std::shared_ptr<SceneValue> copyOfScene(const SceneValue& scene) {
 }
 
 Result<void> checkPair(const Path& from, const Path& to) {
-    if (from.level != to.level || from.kind != to.kind || from.setting != to.setting)
+    if (from.level != to.level || from.kind != to.kind || from.setting != to.setting ||
+        from.isColour != to.isColour)
         return failure("both must name scenes, controls of one kind, or one and the same setting");
     if ((from.scenes.isStar && !to.scenes.isStar) || (from.controls.isStar && !to.controls.isStar))
         return failure("a star in the first needs a star in the second");
@@ -177,6 +226,38 @@ void copySetting(const SceneValue& source, std::int32_t control, const SceneValu
         place.setting->write(target, place.control, place.setting->read(source, control));
 }
 
+Result<void> checkCopied(const PopUpValue& lists, const SettingPlace& place,
+                         const SceneValue& scene) {
+    if (place.isName())
+        return {};
+    const std::int32_t index = storedIndex(scene, *place.setting, place.control);
+    const Titles titles = titlesAt(lists, place, scene);
+    if (hasOption(titles, index))
+        return {};
+    return failure(fmt::format("{} would be {}, and its options end at {} ({})", pathOf(place),
+                               index, titles->size() - 1, titles->back()));
+}
+
+struct PathPair {
+    Path first;
+    Path second;
+};
+
+// Two paths that go together; `verb` tells what cannot be done with them, as in "copied to".
+Result<PathPair> parsePair(std::string_view first, std::string_view verb, std::string_view second,
+                           const std::function<Result<void>(const PathPair&)>& check) {
+    const auto one = parsePath(first);
+    const auto other = parsePath(second);
+    for (const auto* const path : {&one, &other})
+        if (!*path)
+            return failure(path->error());
+    const PathPair pair{*one, *other};
+    if (const auto checked = check(pair); !checked)
+        return failure(fmt::format("{} cannot be {} {}: {}", sanitized(first), verb,
+                                   sanitized(second), checked.error()));
+    return pair;
+}
+
 } // namespace
 
 Result<SceneList> setValues(const PopUpValue& lists, const SceneList& scenes,
@@ -199,27 +280,113 @@ SceneList copyOf(const SceneList& scenes) {
     return copies;
 }
 
-Result<SceneList> copyValues(const SceneList& scenes, std::string_view from, std::string_view to) {
-    return copyValues(scenes, scenes, from, to);
+std::string assignmentOf(const SettingPlace& place, const SettingText& text) {
+    const bool isRaw = !place.isName() && text.title.empty();
+    return fmt::format("{}={}{}", pathOf(place), isRaw ? kRawMark : "", text.value);
 }
 
-Result<SceneList> copyValues(const SceneList& source, const SceneList& scenes,
+Titles titlesAt(const PopUpValue& lists, const SettingPlace& place, const SceneValue& scene) {
+    return place.isName() ? nullptr : optionList(lists, *place.setting, assignTypeAt(place, scene));
+}
+
+Result<std::int32_t> indexTyped(const PopUpValue& lists, const SettingPlace& place,
+                                const SceneValue& scene, std::string_view typed) {
+    const Titles titles = titlesAt(lists, place, scene);
+    const auto taken = [&typed](std::string_view mark) {
+        const bool isMarked = typed.starts_with(mark);
+        typed.remove_prefix(isMarked ? mark.size() : 0);
+        return isMarked;
+    };
+    if (isIndex(typed))
+        return indexOfDigits(place, titles, typed);
+    if (taken(kRawMark))
+        return indexOfDigits(place, nullptr, typed);
+    if (taken(kChannelMark))
+        return indexOfChannel(place, typed);
+    const bool isTitle = taken(kTitleMark);
+    std::optional<std::int32_t> index;
+    if (titles != nullptr)
+        index = isTitle ? indexOfTitle(*titles, typed)
+                        : typedPosition(typed, *titles,
+                                        optionNames(*place.setting, assignTypeAt(place, scene)));
+    if (!index)
+        return failure(fmt::format("{} has no option \"{}\": {}", pathOf(place), sanitized(typed),
+                                   optionsText(titles)));
+    return *index;
+}
+
+Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& scenes,
                              std::string_view from, std::string_view to) {
-    const auto origins = parsePath(from);
-    const auto targets = parsePath(to);
-    for (const auto* const path : {&origins, &targets})
-        if (!*path)
-            return failure(path->error());
-    const auto checked =
-        checkPair(*origins, *targets).and_then([&] { return checkCount(*origins, source.size()); });
-    if (!checked)
-        return failure(fmt::format("{} cannot be copied to {}: {}", sanitized(from), sanitized(to),
-                                   checked.error()));
+    return copyValues(lists, scenes, scenes, from, to);
+}
+
+Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& source,
+                             const SceneList& scenes, std::string_view from, std::string_view to) {
+    const bool isRaw = from.starts_with(kRawMark);
+    from.remove_prefix(isRaw ? kRawMark.size() : 0);
+    const auto pair = parsePair(from, "copied to", to, [&](const PathPair& paths) {
+        return checkPair(paths.first, paths.second).and_then([&] {
+            return checkCount(paths.first, source.size());
+        });
+    });
+    if (!pair)
+        return failure(pair.error());
     SceneList copies = copyOf(scenes);
-    for (const SettingPlace& place : settingsAt(*targets)) {
-        const SettingPlace origin = sourceOf(*origins, place);
+    for (const SettingPlace& place : settingsAt(pair->second)) {
+        const SettingPlace origin = sourceOf(pair->first, place);
         copySetting(*source.at(static_cast<std::size_t>(origin.scene)), origin.control,
                     *copies.at(static_cast<std::size_t>(place.scene)), place);
+    }
+    for (const SettingPlace& place : settingsAt(pair->second))
+        if (const auto checked =
+                checkCopied(lists, place, *copies.at(static_cast<std::size_t>(place.scene)));
+            !checked && !isRaw)
+            return failure(fmt::format("{1} cannot be copied to {2}: {0}; {3}{1} is copied all the "
+                                       "same",
+                                       checked.error(), sanitized(from), sanitized(to), kRawMark));
+    return copies;
+}
+
+Result<SceneList> renameScene(const SceneList& scenes, std::string_view path,
+                              std::string_view name) {
+    const auto renamed = parsePath(path);
+    if (!renamed)
+        return failure(renamed.error());
+    if (renamed->level != Path::Level::Scene)
+        return failure(fmt::format("{}: the path of a scene was expected", sanitized(path)));
+    const auto stored = storedNameOf(name);
+    if (!stored)
+        return failure(stored.error());
+    SceneList copies = copyOf(scenes);
+    for (std::int32_t i = 0; i < renamed->scenes.count; ++i)
+        copies.at(static_cast<std::size_t>(renamed->scenes.first + i))
+            ->commonValue()
+            ->setSceneName(*stored);
+    return copies;
+}
+
+Result<SceneList> swapValues(const SceneList& scenes, std::string_view first,
+                             std::string_view second) {
+    const auto pair = parsePair(first, "swapped with", second, [](const PathPair& paths) {
+        const auto isStarred = [](const Path& path) {
+            return path.scenes.isStar || path.controls.isStar;
+        };
+        if (isStarred(paths.first) || isStarred(paths.second))
+            return Result<void>(failure("neither may have a star"));
+        return checkPair(paths.first, paths.second);
+    });
+    if (!pair)
+        return failure(pair.error());
+    SceneList copies = copyOf(scenes);
+    const auto firsts = settingsAt(pair->first);
+    const auto seconds = settingsAt(pair->second);
+    const auto copy = [&](const SettingPlace& from, const SettingPlace& to) {
+        copySetting(*scenes.at(static_cast<std::size_t>(from.scene)), from.control,
+                    *copies.at(static_cast<std::size_t>(to.scene)), to);
+    };
+    for (std::size_t i = 0; i < firsts.size(); ++i) {
+        copy(firsts[i], seconds[i]);
+        copy(seconds[i], firsts[i]);
     }
     return copies;
 }

@@ -1,5 +1,6 @@
 #include "bank/Path.h"
 
+#include "bank/Colour.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
@@ -89,6 +90,8 @@ std::string settingNames(ControlKind kind) {
     for (const Setting& setting : settings())
         if (setting.kind() == kind)
             names += fmt::format("{}{}", names.empty() ? "" : ", ", setting.name());
+    if (kind == ControlKind::Pad)
+        names += fmt::format(", {}", kColourField);
     return names;
 }
 
@@ -111,8 +114,9 @@ void readSetting(Reader& reader, Path& path) {
     const std::string_view name = reader.takeWord();
     path.level = Path::Level::Setting;
     path.setting = findSetting(path.kind, name);
+    path.isColour = path.kind == ControlKind::Pad && name == kColourField;
     const bool isName = path.kind == ControlKind::Common && name == kSceneNameField;
-    if (path.setting == nullptr && !isName) {
+    if (path.setting == nullptr && !path.isColour && !isName) {
         reader.back(name.size());
         reader.expected("one of " + settingNames(path.kind));
     }
@@ -147,10 +151,13 @@ void appendScene(std::vector<SettingPlace>& places, std::int32_t scene) {
 void appendControls(std::vector<SettingPlace>& places, std::int32_t scene, const Path& path) {
     for (std::int32_t i = 0; i < path.controls.count; ++i) {
         const std::int32_t control = path.controls.first + i;
-        if (path.level == Path::Level::Setting)
-            places.push_back({scene, path.kind, control, path.setting});
-        else
+        if (path.level != Path::Level::Setting)
             appendControl(places, scene, path.kind, control);
+        else if (path.isColour)
+            for (const std::string_view field : kColourFields)
+                places.push_back({scene, path.kind, control, findSetting(path.kind, field)});
+        else
+            places.push_back({scene, path.kind, control, path.setting});
     }
 }
 

@@ -2,6 +2,7 @@
 //
 //   scene1.pad3.CR              one setting
 //   scene2.common.SceneName     a scene's name
+//   scene1.pad3.colour          a pad's red, green and blue
 //   scene*.knob*.Enable         one setting of every knob of every scene
 //   scene1.pad3   scene1.pad*   whole controls
 //   scene1                      a whole scene
@@ -22,6 +23,8 @@ namespace scenewright {
 
 // The path's word for a scene's name, which is no option and has no row among the settings.
 inline constexpr std::string_view kSceneNameField = "SceneName";
+// The path's word for the three settings that make a pad's colour.
+inline constexpr std::string_view kColourField = "colour";
 
 // One setting of one control of one scene, or a scene's name.
 struct SettingPlace {
@@ -53,7 +56,8 @@ struct Path {
     PathRange scenes;
     ControlKind kind = ControlKind::Common; // from Level::Control on
     PathRange controls;
-    const Setting* setting = nullptr; // at Level::Setting; null for the scene's name
+    const Setting* setting = nullptr; // at Level::Setting; null for the scene's name and a colour
+    bool isColour = false;
 };
 
 // The error says in one phrase what was expected, and where

@@ -3,6 +3,7 @@
 #include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "model/ValueAction.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 
@@ -74,6 +75,20 @@ std::optional<std::string> nameOfText(std::string_view text) {
     if (text.size() > kNameSize || nameAsText(text) != text)
         return std::nullopt;
     return storedName(text);
+}
+
+Result<std::string> storedNameOf(std::string_view text) {
+    if (auto name = nameOfText(text))
+        return *std::move(name);
+    if (text.size() > kNameSize)
+        return failure(
+            translated(sourceText("scenewright::Bank",
+                                  "a scene's name has at most {0} bytes, and \"{1}\" has {2}"),
+                       kNameSize, sanitized(text), text.size()));
+    return failure(translated(
+        sourceText("scenewright::Bank",
+                   "a scene's name is a text without control characters, and \"{}\" is none"),
+        sanitized(text)));
 }
 
 std::optional<std::string> nameOfHex(std::string_view digits) {

@@ -4,6 +4,7 @@
 #include "bank/Path.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "platform/Result.h"
 #include "protocol/SceneImage.h"
 
 #include <array>
@@ -52,6 +53,8 @@ using NameBytes = std::array<std::uint8_t, kNameSize>;
 // The stored name that `text` stands for; nothing when it is longer than twelve bytes or is no
 // text of nameAsText().
 [[nodiscard]] std::optional<std::string> nameOfText(std::string_view text);
+// The same, or one sentence that says what is in the way, in the person's language.
+[[nodiscard]] Result<std::string> storedNameOf(std::string_view text);
 // The stored name of 24 hexadecimal digits, either case; nothing for anything else.
 [[nodiscard]] std::optional<std::string> nameOfHex(std::string_view digits);
 

@@ -2,6 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "bank/BankJson.h"
+#include "bank/Difference.h"
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"
@@ -174,6 +175,19 @@ int changeBank(const std::string& name, const BankEdit& edit) {
             [&](const SceneList& scenes) { return bankBytes(scenes, bank->form, **lists); });
     };
     return endOf(name, changeFile(name, kJsonBytes, change));
+}
+
+int changeBankAndTell(const std::string& name, const PopUpValue& lists, const BankEdit& edit) {
+    std::string told;
+    const int exitCode = changeBank(name, [&](const BankFile& bank) {
+        return edit(bank).map([&](SceneList scenes) {
+            told = changeLines(differences(lists, bank.scenes, scenes));
+            return scenes;
+        });
+    });
+    if (exitCode == kExitDone)
+        writeStandardError(told);
+    return exitCode;
 }
 
 Result<void> checkStorable(const std::string& name) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "bank/BankFile.h"
+#include "model/PopUpValue.h"
 #include "platform/NamedFiles.h"
 #include "platform/Result.h"
 
@@ -38,6 +39,9 @@ namespace scenewright {
 // Reads, changes and stores a bank in its form, without another writer of ours in between.
 using BankEdit = std::function<Result<SceneList>(const BankFile& former)>;
 [[nodiscard]] int changeBank(const std::string& name, const BankEdit& edit);
+// The same; once the bank is stored, standard error tells each changed setting, former and new.
+[[nodiscard]] int changeBankAndTell(const std::string& name, const PopUpValue& lists,
+                                    const BankEdit& edit);
 
 // Whether storeBank() could begin, asked before work that would be lost.
 [[nodiscard]] Result<void> checkStorable(const std::string& name);

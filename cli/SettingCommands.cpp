@@ -1,4 +1,6 @@
-// The commands on settings by their paths: get, set and copy.
+// The commands on settings by their paths: get, set, copy, swap, reset and rename.
+#include "app/ListCheck.h"
+#include "app/WindowAction.h"
 #include "bank/Edit.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
@@ -19,8 +21,7 @@ namespace {
 std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const SettingPlace& place) {
     const SettingText text =
         settingText(lists, *scenes.at(static_cast<std::size_t>(place.scene)), place);
-    return fmt::format("{}={}{}{}\n", pathOf(place), text.value, text.title.empty() ? "" : "\t",
-                       text.title);
+    return assignmentOf(place, text) + (text.title.empty() ? "" : "\t" + text.title) + "\n";
 }
 
 int get(const std::string& name, const std::vector<std::string>& paths) {
@@ -48,8 +49,9 @@ int set(const std::string& name, const std::vector<std::string>& assignments) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return changeBank(
-        name, [&](const BankFile& bank) { return setValues(**lists, bank.scenes, assignments); });
+    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
+        return setValues(**lists, bank.scenes, assignments);
+    });
 }
 
 struct CopyOptions {
@@ -64,12 +66,49 @@ int copy(const CopyOptions& options) {
         inputDescriptor(options.bank) == inputDescriptor(options.source))
         return reportError("standard input can be the bank or what is copied from, not both",
                            kExitUsage);
-    return changeBank(options.bank, [&options](const BankFile& bank) {
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    return changeBank(options.bank, [&](const BankFile& bank) {
         const auto source =
             options.source.empty() ? Result<BankFile>(bank) : loadBankOrScene(options.source);
         return source.and_then([&](const BankFile& from) {
-            return copyValues(from.scenes, bank.scenes, options.from, options.to);
+            return copyValues(**lists, from.scenes, bank.scenes, options.from, options.to);
         });
+    });
+}
+
+// The path of a scene, which may also be given by its number alone.
+std::string scenePath(const std::string& text) {
+    const bool isNumber = text.size() == 1 && text >= "1" && text <= std::to_string(kSceneCount);
+    return isNumber ? "scene" + text : text;
+}
+
+int rename(const std::string& name, const std::string& scene, const std::string& newName) {
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
+        return renameScene(bank.scenes, scenePath(scene), newName);
+    });
+}
+
+int swap(const std::string& name, const std::string& first, const std::string& second) {
+    return changeBank(name, [&](const BankFile& bank) {
+        return swapValues(bank.scenes, scenePath(first), scenePath(second));
+    });
+}
+
+int reset(const std::string& name, const std::string& path) {
+    WindowAction::getSceneValue();
+    const SceneList defaults = WindowAction::scenes();
+    if (const auto checked = checkDefaultScenes(defaults); !checked)
+        return reportError(checked.error(), kExitUsage);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
+    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
+        return copyValues(**lists, defaults, bank.scenes, scenePath(path), scenePath(path));
     });
 }
 
@@ -95,6 +134,26 @@ CommandChoice copyCommand(const Arguments& arguments) {
     return {
         .run = [options] { return copy(options); },
         .files = {bankToRead(options.source, "what is to be copied"), bankToChange(options.bank)}};
+}
+
+CommandChoice renameCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, scene = arguments.text("SCENE"),
+                    name = arguments.text("NAME")] { return rename(bank, scene, name); },
+            .files = {bankToChange(bank)}};
+}
+
+CommandChoice swapCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, first = arguments.text("FIRST"),
+                    second = arguments.text("SECOND")] { return swap(bank, first, second); },
+            .files = {bankToChange(bank)}};
+}
+
+CommandChoice resetCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, path = arguments.text("PATH")] { return reset(bank, path); },
+            .files = {bankToChange(bank)}};
 }
 
 } // namespace scenewright

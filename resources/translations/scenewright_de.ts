@@ -134,6 +134,14 @@
         <source>Scene {0}, {1} {2}, {3}</source>
         <translation>Szene {0}, {1} {2}, {3}</translation>
     </message>
+    <message>
+        <source>a scene&apos;s name has at most {0} bytes, and &quot;{1}&quot; has {2}</source>
+        <translation>Der Name einer Szene hat höchstens {0} Bytes, und „{1}“ hat {2}</translation>
+    </message>
+    <message>
+        <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
+        <translation>Der Name einer Szene ist ein Text ohne Steuerzeichen, und „{}“ ist keiner</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>

@@ -134,6 +134,14 @@
         <source>Scene {0}, {1} {2}, {3}</source>
         <translation>Escena {0}, {1} {2}, {3}</translation>
     </message>
+    <message>
+        <source>a scene&apos;s name has at most {0} bytes, and &quot;{1}&quot; has {2}</source>
+        <translation>El nombre de una escena tiene {0} bytes como máximo, y «{1}» tiene {2}</translation>
+    </message>
+    <message>
+        <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
+        <translation>El nombre de una escena es un texto sin caracteres de control, y «{}» no lo es</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>

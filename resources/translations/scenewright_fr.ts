@@ -134,6 +134,14 @@
         <source>Scene {0}, {1} {2}, {3}</source>
         <translation>Scène {0}, {1} {2}, {3}</translation>
     </message>
+    <message>
+        <source>a scene&apos;s name has at most {0} bytes, and &quot;{1}&quot; has {2}</source>
+        <translation>Le nom d’une scène a {0} octets au plus, et « {1} » en a {2}</translation>
+    </message>
+    <message>
+        <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
+        <translation>Le nom d’une scène est un texte sans caractères de contrôle, et « {} » n’en est pas un</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>

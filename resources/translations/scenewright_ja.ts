@@ -134,6 +134,14 @@
         <source>Scene {0}, {1} {2}, {3}</source>
         <translation>シーン {0}、{1} {2}、{3}</translation>
     </message>
+    <message>
+        <source>a scene&apos;s name has at most {0} bytes, and &quot;{1}&quot; has {2}</source>
+        <translation>シーンの名前は最大{0}バイトですが、「{1}」は{2}バイトあります</translation>
+    </message>
+    <message>
+        <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
+        <translation>シーンの名前は制御文字のない文字列でなければならず、「{}」はそうではありません</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>

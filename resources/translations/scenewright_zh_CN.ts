@@ -134,6 +134,14 @@
         <source>Scene {0}, {1} {2}, {3}</source>
         <translation>场景 {0}，{1} {2}，{3}</translation>
     </message>
+    <message>
+        <source>a scene&apos;s name has at most {0} bytes, and &quot;{1}&quot; has {2}</source>
+        <translation>场景名称最多 {0} 字节，而“{1}”有 {2} 字节</translation>
+    </message>
+    <message>
+        <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
+        <translation>场景名称必须是不含控制字符的文本，而“{}”不是</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>

@@ -39,7 +39,7 @@ TEST(Difference, LineTellsPathWordsAndBothTitles) {
          {std::pair{"scene1.common.GlobalMIDICh=1",
                     "scene1.common.GlobalMIDICh  Scene 1, Global MIDI channel: 9 -> 2"},
           {"scene3.pad3.CR=127", "scene3.pad3.CR  Scene 3, Pad 3, Red: 8 -> 127"},
-          {"scene1.common.KeyTranspose=100",
+          {"scene1.common.KeyTranspose=raw:100",
            "scene1.common.KeyTranspose  Scene 1, Octave transposition: (10) -> (100)"},
           {"scene1.common.KeyVelocityCurve=3",
            "scene1.common.KeyVelocityCurve  Scene 1, Key velocity curve: (17) -> Constant"},
@@ -49,6 +49,21 @@ TEST(Difference, LineTellsPathWordsAndBothTitles) {
            "scene3.common.SceneName  Scene 3, Name: \"bytes:ff00410a0000000000000042\" -> "
            "\"STAGE\""}})
         EXPECT_EQ(linesAfter({assignment}), Lines{line});
+}
+
+// The index is told beside a title that is another number, or none.
+TEST(Difference, LineOfAChangeTellsWhatIsStored) {
+    for (const auto& [assignment, line] :
+         {std::pair{"scene1.common.GlobalMIDICh=10",
+                    "scene1.common.GlobalMIDICh: 9 -> 11 (index 8 -> 10)"},
+          {"scene3.pad3.CR=127", "scene3.pad3.CR: 8 -> 127"},
+          {"scene1.common.KeyTranspose=raw:100",
+           "scene1.common.KeyTranspose: (10) -> (100) (index 10 -> 100)"},
+          {"scene1.common.KeyVelocityCurve=const",
+           "scene1.common.KeyVelocityCurve: (17) -> Constant (index 17 -> 3)"},
+          {"scene4.common.SceneName=STAGE", "scene4.common.SceneName: \"\" -> \"STAGE\""}})
+        EXPECT_EQ(changeLines(differencesAfter(*loadPopUpValue(), {assignment})),
+                  line + std::string("\n"));
 }
 
 TEST(Difference, TypeChangesNoNumber) {

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+#include <tuple>
 #include <utility>
 
 namespace scenewright {
@@ -37,9 +40,10 @@ Result<SceneList> set(const std::vector<std::string>& assignments) {
     return edited;
 }
 
+// Many of the known values are in no list.
 Result<SceneList> copy(std::string_view from, std::string_view to) {
     const SceneList scenes = knownScenes();
-    auto edited = copyValues(scenes, from, to);
+    auto edited = copyValues(lists(), scenes, "raw:" + std::string(from), to);
     EXPECT_EQ(encodeBank(scenes), knownImage());
     return edited;
 }
@@ -73,8 +77,9 @@ TEST(SetValues, ScenesThatComeOutShareNothingWithThoseThatWentIn) {
     }
 }
 
-// Digits are an index unless they are marked as a title, and one outside its list is taken as the
-// image takes it; anything else is a title. A name is a text, or marked bytes.
+// Digits are an index unless they are marked as a title or a channel, and one outside its list has
+// to be marked too; anything else is what a person calls the option. A name is a text, or marked
+// bytes.
 TEST(SetValues, ValueIsAnIndexATitleOrAName) {
     struct Row {
         std::string path;
@@ -90,7 +95,18 @@ TEST(SetValues, ValueIsAnIndexATitleOrAName) {
              {"scene1.group1.MIDIChannel", "1", "1"},
              {"scene1.group1.MIDIChannel", "title:1", "0"},
              {"scene1.pad1.AssignType", "title:CC", "1"},
-             {"scene1.group1.MIDIChannel", "127", "127"},
+             {"scene1.group1.MIDIChannel", "16", "16"},
+             {"scene1.group1.MIDIChannel", "raw:127", "127"},
+             {"scene1.group1.MIDIChannel", "raw:9", "9"},
+             {"scene1.group1.MIDIChannel", "10", "10"},
+             {"scene1.group1.MIDIChannel", "ch:10", "9"},
+             {"scene1.common.GlobalMIDICh", "ch:1", "0"},
+             {"scene1.common.PianoKeyCh", "ch:16", "15"},
+             {"scene1.group1.MIDIChannel", "global", "16"},
+             {"scene1.pad3.AssignType", "note", "2"},
+             {"scene1.pad3.PadBehavior", "tog", "1"},
+             {"scene1.knob1.CCOrNoteNumber", "sustain", "64"},
+             {"scene1.knob1.CCOrNoteNumber", "Brightness", "74"},
              {name, "My = Bank", "My = Bank"},
              {name, "", ""},
              {name, "7", "7"},
@@ -112,6 +128,37 @@ TEST(SetValues, NumbersTitleIsThatOfTheTypeAfterAllAssignments) {
               "scene1.key1.CCOrNoteNumber has no option \"C4\": its options go from 0 to 127");
     EXPECT_EQ(errorOf(set({type + "2", number + "title:60"})),
               "scene1.key1.CCOrNoteNumber has no option \"60\": its options go from C-1 to G9");
+}
+
+TEST(SetValues, NotesAreTakenInEverySpelling) {
+    for (const auto& [typed, index] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"Db2", "37"},
+                                                                    {"D#2", "39"},
+                                                                    {"A#2", "46"},
+                                                                    {"eb2", "39"},
+                                                                    {"C2", "36"},
+                                                                    {"c+2", "36"},
+                                                                    {"Ab-1", "8"},
+                                                                    {"36", "36"},
+                                                                    {"hand clap", "39"}})
+        EXPECT_EQ(valueAfter({"scene1.pad1.AssignType=Note",
+                              std::string("scene1.pad1.CCOrNoteNumber=") + typed},
+                             "scene1.pad1.CCOrNoteNumber"),
+                  index)
+            << typed;
+}
+
+TEST(SetValues, ColourSetsThreeFields) {
+    const BankImage image = encodeBank(set({"scene2.pad4.colour=#fF8000"}).value());
+    EXPECT_EQ(image.at(253 + 229 + 3), 127);
+    EXPECT_EQ(image.at(253 + 237 + 3), 64);
+    EXPECT_EQ(image.at(253 + 245 + 3), 0);
+    const BankImage all = encodeBank(set({"scene1.pad*.colour=#010203"}).value());
+    for (std::size_t pad = 0; pad < 8; ++pad)
+        EXPECT_EQ((std::array{all.at(229 + pad), all.at(237 + pad), all.at(245 + pad)}),
+                  (std::array<std::uint8_t, 3>{0, 1, 1}));
+    EXPECT_EQ(valueAfter({"scene1.pad1.colour=#ffffff", "scene1.pad1.CG=5"}, "scene1.pad1.CG"),
+              "5");
 }
 
 TEST(SetValues, StarsSetEachAndTheLaterOfTwoWins) {
@@ -144,8 +191,32 @@ TEST(SetValues, ErrorIsOnePhrase) {
              {"scene1.pad3.CR=-1",
               "scene1.pad3.CR has no option \"-1\": its options go from 0 to 127"},
              {"scene1.pad3.CR=", "scene1.pad3.CR has no option \"\": its options go from 0 to 127"},
-             {"scene1.pad3.AssignType=note",
-              "scene1.pad3.AssignType has no option \"note\": its options are Off, CC, Note"},
+             {"scene1.pad3.AssignType=notes",
+              "scene1.pad3.AssignType has no option \"notes\": its options are Off, CC, Note"},
+             {"scene1.pad3.PadBehavior=T",
+              "scene1.pad3.PadBehavior has no option \"T\": its options "
+              "are Momentary, Toggle, Trigger, Release"},
+             {"scene1.pad3.MIDIChannel=127",
+              "scene1.pad3.MIDIChannel has no option of index 127: its options go from 0 (1) to 16 "
+              "(Global); raw:127 is stored all the same"},
+             {"scene1.pad3.AssignType=9",
+              "scene1.pad3.AssignType has no option of index 9: its options go from 0 (Off) to 2 "
+              "(Note); raw:9 is stored all the same"},
+             {"scene1.pad3.AssignType=raw:128",
+              "scene1.pad3.AssignType must be a whole number from 0 to 127, and is 128"},
+             {"scene1.pad3.AssignType=raw:Note",
+              "scene1.pad3.AssignType must be a whole number from 0 to 127, and is Note"},
+             {"scene1.pad3.MIDIChannel=ch:17",
+              "scene1.pad3.MIDIChannel must be a channel from 1 to "
+              "16 behind ch:, and is \"17\""},
+             {"scene1.pad3.MIDIChannel=ch:0", "scene1.pad3.MIDIChannel must be a channel from 1 to "
+                                              "16 behind ch:, and is \"0\""},
+             {"scene1.pad3.CR=ch:1", "scene1.pad3.CR is no channel"},
+             {"scene1.pad3.colour=red",
+              "scene1.pad3.colour must be # and six hexadecimal digits, as "
+              "in #ff8000, and is \"red\""},
+             {"scene1.pad3.colour=#ff80zz", "scene1.pad3.colour must be # and six hexadecimal "
+                                            "digits, as in #ff8000, and is \"#ff80zz\""},
              {"scene1.common.SceneName=THIRTEEN BYTE",
               "scene1.common.SceneName must be at most 12 bytes without control characters, or "
               "bytes: and 24 hexadecimal digits, and is \"THIRTEEN BYTE\""},
@@ -201,6 +272,69 @@ TEST(CopyValues, SettingAndNameCanBeCopied) {
               std::vector<std::size_t>{253 + 229});
     const SceneList named = copy("scene3.common.SceneName", "scene1.common.SceneName").value();
     EXPECT_EQ(named[0]->commonValue()->SceneName(), knownScenes()[2]->commonValue()->SceneName());
+}
+
+TEST(CopyValues, WhatNoListHasIsCopiedRawOnly) {
+    const SceneList odd = setValues(lists(), parseScenes(BankImage{}),
+                                    std::vector<std::string>{"scene1.pad1.MIDIChannel=raw:127"})
+                              .value();
+    EXPECT_EQ(errorOf(copyValues(lists(), odd, "scene1.pad1", "scene2.pad*")),
+              "scene1.pad1 cannot be copied to scene2.pad*: scene2.pad1.MIDIChannel would be 127, "
+              "and its options end at 16 (Global); raw:scene1.pad1 is copied all the same");
+    const BankImage image =
+        encodeBank(copyValues(lists(), odd, "raw:scene1.pad1", "scene2.pad*").value());
+    for (std::size_t pad = 0; pad < 8; ++pad)
+        EXPECT_EQ(image.at(253 + 197 + pad), 127);
+    EXPECT_EQ(errorOf(copyValues(lists(), odd, "scene1.pad2", "scene2.pad*")), "none");
+}
+
+TEST(SwapValues, ScenesAndControlsChangePlaces) {
+    const SceneList scenes = knownScenes();
+    const BankImage before = knownImage();
+    const BankImage image = encodeBank(swapValues(scenes, "scene2", "scene4").value());
+    EXPECT_EQ(encodeBank(scenes), before) << "what goes in is never changed";
+    BankImage expected = before;
+    std::swap_ranges(expected.begin() + 253, expected.begin() + 506, expected.begin() + 759);
+    EXPECT_EQ(image, expected);
+
+    const BankImage pads = encodeBank(swapValues(scenes, "scene1.pad1", "scene3.pad8").value());
+    expected = before;
+    for (std::size_t block = 181; block < 253; block += 8)
+        std::swap(expected.at(block), expected.at(506 + block + 7));
+    EXPECT_EQ(pads, expected);
+    EXPECT_EQ(encodeBank(swapValues(scenes, "scene2", "scene2").value()), before);
+}
+
+TEST(SwapValues, ErrorIsOnePhrase) {
+    const auto error = [](std::string_view first, std::string_view second) {
+        return errorOf(swapValues(knownScenes(), first, second));
+    };
+    EXPECT_EQ(error("scene*", "scene*"),
+              "scene* cannot be swapped with scene*: neither may have a star");
+    EXPECT_EQ(error("scene1.pad1", "scene1.key1"),
+              "scene1.pad1 cannot be swapped with scene1.key1: both must name scenes, controls of "
+              "one kind, or one and the same setting");
+    EXPECT_EQ(error("scene1", "scene5"),
+              "scene5: at character 6, a scene's number from 1 to 4 or * was expected");
+}
+
+TEST(RenameScene, NameIsStoredOrRefused) {
+    const SceneList scenes = knownScenes();
+    const BankImage image = encodeBank(renameScene(scenes, "scene2", "Caf\xC3\xA9 Night").value());
+    EXPECT_EQ(encodeBank(scenes), knownImage());
+    const std::string name(image.begin() + 253, image.begin() + 265);
+    EXPECT_EQ(name, std::string("Caf\xC3\xA9 Night\0", 12));
+    EXPECT_TRUE(std::equal(image.begin() + 265, image.end(), knownImage().begin() + 265));
+    for (const auto& [path, text, error] :
+         std::initializer_list<std::tuple<const char*, const char*, const char*>>{
+             {"scene2", "THIRTEEN BYTE",
+              "a scene's name has at most 12 bytes, and \"THIRTEEN BYTE\" has 13"},
+             {"scene2", "tab\there",
+              "a scene's name is a text without control characters, and "
+              "\"tab\xEF\xBF\xBDhere\" is none"},
+             {"scene2.pad1", "X", "scene2.pad1: the path of a scene was expected"},
+             {"pad1", "X", "pad1: at character 1, \"scene\" was expected"}})
+        EXPECT_EQ(errorOf(renameScene(scenes, path, text)), error);
 }
 
 TEST(CopyValues, CommonSettingsGoWithTheName) {

@@ -107,7 +107,7 @@ TEST(Path, WhatIsNotExpectedIsToldWithItsPlace) {
              {{"scene1.group1.midichannel"}, ": at character 15, one of MIDIChannel was expected"},
              {{"scene1.pad1.SceneName"},
               ": at character 13, one of AssignType, CCOrNoteNumber, MIDIChannel, PadBehavior, "
-              "OnValue, OffValue, CR, CG, CB was expected"},
+              "OnValue, OffValue, CR, CG, CB, colour was expected"},
              {{"scene1.common."},
               ": at character 15, one of SceneName, GlobalMIDICh, PianoKeyCh, PitchBendSpeed, "
               "KeyTranspose, KeyVelocityCurve, KeyConstVelocity, PadVelocityCurve, "

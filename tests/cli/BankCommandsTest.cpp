@@ -85,7 +85,7 @@ TEST_F(BankCommands, GetOfAllIsASetOfAll) {
     for (const std::string& line : linesOf(cli("get b.bank 'scene*'").output))
         command.push_back(line.substr(0, line.find('\t')));
     EXPECT_EQ(command.size(), 3U + 968U);
-    expectDone(testing::runProgram(command));
+    EXPECT_EQ(testing::runProgram(command).exitCode, 0);
     EXPECT_EQ(bytes("a.bank"), randomBank(11));
 }
 
@@ -93,9 +93,9 @@ TEST_F(BankCommands, SetKeepsTheForm) {
     done("default a.json");
     for (const std::string name : {"a.bank", "a.json"}) {
         const char first = text(name).front();
-        done("set " + name +
-             " scene1.pad3.AssignType=Note scene1.pad3.CCOrNoteNumber=C4 "
-             "scene1.common.KeyTranspose=-1");
+        changed("set " + name +
+                " scene1.pad3.AssignType=Note scene1.pad3.CCOrNoteNumber=C4 "
+                "scene1.common.KeyTranspose=-1");
         EXPECT_EQ(text(name).front(), first);
         EXPECT_EQ(
             cli("get " + name + " scene1.pad3.CCOrNoteNumber scene1.common.KeyTranspose").output,
@@ -104,18 +104,18 @@ TEST_F(BankCommands, SetKeepsTheForm) {
 }
 
 TEST_F(BankCommands, SetAndCopyPassABankThrough) {
-    const ProgramRun changed = cli("set - scene1.pad1.CR=5 <a.bank");
-    EXPECT_EQ(changed.errors, "");
-    EXPECT_EQ(changed.output.size(), 1012U);
-    EXPECT_EQ(changed.output[229], 5);
-    put("b.bank", changed.output);
+    const ProgramRun set = cli("set - scene1.pad1.CR=5 <a.bank");
+    EXPECT_EQ(set.errors, "scene1.pad1.CR: 127 -> 5\n");
+    EXPECT_EQ(set.output.size(), 1012U);
+    EXPECT_EQ(set.output[229], 5);
+    put("b.bank", set.output);
     const ProgramRun copied = cli("copy - scene1.pad1 'scene4.pad*' <b.bank");
     EXPECT_EQ(copied.output.substr(759 + 229, 8), std::string(8, '\5'));
 }
 
 TEST_F(BankCommands, CopyChangesTheFile) {
     put("a.bank", randomBank(3));
-    done("copy a.bank scene2 scene3");
+    done("copy a.bank raw:scene2 scene3");
     auto expected = randomBank(3);
     std::copy_n(expected.begin() + 253, 253, expected.begin() + 506);
     EXPECT_EQ(bytes("a.bank"), expected);
@@ -123,7 +123,8 @@ TEST_F(BankCommands, CopyChangesTheFile) {
 
 TEST_F(BankCommands, CopyTakesControlsOutOfAnotherBank) {
     put("b.bank", randomBank(1));
-    done("copy --from b.bank a.bank 'scene*' 'scene*'");
+    refused("copy --from b.bank a.bank 'scene*' 'scene*'", "; raw:scene* is copied all the same\n");
+    done("copy --from b.bank a.bank 'raw:scene*' 'scene*'");
     EXPECT_EQ(bytes("a.bank"), randomBank(1));
     EXPECT_EQ(bytes("b.bank"), randomBank(1));
 }
@@ -137,8 +138,27 @@ TEST_F(BankCommands, ASceneOnItsOwnIsShownAndCopiedIntoABank) {
     EXPECT_TRUE(cli("show scene.json").output.starts_with("Scene 1: "));
     auto expected = bytes("a.bank");
     std::copy_n(randomBank(1).begin() + 506, 253, expected.begin() + 253);
-    done("copy a.bank scene1 scene2 --from scene.json");
+    done("copy a.bank raw:scene1 scene2 --from scene.json");
     EXPECT_EQ(bytes("a.bank"), expected);
+}
+
+TEST_F(BankCommands, ScenesAreRenamedSwappedAndReset) {
+    const std::string fresh = text("a.bank");
+    const ProgramRun renamed = cli("rename a.bank 2 'Synth&Bass'");
+    EXPECT_EQ(renamed.exitCode, 0);
+    EXPECT_EQ(renamed.errors, "scene2.common.SceneName: \"SCENE2\" -> \"Synth&Bass\"\n");
+    std::string expected = fresh;
+    expected.replace(253, 12, std::string("Synth&Bass\0\0", 12));
+    EXPECT_EQ(text("a.bank"), expected);
+    done("swap a.bank 2 scene4");
+    EXPECT_EQ(text("a.bank").substr(759), expected.substr(253, 253));
+    EXPECT_EQ(text("a.bank").substr(253, 253), expected.substr(759));
+    changed("set a.bank scene1.pad1.CR=raw:3 scene1.common.PianoKeyCh=raw:99");
+    changed("reset a.bank 'scene*'");
+    EXPECT_EQ(text("a.bank"), fresh);
+    changed("set a.bank 'scene*.pad*.colour=#010203'");
+    EXPECT_EQ(cli("reset a.bank scene1.pad1.colour").errors,
+              "scene1.pad1.CR: 0 -> 127\nscene1.pad1.CG: 1 -> 0\nscene1.pad1.CB: 1 -> 0\n");
 }
 
 TEST_F(BankCommands, DiffTellsWhatDiffersAcrossForms) {
@@ -147,7 +167,7 @@ TEST_F(BankCommands, DiffTellsWhatDiffersAcrossForms) {
     expectDone(equal);
     EXPECT_EQ(equal.output, "");
     EXPECT_EQ(cli("diff --json a.bank b.json").output, "[]\n");
-    done("set b.json scene2.pad1.AssignType=CC scene4.knob1.Enable=0");
+    changed("set b.json scene2.pad1.AssignType=CC scene4.knob1.Enable=0");
     const ProgramRun different = cli("diff a.bank b.json");
     EXPECT_EQ(different.exitCode, 1);
     EXPECT_EQ(different.errors, "");
@@ -190,8 +210,8 @@ TEST_F(BankCommands, ShowIsTheSameOfBothFormsAndItsJsonIsWhatConvertWrites) {
 }
 
 TEST_F(BankCommands, HelpHasExamplesAndLinesThatFit) {
-    for (const std::string command :
-         {"convert", "copy", "default", "diff", "get", "read", "send", "set", "show"}) {
+    for (const std::string command : {"convert", "copy", "default", "diff", "get", "read", "rename",
+                                      "reset", "send", "set", "show", "swap"}) {
         const ProgramRun told = cli(command + " --help");
         expectDone(told);
         EXPECT_NE(told.output.find("Examples:\n  scenewright-cli " + command), std::string::npos)
@@ -233,9 +253,17 @@ TEST_F(BankCommands, WhatIsBadIsToldInOneSentenceAndNothingIsTouched) {
         {"get a.bank scene1 scene1.pad9",
          "scenewright-cli: scene1.pad9: at character 11, a pad's number from 1 to 8 or * was "
          "expected\n"},
-        {"set a.bank scene1.pad1.CR=5 scene1.pad1.AssignType=note",
-         "scenewright-cli: scene1.pad1.AssignType has no option \"note\": its options are Off, CC, "
+        {"set a.bank scene1.pad1.CR=5 scene1.pad1.AssignType=notes",
+         "scenewright-cli: scene1.pad1.AssignType has no option \"notes\": its options are Off, "
+         "CC, "
          "Note\n"},
+        {"set a.bank scene1.pad1.MIDIChannel=127",
+         "scene1.pad1.MIDIChannel has no option of index 127"},
+        {"rename a.bank scene1 'THIRTEEN BYTE'",
+         "scenewright-cli: a scene's name has at most 12 bytes, and \"THIRTEEN BYTE\" has 13\n"},
+        {"rename a.bank 5 X", "scenewright-cli: 5: at character 1, \"scene\" was expected\n"},
+        {"swap a.bank 1 scene2.pad1", "scene1 cannot be swapped with scene2.pad1: both must name"},
+        {"reset a.bank scene1.pad9", "scene1.pad9: at character 11"},
         {"copy a.bank scene2 scene3.pad1",
          "scenewright-cli: scene2 cannot be copied to scene3.pad1: both must name scenes, controls "
          "of one kind, or one and the same setting\n"},
@@ -289,7 +317,10 @@ TEST_F(BankCommands, BadListEndsTheCommandsThatNeedItAndNoOthers) {
         {"show a.bank", "basic"},
         {"get a.bank scene1.pad1", "basic"},
         {"set a.bank scene1.pad1.CR=1", "basic"},
-        {"copy a.bank scene1 scene2", ""},
+        {"copy a.bank scene1 scene2", "basic"},
+        {"swap a.bank scene1 scene2", ""},
+        {"rename a.bank scene1 SCENE1", "basic"},
+        {"reset a.bank scene1.pad1", "basic default"},
         {"diff a.bank a.bank", "basic"},
         {"convert a.bank out.bank", ""},
         {"convert a.bank out.json", "basic"},
@@ -311,7 +342,7 @@ TEST_F(BankCommands, BadListEndsTheCommandsThatNeedItAndNoOthers) {
             if (needed.find(list) != std::string::npos)
                 refused(whole, "lists/" + list + ".plist");
             else
-                done(whole);
+                changed(whole);
             std::filesystem::remove(file("out.bank"));
             std::filesystem::remove(file("out.json"));
         }

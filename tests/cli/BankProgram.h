@@ -64,6 +64,16 @@ protected:
         SCOPED_TRACE(words);
         expectDone(cli(words));
     }
+    // Done, and standard error tells changed settings at most.
+    void changed(const std::string& words) const {
+        const ProgramRun result = cli(words);
+        EXPECT_EQ(result.exitCode, 0) << words;
+        std::istringstream lines(result.errors);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_TRUE(line.starts_with("scene") && line.find("-cli:") == std::string::npos &&
+                        line.find(" -> ") != std::string::npos)
+                << words << ": " << line;
+    }
     // One line on standard error that holds `part`, nothing on standard output, and no file
     // touched.
     void refused(const std::string& words, const std::string& part, int exitCode = 2) const {

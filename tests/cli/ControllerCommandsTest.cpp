@@ -26,7 +26,7 @@ protected:
     }
     void holdDefaults(const std::string& assignments) const {
         done("default held");
-        done("set held " + assignments);
+        changed("set held " + assignments);
     }
 };
 

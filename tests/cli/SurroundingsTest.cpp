@@ -171,8 +171,8 @@ TEST_F(Surroundings, NoListThatIsInUseIsOverwritten) {
 }
 
 TEST_F(Surroundings, FileThatIsReadMayBeTheOneThatIsWritten) {
-    done("set link.bank scene1.pad1.CR=1");
-    done("copy a.bank scene1 scene2 --from a.bank");
+    changed("set link.bank scene1.pad1.CR=1");
+    done("copy a.bank raw:scene1 scene2 --from a.bank");
     done("convert a.bank link.bank --to json");
     EXPECT_TRUE(text("a.bank").starts_with("{"));
     EXPECT_TRUE(fs::is_symlink(file("link.bank")));
@@ -240,8 +240,9 @@ TEST_F(Surroundings, PipeWithoutAWriterIsToldAndWaitedFor) {
 
 TEST_F(Surroundings, OtherNamesOfAFileAreSpokenOf) {
     fs::create_hard_link(file("a.bank"), file("second"));
-    expectSentence(cli("set a.bank scene1.pad1.CR=1"), 0,
-                   "scenewright-cli: a.bank had 2 names; the other one keeps the former content\n");
+    EXPECT_EQ(cli("set a.bank scene1.pad1.CR=1 scene1.pad1.CG=raw:1").errors,
+              "scenewright-cli: a.bank had 2 names; the other one keeps the former content\n"
+              "scene1.pad1.CR: 6 -> 1\nscene1.pad1.CG: 66 -> 1\n");
     EXPECT_EQ(bytes("second"), randomBank(1));
     EXPECT_NE(bytes("a.bank"), randomBank(1));
 }
@@ -251,8 +252,9 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
         const std::string value = std::to_string(round + 1);
         std::vector<std::thread> programs;
         for (int pad = 1; pad <= 8; ++pad)
-            programs.emplace_back(
-                [&, pad] { done("set a.bank scene1.pad" + std::to_string(pad) + ".CR=" + value); });
+            programs.emplace_back([&, pad] {
+                changed("set a.bank scene1.pad" + std::to_string(pad) + ".CR=" + value);
+            });
         for (std::thread& program : programs)
             program.join();
         const ProgramRun got = cli("get a.bank 'scene1.pad*.CR'");

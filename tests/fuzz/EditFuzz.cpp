@@ -41,7 +41,7 @@ void checkShownValues(const SceneList& scenes, const Path& path) {
     for (const SettingPlace& place : settingsAt(path)) {
         const SceneValue& scene = *scenes.at(static_cast<std::size_t>(place.scene));
         const SettingText shown = settingText(optionLists(), scene, place);
-        const std::vector<std::string> byValue{pathOf(place) + '=' + shown.value};
+        const std::vector<std::string> byValue{assignmentOf(place, shown)};
         const auto edited = setValues(optionLists(), scenes, byValue);
         check(edited && encodeBank(*edited) == encodeBank(scenes),
               "a value cannot be set to what it is shown as");
@@ -76,7 +76,9 @@ SceneList distinctScenes() {
 
 void fuzzCopy(std::string_view from, std::string_view to) {
     const SceneList scenes = distinctScenes();
-    const auto copy = [&](const SceneList& list) { return copyValues(list, from, to); };
+    const auto copy = [&](const SceneList& list) {
+        return copyValues(optionLists(), list, from, to);
+    };
     const auto made = checkEdit(copy, scenes);
     if (!made)
         return;
