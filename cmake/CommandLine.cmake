@@ -10,7 +10,8 @@
 # "default", "repeated", "optional", "least" and "most", "choices", "excludes", and lines for the
 # "manual" alone; {"include": "FILE"} stands for the arguments of another file. The kinds:
 #   flag, text, number (from "least" to "most"), choice (of "choices"), file (- for a stream),
-#   optional-file, folder, path (of settings), assignment (to a path), bank-or-device
+#   bank (a file that holds one), optional-file, folder, path (of settings), assignment (to a path),
+#   bank-or-device
 
 # A member of an object, or an element of it; empty if there is none.
 function(scenewright_json result json)

@@ -135,7 +135,7 @@ endfunction()
 # What completes a value or an argument: what stands after its kind, or, where few words may stand for it,
 # `words` with those words in the place of its WORDS.
 function(scenewright_action result row words)
-    cmake_parse_arguments(action "" "file;optional-file;bank-or-device;folder;path;assignment" ""
+    cmake_parse_arguments(action "" "file;bank;optional-file;bank-or-device;folder;path;assignment" ""
         ${ARGN})
     scenewright_json(kind "${row}" kind)
     scenewright_words(few "${row}")
@@ -145,10 +145,11 @@ function(scenewright_action result row words)
     set(${result} "${action_${kind}}" PARENT_SCOPE)
 endfunction()
 
-# scenewright_bash_lists(FILE): sets, for the completion in bash, `commands`, the words; `with_value`, the
+# scenewright_bash_lists(FILE ID): sets, for the completion in bash, whose functions begin with the
+# identifier, `commands`, the words; `with_value`, the
 # options that take the next word as their value; `options`, cases of the options of a command;
 # `values`, cases of an option before its value; `arguments`, cases of COMMAND:ARGUMENTS before it.
-function(scenewright_bash_lists file)
+function(scenewright_bash_lists file id)
     scenewright_read_json(json ${file})
     set(commands)
     set(with_value)
@@ -159,7 +160,7 @@ function(scenewright_bash_lists file)
     foreach(index program ${indexes})
         set(command "${json}")
         set(name "")
-        if(NOT index STREQUAL program)
+        if(NOT "${index}" STREQUAL "program")
             scenewright_json(command "${json}" commands ${index})
             scenewright_json(name "${command}" name)
             list(APPEND commands ${name})
@@ -174,13 +175,14 @@ function(scenewright_bash_lists file)
             scenewright_json(kind "${row}" kind)
             scenewright_json(repeated "${row}" repeated)
             # Commands, which are given the word.
-            scenewright_action(action "${row}" "_scenewright_cli_words \"WORDS\""
-                file _scenewright_cli_files
-                optional-file _scenewright_cli_files
-                bank-or-device _scenewright_cli_files
-                folder _scenewright_cli_folders
-                path _scenewright_cli_paths
-                assignment _scenewright_cli_paths)
+            scenewright_action(action "${row}" "_${id}_words \"WORDS\""
+                file _${id}_files
+                bank _${id}_banks
+                optional-file _${id}_files
+                bank-or-device _${id}_banks_and_device
+                folder _${id}_folders
+                path _${id}_paths
+                assignment _${id}_paths)
             if(word MATCHES "^-")
                 list(APPEND own ${word})
                 if(NOT kind MATCHES "^(flag|optional-file)$")
@@ -216,8 +218,9 @@ function(scenewright_zsh_text result text)
     set(${result} "${text}" PARENT_SCOPE)
 endfunction()
 
-# The entries for _arguments of a program or command, one a line.
-function(scenewright_zsh_arguments result json indent)
+# The entries for _arguments of a program or command, one a line. The completion's functions begin with
+# the identifier.
+function(scenewright_zsh_arguments result json indent id)
     scenewright_arguments(arguments "${json}")
     scenewright_json_indexes(indexes "${arguments}" arguments)
     set(entries "")
@@ -232,11 +235,12 @@ function(scenewright_zsh_arguments result json indent)
         scenewright_zsh_text(help "${help}")
         scenewright_action(action "${row}" "(WORDS)"
             file _files
+            bank _${id}_banks
             optional-file _files
-            bank-or-device _scenewright_cli_bank_or_device
+            bank-or-device _${id}_banks_and_device
             folder "_files -/"
-            path _scenewright_cli_paths
-            assignment "_scenewright_cli_paths -S =")
+            path _${id}_paths
+            assignment "_${id}_paths -S =")
         set(entry "${name}[${help}]")
         if(NOT name MATCHES "^-")
             math(EXPR place "${place} + 1")
@@ -261,9 +265,9 @@ function(scenewright_zsh_arguments result json indent)
     set(${result} "${entries}" PARENT_SCOPE)
 endfunction()
 
-# scenewright_zsh_lists(FILE): sets, for the completion in zsh, `commands`, the entries for _describe;
+# scenewright_zsh_lists(FILE ID): sets, for the completion in zsh, `commands`, the entries for _describe;
 # `options`, those for _arguments of the program; `arguments`, cases of those of a command.
-function(scenewright_zsh_lists file)
+function(scenewright_zsh_lists file id)
     scenewright_read_json(json ${file})
     set(commands "")
     set(arguments "")
@@ -274,15 +278,18 @@ function(scenewright_zsh_lists file)
         scenewright_json(help "${command}" help)
         scenewright_zsh_text(help "${help}")
         string(APPEND commands "        '${name}:${help}'\n")
-        scenewright_zsh_arguments(entries "${command}" "                ")
+        scenewright_zsh_arguments(entries "${command}" "                " ${id})
         string(APPEND arguments
             "        ${name})\n            _arguments $help \\\n${entries}            ;;\n")
     endforeach()
-    scenewright_zsh_arguments(options "${json}" "    ")
+    scenewright_zsh_arguments(options "${json}" "    " ${id})
+    if(commands)
+        string(APPEND options "    '1:command:_${id}_commands' \\\n    '*::argument:_${id}_arguments' \\\n")
+    endif()
     # The last of a case's lines goes on no further.
     string(REPLACE " \\\n            ;;" "\n            ;;" arguments "${arguments}")
     foreach(list commands options arguments)
-        string(REGEX REPLACE "\n$" "" ${list} "${${list}}")
+        string(REGEX REPLACE "( \\\\)?\n$" "" ${list} "${${list}}")
         set(${list} "${${list}}" PARENT_SCOPE)
     endforeach()
 endfunction()

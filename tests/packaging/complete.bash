@@ -1,15 +1,19 @@
 #!/bin/bash
-# complete.bash USR: completes command lines with the function that USR/share holds, and fails unless
-# it offers what --help tells of.
+# complete.bash USR: completes command lines with the functions that USR/share holds, and fails unless
+# they offer what --help tells of.
 set -uo pipefail
 
 usr="$1"
 program="$usr/bin/scenewright-cli"
-words="$("$(dirname "$(readlink -f "$0")")/help_words.py" "$program")"
+help_words="$(dirname "$(readlink -f "$0")")/help_words.py"
+words="$("$help_words" "$program")"
 failures=0
 
-# shellcheck source=/dev/null
-source "$usr/share/bash-completion/completions/scenewright-cli"
+for name in scenewright scenewright-cli scenewright-virtual; do
+    # shellcheck source=/dev/null
+    source "$usr/share/bash-completion/completions/$name"
+done
+complete=_scenewright_cli
 
 # What --help tells of, of the program (.) or a command of it.
 told() {
@@ -19,7 +23,7 @@ told() {
 # What is offered for the last of the words after the program's, one a line, in order.
 offered() {
     COMP_WORDS=("$program" "$@") COMP_CWORD=$# COMPREPLY=()
-    _scenewright_cli
+    "$complete"
     printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort
 }
 
@@ -37,7 +41,7 @@ folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
 mkdir folder
-touch mine.bank "other one.bank"
+touch mine.bank "other one.bank" some.json letter.txt
 
 known="$(told '[.]' | grep -v '^-')"
 expect "$(told '[.]' | grep '^-')" --
@@ -54,9 +58,13 @@ expect $'image\njson' convert --to ""
 expect mine.bank read m
 expect mine.bank send --backup m
 expect "other one.bank" send o
+expect $'folder\nmine.bank\nother one.bank\nsome.json' show ""
+expect letter.txt show l
+expect $'device:\nfolder\nmine.bank\nother one.bank\nsome.json' diff ""
+expect device: diff mine.bank d
 expect mine.bank --virtual = m
 expect mine.bank --log m
-expect $'folder\nmine.bank\nother one.bank' --virtual =
+expect $'folder\nletter.txt\nmine.bank\nother one.bank\nsome.json' --virtual =
 expect folder --resources ""
 expect "" devices ""
 expect mine.bank get m
@@ -64,4 +72,15 @@ expect $'scene1.\nscene2.\nscene3.\nscene4.' get mine.bank ""
 expect scene2.common. set mine.bank scene2.c
 expect $'scene1.pad3.CB\nscene1.pad3.CCOrNoteNumber\nscene1.pad3.CG\nscene1.pad3.CR' \
     copy mine.bank scene2.pad1.CR scene1.pad3.C
+
+for name in scenewright scenewright-virtual; do
+    program="$usr/bin/$name" complete="_${name//-/_}"
+    words="$("$help_words" "$program")"
+    expect "$(told '[.]' | grep '^-')" --
+done
+expect $'1\n2' --interfaces ""
+expect mine.bank --bank m
+program="$usr/bin/scenewright" complete=_scenewright
+expect $'folder\nmine.bank\nother one.bank\nsome.json' ""
+expect mine.bank --virtual = x m
 exit "$((failures > 0))"

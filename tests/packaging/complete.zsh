@@ -6,14 +6,15 @@ zmodload zsh/zpty
 
 usr=$1
 program=$usr/bin/scenewright-cli
-words_told=$(${0:A:h}/help_words.py $program)
+help_words=${0:A:h}/help_words.py
+words_told=$($help_words $program)
 failures=0
 
 folder=$(mktemp -d)
 trap 'rm -rf $folder' EXIT
 cd $folder
 mkdir folder
-touch mine.bank 'other one.bank'
+touch mine.bank 'other one.bank' some.json letter.txt
 
 # The shell on the terminal: instead of adding matches to its line, it writes each into a file.
 cat > .zshrc <<SETUP
@@ -92,8 +93,18 @@ expect 'other\ one.bank' "send o"
 expect mine.bank "--virtual=m"
 expect mine.bank "--log m"
 expect folder "--resources "
+expect $'folder\nmine.bank\nother\\ one.bank\nsome.json' "show "
 expect device: "diff mine.bank d"
 expect $'scene1\nscene2\nscene3\nscene4' "get mine.bank "
 expect $'CB\nCCOrNoteNumber\nCG\nCR' "copy mine.bank scene1.pad3.C"
+
+for name in scenewright scenewright-virtual; do
+    program=$usr/bin/$name
+    words_told=$($help_words $program)
+    expect "$(told '[.]' | grep '^-')" "--"
+done
+expect mine.bank "--bank m"
+program=$usr/bin/scenewright
+expect mine.bank "m"
 zpty -d terminal
 exit $(( failures > 0 ))
