@@ -7,6 +7,7 @@
 #include <future>
 #include <pthread.h>
 #include <unistd.h>
+#include <utility>
 
 namespace scenewright {
 
@@ -20,9 +21,9 @@ bool isIgnored(int signal) {
     return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
-// Releases the interface, or leaves it when the bus does not let go of a transfer in time.
-void leaveBus(std::chrono::milliseconds limit) {
-    std::packaged_task<void()> task([] { Transport::instance().shutDown(); });
+// Leaves it behind when it is not done in time.
+void doWithin(std::chrono::milliseconds limit, std::function<void()> work) {
+    std::packaged_task<void()> task(std::move(work));
     const auto done = task.get_future();
     std::thread(std::move(task)).detach();
     done.wait_for(limit);
@@ -61,14 +62,26 @@ Shutdown::~Shutdown() {
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
-void Shutdown::watch() const {
+void Shutdown::setLastWork(std::function<void()> work) {
+    const std::lock_guard lock(mutex_);
+    lastWork_ = std::move(work);
+}
+
+void Shutdown::watch() {
     pthread_setname_np(pthread_self(), "signals");
     int signal = kStopWatching;
     while (signal == kStopWatching && !isStopping_)
         sigwait(&watched_, &signal);
     if (signal == kStopWatching)
         return;
-    leaveBus(limits_.bus);
+    std::function<void()> lastWork;
+    {
+        const std::lock_guard lock(mutex_);
+        lastWork = lastWork_;
+    }
+    if (lastWork)
+        doWithin(limits_.work, std::move(lastWork));
+    doWithin(limits_.bus, [] { Transport::instance().shutDown(); });
     const auto files = keepFromHiddenNames(limits_.file);
     endBy(signal);
 }

@@ -183,6 +183,21 @@ TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
     EXPECT_EQ(ending.letters, "XR"); // at the normal end
 }
 
+TEST_P(ShutdownBySignal, DoesTheLastWorkFirst) {
+    const ProgramEnd ending = runProgram([](int letters) {
+        Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        shutdown.setLastWork([bus] { bus->tell('W'); });
+        kill(getpid(), GetParam());
+        for (;;)
+            pause();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
+    EXPECT_EQ(ending.letters, "WXR");
+}
+
 INSTANTIATE_TEST_SUITE_P(Signals, ShutdownBySignal, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 // The signals of `asked` that this thread does not get.
@@ -223,6 +238,33 @@ TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
     }
     EXPECT_EQ(blockedOf(signals), std::vector<int>{});
     Transport::instance().use(nullptr);
+}
+
+TEST(Shutdown, LastWorkThatDoesNotEndIsLeftBehind) {
+    const ProgramEnd ending = runProgram([](int letters) {
+        Shutdown shutdown({.work = std::chrono::milliseconds(10)});
+        const auto bus = takeBus(letters);
+        shutdown.setLastWork([] {
+            for (;;)
+                pause();
+        });
+        kill(getpid(), SIGTERM);
+        for (;;)
+            pause();
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(ending.status));
+    EXPECT_EQ(ending.letters, "XR");
+}
+
+TEST(Shutdown, ANormalEndDoesNoLastWork) {
+    const ProgramEnd ending = runProgram([](int letters) {
+        Shutdown shutdown;
+        const auto bus = takeBus(letters);
+        shutdown.setLastWork([bus] { bus->tell('W'); });
+        return 0;
+    });
+    EXPECT_EQ(ending.letters, "XR");
 }
 
 TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
