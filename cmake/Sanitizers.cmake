@@ -10,5 +10,12 @@ add_compile_options(
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 add_link_options(-fsanitize=${SCENEWRIGHT_SANITIZE})
 
+# Such programs are large, and this linker is quicker than the usual one. Newer systems have it in a
+# package of its own, or not at all.
+find_program(SCENEWRIGHT_QUICK_LINKER ld.gold)
+if(SCENEWRIGHT_QUICK_LINKER AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    add_link_options(-fuse-ld=gold)
+endif()
+
 # What every program of such a build tells its sanitizers, however it is run.
 add_library(scenewright_sanitizer_words OBJECT tests/support/SanitizerWords.cpp)
