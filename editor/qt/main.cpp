@@ -80,8 +80,8 @@ std::vector<NamedFile> namedFiles(const LaunchOptions& options, const std::strin
     return files;
 }
 
-// Both streams are the trace of the traffic with the keyboard: thousands of lines for a read, which a
-// desktop keeps in its journal and a person who started the window in a terminal may not want.
+// Both streams are the trace of the traffic with the keyboard: thousands of lines for a read, which
+// a desktop keeps in its journal and a person who started the window in a terminal may not want.
 void tellTerminal(const LaunchOptions& options) {
     const bool isConsole = options.console.empty() && ::isatty(STDOUT_FILENO) == 1;
     const bool isLog = options.log.empty() && ::isatty(STDERR_FILENO) == 1;
