@@ -24,7 +24,18 @@ std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const Setti
     return assignmentOf(place, text) + (text.title.empty() ? "" : "\t" + text.title) + "\n";
 }
 
-int get(const std::string& name, const std::vector<std::string>& paths) {
+// A line as lineOf() writes it for each option that the setting has; none for a name.
+std::string optionLines(const PopUpValue& lists, const SceneList& scenes,
+                        const SettingPlace& place) {
+    std::string lines;
+    const Titles titles = titlesAt(lists, place, *scenes.at(static_cast<std::size_t>(place.scene)));
+    for (std::size_t index = 0; titles != nullptr && index < titles->size(); ++index)
+        lines += assignmentOf(place, {std::to_string(index), titles->at(index)}) + "\t" +
+                 titles->at(index) + "\n";
+    return lines;
+}
+
+int get(const std::string& name, const std::vector<std::string>& paths, bool isOfOptions) {
     std::vector<SettingPlace> places;
     for (const std::string& text : paths) {
         const auto path = parsePath(text);
@@ -41,7 +52,7 @@ int get(const std::string& name, const std::vector<std::string>& paths) {
         return reportError(lists.error(), kExitUsage);
     std::string text;
     for (const SettingPlace& place : places)
-        text += lineOf(**lists, bank->scenes, place);
+        text += (isOfOptions ? optionLines : lineOf)(**lists, bank->scenes, place);
     return printAndEnd(text, kExitDone);
 }
 
@@ -116,8 +127,10 @@ int reset(const std::string& name, const std::string& path) {
 
 CommandChoice getCommand(const Arguments& arguments) {
     const std::string bank = arguments.text("BANK");
-    return {.run = [bank, paths = arguments.texts("PATH")] { return get(bank, paths); },
-            .files = {bankToRead(bank, "the bank that is to be read")}};
+    return {
+        .run = [bank, paths = arguments.texts("PATH"),
+                isOfOptions = arguments.has("--options")] { return get(bank, paths, isOfOptions); },
+        .files = {bankToRead(bank, "the bank that is to be read")}};
 }
 
 CommandChoice setCommand(const Arguments& arguments) {

@@ -240,7 +240,7 @@ function(scenewright_zsh_arguments result json indent id)
             bank-or-device _${id}_banks_and_device
             folder "_files -/"
             path _${id}_paths
-            assignment "_${id}_paths -S =")
+            assignment _${id}_assignments)
         set(entry "${name}[${help}]")
         if(NOT name MATCHES "^-")
             math(EXPR place "${place} + 1")

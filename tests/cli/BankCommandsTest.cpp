@@ -79,6 +79,23 @@ TEST_F(BankCommands, GetPrintsIndexAndTitle) {
                              "scene1.key1.CCOrNoteNumber=48\tC3\n");
 }
 
+// The titles of a pad's number are those of what it sends.
+TEST_F(BankCommands, GetPrintsTheOptionsOfASetting) {
+    done("default a.json");
+    changed("set a.json scene1.pad1.AssignType=Note scene1.pad2.AssignType=CC");
+    const ProgramRun result = cli("get a.json scene1.pad3.PadBehavior scene1.common.SceneName "
+                                  "'scene1.pad*.CCOrNoteNumber' --options");
+    expectDone(result);
+    const auto lines = linesOf(result.output);
+    ASSERT_EQ(lines.size(), 4U + 8 * 128);
+    EXPECT_EQ(std::vector(lines.begin(), lines.begin() + 4),
+              (std::vector<std::string>{
+                  "scene1.pad3.PadBehavior=0\tMomentary", "scene1.pad3.PadBehavior=1\tToggle",
+                  "scene1.pad3.PadBehavior=2\tTrigger", "scene1.pad3.PadBehavior=3\tRelease"}));
+    EXPECT_EQ(lines[4 + 60], "scene1.pad1.CCOrNoteNumber=60\tC4");
+    EXPECT_EQ(lines[4 + 128 + 60], "scene1.pad2.CCOrNoteNumber=60\t60");
+}
+
 TEST_F(BankCommands, GetOfAllIsASetOfAll) {
     put("b.bank", randomBank(11));
     std::vector<std::string> command{testing::kProgram, "set", file("a.bank")};

@@ -70,6 +70,9 @@ expect "" devices ""
 expect mine.bank get m
 expect $'scene1.\nscene2.\nscene3.\nscene4.' get mine.bank ""
 expect scene2.common. set mine.bank scene2.c
+"$program" default mine.bank
+expect $'Momentary\nRelease\nToggle\nTrigger' set mine.bank scene1.pad3.PadBehavior =
+expect Toggle set mine.bank scene1.pad1.CR = 3 scene1.pad3.PadBehavior = To
 expect $'scene1.pad3.CB\nscene1.pad3.CCOrNoteNumber\nscene1.pad3.CG\nscene1.pad3.CR' \
     copy mine.bank scene2.pad1.CR scene1.pad3.C
 

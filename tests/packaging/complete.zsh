@@ -96,6 +96,8 @@ expect folder "--resources "
 expect $'folder\nmine.bank\nother\\ one.bank\nsome.json' "show "
 expect device: "diff mine.bank d"
 expect $'scene1\nscene2\nscene3\nscene4' "get mine.bank "
+$program default mine.bank
+expect $'Momentary\nRelease\nToggle\nTrigger' "set mine.bank scene1.pad3.PadBehavior="
 expect $'CB\nCCOrNoteNumber\nCG\nCR' "copy mine.bank scene1.pad3.C"
 
 for name in scenewright scenewright-virtual; do
