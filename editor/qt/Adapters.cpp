@@ -3,9 +3,14 @@
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
 
+#include <QClipboard>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPushButton>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include <cstdint>
 
@@ -15,6 +20,20 @@ namespace {
 
 constexpr int kHighest = 127;
 constexpr int kPage = 8;
+
+const QString kAnd = QStringLiteral("&");
+const QString kWrittenAnd = QStringLiteral("&&"); // as a button's text has it
+
+// Those of the chosen segment, the wider ones.
+QFontMetrics chosenMetrics(const QWidget& segment) {
+    QFont font = segment.font();
+    font.setWeight(QFont::DemiBold);
+    return QFontMetrics(font);
+}
+
+QString plain(QString title) {
+    return title.replace(kWrittenAnd, kAnd);
+}
 
 } // namespace
 
@@ -27,6 +46,37 @@ void PaneFrame::setHidden(bool hidden) {
     setVisible(!hidden);
 }
 
+SegmentButton::SegmentButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+QSize SegmentButton::sizeAround(int width) const {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QSize contents(width, chosenMetrics(*this).height());
+    return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
+}
+
+QSize SegmentButton::sizeHint() const {
+    return sizeAround(chosenMetrics(*this).horizontalAdvance(plain(text())) + 1);
+}
+
+QSize SegmentButton::minimumSizeHint() const {
+    return sizeAround(0);
+}
+
+void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const int room =
+        width() - sizeHint().width() + chosenMetrics(*this).horizontalAdvance(plain(text())) + 1;
+    option.text = chosenMetrics(*this)
+                      .elidedText(plain(text()), Qt::ElideRight, room)
+                      .replace(kAnd, kWrittenAnd);
+    painter.drawControl(QStyle::CE_PushButton, option);
+}
+
 SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(parent) {
     setProperty("segments", true);
     setFrameShape(QFrame::StyledPanel);
@@ -34,7 +84,7 @@ SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(paren
     row.setContentsMargins(3, 3, 3, 3);
     row.setSpacing(2);
     for (int position = 0; position < names.size(); ++position) {
-        auto& button = makeChild<QPushButton>(names[position], this);
+        auto& button = makeChild<SegmentButton>(names[position], this);
         button.setCheckable(true);
         button.setAutoDefault(false);
         button.setProperty("segment", true);
@@ -52,7 +102,7 @@ std::int32_t SegmentBar::selectedSegment() const {
 }
 
 void SegmentBar::setTitle(int position, const QString& title) {
-    segment(position).setText(title);
+    segment(position).setText(QString(title).replace(kAnd, kWrittenAnd));
 }
 
 QAbstractButton& SegmentBar::segment(int position) const {
@@ -84,14 +134,32 @@ void TextLabel::setText(const std::string& text) {
 
 void TextLabel::setEditable(bool /*editable*/) {}
 
+bool TextLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && hasSelectedText() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy))
+        event->accept();
+    return QLabel::event(event);
+}
+
+void TextLabel::keyPressEvent(QKeyEvent* event) {
+    if (hasSelectedText() && event->matches(QKeySequence::Copy))
+        QGuiApplication::clipboard()->setText(selectedText());
+    else
+        QLabel::keyPressEvent(event);
+}
+
 TextLine::TextLine(QWidget* parent) : QLineEdit(parent) {}
 
 void TextLine::setText(const std::string& text) {
     QLineEdit::setText(shown(displayName(text)));
+    if (isReadOnly())
+        setCursorPosition(0); // the beginning is seen where the room is narrow
 }
 
 void TextLine::setEditable(bool editable) {
     setReadOnly(!editable);
+    // What cannot be typed into is no stop of the Tab key; its text can still be marked and copied.
+    setFocusPolicy(editable ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 } // namespace scenewright

@@ -7,6 +7,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
 #include <QStringList>
 
@@ -22,6 +23,24 @@ public:
     void setHidden(bool hidden) override;
 };
 
+// A segment: its title is whole where there is room, set in either weight, and cut short at its end
+// where there is not.
+class SegmentButton final : public QPushButton {
+    Q_OBJECT
+
+public:
+    SegmentButton(const QString& title, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QSize sizeAround(int width) const;
+};
+
 // A segmented control: a row of buttons of which one is down.
 //
 // Left and Right move between the segments, Space chooses.
@@ -35,6 +54,7 @@ public:
 
     [[nodiscard]] std::int32_t selectedSegment() const override;
 
+    // Shown as it is: "&" marks no letter.
     void setTitle(int position, const QString& title);
     [[nodiscard]] QAbstractButton& segment(int position) const;
 
@@ -76,6 +96,11 @@ public:
     void setText(const std::string& text) override;
     // A label cannot be edited either way.
     void setEditable(bool editable) override;
+
+protected:
+    // What is selected is copied, whatever the window does with the keys otherwise.
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 // A line of text that can be locked.

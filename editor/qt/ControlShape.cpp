@@ -35,7 +35,7 @@ constexpr qreal kScreenMargin = 0.05;
 constexpr qreal kKnobScreen = 0.42;
 constexpr qreal kSliderScreen = 0.26;
 constexpr qreal kPadScreen = 0.46;
-constexpr qreal kWhiteScreen = 0.27;
+constexpr qreal kWhiteScreen = 0.32;
 constexpr qreal kUnderBlack = 0.63;
 
 void fillRound(QPainter& painter, const QRectF& room, qreal radius, const QBrush& brush) {

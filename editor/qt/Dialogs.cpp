@@ -12,6 +12,7 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kListSize(560, 420);
+constexpr QSize kDetailsSize(520, 220);
 
 } // namespace
 
@@ -36,6 +37,26 @@ About::About(QWidget* parent) : QDialog(parent) {
     close.setDefault(true);
     connect(&close, &QPushButton::clicked, this, &QDialog::accept);
     column.addWidget(&close, 0, Qt::AlignRight);
+}
+
+NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(parent) {
+    setWindowTitle(tr("Notice"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(18, 16, 18, 14);
+    column.setSpacing(10);
+    auto& whole = makeChild<QPlainTextEdit>(this);
+    whole.setReadOnly(true);
+    whole.setTabChangesFocus(true);
+    whole.setAccessibleName(windowTitle());
+    whole.setPlainText(QString(text).replace(QLatin1Char('\n'), QLatin1String("\n\n")));
+    column.addWidget(&whole, 1);
+    auto& close = makeChild<QPushButton>(tr("&Close"), this);
+    close.setAccessibleName(tr("Close"));
+    close.setDefault(true);
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+    column.addWidget(&close, 0, Qt::AlignRight);
+    resize(kDetailsSize);
 }
 
 DifferenceDialog::DifferenceDialog(const QStringList& lines, QWidget* parent)

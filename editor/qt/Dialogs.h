@@ -16,6 +16,14 @@ public:
     explicit About(QWidget* parent = nullptr);
 };
 
+// The whole text of a notice, which can be selected and copied.
+class NoticeDetails final : public QDialog {
+    Q_OBJECT
+
+public:
+    NoticeDetails(const QString& text, QWidget* parent);
+};
+
 // What differs between the controller and the window, a line each.
 class DifferenceDialog final : public QDialog {
     Q_OBJECT

@@ -47,7 +47,7 @@ void GainWindow::makeGain(QGridLayout& grid, std::int32_t tag) {
     slider.setMinimumHeight(kSliderHeight);
     slider.setAccessibleName(tr("Gain %1").arg(tag));
     auto& label = makeChild<TextLabel>(this);
-    label.setAccessibleName(tr("Value of gain %1").arg(tag));
+    label.setAccessibleDescription(tr("Value of gain %1").arg(tag)); // its name is its text
     label.setAlignment(Qt::AlignCenter);
     // As wide as its longest text, so that the panel does not move under the hand.
     label.setMinimumWidth(label.fontMetrics().horizontalAdvance(QStringLiteral("127/127")) + 6);

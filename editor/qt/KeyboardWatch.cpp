@@ -37,7 +37,7 @@ QString cureOf(KeyboardPresence presence) {
 } // namespace
 
 KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_(std::move(look)) {
-    setAccessibleName(tr("Keyboard"));
+    setAccessibleDescription(tr("Keyboard")); // its name is its text
     setProperty("role", "field");
     setTextFormat(Qt::PlainText);
     if (!look_)

@@ -12,12 +12,6 @@
 
 namespace scenewright {
 
-namespace {
-
-constexpr int kTitleWidth = 96; // of a scene's name in its segment, in device-independent pixels
-
-} // namespace
-
 MainWindow::MainWindow(QuitController& application, Appearance& appearance, bool isVirtual)
     : application_(application), appearance_(appearance), windowController_(*this, application) {
     setWindowTitle(isVirtual ? tr("Scenewright – Virtual controller") : tr("Scenewright"));
@@ -82,7 +76,8 @@ void MainWindow::connectQuit() {
         centralWidget()->setEnabled(false);
         notices_->post({.source = Notice::Source::Quit,
                         .kind = Notice::Kind::Done,
-                        .text = tr("The program ends when the scenes have been sent")});
+                        .text = tr("The program ends when the scenes have been sent"),
+                        .stays = true});
     });
 }
 
@@ -168,9 +163,7 @@ void MainWindow::refreshSceneTitles() {
         const auto& common = stored[static_cast<std::size_t>(scene)]->commonValue();
         const QString name = common ? shown(displayName(common->SceneName())) : QString();
         QAbstractButton& segment = scenes_->segment(scene);
-        QString title = segment.fontMetrics().elidedText(name, Qt::ElideRight, kTitleWidth);
-        title.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        scenes_->setTitle(scene, tr("%1  %2").arg(scene + 1).arg(title));
+        scenes_->setTitle(scene, tr("%1  %2").arg(scene + 1).arg(name));
         segment.setAccessibleName(tr("Scene %1, %2").arg(scene + 1).arg(name));
         segment.setToolTip(segment.accessibleName());
     }

@@ -122,7 +122,8 @@ protected:
 
 private:
     void layOut();
-    void layOutHeader(QHBoxLayout& header);
+    QWidget& makeRoot();
+    void layOutHeader(QHBoxLayout& header, QWidget& root);
     void connectOutlets();
     void connectChoices();
     void connectCommands();

@@ -2,9 +2,11 @@
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QChildEvent>
 #include <QMenu>
+#include <QScrollArea>
 
 #include <memory>
 
@@ -16,6 +18,7 @@ constexpr QSize kWindowSize(1180, 720);
 constexpr int kListWidth = 132;
 constexpr int kModesWidth = 168;
 constexpr int kGap = 10;
+constexpr int kRowGap = 6; // between what stands above another
 
 // `outer` owns the layout.
 template <typename Layout>
@@ -58,14 +61,11 @@ QMenu& menuNamed(QMenuBar& bar, const QString& title) {
 
 void MainWindow::layOut() {
     menu_ = &makeChild<MainMenu>(*menuBar());
-    auto& root = makeChild<QWidget>(this);
-    root.setObjectName(QStringLiteral("root"));
-    root.setAccessibleName(tr("Editor"));
+    auto& root = makeRoot();
     auto& rows = makeChild<QVBoxLayout>(&root);
-    rows.setContentsMargins(12, 4, 12, 10);
-    rows.setSpacing(kGap);
-    setCentralWidget(&root);
-    layOutHeader(nested<QHBoxLayout>(rows));
+    rows.setContentsMargins(12, 3, 12, 8);
+    rows.setSpacing(kRowGap);
+    layOutHeader(nested<QHBoxLayout>(rows), root);
     notices_ = &makeChild<NoticeBar>(&root);
     rows.addWidget(notices_);
 
@@ -90,17 +90,36 @@ void MainWindow::layOut() {
     resize(kWindowSize);
 }
 
-void MainWindow::layOutHeader(QHBoxLayout& header) {
-    QWidget* root = centralWidget();
+// A window that is smaller than all that is in it lets it be scrolled, and scrolls by itself to
+// where the keyboard goes.
+QWidget& MainWindow::makeRoot() {
+    auto& room = makeChild<QScrollArea>(this);
+    room.setFrameShape(QFrame::NoFrame);
+    room.setWidgetResizable(true);
+    room.setFocusPolicy(Qt::NoFocus);
+    room.setAccessibleName(tr("Editor"));
+    setCentralWidget(&room);
+    auto& root = makeChild<QWidget>(&room);
+    root.setObjectName(QStringLiteral("root"));
+    root.setAccessibleName(tr("Editor"));
+    room.setWidget(&root);
+    connect(qApp, &QApplication::focusChanged, &root, [&room, &root](QWidget*, QWidget* now) {
+        if (now != nullptr && root.isAncestorOf(now))
+            room.ensureWidgetVisible(now);
+    });
+    return root;
+}
+
+void MainWindow::layOutHeader(QHBoxLayout& header, QWidget& root) {
     const QStringList names{tr("Scene 1"), tr("Scene 2"), tr("Scene 3"), tr("Scene 4")};
-    scenes_ = &makeChild<SegmentBar>(names, root);
+    scenes_ = &makeChild<SegmentBar>(names, &root);
     scenes_->setAccessibleName(tr("Scenes"));
     header.addWidget(scenes_);
     header.addStretch(1);
 
-    auto& label = makeChild<QLabel>(tr("Sho&w"), root);
+    auto& label = makeChild<QLabel>(tr("Sho&w"), &root);
     label.setProperty("role", "field");
-    displayModes_ = &makeChild<PopUpBox>(root);
+    displayModes_ = &makeChild<PopUpBox>(&root);
     displayModes_->setObjectName(QStringLiteral("displaySelect"));
     displayModes_->setAccessibleName(tr("What the picture shows"));
     displayModes_->setFixedWidth(kModesWidth);
@@ -111,10 +130,10 @@ void MainWindow::layOutHeader(QHBoxLayout& header) {
 
     readButton_ = &command(
         tr("Read"), tr("Read scenes"),
-        withKeys(tr("Read the four scenes from the controller (%1)"), menu_->read()), root);
+        withKeys(tr("Read the four scenes from the controller (%1)"), menu_->read()), &root);
     sendButton_ =
         &command(tr("Send"), tr("Send scenes"),
-                 withKeys(tr("Send the four scenes to the controller (%1)"), menu_->send()), root);
+                 withKeys(tr("Send the four scenes to the controller (%1)"), menu_->send()), &root);
     sendButton_->setProperty("main", true);
     header.addWidget(readButton_);
     header.addWidget(sendButton_);

@@ -1,9 +1,14 @@
 #include "editor/qt/NoticeBar.h"
 
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QStyle>
+#include <QStyleOption>
+#include <QStylePainter>
 
 #include <algorithm>
 #include <utility>
@@ -13,26 +18,75 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kBusySize(72, 12);
+constexpr int kLeastText = 120; // of a notice, in device-independent pixels
+
+QPushButton& buttonOf(const QString& title, const QString& name, QWidget* parent) {
+    auto& button = makeChild<QPushButton>(title, parent);
+    button.setAccessibleName(name);
+    button.setAutoDefault(false);
+    return button;
+}
+
+QString firstLine(const QString& text) {
+    return text.section(QLatin1Char('\n'), 0, 0);
+}
 
 } // namespace
 
+NoticeText::NoticeText(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+QString NoticeText::seen() const {
+    return fontMetrics().elidedText(firstLine(text()), Qt::ElideRight, contentsRect().width());
+}
+
+bool NoticeText::isCut() const {
+    return seen() != text();
+}
+
+QSize NoticeText::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(firstLine(text())) + 1, fontMetrics().height()};
+}
+
+QSize NoticeText::minimumSizeHint() const {
+    return {kLeastText, fontMetrics().height()};
+}
+
+void NoticeText::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    painter.drawItemText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeading, palette(),
+                         isEnabled(), seen(), foregroundRole());
+}
+
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent), row_(&makeChild<QHBoxLayout>(this)), text_(&makeChild<QLabel>(this)),
-      close_(&makeChild<QPushButton>(tr("Dismiss"), this)) {
+    : QFrame(parent), row_(&makeChild<QHBoxLayout>(this)), text_(&makeChild<NoticeText>(this)),
+      details_(&buttonOf(tr("Details..."), tr("Details of the notice"), this)),
+      close_(&buttonOf(tr("Dismiss"), tr("Dismiss the notice"), this)),
+      escape_(&makeChild<QShortcut>(QKeySequence(Qt::Key_Escape), this)),
+      expiry_(&makeChild<QTimer>(this)) {
     setObjectName(QStringLiteral("notice"));
     setAccessibleName(tr("Notice"));
     setProperty("panel", true);
     setFrameShape(QFrame::StyledPanel);
-    text_->setAccessibleName(accessibleName());
-    text_->setTextFormat(Qt::PlainText);
-    text_->setWordWrap(true);
-    text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    close_->setAccessibleName(tr("Dismiss the notice"));
-    close_->setAutoDefault(false);
-    row_->setContentsMargins(14, 6, 8, 6);
+    text_->setText(accessibleName());
+    row_->setContentsMargins(14, 2, 3, 2);
+    row_->setSpacing(6);
     row_->addWidget(text_, 1);
+    row_->addWidget(details_);
     row_->addWidget(close_);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    expiry_->setSingleShot(true);
+    connect(expiry_, &QTimer::timeout, this, &NoticeBar::expire);
+    connect(details_, &QPushButton::clicked, this, &NoticeBar::showDetails);
     connect(close_, &QPushButton::clicked, this, &NoticeBar::dismiss);
+    connect(escape_, &QShortcut::activated, this, &NoticeBar::dismiss);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now != nullptr && now->window() == window() && !hasKeyboard())
+            former_ = now;
+    });
     hide();
 }
 
@@ -72,25 +126,84 @@ QPushButton* NoticeBar::action(std::size_t place) const {
 }
 
 void NoticeBar::showFirst() {
+    expiry_->stop();
+    if (hasKeyboard())
+        giveKeyboardBack();
     clearActions();
-    setVisible(!notices_.empty());
-    if (notices_.empty())
+    if (notices_.empty()) {
+        hide();
         return;
+    }
     const Notice& notice = notices_.front();
+    for (const NoticeAction& action : notice.actions)
+        addAction(action);
+    showText(notice);
+    startExpiry(notice);
+}
+
+void NoticeBar::showText(const Notice& notice) {
     text_->setText(notice.text);
-    text_->setAccessibleName(notice.text);
+    text_->setToolTip(notice.text);
     text_->setProperty("role", notice.kind == Notice::Kind::Error ? "trouble" : "notice");
     text_->style()->unpolish(text_);
     text_->style()->polish(text_);
-    for (const NoticeAction& action : notice.actions)
-        addAction(action);
+    setAccessibleName(notice.text);
+    details_->setVisible(notice.text != firstLine(notice.text));
+    show();
+    row_->activate();
+    offerDetails();
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+// The button takes room itself: once it is there it stays until the text is whole without it.
+void NoticeBar::offerDetails() {
+    if (!notices_.empty() && text_->isCut())
+        details_->show();
+}
+
+void NoticeBar::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    offerDetails();
+}
+
+void NoticeBar::showDetails() {
+    if (notices_.empty())
+        return;
+    auto& dialog = makeChild<NoticeDetails>(notices_.front().text, this);
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.open();
+}
+
+void NoticeBar::startExpiry(const Notice& notice) {
+    const bool passes =
+        notice.kind == Notice::Kind::Done && notice.actions.empty() && !notice.stays;
+    if (passes && doneLasts_ > std::chrono::milliseconds::zero())
+        expiry_->start(doneLasts_);
+}
+
+void NoticeBar::expire() {
+    if (underMouse() || hasKeyboard() || !isActiveWindow())
+        expiry_->start(doneLasts_);
+    else
+        dismiss();
+}
+
+bool NoticeBar::hasKeyboard() const {
+    const QWidget* at = window()->focusWidget();
+    return at != nullptr && isAncestorOf(at);
+}
+
+void NoticeBar::giveKeyboardBack() {
+    if (former_ && former_->isVisible() && former_->isEnabled())
+        former_->setFocus(Qt::OtherFocusReason);
+    else if (QWidget* at = window()->focusWidget())
+        at->clearFocus();
 }
 
 void NoticeBar::addAction(const NoticeAction& action) {
-    auto& button = makeChild<QPushButton>(action.title, this);
-    button.setAccessibleName(action.title);
-    button.setAutoDefault(false);
-    row_->insertWidget(row_->indexOf(close_), &button);
+    auto& button = buttonOf(action.title, action.title, this);
+    row_->insertWidget(row_->indexOf(details_), &button);
     buttons_.push_back(&button);
     connect(&button, &QPushButton::clicked, this, [this, chosen = action.action] {
         const auto kept = chosen; // the button goes with the notice

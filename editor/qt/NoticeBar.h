@@ -6,9 +6,13 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -30,18 +34,50 @@ struct Notice {
 
     Source source = Source::Transfer;
     Kind kind = Kind::Error;
+    // The first line is what is seen; the others are its details.
     QString text;
     std::vector<NoticeAction> actions{};
+    // What is still so while it is shown: time does not take it away.
+    bool stays = false;
+};
+
+// The text of a notice on one line, cut short where the room ends; text() is the whole.
+class NoticeText final : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit NoticeText(QWidget* parent);
+
+    // Whether a part of the text is not seen.
+    [[nodiscard]] bool isCut() const;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QString seen() const;
 };
 
 // A bar across the window that tells what a person should know before going on, with buttons for
 // what they may want to do about it. One notice is shown at a time; the others wait their turn.
+//
+// The bar is one line high and keeps its room while it is hidden, so that nothing moves under the
+// pointer when a notice comes or goes. Escape ends the notice that is shown, and so does time when
+// it tells of what was done and offers nothing; not while the pointer or the keyboard is on it, and
+// not while another window is the active one. The keyboard goes back to where it was before.
 class NoticeBar final : public QFrame {
     Q_OBJECT
 
 public:
+    static constexpr std::chrono::seconds kDoneLasts{10};
+
     // Hidden until there is something to show.
     explicit NoticeBar(QWidget* parent);
+
+    // How long what was done is told; zero is for ever.
+    void setDoneLasts(std::chrono::milliseconds time) { doneLasts_ = time; }
 
     // Behind those that wait, or in the place of the source's former one. One that is shown and
     // tells of nothing but what was done gives way.
@@ -55,19 +91,36 @@ public:
     [[nodiscard]] QString text() const { return isHidden() ? QString() : text_->text(); }
     // The button of an action; null when there are not so many.
     [[nodiscard]] QPushButton* action(std::size_t place) const;
+    // Opens the whole text in a dialog; its button is seen when the line does not show all of it.
+    void showDetails();
     // The shown one included.
     [[nodiscard]] std::size_t count() const { return notices_.size(); }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showFirst();
+    void showText(const Notice& notice);
     void addAction(const NoticeAction& action);
     void clearActions();
+    void offerDetails();
+    void startExpiry(const Notice& notice);
+    void expire();
+    [[nodiscard]] bool hasKeyboard() const;
+    void giveKeyboardBack();
 
     // Children of the bar.
     QHBoxLayout* row_;
-    QLabel* text_;
+    NoticeText* text_;
+    QPushButton* details_;
     QPushButton* close_;
+    QShortcut* escape_;
+    QTimer* expiry_;
     std::vector<QPushButton*> buttons_;
+
+    std::chrono::milliseconds doneLasts_ = kDoneLasts;
+    QPointer<QWidget> former_; // had the keyboard before the bar
 
     std::deque<Notice> notices_; // the first one is shown
 };

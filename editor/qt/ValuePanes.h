@@ -36,6 +36,8 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    // The hint's lines do not decide how high the panes are.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -121,7 +121,7 @@ void drawLine(const QStyleOption& option, QPainter& painter) {
     const bool isReadOnly = option.state.testFlag(QStyle::State_ReadOnly);
     Box box{option.palette.brush(isReadOnly ? QPalette::Button : QPalette::Base),
             option.palette.color(isReadOnly ? QPalette::Button : QPalette::Mid)};
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
+    if (option.state.testFlag(QStyle::State_HasFocus) && !isReadOnly) {
         box.edge = option.palette.color(QPalette::Highlight);
         box.pen = 2;
     }

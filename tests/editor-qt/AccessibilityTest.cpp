@@ -15,10 +15,16 @@
 namespace scenewright::testing {
 namespace {
 
+bool isShownIn(const QWidget& area, const QWidget& widget) {
+    const auto* room = qobject_cast<const QScrollArea*>(&area);
+    return room != nullptr && (room->widget() == &widget || room->widget()->isAncestorOf(&widget));
+}
+
 // A widget of a popup's or a list's own making carries no name of its own in the toolkit.
 bool isPartOfAnother(const QWidget& widget) {
     for (const QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget())
-        if (qobject_cast<const QComboBox*>(at) || qobject_cast<const QAbstractScrollArea*>(at))
+        if (qobject_cast<const QComboBox*>(at) ||
+            (qobject_cast<const QAbstractScrollArea*>(at) && !isShownIn(*at, widget)))
             return true;
     return false;
 }

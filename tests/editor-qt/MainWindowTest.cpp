@@ -55,14 +55,6 @@ TEST_F(MainWindowTest, OpensAt1180By720WithTheCommonSettingsOfTheFirstScene) {
     EXPECT_EQ(window().list().model()->rowCount(), 46);
 }
 
-TEST_F(MainWindowTest, FitsA1024By600Screen) {
-    open();
-    EXPECT_LE(window().minimumSizeHint().width(), 1024);
-    EXPECT_LE(window().minimumSizeHint().height(), 600);
-    window().resize(1024, 600);
-    EXPECT_EQ(window().size(), QSize(1024, 600));
-}
-
 TEST_F(MainWindowTest, TitleSaysWhenTheControllerIsVirtual) {
     open();
     EXPECT_EQ(window().windowTitle(), QString::fromUtf8("Scenewright – Virtual controller"));
@@ -172,14 +164,6 @@ TEST_F(MainWindowTest, SceneNamesStandInTheSegments) {
     QTest::keyClick(&window(), Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(window().scenes().segment(1).text(), "2  R&&B");
     EXPECT_EQ(window().scenes().segment(1).accessibleName(), "Scene 2, R&B");
-}
-
-TEST_F(MainWindowTest, LongSceneNameDoesNotWidenTheWindow) {
-    open();
-    for (const auto& scene : WindowAction::scenes())
-        scene->commonValue()->setSceneName("WWWWWWWWWWWW");
-    QTest::keyClick(&window(), Qt::Key_1, Qt::ControlModifier);
-    EXPECT_LE(window().minimumSizeHint().width(), 1024);
 }
 
 TEST_F(MainWindowTest, DisplayModeIsChosenInThePopUpAndInTheMenu) {

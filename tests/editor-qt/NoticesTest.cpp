@@ -1,14 +1,20 @@
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
+#include "editor/qt/QtHelpers.h"
 #include "tests/support/Limits.h"
 
+#include <QAccessible>
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -89,6 +95,7 @@ TEST(NoticeBar, ShowsMarkupAsItIsWritten) {
 TEST(NoticeBar, AnErrorLooksOtherThanWhatIsDone) {
     NoticeBar bar(nullptr);
     auto* text = bar.findChild<QLabel*>();
+    bar.setDoneLasts({});
     bar.post({.source = Source::Files, .kind = Notice::Kind::Error, .text = "a"});
     EXPECT_EQ(text->property("role"), "trouble");
     bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "a"});
@@ -103,7 +110,8 @@ TEST(NoticeBar, ActionsStandInTheirOrderBeforeTheDismissal) {
     auto buttons = bar.findChildren<QPushButton*>();
     std::ranges::sort(buttons, {}, [](const QPushButton* button) { return button->x(); });
     for (const QPushButton* button : buttons)
-        titles.append(button->text());
+        if (button->isVisible())
+            titles.append(button->text());
     EXPECT_EQ(titles, (QStringList{"First", "Second", "Dismiss"}));
 }
 
@@ -180,6 +188,136 @@ TEST(NoticeBar, WithdrawingOneSourceLeavesTheOthers) {
     EXPECT_EQ(bar.text(), "c");
     bar.withdraw(Source::Quit);
     EXPECT_TRUE(bar.isHidden());
+}
+
+QPushButton& buttonOf(const QWidget& bar, const QString& title) {
+    const auto buttons = bar.findChildren<QPushButton*>();
+    return **std::ranges::find(buttons, title, &QPushButton::text);
+}
+
+TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
+    const QString longLine(400, 'x');
+    struct Row {
+        QString text;
+        bool hasDetails;
+    };
+    const Row rows[] = {{"a", false}, {"a\nb", true}, {longLine, true}, {"c", false}};
+    QWidget window;
+    QVBoxLayout column(&window);
+    NoticeBar& bar = makeChild<NoticeBar>(&window);
+    column.addWidget(&bar);
+    put(window);
+    const int height = bar.sizeHint().height();
+    for (const Row& row : rows) {
+        bar.post(noticeOf(Source::Files, row.text));
+        const QPushButton& details = buttonOf(bar, "Details...");
+        EXPECT_EQ(details.isVisible(), row.hasDetails) << row.text.toStdString();
+        EXPECT_EQ(bar.sizeHint().height(), height);
+        EXPECT_EQ(bar.text(), row.text);
+    }
+    bar.post(noticeOf(Source::Files, "what\nwhy"));
+    buttonOf(bar, "Details...").click();
+    auto* dialog = bar.findChild<NoticeDetails*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(), "what\n\nwhy");
+}
+
+TEST(NoticeBar, TimeEndsWhatWasDoneAndOffersNothing) {
+    using Kind = Notice::Kind;
+    struct Row {
+        Notice notice;
+        bool passes;
+    };
+    const Row rows[] = {
+        {{.kind = Kind::Done, .text = "done"}, true},
+        {{.kind = Kind::Done, .text = "offers", .actions = {{"Back", [] {}}}}, false},
+        {{.kind = Kind::Done, .text = "still so", .stays = true}, false},
+        {{.kind = Kind::Error, .text = "error"}, false},
+    };
+    for (const Row& row : rows) {
+        NoticeBar bar(nullptr);
+        bar.post(row.notice);
+        const auto* time = bar.findChild<QTimer*>();
+        EXPECT_EQ(time->isActive(), row.passes) << row.notice.text.toStdString();
+        EXPECT_TRUE(!row.passes || time->intervalAsDuration() == NoticeBar::kDoneLasts);
+    }
+}
+
+// A bar in a window that has a field besides, which has the keyboard.
+class NoticeBarInWindow : public ::testing::Test {
+protected:
+    void SetUp() override {
+        column_.addWidget(&bar);
+        column_.addWidget(&field);
+        put(window_);
+        window_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_, testing::kLimitMilliseconds));
+        field.setFocus();
+    }
+
+private:
+    QWidget window_;
+    QVBoxLayout column_{&window_};
+
+protected:
+    NoticeBar bar{&window_};
+    QLineEdit field{&window_};
+};
+
+TEST_F(NoticeBarInWindow, TimeEndsItUnlessTheKeyboardIsOnIt) {
+    bar.setDoneLasts(std::chrono::milliseconds(1));
+    bar.post(noticeOf(Source::Transfer, "error"));
+    bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "done"});
+    bar.dismiss();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.count() == 0; }, testing::kLimitMilliseconds));
+    bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "done"});
+    buttonOf(bar, "Dismiss").setFocus();
+    QTest::qWait(20);
+    EXPECT_EQ(bar.count(), 1U);
+    field.setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.count() == 0; }, testing::kLimitMilliseconds));
+}
+
+TEST_F(NoticeBarInWindow, EscapeEndsItAndTheKeyboardGoesBackToWhereItWas) {
+    bar.post(noticeOf(Source::Files, "a"));
+    EXPECT_TRUE(field.hasFocus());
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(bar.count(), 0U);
+    bar.post(noticeOf(Source::Files, "a"));
+    bar.post(noticeOf(Source::Transfer, "b"));
+    for (std::size_t left = 2; left-- > 0;) {
+        QPushButton& close = buttonOf(bar, "Dismiss");
+        close.setFocus();
+        QTest::keyClick(&close, Qt::Key_Space);
+        EXPECT_EQ(bar.count(), left);
+        EXPECT_TRUE(field.hasFocus());
+    }
+}
+
+TEST(NoticeBar, IsNamedByItsTextAsIsTheStatusLine) {
+    NoticeBar bar(nullptr);
+    for (const char* text : {"a", "b\nc"}) {
+        bar.post(noticeOf(Source::Files, text));
+        EXPECT_EQ(bar.accessibleName(), text);
+    }
+    StatusLine status(nullptr);
+    status.message().setText("readSceneData");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status.message())->text(QAccessible::Name),
+              "readSceneData");
+}
+
+TEST(StatusLine, WhatIsSelectedOfTheMessageIsCopied) {
+    StatusLine status(nullptr);
+    put(status);
+    TextLabel& message = status.message();
+    message.setText("Could not connect to midi device");
+    message.setSelection(0, 9);
+    QKeyEvent asks(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
+    asks.ignore();
+    QApplication::sendEvent(&message, &asks);
+    EXPECT_TRUE(asks.isAccepted());
+    QTest::keyClick(&message, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Could not");
 }
 
 TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {

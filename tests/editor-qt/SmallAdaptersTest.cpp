@@ -46,6 +46,17 @@ TEST(TextLine, ShowsANameOfTheControllerReadably) {
     EXPECT_EQ(line.text(), QString::fromUtf8("A\xEF\xBF\xBD"));
 }
 
+TEST(TextLine, ShowsTheBeginningOfALockedNameAndIsNoStopOfTheTabKey) {
+    TextLine line;
+    line.resize(60, line.sizeHint().height());
+    static_cast<TextField&>(line).setEditable(false);
+    static_cast<TextField&>(line).setText("WWWWWWWWWWWW");
+    EXPECT_EQ(line.cursorPosition(), 0);
+    EXPECT_FALSE(line.focusPolicy() & Qt::TabFocus);
+    static_cast<TextField&>(line).setEditable(true);
+    EXPECT_TRUE(line.focusPolicy() & Qt::TabFocus);
+}
+
 TEST(PaneFrame, HidesAndShowsItself) {
     PaneFrame pane;
     Pane& face = pane;

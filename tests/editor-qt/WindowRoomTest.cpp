@@ -1,0 +1,118 @@
+// What room the window takes, and that nothing in it moves or is out of reach.
+#include "app/WindowAction.h"
+#include "tests/editor-qt/WindowBench.h"
+
+#include <QScrollArea>
+#include <QTest>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+namespace scenewright::testing {
+namespace {
+
+constexpr int kTitleBar = 28; // of a window's frame, the highest of those tried
+
+class WindowRoom : public WindowBench {
+protected:
+    QWidget& content() { return *qobject_cast<QScrollArea*>(window().centralWidget())->widget(); }
+
+    // All that can be clicked, by where it is.
+    std::map<const QWidget*, QRect> places() {
+        QApplication::processEvents();
+        std::map<const QWidget*, QRect> found;
+        for (QWidget* widget : window().findChildren<QWidget*>())
+            if (widget->isVisible() && !window().notices().isAncestorOf(widget) &&
+                (widget->focusPolicy() != Qt::NoFocus || widget == &window().picture()))
+                found[widget] = QRect(widget->mapTo(&window(), QPoint()), widget->size());
+        return found;
+    }
+
+    void nameScenes(const char* name) {
+        for (const auto& scene : WindowAction::scenes())
+            scene->commonValue()->setSceneName(name);
+        QTest::keyClick(&window(), Qt::Key_1, Qt::ControlModifier);
+        QApplication::processEvents();
+    }
+};
+
+TEST_F(WindowRoom, EverythingIsSeenOnA1024By600ScreenWithANoticeAndATitleBar) {
+    open();
+    for (const char* name : {"SCENE1", "WWWWWWWWWWWW"}) {
+        nameScenes(name);
+        window().notices().post({.text = QString(200, 'W'), .actions = {{"Send Again", [] {}}}});
+        window().resize(1024, 600 - kTitleBar);
+        QApplication::processEvents();
+        EXPECT_EQ(content().height(), window().centralWidget()->height());
+        EXPECT_EQ(content().width(), window().centralWidget()->width());
+    }
+}
+
+TEST_F(WindowRoom, ASmallerWindowBringsEachWidgetThatTheKeyboardGoesToIntoSight) {
+    open();
+    window().resize(512, 300);
+    ASSERT_EQ(window().size(), QSize(512, 300));
+    QWidget& seen = *qobject_cast<QScrollArea*>(window().centralWidget())->viewport();
+    int count = 0;
+    for (QWidget* widget : content().findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled())
+            continue;
+        widget->setFocus(Qt::TabFocusReason);
+        ASSERT_TRUE(waitUntil([widget] { return widget->hasFocus(); }));
+        const QRect place(widget->mapTo(&seen, QPoint(0, 0)), widget->size());
+        const QSize part = place.intersected(seen.rect()).size();
+        EXPECT_GE(part.width(), std::min(40, place.width()))
+            << widget->accessibleName().toStdString();
+        EXPECT_GE(part.height(), std::min(20, place.height()));
+        ++count;
+    }
+    EXPECT_GT(count, 50);
+}
+
+TEST_F(WindowRoom, NothingMovesWhenANoticeComesOrGoes) {
+    open();
+    const auto before = places();
+    ASSERT_GT(before.size(), 50U);
+    const Notice notices[] = {
+        {.text = "a"},
+        {.source = Notice::Source::Files, .kind = Notice::Kind::Done, .text = "a\nb\nc"},
+        {.text = QString(400, 'W'), .actions = {{"Send Again", [] {}}}},
+    };
+    for (const Notice& notice : notices) {
+        window().notices().post(notice);
+        EXPECT_EQ(places(), before) << notice.text.toStdString();
+        window().notices().dismiss();
+        EXPECT_EQ(places(), before) << notice.text.toStdString();
+    }
+}
+
+TEST_F(WindowRoom, ThePictureStandsStillWhileTheKeysGoThroughTheList) {
+    open();
+    window().list().setFocus();
+    QApplication::processEvents();
+    const QRect before = window().picture().geometry();
+    for (int row = 0; row < kControlCount; ++row) {
+        QTest::keyClick(&window().list(), Qt::Key_Down);
+        QApplication::processEvents();
+        ASSERT_EQ(window().picture().geometry(), before) << row;
+        QTest::keyClick(&window().list(), Qt::Key_Return);
+        QApplication::processEvents();
+        ASSERT_EQ(window().picture().geometry(), before) << row;
+    }
+}
+
+TEST_F(WindowRoom, SceneNamesAreWholeWhereThereIsRoomAndDoNotWidenTheWindow) {
+    open();
+    nameScenes("Synth & Bass");
+    for (int scene = 0; scene < kSceneCount; ++scene) {
+        QTest::keyClick(&window(), static_cast<Qt::Key>(Qt::Key_1 + scene), Qt::ControlModifier);
+        const QAbstractButton& segment = window().scenes().segment(scene);
+        EXPECT_GE(segment.width(), segment.sizeHint().width()) << scene;
+    }
+    nameScenes("WWWWWWWWWWWW");
+    EXPECT_LE(content().minimumSizeHint().width(), 1024);
+}
+
+} // namespace
+} // namespace scenewright::testing
