@@ -35,7 +35,7 @@ constexpr qreal kScreenMargin = 0.05;
 constexpr qreal kKnobScreen = 0.42;
 constexpr qreal kSliderScreen = 0.26;
 constexpr qreal kPadScreen = 0.46;
-constexpr qreal kWhiteScreen = 0.32;
+constexpr qreal kWhiteScreen = 0.3;
 constexpr qreal kUnderBlack = 0.63;
 
 void fillRound(QPainter& painter, const QRectF& room, qreal radius, const QBrush& brush) {
@@ -203,7 +203,7 @@ QRectF captionRect(ControlShape shape, const QRectF& room) {
     case ControlShape::Pad:
         return lowerPart(room.adjusted(3, 3, -3, -3), kPadScreen);
     case ControlShape::WhiteKey:
-        return lowerPart(room.adjusted(-1, 0, 1, -4), kWhiteScreen);
+        return lowerPart(room.adjusted(-2, 0, 2, -4), kWhiteScreen);
     case ControlShape::BlackKey:
         return room.adjusted(3, room.height() * 0.1, -3, -7);
     }

@@ -947,6 +947,29 @@
         <source>Dismiss the notice</source>
         <translation>Hinweis ausblenden</translation>
     </message>
+    <message>
+        <source>Details...</source>
+        <translation>Einzelheiten...</translation>
+    </message>
+    <message>
+        <source>Details of the notice</source>
+        <translation>Einzelheiten des Hinweises</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeDetails</name>
+    <message>
+        <source>Notice</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Outcome</name>

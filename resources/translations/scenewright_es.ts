@@ -947,6 +947,29 @@
         <source>Dismiss the notice</source>
         <translation>Descartar el aviso</translation>
     </message>
+    <message>
+        <source>Details...</source>
+        <translation>Detalles...</translation>
+    </message>
+    <message>
+        <source>Details of the notice</source>
+        <translation>Detalles del aviso</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeDetails</name>
+    <message>
+        <source>Notice</source>
+        <translation>Aviso</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Outcome</name>

@@ -947,6 +947,29 @@
         <source>Dismiss the notice</source>
         <translation>Masquer l’avis</translation>
     </message>
+    <message>
+        <source>Details...</source>
+        <translation>Détails...</translation>
+    </message>
+    <message>
+        <source>Details of the notice</source>
+        <translation>Détails de l’avis</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeDetails</name>
+    <message>
+        <source>Notice</source>
+        <translation>Avis</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Outcome</name>

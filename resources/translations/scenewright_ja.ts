@@ -947,6 +947,29 @@
         <source>Dismiss the notice</source>
         <translation>お知らせを閉じる</translation>
     </message>
+    <message>
+        <source>Details...</source>
+        <translation>詳細...</translation>
+    </message>
+    <message>
+        <source>Details of the notice</source>
+        <translation>お知らせの詳細</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeDetails</name>
+    <message>
+        <source>Notice</source>
+        <translation>お知らせ</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Outcome</name>

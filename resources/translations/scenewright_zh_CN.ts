@@ -947,6 +947,29 @@
         <source>Dismiss the notice</source>
         <translation>忽略此通知</translation>
     </message>
+    <message>
+        <source>Details...</source>
+        <translation>详细信息...</translation>
+    </message>
+    <message>
+        <source>Details of the notice</source>
+        <translation>通知的详细信息</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::NoticeDetails</name>
+    <message>
+        <source>Notice</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Outcome</name>
