@@ -1,5 +1,6 @@
 #include "app/Earlier.h"
 
+#include "app/KeptFile.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/AtomicFile.h"
@@ -8,11 +9,9 @@
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdlib>
 #include <ctime>
 #include <string_view>
@@ -35,7 +34,6 @@ constexpr std::string_view kImageEnding = "Z.bank";
 constexpr const char* kTimeForm = "%Y%m%dT%H%M%S";
 
 constexpr std::string_view kFormat = "scenewright-earlier";
-constexpr std::size_t kFileBytes = 65536; // a file has some 2500
 
 struct ReasonRow {
     Reason reason;
@@ -78,69 +76,43 @@ std::optional<Time> timeOf(const std::string& name, std::string_view ending) {
     return nameFor(time, ending) == name ? std::optional(time) : std::nullopt;
 }
 
-std::string fileText(const BankImage& image, const EarlierScenes::Occasion& occasion) {
-    using Json = nlohmann::ordered_json;
+FileContent entryBytes(const BankImage& image, const EarlierScenes::Occasion& occasion) {
     const auto* const row = std::ranges::find(kReasons, occasion.reason, &ReasonRow::reason);
-    const Json file{{"format", kFormat},
-                    {"version", 1},
-                    {"reason", row->word},
-                    {"subject", occasion.subject},
-                    {"keyboard", occasion.keyboard},
-                    {"image", fmt::format("{:02x}", fmt::join(image, ""))}};
-    // A file's or a keyboard's name is whatever it is, valid or not.
-    return file.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return keptBytes(kFormat, {{"reason", row->word},
+                               {"subject", occasion.subject},
+                               {"keyboard", occasion.keyboard},
+                               {"image", imageDigits(image)}});
 }
 
-std::string textAt(const nlohmann::json& object, const char* key) {
-    const auto found = object.find(key);
-    return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
+using Entry = EarlierScenes::Entry;
 
-std::optional<FileContent> bytesOf(std::string_view digits) {
-    FileContent bytes(digits.size() / 2);
-    for (std::size_t place = 0; place < bytes.size(); ++place) {
-        const char* const first = digits.data() + 2 * place;
-        if (std::from_chars(first, first + 2, bytes[place], 16).ptr != first + 2)
-            return std::nullopt;
-    }
-    return bytes;
-}
-
-struct Content {
-    FileContent image;
-    EarlierScenes::Occasion occasion;
-};
-
-std::optional<Content> contentOf(const FileContent& bytes, std::string_view ending) {
-    if (ending == kImageEnding)
-        return Content{bytes, {}};
-    const auto file = nlohmann::json::parse(bytes, nullptr, false);
-    if (!file.is_object() || textAt(file, "format") != kFormat)
-        return std::nullopt;
-    auto image = bytesOf(textAt(file, "image"));
+std::optional<Entry> readImageAlone(const fs::path& file, Time time) {
+    const auto bytes = readFile(file, kBankSize);
+    const auto image = bytes ? imageOfBytes(*bytes) : std::nullopt;
     if (!image)
         return std::nullopt;
-    Content content{std::move(*image),
-                    {.subject = textAt(file, "subject"), .keyboard = textAt(file, "keyboard")}};
-    const auto* const row = std::ranges::find(kReasons, textAt(file, "reason"), &ReasonRow::word);
-    if (row != kReasons.end())
-        content.occasion.reason = row->reason;
-    return content;
+    return Entry{.file = file, .kept = time, .occasion = {}, .image = *image};
 }
 
 // Nothing for another file, and for one that is damaged.
-std::optional<EarlierScenes::Entry> readEntry(const fs::path& file) {
-    for (const std::string_view ending : {kEnding, kImageEnding}) {
-        const auto time = timeOf(file.filename().string(), ending);
-        const auto bytes = time ? readFile(file, kFileBytes) : Result<FileContent>{};
-        const auto content = time && bytes ? contentOf(*bytes, ending) : std::nullopt;
-        if (!content || !readBankImage(content->image))
-            continue;
-        EarlierScenes::Entry entry{.file = file, .kept = *time, .occasion = content->occasion};
-        std::ranges::copy(content->image, entry.image.begin());
-        return entry;
-    }
-    return std::nullopt;
+std::optional<Entry> readEntry(const fs::path& file) {
+    const std::string name = file.filename().string();
+    if (const auto time = timeOf(name, kImageEnding))
+        return readImageAlone(file, *time);
+    const auto time = timeOf(name, kEnding);
+    const auto texts = time ? readKept(kFormat, file) : std::nullopt;
+    const auto image = texts ? imageOfDigits(textAt(*texts, "image")) : std::nullopt;
+    if (!image)
+        return std::nullopt;
+    Entry entry{
+        .file = file,
+        .kept = *time,
+        .occasion = {.subject = textAt(*texts, "subject"), .keyboard = textAt(*texts, "keyboard")},
+        .image = *image};
+    const auto* const row = std::ranges::find(kReasons, textAt(*texts, "reason"), &ReasonRow::word);
+    if (row != kReasons.end())
+        entry.occasion.reason = row->reason;
+    return entry;
 }
 
 struct Band {
@@ -200,9 +172,8 @@ Result<bool> EarlierScenes::keep(const BankImage& image, const Occasion& occasio
     // A clock that was set back, or that has not moved, must not put the newest entry elsewhere.
     if (!kept.empty())
         now = std::max(now, kept.front().kept + milliseconds(1));
-    const std::string text = fileText(image, occasion);
-    const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-    if (const auto replaced = replaceFile(*folder_ / nameFor(now, kEnding), bytes); !replaced)
+    const fs::path file = *folder_ / nameFor(now, kEnding);
+    if (const auto replaced = replaceFile(file, entryBytes(image, occasion)); !replaced)
         return failure(replaced.error());
     thin(now);
     return true;

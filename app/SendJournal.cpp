@@ -1,0 +1,204 @@
+#include "app/SendJournal.h"
+
+#include "app/KeptFile.h"
+#include "platform/Resources.h"
+#include "platform/TemporaryFile.h"
+#include "platform/Text.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstdint>
+#include <ctime>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace scenewright {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kFormat = "scenewright-send";
+constexpr mode_t kOwnAlone = 0600;
+
+// "send-1769903998007-4711.json": when it was begun, in milliseconds, and by which process.
+constexpr std::string_view kBeforeTime = "send-";
+constexpr std::string_view kEnding = ".json";
+
+std::int64_t millisecondsOf(SendJournal::Clock::time_point time) {
+    return std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch()).count();
+}
+
+std::string errorText(int error) {
+    return std::generic_category().message(error);
+}
+
+int flush(int fd) {
+    return ::fsync(fd) == 0 ? 0 : errno;
+}
+
+// The name of a new file is on the disk once its folder is.
+int flushFolder(const fs::path& folder) {
+    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return opened.isOpen() ? flush(opened.get()) : errno;
+}
+
+// Written, flushed and locked before it has its name: nobody finds it who could take it for left
+// behind. The lock ends with the process, however that ends.
+Result<FileDescriptor, int> store(const fs::path& file, const FileContent& bytes) {
+    auto made = TemporaryFile::in(file.parent_path(), kOwnAlone);
+    if (!made)
+        return failure(made.error());
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    int error = writeFully(made->fd(), text);
+    if (error == 0)
+        error = flush(made->fd());
+    static_cast<void>(::flock(made->fd(), LOCK_EX | LOCK_NB));
+    FileDescriptor lock(::fcntl(made->fd(), F_DUPFD_CLOEXEC, 0));
+    if (error == 0)
+        error = made->moveTo(file);
+    if (error == 0)
+        error = flushFolder(file.parent_path());
+    if (error != 0)
+        return failure(error);
+    return lock;
+}
+
+bool isBeingSent(const fs::path& file) {
+    const FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
+    return opened.isOpen() && ::flock(opened.get(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+std::optional<SendJournal::Unfinished> readUnfinished(const fs::path& file) {
+    const std::string name = file.filename().string();
+    if (!name.starts_with(kBeforeTime) || !name.ends_with(kEnding) || isBeingSent(file))
+        return std::nullopt;
+    const auto texts = readKept(kFormat, file);
+    const auto sent = texts ? imageOfDigits(textAt(*texts, "sent")) : std::nullopt;
+    if (!sent)
+        return std::nullopt;
+    std::int64_t milliseconds = 0;
+    const std::string begun = textAt(*texts, "begun");
+    std::from_chars(begun.data(), begun.data() + begun.size(), milliseconds);
+    return SendJournal::Unfinished{
+        .file = file,
+        .send = {.sent = *sent,
+                 .before = imageOfDigits(textAt(*texts, "before")),
+                 .subject = textAt(*texts, "subject"),
+                 .keyboard = textAt(*texts, "keyboard"),
+                 .begun = SendJournal::Clock::time_point(std::chrono::milliseconds(milliseconds))}};
+}
+
+FileContent bytesOf(const SendJournal::Send& send) {
+    KeptTexts texts{{"sent", imageDigits(send.sent)},
+                    {"subject", send.subject},
+                    {"keyboard", send.keyboard},
+                    {"begun", std::to_string(millisecondsOf(send.begun))}};
+    if (send.before)
+        texts["before"] = imageDigits(*send.before);
+    return keptBytes(kFormat, texts);
+}
+
+} // namespace
+
+bool SendJournal::Running::end(const Outcome& outcome) {
+    const bool mayHoldParts =
+        outcome.end == Outcome::End::Unreliable || outcome.end == Outcome::End::Cancelled;
+    std::error_code error;
+    if (!mayHoldParts)
+        fs::remove(file_, error);
+    lock_ = FileDescriptor();
+    return !mayHoldParts;
+}
+
+std::optional<fs::path> SendJournal::stateFolder() {
+    if (const auto state = xdgFolder(XdgFolder::State))
+        return *state / "sends";
+    return std::nullopt;
+}
+
+Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
+    if (!folder_)
+        return failure("there is no home folder to keep them in");
+    std::error_code error;
+    fs::create_directories(*folder_, error);
+    if (error)
+        return failure(fmt::format("{}: {}", folder_->string(), error.message()));
+    const fs::path file = *folder_ / fmt::format("{}{}-{}{}", kBeforeTime,
+                                                 millisecondsOf(send.begun), ::getpid(), kEnding);
+    auto stored = store(file, bytesOf(send));
+    if (!stored)
+        return failure(fmt::format("{}: {}", file.string(), errorText(stored.error())));
+    return Running(file, std::move(*stored));
+}
+
+std::vector<SendJournal::Unfinished> SendJournal::unfinished() const {
+    std::vector<Unfinished> all;
+    std::error_code error;
+    if (!folder_)
+        return all;
+    for (fs::directory_iterator file(*folder_, error), end; !error && file != end;
+         file.increment(error))
+        if (auto found = readUnfinished(file->path()))
+            all.push_back(std::move(*found));
+    std::ranges::sort(all, std::ranges::greater(),
+                      [](const Unfinished& one) { return one.send.begun; });
+    return all;
+}
+
+std::optional<SendJournal::Unfinished>
+SendJournal::unfinishedOf(const std::string& keyboard) const {
+    for (Unfinished& one : unfinished())
+        if (one.send.keyboard == keyboard)
+            return std::move(one);
+    return std::nullopt;
+}
+
+void SendJournal::forget(const Unfinished& unfinished) {
+    std::error_code error;
+    fs::remove(unfinished.file, error);
+}
+
+void SendJournal::forgetAllOf(const std::string& keyboard) const {
+    for (const Unfinished& one : unfinished())
+        if (one.send.keyboard == keyboard)
+            forget(one);
+}
+
+void SendJournal::forgetSettled(const std::string& keyboard, const BankImage& held) const {
+    for (const Unfinished& one : unfinished())
+        if (one.send.keyboard == keyboard && (held == one.send.sent || held == one.send.before))
+            forget(one);
+}
+
+bool isPartOf(const BankImage& held, const SendJournal::Send& send) {
+    for (std::size_t place = 0; place < kBankSize; ++place)
+        if (held.at(place) != send.sent.at(place) &&
+            (!send.before || held.at(place) != send.before->at(place)))
+            return false;
+    return true;
+}
+
+std::string unfinishedText(const SendJournal::Send& send) {
+    const std::string begun =
+        fmt::format("{:%Y-%m-%d %H:%M}", fmt::localtime(SendJournal::Clock::to_time_t(send.begun)));
+    if (send.subject.empty())
+        return translated(sourceText("scenewright::Outcome",
+                                     "The send that was begun at {} did not end: the "
+                                     "keyboard may hold a part of each bank"),
+                          begun);
+    return translated(sourceText("scenewright::Outcome",
+                                 "The send of {0} that was begun at {1} did not end: the "
+                                 "keyboard may hold a part of each bank"),
+                      readableText(send.subject), begun);
+}
+
+} // namespace scenewright

@@ -1,0 +1,254 @@
+#include "app/SafeSend.h"
+
+#include "app/DeviceSession.h"
+#include "app/KnownKeyboard.h"
+#include "bank/BankFile.h"
+#include "platform/MainQueue.h"
+#include "protocol/Transactions.h"
+#include "tests/support/TempFolder.h"
+#include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+using Answer = SafeSend::Answer;
+using End = Outcome::End;
+using Question = SafeSend::Question;
+using Questions = std::vector<Question>;
+
+BankImage filled(std::uint8_t byte) {
+    BankImage image{};
+    image.fill(byte);
+    return image;
+}
+
+class SafeSendTest : public ::testing::Test {
+protected:
+    SafeSendTest() {
+        KnownKeyboard::setNaming([] { return std::string("Keys"); });
+        WindowAction::setScenes(readBankImage(filled(2)).value());
+        plugIn(filled(1));
+    }
+    ~SafeSendTest() override {
+        SendJob::waitForEnd();
+        SendJob::join();
+        Transport::instance().use(nullptr);
+        KnownKeyboard::forget();
+        KnownKeyboard::setNaming({});
+    }
+
+    void plugIn(const BankImage& held, FaultPlan faults = {}) {
+        controller = std::make_shared<VirtualController>(held, std::move(faults));
+        Transport::instance().use(makeVirtualHost(controller), [](std::chrono::nanoseconds) {});
+    }
+    void unplug() {
+        controller.reset();
+        Transport::instance().use(nullptr);
+    }
+
+    // Sends, and waits for the end; a question gets the answer.
+    SafeSend::Ended send(SafeSend::Request request = {}, Answer answer = Answer::Send) {
+        std::optional<SafeSend::Ended> ended;
+        asked.clear();
+        request.subject = "live.bank";
+        request.ask = [&](const SafeSend::Asked& question, const SafeSend::Answered& answered) {
+            asked.push_back(question.question);
+            answered(answer);
+        };
+        request.ended = [&](const SafeSend::Ended& told) { ended = told; };
+        SafeSend::run(stores, std::move(request));
+        MainQueue::pumpUntil([&] { return ended.has_value(); });
+        return *ended;
+    }
+    [[nodiscard]] std::vector<BankImage> kept() const {
+        std::vector<BankImage> images;
+        for (const auto& entry : stores.earlier.list())
+            images.push_back(entry.image);
+        return images;
+    }
+    using Images = std::vector<BankImage>;
+
+    testing::TempFolder folder;
+    SendStores stores{.earlier = EarlierScenes(folder.path() / "backups"),
+                      .journal = SendJournal(folder.path() / "sends")};
+    std::shared_ptr<VirtualController> controller;
+    Questions asked;
+};
+
+TEST_F(SafeSendTest, WhatTheKeyboardHeldIsKeptAndToldOf) {
+    const auto ended = send();
+    EXPECT_TRUE(ended.outcome.value().isDone());
+    EXPECT_EQ(ended.others, filled(1));
+    EXPECT_EQ(controller->bank(), filled(2));
+    EXPECT_EQ(kept(), Images{filled(1)});
+    EXPECT_EQ(stores.earlier.list()[0].occasion,
+              (EarlierScenes::Occasion{EarlierScenes::Reason::Send, "live.bank", "Keys"}));
+    EXPECT_TRUE(stores.journal.unfinished().empty());
+    EXPECT_EQ(asked, Questions{});
+    EXPECT_EQ(KnownKeyboard::image(), filled(2));
+}
+
+TEST_F(SafeSendTest, WhatWasKnownIsKeptWithoutAWord) {
+    EXPECT_TRUE(DeviceSession::heldScenes().outcome.isDone());
+    EXPECT_FALSE(send().others);
+    EXPECT_EQ(kept(), Images{filled(1)});
+}
+
+TEST_F(SafeSendTest, WhatIsSentAnywayIsNotKept) {
+    plugIn(filled(2));
+    EXPECT_FALSE(send().others);
+    EXPECT_EQ(kept(), Images{});
+    EXPECT_EQ(controller->sendsEnded(), 1U);
+}
+
+TEST_F(SafeSendTest, DefaultScenesOnTheKeyboardAreNoOnesWork) {
+    plugIn(encodeBank(WindowAction::defaultScenes()));
+    EXPECT_FALSE(send().others);
+    EXPECT_EQ(kept(), Images{});
+}
+
+TEST_F(SafeSendTest, TheReadLeavesTheStoreAlone) {
+    const SceneList before = WindowAction::scenes();
+    send();
+    EXPECT_EQ(WindowAction::scenes(), before);
+}
+
+// What the scenes are, what is known, whether the keyboard is read, what it holds, and whether that
+// asks.
+TEST_F(SafeSendTest, ANewWindowsScenesOverOthersAskFirst) {
+    struct Row {
+        const char* name;
+        bool isUntouched;
+        bool isKnown;
+        bool readsFirst;
+        std::uint8_t held;
+        Questions asked;
+    };
+    for (const auto& [name, isUntouched, isKnown, readsFirst, held, questions] :
+         {Row{"others", true, false, true, 1, {Question::OtherScenes}},
+          Row{"others that are known", true, true, true, 1, {Question::OtherScenes}},
+          Row{"the same", true, false, true, 2, {}},
+          Row{"scenes of the user's", false, false, true, 1, {}},
+          Row{"not read and unknown", true, false, false, 1, {Question::OtherScenes}},
+          Row{"not read, known to be others", true, true, false, 1, {Question::OtherScenes}},
+          Row{"not read, known to be the same", true, true, false, 2, {}},
+          Row{"not read, scenes of the user's", false, false, false, 1, {}}}) {
+        for (const Answer answer : {Answer::Send, Answer::ReadFirst, Answer::Cancel}) {
+            plugIn(filled(held));
+            KnownKeyboard::forget();
+            if (isKnown)
+                KnownKeyboard::set(filled(held), "Keys");
+            const bool isSent = questions.empty() || answer == Answer::Send;
+            const auto ended = send({.readsFirst = readsFirst, .isUntouched = isUntouched}, answer);
+            EXPECT_EQ(asked, questions) << name;
+            EXPECT_EQ(ended.outcome.has_value(), isSent) << name;
+            EXPECT_EQ(ended.wantsRead, !isSent && answer == Answer::ReadFirst) << name;
+            EXPECT_EQ(controller->sendsEnded(), isSent ? 1U : 0U) << name;
+        }
+    }
+}
+
+TEST_F(SafeSendTest, AKeyboardThatCouldNotBeReadIsAskedAbout) {
+    for (const Answer answer : {Answer::Send, Answer::Cancel}) {
+        plugIn(filled(1), {{Fault::Kind::ShortTransfer, 100}});
+        const auto ended = send({}, answer);
+        EXPECT_EQ(asked, Questions{Question::NotRead});
+        EXPECT_EQ(ended.outcome.has_value(), answer == Answer::Send);
+        EXPECT_FALSE(ended.others);
+    }
+    EXPECT_EQ(kept(), Images{});
+}
+
+TEST_F(SafeSendTest, WhatCannotBeKeptIsAskedAboutOnce) {
+    testing::writeBytes(folder.file("backups"), {});
+    testing::writeBytes(folder.file("sends"), {});
+    EXPECT_FALSE(send({}, Answer::Cancel).outcome);
+    EXPECT_EQ(asked, Questions{Question::NotKept});
+    EXPECT_EQ(controller->sendsEnded(), 0U);
+    EXPECT_TRUE(send().outcome.value().isDone());
+    EXPECT_EQ(asked, Questions{Question::NotKept});
+}
+
+TEST_F(SafeSendTest, AJournalThatCannotBeWrittenIsAskedAbout) {
+    testing::writeBytes(folder.file("sends"), {});
+    EXPECT_FALSE(send({.readsFirst = false}, Answer::Cancel).outcome);
+    EXPECT_EQ(asked, Questions{Question::NotKept});
+}
+
+TEST_F(SafeSendTest, WithoutAKeyboardTheSendTellsSo) {
+    unplug();
+    EXPECT_EQ(send().outcome.value().end, End::NotConnected);
+    EXPECT_EQ(asked, Questions{});
+    EXPECT_TRUE(stores.journal.unfinished().empty());
+}
+
+TEST_F(SafeSendTest, TheEndOfTheProgramEndsIt) {
+    Transport::instance().shutDown();
+    EXPECT_EQ(send().outcome.value().end, End::Cancelled);
+    EXPECT_TRUE(stores.journal.unfinished().empty());
+}
+
+class BrokenSend : public SafeSendTest {
+protected:
+    // 500 of the bytes that are sent arrive; a read was before it.
+    void breakOff() {
+        EXPECT_TRUE(DeviceSession::heldScenes().outcome.isDone());
+        controller->order({{Fault::Kind::Unplug, 1012 + 600}});
+        EXPECT_EQ(send().outcome.value().end, End::Unreliable);
+        ASSERT_TRUE(stores.journal.unfinishedOf("Keys"));
+        controller->reset(); // plugged in again
+    }
+};
+
+TEST_F(BrokenSend, IsUnfinishedWithBothBanks) {
+    breakOff();
+    const auto unfinished = stores.journal.unfinishedOf("Keys");
+    EXPECT_EQ(unfinished->send.sent, filled(2));
+    EXPECT_EQ(unfinished->send.before, filled(1));
+    EXPECT_EQ(unfinished->send.subject, "live.bank");
+    EXPECT_NE(controller->bank(), filled(1));
+    EXPECT_NE(controller->bank(), filled(2));
+}
+
+TEST_F(BrokenSend, IsOverOnceAnotherHasEnded) {
+    breakOff();
+    const auto ended = send();
+    EXPECT_TRUE(ended.outcome.value().isDone());
+    EXPECT_FALSE(ended.others) << "what was left halfway is nobody's";
+    EXPECT_EQ(controller->bank(), filled(2));
+    EXPECT_EQ(kept(), Images{filled(1)});
+    EXPECT_TRUE(stores.journal.unfinished().empty());
+}
+
+TEST_F(BrokenSend, StaysAsItIsWhenTheNextReachesNothing) {
+    breakOff();
+    unplug();
+    EXPECT_EQ(send().outcome.value().end, End::NotConnected);
+    EXPECT_EQ(stores.journal.unfinishedOf("Keys").value().send.before, filled(1));
+}
+
+TEST_F(BrokenSend, TwiceRemembersWhatWasThereBeforeBoth) {
+    breakOff();
+    WindowAction::setScenes(readBankImage(filled(3)).value());
+    controller->order({{Fault::Kind::Unplug, 1012 + 600}});
+    EXPECT_EQ(send().outcome.value().end, End::Unreliable);
+    ASSERT_EQ(stores.journal.unfinished().size(), 1U);
+    EXPECT_EQ(stores.journal.unfinished()[0].send.sent, filled(3));
+    EXPECT_EQ(stores.journal.unfinished()[0].send.before, filled(1));
+}
+
+} // namespace
+
+} // namespace scenewright
