@@ -609,6 +609,10 @@
         <source>{}: it lists no keyboard</source>
         <translation>{}: Darin ist kein Keyboard aufgeführt</translation>
     </message>
+    <message>
+        <source>The edited scenes could not be kept: {}</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1100,6 +1104,14 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>Das Keyboard enthält Werte über 127, die in Szenen nicht vorkommen; stattdessen als 0 gelesen: {}</translation>
+    </message>
+    <message>
+        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
+        <translation>Das Senden, das um {} begann, kam nicht zum Ende: Das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
+    </message>
+    <message>
+        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
+        <translation>Das Senden von {0}, das um {1} begann, kam nicht zum Ende: Das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
     </message>
 </context>
 <context>

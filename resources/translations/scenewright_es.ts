@@ -609,6 +609,10 @@
         <source>{}: it lists no keyboard</source>
         <translation>{}: no incluye ningún teclado</translation>
     </message>
+    <message>
+        <source>The edited scenes could not be kept: {}</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1100,6 +1104,14 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>El teclado contiene valores superiores a 127, que no caben en las escenas; leídos como 0: {}</translation>
+    </message>
+    <message>
+        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
+        <translation>El envío que empezó el {} no terminó: el teclado puede contener una parte de cada banco</translation>
+    </message>
+    <message>
+        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
+        <translation>El envío de {0} que empezó el {1} no terminó: el teclado puede contener una parte de cada banco</translation>
     </message>
 </context>
 <context>

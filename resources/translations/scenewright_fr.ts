@@ -609,6 +609,10 @@
         <source>{}: it lists no keyboard</source>
         <translation>{} : aucun clavier n’y figure</translation>
     </message>
+    <message>
+        <source>The edited scenes could not be kept: {}</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1100,6 +1104,14 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>Le clavier contient des valeurs supérieures à 127, impossibles dans une scène ; lues comme 0 : {}</translation>
+    </message>
+    <message>
+        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
+        <translation>L’envoi commencé le {} ne s’est pas terminé : le clavier contient peut-être une partie de chaque banque</translation>
+    </message>
+    <message>
+        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
+        <translation>L’envoi de {0} commencé le {1} ne s’est pas terminé : le clavier contient peut-être une partie de chaque banque</translation>
     </message>
 </context>
 <context>

@@ -609,6 +609,10 @@
         <source>{}: it lists no keyboard</source>
         <translation>{}: キーボードが 1 台も載っていません</translation>
     </message>
+    <message>
+        <source>The edited scenes could not be kept: {}</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1100,6 +1104,14 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>キーボードにシーンでは使えない 127 を超える値があります。0 として読み込んだ数: {}</translation>
+    </message>
+    <message>
+        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
+        <translation>{} に始めた送信は終わりませんでした。キーボードには両方のバンクが混ざっている可能性があります</translation>
+    </message>
+    <message>
+        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
+        <translation>{1} に始めた {0} の送信は終わりませんでした。キーボードには両方のバンクが混ざっている可能性があります</translation>
     </message>
 </context>
 <context>

@@ -609,6 +609,10 @@
         <source>{}: it lists no keyboard</source>
         <translation>{}：其中没有列出键盘</translation>
     </message>
+    <message>
+        <source>The edited scenes could not be kept: {}</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1100,6 +1104,14 @@
     <message>
         <source>The keyboard holds values above 127, which scenes cannot hold; read as 0 instead: {}</source>
         <translation>键盘中有大于 127 的值，场景无法保存这样的值；改读为 0 的个数：{}</translation>
+    </message>
+    <message>
+        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
+        <translation>{} 开始的发送没有完成：键盘中可能混有两个库的内容</translation>
+    </message>
+    <message>
+        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
+        <translation>{1} 开始的 {0} 发送没有完成：键盘中可能混有两个库的内容</translation>
     </message>
 </context>
 <context>
