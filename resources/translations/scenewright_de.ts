@@ -611,7 +611,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation type="unfinished"></translation>
+        <translation>Die bearbeiteten Szenen konnten nicht aufbewahrt werden: {}</translation>
     </message>
 </context>
 <context>

@@ -611,7 +611,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudieron guardar las escenas editadas: {}</translation>
     </message>
 </context>
 <context>

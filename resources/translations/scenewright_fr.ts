@@ -611,7 +611,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation type="unfinished"></translation>
+        <translation>Les scènes modifiées n’ont pas pu être conservées : {}</translation>
     </message>
 </context>
 <context>

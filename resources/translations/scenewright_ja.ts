@@ -611,7 +611,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation type="unfinished"></translation>
+        <translation>編集したシーンを保管できませんでした: {}</translation>
     </message>
 </context>
 <context>

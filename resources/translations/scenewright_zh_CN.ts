@@ -611,7 +611,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存编辑过的场景：{}</translation>
     </message>
 </context>
 <context>
