@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,5 +22,19 @@ inline constexpr std::array<std::string_view, 3> kColourFields{"CR", "CG", "CB"}
 [[nodiscard]] std::optional<PadColour> colourOf(std::string_view text);
 // "#ff8000", scaled as the picture shows it; colourOf() gives the same levels again.
 [[nodiscard]] std::string colourText(const PadColour& colour);
+
+// Colours to choose from, in an order in which neighbours are told apart.
+using Palette = std::span<const PadColour>;
+struct NamedPalette {
+    std::string_view name;
+    Palette colours;
+};
+// "bright", sixteen that differ on lit pads, and "safe", eight that people who see red and green
+// alike tell apart.
+[[nodiscard]] std::span<const NamedPalette> palettes();
+// Null when none has the name.
+[[nodiscard]] const Palette* findPalette(std::string_view name);
+// "bright, safe".
+[[nodiscard]] std::string paletteNames();
 
 } // namespace scenewright

@@ -3,47 +3,31 @@
 // that names the path.
 #pragma once
 
-#include "bank/Path.h"
-#include "bank/SettingText.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace scenewright {
 
-// Before a number that is stored whether a list has it or not, or the path of such a thing.
-inline constexpr std::string_view kRawMark = "raw:";
-
 // Scenes that share nothing with these.
 [[nodiscard]] SceneList copyOf(const SceneList& scenes);
 
 // Carries out assignments of the form PATH=VALUE, each of which may name many settings by stars;
-// where two name the same one, the later wins. VALUE is one of
-//
-//   an option index (digits only), or "raw:" and a number that no list needs to have
-//   what typedPosition() takes: an option's title, a note's name, a controller's
-//   "title:" and a title, letter for letter, for one that would be taken for an index
-//   "ch:" and a channel from 1 to 16, as players count
-//   for a scene's name the name, or "bytes:" and 24 hexadecimal digits
-//   for a pad's colour # and six hexadecimal digits
-//
-// Titles and names of a pad's or key's number are those of what it sends once everything is
+// where two name the same one, the later wins. VALUE is what indexTyped() takes; for a scene's name
+// it is the name, or "bytes:" and 24 hexadecimal digits; for a pad's colour # and six hexadecimal
+// digits. Titles and names of a pad's or key's number are those of what it sends once everything is
 // assigned.
 [[nodiscard]] Result<SceneList> setValues(const PopUpValue& lists, const SceneList& scenes,
                                           std::span<const std::string> assignments);
 
-// "scene1.pad3.CR=127": the assignment that stores what stands at the place now.
-[[nodiscard]] std::string assignmentOf(const SettingPlace& place, const SettingText& text);
-
 // Copies one path's settings to another path of the same level and kind: scenes with their names,
 // controls, or single settings. A star in `from` goes with a star in `to`, pair by pair; a number
 // in `from` is copied to all that `to` names. A value that its list does not have is refused unless
-// `from` begins with "raw:".
+// `from` begins with kRawMark.
 [[nodiscard]] Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& scenes,
                                            std::string_view from, std::string_view to);
 // The same out of other scenes, of which there may be fewer.
@@ -59,14 +43,5 @@ inline constexpr std::string_view kRawMark = "raw:";
 // Names the scenes of a path. The error says what the controller cannot hold of the name.
 [[nodiscard]] Result<SceneList> renameScene(const SceneList& scenes, std::string_view path,
                                             std::string_view name);
-
-// The list whose titles name the place's values, as the scene stands; null for a name, and when the
-// resource lacks the list.
-[[nodiscard]] Titles titlesAt(const PopUpValue& lists, const SettingPlace& place,
-                              const SceneValue& scene);
-// The index that `typed` stands for there: VALUE above, of everything but names and colours. The
-// error is one phrase that names the path.
-[[nodiscard]] Result<std::int32_t> indexTyped(const PopUpValue& lists, const SettingPlace& place,
-                                              const SceneValue& scene, std::string_view typed);
 
 } // namespace scenewright

@@ -2,6 +2,7 @@
 #include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/Edit.h"
+#include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "cli/BankArgument.h"

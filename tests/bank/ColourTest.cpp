@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <set>
 #include <utility>
 
 namespace scenewright {
@@ -24,6 +27,30 @@ TEST(Colour, TextOfEveryLevelGivesThatLevel) {
     for (std::int32_t level = 0; level < 128; ++level)
         EXPECT_EQ(colourOf(colourText({level, 127 - level, level / 2})),
                   (PadColour{level, 127 - level, level / 2}));
+}
+
+// What is left of a colour where red and green look alike: how yellow and how blue it is.
+TEST(Colour, SafePaletteIsToldApartWithRedAndGreenAlike) {
+    const Palette& safe = *findPalette("safe");
+    for (std::size_t i = 0; i < safe.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) {
+            const auto yellow = [&](std::size_t at) {
+                return (2 * safe[at][0] + 5 * safe[at][1]) / 7;
+            };
+            EXPECT_GE(std::max(std::abs(yellow(i) - yellow(j)), std::abs(safe[i][2] - safe[j][2])),
+                      32)
+                << i << ' ' << j;
+        }
+}
+
+TEST(Colour, PalettesHoldDifferentColours) {
+    EXPECT_EQ(paletteNames(), "bright, safe");
+    EXPECT_EQ(findPalette("bright")->size(), 16U);
+    EXPECT_EQ(findPalette("Bright"), nullptr);
+    for (const NamedPalette& palette : palettes())
+        EXPECT_EQ(std::set(palette.colours.begin(), palette.colours.end()).size(),
+                  palette.colours.size())
+            << palette.name;
 }
 
 } // namespace scenewright

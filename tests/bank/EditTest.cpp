@@ -278,9 +278,10 @@ TEST(CopyValues, WhatNoListHasIsCopiedRawOnly) {
     const SceneList odd = setValues(lists(), parseScenes(BankImage{}),
                                     std::vector<std::string>{"scene1.pad1.MIDIChannel=raw:127"})
                               .value();
-    EXPECT_EQ(errorOf(copyValues(lists(), odd, "scene1.pad1", "scene2.pad*")),
-              "scene1.pad1 cannot be copied to scene2.pad*: scene2.pad1.MIDIChannel would be 127, "
-              "and its options end at 16 (Global); raw:scene1.pad1 is copied all the same");
+    EXPECT_EQ(
+        errorOf(copyValues(lists(), odd, "scene1.pad1", "scene2.pad*")),
+        "scene1.pad1 cannot be copied to scene2.pad*: scene2.pad1.MIDIChannel would be 127, "
+        "and its options go from 0 (1) to 16 (Global); raw:scene1.pad1 is copied all the same");
     const BankImage image =
         encodeBank(copyValues(lists(), odd, "raw:scene1.pad1", "scene2.pad*").value());
     for (std::size_t pad = 0; pad < 8; ++pad)

@@ -178,6 +178,23 @@ TEST_F(BankCommands, ScenesAreRenamedSwappedAndReset) {
               "scene1.pad1.CR: 0 -> 127\nscene1.pad1.CG: 1 -> 0\nscene1.pad1.CB: 1 -> 0\n");
 }
 
+TEST_F(BankCommands, NotesAreFilledAndTransposed) {
+    const ProgramRun filled = cli("fill a.bank 'scene1.pad*' C1 --scale fifths");
+    EXPECT_EQ(filled.exitCode, 0);
+    EXPECT_TRUE(
+        filled.errors.starts_with("scene1.pad1.CCOrNoteNumber: C2 -> C1 (index 36 -> 24)\n"
+                                  "scene1.pad2.CCOrNoteNumber: C#2 -> G1 (index 37 -> 31)\n"))
+        << filled.errors;
+    EXPECT_EQ(text("a.bank").substr(189, 8), "\x18\x1f\x26\x2d\x34\x3b\x42\x49");
+    for (const char* semitones : {"-12", "+7"})
+        changed("transpose a.bank 'scene1.pad*' " + std::string(semitones));
+    EXPECT_EQ(text("a.bank").substr(189, 8), "\x13\x1a\x21\x28\x2f\x36\x3d\x44");
+    changed("fill a.bank 'scene1.pad*' G4 --step -1");
+    EXPECT_EQ(text("a.bank").substr(189, 8), "\x43\x42\x41\x40\x3f\x3e\x3d\x3c");
+    changed("fill a.bank 'scene1.knob*' sustain --intervals 1,2");
+    EXPECT_EQ(text("a.bank").substr(153, 4), "\x40\x41\x43\x44");
+}
+
 TEST_F(BankCommands, DiffTellsWhatDiffersAcrossForms) {
     done("default b.json");
     const ProgramRun equal = cli("diff a.bank b.json");
@@ -227,8 +244,9 @@ TEST_F(BankCommands, ShowIsTheSameOfBothFormsAndItsJsonIsWhatConvertWrites) {
 }
 
 TEST_F(BankCommands, HelpHasExamplesAndLinesThatFit) {
-    for (const std::string command : {"convert", "copy", "default", "diff", "get", "read", "rename",
-                                      "reset", "send", "set", "show", "swap"}) {
+    for (const std::string command :
+         {"convert", "copy", "default", "diff", "fill", "get", "transpose", "read", "rename",
+          "reset", "send", "set", "show", "swap"}) {
         const ProgramRun told = cli(command + " --help");
         expectDone(told);
         EXPECT_NE(told.output.find("Examples:\n  scenewright-cli " + command), std::string::npos)
@@ -276,11 +294,6 @@ TEST_F(BankCommands, WhatIsBadIsToldInOneSentenceAndNothingIsTouched) {
          "Note\n"},
         {"set a.bank scene1.pad1.MIDIChannel=127",
          "scene1.pad1.MIDIChannel has no option of index 127"},
-        {"rename a.bank scene1 'THIRTEEN BYTE'",
-         "scenewright-cli: a scene's name has at most 12 bytes, and \"THIRTEEN BYTE\" has 13\n"},
-        {"rename a.bank 5 X", "scenewright-cli: 5: at character 1, \"scene\" was expected\n"},
-        {"swap a.bank 1 scene2.pad1", "scene1 cannot be swapped with scene2.pad1: both must name"},
-        {"reset a.bank scene1.pad9", "scene1.pad9: at character 11"},
         {"copy a.bank scene2 scene3.pad1",
          "scenewright-cli: scene2 cannot be copied to scene3.pad1: both must name scenes, controls "
          "of one kind, or one and the same setting\n"},
@@ -320,6 +333,27 @@ TEST_F(BankCommands, WhatIsBadIsToldInOneSentenceAndNothingIsTouched) {
             "scenewright-cli: standard output could not be written\n", 1);
 }
 
+TEST_F(BankCommands, ChangeThatCannotBeMadeIsToldAndNotBegun) {
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"rename a.bank scene1 'THIRTEEN BYTE'",
+         "scenewright-cli: a scene's name has at most 12 bytes, and \"THIRTEEN BYTE\" has 13\n"},
+        {"rename a.bank 5 X", "scenewright-cli: 5: at character 1, \"scene\" was expected\n"},
+        {"swap a.bank 1 scene2.pad1", "scene1 cannot be swapped with scene2.pad1: both must name"},
+        {"reset a.bank scene1.pad9", "scene1.pad9: at character 11"},
+        {"fill a.bank 'scene1.key*' C9", "scene1.key9.CCOrNoteNumber would be 128"},
+        {"fill a.bank 'scene1.key*' C2 --intervals 2,", "--intervals: whole numbers with commas"},
+        {"fill a.bank 'scene1.key*' C2 --scale dur", "--scale"},
+        {"fill a.bank 'scene1.key*' C2 --scale major --step 2", "--scale excludes --step"},
+        {"transpose a.bank scene1 12x",
+         "scenewright-cli: SEMITONES must be a whole number from -127 to 127, as in +12\n"},
+        {"transpose a.bank scene1 +-1", "SEMITONES must be"},
+        {"transpose a.bank scene1 128", "SEMITONES must be"},
+        {"transpose a.bank 'scene1.knob*' 1", "scene1.knob*: nothing there sends notes"},
+    };
+    for (const auto& [words, sentence] : rows)
+        refused(words, sentence);
+}
+
 TEST_F(BankCommands, BankOfAnotherSizeIsRefused) {
     for (const std::size_t size : {0U, 1U, 252U, 253U, 1011U, 1013U, 2024U, 100000U}) {
         put("bad", std::vector<std::uint8_t>(size, 1));
@@ -337,6 +371,8 @@ TEST_F(BankCommands, BadListEndsTheCommandsThatNeedItAndNoOthers) {
         {"copy a.bank scene1 scene2", "basic"},
         {"swap a.bank scene1 scene2", ""},
         {"rename a.bank scene1 SCENE1", "basic"},
+        {"fill a.bank 'scene1.pad*' C2", "basic"},
+        {"transpose a.bank scene1 1", "basic"},
         {"reset a.bank scene1.pad1", "basic default"},
         {"diff a.bank a.bank", "basic"},
         {"convert a.bank out.bank", ""},

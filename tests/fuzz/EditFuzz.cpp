@@ -3,6 +3,7 @@
 // and a change that is made again changes nothing more.
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
+#include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "tests/fuzz/Checks.h"

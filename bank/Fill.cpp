@@ -1,0 +1,275 @@
+#include "bank/Fill.h"
+
+#include "bank/Edit.h"
+#include "bank/OptionIndex.h"
+#include "bank/Path.h"
+#include "bank/SettingText.h"
+#include "model/Setting.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace scenewright {
+
+namespace {
+
+constexpr std::string_view kControllerMark = "cc:";
+constexpr std::string_view kChannelMark = "ch:";
+constexpr std::string_view kNumberField = "CCOrNoteNumber";
+constexpr std::string_view kBetweenStations = "..";
+
+// In semitones.
+constexpr std::array kChromatic{1};
+constexpr std::array kWholeTone{2};
+constexpr std::array kFourths{5};
+constexpr std::array kFifths{7};
+constexpr std::array kOctaves{12};
+constexpr std::array kMajor{2, 2, 1, 2, 2, 2, 1};
+constexpr std::array kDorian{2, 1, 2, 2, 2, 1, 2};
+constexpr std::array kPhrygian{1, 2, 2, 2, 1, 2, 2};
+constexpr std::array kLydian{2, 2, 2, 1, 2, 2, 1};
+constexpr std::array kMixolydian{2, 2, 1, 2, 2, 1, 2};
+constexpr std::array kMinor{2, 1, 2, 2, 1, 2, 2};
+constexpr std::array kLocrian{1, 2, 2, 1, 2, 2, 2};
+constexpr std::array kHarmonicMinor{2, 1, 2, 2, 1, 3, 1};
+constexpr std::array kMelodicMinor{2, 1, 2, 2, 2, 2, 1};
+constexpr std::array kMajorPentatonic{2, 2, 3, 2, 3};
+constexpr std::array kMinorPentatonic{3, 2, 2, 3, 2};
+constexpr std::array kBlues{3, 2, 1, 1, 3, 2};
+
+constexpr std::array<Scale, 19> kScales{{
+    {"major", kMajor},
+    {"minor", kMinor},
+    {"harmonic-minor", kHarmonicMinor},
+    {"melodic-minor", kMelodicMinor},
+    {"major-pentatonic", kMajorPentatonic},
+    {"minor-pentatonic", kMinorPentatonic},
+    {"blues", kBlues},
+    {"ionian", kMajor},
+    {"dorian", kDorian},
+    {"phrygian", kPhrygian},
+    {"lydian", kLydian},
+    {"mixolydian", kMixolydian},
+    {"aeolian", kMinor},
+    {"locrian", kLocrian},
+    {"whole-tone", kWholeTone},
+    {"chromatic", kChromatic},
+    {"fourths", kFourths},
+    {"fifths", kFifths},
+    {"octaves", kOctaves},
+}};
+
+std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
+    std::vector<std::string_view> parts;
+    for (std::size_t at = 0; (at = text.find(separator)) != std::string_view::npos;) {
+        parts.push_back(text.substr(0, at));
+        text.remove_prefix(at + separator.size());
+    }
+    parts.push_back(text);
+    return parts;
+}
+
+std::optional<std::vector<PadColour>> stationsOf(std::string_view text,
+                                                 std::string_view separator) {
+    std::vector<PadColour> colours;
+    for (const std::string_view part : split(text, separator)) {
+        const auto colour = colourOf(part);
+        if (!colour)
+            return std::nullopt;
+        colours.push_back(*colour);
+    }
+    return colours;
+}
+
+// The colour that stands `at` of `whole` equal steps on the way through the stations.
+PadColour between(const std::vector<PadColour>& stations, std::size_t at, std::size_t whole) {
+    const std::size_t legs = stations.size() - 1;
+    const std::size_t leg = std::min(at * legs / whole, legs - 1);
+    const auto part = static_cast<std::int32_t>(at * legs - leg * whole);
+    const auto length = static_cast<std::int32_t>(whole);
+    PadColour colour{};
+    for (std::size_t i = 0; i < colour.size(); ++i)
+        colour.at(i) =
+            (stations[leg].at(i) * (length - part) + stations[leg + 1].at(i) * part + length / 2) /
+            length;
+    return colour;
+}
+
+// What a fill writes: one setting, and the type that a control is given with it.
+struct Target {
+    Path path;
+    std::string start;
+    std::optional<std::int32_t> assignType{};
+};
+
+Result<Target> targetOf(std::string_view pathText, std::string_view start) {
+    const auto path = parsePath(pathText);
+    if (!path)
+        return failure(path.error());
+    Target target{*path, std::string(start)};
+    if (path->level == Path::Level::Setting && (path->setting != nullptr || path->isColour))
+        return target;
+    if (path->level != Path::Level::Control)
+        return failure(fmt::format("{}: the path of controls or of a setting that is a number was "
+                                   "expected",
+                                   sanitized(pathText)));
+    target.path.level = Path::Level::Setting;
+    target.path.isColour = path->kind == ControlKind::Pad && coloursFor(start, 1).has_value();
+    if (target.path.isColour)
+        return target;
+    const bool isChannel = start.starts_with(kChannelMark);
+    target.path.setting = findSetting(path->kind, isChannel ? "MIDIChannel" : kNumberField);
+    if (target.path.setting == nullptr)
+        return failure(
+            fmt::format("{} cannot be filled with {}", sanitized(pathText), sanitized(start)));
+    if (isChannel)
+        return target;
+    const bool isController = start.starts_with(kControllerMark);
+    if (isController)
+        target.start.erase(0, kControllerMark.size());
+    if (findSetting(path->kind, "AssignType") != nullptr)
+        target.assignType = isController ? kAssignController : kAssignNote;
+    return target;
+}
+
+SceneValue& sceneAt(const SceneList& scenes, const SettingPlace& place) {
+    return *scenes.at(static_cast<std::size_t>(place.scene));
+}
+
+void writeColours(const SceneList& scenes, const std::vector<SettingPlace>& places,
+                  const std::vector<PadColour>& colours) {
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const PadColour& colour = colours.at(i / colours.front().size());
+        places[i].setting->write(sceneAt(scenes, places[i]), places[i].control,
+                                 colour.at(i % colour.size()));
+    }
+}
+
+Result<void> checkSendsNote(const SettingPlace& place, const SceneValue& scene) {
+    if (assignTypeAt(place, scene) == kAssignNote && place.setting->name() == kNumberField)
+        return {};
+    return failure(fmt::format("{} is no note, and a scale needs notes", pathOf(place)));
+}
+
+Result<void> writeNumbers(const PopUpValue& lists, const SceneList& scenes,
+                          const std::vector<SettingPlace>& places, const Target& target,
+                          const FillSteps& steps) {
+    if (target.assignType)
+        for (const SettingPlace& place : places)
+            findSetting(place.kind, "AssignType")
+                ->write(sceneAt(scenes, place), place.control, *target.assignType);
+    const auto start =
+        indexTyped(lists, places.front(), sceneAt(scenes, places.front()), target.start);
+    if (!start)
+        return failure(start.error());
+    const Intervals suggested{target.path.setting->name() == kNumberField ? 1 : 0};
+    const Intervals& intervals = steps.intervals ? *steps.intervals : suggested;
+    std::int32_t value = *start;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const SceneValue& scene = sceneAt(scenes, places[i]);
+        if (steps.isScale)
+            if (auto checked = checkSendsNote(places[i], scene); !checked)
+                return checked;
+        if (auto checked = checkIndex(lists, places[i], scene, value); !checked)
+            return checked;
+        places[i].setting->write(scene, places[i].control, value);
+        value += intervals[i % intervals.size()];
+    }
+    return {};
+}
+
+} // namespace
+
+std::span<const Scale> scales() {
+    return kScales;
+}
+
+const Scale* findScale(std::string_view name) {
+    const auto* const found = std::ranges::find(kScales, name, &Scale::name);
+    return found == kScales.end() ? nullptr : &*found;
+}
+
+std::optional<Intervals> intervalsOf(std::string_view text) {
+    Intervals intervals;
+    for (const std::string_view part : split(text, ",")) {
+        std::int32_t interval = 0;
+        const char* const end = part.data() + part.size();
+        const auto result = std::from_chars(part.data(), end, interval);
+        if (result.ec != std::errc() || result.ptr != end ||
+            std::abs(interval) > kLargestSettingValue)
+            return std::nullopt;
+        intervals.push_back(interval);
+    }
+    return intervals;
+}
+
+std::optional<std::vector<PadColour>> coloursFor(std::string_view text, std::size_t count) {
+    const bool isGradient = text.find(kBetweenStations) != std::string_view::npos;
+    const Palette* const palette = findPalette(text);
+    const auto stations = palette != nullptr
+                              ? std::optional(std::vector(palette->begin(), palette->end()))
+                              : stationsOf(text, isGradient ? kBetweenStations : ",");
+    if (!stations)
+        return std::nullopt;
+    std::vector<PadColour> colours;
+    for (std::size_t i = 0; i < count; ++i)
+        colours.push_back(isGradient && count > 1 ? between(*stations, i, count - 1)
+                                                  : (*stations)[i % stations->size()]);
+    return colours;
+}
+
+Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
+                             std::string_view path, std::string_view start,
+                             const FillSteps& steps) {
+    const auto target = targetOf(path, start);
+    if (!target)
+        return failure(target.error());
+    SceneList copies = copyOf(scenes);
+    Path inScene = target->path;
+    inScene.scenes.count = 1;
+    for (std::int32_t i = 0; i < target->path.scenes.count; ++i) {
+        inScene.scenes.first = target->path.scenes.first + i;
+        const auto places = settingsAt(inScene);
+        if (!target->path.isColour) {
+            if (const auto done = writeNumbers(lists, copies, places, *target, steps); !done)
+                return failure(done.error());
+            continue;
+        }
+        const auto colours =
+            coloursFor(start, static_cast<std::size_t>(target->path.controls.count));
+        if (!colours || steps.intervals)
+            return failure(fmt::format(
+                "{} cannot be filled with {}: a colour as in #ff8000, several with commas between, "
+                "the first and the last as in #ff0000..#ffff00, or one of {} was expected",
+                sanitized(path), sanitized(start), paletteNames()));
+        writeColours(copies, places, *colours);
+    }
+    return copies;
+}
+
+Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
+                                 std::string_view pathText, std::int32_t semitones) {
+    const auto path = parsePath(pathText);
+    if (!path)
+        return failure(path.error());
+    SceneList copies = copyOf(scenes);
+    bool isNoteThere = false;
+    for (const SettingPlace& place : settingsAt(*path)) {
+        SceneValue& scene = sceneAt(copies, place);
+        if (place.isName() || !checkSendsNote(place, scene))
+            continue;
+        isNoteThere = true;
+        const std::int32_t note = place.setting->read(scene, place.control) + semitones;
+        if (auto checked = checkIndex(lists, place, scene, note); !checked)
+            return failure(checked.error());
+        place.setting->write(scene, place.control, note);
+    }
+    if (!isNoteThere)
+        return failure(fmt::format("{}: nothing there sends notes", sanitized(pathText)));
+    return copies;
+}
+
+} // namespace scenewright

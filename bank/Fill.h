@@ -1,0 +1,64 @@
+// Many controls at once, in one musical order: notes by a scale, controllers in a row, one channel,
+// colours from one to another. As in Edit.h, the scenes that go in are never changed, a change that
+// cannot be done whole is not done, and an error is one phrase that names the path.
+#pragma once
+
+#include "bank/Colour.h"
+#include "model/PopUpValue.h"
+#include "model/SceneValue.h"
+#include "platform/Result.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+// Steps from each control to the next one, taken in turn again and again: in semitones, or in
+// whatever the setting counts.
+using Intervals = std::vector<std::int32_t>;
+
+// A scale by its name on the command line, and the intervals of one turn.
+struct Scale {
+    std::string_view name;
+    std::span<const std::int32_t> intervals;
+};
+[[nodiscard]] std::span<const Scale> scales();
+[[nodiscard]] const Scale* findScale(std::string_view name);
+// "2,2,3"; nothing for anything else.
+[[nodiscard]] std::optional<Intervals> intervalsOf(std::string_view text);
+
+// The colours of so many controls: "#ff0000..#ffff00" goes evenly from one to the other and may
+// have more stations, "#ff0000,#00ff00" and a palette's name (Colour.h) take one after the other in
+// turn,
+// "#ff0000" is for all. Nothing for anything else.
+[[nodiscard]] std::optional<std::vector<PadColour>> coloursFor(std::string_view text,
+                                                               std::size_t count);
+
+// How far apart the values are: nothing for what the setting suggests, which is 1 for the numbers
+// of notes and controllers and 0 for everything else.
+struct FillSteps {
+    std::optional<Intervals> intervals{};
+    bool isScale = false; // so that controls that send no note are refused
+};
+
+// Gives the controls of a path their values, beginning anew in each scene. `start` is the first
+// one's, as setValues() takes it, or for a pad's colour as coloursFor() does. Where the path names
+// controls instead of a setting, `start` tells which setting is meant:
+//
+//   colours             the pads' colours
+//   ch:10               the MIDI channel
+//   cc:20               the number, and the control is made to send controllers
+//   C2, 36, sustain     the number, and a pad or key is made to send notes
+[[nodiscard]] Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
+                                           std::string_view path, std::string_view start,
+                                           const FillSteps& steps = {});
+
+// Moves those notes of a path that are sent as notes.
+[[nodiscard]] Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
+                                               std::string_view path, std::int32_t semitones);
+
+} // namespace scenewright
