@@ -23,6 +23,7 @@ VHCI = Path("/sys/devices/platform/vhci_hcd.0")
 DEVICES = Path("/sys/bus/usb/devices")
 SOUND_DRIVER = "snd-usb-audio"
 PATIENCE = 600  # seconds for what takes a few at most; the emulator may share a busy machine
+PROMPT = 20  # starts of a program, in the time of which a player sees what has happened
 
 
 def wait_for(what, condition, limit=PATIENCE):
@@ -167,6 +168,15 @@ class Rig:
         program = self.start(*command, **options)
         _, errors = program.communicate(timeout=PATIENCE)
         return program.returncode, errors
+
+    def check_prompt(self, what, since):
+        """Measured in starts of a program, which take as much longer as all does on a busy machine."""
+        seconds = time.monotonic() - since
+        begin = time.monotonic()
+        self.run(CLI, "--version", stdout=subprocess.DEVNULL)
+        starts = seconds / (time.monotonic() - begin)
+        self.notes.append(f"{what}: {seconds:.2f} s, {starts:.1f} starts of a program")
+        assert starts < PROMPT, f"{what} took {seconds:.1f} s, {starts:.0f} starts of a program"
 
     def traces(self):
         """The last transfers of each keyboard, for a failure's report."""

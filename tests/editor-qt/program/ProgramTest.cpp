@@ -105,7 +105,7 @@ TEST_F(ProgramTest, ChangedControllerIsSeenAfterARead) {
     const QPoint light(button.width() / 2, 14);
     EXPECT_NE(seenAt(button, light), QColor(255, 0, 255));
     read();
-    EXPECT_TRUE(waitUntil([&] { return seenAt(button, light) == QColor(255, 0, 255); }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return seenAt(button, light) == QColor(255, 0, 255); }));
     EXPECT_TRUE(waitForLog(QStringLiteral("SceneValue CHANGED, 45 controls")));
 }
 
