@@ -16,7 +16,10 @@ namespace scenewright {
 namespace {
 
 constexpr QColor kPlainTitle(214, 219, 226);
-constexpr QColor kFocus(255, 255, 255);
+// One of the two is seen on whatever ground.
+constexpr QColor kFocusOuter(255, 255, 255);
+constexpr QColor kFocusInner(8, 12, 18);
+constexpr qreal kFocusLine = 2; // the width of each, in device-independent pixels
 constexpr qreal kCaptionMargin = 1;
 
 QColor colourOf(const std::optional<Colour>& colour) {
@@ -35,7 +38,7 @@ constexpr std::array<Arrow, 4> kArrows{
 
 ControlButton::ControlButton(std::int32_t tag, ControlKind kind, QWidget* parent)
     : QAbstractButton(parent), tag_(tag), kind_(kind) {
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus); // one button of a picture is a stop of the Tab key
     setCursor(Qt::PointingHandCursor);
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (action_)
@@ -113,8 +116,37 @@ QRectF ControlButton::captionRect() const {
     return screen.adjusted(kCaptionMargin, 0, -kCaptionMargin, 0);
 }
 
+// Inside the mark of a chosen key, which has no room for both side by side; where the text is too
+// long for that, it keeps its own.
+QRectF ControlButton::captionRoom() const {
+    const ControlShape shape = shapeOf(kind_, tag_);
+    if (!look_.image || shape != ControlShape::WhiteKey)
+        return captionRect();
+    const QRectF inside =
+        imageRoom(shape, rect()).adjusted(kMarkFrame, kMarkFrame, -kMarkFrame, -kMarkFrame);
+    const QRectF room = captionRect().intersected(inside);
+    const bool fits =
+        setCaption(shown(look_.title.text), room.size(), font(), look_.largestCaption).fits;
+    return fits ? room : captionRect();
+}
+
 CaptionSetting ControlButton::captionSetting() const {
-    return setCaption(shown(look_.title.text), captionRect().size(), font(), look_.largestCaption);
+    return setCaption(shown(look_.title.text), captionRoom().size(), font(), look_.largestCaption);
+}
+
+void ControlButton::drawFocus(QPainter& painter) const {
+    constexpr qreal kRadius = 5;
+    QRectF ring(rect());
+    if (look_.image) // inside its frame
+        ring = imageRoom(shapeOf(kind_, tag_), ring)
+                   .adjusted(kMarkFrame, kMarkFrame, -kMarkFrame, -kMarkFrame);
+    painter.setBrush(Qt::NoBrush);
+    for (const QColor& colour : {kFocusOuter, kFocusInner}) {
+        ring.adjust(kFocusLine / 2, kFocusLine / 2, -kFocusLine / 2, -kFocusLine / 2);
+        painter.setPen(QPen(colour, kFocusLine));
+        painter.drawRoundedRect(ring, kRadius, kRadius);
+        ring.adjust(kFocusLine / 2, kFocusLine / 2, -kFocusLine / 2, -kFocusLine / 2);
+    }
 }
 
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
@@ -123,15 +155,12 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     drawControl(painter, rect(),
                 {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
                  isDown(), underMouse() && isEnabled()});
-    drawCaption(painter, captionRect(), shown(look_.title.text), captionSetting(),
+    drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));
     if (look_.image)
-        drawResourceImage(painter, imageRoom(shapeOf(kind_, tag_), rect()), *look_.image);
-    if (hasFocus()) {
-        painter.setPen(QPen(kFocus, 1.5, Qt::DashLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(4, 4, -4, -4), 5, 5);
-    }
+        drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    if (hasFocus())
+        drawFocus(painter);
 }
 
 void ControlButton::keyPressEvent(QKeyEvent* event) {

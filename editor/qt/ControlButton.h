@@ -16,6 +16,7 @@
 
 namespace scenewright {
 
+// It takes the keyboard by a click; a picture makes one of its buttons a stop of the Tab key.
 class ControlButton final : public QAbstractButton, public Button {
     Q_OBJECT
 
@@ -65,6 +66,8 @@ private:
         friend bool operator==(const Look&, const Look&) = default;
     };
 
+    [[nodiscard]] QRectF captionRoom() const;
+    void drawFocus(QPainter& painter) const;
     void describe();
     void drawLater();
     void drawIfChanged();

@@ -178,6 +178,14 @@ QImage rasterised(QSvgRenderer& image, qreal ratio) {
     return raster;
 }
 
+void mirrorLeftHalf(QImage& raster) {
+    const QImage mirrored = raster.mirrored(true, false);
+    QPainter painter(&raster);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    const QRect right(raster.width() / 2, 0, raster.width() - raster.width() / 2, raster.height());
+    painter.drawImage(right, mirrored, right);
+}
+
 } // namespace
 
 ControlShape shapeOf(ControlKind kind, std::int32_t tag) {
@@ -256,12 +264,19 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
     painter.restore();
 }
 
-void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name) {
+void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name) {
+    drawResourceImage(painter, imageRoom(shape, room), name, shape != ControlShape::WhiteKey);
+}
+
+void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name,
+                       bool hasBadge) {
     QSvgRenderer& image = imageNamed(name);
     if (!image.isValid())
         return;
     const qreal ratio = painter.device()->devicePixelRatio();
-    const QImage raster = rasterised(image, ratio);
+    QImage raster = rasterised(image, ratio);
+    if (!hasBadge)
+        mirrorLeftHalf(raster);
     const qreal corner = std::floor(image.viewBoxF().width() / 3);
     const qreal far = raster.width() / ratio - corner;
     const std::array<qreal, 4> from{0, corner * ratio, far * ratio, raster.width() * 1.0};

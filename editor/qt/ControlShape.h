@@ -33,6 +33,9 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
 // Where the image that marks a control stands: its place, as far as no black key lies on it.
 [[nodiscard]] QRectF imageRoom(ControlShape shape, const QRectF& room);
 
+// How wide the frame of that image is, in device-independent pixels.
+inline constexpr qreal kMarkFrame = 6;
+
 // The part of the place that carries the caption, on a dark ground in every shape.
 [[nodiscard]] QRectF captionRect(ControlShape shape, const QRectF& room);
 
@@ -60,6 +63,12 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
 // Fills `target` with the image NAME.svg: its corners, a third of its width each, keep their size,
 // and what is between them stretches. An image that is missing draws nothing and is logged once.
 // Main thread; images are kept until the application ends.
-void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name);
+// Without its badge, the upper right corner is the mirrored left one.
+void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name,
+                       bool hasBadge = true);
+
+// Marks a control with that image; on a white key without the badge, which would lie on the
+// caption.
+void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name);
 
 } // namespace scenewright

@@ -115,6 +115,7 @@ void DevicePicture::makeButtons() {
         for (std::int32_t tag = range.start; tag < range.end(); ++tag) {
             auto& made = makeChild<ControlButton>(tag, range.kind, this);
             made.setAccessibleName(shown(controlName(tag)));
+            made.installEventFilter(this);
             connect(&made, &ControlButton::arrowPressed, this,
                     [this, tag](int right, int down) { focusArrowTarget(tag, right, down); });
             buttons_.at(static_cast<std::size_t>(tag - 1)) = &made;
@@ -123,6 +124,27 @@ void DevicePicture::makeButtons() {
     for (ControlButton* made : buttons_)
         if (made->isBlackKey())
             made->raise();
+    setTabStop(*buttons_.front());
+}
+
+void DevicePicture::setTabStop(ControlButton& stop) {
+    if (tabStop_ == &stop)
+        return;
+    if (tabStop_ != nullptr)
+        tabStop_->setFocusPolicy(Qt::ClickFocus);
+    tabStop_ = &stop;
+    stop.setFocusPolicy(Qt::StrongFocus);
+}
+
+bool DevicePicture::hasKeyboard() const {
+    const QWidget* at = window()->focusWidget();
+    return at != nullptr && isAncestorOf(at);
+}
+
+bool DevicePicture::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn)
+        setTabStop(*qobject_cast<ControlButton*>(watched));
+    return QWidget::eventFilter(watched, event);
 }
 
 Button* DevicePicture::viewWithTag(std::int32_t tag) {
@@ -137,6 +159,8 @@ ControlButton* DevicePicture::button(std::int32_t tag) const {
 void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) {
     for (ControlButton* made : buttons_) {
         made->setSummary(shown(describeControl(lists, scene, made->tag())));
+        if (made->image() && !hasKeyboard())
+            setTabStop(*made);
         const auto position = static_cast<std::size_t>(made->tag() - 1);
         if (made->kind() == ControlKind::Pad && position < scene.buttonValueArray().size())
             made->setLight(padColour(*scene.buttonValueArray()[position]));

@@ -49,9 +49,9 @@ private:
 [[nodiscard]] std::int32_t neighbourOf(std::int32_t tag, int right, int down,
                                        const std::function<QRectF(std::int32_t)>& place);
 
-// Keeps the drawing's proportions whatever its size. The Tab key goes through the controls in the
-// order of their tags; the arrows go to the neighbour on the picture, and along the keys from one
-// semitone to the next.
+// Keeps the drawing's proportions whatever its size. It is one stop of the Tab key: the control
+// that had the keyboard last, or is chosen. The arrows go on from there to the neighbour on the
+// picture, and along the keys from one semitone to the next.
 class DevicePicture final : public QWidget, public ButtonBoard {
     Q_OBJECT
 
@@ -72,14 +72,19 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    // Of a button: it gets the keyboard.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] QRectF drawingArea() const;
     void makeButtons();
+    void setTabStop(ControlButton& stop);
+    [[nodiscard]] bool hasKeyboard() const;
     void focusArrowTarget(std::int32_t tag, int right, int down);
 
     DeviceDrawing drawing_;
     std::array<ControlButton*, kControlCount> buttons_{}; // children, in the order of their tags
+    ControlButton* tabStop_ = nullptr;
 };
 
 } // namespace scenewright

@@ -1,6 +1,7 @@
 #include "editor/qt/MainWindow.h"
 
 #include "app/WindowAction.h"
+#include "editor/qt/AccessibleFaces.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
@@ -8,6 +9,7 @@
 #include <QCloseEvent>
 #include <QShortcut>
 
+#include <algorithm>
 #include <array>
 
 namespace scenewright {
@@ -16,6 +18,7 @@ MainWindow::MainWindow(QuitController& application, Appearance& appearance, bool
     : application_(application), appearance_(appearance), windowController_(*this, application) {
     setWindowTitle(isVirtual ? tr("Scenewright – Virtual controller") : tr("Scenewright"));
     setAccessibleName(windowTitle());
+    installAccessibleFaces();
     layOut();
     connectOutlets();
     view_.viewDidLoad();
@@ -58,6 +61,8 @@ void MainWindow::connectChoices() {
         button->setAction([this, button] { view_.chooseButtonAction(*button); });
     }
     connect(menu_, &MainMenu::modeChosen, this, &MainWindow::chooseMode);
+    connect(&menu_->previousControl(), &QAction::triggered, this, [this] { chooseBeside(-1); });
+    connect(&menu_->nextControl(), &QAction::triggered, this, [this] { chooseBeside(1); });
 }
 
 void MainWindow::connectCommands() {
@@ -106,17 +111,38 @@ void MainWindow::addAppearanceMenu() {
     }
 }
 
+// A button that is greyed loses the keyboard to the next widget, and the user with it: it is let go
+// of before, and comes back unless it was put elsewhere meanwhile.
 void MainWindow::showBusy(bool isBusy) {
     status_->setBusy(isBusy);
+    QWidget* at = focusWidget();
+    if (isBusy && (at == readButton_ || at == sendButton_)) {
+        former_ = at;
+        at->clearFocus();
+    }
     for (QAction* action : {&menu_->read(), &menu_->send()})
         action->setEnabled(!isBusy);
     for (QPushButton* button : {readButton_, sendButton_})
         button->setEnabled(!isBusy);
+    if (isBusy || !former_)
+        return;
+    if (focusWidget() == nullptr)
+        former_->setFocus(Qt::OtherFocusReason);
+    former_ = nullptr;
 }
 
 void MainWindow::chooseMode(int mode) {
     displayModes_->selectItem(mode);
     view_.changeDispalyAction(*displayModes_);
+}
+
+void MainWindow::chooseBeside(std::int32_t rows) {
+    const std::int32_t control =
+        std::clamp(list_->selectedRow() + rows, 0, std::int32_t{kControlIndexEnd} - 1);
+    if (control != 0)
+        return view_.chooseButtonAction(*picture_->button(control));
+    view_.setSelectControl(0); // the scene's own settings have no button
+    list_->selectRow(0);
 }
 
 void MainWindow::showGainPanel() {

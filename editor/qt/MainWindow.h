@@ -18,6 +18,7 @@
 #include <QActionGroup>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QStringList>
 
@@ -42,6 +43,8 @@ public:
     [[nodiscard]] QAction& read() { return *read_; }
     [[nodiscard]] QAction& send() { return *send_; }
     [[nodiscard]] QAction& gainPanel() { return *gainPanel_; }
+    [[nodiscard]] QAction& previousControl() { return *previousControl_; }
+    [[nodiscard]] QAction& nextControl() { return *nextControl_; }
     [[nodiscard]] QAction& about() { return *about_; }
     [[nodiscard]] QMenu& file() { return *file_; }
     [[nodiscard]] QMenu& device() { return *device_; }
@@ -61,6 +64,8 @@ private:
     QAction* read_ = nullptr;
     QAction* send_ = nullptr;
     QAction* gainPanel_ = nullptr;
+    QAction* previousControl_ = nullptr;
+    QAction* nextControl_ = nullptr;
     QAction* about_ = nullptr;
     QActionGroup modes_;
 };
@@ -132,6 +137,8 @@ private:
     void addAppearanceMenu();
     void showBusy(bool isBusy);
     void chooseMode(int mode);
+    // Chooses the control that is so many rows below the one that the list stands on.
+    void chooseBeside(std::int32_t rows);
     void showGainPanel();
     void showAbout();
     // Brings everything up to date that the view logic does not know of.
@@ -158,6 +165,7 @@ private:
     MainMenu* menu_ = nullptr;
     NoticeBar* notices_ = nullptr;
     GainWindow* gainPanel_ = nullptr;
+    QPointer<QWidget> former_; // had the keyboard before a send greyed it
 };
 
 } // namespace scenewright

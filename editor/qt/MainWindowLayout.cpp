@@ -149,6 +149,11 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     read_ = &added(*device_, tr("&Read Scenes"), QKeySequence(tr("Ctrl+R")));
     send_ = &added(*device_, tr("&Send Scenes"), QKeySequence(tr("Ctrl+Return")));
     view_ = &menuNamed(bar, tr("&View"));
+    previousControl_ = &added(*view_, tr("Previous Control"), QKeySequence(tr("Ctrl+PgUp")));
+    nextControl_ = &added(*view_, tr("Next Control"), QKeySequence(tr("Ctrl+PgDown")));
+    for (QAction* action : {previousControl_, nextControl_})
+        action->setAutoRepeat(true);
+    view_->addSeparator();
     gainPanel_ = &added(*view_, tr("&Gain Panel"));
     about_ = &added(menuNamed(bar, tr("&Help")), tr("&About Scenewright"));
     quit_->setMenuRole(QAction::QuitRole);
@@ -171,10 +176,12 @@ void MainMenu::setModes(const QStringList& titles) {
     for (int mode = 0; mode < titles.size(); ++mode) {
         QAction& action = *modes_.addAction(withMnemonic(titles[mode], taken));
         action.setCheckable(true);
-        view_->insertAction(gainPanel_, &action);
+        view_->insertAction(previousControl_, &action);
         connect(&action, &QAction::triggered, this, [this, mode] { emit modeChosen(mode); });
     }
-    view_->insertSeparator(gainPanel_);
+    view_->insertSeparator(previousControl_);
+    for (QAction* action : {previousControl_, nextControl_})
+        action->setText(withMnemonic(action->text(), taken));
 }
 
 void MainMenu::checkMode(int mode) {

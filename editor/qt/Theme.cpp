@@ -73,7 +73,8 @@ constexpr auto kSliderSheet = R"(
 QSlider::groove:vertical { background: @line; width: 4px; border-radius: 2px; }
 QSlider::add-page:vertical { background: @accent; border-radius: 2px; }
 QSlider::handle:vertical { background: @text; height: 14px; margin: 0 -9px; border-radius: 4px; }
-QSlider:focus { background: @field; border-radius: 6px; }
+QSlider { border: 2px solid transparent; border-radius: 6px; }
+QSlider:focus { background: @field; border-color: @accent; }
 )";
 
 constexpr const char* kSheetProperty = "sheet";

@@ -70,6 +70,7 @@ void ValuePanes::makePane(ControlKind kind) {
     //: The letters marked in the menu bar and in "Show", in any order.
     body.taken = tr("fedvhw");
     body.frame = &makeChild<PaneFrame>(this);
+    body.frame->installEventFilter(this);
     body.frame->setAccessibleName(tr("Settings of the chosen control"));
     auto& column = makeChild<QVBoxLayout>(body.frame);
     column.setContentsMargins(14, 9, 14, 12);
@@ -124,11 +125,40 @@ void ValuePanes::show(const ViewController& view) {
         body.heading->setText(shown(controlName(std::max(0, view.selectControl()))));
     hint_->setVisible(
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
+    giveKeyboardBack();
     const std::int32_t index = view.selectControl();
     const ControlRange& pads = controlRange(ControlKind::Pad);
     const auto& records = view.sceneValue()->buttonValueArray();
     if (index >= pads.start && index < pads.end() && std::cmp_less_equal(index, records.size()))
         showSwatch(padColour(*records[static_cast<std::size_t>(index - 1)]));
+}
+
+bool ValuePanes::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        QWidget* at = window()->focusWidget();
+        if (at != nullptr && static_cast<QWidget*>(watched)->isAncestorOf(at))
+            former_ = at;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ValuePanes::giveKeyboardBack() {
+    const QPointer<QWidget> former = std::exchange(former_, nullptr);
+    if (!former)
+        return;
+    QWidget* best = nullptr;
+    for (const ValuePopUp& row : valuePopUps()) {
+        PopUpBox* box = popUps_.at(row.name);
+        if (!box->isVisible() || !box->isEnabled())
+            continue;
+        const bool isSame = box == former || box->accessibleName() == former->accessibleName();
+        if (best == nullptr || isSame)
+            best = box;
+        if (isSame)
+            break;
+    }
+    if (best != nullptr)
+        best->setFocus(Qt::OtherFocusReason);
 }
 
 // A style sheet of its own is dear: it is set only for another colour.

@@ -6,6 +6,7 @@
 #include "editor/qt/PopUpBox.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QWidget>
 
 #include <array>
@@ -41,6 +42,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    // Of a pane: it is hidden, perhaps to be shown again at once.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Body {
@@ -55,6 +58,9 @@ private:
     void addField(Body& body, const QString& title, QWidget& field);
     void addSwatch(Body& body);
     void showSwatch(const Colour& colour);
+    // Brings the keyboard back into the panes when it was in one that was hidden: to the same
+    // field, to one of the same title, or to the first.
+    void giveKeyboardBack();
 
     // All are children of this widget.
     std::array<Body, kControlRanges.size()> bodies_;
@@ -63,6 +69,7 @@ private:
     QLabel* swatch_ = nullptr;
     std::optional<Colour> swatchColour_;
     QLabel* hint_ = nullptr;
+    QPointer<QWidget> former_; // had the keyboard in a pane that was hidden
 };
 
 } // namespace scenewright

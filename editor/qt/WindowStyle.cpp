@@ -70,8 +70,6 @@ Box segmentBox(const QStyleOption& option) {
         box.fill = option.palette.brush(QPalette::Highlight);
     else if (option.state.testFlag(QStyle::State_MouseOver))
         box.fill = option.palette.brush(QPalette::Mid);
-    if (option.state.testFlag(QStyle::State_HasFocus))
-        box.edge = option.palette.color(QPalette::Text);
     return box;
 }
 
@@ -79,12 +77,9 @@ Box buttonBox(const QStyleOption& option, const QWidget* widget) {
     if (has(widget, "segment"))
         return segmentBox(option);
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
-    if (has(widget, "main") && isEnabled) {
-        const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
+    if (has(widget, "main") && isEnabled)
         return {option.palette.brush(QPalette::Highlight),
-                option.palette.color(hasFocus ? QPalette::Text : QPalette::Highlight),
-                hasFocus ? 2.0 : 1.0};
-    }
+                option.palette.color(QPalette::Highlight)};
     const bool isDown = option.state.testFlag(QStyle::State_Sunken);
     return fieldBox(option, option.palette.brush(isDown ? QPalette::Mid : QPalette::Button));
 }
@@ -93,6 +88,14 @@ Box buttonBox(const QStyleOption& option, const QWidget* widget) {
 bool isAccented(const QStyleOption& option, const QWidget* widget) {
     return (has(widget, "main") && option.state.testFlag(QStyle::State_Enabled)) ||
            (has(widget, "segment") && option.state.testFlag(QStyle::State_On));
+}
+
+// The ring of a button without an edge of its own: inside it, in the colour of its text.
+void drawRing(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
+    const QColor colour = option.palette.color(
+        isAccented(option, widget) ? QPalette::HighlightedText : QPalette::ButtonText);
+    drawBox(painter, QRectF(option.rect).adjusted(2, 2, -2, -2),
+            {.fill = Qt::NoBrush, .edge = colour, .pen = 2, .radius = kSegmentRadius - 1});
 }
 
 void drawArrow(QPainter& painter, const QRectF& room, const QColor& colour) {
@@ -179,6 +182,9 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
                               const QWidget* widget) const {
     if (element == CE_PushButtonBevel) {
         drawBox(*painter, option->rect, buttonBox(*option, widget));
+        if (option->state.testFlag(State_HasFocus) &&
+            (has(widget, "segment") || has(widget, "main")))
+            drawRing(*option, *painter, widget);
         return;
     }
     if (element == CE_ShapedFrame && isFlatFrame(widget)) {

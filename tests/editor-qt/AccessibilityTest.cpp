@@ -99,6 +99,37 @@ TEST_F(Accessibility, SceneSegmentsSayNumberAndName) {
     EXPECT_EQ(window().scenes().segment(0).accessibleName(), "Scene 1, SCENE1");
 }
 
+TEST_F(Accessibility, PartsOfTheWindowAreWhatTheyWorkAs) {
+    open();
+    const auto faceOf = [](QWidget& widget) {
+        return QAccessible::queryAccessibleInterface(&widget);
+    };
+    EXPECT_EQ(faceOf(window().notices())->role(), QAccessible::AlertMessage);
+    for (int scene = 0; scene < kSceneCount; ++scene) {
+        QAccessibleInterface* face = faceOf(window().scenes().segment(scene));
+        EXPECT_EQ(face->role(), QAccessible::RadioButton);
+        EXPECT_EQ(face->state().checked, scene == 0 ? 1U : 0U);
+    }
+    faceOf(window().scenes().segment(2))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(window().view().sceneIndex(), 2);
+}
+
+TEST_F(Accessibility, ControlsOfThePictureStandInTheOrderOfTheirTags) {
+    open();
+    QAccessibleInterface* picture = QAccessible::queryAccessibleInterface(&window().picture());
+    ASSERT_EQ(picture->childCount(), kControlCount);
+    for (int place = 0; place < kControlCount; ++place) {
+        QAccessibleInterface* control = picture->child(place);
+        EXPECT_EQ(control->object(), window().picture().button(place + 1));
+        EXPECT_EQ(picture->indexOfChild(control), place);
+    }
+    const ControlButton& black = *window().picture().button(22);
+    const QPoint onBoth = black.mapToGlobal(QPoint(2, 10));
+    EXPECT_EQ(picture->childAt(onBoth.x(), onBoth.y())->object(), &black);
+}
+
 // Parameter: display mode and whether the window has its default size or that of a small screen.
 class Titles : public WindowBench,
                public ::testing::WithParamInterface<std::tuple<std::int32_t, bool>> {};

@@ -39,8 +39,12 @@ TEST_F(KeyboardUse, TabReachesEveryControlFromTheTopToThePanes) {
                             order.indexOf(&window().displayModes()),
                             order.indexOf(&window().readButton()),
                             order.indexOf(&window().sendButton()), order.indexOf(&window().list())};
-    for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
-        places.append(order.indexOf(window().picture().button(tag)));
+    places.append(order.indexOf(window().picture().button(1)));
+    EXPECT_EQ(std::ranges::count_if(order,
+                                    [](const QWidget* at) {
+                                        return qobject_cast<const ControlButton*>(at) != nullptr;
+                                    }),
+              1);
     for (const char* outlet : {"commonGlobalMIDICh", "commonPianoKeyCh", "commonPadConstVelocity"})
         places.append(order.indexOf(&window().panes().popUp(outlet)));
     EXPECT_FALSE(places.contains(-1)) << places.indexOf(-1);
@@ -58,6 +62,95 @@ TEST_F(KeyboardUse, ArrowsMoveOnThePictureAndSpaceChooses) {
     QTest::keyClick(window().picture().button(14), Qt::Key_Down);
     QTest::keyClick(window().picture().button(18), Qt::Key_Return);
     EXPECT_EQ(window().view().selectControl(), 18);
+}
+
+TEST_F(KeyboardUse, ThePictureIsOneStopThatFollowsTheKeyboardAndTheChoice) {
+    open();
+    const auto stop = [this] {
+        std::int32_t found = 0;
+        for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
+            if (window().picture().button(tag)->focusPolicy() & Qt::TabFocus)
+                found = found == 0 ? tag : -1;
+        return found;
+    };
+    EXPECT_EQ(stop(), 1);
+    window().showControl(0, 14);
+    EXPECT_EQ(stop(), 14);
+    window().picture().button(14)->setFocus();
+    QTest::keyClick(window().picture().button(14), Qt::Key_Down);
+    EXPECT_EQ(stop(), 18);
+    window().showControl(0, 40); // not under the keyboard's feet
+    EXPECT_EQ(stop(), 18);
+}
+
+TEST_F(KeyboardUse, ThePreviousAndTheNextControlAreReachedFromAnywhere) {
+    open();
+    window().showControl(0, 14);
+    PopUpBox& red = window().panes().popUp("padCR");
+    struct Row {
+        QWidget* at;
+        Qt::Key key;
+        std::int32_t chosen;
+    };
+    const Row rows[] = {
+        {&window().list(), Qt::Key_PageDown, 15},
+        {&red, Qt::Key_PageDown, 16},
+        {&window().sendButton(), Qt::Key_PageUp, 15},
+        {window().picture().button(3), Qt::Key_PageUp, 14},
+    };
+    for (const Row& row : rows) {
+        row.at->setFocus();
+        QTest::keyClick(row.at, row.key, Qt::ControlModifier);
+        EXPECT_EQ(window().view().selectControl(), row.chosen);
+        EXPECT_TRUE(row.at->hasFocus());
+    }
+    for (int press = 0; press < 50; ++press)
+        QTest::keyClick(&window(), Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window().view().selectControl(), 0);
+    EXPECT_TRUE(window().panes().pane(ControlKind::Common).isVisible());
+    for (int press = 0; press < 50; ++press)
+        QTest::keyClick(&window(), Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(window().view().selectControl(), kControlCount);
+}
+
+TEST_F(KeyboardUse, StaysInThePanesWhateverTheyShowNext) {
+    open();
+    struct Row {
+        std::int32_t control;
+        const char* at;
+        Qt::Key key;
+        const char* then;
+    };
+    const Row rows[] = {
+        {14, "padCR", Qt::Key_PageDown, "padCR"},
+        {20, "padOnValue", Qt::Key_PageDown, "keyAssignType"}, // keys have no such value now
+        {20, "padCCOrNoteNumber", Qt::Key_PageDown, "keyCCOrNoteNumber"},
+        {14, "padCR", Qt::Key_2, "commonGlobalMIDICh"},
+        {14, "padCR", Qt::Key_R, "commonGlobalMIDICh"},
+    };
+    for (const Row& row : rows) {
+        window().showControl(0, row.control);
+        PopUpBox& box = window().panes().popUp(row.at);
+        box.setEnabled(true);
+        box.setFocus();
+        QTest::keyClick(&box, row.key, Qt::ControlModifier);
+        EXPECT_TRUE(window().panes().popUp(row.then).hasFocus()) << row.at << ' ' << row.then;
+    }
+}
+
+TEST_F(KeyboardUse, StaysOnSendWhileItIsGreyUnlessItIsPutElsewhere) {
+    open();
+    for (const bool moves : {false, true}) {
+        window().sendButton().setFocus();
+        closeGate();
+        window().sendButton().click();
+        EXPECT_EQ(window().focusWidget(), nullptr);
+        if (moves)
+            window().list().setFocus();
+        openGate();
+        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+        EXPECT_EQ(window().sendButton().hasFocus(), !moves);
+    }
 }
 
 TEST_F(KeyboardUse, EveryFieldOfAPaneHasAMnemonicOfItsOwn) {

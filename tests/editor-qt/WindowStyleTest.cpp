@@ -101,18 +101,22 @@ TEST(WindowStyle, ButtonTellsItsKindAndItsState) {
              Case{"hovered", plain, kEnabled | QStyle::State_MouseOver, P::Button,
                   P::PlaceholderText},
              Case{"main", main, kEnabled, P::Highlight, P::Highlight},
-             Case{"main focused", main, kEnabled | QStyle::State_HasFocus, P::Highlight, P::Text},
+             Case{"main focused", main, kEnabled | QStyle::State_HasFocus, P::Highlight,
+                  P::Highlight},
              Case{"main disabled", main, {}, P::Button, P::Mid},
              Case{"segment", segment, kEnabled, P::Window, P::Window},
              Case{"segment hovered", segment, kEnabled | QStyle::State_MouseOver, P::Mid,
                   P::Window},
              Case{"segment chosen", segment, kEnabled | QStyle::State_On, P::Highlight, P::Window},
              Case{"segment focused", segment, kEnabled | QStyle::State_On | QStyle::State_HasFocus,
-                  P::Highlight, P::Text},
+                  P::Highlight, P::Window},
          }) {
         const QImage image = button(each.button, each.state);
         EXPECT_EQ(groundOf(image), roleColour(each.ground)) << each.name;
         EXPECT_EQ(edgeOf(image), roleColour(each.edge)) << each.name;
+        const bool hasRing = &each.button != &plain && each.state.testFlag(QStyle::State_HasFocus);
+        EXPECT_EQ(QColor(image.pixel(60, 3)) == roleColour(P::HighlightedText), hasRing)
+            << each.name;
     }
 }
 

@@ -1,0 +1,90 @@
+#include "editor/qt/AccessibleFaces.h"
+
+#include "editor/qt/DevicePicture.h"
+#include "editor/qt/NoticeBar.h"
+
+#include <QAccessibleWidget>
+
+#include <memory>
+
+namespace scenewright {
+
+namespace {
+
+class SegmentFace final : public QAccessibleWidget {
+public:
+    explicit SegmentFace(SegmentButton& segment)
+        : QAccessibleWidget(&segment, QAccessible::RadioButton), segment_(segment) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = segment_.isChecked();
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList(toggleAction()) + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override {
+        if (name == toggleAction())
+            segment_.click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    SegmentButton& segment_;
+};
+
+class PictureFace final : public QAccessibleWidget {
+public:
+    explicit PictureFace(DevicePicture& picture)
+        : QAccessibleWidget(&picture, QAccessible::Grouping), picture_(picture) {}
+
+    [[nodiscard]] int childCount() const override { return kControlCount; }
+
+    [[nodiscard]] QAccessibleInterface* child(int place) const override {
+        return QAccessible::queryAccessibleInterface(picture_.button(place + 1));
+    }
+
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
+        const auto* button =
+            child == nullptr ? nullptr : qobject_cast<ControlButton*>(child->object());
+        return button == nullptr ? -1 : button->tag() - 1;
+    }
+
+    // The uppermost one, which a click would reach.
+    [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
+        return QAccessible::queryAccessibleInterface(
+            picture_.childAt(picture_.mapFromGlobal(QPoint(x, y))));
+    }
+
+private:
+    DevicePicture& picture_;
+};
+
+class NoticeFace final : public QAccessibleWidget {
+public:
+    explicit NoticeFace(NoticeBar& bar) : QAccessibleWidget(&bar, QAccessible::AlertMessage) {}
+};
+
+// The toolkit owns what is returned.
+QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
+    if (auto* segment = qobject_cast<SegmentButton*>(object))
+        return std::make_unique<SegmentFace>(*segment).release();
+    if (auto* picture = qobject_cast<DevicePicture*>(object))
+        return std::make_unique<PictureFace>(*picture).release();
+    if (auto* notice = qobject_cast<NoticeBar*>(object))
+        return std::make_unique<NoticeFace>(*notice).release();
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibleFaces() {
+    QAccessible::installFactory(&faceOf);
+}
+
+} // namespace scenewright
