@@ -762,6 +762,22 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
         <translation>ge</translation>
     </message>
+    <message>
+        <source>Previous Control</source>
+        <translation>Vorheriges Bedienelement</translation>
+    </message>
+    <message>
+        <source>Ctrl+PgUp</source>
+        <translation>Ctrl+PgUp</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>Nächstes Bedienelement</translation>
+    </message>
+    <message>
+        <source>Ctrl+PgDown</source>
+        <translation>Ctrl+PgDown</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
