@@ -1,4 +1,6 @@
 #include "bank/BankJson.h"
+#include "bank/Colour.h"
+#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
@@ -191,13 +193,39 @@ Result<void> checkKeys(const Json& node, std::string_view place, const Keys& req
     return {};
 }
 
+// A pad's `colour` in place of the three fields that it stands for.
+Result<void> readColour(const Json& node, const std::string& place, std::int32_t pad,
+                        const SceneValue& scene) {
+    const std::string member = memberPlace(place, kColourField);
+    const Json& value = *find(node, kColourField);
+    if (std::ranges::any_of(kColourFields, [&](auto field) { return node.contains(field); }))
+        return failure(translated(
+            sourceText("scenewright::Bank", "{} must not stand beside CR, CG and CB"), member));
+    const auto colour = value.is_string() ? colourOf(textOf(value)) : std::nullopt;
+    if (!colour)
+        return failure(notExpected(
+            member, translated(sourceText("scenewright::Bank", "# and six hexadecimal digits")),
+            value.is_string() ? fmt::format("\"{}\"", sanitized(textOf(value))) : found(value)));
+    for (std::size_t i = 0; i < colour->size(); ++i)
+        findSetting(ControlKind::Pad, kColourFields.at(i))->write(scene, pad, colour->at(i));
+    return {};
+}
+
 Result<void> readFields(const Json& node, const std::string& place, ControlKind kind,
                         std::int32_t control, const SceneValue& scene) {
     Keys keys;
     for (const Setting& setting : settings())
         if (setting.kind() == kind)
             keys.push_back(setting.name());
-    if (auto checked = checkKeys(node, place, keys); !checked)
+    const Keys allowed = kind == ControlKind::Pad ? Keys{kColourField} : Keys();
+    if (!allowed.empty() && node.contains(kColourField)) {
+        if (auto read = readColour(node, place, control, scene); !read)
+            return read;
+        std::erase_if(keys, [](std::string_view key) {
+            return std::ranges::find(kColourFields, key) != kColourFields.end();
+        });
+    }
+    if (auto checked = checkKeys(node, place, keys, allowed); !checked)
         return checked;
     for (const std::string_view key : keys) {
         const Json& value = *find(node, key);

@@ -18,20 +18,23 @@ struct ShowOptions {
     std::string in;
     int scene = 0; // from 1; 0 is all
     bool isJson = false;
+    bool hasNames = false;
 };
 
-std::string tables(const SceneList& scenes, const PopUpValue& lists, int scene) {
+std::string tables(const SceneList& scenes, const PopUpValue& lists, const ShowOptions& options) {
     std::string text;
     for (int number = 1; number <= static_cast<int>(scenes.size()); ++number)
-        if (scene == 0 || scene == number)
-            text += sceneTable(lists, *scenes.at(static_cast<std::size_t>(number) - 1), number);
+        if (options.scene == 0 || options.scene == number)
+            text += sceneTable(lists, *scenes.at(static_cast<std::size_t>(number) - 1), number,
+                               options.hasNames);
     return text;
 }
 
-std::string json(const SceneList& scenes, const PopUpValue& lists, int scene) {
-    if (scene == 0 && scenes.size() > 1)
+std::string json(const SceneList& scenes, const PopUpValue& lists, const ShowOptions& options) {
+    if (options.scene == 0 && scenes.size() > 1)
         return writeBankJson(scenes, lists);
-    return writeSceneJson(*scenes.at(static_cast<std::size_t>(std::max(scene, 1)) - 1), lists);
+    return writeSceneJson(*scenes.at(static_cast<std::size_t>(std::max(options.scene, 1)) - 1),
+                          lists);
 }
 
 int show(const ShowOptions& options) {
@@ -43,8 +46,7 @@ int show(const ShowOptions& options) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return printAndEnd((options.isJson ? json : tables)(bank->scenes, **lists, options.scene),
-                       kExitDone);
+    return printAndEnd((options.isJson ? json : tables)(bank->scenes, **lists, options), kExitDone);
 }
 
 BankFormat otherForm(BankFormat form) {
@@ -73,7 +75,8 @@ int writeDefaults(const std::string& out) {
 CommandChoice showCommand(const Arguments& arguments) {
     const ShowOptions options{.in = arguments.text("IN"),
                               .scene = arguments.number("--scene").value_or(0),
-                              .isJson = arguments.has("--json")};
+                              .isJson = arguments.has("--json"),
+                              .hasNames = arguments.has("--names")};
     return {.run = [options] { return show(options); },
             .files = {bankToRead(options.in, "the bank that is to be shown")}};
 }

@@ -1,6 +1,8 @@
 #include "cli/SceneTable.h"
 
 #include "model/Control.h"
+#include "model/ControlOutput.h"
+#include "model/MidiNames.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
 
@@ -8,6 +10,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -98,7 +101,18 @@ std::string cellText(const PopUpValue& lists, const Setting& setting, const Scen
     return title == kNoTitle ? fmt::format("({})", setting.read(scene, member)) : title;
 }
 
-std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const ControlRange& range) {
+// What the members of the kind send; empty for one that sends nothing.
+Column namesColumn(const PopUpValue& lists, const SceneValue& scene, const ControlRange& range) {
+    std::vector<std::string> cells;
+    for (std::int32_t control = range.start; control < range.end(); ++control) {
+        const auto output = controlOutput(scene, control);
+        cells.push_back(output ? outputName(lists, *output) : "");
+    }
+    return makeColumn("Sends", std::move(cells));
+}
+
+std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const ControlRange& range,
+                      bool hasNames) {
     std::vector<std::string> numbers;
     for (std::int32_t member = 1; member <= range.count; ++member)
         numbers.push_back(std::to_string(member));
@@ -112,6 +126,8 @@ std::string kindTable(const PopUpValue& lists, const SceneValue& scene, const Co
             cells.push_back(cellText(lists, setting, scene, member));
         columns.push_back(makeColumn(settingTitle(setting), std::move(cells)));
     }
+    if (hasNames && range.kind != ControlKind::Group)
+        columns.push_back(namesColumn(lists, scene, range));
     return tableText(columns, static_cast<std::size_t>(range.count));
 }
 
@@ -130,12 +146,13 @@ std::string commonTable(const PopUpValue& lists, const SceneValue& scene) {
 
 } // namespace
 
-std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number) {
+std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number,
+                       bool hasNames) {
     std::string text =
         fmt::format("Scene {}: {}\n\n", number, displayName(scene.commonValue()->SceneName()));
     for (const ControlRange& range : kControlRanges) {
         text += range.kind == ControlKind::Common ? commonTable(lists, scene)
-                                                  : kindTable(lists, scene, range);
+                                                  : kindTable(lists, scene, range, hasNames);
         text += "\n";
     }
     return text;

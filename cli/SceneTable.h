@@ -9,7 +9,9 @@
 namespace scenewright {
 
 // The scene's name and scene-wide settings, then one table for each kind of control, every value
-// under its option's title. `number` counts from 1. Ends with a blank line.
-[[nodiscard]] std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number);
+// under its option's title. `number` counts from 1. Ends with a blank line. With names, which take
+// more columns than 80, what each control sends stands behind its values.
+[[nodiscard]] std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number,
+                                     bool hasNames = false);
 
 } // namespace scenewright

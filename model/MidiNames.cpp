@@ -1,5 +1,7 @@
 #include "model/MidiNames.h"
 
+#include <fmt/format.h>
+
 #include <array>
 #include <cstddef>
 
@@ -181,6 +183,24 @@ std::span<const std::string_view> optionNames(const Setting& setting, std::int32
         return {};
     const bool isNote = setting.details().noteList != nullptr && assignType == kAssignNote;
     return isNote ? percussionNames() : controllerNames();
+}
+
+std::string_view shortName(std::string_view name) {
+    return name.substr(0, name.find(" ("));
+}
+
+std::string outputName(const PopUpValue& lists, const ControlOutput& output) {
+    if (!output.isNote) {
+        const std::string_view name = shortName(kControllers.at(output.number));
+        return fmt::format("CC {}{}{}", output.number, name.empty() ? "" : " ", name);
+    }
+    std::string text = fmt::format("MIDI {}", output.number);
+    if (const std::string* const title = titleAt(lists.display_NoteNumber_Array(), output.number))
+        text += " " + *title;
+    const std::string_view name = kPercussion.at(output.number);
+    if (output.channel == kPercussionChannel && !name.empty())
+        text += fmt::format(", {}", name);
+    return text;
 }
 
 } // namespace scenewright

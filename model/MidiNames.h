@@ -8,10 +8,13 @@
 // names are theirs and are not translated.
 #pragma once
 
+#include "model/ControlOutput.h"
+#include "model/PopUpValue.h"
 #include "model/Setting.h"
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace scenewright {
@@ -29,5 +32,12 @@ inline constexpr std::int32_t kPercussionChannel = 9;
 // other setting.
 [[nodiscard]] std::span<const std::string_view> optionNames(const Setting& setting,
                                                             std::int32_t assignType);
+
+// A name without what stands in parentheses behind it.
+[[nodiscard]] std::string_view shortName(std::string_view name);
+
+// What a message of a control is called: "CC 74 Brightness", "MIDI 48 C3", and on the percussion
+// channel "MIDI 36 C2, Bass Drum 1".
+[[nodiscard]] std::string outputName(const PopUpValue& lists, const ControlOutput& output);
 
 } // namespace scenewright

@@ -99,6 +99,32 @@ TEST(BankJsonReader, VersionIsCheckedBeforeWhatOnlyALaterOneKnows) {
               "version is a text, and this program knows version 1 only");
 }
 
+TEST(BankJsonReader, PadsColourStandsForItsThreeFields) {
+    const std::string text = knownJson();
+    const std::size_t pad = text.find("pad4", text.find("Caf"));
+    const std::size_t from = text.find("\"CR\"", pad);
+    const std::size_t to = text.find('}', from);
+    const auto withColour = [&](const std::string& colour) {
+        return text.substr(0, from) + "\"colour\": " + colour + text.substr(to);
+    };
+    const auto read = readBankJson(withColour("\"#FF8000\""));
+    ASSERT_TRUE(read) << read.error();
+    BankImage image = knownImage();
+    image.at(253 + 229 + 3) = 127;
+    image.at(253 + 237 + 3) = 64;
+    image.at(253 + 245 + 3) = 0;
+    EXPECT_EQ(encodeBank(*read), image);
+    const std::string place = "scenes[1].pads[3].colour must ";
+    EXPECT_EQ(errorWith(withColour("\"red\"")),
+              place + "be # and six hexadecimal digits, and is \"red\"");
+    EXPECT_EQ(errorWith(withColour("5")), place + "be # and six hexadecimal digits, and is 5");
+    EXPECT_EQ(padError("\"CR\"", "\"colour\": \"#ff8000\", \"CR\""),
+              place + "not stand beside CR, CG and CB");
+    EXPECT_EQ(errorWith(replaced(knownJson(), "\"knobs\"", "\"Enable\"",
+                                 "\"colour\": \"#ff8000\", \"Enable\"")),
+              "scenes[0].knobs[0].colour is unknown");
+}
+
 TEST(BankJsonReader, ValueOutsideItsRangeIsToldWithItsPlace) {
     const std::string start = crLine().substr(0, crLine().find(','));
     for (const auto& [value, found] : Rows{{"128", "128"},

@@ -243,10 +243,34 @@ TEST_F(BankCommands, ShowIsTheSameOfBothFormsAndItsJsonIsWhatConvertWrites) {
     }
 }
 
+TEST_F(BankCommands, ShowTellsWhatControlsSend) {
+    const ProgramRun shown = cli("show a.bank --scene 1 --names");
+    expectDone(shown);
+    for (const char* name :
+         {"  CC 74 Brightness\n", "  MIDI 36 C2, Bass Drum 1\n", "  MIDI 48 C3\n"})
+        EXPECT_NE(shown.output.find(name), std::string::npos) << shown.output;
+}
+
+TEST_F(BankCommands, CheckEndsWithOneWhenItFindsSomething) {
+    done("check a.bank");
+    EXPECT_EQ(cli("check --json - <a.bank").output, "[]\n");
+    changed("set a.bank scene2.pad2.CCOrNoteNumber=C2");
+    const ProgramRun found = cli("check a.bank");
+    EXPECT_EQ(found.exitCode, 1);
+    EXPECT_EQ(found.errors, "");
+    EXPECT_EQ(found.output, "scene2.pad1, scene2.pad2  Scene 2, Pad 1, Pad 2: all send MIDI 36 C2, "
+                            "Bass Drum 1 on channel 10\n");
+    EXPECT_TRUE(cli("check a.bank --json").output.starts_with("[\n  {\"kind\": \"same-message\""));
+    put("scene.json", cli("show --json --scene 2 a.bank").output);
+    EXPECT_EQ(cli("check scene.json").exitCode, 1);
+    refused("check none", "none");
+    refused("check a.bank >/dev/full", "standard output could not be written", 2);
+}
+
 TEST_F(BankCommands, HelpHasExamplesAndLinesThatFit) {
     for (const std::string command :
-         {"convert", "copy", "default", "diff", "fill", "get", "transpose", "read", "rename",
-          "reset", "send", "set", "show", "swap"}) {
+         {"check", "convert", "copy", "default", "diff", "fill", "get", "transpose", "read",
+          "rename", "reset", "send", "set", "show", "swap"}) {
         const ProgramRun told = cli(command + " --help");
         expectDone(told);
         EXPECT_NE(told.output.find("Examples:\n  scenewright-cli " + command), std::string::npos)
@@ -371,6 +395,7 @@ TEST_F(BankCommands, BadListEndsTheCommandsThatNeedItAndNoOthers) {
         {"copy a.bank scene1 scene2", "basic"},
         {"swap a.bank scene1 scene2", ""},
         {"rename a.bank scene1 SCENE1", "basic"},
+        {"check a.bank", "basic"},
         {"fill a.bank 'scene1.pad*' C2", "basic"},
         {"transpose a.bank scene1 1", "basic"},
         {"reset a.bank scene1.pad1", "basic default"},

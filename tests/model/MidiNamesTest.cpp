@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -68,6 +69,23 @@ TEST(MidiNames, SettingsNamesAreThoseOfWhatTheControlSends) {
     const Setting& knob = *findSetting(ControlKind::Knob, "CCOrNoteNumber");
     EXPECT_EQ(optionNames(knob, kAssignNote).data(), controllerNames().data());
     EXPECT_TRUE(optionNames(*findSetting(ControlKind::Pad, "CR"), kAssignNote).empty());
+}
+
+TEST(MidiNames, OutputIsCalledByItsNumberAndName) {
+    PopUpValue lists;
+    std::vector<std::string> notes(128, "n");
+    notes[36] = "C2";
+    lists.setDisplay_NoteNumber_Array(std::make_shared<const std::vector<std::string>>(notes));
+    for (const auto& [output, name] : std::initializer_list<std::pair<ControlOutput, const char*>>{
+             {{.number = 74}, "CC 74 Brightness"},
+             {{.number = 64}, "CC 64 Sustain Pedal"},
+             {{.number = 39}, "CC 39 LSB for Control 7"},
+             {{.number = 3}, "CC 3"},
+             {{.isNote = true, .channel = 9, .number = 36}, "MIDI 36 C2, Bass Drum 1"},
+             {{.isNote = true, .channel = 8, .number = 36}, "MIDI 36 C2"},
+             {{.isNote = true, .channel = 9, .number = 0}, "MIDI 0 n"}})
+        EXPECT_EQ(outputName(lists, output), name);
+    EXPECT_EQ(outputName(PopUpValue(), {.isNote = true, .number = 36}), "MIDI 36");
 }
 
 } // namespace scenewright
