@@ -142,6 +142,14 @@
         <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
         <translation>Der Name einer Szene ist ein Text ohne Steuerzeichen, und „{}“ ist keiner</translation>
     </message>
+    <message>
+        <source>{} must not stand beside CR, CG and CB</source>
+        <translation>{} darf nicht neben CR, CG und CB stehen</translation>
+    </message>
+    <message>
+        <source># and six hexadecimal digits</source>
+        <translation># und sechs hexadezimale Ziffern</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>
@@ -279,6 +287,45 @@
     <message>
         <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
         <translation>Die Liste der Keyboards, project.plist, kann nicht gelesen werden: Berichtigen oder entfernen Sie sie</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Check</name>
+    <message>
+        <source>all send {0} on channel {1}</source>
+        <translation>senden alle {0} auf Kanal {1}</translation>
+    </message>
+    <message>
+        <source>may all send {0} on channel {1}</source>
+        <translation>senden möglicherweise alle {0} auf Kanal {1}</translation>
+    </message>
+    <message>
+        <source>both ends of travel send the value {}</source>
+        <translation>beide Enden des Weges senden den Wert {}</translation>
+    </message>
+    <message>
+        <source>on and off send the same value {}</source>
+        <translation>Ein und Aus senden denselben Wert {}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>sendet nichts: ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>may send nothing: it depends on a value that its list does not have</source>
+        <translation>sendet möglicherweise nichts: hängt von einem Wert ab, den seine Liste nicht hat</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>sendet möglicherweise nichts: die Transposition verschiebt die Note aus dem Bereich</translation>
+    </message>
+    <message>
+        <source>the constant velocity is 0, which ends notes instead of beginning them</source>
+        <translation>die feste Dynamik ist 0, was Noten beendet, statt sie zu beginnen</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>vom Namen ist nichts zu sehen</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,14 @@
         <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
         <translation>El nombre de una escena es un texto sin caracteres de control, y «{}» no lo es</translation>
     </message>
+    <message>
+        <source>{} must not stand beside CR, CG and CB</source>
+        <translation>{} no debe figurar junto a CR, CG y CB</translation>
+    </message>
+    <message>
+        <source># and six hexadecimal digits</source>
+        <translation># y seis dígitos hexadecimales</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>
@@ -279,6 +287,45 @@
     <message>
         <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
         <translation>No se puede leer la lista de teclados, project.plist: corríjala o quítela</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Check</name>
+    <message>
+        <source>all send {0} on channel {1}</source>
+        <translation>envían todos {0} por el canal {1}</translation>
+    </message>
+    <message>
+        <source>may all send {0} on channel {1}</source>
+        <translation>quizá envíen todos {0} por el canal {1}</translation>
+    </message>
+    <message>
+        <source>both ends of travel send the value {}</source>
+        <translation>ambos extremos del recorrido envían el valor {}</translation>
+    </message>
+    <message>
+        <source>on and off send the same value {}</source>
+        <translation>encendido y apagado envían el mismo valor {}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>no envía nada: está desactivado</translation>
+    </message>
+    <message>
+        <source>may send nothing: it depends on a value that its list does not have</source>
+        <translation>quizá no envíe nada: depende de un valor que no está en su lista</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>quizá no envíe nada: la transposición saca su nota del rango</translation>
+    </message>
+    <message>
+        <source>the constant velocity is 0, which ends notes instead of beginning them</source>
+        <translation>la velocidad fija es 0, que termina las notas en vez de iniciarlas</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>no se ve nada del nombre</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,14 @@
         <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
         <translation>Le nom d’une scène est un texte sans caractères de contrôle, et « {} » n’en est pas un</translation>
     </message>
+    <message>
+        <source>{} must not stand beside CR, CG and CB</source>
+        <translation>{} ne doit pas figurer à côté de CR, CG et CB</translation>
+    </message>
+    <message>
+        <source># and six hexadecimal digits</source>
+        <translation># et six chiffres hexadécimaux</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>
@@ -279,6 +287,45 @@
     <message>
         <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
         <translation>La liste des claviers, project.plist, ne peut pas être lue : corrigez-la ou retirez-la</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Check</name>
+    <message>
+        <source>all send {0} on channel {1}</source>
+        <translation>envoient tous {0} sur le canal {1}</translation>
+    </message>
+    <message>
+        <source>may all send {0} on channel {1}</source>
+        <translation>envoient peut-être tous {0} sur le canal {1}</translation>
+    </message>
+    <message>
+        <source>both ends of travel send the value {}</source>
+        <translation>les deux extrémités de la course envoient la valeur {}</translation>
+    </message>
+    <message>
+        <source>on and off send the same value {}</source>
+        <translation>marche et arrêt envoient la même valeur {}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>n’envoie rien : il est désactivé</translation>
+    </message>
+    <message>
+        <source>may send nothing: it depends on a value that its list does not have</source>
+        <translation>n’envoie peut-être rien : cela dépend d’une valeur absente de sa liste</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>n’envoie peut-être rien : la transposition déplace sa note hors de la plage</translation>
+    </message>
+    <message>
+        <source>the constant velocity is 0, which ends notes instead of beginning them</source>
+        <translation>la vélocité fixe est 0, ce qui termine les notes au lieu de les commencer</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>rien du nom n’est visible</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,14 @@
         <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
         <translation>シーンの名前は制御文字のない文字列でなければならず、「{}」はそうではありません</translation>
     </message>
+    <message>
+        <source>{} must not stand beside CR, CG and CB</source>
+        <translation>{}はCR、CG、CBと併記できません</translation>
+    </message>
+    <message>
+        <source># and six hexadecimal digits</source>
+        <translation>#と16進数6桁</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>
@@ -279,6 +287,45 @@
     <message>
         <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
         <translation>キーボードの一覧 project.plist を読み込めません。修正するか、取り除いてください</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Check</name>
+    <message>
+        <source>all send {0} on channel {1}</source>
+        <translation>すべてチャンネル{1}で{0}を送信します</translation>
+    </message>
+    <message>
+        <source>may all send {0} on channel {1}</source>
+        <translation>すべてチャンネル{1}で{0}を送信する可能性があります</translation>
+    </message>
+    <message>
+        <source>both ends of travel send the value {}</source>
+        <translation>可動範囲の両端が同じ値{}を送信します</translation>
+    </message>
+    <message>
+        <source>on and off send the same value {}</source>
+        <translation>オンとオフが同じ値{}を送信します</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>オフのため何も送信しません</translation>
+    </message>
+    <message>
+        <source>may send nothing: it depends on a value that its list does not have</source>
+        <translation>一覧にない値に依存するため、何も送信しない可能性があります</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>オクターブシフトによって音が範囲外になるため、何も送信しない可能性があります</translation>
+    </message>
+    <message>
+        <source>the constant velocity is 0, which ends notes instead of beginning them</source>
+        <translation>固定ベロシティが0のため、音が鳴り始めずに止まります</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>名前が見えません</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,14 @@
         <source>a scene&apos;s name is a text without control characters, and &quot;{}&quot; is none</source>
         <translation>场景名称必须是不含控制字符的文本，而“{}”不是</translation>
     </message>
+    <message>
+        <source>{} must not stand beside CR, CG and CB</source>
+        <translation>{} 不能与 CR、CG 和 CB 并存</translation>
+    </message>
+    <message>
+        <source># and six hexadecimal digits</source>
+        <translation># 和六位十六进制数字</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::BankCommands</name>
@@ -279,6 +287,45 @@
     <message>
         <source>The list of keyboards, project.plist, cannot be read: mend or remove it</source>
         <translation>无法读取键盘列表 project.plist：请修正或移除它</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Check</name>
+    <message>
+        <source>all send {0} on channel {1}</source>
+        <translation>都在通道 {1} 上发送 {0}</translation>
+    </message>
+    <message>
+        <source>may all send {0} on channel {1}</source>
+        <translation>可能都在通道 {1} 上发送 {0}</translation>
+    </message>
+    <message>
+        <source>both ends of travel send the value {}</source>
+        <translation>行程两端都发送值 {}</translation>
+    </message>
+    <message>
+        <source>on and off send the same value {}</source>
+        <translation>开和关发送相同的值 {}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>不发送任何内容：已关闭</translation>
+    </message>
+    <message>
+        <source>may send nothing: it depends on a value that its list does not have</source>
+        <translation>可能不发送任何内容：取决于列表中没有的值</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>可能不发送任何内容：移调使其音符超出范围</translation>
+    </message>
+    <message>
+        <source>the constant velocity is 0, which ends notes instead of beginning them</source>
+        <translation>固定力度为 0，这会结束音符而不是开始音符</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>名称不可见</translation>
     </message>
 </context>
 <context>
