@@ -31,10 +31,13 @@ public:
     void saveBank(const QString& file);
     void openScene(const QString& file);
     void saveScene(const QString& file);
+    // Shows them; the notice says `done`.
+    void bringBack(const EarlierScenes::Entry& entry, const QString& done);
     // The newest of the earlier scenes that are not those shown.
     void restoreLatest();
     [[nodiscard]] bool hasEarlier() const { return files_.newestOther().has_value(); }
 
+    [[nodiscard]] const EarlierScenes& earlier() const { return files_.earlier(); }
     [[nodiscard]] QMenu& recentMenu() { return *recent_; }
     [[nodiscard]] QMenu& earlierMenu() { return *earlier_; }
 
@@ -64,7 +67,6 @@ private:
     void fillEarlier();
     static QMenu& olderMenu(QMenu& menu);
     void addEarlier(QMenu& menu, const EarlierScenes::Entry& entry);
-    void bringBack(const EarlierScenes::Entry& entry, const QString& done);
     bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
                      const QString& step);
     [[nodiscard]] static QString openStep(const QString& file);

@@ -1,5 +1,6 @@
 #include "editor/qt/DeviceCommands.h"
 
+#include "editor/qt/BlockedInput.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QPointer>
@@ -13,7 +14,7 @@ void DeviceCommands::read() {
     const auto notKept = keepScenes_ ? keepScenes_() : std::nullopt;
     Outcome outcome;
     {
-        const WaitCursor cursor;
+        const BlockedInput blocked;
         DeviceSession::read([&outcome](const Outcome& ended) { outcome = ended; });
     }
     if (notKept)
@@ -27,14 +28,20 @@ void DeviceCommands::send() {
     emit started();
     isSending_ = true;
     emit busyChanged(true);
-    const WaitCursor cursor;
-    DeviceSession::send([self = QPointer(this)](const Outcome& outcome) {
+    const SendEnded ended = [self = QPointer(this)](const std::optional<Outcome>& outcome) {
         if (!self) // the window has gone meanwhile
             return;
         self->isSending_ = false;
         emit self->busyChanged(false);
-        emit self->sendEnded(outcome);
-    });
+        if (outcome)
+            emit self->sendEnded(*outcome);
+        else
+            emit self->sendCancelled();
+    };
+    if (sending_)
+        return sending_(ended);
+    const WaitCursor cursor;
+    DeviceSession::send(ended);
 }
 
 } // namespace scenewright

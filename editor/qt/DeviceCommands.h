@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace scenewright {
 
@@ -21,6 +22,12 @@ public:
     // Keeps the scenes that a read is about to replace; gives one sentence when it could not.
     using KeepScenes = std::function<std::optional<std::string>()>;
     void setKeepScenes(KeepScenes keep) { keepScenes_ = std::move(keep); }
+
+    // Sends the stored scenes, and tells how that ended, or nothing when they were not sent.
+    using SendEnded = std::function<void(const std::optional<Outcome>&)>;
+    using Sending = std::function<void(const SendEnded&)>;
+    // In place of the plain send.
+    void setSending(Sending sending) { sending_ = std::move(sending); }
 
     // Both do nothing while a send runs. A read blocks, under the wait cursor, until it has ended.
     void read();
@@ -36,9 +43,12 @@ signals:
     // What the command did, once it has ended and the keyboard was given back.
     void readEnded(const scenewright::Outcome& outcome);
     void sendEnded(const scenewright::Outcome& outcome);
+    // The user was asked, and did not want it.
+    void sendCancelled();
 
 private:
     KeepScenes keepScenes_;
+    Sending sending_;
     bool isSending_ = false;
 };
 

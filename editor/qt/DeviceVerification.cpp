@@ -1,5 +1,6 @@
 #include "editor/qt/DeviceVerification.h"
 
+#include "editor/qt/BlockedInput.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -8,8 +9,9 @@
 
 namespace scenewright {
 
-DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks)
-    : window_(window), banks_(banks) {
+DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks,
+                                       SafeSending& sending)
+    : window_(window), banks_(banks), sending_(sending) {
     window.menu().device().addSeparator();
     compare_ = addAction(tr("&Compare With Device"), tr("Ctrl+D"), &DeviceVerification::compare);
     verify_ = addAction(tr("Send And &Verify"), tr("Ctrl+Shift+Return"),
@@ -25,6 +27,7 @@ DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks)
     });
     connect(&commands, &DeviceCommands::readEnded, this, &DeviceVerification::afterRead);
     connect(&commands, &DeviceCommands::sendEnded, this, &DeviceVerification::afterSend);
+    connect(&commands, &DeviceCommands::sendCancelled, this, [this] { isVerifying_ = false; });
     // What is shown now came from a file, whatever a read told of the scenes before.
     connect(&banks, &BankCommands::replaced, this,
             [this] { window_.notices().withdraw(Notice::Source::Transfer); });
@@ -55,7 +58,7 @@ void DeviceVerification::compareFor(DeviceOperation operation) {
     window_.notices().withdraw(Notice::Source::Comparison);
     DeviceComparison comparison;
     {
-        const WaitCursor cursor;
+        const BlockedInput blocked;
         comparison = compareWithDevice(*window_.view().pu(), WindowAction::scenes());
     }
     postOutcome(operation, comparison.outcome,
@@ -103,13 +106,15 @@ void DeviceVerification::afterRead(const Outcome& outcome) {
 void DeviceVerification::afterSend(const Outcome& outcome) {
     const bool wasVerifying = std::exchange(isVerifying_, false);
     std::vector<NoticeAction> actions;
-    if (outcome.end != Outcome::End::Done)
-        actions.push_back({tr("Send Again"), [this, wasVerifying] {
-                               if (wasVerifying)
-                                   sendAndVerify();
-                               else
-                                   window_.commands().send();
-                           }});
+    if (outcome.end != Outcome::End::Done) {
+        actions = sending_.wayBack();
+        actions.insert(actions.begin(), {tr("Send Again"), [this, wasVerifying] {
+                                             if (wasVerifying)
+                                                 sendAndVerify();
+                                             else
+                                                 window_.commands().send();
+                                         }});
+    }
     postOutcome(DeviceOperation::Send, outcome, std::move(actions));
     if (wasVerifying && outcome.end == Outcome::End::Done)
         compareFor(DeviceOperation::Verify);

@@ -5,6 +5,7 @@
 #include "app/OutcomeText.h"
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/SafeSending.h"
 #include "protocol/SceneImage.h"
 
 #include <QAction>
@@ -14,12 +15,12 @@
 
 namespace scenewright {
 
-// Window and banks outlive it. Main thread only.
+// The others outlive it. Main thread only.
 class DeviceVerification final : public QObject {
     Q_OBJECT
 
 public:
-    DeviceVerification(MainWindow& window, BankCommands& banks);
+    DeviceVerification(MainWindow& window, BankCommands& banks, SafeSending& sending);
 
     // Both do nothing while a send runs. Comparing blocks until it has ended.
     void compare();
@@ -41,6 +42,7 @@ private:
 
     MainWindow& window_;
     BankCommands& banks_;
+    SafeSending& sending_;
     bool isVerifying_ = false;
     std::optional<BankImage> equal_; // what was found equal to the controller's, while it is shown
     // Children of the Device menu.

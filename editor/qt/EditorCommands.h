@@ -8,6 +8,7 @@
 #include "editor/qt/History.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/SafeSending.h"
 
 #include <QAction>
 #include <QObject>
@@ -53,7 +54,8 @@ private:
 class EditorCommands final {
 public:
     // No `look` for the virtual controller.
-    EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files = StoreFiles{});
+    EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files = StoreFiles{},
+                   SendJournal journal = SendJournal{});
     ~EditorCommands();
     EditorCommands(const EditorCommands&) = delete;
     EditorCommands& operator=(const EditorCommands&) = delete;
@@ -66,6 +68,7 @@ public:
     [[nodiscard]] History& history() { return history_; }
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
+    [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -75,6 +78,7 @@ private:
     History history_;
     BankCommands banks_;
     ControlCommands controls_;
+    SafeSending sending_;
     DeviceVerification verification_;
 };
 

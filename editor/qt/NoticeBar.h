@@ -30,7 +30,15 @@ struct NoticeAction {
 struct Notice {
     enum class Kind : std::uint8_t { Done, Error };
     // Who speaks. A source has one notice at most: its next one takes the place of the former.
-    enum class Source : std::uint8_t { Transfer, Comparison, Files, Resources, Quit };
+    enum class Source : std::uint8_t {
+        Transfer,
+        Comparison,
+        Kept,
+        Unfinished,
+        Files,
+        Resources,
+        Quit
+    };
 
     Source source = Source::Transfer;
     Kind kind = Kind::Error;

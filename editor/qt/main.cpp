@@ -112,6 +112,7 @@ int showWindow(const LaunchOptions& options, const std::string& file) {
     commands.reportLists(listErrors());
     if (!file.empty())
         commands.banks().openAtStart(QString::fromStdString(file));
+    commands.sending().tellUnfinished();
     window.show();
     const int exitCode = QApplication::exec();
     releaseBus();

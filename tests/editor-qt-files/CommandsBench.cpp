@@ -1,5 +1,6 @@
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include "app/KnownKeyboard.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
@@ -19,6 +20,7 @@ namespace scenewright::testing {
 CommandsBench::CommandsBench() {
     programSettings().clear();
     WindowAction::getSceneValue();
+    KnownKeyboard::forget();
     plugIn();
 }
 
@@ -32,7 +34,8 @@ void CommandsBench::open(KeyboardWatch::Look look) {
     appearance_ = std::make_unique<Appearance>();
     quit_ = std::make_unique<QuitController>();
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
-    commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_));
+    commands_ =
+        std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_), journal_);
     window_->notices().setDoneLasts({}); // no pause of a busy machine takes one away
     window_->show();
     window_->activateWindow();

@@ -33,6 +33,7 @@ protected:
     [[nodiscard]] QString notice() const { return window_->notices().text(); }
     NoticeBar& notices() { return window_->notices(); }
     [[nodiscard]] const EarlierScenes& earlier() const { return earlier_; }
+    [[nodiscard]] const SendJournal& journal() const { return journal_; }
     [[nodiscard]] QString file(const char* name) const;
     // The stored record of a control, 1 to 45, of the first scene.
     static ButtonValue& record(std::int32_t control);
@@ -48,6 +49,7 @@ protected:
 
 private:
     EarlierScenes earlier_{folder.path() / "backups"};
+    SendJournal journal_{folder.path() / "sends"};
     MainLoop loop_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<QuitController> quit_;

@@ -114,7 +114,7 @@ TEST_F(DeviceVerificationTest, DuringASendNeitherIsDone) {
 }
 
 TEST_F(DeviceVerificationTest, AHalfSendThatWasToBeVerifiedIsVerifiedWhenSentAgain) {
-    plugIn({{Fault::Kind::Unplug, 500}});
+    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
     commands().verification().sendAndVerify();
     waitForSend();
     ASSERT_NE(notices().action(0), nullptr);
@@ -178,7 +178,7 @@ TEST_F(DeviceVerificationTest, WithoutOtherEarlierScenesNoneAreOffered) {
 
 TEST_F(DeviceVerificationTest, AHalfSendOffersToSendAgain) {
     record(kPad).setCR(80);
-    plugIn({{Fault::Kind::Unplug, 500}});
+    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
     press(Qt::Key_Return);
     waitForSend();
     EXPECT_EQ(notice(), "525 of 1032 transfers failed, the first at packet 505 (the keyboard was "

@@ -231,7 +231,7 @@ TEST_F(SourceTextsTest, WhatIsToldAfterATransfer) {
     press(Qt::Key_R);
     expectTold(notice());
     expectAllOwn(window());
-    plugIn({{Fault::Kind::Unplug, 500}});
+    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
     press(Qt::Key_Return);
     waitForSend();
     expectTold(notice());

@@ -35,7 +35,7 @@ void settle(MainWindow& window) {
 
 bool keepNotices(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     window.picture().button(14)->click();
-    plugIn({{Fault::Kind::Unplug, 500}});
+    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
     window.commands().send();
     settle(window);
     if (!keep(window.grab(), "notice-half-bank"))
