@@ -40,6 +40,10 @@ BankImage storedImage() {
     return encodeBank(WindowAction::scenes());
 }
 
+BankImage defaultImage() {
+    return encodeBank(WindowAction::defaultScenes());
+}
+
 DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank) {
     ScenesRead held = DeviceSession::heldScenes();
     DeviceComparison comparison{.outcome = std::move(held.outcome), .differences = {}};

@@ -33,8 +33,9 @@ struct DeviceComparison {
     [[nodiscard]] bool isSame() const { return outcome.isDone() && differences.empty(); }
 };
 
-// The stored scenes as the controller would hold them.
+// The stored scenes as the controller would hold them, and those that a new window begins with.
 [[nodiscard]] BankImage storedImage();
+[[nodiscard]] BankImage defaultImage();
 
 [[nodiscard]] DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank);
 

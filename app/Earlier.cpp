@@ -1,7 +1,7 @@
 #include "app/Earlier.h"
 
+#include "app/DeviceSession.h"
 #include "app/KeptFile.h"
-#include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/AtomicFile.h"
 #include "platform/Resources.h"
@@ -131,10 +131,6 @@ bool isOfOnePeriod(Time time, Time later, Time now) {
         std::ranges::find_if(kBands, [&](const Band& row) { return now - time >= row.age; });
     return band != kBands.end() &&
            time.time_since_epoch() / band->each == later.time_since_epoch() / band->each;
-}
-
-BankImage defaultImage() {
-    return encodeBank(WindowAction::defaultScenes());
 }
 
 } // namespace

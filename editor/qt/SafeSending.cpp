@@ -2,7 +2,6 @@
 
 #include "app/DeviceSession.h"
 #include "app/OutcomeText.h"
-#include "bank/BankFile.h"
 #include "editor/qt/BlockedInput.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
@@ -10,6 +9,8 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
+
+#include <functional>
 
 namespace scenewright {
 
@@ -82,7 +83,7 @@ void SafeSending::send(const DeviceCommands::SendEnded& ended) {
 
 // Scenes that were made, opened or read are somebody's choice, those of a new window are not.
 bool SafeSending::isUntouched() const {
-    return !isChosen_ && storedImage() == encodeBank(WindowAction::defaultScenes());
+    return !isChosen_ && storedImage() == defaultImage();
 }
 
 void SafeSending::ask(const SafeSend::Asked& asked, const SafeSend::Answered& answered) {

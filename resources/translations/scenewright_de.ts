@@ -1178,6 +1178,61 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SafeSending</name>
+    <message>
+        <source>Read the Keyboard &amp;Before a Send</source>
+        <translation>Vor dem Senden das &amp;Keyboard lesen</translation>
+    </message>
+    <message>
+        <source>Send Scenes</source>
+        <translation>Szenen senden</translation>
+    </message>
+    <message>
+        <source>These are not your keyboard&apos;s scenes</source>
+        <translation>Das sind nicht die Szenen Ihres Keyboards</translation>
+    </message>
+    <message>
+        <source>The window shows the scenes that it starts with, and the keyboard may hold others. A send replaces all four of them.</source>
+        <translation>Das Fenster zeigt die Szenen, mit denen es startet, und das Keyboard enthält vielleicht andere. Das Senden ersetzt alle vier.</translation>
+    </message>
+    <message>
+        <source>&amp;Read First</source>
+        <translation>Zuerst &amp;lesen</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be read</source>
+        <translation>Was das Keyboard enthält, konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be kept</source>
+        <translation>Was das Keyboard enthält, konnte nicht aufbewahrt werden</translation>
+    </message>
+    <message>
+        <source>&amp;Send Anyway</source>
+        <translation>Trotzdem &amp;senden</translation>
+    </message>
+    <message>
+        <source>The keyboard held other scenes; they are kept</source>
+        <translation>Das Keyboard enthielt andere Szenen; sie sind aufbewahrt</translation>
+    </message>
+    <message>
+        <source>Put Them Back</source>
+        <translation>Zurückspielen</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Erneut senden</translation>
+    </message>
+    <message>
+        <source>Bring Back What Was There</source>
+        <translation>Vorherigen Inhalt zurückspielen</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Frühere Szenen zurückgeholt</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneChanges</name>
     <message>
         <source>CC</source>

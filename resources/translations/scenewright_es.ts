@@ -1178,6 +1178,61 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SafeSending</name>
+    <message>
+        <source>Read the Keyboard &amp;Before a Send</source>
+        <translation>Leer el teclado &amp;antes de enviar</translation>
+    </message>
+    <message>
+        <source>Send Scenes</source>
+        <translation>Enviar escenas</translation>
+    </message>
+    <message>
+        <source>These are not your keyboard&apos;s scenes</source>
+        <translation>Estas no son las escenas de su teclado</translation>
+    </message>
+    <message>
+        <source>The window shows the scenes that it starts with, and the keyboard may hold others. A send replaces all four of them.</source>
+        <translation>La ventana muestra las escenas con las que empieza, y el teclado puede contener otras. Un envío sustituye las cuatro.</translation>
+    </message>
+    <message>
+        <source>&amp;Read First</source>
+        <translation>&amp;Leer primero</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be read</source>
+        <translation>No se pudo leer lo que contiene el teclado</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be kept</source>
+        <translation>No se pudo conservar lo que contiene el teclado</translation>
+    </message>
+    <message>
+        <source>&amp;Send Anyway</source>
+        <translation>&amp;Enviar de todos modos</translation>
+    </message>
+    <message>
+        <source>The keyboard held other scenes; they are kept</source>
+        <translation>El teclado contenía otras escenas; se han conservado</translation>
+    </message>
+    <message>
+        <source>Put Them Back</source>
+        <translation>Devolverlas</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Enviar de nuevo</translation>
+    </message>
+    <message>
+        <source>Bring Back What Was There</source>
+        <translation>Recuperar lo que había</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Se han recuperado las escenas anteriores</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneChanges</name>
     <message>
         <source>CC</source>

@@ -1178,6 +1178,61 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SafeSending</name>
+    <message>
+        <source>Read the Keyboard &amp;Before a Send</source>
+        <translation>Lire le clavier &amp;avant un envoi</translation>
+    </message>
+    <message>
+        <source>Send Scenes</source>
+        <translation>Envoyer les scènes</translation>
+    </message>
+    <message>
+        <source>These are not your keyboard&apos;s scenes</source>
+        <translation>Ce ne sont pas les scènes de votre clavier</translation>
+    </message>
+    <message>
+        <source>The window shows the scenes that it starts with, and the keyboard may hold others. A send replaces all four of them.</source>
+        <translation>La fenêtre montre les scènes de son démarrage, et le clavier en contient peut-être d’autres. Un envoi remplace les quatre.</translation>
+    </message>
+    <message>
+        <source>&amp;Read First</source>
+        <translation>&amp;Lire d’abord</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be read</source>
+        <translation>Le contenu du clavier n’a pas pu être lu</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be kept</source>
+        <translation>Le contenu du clavier n’a pas pu être conservé</translation>
+    </message>
+    <message>
+        <source>&amp;Send Anyway</source>
+        <translation>&amp;Envoyer quand même</translation>
+    </message>
+    <message>
+        <source>The keyboard held other scenes; they are kept</source>
+        <translation>Le clavier contenait d’autres scènes ; elles sont conservées</translation>
+    </message>
+    <message>
+        <source>Put Them Back</source>
+        <translation>Les remettre</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>Envoyer à nouveau</translation>
+    </message>
+    <message>
+        <source>Bring Back What Was There</source>
+        <translation>Remettre ce qui y était</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Scènes précédentes rétablies</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneChanges</name>
     <message>
         <source>CC</source>

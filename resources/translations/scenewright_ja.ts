@@ -1178,6 +1178,61 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SafeSending</name>
+    <message>
+        <source>Read the Keyboard &amp;Before a Send</source>
+        <translation>送信前にキーボードを読み込む(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Send Scenes</source>
+        <translation>シーンの送信</translation>
+    </message>
+    <message>
+        <source>These are not your keyboard&apos;s scenes</source>
+        <translation>これはお使いのキーボードのシーンではありません</translation>
+    </message>
+    <message>
+        <source>The window shows the scenes that it starts with, and the keyboard may hold others. A send replaces all four of them.</source>
+        <translation>ウィンドウには起動時のシーンが表示されており、キーボードには別のシーンがあるかもしれません。送信すると 4 つすべてが置き換わります。</translation>
+    </message>
+    <message>
+        <source>&amp;Read First</source>
+        <translation>先に読み込む(&amp;R)</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be read</source>
+        <translation>キーボードの内容を読み込めませんでした</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be kept</source>
+        <translation>キーボードの内容を保管できませんでした</translation>
+    </message>
+    <message>
+        <source>&amp;Send Anyway</source>
+        <translation>それでも送信(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The keyboard held other scenes; they are kept</source>
+        <translation>キーボードには別のシーンがありました。保管してあります</translation>
+    </message>
+    <message>
+        <source>Put Them Back</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>もう一度送信</translation>
+    </message>
+    <message>
+        <source>Bring Back What Was There</source>
+        <translation>以前の内容に戻す</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>以前のシーンを復元しました</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneChanges</name>
     <message>
         <source>CC</source>

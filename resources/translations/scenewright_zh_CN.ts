@@ -1178,6 +1178,61 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SafeSending</name>
+    <message>
+        <source>Read the Keyboard &amp;Before a Send</source>
+        <translation>发送前读取键盘(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Send Scenes</source>
+        <translation>发送场景</translation>
+    </message>
+    <message>
+        <source>These are not your keyboard&apos;s scenes</source>
+        <translation>这些不是您键盘中的场景</translation>
+    </message>
+    <message>
+        <source>The window shows the scenes that it starts with, and the keyboard may hold others. A send replaces all four of them.</source>
+        <translation>窗口显示的是启动时的场景，键盘中可能是其他场景。发送会替换全部四个。</translation>
+    </message>
+    <message>
+        <source>&amp;Read First</source>
+        <translation>先读取(&amp;R)</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be read</source>
+        <translation>无法读取键盘中的内容</translation>
+    </message>
+    <message>
+        <source>What the keyboard holds could not be kept</source>
+        <translation>无法保存键盘中的内容</translation>
+    </message>
+    <message>
+        <source>&amp;Send Anyway</source>
+        <translation>仍然发送(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The keyboard held other scenes; they are kept</source>
+        <translation>键盘中原有其他场景，已保存</translation>
+    </message>
+    <message>
+        <source>Put Them Back</source>
+        <translation>放回去</translation>
+    </message>
+    <message>
+        <source>Send Again</source>
+        <translation>重新发送</translation>
+    </message>
+    <message>
+        <source>Bring Back What Was There</source>
+        <translation>恢复原有内容</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>已恢复先前的场景</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneChanges</name>
     <message>
         <source>CC</source>
