@@ -1,5 +1,6 @@
 #include "app/StoreFiles.h"
 
+#include "app/SceneEdits.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "model/Control.h"
@@ -13,16 +14,6 @@
 namespace scenewright {
 
 namespace {
-
-// A scene made without controls gets those of the file.
-void copyInto(SceneValue& stored, const SceneValue& scene) {
-    if (stored.buttonValueArray().size() < static_cast<std::size_t>(kControlCount))
-        stored.setButtonValueArray(scene.buttonValueArray());
-    stored.commonValue()->setSceneName(scene.commonValue()->SceneName());
-    for (const Setting& setting : settings())
-        for (std::int32_t member = 0; member < controlRange(setting.kind()).count; ++member)
-            setting.write(stored, member, setting.read(scene, member));
-}
 
 // What is saved in a file of the program's own would be lost at its next use.
 Result<void> checkUnused(std::vector<NamedFile> files, const std::filesystem::path& file) {

@@ -9,6 +9,7 @@
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"
+#include "editor/qt/SceneCommands.h"
 
 #include <QAction>
 #include <QObject>
@@ -69,6 +70,7 @@ public:
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
+    [[nodiscard]] SceneCommands& scenes() { return scenes_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -78,6 +80,7 @@ private:
     History history_;
     BankCommands banks_;
     ControlCommands controls_;
+    SceneCommands scenes_;
     SafeSending sending_;
     DeviceVerification verification_;
 };

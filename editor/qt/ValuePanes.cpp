@@ -68,7 +68,7 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
 void ValuePanes::makePane(ControlKind kind) {
     Body& body = bodies_.at(placeOf(kind));
     //: The letters marked in the menu bar and in "Show", in any order.
-    body.taken = tr("fedvhw");
+    body.taken = tr("fesdvhw");
     body.frame = &makeChild<PaneFrame>(this);
     body.frame->installEventFilter(this);
     body.frame->setAccessibleName(tr("Settings of the chosen control"));

@@ -18,14 +18,16 @@ PLACES = re.compile(r"%(?:\d+|n|[0-9]*[sdx])|\{[^}]*\}")
 MARK = re.compile(r"&(?!&)(.)")
 # Texts that only list the letters marked elsewhere, with the sources of those.
 LETTERS = {
-    "fedvhw": ["&File", "&Edit", "&Device", "&View", "&Help", "Sho&w"],
+    "fesdvhw": ["&File", "&Edit", "&Scene", "&Device", "&View", "&Help", "Sho&w"],
     "ga": ["&Gain Panel", "&Appearance"],
 }
 MENUS = [
-    LETTERS["fedvhw"],
+    LETTERS["fesdvhw"],
     ["&Open Bank...", "&Save Bank As...", "&Recent", "Open S&cene Into This One...",
      "Save &This Scene...", "&Earlier Scenes", "&Quit"],
     ["&Undo", "Re&do", "&Copy Control", "&Paste Control", "&Reset Control"],
+    ["&Rename...", "&Copy To", "S&wap With", "R&eset Scene"],
+    ["&Name", "&Rename", "&Cancel"],
     ["&Read Scenes", "&Send Scenes", "&Compare With Device", "Send And &Verify"],
     ["As the &System", "&Light", "&Dark"],
     ["De&fault", "&Apply", "&OK"],

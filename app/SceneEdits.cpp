@@ -1,0 +1,60 @@
+#include "app/SceneEdits.h"
+
+#include "app/WindowAction.h"
+#include "bank/Edit.h"
+#include "bank/SettingText.h"
+#include "model/Control.h"
+#include "model/FileAction.h"
+#include "model/Setting.h"
+
+#include <fmt/format.h>
+
+namespace scenewright {
+
+namespace {
+
+SceneValue& stored(std::int32_t scene) {
+    return *WindowAction::getSceneWithIndex(scene);
+}
+
+} // namespace
+
+void copyInto(SceneValue& stored, const SceneValue& scene) {
+    if (stored.buttonValueArray().size() < static_cast<std::size_t>(kControlCount))
+        stored.setButtonValueArray(scene.buttonValueArray());
+    stored.commonValue()->setSceneName(scene.commonValue()->SceneName());
+    for (const Setting& setting : settings())
+        for (std::int32_t member = 0; member < controlRange(setting.kind()).count; ++member)
+            setting.write(stored, member, setting.read(scene, member));
+}
+
+std::string SceneEdits::name(std::int32_t scene) {
+    return nameAsText(stored(scene).commonValue()->SceneName()).value_or(std::string());
+}
+
+Result<void> SceneEdits::checkName(std::string_view name) {
+    return storedNameOf(name).map([](const std::string&) {});
+}
+
+Result<void> SceneEdits::rename(std::int32_t scene, std::string_view name) {
+    return storedNameOf(name).map(
+        [scene](const std::string& bytes) { stored(scene).commonValue()->setSceneName(bytes); });
+}
+
+void SceneEdits::copy(std::int32_t from, std::int32_t to) {
+    copyInto(stored(to), *copyOf({WindowAction::getSceneWithIndex(from)}).front());
+}
+
+void SceneEdits::swap(std::int32_t first, std::int32_t second) {
+    const SceneList former = copyOf({WindowAction::getSceneWithIndex(first)});
+    copy(second, first);
+    copyInto(stored(second), *former.front());
+}
+
+void SceneEdits::reset(std::int32_t scene) {
+    const auto fresh = FileAction::GetSceneFromDefault();
+    fresh->commonValue()->setSceneName(fmt::format("SCENE{}", scene + 1));
+    copyInto(stored(scene), *fresh);
+}
+
+} // namespace scenewright

@@ -1,0 +1,34 @@
+// Changes to whole scenes of the store: renamed, copied, swapped, reset. The values are written
+// into the stored scenes' own records, so that who holds a scene holds its new values. Scenes are
+// given by their index, 0 to 3. Main thread only.
+#pragma once
+
+#include "model/SceneValue.h"
+#include "platform/Result.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace scenewright {
+
+// Name and settings. A stored scene without controls gets those of the other.
+void copyInto(SceneValue& stored, const SceneValue& scene);
+
+class SceneEdits {
+public:
+    SceneEdits() = delete;
+
+    // The scene's name as a person types it; empty for bytes that are no text.
+    [[nodiscard]] static std::string name(std::int32_t scene);
+    // One sentence, in the person's language, that says why the controller cannot hold a name.
+    [[nodiscard]] static Result<void> checkName(std::string_view name);
+    // The same; then the scene has its former name.
+    [[nodiscard]] static Result<void> rename(std::int32_t scene, std::string_view name);
+    static void copy(std::int32_t from, std::int32_t to);
+    static void swap(std::int32_t first, std::int32_t second);
+    // To the default scene, named by its place as those of a new window are.
+    static void reset(std::int32_t scene);
+};
+
+} // namespace scenewright

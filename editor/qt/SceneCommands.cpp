@@ -1,0 +1,199 @@
+#include "editor/qt/SceneCommands.h"
+
+#include "app/SceneEdits.h"
+#include "app/WindowAction.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/SceneValue.h"
+#include "protocol/SceneImage.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QDropEvent>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace scenewright {
+
+namespace {
+
+const QString kDragged = QStringLiteral("application/x-scenewright-scene"); // its index
+
+QString nameOf(std::int32_t scene) {
+    return shown(displayName(WindowAction::getSceneWithIndex(scene)->commonValue()->SceneName()));
+}
+
+} // namespace
+
+RenameDialog::RenameDialog(const QString& name, QWidget* parent)
+    : QDialog(parent), name_(&makeChild<QLineEdit>(name, this)), told_(&makeChild<QLabel>(this)),
+      accept_(&makeChild<QPushButton>(tr("&Rename"), this)) {
+    setWindowTitle(tr("Rename Scene"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(18, 16, 18, 14);
+    column.setSpacing(10);
+    auto& label = makeChild<QLabel>(tr("&Name"), this);
+    label.setBuddy(name_);
+    name_->setAccessibleName(tr("Name"));
+    name_->selectAll();
+    told_->setTextFormat(Qt::PlainText);
+    told_->setWordWrap(true);
+    told_->setMinimumWidth(340);
+    column.addWidget(&label);
+    column.addWidget(name_);
+    column.addWidget(told_);
+    column.addStretch(1);
+    auto& buttons = makeChild<QWidget>(this);
+    auto& row = makeChild<QHBoxLayout>(&buttons);
+    row.setContentsMargins(0, 0, 0, 0);
+    auto& cancel = makeChild<QPushButton>(tr("&Cancel"), this);
+    accept_->setDefault(true);
+    row.addStretch(1);
+    row.addWidget(&cancel);
+    row.addWidget(accept_);
+    column.addWidget(&buttons);
+    for (QPushButton* button : {&cancel, accept_})
+        button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+    connect(name_, &QLineEdit::textChanged, this, &RenameDialog::check);
+    connect(&cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(accept_, &QPushButton::clicked, this, &QDialog::accept);
+    check();
+}
+
+void RenameDialog::check() {
+    const std::string name = name_->text().toStdString();
+    const auto checked = SceneEdits::checkName(name);
+    told_->setText(checked ? tr("%1 of %2 bytes").arg(name.size()).arg(kNameSize)
+                           : shown(checked.error()));
+    told_->setAccessibleName(told_->text());
+    accept_->setEnabled(checked.has_value());
+}
+
+SceneCommands::SceneCommands(MainWindow& window, History& history)
+    : window_(window), history_(history), menu_(&makeChild<QMenu>(tr("&Scene"), window.menuBar())) {
+    menu_->setAccessibleName(tr("Scene"));
+    window.menuBar()->insertMenu(window.menu().device().menuAction(), menu_);
+    QAction* rename = menu_->addAction(tr("&Rename..."));
+    rename->setShortcut(Qt::Key_F2);
+    connect(rename, &QAction::triggered, this, [this] { this->rename(shownScene()); });
+    addOthers(tr("&Copy To"), "copy-to", &SceneCommands::copy);
+    addOthers(tr("S&wap With"), "swap-with", &SceneCommands::swap);
+    menu_->addSeparator();
+    QAction* reset = menu_->addAction(tr("R&eset Scene"));
+    connect(reset, &QAction::triggered, this, [this] { this->reset(shownScene()); });
+    for (int scene = 0; scene < kSceneCount; ++scene) {
+        QAbstractButton& segment = window.scenes().segment(scene);
+        segment.setAcceptDrops(true);
+        segment.installEventFilter(this);
+    }
+}
+
+void SceneCommands::addOthers(const QString& title, const char* name, Command command) {
+    QMenu& menu = *menu_->addMenu(title);
+    menu.setObjectName(QLatin1String(name));
+    menu.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    connect(&menu, &QMenu::aboutToShow, this,
+            [this, &menu, command] { showOthers(menu, command); });
+}
+
+void SceneCommands::showOthers(QMenu& menu, Command command) {
+    menu.clear();
+    for (std::int32_t scene = 0; scene < kSceneCount; ++scene) {
+        if (scene == shownScene())
+            continue;
+        const QString name = nameOf(scene).replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* action = menu.addAction(tr("&%1  %2").arg(scene + 1).arg(name));
+        connect(action, &QAction::triggered, this,
+                [this, command, scene] { (this->*command)(shownScene(), scene); });
+    }
+}
+
+std::int32_t SceneCommands::shownScene() const {
+    return window_.view().sceneIndex();
+}
+
+void SceneCommands::end(const QString& step) {
+    history_.name(step);
+    window_.view().showChosenControl();
+}
+
+void SceneCommands::rename(std::int32_t scene) {
+    RenameDialog dialog(shown(SceneEdits::name(scene)), &window_);
+    if (dialog.exec() == QDialog::Accepted &&
+        SceneEdits::rename(scene, dialog.name().toStdString()))
+        end(tr("Rename Scene %1").arg(scene + 1));
+}
+
+void SceneCommands::copy(std::int32_t from, std::int32_t to) {
+    SceneEdits::copy(from, to);
+    end(tr("Copy Scene %1 to %2").arg(from + 1).arg(to + 1));
+}
+
+void SceneCommands::swap(std::int32_t first, std::int32_t second) {
+    SceneEdits::swap(first, second);
+    end(tr("Swap Scenes %1 and %2").arg(first + 1).arg(second + 1));
+}
+
+void SceneCommands::reset(std::int32_t scene) {
+    SceneEdits::reset(scene);
+    end(tr("Reset Scene %1").arg(scene + 1));
+}
+
+std::int32_t SceneCommands::placeOf(const QObject* segment) const {
+    for (std::int32_t scene = 0; scene < kSceneCount; ++scene)
+        if (&window_.scenes().segment(scene) == segment)
+            return scene;
+    return -1;
+}
+
+bool SceneCommands::dragFrom(std::int32_t scene, const QMouseEvent& mouse) {
+    const int way = (mouse.pos() - pressed_).manhattanLength();
+    if ((mouse.buttons() & Qt::LeftButton) == 0 || way < QApplication::startDragDistance())
+        return false;
+    QAbstractButton& segment = window_.scenes().segment(scene);
+    segment.setDown(false);
+    auto& dragged = makeChild<QDrag>(&segment); // ends itself after the drop
+    auto data = std::make_unique<QMimeData>();
+    data->setData(kDragged, QByteArray::number(scene));
+    dragged.setMimeData(data.release());
+    dragged.setPixmap(segment.grab());
+    dragged.exec(Qt::MoveAction | Qt::CopyAction, Qt::MoveAction);
+    return true;
+}
+
+bool SceneCommands::takeDrop(std::int32_t scene, QDropEvent& drop) {
+    const QByteArray from = drop.mimeData()->data(kDragged);
+    if (from.isEmpty() || from.toInt() == scene)
+        return false;
+    drop.acceptProposedAction();
+    if (drop.type() == QEvent::Drop && drop.proposedAction() == Qt::CopyAction)
+        copy(from.toInt(), scene);
+    else if (drop.type() == QEvent::Drop)
+        swap(from.toInt(), scene);
+    return true;
+}
+
+bool SceneCommands::eventFilter(QObject* watched, QEvent* event) {
+    const std::int32_t scene = placeOf(watched);
+    if (scene < 0)
+        return QObject::eventFilter(watched, event);
+    if (const auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
+        if (mouse->type() == QEvent::MouseButtonPress)
+            pressed_ = mouse->pos();
+        return mouse->type() == QEvent::MouseMove && dragFrom(scene, *mouse);
+    }
+    if (auto* drop = dynamic_cast<QDropEvent*>(event)) // and what it is before the drop
+        return takeDrop(scene, *drop);
+    if (event->type() != QEvent::ContextMenu)
+        return false;
+    window_.scenes().segment(scene).click();
+    menu_->popup(static_cast<QContextMenuEvent*>(event)->globalPos());
+    return true;
+}
+
+} // namespace scenewright

@@ -1,0 +1,156 @@
+#include "app/WindowAction.h"
+#include "bank/SettingText.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+#include <string>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+class SceneCommandsTest : public CommandsBench {
+protected:
+    SceneCommandsTest() {
+        open();
+        for (std::int32_t scene = 0; scene < kSceneCount; ++scene)
+            WindowAction::getSceneWithIndex(scene)->buttonValueArray().at(kPad - 1)->setCR(10 *
+                                                                                           scene);
+        window().view().showChosenControl();
+    }
+
+    // Each scene's name and the red of its first pad: "SCENE1 0".
+    static std::vector<std::string> scenes() {
+        std::vector<std::string> all;
+        for (const auto& scene : WindowAction::scenes())
+            all.push_back(displayName(scene->commonValue()->SceneName()) + " " +
+                          std::to_string(scene->buttonValueArray().at(kPad - 1)->CR()));
+        return all;
+    }
+
+    // Types into the dialog that opens next; gives what it says of the name, and whether it takes
+    // it.
+    void renameTo(const QString& name, QString& told, bool& isTaken) {
+        QTimer::singleShot(0, &window(), [&] {
+            auto* dialog = qobject_cast<RenameDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            auto* field = dialog->findChild<QLineEdit*>();
+            field->selectAll();
+            field->insert(name);
+            told = dialog->findChildren<QLabel*>().front()->text();
+            QTest::keyClick(field, Qt::Key_Return);
+            isTaken = !dialog->isVisible();
+            if (!isTaken)
+                dialog->reject();
+        });
+        commands().scenes().rename(0);
+    }
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(SceneCommandsTest, EachCommandIsOneStepThatIsUndone) {
+    const Names before{"SCENE1 0", "SCENE2 10", "SCENE3 20", "SCENE4 30"};
+    ASSERT_EQ(scenes(), before);
+    struct Row {
+        std::function<void()> command;
+        Names after;
+        const char* step;
+    };
+    SceneCommands& command = commands().scenes();
+    for (const Row& row : {Row{[&] { command.copy(0, 2); },
+                               {"SCENE1 0", "SCENE2 10", "SCENE1 0", "SCENE4 30"},
+                               "Copy Scene 1 to 3"},
+                           Row{[&] { command.swap(1, 3); },
+                               {"SCENE1 0", "SCENE4 30", "SCENE3 20", "SCENE2 10"},
+                               "Swap Scenes 2 and 4"},
+                           Row{[&] { command.reset(3); },
+                               {"SCENE1 0", "SCENE2 10", "SCENE3 20", "SCENE4 127"},
+                               "Reset Scene 4"}}) {
+        row.command();
+        EXPECT_EQ(scenes(), row.after);
+        EXPECT_EQ(commands().history().steps().undoText(), row.step);
+        commands().history().steps().undo();
+        EXPECT_EQ(scenes(), before);
+    }
+}
+
+TEST_F(SceneCommandsTest, ASceneIsCopiedAndNotShared) {
+    commands().scenes().copy(0, 1);
+    record(kPad).setCR(99);
+    EXPECT_EQ(scenes().at(1), "SCENE1 0");
+}
+
+TEST_F(SceneCommandsTest, ANameIsTakenWhileTheControllerCanHoldIt) {
+    struct Row {
+        QString typed;
+        QString told;
+        bool isTaken;
+    };
+    for (const Row& row :
+         {Row{"Drums", "5 of 12 bytes", true},
+          Row{QString::fromUtf8("Überraschung"),
+              QString::fromUtf8("a scene's name has at most 12 bytes, and \"Überraschung\" has 13"),
+              false},
+          Row{QString::fromUtf8("Überraschun"), "12 of 12 bytes", true},
+          Row{"thirteen byte", "a scene's name has at most 12 bytes, and \"thirteen byte\" has 13",
+              false}}) {
+        const std::string before = scenes().front();
+        QString told;
+        bool isTaken = false;
+        renameTo(row.typed, told, isTaken);
+        EXPECT_EQ(isTaken, row.isTaken) << row.typed.toStdString();
+        EXPECT_EQ(told, row.told);
+        EXPECT_EQ(scenes().front(), row.isTaken ? row.typed.toStdString() + " 0" : before);
+    }
+    EXPECT_EQ(commands().history().steps().undoText(), "Rename Scene 1");
+}
+
+TEST_F(SceneCommandsTest, TheMenusOfferTheOtherScenes) {
+    press(Qt::Key_2);
+    auto* others = commands().scenes().menu().findChild<QMenu*>("swap-with");
+    emit others->aboutToShow();
+    QStringList titles;
+    for (const QAction* action : others->actions())
+        titles.append(action->text());
+    EXPECT_EQ(titles, (QStringList{"&1  SCENE1", "&3  SCENE3", "&4  SCENE4"}));
+    others->actions().back()->trigger();
+    EXPECT_EQ(scenes(), (Names{"SCENE1 0", "SCENE4 30", "SCENE3 20", "SCENE2 10"}));
+}
+
+TEST_F(SceneCommandsTest, ASegmentsContextMenuIsForItsScene) {
+    QAbstractButton& segment = window().scenes().segment(2);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, segment.rect().center(),
+                            segment.mapToGlobal(segment.rect().center()));
+    QApplication::sendEvent(&segment, &event);
+    EXPECT_EQ(window().view().sceneIndex(), 2);
+    EXPECT_TRUE(commands().scenes().menu().isVisible());
+    commands().scenes().menu().close();
+}
+
+TEST_F(SceneCommandsTest, ASceneDroppedOnAnotherIsSwappedOrCopied) {
+    QMimeData data;
+    data.setData("application/x-scenewright-scene", "0");
+    QAbstractButton& segment = window().scenes().segment(3);
+    const auto drop = [&](Qt::KeyboardModifiers keys) {
+        const auto action = keys == Qt::ControlModifier ? Qt::CopyAction : Qt::MoveAction;
+        QDragEnterEvent enter(QPoint(5, 5), action, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&segment, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(5, 5), action, &data, Qt::NoButton, keys);
+        event.setDropAction(action);
+        QApplication::sendEvent(&segment, &event);
+    };
+    drop(Qt::NoModifier);
+    EXPECT_EQ(scenes(), (Names{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE1 0"}));
+    drop(Qt::ControlModifier);
+    EXPECT_EQ(scenes(), (Names{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE4 30"}));
+}
+
+} // namespace
+
+} // namespace scenewright::testing
