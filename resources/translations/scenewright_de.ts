@@ -1178,6 +1178,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::RenameDialog</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename Scene</source>
+        <translation>Szene umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes</source>
+        <translation>%1 von %2 Bytes</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SafeSending</name>
     <message>
         <source>Read the Keyboard &amp;Before a Send</source>
@@ -1253,6 +1280,53 @@
     <message>
         <source>{0} {1}</source>
         <translation>{0} {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneCommands</name>
+    <message>
+        <source>&amp;Scene</source>
+        <translation>&amp;Szene</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>&amp;Umbenennen...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy To</source>
+        <translation>&amp;Kopieren nach</translation>
+    </message>
+    <message>
+        <source>S&amp;wap With</source>
+        <translation>&amp;Tauschen mit</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Scene</source>
+        <translation>Szene &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;%1  %2</source>
+        <translation>&amp;%1  %2</translation>
+    </message>
+    <message>
+        <source>Rename Scene %1</source>
+        <translation>Szene %1 umbenennen</translation>
+    </message>
+    <message>
+        <source>Copy Scene %1 to %2</source>
+        <translation>Szene %1 nach %2 kopieren</translation>
+    </message>
+    <message>
+        <source>Swap Scenes %1 and %2</source>
+        <translation>Szenen %1 und %2 tauschen</translation>
+    </message>
+    <message>
+        <source>Reset Scene %1</source>
+        <translation>Szene %1 zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -1380,17 +1454,17 @@
         <translation>Szenenname</translation>
     </message>
     <message>
-        <source>fedvhw</source>
-        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
-        <translation>dbgahz</translation>
-    </message>
-    <message>
         <source>Settings of the chosen control</source>
         <translation>Einstellungen des ausgewählten Elements</translation>
     </message>
     <message>
         <source>Mixed colour</source>
         <translation>Mischfarbe</translation>
+    </message>
+    <message>
+        <source>fesdvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>dbsgahz</translation>
     </message>
 </context>
 </TS>

@@ -1178,6 +1178,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::RenameDialog</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Renombrar</translation>
+    </message>
+    <message>
+        <source>Rename Scene</source>
+        <translation>Renombrar escena</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nombre</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes</source>
+        <translation>%1 de %2 bytes</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SafeSending</name>
     <message>
         <source>Read the Keyboard &amp;Before a Send</source>
@@ -1253,6 +1280,53 @@
     <message>
         <source>{0} {1}</source>
         <translation>{0} {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneCommands</name>
+    <message>
+        <source>&amp;Scene</source>
+        <translation>E&amp;scena</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Escena</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>&amp;Renombrar...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy To</source>
+        <translation>&amp;Copiar en</translation>
+    </message>
+    <message>
+        <source>S&amp;wap With</source>
+        <translation>&amp;Intercambiar con</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Scene</source>
+        <translation>Res&amp;tablecer escena</translation>
+    </message>
+    <message>
+        <source>&amp;%1  %2</source>
+        <translation>&amp;%1  %2</translation>
+    </message>
+    <message>
+        <source>Rename Scene %1</source>
+        <translation>Renombrar escena %1</translation>
+    </message>
+    <message>
+        <source>Copy Scene %1 to %2</source>
+        <translation>Copiar escena %1 en %2</translation>
+    </message>
+    <message>
+        <source>Swap Scenes %1 and %2</source>
+        <translation>Intercambiar escenas %1 y %2</translation>
+    </message>
+    <message>
+        <source>Reset Scene %1</source>
+        <translation>Restablecer escena %1</translation>
     </message>
 </context>
 <context>
@@ -1380,17 +1454,17 @@
         <translation>Nombre de la escena</translation>
     </message>
     <message>
-        <source>fedvhw</source>
-        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
-        <translation>aedvum</translation>
-    </message>
-    <message>
         <source>Settings of the chosen control</source>
         <translation>Ajustes del control seleccionado</translation>
     </message>
     <message>
         <source>Mixed colour</source>
         <translation>Color mezclado</translation>
+    </message>
+    <message>
+        <source>fesdvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>aesdvum</translation>
     </message>
 </context>
 </TS>

@@ -1178,6 +1178,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::RenameDialog</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Renommer</translation>
+    </message>
+    <message>
+        <source>Rename Scene</source>
+        <translation>Renommer la scène</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nom</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes</source>
+        <translation>%1 octets sur %2</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SafeSending</name>
     <message>
         <source>Read the Keyboard &amp;Before a Send</source>
@@ -1253,6 +1280,53 @@
     <message>
         <source>{0} {1}</source>
         <translation>{0} {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneCommands</name>
+    <message>
+        <source>&amp;Scene</source>
+        <translation>&amp;Scène</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Scène</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>&amp;Renommer...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy To</source>
+        <translation>&amp;Copier vers</translation>
+    </message>
+    <message>
+        <source>S&amp;wap With</source>
+        <translation>&amp;Échanger avec</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Scene</source>
+        <translation>Réini&amp;tialiser la scène</translation>
+    </message>
+    <message>
+        <source>&amp;%1  %2</source>
+        <translation>&amp;%1  %2</translation>
+    </message>
+    <message>
+        <source>Rename Scene %1</source>
+        <translation>Renommer la scène %1</translation>
+    </message>
+    <message>
+        <source>Copy Scene %1 to %2</source>
+        <translation>Copier la scène %1 vers %2</translation>
+    </message>
+    <message>
+        <source>Swap Scenes %1 and %2</source>
+        <translation>Échanger les scènes %1 et %2</translation>
+    </message>
+    <message>
+        <source>Reset Scene %1</source>
+        <translation>Réinitialiser la scène %1</translation>
     </message>
 </context>
 <context>
@@ -1380,17 +1454,17 @@
         <translation>Nom de la scène</translation>
     </message>
     <message>
-        <source>fedvhw</source>
-        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
-        <translation>fdacih</translation>
-    </message>
-    <message>
         <source>Settings of the chosen control</source>
         <translation>Réglages du contrôle sélectionné</translation>
     </message>
     <message>
         <source>Mixed colour</source>
         <translation>Couleur mélangée</translation>
+    </message>
+    <message>
+        <source>fesdvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fdsacih</translation>
     </message>
 </context>
 </TS>

@@ -1178,6 +1178,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::RenameDialog</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>名前を変更(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Rename Scene</source>
+        <translation>シーン名の変更</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名前(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>キャンセル(&amp;C)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes</source>
+        <translation>%2 バイト中 %1 バイト</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SafeSending</name>
     <message>
         <source>Read the Keyboard &amp;Before a Send</source>
@@ -1253,6 +1280,53 @@
     <message>
         <source>{0} {1}</source>
         <translation>{0} {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneCommands</name>
+    <message>
+        <source>&amp;Scene</source>
+        <translation>シーン(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>名前の変更(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy To</source>
+        <translation>コピー先(&amp;C)</translation>
+    </message>
+    <message>
+        <source>S&amp;wap With</source>
+        <translation>入れ替え(&amp;W)</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Scene</source>
+        <translation>シーンをリセット(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;%1  %2</source>
+        <translation>&amp;%1  %2</translation>
+    </message>
+    <message>
+        <source>Rename Scene %1</source>
+        <translation>シーン %1 の名前変更</translation>
+    </message>
+    <message>
+        <source>Copy Scene %1 to %2</source>
+        <translation>シーン %1 を %2 へコピー</translation>
+    </message>
+    <message>
+        <source>Swap Scenes %1 and %2</source>
+        <translation>シーン %1 と %2 の入れ替え</translation>
+    </message>
+    <message>
+        <source>Reset Scene %1</source>
+        <translation>シーン %1 のリセット</translation>
     </message>
 </context>
 <context>
@@ -1380,17 +1454,17 @@
         <translation>シーン名</translation>
     </message>
     <message>
-        <source>fedvhw</source>
-        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
-        <translation>fedvhw</translation>
-    </message>
-    <message>
         <source>Settings of the chosen control</source>
         <translation>選択中のコントロールの設定</translation>
     </message>
     <message>
         <source>Mixed colour</source>
         <translation>混合色</translation>
+    </message>
+    <message>
+        <source>fesdvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fesdvhw</translation>
     </message>
 </context>
 </TS>

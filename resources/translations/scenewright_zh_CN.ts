@@ -1178,6 +1178,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::RenameDialog</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>重命名(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Rename Scene</source>
+        <translation>重命名场景</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>取消(&amp;C)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes</source>
+        <translation>%1 / %2 字节</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SafeSending</name>
     <message>
         <source>Read the Keyboard &amp;Before a Send</source>
@@ -1253,6 +1280,53 @@
     <message>
         <source>{0} {1}</source>
         <translation>{0} {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneCommands</name>
+    <message>
+        <source>&amp;Scene</source>
+        <translation>场景(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>场景</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>重命名(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>&amp;Copy To</source>
+        <translation>复制到(&amp;C)</translation>
+    </message>
+    <message>
+        <source>S&amp;wap With</source>
+        <translation>交换(&amp;W)</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Scene</source>
+        <translation>重置场景(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;%1  %2</source>
+        <translation>&amp;%1  %2</translation>
+    </message>
+    <message>
+        <source>Rename Scene %1</source>
+        <translation>重命名场景 %1</translation>
+    </message>
+    <message>
+        <source>Copy Scene %1 to %2</source>
+        <translation>将场景 %1 复制到 %2</translation>
+    </message>
+    <message>
+        <source>Swap Scenes %1 and %2</source>
+        <translation>交换场景 %1 和 %2</translation>
+    </message>
+    <message>
+        <source>Reset Scene %1</source>
+        <translation>重置场景 %1</translation>
     </message>
 </context>
 <context>
@@ -1380,17 +1454,17 @@
         <translation>场景名称</translation>
     </message>
     <message>
-        <source>fedvhw</source>
-        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
-        <translation>fedvhw</translation>
-    </message>
-    <message>
         <source>Settings of the chosen control</source>
         <translation>所选控件的设置</translation>
     </message>
     <message>
         <source>Mixed colour</source>
         <translation>混合颜色</translation>
+    </message>
+    <message>
+        <source>fesdvhw</source>
+        <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
+        <translation>fesdvhw</translation>
     </message>
 </context>
 </TS>
