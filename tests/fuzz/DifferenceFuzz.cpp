@@ -4,6 +4,7 @@
 #include "bank/BankJson.h"
 #include "bank/Difference.h"
 #include "bank/Edit.h"
+#include "bank/OptionIndex.h"
 #include "model/SceneValue.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
@@ -28,7 +29,7 @@ void checkCarriedOut(const std::vector<Difference>& list, const SceneList& first
                      const SceneList& second) {
     std::vector<std::string> assignments;
     for (const Difference& difference : list)
-        assignments.push_back(pathOf(difference.place) + '=' + difference.second.value);
+        assignments.push_back(assignmentOf(difference.place, difference.second));
     if (faultIsPlanted() && !assignments.empty())
         assignments.pop_back();
     const auto edited = setValues(optionLists(), first, assignments);
@@ -41,6 +42,7 @@ void checkForms(const std::vector<Difference>& list) {
     check(std::ranges::count(lines, '\n') == std::ssize(list), "not one line a difference");
     for (const Difference& difference : list) {
         checkSentence(differenceLine(difference));
+        checkSentence(changeLine(difference));
         check(difference.first.value != difference.second.value, "a difference of equal values");
     }
     const auto json = nlohmann::json::parse(differencesJson(list), nullptr, false);

@@ -66,7 +66,7 @@ def json_edits() -> list[bytes]:
 
 
 PATHS = [
-    "scene1", "scene*", "scene1.common", "scene2.common.SceneName", "scene1.pad3.CR",
+    "scene1", "scene*", "scene1.common", "scene2.common.SceneName", "scene1.pad3.CR", "scene1.pad*.colour",
     "scene*.knob*.Enable", "scene4.key25.OnValue", "scene3.group4.MIDIChannel", "scene1.slider*",
     "scene5", "scene1.pad9", "scene1.pad1.Nothing", "scene", "",
 ]  # fmt: skip
@@ -75,13 +75,15 @@ ASSIGNMENTS = [
     "scene1.pad3.CR=127", "scene*.knob*.Enable=On", "scene1.common.SceneName=STAGE",
     "scene1.common.SceneName=bytes:000102030405060708090a0b", "scene1.pad1.CR=title:1",
     "scene1.pad1.AssignType=Note\nscene1.pad1.CCOrNoteNumber=C2", "scene1.pad1.CR=128",
-    "scene1=1", "scene1.key1.KeyBehavior=Nonsense",
+    "scene1=1", "scene1.key1.KeyBehavior=Nonsense", "scene1.pad1.colour=#ff8000",
+    "scene1.pad1.MIDIChannel=raw:127", "scene1.pad1.MIDIChannel=ch:10",
+    "scene1.knob1.CCOrNoteNumber=sustain", "scene1.key1.CCOrNoteNumber=db+2",
 ]  # fmt: skip
 
 COPIES = [
     "scene1\nscene2", "scene1.pad1\nscene*.pad*", "scene*.knob1\nscene*.knob2",
     "scene1.pad1.CR\nscene2.pad*.CR", "scene1.common.SceneName\nscene*.common.SceneName",
-    "scene1.pad1\nscene1.key1",
+    "scene1.pad1\nscene1.key1", "raw:scene1\nscene2", "scene1.pad1.colour\nscene*.pad*.colour",
 ]  # fmt: skip
 
 
