@@ -24,7 +24,7 @@ namespace scenewright {
 // "Common", "Pad 3"; "Control 46" for an index that no control has.
 [[nodiscard]] std::string controlName(std::int32_t index);
 
-// Everything that the control does, in one line: "Pad 3: Note C4, channel 10, behavior Momentary,
+// Everything that the control does, in one line: "Pad 3: Note C4, channel 10, behaviour Momentary,
 // red 0, green 64, blue 127". The name alone for an index without a record; "unknown" for a value
 // outside its list.
 [[nodiscard]] std::string describeControl(const PopUpValue& lists, const SceneValue& scene,

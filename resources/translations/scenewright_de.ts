@@ -419,7 +419,7 @@
         <translation>Note {}</translation>
     </message>
     <message>
-        <source>behavior {}</source>
+        <source>behaviour {}</source>
         <translation>Verhalten {}</translation>
     </message>
     <message>
@@ -1408,7 +1408,7 @@
         <translation>Aus-Wert</translation>
     </message>
     <message>
-        <source>Behavior</source>
+        <source>Behaviour</source>
         <translation>Verhalten</translation>
     </message>
     <message>

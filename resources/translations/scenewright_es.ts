@@ -419,7 +419,7 @@
         <translation>Nota {}</translation>
     </message>
     <message>
-        <source>behavior {}</source>
+        <source>behaviour {}</source>
         <translation>comportamiento {}</translation>
     </message>
     <message>
@@ -1408,7 +1408,7 @@
         <translation>Valor de apagado</translation>
     </message>
     <message>
-        <source>Behavior</source>
+        <source>Behaviour</source>
         <translation>Comportamiento</translation>
     </message>
     <message>

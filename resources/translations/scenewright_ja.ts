@@ -419,7 +419,7 @@
         <translation>ノート {}</translation>
     </message>
     <message>
-        <source>behavior {}</source>
+        <source>behaviour {}</source>
         <translation>動作 {}</translation>
     </message>
     <message>
@@ -1408,7 +1408,7 @@
         <translation>オフ時の値</translation>
     </message>
     <message>
-        <source>Behavior</source>
+        <source>Behaviour</source>
         <translation>動作</translation>
     </message>
     <message>

@@ -419,7 +419,7 @@
         <translation>音符 {}</translation>
     </message>
     <message>
-        <source>behavior {}</source>
+        <source>behaviour {}</source>
         <translation>行为 {}</translation>
     </message>
     <message>
@@ -1408,7 +1408,7 @@
         <translation>关闭值</translation>
     </message>
     <message>
-        <source>Behavior</source>
+        <source>Behaviour</source>
         <translation>行为</translation>
     </message>
     <message>

@@ -39,9 +39,9 @@ TEST_F(ControlDescription, SaysWhatEachKindDoes) {
     EXPECT_EQ(say(5), "Knob 1: CC select127:20, left select127:10, right select127:100");
     EXPECT_EQ(say(9), "Slider 1: CC select127:30, lower select127:11, upper select127:101");
     EXPECT_EQ(say(15), "Pad 3: Note button-note:36, channel button-MIDICh:9, "
-                       "behavior button-behavior:3, red select127:10, green select127:20, "
+                       "behaviour button-behavior:3, red select127:10, green select127:20, "
                        "blue select127:30");
-    EXPECT_EQ(say(45), "Key 25: Note button-note:60, behavior button-behavior:4");
+    EXPECT_EQ(say(45), "Key 25: Note button-note:60, behaviour button-behavior:4");
 }
 
 TEST_F(ControlDescription, SaysOnAndOffValuesOfAController) {
@@ -49,11 +49,11 @@ TEST_F(ControlDescription, SaysOnAndOffValuesOfAController) {
     record(15).setAssignType(1);
     record(21).setAssignType(1);
     EXPECT_EQ(describeControl(*view.pu(), *view.sceneValue(), 15),
-              "Pad 3: CC select127:36, channel button-MIDICh:9, behavior button-behavior:3, "
+              "Pad 3: CC select127:36, channel button-MIDICh:9, behaviour button-behavior:3, "
               "on select127:127, off select127:1, red select127:10, green select127:20, "
               "blue select127:30");
     EXPECT_EQ(describeControl(*view.pu(), *view.sceneValue(), 21),
-              "Key 1: CC select127:60, behavior button-behavior:4, on select127:126, "
+              "Key 1: CC select127:60, behaviour button-behavior:4, on select127:126, "
               "off select127:2");
 }
 

@@ -25,7 +25,7 @@ LISTS = {
     "control": ["Common", *(f"{kind} {n}" for kind in COUNTS for n in range(1, COUNTS[kind] + 1))],
     "displaySelect": [
         *("MIDI Channel", "Type", "CC/Note Number", "Lower/Left Value", "Upper/Right Value"),
-        *("Behavior", "Off Value", "On Value"),
+        *("Behaviour", "Off Value", "On Value"),
     ],
     "select127": VALUES,
     "button-MIDICh": [*CHANNELS, "Global"],
