@@ -18,13 +18,14 @@ ALLOWED = {
     "platform": set(),
     "model": {"platform"},
     "usb": {"platform"},
+    "sequencer": _CORE,
     "protocol": _CORE | {"usb"},
     "virtual": _DEVICE,
     "bank": _CORE | {"protocol"},
-    "app": _DEVICE | {"virtual", "bank"},
+    "app": _DEVICE | {"sequencer", "virtual", "bank"},
     "editor": _CORE | {"app"},
-    "editor/qt": _DEVICE | {"app", "editor"},
-    "cli": _DEVICE | {"bank", "app"},
+    "editor/qt": _DEVICE | {"sequencer", "app", "editor"},
+    "cli": _DEVICE | {"sequencer", "bank", "app"},
 }
 
 # Libraries that stay behind a folder: the include, the folders that may name it, and how many files
@@ -32,6 +33,7 @@ ALLOWED = {
 CONFINED = [
     ("Qt", re.compile(r"<(Q[A-Z]\w*|Qt\w*/.*)>"), {"editor/qt"}, None),
     ("libusb", re.compile(r"<libusb.*>"), {"usb"}, 2),
+    ("libasound", re.compile(r"<alsa/.*>"), {"sequencer"}, 1),
     ("libudev", re.compile(r"<libudev\.h>"), {"usb"}, 1),
     ("CLI11", re.compile(r"<CLI/.*>"), {"platform"}, 1),
     ("expat", re.compile(r"<expat\.h>"), {"platform"}, None),

@@ -1,0 +1,89 @@
+// A sequencer in memory: ports and connections as a test makes them, and what it tells of them.
+#pragma once
+
+#include "sequencer/Sequencer.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright::testing {
+
+// What the sequencers of a test share, as programs share the system's.
+struct ScriptedPorts {
+    std::vector<SequencerPort> ports;
+    std::vector<PortConnection> connections;
+    std::vector<std::string> asked;     // connections that were asked for, "20:0 -> 128:0"
+    SequencerInput input;               // for the next take()
+    std::function<void()> duringWait{}; // called once, by the next wait()
+    int waits = 0;
+
+    void add(PortAddress address, std::string client, std::string port, int card = -1) {
+        ports.push_back({.address = address,
+                         .clientName = std::move(client),
+                         .portName = std::move(port),
+                         .card = card,
+                         .sends = true});
+        input.hasChanged = true;
+    }
+    void remove(PortAddress address) {
+        std::erase_if(ports, [&](const auto& port) { return port.address == address; });
+        std::erase_if(connections,
+                      [&](const auto& each) { return each.from == address || each.to == address; });
+        input.ended.push_back(address);
+        input.hasChanged = true;
+    }
+    void link(const PortConnection& connection) {
+        connections.push_back(connection);
+        input.hasChanged = true;
+    }
+    void send(PortAddress from, MidiMessage message) { input.messages.push_back({from, message}); }
+};
+
+class ScriptedSequencer : public Sequencer {
+public:
+    static constexpr PortAddress kOwnPort{200, 0};
+
+    explicit ScriptedSequencer(std::shared_ptr<ScriptedPorts> state) : state_(std::move(state)) {}
+
+    [[nodiscard]] int descriptor() const override { return -1; }
+    void wait(std::chrono::milliseconds /*limit*/) override {
+        ++state_->waits;
+        if (const auto step = std::exchange(state_->duringWait, nullptr))
+            step();
+    }
+    [[nodiscard]] SequencerInput take() override { return std::exchange(state_->input, {}); }
+    [[nodiscard]] std::vector<SequencerPort> ports() override {
+        auto all = state_->ports;
+        all.push_back({.address = kOwnPort, .clientName = "own", .portName = "own", .isOwn = true});
+        return all;
+    }
+    [[nodiscard]] std::vector<PortConnection> connectionsOf(PortAddress port) override {
+        std::vector<PortConnection> found;
+        for (const PortConnection& each : state_->connections)
+            if (each.from == port || each.to == port)
+                found.push_back(each);
+        return found;
+    }
+    Result<void> connect(const PortConnection& connection) override {
+        state_->asked.push_back(std::to_string(connection.from.client) + ":" +
+                                std::to_string(connection.from.port) + " -> " +
+                                std::to_string(connection.to.client) + ":" +
+                                std::to_string(connection.to.port));
+        if (std::ranges::find(state_->connections, connection) == state_->connections.end())
+            state_->connections.push_back(connection);
+        return {};
+    }
+    Result<void> listenTo(PortAddress port) override {
+        return connect({.from = port, .to = kOwnPort});
+    }
+
+private:
+    std::shared_ptr<ScriptedPorts> state_;
+};
+
+} // namespace scenewright::testing
