@@ -8,6 +8,7 @@
 #include "protocol/SceneImage.h"
 #include "protocol/Transactions.h"
 
+#include <functional>
 #include <vector>
 
 namespace scenewright {
@@ -15,6 +16,10 @@ namespace scenewright {
 class DeviceSession {
 public:
     DeviceSession() = delete;
+
+    // Called before each transaction, and when it has ended and the keyboard is given back. Empty
+    // ones are none; they stay until others are set.
+    static void setAround(std::function<void()> before, std::function<void()> after);
 
     using Ended = WindowAction::Ended;
     // As WindowAction::readSceneData() and sendSceneData().

@@ -1,3 +1,4 @@
+#include "app/KeyboardConnections.h"
 #include "app/ListCheck.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -32,12 +33,19 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
         return choice.run();
     if (const auto checked = checkList(kProjectList); !checked)
         return reportError(checked.error(), kExitUsage);
-    const Shutdown shutdown;
+    Shutdown shutdown;
     LaunchOptions host = options;
     host.needsLists = true;
     if (const auto connected = connectHost(host); !connected)
         return reportError(connected.error(), kExitUsage);
-    return choice.run();
+    if (options.isVirtual)
+        return choice.run();
+    KeyboardConnections connections(KeyboardConnections::sequencerIfAny());
+    connections.beforeTransaction();
+    shutdown.setWorkAfterRelease(&restoreNotedConnections);
+    const int exitCode = choice.run();
+    connections.restore(KeyboardConnections::kLimit);
+    return exitCode;
 }
 
 // With the exit code by which the command tells an error of the system's.

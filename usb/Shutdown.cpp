@@ -67,6 +67,11 @@ void Shutdown::setLastWork(std::function<void()> work) {
     lastWork_ = std::move(work);
 }
 
+void Shutdown::setWorkAfterRelease(std::function<void()> work) {
+    const std::lock_guard lock(mutex_);
+    workAfterRelease_ = std::move(work);
+}
+
 void Shutdown::watch() {
     pthread_setname_np(pthread_self(), "signals");
     int signal = kStopWatching;
@@ -75,13 +80,19 @@ void Shutdown::watch() {
     if (signal == kStopWatching)
         return;
     std::function<void()> lastWork;
+    std::function<void()> workAfterRelease;
     {
         const std::lock_guard lock(mutex_);
         lastWork = lastWork_;
+        workAfterRelease = workAfterRelease_;
     }
     if (lastWork)
         doWithin(limits_.work, std::move(lastWork));
-    doWithin(limits_.bus, [] { Transport::instance().shutDown(); });
+    doWithin(limits_.bus, [work = std::move(workAfterRelease)] {
+        Transport::instance().shutDown();
+        if (work)
+            work();
+    });
     const auto files = keepFromHiddenNames(limits_.file);
     endBy(signal);
 }

@@ -41,6 +41,8 @@ public:
     // What a signal's end does first, on a thread of its own; an empty one for nothing more. One
     // that has begun is not waited for here, so it owns what it uses. Any thread.
     void setLastWork(std::function<void()> work);
+    // The same after the interface has been given up, within the time of the bus.
+    void setWorkAfterRelease(std::function<void()> work);
 
 private:
     void watch();
@@ -50,7 +52,8 @@ private:
     ::sigset_t former_{}; // the mask of the thread that made the object
     std::atomic<bool> isStopping_ = false;
     std::mutex mutex_;
-    std::function<void()> lastWork_; // under the mutex
+    std::function<void()> lastWork_;         // under the mutex
+    std::function<void()> workAfterRelease_; // the same
     std::thread watcher_;
 };
 

@@ -1,4 +1,6 @@
 // The editor's window as a program.
+#include "app/DeviceSession.h"
+#include "app/KeyboardConnections.h"
 #include "app/Launch.h"
 #include "app/ListCheck.h"
 #include "editor/qt/EditorCommands.h"
@@ -15,8 +17,11 @@
 #include "usb/Transport.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -96,6 +101,34 @@ void releaseBus() {
     SendJob::join();
 }
 
+// Keeps others' connections with the keyboard across transactions and unplugs while the window is
+// open.
+class ConnectionKeeper {
+public:
+    ConnectionKeeper() : connections_(KeyboardConnections::sequencerIfAny()) {
+        DeviceSession::setAround([this] { connections_.beforeTransaction(); },
+                                 [this] { connections_.afterTransaction(); });
+        if (connections_.descriptor() < 0)
+            return;
+        notifier_ =
+            std::make_unique<QSocketNotifier>(connections_.descriptor(), QSocketNotifier::Read);
+        QObject::connect(notifier_.get(), &QSocketNotifier::activated,
+                         [this] { connections_.process(); });
+    }
+    ~ConnectionKeeper() {
+        DeviceSession::setAround({}, {});
+        connections_.restore(KeyboardConnections::kLimit);
+    }
+    ConnectionKeeper(const ConnectionKeeper&) = delete;
+    ConnectionKeeper& operator=(const ConnectionKeeper&) = delete;
+    ConnectionKeeper(ConnectionKeeper&&) = delete;
+    ConnectionKeeper& operator=(ConnectionKeeper&&) = delete;
+
+private:
+    KeyboardConnections connections_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
 int showWindow(const LaunchOptions& options, const std::string& file) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
@@ -106,8 +139,11 @@ int showWindow(const LaunchOptions& options, const std::string& file) {
     if (const auto& trouble = window.picture().drawing().trouble())
         return reportError(*trouble, kExitUsage);
     EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
-    if (!isVirtual)
+    std::optional<ConnectionKeeper> keeper;
+    if (!isVirtual) {
         commands.keyboard().follow(DeviceMonitor::start());
+        keeper.emplace();
+    }
     commands.banks().setUsed(launchFiles(options));
     commands.reportLists(listErrors());
     if (!file.empty())
@@ -120,7 +156,7 @@ int showWindow(const LaunchOptions& options, const std::string& file) {
 }
 
 int run(int argc, char** argv) {
-    const Shutdown shutdown;
+    Shutdown shutdown;
     const auto line = parseArguments(editorSyntax(), argc, argv);
     if (!line)
         return reportError(line.error(), kExitUsage);
@@ -140,6 +176,8 @@ int run(int argc, char** argv) {
                            kExitError);
     if (const auto connected = connectHost(options); !connected)
         return reportError(connected.error(), kExitUsage);
+    if (!options.isVirtual)
+        shutdown.setWorkAfterRelease(&restoreNotedConnections);
     ToolkitMessages::hold();
     const QApplication application(argc, argv);
     ToolkitMessages::letGo();

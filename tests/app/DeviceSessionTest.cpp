@@ -55,6 +55,23 @@ TEST_F(DeviceSessionTest, ReadGivesTheKeyboardBackAndTellsItsOutcome) {
     EXPECT_TRUE(outcome->isDone());
 }
 
+TEST_F(DeviceSessionTest, WhatIsSetAroundIsCalledBeforeEachTransactionAndAfterTheRelease) {
+    plugIn();
+    std::vector<std::string> calls;
+    DeviceSession::setAround(
+        [&] { calls.push_back(controller->isConversing() ? "late" : "before"); },
+        [&] { calls.push_back(isReleased() ? "after" : "too early"); });
+    const auto note = [&calls](const Outcome& /*ended*/) { calls.emplace_back("ended"); };
+    DeviceSession::read(note);
+    static_cast<void>(DeviceSession::heldScenes());
+    DeviceSession::send(note);
+    MainQueue::pumpUntil([&calls] { return calls.back() == "ended" && calls.size() > 5; });
+    DeviceSession::setAround({}, {});
+    DeviceSession::read(note);
+    EXPECT_EQ(calls, (std::vector<std::string>{"before", "after", "ended", "before", "after",
+                                               "before", "after", "ended", "ended"}));
+}
+
 TEST_F(DeviceSessionTest, TheStoresOwnReadLeavesTheInterfaceOpen) {
     plugIn();
     WindowAction::readSceneData();

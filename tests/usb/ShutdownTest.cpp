@@ -183,11 +183,12 @@ TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
     EXPECT_EQ(ending.letters, "XR"); // at the normal end
 }
 
-TEST_P(ShutdownBySignal, DoesTheLastWorkFirst) {
+TEST_P(ShutdownBySignal, DoesTheLastWorkFirstAndTheWorkAfterTheReleaseLast) {
     const ProgramEnd ending = runProgram([](int letters) {
         Shutdown shutdown;
         const auto bus = takeBus(letters);
         shutdown.setLastWork([bus] { bus->tell('W'); });
+        shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
         kill(getpid(), GetParam());
         for (;;)
             pause();
@@ -195,7 +196,7 @@ TEST_P(ShutdownBySignal, DoesTheLastWorkFirst) {
     });
     ASSERT_TRUE(WIFSIGNALED(ending.status));
     EXPECT_EQ(WTERMSIG(ending.status), GetParam());
-    EXPECT_EQ(ending.letters, "WXR");
+    EXPECT_EQ(ending.letters, "WXRA");
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, ShutdownBySignal, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
@@ -262,6 +263,7 @@ TEST(Shutdown, ANormalEndDoesNoLastWork) {
         Shutdown shutdown;
         const auto bus = takeBus(letters);
         shutdown.setLastWork([bus] { bus->tell('W'); });
+        shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
         return 0;
     });
     EXPECT_EQ(ending.letters, "XR");

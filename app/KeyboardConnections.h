@@ -1,0 +1,100 @@
+// The connections that other programs have with the keyboard's MIDI port, kept across what takes
+// the port away: a transaction, an unplug.
+//
+// They are noted while the port is there, and made again when it is back. A transaction leaves a
+// note in a file until they are, so that the next run can do it after a program that was killed.
+// Without a sequencer nothing happens. One thread.
+#pragma once
+
+#include "sequencer/Sequencer.h"
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+// A listed keyboard that is plugged in.
+struct SoundKeyboard {
+    std::string identity; // "1209:0001#0": its ids, and which of those that are alike
+    std::optional<int> card = std::nullopt; // nothing while the kernel's driver is away
+};
+
+// By bus and address.
+[[nodiscard]] std::vector<SoundKeyboard> soundKeyboards();
+// The ports of those, with the keyboard that each is of, in its order.
+[[nodiscard]] std::vector<std::pair<SequencerPort, std::string>>
+portsOf(const std::vector<SequencerPort>& ports, const std::vector<SoundKeyboard>& keyboards);
+
+// Makes again what a transaction of this process, or of another that ended, has noted in the file:
+// for the end by a signal, on any thread.
+void restoreNotedConnections();
+
+class KeyboardConnections {
+public:
+    using Keyboards = std::function<std::vector<SoundKeyboard>()>;
+    using Milliseconds = std::chrono::milliseconds;
+
+    // How long a port that comes back is waited for: a fraction of a second as a rule.
+    static constexpr Milliseconds kLimit{3000};
+
+    // A client of the machine's sequencer, or none where there is no sequencer.
+    [[nodiscard]] static std::unique_ptr<Sequencer> sequencerIfAny();
+    // $XDG_STATE_HOME/scenewright/connections.json, or the same under ~/.local/state.
+    [[nodiscard]] static std::optional<std::filesystem::path> stateFile();
+
+    // Takes the note that another run has left, unless the system was started anew since. Null for
+    // no sequencer.
+    explicit KeyboardConnections(std::unique_ptr<Sequencer> sequencer,
+                                 Keyboards keyboards = &soundKeyboards,
+                                 std::optional<std::filesystem::path> file = stateFile());
+
+    // To be waited on for reading, and then process() called; -1 without a sequencer.
+    [[nodiscard]] int descriptor() const;
+    // Notes what is there, and makes again what has gone with a port that is back.
+    void process();
+
+    // Around each transaction, or several.
+    void beforeTransaction();
+    void afterTransaction() { process(); }
+    // The same, and waits until all are made again, as long as a keyboard without its port is
+    // plugged in and the time lasts.
+    void restore(Milliseconds limit);
+
+    // Whether a noted connection waits for its keyboard's port.
+    [[nodiscard]] bool isPending() const;
+    // How many the keyboards have now, as far as is known.
+    [[nodiscard]] std::size_t count() const;
+
+private:
+    struct Noted {
+        int keyboardPort = 0;
+        PortConnection connection; // with the addresses of that time
+        bool isFromKeyboard = false;
+        std::string otherClient; // names, in case that it has another address then
+        std::string otherPort;
+    };
+    using Ports = std::vector<SequencerPort>;
+
+    void refresh();
+    [[nodiscard]] std::vector<Noted> current(const Ports& own, const Ports& all);
+    void makeAgain(const std::vector<Noted>& noted, const Ports& own, const Ports& all);
+    void forgetEnded(const SequencerInput& input);
+    void load();
+    void store();
+
+    std::unique_ptr<Sequencer> sequencer_;
+    Keyboards keyboards_;
+    std::optional<std::filesystem::path> file_;
+    bool hasNote_ = false;                            // in the file
+    std::map<std::string, std::vector<Noted>> noted_; // by keyboard; none without connections
+    std::map<std::string, std::vector<PortAddress>> present_; // the ports of those that have them
+};
+
+} // namespace scenewright
