@@ -301,7 +301,7 @@ Result<void> BusDevice::submit(const SubmitCommand& command, ByteView data) {
         if (waiting_.size() == kMaxWaiting)
             return failure("more waiting transfers than the device has room for");
         waiting_.push_back(command);
-        isListening_ = isListening_ || !controller_.isConversing();
+        isListening_ = isListening_ || !isTalking_ || !controller_.isConversing();
     } else if (hasPipes_ && !command.isIn && command.endpoint == kOutEndpoint) {
         bulkOut(command, data);
     } else {
@@ -322,6 +322,7 @@ bool BusDevice::unlink(std::uint32_t sequence) {
         return false;
     waiting_.erase(found);
     stopListening();
+    isTalking_ = false;
     return true;
 }
 
@@ -352,6 +353,10 @@ std::vector<Completion> BusDevice::takeCompletions() {
 }
 
 void BusDevice::control(const SubmitCommand& command) {
+    // A driver that binds anew asks what it has: whoever talked before does not any more.
+    constexpr std::uint8_t kGetDescriptor = 6;
+    if (command.setup[1] == kGetDescriptor)
+        isTalking_ = false;
     auto data = control_.answer(command.setup);
     if (!data) {
         complete(command, UrbStatus::Stall);
@@ -367,7 +372,8 @@ void BusDevice::control(const SubmitCommand& command) {
 
 void BusDevice::bulkOut(const SubmitCommand& command, ByteView data) {
     const UrbStatus status = statusOf(controller_.receive(data));
-    if (controller_.isConversing())
+    isTalking_ = controller_.isConversing();
+    if (isTalking_)
         stopListening();
     if (sendsSeen_ != controller_.sendsEnded() && sendEnded_)
         sendEnded_(controller_.bank());

@@ -105,8 +105,9 @@ public:
     bool unlink(std::uint32_t sequence);
     // Puts what is played on the bulk IN pipe, in one transfer for as many packets as one holds.
     // False, and it is dropped, unless a host waits for it: one that has asked for IN transfers
-    // outside a conversation, and has neither taken one back nor begun a conversation since; and
-    // when the host does not keep up.
+    // outside a conversation, and has neither taken one back nor begun a conversation since. A host
+    // that takes a transfer back, or asks for a descriptor, has given its conversation up. False
+    // also, and what there is no room for is dropped, when the host does not keep up.
     bool play(std::span<const Packet> packets);
     // The transfers that have ended, in the order of their ends.
     [[nodiscard]] std::vector<Completion> takeCompletions();
@@ -129,6 +130,7 @@ private:
     bool hasPipes_;
     ControlEndpoint control_;
     std::deque<SubmitCommand> waiting_; // IN transfers, oldest first
+    bool isTalking_ = false;            // a conversation that the host has not given up
     bool isListening_ = false;
     std::deque<Bytes> played_; // transfers that wait for an IN transfer; empty unless it listens
     std::vector<Completion> completions_;

@@ -277,6 +277,26 @@ TEST_F(BusDeviceTest, WhatIsPlayedNeverComesIntoAConversation) {
     }
 }
 
+TEST_F(BusDeviceTest, HostThatHasGivenAReadUpMayListenAgain) {
+    startReading();
+    in(6);
+    EXPECT_FALSE(play(kPlayed));
+    ASSERT_TRUE(device->unlink(6));
+    EXPECT_FALSE(play(kPlayed));
+    in(7);
+    EXPECT_TRUE(play(kPlayed));
+    EXPECT_EQ(ended(), Lines{"7" + std::string(kPlayedLine)});
+    out(8, {0x09, 0x9C, 0x01, 0x06});
+    EXPECT_FALSE(play(kPlayed)) << "the read goes on";
+    in(9);
+    ended();
+    in(10);
+    EXPECT_FALSE(play(kPlayed)) << "the read goes on";
+    ASSERT_TRUE(device->submit({.endpoint = 0, .setup = {0x80, 6, 2, 3, 9, 4, 255, 0}}, {}));
+    in(11);
+    EXPECT_TRUE(play(kPlayed)) << "a driver has bound anew";
+}
+
 TEST_F(BusDeviceTest, EachSendIsToldOnceAtItsEndWithTheWholeBank) {
     for (unsigned byte = 5; byte < 7; ++byte) {
         handshake();
