@@ -12,6 +12,7 @@ import traceback
 
 import cases_devices
 import cases_editor
+import cases_play
 import cases_port
 import cases_signals
 import cases_soak
@@ -19,8 +20,8 @@ import cases_transfer
 import cases_trouble
 from rig import Rig
 
-MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_editor,
-           cases_soak)
+MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_play,
+           cases_editor, cases_soak)
 PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",
@@ -32,6 +33,8 @@ SMOKE = [
     "unplugged_at_byte_500_of_a_read",
     "devices_are_told_with_where_they_are",
     "port_is_back_after_each_command_of_the_command_line",
+    "played_controls_are_heard_and_monitored",
+    "connections_are_back_after_a_read_and_a_send",
     "editor_reads_changes_a_pad_and_sends",
 ]
 REPORTS = "/dev/ttyS1"
