@@ -1,6 +1,6 @@
 #include "app/StoreFiles.h"
 
-#include "app/SceneEdits.h"
+#include "app/StoredScenes.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "model/Control.h"

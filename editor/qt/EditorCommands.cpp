@@ -78,7 +78,7 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
                                SendJournal journal)
     : window_(window), keyboard_(&makeChild<KeyboardWatch>(std::move(look), &window.status())),
       history_(window), banks_(window, std::move(files), history_), controls_(window, history_),
-      scenes_(window, history_), sending_(window, banks_, std::move(journal)),
+      scenes_(window, history_), checks_(window, history_), sending_(window, banks_, std::move(journal)),
       verification_(window, banks_, sending_) {
     window.status().addMark(*keyboard_);
     const auto lookAgain = [this] { keyboard_->look(); };

@@ -9,6 +9,7 @@
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"
+#include "editor/qt/SceneChecks.h"
 #include "editor/qt/SceneCommands.h"
 
 #include <QAction>
@@ -71,6 +72,7 @@ public:
     [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
+    [[nodiscard]] SceneChecks& checks() { return checks_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -81,6 +83,7 @@ private:
     BankCommands banks_;
     ControlCommands controls_;
     SceneCommands scenes_;
+    SceneChecks checks_;
     SafeSending sending_;
     DeviceVerification verification_;
 };

@@ -1,6 +1,6 @@
 #include "editor/qt/SceneCommands.h"
 
-#include "app/SceneEdits.h"
+#include "app/StoredScenes.h"
 #include "app/WindowAction.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
@@ -67,7 +67,7 @@ RenameDialog::RenameDialog(const QString& name, QWidget* parent)
 
 void RenameDialog::check() {
     const std::string name = name_->text().toStdString();
-    const auto checked = SceneEdits::checkName(name);
+    const auto checked = StoredScenes::checkName(name);
     told_->setText(checked ? tr("%1 of %2 bytes").arg(name.size()).arg(kNameSize)
                            : shown(checked.error()));
     told_->setAccessibleName(told_->text());
@@ -123,24 +123,24 @@ void SceneCommands::end(const QString& step) {
 }
 
 void SceneCommands::rename(std::int32_t scene) {
-    RenameDialog dialog(shown(SceneEdits::name(scene)), &window_);
+    RenameDialog dialog(shown(StoredScenes::name(scene)), &window_);
     if (dialog.exec() == QDialog::Accepted &&
-        SceneEdits::rename(scene, dialog.name().toStdString()))
+        StoredScenes::rename(scene, dialog.name().toStdString()))
         end(tr("Rename Scene %1").arg(scene + 1));
 }
 
 void SceneCommands::copy(std::int32_t from, std::int32_t to) {
-    SceneEdits::copy(from, to);
+    StoredScenes::copy(from, to);
     end(tr("Copy Scene %1 to %2").arg(from + 1).arg(to + 1));
 }
 
 void SceneCommands::swap(std::int32_t first, std::int32_t second) {
-    SceneEdits::swap(first, second);
+    StoredScenes::swap(first, second);
     end(tr("Swap Scenes %1 and %2").arg(first + 1).arg(second + 1));
 }
 
 void SceneCommands::reset(std::int32_t scene) {
-    SceneEdits::reset(scene);
+    StoredScenes::reset(scene);
     end(tr("Reset Scene %1").arg(scene + 1));
 }
 

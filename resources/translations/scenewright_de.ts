@@ -1283,6 +1283,29 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SceneChecks</name>
+    <message>
+        <source>What may not be meant in these scenes</source>
+        <translation>Was in diesen Szenen vielleicht nicht gemeint ist</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>To Check</source>
+        <translation>Zu prüfen</translation>
+    </message>
+    <message>
+        <source>%1 to check</source>
+        <translation>%1 zu prüfen</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneCommands</name>
     <message>
         <source>&amp;Scene</source>

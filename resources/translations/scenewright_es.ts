@@ -1283,6 +1283,29 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SceneChecks</name>
+    <message>
+        <source>What may not be meant in these scenes</source>
+        <translation>Lo que quizá no se quería en estas escenas</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Escena %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>To Check</source>
+        <translation>Por comprobar</translation>
+    </message>
+    <message>
+        <source>%1 to check</source>
+        <translation>%1 por comprobar</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneCommands</name>
     <message>
         <source>&amp;Scene</source>

@@ -1283,6 +1283,29 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SceneChecks</name>
+    <message>
+        <source>What may not be meant in these scenes</source>
+        <translation>Ce qui n’est peut-être pas voulu dans ces scènes</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Scène %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>To Check</source>
+        <translation>À vérifier</translation>
+    </message>
+    <message>
+        <source>%1 to check</source>
+        <translation>%1 à vérifier</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneCommands</name>
     <message>
         <source>&amp;Scene</source>

@@ -1283,6 +1283,29 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SceneChecks</name>
+    <message>
+        <source>What may not be meant in these scenes</source>
+        <translation>これらのシーンで意図していない可能性のある設定</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>シーン %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>To Check</source>
+        <translation>確認事項</translation>
+    </message>
+    <message>
+        <source>%1 to check</source>
+        <translation>確認 %1 件</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneCommands</name>
     <message>
         <source>&amp;Scene</source>

@@ -1283,6 +1283,29 @@
     </message>
 </context>
 <context>
+    <name>scenewright::SceneChecks</name>
+    <message>
+        <source>What may not be meant in these scenes</source>
+        <translation>这些场景中可能并非本意的设置</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>场景 %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>To Check</source>
+        <translation>待检查</translation>
+    </message>
+    <message>
+        <source>%1 to check</source>
+        <translation>%1 项待检查</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::SceneCommands</name>
     <message>
         <source>&amp;Scene</source>

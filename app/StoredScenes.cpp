@@ -1,4 +1,4 @@
-#include "app/SceneEdits.h"
+#include "app/StoredScenes.h"
 
 #include "app/WindowAction.h"
 #include "bank/Edit.h"
@@ -28,33 +28,37 @@ void copyInto(SceneValue& stored, const SceneValue& scene) {
             setting.write(stored, member, setting.read(scene, member));
 }
 
-std::string SceneEdits::name(std::int32_t scene) {
+std::string StoredScenes::name(std::int32_t scene) {
     return nameAsText(stored(scene).commonValue()->SceneName()).value_or(std::string());
 }
 
-Result<void> SceneEdits::checkName(std::string_view name) {
+Result<void> StoredScenes::checkName(std::string_view name) {
     return storedNameOf(name).map([](const std::string&) {});
 }
 
-Result<void> SceneEdits::rename(std::int32_t scene, std::string_view name) {
+Result<void> StoredScenes::rename(std::int32_t scene, std::string_view name) {
     return storedNameOf(name).map(
         [scene](const std::string& bytes) { stored(scene).commonValue()->setSceneName(bytes); });
 }
 
-void SceneEdits::copy(std::int32_t from, std::int32_t to) {
+void StoredScenes::copy(std::int32_t from, std::int32_t to) {
     copyInto(stored(to), *copyOf({WindowAction::getSceneWithIndex(from)}).front());
 }
 
-void SceneEdits::swap(std::int32_t first, std::int32_t second) {
+void StoredScenes::swap(std::int32_t first, std::int32_t second) {
     const SceneList former = copyOf({WindowAction::getSceneWithIndex(first)});
     copy(second, first);
     copyInto(stored(second), *former.front());
 }
 
-void SceneEdits::reset(std::int32_t scene) {
+void StoredScenes::reset(std::int32_t scene) {
     const auto fresh = FileAction::GetSceneFromDefault();
     fresh->commonValue()->setSceneName(fmt::format("SCENE{}", scene + 1));
     copyInto(stored(scene), *fresh);
+}
+
+std::vector<Finding> StoredScenes::findings(const PopUpValue& lists) {
+    return findingsOf(lists, WindowAction::scenes());
 }
 
 } // namespace scenewright

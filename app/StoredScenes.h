@@ -1,23 +1,26 @@
-// Changes to whole scenes of the store: renamed, copied, swapped, reset. The values are written
-// into the stored scenes' own records, so that who holds a scene holds its new values. Scenes are
-// given by their index, 0 to 3. Main thread only.
+// What is done with whole scenes of the store: renamed, copied, swapped, reset, checked. The values
+// are written into the stored scenes' own records, so that who holds a scene holds its new values.
+// Scenes are given by their index, 0 to 3. Main thread only.
 #pragma once
 
+#include "bank/Check.h"
+#include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace scenewright {
 
 // Name and settings. A stored scene without controls gets those of the other.
 void copyInto(SceneValue& stored, const SceneValue& scene);
 
-class SceneEdits {
+class StoredScenes {
 public:
-    SceneEdits() = delete;
+    StoredScenes() = delete;
 
     // The scene's name as a person types it; empty for bytes that are no text.
     [[nodiscard]] static std::string name(std::int32_t scene);
@@ -29,6 +32,8 @@ public:
     static void swap(std::int32_t first, std::int32_t second);
     // To the default scene, named by its place as those of a new window are.
     static void reset(std::int32_t scene);
+    // What a player may not have meant in them.
+    [[nodiscard]] static std::vector<Finding> findings(const PopUpValue& lists);
 };
 
 } // namespace scenewright
