@@ -4,14 +4,17 @@
 setopt no_unset pipe_fail
 zmodload zsh/zpty
 
-usr=$1
+# A path with a blank, as a prefix may have.
+link=$(mktemp -d)
+ln -s ${1:A} "$link/the prefix"
+usr="$link/the prefix"
 program=$usr/bin/scenewright-cli
 help_words=${0:A:h}/help_words.py
 words_told=$($help_words $program)
 failures=0
 
 folder=$(mktemp -d)
-trap 'rm -rf $folder' EXIT
+trap 'rm -rf $folder $link' EXIT
 cd $folder
 mkdir folder
 touch mine.bank 'other one.bank' some.json letter.txt
@@ -19,7 +22,7 @@ touch mine.bank 'other one.bank' some.json letter.txt
 # The shell on the terminal: instead of adding matches to its line, it writes each into a file.
 cat > .zshrc <<SETUP
 PS1=
-fpath=($usr/share/zsh/vendor-completions \$fpath)
+fpath=(${(q)usr}/share/zsh/vendor-completions \$fpath)
 autoload -U compinit
 compinit -D -u
 zstyle ':completion:*' list-grouped no
@@ -65,7 +68,7 @@ told() {
 offered() {
     rm -f .offered .end
     touch .offered
-    zpty -w -n terminal "$program $1"$'\t\C-e\C-u'
+    zpty -w -n terminal "${(q)program} $1"$'\t\C-e\C-u'
     wait_for $folder/.end
     LC_ALL=C sort -u .offered
 }
