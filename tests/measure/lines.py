@@ -49,7 +49,7 @@ def gather(root: Path, build: Path) -> Counts:
         file["file"]: {
             line["line_number"]: line["count"]
             for line in file["lines"]
-            if not line["gcovr/noncode"] and not line.get("gcovr/excluded")
+            if not line.get("gcovr/noncode") and not line.get("gcovr/excluded")
         }
         for file in json.loads(told)["files"]
     }
