@@ -1,8 +1,10 @@
-// Changes by path: the first byte says whether the lines behind it are assignments to carry out or
-// two paths to copy between. The scenes that go in never change, a refused change changes nothing,
-// and a change that is made again changes nothing more.
+// Changes by path: the first byte says whether the lines behind it are assignments to carry out,
+// two paths to copy between, or a path to fill, with what and by which intervals. The scenes that
+// go in never change, a refused change changes nothing, and a change that is made again changes
+// nothing more.
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
+#include "bank/Fill.h"
 #include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
@@ -93,6 +95,22 @@ void fuzzCopy(std::string_view from, std::string_view to) {
     }
 }
 
+void fuzzFill(const std::vector<std::string>& lines) {
+    FillSteps steps;
+    if (lines.size() > 2)
+        steps.intervals = intervalsOf(lines[2]);
+    const auto fill = [&](const SceneList& list) {
+        return fillValues(optionLists(), list, lines.front(), lines.size() > 1 ? lines[1] : "",
+                          steps);
+    };
+    if (const auto made = checkEdit(fill, defaultScenes()))
+        for (const SettingPlace& place : settingsAt(*parsePath(lines.front())))
+            check(
+                !settingText(optionLists(), *(*made)[static_cast<std::size_t>(place.scene)], place)
+                     .title.empty(),
+                "filled with what the list does not have");
+}
+
 } // namespace
 
 } // namespace scenewright::fuzz
@@ -100,11 +118,13 @@ void fuzzCopy(std::string_view from, std::string_view to) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenewright::fuzz;
     Input input(data, size);
-    const bool isCopy = input.below(2) == 1;
+    const auto edit = input.below(3);
     const std::vector<std::string> lines = split(textOf(input.rest()), '\n');
-    if (isCopy)
+    if (edit == 0)
+        fuzzSet(lines);
+    else if (edit == 1)
         fuzzCopy(lines.front(), lines.size() > 1 ? lines[1] : "");
     else
-        fuzzSet(lines);
+        fuzzFill(lines);
     return 0;
 }

@@ -66,9 +66,9 @@ def json_edits() -> list[bytes]:
 
 
 PATHS = [
-    "scene1", "scene*", "scene1.common", "scene2.common.SceneName", "scene1.pad3.CR", "scene1.pad*.colour",
+    "scene1", "scene*", "scene1.common", "scene2.common.SceneName", "scene1.pad3.CR",
     "scene*.knob*.Enable", "scene4.key25.OnValue", "scene3.group4.MIDIChannel", "scene1.slider*",
-    "scene5", "scene1.pad9", "scene1.pad1.Nothing", "scene", "",
+    "scene5", "scene1.pad9", "scene1.pad1.Nothing", "scene", "", "scene1.pad*.colour",
 ]  # fmt: skip
 
 ASSIGNMENTS = [
@@ -87,10 +87,16 @@ COPIES = [
 ]  # fmt: skip
 
 
+FILLS = [
+    "scene1.pad*\nC2", "scene*.key*\nD3\n2,1,2,2,2,1,2", "scene1.pad*\ncc:20\n-1",
+    "scene1.pad*\nch:10", "scene1.pad*.colour\n#ff0000..#ffff00", "scene1.pad*\n#ff0000,#00ff00",
+    "scene*.pad*.colour\nsafe", "scene1.knob*\nsustain", "scene1.key*\nC9", "scene1\n5",
+]  # fmt: skip
+
+
 def edits() -> list[bytes]:
-    return [b"\0" + text.encode() for text in ASSIGNMENTS] + [
-        b"\1" + text.encode() for text in COPIES
-    ]
+    kinds = enumerate((ASSIGNMENTS, COPIES, FILLS))
+    return [bytes([kind]) + text.encode() for kind, texts in kinds for text in texts]
 
 
 def bank_pairs() -> list[bytes]:
