@@ -1,6 +1,8 @@
 #include "editor/ControlDescription.h"
 
 #include "model/Control.h"
+#include "model/ControlOutput.h"
+#include "model/MidiNames.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 
@@ -176,6 +178,16 @@ std::string describeControl(const PopUpValue& lists, const SceneValue& scene, st
         separator = ", ";
     }
     return text;
+}
+
+std::string describeOutput(const PopUpValue& lists, const SceneValue& scene, std::int32_t index) {
+    const auto output = controlOutput(scene, index);
+    if (output)
+        return translated(sourceText("scenewright::Control", "Sends {0} on channel {1}"),
+                          outputName(lists, *output), output->channel + 1);
+    if (output.error() == Silence::Group || output.error() == Silence::NoControl)
+        return {};
+    return translated(sourceText("scenewright::Control", "Sends nothing"));
 }
 
 Colour padColour(const ButtonValue& record) {

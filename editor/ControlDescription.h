@@ -30,6 +30,11 @@ namespace scenewright {
 [[nodiscard]] std::string describeControl(const PopUpValue& lists, const SceneValue& scene,
                                           std::int32_t index);
 
+// What the control sends, by MIDI's own names: "Sends CC 74 Brightness on channel 1", "Sends
+// nothing". Empty for the scene's own settings, a group, and an index without a record.
+[[nodiscard]] std::string describeOutput(const PopUpValue& lists, const SceneValue& scene,
+                                         std::int32_t index);
+
 // The light of a pad: its levels of 0 to 127 scaled to full; levels outside are taken as the
 // nearest end.
 [[nodiscard]] Colour padColour(const ButtonValue& record);

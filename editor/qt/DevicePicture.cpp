@@ -158,7 +158,9 @@ ControlButton* DevicePicture::button(std::int32_t tag) const {
 
 void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) {
     for (ControlButton* made : buttons_) {
-        made->setSummary(shown(describeControl(lists, scene, made->tag())));
+        const std::string sends = describeOutput(lists, scene, made->tag());
+        made->setSummary(shown(describeControl(lists, scene, made->tag()) +
+                               (sends.empty() ? "" : "\n" + sends)));
         if (made->image() && !hasKeyboard())
             setTabStop(*made);
         const auto position = static_cast<std::size_t>(made->tag() - 1);

@@ -20,6 +20,7 @@ SceneChecks::SceneChecks(MainWindow& window, History& history)
     badge_->setFlat(true);
     badge_->setAutoDefault(false);
     badge_->setToolTip(tr("What may not be meant in these scenes"));
+    badge_->setAccessibleName(badge_->toolTip());
     badge_->hide();
     window.status().addMark(*badge_);
     connect(badge_, &QPushButton::clicked, this, &SceneChecks::showList);

@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -77,7 +78,15 @@ void ValuePanes::makePane(ControlKind kind) {
     column.setSpacing(6);
     body.heading = &makeChild<QLabel>(body.frame);
     body.heading->setProperty("role", "heading");
-    column.addWidget(body.heading);
+    body.sends = &makeChild<QLabel>(body.frame);
+    body.sends->setProperty("role", "field");
+    body.sends->setAccessibleName(tr("What it sends"));
+    body.sends->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto top = std::make_unique<QHBoxLayout>();
+    top->addWidget(body.heading);
+    top->addStretch(1);
+    top->addWidget(body.sends);
+    column.addLayout(top.release()); // the column owns it from here
     auto fields = std::make_unique<QGridLayout>();
     body.fields = fields.get();
     column.addLayout(fields.release()); // the column owns it from here
@@ -121,12 +130,17 @@ void ValuePanes::connectTo(ViewController& view) {
 }
 
 void ValuePanes::show(const ViewController& view) {
-    for (const Body& body : bodies_)
-        body.heading->setText(shown(controlName(std::max(0, view.selectControl()))));
+    const std::int32_t index = view.selectControl();
+    const QString sends =
+        view.pu() ? shown(describeOutput(*view.pu(), *view.sceneValue(), index)) : QString();
+    for (const Body& body : bodies_) {
+        body.heading->setText(shown(controlName(std::max(0, index))));
+        body.sends->setText(sends);
+        body.sends->setAccessibleName(sends.isEmpty() ? tr("What it sends") : sends);
+    }
     hint_->setVisible(
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
     giveKeyboardBack();
-    const std::int32_t index = view.selectControl();
     const ControlRange& pads = controlRange(ControlKind::Pad);
     const auto& records = view.sceneValue()->buttonValueArray();
     if (index >= pads.start && index < pads.end() && std::cmp_less_equal(index, records.size()))

@@ -49,6 +49,7 @@ private:
     struct Body {
         PaneFrame* frame = nullptr;
         QLabel* heading = nullptr;
+        QLabel* sends = nullptr; // beside it, by MIDI's own names
         QGridLayout* fields = nullptr;
         QString taken; // mnemonics in use
         int count = 0;

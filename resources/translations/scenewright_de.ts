@@ -442,6 +442,14 @@
         <source>blue {}</source>
         <translation>Blau {}</translation>
     </message>
+    <message>
+        <source>Sends {0} on channel {1}</source>
+        <translation>Sendet {0} auf Kanal {1}</translation>
+    </message>
+    <message>
+        <source>Sends nothing</source>
+        <translation>Sendet nichts</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -1488,6 +1496,10 @@
         <source>fesdvhw</source>
         <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
         <translation>dbsgahz</translation>
+    </message>
+    <message>
+        <source>What it sends</source>
+        <translation>Was es sendet</translation>
     </message>
 </context>
 </TS>

@@ -442,6 +442,14 @@
         <source>blue {}</source>
         <translation>azul {}</translation>
     </message>
+    <message>
+        <source>Sends {0} on channel {1}</source>
+        <translation>Envía {0} por el canal {1}</translation>
+    </message>
+    <message>
+        <source>Sends nothing</source>
+        <translation>No envía nada</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -1488,6 +1496,10 @@
         <source>fesdvhw</source>
         <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
         <translation>aesdvum</translation>
+    </message>
+    <message>
+        <source>What it sends</source>
+        <translation>Qué envía</translation>
     </message>
 </context>
 </TS>

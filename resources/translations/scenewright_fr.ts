@@ -442,6 +442,14 @@
         <source>blue {}</source>
         <translation>bleu {}</translation>
     </message>
+    <message>
+        <source>Sends {0} on channel {1}</source>
+        <translation>Envoie {0} sur le canal {1}</translation>
+    </message>
+    <message>
+        <source>Sends nothing</source>
+        <translation>N’envoie rien</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -1488,6 +1496,10 @@
         <source>fesdvhw</source>
         <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
         <translation>fdsacih</translation>
+    </message>
+    <message>
+        <source>What it sends</source>
+        <translation>Ce qu’il envoie</translation>
     </message>
 </context>
 </TS>

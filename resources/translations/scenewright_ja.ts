@@ -442,6 +442,14 @@
         <source>blue {}</source>
         <translation>青 {}</translation>
     </message>
+    <message>
+        <source>Sends {0} on channel {1}</source>
+        <translation>チャンネル {1} で {0} を送信</translation>
+    </message>
+    <message>
+        <source>Sends nothing</source>
+        <translation>何も送信しません</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -1488,6 +1496,10 @@
         <source>fesdvhw</source>
         <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
         <translation>fesdvhw</translation>
+    </message>
+    <message>
+        <source>What it sends</source>
+        <translation>送信する内容</translation>
     </message>
 </context>
 </TS>

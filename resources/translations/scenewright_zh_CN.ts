@@ -442,6 +442,14 @@
         <source>blue {}</source>
         <translation>蓝 {}</translation>
     </message>
+    <message>
+        <source>Sends {0} on channel {1}</source>
+        <translation>在通道 {1} 上发送 {0}</translation>
+    </message>
+    <message>
+        <source>Sends nothing</source>
+        <translation>不发送任何内容</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -1488,6 +1496,10 @@
         <source>fesdvhw</source>
         <extracomment>The letters marked in the menu bar and in &quot;Show&quot;, in any order.</extracomment>
         <translation>fesdvhw</translation>
+    </message>
+    <message>
+        <source>What it sends</source>
+        <translation>发送的内容</translation>
     </message>
 </context>
 </TS>

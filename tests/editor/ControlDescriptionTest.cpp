@@ -57,6 +57,25 @@ TEST_F(ControlDescription, SaysOnAndOffValuesOfAController) {
               "off select127:2");
 }
 
+// A group and the scene's own settings send nothing of their own, and nothing is said of it.
+TEST_F(ControlDescription, SaysWhatIsSentByMidisNames) {
+    loaded();
+    ButtonValue& knob = record(5);
+    knob.setEnable(1);
+    knob.setMIDIChannel(2);
+    record(1).setMIDIChannel(2);
+    knob.setCCOrNoteNumber(74);
+    record(13).setAssignType(0);
+    const auto say = [&](std::int32_t index) {
+        return describeOutput(*view.pu(), *view.sceneValue(), index);
+    };
+    EXPECT_EQ(say(5), "Sends CC 74 Brightness on channel 3");
+    EXPECT_EQ(say(13), "Sends nothing");
+    EXPECT_EQ(say(0), "");
+    EXPECT_EQ(say(1), "");
+    EXPECT_EQ(say(46), "");
+}
+
 TEST_F(ControlDescription, SaysThatAControlIsOff) {
     loaded();
     record(5).setEnable(0);
