@@ -7,6 +7,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 namespace scenewright {
 
@@ -62,13 +64,32 @@ std::vector<Difference> differences(const PopUpValue& lists, const SceneList& fi
     return list;
 }
 
-std::string differenceWords(const Difference& difference) {
+DifferenceTexts valuesInWords(const Difference& difference) {
     const SettingText& first = difference.first;
     const SettingText& second = difference.second;
     const bool isAmbiguous = !first.title.empty() && first.title == second.title;
+    return {isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
+            isAmbiguous ? shownWithNumber(second) : shown(difference.place, second)};
+}
+
+std::string differenceWords(const Difference& difference) {
+    const DifferenceTexts values = valuesInWords(difference);
     return translated(sourceText("scenewright::Bank", "{0}: {1} -> {2}"), wordsOf(difference.place),
-                      isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
-                      isAmbiguous ? shownWithNumber(second) : shown(difference.place, second));
+                      values.first, values.second);
+}
+
+void writeFirst(const Difference& difference, const SceneList& scenes) {
+    const SettingPlace& place = difference.place;
+    if (std::cmp_greater_equal(place.scene, scenes.size()))
+        return;
+    const SceneValue& scene = *scenes[static_cast<std::size_t>(place.scene)];
+    const std::string& value = difference.first.value;
+    if (!place.isName())
+        return place.setting->write(scene, place.control, std::stoi(value));
+    const auto name = value.starts_with(kBytesMark) ? nameOfHex(value.substr(kBytesMark.size()))
+                                                    : nameOfText(value);
+    if (name && scene.commonValue())
+        scene.commonValue()->setSceneName(*name);
 }
 
 std::string differenceLine(const Difference& difference) {

@@ -22,6 +22,18 @@ struct Difference {
 [[nodiscard]] std::vector<Difference> differences(const PopUpValue& lists, const SceneList& first,
                                                   const SceneList& second);
 
+// The two values as a person reads them: their titles, with the numbers where both have the same
+// one; a value without a title as its number in parentheses; a name in quotation marks.
+struct DifferenceTexts {
+    std::string first;
+    std::string second;
+};
+[[nodiscard]] DifferenceTexts valuesInWords(const Difference& difference);
+
+// Writes the first bank's value into the scenes' own record, as an edit does. A record that the
+// scenes do not hold is passed over.
+void writeFirst(const Difference& difference, const SceneList& scenes);
+
 // "Scene 1, Pad 3, Type: CC -> Note"; a value without a title stands as its number in parentheses.
 // In the person's language but for the options' titles.
 [[nodiscard]] std::string differenceWords(const Difference& difference);

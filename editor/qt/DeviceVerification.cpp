@@ -1,7 +1,7 @@
 #include "editor/qt/DeviceVerification.h"
 
 #include "editor/qt/BlockedInput.h"
-#include "editor/qt/Dialogs.h"
+#include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <utility>
@@ -72,12 +72,22 @@ void DeviceVerification::compareFor(DeviceOperation operation) {
                                 .text = shown(comparisonText(DeviceOperation::Compare, 0))});
         return;
     }
-    QStringList lines;
-    for (const Difference& difference : comparison.differences)
-        lines.append(shown(differenceWords(difference)));
-    auto& dialog = makeChild<DifferenceDialog>(lines, &window_);
+    showDifferences(std::move(comparison.differences));
+}
+
+void DeviceVerification::showDifferences(std::vector<Difference> differences) {
+    auto& dialog = makeChild<DifferenceDialog>(std::move(differences), &window_);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
+    connect(&dialog, &DifferenceDialog::chosen, &window_, &MainWindow::showControl);
+    connect(&dialog, &DifferenceDialog::takeWanted, this, &DeviceVerification::take);
+    connect(&dialog, &DifferenceDialog::sendWanted, &window_.commands(), &DeviceCommands::send);
     dialog.open();
+}
+
+void DeviceVerification::take(const std::vector<Difference>& differences) {
+    for (const Difference& difference : differences)
+        writeFirst(difference, WindowAction::scenes());
+    window_.view().showChosenControl();
 }
 
 void DeviceVerification::postOutcome(DeviceOperation operation, const Outcome& outcome,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/OutcomeText.h"
+#include "bank/Difference.h"
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"
@@ -12,6 +13,7 @@
 #include <QObject>
 
 #include <optional>
+#include <vector>
 
 namespace scenewright {
 
@@ -29,7 +31,12 @@ public:
     [[nodiscard]] QAction& compareAction() { return *compare_; }
     [[nodiscard]] QAction& verifyAction() { return *verify_; }
 
+    // A dialog of what the controller holds otherwise, its values first.
+    void showDifferences(std::vector<Difference> differences);
+
 private:
+    // Puts the controller's values into the stored scenes.
+    void take(const std::vector<Difference>& differences);
     QAction* addAction(const QString& title, const QString& keys,
                        void (DeviceVerification::*command)());
     void compareFor(DeviceOperation operation);

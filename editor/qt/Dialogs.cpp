@@ -11,7 +11,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr QSize kListSize(560, 420);
 constexpr QSize kDetailsSize(520, 220);
 
 } // namespace
@@ -57,38 +56,6 @@ NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(par
     connect(&close, &QPushButton::clicked, this, &QDialog::accept);
     column.addWidget(&close, 0, Qt::AlignRight);
     resize(kDetailsSize);
-}
-
-DifferenceDialog::DifferenceDialog(const QStringList& lines, QWidget* parent)
-    : QDialog(parent), text_(&makeChild<QPlainTextEdit>(this)) {
-    setWindowTitle(tr("Differences"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(22, 18, 22, 16);
-    column.setSpacing(10);
-    const QString count =
-        lines.size() == 1
-            ? tr("One setting of the controller is not what you see.")
-            : tr("%1 settings of the controller are not what you see.").arg(lines.size());
-    auto& heading = makeChild<QLabel>(count, this);
-    heading.setProperty("role", "heading");
-    column.addWidget(&heading);
-    column.addWidget(&makeChild<QLabel>(tr("What the controller holds -> what you see:"), this));
-    text_->setReadOnly(true);
-    text_->setTabChangesFocus(true);
-    text_->setAccessibleName(tr("Differences"));
-    text_->setPlainText(lines.join(QLatin1Char('\n')));
-    column.addWidget(text_, 1);
-    auto& close = makeChild<QPushButton>(tr("&Close"), this);
-    close.setAccessibleName(tr("Close"));
-    close.setDefault(true);
-    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
-    column.addWidget(&close, 0, Qt::AlignRight);
-    resize(kListSize);
-}
-
-QStringList DifferenceDialog::lines() const {
-    return text_->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 } // namespace scenewright

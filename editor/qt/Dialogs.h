@@ -1,10 +1,7 @@
-// The dialogs: what the program is, and what differs between the controller and the window.
+// The small dialogs: what the program is, and the whole text of a notice.
 #pragma once
 
 #include <QDialog>
-#include <QStringList>
-
-class QPlainTextEdit;
 
 namespace scenewright {
 
@@ -22,19 +19,6 @@ class NoticeDetails final : public QDialog {
 
 public:
     NoticeDetails(const QString& text, QWidget* parent);
-};
-
-// What differs between the controller and the window, a line each.
-class DifferenceDialog final : public QDialog {
-    Q_OBJECT
-
-public:
-    DifferenceDialog(const QStringList& lines, QWidget* parent);
-
-    [[nodiscard]] QStringList lines() const;
-
-private:
-    QPlainTextEdit* text_ = nullptr;
 };
 
 } // namespace scenewright

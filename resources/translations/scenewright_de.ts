@@ -547,16 +547,68 @@
         <translation>%1 Einstellungen des Controllers sind anders als angezeigt.</translation>
     </message>
     <message>
-        <source>What the controller holds -&gt; what you see:</source>
-        <translation>Inhalt des Controllers -&gt; Anzeige:</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>&amp;Schließen</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Szene %1, %2</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Szenenname</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Bedienelement</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>Keyboard</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Taking changes the window alone. A send transmits the four scenes whole.</source>
+        <translation>Übernehmen ändert nur das Fenster. Senden überträgt alle vier Szenen ganz.</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>&amp;Take the Keyboard&apos;s</source>
+        <translation>Vom Keyboard ü&amp;bernehmen</translation>
+    </message>
+    <message>
+        <source>Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected</source>
+        <translation>Übernimmt ins Fenster, was das Keyboard enthält: die gewählten Zeilen, oder alle, wenn keine gewählt ist</translation>
+    </message>
+    <message>
+        <source>&amp;Send These</source>
+        <translation>Diese se&amp;nden</translation>
+    </message>
+    <message>
+        <source>Sends the four scenes of the window, whole</source>
+        <translation>Sendet die vier Szenen des Fensters ganz</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as Text</source>
+        <translation>Als &amp;Text kopieren</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all</source>
+        <translation>Kopiert die gewählten Zeilen, oder alle</translation>
     </message>
 </context>
 <context>

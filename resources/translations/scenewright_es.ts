@@ -547,16 +547,68 @@
         <translation>%1 ajustes del controlador no coinciden con lo que ve.</translation>
     </message>
     <message>
-        <source>What the controller holds -&gt; what you see:</source>
-        <translation>Lo que contiene el controlador -&gt; lo que ve:</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>&amp;Cerrar</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Cerrar</translation>
+        <source>Scene %1</source>
+        <translation>Escena %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Escena %1, %2</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Nombre de la escena</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Control</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Ajuste</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>Teclado</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Ventana</translation>
+    </message>
+    <message>
+        <source>Taking changes the window alone. A send transmits the four scenes whole.</source>
+        <translation>Tomar cambia solo la ventana. Un envío transmite las cuatro escenas enteras.</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Acciones</translation>
+    </message>
+    <message>
+        <source>&amp;Take the Keyboard&apos;s</source>
+        <translation>&amp;Tomar lo del teclado</translation>
+    </message>
+    <message>
+        <source>Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected</source>
+        <translation>Pone en la ventana lo que tiene el teclado: las filas elegidas, o todas si no hay ninguna elegida</translation>
+    </message>
+    <message>
+        <source>&amp;Send These</source>
+        <translation>&amp;Enviar estas</translation>
+    </message>
+    <message>
+        <source>Sends the four scenes of the window, whole</source>
+        <translation>Envía enteras las cuatro escenas de la ventana</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as Text</source>
+        <translation>Co&amp;piar como texto</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all</source>
+        <translation>Copia las filas elegidas, o todas</translation>
     </message>
 </context>
 <context>

@@ -547,16 +547,68 @@
         <translation>%1 réglages du contrôleur diffèrent de ce que vous voyez.</translation>
     </message>
     <message>
-        <source>What the controller holds -&gt; what you see:</source>
-        <translation>Contenu du contrôleur -&gt; ce que vous voyez :</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>&amp;Fermer</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Fermer</translation>
+        <source>Scene %1</source>
+        <translation>Scène %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Scène %1, %2</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>Nom de la scène</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Contrôle</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Réglage</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>Clavier</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenêtre</translation>
+    </message>
+    <message>
+        <source>Taking changes the window alone. A send transmits the four scenes whole.</source>
+        <translation>Reprendre ne change que la fenêtre. Un envoi transmet les quatre scènes entières.</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Actions</translation>
+    </message>
+    <message>
+        <source>&amp;Take the Keyboard&apos;s</source>
+        <translation>&amp;Reprendre du clavier</translation>
+    </message>
+    <message>
+        <source>Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected</source>
+        <translation>Met dans la fenêtre ce que contient le clavier : les lignes choisies, ou toutes si aucune ne l’est</translation>
+    </message>
+    <message>
+        <source>&amp;Send These</source>
+        <translation>&amp;Envoyer celles-ci</translation>
+    </message>
+    <message>
+        <source>Sends the four scenes of the window, whole</source>
+        <translation>Envoie entières les quatre scènes de la fenêtre</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as Text</source>
+        <translation>&amp;Copier en texte</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all</source>
+        <translation>Copie les lignes choisies, ou toutes</translation>
     </message>
 </context>
 <context>

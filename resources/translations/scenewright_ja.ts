@@ -547,16 +547,68 @@
         <translation>コントローラーの設定が %1 個、表示と異なります。</translation>
     </message>
     <message>
-        <source>What the controller holds -&gt; what you see:</source>
-        <translation>コントローラーの内容 -&gt; 表示の内容:</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>閉じる(&amp;C)</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>閉じる</translation>
+        <source>Scene %1</source>
+        <translation>シーン %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>シーン %1、%2</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>シーン名</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>コントロール</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>キーボード</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>ウィンドウ</translation>
+    </message>
+    <message>
+        <source>Taking changes the window alone. A send transmits the four scenes whole.</source>
+        <translation>取り込みはウィンドウだけを変えます。送信は 4 つのシーン全体を送ります。</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>&amp;Take the Keyboard&apos;s</source>
+        <translation>キーボードの値を取り込む(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected</source>
+        <translation>キーボードの内容をウィンドウに取り込みます。選択した行、選択がなければすべての行です</translation>
+    </message>
+    <message>
+        <source>&amp;Send These</source>
+        <translation>これを送信(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sends the four scenes of the window, whole</source>
+        <translation>ウィンドウの 4 つのシーン全体を送信します</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as Text</source>
+        <translation>テキストとしてコピー(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all</source>
+        <translation>選択した行、またはすべての行をコピーします</translation>
     </message>
 </context>
 <context>

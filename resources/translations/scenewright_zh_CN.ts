@@ -547,16 +547,68 @@
         <translation>控制器有 %1 项设置与您看到的不同。</translation>
     </message>
     <message>
-        <source>What the controller holds -&gt; what you see:</source>
-        <translation>控制器中的内容 -&gt; 您看到的内容:</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>关闭(&amp;C)</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>关闭</translation>
+        <source>Scene %1</source>
+        <translation>场景 %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>场景 %1,%2</translation>
+    </message>
+    <message>
+        <source>Scene name</source>
+        <translation>场景名称</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>控件</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Taking changes the window alone. A send transmits the four scenes whole.</source>
+        <translation>采用只更改窗口。发送会传输全部四个场景。</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>&amp;Take the Keyboard&apos;s</source>
+        <translation>采用键盘的值(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected</source>
+        <translation>将键盘中的内容放入窗口：所选的行；未选择时为全部</translation>
+    </message>
+    <message>
+        <source>&amp;Send These</source>
+        <translation>发送这些(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sends the four scenes of the window, whole</source>
+        <translation>发送窗口中的全部四个场景</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as Text</source>
+        <translation>复制为文本(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all</source>
+        <translation>复制所选的行，或全部</translation>
     </message>
 </context>
 <context>

@@ -27,6 +27,13 @@ std::vector<std::string> linesAfter(const std::vector<std::string>& assignments)
 
 using Lines = std::vector<std::string>;
 
+Lines linesBetween(const PopUpValue& lists, const SceneList& first, const SceneList& second) {
+    Lines lines;
+    for (const Difference& difference : differences(lists, first, second))
+        lines.push_back(differenceLine(difference));
+    return lines;
+}
+
 } // namespace
 
 TEST(Difference, EqualBanksHaveNone) {
@@ -49,6 +56,25 @@ TEST(Difference, LineTellsPathWordsAndBothTitles) {
            "scene3.common.SceneName  Scene 3, Name: \"bytes:ff00410a0000000000000042\" -> "
            "\"STAGE\""}})
         EXPECT_EQ(linesAfter({assignment}), Lines{line});
+}
+
+TEST(Difference, WritingTheFirstValuesTakesEveryDifferenceAway) {
+    const auto held = loadPopUpValue();
+    const PopUpValue& lists = *held;
+    for (const std::vector<std::string>& assignments :
+         {Lines{"scene1.common.GlobalMIDICh=1"},
+          Lines{"scene3.pad3.CR=127", "scene1.knob*.Enable=0"},
+          Lines{"scene1.common.KeyTranspose=raw:100"}, Lines{"scene4.common.SceneName=STAGE"},
+          Lines{"scene3.common.SceneName=STAGE"}}) {
+        const SceneList scenes = setValues(lists, knownScenes(), assignments).value();
+        const std::vector<Difference> list = differences(lists, knownScenes(), scenes);
+        EXPECT_FALSE(list.empty());
+        for (const Difference& difference : list)
+            writeFirst(difference, scenes);
+        EXPECT_EQ(linesBetween(lists, knownScenes(), scenes), Lines{}) << assignments[0];
+        for (const Difference& difference : list)
+            writeFirst(difference, {}); // holds no record: passed over
+    }
 }
 
 // The index is told beside a title that is another number, or none.

@@ -1,8 +1,11 @@
-#include "editor/qt/Dialogs.h"
+#include "bank/SettingText.h"
+#include "editor/qt/DifferenceDialog.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/NoMoreThreads.h"
 
+#include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 namespace scenewright::testing {
 
@@ -50,6 +53,30 @@ TEST_F(DeviceVerificationTest, DifferencesAreListedAndTheScenesStay) {
     EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
     EXPECT_EQ(record(kPad).CR(), 12);
     EXPECT_TRUE(earlier().list().empty());
+}
+
+TEST_F(DeviceVerificationTest, WhatTheKeyboardHoldsIsTakenOverAsAStepThatCanBeUndone) {
+    const std::int32_t held = record(kPad).CR();
+    const std::string name = WindowAction::getSceneWithIndex(1)->commonValue()->SceneName();
+    record(kPad).setCR(12);
+    WindowAction::getSceneWithIndex(1)->commonValue()->setSceneName("Live");
+    window().view().showChosenControl();
+    press(Qt::Key_D);
+    auto* dialog = window().findChild<DifferenceDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    ASSERT_EQ(dialog->lines().size(), 2);
+    dialog->table().setCurrentItem(dialog->table().topLevelItem(0));
+    EXPECT_EQ(window().view().selectControl(), kPad);
+    dialog->table().clearSelection();
+    emit dialog->findChildren<QPushButton*>().front()->clicked();
+    EXPECT_EQ(record(kPad).CR(), held);
+    EXPECT_EQ(window().panes().popUp("padCR").currentIndex(), held);
+    EXPECT_EQ(nameAsText(WindowAction::getSceneWithIndex(1)->commonValue()->SceneName()),
+              nameAsText(name));
+    commands().history().undoAction().trigger();
+    EXPECT_EQ(record(kPad).CR(), 12);
+    press(Qt::Key_D);
+    EXPECT_EQ(controller->sendsEnded(), 0U);
 }
 
 TEST_F(DeviceVerificationTest, WithoutAControllerTheCauseIsToldAndTheScenesStay) {

@@ -3,6 +3,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankJson.h"
 #include "editor/qt/Dialogs.h"
+#include "editor/qt/DifferenceDialog.h"
 #include "model/Setting.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/editor-qt-files/WideTexts.h"

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QTreeWidget>
 
 #include <algorithm>
 #include <string>
@@ -52,6 +53,12 @@ void appendTexts(const QWidget& widget, QStringList& texts) {
         texts << button->text();
     if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&widget))
         texts << edit->toPlainText().split(QLatin1Char('\n')) << edit->placeholderText();
+    if (const auto* table = qobject_cast<const QTreeWidget*>(&widget))
+        for (int column = 0; column < table->columnCount(); ++column) {
+            texts << table->headerItem()->text(column);
+            for (int row = 0; row < table->topLevelItemCount(); ++row)
+                texts << table->topLevelItem(row)->text(column);
+        }
     if (const auto* menu = qobject_cast<const QMenu*>(&widget))
         texts << menu->title();
     for (const QAction* action : widget.actions())

@@ -56,28 +56,6 @@ TEST(About, ReturnClosesIt) {
     EXPECT_FALSE(about.isVisible());
 }
 
-TEST(DifferenceDialog, CountsWhatItLists) {
-    EXPECT_EQ(labels(DifferenceDialog({"a"}, nullptr))[0],
-              "One setting of the controller is not what you see.");
-    EXPECT_EQ(labels(DifferenceDialog({"a", "b"}, nullptr))[0],
-              "2 settings of the controller are not what you see.");
-}
-
-TEST(DifferenceDialog, IsWiderThanHigh) {
-    EXPECT_EQ(DifferenceDialog({"a"}, nullptr).size(), QSize(560, 420));
-}
-
-TEST(DifferenceDialog, ItsTextTakesNoKeysAndLetsTabPass) {
-    DifferenceDialog dialog({"a", "b"}, nullptr);
-    put(dialog);
-    auto* text = dialog.findChild<QPlainTextEdit*>();
-    text->setFocus();
-    QTest::keyClick(text, Qt::Key_X);
-    EXPECT_EQ(dialog.lines(), (QStringList{"a", "b"}));
-    QTest::keyClick(text, Qt::Key_Tab);
-    EXPECT_TRUE(dialog.findChild<QPushButton*>()->hasFocus());
-}
-
 Notice noticeOf(Notice::Source source, const QString& text,
                 std::vector<NoticeAction> actions = {}) {
     return {.source = source, .text = text, .actions = std::move(actions)};

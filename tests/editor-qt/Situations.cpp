@@ -3,6 +3,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "editor/qt/Dialogs.h"
+#include "editor/qt/DifferenceDialog.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
