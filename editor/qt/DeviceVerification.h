@@ -2,8 +2,8 @@
 // afterwards, and the notice after a command that did not do everything.
 #pragma once
 
+#include "app/DeviceSession.h"
 #include "app/OutcomeText.h"
-#include "bank/Difference.h"
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"

@@ -2,6 +2,7 @@
 
 #include "app/SceneChanges.h"
 #include "editor/ControlDescription.h"
+#include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QClipboard>
@@ -24,6 +25,7 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kDialogSize(680, 440);
+constexpr int kBetweenColumns = 18;
 
 QString controlWords(const SettingPlace& place) {
     if (place.kind == ControlKind::Common)
@@ -52,6 +54,7 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
     column.addWidget(count_);
     table_->setAccessibleName(windowTitle());
     table_->setHeaderLabels({tr("Control"), tr("Setting"), tr("Keyboard"), tr("Window")});
+    table_->setItemDelegate(&makeChild<RowDelegate>(table_));
     table_->setRootIsDecorated(false);
     table_->setAllColumnsShowFocus(true);
     table_->setUniformRowHeights(true);
@@ -116,6 +119,8 @@ void DifferenceDialog::fill() {
     table_->addTopLevelItems(rows); // which owns them from here
     for (int column = 0; column < table_->columnCount(); ++column)
         table_->resizeColumnToContents(column);
+    for (int column = 0; column < table_->columnCount() - 1; ++column)
+        table_->setColumnWidth(column, table_->columnWidth(column) + kBetweenColumns);
     take_->setEnabled(!differences_.empty());
     showCount();
 }

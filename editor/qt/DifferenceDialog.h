@@ -1,7 +1,7 @@
 // What differs between the keyboard and the window, a row each.
 #pragma once
 
-#include "bank/Difference.h"
+#include "app/DeviceSession.h"
 
 #include <QDialog>
 #include <QStringList>
