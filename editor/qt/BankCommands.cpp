@@ -49,8 +49,9 @@ QString inMenu(QString text) {
 
 } // namespace
 
-BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& history)
-    : window_(window), files_(std::move(files)), history_(history) {
+BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& history,
+                           Document& document)
+    : window_(window), files_(std::move(files)), history_(history), document_(document) {
     using Mode = QFileDialog::AcceptMode;
     const QString bankSuffix = QStringLiteral("bank.json");
     const QString sceneSuffix = QStringLiteral("scene.json");
@@ -133,7 +134,7 @@ QString BankCommands::openStep(const QString& file) {
 
 void BankCommands::openBank(const QString& file) {
     if (showOutcome(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
-        RecentFiles::add(file);
+        follow(file);
 }
 
 void BankCommands::openAtStart(const QString& file) {
@@ -146,14 +147,19 @@ void BankCommands::openAtStart(const QString& file) {
     if (isScene)
         RecentFiles::setFolderOf(absolute);
     else
-        RecentFiles::add(absolute);
+        follow(absolute);
 }
 
 void BankCommands::saveBank(const QString& file) {
     const auto saved = files_.saveBank(pathOf(file), *window_.view().pu());
     showSaved(saved, file);
     if (saved)
-        RecentFiles::add(file);
+        follow(file);
+}
+
+void BankCommands::follow(const QString& file) {
+    RecentFiles::add(file);
+    document_.set(file);
 }
 
 void BankCommands::openScene(const QString& file) {
@@ -177,6 +183,14 @@ void BankCommands::restoreLatest() {
 
 void BankCommands::bringBack(const EarlierScenes::Entry& entry, const QString& done) {
     showOutcome(StoreFiles::Opened{.kept = files_.bringBack(entry)}, done, tr("Bring Back Scenes"));
+    document_.forget();
+}
+
+void BankCommands::bringBackEdited(const EditedScenes& scenes) {
+    EarlierScenes::Entry entry;
+    entry.image = scenes.image;
+    bringBack(entry, tr("Brought back the edited scenes"));
+    document_.setUnsaved(shown(scenes.file));
 }
 
 bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,

@@ -2,7 +2,9 @@
 // scenes of earlier times. None of them needs a controller or sends anything.
 #pragma once
 
+#include "app/Recovery.h"
 #include "app/StoreFiles.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 
@@ -13,12 +15,15 @@
 
 namespace scenewright {
 
-// Window and history outlive the commands. Main thread only.
+// Window, history and document outlive the commands. Main thread only.
 class BankCommands final : public QObject {
     Q_OBJECT
 
 public:
-    BankCommands(MainWindow& window, StoreFiles files, History& history);
+    BankCommands(MainWindow& window, StoreFiles files, History& history, Document& document);
+
+    [[nodiscard]] Document& document() { return document_; }
+    [[nodiscard]] const Document& document() const { return document_; }
 
     // Files that nothing is to be saved in, as the program writes to them.
     void setUsed(std::vector<NamedFile> files) { files_.setUsed(std::move(files)); }
@@ -35,6 +40,8 @@ public:
     void bringBack(const EarlierScenes::Entry& entry, const QString& done);
     // The newest of the earlier scenes that are not those shown.
     void restoreLatest();
+    // Scenes that an ended program has left, and their file.
+    void bringBackEdited(const EditedScenes& scenes);
     [[nodiscard]] bool hasEarlier() const { return files_.newestOther().has_value(); }
 
     [[nodiscard]] const EarlierScenes& earlier() const { return files_.earlier(); }
@@ -63,6 +70,8 @@ private:
     void addFileEntry(const FileEntry& entry);
     QMenu& addMenu(const QString& title, const QString& name);
     void askForFile(const FileEntry& entry);
+    // The scenes belong to the file from now on.
+    void follow(const QString& file);
     void fillRecent();
     void fillEarlier();
     static QMenu& olderMenu(QMenu& menu);
@@ -78,6 +87,7 @@ private:
     MainWindow& window_;
     StoreFiles files_;
     History& history_;
+    Document& document_;
     QMenu* recent_ = nullptr; // children of the File menu
     QMenu* earlier_ = nullptr;
 };

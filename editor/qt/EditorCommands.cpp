@@ -75,11 +75,14 @@ void ControlCommands::update() {
 }
 
 EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files,
-                               SendJournal journal)
+                               SendJournal journal, std::shared_ptr<Recovery> recovery)
     : window_(window), keyboard_(&makeChild<KeyboardWatch>(std::move(look), &window.status())),
-      history_(window), banks_(window, std::move(files), history_), controls_(window, history_),
-      scenes_(window, history_), checks_(window, history_), sending_(window, banks_, std::move(journal)),
-      verification_(window, banks_, sending_) {
+      history_(window), document_(window, history_),
+      banks_(window, std::move(files), history_, document_), controls_(window, history_),
+      scenes_(window, history_), checks_(window, history_),
+      sending_(window, banks_, std::move(journal)), verification_(window, banks_, sending_) {
+    if (recovery)
+        keeper_ = std::make_unique<ScenesKeeper>(window, history_, banks_, std::move(recovery));
     window.status().addMark(*keyboard_);
     const auto lookAgain = [this] { keyboard_->look(); };
     QObject::connect(&window.commands(), &DeviceCommands::readEnded, keyboard_, lookAgain);
@@ -99,6 +102,7 @@ void EditorCommands::reportLists(const std::vector<std::string>& errors) {
 }
 
 EditorCommands::~EditorCommands() {
+    window_.finishTyping(); // while there is who keeps it
     programSettings().setValue(kGeometryKey, window_.saveGeometry());
 }
 

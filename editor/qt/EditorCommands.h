@@ -11,10 +11,12 @@
 #include "editor/qt/SafeSending.h"
 #include "editor/qt/SceneChecks.h"
 #include "editor/qt/SceneCommands.h"
+#include "editor/qt/ScenesKeeper.h"
 
 #include <QAction>
 #include <QObject>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -55,9 +57,10 @@ private:
 // end keeps the window's place. Main thread only.
 class EditorCommands final {
 public:
-    // No `look` for the virtual controller.
+    // No `look` for the virtual controller. Without a `recovery` no edited scenes are kept.
     EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files = StoreFiles{},
-                   SendJournal journal = SendJournal{});
+                   SendJournal journal = SendJournal{},
+                   std::shared_ptr<Recovery> recovery = nullptr);
     ~EditorCommands();
     EditorCommands(const EditorCommands&) = delete;
     EditorCommands& operator=(const EditorCommands&) = delete;
@@ -80,12 +83,14 @@ private:
     MainWindow& window_;
     KeyboardWatch* keyboard_; // child of the window
     History history_;
+    Document document_;
     BankCommands banks_;
     ControlCommands controls_;
     SceneCommands scenes_;
     SceneChecks checks_;
     SafeSending sending_;
     DeviceVerification verification_;
+    std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery
 };
 
 } // namespace scenewright

@@ -117,6 +117,8 @@ public:
     // Chooses a control, 0 to 45, of a scene, 0 to 3, as if the user had, and shows its settings as
     // they are now.
     void showControl(std::int32_t scene, std::int32_t control);
+    // A value that is being typed is chosen, as if the keyboard left its field.
+    void finishTyping();
 
 signals:
     // After each change of the view: what the view logic does not know of has followed it.
@@ -144,8 +146,6 @@ private:
     // Brings everything up to date that the view logic does not know of.
     void refresh();
     void refreshSceneTitles();
-    // A value that is being typed is chosen as the keyboard leaves its field.
-    void finishTyping();
 
     QuitController& application_;
     Appearance& appearance_;

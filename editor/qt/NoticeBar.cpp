@@ -148,17 +148,20 @@ void NoticeBar::showText(const Notice& notice) {
     text_->style()->unpolish(text_);
     text_->style()->polish(text_);
     setAccessibleName(notice.text);
-    details_->setVisible(notice.text != firstLine(notice.text));
     show();
-    row_->activate();
     offerDetails();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
-// The button takes room itself: once it is there it stays until the text is whole without it.
+// The button takes room itself: it is seen when the text is not whole without it.
 void NoticeBar::offerDetails() {
-    if (!notices_.empty() && text_->isCut())
+    if (notices_.empty())
+        return;
+    const QString& text = notices_.front().text;
+    details_->setVisible(text != firstLine(text));
+    row_->activate();
+    if (text_->isCut())
         details_->show();
 }
 

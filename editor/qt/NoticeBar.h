@@ -36,6 +36,7 @@ struct Notice {
         Kept,
         Unfinished,
         Files,
+        Recovery,
         Resources,
         Quit
     };

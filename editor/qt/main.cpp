@@ -24,6 +24,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -129,7 +130,7 @@ private:
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
-int showWindow(const LaunchOptions& options, const std::string& file) {
+int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& shutdown) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
     const Translation translation(QLocale::system());
@@ -138,7 +139,10 @@ int showWindow(const LaunchOptions& options, const std::string& file) {
     MainWindow window(quit, appearance, isVirtual);
     if (const auto& trouble = window.picture().drawing().trouble())
         return reportError(*trouble, kExitUsage);
-    EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook());
+    const auto recovery = std::make_shared<Recovery>();
+    shutdown.setLastWork([recovery] { std::ignore = recovery->flush(); });
+    EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook(), StoreFiles{},
+                            SendJournal{}, recovery);
     std::optional<ConnectionKeeper> keeper;
     if (!isVirtual) {
         commands.keyboard().follow(DeviceMonitor::start());
@@ -184,7 +188,7 @@ int run(int argc, char** argv) {
     tellTerminal(options);
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
-    return showWindow(options, file);
+    return showWindow(options, file, shutdown);
 }
 
 } // namespace

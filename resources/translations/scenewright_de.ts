@@ -241,6 +241,10 @@
         <source>Older</source>
         <translation>Ältere</translation>
     </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Bearbeitete Szenen zurückgeholt</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -609,6 +613,14 @@
     <message>
         <source>Copies the selected rows, or all</source>
         <translation>Kopiert die gewählten Zeilen, oder alle</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Document</name>
+    <message>
+        <source>%1[*] – %2</source>
+        <extracomment>The name of a file, its mark, and the name of the program.</extracomment>
+        <translation>%1[*] – %2</translation>
     </message>
 </context>
 <context>
@@ -1410,6 +1422,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Szene %1 zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ScenesKeeper</name>
+    <message>
+        <source>d MMMM yyyy, hh:mm</source>
+        <translation>d. MMMM yyyy, hh:mm</translation>
+    </message>
+    <message>
+        <source>The scenes edited on %1 were neither sent nor saved</source>
+        <translation>Die am %1 bearbeiteten Szenen wurden weder gesendet noch gespeichert</translation>
+    </message>
+    <message>
+        <source>The scenes of %1, edited on %2, were neither sent nor saved</source>
+        <translation>Die Szenen von %1, bearbeitet am %2, wurden weder gesendet noch gespeichert</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Verwerfen</translation>
     </message>
 </context>
 <context>

@@ -241,6 +241,10 @@
         <source>Older</source>
         <translation>Anteriores</translation>
     </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Escenas editadas recuperadas</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -612,6 +616,14 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Document</name>
+    <message>
+        <source>%1[*] – %2</source>
+        <extracomment>The name of a file, its mark, and the name of the program.</extracomment>
+        <translation>%1[*] – %2</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Earlier</name>
     <message>
         <source>before a read</source>
@@ -718,7 +730,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation>No se pudieron guardar las escenas editadas: {}</translation>
+        <translation>No se pudieron conservar las escenas editadas: {}</translation>
     </message>
 </context>
 <context>
@@ -1410,6 +1422,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Restablecer escena %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ScenesKeeper</name>
+    <message>
+        <source>d MMMM yyyy, hh:mm</source>
+        <translation>d &apos;de&apos; MMMM &apos;de&apos; yyyy, hh:mm</translation>
+    </message>
+    <message>
+        <source>The scenes edited on %1 were neither sent nor saved</source>
+        <translation>Las escenas editadas el %1 no se enviaron ni se guardaron</translation>
+    </message>
+    <message>
+        <source>The scenes of %1, edited on %2, were neither sent nor saved</source>
+        <translation>Las escenas de %1, editadas el %2, no se enviaron ni se guardaron</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <translation>Recuperar</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Descartar</translation>
     </message>
 </context>
 <context>

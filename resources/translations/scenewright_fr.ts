@@ -241,6 +241,10 @@
         <source>Older</source>
         <translation>Plus anciennes</translation>
     </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Scènes modifiées rétablies</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -612,6 +616,14 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Document</name>
+    <message>
+        <source>%1[*] – %2</source>
+        <extracomment>The name of a file, its mark, and the name of the program.</extracomment>
+        <translation>%1[*] – %2</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Earlier</name>
     <message>
         <source>before a read</source>
@@ -718,7 +730,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation>Les scènes modifiées n’ont pas pu être conservées : {}</translation>
+        <translation>Les scènes modifiées n&apos;ont pas pu être conservées : {}</translation>
     </message>
 </context>
 <context>
@@ -1410,6 +1422,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Réinitialiser la scène %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ScenesKeeper</name>
+    <message>
+        <source>d MMMM yyyy, hh:mm</source>
+        <translation>d MMMM yyyy, hh:mm</translation>
+    </message>
+    <message>
+        <source>The scenes edited on %1 were neither sent nor saved</source>
+        <translation>Les scènes modifiées le %1 n&apos;ont été ni envoyées ni enregistrées</translation>
+    </message>
+    <message>
+        <source>The scenes of %1, edited on %2, were neither sent nor saved</source>
+        <translation>Les scènes de %1, modifiées le %2, n&apos;ont été ni envoyées ni enregistrées</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Oublier</translation>
     </message>
 </context>
 <context>

@@ -241,6 +241,10 @@
         <source>Older</source>
         <translation>更早</translation>
     </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>已恢复编辑过的场景</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -612,6 +616,14 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Document</name>
+    <message>
+        <source>%1[*] – %2</source>
+        <extracomment>The name of a file, its mark, and the name of the program.</extracomment>
+        <translation>%1[*] – %2</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Earlier</name>
     <message>
         <source>before a read</source>
@@ -718,7 +730,7 @@
     </message>
     <message>
         <source>The edited scenes could not be kept: {}</source>
-        <translation>无法保存编辑过的场景：{}</translation>
+        <translation>无法保留编辑过的场景：{}</translation>
     </message>
 </context>
 <context>
@@ -1410,6 +1422,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>重置场景 %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::ScenesKeeper</name>
+    <message>
+        <source>d MMMM yyyy, hh:mm</source>
+        <translation>yyyy年M月d日 hh:mm</translation>
+    </message>
+    <message>
+        <source>The scenes edited on %1 were neither sent nor saved</source>
+        <translation>%1 编辑的场景既未发送也未保存</translation>
+    </message>
+    <message>
+        <source>The scenes of %1, edited on %2, were neither sent nor saved</source>
+        <translation>%1 的场景（%2 编辑）既未发送也未保存</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>丢弃</translation>
     </message>
 </context>
 <context>

@@ -46,6 +46,8 @@ protected:
     TempFolder folder;
     std::shared_ptr<VirtualController> controller;
     std::shared_ptr<VirtualHost> host;
+    // What the next window keeps its edited scenes with; null for a window that keeps none.
+    std::shared_ptr<Recovery> recovery;
 
 private:
     EarlierScenes earlier_{folder.path() / "backups"};

@@ -200,6 +200,17 @@ TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
     EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(), "what\n\nwhy");
 }
 
+TEST(NoticeBar, TextThatHasRoomOnceTheBarIsLaidOutNeedsNoDetails) {
+    QWidget window;
+    QVBoxLayout column(&window);
+    NoticeBar& bar = makeChild<NoticeBar>(&window);
+    column.addWidget(&bar);
+    bar.resize(1, 1);
+    bar.post(noticeOf(Source::Files, "posted before the window is shown"));
+    put(window);
+    EXPECT_FALSE(buttonOf(bar, "Details...").isVisible());
+}
+
 TEST(NoticeBar, TimeEndsWhatWasDoneAndOffersNothing) {
     using Kind = Notice::Kind;
     struct Row {

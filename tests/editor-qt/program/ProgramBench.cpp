@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>
+#include <QProcessEnvironment>
 #include <QScreen>
 #include <QTest>
 
@@ -47,6 +48,11 @@ QString outputOf(const QStringList& command) {
 ProgramBench::ProgramBench()
     : appearance_(std::make_unique<Appearance>()), quit_(std::make_unique<QuitController>()),
       twin_(std::make_unique<MainWindow>(*quit_, *appearance_, true)) {
+    // What a test leaves unsent is not for the next one.
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_STATE_HOME"),
+                       QString::fromStdString(folder_.file("state")));
+    program_.setProcessEnvironment(environment);
     twin_->setAttribute(Qt::WA_DontShowOnScreen);
     twin_->show();
     QApplication::processEvents();

@@ -1,0 +1,100 @@
+// What was edited survives the end of the program, whichever it is.
+#include "app/Recovery.h"
+#include "bank/BankFile.h"
+#include "tests/editor-qt/UsableScenes.h"
+#include "tests/editor-qt/program/ProgramBench.h"
+
+#include <QTest>
+
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace scenewright::testing {
+namespace {
+
+constexpr std::int32_t kPad = 13; // the first
+
+struct End {
+    const char* name;
+    int signal;           // 0 for the close button
+    bool isAtOnce = true; // before the program has put the edit on the disk by itself
+};
+
+class KeptScenesTest : public ProgramBench, public ::testing::WithParamInterface<End> {
+protected:
+    KeptScenesTest() {
+        const BankImage image = encodeBank(usableScenes());
+        writeBytes(bankFile(), image);
+    }
+
+    [[nodiscard]] QColor light() {
+        const ControlButton& button = *twin().picture().button(kPad);
+        return seenAt(button, {button.width() / 2, 14});
+    }
+    // Of the first pad of the default scenes.
+    void editRed() {
+        const QColor before = light();
+        chooseControl(kPad);
+        click(twin().panes().popUp("padCR"));
+        typeText(QStringLiteral("99"));
+        key("Return");
+        ASSERT_TRUE(waitUntil([&] { return light() != before; }));
+    }
+    void end() {
+        if (!GetParam().isAtOnce) {
+            ASSERT_TRUE(waitUntil([this] { return isOnDisk(); }));
+        }
+        if (GetParam().signal == 0)
+            pressCloseButton();
+        else
+            kill(static_cast<pid_t>(program().processId()), GetParam().signal);
+        ASSERT_EQ(waitForExit(), GetParam().signal == 0 ? 0 : -1);
+    }
+    [[nodiscard]] bool isOnDisk() const {
+        return std::filesystem::exists(folder().file("state/scenewright/unsent/1.scenes"));
+    }
+    // The notice's buttons stand in the twin where they stand in the program.
+    QPushButton& answer(std::size_t place) {
+        twin().notices().post({.source = Notice::Source::Recovery,
+                               .kind = Notice::Kind::Error,
+                               .text = QStringLiteral("The scenes were neither sent nor saved"),
+                               .actions = {{"Bring Back", [] {}}, {"Forget", [] {}}}});
+        QApplication::processEvents();
+        return *twin().notices().action(place);
+    }
+    void send() {
+        key("ctrl+Return");
+        ASSERT_TRUE(waitForLog(QStringLiteral("Send Scene Data Finish:100%:Success  (null)")));
+    }
+    [[nodiscard]] std::int32_t sentRed() const {
+        const auto sent = readBank(bankFile());
+        return sent ? sent->scenes.at(0)->buttonValueArray().at(kPad - 1)->CR() : -1;
+    }
+};
+
+TEST_P(KeptScenesTest, ComeBackAfterTheEnd) {
+    start();
+    editRed();
+    end();
+    EXPECT_TRUE(isOnDisk());
+    start();
+    const QColor before = light();
+    click(answer(0)); // Bring Back
+    ASSERT_TRUE(waitUntil([&] { return light() != before; }));
+    send();
+    EXPECT_EQ(sentRed(), 99);
+    key("ctrl+q");
+    EXPECT_EQ(waitForExit(), 0);
+    EXPECT_FALSE(isOnDisk()); // they are on the keyboard
+}
+
+INSTANTIATE_TEST_SUITE_P(Ends, KeptScenesTest,
+                         ::testing::Values(End{"CloseButton", 0}, End{"Terminate", SIGTERM},
+                                           End{"HangUp", SIGHUP}, End{"Interrupt", SIGINT},
+                                           End{"Kill", SIGKILL, false}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
+} // namespace scenewright::testing
