@@ -1,5 +1,5 @@
 #include "bank/BankJson.h"
-#include "bank/Colour.h"
+#include "model/PadColour.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"

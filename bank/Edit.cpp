@@ -1,6 +1,6 @@
 #include "bank/Edit.h"
 
-#include "bank/Colour.h"
+#include "model/PadColour.h"
 #include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"

@@ -3,7 +3,7 @@
 // cannot be done whole is not done, and an error is one phrase that names the path.
 #pragma once
 
-#include "bank/Colour.h"
+#include "model/PadColour.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"

@@ -1,6 +1,6 @@
 #include "bank/Path.h"
 
-#include "bank/Colour.h"
+#include "model/PadColour.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 #include "platform/Text.h"

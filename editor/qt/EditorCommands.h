@@ -8,6 +8,7 @@
 #include "editor/qt/History.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/PadColours.h"
 #include "editor/qt/SafeSending.h"
 #include "editor/qt/SceneChecks.h"
 #include "editor/qt/SceneCommands.h"
@@ -76,6 +77,7 @@ public:
     [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
     [[nodiscard]] SceneChecks& checks() { return checks_; }
+    [[nodiscard]] PadColours& colours() { return colours_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -88,6 +90,7 @@ private:
     ControlCommands controls_;
     SceneCommands scenes_;
     SceneChecks checks_;
+    PadColours colours_;
     SafeSending sending_;
     DeviceVerification verification_;
     std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kColumns = 5;
 constexpr int kRowGap = 5;
+constexpr float kBright = 0.5F; // a colour on which black shows better than white
 
 using WritePane = void (ViewController::*)(Pane*);
 constexpr std::array<WritePane, kControlRanges.size()> kPaneOutlets{
@@ -112,8 +113,9 @@ void ValuePanes::addField(Body& body, const QString& title, QWidget& field) {
 }
 
 void ValuePanes::addSwatch(Body& body) {
-    swatch_ = &makeChild<QLabel>(body.frame);
-    swatch_->setAutoFillBackground(true);
+    swatch_ = &makeChild<QPushButton>(body.frame);
+    swatch_->setAutoDefault(false);
+    swatch_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addField(body, tr("Mixed colour"), *swatch_);
 }
 
@@ -182,8 +184,10 @@ void ValuePanes::showSwatch(const Colour& colour) {
     swatchColour_ = colour;
     const QColor mixed(colour.red, colour.green, colour.blue);
     swatch_->setStyleSheet(
-        QStringLiteral("background: %1; border: 1px solid #808080; border-radius: 7px;")
-            .arg(mixed.name()));
+        QStringLiteral(
+            "QPushButton { background: %1; border: 1px solid #808080; border-radius: 7px; }"
+            "QPushButton:focus { border: 3px solid %2; }")
+            .arg(mixed.name(), mixed.lightnessF() > kBright ? "black" : "white"));
     swatch_->setAccessibleDescription(colourWords(colour));
     swatch_->setToolTip(colourWords(colour));
 }

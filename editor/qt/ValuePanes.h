@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 
 #include <array>
@@ -33,7 +34,7 @@ public:
     [[nodiscard]] PaneFrame& pane(ControlKind kind) const;
     [[nodiscard]] PopUpBox& popUp(std::string_view outlet) const;
     // The pad's mixed colour, as it is shown beside the three levels.
-    [[nodiscard]] const QWidget& swatch() const { return *swatch_; }
+    [[nodiscard]] QPushButton& swatch() const { return *swatch_; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -67,7 +68,7 @@ private:
     std::array<Body, kControlRanges.size()> bodies_;
     std::map<std::string_view, PopUpBox*> popUps_;
     TextLine* sceneName_ = nullptr;
-    QLabel* swatch_ = nullptr;
+    QPushButton* swatch_ = nullptr;
     std::optional<Colour> swatchColour_;
     QLabel* hint_ = nullptr;
     QPointer<QWidget> former_; // had the keyboard in a pane that was hidden

@@ -1250,6 +1250,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::PadColours</name>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>%1 Colour</source>
+        <translation>%1 Farbe</translation>
+    </message>
+    <message>
+        <source>&amp;Other Colour...</source>
+        <translation>&amp;Andere Farbe...</translation>
+    </message>
+    <message>
+        <source>Colour of the Pad</source>
+        <translation>Farbe des Pads</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::RenameDialog</name>
     <message>
         <source>&amp;Rename</source>

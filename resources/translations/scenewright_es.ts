@@ -1250,6 +1250,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::PadColours</name>
+    <message>
+        <source>Colours</source>
+        <translation>Colores</translation>
+    </message>
+    <message>
+        <source>%1 Colour</source>
+        <translation>%1 Color</translation>
+    </message>
+    <message>
+        <source>&amp;Other Colour...</source>
+        <translation>&amp;Otro color...</translation>
+    </message>
+    <message>
+        <source>Colour of the Pad</source>
+        <translation>Color del pad</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::RenameDialog</name>
     <message>
         <source>&amp;Rename</source>

@@ -1250,6 +1250,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::PadColours</name>
+    <message>
+        <source>Colours</source>
+        <translation>Couleurs</translation>
+    </message>
+    <message>
+        <source>%1 Colour</source>
+        <translation>%1 Couleur</translation>
+    </message>
+    <message>
+        <source>&amp;Other Colour...</source>
+        <translation>&amp;Autre couleur...</translation>
+    </message>
+    <message>
+        <source>Colour of the Pad</source>
+        <translation>Couleur du pad</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::RenameDialog</name>
     <message>
         <source>&amp;Rename</source>

@@ -1250,6 +1250,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::PadColours</name>
+    <message>
+        <source>Colours</source>
+        <translation>色</translation>
+    </message>
+    <message>
+        <source>%1 Colour</source>
+        <translation>%1 の色</translation>
+    </message>
+    <message>
+        <source>&amp;Other Colour...</source>
+        <translation>その他の色(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Colour of the Pad</source>
+        <translation>パッドの色</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::RenameDialog</name>
     <message>
         <source>&amp;Rename</source>

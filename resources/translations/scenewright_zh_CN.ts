@@ -1250,6 +1250,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::PadColours</name>
+    <message>
+        <source>Colours</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>%1 Colour</source>
+        <translation>%1 颜色</translation>
+    </message>
+    <message>
+        <source>&amp;Other Colour...</source>
+        <translation>其他颜色(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Colour of the Pad</source>
+        <translation>打击垫颜色</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::RenameDialog</name>
     <message>
         <source>&amp;Rename</source>

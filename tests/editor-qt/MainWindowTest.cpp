@@ -187,8 +187,8 @@ TEST_F(MainWindowTest, PadsShineAndThePaneMixesTheirColour) {
     type(window().panes().popUp("padCG"), "64");
     type(window().panes().popUp("padCB"), "0");
     EXPECT_EQ(window().picture().button(14)->light(), (Colour{255, 128, 0}));
-    const QWidget& swatch = window().panes().swatch();
-    const QImage seen = const_cast<QWidget&>(swatch).grab().toImage();
+    QPushButton& swatch = window().panes().swatch();
+    const QImage seen = swatch.grab().toImage();
     EXPECT_EQ(QColor(seen.pixel(seen.width() / 2, seen.height() / 2)), QColor(255, 128, 0));
     EXPECT_EQ(swatch.accessibleDescription(), "Red 255, green 128, blue 0 of 255");
 }

@@ -1,4 +1,4 @@
-#include "bank/Colour.h"
+#include "model/PadColour.h"
 
 #include <fmt/format.h>
 

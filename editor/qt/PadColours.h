@@ -1,0 +1,41 @@
+// The colours that a pad's mixed colour opens: a palette, one that people who see red and green
+// alike tell apart, those used last, and any other.
+#pragma once
+
+#include "editor/qt/History.h"
+#include "editor/qt/MainWindow.h"
+#include "model/PadColour.h"
+
+#include <QMenu>
+#include <QObject>
+
+#include <vector>
+
+namespace scenewright {
+
+// Window and history outlive it. Main thread only.
+class PadColours final : public QObject {
+    Q_OBJECT
+
+public:
+    PadColours(MainWindow& window, History& history);
+
+    // Writes the chosen pad's three levels, as one step of the history. Nothing when no pad is
+    // chosen.
+    void choose(const PadColour& colour);
+    // The palettes as they stand now, to be shown at the mixed colour.
+    [[nodiscard]] QMenu& menu() { return *menu_; }
+
+private:
+    void fill();
+    void addRow(std::span<const PadColour> colours);
+    void chooseOther();
+    [[nodiscard]] ButtonValue* pad() const;
+
+    MainWindow& window_;
+    History& history_;
+    QMenu* menu_;                 // child of the window
+    std::vector<PadColour> used_; // newest first
+};
+
+} // namespace scenewright
