@@ -4,6 +4,8 @@
 #include "bank/BankJson.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/MidiNames.h"
 #include "model/Setting.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/editor-qt-files/WideTexts.h"
@@ -24,6 +26,12 @@ protected:
             for (const std::int32_t type : {kAssignOff, kAssignController, kAssignNote})
                 for (const std::string& title : *optionList(*lists_, setting, type))
                     given_ << QString::fromStdString(title);
+        // MIDI's own names, and what stands before them.
+        for (const auto names : {controllerNames(), percussionNames()})
+            for (const std::string_view name : names)
+                given_ << shown(shortName(name));
+        given_ << "CC"
+               << "MIDI";
         given_ += QStringList{"Ctrl+R", "Ctrl+Return",        "SCENE1", "SCENE2", "SCENE3",
                               "SCENE4", folder.path().c_str()};
         given_.removeAll(QString());
