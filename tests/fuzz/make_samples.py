@@ -180,7 +180,8 @@ def clients() -> list[bytes]:
 
 FAULTS = ["handshake:3", "silent:0", "short:7", "nibble:7", "write:12", "unplug:500", "stall:9",
           "stall:4294967295", "stall:4294967296", "nonsense", "short", "short:-1",
-          "faults stall:9 short:7", "faults", "faults nonsense", "unplug", "plug", "plug 3"]  # fmt: skip
+          "faults stall:9 short:7", "faults", "faults nonsense", "unplug", "plug", "plug 3",
+          "scene 2", "press pad3 100", "release key25", "turn knob1 64", "slide slider2 0 127 500ms"]  # fmt: skip
 
 LINES = [
     "", "--help", "--version", "read mine.bank", "--virtual=a read b", "--virtual read -",
