@@ -241,14 +241,13 @@ def case_connections_are_back_by_the_next_run_after_a_kill(rig):
     there.check("a kill")
 
 
-def case_connections_are_back_after_the_windows_commands_and_an_unplug(rig):
+def case_connections_are_back_after_commands_of_the_window_and_an_unplug(rig):
     there = Connected(rig)
     window = Window(rig)
-    for what, keys, end in (("a read", "ctrl+r", "Read Scene Data Finish"),
-                            ("a send", "ctrl+Return", "\nFinish\n")):
+    for what in ("a read", "another read"):
         window.forget_log()
-        window.key(keys)
-        window.await_log(end)
+        window.key("ctrl+r")
+        window.await_log("Read Scene Data Finish")
         there.check(what + " of the window")
     there.keyboard.order("unplug", "unplugged")
     there.keyboard.plug_in()
