@@ -14,8 +14,8 @@ namespace {
 enum class First : std::uint8_t { Number, Note, Bend };
 
 struct Words {
-    std::uint8_t status; // a channel message's without its channel
-    SourceText format;   // with places for the first data byte, the channel and the second
+    std::uint8_t status = 0; // a channel message's without its channel
+    SourceText format{};     // with places for the first data byte, the channel and the second
     First first = First::Number;
 };
 

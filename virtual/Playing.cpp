@@ -118,7 +118,7 @@ std::uint8_t placeOf(const PlayOrder& order, std::int32_t step) {
 std::optional<Result<PlayOrder>> parsePlayOrder(std::string_view line) {
     std::istringstream stream{std::string(line)};
     const std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
-    const auto row =
+    const auto* const row =
         std::ranges::find(kOrders, words.empty() ? "" : words.front(), &OrderRow::verb);
     if (row == kOrders.end())
         return std::nullopt;

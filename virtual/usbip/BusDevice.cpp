@@ -354,7 +354,6 @@ std::vector<Completion> BusDevice::takeCompletions() {
 
 void BusDevice::control(const SubmitCommand& command) {
     // A driver that binds anew asks what it has: whoever talked before does not any more.
-    constexpr std::uint8_t kGetDescriptor = 6;
     if (command.setup[1] == kGetDescriptor)
         isTalking_ = false;
     auto data = control_.answer(command.setup);
