@@ -4,8 +4,10 @@
 
 #include "app/OutcomeText.h"
 #include "model/SceneValue.h"
+#include "protocol/SceneImage.h"
 
 #include <optional>
+#include <string>
 
 namespace scenewright {
 
@@ -18,7 +20,15 @@ struct ControllerRead {
 // `operation` says what the read is for.
 [[nodiscard]] ControllerRead readController(DeviceOperation operation);
 
-// Gives the exit code; 0 when every transfer went well and was kept.
-[[nodiscard]] int sendToController(SceneList scenes);
+struct SendOrder {
+    SceneList scenes;
+    std::string subject{};             // the file that they come from; empty if it is none
+    bool keepsCopy = true;             // of what the controller holds, among the earlier scenes
+    std::optional<BankImage> before{}; // what it holds, where that was read before
+};
+
+// Gives the exit code; 0 when every transfer went well and was kept. Nothing is sent when a copy is
+// to be kept and cannot be.
+[[nodiscard]] int sendToController(SendOrder order);
 
 } // namespace scenewright

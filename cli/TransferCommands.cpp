@@ -1,21 +1,26 @@
-// The commands that move whole banks to and from the controller: read and send.
+// The commands that move whole banks to and from the controller: read, send and resume.
+#include "app/KnownKeyboard.h"
+#include "app/SendJournal.h"
+#include "bank/BankFile.h"
 #include "bank/Difference.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Transaction.h"
 #include "model/PopUpValue.h"
 
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace scenewright {
 
 namespace {
 
-// Reads the controller into the file; gives the exit code.
-int storeHeld(DeviceOperation operation, const std::string& file) {
-    const ControllerRead held = readController(operation);
+// What a read that went well gave, into the file; gives the exit code.
+int storeHeld(const ControllerRead& held, const std::string& file) {
     if (!held.scenes)
         return held.exitCode;
     const int stored = storeBank(file, *held.scenes, formForArgument(file, BankFormat::Image));
@@ -25,12 +30,13 @@ int storeHeld(DeviceOperation operation, const std::string& file) {
 int readToFile(const std::string& out) {
     if (const auto checked = checkStorable(out); !checked)
         return reportError(checked.error(), kExitUsage);
-    return storeHeld(DeviceOperation::SaveScenes, out);
+    return storeHeld(readController(DeviceOperation::SaveScenes), out);
 }
 
 struct SendOptions {
     std::string in;
-    std::string backup; // empty for none
+    std::string backup; // a file for what is held; empty to keep it among the earlier scenes
+    bool hasBackup = true;
     bool isVerified = false;
     bool isDryRun = false;
 };
@@ -80,12 +86,52 @@ int sendBank(const SendOptions& options) {
         return showWhatWouldChange(**lists, bank->scenes);
     if (const auto checked = checkBackup(options); !checked)
         return reportError(checked.error(), kExitUsage);
-    if (!options.backup.empty())
-        if (const int code = storeHeld(DeviceOperation::Backup, options.backup); code != kExitDone)
+    SendOrder order{.scenes = bank->scenes,
+                    .subject = std::filesystem::path(options.in).filename().string(),
+                    .keepsCopy = options.hasBackup};
+    if (!options.backup.empty()) {
+        const ControllerRead held = readController(DeviceOperation::Backup);
+        if (const int code = storeHeld(held, options.backup); code != kExitDone)
             return code;
-    if (const int code = sendToController(bank->scenes); code != kExitDone)
+        order.before = encodeBank(*held.scenes);
+    }
+    if (const int code = sendToController(std::move(order)); code != kExitDone)
         return code;
     return options.isVerified ? verify(**lists, bank->scenes) : kExitDone;
+}
+
+// The send to the keyboard that is plugged in, or the newest when none is, which is then told.
+std::optional<SendJournal::Unfinished> unfinishedHere(const SendJournal& journal) {
+    const std::string keyboard = KnownKeyboard::pluggedInName();
+    if (!keyboard.empty())
+        return journal.unfinishedOf(keyboard);
+    const auto all = journal.unfinished();
+    return all.empty() ? std::nullopt : std::optional(all.front());
+}
+
+struct ResumeOptions {
+    bool isBefore = false;
+    bool isForget = false;
+};
+
+int resume(const ResumeOptions& options) {
+    const auto unfinished = unfinishedHere(SendJournal{});
+    if (!unfinished)
+        return printAndEnd("No send is unfinished.\n", kExitDone);
+    if (options.isForget) {
+        SendJournal::forget(*unfinished);
+        return kExitDone;
+    }
+    const SendJournal::Send& send = unfinished->send;
+    if (options.isBefore && !send.before)
+        return reportError("what the keyboard held before the send is not known; earlier list "
+                           "tells which scenes are kept",
+                           kExitUsage);
+    const auto scenes = readBankImage(options.isBefore ? *send.before : send.sent);
+    return scenes ? sendToController({.scenes = *scenes,
+                                      .subject = options.isBefore ? std::string() : send.subject,
+                                      .before = send.before ? *send.before : send.sent})
+                  : reportError(scenes.error(), kExitUsage);
 }
 
 } // namespace
@@ -100,6 +146,7 @@ CommandChoice readCommand(const Arguments& arguments) {
 CommandChoice sendCommand(const Arguments& arguments) {
     const SendOptions options{.in = arguments.text("IN"),
                               .backup = arguments.text("--backup"),
+                              .hasBackup = !arguments.has("--no-backup"),
                               .isVerified = arguments.has("--verify"),
                               .isDryRun = arguments.has("--dry-run")};
     return {.run = [options] { return sendBank(options); },
@@ -107,6 +154,12 @@ CommandChoice sendCommand(const Arguments& arguments) {
             .files = {
                 bankToRead(options.in, "the bank that is to be sent"),
                 {options.backup, FileUse::Written, options.backup + ": the backup", "the backup"}}};
+}
+
+CommandChoice resumeCommand(const Arguments& arguments) {
+    const ResumeOptions options{.isBefore = arguments.has("--before"),
+                                .isForget = arguments.has("--forget")};
+    return {.run = [options] { return resume(options); }, .usesController = true};
 }
 
 } // namespace scenewright

@@ -58,7 +58,8 @@ protected:
         return shell("exec " + kProgram + " " + words);
     }
     [[nodiscard]] ProgramRun shell(const std::string& script) const {
-        return runProgram({"/bin/sh", "-c", "cd \"$0\" && " + script, folder_.path()});
+        return runProgram({"/bin/sh", "-c", "export XDG_STATE_HOME=\"$1\"; cd \"$0\" && " + script,
+                           folder_.path(), state_.path()});
     }
     void done(const std::string& words) const {
         SCOPED_TRACE(words);
@@ -110,6 +111,7 @@ protected:
 
 private:
     TempFolder folder_;
+    TempFolder state_; // what the programs keep
 };
 
 } // namespace scenewright::testing

@@ -47,6 +47,8 @@ TEST(CommandLine, WhatIsRefusedIsToldInOneSentence) {
         {{"copy", "a", "b"}, "TO is required (--help tells more)"},
         {{"convert", "a", "b", "--to", "xml"}, "--to: xml not in {json,image} (--help tells more)"},
         {{"show", "a", "--scene", "5"}, "--scene: Value 5 not in range 1 to 4 (--help tells more)"},
+        {{"send", "a", "--no-backup", "--backup", "b"},
+         "--backup excludes --no-backup (--help tells more)"},
         {{"send", "a", "--dry-run", "--backup", "b"},
          "--backup excludes --dry-run (--help tells more)"},
         {{"send", "a", "--backup"}, "--backup: 1 required FILE missing (--help tells more)"},

@@ -87,7 +87,7 @@ TEST_F(ControllerCommands, VerifySaysThatTheControllerHoldsWhatWasSent) {
 TEST_F(ControllerCommands, ASendThatTheVirtualMemoryCannotKeepHasFailed) {
     done("convert held held.json");
     const auto before = files();
-    for (const char* send : {"send", "send --verify"}) {
+    for (const char* send : {"send --no-backup", "send --no-backup --verify"}) {
         // No file may have more than a kilobyte; the sentence has less.
         expectSentence(shell("trap '' XFSZ; ulimit -f 1; exec " + testing::kProgram +
                              " --virtual=held.json " + send + " a.bank"),
@@ -105,6 +105,46 @@ TEST_F(ControllerCommands, BackupIsWhatWasHeldBeforeTheSend) {
     done("convert b.json c.bank");
     for (const char* backup : {"b.bank", "c.bank", "b"})
         EXPECT_EQ(bytes(backup), randomBank(1)) << backup;
+}
+
+TEST_F(ControllerCommands, ASendKeepsWhatWasHeldUnlessToldNotTo) {
+    done("--virtual=held send --no-backup a.bank");
+    EXPECT_EQ(cli("earlier list").output, "");
+    put("held", randomBank(1));
+    done("--virtual=held send a.bank");
+    const std::string list = cli("earlier list").output;
+    EXPECT_NE(list.find("on the keyboard before the send of a.bank\n"), std::string::npos) << list;
+    EXPECT_EQ(std::ranges::count(list, '\n'), 2);
+    done("earlier show 1 --json >kept.json");
+    done("convert kept.json kept.bank");
+    EXPECT_EQ(bytes("kept.bank"), randomBank(1));
+    EXPECT_EQ(cli("--virtual=held earlier diff 1").output, cli("diff a.bank kept.bank").output);
+    const std::string json = cli("earlier list --json").output;
+    for (const char* part :
+         {"\"number\": 1", "\"kept\": \"20", "\"keyboard\": \"Virtual controller\""})
+        EXPECT_NE(json.find(part), std::string::npos) << json;
+    done("--virtual=held earlier restore 1");
+    EXPECT_EQ(bytes("held"), randomBank(1));
+}
+
+TEST_F(ControllerCommands, ACopyThatCannotBeKeptSendsNothing) {
+    for (const char* command : {"send a.bank", "send a.bank --no-backup"}) {
+        const bool isKept = std::string(command) == "send a.bank";
+        put("held", randomBank(1));
+        const ProgramRun sent = shell("XDG_STATE_HOME=$PWD/a.bank exec " + testing::kProgram +
+                                      " --virtual=held " + command);
+        EXPECT_EQ(sent.exitCode, isKept ? 1 : 0) << sent.errors;
+        EXPECT_EQ(sent.errors.ends_with("; nothing was sent; --no-backup sends without a copy\n"),
+                  isKept)
+            << sent.errors;
+        EXPECT_EQ(bytes("held"), isKept ? randomBank(1) : bytes("a.bank"));
+    }
+}
+
+TEST_F(ControllerCommands, ANumberThatEarlierListDoesNotGiveIsRefused) {
+    refused("earlier show", "earlier show: N is missing");
+    refused("earlier restore 1", "there is no number 1; earlier list gives 0");
+    refused("earlier show 0", "N");
 }
 
 TEST_F(ControllerCommands, BackupThatCannotBeWrittenSendsNothing) {

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -20,6 +21,12 @@
 namespace scenewright {
 
 namespace {
+
+BankImage onesBank() {
+    BankImage bank{};
+    bank.fill(1);
+    return bank;
+}
 
 struct CommandRun {
     int exitCode = 0;
@@ -31,6 +38,7 @@ class FaultyController : public ::testing::Test {
 protected:
     void SetUp() override {
         Progress::forget();
+        setenv("XDG_STATE_HOME", state.path().c_str(), 1);
         testing::writeBytes(folder.file("zeros"), BankImage{});
     }
     void TearDown() override {
@@ -62,6 +70,7 @@ protected:
     }
 
     testing::TempFolder folder;
+    testing::TempFolder state; // what the commands keep
 };
 
 } // namespace
@@ -78,13 +87,13 @@ struct Faulted {
 TEST_F(FaultyController, EachCommandTellsWhatItsTransfersDid) {
     for (const Faulted& row : {
              Faulted{{"nibble:20"},
-                     "send --verify ZEROS",
+                     "send --no-backup --verify ZEROS",
                      1,
                      "scene1.key1.AssignType  Scene 1, Key 1, Type: Off -> (16)\n",
                      "scenewright-cli: The controller does not hold what was sent; settings that "
                      "differ: 1\n"},
              Faulted{{"write:700"},
-                     "send --verify ZEROS",
+                     "send --no-backup --verify ZEROS",
                      1,
                      "",
                      "scenewright-cli: 329 of 1032 transfers failed, the first at packet 700 (the "
@@ -93,6 +102,12 @@ TEST_F(FaultyController, EachCommandTellsWhatItsTransfersDid) {
                      "try again\n"},
              Faulted{{"short:7"},
                      "send --backup NEW ZEROS",
+                     1,
+                     "",
+                     "scenewright-cli: 1 of 2030 transfers failed, the first at byte 7 of 1012 "
+                     "(the answer was too short): there is no backup and nothing was sent\n"},
+             Faulted{{"short:7"},
+                     "send ZEROS",
                      1,
                      "",
                      "scenewright-cli: 1 of 2030 transfers failed, the first at byte 7 of 1012 "
@@ -110,6 +125,41 @@ TEST_F(FaultyController, EachCommandTellsWhatItsTransfersDid) {
         EXPECT_TRUE(result.errors.ends_with(row.errors)) << row.command << result.errors;
     }
     EXPECT_EQ(folder.names(), std::vector<std::string>{"zeros"});
+}
+
+TEST_F(FaultyController, ResumeMakesABrokenSendGood) {
+    const BankImage ones = onesBank();
+    testing::writeBytes(folder.file("ones"), ones);
+    for (const auto& [line, bank] :
+         {std::pair{"resume", ones}, std::pair{"resume --before", BankImage{}}}) {
+        SCOPED_TRACE(line);
+        const auto device = std::make_shared<VirtualController>(
+            BankImage{}, FaultPlan{{Fault::Kind::Unplug, 1012 + 600}});
+        EXPECT_EQ(runOn(makeVirtualHost(device), "send " + folder.file("ones")).exitCode, 1);
+        device->reset(); // plugged in again
+        const CommandRun told = runOn(makeVirtualHost(device), "read NEW");
+        EXPECT_EQ(told.exitCode, 0);
+        EXPECT_TRUE(told.errors.ends_with(
+            "did not end: the keyboard may hold a part of each bank. 'scenewright-cli resume' "
+            "sends it again, 'scenewright-cli resume --before' what was there before\n"))
+            << told.errors;
+        const CommandRun resumed = runOn(makeVirtualHost(device), line);
+        EXPECT_EQ(resumed.exitCode, 0);
+        EXPECT_EQ(resumed.errors, "");
+        EXPECT_EQ(device->bank(), bank);
+        EXPECT_EQ(runOn(makeVirtualHost(device), "read NEW").errors, "");
+        EXPECT_EQ(runOn(makeVirtualHost(device), "resume").output, "No send is unfinished.\n");
+    }
+}
+
+TEST_F(FaultyController, ABrokenSendIsForgottenOnDemand) {
+    const auto device = std::make_shared<VirtualController>(
+        onesBank(), FaultPlan{{Fault::Kind::Unplug, 1012 + 600}});
+    EXPECT_EQ(runOn(makeVirtualHost(device), "send ZEROS").exitCode, 1);
+    device->reset();
+    EXPECT_EQ(runOn(makeVirtualHost(device), "resume --forget").exitCode, 0);
+    EXPECT_EQ(runOn(makeVirtualHost(device), "read NEW").errors, "");
+    EXPECT_EQ(device->sendsEnded(), 0U);
 }
 
 TEST_F(FaultyController, SendWithoutAThreadSendsNothingAndSaysSo) {

@@ -339,8 +339,8 @@ TEST_F(StoppingBusTest, WhatBecameOfTheTransferIsToldAndTheInterfaceGivenBack) {
     const std::string half = "the keyboard may hold half a bank, and sending again repairs it";
     for (const auto& [command, stages, untouched, broken] :
          {std::tuple{"read " + folder_.file("new"), &kReadStages, none, none},
-          std::tuple{"send " + folder_.file("zeros"), &kSendStages, std::string("nothing was sent"),
-                     half}})
+          std::tuple{"send --no-backup " + folder_.file("zeros"), &kSendStages,
+                     std::string("nothing was sent"), half}})
         for (const Stage& stage : *stages)
             for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
                 SCOPED_TRACE(command + ": " + stage.place.stage + ", " + std::to_string(stop));
@@ -356,7 +356,8 @@ TEST_F(StoppingBusTest, WhatComesAfterTheEndIsNoMatter) {
     for (const Stop stop : kStops) {
         for (const auto& [line, place] :
              {std::pair{"read " + folder_.file("new"), Place{"after", Step::Write, 1016}},
-              std::pair{"send " + folder_.file("zeros"), Place{"after", Step::Read, 4}}}) {
+              std::pair{"send --no-backup " + folder_.file("zeros"),
+                        Place{"after", Step::Read, 4}}}) {
             const ProgramEnd ending = run(line, place, stop);
             EXPECT_TRUE(WIFEXITED(ending.status) && WEXITSTATUS(ending.status) == 0);
             EXPECT_EQ(ending.errors, "");

@@ -7,6 +7,7 @@ from pathlib import Path
 from rig import CLI, PATIENCE, check_equal, some_bank
 
 MIDDLE = 200  # transfers of a bank's byte that have been made when the signal comes
+READ_PACKETS = 2 + 1 + 1012 + 1  # of the read before a send
 
 
 def start_read(rig, keyboard, endpoint="ep1 in", count=MIDDLE):
@@ -19,7 +20,7 @@ def start_send(rig, keyboard):
     source = rig.file("source.bank")
     source.write_bytes(some_bank(7))
     program = rig.start(CLI, "send", source)
-    keyboard.await_transfers("ep2 out", MIDDLE)
+    keyboard.await_transfers("ep2 out", READ_PACKETS + MIDDLE)
     return program
 
 

@@ -119,7 +119,9 @@ class Soak:
         return TOLD if told else RIGHT
 
     def _by_hand(self, step, file):
-        program = self.rig.start(CLI, step.kind.verb, file)
+        options = ["--no-backup"] if step.kind.verb == "send" else []
+        program = self.rig.start(CLI, step.kind.verb, file, *options,
+                                 env={**os.environ, "XDG_STATE_HOME": "/nonexistent"})
         time.sleep(step.delay)
         if step.kind.hand == "unplug":
             self.keyboard.order("unplug", "unplugged")

@@ -45,7 +45,7 @@ def case_unplugged_at_byte_1011_of_a_read(rig):
 
 
 def case_unplugged_in_a_send(rig):
-    keyboard = rig.plug("--fault", "unplug:700")
+    keyboard = rig.plug("--fault", f"unplug:{1012 + 700}")  # the read before the send has 1012 bytes
     source = rig.file("source.bank")
     source.write_bytes(some_bank(3))
     code, errors = rig.run(CLI, "send", source)

@@ -14,6 +14,7 @@ import cases_devices
 import cases_editor
 import cases_play
 import cases_port
+import cases_resume
 import cases_signals
 import cases_soak
 import cases_transfer
@@ -21,7 +22,7 @@ import cases_trouble
 from rig import Rig
 
 MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_play,
-           cases_editor, cases_soak)
+           cases_resume, cases_editor, cases_soak)
 PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",
@@ -31,6 +32,8 @@ SMOKE = [
     "sigterm_in_a_send",
     "sigint_in_a_read_that_waits_for_ever",
     "unplugged_at_byte_500_of_a_read",
+    "killed_at_3_places_of_a_send",
+    "unplugged_at_3_places_of_a_send",
     "devices_are_told_with_where_they_are",
     "port_is_back_after_each_command_of_the_command_line",
     "played_controls_are_heard_and_monitored",

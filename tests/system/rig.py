@@ -129,6 +129,7 @@ class Rig:
         self.notes = []  # figures to be reported with the case
         self.folder = Path(self._stack.enter_context(tempfile.TemporaryDirectory()))
         self.keyboards = []
+        os.environ["XDG_STATE_HOME"] = str(self.folder / "state")
 
     def close(self):
         for keyboard in self.keyboards:

@@ -11,9 +11,17 @@ SUBJECTS = [
     Subject("read-over", [VIRTUAL, "read", "a.json"]),
     Subject("read-out", [VIRTUAL, "read", "-"]),
     # What the controller has taken cannot be taken back when something fails afterwards.
-    Subject("send", [VIRTUAL, "send", "a.bank"], may_stay=("held.bank",)),
-    Subject("send-json", ["--virtual=held.json", "send", "b.bank"], may_stay=("held.json",)),
-    Subject("send-verify", [VIRTUAL, "send", "a.bank", "--verify"], may_stay=("held.bank",)),
+    Subject("send", [VIRTUAL, "send", "a.bank", "--no-backup"], may_stay=("held.bank",)),
+    Subject(
+        "send-json",
+        ["--virtual=held.json", "send", "b.bank", "--no-backup"],
+        may_stay=("held.json",),
+    ),
+    Subject(
+        "send-verify",
+        [VIRTUAL, "send", "a.bank", "--no-backup", "--verify"],
+        may_stay=("held.bank",),
+    ),
     Subject(
         "send-backup",
         [VIRTUAL, "send", "a.bank", "--backup", "before.bank"],

@@ -1,0 +1,86 @@
+"""Sends that do not end, because the program is killed or the keyboard pulled out, at places from the
+first packet to the last: what is asked for afterwards leaves one of the two banks, whole."""
+
+from rig import CLI, check_equal, some_bank
+
+READ_PACKETS = 2 + 1 + 1012 + 1  # of the read before a send
+SEND_PACKETS = 2 + 2 + 1024
+BANK = 1012
+HELD = some_bank(1)
+SENT = some_bank(2)
+WAYS = (("resume", SENT), ("resume", "--before", HELD))
+
+
+def places(count, last):
+    """So many numbers from 0 to `last`, both among them."""
+    return [last * step // (count - 1) for step in range(count)]
+
+
+def make_good(rig, keyboard, place):
+    """Asks for the one bank or the other, and reads it back; a look tells first that it is needed."""
+    mixed = keyboard.bank_file.read_bytes() not in (HELD, SENT)
+    code, errors = rig.run(CLI, "read", rig.file("look.bank"))
+    check_equal((code, "did not end" in errors), (0, mixed), f"read after place {place}: {errors}")
+    *words, bank = WAYS[place % 2]
+    check_equal(rig.run(CLI, *words), (0, ""), f"{words} after place {place}")
+    # A keyboard that was found whole needs nothing.
+    wanted = (bank,) if mixed else (HELD, SENT)
+    assert keyboard.bank_file.read_bytes() in wanted, f"not a whole bank after place {place}"
+    check_equal(rig.run(CLI, "read", rig.file("look.bank")), (0, ""), "a last look")
+    keyboard.check_port_is_back()
+    return mixed
+
+
+def start_send(rig):
+    source = rig.file("source.bank")
+    source.write_bytes(SENT)
+    return rig.start(CLI, "send", source)
+
+
+def check_killed(rig, count):
+    mixed = 0
+    for place in places(count, SEND_PACKETS - 1):
+        keyboard = rig.plug(bank=HELD)
+        program = start_send(rig)
+        keyboard.await_transfers("ep2 out", READ_PACKETS + place)
+        program.kill()
+        program.wait()
+        mixed += make_good(rig, keyboard, place)
+        keyboard.unplug()
+    rig.notes.append(f"{count} kills, {mixed} of which left a part of each bank")
+    assert mixed, "no kill left a part of each bank"
+
+
+def check_unplugged(rig, count):
+    mixed = 0
+    for place in places(count, BANK - 1):
+        keyboard = rig.plug("--fault", f"unplug:{BANK + place}", bank=HELD)
+        code, errors = start_and_wait(rig)
+        check_equal((code, "unplugged" in errors), (1, True), f"send at place {place}: {errors}")
+        keyboard.plug_again()
+        mixed += make_good(rig, keyboard, place)
+        keyboard.unplug()
+    rig.notes.append(f"{count} pulls, {mixed} of which left a part of each bank")
+    assert mixed, "no pull left a part of each bank"
+
+
+def start_and_wait(rig):
+    program = start_send(rig)
+    _, errors = program.communicate()
+    return program.returncode, errors
+
+
+def case_killed_at_3_places_of_a_send(rig):
+    check_killed(rig, 3)
+
+
+def case_unplugged_at_3_places_of_a_send(rig):
+    check_unplugged(rig, 3)
+
+
+def case_killed_at_20_places_of_a_send(rig):
+    check_killed(rig, 20)
+
+
+def case_unplugged_at_20_places_of_a_send(rig):
+    check_unplugged(rig, 20)
