@@ -18,6 +18,7 @@
 namespace scenewright::testing {
 
 inline const std::string kProgram = SCENEWRIGHT_BINARY_DIR "/bin/scenewright-cli";
+inline const std::string kProgramInShell = "'" + kProgram + "'"; // its folder may have blanks
 
 // Names of any bytes, settings of 0 to 127.
 inline std::vector<std::uint8_t> randomBank(std::uint32_t seed) {
@@ -55,7 +56,7 @@ class BankProgram : public ::testing::Test {
 protected:
     // With these words of a shell in the folder: "show - --scene 2 <a.bank".
     [[nodiscard]] ProgramRun cli(const std::string& words) const {
-        return shell("exec " + kProgram + " " + words);
+        return shell("exec " + kProgramInShell + " " + words);
     }
     [[nodiscard]] ProgramRun shell(const std::string& script) const {
         return runProgram({"/bin/sh", "-c", "export XDG_STATE_HOME=\"$1\"; cd \"$0\" && " + script,

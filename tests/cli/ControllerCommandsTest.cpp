@@ -89,7 +89,7 @@ TEST_F(ControllerCommands, ASendThatTheVirtualMemoryCannotKeepHasFailed) {
     const auto before = files();
     for (const char* send : {"send --no-backup", "send --no-backup --verify"}) {
         // No file may have more than a kilobyte; the sentence has less.
-        expectSentence(shell("trap '' XFSZ; ulimit -f 1; exec " + testing::kProgram +
+        expectSentence(shell("trap '' XFSZ; ulimit -f 1; exec " + testing::kProgramInShell +
                              " --virtual=held.json " + send + " a.bank"),
                        1, "scenewright-cli: Cannot write held.json: ");
         EXPECT_EQ(files(), before);

@@ -64,7 +64,7 @@ protected:
     // With descriptors of the caller's in place of standard streams.
     [[nodiscard]] ProgramRun runWith(const std::string& words,
                                      const std::vector<GivenDescriptor>& given) const {
-        return runProgram({"/bin/sh", "-c", "cd \"$0\" && exec " + kProgram + " " + words,
+        return runProgram({"/bin/sh", "-c", "cd \"$0\" && exec " + kProgramInShell + " " + words,
                            std::filesystem::path(file("a.bank")).parent_path()},
                           {}, given);
     }
@@ -79,7 +79,8 @@ protected:
         fs::create_directories(fs::path(file(list)).parent_path());
         put(list, std::string("<plist><array/></plist>"));
         fs::create_symlink(file(list), file("alias"));
-        const std::string start = "XDG_CONFIG_HOME=\"$0\"/home exec " + kProgram + " " + options;
+        const std::string start =
+            "XDG_CONFIG_HOME=\"$0\"/home exec " + kProgramInShell + " " + options;
         expectInUse(start, "--log " + list);
         expectInUse(start, "--console alias");
         EXPECT_EQ(text(list), "<plist><array/></plist>");
@@ -195,7 +196,7 @@ TEST_F(Surroundings, StandardStreamsAreTheSameUnderEachOfTheirNames) {
 }
 
 TEST_F(Surroundings, FileSizeLimitIsAWriteThatFails) {
-    const std::string set = "ulimit -f 0; exec " + kProgram + " set a.bank scene1.pad1.CR=1";
+    const std::string set = "ulimit -f 0; exec " + kProgramInShell + " set a.bank scene1.pad1.CR=1";
     EXPECT_EQ(shell("(" + set + ") 2>&1 | cat").output,
               "scenewright-cli: Cannot write a.bank: File too large.\n");
     EXPECT_EQ(shell(set).exitCode, 2);
@@ -267,7 +268,7 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
 
 // Starts the program with these words of a shell in the folder, and ends it after that time.
 void endAfter(useconds_t time, const std::string& words, const fs::path& folder) {
-    const std::string script = "exec " + kProgram + " " + words;
+    const std::string script = "exec " + kProgramInShell + " " + words;
     const pid_t child = fork();
     if (child == 0) {
         signal(SIGTERM, SIG_DFL);

@@ -65,6 +65,10 @@ def unpacked(cache):
     folder = cache / "kernel"
     if not folder.exists():
         fetch(folder)
+    # Newer packages say where the modules are by the name that the folder has since /usr was merged,
+    # and rely on a link that belongs to another package.
+    if not (folder / "root" / "lib").exists():
+        (folder / "root" / "lib").symlink_to("usr/lib")
     images = list((folder / "root" / "boot").glob("vmlinuz-*"))
     if len(images) != 1:
         raise Trouble(f"{folder} holds no kernel; remove that folder and try again.")

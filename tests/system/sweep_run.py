@@ -10,6 +10,7 @@ import signal
 import socket
 import struct
 import subprocess
+import sys
 import time
 from collections import Counter
 from dataclasses import dataclass, field
@@ -19,6 +20,10 @@ from sweep_place import Places
 from sweep_subjects import make_files
 
 ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests/support"))
+
+from preload import loadable  # noqa: E402  pylint: disable=wrong-import-position
+
 PATIENCE = 60  # seconds, after which a program counts as hung
 
 # Each call, and the errors that it fails with.
@@ -62,7 +67,7 @@ TRACED = ",".join(f"?{call}" for call in ERRORS)
 def preload_of(programs):
     """Released programs have no test's object beside them: then that of the build with tests."""
     own = programs / "libsweep-preload.so"
-    return str(own if own.exists() else ROOT / "build/dev/bin" / own.name)
+    return loadable(own if own.exists() else ROOT / "build/dev/bin" / own.name)
 
 
 @dataclass

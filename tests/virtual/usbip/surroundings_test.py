@@ -12,7 +12,11 @@ import sys
 import tempfile
 import threading
 import unittest
+from pathlib import Path
 
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "support"))
+
+from preload import loadable
 import usbip_client as usbip
 from usbip_client import Host, Server, import_device
 
@@ -317,5 +321,5 @@ class Program(Case):
 
 if __name__ == "__main__":
     PROGRAM = sys.argv.pop(1)
-    SLOW_DISK = sys.argv.pop(1)
+    SLOW_DISK = loadable(Path(sys.argv.pop(1)))
     unittest.main()
