@@ -15,10 +15,6 @@ namespace scenewright {
 
 namespace {
 
-bool isFrequent(const MidiMessage& message) {
-    return message.status == kClock || message.status == kActiveSensing;
-}
-
 // "2026-11-22T12:03:04.123", or from the hour on.
 std::string timeText(Monitor::Clock::time_point now, const char* format) {
     const std::time_t seconds = Monitor::Clock::to_time_t(now);
@@ -46,42 +42,15 @@ std::vector<std::string> senders(const SceneList& bank, const MidiMessage& messa
 } // namespace
 
 Monitor::Monitor(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards,
-                 MonitorOptions options, Tell tell)
-    : sequencer_(sequencer), keyboards_(std::move(keyboards)), options_(std::move(options)),
-      tell_(std::move(tell)) {}
-
-void Monitor::start() {
-    listen();
-}
+                 MonitorOptions options, KeyboardListener::Tell tell)
+    : listener_(sequencer, std::move(keyboards), std::move(tell)), options_(std::move(options)) {}
 
 std::string Monitor::take(Clock::time_point now) {
-    const SequencerInput input = sequencer_.take();
     std::string lines;
-    for (const SequencerInput::Message& each : input.messages)
-        if (options_.showsAll || !isFrequent(each.message))
-            lines += line(each.message, now);
-    if (input.isIncomplete)
-        tell_("more came than could be taken at once, and some of it is lost");
-    if (input.hasChanged || input.isIncomplete)
-        listen();
+    for (const MidiMessage& message : listener_.take())
+        if (options_.showsAll || !isFrequent(message))
+            lines += line(message, now);
     return lines;
-}
-
-void Monitor::listen() {
-    std::vector<std::string> names;
-    for (const auto& [port, keyboard] : portsOf(sequencer_.ports(), keyboards_())) {
-        if (!port.sends)
-            continue;
-        if (const auto listening = sequencer_.listenTo(port.address); listening)
-            names.push_back(port.portName);
-        else
-            tell_(listening.error());
-    }
-    const std::string sentence =
-        names.empty() ? "no MIDI port of a keyboard of the list is there; waiting for one"
-                      : fmt::format("listening to {}", fmt::join(names, ", "));
-    if (std::exchange(told_, sentence) != sentence)
-        tell_(sentence);
 }
 
 std::string Monitor::line(const MidiMessage& message, Clock::time_point now) const {

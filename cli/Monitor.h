@@ -1,13 +1,12 @@
 // What the keyboard sends, in lines: the command monitor without its loop.
 #pragma once
 
-#include "app/KeyboardConnections.h"
+#include "app/KeyboardListener.h"
 #include "model/MidiMessage.h"
 #include "model/SceneValue.h"
 #include "sequencer/Sequencer.h"
 
 #include <chrono>
-#include <functional>
 #include <string>
 
 namespace scenewright {
@@ -23,27 +22,21 @@ struct MonitorOptions {
 class Monitor {
 public:
     using Clock = std::chrono::system_clock;
-    using Tell = std::function<void(const std::string& sentence)>;
 
-    // `tell` gets a sentence for what a person should know besides. The sequencer must outlive the
-    // object.
+    // As a KeyboardListener is made.
     Monitor(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, MonitorOptions options,
-            Tell tell);
+            KeyboardListener::Tell tell);
 
     // Listens to each keyboard's ports, and to those that come later, from here on.
-    void start();
+    void start() { listener_.start(); }
     // The lines for what has come in, in local time.
     [[nodiscard]] std::string take(Clock::time_point now);
 
 private:
-    void listen();
     [[nodiscard]] std::string line(const MidiMessage& message, Clock::time_point now) const;
 
-    Sequencer& sequencer_;
-    KeyboardConnections::Keyboards keyboards_;
+    KeyboardListener listener_;
     MonitorOptions options_;
-    Tell tell_;
-    std::string told_; // the last sentence about what it listens to
 };
 
 } // namespace scenewright

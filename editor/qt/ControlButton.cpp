@@ -94,6 +94,16 @@ void ControlButton::setLight(const Colour& colour) {
     drawLater();
 }
 
+void ControlButton::setPlayed(bool isPlayed) {
+    look_.isPlayed = isPlayed;
+    drawLater();
+}
+
+void ControlButton::setTravel(qreal travel) {
+    look_.travel = travel;
+    drawLater();
+}
+
 void ControlButton::setLargestCaption(int pixels) {
     look_.largestCaption = pixels;
     drawLater();
@@ -154,7 +164,7 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     drawControl(painter, rect(),
                 {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
-                 isDown(), underMouse() && isEnabled()});
+                 isDown(), underMouse() && isEnabled(), look_.isPlayed, look_.travel});
     drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));
     if (look_.image)

@@ -37,6 +37,12 @@ public:
     // What a pad shines in; black is unlit. Other controls have no light.
     void setLight(const Colour& colour);
     [[nodiscard]] const Colour& light() const { return look_.light; }
+    // What is done with it on the keyboard: whether it was just touched, and where a knob or slider
+    // stands, from 0 (left, down) to 1.
+    void setPlayed(bool isPlayed);
+    [[nodiscard]] bool isPlayed() const { return look_.isPlayed; }
+    void setTravel(qreal travel);
+    [[nodiscard]] std::optional<qreal> travel() const { return look_.travel; }
     // The size that a title is set in where it has the room, in device-independent pixels.
     void setLargestCaption(int pixels);
     // Everything that the control does, in words.
@@ -63,6 +69,8 @@ private:
         std::optional<std::string> image;
         Colour light;
         int largestCaption = kSmallestCaption;
+        bool isPlayed = false;
+        std::optional<qreal> travel{};
         friend bool operator==(const Look&, const Look&) = default;
     };
 

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStringList>
 #include <QSvgRenderer>
+#include <QtMath>
 
 #include <algorithm>
 #include <array>
@@ -28,6 +29,7 @@ constexpr QColor kEbony(40, 44, 51);
 constexpr QColor kEbonyDark(14, 16, 19);
 constexpr QColor kRubber(52, 57, 66);
 constexpr QColor kMark(232, 235, 240);
+constexpr QColor kPlayed(255, 214, 0);
 constexpr QColor kEdge(0, 0, 0, 150);
 
 // Measures are parts of a control's own size, so that the picture scales as one.
@@ -83,7 +85,10 @@ void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
     painter.setBrush(cap);
     painter.drawEllipse(centre, radius, radius);
     painter.setPen(QPen(kMark, std::max(2.0, radius * 0.12), Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(centre - QPointF(0, radius * 0.85), centre - QPointF(0, radius * 0.4));
+    // A knob turns by 300 degrees.
+    const qreal turn = qDegreesToRadians(look.travel ? *look.travel * 300 - 150 : 0);
+    const QPointF way(std::sin(turn), -std::cos(turn));
+    painter.drawLine(centre + way * radius * 0.85, centre + way * radius * 0.4);
 }
 
 void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) {
@@ -101,7 +106,10 @@ void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) 
     }
     fillRound(painter, QRectF(middle - 2, top, 4, bottom - top), 2, Qt::black);
     const qreal width = room.width() * 0.56;
-    const QRectF cap(middle - width / 2, top + (bottom - top) * 0.38, width, room.height() * 0.13);
+    const qreal height = room.height() * 0.13;
+    const qreal place =
+        look.travel ? (bottom - top - height) * (1 - *look.travel) : (bottom - top) * 0.38;
+    const QRectF cap(middle - width / 2, top + place, width, height);
     fillRound(painter, cap.translated(0, 2), 4, kEdge);
     fillRound(painter, cap, 4, downward(cap, kPlastic.lighter(140), kPlasticDark));
     fillRound(painter, QRectF(cap.left() + 3, cap.center().y() - 1, cap.width() - 6, 2), 1, kMark);
@@ -230,6 +238,11 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
     kDraws.at(static_cast<std::size_t>(look.shape))(painter, room, look);
     if (look.isHovered)
         fillRound(painter, room, 7, QColor(255, 255, 255, 26));
+    if (look.isPlayed) {
+        painter.setPen(QPen(kPlayed, 3));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(room.adjusted(2, 2, -2, -2), 7, 7);
+    }
     painter.restore();
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 class QPainter;
@@ -25,6 +26,8 @@ struct ControlLook {
     QColor light; // of a pad; invalid or black is unlit
     bool isDown = false;
     bool isHovered = false;
+    bool isPlayed = false;         // on the keyboard, just now
+    std::optional<qreal> travel{}; // of a knob or slider, 0 (left, down) to 1, where it is known
 };
 
 // Draws the control without its caption; `room` is the whole of its place.

@@ -8,6 +8,7 @@
 #include "editor/qt/History.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/MonitorStrip.h"
 #include "editor/qt/PadColours.h"
 #include "editor/qt/SafeSending.h"
 #include "editor/qt/SceneChecks.h"
@@ -78,6 +79,7 @@ public:
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
     [[nodiscard]] SceneChecks& checks() { return checks_; }
     [[nodiscard]] PadColours& colours() { return colours_; }
+    [[nodiscard]] MonitorStrip& monitor() { return *monitor_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -91,6 +93,7 @@ private:
     SceneCommands scenes_;
     SceneChecks checks_;
     PadColours colours_;
+    MonitorStrip* monitor_; // child of the window
     SafeSending sending_;
     DeviceVerification verification_;
     std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery

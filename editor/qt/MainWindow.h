@@ -25,6 +25,7 @@
 #include <functional>
 
 class QHBoxLayout;
+class QVBoxLayout;
 
 namespace scenewright {
 
@@ -112,6 +113,8 @@ public:
     [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
+    // Between the picture and the panes; the window owns it from here.
+    void addBelowPicture(QWidget& strip);
     // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
     void showScenesAnew();
     // Chooses a control, 0 to 45, of a scene, 0 to 3, as if the user had, and shows its settings as
@@ -164,6 +167,7 @@ private:
     StatusLine* status_ = nullptr;
     MainMenu* menu_ = nullptr;
     NoticeBar* notices_ = nullptr;
+    QVBoxLayout* right_ = nullptr; // picture and panes
     GainWindow* gainPanel_ = nullptr;
     QPointer<QWidget> former_; // had the keyboard before a send greyed it
 };

@@ -77,6 +77,7 @@ void MainWindow::layOut() {
     list_->setFixedWidth(kListWidth);
     middle.addWidget(list_);
     auto& right = nested<QVBoxLayout>(middle, 1);
+    right_ = &right;
     picture_ = &makeChild<DevicePicture>(&root);
     picture_->setAccessibleName(tr("Picture of the keyboard"));
     right.addWidget(picture_, 1);
@@ -88,6 +89,10 @@ void MainWindow::layOut() {
     status_->setAccessibleName(tr("Status line"));
     rows.addWidget(status_);
     resize(kWindowSize);
+}
+
+void MainWindow::addBelowPicture(QWidget& strip) {
+    right_->insertWidget(1, &strip);
 }
 
 // A window that is smaller than all that is in it lets it be scrolled, and scrolls by itself to
@@ -172,7 +177,7 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
 
 void MainMenu::setModes(const QStringList& titles) {
     //: The letters marked in "Gain Panel" and "Appearance".
-    QString taken = tr("ga");
+    QString taken = tr("gamt");
     for (int mode = 0; mode < titles.size(); ++mode) {
         QAction& action = *modes_.addAction(withMnemonic(titles[mode], taken));
         action.setCheckable(true);

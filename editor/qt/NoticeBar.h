@@ -38,6 +38,7 @@ struct Notice {
         Files,
         Recovery,
         Resources,
+        Midi,
         Quit
     };
 

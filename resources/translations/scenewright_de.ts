@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>&amp;Monitor</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>Durch &amp;Berühren wählen</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>Was gehört wird</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>Auch Takt</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>Was das Keyboard sendet</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>Szene %1?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>kein Element der Szenen</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -877,11 +932,6 @@
         <translation>Weitere Menüs</translation>
     </message>
     <message>
-        <source>ga</source>
-        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
-        <translation>ge</translation>
-    </message>
-    <message>
         <source>Previous Control</source>
         <translation>Vorheriges Bedienelement</translation>
     </message>
@@ -896,6 +946,11 @@
     <message>
         <source>Ctrl+PgDown</source>
         <translation>Ctrl+PgDown</translation>
+    </message>
+    <message>
+        <source>gamt</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>gemb</translation>
     </message>
 </context>
 <context>
@@ -1070,6 +1125,21 @@
     <message>
         <source>Reset</source>
         <translation>Zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorLines</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>Sent by</source>
+        <translation>Gesendet von</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Moniteur</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>&amp;Moniteur</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>Choisir en &amp;touchant</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>Ce qui est écouté</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtre</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>Horloge aussi</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>Ce que le clavier envoie</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>scène %1 ?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>aucune commande des scènes</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -877,11 +932,6 @@
         <translation>Autres menus</translation>
     </message>
     <message>
-        <source>ga</source>
-        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
-        <translation>gr</translation>
-    </message>
-    <message>
         <source>Previous Control</source>
         <translation>Contrôle précédent</translation>
     </message>
@@ -896,6 +946,11 @@
     <message>
         <source>Ctrl+PgDown</source>
         <translation>Ctrl+PgDown</translation>
+    </message>
+    <message>
+        <source>gamt</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>grmt</translation>
     </message>
 </context>
 <context>
@@ -1070,6 +1125,21 @@
     <message>
         <source>Reset</source>
         <translation>Réinitialisation</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorLines</name>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Sent by</source>
+        <translation>Envoyé par</translation>
     </message>
 </context>
 <context>

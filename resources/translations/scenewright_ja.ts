@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>モニター</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>モニター(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>触れて選択(&amp;T)</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>受信中のポート</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>フィルター</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>クロックも表示</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>キーボードが送信する内容</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>シーン %1?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>シーンのどのコントロールでもない</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -877,11 +932,6 @@
         <translation>その他のメニュー</translation>
     </message>
     <message>
-        <source>ga</source>
-        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
-        <translation>ga</translation>
-    </message>
-    <message>
         <source>Previous Control</source>
         <translation>前のコントロール</translation>
     </message>
@@ -896,6 +946,11 @@
     <message>
         <source>Ctrl+PgDown</source>
         <translation>Ctrl+PgDown</translation>
+    </message>
+    <message>
+        <source>gamt</source>
+        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <translation>gamt</translation>
     </message>
 </context>
 <context>
@@ -1070,6 +1125,21 @@
     <message>
         <source>Reset</source>
         <translation>リセット</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorLines</name>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>Sent by</source>
+        <translation>送信元</translation>
     </message>
 </context>
 <context>

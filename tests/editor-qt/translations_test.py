@@ -19,7 +19,7 @@ MARK = re.compile(r"&(?!&)(.)")
 # Texts that only list the letters marked elsewhere, with the sources of those.
 LETTERS = {
     "fesdvhw": ["&File", "&Edit", "&Scene", "&Device", "&View", "&Help", "Sho&w"],
-    "ga": ["&Gain Panel", "&Appearance"],
+    "gamt": ["&Gain Panel", "&Appearance", "&Monitor", "Choose by &Touching"],
 }
 MENUS = [
     LETTERS["fesdvhw"],

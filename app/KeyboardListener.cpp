@@ -1,0 +1,48 @@
+#include "app/KeyboardListener.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <utility>
+
+namespace scenewright {
+
+bool isFrequent(const MidiMessage& message) {
+    return message.status == kClock || message.status == kActiveSensing;
+}
+
+KeyboardListener::KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards,
+                                   Tell tell)
+    : sequencer_(sequencer), keyboards_(std::move(keyboards)), tell_(std::move(tell)) {}
+
+std::vector<MidiMessage> KeyboardListener::take() {
+    const SequencerInput input = sequencer_.take();
+    std::vector<MidiMessage> messages;
+    messages.reserve(input.messages.size());
+    for (const SequencerInput::Message& each : input.messages)
+        messages.push_back(each.message);
+    if (input.isIncomplete)
+        tell_("more came than could be taken at once, and some of it is lost");
+    if (input.hasChanged || input.isIncomplete)
+        listen();
+    return messages;
+}
+
+void KeyboardListener::listen() {
+    std::vector<std::string> names;
+    for (const auto& [port, keyboard] : portsOf(sequencer_.ports(), keyboards_())) {
+        if (!port.sends)
+            continue;
+        if (const auto listening = sequencer_.listenTo(port.address); listening)
+            names.push_back(port.portName);
+        else
+            tell_(listening.error());
+    }
+    const std::string sentence =
+        names.empty() ? "no MIDI port of a keyboard of the list is there; waiting for one"
+                      : fmt::format("listening to {}", fmt::join(names, ", "));
+    if (std::exchange(told_, sentence) != sentence)
+        tell_(sentence);
+}
+
+} // namespace scenewright

@@ -1,0 +1,40 @@
+// Listens to the MIDI ports of the keyboards that are plugged in, and to those that come later:
+// what both programs show of what the keyboard sends comes through here. One thread.
+#pragma once
+
+#include "app/KeyboardConnections.h"
+#include "model/MidiMessage.h"
+#include "sequencer/Sequencer.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace scenewright {
+
+// Of clock and active sensing, which come many times a second and tell nothing of a control.
+[[nodiscard]] bool isFrequent(const MidiMessage& message);
+
+class KeyboardListener {
+public:
+    using Tell = std::function<void(const std::string& sentence)>;
+
+    // `tell` gets a sentence for what a person should know besides. The sequencer must outlive the
+    // object.
+    KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, Tell tell);
+
+    // From here on.
+    void start() { listen(); }
+    // What has come in since the last time, in order.
+    [[nodiscard]] std::vector<MidiMessage> take();
+
+private:
+    void listen();
+
+    Sequencer& sequencer_;
+    KeyboardConnections::Keyboards keyboards_;
+    Tell tell_;
+    std::string told_; // the last sentence about what it listens to
+};
+
+} // namespace scenewright

@@ -1,0 +1,306 @@
+#include "editor/qt/MonitorStrip.h"
+
+#include "app/WindowAction.h"
+#include "editor/ControlDescription.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/ControlOutput.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTime>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+constexpr int kRows = 5;       // that are seen at once
+constexpr int kPause = 40;     // milliseconds between two looks
+constexpr int kLitFor = 400;   // milliseconds that a controller's control stays lit
+constexpr int kTimeWidth = 96; // device-independent pixels
+constexpr int kWordsWidth = 300;
+
+QToolButton& toggle(const QString& text, QWidget* parent) {
+    auto& button = makeChild<QToolButton>(parent);
+    button.setText(text);
+    button.setAccessibleName(text);
+    button.setCheckable(true);
+    return button;
+}
+
+} // namespace
+
+void MonitorLines::append(std::vector<Line> lines) {
+    if (lines.empty())
+        return;
+    const int surplus = rowCount() + static_cast<int>(lines.size()) - kMost;
+    if (surplus >= rowCount()) {
+        clear();
+    } else if (surplus > 0) {
+        beginRemoveRows({}, 0, surplus - 1);
+        lines_.erase(lines_.begin(), lines_.begin() + surplus);
+        endRemoveRows();
+    }
+    const std::size_t first = lines.size() > kMost ? lines.size() - kMost : 0;
+    const int count = static_cast<int>(lines.size() - first);
+    beginInsertRows({}, rowCount(), rowCount() + count - 1);
+    std::move(lines.begin() + static_cast<std::ptrdiff_t>(first), lines.end(),
+              std::back_inserter(lines_));
+    endInsertRows();
+}
+
+void MonitorLines::clear() {
+    beginResetModel();
+    lines_.clear();
+    endResetModel();
+}
+
+int MonitorLines::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+}
+
+int MonitorLines::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant MonitorLines::data(const QModelIndex& index, int role) const {
+    const Line& line = lines_.at(static_cast<std::size_t>(index.row()));
+    if (role == Qt::DisplayRole)
+        return line.texts.at(static_cast<std::size_t>(index.column()));
+    if (role == Qt::FontRole && !line.isExplained) {
+        QFont font;
+        font.setItalic(true);
+        return font;
+    }
+    return {};
+}
+
+QVariant MonitorLines::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return {};
+    const std::array<QString, kColumns> titles{tr("Time"), tr("Message"), tr("Sent by")};
+    return titles.at(static_cast<std::size_t>(section));
+}
+
+MonitorStrip::MonitorStrip(MainWindow& window, Open open, KeyboardConnections::Keyboards keyboards)
+    : QFrame(&window), window_(window), open_(std::move(open)), keyboards_(std::move(keyboards)) {
+    window.addBelowPicture(*this);
+    setAccessibleName(tr("Monitor"));
+    hide();
+    action_ = window.menu().view().addAction(tr("&Monitor"));
+    action_->setShortcut(QKeySequence(tr("Ctrl+M")));
+    action_->setCheckable(true);
+    connect(action_, &QAction::toggled, this, &MonitorStrip::turn);
+    choose_ = window.menu().view().addAction(tr("Choose by &Touching"));
+    choose_->setCheckable(true);
+    connect(choose_, &QAction::toggled, this, [this](bool isOn) {
+        if (isOn && sequencer_ == nullptr && !listen())
+            choose_->setChecked(false);
+    });
+    pause_.setSingleShot(true);
+    connect(&pause_, &QTimer::timeout, this, &MonitorStrip::show);
+    dark_.setSingleShot(true);
+    connect(&dark_, &QTimer::timeout, this, [this] {
+        for (const std::int32_t control : std::exchange(lit_, {}))
+            window_.picture().button(control)->setPlayed(false);
+    });
+}
+
+MonitorStrip::~MonitorStrip() = default;
+
+Result<std::unique_ptr<Sequencer>> MonitorStrip::openMachines() {
+    return openSequencer("Scenewright");
+}
+
+void MonitorStrip::layOut() {
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(0, 0, 0, 0);
+    column.setSpacing(4);
+    auto& bar = makeChild<QWidget>(this);
+    bar.setAccessibleName(tr("Monitor"));
+    auto& row = makeChild<QHBoxLayout>(&bar);
+    row.setContentsMargins(0, 0, 0, 0);
+    told_ = &makeChild<QLabel>(&bar);
+    told_->setTextFormat(Qt::PlainText);
+    told_->setAccessibleName(tr("What is listened to"));
+    auto& filter = makeChild<QLineEdit>(&bar);
+    filter.setPlaceholderText(tr("Filter"));
+    filter.setAccessibleName(tr("Filter"));
+    filter.setClearButtonEnabled(true);
+    paused_ = &toggle(tr("Pause"), &bar);
+    all_ = &toggle(tr("Clock Too"), &bar);
+    auto& clear = makeChild<QToolButton>(&bar);
+    clear.setText(tr("Clear"));
+    clear.setAccessibleName(clear.text());
+    auto& copyLines = makeChild<QToolButton>(&bar);
+    copyLines.setText(tr("Copy"));
+    copyLines.setAccessibleName(copyLines.text());
+    row.addWidget(told_, 1);
+    row.addWidget(&filter);
+    for (QWidget* button : {static_cast<QWidget*>(paused_), static_cast<QWidget*>(all_),
+                            static_cast<QWidget*>(&clear), static_cast<QWidget*>(&copyLines)})
+        row.addWidget(button);
+    column.addWidget(&bar);
+
+    filtered_.setSourceModel(&lines_);
+    filtered_.setFilterKeyColumn(-1);
+    filtered_.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    view_ = &makeChild<QTreeView>(this);
+    view_->setModel(&filtered_);
+    view_->setAccessibleName(tr("What the keyboard sends"));
+    view_->setRootIsDecorated(false);
+    view_->setUniformRowHeights(true);
+    view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->setColumnWidth(MonitorLines::Time, kTimeWidth);
+    view_->setColumnWidth(MonitorLines::Words, kWordsWidth);
+    view_->setFixedHeight((kRows + 1) * (fontMetrics().height() + 6));
+    column.addWidget(view_);
+
+    connect(&filter, &QLineEdit::textChanged, &filtered_,
+            &QSortFilterProxyModel::setFilterFixedString);
+    connect(&clear, &QToolButton::clicked, &lines_, &MonitorLines::clear);
+    connect(&copyLines, &QToolButton::clicked, this, &MonitorStrip::copy);
+    connect(paused_, &QAbstractButton::toggled, this, &MonitorStrip::show);
+}
+
+void MonitorStrip::turn(bool isOn) {
+    if (isOn && view_ == nullptr)
+        layOut();
+    if (isOn && sequencer_ == nullptr && !listen())
+        return action_->setChecked(false);
+    setVisible(isOn);
+}
+
+bool MonitorStrip::listen() {
+    auto opened = open_();
+    if (!opened) {
+        window_.notices().post({.source = Notice::Source::Midi, .text = shown(opened.error())});
+        return false;
+    }
+    sequencer_ = std::move(*opened);
+    listener_ = std::make_unique<KeyboardListener>(*sequencer_, keyboards_,
+                                                   [this](const std::string& sentence) {
+                                                       if (told_ != nullptr)
+                                                           told_->setText(shown(sentence));
+                                                   });
+    if (sequencer_->descriptor() >= 0) {
+        notifier_ =
+            std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
+        connect(notifier_.get(), &QSocketNotifier::activated, this, &MonitorStrip::take);
+    }
+    listener_->start();
+    return true;
+}
+
+void MonitorStrip::take() {
+    for (const MidiMessage& message : listener_->take()) {
+        if (isFrequent(message) && (all_ == nullptr || !all_->isChecked()))
+            continue;
+        taken_.push_back(message);
+        light(message);
+        if (choose_->isChecked())
+            chooseSender(message);
+    }
+    if (!taken_.empty() && !pause_.isActive())
+        pause_.start(kPause);
+}
+
+void MonitorStrip::show() {
+    if (!isVisible() || paused_->isChecked()) {
+        // The latest of them are still shown when it goes on.
+        if (taken_.size() > MonitorLines::kMost)
+            taken_.erase(taken_.begin(), taken_.end() - MonitorLines::kMost);
+        return;
+    }
+    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
+    std::vector<MonitorLines::Line> lines;
+    lines.reserve(taken_.size());
+    for (const MidiMessage& message : std::exchange(taken_, {}))
+        lines.push_back(lineOf(message, time));
+    const QScrollBar& bar = *view_->verticalScrollBar();
+    const bool follows = bar.value() == bar.maximum();
+    lines_.append(std::move(lines));
+    if (follows)
+        view_->scrollToBottom();
+}
+
+MonitorLines::Line MonitorStrip::lineOf(const MidiMessage& message, const QString& time) const {
+    const auto lists = window_.view().pu();
+    MonitorLines::Line line{
+        .texts = {time,
+                  shown(messageText(message, lists ? lists->pad_NoteNumber_Array() : Titles())),
+                  QString()}};
+    QStringList senders;
+    const SceneList& scenes = WindowAction::scenes();
+    const auto chosen = static_cast<std::size_t>(window_.view().sceneIndex());
+    for (const std::int32_t control : controlsSending(*scenes.at(chosen), message))
+        senders.append(shown(controlName(control)));
+    line.isExplained = !senders.empty();
+    for (std::size_t scene = 0; scene < scenes.size() && !line.isExplained; ++scene)
+        if (!controlsSending(*scenes[scene], message).empty())
+            senders.append(tr("scene %1?").arg(scene + 1));
+    line.texts[MonitorLines::Senders] =
+        senders.empty() ? tr("no control of the scenes") : senders.join(QLatin1String(", "));
+    return line;
+}
+
+void MonitorStrip::light(const MidiMessage& message) {
+    for (const std::int32_t control : controlsSending(*window_.view().sceneValue(), message)) {
+        ControlButton& button = *window_.picture().button(control);
+        const auto output = controlOutput(*window_.view().sceneValue(), control);
+        const bool isNote = output && output->isNote;
+        const bool isOff =
+            message.kind() == kNoteOff || (message.kind() == kNoteOn && message.second == 0);
+        button.setPlayed(!isNote || !isOff);
+        if (output && output->isTravel && output->low != output->high)
+            button.setTravel(std::clamp(static_cast<qreal>(message.second - output->low) /
+                                            (output->high - output->low),
+                                        0.0, 1.0));
+        if (isNote)
+            continue;
+        lit_.insert(control);
+        dark_.start(kLitFor);
+    }
+}
+
+// Ties are gone through in turn: the one after the chosen control is next.
+void MonitorStrip::chooseSender(const MidiMessage& message) {
+    const bool isPress =
+        (message.kind() == kNoteOn && message.second > 0) || message.kind() == kController;
+    if (!isPress || QApplication::activePopupWidget() != nullptr ||
+        QApplication::activeModalWidget() != nullptr)
+        return;
+    const auto senders = controlsSending(*window_.view().sceneValue(), message);
+    if (senders.empty())
+        return;
+    const std::int32_t chosen = window_.view().selectControl();
+    const bool isTravel = message.kind() == kController;
+    if (isTravel && std::ranges::find(senders, chosen) != senders.end())
+        return; // a knob sends many as it is turned
+    const auto next = std::ranges::upper_bound(senders, chosen);
+    window_.showControl(window_.view().sceneIndex(),
+                        next == senders.end() ? senders.front() : *next);
+}
+
+void MonitorStrip::copy() const {
+    QStringList lines;
+    for (int row = 0; row < filtered_.rowCount(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < MonitorLines::kColumns; ++column)
+            texts.append(filtered_.index(row, column).data().toString());
+        lines.append(texts.join(QLatin1Char('\t')));
+    }
+    QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+} // namespace scenewright

@@ -1,0 +1,163 @@
+#include "editor/qt/QtHelpers.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+#include "tests/sequencer/ScriptedSequencer.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+
+namespace scenewright::testing {
+
+namespace {
+
+constexpr PortAddress kKeyboard{20, 0};
+constexpr MidiMessage kPadOn{0x99, 38, 100}; // what the third pad of the default scenes sends
+constexpr MidiMessage kPadOff{0x89, 38, 0};
+constexpr std::int32_t kThirdPad = kPad + 2;
+constexpr std::int32_t kKnob = 5;
+
+class MonitorStripTest : public CommandsBench {
+protected:
+    MonitorStripTest() {
+        open();
+        ports->add(kKeyboard, "Keyboard", "MIDI 1", 1);
+        strip_ = &makeChild<MonitorStrip>(
+            window(),
+            [this]() -> Result<std::unique_ptr<Sequencer>> {
+                if (!error.empty())
+                    return failure(error);
+                return std::make_unique<ScriptedSequencer>(ports);
+            },
+            [] {
+                return std::vector<SoundKeyboard>{{"1209:0001#0", 1}};
+            });
+        window().show();
+    }
+
+    MonitorStrip& strip() { return *strip_; }
+    void play(std::initializer_list<MidiMessage> messages) {
+        for (const MidiMessage& message : messages)
+            ports->send(kKeyboard, message);
+        strip().take();
+        strip().show();
+    }
+    // Words and senders of each line.
+    QStringList told() {
+        QStringList lines;
+        MonitorLines& model = strip().lines();
+        for (int row = 0; row < model.rowCount(); ++row)
+            lines.append(model.index(row, MonitorLines::Words).data().toString() + " | " +
+                         model.index(row, MonitorLines::Senders).data().toString());
+        return lines;
+    }
+    ControlButton& button(std::int32_t control) { return *window().picture().button(control); }
+    QAbstractButton& toolButton(const char* text) {
+        for (auto* each : strip().findChildren<QToolButton*>())
+            if (each->text() == text)
+                return *each;
+        throw std::out_of_range(text);
+    }
+
+    std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
+    std::string error;
+
+private:
+    MonitorStrip* strip_ = nullptr;
+};
+
+TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
+    WindowAction::getSceneWithIndex(2)->buttonValueArray().at(kThirdPad - 1)->setCCOrNoteNumber(99);
+    strip().action().setChecked(true);
+    EXPECT_TRUE(strip().isVisible());
+    play({kPadOn, kPadOff, {0x99, 99, 1}, {0x99, 5, 1}});
+    EXPECT_EQ(told(), (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3",
+                                   "Note off D2, ch 10 | Pad 3",
+                                   "Note on Eb7, ch 10, velocity 1 | scene 3?",
+                                   "Note on F-1, ch 10, velocity 1 | no control of the scenes"}));
+}
+
+TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
+    strip().action().setChecked(true);
+    play({kPadOn});
+    EXPECT_TRUE(button(kThirdPad).isPlayed());
+    EXPECT_FALSE(button(kThirdPad + 1).isPlayed());
+    play({kPadOff, {0xB0, 74, 127}});
+    EXPECT_FALSE(button(kThirdPad).isPlayed());
+    EXPECT_TRUE(button(kKnob).isPlayed());
+    EXPECT_EQ(button(kKnob).travel(), 1.0);
+    EXPECT_TRUE(waitUntil([&] { return !button(kKnob).isPlayed(); }));
+}
+
+TEST_F(MonitorStripTest, PauseKeepsWhatCameAndClearTakesItAway) {
+    strip().action().setChecked(true);
+    toolButton("Pause").setChecked(true);
+    play({kPadOn});
+    EXPECT_EQ(told(), QStringList());
+    toolButton("Pause").setChecked(false);
+    EXPECT_EQ(told().size(), 1);
+    toolButton("Clear").click();
+    EXPECT_EQ(told(), QStringList());
+}
+
+TEST_F(MonitorStripTest, ClockIsHiddenUnlessAskedFor) {
+    strip().action().setChecked(true);
+    play({{kClock}, {kActiveSensing}});
+    EXPECT_EQ(told().size(), 0);
+    toolButton("Clock Too").setChecked(true);
+    play({{kClock}, {kActiveSensing}});
+    EXPECT_EQ(told().size(), 2);
+}
+
+TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
+    strip().action().setChecked(true);
+    play({kPadOn, {0xB0, 74, 3}});
+    strip().findChild<QLineEdit*>()->setText("knob");
+    toolButton("Copy").click();
+    const QString copied = QApplication::clipboard()->text();
+    EXPECT_EQ(copied.count('\n'), 0);
+    EXPECT_TRUE(copied.endsWith("\tKnob 1")) << copied.toStdString();
+}
+
+// Ten seconds of a burst; nothing of it is lost, and only the latest lines are kept.
+TEST_F(MonitorStripTest, ABurstIsKeptToTheLastTenThousandLines) {
+    strip().action().setChecked(true);
+    for (int tick = 0; tick < 300; ++tick) {
+        for (int message = 0; message < 100; ++message)
+            ports->send(kKeyboard, {0xB0, 74, static_cast<std::uint8_t>(tick % 128)});
+        strip().take();
+        strip().show();
+    }
+    EXPECT_EQ(strip().lines().rowCount(), MonitorLines::kMost);
+    EXPECT_EQ(strip().lines().index(0, MonitorLines::Words).data().toString(),
+              strip().lines().index(99, MonitorLines::Words).data().toString());
+    EXPECT_TRUE(strip().lines().index(9999, 1).data().toString().endsWith("43"));
+}
+
+TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
+    record(kPad).setCCOrNoteNumber(38); // as the third
+    strip().chooseAction().setChecked(true);
+    EXPECT_FALSE(strip().isVisible());
+    play({kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kPad);
+    play({kPadOff, kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kThirdPad);
+    play({kPadOff, kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kPad);
+    play({{0xB0, 74, 1}, {0xB0, 74, 2}});
+    EXPECT_EQ(window().view().selectControl(), kKnob);
+}
+
+TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
+    error = "there is no sequencer";
+    strip().action().setChecked(true);
+    EXPECT_EQ(notice(), "there is no sequencer");
+    EXPECT_FALSE(strip().isVisible());
+    EXPECT_FALSE(strip().action().isChecked());
+    strip().chooseAction().setChecked(true);
+    EXPECT_FALSE(strip().chooseAction().isChecked());
+}
+
+} // namespace
+
+} // namespace scenewright::testing
