@@ -176,7 +176,7 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainMenu::setModes(const QStringList& titles) {
-    //: The letters marked in "Gain Panel" and "Appearance".
+    //: The letters marked in "Gain Panel", "Appearance", "Monitor" and "Choose by Touching".
     QString taken = tr("gamt");
     for (int mode = 0; mode < titles.size(); ++mode) {
         QAction& action = *modes_.addAction(withMnemonic(titles[mode], taken));

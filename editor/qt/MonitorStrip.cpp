@@ -93,7 +93,8 @@ QVariant MonitorLines::headerData(int section, Qt::Orientation orientation, int 
 }
 
 MonitorStrip::MonitorStrip(MainWindow& window, Open open, KeyboardConnections::Keyboards keyboards)
-    : QFrame(&window), window_(window), open_(std::move(open)), keyboards_(std::move(keyboards)) {
+    : QFrame(&window), window_(window), open_(open ? std::move(open) : &openMachines),
+      keyboards_(keyboards ? std::move(keyboards) : &soundKeyboards) {
     window.addBelowPicture(*this);
     setAccessibleName(tr("Monitor"));
     hide();

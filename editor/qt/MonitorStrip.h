@@ -30,7 +30,7 @@ class MonitorLines final : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    static constexpr int kMost = 10'000; // the oldest lines go first
+    static constexpr int kMost = 10000; // the oldest lines go first
     enum Column : std::uint8_t { Time, Words, Senders, kColumns };
     struct Line {
         std::array<QString, kColumns> texts;
@@ -59,9 +59,10 @@ class MonitorStrip final : public QFrame {
 public:
     using Open = std::function<Result<std::unique_ptr<Sequencer>>()>;
 
-    // The sequencer is opened when the strip is first shown.
-    explicit MonitorStrip(MainWindow& window, Open open = &openMachines,
-                          KeyboardConnections::Keyboards keyboards = &soundKeyboards);
+    // The sequencer is opened when the strip is first shown; the machine's and its keyboards where
+    // none are given.
+    explicit MonitorStrip(MainWindow& window, Open open = nullptr,
+                          KeyboardConnections::Keyboards keyboards = nullptr);
     ~MonitorStrip() override;
     MonitorStrip(const MonitorStrip&) = delete;
     MonitorStrip& operator=(const MonitorStrip&) = delete;

@@ -949,7 +949,7 @@
     </message>
     <message>
         <source>gamt</source>
-        <extracomment>The letters marked in &quot;Gain Panel&quot; and &quot;Appearance&quot;.</extracomment>
+        <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>gpmt</translation>
     </message>
 </context>
