@@ -31,7 +31,7 @@ class MonitorLines final : public QAbstractTableModel {
 
 public:
     static constexpr int kMost = 10000; // the oldest lines go first
-    enum Column : std::uint8_t { Time, Words, Senders, kColumns };
+    enum Column { Time, Words, Senders, kColumns };
     struct Line {
         std::array<QString, kColumns> texts;
         bool isExplained = true; // a control of the shown scene sends it

@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>MonitorStrip</name>
-    <message>
-        <source>Monitor</source>
-        <translation>Monitor</translation>
-    </message>
-    <message>
-        <source>&amp;Monitor</source>
-        <translation>&amp;Monitor</translation>
-    </message>
-    <message>
-        <source>Ctrl+M</source>
-        <translation>Ctrl+M</translation>
-    </message>
-    <message>
-        <source>Choose by &amp;Touching</source>
-        <translation>Durch &amp;Berühren wählen</translation>
-    </message>
-    <message>
-        <source>What is listened to</source>
-        <translation>Was gehört wird</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filter</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Clock Too</source>
-        <translation>Auch Takt</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Leeren</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>What the keyboard sends</source>
-        <translation>Was das Keyboard sendet</translation>
-    </message>
-    <message>
-        <source>scene %1?</source>
-        <translation>Szene %1?</translation>
-    </message>
-    <message>
-        <source>no control of the scenes</source>
-        <translation>kein Element der Szenen</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -1140,6 +1085,61 @@
     <message>
         <source>Sent by</source>
         <translation>Gesendet von</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>&amp;Monitor</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>Durch &amp;Berühren wählen</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>Was gehört wird</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>Auch Takt</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>Was das Keyboard sendet</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>Szene %1?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>kein Element der Szenen</translation>
     </message>
 </context>
 <context>

@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
-    <name>MonitorStrip</name>
-    <message>
-        <source>Monitor</source>
-        <translation>Monitor</translation>
-    </message>
-    <message>
-        <source>&amp;Monitor</source>
-        <translation>&amp;Monitor</translation>
-    </message>
-    <message>
-        <source>Ctrl+M</source>
-        <translation>Ctrl+M</translation>
-    </message>
-    <message>
-        <source>Choose by &amp;Touching</source>
-        <translation>Elegir al &amp;tocar</translation>
-    </message>
-    <message>
-        <source>What is listened to</source>
-        <translation>Qué se escucha</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filtro</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pausa</translation>
-    </message>
-    <message>
-        <source>Clock Too</source>
-        <translation>También reloj</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Borrar</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copiar</translation>
-    </message>
-    <message>
-        <source>What the keyboard sends</source>
-        <translation>Lo que envía el teclado</translation>
-    </message>
-    <message>
-        <source>scene %1?</source>
-        <translation>¿escena %1?</translation>
-    </message>
-    <message>
-        <source>no control of the scenes</source>
-        <translation>ningún control de las escenas</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -1140,6 +1085,61 @@
     <message>
         <source>Sent by</source>
         <translation>Enviado por</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>&amp;Monitor</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>Elegir al &amp;tocar</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>Qué se escucha</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtro</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>También reloj</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Borrar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>Lo que envía el teclado</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>¿escena %1?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>ningún control de las escenas</translation>
     </message>
 </context>
 <context>

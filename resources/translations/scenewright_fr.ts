@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
-    <name>MonitorStrip</name>
-    <message>
-        <source>Monitor</source>
-        <translation>Moniteur</translation>
-    </message>
-    <message>
-        <source>&amp;Monitor</source>
-        <translation>&amp;Moniteur</translation>
-    </message>
-    <message>
-        <source>Ctrl+M</source>
-        <translation>Ctrl+M</translation>
-    </message>
-    <message>
-        <source>Choose by &amp;Touching</source>
-        <translation>Choisir en &amp;touchant</translation>
-    </message>
-    <message>
-        <source>What is listened to</source>
-        <translation>Ce qui est écouté</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filtre</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Clock Too</source>
-        <translation>Horloge aussi</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Effacer</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copier</translation>
-    </message>
-    <message>
-        <source>What the keyboard sends</source>
-        <translation>Ce que le clavier envoie</translation>
-    </message>
-    <message>
-        <source>scene %1?</source>
-        <translation>scène %1 ?</translation>
-    </message>
-    <message>
-        <source>no control of the scenes</source>
-        <translation>aucune commande des scènes</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -1140,6 +1085,61 @@
     <message>
         <source>Sent by</source>
         <translation>Envoyé par</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>Moniteur</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>&amp;Moniteur</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>Choisir en &amp;touchant</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>Ce qui est écouté</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtre</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>Horloge aussi</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>Ce que le clavier envoie</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>scène %1 ?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>aucune commande des scènes</translation>
     </message>
 </context>
 <context>

@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
-    <name>MonitorStrip</name>
-    <message>
-        <source>Monitor</source>
-        <translation>モニター</translation>
-    </message>
-    <message>
-        <source>&amp;Monitor</source>
-        <translation>モニター(&amp;M)</translation>
-    </message>
-    <message>
-        <source>Ctrl+M</source>
-        <translation>Ctrl+M</translation>
-    </message>
-    <message>
-        <source>Choose by &amp;Touching</source>
-        <translation>触れて選択(&amp;T)</translation>
-    </message>
-    <message>
-        <source>What is listened to</source>
-        <translation>受信中のポート</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>フィルター</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>一時停止</translation>
-    </message>
-    <message>
-        <source>Clock Too</source>
-        <translation>クロックも表示</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>消去</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>コピー</translation>
-    </message>
-    <message>
-        <source>What the keyboard sends</source>
-        <translation>キーボードが送信する内容</translation>
-    </message>
-    <message>
-        <source>scene %1?</source>
-        <translation>シーン %1?</translation>
-    </message>
-    <message>
-        <source>no control of the scenes</source>
-        <translation>シーンのどのコントロールでもない</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -1140,6 +1085,61 @@
     <message>
         <source>Sent by</source>
         <translation>送信元</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>モニター</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>モニター(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>触れて選択(&amp;T)</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>受信中のポート</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>フィルター</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>クロックも表示</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>キーボードが送信する内容</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>シーン %1?</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>シーンのどのコントロールでもない</translation>
     </message>
 </context>
 <context>

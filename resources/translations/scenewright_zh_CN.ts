@@ -2,61 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
-    <name>MonitorStrip</name>
-    <message>
-        <source>Monitor</source>
-        <translation>监视器</translation>
-    </message>
-    <message>
-        <source>&amp;Monitor</source>
-        <translation>监视器(&amp;M)</translation>
-    </message>
-    <message>
-        <source>Ctrl+M</source>
-        <translation>Ctrl+M</translation>
-    </message>
-    <message>
-        <source>Choose by &amp;Touching</source>
-        <translation>触碰选择(&amp;T)</translation>
-    </message>
-    <message>
-        <source>What is listened to</source>
-        <translation>正在监听的端口</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>筛选</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>暂停</translation>
-    </message>
-    <message>
-        <source>Clock Too</source>
-        <translation>包括时钟</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清除</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
-    </message>
-    <message>
-        <source>What the keyboard sends</source>
-        <translation>键盘发送的内容</translation>
-    </message>
-    <message>
-        <source>scene %1?</source>
-        <translation>场景 %1？</translation>
-    </message>
-    <message>
-        <source>no control of the scenes</source>
-        <translation>场景中没有对应控件</translation>
-    </message>
-</context>
-<context>
     <name>scenewright::About</name>
     <message>
         <source>About Scenewright</source>
@@ -1140,6 +1085,61 @@
     <message>
         <source>Sent by</source>
         <translation>发送者</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::MonitorStrip</name>
+    <message>
+        <source>Monitor</source>
+        <translation>监视器</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor</source>
+        <translation>监视器(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Choose by &amp;Touching</source>
+        <translation>触碰选择(&amp;T)</translation>
+    </message>
+    <message>
+        <source>What is listened to</source>
+        <translation>正在监听的端口</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clock Too</source>
+        <translation>包括时钟</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>What the keyboard sends</source>
+        <translation>键盘发送的内容</translation>
+    </message>
+    <message>
+        <source>scene %1?</source>
+        <translation>场景 %1？</translation>
+    </message>
+    <message>
+        <source>no control of the scenes</source>
+        <translation>场景中没有对应控件</translation>
     </message>
 </context>
 <context>
