@@ -1,7 +1,7 @@
 #include "bank/BankJson.h"
-#include "model/PadColour.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
+#include "model/PadColour.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 

@@ -1,9 +1,9 @@
 #include "bank/Edit.h"
 
-#include "model/PadColour.h"
 #include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
+#include "model/PadColour.h"
 #include "model/Setting.h"
 
 #include <fmt/format.h>

@@ -11,6 +11,7 @@
 #include <QWidgetAction>
 
 #include <algorithm>
+#include <span>
 
 namespace scenewright {
 

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QToolButton>
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {
@@ -71,10 +73,10 @@ TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
     strip().action().setChecked(true);
     EXPECT_TRUE(strip().isVisible());
     play({kPadOn, kPadOff, {0x99, 99, 1}, {0x99, 5, 1}});
-    EXPECT_EQ(told(), (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3",
-                                   "Note off D2, ch 10 | Pad 3",
-                                   "Note on Eb7, ch 10, velocity 1 | scene 3?",
-                                   "Note on F-1, ch 10, velocity 1 | no control of the scenes"}));
+    EXPECT_EQ(told(),
+              (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3", "Note off D2, ch 10 | Pad 3",
+                           "Note on Eb7, ch 10, velocity 1 | scene 3?",
+                           "Note on F-1, ch 10, velocity 1 | no control of the scenes"}));
 }
 
 TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {

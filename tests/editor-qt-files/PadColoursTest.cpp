@@ -4,6 +4,8 @@
 #include <QTest>
 #include <QToolButton>
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {

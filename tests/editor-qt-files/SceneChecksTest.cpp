@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <cstdint>
+
 namespace scenewright::testing {
 
 namespace {
