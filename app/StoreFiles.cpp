@@ -51,11 +51,21 @@ Result<StoreFiles::Opened> StoreFiles::openBank(const std::filesystem::path& fil
 }
 
 Result<StoreFiles::Opened> StoreFiles::openScene(const std::filesystem::path& file,
-                                                 std::int32_t index) const {
-    return readScene(file).map([&](const std::shared_ptr<SceneValue>& scene) {
-        Opened opened{.kept = keep(beforeOpening(file))};
-        copyInto(*WindowAction::getSceneWithIndex(index), *scene);
+                                                 std::int32_t index, std::int32_t from) const {
+    return readBankOrScene(file).map([&](const BankFile& read) {
+        Opened opened{.kept = keep(beforeOpening(file)), .isScene = true};
+        copyInto(*WindowAction::getSceneWithIndex(index),
+                 *read.scenes.at(static_cast<std::size_t>(from)));
         return opened;
+    });
+}
+
+Result<std::vector<std::string>> StoreFiles::sceneNames(const std::filesystem::path& file) {
+    return readBankOrScene(file).map([](const BankFile& read) {
+        std::vector<std::string> names;
+        for (const auto& scene : read.scenes)
+            names.push_back(displayName(scene->commonValue()->SceneName()));
+        return names;
     });
 }
 

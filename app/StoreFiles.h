@@ -38,9 +38,13 @@ public:
 
     // On error the store is what it was.
     [[nodiscard]] Result<Opened> openBank(const std::filesystem::path& file) const;
-    // Into the stored scene of that index, 0 to 3: its name and all its settings.
-    [[nodiscard]] Result<Opened> openScene(const std::filesystem::path& file,
-                                           std::int32_t index) const;
+    // Into the stored scene of that index, 0 to 3: its name and all its settings. `from` is the
+    // scene's place in a file that holds four; a file of one scene has the place 0.
+    [[nodiscard]] Result<Opened> openScene(const std::filesystem::path& file, std::int32_t index,
+                                           std::int32_t from = 0) const;
+    // The names of the scenes that a file holds, as they are shown: four of a bank, or one.
+    [[nodiscard]] static Result<std::vector<std::string>>
+    sceneNames(const std::filesystem::path& file);
     // A bank, or a scene into the stored one of that index, as the program starts: what it replaces
     // is the default scenes, and nothing of a user's that is to be kept.
     [[nodiscard]] static Result<Opened> openAtStart(const std::filesystem::path& file,

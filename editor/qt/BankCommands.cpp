@@ -3,11 +3,14 @@
 #include "app/WindowAction.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
+#include "model/Control.h"
 
+#include <QDate>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLocale>
 #include <QMimeData>
 #include <QTreeView>
@@ -25,10 +28,23 @@ namespace {
 constexpr std::size_t kMenuEntries = 20; // of earlier scenes, before the next menu
 constexpr QSize kDialogSize(860, 520);
 
-// The one local file that is dragged; empty for anything else.
-QString draggedFile(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+// The local files that are dragged.
+QStringList draggedFiles(const QMimeData& data) {
+    QStringList files;
+    for (const QUrl& url : data.urls())
+        files.append(url.toLocalFile());
+    files.removeAll(QString());
+    return files;
+}
+
+// A bank's or scene's name without what tells its form. The toolkit may have put a second suffix in
+// the place of the last one.
+QString withoutSuffix(const QString& name) {
+    for (const QString& suffix : {QStringLiteral(".bank.json"), QStringLiteral(".scene.json"),
+                                  QStringLiteral(".bank"), QStringLiteral(".json")})
+        if (name.endsWith(suffix, Qt::CaseInsensitive))
+            return withoutSuffix(name.chopped(suffix.size()));
+    return name;
 }
 
 std::filesystem::path pathOf(const QString& file) {
@@ -53,26 +69,45 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& histor
                            Document& document)
     : window_(window), files_(std::move(files)), history_(history), document_(document) {
     using Mode = QFileDialog::AcceptMode;
-    const QString bankSuffix = QStringLiteral("bank.json");
-    const QString sceneSuffix = QStringLiteral("scene.json");
-    addFileEntry({tr("&Open Bank..."), QKeySequence(tr("Ctrl+O")), Mode::AcceptOpen,
-                  &BankCommands::openBank, bankSuffix, "openBank"});
-    addFileEntry({tr("&Save Bank As..."), QKeySequence(tr("Ctrl+S")), Mode::AcceptSave,
-                  &BankCommands::saveBank, bankSuffix, "saveBank"});
+    const QStringList anyFile{tr("Banks and scenes (*.json *.bank)"), tr("All files (*)")};
+    addFileEntry({.title = tr("&Open Bank..."),
+                  .keys = QKeySequence(tr("Ctrl+O")),
+                  .mode = Mode::AcceptOpen,
+                  .command = &BankCommands::openBank,
+                  .filters = anyFile,
+                  .suffixes = {},
+                  .suggestion = nullptr,
+                  .name = "openBank"});
+    QAction& save = addEntry(tr("&Save Bank"), QKeySequence(tr("Ctrl+S")), "saveBank");
+    connect(&save, &QAction::triggered, this, &BankCommands::save);
+    saveAs_ = {.title = tr("Save Bank &As..."),
+               .keys = QKeySequence(tr("Ctrl+Shift+S")),
+               .mode = Mode::AcceptSave,
+               .command = &BankCommands::saveBank,
+               .filters = {tr("JSON, a text to read, compare and edit (*.bank.json *.json)"),
+                           tr("Image, the 1012 bytes as the keyboard holds them (*.bank)")},
+               .suffixes = {QStringLiteral("bank.json"), QStringLiteral("bank")},
+               .suggestion = &BankCommands::bankSuggestion,
+               .name = "saveBankAs"};
+    addFileEntry(saveAs_);
     recent_ = &addMenu(tr("&Recent"), tr("Recent banks"));
     window_.menu().file().insertSeparator(&window_.menu().quit());
-    addFileEntry({tr("Open S&cene Into This One..."),
-                  {},
-                  Mode::AcceptOpen,
-                  &BankCommands::openScene,
-                  sceneSuffix,
-                  "openScene"});
-    addFileEntry({tr("Save &This Scene..."),
-                  {},
-                  Mode::AcceptSave,
-                  &BankCommands::saveScene,
-                  sceneSuffix,
-                  "saveScene"});
+    addFileEntry({.title = tr("Open S&cene Into This One..."),
+                  .keys = {},
+                  .mode = Mode::AcceptOpen,
+                  .command = &BankCommands::openScene,
+                  .filters = anyFile,
+                  .suffixes = {},
+                  .suggestion = nullptr,
+                  .name = "openScene"});
+    addFileEntry({.title = tr("Save &This Scene..."),
+                  .keys = {},
+                  .mode = Mode::AcceptSave,
+                  .command = &BankCommands::saveScene,
+                  .filters = {tr("JSON, a text to read, compare and edit (*.scene.json *.json)")},
+                  .suffixes = {QStringLiteral("scene.json")},
+                  .suggestion = &BankCommands::sceneSuggestion,
+                  .name = "saveScene"});
     window_.menu().file().insertSeparator(&window_.menu().quit());
     earlier_ = &addMenu(tr("&Earlier Scenes"), tr("Earlier scenes"));
     window_.menu().file().insertSeparator(&window_.menu().quit());
@@ -86,12 +121,17 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& histor
     window_.installEventFilter(this);
 }
 
-void BankCommands::addFileEntry(const FileEntry& entry) {
-    auto& action = makeChild<QAction>(entry.title, &window_.menu().file());
-    action.setObjectName(QLatin1String(entry.name));
-    action.setShortcut(entry.keys);
+QAction& BankCommands::addEntry(const QString& title, const QKeySequence& keys, const char* name) {
+    auto& action = makeChild<QAction>(title, &window_.menu().file());
+    action.setObjectName(QLatin1String(name));
+    action.setShortcut(keys);
     window_.menu().file().insertAction(&window_.menu().quit(), &action);
-    connect(&action, &QAction::triggered, this, [this, entry] { askForFile(entry); });
+    return action;
+}
+
+void BankCommands::addFileEntry(const FileEntry& entry) {
+    connect(&addEntry(entry.title, entry.keys, entry.name), &QAction::triggered, this,
+            [this, entry] { askForFile(entry); });
 }
 
 QMenu& BankCommands::addMenu(const QString& title, const QString& name) {
@@ -109,12 +149,60 @@ void BankCommands::askForFile(const FileEntry& entry) {
     dialog.setAcceptMode(entry.mode);
     const bool isSave = entry.mode == QFileDialog::AcceptSave;
     dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setNameFilters({tr("Banks and scenes (*.json *.bank)"), tr("All files (*)")});
-    dialog.setDefaultSuffix(entry.suffix);
+    dialog.setNameFilters(entry.filters);
     dialog.setDirectory(RecentFiles::folder());
+    if (entry.suggestion != nullptr)
+        dialog.selectFile((this->*entry.suggestion)() + QLatin1Char('.') + entry.suffixes.front());
+    followFilter(dialog, entry);
     giveRoom(dialog);
     connect(&dialog, &QFileDialog::fileSelected, this,
             [this, command = entry.command](const QString& file) { (this->*command)(file); });
+    dialog.open();
+}
+
+void BankCommands::followFilter(QFileDialog& dialog, const FileEntry& entry) {
+    if (entry.suffixes.isEmpty())
+        return;
+    dialog.setDefaultSuffix(entry.suffixes.front());
+    connect(&dialog, &QFileDialog::filterSelected, &dialog,
+            [&dialog, filters = entry.filters, suffixes = entry.suffixes](const QString& filter) {
+                const QString suffix = suffixes.value(filters.indexOf(filter), suffixes.front());
+                dialog.setDefaultSuffix(suffix);
+                const QString name = QFileInfo(dialog.selectedFiles().value(0)).fileName();
+                dialog.selectFile(withoutSuffix(name) + QLatin1Char('.') + suffix);
+            });
+}
+
+QString BankCommands::bankSuggestion() const {
+    const QString file = QFileInfo(document_.file()).fileName();
+    return file.isEmpty() ? tr("Scenes %1").arg(QDate::currentDate().toString(Qt::ISODate))
+                          : withoutSuffix(file);
+}
+
+QString BankCommands::sceneSuggestion() const {
+    QString name = shown(displayName(window_.view().sceneValue()->commonValue()->SceneName()));
+    name = name.replace(QLatin1Char('/'), QLatin1Char('-')).trimmed();
+    return name.isEmpty() ? tr("Scene %1").arg(window_.view().sceneIndex() + 1) : name;
+}
+
+void BankCommands::askForScene(const QString& question, const std::vector<std::string>& names,
+                               const std::function<void(std::int32_t place)>& chosen) {
+    QStringList scenes;
+    for (const std::string& name : names)
+        scenes.append(tr("Scene %1, %2").arg(scenes.size() + 1).arg(shown(name)));
+    auto& dialog = makeChild<QInputDialog>(&window_);
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.setWindowTitle(tr("Open Scene"));
+    dialog.setAccessibleName(dialog.windowTitle());
+    dialog.setLabelText(question);
+    dialog.setComboBoxItems(scenes);
+    dialog.setTextValue(scenes.value(window_.view().sceneIndex()));
+    dialog.setOkButtonText(tr("&Open"));
+    dialog.setCancelButtonText(tr("&Cancel"));
+    connect(&dialog, &QInputDialog::textValueSelected, this,
+            [scenes, chosen](const QString& scene) {
+                chosen(static_cast<std::int32_t>(scenes.indexOf(scene)));
+            });
     dialog.open();
 }
 
@@ -122,10 +210,8 @@ QString BankCommands::openedBank(const QString& file) const {
     return tr("Opened %1").arg(QFileInfo(file).fileName());
 }
 
-QString BankCommands::openedScene(const QString& file) const {
-    return tr("Opened %1 as scene %2")
-        .arg(QFileInfo(file).fileName())
-        .arg(window_.view().sceneIndex() + 1);
+QString BankCommands::openedScene(const QString& file, std::int32_t index) {
+    return tr("Opened %1 as scene %2").arg(QFileInfo(file).fileName()).arg(index + 1);
 }
 
 QString BankCommands::openStep(const QString& file) {
@@ -133,6 +219,16 @@ QString BankCommands::openStep(const QString& file) {
 }
 
 void BankCommands::openBank(const QString& file) {
+    if (const auto held = StoreFiles::sceneNames(pathOf(file)); held && held->size() == 1) {
+        std::vector<std::string> stored;
+        for (const auto& scene : WindowAction::scenes())
+            stored.push_back(displayName(scene->commonValue()->SceneName()));
+        stored.resize(kSceneCount);
+        return askForScene(tr("%1 holds one scene, %2. It replaces:")
+                               .arg(QFileInfo(file).fileName(), shown(held->front())),
+                           stored,
+                           [this, file](std::int32_t place) { openSceneAs(file, 0, place); });
+    }
     if (showOutcome(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
         follow(file);
 }
@@ -141,7 +237,9 @@ void BankCommands::openAtStart(const QString& file) {
     const auto outcome = StoreFiles::openAtStart(pathOf(file), window_.view().sceneIndex());
     const bool isScene = outcome && outcome->isScene;
     const QString absolute = QFileInfo(file).absoluteFilePath();
-    if (!showOutcome(outcome, isScene ? openedScene(file) : openedBank(file), {}))
+    if (!showOutcome(outcome,
+                     isScene ? openedScene(file, window_.view().sceneIndex()) : openedBank(file),
+                     {}))
         return;
     history_.forget(); // nothing was there before
     if (isScene)
@@ -162,10 +260,32 @@ void BankCommands::follow(const QString& file) {
     document_.set(file);
 }
 
+void BankCommands::save() {
+    if (document_.file().isEmpty())
+        askForFile(saveAs_);
+    else
+        saveBank(document_.file());
+}
+
 void BankCommands::openScene(const QString& file) {
-    if (showOutcome(files_.openScene(pathOf(file), window_.view().sceneIndex()), openedScene(file),
-                    openStep(file)))
-        RecentFiles::setFolderOf(file);
+    const std::int32_t index = window_.view().sceneIndex();
+    const auto held = StoreFiles::sceneNames(pathOf(file));
+    if (!held || held->size() == 1)
+        return openSceneAs(file, 0, index);
+    askForScene(tr("%1 holds four scenes. Open as scene %2:")
+                    .arg(QFileInfo(file).fileName())
+                    .arg(index + 1),
+                *held,
+                [this, file, index](std::int32_t place) { openSceneAs(file, place, index); });
+}
+
+void BankCommands::openSceneAs(const QString& file, std::int32_t from, std::int32_t index) {
+    if (!showOutcome(files_.openScene(pathOf(file), index, from), openedScene(file, index),
+                     openStep(file)))
+        return;
+    if (index != window_.view().sceneIndex())
+        window_.showControl(index, 0);
+    RecentFiles::setFolderOf(file);
 }
 
 void BankCommands::saveScene(const QString& file) {
@@ -271,7 +391,7 @@ void BankCommands::addEarlier(QMenu& menu, const EarlierScenes::Entry& entry) {
 bool BankCommands::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::DragEnter) {
         auto* drag = static_cast<QDragEnterEvent*>(event);
-        if (draggedFile(*drag->mimeData()).isEmpty())
+        if (draggedFiles(*drag->mimeData()).isEmpty())
             return false;
         drag->acceptProposedAction();
         return true;
@@ -279,7 +399,15 @@ bool BankCommands::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Drop) {
         auto* drop = static_cast<QDropEvent*>(event);
         drop->acceptProposedAction();
-        openBank(draggedFile(*drop->mimeData()));
+        const QStringList files = draggedFiles(*drop->mimeData());
+        if (files.size() == 1)
+            openBank(files.front());
+        else
+            post(
+                failure(tr("%1 files were dropped, and one can be open at a time; drop one of them")
+                            .arg(files.size())
+                            .toStdString()),
+                {});
         return true;
     }
     return QObject::eventFilter(watched, event);

@@ -12,6 +12,12 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QObject>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace scenewright {
 
@@ -30,10 +36,15 @@ public:
 
     // A notice tells what was done; one of an error when a file could not be opened or written,
     // and then nothing is changed. Paths of local files.
+    //
+    // Of a file that holds one scene it is asked which of the four it is to be.
     void openBank(const QString& file);
     // What the program was started with: a bank, or a scene into the one that is shown.
     void openAtStart(const QString& file);
     void saveBank(const QString& file);
+    // In the document's file; asks for one when there is none.
+    void save();
+    // Into the scene that is shown. Of a file that holds four it is asked which one.
     void openScene(const QString& file);
     void saveScene(const QString& file);
     // Shows them; the notice says `done`.
@@ -64,12 +75,23 @@ private:
         QKeySequence keys;
         QFileDialog::AcceptMode mode;
         FileCommand command;
-        QString suffix;   // of a name that is typed without one
-        const char* name; // of the action, for whoever looks for it
+        QStringList filters;  // of names, with a sentence; the first holds at first
+        QStringList suffixes; // one a filter, of a name that is typed without one
+        QString (BankCommands::*suggestion)() const; // of a name, without its suffix; or null
+        const char* name;                            // of the action, for whoever looks for it
     };
+    QAction& addEntry(const QString& title, const QKeySequence& keys, const char* name);
     void addFileEntry(const FileEntry& entry);
     QMenu& addMenu(const QString& title, const QString& name);
     void askForFile(const FileEntry& entry);
+    // The names in the dialog follow the form that is chosen there.
+    static void followFilter(QFileDialog& dialog, const FileEntry& entry);
+    [[nodiscard]] QString bankSuggestion() const;
+    [[nodiscard]] QString sceneSuggestion() const;
+    // Asks for one of four scenes; `chosen` is told its place.
+    void askForScene(const QString& question, const std::vector<std::string>& names,
+                     const std::function<void(std::int32_t place)>& chosen);
+    void openSceneAs(const QString& file, std::int32_t from, std::int32_t index);
     // The scenes belong to the file from now on.
     void follow(const QString& file);
     void fillRecent();
@@ -80,7 +102,7 @@ private:
                      const QString& step);
     [[nodiscard]] static QString openStep(const QString& file);
     [[nodiscard]] QString openedBank(const QString& file) const;
-    [[nodiscard]] QString openedScene(const QString& file) const;
+    [[nodiscard]] static QString openedScene(const QString& file, std::int32_t index);
     void showSaved(const Result<void>& saved, const QString& file);
     void post(const Result<void>& result, const QString& done);
 
@@ -88,6 +110,7 @@ private:
     StoreFiles files_;
     History& history_;
     Document& document_;
+    FileEntry saveAs_;
     QMenu* recent_ = nullptr; // children of the File menu
     QMenu* earlier_ = nullptr;
 };

@@ -162,10 +162,6 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>&amp;Save Bank As...</source>
-        <translation>Bank &amp;speichern unter...</translation>
-    </message>
-    <message>
         <source>Ctrl+S</source>
         <translation>Ctrl+S</translation>
     </message>
@@ -244,6 +240,66 @@
     <message>
         <source>Brought back the edited scenes</source>
         <translation>Bearbeitete Szenen zurückgeholt</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank</source>
+        <translation>Bank &amp;speichern</translation>
+    </message>
+    <message>
+        <source>Save Bank &amp;As...</source>
+        <translation>Bank speichern &amp;unter...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.bank.json *.json)</source>
+        <translation>JSON, ein Text zum Lesen, Vergleichen und Bearbeiten (*.bank.json *.json)</translation>
+    </message>
+    <message>
+        <source>Image, the 1012 bytes as the keyboard holds them (*.bank)</source>
+        <translation>Abbild, die 1012 Bytes, wie das Keyboard sie hält (*.bank)</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.scene.json *.json)</source>
+        <translation>JSON, ein Text zum Lesen, Vergleichen und Bearbeiten (*.scene.json *.json)</translation>
+    </message>
+    <message>
+        <source>Scenes %1</source>
+        <translation>Szenen %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Szene %1, %2</translation>
+    </message>
+    <message>
+        <source>Open Scene</source>
+        <translation>Szene öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 holds one scene, %2. It replaces:</source>
+        <translation>%1 enthält eine Szene, %2. Sie ersetzt:</translation>
+    </message>
+    <message>
+        <source>%1 holds four scenes. Open as scene %2:</source>
+        <translation>%1 enthält vier Szenen. Als Szene %2 öffnen:</translation>
+    </message>
+    <message>
+        <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
+        <translation>%1 Dateien wurden abgelegt, aber nur eine kann offen sein; legen Sie eine davon ab</translation>
     </message>
 </context>
 <context>

@@ -162,10 +162,6 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>&amp;Save Bank As...</source>
-        <translation>&amp;Guardar banco como...</translation>
-    </message>
-    <message>
         <source>Ctrl+S</source>
         <translation>Ctrl+S</translation>
     </message>
@@ -244,6 +240,66 @@
     <message>
         <source>Brought back the edited scenes</source>
         <translation>Escenas editadas recuperadas</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank</source>
+        <translation>&amp;Guardar banco</translation>
+    </message>
+    <message>
+        <source>Save Bank &amp;As...</source>
+        <translation>Guardar banco co&amp;mo...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.bank.json *.json)</source>
+        <translation>JSON, un texto para leer, comparar y editar (*.bank.json *.json)</translation>
+    </message>
+    <message>
+        <source>Image, the 1012 bytes as the keyboard holds them (*.bank)</source>
+        <translation>Imagen, los 1012 bytes tal como los guarda el teclado (*.bank)</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.scene.json *.json)</source>
+        <translation>JSON, un texto para leer, comparar y editar (*.scene.json *.json)</translation>
+    </message>
+    <message>
+        <source>Scenes %1</source>
+        <translation>Escenas %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Escena %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Escena %1, %2</translation>
+    </message>
+    <message>
+        <source>Open Scene</source>
+        <translation>Abrir escena</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Abrir</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+    <message>
+        <source>%1 holds one scene, %2. It replaces:</source>
+        <translation>%1 contiene una escena, %2. Reemplaza:</translation>
+    </message>
+    <message>
+        <source>%1 holds four scenes. Open as scene %2:</source>
+        <translation>%1 contiene cuatro escenas. Abrir como escena %2:</translation>
+    </message>
+    <message>
+        <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
+        <translation>Se soltaron %1 archivos, pero solo puede haber uno abierto; suelte uno de ellos</translation>
     </message>
 </context>
 <context>

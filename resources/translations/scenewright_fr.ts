@@ -162,10 +162,6 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>&amp;Save Bank As...</source>
-        <translation>&amp;Enregistrer la banque sous...</translation>
-    </message>
-    <message>
         <source>Ctrl+S</source>
         <translation>Ctrl+S</translation>
     </message>
@@ -244,6 +240,66 @@
     <message>
         <source>Brought back the edited scenes</source>
         <translation>Scènes modifiées rétablies</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank</source>
+        <translation>&amp;Enregistrer la banque</translation>
+    </message>
+    <message>
+        <source>Save Bank &amp;As...</source>
+        <translation>Enregistrer la banque &amp;sous...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.bank.json *.json)</source>
+        <translation>JSON, un texte à lire, comparer et modifier (*.bank.json *.json)</translation>
+    </message>
+    <message>
+        <source>Image, the 1012 bytes as the keyboard holds them (*.bank)</source>
+        <translation>Image, les 1012 octets tels que le clavier les contient (*.bank)</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.scene.json *.json)</source>
+        <translation>JSON, un texte à lire, comparer et modifier (*.scene.json *.json)</translation>
+    </message>
+    <message>
+        <source>Scenes %1</source>
+        <translation>Scènes %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Scène %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>Scène %1, %2</translation>
+    </message>
+    <message>
+        <source>Open Scene</source>
+        <translation>Ouvrir une scène</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Ouvrir</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;nnuler</translation>
+    </message>
+    <message>
+        <source>%1 holds one scene, %2. It replaces:</source>
+        <translation>%1 contient une scène, %2. Elle remplace :</translation>
+    </message>
+    <message>
+        <source>%1 holds four scenes. Open as scene %2:</source>
+        <translation>%1 contient quatre scènes. Ouvrir comme scène %2 :</translation>
+    </message>
+    <message>
+        <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
+        <translation>%1 fichiers ont été déposés, mais un seul peut être ouvert ; déposez-en un</translation>
     </message>
 </context>
 <context>

@@ -162,10 +162,6 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>&amp;Save Bank As...</source>
-        <translation>バンクに名前を付けて保存(&amp;S)...</translation>
-    </message>
-    <message>
         <source>Ctrl+S</source>
         <translation>Ctrl+S</translation>
     </message>
@@ -244,6 +240,66 @@
     <message>
         <source>Brought back the edited scenes</source>
         <translation>編集したシーンを復元しました</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank</source>
+        <translation>バンクを保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save Bank &amp;As...</source>
+        <translation>バンクに名前を付けて保存(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.bank.json *.json)</source>
+        <translation>JSON: 読み、比較し、編集できるテキスト (*.bank.json *.json)</translation>
+    </message>
+    <message>
+        <source>Image, the 1012 bytes as the keyboard holds them (*.bank)</source>
+        <translation>イメージ: キーボードが保持する 1012 バイト (*.bank)</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.scene.json *.json)</source>
+        <translation>JSON: 読み、比較し、編集できるテキスト (*.scene.json *.json)</translation>
+    </message>
+    <message>
+        <source>Scenes %1</source>
+        <translation>シーン %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>シーン %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>シーン %1、%2</translation>
+    </message>
+    <message>
+        <source>Open Scene</source>
+        <translation>シーンを開く</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>キャンセル(&amp;C)</translation>
+    </message>
+    <message>
+        <source>%1 holds one scene, %2. It replaces:</source>
+        <translation>%1 にはシーンが 1 つあります（%2）。置き換えるシーン:</translation>
+    </message>
+    <message>
+        <source>%1 holds four scenes. Open as scene %2:</source>
+        <translation>%1 にはシーンが 4 つあります。シーン %2 として開くもの:</translation>
+    </message>
+    <message>
+        <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
+        <translation>%1 個のファイルがドロップされましたが、開けるのは 1 つだけです。1 つをドロップしてください</translation>
     </message>
 </context>
 <context>

@@ -162,10 +162,6 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>&amp;Save Bank As...</source>
-        <translation>库另存为(&amp;S)...</translation>
-    </message>
-    <message>
         <source>Ctrl+S</source>
         <translation>Ctrl+S</translation>
     </message>
@@ -244,6 +240,66 @@
     <message>
         <source>Brought back the edited scenes</source>
         <translation>已恢复编辑过的场景</translation>
+    </message>
+    <message>
+        <source>&amp;Save Bank</source>
+        <translation>保存库(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save Bank &amp;As...</source>
+        <translation>库另存为(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.bank.json *.json)</source>
+        <translation>JSON：可阅读、比较和编辑的文本 (*.bank.json *.json)</translation>
+    </message>
+    <message>
+        <source>Image, the 1012 bytes as the keyboard holds them (*.bank)</source>
+        <translation>映像：键盘中保存的 1012 个字节 (*.bank)</translation>
+    </message>
+    <message>
+        <source>JSON, a text to read, compare and edit (*.scene.json *.json)</source>
+        <translation>JSON：可阅读、比较和编辑的文本 (*.scene.json *.json)</translation>
+    </message>
+    <message>
+        <source>Scenes %1</source>
+        <translation>场景 %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>场景 %1</translation>
+    </message>
+    <message>
+        <source>Scene %1, %2</source>
+        <translation>场景 %1，%2</translation>
+    </message>
+    <message>
+        <source>Open Scene</source>
+        <translation>打开场景</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>打开(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>取消(&amp;C)</translation>
+    </message>
+    <message>
+        <source>%1 holds one scene, %2. It replaces:</source>
+        <translation>%1 含有一个场景（%2）。它将替换：</translation>
+    </message>
+    <message>
+        <source>%1 holds four scenes. Open as scene %2:</source>
+        <translation>%1 含有四个场景。打开为场景 %2：</translation>
+    </message>
+    <message>
+        <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
+        <translation>拖放了 %1 个文件，但一次只能打开一个；请只拖放其中一个</translation>
     </message>
 </context>
 <context>

@@ -6,7 +6,10 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
 
@@ -132,7 +135,7 @@ TEST_F(BankCommandsTest, ABadFileThatTheProgramStartsWithIsTold) {
 }
 
 TEST_F(BankCommandsTest, ANameWithoutSuffixGetsThatOfItsKind) {
-    const std::pair<const char*, QString> rows[] = {{"saveBank", "bank.json"},
+    const std::pair<const char*, QString> rows[] = {{"saveBankAs", "bank.json"},
                                                     {"saveScene", "scene.json"}};
     for (const auto& [name, suffix] : rows) {
         action(name).trigger();
@@ -174,17 +177,118 @@ TEST_F(BankCommandsTest, ADroppedBankIsOpened) {
     EXPECT_EQ(record(kPad).CR(), 55);
 }
 
-TEST_F(BankCommandsTest, WhatIsNoSingleFileIsNotTaken) {
+TEST_F(BankCommandsTest, WhatIsNoFileIsNotTaken) {
     QMimeData text;
     text.setText(QStringLiteral("a.json"));
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(&window(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+TEST_F(BankCommandsTest, TwoDroppedFilesAreTold) {
+    const SceneList before = WindowAction::scenes();
     QMimeData two;
-    two.setUrls({QUrl::fromLocalFile(file("a")), QUrl::fromLocalFile(file("b"))});
-    for (const QMimeData* data : {&text, &two}) {
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QCoreApplication::sendEvent(&window(), &enter);
-        EXPECT_FALSE(enter.isAccepted());
+    two.setUrls({QUrl::fromLocalFile(bankWithRed("a.json", 1)),
+                 QUrl::fromLocalFile(bankWithRed("b.json", 2))});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &two, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({9, 9}, Qt::CopyAction, &two, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &drop);
+    EXPECT_EQ(notice(), "2 files were dropped, and one can be open at a time; drop one of them");
+    EXPECT_EQ(WindowAction::scenes(), before);
+}
+
+TEST_F(BankCommandsTest, ASceneFileIsOpenedAsTheSceneThatIsChosen) {
+    record(kPad).setCR(31);
+    commands().banks().saveScene(file("one.scene.json"));
+    commands().banks().openBank(file("one.scene.json"));
+    auto* dialog = window().findChild<QInputDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->labelText(), "one.scene.json holds one scene, SCENE1. It replaces:");
+    EXPECT_EQ(dialog->comboBoxItems(), (QStringList{"Scene 1, SCENE1", "Scene 2, SCENE2",
+                                                    "Scene 3, SCENE3", "Scene 4, SCENE4"}));
+    EXPECT_EQ(dialog->textValue(), "Scene 1, SCENE1");
+    dialog->setTextValue("Scene 3, SCENE3");
+    dialog->accept();
+    EXPECT_EQ(notice(), "Opened one.scene.json as scene 3");
+    EXPECT_EQ(WindowAction::getSceneWithIndex(2)->buttonValueArray()[kPad - 1]->CR(), 31);
+    EXPECT_EQ(window().view().sceneIndex(), 2);
+    EXPECT_TRUE(commands().banks().document().file().isEmpty());
+    EXPECT_TRUE(RecentFiles::list().isEmpty());
+}
+
+TEST_F(BankCommandsTest, OneOfABanksScenesIsOpenedAsTheOneThatIsShown) {
+    const auto named = WindowAction::getSceneWithIndex(3)->commonValue();
+    named->setSceneName("Live");
+    const QString bank = bankWithRed("a.bank", 5);
+    named->setSceneName("SCENE4");
+    press(Qt::Key_2);
+    commands().banks().openScene(bank);
+    auto* dialog = window().findChild<QInputDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->labelText(), "a.bank holds four scenes. Open as scene 2:");
+    dialog->setTextValue("Scene 4, Live");
+    dialog->accept();
+    EXPECT_EQ(notice(), "Opened a.bank as scene 2");
+    EXPECT_EQ(window().scenes().segment(1).accessibleName(), "Scene 2, Live");
+}
+
+TEST_F(BankCommandsTest, SavingWritesTheFileThatTheTitleNames) {
+    press(Qt::Key_S);
+    auto* dialog = window().findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr); // there is none yet
+    EXPECT_EQ(dialog->windowTitle(), "Save Bank As");
+    emit dialog->fileSelected(file("mine.bank"));
+    delete dialog;
+    record(kPad).setCR(64);
+    press(Qt::Key_S);
+    EXPECT_EQ(window().findChild<QFileDialog*>(), nullptr);
+    record(kPad).setCR(65);
+    commands().banks().openBank(file("mine.bank"));
+    EXPECT_EQ(record(kPad).CR(), 64);
+}
+
+TEST_F(BankCommandsTest, TheDialogSuggestsANameAndAFormWithItsUse) {
+    struct Row {
+        const char* action;
+        QString name;
+        QStringList filters;
+    };
+    commands().banks().saveBank(file("mine.bank"));
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("A/B");
+    const Row rows[] = {
+        {"saveBankAs",
+         "mine.bank.json",
+         {"JSON, a text to read, compare and edit (*.bank.json *.json)",
+          "Image, the 1012 bytes as the keyboard holds them (*.bank)"}},
+        {"saveScene",
+         "A-B.scene.json",
+         {"JSON, a text to read, compare and edit (*.scene.json *.json)"}},
+    };
+    for (const Row& row : rows) {
+        action(row.action).trigger();
+        const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->nameFilters(), row.filters);
+        EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), row.name);
     }
+    action("saveBankAs").trigger();
+    const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+    dialog->selectNameFilter(dialog->nameFilters().at(1));
+    emit dialog->filterSelected(dialog->nameFilters().at(1));
+    EXPECT_EQ(dialog->defaultSuffix(), "bank");
+    EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), "mine.bank");
+}
+
+TEST_F(BankCommandsTest, WithoutAFileTheDaysDateIsSuggested) {
+    action("saveBankAs").trigger();
+    const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(QRegularExpression("^Scenes \\d{4}-\\d\\d-\\d\\d\\.bank\\.json$")
+                    .match(QFileInfo(dialog->selectedFiles().value(0)).fileName())
+                    .hasMatch());
 }
 
 TEST_F(BankCommandsTest, AReadKeepsWhatWasThereAmongTheEarlierScenes) {
@@ -232,6 +336,7 @@ TEST_F(BankCommandsTest, WhatAReadCouldNotKeepIsTold) {
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {
     EXPECT_EQ(action("openBank").shortcut(), QKeySequence("Ctrl+O"));
     EXPECT_EQ(action("saveBank").shortcut(), QKeySequence("Ctrl+S"));
+    EXPECT_EQ(action("saveBankAs").shortcut(), QKeySequence("Ctrl+Shift+S"));
     EXPECT_EQ(window().menu().file().actions().back(), &window().menu().quit());
 }
 

@@ -23,7 +23,7 @@ LETTERS = {
 }
 MENUS = [
     LETTERS["fesdvhw"],
-    ["&Open Bank...", "&Save Bank As...", "&Recent", "Open S&cene Into This One...",
+    ["&Open Bank...", "&Save Bank", "Save Bank &As...", "&Recent", "Open S&cene Into This One...",
      "Save &This Scene...", "&Earlier Scenes", "&Quit"],
     ["&Undo", "Re&do", "&Copy Control", "&Paste Control", "&Reset Control"],
     ["&Rename...", "&Copy To", "S&wap With", "R&eset Scene"],
