@@ -4,6 +4,7 @@ import tempfile
 from pathlib import Path
 
 _links = tempfile.TemporaryDirectory(prefix="preload")  # removed when this process ends
+Path(_links.name).chmod(0o755)  # some programs run as another user
 
 
 def loadable(path: Path) -> str:

@@ -5,6 +5,8 @@ from dataclasses import dataclass
 
 # What a program has written into one line of a terminal before it cleared the line.
 PROGRESS = re.compile(r"[^\n]*\r\x1b\[K")
+# What a command has changed, which it tells beside its output.
+CHANGE = re.compile(r"scene[1-4]\.\S+: .+ -> ")
 LITTER = re.compile(r"(?:.*/)?\.scenewright-[^/]*$")
 
 
@@ -60,7 +62,8 @@ def faults(subject, undisturbed, ended, now):
         return ["hangs"]
     if ended.code < 0:
         return [f"is ended by signal {-ended.code}"]
-    said = sentences(ended.err)
+    told = sentences(ended.err)
+    said = [line for line in told if not CHANGE.match(line)]
     found = list(sentence_faults(subject.program, said))
     if ended.code == undisturbed.code:
         if ended.out != undisturbed.out:
@@ -72,6 +75,8 @@ def faults(subject, undisturbed, ended, now):
         found.append(f"exits {ended.code}")
     if len(said) != 1:
         found.append(f"exits {ended.code} with {len(said)} sentences: {said}")
+    if said != told and changes(now, undisturbed.after):
+        found.append(f"exits {ended.code} and tells a change that was not made")
     may_stay = {f"files/{name}": undisturbed.after.get(f"files/{name}") for name in subject.may_stay}
     for name in changes(now, undisturbed.before, may_stay):
         found.append(f"exits {ended.code}, and {name} is not as it was")

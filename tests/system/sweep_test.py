@@ -23,6 +23,7 @@ SUBJECT = Subject("set", [])
 SENDS = Subject("send", [], may_stay=("a",))
 DONE = Undisturbed(0, b"said", BEFORE, AFTER)
 SENTENCE = "scenewright-cli: Cannot write a: No space left on device.\n"
+CHANGED = "scene1.pad3.CR: 1 -> 9\n"
 
 # How many faults, the subject, the exit code, the output, the errors, what lies there.
 FAILURES = [
@@ -30,6 +31,9 @@ FAILURES = [
     (0, SUBJECT, 2, b"", SENTENCE, BEFORE),
     (0, SUBJECT, 2, b"", "\r\x1b[KSending: 3 %\r\x1b[K" + SENTENCE, BEFORE),
     (0, SENDS, 1, b"", SENTENCE, AFTER),  # what the controller took stays
+    (0, SUBJECT, 0, b"said", CHANGED, AFTER),
+    (0, SENDS, 1, b"", CHANGED + SENTENCE, AFTER),
+    (1, SUBJECT, 2, b"", CHANGED + SENTENCE, BEFORE),  # a change that was not made
     (1, SUBJECT, 0, b"said", "", BEFORE),  # success without the work
     (1, SUBJECT, 0, b"sa", "", AFTER),
     (1, SUBJECT, -signal.SIGABRT, b"", "", BEFORE),
