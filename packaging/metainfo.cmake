@@ -1,7 +1,7 @@
 # Makes METAINFO, what software centres tell of Scenewright, from scenewright.metainfo.xml. Included while
 # the tree is configured; a test runs it as a script:
 #
-#   cmake -D METAINFO=FILE -D PROJECT_VERSION=VERSION -D SCENEWRIGHT_HOMEPAGE_URL=URL
+#   cmake -D METAINFO=FILE -D PROJECT_VERSION=VERSION -D SCENEWRIGHT_HOMEPAGE=URL
 #       [-D SCENEWRIGHT_SCREENSHOTS_URL=URL] -P metainfo.cmake
 #
 # Pictures that nobody serves are worse than none: without an address they are left out.
