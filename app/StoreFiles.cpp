@@ -91,7 +91,7 @@ std::optional<EarlierScenes::Entry> StoreFiles::newestOther() const {
     const BankImage stored = encodeBank(WindowAction::scenes());
     for (EarlierScenes::Entry& entry : earlier_.list())
         if (entry.image != stored)
-            return std::move(entry);
+            return entry;
     return std::nullopt;
 }
 

@@ -239,9 +239,11 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
     if (look.isHovered)
         fillRound(painter, room, 7, QColor(255, 255, 255, 26));
     if (look.isPlayed) {
-        painter.setPen(QPen(kPlayed, 3));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(room.adjusted(2, 2, -2, -2), 7, 7);
+        for (const QPen& pen : {QPen(Qt::black, 6), QPen(kPlayed, 3)}) { // seen on any light
+            painter.setPen(pen);
+            painter.drawRoundedRect(room.adjusted(3, 3, -3, -3), 7, 7);
+        }
     }
     painter.restore();
 }

@@ -185,7 +185,10 @@ void MonitorStrip::turn(bool isOn) {
 bool MonitorStrip::listen() {
     auto opened = open_();
     if (!opened) {
-        window_.notices().post({.source = Notice::Source::Midi, .text = shown(opened.error())});
+        window_.notices().post(
+            {.source = Notice::Source::Midi,
+             .text =
+                 tr("The keyboard's port cannot be listened to: %1").arg(shown(opened.error()))});
         return false;
     }
     sequencer_ = std::move(*opened);

@@ -1197,6 +1197,10 @@
         <source>no control of the scenes</source>
         <translation>kein Element der Szenen</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>Der Port des Keyboards kann nicht gehört werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>

@@ -1197,6 +1197,10 @@
         <source>no control of the scenes</source>
         <translation>ningún control de las escenas</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>No se puede escuchar el puerto del teclado: %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>

@@ -1197,6 +1197,10 @@
         <source>no control of the scenes</source>
         <translation>aucune commande des scènes</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>Le port du clavier ne peut pas être écouté : %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>

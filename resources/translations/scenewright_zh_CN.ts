@@ -1197,6 +1197,10 @@
         <source>no control of the scenes</source>
         <translation>场景中没有对应控件</translation>
     </message>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>无法监听键盘端口：%1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>

@@ -153,7 +153,7 @@ TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
 TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
     error = "there is no sequencer";
     strip().action().setChecked(true);
-    EXPECT_EQ(notice(), "there is no sequencer");
+    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: there is no sequencer");
     EXPECT_FALSE(strip().isVisible());
     EXPECT_FALSE(strip().action().isChecked());
     strip().chooseAction().setChecked(true);
