@@ -158,7 +158,7 @@ std::optional<SendJournal::Unfinished>
 SendJournal::unfinishedOf(const std::string& keyboard) const {
     for (Unfinished& one : unfinished())
         if (one.send.keyboard == keyboard)
-            return std::move(one);
+            return std::optional(std::move(one));
     return std::nullopt;
 }
 
