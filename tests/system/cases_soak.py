@@ -1,7 +1,7 @@
 """Read after send after read, with a trouble drawn for each; right or told, and level, after each.
 
-The keyboard's program lives from the first round to the last, and so does the process that makes
-the transactions, but for those that only a person ends: these are made by the command line.
+The keyboard's program and a monitor live from the first round to the last, and so does the process
+that makes the transactions, but for those that only a person ends: these are made by the command line.
 """
 
 import os
@@ -86,12 +86,22 @@ class Meter:
         assert end <= warm + GROWTH_KIB, f"{self.name}: KiB {self.memory}"
 
 
+def monitor_listens():
+    """Whether the monitor is connected to more than the sequencer's own announcements."""
+    text = Path("/proc/asound/seq/clients").read_text()
+    own = text.partition(': "Scenewright"')[2].split("Client")[0]
+    return set(re.findall(r"\d+:\d+", "".join(re.findall("Connected From: .*", own)))) - {"0:1"}
+
+
 class Soak:
     def __init__(self, rig):
         self.rig = rig
         self.may_hold = {some_bank()}  # by what was told of the sends
         self.keyboard = rig.plug(kind=OrderedKeyboard)
         self.process = Transactions(rig)
+        self.monitor = rig.start(CLI, "monitor", stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL)
+        wait_for("the monitor to listen", monitor_listens)
         self.meters = [Meter("transactions", self.process.program),
                        Meter("controller", self.keyboard.server)]
         self.tally = Counter()
@@ -167,6 +177,7 @@ class Soak:
         if step.kind.hand == "unplug" or "unplug" in step.faults:
             self.keyboard.plug_in()
         self.keyboard.check_port_is_back()
+        wait_for("the monitor to listen again", monitor_listens)
         for meter in self.meters:
             meter.look()
 
@@ -186,5 +197,7 @@ def case_soak(rig):
     rig.notes += [f"{title}: {count} {end}" for (title, end), count in sorted(soak.tally.items())]
     rig.notes += [meter.told() for meter in soak.meters]
     soak.process.end()
+    soak.monitor.send_signal(signal.SIGINT)
+    check_equal(soak.monitor.wait(PATIENCE), 0, "exit code of the monitor")
     for meter in soak.meters:
         meter.check_level()
