@@ -188,6 +188,7 @@ std::string controlWords(std::int32_t control) {
 
 std::string placeWords(const Finding& finding) {
     std::vector<std::string> words;
+    words.reserve(finding.controls.size());
     for (const std::int32_t control : finding.controls)
         words.push_back(controlWords(control));
     return translated(sourceText("scenewright::Bank", "Scene {0}, {1}"), finding.scene + 1,
@@ -196,6 +197,7 @@ std::string placeWords(const Finding& finding) {
 
 std::string quotedList(const std::vector<std::string>& texts) {
     std::vector<std::string> quoted;
+    quoted.reserve(texts.size());
     for (const std::string& text : texts)
         quoted.push_back(jsonQuoted(text));
     return fmt::format("[{}]", fmt::join(quoted, ", "));

@@ -238,10 +238,10 @@ Result<SceneList> renameScene(const SceneList& scenes, std::string_view path,
     if (!stored)
         return failure(stored.error());
     SceneList copies = copyOf(scenes);
-    for (std::int32_t i = 0; i < renamed->scenes.count; ++i)
-        copies.at(static_cast<std::size_t>(renamed->scenes.first + i))
-            ->commonValue()
-            ->setSceneName(*stored);
+    const auto first = static_cast<std::size_t>(renamed->scenes.first);
+    const auto count = static_cast<std::size_t>(renamed->scenes.count);
+    for (std::size_t scene = first; scene < first + count; ++scene)
+        copies.at(scene)->commonValue()->setSceneName(*stored);
     return copies;
 }
 
