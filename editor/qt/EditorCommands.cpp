@@ -38,10 +38,10 @@ ControlCommands::ControlCommands(MainWindow& window, History& history)
     };
     menu.addActions({&history.undoAction(), &history.redoAction()});
     menu.addSeparator();
-    copy_ = add(tr("&Copy Control"), tr("Ctrl+C"), &ControlCommands::copy);
-    paste_ = add(tr("&Paste Control"), tr("Ctrl+V"), &ControlCommands::paste);
+    copy_ = add({}, tr("Ctrl+C"), &ControlCommands::copy);
+    paste_ = add({}, tr("Ctrl+V"), &ControlCommands::paste);
     menu.addSeparator();
-    reset_ = add(tr("&Reset Control"), tr("Ctrl+Backspace"), &ControlCommands::reset);
+    reset_ = add({}, tr("Ctrl+Backspace"), &ControlCommands::reset);
     connect(&window_, &MainWindow::refreshed, this, &ControlCommands::update);
     update();
 }
@@ -49,6 +49,7 @@ ControlCommands::ControlCommands(MainWindow& window, History& history)
 void ControlCommands::copy() {
     clipboard_.copy(*window_.view().sceneValue(), window_.view().selectControl());
     update();
+    tell(tr("Copied %1"));
 }
 
 void ControlCommands::paste() {
@@ -57,8 +58,16 @@ void ControlCommands::paste() {
 }
 
 void ControlCommands::reset() {
-    if (resetControl(*window_.view().sceneValue(), window_.view().selectControl()))
+    if (resetControl(*window_.view().sceneValue(), window_.view().selectControl())) {
         showStep(tr("Reset %1"));
+        tell(tr("%1 has its default settings"));
+    }
+}
+
+void ControlCommands::tell(const QString& done) {
+    window_.notices().post({.source = Notice::Source::Edit,
+                            .kind = Notice::Kind::Done,
+                            .text = done.arg(shown(controlName(window_.view().selectControl())))});
 }
 
 void ControlCommands::showStep(const QString& name) {
@@ -69,6 +78,10 @@ void ControlCommands::showStep(const QString& name) {
 void ControlCommands::update() {
     const std::int32_t control = window_.view().selectControl();
     const bool isChosen = control >= 0 && control < kControlIndexEnd;
+    const bool isScene = control == 0;
+    copy_->setText(isScene ? tr("&Copy Scene Settings") : tr("&Copy Control"));
+    paste_->setText(isScene ? tr("&Paste Scene Settings") : tr("&Paste Control"));
+    reset_->setText(isScene ? tr("&Reset Scene Settings") : tr("&Reset Control"));
     copy_->setEnabled(isChosen);
     reset_->setEnabled(isChosen);
     paste_->setEnabled(clipboard_.canPaste(control));

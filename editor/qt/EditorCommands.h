@@ -40,7 +40,9 @@ private:
     void copy();
     void paste();
     void reset();
-    // Greys what the chosen control does not allow.
+    // What was done to the chosen control, where nothing else shows it.
+    void tell(const QString& done);
+    // Names what is meant, and greys what the chosen control does not allow.
     void update();
 
     // Shows what was written into the chosen control, as a step of that name.

@@ -65,13 +65,16 @@ void GainWindow::makeButtons(QGridLayout& grid) {
     auto& standard = makeChild<QPushButton>(tr("De&fault"), this);
     auto& apply = makeChild<QPushButton>(tr("&Apply"), this);
     auto& ok = makeChild<QPushButton>(tr("&OK"), this);
+    auto& hint = makeChild<QLabel>(tr("Kept while the window is open; not sent"), this);
+    hint.setProperty("role", "hint");
     for (QPushButton* button : {&standard, &apply, &ok})
         button->setAccessibleName(button->text().remove(QLatin1Char('&')));
     ok.setDefault(true);
     ok.setProperty("main", true);
-    grid.addWidget(&standard, 3, 0, 1, 2);
-    grid.addWidget(&apply, 3, 4, 1, 2);
-    grid.addWidget(&ok, 3, 6, 1, 2);
+    grid.addWidget(&hint, 3, 0, 1, kGains);
+    grid.addWidget(&standard, 4, 0, 1, 2);
+    grid.addWidget(&apply, 4, 4, 1, 2);
+    grid.addWidget(&ok, 4, 6, 1, 2);
     connect(&standard, &QPushButton::clicked, this, [this] { controller_.doDefaultAction(); });
     connect(&apply, &QPushButton::clicked, this, [this] { controller_.doApplyAction(); });
     connect(&ok, &QPushButton::clicked, this, [this] { controller_.doOKAction(); });

@@ -39,7 +39,8 @@ struct Notice {
         Recovery,
         Resources,
         Midi,
-        Quit
+        Quit,
+        Edit
     };
 
     Source source = Source::Transfer;

@@ -2,6 +2,7 @@
 
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
+#include "model/TypedValue.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -86,6 +87,11 @@ bool isReturn(const QKeyEvent& event) {
 } // namespace
 
 int findTyped(const QStringList& entries, const QString& typed) {
+    std::vector<std::string> titles;
+    for (const QString& entry : entries)
+        titles.push_back(entry.toStdString());
+    if (const auto position = typedPosition(typed.toStdString(), titles))
+        return *position;
     constexpr std::array kRules{&equalsIgnoringCase, &beginsWithIt, &hasWordOfIt};
     for (const auto& rule : kRules) {
         const auto found =
@@ -105,10 +111,6 @@ int TypedSearch::type(const QString& text, const QStringList& entries, Clock::ti
         typed_.clear();
     last_ = now;
     typed_ += text;
-    const int found = findTyped(entries, typed_);
-    if (found >= 0 || typed_ == text)
-        return found;
-    typed_ = text;
     return findTyped(entries, typed_);
 }
 
@@ -187,12 +189,8 @@ QSize PopUpBox::minimumSizeHint() const {
 
 void PopUpBox::type(const QString& text) {
     const int found = search_.type(text, titles());
-    if (found < 0) {
-        cancelTyping();
-        return;
-    }
     chosen_ = chosen_.value_or(currentIndex());
-    setCurrentIndex(found);
+    setCurrentIndex(found >= 0 ? found : *chosen_); // "Db" is no entry, but "Db2" is
     pause_.start(TypedSearch::pause());
 }
 

@@ -560,6 +560,26 @@
         <source>Reset %1</source>
         <translation>%1 zurücksetzen</translation>
     </message>
+    <message>
+        <source>Copied %1</source>
+        <translation>%1 kopiert</translation>
+    </message>
+    <message>
+        <source>%1 has its default settings</source>
+        <translation>%1 hat die Standardeinstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Scene Settings</source>
+        <translation>Szeneneinstellungen &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Scene Settings</source>
+        <translation>Szeneneinstellungen &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Scene Settings</source>
+        <translation>Szeneneinstellungen &amp;zurücksetzen</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -814,6 +834,10 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Kept while the window is open; not sent</source>
+        <translation>Bleibt, solange das Fenster offen ist; wird nicht gesendet</translation>
     </message>
 </context>
 <context>

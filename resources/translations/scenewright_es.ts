@@ -560,6 +560,26 @@
         <source>Reset %1</source>
         <translation>Restablecer %1</translation>
     </message>
+    <message>
+        <source>Copied %1</source>
+        <translation>Copiado: %1</translation>
+    </message>
+    <message>
+        <source>%1 has its default settings</source>
+        <translation>%1 tiene sus ajustes predeterminados</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Scene Settings</source>
+        <translation>&amp;Copiar ajustes de escena</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Scene Settings</source>
+        <translation>&amp;Pegar ajustes de escena</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Scene Settings</source>
+        <translation>&amp;Restablecer ajustes de escena</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -814,6 +834,10 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;Aceptar</translation>
+    </message>
+    <message>
+        <source>Kept while the window is open; not sent</source>
+        <translation>Se conserva mientras la ventana esté abierta; no se envía</translation>
     </message>
 </context>
 <context>

@@ -560,6 +560,26 @@
         <source>Reset %1</source>
         <translation>Réinitialiser %1</translation>
     </message>
+    <message>
+        <source>Copied %1</source>
+        <translation>Copié : %1</translation>
+    </message>
+    <message>
+        <source>%1 has its default settings</source>
+        <translation>%1 a ses réglages par défaut</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Scene Settings</source>
+        <translation>&amp;Copier les réglages de scène</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Scene Settings</source>
+        <translation>Co&amp;ller les réglages de scène</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Scene Settings</source>
+        <translation>&amp;Réinitialiser les réglages de scène</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -814,6 +834,10 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Kept while the window is open; not sent</source>
+        <translation>Gardé tant que la fenêtre est ouverte ; non envoyé</translation>
     </message>
 </context>
 <context>

@@ -560,6 +560,26 @@
         <source>Reset %1</source>
         <translation>%1 をリセット</translation>
     </message>
+    <message>
+        <source>Copied %1</source>
+        <translation>%1 をコピーしました</translation>
+    </message>
+    <message>
+        <source>%1 has its default settings</source>
+        <translation>%1 を既定の設定に戻しました</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Scene Settings</source>
+        <translation>シーンの設定をコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Scene Settings</source>
+        <translation>シーンの設定を貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Scene Settings</source>
+        <translation>シーンの設定をリセット(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -814,6 +834,10 @@
     <message>
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Kept while the window is open; not sent</source>
+        <translation>ウィンドウが開いている間だけ保たれ、送信されません</translation>
     </message>
 </context>
 <context>

@@ -560,6 +560,26 @@
         <source>Reset %1</source>
         <translation>重置 %1</translation>
     </message>
+    <message>
+        <source>Copied %1</source>
+        <translation>已复制 %1</translation>
+    </message>
+    <message>
+        <source>%1 has its default settings</source>
+        <translation>%1 已恢复默认设置</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Scene Settings</source>
+        <translation>复制场景设置(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Scene Settings</source>
+        <translation>粘贴场景设置(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Scene Settings</source>
+        <translation>重置场景设置(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::DeviceVerification</name>
@@ -814,6 +834,10 @@
     <message>
         <source>&amp;OK</source>
         <translation>确定(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Kept while the window is open; not sent</source>
+        <translation>仅在窗口打开时保留；不会发送</translation>
     </message>
 </context>
 <context>

@@ -11,7 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -191,6 +193,34 @@ TEST_F(PopUpBoxTest, TypingThatFindsNothingChangesNothing) {
         EXPECT_EQ(box_.selectedItem(), 5) << text;
         QTest::keyClick(&box_, Qt::Key_Return);
         EXPECT_EQ(chosen_, Choices{}) << text;
+    }
+}
+
+TEST_F(PopUpBoxTest, ANoteIsTypedInEitherAccidentalInAnyCaseOrByItsNumber) {
+    std::vector<std::string> notes;
+    for (int note = 0; note < 128; ++note) {
+        constexpr std::array kNames{"C",  "C#", "D",  "Eb", "E",  "F",
+                                    "F#", "G",  "Ab", "A",  "Bb", "B"};
+        notes.push_back(kNames.at(static_cast<std::size_t>(note % 12)) +
+                        std::to_string(note / 12 - 1));
+    }
+    struct Row {
+        const char* typed;
+        std::optional<int> note;
+    };
+    const Row rows[] = {{"Db2", 37}, {"Gb2", 42},  {"A#2", 46},   {"D#2", 39}, {"eb2", 39},
+                        {"36", 36},  {"Cb+2", 35}, {"g9", 127},   {"db-1", 1}, {"Db", {}},
+                        {"H2", {}},  {"200", {}},  {"Db2x2", {}}, {"C12", {}}};
+    for (const Row& row : rows) {
+        box_.removeAllItems();
+        box_.addItems(notes);
+        box_.selectItem(5);
+        chosen_.clear();
+        QTest::keyClicks(&box_, row.typed);
+        EXPECT_EQ(chosen_, Choices{}) << row.typed;
+        QTest::keyClick(&box_, Qt::Key_Return);
+        EXPECT_EQ(chosen_, row.note ? Choices{*row.note} : Choices{}) << row.typed;
+        EXPECT_EQ(box_.selectedItem(), row.note.value_or(5)) << row.typed;
     }
 }
 

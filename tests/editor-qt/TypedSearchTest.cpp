@@ -66,11 +66,13 @@ TEST(TypedSearch, ClearingBeginsAnew) {
     EXPECT_EQ(search.type("2", kNumbers, start), 2);
 }
 
-TEST(TypedSearch, KeystrokeThatLeadsNowhereBeginsAnew) {
+TEST(TypedSearch, KeystrokeThatLeadsNowhereYetIsKept) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
-    EXPECT_EQ(search.type("2", kNumbers, start), 2);
-    EXPECT_EQ(search.type("0", kNumbers, start + milliseconds(1)), 0);
+    EXPECT_EQ(search.type("D", kNotes, start), 2);
+    EXPECT_EQ(search.type("b", kNotes, start + milliseconds(1)), -1);
+    EXPECT_EQ(search.type("4", kNotes, start + milliseconds(2)), 5);
+    EXPECT_EQ(search.type("0", kNotes, start + milliseconds(3)), -1);
 }
 
 } // namespace

@@ -19,6 +19,7 @@ PATIENCE = 20  # seconds for what comes in one when nothing fails
 SILENCE = 3  # seconds without a word, after which nothing more is expected
 MOST = 40  # failures of one call of one thread; the toolkit makes thousands
 KEPT = 20  # earlier scenes
+ALERTS = ("alert", "notification")  # what the toolkit's versions call it
 SHOWING = 25  # the bit of a state, as the accessibility bus numbers them
 TITLE = "Virtual controller"
 
@@ -135,11 +136,16 @@ class ScreenReader:
             pass
         return ""
 
-    def notice_in(self, *window):
-        for area in self.children(*window):
-            for part in self.children(*area):
-                if self.name(*part) == "Notice" and self.shows(*part):
-                    return self.name(*self.children(*part)[0])
+    def role(self, name, path):
+        return self.call(self.bus, name, path, f"{self.ACCESSIBLE}.GetRoleName")[0]
+
+    def notice_in(self, name, path, depth=3):
+        """An alert among the parts of a window, which stand in an area that can be scrolled."""
+        for part in self.children(name, path):
+            if self.role(*part) in ALERTS:
+                return self.name(*part) if self.shows(*part) else ""
+            if depth and (text := self.notice_in(*part, depth - 1)):
+                return text
         return ""
 
     def close(self):

@@ -1,0 +1,180 @@
+"""What a screen reader gets of the running editor over the accessibility bus: names, roles and values of
+its parts, and what the bus tells when a notice comes and when the status changes.
+
+screen_reader_test.py PROGRAM
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "system"))
+import sweep_editor  # noqa: E402
+
+PATIENCE = 120  # seconds, for a machine that is busy
+CHECKED = 4  # the bit of a state, as the bus numbers them
+REGISTRY = "org.a11y.atspi.Registry"
+SAME = "The controller holds what you see"
+
+
+class Editor:
+    """The editor on a display and a bus of its own; its parts by role and name."""
+
+    def __init__(self, program, folder):
+        from gi.repository import GLib
+
+        self.context = GLib.MainContext.default()
+        self.display = sweep_editor.Display(folder / "display")
+        self.reader = self.display.screen_reader
+        self.told = []
+        self.listen()
+        self.process = subprocess.Popen(
+            [program, "--virtual", f"--console={folder}/console", f"--log={folder}/log"],
+            env={
+                **os.environ,
+                **self.display.variables,
+                "HOME": str(folder),
+                "XDG_CONFIG_HOME": str(folder),
+                "XDG_STATE_HOME": str(folder),
+                "LC_ALL": "C.UTF-8",
+            },
+        )
+
+    def listen(self):
+        """Events are sent to those alone who asked for them."""
+        for event in ("object:property-change", "object:state-changed"):
+            self.reader.call(
+                self.reader.bus,
+                REGISTRY,
+                "/org/a11y/atspi/registry",
+                f"{REGISTRY}.RegisterEvent",
+                self.reader.text(event),
+            )
+        self.reader.bus.signal_subscribe(
+            None, "org.a11y.atspi.Event.Object", None, None, None, 0, self.note
+        )
+
+    def note(self, _bus, name, path, _interface, signal, words):
+        self.told.append((name, path, signal, words.unpack()[0]))
+
+    def wait(self, what, condition):
+        end = time.monotonic() + PATIENCE
+        while time.monotonic() < end:
+            while self.context.iteration(False):
+                pass
+            if found := condition():
+                return found
+            time.sleep(0.05)
+        raise AssertionError(f"{what}: has not come")
+
+    def parts(self, name, path):
+        for part in self.reader.children(name, path):
+            yield part
+            yield from self.parts(*part)
+
+    def window(self):
+        for application in self.reader.children(REGISTRY, self.reader.ROOT):
+            for window in self.reader.children(*application):
+                return window
+        return None
+
+    def find(self, role, name):
+        for part in self.parts(*self.window()):
+            if self.reader.role(*part) == role and self.reader.name(*part) == name:
+                return part
+        return None
+
+    def state(self, part, bit):
+        states = self.reader.call(self.reader.bus, *part, f"{self.reader.ACCESSIBLE}.GetState")[0]
+        return bool(states[0] >> bit & 1)
+
+    def act(self, part):
+        """The first thing that can be done with it."""
+        from gi.repository import GLib
+
+        words = GLib.Variant("(i)", (0,))
+        self.reader.call(self.reader.bus, *part, "org.a11y.atspi.Action.DoAction", words)
+
+    def has_told(self, part, signal, detail):
+        return (*part, signal, detail) in self.told
+
+    def close(self):
+        self.process.terminate()
+        self.process.wait(PATIENCE)
+        self.display.close()
+
+
+class ScreenReader(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.editor = Editor(PROGRAM, pathlib.Path(cls.folder.name))
+        cls.editor.wait("the window", cls.editor.window)
+        cls.editor.wait("the status", lambda: cls.editor.find("label", "Ready"))
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.editor.close()
+        cls.folder.cleanup()
+
+    def test_scenes_are_radio_buttons_of_which_one_is_chosen(self):
+        scenes = [
+            self.editor.find("radio button", f"Scene {number}, SCENE{number}")
+            for number in (1, 2, 3, 4)
+        ]
+        self.assertNotIn(None, scenes)
+        self.editor.act(scenes[2])
+        self.editor.wait("the third scene", lambda: self.editor.state(scenes[2], CHECKED))
+        self.assertEqual(sum(self.editor.state(scene, CHECKED) for scene in scenes), 1)
+        self.editor.act(scenes[0])
+
+    def test_controls_of_the_picture_stand_in_their_order(self):
+        for part in self.editor.parts(*self.editor.window()):
+            if self.editor.reader.name(*part) == "Picture of the keyboard":
+                names = [
+                    self.editor.reader.name(*control)
+                    for control in self.editor.reader.children(*part)
+                ]
+        kinds = (("Group", 4), ("Knob", 4), ("Slider", 4), ("Pad", 8), ("Key", 25))
+        wanted = [f"{kind} {number + 1}" for kind, count in kinds for number in range(count)]
+        self.assertEqual(names, wanted)
+
+    def test_a_chosen_control_shows_its_settings_by_name_and_value(self):
+        self.editor.act(self.editor.find("push button", "Pad 2") or self.fail("no Pad 2"))
+        box = self.editor.wait("the pane", lambda: self.editor.find("combo box", "Red"))
+        self.editor.wait("its value", lambda: self.editor.reader.shows(*box))
+
+    def test_the_status_is_told_when_it_changes(self):
+        status = self.editor.find("label", "Ready") or self.editor.find(
+            "label", "Read Scene Data Finish"
+        )
+        self.assertTrue(self.editor.find("label", "Virtual controller"))
+        self.editor.told.clear()
+        self.editor.act(self.editor.find("push button", "Read scenes"))
+        self.editor.wait(
+            "the status",
+            lambda: self.editor.has_told(status, "PropertyChange", "accessible-name"),
+        )
+        self.editor.wait(
+            "the end", lambda: self.editor.reader.name(*status) == "Read Scene Data Finish"
+        )
+
+    def test_a_notice_is_an_alert_that_comes_and_goes(self):
+        self.editor.told.clear()
+        compare = self.editor.find("menu item", "Compare With Device")
+        self.editor.act(compare)
+        alert = self.editor.wait(
+            "the alert",
+            lambda: self.editor.find("alert", SAME) or self.editor.find("notification", SAME),
+        )
+        self.editor.wait("its coming", lambda: self.editor.has_told(alert, "StateChanged", "showing"))
+        self.editor.act(self.editor.find("push button", "Dismiss the notice"))
+        self.editor.wait("its going", lambda: not self.editor.reader.shows(*alert))
+
+
+PROGRAM = sys.argv.pop(1)
+unittest.main()
