@@ -38,7 +38,7 @@ qreal distance(const QRectF& from, const QRectF& to, int right, int down) {
 }
 
 constexpr QSize kPictureSize(940, 384);
-constexpr QSize kMinSize(528, 216);
+constexpr QSize kMinSize(504, 206);
 constexpr qreal kCaption = 12.5; // in the drawing's units
 
 QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {

@@ -19,7 +19,7 @@ PATIENCE = 20  # seconds for what comes in one when nothing fails
 SILENCE = 3  # seconds without a word, after which nothing more is expected
 MOST = 40  # failures of one call of one thread; the toolkit makes thousands
 KEPT = 20  # earlier scenes
-ALERTS = ("alert", "notification")  # what the toolkit's versions call it
+ALERTS = ("alert", "alert message", "notification")  # what the toolkit's versions call it
 SHOWING = 25  # the bit of a state, as the accessibility bus numbers them
 TITLE = "Virtual controller"
 
