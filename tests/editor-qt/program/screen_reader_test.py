@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""What a screen reader gets of the running editor over the accessibility bus: names, roles and values of
+"""What a screen reader gets of the running editor over the accessibility bus: names, roles, values of
 its parts, and what the bus tells when a notice comes and when the status changes.
 
 screen_reader_test.py PROGRAM
@@ -18,6 +18,7 @@ import sweep_editor  # noqa: E402
 
 PATIENCE = 120  # seconds, for a machine that is busy
 CHECKED = 4  # the bit of a state, as the bus numbers them
+ALERTS = sweep_editor.ALERTS
 LABELLED_BY = 2  # a relation, as the bus numbers them
 REGISTRY = "org.a11y.atspi.Registry"
 SAME = "The controller holds what you see"
@@ -183,7 +184,7 @@ class ScreenReader(unittest.TestCase):
         self.editor.act(compare)
         alert = self.editor.wait(
             "the alert",
-            lambda: next(filter(None, (self.editor.find(a, SAME) for a in sweep_editor.ALERTS)), None),
+            lambda: next(filter(None, (self.editor.find(a, SAME) for a in ALERTS)), None),
         )
         self.editor.wait("its coming", lambda: self.editor.has_told(alert, "StateChanged", "showing"))
         self.editor.act(self.editor.find("push button", "Dismiss the notice"))
