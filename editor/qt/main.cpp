@@ -1,8 +1,7 @@
 // The editor's window as a program.
-#include "app/DeviceSession.h"
-#include "app/KeyboardConnections.h"
 #include "app/Launch.h"
 #include "app/ListCheck.h"
+#include "editor/qt/ConnectionKeeper.h"
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QuitController.h"
@@ -17,7 +16,6 @@
 #include "usb/Transport.h"
 
 #include <QApplication>
-#include <QSocketNotifier>
 
 #include <cstdlib>
 #include <memory>
@@ -102,34 +100,6 @@ void releaseBus() {
     SendJob::join();
 }
 
-// Keeps others' connections with the keyboard across transactions and unplugs while the window is
-// open.
-class ConnectionKeeper {
-public:
-    ConnectionKeeper() : connections_(KeyboardConnections::sequencerIfAny()) {
-        DeviceSession::setAround([this] { connections_.beforeTransaction(); },
-                                 [this] { connections_.afterTransaction(); });
-        if (connections_.descriptor() < 0)
-            return;
-        notifier_ =
-            std::make_unique<QSocketNotifier>(connections_.descriptor(), QSocketNotifier::Read);
-        QObject::connect(notifier_.get(), &QSocketNotifier::activated,
-                         [this] { connections_.process(); });
-    }
-    ~ConnectionKeeper() {
-        DeviceSession::setAround({}, {});
-        connections_.restore(KeyboardConnections::kLimit);
-    }
-    ConnectionKeeper(const ConnectionKeeper&) = delete;
-    ConnectionKeeper& operator=(const ConnectionKeeper&) = delete;
-    ConnectionKeeper(ConnectionKeeper&&) = delete;
-    ConnectionKeeper& operator=(ConnectionKeeper&&) = delete;
-
-private:
-    KeyboardConnections connections_;
-    std::unique_ptr<QSocketNotifier> notifier_;
-};
-
 int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& shutdown) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
@@ -146,7 +116,7 @@ int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& 
     std::optional<ConnectionKeeper> keeper;
     if (!isVirtual) {
         commands.keyboard().follow(DeviceMonitor::start());
-        keeper.emplace();
+        keeper.emplace(window, KeyboardConnections(KeyboardConnections::sequencerIfAny()));
     }
     commands.banks().setUsed(launchFiles(options));
     commands.reportLists(listErrors());

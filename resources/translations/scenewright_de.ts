@@ -389,6 +389,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ConnectionKeeper</name>
+    <message>
+        <source>Programs that are connected to the keyboard&apos;s MIDI port hear nothing for a second; then they are connected again.</source>
+        <translation>Programme, die mit dem MIDI-Port des Keyboards verbunden sind, hören eine Sekunde lang nichts; dann sind sie wieder verbunden.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Control</name>
     <message>
         <source>Common</source>

@@ -389,6 +389,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ConnectionKeeper</name>
+    <message>
+        <source>Programs that are connected to the keyboard&apos;s MIDI port hear nothing for a second; then they are connected again.</source>
+        <translation>Los programas conectados al puerto MIDI del teclado no oyen nada durante un segundo; luego vuelven a conectarse.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Control</name>
     <message>
         <source>Common</source>

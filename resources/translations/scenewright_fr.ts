@@ -389,6 +389,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ConnectionKeeper</name>
+    <message>
+        <source>Programs that are connected to the keyboard&apos;s MIDI port hear nothing for a second; then they are connected again.</source>
+        <translation>Les programmes connectés au port MIDI du clavier n’entendent rien pendant une seconde, puis ils sont reconnectés.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Control</name>
     <message>
         <source>Common</source>

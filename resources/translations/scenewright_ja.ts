@@ -389,6 +389,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ConnectionKeeper</name>
+    <message>
+        <source>Programs that are connected to the keyboard&apos;s MIDI port hear nothing for a second; then they are connected again.</source>
+        <translation>キーボードの MIDI ポートに接続しているプログラムは 1 秒ほど受信できませんが、その後ふたたび接続されます。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Control</name>
     <message>
         <source>Common</source>

@@ -389,6 +389,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ConnectionKeeper</name>
+    <message>
+        <source>Programs that are connected to the keyboard&apos;s MIDI port hear nothing for a second; then they are connected again.</source>
+        <translation>连接到键盘 MIDI 端口的程序会有一秒钟收不到消息，随后会重新连接。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Control</name>
     <message>
         <source>Common</source>

@@ -7,6 +7,7 @@ import time
 from cases_editor import Window
 from rig import CLI, PATIENCE, check_equal, some_bank, wait_for
 
+A_READING = 1 + 1012  # replies: to the handshake, and one a byte
 CLIENTS = "/proc/asound/seq/clients"
 
 
@@ -62,14 +63,17 @@ def case_port_is_back_after_each_command_of_the_command_line(rig):
 def case_port_is_back_after_each_command_of_the_window(rig):
     keyboard = rig.plug(bank=some_bank(3))
     window = Window(rig)
-    for what, keys, end in (("a read", "ctrl+r", "Read Scene Data Finish"),
-                            ("a comparison", "ctrl+d", "Read Scene Data Finish"),
-                            ("a send", "ctrl+Return", "\nFinish\n"),
-                            ("a verified send", "ctrl+shift+Return", "Read Scene Data Finish")):
+    # The log tells of the user's command alone, not of what is read beside it.
+    for what, keys, end, readings in (("a read", "ctrl+r", "Read Scene Data Finish", 1),
+                                      ("a comparison", "ctrl+d", "", 1),
+                                      ("a send", "ctrl+Return", "\nFinish\n", 1),
+                                      ("a verified send", "ctrl+shift+Return", "\nFinish\n", 2)):
         listener = Listener(rig)
         window.forget_log()
+        before = len(keyboard.carried("ep1 in"))
         window.key(keys)
         window.await_log(end)
+        keyboard.await_transfers("ep1 in", before + readings * A_READING)
         check_back_in_time(rig, keyboard, what)
         listener.end()
     window.key("ctrl+q")
