@@ -144,7 +144,7 @@ private:
     void open(PropertyValue::Node node) {
         if (levels_.size() == kPropertyListLevels)
             return fail(kTooDeepList);
-        levels_.push_back({std::move(node), std::nullopt});
+        levels_.emplace_back().node = std::move(node);
     }
 
     void end(std::string_view name) {

@@ -12,10 +12,10 @@ namespace scenewright {
 DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks,
                                        SafeSending& sending)
     : window_(window), banks_(banks), sending_(sending) {
-    window.menu().device().addSeparator();
     compare_ = addAction(tr("&Compare With Device"), tr("Ctrl+D"), &DeviceVerification::compare);
     verify_ = addAction(tr("Send And &Verify"), tr("Ctrl+Shift+Return"),
                         &DeviceVerification::sendAndVerify);
+    window.menu().device().insertSeparator(&sending.readFirstAction());
     const DeviceCommands& commands = window.commands();
     connect(&commands, &DeviceCommands::busyChanged, this, [this](bool isBusy) {
         compare_->setEnabled(!isBusy);
@@ -36,7 +36,8 @@ DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks,
 
 QAction* DeviceVerification::addAction(const QString& title, const QString& keys,
                                        void (DeviceVerification::*command)()) {
-    QAction* action = window_.menu().device().addAction(title);
+    auto* const action = &makeChild<QAction>(title, &window_.menu().device());
+    window_.menu().device().insertAction(&sending_.readFirstAction(), action);
     action->setShortcut(QKeySequence(keys));
     connect(action, &QAction::triggered, this, command);
     return action;
