@@ -94,6 +94,7 @@ class Display:
 class ScreenReader:
     ACCESSIBLE = "org.a11y.atspi.Accessible"
     ROOT = "/org/a11y/atspi/accessible/root"
+    limit = 5000  # milliseconds for an answer
 
     def __init__(self, bus):
         from gi.repository import Gio, GLib  # only the editor's sweep needs them
@@ -110,7 +111,7 @@ class ScreenReader:
 
     def call(self, bus, name, path, member, words=None):
         interface, _, method = member.rpartition(".")
-        return bus.call_sync(name, path, interface, method, words, None, 0, 5000, None).unpack()
+        return bus.call_sync(name, path, interface, method, words, None, 0, self.limit, None).unpack()
 
     def children(self, name, path):
         return self.call(self.bus, name, path, f"{self.ACCESSIBLE}.GetChildren")[0]

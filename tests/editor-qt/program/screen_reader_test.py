@@ -33,6 +33,7 @@ class Editor:
         self.context = GLib.MainContext.default()
         self.display = sweep_editor.Display(folder / "display")
         self.reader = self.display.screen_reader
+        self.reader.limit = PATIENCE * 1000  # the editor answers when a read has ended
         self.told = []
         self.listen()
         self.process = subprocess.Popen(
