@@ -76,6 +76,14 @@ BankImage defaultImage() {
     return encodeBank(WindowAction::defaultScenes());
 }
 
+std::vector<Difference> unsentChanges(const PopUpValue& lists) {
+    const auto& known = KnownKeyboard::image();
+    if (!known || *known == storedImage())
+        return {};
+    const auto held = readBankImage(*known);
+    return held ? differences(lists, *held, WindowAction::scenes()) : std::vector<Difference>{};
+}
+
 DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank) {
     ScenesRead held = DeviceSession::heldScenes();
     DeviceComparison comparison{.outcome = std::move(held.outcome), .differences = {}};

@@ -42,6 +42,10 @@ struct DeviceComparison {
 [[nodiscard]] BankImage storedImage();
 [[nodiscard]] BankImage defaultImage();
 
+// In what the stored scenes differ from those that the keyboard is known to hold, its values first;
+// none while that is not known.
+[[nodiscard]] std::vector<Difference> unsentChanges(const PopUpValue& lists);
+
 [[nodiscard]] DeviceComparison compareWithDevice(const PopUpValue& lists, const SceneList& bank);
 
 } // namespace scenewright

@@ -21,6 +21,9 @@ constexpr QColor kFocusOuter(255, 255, 255);
 constexpr QColor kFocusInner(8, 12, 18);
 constexpr qreal kFocusLine = 2; // the width of each, in device-independent pixels
 constexpr qreal kCaptionMargin = 1;
+constexpr QColor kDot(255, 190, 60);
+constexpr qreal kDotRadius = 4.5;
+constexpr qreal kDotPlace = 11; // from either edge, to its middle
 
 QColor colourOf(const std::optional<Colour>& colour) {
     return colour ? QColor(colour->red, colour->green, colour->blue) : kPlainTitle;
@@ -104,6 +107,14 @@ void ControlButton::setTravel(qreal travel) {
     drawLater();
 }
 
+void ControlButton::setMarked(bool isMarked) {
+    if (look_.isMarked == isMarked)
+        return;
+    look_.isMarked = isMarked;
+    describe();
+    drawLater();
+}
+
 void ControlButton::setLargestCaption(int pixels) {
     look_.largestCaption = pixels;
     drawLater();
@@ -117,7 +128,8 @@ void ControlButton::setSummary(const QString& summary) {
 }
 
 void ControlButton::describe() {
-    setAccessibleDescription(look_.image ? tr("%1, chosen").arg(summary_) : summary_);
+    const QString summary = look_.isMarked ? tr("%1, not sent").arg(summary_) : summary_;
+    setAccessibleDescription(look_.image ? tr("%1, chosen").arg(summary) : summary);
     setToolTip(summary_);
 }
 
@@ -169,8 +181,18 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
                 colourOf(look_.title.colour));
     if (look_.image)
         drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    if (look_.isMarked)
+        drawDot(painter);
     if (hasFocus())
         drawFocus(painter);
+}
+
+// In the upper right corner, inside the mark of a chosen control.
+void ControlButton::drawDot(QPainter& painter) const {
+    const QPointF centre(width() - kDotPlace, kDotPlace);
+    painter.setPen(QPen(kFocusInner, kFocusLine));
+    painter.setBrush(kDot);
+    painter.drawEllipse(centre, kDotRadius, kDotRadius);
 }
 
 void ControlButton::keyPressEvent(QKeyEvent* event) {

@@ -43,6 +43,9 @@ public:
     [[nodiscard]] bool isPlayed() const { return look_.isPlayed; }
     void setTravel(qreal travel);
     [[nodiscard]] std::optional<qreal> travel() const { return look_.travel; }
+    // A dot says that something of the control is to be looked at.
+    void setMarked(bool isMarked);
+    [[nodiscard]] bool isMarked() const { return look_.isMarked; }
     // The size that a title is set in where it has the room, in device-independent pixels.
     void setLargestCaption(int pixels);
     // Everything that the control does, in words.
@@ -68,6 +71,7 @@ private:
         AttributedTitle title;
         std::optional<std::string> image;
         Colour light;
+        bool isMarked = false;
         int largestCaption = kSmallestCaption;
         bool isPlayed = false;
         std::optional<qreal> travel{};
@@ -76,6 +80,7 @@ private:
 
     [[nodiscard]] QRectF captionRoom() const;
     void drawFocus(QPainter& painter) const;
+    void drawDot(QPainter& painter) const;
     void describe();
     void drawLater();
     void drawIfChanged();

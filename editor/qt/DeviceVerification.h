@@ -28,11 +28,11 @@ public:
     void compare();
     void sendAndVerify();
 
+    // A dialog of them; the keyboard's values first.
+    void showDifferences(std::vector<Difference> differences);
+
     [[nodiscard]] QAction& compareAction() { return *compare_; }
     [[nodiscard]] QAction& verifyAction() { return *verify_; }
-
-    // A dialog of what the controller holds otherwise, its values first.
-    void showDifferences(std::vector<Difference> differences);
 
 private:
     // Puts the controller's values into the stored scenes.

@@ -4,6 +4,7 @@
 
 #include "editor/ControlClipboard.h"
 #include "editor/qt/BankCommands.h"
+#include "editor/qt/ChangeMarks.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/History.h"
 #include "editor/qt/KeyboardWatch.h"
@@ -75,6 +76,7 @@ public:
     void reportLists(const std::vector<std::string>& errors);
 
     [[nodiscard]] History& history() { return history_; }
+    [[nodiscard]] ChangeMarks& marks() { return marks_; }
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
@@ -98,6 +100,7 @@ private:
     MonitorStrip* monitor_; // child of the window
     SafeSending sending_;
     DeviceVerification verification_;
+    ChangeMarks marks_;
     std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery
 };
 

@@ -183,14 +183,24 @@ void MainWindow::refresh() {
     emit refreshed();
 }
 
+void MainWindow::setSceneMarks(const SceneMarks& marks) {
+    if (sceneMarks_ == marks)
+        return;
+    sceneMarks_ = marks;
+    refreshSceneTitles();
+}
+
 void MainWindow::refreshSceneTitles() {
     const SceneList& stored = WindowAction::scenes();
     for (int scene = 0; scene < kSceneCount && scene < static_cast<int>(stored.size()); ++scene) {
         const auto& common = stored[static_cast<std::size_t>(scene)]->commonValue();
         const QString name = common ? shown(displayName(common->SceneName())) : QString();
         QAbstractButton& segment = scenes_->segment(scene);
-        scenes_->setTitle(scene, tr("%1  %2").arg(scene + 1).arg(name));
-        segment.setAccessibleName(tr("Scene %1, %2").arg(scene + 1).arg(name));
+        const bool isMarked = sceneMarks_.at(static_cast<std::size_t>(scene));
+        const QString title = tr("%1  %2").arg(scene + 1).arg(name);
+        scenes_->setTitle(scene, isMarked ? tr("%1 •").arg(title) : title);
+        const QString said = tr("Scene %1, %2").arg(scene + 1).arg(name);
+        segment.setAccessibleName(isMarked ? tr("%1, not sent").arg(said) : said);
         segment.setToolTip(segment.accessibleName());
     }
 }

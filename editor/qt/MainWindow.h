@@ -13,6 +13,7 @@
 #include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/ValuePanes.h"
+#include "model/Control.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -22,12 +23,15 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include <array>
 #include <functional>
 
 class QHBoxLayout;
 class QVBoxLayout;
 
 namespace scenewright {
+
+class UnsentButton;
 
 // What the menu bar offers; who owns the window connects the actions. All are the bar's children.
 class MainMenu final : public QObject {
@@ -111,6 +115,10 @@ public:
     [[nodiscard]] DeviceCommands& commands() { return commands_; }
     [[nodiscard]] QPushButton& readButton() { return *readButton_; }
     [[nodiscard]] QPushButton& sendButton() { return *sendButton_; }
+    [[nodiscard]] UnsentButton& unsentButton() { return *unsentButton_; }
+    // The scenes that are not what the keyboard holds have a dot.
+    using SceneMarks = std::array<bool, kSceneCount>;
+    void setSceneMarks(const SceneMarks& marks);
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
     // Between the picture and the panes; the window owns it from here.
@@ -161,6 +169,8 @@ private:
     PopUpBox* displayModes_ = nullptr;
     QPushButton* readButton_ = nullptr;
     QPushButton* sendButton_ = nullptr;
+    UnsentButton* unsentButton_ = nullptr;
+    SceneMarks sceneMarks_{};
     ControlList* list_ = nullptr;
     DevicePicture* picture_ = nullptr;
     ValuePanes* panes_ = nullptr;

@@ -1,4 +1,5 @@
 // Where the main window's widgets stand, and its menus.
+#include "editor/qt/ChangeMarks.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -140,6 +141,8 @@ void MainWindow::layOutHeader(QHBoxLayout& header, QWidget& root) {
         &command(tr("Send"), tr("Send scenes"),
                  withKeys(tr("Send the four scenes to the controller (%1)"), menu_->send()), &root);
     sendButton_->setProperty("main", true);
+    unsentButton_ = &makeChild<UnsentButton>(&root);
+    header.addWidget(unsentButton_);
     header.addWidget(readButton_);
     header.addWidget(sendButton_);
 }

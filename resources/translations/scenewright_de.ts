@@ -350,6 +350,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ChangeMarks</name>
+    <message>
+        <source>Mark What Is Not Sent</source>
+        <translation>Nicht Gesendetes markieren</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Check</name>
     <message>
         <source>all send {0} on channel {1}</source>
@@ -523,6 +530,10 @@
     <message>
         <source>%1, chosen</source>
         <translation>%1, ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1, not sent</source>
+        <translation>%1, nicht gesendet</translation>
     </message>
 </context>
 <context>
@@ -1098,6 +1109,14 @@
     <message>
         <source>Send the four scenes to the controller (%1)</source>
         <translation>Die vier Szenen an den Controller senden (%1)</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>%1, not sent</source>
+        <translation>%1, nicht gesendet</translation>
     </message>
 </context>
 <context>
@@ -1735,6 +1754,21 @@
     <message>
         <source>Transfer in progress</source>
         <translation>Übertragung läuft</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::UnsentButton</name>
+    <message>
+        <source>1 change not sent</source>
+        <translation>1 Änderung nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%1 changes not sent</source>
+        <translation>%1 Änderungen nicht gesendet</translation>
+    </message>
+    <message>
+        <source>Show in what the window and the keyboard differ</source>
+        <translation>Zeigen, worin sich Fenster und Keyboard unterscheiden</translation>
     </message>
 </context>
 <context>

@@ -350,6 +350,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::ChangeMarks</name>
+    <message>
+        <source>Mark What Is Not Sent</source>
+        <translation>Marcar lo no enviado</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Check</name>
     <message>
         <source>all send {0} on channel {1}</source>
@@ -523,6 +530,10 @@
     <message>
         <source>%1, chosen</source>
         <translation>%1, seleccionado</translation>
+    </message>
+    <message>
+        <source>%1, not sent</source>
+        <translation>%1, sin enviar</translation>
     </message>
 </context>
 <context>
@@ -1098,6 +1109,14 @@
     <message>
         <source>Send the four scenes to the controller (%1)</source>
         <translation>Enviar las cuatro escenas al controlador (%1)</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>%1, not sent</source>
+        <translation>%1, sin enviar</translation>
     </message>
 </context>
 <context>
@@ -1735,6 +1754,21 @@
     <message>
         <source>Transfer in progress</source>
         <translation>Transferencia en curso</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::UnsentButton</name>
+    <message>
+        <source>1 change not sent</source>
+        <translation>1 cambio sin enviar</translation>
+    </message>
+    <message>
+        <source>%1 changes not sent</source>
+        <translation>%1 cambios sin enviar</translation>
+    </message>
+    <message>
+        <source>Show in what the window and the keyboard differ</source>
+        <translation>Mostrar en qué difieren la ventana y el teclado</translation>
     </message>
 </context>
 <context>

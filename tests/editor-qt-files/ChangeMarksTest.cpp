@@ -1,0 +1,119 @@
+#include "editor/qt/ChangeMarks.h"
+
+#include "app/DeviceSession.h"
+#include "editor/qt/DifferenceDialog.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QImage>
+#include <QTest>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace scenewright::testing {
+
+namespace {
+
+class ChangeMarksTest : public CommandsBench {
+protected:
+    ChangeMarksTest() { open(); }
+
+    void edit(std::int32_t scene, std::int32_t control, const char* outlet, std::int32_t value) {
+        window().showControl(scene, control);
+        PopUpBox& box = window().panes().popUp(outlet);
+        box.selectItem(value);
+        emit box.activated(value);
+    }
+    // The numbers of the scenes with a dot.
+    std::string dots() {
+        std::string numbers;
+        for (int scene = 0; scene < kSceneCount; ++scene) {
+            const QAbstractButton& segment = window().scenes().segment(scene);
+            const bool isMarked = segment.text().endsWith(QStringLiteral(" •"));
+            EXPECT_EQ(segment.accessibleName().endsWith(", not sent"), isMarked);
+            if (isMarked)
+                numbers += std::to_string(scene + 1);
+        }
+        return numbers;
+    }
+    std::string count() {
+        const QPushButton& button = window().unsentButton();
+        return button.isVisible() ? button.accessibleName().toStdString() : "";
+    }
+};
+
+TEST_F(ChangeMarksTest, ScenesAndCountFollowWhatTheKeyboardIsKnownToHold) {
+    struct Row {
+        const char* what;
+        std::function<void()> make;
+        const char* dots;
+        const char* count;
+    };
+    const Row rows[] = {
+        {"edited while nothing is known", [this] { edit(1, kPad, "padCR", 3); }, "", ""},
+        {"the keyboard becomes known", [] { KnownKeyboard::set(storedImage(), ""); }, "", ""},
+        {"one edit", [this] { edit(1, kPad, "padCR", 4); }, "2", "1 change not sent"},
+        {"the same one", [this] { edit(1, kPad, "padCR", 5); }, "2", "1 change not sent"},
+        {"in another scene", [this] { edit(3, 1, "groupMIDIChannel", 4); }, "24",
+         "2 changes not sent"},
+        {"undone", [this] { press(Qt::Key_Z); }, "2", "1 change not sent"},
+        {"sent", [] { KnownKeyboard::set(storedImage(), ""); }, "", ""},
+        {"again", [this] { edit(1, kPad, "padCR", 6); }, "2", "1 change not sent"},
+        {"no longer known", [] { KnownKeyboard::forget(); }, "", ""},
+    };
+    for (const Row& row : rows) {
+        row.make();
+        EXPECT_EQ(dots(), row.dots) << row.what;
+        EXPECT_EQ(count(), row.count) << row.what;
+    }
+}
+
+TEST_F(ChangeMarksTest, TheCountOpensTheDifferences) {
+    KnownKeyboard::set(storedImage(), "");
+    edit(0, kPad, "padCR", 3);
+    QTest::mouseClick(&window().unsentButton(), Qt::LeftButton);
+    auto* dialog = window().findChild<DifferenceDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    ASSERT_EQ(dialog->lines().size(), 1);
+    EXPECT_TRUE(dialog->lines()[0].startsWith("Scene 1, Pad 1, Red: "));
+    EXPECT_TRUE(dialog->lines()[0].endsWith(" -> 3"));
+}
+
+TEST_F(ChangeMarksTest, NothingMovesWhenTheCountComes) {
+    KnownKeyboard::set(storedImage(), "");
+    const QRect read = window().readButton().geometry();
+    const QRect modes = window().displayModes().geometry();
+    edit(0, kPad, "padCR", 3);
+    EXPECT_TRUE(window().unsentButton().isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().readButton().geometry(), read);
+    EXPECT_EQ(window().displayModes().geometry(), modes);
+}
+
+TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
+    ControlButton& pad = *window().picture().button(kPad);
+    const auto picture = [&pad] {
+        QCoreApplication::processEvents();
+        return pad.grab().toImage();
+    };
+    KnownKeyboard::set(storedImage(), "");
+    edit(0, kPad, "padCB", 3);
+    window().showControl(0, 0);
+    const QImage plain = picture();
+    commands().marks().pictureAction().trigger();
+    EXPECT_NE(picture(), plain);
+    EXPECT_TRUE(pad.isMarked());
+    EXPECT_TRUE(pad.accessibleDescription().endsWith(", not sent"));
+    EXPECT_FALSE(window().picture().button(kPad + 1)->isMarked());
+    press(Qt::Key_2);
+    EXPECT_FALSE(pad.isMarked()); // of scene 2
+    press(Qt::Key_1);
+    EXPECT_TRUE(pad.isMarked());
+    commands().marks().pictureAction().trigger();
+    EXPECT_EQ(picture(), plain);
+}
+
+} // namespace
+
+} // namespace scenewright::testing
