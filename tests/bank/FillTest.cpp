@@ -62,6 +62,13 @@ std::string errorOf(const Result<SceneList>& scenes) {
     return scenes ? "none" : scenes.error();
 }
 
+void expectScale(const char* name, const Bytes& notes) {
+    const auto filled = fill("scene1.pad*", "C4", scaleSteps(name));
+    ASSERT_TRUE(filled) << name << filled.error();
+    EXPECT_EQ(bytes(*filled, kPadNumbers), notes) << name;
+    EXPECT_EQ(bytes(*filled, kPadTypes), Bytes(8, 2)) << name;
+}
+
 } // namespace
 
 TEST(FillValues, ScaleTakesItsNotes) {
@@ -83,12 +90,8 @@ TEST(FillValues, ScaleTakesItsNotes) {
              {"whole-tone", {60, 62, 64, 66, 68, 70, 72, 74}},
              {"chromatic", {60, 61, 62, 63, 64, 65, 66, 67}},
              {"fourths", {60, 65, 70, 75, 80, 85, 90, 95}},
-             {"fifths", {60, 67, 74, 81, 88, 95, 102, 109}}}) {
-        const auto filled = fill("scene1.pad*", "C4", scaleSteps(name));
-        ASSERT_TRUE(filled) << name << filled.error();
-        EXPECT_EQ(bytes(*filled, kPadNumbers), notes) << name;
-        EXPECT_EQ(bytes(*filled, kPadTypes), Bytes(8, 2)) << name;
-    }
+             {"fifths", {60, 67, 74, 81, 88, 95, 102, 109}}})
+        expectScale(name, notes);
     EXPECT_EQ(bytes(fill("scene1.pad*", "C0", scaleSteps("octaves")).value(), kPadNumbers),
               (Bytes{12, 24, 36, 48, 60, 72, 84, 96}));
     EXPECT_EQ(scales().size(), 19U);

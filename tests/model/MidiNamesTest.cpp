@@ -33,6 +33,7 @@ TEST(MidiNames, EachTableHoldsWhatItsDocumentDefines) {
 
 TEST(MidiNames, WordsOfAPlayerFindTheController) {
     std::vector<std::string> titles;
+    titles.reserve(128);
     for (int number = 0; number < 128; ++number)
         titles.push_back(std::to_string(number));
     const Setting& knob = *findSetting(ControlKind::Knob, "CCOrNoteNumber");

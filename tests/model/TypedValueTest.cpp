@@ -70,24 +70,29 @@ const std::vector<std::vector<Spelling>>& spellings() {
     return kSpellings;
 }
 
+// None for an octave that the list does not have.
+Strings formsOf(const Spelling& spelling, int octave) {
+    Strings forms;
+    if (octave < -1)
+        return forms;
+    for (const char* sign : {"", "+"}) {
+        if (octave < 0 && *sign != '\0')
+            continue;
+        const std::string text = spelling.name + (sign + std::to_string(octave));
+        for (const std::string& form :
+             {text, inLowerCase(text), inUpperCase(text), " " + text + "\t"})
+            forms.push_back(form);
+    }
+    return forms;
+}
+
 } // namespace
 
 TEST(TypedValue, EveryNoteIsFoundInAllItsSpellings) {
     for (int note = 0; note < 128; ++note)
-        for (const Spelling& spelling : spellings().at(static_cast<std::size_t>(note % 12))) {
-            const int octave = note / 12 - 1 + spelling.octave;
-            const std::string number = std::to_string(octave);
-            Strings octaves{number};
-            if (octave >= 0)
-                octaves.push_back("+" + number);
-            if (octave < -1)
-                continue; // no octave of the list
-            for (const std::string& text : octaves)
-                for (const auto& typed :
-                     {spelling.name + text, inLowerCase(spelling.name + text),
-                      inUpperCase(spelling.name + text), " " + (spelling.name + text) + "\t"})
-                    EXPECT_EQ(typedPosition(typed, noteTitles()), note) << typed;
-        }
+        for (const Spelling& spelling : spellings().at(static_cast<std::size_t>(note % 12)))
+            for (const std::string& typed : formsOf(spelling, note / 12 - 1 + spelling.octave))
+                EXPECT_EQ(typedPosition(typed, noteTitles()), note) << typed;
 }
 
 TEST(TypedValue, WhatIsTypedForANote) {
@@ -126,7 +131,7 @@ TEST(TypedValue, WhatIsTypedForATitle) {
     const Strings twins{"On", "ON", "on"};
     struct Row {
         const Strings& titles;
-        const char* typed;
+        const char* typed = "";
         Position expected;
     };
     for (const Row& row : std::initializer_list<Row>{
