@@ -73,12 +73,13 @@ private:
     struct FileEntry {
         QString title;
         QKeySequence keys;
-        QFileDialog::AcceptMode mode;
-        FileCommand command;
+        QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
+        FileCommand command = nullptr;
         QStringList filters;  // of names, with a sentence; the first holds at first
         QStringList suffixes; // one a filter, of a name that is typed without one
-        QString (BankCommands::*suggestion)() const; // of a name, without its suffix; or null
-        const char* name;                            // of the action, for whoever looks for it
+        // Of a name, without its suffix; null for none.
+        QString (BankCommands::*suggestion)() const = nullptr;
+        const char* name = ""; // of the action, for whoever looks for it
     };
     QAction& addEntry(const QString& title, const QKeySequence& keys, const char* name);
     void addFileEntry(const FileEntry& entry);
