@@ -242,13 +242,21 @@ StatusLine::StatusLine(QWidget* parent)
     busy_->setAccessibleName(tr("Transfer in progress"));
     busy_->setToolTip(busy_->accessibleName());
     busy_->hide();
-    row_->setContentsMargins(14, 7, 14, 8);
+    // A mark may be as high as the line with its room, so that none moves the window when it comes.
+    row_->setContentsMargins(14, 3, 14, 4);
     row_->setSpacing(10);
+    message_->setMinimumHeight(markHeight());
     row_->addWidget(message_, 1);
     row_->addWidget(busy_);
 }
 
+int StatusLine::markHeight() const {
+    constexpr int kAround = 8;
+    return fontMetrics().height() + kAround;
+}
+
 void StatusLine::addMark(QWidget& mark) {
+    mark.setMaximumHeight(markHeight());
     row_->addWidget(&mark);
 }
 

@@ -150,6 +150,8 @@ public:
     [[nodiscard]] bool isBusy() const { return !busy_->isHidden(); }
 
 private:
+    [[nodiscard]] int markHeight() const;
+
     TextLabel* message_; // children
     QProgressBar* busy_;
     QHBoxLayout* row_;

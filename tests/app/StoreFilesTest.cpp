@@ -3,6 +3,10 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
+#include "model/Control.h"
+#include "model/SceneValue.h"
+#include "protocol/SceneAction.h"
+#include "protocol/SceneImage.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -150,9 +154,14 @@ TEST_F(StoreFilesTest, ASceneWithoutControlsGetsThoseOfTheFile) {
     EXPECT_EQ(record(3, 45).OnValue(), 88);
 }
 
-TEST_F(StoreFilesTest, ABankIsNoScene) {
-    EXPECT_FALSE(files.openScene(bankFile(), 0));
-    EXPECT_TRUE(files.earlier().list().empty());
+TEST_F(StoreFilesTest, AnySceneOfABankIsOpened) {
+    const auto file = bankFile();
+    const SceneList bank = readBank(file)->scenes;
+    for (std::int32_t from = 0; from < kSceneCount; ++from) {
+        EXPECT_TRUE(files.openScene(file, 3, from));
+        EXPECT_EQ(SceneAction::sceneToBytes(*WindowAction::getSceneWithIndex(3)),
+                  SceneAction::sceneToBytes(*bank.at(static_cast<std::size_t>(from))));
+    }
 }
 
 TEST_F(StoreFilesTest, TheNewestEarlierScenesComeBack) {

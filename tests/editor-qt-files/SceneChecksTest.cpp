@@ -38,6 +38,15 @@ TEST_F(SceneChecksTest, TheBadgeFollowsTheScenesAndTheirUndo) {
     EXPECT_EQ(badge(), "");
 }
 
+TEST_F(SceneChecksTest, NothingMovesWhenTheBadgeComes) {
+    EXPECT_EQ(badge(), "");
+    const QRect before = window().picture().geometry();
+    makeConflict();
+    EXPECT_EQ(badge(), "1 to check");
+    QTest::qWait(0);
+    EXPECT_EQ(window().picture().geometry(), before);
+}
+
 TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
     makeConflict();
     ASSERT_EQ(badge(), "1 to check");

@@ -39,6 +39,15 @@ protected:
     void read() {
         key("ctrl+r");
         ASSERT_TRUE(waitForLog(kReadDone));
+        // What comes while it blocks the window is dropped: it is over once a key is heard.
+        ASSERT_TRUE(waitUntil([this] {
+            const auto before = scenesShown();
+            key("ctrl+1");
+            return scenesShown() > before;
+        }));
+    }
+    [[nodiscard]] qsizetype scenesShown() const {
+        return log().filter(QStringLiteral("SceneValue ")).size();
     }
     void send() {
         key("ctrl+Return");
