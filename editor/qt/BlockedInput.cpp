@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QMetaObject>
 
 namespace scenewright {
 
@@ -43,10 +44,18 @@ BlockedInput::~BlockedInput() {
     QCoreApplication::instance()->installEventFilter(this);
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     QCoreApplication::instance()->removeEventFilter(this);
+    // Closed once what blocked it has gone on to its end, such as a send after its reading.
+    if (closed_)
+        QMetaObject::invokeMethod(closed_, &QWidget::close, Qt::QueuedConnection);
     QGuiApplication::restoreOverrideCursor();
 }
 
 bool BlockedInput::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close && qobject_cast<QWidget*>(watched) != nullptr) {
+        closed_ = qobject_cast<QWidget*>(watched);
+        event->ignore();
+        return true;
+    }
     return isInput(event->type()) || QObject::eventFilter(watched, event);
 }
 

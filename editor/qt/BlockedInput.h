@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 namespace scenewright {
 
 // Over the program's windows, as long as the object lives. Its end takes what the window system has
-// told meanwhile, and drops keys, clicks, the wheel and touches. Main thread only.
+// told meanwhile, and drops keys, clicks, the wheel and touches; a window that was to be closed is
+// closed soon after. Main thread only.
 class BlockedInput final : public QObject {
     Q_OBJECT
 
@@ -21,6 +24,9 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPointer<QWidget> closed_;
 };
 
 } // namespace scenewright
