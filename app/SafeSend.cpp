@@ -3,6 +3,7 @@
 #include "app/DeviceSession.h"
 #include "app/KnownKeyboard.h"
 #include "bank/BankFile.h"
+#include "protocol/Transactions.h"
 
 #include <memory>
 #include <utility>
@@ -48,8 +49,7 @@ private:
         runStep(request_.reading, [&held] { held = DeviceSession::heldScenes(); });
         switch (held.outcome.end) {
         case Outcome::End::NotConnected:
-        case Outcome::End::NotStarted:
-            return send(); // which meets the same, and tells of it
+        case Outcome::End::NotStarted: // what a second try could reach would be lost
         case Outcome::End::Cancelled:
             ended_.outcome = held.outcome;
             return end();
@@ -97,10 +97,19 @@ private:
             return ask({.question = Question::NotKept, .why = begun.error()}, &Sending::send);
         if (begun)
             running_ = std::move(*begun);
-        runStep(request_.sending, [this] {
-            DeviceSession::send(
-                [self = shared_from_this()](const Outcome& outcome) { self->afterSend(outcome); });
-        });
+        try {
+            runStep(request_.sending, [this] { transfer(); });
+        } catch (...) {
+            if (running_ && !isBegun_ && !SendJob::isRunning())
+                running_->end({.end = Outcome::End::NotStarted}); // no byte of it has moved
+            throw;
+        }
+    }
+
+    void transfer() {
+        DeviceSession::send(
+            [self = shared_from_this()](const Outcome& outcome) { self->afterSend(outcome); });
+        isBegun_ = true;
     }
 
     void afterSend(const Outcome& outcome) {
@@ -137,6 +146,7 @@ private:
     std::optional<BankImage> before_;
     std::optional<SendJournal::Unfinished> unfinished_; // of the same keyboard
     std::optional<SendJournal::Running> running_;
+    bool isBegun_ = false; // the transaction, which ends in afterSend() alone
     bool mayLose_ = false; // a question about that was answered
     SafeSend::Ended ended_;
 };

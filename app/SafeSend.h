@@ -39,8 +39,8 @@ public:
     using Answered = std::function<void(Answer)>;
 
     struct Ended {
-        // Of the send; of the read before it when the program was asked to end. Nothing when the
-        // answer to a question was against the send.
+        // Of the send; of the read before it when that reached no keyboard, or the program was
+        // asked to end. Nothing when the answer to a question was against the send.
         std::optional<Outcome> outcome{};
         bool wantsRead = false; // the answer was to read first
         // What the keyboard held and nobody knew of; it is among the earlier scenes.

@@ -63,10 +63,11 @@ Result<FileDescriptor, int> store(const fs::path& file, const FileContent& bytes
         error = flush(made->fd());
     static_cast<void>(::flock(made->fd(), LOCK_EX | LOCK_NB));
     FileDescriptor lock(::fcntl(made->fd(), F_DUPFD_CLOEXEC, 0));
+    const fs::path folder = file.parent_path(); // once it has its name, nothing here needs memory
     if (error == 0)
         error = made->moveTo(file);
-    if (error == 0)
-        error = flushFolder(file.parent_path());
+    if (error == 0 && (error = flushFolder(folder)) != 0)
+        ::unlink(file.c_str()); // it is told as not written, and stands for no send
     if (error != 0)
         return failure(error);
     return lock;
@@ -132,12 +133,12 @@ Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
     fs::create_directories(*folder_, error);
     if (error)
         return failure(fmt::format("{}: {}", folder_->string(), error.message()));
-    const fs::path file = *folder_ / fmt::format("{}{}-{}{}", kBeforeTime,
-                                                 millisecondsOf(send.begun), ::getpid(), kEnding);
+    fs::path file = *folder_ / fmt::format("{}{}-{}{}", kBeforeTime, millisecondsOf(send.begun),
+                                           ::getpid(), kEnding);
     auto stored = store(file, bytesOf(send));
     if (!stored)
         return failure(fmt::format("{}: {}", file.string(), errorText(stored.error())));
-    return Running(file, std::move(*stored));
+    return Running(std::move(file), std::move(*stored)); // without memory of its own
 }
 
 std::vector<SendJournal::Unfinished> SendJournal::unfinished() const {
