@@ -64,7 +64,7 @@ class Sweep(sweep_run.Sweep):
         )
         after = place.contents()
         self.undisturbed[subject.name] = sweep_judge.Undisturbed(
-            ended.code, ended.out, before, after
+            ended.code, ended.out, before, after, subject.sent(before)
         )
         if ended.code < 0 or ended.code == 2:
             raise RuntimeError(f"{subject.name}: {ended.code} {ended.err}")
@@ -150,4 +150,4 @@ class Sweep(sweep_run.Sweep):
         ended = sweep_run.gated(
             place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
         )
-        return sweep_judge.unsettled(ended.trace, str(place.files))
+        return sweep_judge.unsettled(ended.trace, str(place.files), str(place.home))

@@ -12,6 +12,7 @@ from dataclasses import dataclass
 
 import sweep_judge
 import sweep_run
+import sweep_state
 from sweep_commands import Job
 
 PART = 12
@@ -29,11 +30,18 @@ class Action:
     keys: list
     log: str  # the line that tells the end, where there is one
     file: str = ""  # that it makes anew or changes
+    sends: str = ""  # the file that holds what the window sends
 
 
 ACTIONS = {
     "editor-read": Action([("key", "ctrl+r")], "Read Scene Data Finish"),
-    "editor-send": Action([("key", "ctrl+Return")], "\nFinish\n", "held.bank"),
+    # The scenes that a new window has are sent over others only if the user says so.
+    "editor-send": Action(
+        [("key", "ctrl+Return"), ("window", "Send Scenes"), ("key", "alt+s")],
+        "\nFinish\n",
+        "held.bank",
+        "real.bank",
+    ),
     "editor-save": Action(
         [("key", "ctrl+s"), ("wait", 0.5), ("type", "{files}/saved.bank"), ("key", "Return")],
         "",
@@ -199,13 +207,24 @@ class Sweep(sweep_run.Sweep):
             after = place.contents()
             if ended.code != 0 or end != "done":
                 raise RuntimeError(f"{name}: {ended.code} {end} {ended.err}")
-            self.undisturbed[name] = sweep_judge.Undisturbed(0, notice, before, after)
+            sends = self.sent(self.subjects[name], before)
+            self.undisturbed[name] = sweep_judge.Undisturbed(0, notice, before, after, sends)
+            if found_there := self.state_faults(self.undisturbed[name], after, None):
+                raise RuntimeError(f"{name}: {found_there}")
             for thread, calls in enumerate(sweep_run.by_number(ended.trace, ended.process)):
                 for call, lines in calls.items():
                     jobs = sweep_run.jobs_of(Job, name, thread, {call: lines}, before != after)
                     jobs = [job for job in jobs if not is_display(job, lines[job.number - 1])]
                     found += jobs[:: max(1, len(jobs) // MOST)]
         return found
+
+    @staticmethod
+    def sent(action, before):
+        """What the entry of its send names."""
+        if not action.sends:
+            return None
+        sent, held = (before[f"files/{name}"][2] for name in (action.sends, action.file))
+        return sweep_state.Sent(sent, held)
 
     def session(self, name, thread, options):
         """The editor opens, its tracer takes hold of a thread, the keys come. How it ended, what
@@ -231,7 +250,7 @@ class Sweep(sweep_run.Sweep):
             hold.start()
         else:
             tracers.append(sweep_run.attach(process.pid, place.stream("trace"), options))
-        self.press(action)
+        self.press(process, action)
         end = self.await_end(process, action)
         notice = "" if end == "ended" else self.local.display.screen_reader.notice()
         ended = self.quit(process)
@@ -241,19 +260,21 @@ class Sweep(sweep_run.Sweep):
             tracer.wait()
         return sweep_run.read_back(place, ended), end, notice
 
-    def await_window(self, process):
-        limit = time.monotonic() + PATIENCE
+    def await_window(self, process, title=TITLE, patience=PATIENCE):
+        limit = time.monotonic() + patience
         while process.poll() is None and time.monotonic() < limit:
-            found = self.local.display.do("search", "--onlyvisible", "--name", TITLE).split()
+            found = self.local.display.do("search", "--onlyvisible", "--name", title).split()
             if found:
                 self.local.display.do("windowactivate", "--sync", found[0])
                 return
             time.sleep(0.02)
 
-    def press(self, action):
+    def press(self, process, action):
         for kind, what in action.keys:
             if kind == "wait":
                 time.sleep(what)
+            elif kind == "window":
+                self.await_window(process, what, SILENCE)
             else:
                 self.local.display.do(kind, what.format(files=self.local.place.files))
 
@@ -296,13 +317,14 @@ class Sweep(sweep_run.Sweep):
             files = [self.banks(each) for each in (undisturbed.before, undisturbed.after)]
             known = sweep_judge.Undisturbed(0, b"", *files)
             found = sweep_judge.faults_when_killed(known, self.banks(now))
-            return found + self.earlier_faults(undisturbed, now)
+            return found + self.state_faults(undisturbed, now, undisturbed.sends)
         if not ended.is_struck:
             return []
         if notice == undisturbed.out:
             notice = ""  # of success, which tells no failure
         found = self.faults(undisturbed, ended, end if not notice else f"says {notice!r}", now)
-        return found + self.earlier_faults(undisturbed, now)
+        is_done = end == "done" and not found and self.banks(now) == self.banks(undisturbed.after)
+        return found + self.state_faults(undisturbed, now, None if is_done else undisturbed.sends)
 
     @staticmethod
     def banks(contents):
@@ -310,8 +332,13 @@ class Sweep(sweep_run.Sweep):
         return {name: what for name, what in contents.items() if name.startswith("files/")}
 
     @staticmethod
-    def earlier_faults(undisturbed, now):
-        return sweep_judge.earlier_faults(undisturbed.before, undisturbed.after, now)
+    def state_faults(undisturbed, now, sends):
+        """`sends` is what may not have ended."""
+        return [
+            *sweep_judge.earlier_faults(undisturbed.before, undisturbed.after, now),
+            *sweep_state.faults(now),
+            *sweep_state.entry_faults(sweep_state.parted(now)[0], sends),
+        ]
 
     def faults(self, undisturbed, ended, end, now):
         if ended.is_hung:

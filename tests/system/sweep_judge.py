@@ -3,6 +3,8 @@
 import re
 from dataclasses import dataclass
 
+import sweep_state
+
 # What a program has written into one line of a terminal before it cleared the line.
 PROGRESS = re.compile(r"[^\n]*\r\x1b\[K")
 # What a command has changed, which it tells beside its output.
@@ -20,6 +22,17 @@ class Subject:
     errors: tuple = (1, 2)  # the exit codes by which it may tell a failure
     may_stay: tuple = ()  # files that it may have written before it failed
     given: str = ""  # the file that is its standard input
+    sends: str = ""  # the file that it sends
+
+    def sent(self, before):
+        """What the entry of its send names, if it sends: without a copy it has read nothing."""
+        if not self.sends:
+            return None
+        sent = before[f"files/{self.sends}"][2]
+        if "--no-backup" in self.arguments:
+            return sweep_state.Sent(sent)
+        held = self.arguments[0].removeprefix("--virtual=")
+        return sweep_state.Sent(sent, before[f"files/{held}"][2])
 
     def command(self, programs):
         return [str(programs / self.program), *self.arguments]
@@ -33,6 +46,7 @@ class Undisturbed:
     out: bytes
     before: dict
     after: dict
+    sends: sweep_state.Sent = None  # if it sends
 
 
 def sentences(err):
@@ -78,6 +92,9 @@ def faults(subject, undisturbed, ended, now):
     if said != told and changes(now, undisturbed.after):
         found.append(f"exits {ended.code} and tells a change that was not made")
     may_stay = {f"files/{name}": undisturbed.after.get(f"files/{name}") for name in subject.may_stay}
+    entries, now = sweep_state.parted(now)
+    found += sweep_state.entry_faults(entries, undisturbed.sends, said)
+    may_stay |= sweep_state.lasting(undisturbed.after)
     for name in changes(now, undisturbed.before, may_stay):
         found.append(f"exits {ended.code}, and {name} is not as it was")
     return found
@@ -85,20 +102,22 @@ def faults(subject, undisturbed, ended, now):
 
 def earlier_faults(before, after, now):
     """What is wrong with the earlier scenes, oldest first: there may be those of before, or the new
-    ones with them, or the new ones in the place of the oldest; each whole."""
+    ones with all that are kept beside them, and with more of those of before; each whole."""
 
     def banks(contents):
         kept = [name for name in sorted(contents) if "/backups/scenes-" in name]
         return [contents[name][2] for name in kept]
 
-    old, new, found = banks(before), banks(after)[-1:], banks(now)
-    if found in (old, [*old, *new], [*old[1:], *new]):
+    old, kept, found = banks(before), banks(after), banks(now)
+    rest = iter([*old, *kept[-1:]])
+    if found == old or (set(kept) <= set(found) and all(bank in rest for bank in found)):
         return []
     return [f"keeps {len(found)} earlier scenes, which are not those that it should"]
 
 
 def faults_when_killed(undisturbed, now):
     """What is wrong with the files after a run that was killed: each is the old or the new one."""
+    entries, now = sweep_state.parted(now)
     litter = [name for name in now if LITTER.match(name) and name not in undisturbed.before]
     found = [
         f"leaves {name} neither old nor new"
@@ -107,7 +126,7 @@ def faults_when_killed(undisturbed, now):
     ]
     if len(litter) > 1:
         found.append(f"leaves {len(litter)} temporary files")
-    return found
+    return found + sweep_state.entry_faults(entries, undisturbed.sends)
 
 
 def faults_afterwards(subject, undisturbed, ended, now):
@@ -124,17 +143,17 @@ def faults_afterwards(subject, undisturbed, ended, now):
     return found
 
 
-def unsettled(trace, folder):
+def unsettled(trace, *folders):
     """Files that take another's place before their bytes are on the disk, or whose folder is not
     flushed afterwards: a computer may lose its power at any moment. From a trace with the paths of
-    descriptors."""
+    descriptors; the first folder is the one that the program works in."""
     unflushed, unsettled_folders, found = {}, {}, []
     for line in trace:
         call = re.match(r"(?:\d+ +)?(\w+)\((?:\d+<([^>]*)>)?(.*)", line)
         if not call or " = -1 " in line:
             continue
         name, path, rest = call.groups()
-        if name in ("write", "pwrite64", "ftruncate") and path and path.startswith(folder):
+        if name in ("write", "pwrite64", "ftruncate") and path and path.startswith(folders):
             unflushed[path] = line
         elif name == "fsync" and path:
             unflushed.pop(path, None)
@@ -145,7 +164,7 @@ def unsettled(trace, folder):
                 found.append(f"{written} takes its place before it is flushed")
             unflushed.clear()
             target = quoted[-1] if quoted else ""
-            place = target if target.startswith("/") else f"{folder}/{target}"
+            place = target if target.startswith("/") else f"{folders[0]}/{target}"
             unsettled_folders[place.rpartition("/")[0].removesuffix("/.")] = target
     found += [f"{path} is written and not flushed" for path in unflushed]
     found += [f"{name}: its folder is not flushed" for name in unsettled_folders.values()]

@@ -7,6 +7,8 @@ import threading
 from contextlib import ExitStack, contextmanager
 from pathlib import Path
 
+import sweep_state
+
 
 def contents(folder):
     """What lies below the folder: kind, permission bits and content, by path. Times do not count."""
@@ -48,6 +50,7 @@ class Place:
         for name, source in self.templates.items():
             self.in_order |= {f"{name}/{path}": what for path, what in contents(source).items()}
         self.files = self.folder / "files"
+        self.home = self.folder / "home"
         self.made = self.folder / "made"
         self.made.mkdir()
         self.stream("in").write_bytes(b"")
@@ -65,11 +68,13 @@ class Place:
             }
 
     def contents(self):
-        return {
-            name: what
-            for name, what in contents(self.folder).items()
-            if name.split("/")[0] in ("files", "home")
-        }
+        return sweep_state.without_times(
+            {
+                name: what
+                for name, what in contents(self.folder).items()
+                if name.split("/")[0] in ("files", "home")
+            }
+        )
 
     def prepare(self):
         """As it is before a run."""
@@ -89,7 +94,7 @@ class Place:
             for name, value in os.environ.items()
             if not name.startswith(("XDG_", "QT_", "SWEEP_"))
         }
-        return kept | {"HOME": str(self.folder / "home"), "LC_ALL": "C.UTF-8"} | more
+        return kept | {"HOME": str(self.home), "LC_ALL": "C.UTF-8"} | more
 
 
 class Places:

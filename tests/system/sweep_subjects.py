@@ -11,21 +11,36 @@ SUBJECTS = [
     Subject("read-over", [VIRTUAL, "read", "a.json"]),
     Subject("read-out", [VIRTUAL, "read", "-"]),
     # What the controller has taken cannot be taken back when something fails afterwards.
-    Subject("send", [VIRTUAL, "send", "a.bank", "--no-backup"], may_stay=("held.bank",)),
+    Subject(
+        "send",
+        [VIRTUAL, "send", "a.bank", "--no-backup"],
+        may_stay=("held.bank",),
+        sends="a.bank",
+    ),
     Subject(
         "send-json",
         ["--virtual=held.json", "send", "b.bank", "--no-backup"],
         may_stay=("held.json",),
+        sends="b.bank",
     ),
     Subject(
         "send-verify",
         [VIRTUAL, "send", "a.bank", "--no-backup", "--verify"],
         may_stay=("held.bank",),
+        sends="a.bank",
     ),
     Subject(
         "send-backup",
         [VIRTUAL, "send", "a.bank", "--backup", "before.bank"],
         may_stay=("before.bank", "held.bank"),
+        sends="a.bank",
+    ),
+    # What it finds there is no default bank, and is kept.
+    Subject(
+        "send-kept",
+        ["--virtual=b.bank", "send", "a.bank"],
+        may_stay=("b.bank",),
+        sends="a.bank",
     ),
     Subject("send-dry-run", [VIRTUAL, "send", "a.bank", "--dry-run"]),
     Subject("show", ["show", "a.bank"]),

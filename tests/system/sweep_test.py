@@ -1,9 +1,11 @@
 """The sweep's own judgement: what it lets pass, and what it must not."""
 
+import json
 import signal
 import unittest
 
 import sweep_run
+import sweep_state
 from sweep_judge import (
     Subject,
     Undisturbed,
@@ -55,6 +57,69 @@ KILLED = [
     (1, BEFORE | {"files/b": NEW}),
     (2, {}),
 ]
+SENT = sweep_state.Sent(b"sent", b"held")
+NOTED = Undisturbed(0, b"said", BEFORE, AFTER, SENT)
+SENDS_FOLDER = f"{sweep_state.FOLDER}/sends"
+ENTRY = f"{SENDS_FOLDER}/send-17-4.json"
+WHOLE = {
+    "format": "scenewright-send",
+    "version": 1,
+    "begun": "17",
+    "keyboard": "Keys",
+    "sent": b"sent".hex(),
+    "before": b"held".hex(),
+    "subject": "a.bank",
+}
+TEXT = json.dumps(WHOLE).encode()
+
+
+def private(content):
+    return ("file", 0o600, content)
+
+
+# How many faults, what a send that did not end has left, and what the program says.
+ENTRIES = [
+    (0, {}, SENTENCE),
+    (0, {ENTRY: private(TEXT)}, SENTENCE),
+    (1, {ENTRY: private(TEXT), f"{SENDS_FOLDER}/send-17-5.json": private(TEXT)}, SENTENCE),
+    (1, {ENTRY: private(TEXT[:-9])}, SENTENCE),
+    (1, {ENTRY: private(b"")}, SENTENCE),
+    (1, {ENTRY: private(b"[]")}, SENTENCE),
+    (1, {ENTRY: ("file", 0o644, TEXT)}, SENTENCE),
+    *(
+        (1, {ENTRY: private(json.dumps(WHOLE | {key: value}).encode())}, SENTENCE)
+        for key, value in (
+            *(("sent", "00"), ("before", b"sent".hex()), ("begun", "18"), ("version", 2)),
+            *(("format", "x"), ("keyboard", None), ("more", "")),
+        )
+    ),
+    *(
+        (1, {ENTRY: private(json.dumps({k: v for k, v in WHOLE.items() if k != key}).encode())}, "")
+        for key in WHOLE
+    ),
+    (1, {ENTRY: private(TEXT)}, f"The keyboard could not be reached: {sweep_state.NOTHING}"),
+    (1, {}, f"1 of 9 transfers failed: the keyboard {sweep_state.HALF}"),
+]
+KEPT_IMAGE = b'{"format": "scenewright-earlier", "image": "%s"}'
+IMAGE = ("0" * 2 * sweep_state.BANK).encode()
+EDIT = sweep_state.EDITED + bytes(sweep_state.BANK)
+# How many faults, what lies where in the state folder.
+STATE = [
+    (0, "sends", ("folder", 0o755)),
+    (0, "backups/scenes-later-0", private(KEPT_IMAGE % IMAGE)),
+    (0, "backups/scenes-1Z.bank", private(bytes(sweep_state.BANK))),
+    (0, "unsent/1.lock", private(b"")),
+    (0, "unsent/1.scenes", private(EDIT + b"a.bank\0Keys\0")),
+    (0, "sends/.scenewright-7-0", private(b"h")),
+    (1, "sends", private(b"")),
+    (1, "sends/send-17.json", private(TEXT)),
+    (1, "backups/scenes-later-0", private(KEPT_IMAGE % b"00")),
+    (1, "backups/scenes-1Z.bank", private(b"")),
+    (1, "unsent/1.lock", private(b"x")),
+    (1, "unsent/1.scenes", private(EDIT + b"a.bank\0Keys")),
+    (1, "unsent/1.scenes", private(EDIT[:-1])),
+    (1, "other", private(b"")),
+]
 AFTERWARDS = [(0, 0, AFTER), (1, 0, AFTER | {LITTER: NEW}), (1, 0, BEFORE), (1, 2, AFTER)]
 KEPT = [
     *((0, right) for right in (("1", "2"), ("1", "2", "3"), ("2", "3"))),
@@ -75,6 +140,31 @@ class Sweep(unittest.TestCase):
         for count, code, now in AFTERWARDS:
             found = faults_afterwards(SUBJECT, DONE, sweep_run.Ended(code), now)
             self.assertEqual(len(found), count, now)
+
+    def test_the_entry_of_a_send_is_whole_and_is_that_of_a_send(self):
+        for count, entries, said in ENTRIES:
+            found = sweep_state.entry_faults(entries, SENT, [said])
+            self.assertEqual(len(found), count, (entries, said, found))
+            if not count:
+                self.assertEqual(faults_when_killed(NOTED, BEFORE | entries), [])
+        left = BEFORE | {ENTRY: private(TEXT)}
+        self.assertEqual(len(faults_when_killed(DONE, left)), 2)  # of who sends nothing
+        self.assertEqual(len(faults_when_killed(NOTED, BEFORE | {ENTRY: private(TEXT[:-9])})), 1)
+        for count, code, errors in ((0, 1, SENTENCE), (2, 0, "")):
+            found = faults(SENDS, NOTED, sweep_run.Ended(code, b"said", errors), left)
+            self.assertEqual(len(found), count, found)
+
+    def test_what_lies_in_the_state_folder_is_whole(self):
+        for count, name, what in STATE:
+            found = sweep_state.faults({f"{sweep_state.FOLDER}/{name}": what})
+            self.assertEqual(len(found), count, (name, what))
+
+    def test_new_earlier_scenes_are_called_by_their_order(self):
+        start = f"{sweep_state.FOLDER}/backups/scenes-2026010"
+        kept = {"1T000000.000Z.bank": 0, "3T000000.000Z.json": 2, "2T000000.000Z.json": 1}
+        named = sweep_state.without_times({start + name: at for name, at in kept.items()})
+        self.assertEqual(sorted(named, key=named.get), sorted(named))
+        self.assertEqual([name[-5:] for name in sorted(named)], [".bank", "ter-0", "ter-1"])
 
     def test_no_earlier_scenes_are_lost_unless_the_new_ones_are_kept(self):
         def kept(banks):
