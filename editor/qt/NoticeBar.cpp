@@ -83,6 +83,10 @@ NoticeBar::NoticeBar(QWidget* parent)
     connect(details_, &QPushButton::clicked, this, &NoticeBar::showDetails);
     connect(close_, &QPushButton::clicked, this, &NoticeBar::dismiss);
     connect(escape_, &QShortcut::activated, this, &NoticeBar::dismiss);
+    auto& reach = makeChild<QShortcut>(QKeySequence(Qt::Key_F6), this);
+    connect(&reach, &QShortcut::activated, this, [this] {
+        (buttons_.empty() ? close_ : buttons_.front())->setFocus(Qt::ShortcutFocusReason);
+    });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (now != nullptr && now->window() == window() && !hasKeyboard())
             former_ = now;

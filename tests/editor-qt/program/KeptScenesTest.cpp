@@ -6,7 +6,9 @@
 
 #include <QTest>
 
+#include <array>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -95,6 +97,74 @@ INSTANTIATE_TEST_SUITE_P(Ends, KeptScenesTest,
                                            End{"HangUp", SIGHUP}, End{"Interrupt", SIGINT},
                                            End{"Kill", SIGKILL, false}),
                          [](const auto& row) { return std::string(row.param.name); });
+
+// What a player does who has no mouse.
+class KeysAloneTest : public ProgramBench {
+protected:
+    KeysAloneTest() {
+        const BankImage image = encodeBank(usableScenes());
+        writeBytes(bankFile(), image);
+    }
+
+    void read() {
+        key("ctrl+r");
+        ASSERT_TRUE(waitForLog(QStringLiteral("Read Scene Data Finish  (null)")));
+        // What comes while it blocks the window is dropped: it is over once a key is heard.
+        ASSERT_TRUE(waitUntil([this] {
+            const auto before = log().filter(QStringLiteral("SceneValue ")).size();
+            key("ctrl+1");
+            return log().filter(QStringLiteral("SceneValue ")).size() > before;
+        }));
+    }
+    void nextControl(int times) {
+        for (int time = 0; time < times; ++time)
+            key("ctrl+Next");
+    }
+    void typeRed(const QString& value) {
+        key("alt+r");
+        typeText(value);
+        key("Return");
+    }
+    void send() {
+        key("ctrl+Return");
+        ASSERT_TRUE(waitForLog(QStringLiteral("Send Scene Data Finish:100%:Success  (null)")));
+    }
+    // Of the first three pads.
+    [[nodiscard]] std::array<std::int32_t, 3> sentReds() const {
+        const auto sent = readBank(bankFile());
+        std::array<std::int32_t, 3> reds{};
+        for (std::size_t pad = 0; pad < reds.size(); ++pad)
+            reds.at(pad) = sent->scenes.at(0)->buttonValueArray().at(kPad - 1 + pad)->CR();
+        return reds;
+    }
+};
+
+TEST_F(KeysAloneTest, AWholeEveningLosesNothing) {
+    const std::int32_t third = usableScenes().at(0)->buttonValueArray().at(kPad + 1)->CR();
+    start();
+    read();
+    nextControl(kPad);
+    typeRed("11");
+    nextControl(1);
+    typeRed("22");
+    nextControl(1);
+    typeRed("33");
+    key("ctrl+z");
+    send();
+    EXPECT_EQ(sentReds(), (std::array{11, 22, third}));
+    typeRed("44");
+    key("ctrl+q");
+    ASSERT_EQ(waitForExit(), 0);
+    EXPECT_EQ(sentReds(), (std::array{11, 22, third}));
+
+    start();
+    key("F6"); // the notice
+    key("space");
+    send();
+    EXPECT_EQ(sentReds(), (std::array{11, 22, 44}));
+    key("ctrl+q");
+    EXPECT_EQ(waitForExit(), 0);
+}
 
 } // namespace
 } // namespace scenewright::testing
