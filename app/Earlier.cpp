@@ -204,6 +204,7 @@ std::vector<bool> EarlierScenes::dropped(std::span<const Clock::time_point> newe
 void EarlierScenes::thin(Clock::time_point now) const {
     const std::vector<Entry> entries = list();
     std::vector<Time> times;
+    times.reserve(entries.size());
     for (const Entry& entry : entries)
         times.push_back(entry.kept);
     const std::vector<bool> isDropped = dropped(times, now);

@@ -27,10 +27,9 @@ class Sending : public std::enable_shared_from_this<Sending> {
 public:
     Sending(SendStores stores, SafeSend::Request request)
         : stores_(std::move(stores)), request_(std::move(request)), known_(KnownKeyboard::image()),
-          image_(storedImage()) {
+          image_(storedImage()), before_(request_.before) {
         ended_.keyboard = KnownKeyboard::pluggedInName();
         unfinished_ = stores_.journal.unfinishedOf(ended_.keyboard);
-        before_ = request_.before;
     }
 
     void start() {
