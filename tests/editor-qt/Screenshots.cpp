@@ -102,10 +102,10 @@ int takeAll(const Order& order) {
     MainWindow window(quit, appearance, true);
     EditorCommands commands(window, order.wantsSituations ? [] { return picturedPresence; }
                                                           : KeyboardWatch::Look());
-    if (!order.size.empty()) {
-        const QStringList sides = QString::fromStdString(order.size).split(QLatin1Char('x'));
-        window.resize(sides.value(0).toInt(), sides.value(1).toInt());
-    }
+    // Also on a screen that is smaller, as the one in memory is.
+    const QStringList sides = QString::fromStdString(order.size.empty() ? "1180x720" : order.size)
+                                  .split(QLatin1Char('x'));
+    window.resize(sides.value(0).toInt(), sides.value(1).toInt());
     window.show();
     window.commands().read();
     QApplication::processEvents();
