@@ -110,6 +110,7 @@ int takeAll(const Order& order) {
     window.commands().read();
     QApplication::processEvents();
     window.picture().button(14)->click();
+    QApplication::processEvents();
     const bool isDone =
         keep(window.grab(), order, "editor") && keepPanes(window, order) &&
         keep(window.gainPanel().grab(), order, "gain") &&
