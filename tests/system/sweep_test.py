@@ -173,6 +173,13 @@ class Sweep(unittest.TestCase):
         for count, banks in KEPT:
             self.assertEqual(len(earlier_faults(kept("12"), kept("23"), kept(banks))), count, banks)
 
+    def test_scenes_of_a_new_window_may_be_kept_and_no_others(self):
+        for count, name in ((0, b"SCENE1"), (1, b"SCENE2")):
+            text = b'{"image": "' + name.hex().encode() + b'00", "reason": "read"}'
+            old = {"home/backups/scenes-1": ("file", 0o644, b"1")}
+            new = {"home/backups/scenes-2": ("file", 0o644, text)}
+            self.assertEqual(len(earlier_faults(old, old, old | new)), count, name)
+
     def test_bytes_come_before_the_name_and_the_name_before_the_end(self):
         write, flush = '7 write(3</f/.t>, "new", 3) = 3', "7 fsync(3</f/.t>) = 0"
         rename, settle = '7 rename("./.t", "a") = 0', "7 fsync(5</f>) = 0"
