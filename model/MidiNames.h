@@ -1,9 +1,9 @@
 // What the documents of MIDI call a controller's number, and General MIDI a note on its percussion
 // channel.
 //
-// Sources, all of the MIDI Manufacturers Association: MIDI 1.0 Detailed Specification, Control
-// Change messages; RP-021 (sound controllers 70 to 79), RP-023 (effect depths 91 and 93) and CA-031
-// (controller 88); General MIDI System Level 1, Percussion Key Map. Where a recommended practice
+// Sources, all of the MIDI Manufacturers Association: the table of Control Change messages of MIDI
+// 1.0; RP-021 (sound controllers 70 to 79), RP-023 (effect depths 91 and 93) and CA-031 (controller
+// 88); General MIDI System Level 1, Percussion Key Map. Where a recommended practice
 // names a controller anew, its name comes first and the former one follows in parentheses. The
 // names are theirs and are not translated.
 #pragma once
