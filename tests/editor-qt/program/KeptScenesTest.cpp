@@ -66,10 +66,6 @@ protected:
         QApplication::processEvents();
         return *twin().notices().action(place);
     }
-    void send() {
-        key("ctrl+Return");
-        ASSERT_TRUE(waitForLog(QStringLiteral("Send Scene Data Finish:100%:Success  (null)")));
-    }
     [[nodiscard]] std::int32_t sentRed() const {
         const auto sent = readBank(bankFile());
         return sent ? sent->scenes.at(0)->buttonValueArray().at(kPad - 1)->CR() : -1;
@@ -106,16 +102,6 @@ protected:
         writeBytes(bankFile(), image);
     }
 
-    void read() {
-        key("ctrl+r");
-        ASSERT_TRUE(waitForLog(QStringLiteral("Read Scene Data Finish  (null)")));
-        // What comes while it blocks the window is dropped: it is over once a key is heard.
-        ASSERT_TRUE(waitUntil([this] {
-            const auto before = log().filter(QStringLiteral("SceneValue ")).size();
-            key("ctrl+1");
-            return log().filter(QStringLiteral("SceneValue ")).size() > before;
-        }));
-    }
     void nextControl(int times) {
         for (int time = 0; time < times; ++time)
             key("ctrl+Next");
@@ -124,10 +110,6 @@ protected:
         key("alt+r");
         typeText(value);
         key("Return");
-    }
-    void send() {
-        key("ctrl+Return");
-        ASSERT_TRUE(waitForLog(QStringLiteral("Send Scene Data Finish:100%:Success  (null)")));
     }
     // Of the first three pads.
     [[nodiscard]] std::array<std::int32_t, 3> sentReds() const {

@@ -148,6 +148,23 @@ bool ProgramBench::waitForLog(const QString& line, int times) {
     return waitUntil([&] { return log().count(line) >= times; });
 }
 
+void ProgramBench::read() {
+    key("ctrl+r");
+    ASSERT_TRUE(waitForLog(kReadDone));
+    // What comes while it blocks the window is dropped: it is over once a key is heard.
+    const auto scenesShown = [this] { return log().filter(QStringLiteral("SceneValue ")).size(); };
+    ASSERT_TRUE(waitUntil([&] {
+        const auto before = scenesShown();
+        key("ctrl+1");
+        return scenesShown() > before;
+    }));
+}
+
+void ProgramBench::send() {
+    key("ctrl+Return");
+    ASSERT_TRUE(waitForLog(kSendDone));
+}
+
 bool ProgramBench::waitUntil(const std::function<bool()>& condition, int milliseconds) {
     return QTest::qWaitFor(condition, milliseconds);
 }

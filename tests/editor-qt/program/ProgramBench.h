@@ -16,6 +16,10 @@
 
 namespace scenewright::testing {
 
+// What the log has when a read has ended, and a send.
+inline const QString kReadDone = QStringLiteral("Read Scene Data Finish  (null)");
+inline const QString kSendDone = QStringLiteral("Send Scene Data Finish:100%:Success  (null)");
+
 // Where the widgets are is read off a twin: the same window, laid out in this process on the same
 // display but never shown on it.
 class ProgramBench : public ::testing::Test {
@@ -47,6 +51,9 @@ protected:
     // The system log so far, a line an entry.
     [[nodiscard]] QStringList log() const;
     bool waitForLog(const QString& line, int times = 1);
+    // With keys, until the program says in its log that it has ended, for the first time.
+    void read();
+    void send();
     bool waitUntil(const std::function<bool()>& condition, int milliseconds = kLimitMilliseconds);
     // What the screen shows at the middle of the twin's widget.
     [[nodiscard]] QColor seenAt(const QWidget& twinWidget, const QPoint& place);

@@ -10,9 +10,6 @@
 namespace scenewright::testing {
 namespace {
 
-const QString kReadDone = QStringLiteral("Read Scene Data Finish  (null)");
-const QString kSendDone = QStringLiteral("Send Scene Data Finish:100%:Success  (null)");
-
 std::string programPath() {
     return SCENEWRIGHT_BINARY_DIR "/bin/scenewright";
 }
@@ -35,24 +32,6 @@ std::string differences(const std::vector<std::uint8_t>& is,
 class ProgramTest : public ProgramBench {
 protected:
     ProgramTest() { writeBytes(bankFile(), bytesOf(usableScenes())); }
-
-    void read() {
-        key("ctrl+r");
-        ASSERT_TRUE(waitForLog(kReadDone));
-        // What comes while it blocks the window is dropped: it is over once a key is heard.
-        ASSERT_TRUE(waitUntil([this] {
-            const auto before = scenesShown();
-            key("ctrl+1");
-            return scenesShown() > before;
-        }));
-    }
-    [[nodiscard]] qsizetype scenesShown() const {
-        return log().filter(QStringLiteral("SceneValue ")).size();
-    }
-    void send() {
-        key("ctrl+Return");
-        ASSERT_TRUE(waitForLog(kSendDone));
-    }
 };
 
 TEST_F(ProgramTest, ReadsAndSendsBackWhatTheControllerHolds) {
