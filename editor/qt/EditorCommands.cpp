@@ -93,8 +93,10 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
       history_(window), document_(window, history_),
       banks_(window, std::move(files), history_, document_), controls_(window, history_),
       scenes_(window, history_), checks_(window, history_), colours_(window, history_),
-      monitor_(&makeChild<MonitorStrip>(window)), sending_(window, banks_, std::move(journal)),
-      verification_(window, banks_, sending_), marks_(window, history_, verification_) {
+      input_(&makeChild<KeyboardInput>(window)),
+      monitor_(&makeChild<MonitorStrip>(window, *input_)),
+      sending_(window, banks_, std::move(journal)), verification_(window, banks_, sending_),
+      marks_(window, history_, verification_) {
     if (recovery)
         keeper_ = std::make_unique<ScenesKeeper>(window, history_, banks_, std::move(recovery));
     window.status().addMark(*keyboard_);

@@ -7,6 +7,7 @@
 #include "editor/qt/ChangeMarks.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/History.h"
+#include "editor/qt/KeyboardInput.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/MonitorStrip.h"
@@ -97,7 +98,8 @@ private:
     SceneCommands scenes_;
     SceneChecks checks_;
     PadColours colours_;
-    MonitorStrip* monitor_; // child of the window
+    KeyboardInput* input_;  // children of the window
+    MonitorStrip* monitor_; //
     SafeSending sending_;
     DeviceVerification verification_;
     ChangeMarks marks_;

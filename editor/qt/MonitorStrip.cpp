@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QTime>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -92,36 +91,30 @@ QVariant MonitorLines::headerData(int section, Qt::Orientation orientation, int 
     return titles.at(static_cast<std::size_t>(section));
 }
 
-MonitorStrip::MonitorStrip(MainWindow& window, Open open, KeyboardConnections::Keyboards keyboards)
-    : QFrame(&window), window_(window), open_(open ? std::move(open) : &openMachines),
-      keyboards_(keyboards ? std::move(keyboards) : &soundKeyboards) {
+MonitorStrip::MonitorStrip(MainWindow& window, KeyboardInput& input)
+    : QFrame(&window), window_(window), input_(input) {
     window.addBelowPicture(*this);
     setAccessibleName(tr("Monitor"));
     hide();
     action_ = window.menu().view().addAction(tr("&Monitor"));
     action_->setShortcut(QKeySequence(tr("Ctrl+M")));
-    action_->setCheckable(true);
-    connect(action_, &QAction::toggled, this, &MonitorStrip::turn);
     choose_ = window.menu().view().addAction(tr("Choose by &Touching"));
-    choose_->setCheckable(true);
-    connect(choose_, &QAction::toggled, this, [this](bool isOn) {
-        if (isOn && sequencer_ == nullptr && !listen())
-            choose_->setChecked(false);
-    });
+    for (QAction* action : {action_, choose_}) {
+        action->setCheckable(true);
+        connect(action, &QAction::toggled, this, [this, action] {
+            if (!listen())
+                action->setChecked(false);
+        });
+    }
+    connect(action_, &QAction::toggled, this, &MonitorStrip::follow);
+    connect(&input_, &KeyboardInput::came, this, &MonitorStrip::take);
     pause_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, &MonitorStrip::show);
     dark_.setSingleShot(true);
-    connect(&dark_, &QTimer::timeout, this, [this] {
-        for (const std::int32_t control : std::exchange(lit_, {}))
-            window_.picture().button(control)->setPlayed(false);
-    });
+    connect(&dark_, &QTimer::timeout, this, [this] { darken(std::exchange(lit_, {})); });
 }
 
 MonitorStrip::~MonitorStrip() = default;
-
-Result<std::unique_ptr<Sequencer>> MonitorStrip::openMachines() {
-    return openSequencer("Scenewright");
-}
 
 void MonitorStrip::layOut() {
     auto& column = makeChild<QVBoxLayout>(this);
@@ -133,6 +126,7 @@ void MonitorStrip::layOut() {
     row.setContentsMargins(0, 0, 0, 0);
     told_ = &makeChild<QLabel>(&bar);
     told_->setTextFormat(Qt::PlainText);
+    told_->setText(input_.sentence());
     told_->setAccessibleName(tr("What is listened to"));
     auto& filter = makeChild<QLineEdit>(&bar);
     filter.setPlaceholderText(tr("Filter"));
@@ -167,6 +161,7 @@ void MonitorStrip::layOut() {
     view_->setFixedHeight((kRows + 1) * (fontMetrics().height() + 6));
     column.addWidget(view_);
 
+    connect(&input_, &KeyboardInput::told, told_, &QLabel::setText);
     connect(&filter, &QLineEdit::textChanged, &filtered_,
             &QSortFilterProxyModel::setFilterFixedString);
     connect(&clear, &QToolButton::clicked, &lines_, &MonitorLines::clear);
@@ -174,49 +169,43 @@ void MonitorStrip::layOut() {
     connect(paused_, &QAbstractButton::toggled, this, &MonitorStrip::show);
 }
 
-void MonitorStrip::turn(bool isOn) {
+void MonitorStrip::follow() {
+    const bool isOn = action_->isChecked();
     if (isOn && view_ == nullptr)
         layOut();
-    if (isOn && sequencer_ == nullptr && !listen())
-        return action_->setChecked(false);
     setVisible(isOn);
+    if (isOn)
+        show();
 }
 
+// As long as one of the two wants it.
 bool MonitorStrip::listen() {
-    auto opened = open_();
-    if (!opened) {
-        window_.notices().post(
-            {.source = Notice::Source::Midi,
-             .text =
-                 tr("The keyboard's port cannot be listened to: %1").arg(shown(opened.error()))});
-        return false;
-    }
-    sequencer_ = std::move(*opened);
-    listener_ = std::make_unique<KeyboardListener>(*sequencer_, keyboards_,
-                                                   [this](const std::string& sentence) {
-                                                       if (told_ != nullptr)
-                                                           told_->setText(shown(sentence));
-                                                   });
-    if (sequencer_->descriptor() >= 0) {
-        notifier_ =
-            std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
-        connect(notifier_.get(), &QSocketNotifier::activated, this, &MonitorStrip::take);
-    }
-    listener_->start();
+    if (action_->isChecked() || choose_->isChecked())
+        return input_.listenFor(*this);
+    input_.endFor(*this);
+    darken(std::exchange(sounding_, {}));
     return true;
 }
 
-void MonitorStrip::take() {
-    for (const MidiMessage& message : listener_->take()) {
+void MonitorStrip::take(const std::vector<MidiMessage>& messages) {
+    if (!action_->isChecked() && !choose_->isChecked())
+        return;
+    const QTime now = QTime::currentTime();
+    for (const MidiMessage& message : messages) {
         if (isFrequent(message) && (all_ == nullptr || !all_->isChecked()))
             continue;
-        taken_.push_back(message);
+        taken_.emplace_back(now, message);
         light(message);
         if (choose_->isChecked())
             chooseSender(message);
     }
     if (!taken_.empty() && !pause_.isActive())
         pause_.start(kPause);
+}
+
+void MonitorStrip::darken(const std::set<std::int32_t>& controls) {
+    for (const std::int32_t control : controls)
+        window_.picture().button(control)->setPlayed(false);
 }
 
 void MonitorStrip::show() {
@@ -226,11 +215,10 @@ void MonitorStrip::show() {
             taken_.erase(taken_.begin(), taken_.end() - MonitorLines::kMost);
         return;
     }
-    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
     std::vector<MonitorLines::Line> lines;
     lines.reserve(taken_.size());
-    for (const MidiMessage& message : std::exchange(taken_, {}))
-        lines.push_back(lineOf(message, time));
+    for (const auto& [time, message] : std::exchange(taken_, {}))
+        lines.push_back(lineOf(message, time.toString(QStringLiteral("HH:mm:ss.zzz"))));
     const QScrollBar& bar = *view_->verticalScrollBar();
     const bool follows = bar.value() == bar.maximum();
     lines_.append(std::move(lines));
@@ -270,8 +258,10 @@ void MonitorStrip::light(const MidiMessage& message) {
             button.setTravel(std::clamp(static_cast<qreal>(message.second - output->low) /
                                             (output->high - output->low),
                                         0.0, 1.0));
-        if (isNote)
+        if (isNote) {
+            sounding_.insert(control);
             continue;
+        }
         lit_.insert(control);
         dark_.start(kLitFor);
     }
@@ -281,8 +271,7 @@ void MonitorStrip::light(const MidiMessage& message) {
 void MonitorStrip::chooseSender(const MidiMessage& message) {
     const bool isPress =
         (message.kind() == kNoteOn && message.second > 0) || message.kind() == kController;
-    if (!isPress || QApplication::activePopupWidget() != nullptr ||
-        QApplication::activeModalWidget() != nullptr)
+    if (!isPress || isPopUpOpen())
         return;
     const auto senders = controlsSending(*window_.view().sceneValue(), message);
     if (senders.empty())

@@ -3,24 +3,22 @@
 // slider stands where it was moved to.
 #pragma once
 
-#include "app/KeyboardListener.h"
-#include "editor/qt/MainWindow.h"
+#include "editor/qt/KeyboardInput.h"
 
 #include <QAbstractButton>
 #include <QAbstractTableModel>
 #include <QFrame>
 #include <QLabel>
-#include <QSocketNotifier>
 #include <QSortFilterProxyModel>
+#include <QTime>
 #include <QTimer>
 #include <QTreeView>
 
 #include <array>
 #include <cstdint>
 #include <deque>
-#include <functional>
-#include <memory>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -52,17 +50,12 @@ private:
     std::deque<Line> lines_;
 };
 
-// Main thread only. The window outlives it.
+// Main thread only. Window and input outlive it.
 class MonitorStrip final : public QFrame {
     Q_OBJECT
 
 public:
-    using Open = std::function<Result<std::unique_ptr<Sequencer>>()>;
-
-    // The sequencer is opened when the strip is first shown; the machine's and its keyboards where
-    // none are given.
-    explicit MonitorStrip(MainWindow& window, Open open = nullptr,
-                          KeyboardConnections::Keyboards keyboards = nullptr);
+    MonitorStrip(MainWindow& window, KeyboardInput& input);
     ~MonitorStrip() override;
     MonitorStrip(const MonitorStrip&) = delete;
     MonitorStrip& operator=(const MonitorStrip&) = delete;
@@ -75,31 +68,28 @@ public:
     [[nodiscard]] QAction& chooseAction() { return *choose_; }
     [[nodiscard]] MonitorLines& lines() { return lines_; }
 
-    // Takes what has come in.
-    void take();
     // Shows what was taken, as the strip does by itself some times a second.
     void show();
 
 private:
-    [[nodiscard]] static Result<std::unique_ptr<Sequencer>> openMachines();
     void layOut();
-    void turn(bool isOn);
-    bool listen();
+    // Is there as long as the action is checked.
+    void follow();
+    [[nodiscard]] bool listen();
+    void take(const std::vector<MidiMessage>& messages);
     [[nodiscard]] MonitorLines::Line lineOf(const MidiMessage& message, const QString& time) const;
     void light(const MidiMessage& message);
+    void darken(const std::set<std::int32_t>& controls);
     void chooseSender(const MidiMessage& message);
     void copy() const;
 
     MainWindow& window_;
-    Open open_;
-    KeyboardConnections::Keyboards keyboards_;
-    std::unique_ptr<Sequencer> sequencer_;
-    std::unique_ptr<KeyboardListener> listener_;
-    std::unique_ptr<QSocketNotifier> notifier_;
-    std::vector<MidiMessage> taken_; // and not shown yet
-    QTimer pause_;                   // between two looks at it
-    QTimer dark_;                    // after the last controller's message
-    std::set<std::int32_t> lit_;     // the controls of these
+    KeyboardInput& input_;
+    std::vector<std::pair<QTime, MidiMessage>> taken_; // and not shown yet
+    QTimer pause_;                                     // between two looks at it
+    QTimer dark_;                                      // after the last controller's message
+    std::set<std::int32_t> lit_;                       // the controls of these
+    std::set<std::int32_t> sounding_;                  // those of notes
     MonitorLines lines_;
     QSortFilterProxyModel filtered_;
     // Children of the window, the menu and the strip.

@@ -1,6 +1,7 @@
 // Helpers around the toolkit: children, texts, the wait cursor.
 #pragma once
 
+#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QObject>
@@ -40,6 +41,12 @@ template <typename T, typename... Args>
         return marked.insert(place, QLatin1Char('&'));
     }
     return title;
+}
+
+// Whether the user is asked something, or chooses: nothing moves under them then.
+[[nodiscard]] inline bool isPopUpOpen() {
+    return QApplication::activePopupWidget() != nullptr ||
+           QApplication::activeModalWidget() != nullptr;
 }
 
 // The wait cursor over the program's windows, as long as the object lives.

@@ -3,7 +3,9 @@
 #include "tests/sequencer/ScriptedSequencer.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTest>
 #include <QToolButton>
 
@@ -24,16 +26,18 @@ protected:
     MonitorStripTest() {
         open();
         ports->add(kKeyboard, "Keyboard", "MIDI 1", 1);
-        strip_ = &makeChild<MonitorStrip>(
-            window(),
+        input_ = std::make_unique<KeyboardInput>(window());
+        input_->use(
             [this]() -> Result<std::unique_ptr<Sequencer>> {
                 if (!error.empty())
                     return failure(error);
+                ++opened;
                 return std::make_unique<ScriptedSequencer>(ports);
             },
             [] {
                 return std::vector<SoundKeyboard>{{"1209:0001#0", 1}};
             });
+        strip_ = &makeChild<MonitorStrip>(window(), *input_);
         window().show();
     }
 
@@ -41,7 +45,7 @@ protected:
     void play(std::initializer_list<MidiMessage> messages) {
         for (const MidiMessage& message : messages)
             ports->send(kKeyboard, message);
-        strip().take();
+        input_->take();
         strip().show();
     }
     // Words and senders of each line.
@@ -63,9 +67,11 @@ protected:
 
     std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
     std::string error;
+    int opened = 0; // how often the sequencer was
 
 private:
-    MonitorStrip* strip_ = nullptr;
+    std::unique_ptr<KeyboardInput> input_;
+    MonitorStrip* strip_ = nullptr; // child of the window
 };
 
 TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
@@ -127,8 +133,7 @@ TEST_F(MonitorStripTest, ABurstIsKeptToTheLastTenThousandLines) {
     for (int tick = 0; tick < 300; ++tick) {
         for (int message = 0; message < 100; ++message)
             ports->send(kKeyboard, {0xB0, 74, static_cast<std::uint8_t>(tick % 128)});
-        strip().take();
-        strip().show();
+        play({});
     }
     EXPECT_EQ(strip().lines().rowCount(), MonitorLines::kMost);
     EXPECT_EQ(strip().lines().index(0, MonitorLines::Words).data().toString(),
@@ -148,6 +153,38 @@ TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
     EXPECT_EQ(window().view().selectControl(), kPad);
     play({{0xB0, 74, 1}, {0xB0, 74, 2}});
     EXPECT_EQ(window().view().selectControl(), kKnob);
+}
+
+TEST_F(MonitorStripTest, NothingIsChosenWhileAPopupOrADialogIsOpen) {
+    strip().chooseAction().setChecked(true);
+    choose(kKnob);
+    QMenu menu(&window());
+    menu.popup({});
+    play({kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kKnob);
+    menu.close();
+    QDialog dialog(&window());
+    dialog.open();
+    play({kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kKnob);
+    dialog.close();
+    play({kPadOn});
+    EXPECT_EQ(window().view().selectControl(), kThirdPad);
+}
+
+TEST_F(MonitorStripTest, ListensAsLongAsEitherWantsItAndDarkensThePictureThen) {
+    strip().action().setChecked(true);
+    strip().chooseAction().setChecked(true);
+    strip().action().setChecked(false);
+    play({kPadOn});
+    EXPECT_TRUE(button(kThirdPad).isPlayed());
+    strip().chooseAction().setChecked(false);
+    EXPECT_FALSE(button(kThirdPad).isPlayed());
+    play({kPadOn});
+    EXPECT_FALSE(button(kThirdPad).isPlayed());
+    EXPECT_EQ(opened, 1);
+    strip().action().setChecked(true);
+    EXPECT_EQ(opened, 2);
 }
 
 TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
