@@ -1,7 +1,7 @@
 """Measures the programs of a build: measure.py BUILD [PART...]
 
 Prints a table of what was measured against its limit, and exits 1 when a limit is missed. The parts
-are functions, transfers, show, start and growth; without any, all. The table stays in
+are functions, transfers, show, start, burst and growth; without any, all. The table stays in
 BUILD/speed/table.txt.
 """
 
@@ -22,6 +22,7 @@ _PARTS: dict[str, Callable[[Path], list[Row]]] = {
     "transfers": programs.measure_transfers,
     "show": programs.measure_show,
     "start": programs.measure_start,
+    "burst": programs.measure_burst,
     "growth": growth.measure,
 }
 

@@ -201,3 +201,19 @@ def measure_start(binaries: Path) -> list[Row]:
         Row("the editor to it, processor time", editor.processor / word.processor, 3),
         Row("the editor above it, memory", editor.peak - word.peak, 15, "MiB"),
     ]
+
+
+def measure_burst(binaries: Path) -> list[Row]:
+    """3,000 messages a second for ten seconds in the editor's monitor, on a display of its own."""
+    with tempfile.TemporaryDirectory() as folder, display() as name:
+        environment = {**quiet(Path(folder)), "DISPLAY": name}
+        command = [str(binaries / "speed-monitor-burst")]
+        done = subprocess.run(command, env=environment, capture_output=True, text=True, check=True)
+    longest, work, lost, share = (float(word) for word in done.stdout.split())
+    burst = "30,000 messages in ten seconds"
+    return [
+        Row(f"{burst}: the longest that they block the window", longest, 50, "ms"),
+        Row(f"{burst}: the same, processor time", work, 50, "ms"),
+        Row(f"{burst}: not shown by the monitor", lost, 0),
+        Row(f"{burst}: share of a processor", share, None),
+    ]
