@@ -131,8 +131,8 @@ TEST_F(ControllerCommands, ACopyThatCannotBeKeptSendsNothing) {
     for (const char* command : {"send a.bank", "send a.bank --no-backup"}) {
         const bool isKept = std::string(command) == "send a.bank";
         put("held", randomBank(1));
-        const ProgramRun sent = shell("XDG_STATE_HOME=$PWD/a.bank exec " + testing::kProgram +
-                                      " --virtual=held " + command);
+        const ProgramRun sent = shell("XDG_STATE_HOME=$PWD/a.bank exec " +
+                                      testing::kProgramInShell + " --virtual=held " + command);
         EXPECT_EQ(sent.exitCode, isKept ? 1 : 0) << sent.errors;
         EXPECT_EQ(sent.errors.ends_with("; nothing was sent; --no-backup sends without a copy\n"),
                   isKept)

@@ -188,8 +188,8 @@ TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
     const int height = bar.sizeHint().height();
     for (const Row& row : rows) {
         bar.post(noticeOf(Source::Files, row.text));
-        const QPushButton& details = buttonOf(bar, "Details...");
-        EXPECT_EQ(details.isVisible(), row.hasDetails) << row.text.toStdString();
+        EXPECT_EQ(buttonOf(bar, "Details...").isVisible(), row.hasDetails)
+            << row.text.toStdString();
         EXPECT_EQ(bar.sizeHint().height(), height);
         EXPECT_EQ(bar.text(), row.text);
     }
