@@ -121,9 +121,12 @@ function(scenewright_words result row)
     if(kind STREQUAL "number")
         scenewright_json(least "${row}" least)
         scenewright_json(most "${row}" most)
-        foreach(number RANGE ${least} ${most})
-            list(APPEND words ${number})
-        endforeach()
+        math(EXPR count "${most} - ${least} + 1")
+        if(count LESS_EQUAL 16)
+            foreach(number RANGE ${least} ${most})
+                list(APPEND words ${number})
+            endforeach()
+        endif()
     else()
         scenewright_json_texts(texts "${row}" choices "" ";")
         list(APPEND words ${texts})
@@ -135,8 +138,8 @@ endfunction()
 # What completes a value or an argument: what stands after its kind, or, where few words may stand for it,
 # `words` with those words in the place of its WORDS.
 function(scenewright_action result row words)
-    cmake_parse_arguments(action "" "file;bank;optional-file;bank-or-device;folder;path;assignment" ""
-        ${ARGN})
+    cmake_parse_arguments(action ""
+        "file;bank;optional-file;bank-or-device;folder;path;assignment;text;number" "" ${ARGN})
     scenewright_json(kind "${row}" kind)
     scenewright_words(few "${row}")
     if(few)
@@ -174,7 +177,7 @@ function(scenewright_bash_lists file id)
             scenewright_json(word "${row}" name)
             scenewright_json(kind "${row}" kind)
             scenewright_json(repeated "${row}" repeated)
-            # Commands, which are given the word.
+            # Commands, which are given the word; where nothing is known of it, one that does nothing.
             scenewright_action(action "${row}" "_${id}_words \"WORDS\""
                 file _${id}_files
                 bank _${id}_banks
@@ -182,7 +185,9 @@ function(scenewright_bash_lists file id)
                 bank-or-device _${id}_banks_and_device
                 folder _${id}_folders
                 path _${id}_paths
-                assignment _${id}_paths)
+                assignment _${id}_paths
+                text :
+                number :)
             if(word MATCHES "^-")
                 list(APPEND own ${word})
                 if(NOT kind MATCHES "^(flag|optional-file)$")

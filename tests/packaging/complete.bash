@@ -76,6 +76,19 @@ expect Toggle set mine.bank scene1.pad1.CR = 3 scene1.pad3.PadBehavior = To
 expect $'scene1.pad3.CB\nscene1.pad3.CCOrNoteNumber\nscene1.pad3.CG\nscene1.pad3.CR' \
     copy mine.bank scene2.pad1.CR scene1.pad3.C
 
+expect "" earlier show ""
+# What is typed where nothing is known of it stays a word, and is not run.
+printf '#!/bin/sh\ntouch it-ran\n' >typed
+chmod 755 typed
+expect "" rename mine.bank scene1 ./typed
+expect "" transpose mine.bank scene1 ./typed
+expect "" fill mine.bank scene1 --intervals ./typed
+if [ -e it-ran ]; then
+    echo "Completing ran what was typed." >&2
+    failures=$((failures + 1))
+fi
+rm typed
+
 for name in scenewright scenewright-virtual; do
     program="$usr/bin/$name" complete="_${name//-/_}"
     words="$("$help_words" "$program")"
