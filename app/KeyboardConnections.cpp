@@ -87,7 +87,7 @@ void restoreNotedConnections() {
 }
 
 std::unique_ptr<Sequencer> KeyboardConnections::sequencerIfAny() {
-    auto opened = openSequencer("Scenewright");
+    auto opened = openSequencer("Scenewright connections");
     return opened ? std::move(*opened) : nullptr;
 }
 

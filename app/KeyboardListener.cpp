@@ -28,21 +28,27 @@ std::vector<MidiMessage> KeyboardListener::take() {
     return messages;
 }
 
-void KeyboardListener::listen() {
+bool KeyboardListener::listen() {
     std::vector<std::string> names;
+    bool isRefused = false;
     for (const auto& [port, keyboard] : portsOf(sequencer_.ports(), keyboards_())) {
         if (!port.sends)
             continue;
-        if (const auto listening = sequencer_.listenTo(port.address); listening)
+        if (const auto listening = sequencer_.listenTo(port.address); listening) {
             names.push_back(port.portName);
-        else
+        } else {
+            isRefused = true;
             tell_(listening.error());
+        }
     }
+    if (names.empty() && isRefused)
+        return false;
     const std::string sentence =
         names.empty() ? "no MIDI port of a keyboard of the list is there; waiting for one"
                       : fmt::format("listening to {}", fmt::join(names, ", "));
     if (std::exchange(told_, sentence) != sentence)
         tell_(sentence);
+    return !isRefused;
 }
 
 } // namespace scenewright

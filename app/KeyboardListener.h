@@ -23,13 +23,13 @@ public:
     // object.
     KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, Tell tell);
 
-    // From here on.
-    void start() { listen(); }
+    // From here on. False when the port of a keyboard is there but refused, which is told.
+    bool start() { return listen(); }
     // What has come in since the last time, in order.
     [[nodiscard]] std::vector<MidiMessage> take();
 
 private:
-    void listen();
+    bool listen();
 
     Sequencer& sequencer_;
     KeyboardConnections::Keyboards keyboards_;

@@ -101,6 +101,7 @@ Output noteOutput(const ButtonValue& record, const CommonValue& common,
     if (!isDataByte(note))
         return tl::unexpected(Silence::NoteOutOfRange);
     return onChannel({.isNote = true,
+                      .isTransposed = note != record.CCOrNoteNumber(),
                       .number = byteOf(note),
                       .behavior = static_cast<Behavior>(settings.behavior),
                       .curve = static_cast<VelocityCurve>(settings.curve),
@@ -237,6 +238,17 @@ bool canSend(const ControlOutput& output, const MidiMessage& message) {
     const bool sendsOff =
         output.behavior == Behavior::Momentary || output.behavior == Behavior::Toggle;
     return message.second == output.high || (sendsOff && message.second == output.low);
+}
+
+Fit fitOf(const ControlOutput& output, const MidiMessage& message) {
+    if (canSend(output, message))
+        return Fit::Whole;
+    const bool isNote = message.kind() == kNoteOn || message.kind() == kNoteOff;
+    if (isNote != output.isNote || (!isNote && message.kind() != kController))
+        return Fit::None;
+    const bool hasNumber = message.first == output.number || output.isTransposed;
+    const bool hasChannel = message.channel() == output.channel || output.isTravel;
+    return hasNumber && hasChannel ? Fit::Assumed : Fit::None;
 }
 
 std::vector<std::int32_t> controlsSending(const SceneValue& scene, const MidiMessage& message) {

@@ -49,9 +49,10 @@ enum class Silence : std::uint8_t {
 
 // What a control sends, as far as gestures do not change it.
 struct ControlOutput {
-    bool isNote = false;      // else a controller
-    std::uint8_t channel = 0; // 0 to 15
-    std::uint8_t number = 0;  // of the note, transposed, or the controller
+    bool isNote = false;       // else a controller
+    bool isTransposed = false; // a note, and its number here is one
+    std::uint8_t channel = 0;  // 0 to 15
+    std::uint8_t number = 0;   // of the note, transposed, or the controller
     // Of a controller: the off and on values, or the values at the left or lower and at the right
     // or upper end of travel, of which either may be the higher one.
     std::uint8_t low = 0;
@@ -70,6 +71,14 @@ struct ControlOutput {
 
 // Whether some gesture on the control sends this message.
 [[nodiscard]] bool canSend(const ControlOutput& output, const MidiMessage& message);
+// How a message fits what a control should send.
+enum class Fit : std::uint8_t {
+    Whole,   // canSend()
+    Assumed, // it differs in what is assumed alone: a group's channel, a transposed note, a value
+    None,
+};
+[[nodiscard]] Fit fitOf(const ControlOutput& output, const MidiMessage& message);
+
 // The controls of the scene of which canSend() is true, in their order.
 [[nodiscard]] std::vector<std::int32_t> controlsSending(const SceneValue& scene,
                                                         const MidiMessage& message);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <alsa/asoundlib.h>
 #include <array>
 #include <cerrno>
@@ -21,7 +22,7 @@ constexpr std::size_t kKeptEvents = 2000;
 constexpr std::size_t kLongestMessage = 3; // bytes; longer ones are told by their first
 
 using Handle = std::unique_ptr<snd_seq_t, int (*)(snd_seq_t*)>;
-using Decoder = std::unique_ptr<snd_midi_event_t, void (*)(snd_midi_event_t*)>;
+using Coder = std::unique_ptr<snd_midi_event_t, void (*)(snd_midi_event_t*)>;
 
 // One of libasound's records, which only it knows the size of.
 template <typename Record>
@@ -67,9 +68,9 @@ snd_seq_addr_t alsaAddress(PortAddress address) {
 
 class AlsaSequencer : public Sequencer {
 public:
-    AlsaSequencer(Handle handle, Decoder decoder, int port)
+    AlsaSequencer(Handle handle, Coder coder, int port)
         : handle_(std::move(handle)),
-          decoder_(std::move(decoder)), own_{snd_seq_client_id(handle_.get()), port} {
+          coder_(std::move(coder)), own_{snd_seq_client_id(handle_.get()), port} {
         pollfd place{};
         snd_seq_poll_descriptors(handle_.get(), &place, 1, POLLIN);
         descriptor_ = place.fd;
@@ -82,6 +83,7 @@ public:
     [[nodiscard]] std::vector<PortConnection> connectionsOf(PortAddress port) override;
     Result<void> connect(const PortConnection& connection) override;
     Result<void> listenTo(PortAddress port) override;
+    Result<void> send(const MidiMessage& message) override;
 
 private:
     void takeEvent(const snd_seq_event_t& event, SequencerInput& input);
@@ -90,8 +92,8 @@ private:
                         std::vector<PortConnection>& found);
 
     Handle handle_;
-    Decoder decoder_; // of events into bytes
-    PortAddress own_; // the port that listens
+    Coder coder_; // of events into bytes, and back
+    PortAddress own_;
     int descriptor_ = -1;
 };
 
@@ -127,7 +129,7 @@ void AlsaSequencer::takeEvent(const snd_seq_event_t& event, SequencerInput& inpu
         return;
     }
     std::array<unsigned char, kLongestMessage> bytes{};
-    const long count = snd_midi_event_decode(decoder_.get(), bytes.data(), bytes.size(), &event);
+    const long count = snd_midi_event_decode(coder_.get(), bytes.data(), bytes.size(), &event);
     if (count > 0)
         input.messages.push_back({addressOf(event.source), {bytes[0], bytes[1], bytes[2]}});
 }
@@ -197,16 +199,40 @@ Result<void> AlsaSequencer::connect(const PortConnection& connection) {
     if (connection.timeQueue >= 0)
         snd_seq_port_subscribe_set_queue(wanted.get(), connection.timeQueue);
     const int result = snd_seq_subscribe_port(handle_.get(), wanted.get());
-    // Busy: it is there, or one end lets no other in.
-    if (result < 0 && result != -EBUSY)
-        return failure(fmt::format("cannot connect {}:{} to {}:{}: {}", connection.from.client,
-                                   connection.from.port, connection.to.client, connection.to.port,
-                                   causeOf(result)));
-    return {};
+    if (result >= 0)
+        return {};
+    const auto others = connectionsOf(connection.from);
+    if (std::ranges::any_of(
+            others, [&connection](const PortConnection& each) { return each.to == connection.to; }))
+        return {}; // it is there
+    // Its device is open by itself, or one end lets no other in.
+    if (result == -EBUSY || result == -EAGAIN)
+        return failure(fmt::format("another program has the MIDI port {}:{} for itself; end that "
+                                   "program first",
+                                   connection.from.client, connection.from.port));
+    return failure(fmt::format("cannot connect {}:{} to {}:{}: {}", connection.from.client,
+                               connection.from.port, connection.to.client, connection.to.port,
+                               causeOf(result)));
 }
 
 Result<void> AlsaSequencer::listenTo(PortAddress port) {
     return connect({.from = port, .to = own_});
+}
+
+Result<void> AlsaSequencer::send(const MidiMessage& message) {
+    const std::array<unsigned char, kLongestMessage> bytes{message.status, message.first,
+                                                           message.second};
+    snd_seq_event_t event{};
+    snd_midi_event_reset_encode(coder_.get());
+    // Leaves over what the message has no use for.
+    snd_midi_event_encode(coder_.get(), bytes.data(), bytes.size(), &event);
+    snd_seq_ev_set_source(&event, static_cast<unsigned char>(own_.port));
+    snd_seq_ev_set_subs(&event);
+    snd_seq_ev_set_direct(&event);
+    if (const int result = snd_seq_event_output_direct(handle_.get(), &event); result < 0)
+        return failure(fmt::format("what is played does not reach a program that is connected: {}",
+                                   causeOf(result)));
+    return {};
 }
 
 // The kernel's sequencer and no other, without the files of the system's configuration, which a
@@ -235,7 +261,7 @@ void ignoreMessage(const char* /*file*/, int /*line*/, const char* /*function*/,
 
 } // namespace
 
-Result<std::unique_ptr<Sequencer>> openSequencer(const std::string& name) {
+Result<std::unique_ptr<Sequencer>> openSequencer(const std::string& name, SequencerUse use) {
     snd_lib_error_set_handler(&ignoreMessage);
     snd_seq_t* opened = nullptr;
     if (const int error = openKernelSequencer(&opened); error < 0)
@@ -243,17 +269,21 @@ Result<std::unique_ptr<Sequencer>> openSequencer(const std::string& name) {
     Handle handle(opened, &snd_seq_close);
     snd_seq_set_client_name(opened, name.c_str());
     snd_seq_set_client_pool_input(opened, kKeptEvents);
-    const int port = snd_seq_create_simple_port(
-        opened, name.c_str(), SND_SEQ_PORT_CAP_WRITE | SND_SEQ_PORT_CAP_NO_EXPORT,
-        SND_SEQ_PORT_TYPE_MIDI_GENERIC | SND_SEQ_PORT_TYPE_APPLICATION);
+    // It is written to by the announcements in either case.
+    const unsigned others = use == SequencerUse::Sending
+                                ? SND_SEQ_PORT_CAP_READ | SND_SEQ_PORT_CAP_SUBS_READ
+                                : SND_SEQ_PORT_CAP_NO_EXPORT;
+    const int port =
+        snd_seq_create_simple_port(opened, name.c_str(), SND_SEQ_PORT_CAP_WRITE | others,
+                                   SND_SEQ_PORT_TYPE_MIDI_GENERIC | SND_SEQ_PORT_TYPE_APPLICATION);
     if (port < 0)
         return failure(openError(port));
-    snd_midi_event_t* decoder = nullptr;
-    if (const int error = snd_midi_event_new(kLongestMessage, &decoder); error < 0)
+    snd_midi_event_t* coder = nullptr;
+    if (const int error = snd_midi_event_new(kLongestMessage, &coder); error < 0)
         return failure(openError(error));
-    snd_midi_event_no_status(decoder, 1);
+    snd_midi_event_no_status(coder, 1);
     auto sequencer = std::make_unique<AlsaSequencer>(std::move(handle),
-                                                     Decoder(decoder, &snd_midi_event_free), port);
+                                                     Coder(coder, &snd_midi_event_free), port);
     const PortAddress announcements{SND_SEQ_CLIENT_SYSTEM, SND_SEQ_PORT_SYSTEM_ANNOUNCE};
     if (const auto listening = sequencer->listenTo(announcements); !listening)
         return failure(listening.error());

@@ -9,6 +9,7 @@
 #include "platform/Result.h"
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -76,10 +77,16 @@ public:
     virtual Result<void> connect(const PortConnection& connection) = 0;
     // Connects the port to this object; fine if it is so already.
     virtual Result<void> listenTo(PortAddress port) = 0;
+    // To whatever is connected from this object's port. The error is one sentence.
+    virtual Result<void> send(const MidiMessage& message) = 0;
 };
+
+// What the port of a client is for: to listen to others, or for others to listen to.
+enum class SequencerUse : std::uint8_t { Listening, Sending };
 
 // Becomes a client of ALSA's sequencer under this name. The error is one sentence that says why it
 // cannot and what helps. libasound is told to print nothing.
-[[nodiscard]] Result<std::unique_ptr<Sequencer>> openSequencer(const std::string& name);
+[[nodiscard]] Result<std::unique_ptr<Sequencer>>
+openSequencer(const std::string& name, SequencerUse use = SequencerUse::Listening);
 
 } // namespace scenewright

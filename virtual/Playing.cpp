@@ -10,6 +10,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace scenewright {
 
@@ -99,12 +100,6 @@ std::optional<PlayOrder> orderFrom(const OrderRow& row, std::span<const std::str
     return order;
 }
 
-Packet packetOf(const MidiMessage& message) {
-    // The code index number of a channel message is the high half of its status.
-    return {static_cast<std::uint8_t>(message.status >> 4U), message.status, message.first,
-            message.second};
-}
-
 std::int32_t stepsOf(const PlayOrder& order) {
     return std::abs(order.end - order.value);
 }
@@ -128,7 +123,13 @@ std::optional<Result<PlayOrder>> parsePlayOrder(std::string_view line) {
     return failure(fmt::format("'{}' is no order: it must be {}", readableText(line), row->usage));
 }
 
-Playing::Packets Playing::take(const PlayOrder& order, const BankImage& bank, PlayingTime now) {
+Packet packetOf(const MidiMessage& message) {
+    // The code index number of a channel message is the high half of its status.
+    return {static_cast<std::uint8_t>(message.status >> 4U), message.status, message.first,
+            message.second};
+}
+
+Playing::Messages Playing::take(const PlayOrder& order, const BankImage& bank, PlayingTime now) {
     if (order.kind == Kind::Scene) {
         scene_ = order.number;
         return {};
@@ -150,18 +151,27 @@ Playing::Packets Playing::take(const PlayOrder& order, const BankImage& bank, Pl
     return {};
 }
 
-Playing::Packets Playing::advance(const BankImage& bank, PlayingTime now) {
-    Packets sent;
+Playing::Messages Playing::advance(const BankImage& bank, PlayingTime now) {
+    Messages sent;
     for (Slide& slide : slides_)
         for (; slide.step <= stepsOf(slide.order) && timeOf(slide) <= now; ++slide.step)
-            for (const Packet& packet :
+            for (const MidiMessage& message :
                  play(bank, slide.order.number,
                       {Gesture::Kind::Move, placeOf(slide.order, slide.step)}))
-                if (slide.last != packet) {
-                    slide.last = packet;
-                    sent.push_back(packet);
+                if (slide.last != message) {
+                    slide.last = message;
+                    sent.push_back(message);
                 }
     std::erase_if(slides_, [](const Slide& each) { return each.step > stepsOf(each.order); });
+    return sent;
+}
+
+Playing::Messages Playing::releaseAll() {
+    slides_.clear();
+    Messages sent;
+    for (ControlState& state : states_)
+        if (const auto ending = std::exchange(state.ending, std::nullopt))
+            sent.push_back(*ending);
     return sent;
 }
 
@@ -176,15 +186,11 @@ PlayingTime Playing::timeOf(const Slide& slide) {
     return slide.begin + std::chrono::nanoseconds(slide.order.time) * slide.step / steps;
 }
 
-Playing::Packets Playing::play(const BankImage& bank, std::int32_t control, Gesture gesture) {
+Playing::Messages Playing::play(const BankImage& bank, std::int32_t control, Gesture gesture) {
     const auto images = std::span(bank);
     const auto scene = sceneFrom(std::span<const std::uint8_t, kSceneImageSize>(
         images.subspan(static_cast<std::size_t>(scene_ - 1) * kSceneImageSize, kSceneImageSize)));
-    Packets packets;
-    for (const MidiMessage& message :
-         messagesOf(*scene, control, gesture, states_.at(static_cast<std::size_t>(control))))
-        packets.push_back(packetOf(message));
-    return packets;
+    return messagesOf(*scene, control, gesture, states_.at(static_cast<std::size_t>(control)));
 }
 
 } // namespace scenewright

@@ -1,9 +1,10 @@
-// The virtual controller as it is played: orders in, USB-MIDI event packets out, by the scene that
-// it holds. The clock is the caller's. One thread at a time.
+// A keyboard as it is played: orders in, MIDI messages out, by the scenes of a bank. The clock is
+// the caller's. One thread at a time.
 #pragma once
 
 #include "model/Control.h"
 #include "model/ControlOutput.h"
+#include "model/MidiMessage.h"
 #include "platform/Result.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
@@ -34,18 +35,23 @@ struct PlayOrder {
 // Nothing when the first word is none of these; an error says how the order must be.
 [[nodiscard]] std::optional<Result<PlayOrder>> parsePlayOrder(std::string_view line);
 
+// The event packet that carries a channel message on cable 0.
+[[nodiscard]] Packet packetOf(const MidiMessage& message);
+
 class Playing {
 public:
-    using Packets = std::vector<Packet>;
+    using Messages = std::vector<MidiMessage>;
 
     // What the order sends at once. A slide sends nothing yet; it ends one on the same control.
-    Packets take(const PlayOrder& order, const BankImage& bank, PlayingTime now);
+    Messages take(const PlayOrder& order, const BankImage& bank, PlayingTime now);
     // What the slides send up to now. Each passes through every position, evenly in its time, and
     // sends a value once.
-    Packets advance(const BankImage& bank, PlayingTime now);
+    Messages advance(const BankImage& bank, PlayingTime now);
     // When to call advance() again; nothing while no slide runs.
     [[nodiscard]] std::optional<PlayingTime> next() const;
 
+    // Ends all that has been begun: what sounds, what is on, what slides.
+    Messages releaseAll();
     // As after switching it on: scene 1, nothing held, no slide.
     void reset() { *this = {}; }
 
@@ -54,10 +60,10 @@ private:
         PlayOrder order;
         PlayingTime begin;
         std::int32_t step = 0; // the next to send, from 0
-        std::optional<Packet> last{};
+        std::optional<MidiMessage> last{};
     };
     [[nodiscard]] static PlayingTime timeOf(const Slide& slide);
-    [[nodiscard]] Packets play(const BankImage& bank, std::int32_t control, Gesture gesture);
+    [[nodiscard]] Messages play(const BankImage& bank, std::int32_t control, Gesture gesture);
 
     std::int32_t scene_ = 1;
     std::array<ControlState, kControlIndexEnd> states_{};

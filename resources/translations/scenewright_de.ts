@@ -1757,6 +1757,69 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Try</name>
+    <message>
+        <source>note {}</source>
+        <translation>Note {}</translation>
+    </message>
+    <message>
+        <source>{0}, ch {1}</source>
+        <translation>{0}, K. {1}</translation>
+    </message>
+    <message>
+        <source>sent {0}, expected {1}</source>
+        <translation>sendete {0}, erwartet war {1}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>sendet nichts: ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>sendet möglicherweise nichts: die Transposition verschiebt die Note aus dem Bereich</translation>
+    </message>
+    <message>
+        <source>sends nothing: it has a value that its list has not</source>
+        <translation>sendet nichts: ein Wert fehlt in seiner Liste</translation>
+    </message>
+    <message>
+        <source>{} right</source>
+        <translation>{} richtig</translation>
+    </message>
+    <message>
+        <source>{} not as assumed</source>
+        <translation>{} nicht wie angenommen</translation>
+    </message>
+    <message>
+        <source>{} wrong</source>
+        <translation>{} falsch</translation>
+    </message>
+    <message>
+        <source>{} skipped</source>
+        <translation>{} übersprungen</translation>
+    </message>
+    <message>
+        <source>{} passed over</source>
+        <translation>{} ausgelassen</translation>
+    </message>
+    <message>
+        <source>{} not tried</source>
+        <translation>{} nicht probiert</translation>
+    </message>
+    <message>
+        <source>sent {}</source>
+        <translation>sendete {}</translation>
+    </message>
+    <message>
+        <source>sent {}, not quite as is assumed</source>
+        <translation>sendete {}, nicht ganz wie angenommen</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>übersprungen</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::UnsentButton</name>
     <message>
         <source>1 change not sent</source>

@@ -1757,6 +1757,69 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Try</name>
+    <message>
+        <source>note {}</source>
+        <translation>nota {}</translation>
+    </message>
+    <message>
+        <source>{0}, ch {1}</source>
+        <translation>{0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>sent {0}, expected {1}</source>
+        <translation>envió {0}, se esperaba {1}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>no envía nada: está desactivado</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>quizá no envíe nada: la transposición saca su nota del rango</translation>
+    </message>
+    <message>
+        <source>sends nothing: it has a value that its list has not</source>
+        <translation>no envía nada: tiene un valor que no está en su lista</translation>
+    </message>
+    <message>
+        <source>{} right</source>
+        <translation>{} correctos</translation>
+    </message>
+    <message>
+        <source>{} not as assumed</source>
+        <translation>{} distintos de lo supuesto</translation>
+    </message>
+    <message>
+        <source>{} wrong</source>
+        <translation>{} incorrectos</translation>
+    </message>
+    <message>
+        <source>{} skipped</source>
+        <translation>{} omitidos</translation>
+    </message>
+    <message>
+        <source>{} passed over</source>
+        <translation>{} pasados por alto</translation>
+    </message>
+    <message>
+        <source>{} not tried</source>
+        <translation>{} sin probar</translation>
+    </message>
+    <message>
+        <source>sent {}</source>
+        <translation>envió {}</translation>
+    </message>
+    <message>
+        <source>sent {}, not quite as is assumed</source>
+        <translation>envió {}, no del todo como se supone</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>omitido</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::UnsentButton</name>
     <message>
         <source>1 change not sent</source>

@@ -1757,6 +1757,69 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Try</name>
+    <message>
+        <source>note {}</source>
+        <translation>note {}</translation>
+    </message>
+    <message>
+        <source>{0}, ch {1}</source>
+        <translation>{0}, canal {1}</translation>
+    </message>
+    <message>
+        <source>sent {0}, expected {1}</source>
+        <translation>a envoyé {0}, attendu : {1}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>n’envoie rien : il est désactivé</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>n’envoie peut-être rien : la transposition déplace sa note hors de la plage</translation>
+    </message>
+    <message>
+        <source>sends nothing: it has a value that its list has not</source>
+        <translation>n’envoie rien : une de ses valeurs manque dans sa liste</translation>
+    </message>
+    <message>
+        <source>{} right</source>
+        <translation>{} corrects</translation>
+    </message>
+    <message>
+        <source>{} not as assumed</source>
+        <translation>{} différents du supposé</translation>
+    </message>
+    <message>
+        <source>{} wrong</source>
+        <translation>{} incorrects</translation>
+    </message>
+    <message>
+        <source>{} skipped</source>
+        <translation>{} ignorés</translation>
+    </message>
+    <message>
+        <source>{} passed over</source>
+        <translation>{} laissés de côté</translation>
+    </message>
+    <message>
+        <source>{} not tried</source>
+        <translation>{} non essayés</translation>
+    </message>
+    <message>
+        <source>sent {}</source>
+        <translation>a envoyé {}</translation>
+    </message>
+    <message>
+        <source>sent {}, not quite as is assumed</source>
+        <translation>a envoyé {}, pas tout à fait comme supposé</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>ignoré</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::UnsentButton</name>
     <message>
         <source>1 change not sent</source>

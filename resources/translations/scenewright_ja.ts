@@ -1757,6 +1757,69 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Try</name>
+    <message>
+        <source>note {}</source>
+        <translation>ノート {}</translation>
+    </message>
+    <message>
+        <source>{0}, ch {1}</source>
+        <translation>{0}、ch {1}</translation>
+    </message>
+    <message>
+        <source>sent {0}, expected {1}</source>
+        <translation>{0} を送信、期待値は {1}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>オフのため何も送信しません</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>オクターブシフトによって音が範囲外になるため、何も送信しない可能性があります</translation>
+    </message>
+    <message>
+        <source>sends nothing: it has a value that its list has not</source>
+        <translation>リストにない値があるため何も送信しません</translation>
+    </message>
+    <message>
+        <source>{} right</source>
+        <translation>正しい：{}</translation>
+    </message>
+    <message>
+        <source>{} not as assumed</source>
+        <translation>想定と異なる：{}</translation>
+    </message>
+    <message>
+        <source>{} wrong</source>
+        <translation>誤り：{}</translation>
+    </message>
+    <message>
+        <source>{} skipped</source>
+        <translation>スキップ：{}</translation>
+    </message>
+    <message>
+        <source>{} passed over</source>
+        <translation>対象外：{}</translation>
+    </message>
+    <message>
+        <source>{} not tried</source>
+        <translation>未確認：{}</translation>
+    </message>
+    <message>
+        <source>sent {}</source>
+        <translation>{} を送信</translation>
+    </message>
+    <message>
+        <source>sent {}, not quite as is assumed</source>
+        <translation>{} を送信、想定と少し異なります</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>スキップ</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::UnsentButton</name>
     <message>
         <source>1 change not sent</source>

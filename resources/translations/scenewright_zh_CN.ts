@@ -1757,6 +1757,69 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Try</name>
+    <message>
+        <source>note {}</source>
+        <translation>音符 {}</translation>
+    </message>
+    <message>
+        <source>{0}, ch {1}</source>
+        <translation>{0}，通道 {1}</translation>
+    </message>
+    <message>
+        <source>sent {0}, expected {1}</source>
+        <translation>发送了 {0}，应为 {1}</translation>
+    </message>
+    <message>
+        <source>sends nothing: it is off</source>
+        <translation>不发送任何内容：已关闭</translation>
+    </message>
+    <message>
+        <source>may send nothing: the transposition moves its note out of range</source>
+        <translation>可能不发送任何内容：移调使其音符超出范围</translation>
+    </message>
+    <message>
+        <source>sends nothing: it has a value that its list has not</source>
+        <translation>不发送任何内容：有一个值不在其列表中</translation>
+    </message>
+    <message>
+        <source>{} right</source>
+        <translation>{} 个正确</translation>
+    </message>
+    <message>
+        <source>{} not as assumed</source>
+        <translation>{} 个与假定不同</translation>
+    </message>
+    <message>
+        <source>{} wrong</source>
+        <translation>{} 个错误</translation>
+    </message>
+    <message>
+        <source>{} skipped</source>
+        <translation>{} 个已跳过</translation>
+    </message>
+    <message>
+        <source>{} passed over</source>
+        <translation>{} 个略过</translation>
+    </message>
+    <message>
+        <source>{} not tried</source>
+        <translation>{} 个未尝试</translation>
+    </message>
+    <message>
+        <source>sent {}</source>
+        <translation>发送了 {}</translation>
+    </message>
+    <message>
+        <source>sent {}, not quite as is assumed</source>
+        <translation>发送了 {}，与假定略有不同</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>已跳过</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::UnsentButton</name>
     <message>
         <source>1 change not sent</source>

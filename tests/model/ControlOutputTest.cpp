@@ -303,6 +303,35 @@ TEST(ControlOutput, WhatSoundsEndsAsItBeganAfterTheSceneHasChanged) {
     EXPECT_EQ(messagesOf(scene, kKey1, {Release}, state), (Messages{{0x80, 63, 0}}));
 }
 
+TEST(ControlOutput, WhatDiffersInAnAssumptionAloneIsToldApart) {
+    const Played scene;
+    scene.at(kKnob1).setUpperOrRightValue(100);
+    controllerPad(scene, 0);
+    scene.common().setPianoKeyCh(0);
+    const auto fit = [&scene](std::int32_t control, const MidiMessage& message) {
+        return fitOf(controlOutput(scene, control).value(), message);
+    };
+    struct FitRow {
+        std::int32_t control;
+        MidiMessage message;
+        Fit fit;
+    };
+    const std::vector<FitRow> rows{
+        {kKnob1, {0xB0, 35, 100}, Fit::Whole},   {kKnob1, {0xB3, 35, 100}, Fit::Assumed},
+        {kKnob1, {0xB0, 35, 101}, Fit::Assumed}, {kKnob1, {0xB0, 36, 100}, Fit::None},
+        {kKnob1, {0x90, 35, 100}, Fit::None},    {kPad1, {0xB0, 43, 100}, Fit::Whole},
+        {kPad1, {0xB0, 43, 50}, Fit::Assumed},   {kPad1, {0xB1, 43, 100}, Fit::None},
+        {kKey1, {0x90, 51, 5}, Fit::Whole},      {kKey1, {0x90, 52, 5}, Fit::None},
+        {kKey1, {0x91, 51, 5}, Fit::None},       {kKey1, {0xB0, 51, 5}, Fit::None},
+    };
+    for (const FitRow& row : rows)
+        EXPECT_EQ(fit(row.control, row.message), row.fit) << messageText(row.message, nullptr);
+    scene.common().setKeyTranspose(1);
+    EXPECT_EQ(fit(kKey1, {0x90, 63, 5}), Fit::Whole);
+    EXPECT_EQ(fit(kKey1, {0x90, 52, 5}), Fit::Assumed);
+    EXPECT_EQ(fit(kKey1, {0x91, 63, 5}), Fit::None);
+}
+
 TEST(ControlOutput, ControlsThatSendAMessageAreFound) {
     const Played scene;
     controllerPad(scene, 0);

@@ -17,7 +17,11 @@ namespace scenewright::testing {
 struct ScriptedPorts {
     std::vector<SequencerPort> ports;
     std::vector<PortConnection> connections;
-    std::vector<std::string> asked;     // connections that were asked for, "20:0 -> 128:0"
+    std::vector<std::string> asked; // connections that were asked for, "20:0 -> 128:0"
+    std::vector<MidiMessage> sent;  // from the own port
+    // With these sentences, unless they are empty.
+    std::string connectingFails{};
+    std::string sendingFails{};
     SequencerInput input;               // for the next take()
     std::function<void()> duringWait{}; // called once, by the next wait()
     int waits = 0;
@@ -74,12 +78,20 @@ public:
                                 std::to_string(connection.from.port) + " -> " +
                                 std::to_string(connection.to.client) + ":" +
                                 std::to_string(connection.to.port));
+        if (!state_->connectingFails.empty())
+            return failure(state_->connectingFails);
         if (std::ranges::find(state_->connections, connection) == state_->connections.end())
             state_->connections.push_back(connection);
         return {};
     }
     Result<void> listenTo(PortAddress port) override {
         return connect({.from = port, .to = kOwnPort});
+    }
+    Result<void> send(const MidiMessage& message) override {
+        if (!state_->sendingFails.empty())
+            return failure(state_->sendingFails);
+        state_->sent.push_back(message);
+        return {};
     }
 
 private:

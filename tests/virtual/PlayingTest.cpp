@@ -1,7 +1,6 @@
 #include "virtual/Playing.h"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -49,10 +48,11 @@ BankImage playedBank() {
 
 class PlayingTest : public ::testing::Test {
 protected:
-    static Lines shown(const Playing::Packets& packets) {
+    static Lines shown(const Playing::Messages& messages) {
         Lines lines;
-        for (const Packet& packet : packets)
-            lines.push_back(fmt::format("{:02x}", fmt::join(packet, " ")));
+        for (const MidiMessage& each : messages)
+            lines.push_back(
+                fmt::format("{:02x} {:02x} {:02x}", each.status, each.first, each.second));
         return lines;
     }
     Lines take(const std::string& line) {
@@ -71,42 +71,52 @@ protected:
 };
 
 TEST_F(PlayingTest, EachOrderIsPlayedByTheSceneInUse) {
-    EXPECT_EQ(take("press pad3 100"), Lines{"09 99 29 64"});
-    EXPECT_EQ(take("release pad3"), Lines{"08 89 29 00"});
+    EXPECT_EQ(take("press pad3 100"), Lines{"99 29 64"});
+    EXPECT_EQ(take("release pad3"), Lines{"89 29 00"});
     EXPECT_EQ(take("scene 2"), Lines{});
-    EXPECT_EQ(take(" press  pad3 1 "), Lines{"09 99 2a 01"});
+    EXPECT_EQ(take(" press  pad3 1 "), Lines{"99 2a 01"});
     EXPECT_EQ(take("scene 4"), Lines{});
-    EXPECT_EQ(take("release pad3"), Lines{"08 89 2a 00"}) << "ends what sounds";
-    EXPECT_EQ(take("press key1 127"), Lines{"09 90 3c 7f"});
-    EXPECT_EQ(take("turn knob1 64"), Lines{"0b b0 14 40"});
-    EXPECT_EQ(take("turn slider2 127"), Lines{"0b b0 1e 06"});
+    EXPECT_EQ(take("release pad3"), Lines{"89 2a 00"}) << "ends what sounds";
+    EXPECT_EQ(take("press key1 127"), Lines{"90 3c 7f"});
+    EXPECT_EQ(take("turn knob1 64"), Lines{"b0 14 40"});
+    EXPECT_EQ(take("turn slider2 127"), Lines{"b0 1e 06"});
     EXPECT_EQ(take("press pad1 100"), Lines{}) << "is off";
 }
 
 TEST_F(PlayingTest, SlidePassesEachPositionOnceInItsTime) {
     EXPECT_EQ(take("slide knob1 3 0 300ms"), Lines{});
     EXPECT_EQ(playing.next(), now);
-    EXPECT_EQ(after(0), Lines{"0b b0 14 03"});
+    EXPECT_EQ(after(0), Lines{"b0 14 03"});
     EXPECT_EQ(playing.next(), now + milliseconds(100));
     EXPECT_EQ(after(99), Lines{});
-    EXPECT_EQ(after(101), (Lines{"0b b0 14 02", "0b b0 14 01"}));
-    EXPECT_EQ(after(1000), Lines{"0b b0 14 00"});
+    EXPECT_EQ(after(101), (Lines{"b0 14 02", "b0 14 01"}));
+    EXPECT_EQ(after(1000), Lines{"b0 14 00"});
     EXPECT_EQ(playing.next(), std::nullopt);
     EXPECT_EQ(after(1000), Lines{});
 }
 
 TEST_F(PlayingTest, SlideSendsAValueOnce) {
     take("slide slider2 0 127 500ms");
-    EXPECT_EQ(after(500),
-              (Lines{"0b b0 1e 0a", "0b b0 1e 09", "0b b0 1e 08", "0b b0 1e 07", "0b b0 1e 06"}));
+    EXPECT_EQ(after(500), (Lines{"b0 1e 0a", "b0 1e 09", "b0 1e 08", "b0 1e 07", "b0 1e 06"}));
 }
 
 TEST_F(PlayingTest, SlidesRunBesideEachOtherButOneAControl) {
     take("slide knob1 0 1 10ms");
     take("slide slider2 0 0 0ms");
-    EXPECT_EQ(after(0), (Lines{"0b b0 14 00", "0b b0 1e 0a"}));
-    EXPECT_EQ(take("turn knob1 9"), Lines{"0b b0 14 09"});
+    EXPECT_EQ(after(0), (Lines{"b0 14 00", "b0 1e 0a"}));
+    EXPECT_EQ(take("turn knob1 9"), Lines{"b0 14 09"});
     EXPECT_EQ(after(100), Lines{}) << "the turn has ended the slide";
+}
+
+TEST_F(PlayingTest, ReleasingEndsWhatHasBegun) {
+    take("press pad3 100");
+    take("scene 2");
+    take("press key1 90");
+    take("slide knob1 0 127 10ms");
+    EXPECT_EQ(shown(playing.releaseAll()), (Lines{"89 29 00", "80 3c 00"}));
+    EXPECT_EQ(shown(playing.releaseAll()), Lines{});
+    EXPECT_EQ(after(100), Lines{});
+    EXPECT_EQ(take("press pad3 1"), Lines{"99 2a 01"}) << "the scene stays";
 }
 
 TEST_F(PlayingTest, ResetIsTheFirstSceneWithNothingHeld) {
@@ -116,7 +126,13 @@ TEST_F(PlayingTest, ResetIsTheFirstSceneWithNothingHeld) {
     playing.reset();
     EXPECT_EQ(after(100), Lines{});
     EXPECT_EQ(take("release pad3"), Lines{});
-    EXPECT_EQ(take("press pad3 100"), Lines{"09 99 29 64"});
+    EXPECT_EQ(take("press pad3 100"), Lines{"99 29 64"});
+}
+
+TEST(PacketOfAMessage, BeginsWithItsCodeIndexNumber) {
+    EXPECT_EQ(packetOf({0x99, 38, 100}), (Packet{0x09, 0x99, 38, 100}));
+    EXPECT_EQ(packetOf({0x89, 38, 0}), (Packet{0x08, 0x89, 38, 0}));
+    EXPECT_EQ(packetOf({0xB0, 74, 93}), (Packet{0x0B, 0xB0, 74, 93}));
 }
 
 TEST(PlayOrders, AreReadWhole) {

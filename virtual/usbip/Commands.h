@@ -6,9 +6,7 @@
 #include "virtual/VirtualController.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace scenewright::usbip {
 
@@ -23,25 +21,5 @@ struct ServerCommand {
 };
 
 [[nodiscard]] Result<ServerCommand> parseCommand(std::string_view line);
-
-// The commands that come from a descriptor, which stays the caller's.
-class CommandReader {
-public:
-    // -1 gives none ever.
-    explicit CommandReader(int descriptor = -1) : descriptor_(descriptor) {}
-
-    // To be waited for; -1 once the input has ended.
-    [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
-    // What the lines say that are whole after one read; blocks unless the descriptor is ready. The
-    // end of the input ends its last line.
-    [[nodiscard]] std::vector<Result<ServerCommand>> take();
-
-private:
-    [[nodiscard]] Result<ServerCommand> endLine();
-
-    int descriptor_;
-    std::string begun_; // a line whose end has not come
-    bool isTooLong_ = false;
-};
 
 } // namespace scenewright::usbip

@@ -166,8 +166,8 @@ Result<void> Server::run() {
         if (set[kListenerPlace].revents != 0)
             acceptConnections();
         if (set[kCommandsPlace].revents != 0)
-            for (const Result<ServerCommand>& command : commands_.take())
-                execute(command);
+            for (const Result<std::string>& line : commands_.take())
+                execute(line.and_then(&parseCommand));
         if (plugIn_ && isPast(plugIn_->next))
             tryPlugIn();
         put(state_.playing.advance(state_.controller.bank(), std::chrono::steady_clock::now()));
@@ -324,7 +324,7 @@ void Server::execute(const Result<ServerCommand>& command) {
 }
 
 void Server::play(const PlayOrder& order) {
-    const auto packets =
+    const auto messages =
         state_.playing.take(order, state_.controller.bank(), std::chrono::steady_clock::now());
     if (order.kind == PlayOrder::Kind::Scene) {
         log_(fmt::format("plays scene {}", order.number));
@@ -332,17 +332,18 @@ void Server::play(const PlayOrder& order) {
         log_("slides");
     } else {
         std::string played;
-        for (const Packet& packet : packets)
-            played += (played.empty() ? "" : "; ") +
-                      messageText({packet[1], packet[2], packet[3]}, nullptr);
+        for (const MidiMessage& message : messages)
+            played += (played.empty() ? "" : "; ") + messageText(message, nullptr);
         log_(fmt::format("played {}{}", played.empty() ? "nothing" : played,
-                         put(packets) ? "" : ", and nobody listens"));
+                         put(messages) ? "" : ", and nobody listens"));
     }
 }
 
-bool Server::put(std::span<const Packet> packets) {
-    if (packets.empty())
+bool Server::put(const Playing::Messages& messages) {
+    if (messages.empty())
         return true;
+    std::vector<Packet> packets;
+    std::ranges::transform(messages, std::back_inserter(packets), &packetOf);
     const auto attached = std::ranges::find_if(
         connections_, [](const Connection& each) { return each.session().isAttached(); });
     return attached != connections_.end() && attached->session().play(packets);

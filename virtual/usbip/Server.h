@@ -8,6 +8,7 @@
 // blocked in every thread (blockServerSignals) before the server is made.
 #pragma once
 
+#include "platform/LineReader.h"
 #include "platform/Result.h"
 #include "virtual/VirtualController.h"
 #include "virtual/usbip/Commands.h"
@@ -61,7 +62,7 @@ public:
 
     // Executes what the lines of this descriptor say (parseCommand), and logs what it did. Before
     // run(); the descriptor stays the caller's.
-    void takeCommands(int descriptor) { commands_ = CommandReader(descriptor); }
+    void takeCommands(int descriptor) { commands_ = LineReader(descriptor); }
 
     // Until a signal ends it; every connection is closed then.
     [[nodiscard]] Result<void> run();
@@ -85,7 +86,7 @@ private:
     void execute(const Result<ServerCommand>& command);
     void play(const PlayOrder& order);
     // False when nobody listens.
-    bool put(std::span<const Packet> packets);
+    bool put(const Playing::Messages& messages);
 
     // The kernel takes a moment to free its port after an unplug.
     struct PlugIn {
@@ -98,7 +99,7 @@ private:
     FileDescriptor signals_;
     Listener listener_;
     std::optional<Moment> listenAgain_; // until then no connection can be accepted
-    CommandReader commands_;
+    LineReader commands_;
     std::optional<std::uint32_t> vhciPort_;
     std::optional<PlugIn> plugIn_;
     std::size_t maxConnections_;
