@@ -28,7 +28,8 @@ public:
             KeyboardListener::Tell tell);
 
     // Listens to each keyboard's ports, and to those that come later, from here on.
-    void start() { listener_.start(); }
+    // As KeyboardListener::start().
+    bool start() { return listener_.start(); }
     // The lines for what has come in, in local time.
     [[nodiscard]] std::string take(Clock::time_point now);
 

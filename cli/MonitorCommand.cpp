@@ -2,13 +2,10 @@
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Monitor.h"
+#include "cli/Waiting.h"
 #include "model/PopUpValue.h"
-#include "platform/Process.h"
 
-#include <csignal>
-#include <poll.h>
 #include <string>
-#include <sys/signalfd.h>
 
 namespace scenewright {
 
@@ -20,32 +17,18 @@ struct MonitorRequest {
     bool showsAll = false;
 };
 
-// The signals that end a program, as a descriptor: readable once one has come. One that was ignored
-// at the start stays ignored.
-FileDescriptor endingSignals() {
-    ::sigset_t ending{};
-    sigemptyset(&ending);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction action {};
-        if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
-            sigaddset(&ending, signal);
-    }
-    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
-    return FileDescriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
-}
-
-int follow(Sequencer& sequencer, Monitor& monitor, int signals) {
-    monitor.start();
-    for (;;) {
-        std::array<pollfd, 2> places{{{sequencer.descriptor(), POLLIN, 0}, {signals, POLLIN, 0}}};
-        ::poll(places.data(), places.size(), -1);
+int follow(Sequencer& sequencer, Monitor& monitor) {
+    const Waiting waiting;
+    if (!monitor.start())
+        return kExitController;
+    for (bool isToEnd = false; !isToEnd;) {
+        isToEnd = waiting.wait(sequencer.descriptor()).isToEnd;
         const std::string lines = monitor.take(Monitor::Clock::now());
         if (!lines.empty())
             if (const auto printed = printOut(lines); !printed)
                 return reportError(printed.error(), kExitOutput);
-        if (places[1].revents != 0)
-            return kExitDone;
     }
+    return kExitDone;
 }
 
 int runMonitor(const MonitorRequest& request) {
@@ -60,13 +43,12 @@ int runMonitor(const MonitorRequest& request) {
             return reportError(bank.error(), kExitUsage);
         options.bank = std::move(bank->scenes);
     }
-    const auto sequencer = openSequencer("Scenewright");
+    const auto sequencer = openSequencer("Scenewright monitor");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
-    const FileDescriptor signals = endingSignals();
     Monitor monitor(**sequencer, &soundKeyboards, std::move(options),
                     [](const std::string& sentence) { reportError(sentence, 0); });
-    return follow(**sequencer, monitor, signals.get());
+    return follow(**sequencer, monitor);
 }
 
 } // namespace

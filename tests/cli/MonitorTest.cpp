@@ -129,6 +129,16 @@ TEST_F(MonitorTest, PortThatComesBackIsListenedToAgain) {
     EXPECT_EQ(told, (std::vector<std::string>{kListening, kWaiting, kListening}));
 }
 
+TEST_F(MonitorTest, PortThatIsRefusedIsToldAndNotWaitedFor) {
+    ports->connectingFails = "it is taken";
+    start({});
+    EXPECT_EQ(told, std::vector<std::string>{"it is taken"});
+    EXPECT_FALSE(monitor->start());
+    ports->connectingFails = "";
+    EXPECT_TRUE(monitor->start());
+    EXPECT_EQ(told.back(), kListening);
+}
+
 TEST_F(MonitorTest, WhatIsLostIsTold) {
     start({});
     ports->input.isIncomplete = true;

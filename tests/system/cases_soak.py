@@ -89,7 +89,7 @@ class Meter:
 def monitor_listens():
     """Whether the monitor is connected to more than the sequencer's own announcements."""
     text = Path("/proc/asound/seq/clients").read_text()
-    own = text.partition(': "Scenewright"')[2].split("Client")[0]
+    own = text.partition(': "Scenewright monitor"')[2].split("Client")[0]
     return set(re.findall(r"\d+:\d+", "".join(re.findall("Connected From: .*", own)))) - {"0:1"}
 
 

@@ -1,0 +1,57 @@
+// A bank tried by touch, in lines: the command try without its loop.
+#pragma once
+
+#include "app/TryRun.h"
+#include "model/SceneValue.h"
+#include "platform/Result.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenewright {
+
+class Trial {
+public:
+    using Time = TryRun::Time;
+    struct Options {
+        bool asJson = false; // an object a line
+        Titles noteNames{};  // may be null
+    };
+
+    // Scenes by their numbers, from 1; the bank has them.
+    Trial(SceneList bank, std::vector<int> scenes, Options options);
+
+    // What came from the keyboard, and what the player says: "skip", "again", "end". The error says
+    // what those are.
+    void take(const MidiMessage& message, Time now);
+    Result<void> order(std::string_view line);
+
+    [[nodiscard]] bool isDone() const { return place_ == scenes_.size(); }
+    // Of the scenes that have ended.
+    [[nodiscard]] bool hasWrong() const { return hasWrong_; }
+    // The lines for what has been decided since the last time.
+    [[nodiscard]] std::string results();
+    // Sentences for the player, the next control among them; the same.
+    [[nodiscard]] std::vector<std::string> words();
+
+private:
+    void begin();
+    void follow();
+    void tellDecided();
+    [[nodiscard]] std::string line(const TryRun::Row& row) const;
+    [[nodiscard]] std::string pathOf(const TryRun::Row& row) const;
+
+    SceneList bank_;
+    std::vector<int> scenes_;
+    Options options_;
+    std::size_t place_ = 0; // in scenes_
+    TryRun run_;
+    std::size_t told_ = 0; // rows of it
+    bool hasWrong_ = false;
+    std::string results_;
+    std::vector<std::string> words_;
+};
+
+} // namespace scenewright
