@@ -62,6 +62,17 @@ wait_for() {
     fail "Waited for $what in vain."
 }
 
+# While it reads or sends, the window drops keys: press them in what is waited for.
 keys() {
     xdotool windowfocus --sync "$(xdotool search --onlyvisible --name Scenewright)" key "$@"
+}
+
+# quit_editor PID: by its key; fails as it does.
+quit_editor() {
+    wait_for "the editor to end" ended_by_key "$1"
+    wait "$1" || fail "The editor ended with $?."
+}
+ended_by_key() {
+    keys ctrl+q
+    ! kill -0 "$1"
 }
