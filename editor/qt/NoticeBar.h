@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/qt/Adapters.h"
+#include "editor/qt/Notice.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -13,44 +14,12 @@
 #include <QTimer>
 
 #include <chrono>
-#include <cstdint>
 #include <deque>
-#include <functional>
 #include <vector>
 
 class QHBoxLayout;
 
 namespace scenewright {
-
-struct NoticeAction {
-    QString title;
-    std::function<void()> action;
-};
-
-struct Notice {
-    enum class Kind : std::uint8_t { Done, Error };
-    // Who speaks. A source has one notice at most: its next one takes the place of the former.
-    enum class Source : std::uint8_t {
-        Transfer,
-        Comparison,
-        Kept,
-        Unfinished,
-        Files,
-        Recovery,
-        Resources,
-        Midi,
-        Quit,
-        Edit
-    };
-
-    Source source = Source::Transfer;
-    Kind kind = Kind::Error;
-    // The first line is what is seen; the others are its details.
-    QString text;
-    std::vector<NoticeAction> actions{};
-    // What is still so while it is shown: time does not take it away.
-    bool stays = false;
-};
 
 // The text of a notice on one line, cut short where the room ends; text() is the whole.
 class NoticeText final : public QLabel {
