@@ -29,6 +29,9 @@ void* operator new(std::size_t size) {
     void* const memory = isWithoutMemory ? nullptr : std::malloc(size);
     return memory == nullptr ? throw std::bad_alloc() : memory;
 }
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return std::malloc(size);
+}
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }

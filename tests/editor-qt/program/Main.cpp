@@ -11,6 +11,8 @@
 int main(int argc, char** argv) {
     qputenv("LC_ALL", "C.UTF-8"); // of the programs that the tests start, too
     qunsetenv("LANGUAGE");
+    // Qt 6.8 asks for a desktop's portal, and loses what it asked with when nobody answers.
+    qputenv("QT_NO_XDG_DESKTOP_PORTAL", "1");
     ::testing::InitGoogleTest(&argc, argv);
     std::unique_ptr<scenewright::testing::XServer> server;
     if (GTEST_FLAG_GET(list_tests))
