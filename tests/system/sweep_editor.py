@@ -43,7 +43,7 @@ ACTIONS = {
         "real.bank",
     ),
     "editor-save": Action(
-        [("key", "ctrl+s"), ("wait", 0.5), ("type", "{files}/saved.bank"), ("key", "Return")],
+        [("key", "ctrl+s"), ("window", "Save Bank"), ("type", "{files}/saved.bank"), ("key", "Return")],
         "",
         "saved.bank",
     ),
@@ -250,8 +250,9 @@ class Sweep(sweep_run.Sweep):
             hold.start()
         else:
             tracers.append(sweep_run.attach(process.pid, place.stream("trace"), options))
-        self.press(process, action)
-        end = self.await_end(process, action)
+        patience = SILENCE if thread else PATIENCE  # what does not fail comes, however late
+        self.press(process, action, patience)
+        end = self.await_end(process, action, patience)
         notice = "" if end == "ended" else self.local.display.screen_reader.notice()
         ended = self.quit(process)
         ended.process = process.pid
@@ -269,20 +270,18 @@ class Sweep(sweep_run.Sweep):
                 return
             time.sleep(0.02)
 
-    def press(self, process, action):
+    def press(self, process, action, patience):
         for kind, what in action.keys:
-            if kind == "wait":
-                time.sleep(what)
-            elif kind == "window":
-                self.await_window(process, what, SILENCE)
+            if kind == "window":
+                self.await_window(process, what, patience)
             else:
                 self.local.display.do(kind, what.format(files=self.local.place.files))
 
-    def await_end(self, process, action):
+    def await_end(self, process, action, patience):
         """done, ended or silent."""
         place = self.local.place
         log = place.made / "log"
-        limit = time.monotonic() + SILENCE
+        limit = time.monotonic() + patience
         while process.poll() is None and time.monotonic() < limit:
             if action.log and action.log in log.read_text():
                 time.sleep(0.2)  # a notice comes with the end
