@@ -59,11 +59,13 @@ std::optional<Recovery::Left> readLeft(const fs::path& file, std::uint32_t place
 } // namespace
 
 std::vector<std::uint8_t> editedBytes(const EditedScenes& scenes) {
-    std::string bytes(kFirstLine);
-    bytes.append(scenes.image.begin(), scenes.image.end());
-    for (const std::string& text : {scenes.file, scenes.keyboard})
-        (bytes += text) += '\0';
-    return {bytes.begin(), bytes.end()};
+    std::vector<std::uint8_t> bytes(kFirstLine.begin(), kFirstLine.end());
+    bytes.insert(bytes.end(), scenes.image.begin(), scenes.image.end());
+    for (const std::string& text : {scenes.file, scenes.keyboard}) {
+        bytes.insert(bytes.end(), text.begin(), text.end());
+        bytes.push_back(0);
+    }
+    return bytes;
 }
 
 std::optional<EditedScenes> parseEdited(std::span<const std::uint8_t> bytes) {
