@@ -15,8 +15,10 @@ namespace {
 
 using Verdict = TryRun::Verdict;
 
-bool isTouch(const MidiMessage& message) {
-    return message.kind() == kController || (message.kind() == kNoteOn && message.second > 0);
+// A note's end is one alone where it may have been on from before.
+bool isTouch(const ControlOutput& expected, const MidiMessage& message) {
+    return message.kind() == kController || (message.kind() == kNoteOn && message.second > 0) ||
+           (expected.behavior == Behavior::Toggle && canSend(expected, message));
 }
 
 bool isSameSource(const MidiMessage& one, const MidiMessage& other) {
@@ -93,7 +95,7 @@ const TryRun::Row* TryRun::next() const {
 }
 
 const TryRun::Row* TryRun::take(const MidiMessage& message, Time now) {
-    if (next() == nullptr || !isTouch(message) || isRest(message, now))
+    if (next() == nullptr || !isTouch(*next()->expected, message) || isRest(message, now))
         return nullptr;
     Row& row = rows_[place_];
     const Fit fit = fitOf(*row.expected, message);

@@ -116,6 +116,20 @@ TEST_F(TryRunTest, WhatIsNoTouchDecidesNothing) {
     EXPECT_EQ(next(), kKnob1);
 }
 
+TEST(TryRun, ToggleThatWasOnIsTouchedByTheEndOfItsNote) {
+    const auto scene = triedScene();
+    scene->buttonValueArray()[kPad1 - 1]->setAssignType(0);
+    scene->buttonValueArray()[kPad2 - 1]->setPadBehavior(1);
+    TryRun run(*scene);
+    run.skip();
+    run.skip();
+    EXPECT_EQ(run.take({0x89, 55, 0}, {}), nullptr) << "another one let go";
+    const TryRun::Row* const row = run.take({0x89, 54, 0}, {});
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(verdictText(*row, nullptr), "sent Note off 54, ch 10");
+    EXPECT_EQ(run.take({0x80, 60, 0}, {}), nullptr) << "a momentary one let go";
+}
+
 TEST_F(TryRunTest, ControlsAreSkippedAndTriedAgain) {
     run.again();
     EXPECT_EQ(next(), kKnob1) << "there is none before";
