@@ -38,6 +38,10 @@ public:
 
     [[nodiscard]] Result<void> storageResult() const;
 
+    [[nodiscard]] BankImage bank() const;
+    void setListener(VirtualHost::Listener listener);
+    void play(const Packet& packet);
+
 private:
     // Nothing as long as there is a reason to wait.
     [[nodiscard]] std::optional<UsbRead> tryRead(const void* owner, std::span<std::uint8_t> room);
@@ -49,6 +53,7 @@ private:
     const VirtualIdentity identity_;
     const void* owner_ = nullptr;
     int reads_ = 0; // going on now
+    VirtualHost::Listener listener_;
 };
 
 namespace {
@@ -239,6 +244,27 @@ Result<void> VirtualBus::storageResult() const {
     return keeper_.result();
 }
 
+BankImage VirtualBus::bank() const {
+    const std::lock_guard lock(mutex_);
+    return device_->bank();
+}
+
+void VirtualBus::setListener(VirtualHost::Listener listener) {
+    const std::lock_guard lock(mutex_);
+    listener_ = std::move(listener);
+}
+
+void VirtualBus::play(const Packet& packet) {
+    VirtualHost::Listener listener;
+    {
+        const std::lock_guard lock(mutex_);
+        if (device_->isPresent() && owner_ == nullptr)
+            listener = listener_;
+    }
+    if (listener)
+        listener(packet);
+}
+
 UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
     const VirtualIdentity& identity = bus_->identity();
     const bool isWanted = match.vendor.value_or(identity.vendor) == identity.vendor &&
@@ -250,6 +276,18 @@ UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
 
 Result<void> VirtualHost::storageResult() {
     return bus_->storageResult();
+}
+
+BankImage VirtualHost::bank() const {
+    return bus_->bank();
+}
+
+void VirtualHost::setListener(Listener listener) {
+    bus_->setListener(std::move(listener));
+}
+
+void VirtualHost::play(const Packet& packet) {
+    bus_->play(packet);
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,

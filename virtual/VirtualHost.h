@@ -55,12 +55,23 @@ class VirtualBus;
 // The controller must not be touched while a host has it.
 class VirtualHost : public UsbHost {
 public:
+    // Stands where the kernel's driver of MIDI ports does on a real bus.
+    using Listener = std::function<void(const Packet& packet)>;
+
     explicit VirtualHost(std::shared_ptr<VirtualBus> bus) : bus_(std::move(bus)) {}
 
     // The controller, unless it is unplugged or has other ids.
     UsbResult<Devices> devices(const DeviceMatch& match) override;
     // Whether the last send could be kept in the bank file.
     Result<void> storageResult() override;
+
+    // What the controller holds.
+    [[nodiscard]] BankImage bank() const;
+    // Null ends it.
+    void setListener(Listener listener);
+    // Puts a packet on the bulk IN pipe, for the listener, which is called before it returns. It is
+    // dropped while a transaction has the interface, and where nobody listens.
+    void play(const Packet& packet);
 
 private:
     std::shared_ptr<VirtualBus> bus_;

@@ -274,5 +274,25 @@ TEST_F(VirtualHostTest, BankThatCannotBeKeptIsToldUntilASendCanBe) {
     EXPECT_EQ(readBytes(file).size(), 1012U);
 }
 
+TEST_F(VirtualHostTest, WhatIsPlayedReachesTheListenerBetweenTransactionsAlone) {
+    constexpr Packet kOn{0x09, 0x99, 38, 100};
+    plugIn();
+    EXPECT_EQ(host->bank(), controller->bank());
+    std::vector<Packet> heard;
+    host->play(kOn); // nobody listens
+    host->setListener([&](const Packet& packet) { heard.push_back(packet); });
+    host->play(kOn);
+    EXPECT_EQ(heard, std::vector{kOn});
+    ASSERT_TRUE(connect());
+    host->play(kOn);
+    EXPECT_EQ(heard.size(), 1U);
+    InterfaceAction::KillInterface();
+    host->play(kOn);
+    EXPECT_EQ(heard.size(), 2U);
+    host->setListener(nullptr);
+    host->play(kOn);
+    EXPECT_EQ(heard.size(), 2U);
+}
+
 } // namespace
 } // namespace scenewright::testing
