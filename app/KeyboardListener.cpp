@@ -1,5 +1,7 @@
 #include "app/KeyboardListener.h"
 
+#include "platform/Text.h"
+
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -22,7 +24,9 @@ std::vector<MidiMessage> KeyboardListener::take() {
     for (const SequencerInput::Message& each : input.messages)
         messages.push_back(each.message);
     if (input.isIncomplete)
-        tell_("more came than could be taken at once, and some of it is lost");
+        tell_(translated(
+            sourceText("scenewright::Listening",
+                       "more came than could be taken at once, and some of it is lost")));
     if (input.hasChanged || input.isIncomplete)
         listen();
     return messages;
@@ -44,8 +48,11 @@ bool KeyboardListener::listen() {
     if (names.empty() && isRefused)
         return false;
     const std::string sentence =
-        names.empty() ? "no MIDI port of a keyboard of the list is there; waiting for one"
-                      : fmt::format("listening to {}", fmt::join(names, ", "));
+        names.empty() ? translated(sourceText(
+                            "scenewright::Listening",
+                            "no MIDI port of a keyboard of the list is there; waiting for one"))
+                      : translated(sourceText("scenewright::Listening", "listening to {}"),
+                                   fmt::format("{}", fmt::join(names, ", ")));
     if (std::exchange(told_, sentence) != sentence)
         tell_(sentence);
     return !isRefused;

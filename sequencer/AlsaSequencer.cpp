@@ -1,3 +1,4 @@
+#include "platform/Text.h"
 #include "sequencer/Sequencer.h"
 
 #include <fmt/format.h>
@@ -47,15 +48,17 @@ std::string causeOf(int error) {
 std::string openError(int error) {
     constexpr std::string_view kSequencer = "/dev/snd/seq";
     if (error == -ENOENT || error == -ENODEV || error == -ENXIO)
-        return fmt::format("there is no sequencer of ALSA's on this system ({}); as root, "
-                           "modprobe snd-seq loads it",
-                           kSequencer);
+        return translated(sourceText("scenewright::Sequencer",
+                                     "there is no sequencer of ALSA's on this system ({}); as "
+                                     "root, modprobe snd-seq loads it"),
+                          kSequencer);
     if (error == -EACCES || error == -EPERM)
-        return fmt::format(
-            "you have no permission to use {}; sit at the machine, or be a member of "
-            "the group audio",
-            kSequencer);
-    return fmt::format("cannot use ALSA's sequencer ({}): {}", kSequencer, causeOf(error));
+        return translated(sourceText("scenewright::Sequencer",
+                                     "you have no permission to use {}; sit at the machine, or "
+                                     "be a member of the group audio"),
+                          kSequencer);
+    return translated(sourceText("scenewright::Sequencer", "cannot use ALSA's sequencer ({}): {}"),
+                      kSequencer, causeOf(error));
 }
 
 PortAddress addressOf(const snd_seq_addr_t& address) {
@@ -207,12 +210,14 @@ Result<void> AlsaSequencer::connect(const PortConnection& connection) {
         return {}; // it is there
     // Its device is open by itself, or one end lets no other in.
     if (result == -EBUSY || result == -EAGAIN)
-        return failure(fmt::format("another program has the MIDI port {}:{} for itself; end that "
-                                   "program first",
-                                   connection.from.client, connection.from.port));
-    return failure(fmt::format("cannot connect {}:{} to {}:{}: {}", connection.from.client,
-                               connection.from.port, connection.to.client, connection.to.port,
-                               causeOf(result)));
+        return failure(translated(sourceText("scenewright::Sequencer",
+                                             "another program has the MIDI port {}:{} for itself; "
+                                             "end that program first"),
+                                  connection.from.client, connection.from.port));
+    return failure(
+        translated(sourceText("scenewright::Sequencer", "cannot connect {}:{} to {}:{}: {}"),
+                   connection.from.client, connection.from.port, connection.to.client,
+                   connection.to.port, causeOf(result)));
 }
 
 Result<void> AlsaSequencer::listenTo(PortAddress port) {
@@ -230,8 +235,10 @@ Result<void> AlsaSequencer::send(const MidiMessage& message) {
     snd_seq_ev_set_subs(&event);
     snd_seq_ev_set_direct(&event);
     if (const int result = snd_seq_event_output_direct(handle_.get(), &event); result < 0)
-        return failure(fmt::format("what is played does not reach a program that is connected: {}",
-                                   causeOf(result)));
+        return failure(
+            translated(sourceText("scenewright::Sequencer",
+                                  "what is played does not reach a program that is connected: {}"),
+                       causeOf(result)));
     return {};
 }
 
