@@ -67,7 +67,7 @@ private:
 
 class NoticeFace final : public QAccessibleWidget {
 public:
-    explicit NoticeFace(NoticeBar& bar) : QAccessibleWidget(&bar, QAccessible::AlertMessage) {}
+    explicit NoticeFace(QWidget& notice) : QAccessibleWidget(&notice, QAccessible::AlertMessage) {}
 };
 
 // The toolkit owns what is returned.
@@ -76,8 +76,8 @@ QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
         return std::make_unique<SegmentFace>(*segment).release();
     if (auto* picture = qobject_cast<DevicePicture*>(object))
         return std::make_unique<PictureFace>(*picture).release();
-    if (auto* notice = qobject_cast<NoticeBar*>(object))
-        return std::make_unique<NoticeFace>(*notice).release();
+    if (qobject_cast<NoticeBar*>(object) != nullptr || qobject_cast<SpokenText*>(object) != nullptr)
+        return std::make_unique<NoticeFace>(*static_cast<QWidget*>(object)).release();
     return nullptr;
 }
 

@@ -4,7 +4,9 @@
 #include "editor/qt/QtHelpers.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
@@ -23,7 +25,9 @@ constexpr qreal kFocusLine = 2; // the width of each, in device-independent pixe
 constexpr qreal kCaptionMargin = 1;
 constexpr QColor kDot(255, 190, 60);
 constexpr qreal kDotRadius = 4.5;
-constexpr qreal kDotPlace = 11; // from either edge, to its middle
+constexpr qreal kDotPlace = 11;         // from either edge, to its middle
+constexpr qreal kWholeDrag = 160;       // device-independent pixels, for the whole travel
+constexpr qreal kWholeWheel = 32 * 120; // in the wheel's eighths of a degree, 32 notches
 
 QColor colourOf(const std::optional<Colour>& colour) {
     return colour ? QColor(colour->red, colour->green, colour->blue) : kPlainTitle;
@@ -44,7 +48,7 @@ ControlButton::ControlButton(std::int32_t tag, ControlKind kind, QWidget* parent
     setFocusPolicy(Qt::ClickFocus); // one button of a picture is a stop of the Tab key
     setCursor(Qt::PointingHandCursor);
     connect(this, &QAbstractButton::clicked, this, [this] {
-        if (action_)
+        if (action_ && !plays_)
             action_();
     });
 }
@@ -203,6 +207,29 @@ void ControlButton::keyPressEvent(QKeyEvent* event) {
         click();
     else
         QAbstractButton::keyPressEvent(event);
+}
+
+bool ControlButton::isTurned() const {
+    return plays_ && (kind_ == ControlKind::Knob || kind_ == ControlKind::Slider);
+}
+
+void ControlButton::mousePressEvent(QMouseEvent* event) {
+    draggedTo_ = event->position().y();
+    QAbstractButton::mousePressEvent(event);
+}
+
+void ControlButton::mouseMoveEvent(QMouseEvent* event) {
+    if (isTurned() && event->buttons().testFlag(Qt::LeftButton))
+        emit turned((std::exchange(draggedTo_, event->position().y()) - event->position().y()) /
+                    kWholeDrag);
+    QAbstractButton::mouseMoveEvent(event);
+}
+
+void ControlButton::wheelEvent(QWheelEvent* event) {
+    if (!isTurned())
+        return QAbstractButton::wheelEvent(event);
+    emit turned(event->angleDelta().y() / kWholeWheel);
+    event->accept();
 }
 
 void ControlButton::enterEvent(QEnterEvent* event) {

@@ -48,6 +48,9 @@ public:
     [[nodiscard]] bool isMarked() const { return look_.isMarked; }
     // The size that a title is set in where it has the room, in device-independent pixels.
     void setLargestCaption(int pixels);
+    // While it plays, a click calls no action, and a knob or slider is turned by dragging and by
+    // the wheel.
+    void setPlays(bool plays) { plays_ = plays; }
     // Everything that the control does, in words.
     void setSummary(const QString& summary);
 
@@ -58,10 +61,15 @@ public:
 signals:
     // An arrow key was pressed while the button had the keyboard: -1, 0 or 1 each way.
     void arrowPressed(int right, int down);
+    // By this share of its travel, upwards or to the right.
+    void turned(qreal share);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
@@ -78,6 +86,7 @@ private:
         friend bool operator==(const Look&, const Look&) = default;
     };
 
+    [[nodiscard]] bool isTurned() const;
     [[nodiscard]] QRectF captionRoom() const;
     void drawFocus(QPainter& painter) const;
     void drawDot(QPainter& painter) const;
@@ -90,6 +99,8 @@ private:
     Look look_;
     Look drawn_; // what the last update was asked for
     bool willDraw_ = false;
+    bool plays_ = false;
+    qreal draggedTo_ = 0; // from the upper edge
     QString summary_;
     std::function<void()> action_;
 };

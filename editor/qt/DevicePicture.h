@@ -63,6 +63,8 @@ public:
     // Null when no button carries the tag.
     [[nodiscard]] ControlButton* button(std::int32_t tag) const;
     [[nodiscard]] const DeviceDrawing& drawing() const { return drawing_; }
+    // Onto the button that is its stop of the Tab key.
+    void takeKeyboard() { tabStop_->setFocus(Qt::OtherFocusReason); }
     // Brings the pads' lights and every button's description up to date.
     void showScene(const PopUpValue& lists, const SceneValue& scene);
 

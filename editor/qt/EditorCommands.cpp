@@ -1,6 +1,7 @@
 #include "editor/qt/EditorCommands.h"
 
 #include "editor/ControlDescription.h"
+#include "editor/qt/PlayOutputs.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -94,9 +95,13 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
       banks_(window, std::move(files), history_, document_), controls_(window, history_),
       scenes_(window, history_), checks_(window, history_), colours_(window, history_),
       input_(&makeChild<KeyboardInput>(window)),
-      monitor_(&makeChild<MonitorStrip>(window, *input_)),
+      monitor_(&makeChild<MonitorStrip>(window, *input_)), playing_(window),
       sending_(window, banks_, std::move(journal)), verification_(window, banks_, sending_),
-      marks_(window, history_, verification_) {
+      trying_(&makeChild<TryStrip>(window, *input_)), marks_(window, history_, verification_) {
+    window.menu().file().insertAction(
+        &window.menu().quit(),
+        &playing_.add(PlayBar::tr("&Play This Scene Here"), [] { return openPlayPort(); }));
+    window.menu().file().insertSeparator(&window.menu().quit());
     if (recovery)
         keeper_ = std::make_unique<ScenesKeeper>(window, history_, banks_, std::move(recovery));
     window.status().addMark(*keyboard_);
@@ -105,6 +110,11 @@ EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, Sto
     QObject::connect(&window.commands(), &DeviceCommands::sendEnded, keyboard_, lookAgain);
     if (!window_.restoreGeometry(programSettings().value(kGeometryKey).toByteArray()))
         fitIntoScreen(window_);
+}
+
+void EditorCommands::useVirtual() {
+    listenToVirtual(*input_);
+    window_.menu().view().addAction(&playing_.add(PlayBar::tr("Play"), &makeVirtualOutput));
 }
 
 void EditorCommands::reportLists(const std::vector<std::string>& errors) {

@@ -12,10 +12,12 @@
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/MonitorStrip.h"
 #include "editor/qt/PadColours.h"
+#include "editor/qt/PlayBar.h"
 #include "editor/qt/SafeSending.h"
 #include "editor/qt/SceneChecks.h"
 #include "editor/qt/SceneCommands.h"
 #include "editor/qt/ScenesKeeper.h"
+#include "editor/qt/TryStrip.h"
 
 #include <QAction>
 #include <QObject>
@@ -73,6 +75,8 @@ public:
     EditorCommands(EditorCommands&&) = delete;
     EditorCommands& operator=(EditorCommands&&) = delete;
 
+    // The virtual controller is what is listened to, and what the View menu plays.
+    void useVirtual();
     // A notice for lists that cannot serve, one sentence each; none for none.
     void reportLists(const std::vector<std::string>& errors);
 
@@ -85,6 +89,8 @@ public:
     [[nodiscard]] SceneChecks& checks() { return checks_; }
     [[nodiscard]] PadColours& colours() { return colours_; }
     [[nodiscard]] MonitorStrip& monitor() { return *monitor_; }
+    [[nodiscard]] TryStrip& trying() { return *trying_; }
+    [[nodiscard]] PlayBar& playing() { return playing_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
 
@@ -98,10 +104,13 @@ private:
     SceneCommands scenes_;
     SceneChecks checks_;
     PadColours colours_;
-    KeyboardInput* input_;  // children of the window
-    MonitorStrip* monitor_; //
+    // Children of the window.
+    KeyboardInput* input_;
+    MonitorStrip* monitor_;
+    PlayBar playing_;
     SafeSending sending_;
     DeviceVerification verification_;
+    TryStrip* trying_; // child of the window
     ChangeMarks marks_;
     std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery
 };

@@ -21,9 +21,7 @@ bool KeyboardInput::listenFor(const QObject& who) {
     if (sequencer_ == nullptr) {
         auto opened = open_();
         if (!opened) {
-            window_.notices().post({.source = Notice::Source::Midi,
-                                    .text = tr("The keyboard's port cannot be listened to: %1")
-                                                .arg(shown(opened.error()))});
+            refuse(shown(opened.error()));
             return false;
         }
         sequencer_ = std::move(*opened);
@@ -35,10 +33,17 @@ bool KeyboardInput::listenFor(const QObject& who) {
                 std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
             connect(notifier_.get(), &QSocketNotifier::activated, this, &KeyboardInput::take);
         }
-        listener_->start();
+        if (!listener_->start())
+            refuse(sentence_);
     }
     wanting_.insert(&who);
     return true;
+}
+
+void KeyboardInput::refuse(const QString& reason) {
+    window_.notices().post(
+        {.source = Notice::Source::Midi,
+         .text = tr("The keyboard's port cannot be listened to: %1").arg(reason)});
 }
 
 void KeyboardInput::endFor(const QObject& who) {

@@ -51,6 +51,7 @@ signals:
 
 private:
     void tell(const QString& sentence);
+    void refuse(const QString& reason);
 
     MainWindow& window_;
     Open open_;

@@ -31,6 +31,11 @@ QString firstLine(const QString& text) {
     return text.section(QLatin1Char('\n'), 0, 0);
 }
 
+void alert(QWidget& widget) {
+    QAccessibleEvent event(&widget, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
 } // namespace
 
 NoticeText::NoticeText(QWidget* parent) : QLabel(parent) {
@@ -57,6 +62,15 @@ void NoticeText::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     painter.drawItemText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeading, palette(),
                          isEnabled(), seen(), foregroundRole());
+}
+
+void SpokenText::say(const QString& text) {
+    if (text == this->text())
+        return;
+    setText(text);
+    setToolTip(text);
+    setAccessibleName(text);
+    alert(*this);
 }
 
 NoticeBar::NoticeBar(QWidget* parent)
@@ -154,8 +168,7 @@ void NoticeBar::showText(const Notice& notice) {
     setAccessibleName(notice.text);
     show();
     offerDetails();
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    alert(*this);
 }
 
 // The button takes room itself: it is seen when the text is not whole without it.

@@ -22,7 +22,7 @@ class QHBoxLayout;
 namespace scenewright {
 
 // The text of a notice on one line, cut short where the room ends; text() is the whole.
-class NoticeText final : public QLabel {
+class NoticeText : public QLabel {
     Q_OBJECT
 
 public:
@@ -38,6 +38,16 @@ protected:
 
 private:
     [[nodiscard]] QString seen() const;
+};
+
+// One that a screen reader is told of whenever it changes.
+class SpokenText final : public NoticeText {
+    Q_OBJECT
+
+public:
+    using NoticeText::NoticeText;
+
+    void say(const QString& text);
 };
 
 // A bar across the window that tells what a person should know before going on, with buttons for

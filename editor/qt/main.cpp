@@ -114,7 +114,9 @@ int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& 
     EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook(), StoreFiles{},
                             SendJournal{}, recovery);
     std::optional<ConnectionKeeper> keeper;
-    if (!isVirtual) {
+    if (isVirtual) {
+        commands.useVirtual();
+    } else {
         commands.keyboard().follow(DeviceMonitor::start());
         keeper.emplace(window, KeyboardConnections(KeyboardConnections::sequencerIfAny()));
     }

@@ -890,6 +890,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardInput</name>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>Der Port des Keyboards kann nicht gehört werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardWatch</name>
     <message>
         <source>Keyboard</source>
@@ -914,6 +921,21 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Keyboard angeschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Listening</name>
+    <message>
+        <source>more came than could be taken at once, and some of it is lost</source>
+        <translation>es kam mehr, als auf einmal zu fassen war; ein Teil ist verloren</translation>
+    </message>
+    <message>
+        <source>no MIDI port of a keyboard of the list is there; waiting for one</source>
+        <translation>kein MIDI-Port eines Keyboards der Liste ist da; es wird auf einen gewartet</translation>
+    </message>
+    <message>
+        <source>listening to {}</source>
+        <translation>es wird auf {} gehört</translation>
     </message>
 </context>
 <context>
@@ -1247,10 +1269,6 @@
         <source>no control of the scenes</source>
         <translation>kein Element der Szenen</translation>
     </message>
-    <message>
-        <source>The keyboard&apos;s port cannot be listened to: %1</source>
-        <translation>Der Port des Keyboards kann nicht gehört werden: %1</translation>
-    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>
@@ -1446,6 +1464,45 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Farbe des Pads</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::PlayBar</name>
+    <message>
+        <source>&amp;Play This Scene Here</source>
+        <translation>Diese Szene &amp;hier spielen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Spielen</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Spielen</translation>
+    </message>
+    <message>
+        <source>Stop Playing</source>
+        <translation>Spielen beenden</translation>
+    </message>
+    <message>
+        <source>The scene cannot be played: %1</source>
+        <translation>Die Szene kann nicht gespielt werden: %1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
+        <translation>Reihen ab A und W: Tasten, Oktave %1 (Y, X)   1–8: Pads   Anschlag %2 (C, V)   ß und ´ drehen den Regler mit dem Fokus</translation>
+    </message>
+    <message>
+        <source>Playing scene %1: connect a program to the port %2</source>
+        <translation>Szene %1 wird gespielt: ein Programm mit dem Port %2 verbinden</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 into %3, through the port %2</source>
+        <translation>Szene %1 wird in %3 gespielt, über den Port %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 as the virtual controller holds it</source>
+        <translation>Szene %1 wird gespielt, wie der virtuelle Controller sie hält</translation>
     </message>
 </context>
 <context>
@@ -1647,6 +1704,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Sequencer</name>
+    <message>
+        <source>there is no sequencer of ALSA&apos;s on this system ({}); as root, modprobe snd-seq loads it</source>
+        <translation>auf diesem System gibt es keinen Sequenzer von ALSA ({}); als root lädt ihn modprobe snd-seq</translation>
+    </message>
+    <message>
+        <source>you have no permission to use {}; sit at the machine, or be a member of the group audio</source>
+        <translation>die Berechtigung für {} fehlt; an der Maschine selbst anmelden oder Mitglied der Gruppe audio sein</translation>
+    </message>
+    <message>
+        <source>cannot use ALSA&apos;s sequencer ({}): {}</source>
+        <translation>der Sequenzer von ALSA ({}) ist nicht benutzbar: {}</translation>
+    </message>
+    <message>
+        <source>another program has the MIDI port {}:{} for itself; end that program first</source>
+        <translation>ein anderes Programm hat den MIDI-Port {}:{} für sich allein; zuerst jenes Programm beenden</translation>
+    </message>
+    <message>
+        <source>cannot connect {}:{} to {}:{}: {}</source>
+        <translation>{}:{} lässt sich nicht mit {}:{} verbinden: {}</translation>
+    </message>
+    <message>
+        <source>what is played does not reach a program that is connected: {}</source>
+        <translation>was gespielt wird, erreicht ein verbundenes Programm nicht: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -1817,6 +1901,77 @@
     <message>
         <source>skipped</source>
         <translation>übersprungen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TryStrip</name>
+    <message>
+        <source>Try It</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Try &amp;It</source>
+        <translation>Ausprob&amp;ieren</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Bericht kopieren</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>What was tried</source>
+        <translation>Was ausprobiert wurde</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Element</translation>
+    </message>
+    <message>
+        <source>Expected</source>
+        <translation>Erwartet</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>It is not known yet what the keyboard holds. Send or read the scenes first, and then try them</source>
+        <translation>Noch ist nicht bekannt, was das Keyboard enthält. Die Szenen erst senden oder lesen und dann ausprobieren</translation>
+    </message>
+    <message>
+        <source>Choose scene %1 on the keyboard.</source>
+        <translation>Szene %1 auf dem Keyboard wählen.</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>%1 Scene %2: %3</source>
+        <translation>%1 Szene %2: %3</translation>
+    </message>
+    <message>
+        <source>Touch %1. %2</source>
+        <translation>%1 berühren. %2</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Szene %1: %2</translation>
     </message>
 </context>
 <context>

@@ -890,6 +890,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardInput</name>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>No se puede escuchar el puerto del teclado: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardWatch</name>
     <message>
         <source>Keyboard</source>
@@ -914,6 +921,21 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Teclado conectado</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Listening</name>
+    <message>
+        <source>more came than could be taken at once, and some of it is lost</source>
+        <translation>llegó más de lo que cabía de una vez y una parte se ha perdido</translation>
+    </message>
+    <message>
+        <source>no MIDI port of a keyboard of the list is there; waiting for one</source>
+        <translation>no hay ningún puerto MIDI de un teclado de la lista; se espera uno</translation>
+    </message>
+    <message>
+        <source>listening to {}</source>
+        <translation>se escucha {}</translation>
     </message>
 </context>
 <context>
@@ -1247,10 +1269,6 @@
         <source>no control of the scenes</source>
         <translation>ningún control de las escenas</translation>
     </message>
-    <message>
-        <source>The keyboard&apos;s port cannot be listened to: %1</source>
-        <translation>No se puede escuchar el puerto del teclado: %1</translation>
-    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>
@@ -1446,6 +1464,45 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Color del pad</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::PlayBar</name>
+    <message>
+        <source>&amp;Play This Scene Here</source>
+        <translation>Tocar esta escena a&amp;quí</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Tocar</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Tocando</translation>
+    </message>
+    <message>
+        <source>Stop Playing</source>
+        <translation>Dejar de tocar</translation>
+    </message>
+    <message>
+        <source>The scene cannot be played: %1</source>
+        <translation>La escena no se puede tocar: %1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
+        <translation>Filas desde A y W: teclas, octava %1 (Z, X)   1–8: pads   velocidad %2 (C, V)   &apos; y ¡ giran el control que tiene el foco</translation>
+    </message>
+    <message>
+        <source>Playing scene %1: connect a program to the port %2</source>
+        <translation>Se toca la escena %1: conecte un programa al puerto %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 into %3, through the port %2</source>
+        <translation>Se toca la escena %1 en %3, por el puerto %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 as the virtual controller holds it</source>
+        <translation>Se toca la escena %1 como la tiene el controlador virtual</translation>
     </message>
 </context>
 <context>
@@ -1647,6 +1704,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Sequencer</name>
+    <message>
+        <source>there is no sequencer of ALSA&apos;s on this system ({}); as root, modprobe snd-seq loads it</source>
+        <translation>en este sistema no hay secuenciador de ALSA ({}); como root, modprobe snd-seq lo carga</translation>
+    </message>
+    <message>
+        <source>you have no permission to use {}; sit at the machine, or be a member of the group audio</source>
+        <translation>no tiene permiso para usar {}; siéntese ante el equipo o sea miembro del grupo audio</translation>
+    </message>
+    <message>
+        <source>cannot use ALSA&apos;s sequencer ({}): {}</source>
+        <translation>no se puede usar el secuenciador de ALSA ({}): {}</translation>
+    </message>
+    <message>
+        <source>another program has the MIDI port {}:{} for itself; end that program first</source>
+        <translation>otro programa tiene el puerto MIDI {}:{} solo para sí; termine antes ese programa</translation>
+    </message>
+    <message>
+        <source>cannot connect {}:{} to {}:{}: {}</source>
+        <translation>no se puede conectar {}:{} con {}:{}: {}</translation>
+    </message>
+    <message>
+        <source>what is played does not reach a program that is connected: {}</source>
+        <translation>lo que se toca no llega a un programa conectado: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -1817,6 +1901,77 @@
     <message>
         <source>skipped</source>
         <translation>omitido</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TryStrip</name>
+    <message>
+        <source>Try It</source>
+        <translation>Probar</translation>
+    </message>
+    <message>
+        <source>Try &amp;It</source>
+        <translation>Pro&amp;bar</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Copiar informe</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Terminar</translation>
+    </message>
+    <message>
+        <source>What was tried</source>
+        <translation>Lo que se ha probado</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Control</translation>
+    </message>
+    <message>
+        <source>Expected</source>
+        <translation>Esperado</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Resultado</translation>
+    </message>
+    <message>
+        <source>It is not known yet what the keyboard holds. Send or read the scenes first, and then try them</source>
+        <translation>Aún no se sabe qué contiene el teclado. Primero envíe o lea las escenas y después pruébelas</translation>
+    </message>
+    <message>
+        <source>Choose scene %1 on the keyboard.</source>
+        <translation>Elija la escena %1 en el teclado.</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>%1 Scene %2: %3</source>
+        <translation>%1 Escena %2: %3</translation>
+    </message>
+    <message>
+        <source>Touch %1. %2</source>
+        <translation>Toque %1. %2</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Escena %1: %2</translation>
     </message>
 </context>
 <context>

@@ -890,6 +890,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardInput</name>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>Le port du clavier ne peut pas être écouté : %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardWatch</name>
     <message>
         <source>Keyboard</source>
@@ -914,6 +921,21 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Clavier branché</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Listening</name>
+    <message>
+        <source>more came than could be taken at once, and some of it is lost</source>
+        <translation>il en est venu plus qu’on ne peut en prendre à la fois ; une partie est perdue</translation>
+    </message>
+    <message>
+        <source>no MIDI port of a keyboard of the list is there; waiting for one</source>
+        <translation>aucun port MIDI d’un clavier de la liste n’est là ; en attente d’un port</translation>
+    </message>
+    <message>
+        <source>listening to {}</source>
+        <translation>écoute de {}</translation>
     </message>
 </context>
 <context>
@@ -1247,10 +1269,6 @@
         <source>no control of the scenes</source>
         <translation>aucune commande des scènes</translation>
     </message>
-    <message>
-        <source>The keyboard&apos;s port cannot be listened to: %1</source>
-        <translation>Le port du clavier ne peut pas être écouté : %1</translation>
-    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>
@@ -1446,6 +1464,45 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Couleur du pad</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::PlayBar</name>
+    <message>
+        <source>&amp;Play This Scene Here</source>
+        <translation>&amp;Jouer cette scène ici</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Jouer</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Jeu</translation>
+    </message>
+    <message>
+        <source>Stop Playing</source>
+        <translation>Arrêter de jouer</translation>
+    </message>
+    <message>
+        <source>The scene cannot be played: %1</source>
+        <translation>La scène ne peut pas être jouée : %1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
+        <translation>Rangées dès Q et Z : touches, octave %1 (W, X)   1–8 : pads   vélocité %2 (C, V)   ) et = tournent le réglage qui a le focus</translation>
+    </message>
+    <message>
+        <source>Playing scene %1: connect a program to the port %2</source>
+        <translation>Jeu de la scène %1 : reliez un programme au port %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 into %3, through the port %2</source>
+        <translation>Jeu de la scène %1 dans %3, par le port %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 as the virtual controller holds it</source>
+        <translation>Jeu de la scène %1 telle que le contrôleur virtuel la contient</translation>
     </message>
 </context>
 <context>
@@ -1647,6 +1704,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Sequencer</name>
+    <message>
+        <source>there is no sequencer of ALSA&apos;s on this system ({}); as root, modprobe snd-seq loads it</source>
+        <translation>il n’y a pas de séquenceur d’ALSA sur ce système ({}) ; en tant que root, modprobe snd-seq le charge</translation>
+    </message>
+    <message>
+        <source>you have no permission to use {}; sit at the machine, or be a member of the group audio</source>
+        <translation>vous n’avez pas le droit d’utiliser {} ; soyez devant la machine ou membre du groupe audio</translation>
+    </message>
+    <message>
+        <source>cannot use ALSA&apos;s sequencer ({}): {}</source>
+        <translation>impossible d’utiliser le séquenceur d’ALSA ({}) : {}</translation>
+    </message>
+    <message>
+        <source>another program has the MIDI port {}:{} for itself; end that program first</source>
+        <translation>un autre programme a le port MIDI {}:{} pour lui seul ; terminez d’abord ce programme</translation>
+    </message>
+    <message>
+        <source>cannot connect {}:{} to {}:{}: {}</source>
+        <translation>impossible de relier {}:{} à {}:{} : {}</translation>
+    </message>
+    <message>
+        <source>what is played does not reach a program that is connected: {}</source>
+        <translation>ce qui est joué n’atteint pas un programme relié : {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -1817,6 +1901,77 @@
     <message>
         <source>skipped</source>
         <translation>ignoré</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TryStrip</name>
+    <message>
+        <source>Try It</source>
+        <translation>Essayer</translation>
+    </message>
+    <message>
+        <source>Try &amp;It</source>
+        <translation>Essa&amp;yer</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Passer</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Copier le rapport</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Terminer</translation>
+    </message>
+    <message>
+        <source>What was tried</source>
+        <translation>Ce qui a été essayé</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Contrôle</translation>
+    </message>
+    <message>
+        <source>Expected</source>
+        <translation>Attendu</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Résultat</translation>
+    </message>
+    <message>
+        <source>It is not known yet what the keyboard holds. Send or read the scenes first, and then try them</source>
+        <translation>On ne sait pas encore ce que contient le clavier. Envoyez ou lisez d’abord les scènes, puis essayez-les</translation>
+    </message>
+    <message>
+        <source>Choose scene %1 on the keyboard.</source>
+        <translation>Choisissez la scène %1 sur le clavier.</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1 : %2.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>%1 Scene %2: %3</source>
+        <translation>%1 Scène %2 : %3</translation>
+    </message>
+    <message>
+        <source>Touch %1. %2</source>
+        <translation>Touchez %1. %2</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Scène %1 : %2</translation>
     </message>
 </context>
 <context>

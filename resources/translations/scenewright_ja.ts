@@ -890,6 +890,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardInput</name>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>キーボードのポートを受信できません: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardWatch</name>
     <message>
         <source>Keyboard</source>
@@ -914,6 +921,21 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>キーボード接続済み</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Listening</name>
+    <message>
+        <source>more came than could be taken at once, and some of it is lost</source>
+        <translation>一度に受け取れる量を超え、一部が失われました</translation>
+    </message>
+    <message>
+        <source>no MIDI port of a keyboard of the list is there; waiting for one</source>
+        <translation>リストにあるキーボードの MIDI ポートがありません。接続を待っています</translation>
+    </message>
+    <message>
+        <source>listening to {}</source>
+        <translation>{} を聞いています</translation>
     </message>
 </context>
 <context>
@@ -1247,10 +1269,6 @@
         <source>no control of the scenes</source>
         <translation>シーンのどのコントロールでもない</translation>
     </message>
-    <message>
-        <source>The keyboard&apos;s port cannot be listened to: %1</source>
-        <translation>キーボードのポートを受信できません: %1</translation>
-    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>
@@ -1446,6 +1464,45 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>パッドの色</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::PlayBar</name>
+    <message>
+        <source>&amp;Play This Scene Here</source>
+        <translation>このシーンをここで演奏(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>演奏</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>演奏中</translation>
+    </message>
+    <message>
+        <source>Stop Playing</source>
+        <translation>演奏を終了</translation>
+    </message>
+    <message>
+        <source>The scene cannot be played: %1</source>
+        <translation>シーンを演奏できません: %1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
+        <translation>A と W からの段: 鍵盤、オクターブ %1 (Z、X)   1–8: パッド   ベロシティ %2 (C、V)   - と ^: フォーカスのあるノブやスライダーを回す</translation>
+    </message>
+    <message>
+        <source>Playing scene %1: connect a program to the port %2</source>
+        <translation>シーン %1 を演奏中: プログラムをポート %2 に接続してください</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 into %3, through the port %2</source>
+        <translation>シーン %1 をポート %2 経由で %3 へ演奏中</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 as the virtual controller holds it</source>
+        <translation>仮想コントローラーにあるシーン %1 を演奏中</translation>
     </message>
 </context>
 <context>
@@ -1647,6 +1704,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Sequencer</name>
+    <message>
+        <source>there is no sequencer of ALSA&apos;s on this system ({}); as root, modprobe snd-seq loads it</source>
+        <translation>このシステムには ALSA のシーケンサーがありません ({})。root で modprobe snd-seq を実行すると読み込まれます</translation>
+    </message>
+    <message>
+        <source>you have no permission to use {}; sit at the machine, or be a member of the group audio</source>
+        <translation>{} を使う権限がありません。このマシンに直接ログインするか、グループ audio に加わってください</translation>
+    </message>
+    <message>
+        <source>cannot use ALSA&apos;s sequencer ({}): {}</source>
+        <translation>ALSA のシーケンサー ({}) を使えません: {}</translation>
+    </message>
+    <message>
+        <source>another program has the MIDI port {}:{} for itself; end that program first</source>
+        <translation>別のプログラムが MIDI ポート {}:{} を占有しています。先にそのプログラムを終了してください</translation>
+    </message>
+    <message>
+        <source>cannot connect {}:{} to {}:{}: {}</source>
+        <translation>{}:{} を {}:{} に接続できません: {}</translation>
+    </message>
+    <message>
+        <source>what is played does not reach a program that is connected: {}</source>
+        <translation>演奏した内容が接続中のプログラムに届きません: {}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -1817,6 +1901,77 @@
     <message>
         <source>skipped</source>
         <translation>スキップ</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TryStrip</name>
+    <message>
+        <source>Try It</source>
+        <translation>試す</translation>
+    </message>
+    <message>
+        <source>Try &amp;It</source>
+        <translation>試す(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>スキップ</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>結果をコピー</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>What was tried</source>
+        <translation>試した内容</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>コントロール</translation>
+    </message>
+    <message>
+        <source>Expected</source>
+        <translation>期待値</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>結果</translation>
+    </message>
+    <message>
+        <source>It is not known yet what the keyboard holds. Send or read the scenes first, and then try them</source>
+        <translation>キーボードの内容がまだわかりません。先にシーンを送信するか読み込んでから試してください</translation>
+    </message>
+    <message>
+        <source>Choose scene %1 on the keyboard.</source>
+        <translation>キーボードでシーン %1 を選んでください。</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2。</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>%1 Scene %2: %3</source>
+        <translation>%1 シーン %2: %3</translation>
+    </message>
+    <message>
+        <source>Touch %1. %2</source>
+        <translation>%1 に触れてください。%2</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>シーン %1: %2</translation>
     </message>
 </context>
 <context>

@@ -890,6 +890,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardInput</name>
+    <message>
+        <source>The keyboard&apos;s port cannot be listened to: %1</source>
+        <translation>无法监听键盘端口：%1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardWatch</name>
     <message>
         <source>Keyboard</source>
@@ -914,6 +921,21 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>键盘已连接</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Listening</name>
+    <message>
+        <source>more came than could be taken at once, and some of it is lost</source>
+        <translation>一次到来的内容过多，部分已丢失</translation>
+    </message>
+    <message>
+        <source>no MIDI port of a keyboard of the list is there; waiting for one</source>
+        <translation>没有列表中键盘的 MIDI 端口；正在等待</translation>
+    </message>
+    <message>
+        <source>listening to {}</source>
+        <translation>正在监听 {}</translation>
     </message>
 </context>
 <context>
@@ -1247,10 +1269,6 @@
         <source>no control of the scenes</source>
         <translation>场景中没有对应控件</translation>
     </message>
-    <message>
-        <source>The keyboard&apos;s port cannot be listened to: %1</source>
-        <translation>无法监听键盘端口：%1</translation>
-    </message>
 </context>
 <context>
     <name>scenewright::NoticeBar</name>
@@ -1446,6 +1464,45 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>打击垫颜色</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::PlayBar</name>
+    <message>
+        <source>&amp;Play This Scene Here</source>
+        <translation>在此演奏当前场景(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>演奏</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>演奏</translation>
+    </message>
+    <message>
+        <source>Stop Playing</source>
+        <translation>停止演奏</translation>
+    </message>
+    <message>
+        <source>The scene cannot be played: %1</source>
+        <translation>无法演奏该场景：%1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
+        <translation>A 行和 W 行：琴键，八度 %1（Z、X）   1–8：打击垫   力度 %2（C、V）   - 和 =：转动有焦点的旋钮或推子</translation>
+    </message>
+    <message>
+        <source>Playing scene %1: connect a program to the port %2</source>
+        <translation>正在演奏场景 %1：请将程序连接到端口 %2</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 into %3, through the port %2</source>
+        <translation>正在通过端口 %2 将场景 %1 演奏到 %3</translation>
+    </message>
+    <message>
+        <source>Playing scene %1 as the virtual controller holds it</source>
+        <translation>正在演奏虚拟控制器中的场景 %1</translation>
     </message>
 </context>
 <context>
@@ -1647,6 +1704,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Sequencer</name>
+    <message>
+        <source>there is no sequencer of ALSA&apos;s on this system ({}); as root, modprobe snd-seq loads it</source>
+        <translation>此系统上没有 ALSA 音序器（{}）；以 root 身份运行 modprobe snd-seq 可加载它</translation>
+    </message>
+    <message>
+        <source>you have no permission to use {}; sit at the machine, or be a member of the group audio</source>
+        <translation>您没有使用 {} 的权限；请在本机登录，或加入 audio 组</translation>
+    </message>
+    <message>
+        <source>cannot use ALSA&apos;s sequencer ({}): {}</source>
+        <translation>无法使用 ALSA 音序器（{}）：{}</translation>
+    </message>
+    <message>
+        <source>another program has the MIDI port {}:{} for itself; end that program first</source>
+        <translation>另一个程序独占了 MIDI 端口 {}:{}；请先结束该程序</translation>
+    </message>
+    <message>
+        <source>cannot connect {}:{} to {}:{}: {}</source>
+        <translation>无法将 {}:{} 连接到 {}:{}：{}</translation>
+    </message>
+    <message>
+        <source>what is played does not reach a program that is connected: {}</source>
+        <translation>演奏的内容无法到达已连接的程序：{}</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Setting</name>
     <message>
         <source>Global MIDI channel</source>
@@ -1817,6 +1901,77 @@
     <message>
         <source>skipped</source>
         <translation>已跳过</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::TryStrip</name>
+    <message>
+        <source>Try It</source>
+        <translation>试用</translation>
+    </message>
+    <message>
+        <source>Try &amp;It</source>
+        <translation>试用(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>跳过</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>复制报告</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>结束</translation>
+    </message>
+    <message>
+        <source>What was tried</source>
+        <translation>试用结果</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>控件</translation>
+    </message>
+    <message>
+        <source>Expected</source>
+        <translation>预期</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>It is not known yet what the keyboard holds. Send or read the scenes first, and then try them</source>
+        <translation>尚不清楚键盘中的内容。请先发送或读取场景，然后再试用</translation>
+    </message>
+    <message>
+        <source>Choose scene %1 on the keyboard.</source>
+        <translation>请在键盘上选择场景 %1。</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1：%2。</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>%1 Scene %2: %3</source>
+        <translation>%1 场景 %2：%3</translation>
+    </message>
+    <message>
+        <source>Touch %1. %2</source>
+        <translation>请触碰%1。%2</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>场景 %1：%2</translation>
     </message>
 </context>
 <context>

@@ -24,11 +24,12 @@ LETTERS = {
 MENUS = [
     LETTERS["fesdvhw"],
     ["&Open Bank...", "&Save Bank", "Save Bank &As...", "&Recent", "Open S&cene Into This One...",
-     "Save &This Scene...", "&Earlier Scenes", "&Quit"],
+     "Save &This Scene...", "&Play This Scene Here", "&Earlier Scenes", "&Quit"],
     ["&Undo", "Re&do", "&Copy Control", "&Paste Control", "&Reset Control"],
     ["&Rename...", "&Copy To", "S&wap With", "R&eset Scene"],
     ["&Name", "&Rename", "&Cancel"],
-    ["&Read Scenes", "&Send Scenes", "&Compare With Device", "Send And &Verify"],
+    ["&Read Scenes", "&Send Scenes", "&Compare With Device", "Send And &Verify",
+     "Read the Keyboard &Before a Send", "Try &It"],
     ["As the &System", "&Light", "&Dark"],
     ["De&fault", "&Apply", "&OK"],
 ]

@@ -1,0 +1,95 @@
+// The window as a keyboard: while it plays, the picture's controls and the computer's keys send
+// what the scene makes them send, and a bar below the picture says where to.
+#pragma once
+
+#include "app/ScenePlayer.h"
+#include "editor/qt/MainWindow.h"
+#include "editor/qt/NoticeBar.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QSocketNotifier>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace scenewright {
+
+// What is played into, and the scenes that are played.
+class PlayOutput {
+public:
+    PlayOutput() = default;
+    PlayOutput(const PlayOutput&) = delete;
+    PlayOutput& operator=(const PlayOutput&) = delete;
+    PlayOutput(PlayOutput&&) = delete;
+    PlayOutput& operator=(PlayOutput&&) = delete;
+    virtual ~PlayOutput() = default;
+
+    // As they are now.
+    [[nodiscard]] virtual BankImage bank() = 0;
+    // The error is one sentence.
+    virtual Result<void> send(const MidiMessage& message) = 0;
+    // "Playing scene 2 into ...".
+    [[nodiscard]] virtual QString sentence(std::int32_t scene) const = 0;
+    // To be waited on for reading, and then process() called; -1 where nothing is to be awaited.
+    [[nodiscard]] virtual int descriptor() const { return -1; }
+    // Whether what sounds is to end, because who heard its beginning has gone.
+    virtual bool process() { return false; }
+};
+
+// Main thread only. The window outlives it, though it is its parent.
+class PlayBar final : public QFrame {
+    Q_OBJECT
+
+public:
+    using Open = std::function<Result<std::unique_ptr<PlayOutput>>()>;
+
+    explicit PlayBar(MainWindow& window);
+    ~PlayBar() override;
+    PlayBar(const PlayBar&) = delete;
+    PlayBar& operator=(const PlayBar&) = delete;
+    PlayBar(PlayBar&&) = delete;
+    PlayBar& operator=(PlayBar&&) = delete;
+
+    // One more output. The action starts and stops playing into it; it is a child of the bar.
+    [[nodiscard]] QAction& add(const QString& title, Open open);
+
+protected:
+    // Of the program while it plays.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void layOut();
+    void start(QAction& action, const Open& open);
+    void stop();
+    void setPicturePlays(bool plays);
+    void follow();
+    void process();
+    void releaseAll();
+    void play(PlayOrder::Kind kind, std::int32_t control, int value = 0);
+    void turn(std::int32_t control, qreal share);
+    void send(const MidiMessage& message);
+    [[nodiscard]] bool takesKeys(const QObject* watched) const;
+    void press(const QKeyEvent& event);
+    [[nodiscard]] bool release(const QKeyEvent& event);
+    void showState();
+
+    MainWindow& window_;
+    std::unique_ptr<PlayOutput> output_; // both null while it does not play
+    std::unique_ptr<ScenePlayer> player_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+    QAction* action_ = nullptr; // what it was started by
+    std::int32_t scene_ = 0;
+    std::int32_t octave_ = 0;
+    int velocity_ = 100;
+    std::map<std::uint32_t, std::int32_t> held_; // computer keys, and the controls that they play
+    // Children; null before it has played.
+    SpokenText* where_ = nullptr;
+    SpokenText* keys_ = nullptr;
+    NoticeText* last_ = nullptr;
+};
+
+} // namespace scenewright

@@ -1,0 +1,238 @@
+#include "editor/qt/PlayBar.h"
+
+#include "app/DeviceSession.h"
+#include "editor/qt/PlayOutputs.h"
+#include "editor/qt/QtHelpers.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+#include "tests/sequencer/ScriptedSequencer.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+
+namespace scenewright::testing {
+
+void PrintTo(const MidiMessage& message, std::ostream* stream) {
+    *stream << messageText(message, nullptr);
+}
+
+namespace {
+
+using Messages = std::vector<MidiMessage>;
+
+constexpr PortAddress kSynth{128, 0};
+constexpr std::int32_t kKnob = 5;
+constexpr std::int32_t kKey = 21;
+// What the first pads, the first keys and the first knob of the default scenes send.
+constexpr std::uint8_t kPadNote = 36;
+constexpr std::uint8_t kKeyNote = 48;
+constexpr std::uint8_t kKnobController = 74;
+
+class PlayBarTest : public CommandsBench {
+protected:
+    PlayBarTest() {
+        open();
+        ports->add(kSynth, "Synth", "In");
+        bar_ = std::make_unique<PlayBar>(window());
+        action_ = &bar_->add("Play", [this] {
+            return openPlayPort([this]() -> Result<std::unique_ptr<Sequencer>> {
+                if (!error.empty())
+                    return failure(error);
+                return std::make_unique<ScriptedSequencer>(ports);
+            });
+        });
+        window().show();
+    }
+
+    QAction& action() { return *action_; }
+    PlayBar& bar() { return *bar_; }
+    ControlButton& button(std::int32_t control) { return *window().picture().button(control); }
+    QWidget* keyboard() { return QApplication::focusWidget(); }
+    Messages sent() { return std::exchange(ports->sent, {}); }
+
+    std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
+    std::string error;
+
+private:
+    std::unique_ptr<PlayBar> bar_;
+    QAction* action_ = nullptr; // child of the bar
+};
+
+TEST_F(PlayBarTest, AClickPlaysInsteadOfChoosing) {
+    choose(kKnob);
+    const BankImage before = storedImage();
+    action().setChecked(true);
+    EXPECT_TRUE(bar().isVisible());
+    QTest::mousePress(&button(kPad), Qt::LeftButton);
+    EXPECT_TRUE(button(kPad).isPlayed());
+    EXPECT_EQ(sent(), (Messages{{0x99, kPadNote, 100}}));
+    QTest::mouseRelease(&button(kPad), Qt::LeftButton);
+    EXPECT_FALSE(button(kPad).isPlayed());
+    EXPECT_EQ(sent(), (Messages{{0x89, kPadNote, 0}}));
+    EXPECT_EQ(window().view().selectControl(), kKnob);
+    EXPECT_EQ(storedImage(), before);
+    action().setChecked(false);
+    EXPECT_FALSE(bar().isVisible());
+    choose(kPad);
+    EXPECT_EQ(window().view().selectControl(), kPad);
+    EXPECT_EQ(sent(), Messages());
+}
+
+struct Played {
+    int key;
+    std::uint32_t place; // 0 where the system tells none
+    MidiMessage message;
+};
+
+TEST_F(PlayBarTest, RowsOfTheComputersKeysPlay) {
+    action().setChecked(true);
+    constexpr std::array kPlayed{
+        Played{Qt::Key_A, 0, {0x90, kKeyNote, 100}},
+        Played{Qt::Key_W, 0, {0x90, kKeyNote + 1, 100}},
+        Played{Qt::Key_Apostrophe, 0, {0x90, kKeyNote + 17, 100}},
+        Played{Qt::Key_Q, 38, {0x90, kKeyNote, 100}}, // where the layout has another letter
+        Played{Qt::Key_Y, 52, {}},                    // an octave up and down
+        Played{Qt::Key_X, 0, {}},
+        Played{Qt::Key_A, 0, {0x90, kKeyNote + 12, 100}},
+        Played{Qt::Key_K, 0, {0x90, kKeyNote + 24, 100}},
+        Played{Qt::Key_O, 0, {}}, // above the last key
+        Played{Qt::Key_Z, 0, {}},
+        Played{Qt::Key_A, 0, {0x90, kKeyNote, 100}},
+        Played{Qt::Key_1, 0, {0x99, kPadNote, 100}},
+        Played{Qt::Key_8, 0, {0x99, kPadNote + 7, 100}},
+        Played{Qt::Key_C, 0, {}},
+        Played{Qt::Key_1, 0, {0x99, kPadNote, 80}},
+        Played{Qt::Key_V, 0, {}},
+        Played{Qt::Key_V, 0, {}},
+        Played{Qt::Key_V, 0, {}},
+        Played{Qt::Key_1, 0, {0x99, kPadNote, 127}},
+    };
+    for (const Played& row : kPlayed) {
+        QKeyEvent press(QEvent::KeyPress, row.key, Qt::NoModifier, row.place, 0, 0);
+        QKeyEvent again(QEvent::KeyPress, row.key, Qt::NoModifier, row.place, 0, 0, {}, true);
+        QKeyEvent release(QEvent::KeyRelease, row.key, Qt::NoModifier, row.place, 0, 0);
+        QApplication::sendEvent(keyboard(), &press);
+        if (row.message != MidiMessage{})
+            QApplication::sendEvent(keyboard(), &again);
+        QApplication::sendEvent(keyboard(), &release);
+        const MidiMessage& on = row.message;
+        const Messages expected =
+            on == MidiMessage{}
+                ? Messages{}
+                : Messages{on, {static_cast<std::uint8_t>(on.status - 0x10), on.first, 0}};
+        EXPECT_EQ(sent(), expected) << row.key << " " << row.place;
+    }
+}
+
+TEST_F(PlayBarTest, KnobsTurnByTheWheelByDraggingAndByKeys) {
+    action().setChecked(true);
+    const QPoint middle = button(kKnob).rect().center();
+    QTest::mousePress(&button(kKnob), Qt::LeftButton, {}, middle);
+    QTest::mouseMove(&button(kKnob), middle - QPoint(0, 80)); // half of the whole drag
+    QTest::mouseRelease(&button(kKnob), Qt::LeftButton, {}, middle - QPoint(0, 80));
+    EXPECT_EQ(sent(), (Messages{{0xB0, kKnobController, 64}}));
+    EXPECT_EQ(button(kKnob).travel(), 0.5);
+    QWheelEvent wheel(middle, button(kKnob).mapToGlobal(QPointF(middle)), {}, {0, -120 * 32}, {},
+                      {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&button(kKnob), &wheel);
+    EXPECT_EQ(sent(), (Messages{{0xB0, kKnobController, 0}}));
+    QTest::keyClick(keyboard(), Qt::Key_Equal);
+    QTest::keyClick(keyboard(), Qt::Key_Equal);
+    QTest::keyClick(keyboard(), Qt::Key_Minus);
+    EXPECT_EQ(sent(), (Messages{{0xB0, kKnobController, 4},
+                                {0xB0, kKnobController, 8},
+                                {0xB0, kKnobController, 4}}));
+    EXPECT_EQ(window().view().selectControl(), 0);
+}
+
+TEST_F(PlayBarTest, WhatSoundsEndsWithEverythingThatEndsOrInterruptsThePlaying) {
+    ports->link({.from = ScriptedSequencer::kOwnPort, .to = kSynth});
+    const std::array<std::pair<const char*, std::function<void()>>, 7> endings{{
+        {"another scene", [this] { window().scenes().segment(1).click(); }},
+        {"a list of values", [this] { window().displayModes().setFocus(); }},
+        {"another window",
+         [this] {
+             QEvent event(QEvent::WindowDeactivate);
+             QApplication::sendEvent(&window(), &event);
+         }},
+        {"a read", [this] { window().commands().read(); }},
+        {"Escape", [this] { QTest::keyClick(keyboard(), Qt::Key_Escape); }},
+        {"the action", [this] { action().setChecked(false); }},
+        {"its button", [this] { bar().findChild<QPushButton*>()->click(); }},
+    }};
+    for (const auto& [name, ending] : endings) {
+        action().setChecked(true);
+        window().picture().takeKeyboard();
+        QTest::keyPress(keyboard(), Qt::Key_A);
+        EXPECT_EQ(sent(), (Messages{{0x90, kKeyNote, 100}})) << name;
+        ending();
+        EXPECT_EQ(sent(), (Messages{{0x80, kKeyNote, 0}})) << name;
+        QTest::keyRelease(&window(), Qt::Key_A);
+        EXPECT_EQ(sent(), Messages()) << name;
+    }
+    EXPECT_FALSE(action().isChecked());
+    EXPECT_FALSE(bar().isVisible());
+}
+
+TEST_F(PlayBarTest, AKeyThatIsLetGoOfOverAMenuEndsItsNote) {
+    action().setChecked(true);
+    QTest::keyPress(keyboard(), Qt::Key_A);
+    QMenu menu(&window());
+    menu.popup({});
+    QTest::keyRelease(&menu, Qt::Key_A);
+    EXPECT_EQ(sent(), (Messages{{0x90, kKeyNote, 100}, {0x80, kKeyNote, 0}}));
+    QTest::keyClick(&menu, Qt::Key_1);
+    EXPECT_EQ(sent(), Messages());
+}
+
+TEST_F(PlayBarTest, WhatIsTypedIntoAFieldIsNotPlayed) {
+    action().setChecked(true);
+    QLineEdit field(&window());
+    field.show();
+    field.setFocus();
+    QTest::keyClicks(&field, "as1");
+    EXPECT_EQ(field.text(), "as1");
+    EXPECT_EQ(sent(), Messages());
+}
+
+TEST_F(PlayBarTest, TheBarSaysWhoHearsIt) {
+    action().setChecked(true);
+    const auto* told = bar().findChild<SpokenText*>();
+    EXPECT_EQ(told->text(), "Playing scene 1: connect a program to the port Scenewright (200:0)");
+    action().setChecked(false);
+    ports->link({.from = ScriptedSequencer::kOwnPort, .to = kSynth});
+    action().setChecked(true);
+    EXPECT_EQ(told->text(), "Playing scene 1 into Synth, through the port Scenewright (200:0)");
+    window().scenes().segment(2).click();
+    EXPECT_EQ(told->accessibleName(),
+              "Playing scene 3 into Synth, through the port Scenewright (200:0)");
+}
+
+TEST_F(PlayBarTest, WithoutASequencerOneSentenceIsTold) {
+    error = "there is no sequencer";
+    action().setChecked(true);
+    EXPECT_EQ(notice(), "The scene cannot be played: there is no sequencer");
+    EXPECT_FALSE(action().isChecked());
+    EXPECT_FALSE(bar().isVisible());
+}
+
+TEST_F(PlayBarTest, TheVirtualControllerPlaysWhatItHoldsAndTheMonitorHearsIt) {
+    commands().useVirtual();
+    commands().monitor().action().setChecked(true);
+    record(kPad).setCCOrNoteNumber(99); // in the window alone
+    window().menu().view().actions().back()->setChecked(true);
+    QTest::mouseClick(&button(kPad), Qt::LeftButton);
+    MonitorLines& lines = commands().monitor().lines();
+    ASSERT_TRUE(waitUntil([&] { return lines.rowCount() == 2; }));
+    EXPECT_EQ(lines.index(0, MonitorLines::Words).data().toString(),
+              "Note on C2, ch 10, velocity 100");
+}
+
+} // namespace
+
+} // namespace scenewright::testing
