@@ -114,14 +114,9 @@ std::thread sendWhileReading(const Bus& bus, int signal) {
     });
 }
 
-struct ProgramEnd {
-    int status = 0;
-    std::string letters;
-};
-
 // Runs `program` in a process of its own; it is given where its letters go and returns its exit
-// status.
-ProgramEnd runProgram(const std::function<int(int letters)>& program) {
+// status. What was told, in order: "XR, signal 15" or "XR, exit 3".
+std::string endOf(const std::function<int(int letters)>& program) {
     std::array<int, 2> ends{};
     EXPECT_EQ(pipe(ends.data()), 0);
     const pid_t child = fork();
@@ -132,71 +127,73 @@ ProgramEnd runProgram(const std::function<int(int letters)>& program) {
         _exit(program(ends[1]));
     }
     close(ends[1]);
-    ProgramEnd ending;
+    std::string told;
     for (char letter = 0; read(ends[0], &letter, 1) == 1;)
-        ending.letters += letter;
+        told += letter;
     close(ends[0]);
-    waitpid(child, &ending.status, 0);
-    return ending;
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFSIGNALED(status) ? told + ", signal " + std::to_string(WTERMSIG(status))
+                               : told + ", exit " + std::to_string(WEXITSTATUS(status));
 }
 
-class ShutdownBySignal : public ::testing::TestWithParam<int> {};
+// The same for a program with an object of the class and an open interface.
+using Work = std::function<int(Shutdown& shutdown, const std::shared_ptr<Bus>& bus)>;
+
+std::string endWithBus(const Work& work, ShutdownLimits limits = {}) {
+    return endOf([&](int letters) {
+        Shutdown shutdown(limits);
+        return work(shutdown, takeBus(letters));
+    });
+}
+
+[[noreturn]] void pauseForEver() {
+    for (;;)
+        pause();
+}
+
+class ShutdownBySignal : public ::testing::TestWithParam<int> {
+protected:
+    const std::string bySignal = ", signal " + std::to_string(GetParam());
+};
 
 TEST_P(ShutdownBySignal, EndsAReadGivesTheInterfaceUpAndEndsByTheSignal) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        const Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        const std::thread sender = sendWhileReading(*bus, GetParam());
-        for (;;) // a transaction that goes on whatever its reads say
-            readOnce();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus([](Shutdown&, const auto& bus) {
+                  const std::thread sender = sendWhileReading(*bus, GetParam());
+                  for (;;) // a transaction that goes on whatever its reads say
+                      readOnce();
+                  return 0;
+              }),
+              "XR" + bySignal);
 }
 
 TEST_P(ShutdownBySignal, GivesUpAnInterfaceThatIsIdle) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        const Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        kill(getpid(), GetParam());
-        for (;;)
-            pause();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus([](Shutdown&, const auto&) -> int {
+                  kill(getpid(), GetParam());
+                  pauseForEver();
+              }),
+              "XR" + bySignal);
 }
 
 TEST_P(ShutdownBySignal, StaysIgnoredWhenItWasIgnoredAtTheStart) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        std::signal(GetParam(), SIG_IGN);
-        const Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        kill(getpid(), GetParam());
-        return 7;
-    });
-    ASSERT_TRUE(WIFEXITED(ending.status));
-    EXPECT_EQ(WEXITSTATUS(ending.status), 7);
-    EXPECT_EQ(ending.letters, "XR"); // at the normal end
+    EXPECT_EQ(endOf([](int letters) {
+                  std::signal(GetParam(), SIG_IGN);
+                  const Shutdown shutdown;
+                  const auto bus = takeBus(letters);
+                  kill(getpid(), GetParam());
+                  return 7;
+              }),
+              "XR, exit 7"); // at the normal end
 }
 
 TEST_P(ShutdownBySignal, DoesTheLastWorkFirstAndTheWorkAfterTheReleaseLast) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        shutdown.setLastWork([bus] { bus->tell('W'); });
-        shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
-        kill(getpid(), GetParam());
-        for (;;)
-            pause();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), GetParam());
-    EXPECT_EQ(ending.letters, "WXRA");
+    EXPECT_EQ(endWithBus([](Shutdown& shutdown, const auto& bus) -> int {
+                  shutdown.setLastWork([bus] { bus->tell('W'); });
+                  shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
+                  kill(getpid(), GetParam());
+                  pauseForEver();
+              }),
+              "WXRA" + bySignal);
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, ShutdownBySignal, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
@@ -242,72 +239,51 @@ TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
 }
 
 TEST(Shutdown, LastWorkThatDoesNotEndIsLeftBehind) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        Shutdown shutdown({.work = std::chrono::milliseconds(10)});
-        const auto bus = takeBus(letters);
-        shutdown.setLastWork([] {
-            for (;;)
-                pause();
-        });
-        kill(getpid(), SIGTERM);
-        for (;;)
-            pause();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus(
+                  [](Shutdown& shutdown, const auto&) -> int {
+                      shutdown.setLastWork(pauseForEver);
+                      kill(getpid(), SIGTERM);
+                      pauseForEver();
+                  },
+                  {.work = std::chrono::milliseconds(10)}),
+              "XR, signal 15");
 }
 
-TEST(Shutdown, ANormalEndDoesNoLastWork) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        shutdown.setLastWork([bus] { bus->tell('W'); });
-        shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
-        return 0;
-    });
-    EXPECT_EQ(ending.letters, "XR");
-}
-
-TEST(Shutdown, ANormalEndGivesTheInterfaceUp) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        const Shutdown shutdown;
-        takeBus(letters);
-        return 3;
-    });
-    ASSERT_TRUE(WIFEXITED(ending.status));
-    EXPECT_EQ(WEXITSTATUS(ending.status), 3);
-    EXPECT_EQ(ending.letters, "XR");
+TEST(Shutdown, ANormalEndGivesTheInterfaceUpAndDoesNoLastWork) {
+    EXPECT_EQ(endWithBus([](Shutdown& shutdown, const auto& bus) {
+                  shutdown.setLastWork([bus] { bus->tell('W'); });
+                  shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
+                  return 3;
+              }),
+              "XR, exit 3");
 }
 
 TEST(Shutdown, SignalsWorkAsUsualAfterANormalEnd) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        {
-            const Shutdown shutdown;
-            takeBus(letters);
-        }
-        kill(getpid(), SIGTERM);
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
+    EXPECT_EQ(endOf([](int letters) {
+                  {
+                      const Shutdown shutdown;
+                      takeBus(letters);
+                  }
+                  kill(getpid(), SIGTERM);
+                  return 0;
+              }),
+              "XR, signal 15");
 }
 
 // A limit that has passed already.
 constexpr std::chrono::milliseconds kSoon{0};
 
 TEST(Shutdown, ABusThatDoesNotLetGoIsLeftAfterAWhile) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        const Shutdown shutdown({.bus = kSoon});
-        const auto bus = takeBus(letters);
-        bus->closeEndsReads = false;
-        const std::thread sender = sendWhileReading(*bus, SIGTERM);
-        readOnce();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
-    EXPECT_EQ(ending.letters.find('R'), std::string::npos);
+    const std::string end = endWithBus(
+        [](Shutdown&, const auto& bus) {
+            bus->closeEndsReads = false;
+            const std::thread sender = sendWhileReading(*bus, SIGTERM);
+            readOnce();
+            return 0;
+        },
+        {.bus = kSoon});
+    EXPECT_TRUE(end.ends_with(", signal 15")) << end;
+    EXPECT_EQ(end.find('R'), std::string::npos) << end;
 }
 
 // The time in which a program that did not wait would long have ended.
@@ -315,56 +291,43 @@ constexpr std::chrono::milliseconds kLongEnough{50};
 
 TEST(Shutdown, AFileThatIsBeingPutInItsPlaceIsWaitedFor) {
     const testing::TempFolder folder;
-    const ProgramEnd ending = runProgram([&](int letters) {
-        const Shutdown shutdown;
-        const auto bus = takeBus(letters);
-        beforeRename() = [&] {
-            kill(getpid(), SIGTERM);
-            while (!bus->isReleased)
-                std::this_thread::yield();
-            std::this_thread::sleep_for(kLongEnough);
-        };
-        static_cast<void>(replaceFile(folder.file("a.bank"), {}));
-        for (;;)
-            pause();
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus([&](Shutdown&, const auto& bus) -> int {
+                  beforeRename() = [bus] {
+                      kill(getpid(), SIGTERM);
+                      while (!bus->isReleased)
+                          std::this_thread::yield();
+                      std::this_thread::sleep_for(kLongEnough);
+                  };
+                  static_cast<void>(replaceFile(folder.file("a.bank"), {}));
+                  pauseForEver();
+              }),
+              "XR, signal 15");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.bank"});
 }
 
 TEST(Shutdown, AFileThatDoesNotGetToItsPlaceIsLeftAfterAWhile) {
     const testing::TempFolder folder;
-    const ProgramEnd ending = runProgram([&](int letters) {
-        const Shutdown shutdown({.file = kSoon});
-        const auto bus = takeBus(letters);
-        beforeRename() = [] {
-            kill(getpid(), SIGTERM);
-            for (;;)
-                pause();
-        };
-        static_cast<void>(replaceFile(folder.file("a.bank"), {}));
-        return 0;
-    });
-    ASSERT_TRUE(WIFSIGNALED(ending.status));
-    EXPECT_EQ(WTERMSIG(ending.status), SIGTERM);
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus(
+                  [&](Shutdown&, const auto&) {
+                      beforeRename() = [] {
+                          kill(getpid(), SIGTERM);
+                          pauseForEver();
+                      };
+                      static_cast<void>(replaceFile(folder.file("a.bank"), {}));
+                      return 0;
+                  },
+                  {.file = kSoon}),
+              "XR, signal 15");
 }
 
 TEST(Shutdown, AReaderThatLeavesThePipeDoesNotEndTheProgram) {
-    const ProgramEnd ending = runProgram([](int letters) {
-        const Shutdown shutdown;
-        takeBus(letters);
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe(ends.data()), 0);
-        close(ends[0]);
-        return write(ends[1], "x", 1) == -1 && errno == EPIPE ? 5 : 6;
-    });
-    ASSERT_TRUE(WIFEXITED(ending.status));
-    EXPECT_EQ(WEXITSTATUS(ending.status), 5);
-    EXPECT_EQ(ending.letters, "XR");
+    EXPECT_EQ(endWithBus([](Shutdown&, const auto&) {
+                  std::array<int, 2> ends{};
+                  EXPECT_EQ(pipe(ends.data()), 0);
+                  close(ends[0]);
+                  return write(ends[1], "x", 1) == -1 && errno == EPIPE ? 5 : 6;
+              }),
+              "XR, exit 5");
 }
 
 } // namespace
