@@ -2,48 +2,22 @@
 
 #include "app/DeviceSession.h"
 #include "bank/BankFile.h"
-#include "platform/MainQueue.h"
-#include "protocol/Transactions.h"
-#include "usb/Transport.h"
-#include "virtual/VirtualHost.h"
+#include "tests/app/KeyboardBench.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
 #include <tuple>
-#include <utility>
 
 namespace scenewright {
 
 namespace {
 
 using End = Outcome::End;
+using testing::filled;
 
-BankImage filled(std::uint8_t byte) {
-    BankImage image{};
-    image.fill(byte);
-    return image;
-}
-
-class KnownKeyboardTest : public ::testing::Test {
+class KnownKeyboardTest : public testing::KeyboardBench {
 protected:
-    void SetUp() override {
-        WindowAction::getSceneValue();
-        KnownKeyboard::setNaming([] { return std::string("Keys"); });
-    }
-    void TearDown() override {
-        SendJob::waitForEnd();
-        SendJob::join();
-        Transport::instance().use(nullptr);
-        KnownKeyboard::forget();
-        KnownKeyboard::setNaming({});
-    }
-    static void plugIn(const BankImage& image, FaultPlan faults = {}) {
-        Transport::instance().use(
-            makeVirtualHost(std::make_shared<VirtualController>(image, std::move(faults))),
-            [](std::chrono::nanoseconds) {});
-    }
+    KnownKeyboardTest() { WindowAction::getSceneValue(); }
     static void send() {
         DeviceSession::send({});
         SendJob::waitForEnd();
@@ -104,7 +78,7 @@ TEST_F(KnownKeyboardTest, TransfersThatFailedLeaveNothingKnown) {
 TEST_F(KnownKeyboardTest, AKeyboardThatIsNotThereStillHoldsWhatItHeld) {
     plugIn(filled(5));
     DeviceSession::read({});
-    Transport::instance().use(nullptr);
+    unplug();
     send();
     EXPECT_EQ(KnownKeyboard::image(), filled(5));
 }

@@ -1,19 +1,15 @@
 #include "app/SafeSend.h"
 
 #include "app/DeviceSession.h"
-#include "app/KnownKeyboard.h"
 #include "bank/BankFile.h"
 #include "platform/MainQueue.h"
-#include "protocol/Transactions.h"
+#include "tests/app/KeyboardBench.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
-#include "virtual/VirtualHost.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -25,37 +21,15 @@ namespace {
 
 using Answer = SafeSend::Answer;
 using End = Outcome::End;
+using testing::filled;
 using Question = SafeSend::Question;
 using Questions = std::vector<Question>;
 
-BankImage filled(std::uint8_t byte) {
-    BankImage image{};
-    image.fill(byte);
-    return image;
-}
-
-class SafeSendTest : public ::testing::Test {
+class SafeSendTest : public testing::KeyboardBench {
 protected:
     SafeSendTest() {
-        KnownKeyboard::setNaming([] { return std::string("Keys"); });
         WindowAction::setScenes(readBankImage(filled(2)).value());
         plugIn(filled(1));
-    }
-    ~SafeSendTest() override {
-        SendJob::waitForEnd();
-        SendJob::join();
-        Transport::instance().use(nullptr);
-        KnownKeyboard::forget();
-        KnownKeyboard::setNaming({});
-    }
-
-    void plugIn(const BankImage& held, FaultPlan faults = {}) {
-        controller = std::make_shared<VirtualController>(held, std::move(faults));
-        Transport::instance().use(makeVirtualHost(controller), [](std::chrono::nanoseconds) {});
-    }
-    void unplug() {
-        controller.reset();
-        Transport::instance().use(nullptr);
     }
 
     // Sends, and waits for the end; a question gets the answer.
@@ -83,7 +57,6 @@ protected:
     testing::TempFolder folder;
     SendStores stores{.earlier = EarlierScenes(folder.path() / "backups"),
                       .journal = SendJournal(folder.path() / "sends")};
-    std::shared_ptr<VirtualController> controller;
     Questions asked;
 };
 

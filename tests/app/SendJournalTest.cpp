@@ -1,5 +1,6 @@
 #include "app/SendJournal.h"
 
+#include "tests/app/KeyboardBench.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -18,12 +19,7 @@ namespace scenewright {
 namespace {
 
 using End = Outcome::End;
-
-BankImage filled(std::uint8_t byte) {
-    BankImage image{};
-    image.fill(byte);
-    return image;
-}
+using testing::filled;
 
 SendJournal::Send sendOf(std::uint8_t byte, std::int64_t seconds = 1769903998) {
     return {.sent = filled(byte),
