@@ -38,7 +38,7 @@ Result<BankFileStore> keeperFor(const fs::path& file, BankFormat form, bool need
     if (form != BankFormat::Json)
         return BankFileStore(file);
     if (!needsLists)
-        return BankFileStore(file, jsonStore(WindowAction::InitializePopUp()));
+        return BankFileStore(file, jsonStore(loadPopUpValue()));
     return readPopUpValue().map([&file](std::shared_ptr<PopUpValue> lists) {
         return BankFileStore(file, jsonStore(std::move(lists)));
     });

@@ -117,7 +117,7 @@ void WindowAction::GetDefaultValue() {
 }
 
 std::shared_ptr<PopUpValue> WindowAction::InitializePopUp() {
-    return loadPopUpValue();
+    return loadShownPopUpValue();
 }
 
 const SceneList& WindowAction::scenes() {

@@ -39,7 +39,7 @@ public:
     [[nodiscard]] static SceneList defaultScenes();
     // Keeps a spare default scene; nothing reads it.
     static void GetDefaultValue();
-    // The option lists, read anew from basic.plist.
+    // The option lists in the words of the window's language, read anew.
     [[nodiscard]] static std::shared_ptr<PopUpValue> InitializePopUp();
 
     // What the last command that has ended did; NotStarted before the first.

@@ -50,7 +50,7 @@ struct Row {
     std::int32_t mode = kAnyMode;
     std::uint8_t kinds = 0;
     ControlCondition when = ControlCondition::Always;
-    const char* format = "";
+    SourceText format{};
     const IndexField<ButtonValue>* field = nullptr;
     const OptionList* list = nullptr;
 };
@@ -59,39 +59,42 @@ using B = ButtonValue;
 using P = PopUpValue;
 using enum ControlCondition;
 
+constexpr SourceText kTitleAlone{"", "%s"}; // no words of ours
+
 // Off values are looked up in the on values' list and the reverse; keys are asked for `Enable`, not
 // for their assign type, in modes 3 and 4; knobs and sliders show `KeyBehavior` in mode 5. All
 // three are what the editor has always shown.
 // clang-format off
 constexpr auto kSummaryRows = std::to_array<Row>({
-    {kAnyMode, kGroups, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
-    {0, kPads, Assigned, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
-    {0, kTravel | kKeys, Always, "%s", &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
-    {1, kTravel, Always, "%s", &B::EnableField, &P::display_Enable_ArrayList},
-    {1, kAssigned, Controller, "CC"},
-    {1, kAssigned, Note, "Note"},
-    {2, kAssigned, Controller, "CC#\n%s", &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
-    {2, kAssigned, Note, "Note\n%s", &B::CCOrNoteNumberField, &P::display_NoteNumber_ArrayList},
-    {2, kTravel, Enabled, "CC#\n%s", &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
-    {3, kAllButGroups, Enabled, "L/L\n%s", &B::LowerOrLeftValueField, &P::display_LowerOrLeftValue_ArrayList},
-    {4, kAllButGroups, Enabled, "U/R\n%s", &B::UpperOrRightValueField, &P::display_UpperOrRightValue_ArrayList},
-    {5, kPads, Assigned, "%s", &B::PadBehaviorField, &P::display_PadBehavior_ArrayList},
-    {5, kKeys, Assigned, "%s", &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
-    {5, kTravel, Enabled, "%s", &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
-    {6, kAssigned, Controller, "OFF\n%s", &B::OffValueField, &P::display_OnValue_ArrayList},
-    {6, kTravel, Enabled, "OFF\n%s", &B::OffValueField, &P::display_OnValue_ArrayList},
-    {7, kAssigned, Controller, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
-    {7, kTravel, Enabled, "ON\n%s", &B::OnValueField, &P::display_OffValue_ArrayList},
+    {kAnyMode, kGroups, Always, kTitleAlone, &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {0, kPads, Assigned, kTitleAlone, &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {0, kTravel | kKeys, Always, kTitleAlone, &B::MIDIChannelField, &P::display_MIDIChannel_ArrayList},
+    {1, kTravel, Always, kTitleAlone, &B::EnableField, &P::display_Enable_ArrayList},
+    {1, kAssigned, Controller, sourceText("scenewright::Picture", "CC")},
+    {1, kAssigned, Note, sourceText("scenewright::Picture", "Note")},
+    {2, kAssigned, Controller, sourceText("scenewright::Picture", "CC#\n%s"), &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
+    {2, kAssigned, Note, sourceText("scenewright::Picture", "Note\n%s"), &B::CCOrNoteNumberField, &P::display_NoteNumber_ArrayList},
+    {2, kTravel, Enabled, sourceText("scenewright::Picture", "CC#\n%s"), &B::CCOrNoteNumberField, &P::display_CCNumber_ArrayList},
+    {3, kAllButGroups, Enabled, sourceText("scenewright::Picture", "L/L\n%s"), &B::LowerOrLeftValueField, &P::display_LowerOrLeftValue_ArrayList},
+    {4, kAllButGroups, Enabled, sourceText("scenewright::Picture", "U/R\n%s"), &B::UpperOrRightValueField, &P::display_UpperOrRightValue_ArrayList},
+    {5, kPads, Assigned, kTitleAlone, &B::PadBehaviorField, &P::display_PadBehavior_ArrayList},
+    {5, kKeys, Assigned, kTitleAlone, &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
+    {5, kTravel, Enabled, kTitleAlone, &B::KeyBehaviorField, &P::display_KeyBehavior_ArrayList},
+    {6, kAssigned, Controller, sourceText("scenewright::Picture", "OFF\n%s"), &B::OffValueField, &P::display_OnValue_ArrayList},
+    {6, kTravel, Enabled, sourceText("scenewright::Picture", "OFF\n%s"), &B::OffValueField, &P::display_OnValue_ArrayList},
+    {7, kAssigned, Controller, sourceText("scenewright::Picture", "ON\n%s"), &B::OnValueField, &P::display_OffValue_ArrayList},
+    {7, kTravel, Enabled, sourceText("scenewright::Picture", "ON\n%s"), &B::OnValueField, &P::display_OffValue_ArrayList},
 });
 // clang-format on
 
 constexpr const char* kNothing = "---";
 
 std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
+    const std::string format = translated(row.format);
     if (row.field == nullptr)
-        return row.format;
+        return format;
     const std::string* title = titleAt(row.list->of(lists), row.field->of(record));
-    return title == nullptr ? kNothing : fmt::sprintf(row.format, *title);
+    return title == nullptr ? kNothing : fmt::sprintf(format, *title);
 }
 
 // What is said of a setting; the phrases of a kind follow each other by their place.

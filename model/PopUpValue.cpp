@@ -78,16 +78,33 @@ const std::array<OptionList, kOptionListCount>& optionLists() {
 
 namespace {
 
-std::shared_ptr<PopUpValue> popUpValueOf(const PropertyValue& basic) {
+// The titles of `basic`, or those of `words` where it has as many.
+std::shared_ptr<PopUpValue> popUpValueOf(const PropertyValue& basic,
+                                         const PropertyValue& words = {}) {
     std::map<std::string_view, Titles> byKey;
     auto lists = std::make_shared<PopUpValue>();
     for (const OptionList& list : optionLists()) {
         const auto [entry, isNew] = byKey.try_emplace(list.key);
-        if (isNew)
+        if (isNew) {
             entry->second = titlesOf(basic[list.key]);
+            const Titles shown = titlesOf(words[list.key]);
+            if (shown && entry->second && shown->size() == entry->second->size())
+                entry->second = shown;
+        }
         list.set(*lists, entry->second);
     }
     return lists;
+}
+
+// The list file of the language, as far as it is not behind the user's own.
+PropertyValue wordsOfLanguage() {
+    // The name of the language's list file, as in basic_de
+    const std::string name = translated(sourceText("scenewright::Lists", "basic"));
+    const std::array<std::string_view, 2> names{name, "basic"};
+    const auto file = Resources::findFirst(names, "plist");
+    if (!file || file->stem() == names.back())
+        return {};
+    return readPropertyList(*file).value_or(PropertyValue());
 }
 
 // How many titles the settings of the keyboard need.
@@ -120,6 +137,10 @@ std::string fileName() {
 
 std::shared_ptr<PopUpValue> loadPopUpValue() {
     return popUpValueOf(Resources::load("basic"));
+}
+
+std::shared_ptr<PopUpValue> loadShownPopUpValue() {
+    return popUpValueOf(Resources::load("basic"), wordsOfLanguage());
 }
 
 Result<std::shared_ptr<PopUpValue>> readPopUpValue() {

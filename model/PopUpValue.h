@@ -123,8 +123,13 @@ inline constexpr std::size_t kOptionListCount = 47;
 // text keeps its position with an empty title.
 [[nodiscard]] std::shared_ptr<PopUpValue> loadPopUpValue();
 
-// The same, or one sentence that names the file: it cannot be read, or one of its lists has fewer
-// titles than the keyboard's settings need.
+// The same in the words of the person's language, for what a window shows: a list that the file of
+// the language has too, basic_de.plist for German, in the same length, has its titles. Where
+// basic.plist is found in an earlier folder than that file, it is the user's, and stays as it is.
+[[nodiscard]] std::shared_ptr<PopUpValue> loadShownPopUpValue();
+
+// As loadPopUpValue(), or one sentence that names the file: it cannot be read, or one of its lists
+// has fewer titles than the keyboard's settings need.
 [[nodiscard]] Result<std::shared_ptr<PopUpValue>> readPopUpValue();
 
 // The title at a position; null when the list is null or has no such position.

@@ -67,14 +67,15 @@ std::optional<fs::path> Resources::userFolder() {
 }
 
 std::optional<fs::path> Resources::find(std::string_view name, std::string_view type) {
-    fs::path fileName(name);
-    fileName += ".";
-    fileName += type;
-    for (const fs::path& folder : searchPath()) {
-        fs::path file = folder / fileName;
-        if (isThere(file))
-            return file;
-    }
+    return findFirst({&name, 1}, type);
+}
+
+std::optional<fs::path> Resources::findFirst(std::span<const std::string_view> names,
+                                             std::string_view type) {
+    for (const fs::path& folder : searchPath())
+        for (const std::string_view name : names)
+            if (fs::path file = folder / fmt::format("{}.{}", name, type); isThere(file))
+                return file;
     return std::nullopt;
 }
 

@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -47,6 +48,11 @@ public:
     // link of that name is found too: the user is to hear of it, rather than get another file.
     [[nodiscard]] static std::optional<std::filesystem::path> find(std::string_view name,
                                                                    std::string_view type);
+
+    // The same of several names: the first folder that has one of them counts, and there the first
+    // of the names.
+    [[nodiscard]] static std::optional<std::filesystem::path>
+    findFirst(std::span<const std::string_view> names, std::string_view type);
 
     // The property list `name`.plist as its file is now.
     [[nodiscard]] static Result<PropertyValue> read(std::string_view name);

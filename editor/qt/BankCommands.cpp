@@ -249,7 +249,7 @@ void BankCommands::openAtStart(const QString& file) {
 }
 
 void BankCommands::saveBank(const QString& file) {
-    const auto saved = files_.saveBank(pathOf(file), *window_.view().pu());
+    const auto saved = files_.saveBank(pathOf(file), *loadPopUpValue());
     showSaved(saved, file);
     if (saved)
         follow(file);
@@ -290,7 +290,7 @@ void BankCommands::openSceneAs(const QString& file, std::int32_t from, std::int3
 
 void BankCommands::saveScene(const QString& file) {
     const auto saved =
-        files_.saveScene(pathOf(file), window_.view().sceneIndex(), *window_.view().pu());
+        files_.saveScene(pathOf(file), window_.view().sceneIndex(), *loadPopUpValue());
     showSaved(saved, file);
     if (saved)
         RecentFiles::setFolderOf(file);

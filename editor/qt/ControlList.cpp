@@ -6,7 +6,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -62,6 +64,15 @@ void ControlList::setDelegate(ListDelegate* delegate) {
 void ControlList::reload() {
     const QScopedValueRollback guard(isApplying_, true);
     rows_.reload();
+}
+
+void ControlList::fitTitles() {
+    // In device-independent pixels.
+    constexpr int kNarrowest = 132;
+    constexpr int kAround = 14; // frame and padding of the sheet, on both sides
+    ensurePolished();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    setFixedWidth(std::max(kNarrowest, sizeHintForColumn(0) + bar + kAround));
 }
 
 void ControlList::selectRow(std::int32_t row) {

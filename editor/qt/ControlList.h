@@ -41,6 +41,9 @@ public:
     void selectRow(std::int32_t row) override;
     [[nodiscard]] std::int32_t clickedRow() const override { return clickedRow_; }
 
+    // As wide as its longest title asks for.
+    void fitTitles();
+
     // -1 for none.
     [[nodiscard]] std::int32_t selectedRow() const;
 

@@ -22,6 +22,7 @@ MainWindow::MainWindow(QuitController& application, Appearance& appearance, bool
     layOut();
     connectOutlets();
     view_.viewDidLoad();
+    list_->fitTitles();
     windowController_.windowDidLoad();
     menu_->setModes(displayModes_->titles());
     connectChoices();

@@ -16,7 +16,6 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kWindowSize(1180, 720);
-constexpr int kListWidth = 132;
 constexpr int kModesWidth = 168;
 constexpr int kGap = 10;
 constexpr int kRowGap = 6; // between what stands above another
@@ -75,7 +74,6 @@ void MainWindow::layOut() {
     list_->setObjectName(QStringLiteral("controls"));
     giveSheet(*list_, Sheet::Controls);
     list_->setAccessibleName(tr("Controls"));
-    list_->setFixedWidth(kListWidth);
     middle.addWidget(list_);
     auto& right = nested<QVBoxLayout>(middle, 1);
     right_ = &right;

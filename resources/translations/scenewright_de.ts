@@ -939,6 +939,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Lists</name>
+    <message>
+        <source>basic</source>
+        <translation>basic_de</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::MainMenu</name>
     <message>
         <source>Menu</source>
@@ -1464,6 +1471,53 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Farbe des Pads</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Picture</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>CC#
+%s</source>
+        <translation>CC#
+%s</translation>
+    </message>
+    <message>
+        <source>Note
+%s</source>
+        <translation>Note
+%s</translation>
+    </message>
+    <message>
+        <source>L/L
+%s</source>
+        <translation>U/L
+%s</translation>
+    </message>
+    <message>
+        <source>U/R
+%s</source>
+        <translation>O/R
+%s</translation>
+    </message>
+    <message>
+        <source>OFF
+%s</source>
+        <translation>AUS
+%s</translation>
+    </message>
+    <message>
+        <source>ON
+%s</source>
+        <translation>EIN
+%s</translation>
     </message>
 </context>
 <context>

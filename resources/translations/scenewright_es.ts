@@ -939,6 +939,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Lists</name>
+    <message>
+        <source>basic</source>
+        <translation>basic_es</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::MainMenu</name>
     <message>
         <source>Menu</source>
@@ -1464,6 +1471,53 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Color del pad</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Picture</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>CC#
+%s</source>
+        <translation>CC#
+%s</translation>
+    </message>
+    <message>
+        <source>Note
+%s</source>
+        <translation>Nota
+%s</translation>
+    </message>
+    <message>
+        <source>L/L
+%s</source>
+        <translation>I/I
+%s</translation>
+    </message>
+    <message>
+        <source>U/R
+%s</source>
+        <translation>S/D
+%s</translation>
+    </message>
+    <message>
+        <source>OFF
+%s</source>
+        <translation>OFF
+%s</translation>
+    </message>
+    <message>
+        <source>ON
+%s</source>
+        <translation>ON
+%s</translation>
     </message>
 </context>
 <context>

@@ -939,6 +939,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Lists</name>
+    <message>
+        <source>basic</source>
+        <translation>basic_fr</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::MainMenu</name>
     <message>
         <source>Menu</source>
@@ -1464,6 +1471,53 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>Couleur du pad</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Picture</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>CC#
+%s</source>
+        <translation>CC#
+%s</translation>
+    </message>
+    <message>
+        <source>Note
+%s</source>
+        <translation>Note
+%s</translation>
+    </message>
+    <message>
+        <source>L/L
+%s</source>
+        <translation>B/G
+%s</translation>
+    </message>
+    <message>
+        <source>U/R
+%s</source>
+        <translation>H/D
+%s</translation>
+    </message>
+    <message>
+        <source>OFF
+%s</source>
+        <translation>OFF
+%s</translation>
+    </message>
+    <message>
+        <source>ON
+%s</source>
+        <translation>ON
+%s</translation>
     </message>
 </context>
 <context>

@@ -939,6 +939,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Lists</name>
+    <message>
+        <source>basic</source>
+        <translation>basic_ja</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::MainMenu</name>
     <message>
         <source>Menu</source>
@@ -1464,6 +1471,53 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>パッドの色</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Picture</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>ノート</translation>
+    </message>
+    <message>
+        <source>CC#
+%s</source>
+        <translation>CC#
+%s</translation>
+    </message>
+    <message>
+        <source>Note
+%s</source>
+        <translation>ノート
+%s</translation>
+    </message>
+    <message>
+        <source>L/L
+%s</source>
+        <translation>下/左
+%s</translation>
+    </message>
+    <message>
+        <source>U/R
+%s</source>
+        <translation>上/右
+%s</translation>
+    </message>
+    <message>
+        <source>OFF
+%s</source>
+        <translation>オフ
+%s</translation>
+    </message>
+    <message>
+        <source>ON
+%s</source>
+        <translation>オン
+%s</translation>
     </message>
 </context>
 <context>

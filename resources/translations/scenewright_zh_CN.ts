@@ -939,6 +939,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::Lists</name>
+    <message>
+        <source>basic</source>
+        <translation>basic_zh_CN</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::MainMenu</name>
     <message>
         <source>Menu</source>
@@ -1464,6 +1471,53 @@
     <message>
         <source>Colour of the Pad</source>
         <translation>打击垫颜色</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Picture</name>
+    <message>
+        <source>CC</source>
+        <translation>CC</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>音符</translation>
+    </message>
+    <message>
+        <source>CC#
+%s</source>
+        <translation>CC#
+%s</translation>
+    </message>
+    <message>
+        <source>Note
+%s</source>
+        <translation>音符
+%s</translation>
+    </message>
+    <message>
+        <source>L/L
+%s</source>
+        <translation>下/左
+%s</translation>
+    </message>
+    <message>
+        <source>U/R
+%s</source>
+        <translation>上/右
+%s</translation>
+    </message>
+    <message>
+        <source>OFF
+%s</source>
+        <translation>关
+%s</translation>
+    </message>
+    <message>
+        <source>ON
+%s</source>
+        <translation>开
+%s</translation>
     </message>
 </context>
 <context>

@@ -1,10 +1,13 @@
 // The window in each language: its texts are found at run time, and they fit.
 #include "editor/qt/Translation.h"
 
+#include "editor/ControlDescription.h"
 #include "editor/ValuePopUps.h"
+#include "editor/qt/EditorCommands.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 #include "tests/editor-qt/WindowBench.h"
+#include "tests/support/TempFolder.h"
 
 #include <QLabel>
 
@@ -74,6 +77,27 @@ TEST_P(TranslationTest, EverySettingHasALabelInTheLanguage) {
         const std::string written = settingTitle(*valuePopUps()[row].setting);
         EXPECT_TRUE(written == "Type" || spoken[row] != written) << written;
     }
+}
+
+TEST_P(TranslationTest, ListsAndDisplayModesSpeakTheLanguageAndFilesDoNot) {
+    MainWindow& shown = open();
+    const PopUpValue written = *loadPopUpValue();
+    const PopUpValue& lists = *shown.view().pu();
+    EXPECT_NE(*lists.display_Select_Array(), *written.display_Select_Array());
+    EXPECT_NE(*lists.pad_PadBehavior_Array(), *written.pad_PadBehavior_Array());
+    EXPECT_EQ(*lists.pad_NoteNumber_Array(), *written.pad_NoteNumber_Array());
+    for (std::int32_t control = 0; control < kControlIndexEnd; ++control)
+        EXPECT_EQ(*titleAt(lists.control_Array(), control), controlName(control));
+    EXPECT_GE(shown.list().viewport()->width(), shown.list().sizeHintForColumn(0));
+    EXPECT_EQ(shown.panes().popUp("padPadBehavior").itemText(1).toStdString(),
+              lists.pad_PadBehavior_Array()->at(1));
+    EXPECT_EQ(shown.displayModes().itemText(5).toStdString(), lists.display_Select_Array()->at(5));
+    const testing::TempFolder folder;
+    EditorCommands commands(shown, nullptr);
+    commands.banks().saveBank(QString::fromStdString(folder.file("a.json")));
+    const auto bytes = testing::readBytes(folder.file("a.json"));
+    const std::string saved(bytes.begin(), bytes.end());
+    EXPECT_NE(saved.find(R"("//PadBehavior": "Momentary")"), std::string::npos);
 }
 
 TEST_P(TranslationTest, NoLabelOfAPaneIsCut) {

@@ -1,6 +1,7 @@
 #include "model/PopUpValue.h"
 
 #include "platform/Resources.h"
+#include "platform/Text.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -69,11 +70,15 @@ constexpr std::array<std::pair<const char*, const char*>, 47> kPropertiesAndKeys
 class PopUpValueTest : public ::testing::Test {
 protected:
     void SetUp() override { Resources::setFolder(folder_.path()); }
-    void TearDown() override { Resources::setFolder({}); }
+    void TearDown() override {
+        Resources::setFolder({});
+        setTranslator(nullptr);
+    }
 
-    void writeBasic(const std::string& dictionary) {
+    void writeBasic(const std::string& dictionary) { writeList("basic", dictionary); }
+    void writeList(const std::string& name, const std::string& dictionary) {
         const std::string text = "<plist version=\"1.0\"><dict>" + dictionary + "</dict></plist>";
-        testing::writeBytes(folder_.file("basic.plist"),
+        testing::writeBytes(folder_.file(name + ".plist"),
                             {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     }
 
@@ -186,6 +191,46 @@ TEST_F(PopUpValueTest, UnreadableResourceLeavesEveryListNull) {
     const auto lists = loadPopUpValue();
     for (const OptionList& list : optionLists())
         EXPECT_EQ(list.of(*lists), nullptr) << list.name;
+}
+
+constexpr const char* kEnglish =
+    "<key>button-enable</key><array><string>Off</string><string>On</string></array>"
+    "<key>button-behavior</key><array><string>Toggle</string></array>"
+    "<key>button-note</key><array><string>C4</string></array>";
+constexpr const char* kGerman =
+    "<key>button-enable</key><array><string>Aus</string><string>Ein</string></array>"
+    "<key>button-behavior</key><array><string>Umschaltend</string><string>?</string></array>"
+    "<key>select127</key><array><string>0</string></array>";
+
+std::string germanNames(SourceText text) {
+    return text.written == std::string("basic") ? "basic_de" : text.written;
+}
+
+TEST_F(PopUpValueTest, ShownListsHaveTheWordsOfTheLanguageWhereItHasAsMany) {
+    writeBasic(kEnglish);
+    writeList("basic_de", kGerman);
+    EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
+    setTranslator(&germanNames);
+    const auto lists = loadShownPopUpValue();
+    EXPECT_EQ(*lists->knob_Enable_Array(), (Strings{"Aus", "Ein"}));
+    EXPECT_EQ(*lists->key_KeyBehavior_Array(), Strings{"Toggle"}) << "one title too many";
+    EXPECT_EQ(*lists->pad_NoteNumber_Array(), Strings{"C4"}) << "no list of that language";
+    EXPECT_EQ(lists->pad_CR_Array(), nullptr) << "no list of basic.plist";
+    EXPECT_EQ(*loadPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"})) << "as in files";
+}
+
+TEST_F(PopUpValueTest, UsersOwnBasicListStaysAsItIsInEveryLanguage) {
+    setTranslator(&germanNames); // basic_de.plist lies among the shared resources
+    EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Aus", "Ein"}));
+    writeBasic(kEnglish);
+    EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
+}
+
+TEST_F(PopUpValueTest, LanguagesListThatCannotBeReadLeavesTheWrittenTitles) {
+    setTranslator(&germanNames);
+    writeBasic(kEnglish);
+    writeList("basic_de", "<key>button-enable");
+    EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
 }
 
 TEST_F(PopUpValueTest, EachCallGivesANewHolder) {

@@ -3,6 +3,7 @@
 import plistlib
 import sys
 import unittest
+import xml.etree.ElementTree as tree
 from pathlib import Path
 
 RESOURCES = Path(sys.argv.pop(1))
@@ -10,6 +11,7 @@ PROJECT, BASIC, DEFAULT = (
     plistlib.loads((RESOURCES / f"{name}.plist").read_bytes())
     for name in ("project", "basic", "default")
 )
+LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
 
 
 def numbers(first, last):
@@ -72,6 +74,21 @@ FIELDS = {
     },
     "Key": {**STRUCK, "KeyBehavior": "button-behavior"},
 }
+# The lists of numbers and notes stand in basic.plist alone, and the names of a new bank's scenes are
+# the user's.
+WORDS = LISTS.keys() - {
+    "select127", "button-note", "common-PitchBendSpeed", "common-globalMIDICh", "common-keyTranspose"
+}
+# Titles that a language writes as English does.
+SAME = {
+    "de": {"CC", "Note", "Global", "Normal", *(f"Pad {n}" for n in range(1, 9))},
+    "es": {"CC", "Global", "Normal", *(f"Pad {n}" for n in range(1, 9))},
+    "fr": {"CC", "Note", "Global", "Type", *(f"Pad {n}" for n in range(1, 9))},
+    "ja": {"CC"},
+    "zh_CN": {"CC"},
+}
+# What the window's texts call a display mode, as the label of the setting.
+MODES = {0: "MIDI channel", 1: "Type", 5: "Behaviour", 6: "Off value", 7: "On value"}
 KEYS = {"BtnID", *(field for fields in FIELDS.values() for field in fields)}
 # What a new scene does.
 SCENE = [
@@ -125,6 +142,40 @@ class ResourceLists(unittest.TestCase):
             self.assertEqual([control[field] for control in found[kind]], values, (kind, field))
         colours = {(pad["CR"], pad["CG"], pad["CB"]) for pad in found["Pad"]}
         self.assertEqual([max(colour) for colour in colours], [127] * 8)
+
+
+class ListsOfTheLanguages(unittest.TestCase):
+    def each(self):
+        for language in LANGUAGES:
+            with self.subTest(language=language):
+                lists = plistlib.loads((RESOURCES / f"basic_{language}.plist").read_bytes())
+                texts = {}
+                words = tree.parse(RESOURCES / "translations" / f"scenewright_{language}.ts")
+                for message in words.getroot().iter("message"):
+                    texts[message.findtext("source")] = message.findtext("translation")
+                yield language, lists, texts
+
+    def test_every_list_of_words_is_there_whole_and_translated(self):
+        for language, lists, texts in self.each():
+            self.assertEqual(texts["basic"], f"basic_{language}")
+            self.assertEqual(lists.keys(), WORDS)
+            for key, titles in lists.items():
+                self.assertEqual(len(titles), len(LISTS[key]), key)
+                same = {title for title, english in zip(titles, LISTS[key]) if title == english}
+                self.assertLessEqual(same - SAME[language], set(CHANNELS), key)
+                self.assertEqual(len(titles), len(set(titles)), key)
+
+    def test_a_word_is_spelt_as_in_the_windows_texts(self):
+        for _, lists, texts in self.each():
+            kinds = [texts[kind] for kind in COUNTS]
+            numbered = [f"{kind} {n}" for kind, count in zip(kinds, COUNTS.values())
+                        for n in range(1, count + 1)]
+            self.assertEqual(lists["control"], [texts["Common"], *numbered])
+            for mode, label in MODES.items():
+                self.assertEqual(lists["displaySelect"][mode], texts[label])
+            self.assertEqual(lists["button-MIDICh"], lists["common-pianoKeyCh"])
+            self.assertEqual(lists["button-assginType"][0], lists["button-enable"][0])
+            self.assertEqual(lists["button-assginType"][2], texts["Note"])
 
 
 if __name__ == "__main__":
