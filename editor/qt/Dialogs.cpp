@@ -1,17 +1,32 @@
 #include "editor/qt/Dialogs.h"
 
+#include "editor/qt/Libraries.h"
+#include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTreeWidget>
 #include <QVBoxLayout>
+
+#include <memory>
 
 namespace scenewright {
 
 namespace {
 
+constexpr QSize kAboutSize(560, 520);
+constexpr int kBetweenColumns = 18; // device-independent pixels
 constexpr QSize kDetailsSize(520, 220);
+
+void addClose(QDialog& dialog, QVBoxLayout& column) {
+    auto& close = makeChild<QPushButton>(NoticeDetails::tr("&Close"), &dialog);
+    close.setAccessibleName(NoticeDetails::tr("Close"));
+    close.setDefault(true);
+    QObject::connect(&close, &QPushButton::clicked, &dialog, &QDialog::accept);
+    column.addWidget(&close, 0, Qt::AlignRight);
+}
 
 } // namespace
 
@@ -31,11 +46,29 @@ About::About(QWidget* parent) : QDialog(parent) {
     column.addWidget(&heading);
     for (const QString& line : {text, versions})
         column.addWidget(&makeChild<QLabel>(line, this));
-    auto& close = makeChild<QPushButton>(tr("&Close"), this);
-    close.setAccessibleName(tr("Close"));
-    close.setDefault(true);
-    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
-    column.addWidget(&close, 0, Qt::AlignRight);
+    auto& table = makeChild<QTreeWidget>(this);
+    table.setAccessibleName(tr("Libraries"));
+    table.setHeaderLabels({tr("Library"), tr("Built with"), tr("Licence")});
+    table.setItemDelegate(&makeChild<RowDelegate>(&table));
+    table.setRootIsDecorated(false);
+    for (const Library& library : libraries())
+        table.addTopLevelItem(
+            std::make_unique<QTreeWidgetItem>(
+                QStringList{shown(library.name), shown(library.version), shown(library.licence)})
+                .release()); // the tree owns it from here
+    for (const int at : {0, 1}) {
+        table.resizeColumnToContents(at);
+        table.setColumnWidth(at, table.columnWidth(at) + kBetweenColumns);
+    }
+    column.addWidget(&table, 1);
+    column.addWidget(&makeChild<QLabel>(tr("Scenewright's own licence:"), this));
+    auto& licence = makeChild<QPlainTextEdit>(shown(licenceText()), this);
+    licence.setReadOnly(true);
+    licence.setTabChangesFocus(true);
+    licence.setAccessibleName(tr("Licence"));
+    column.addWidget(&licence, 1);
+    addClose(*this, column);
+    resize(kAboutSize);
 }
 
 NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(parent) {
@@ -50,11 +83,7 @@ NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(par
     whole.setAccessibleName(windowTitle());
     whole.setPlainText(QString(text).replace(QLatin1Char('\n'), QLatin1String("\n\n")));
     column.addWidget(&whole, 1);
-    auto& close = makeChild<QPushButton>(tr("&Close"), this);
-    close.setAccessibleName(tr("Close"));
-    close.setDefault(true);
-    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
-    column.addWidget(&close, 0, Qt::AlignRight);
+    addClose(*this, column);
     resize(kDetailsSize);
 }
 

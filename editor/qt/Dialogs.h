@@ -5,7 +5,7 @@
 
 namespace scenewright {
 
-// What the program is, and the versions of its parts.
+// What the program is, its licence, and the libraries in it.
 class About final : public QDialog {
     Q_OBJECT
 

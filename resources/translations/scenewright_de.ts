@@ -20,12 +20,24 @@
         <translation>Ein Editor für die vier Szenen eines USB-MIDI-Keyboard-Controllers.</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Schließen</translation>
+        <source>Libraries</source>
+        <translation>Bibliotheken</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Built with</source>
+        <translation>Gebaut mit</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Scenewright&apos;s own licence:</source>
+        <translation>Die Lizenz von Scenewright selbst:</translation>
     </message>
 </context>
 <context>

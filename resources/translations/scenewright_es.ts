@@ -20,12 +20,24 @@
         <translation>Un editor para las cuatro escenas de un teclado controlador MIDI USB.</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Cerrar</translation>
+        <source>Libraries</source>
+        <translation>Bibliotecas</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Cerrar</translation>
+        <source>Library</source>
+        <translation>Biblioteca</translation>
+    </message>
+    <message>
+        <source>Built with</source>
+        <translation>Compilado con</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licencia</translation>
+    </message>
+    <message>
+        <source>Scenewright&apos;s own licence:</source>
+        <translation>La licencia del propio Scenewright:</translation>
     </message>
 </context>
 <context>

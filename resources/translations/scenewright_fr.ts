@@ -20,12 +20,24 @@
         <translation>Un éditeur pour les quatre scènes d’un clavier-contrôleur MIDI USB.</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Fermer</translation>
+        <source>Libraries</source>
+        <translation>Bibliothèques</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Fermer</translation>
+        <source>Library</source>
+        <translation>Bibliothèque</translation>
+    </message>
+    <message>
+        <source>Built with</source>
+        <translation>Compilé avec</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licence</translation>
+    </message>
+    <message>
+        <source>Scenewright&apos;s own licence:</source>
+        <translation>La licence de Scenewright lui-même :</translation>
     </message>
 </context>
 <context>

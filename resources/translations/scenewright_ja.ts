@@ -20,12 +20,24 @@
         <translation>USB MIDI キーボードコントローラーの 4 つのシーンを編集するエディターです。</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>閉じる(&amp;C)</translation>
+        <source>Libraries</source>
+        <translation>ライブラリー</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>閉じる</translation>
+        <source>Library</source>
+        <translation>ライブラリー</translation>
+    </message>
+    <message>
+        <source>Built with</source>
+        <translation>ビルド時のバージョン</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>ライセンス</translation>
+    </message>
+    <message>
+        <source>Scenewright&apos;s own licence:</source>
+        <translation>Scenewright 自体のライセンス:</translation>
     </message>
 </context>
 <context>

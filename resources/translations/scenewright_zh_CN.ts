@@ -20,12 +20,24 @@
         <translation>用于编辑 USB MIDI 键盘控制器四个场景的编辑器。</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>关闭(&amp;C)</translation>
+        <source>Libraries</source>
+        <translation>库</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>关闭</translation>
+        <source>Library</source>
+        <translation>库</translation>
+    </message>
+    <message>
+        <source>Built with</source>
+        <translation>构建版本</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>许可证</translation>
+    </message>
+    <message>
+        <source>Scenewright&apos;s own licence:</source>
+        <translation>Scenewright 自身的许可证：</translation>
     </message>
 </context>
 <context>
