@@ -3,11 +3,13 @@
 #include "app/WindowAction.h"
 #include "editor/qt/AccessibleFaces.h"
 #include "editor/qt/Dialogs.h"
+#include "editor/qt/GuideWindow.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
 
 #include <QCloseEvent>
 #include <QShortcut>
+#include <QWhatsThis>
 
 #include <algorithm>
 #include <array>
@@ -44,6 +46,12 @@ GainWindow& MainWindow::gainPanel() {
     return *gainPanel_;
 }
 
+GuideWindow& MainWindow::guide() {
+    if (guide_ == nullptr)
+        guide_ = &makeChild<GuideWindow>(this);
+    return *guide_;
+}
+
 void MainWindow::connectOutlets() {
     view_.setWindowView(picture_);
     view_.setSceneSegmented(scenes_);
@@ -73,6 +81,9 @@ void MainWindow::connectCommands() {
     connect(sendButton_, &QPushButton::clicked, &commands_, &DeviceCommands::send);
     connect(&commands_, &DeviceCommands::busyChanged, this, &MainWindow::showBusy);
     connect(&menu_->gainPanel(), &QAction::triggered, this, &MainWindow::showGainPanel);
+    connect(&menu_->guide(), &QAction::triggered, this, &MainWindow::showGuide);
+    connect(&menu_->whatsThis(), &QAction::triggered, this,
+            [] { QWhatsThis::enterWhatsThisMode(); });
     connect(&menu_->about(), &QAction::triggered, this, &MainWindow::showAbout);
 }
 
@@ -146,10 +157,22 @@ void MainWindow::chooseBeside(std::int32_t rows) {
     list_->selectRow(0);
 }
 
+namespace {
+
+void bringUp(QDialog& dialog) {
+    dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+}
+
+} // namespace
+
 void MainWindow::showGainPanel() {
-    gainPanel().show();
-    gainPanel().raise();
-    gainPanel().activateWindow();
+    bringUp(gainPanel());
+}
+
+void MainWindow::showGuide() {
+    bringUp(guide());
 }
 
 void MainWindow::showAbout() {

@@ -31,6 +31,7 @@ class QVBoxLayout;
 
 namespace scenewright {
 
+class GuideWindow;
 class UnsentButton;
 
 // What the menu bar offers; who owns the window connects the actions. All are the bar's children.
@@ -50,6 +51,8 @@ public:
     [[nodiscard]] QAction& gainPanel() { return *gainPanel_; }
     [[nodiscard]] QAction& previousControl() { return *previousControl_; }
     [[nodiscard]] QAction& nextControl() { return *nextControl_; }
+    [[nodiscard]] QAction& guide() { return *guide_; }
+    [[nodiscard]] QAction& whatsThis() { return *whatsThis_; }
     [[nodiscard]] QAction& about() { return *about_; }
     [[nodiscard]] QMenu& file() { return *file_; }
     [[nodiscard]] QMenu& device() { return *device_; }
@@ -71,6 +74,8 @@ private:
     QAction* gainPanel_ = nullptr;
     QAction* previousControl_ = nullptr;
     QAction* nextControl_ = nullptr;
+    QAction* guide_ = nullptr;
+    QAction* whatsThis_ = nullptr;
     QAction* about_ = nullptr;
     QActionGroup modes_;
 };
@@ -121,6 +126,8 @@ public:
     void setSceneMarks(const SceneMarks& marks);
     // The gain panel, made when it is first wanted.
     [[nodiscard]] GainWindow& gainPanel();
+    // The same of the guide.
+    [[nodiscard]] GuideWindow& guide();
     // Between the picture and the panes; the window owns it from here.
     void addBelowPicture(QWidget& strip);
     // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
@@ -153,6 +160,7 @@ private:
     // Chooses the control that is so many rows below the one that the list stands on.
     void chooseBeside(std::int32_t rows);
     void showGainPanel();
+    void showGuide();
     void showAbout();
     // Brings everything up to date that the view logic does not know of.
     void refresh();
@@ -179,6 +187,7 @@ private:
     NoticeBar* notices_ = nullptr;
     QVBoxLayout* right_ = nullptr; // picture and panes
     GainWindow* gainPanel_ = nullptr;
+    GuideWindow* guide_ = nullptr;
     QPointer<QWidget> former_; // had the keyboard before a send greyed it
 };
 

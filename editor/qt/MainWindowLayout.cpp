@@ -36,12 +36,18 @@ QPushButton& command(const QString& title, const QString& name, const QString& h
     button.setAutoDefault(false);
     button.setAccessibleName(name);
     button.setToolTip(help);
+    button.setWhatsThis(help);
     return button;
 }
 
 // The keys as the menu shows them.
 QString withKeys(const QString& help, const QAction& action) {
     return help.arg(action.shortcut().toString(QKeySequence::NativeText));
+}
+
+// As the menu shows an entry with keys, of which something else takes the keys.
+QString withKeyName(const QString& title, QKeyCombination keys) {
+    return title + QLatin1Char('\t') + QKeySequence(keys).toString(QKeySequence::NativeText);
 }
 
 QAction& added(QMenu& menu, const QString& title, const QKeySequence& keys = {}) {
@@ -74,11 +80,15 @@ void MainWindow::layOut() {
     list_->setObjectName(QStringLiteral("controls"));
     giveSheet(*list_, Sheet::Controls);
     list_->setAccessibleName(tr("Controls"));
+    list_->setWhatsThis(tr("The settings of the scene as a whole, and the 45 controls. A click "
+                           "or Return shows the settings of one."));
     middle.addWidget(list_);
     auto& right = nested<QVBoxLayout>(middle, 1);
     right_ = &right;
     picture_ = &makeChild<DevicePicture>(&root);
     picture_->setAccessibleName(tr("Picture of the keyboard"));
+    picture_->setWhatsThis(tr("The keyboard's controls in the chosen scene. A click, or Space, "
+                              "shows the settings of one below."));
     right.addWidget(picture_, 1);
     panes_ = &makeChild<ValuePanes>(&root);
     panes_->setAccessibleName(tr("Settings"));
@@ -118,6 +128,9 @@ void MainWindow::layOutHeader(QHBoxLayout& header, QWidget& root) {
     const QStringList names{tr("Scene 1"), tr("Scene 2"), tr("Scene 3"), tr("Scene 4")};
     scenes_ = &makeChild<SegmentBar>(names, &root);
     scenes_->setAccessibleName(tr("Scenes"));
+    scenes_->setWhatsThis(tr("The four scenes. One is shown and edited at a time; a read and a "
+                             "send are of all four. A dot is on a scene that is not what the "
+                             "keyboard is known to hold."));
     header.addWidget(scenes_);
     header.addStretch(1);
 
@@ -126,6 +139,7 @@ void MainWindow::layOutHeader(QHBoxLayout& header, QWidget& root) {
     displayModes_ = &makeChild<PopUpBox>(&root);
     displayModes_->setObjectName(QStringLiteral("displaySelect"));
     displayModes_->setAccessibleName(tr("What the picture shows"));
+    displayModes_->setWhatsThis(tr("Which setting the picture shows on each of its controls."));
     displayModes_->setFixedWidth(kModesWidth);
     label.setBuddy(displayModes_);
     header.addWidget(&label);
@@ -161,7 +175,12 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
         action->setAutoRepeat(true);
     view_->addSeparator();
     gainPanel_ = &added(*view_, tr("&Gain Panel"));
-    about_ = &added(menuNamed(bar, tr("&Help")), tr("&About Scenewright"));
+    QMenu& help = menuNamed(bar, tr("&Help"));
+    guide_ = &added(help, tr("&Guide"), QKeySequence(QKeySequence::HelpContents));
+    // The toolkit itself answers Shift+F1, for the widget that has the keyboard; the entry lets the
+    // pointer choose one.
+    whatsThis_ = &added(help, withKeyName(tr("&What's This?"), Qt::SHIFT | Qt::Key_F1));
+    about_ = &added(help, tr("&About Scenewright"));
     quit_->setMenuRole(QAction::QuitRole);
     about_->setMenuRole(QAction::AboutRole);
     modes_.setExclusive(true);

@@ -1,6 +1,7 @@
 #include "editor/qt/ValuePanes.h"
 
 #include "editor/ControlDescription.h"
+#include "editor/SettingHelp.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/Setting.h"
@@ -55,13 +56,14 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
     // A field is made inside its pane: each later change of a widget's parent styles it anew.
     Body& common = bodies_[placeOf(ControlKind::Common)];
     sceneName_ = &makeChild<TextLine>(common.frame);
-    addField(common, tr("Scene name"), *sceneName_);
+    addField(common, tr("Scene name"), *sceneName_,
+             tr("The name that the keyboard holds of the scene. Scene > Rename changes it."));
     for (const ValuePopUp& row : valuePopUps()) {
         Body& body = bodies_.at(placeOf(row.pane()));
         auto& box = makeChild<PopUpBox>(body.frame);
         box.setObjectName(shown(row.name));
         popUps_[row.name] = &box;
-        addField(body, shown(settingTitle(*row.setting)), box);
+        addField(body, shown(settingTitle(*row.setting)), box, shown(settingHelp(*row.setting)));
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -99,12 +101,14 @@ void ValuePanes::makePane(ControlKind kind) {
     static_cast<QGridLayout*>(layout())->addWidget(body.frame, 0, 0);
 }
 
-void ValuePanes::addField(Body& body, const QString& title, QWidget& field) {
+void ValuePanes::addField(Body& body, const QString& title, QWidget& field, const QString& help) {
     auto& label = makeChild<QLabel>(withMnemonic(title, body.taken), body.frame);
     label.setProperty("role", "field");
     label.setBuddy(&field);
     label.setContentsMargins(1, body.count < kColumns ? 0 : kRowGap, 0, 0);
     field.setAccessibleName(title);
+    field.setWhatsThis(help);
+    field.setAccessibleDescription(help);
     const int row = body.count / kColumns * 2;
     const int column = body.count % kColumns;
     body.fields->addWidget(&label, row, column);
@@ -116,7 +120,8 @@ void ValuePanes::addSwatch(Body& body) {
     swatch_ = &makeChild<QPushButton>(body.frame);
     swatch_->setAutoDefault(false);
     swatch_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    addField(body, tr("Mixed colour"), *swatch_);
+    addField(body, tr("Mixed colour"), *swatch_,
+             tr("The light of the pad, as the three levels mix it. A click opens a palette."));
 }
 
 void ValuePanes::connectTo(ViewController& view) {

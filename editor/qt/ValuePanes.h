@@ -57,7 +57,8 @@ private:
     };
 
     void makePane(ControlKind kind);
-    void addField(Body& body, const QString& title, QWidget& field);
+    // `help` answers "What's this?" and is what a screen reader tells beside the title.
+    void addField(Body& body, const QString& title, QWidget& field, const QString& help);
     void addSwatch(Body& body);
     void showSwatch(const Colour& colour);
     // Brings the keyboard back into the panes when it was in one that was hidden: to the same

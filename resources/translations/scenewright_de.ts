@@ -871,6 +871,159 @@
     </message>
 </context>
 <context>
+    <name>scenewright::GuidePages</name>
+    <message>
+        <source>Guide</source>
+        <translation>Anleitung</translation>
+    </message>
+    <message>
+        <source>The guide is not among the program&apos;s resources.</source>
+        <translation>Die Anleitung ist nicht bei den Ressourcen des Programms.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>Anleitung</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>&amp;Vor</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhalt</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>&amp;Open in Browser</source>
+        <translation>Im &amp;Browser öffnen</translation>
+    </message>
+    <message>
+        <source>Open in Browser</source>
+        <translation>Im Browser öffnen</translation>
+    </message>
+    <message>
+        <source>Search (%1)</source>
+        <translation>Suchen (%1)</translation>
+    </message>
+    <message>
+        <source>Search this page</source>
+        <translation>Auf dieser Seite suchen</translation>
+    </message>
+    <message>
+        <source>Not on this page</source>
+        <translation>Nicht auf dieser Seite</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Help</name>
+    <message>
+        <source>How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity.</source>
+        <translation>Wie aus der Stärke eines Anschlags die Dynamik wird: Weich gibt für einen leichten mehr, Hart verlangt einen starken, und mit Fest gibt jeder Anschlag die feste Dynamik.</translation>
+    </message>
+    <message>
+        <source>The velocity of every stroke while the velocity curve is Constant.</source>
+        <translation>Die Dynamik jedes Anschlags, solange die Anschlagkurve Fest ist.</translation>
+    </message>
+    <message>
+        <source>Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go.</source>
+        <translation>Tastend: an, solange gedrückt wird. Rastend: an bei einem Druck, aus beim nächsten. Auslösend: nur beim Drücken. Loslassen: erst beim Loslassen.</translation>
+    </message>
+    <message>
+        <source>The number of the controller that it sends, such as 7 for the volume.</source>
+        <translation>Die Nummer des Controllers, den es sendet, etwa 7 für die Lautstärke.</translation>
+    </message>
+    <message>
+        <source>The channel of everything in this scene whose own channel is Global.</source>
+        <translation>Der Kanal von allem in dieser Szene, dessen eigener Kanal Global ist.</translation>
+    </message>
+    <message>
+        <source>The channel that the keys send on. Global stands for the global MIDI channel.</source>
+        <translation>Der Kanal, auf dem die Tasten senden. Global steht für den globalen MIDI-Kanal.</translation>
+    </message>
+    <message>
+        <source>How fast pitch bend follows, as a number from 0 to 127.</source>
+        <translation>Wie schnell das Pitch-Bend folgt, als Zahl von 0 bis 127.</translation>
+    </message>
+    <message>
+        <source>Moves the notes of the keys up or down by whole octaves.</source>
+        <translation>Verschiebt die Noten der Tasten um ganze Oktaven nach oben oder unten.</translation>
+    </message>
+    <message>
+        <source>What it sends: nothing (Off), a controller (CC) or a note (Note).</source>
+        <translation>Was gesendet wird: nichts (Aus), ein Controller (CC) oder eine Note (Note).</translation>
+    </message>
+    <message>
+        <source>The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37.</source>
+        <translation>Der Controller oder die Note, die gesendet wird. Eine Note lässt sich mit Namen oder Nummer tippen: Db2, C#2 oder 37.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched on.</source>
+        <translation>Der Wert des Controllers beim Einschalten.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched off.</source>
+        <translation>Der Wert des Controllers beim Ausschalten.</translation>
+    </message>
+    <message>
+        <source>The channel of the knob and the slider of this number. Global stands for the global MIDI channel.</source>
+        <translation>Der Kanal des Drehreglers und des Schiebereglers dieser Nummer. Global steht für den globalen MIDI-Kanal.</translation>
+    </message>
+    <message>
+        <source>The channel that it sends on. Global stands for the global MIDI channel.</source>
+        <translation>Der Kanal, auf dem gesendet wird. Global steht für den globalen MIDI-Kanal.</translation>
+    </message>
+    <message>
+        <source>Off: it sends nothing when it is moved.</source>
+        <translation>Aus: beim Bewegen wird nichts gesendet.</translation>
+    </message>
+    <message>
+        <source>The value at the right end. With a smaller one here than on the left, the knob works backwards.</source>
+        <translation>Der Wert am rechten Ende. Ist er kleiner als der linke, arbeitet der Drehregler rückwärts.</translation>
+    </message>
+    <message>
+        <source>The value at the upper end. With a smaller one here than below, the slider works backwards.</source>
+        <translation>Der Wert am oberen Ende. Ist er kleiner als der untere, arbeitet der Schieberegler rückwärts.</translation>
+    </message>
+    <message>
+        <source>The value at the left end.</source>
+        <translation>Der Wert am linken Ende.</translation>
+    </message>
+    <message>
+        <source>The value at the lower end.</source>
+        <translation>Der Wert am unteren Ende.</translation>
+    </message>
+    <message>
+        <source>How much red is in the light, from 0 to 127.</source>
+        <translation>Wie viel Rot im Licht ist, von 0 bis 127.</translation>
+    </message>
+    <message>
+        <source>How much green is in the light, from 0 to 127.</source>
+        <translation>Wie viel Grün im Licht ist, von 0 bis 127.</translation>
+    </message>
+    <message>
+        <source>How much blue is in the light, from 0 to 127.</source>
+        <translation>Wie viel Blau im Licht ist, von 0 bis 127.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::History</name>
     <message>
         <source>Ctrl+Z</source>
@@ -1036,6 +1189,14 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>gemb</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>A&amp;nleitung</translation>
+    </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>&amp;Was ist das?</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
@@ -1158,6 +1319,22 @@
     <message>
         <source>%1, not sent</source>
         <translation>%1, nicht gesendet</translation>
+    </message>
+    <message>
+        <source>The settings of the scene as a whole, and the 45 controls. A click or Return shows the settings of one.</source>
+        <translation>Die Einstellungen der Szene als Ganzes und die 45 Bedienelemente. Ein Klick oder die Eingabetaste zeigt die Einstellungen von einem.</translation>
+    </message>
+    <message>
+        <source>The keyboard&apos;s controls in the chosen scene. A click, or Space, shows the settings of one below.</source>
+        <translation>Die Bedienelemente des Keyboards in der gewählten Szene. Ein Klick oder die Leertaste zeigt unten die Einstellungen von einem.</translation>
+    </message>
+    <message>
+        <source>The four scenes. One is shown and edited at a time; a read and a send are of all four. A dot is on a scene that is not what the keyboard is known to hold.</source>
+        <translation>Die vier Szenen. Gezeigt und bearbeitet wird eine; Lesen und Senden betreffen alle vier. Ein Punkt steht an einer Szene, die nicht die ist, von der bekannt ist, dass das Keyboard sie hat.</translation>
+    </message>
+    <message>
+        <source>Which setting the picture shows on each of its controls.</source>
+        <translation>Welche Einstellung das Bild auf jedem Bedienelement zeigt.</translation>
     </message>
 </context>
 <context>
@@ -2085,6 +2262,14 @@
     <message>
         <source>What it sends</source>
         <translation>Was es sendet</translation>
+    </message>
+    <message>
+        <source>The name that the keyboard holds of the scene. Scene &gt; Rename changes it.</source>
+        <translation>Der Name der Szene, wie das Keyboard ihn hat. Szene &gt; Umbenennen ändert ihn.</translation>
+    </message>
+    <message>
+        <source>The light of the pad, as the three levels mix it. A click opens a palette.</source>
+        <translation>Das Licht des Pads, wie die drei Werte es mischen. Ein Klick öffnet eine Palette.</translation>
     </message>
 </context>
 </TS>

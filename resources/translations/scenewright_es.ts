@@ -871,6 +871,159 @@
     </message>
 </context>
 <context>
+    <name>scenewright::GuidePages</name>
+    <message>
+        <source>Guide</source>
+        <translation>Guía</translation>
+    </message>
+    <message>
+        <source>The guide is not among the program&apos;s resources.</source>
+        <translation>La guía no está entre los recursos del programa.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>Guía</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Atrás</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>A&amp;delante</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>&amp;Contenido</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Contenido</translation>
+    </message>
+    <message>
+        <source>&amp;Open in Browser</source>
+        <translation>A&amp;brir en el navegador</translation>
+    </message>
+    <message>
+        <source>Open in Browser</source>
+        <translation>Abrir en el navegador</translation>
+    </message>
+    <message>
+        <source>Search (%1)</source>
+        <translation>Buscar (%1)</translation>
+    </message>
+    <message>
+        <source>Search this page</source>
+        <translation>Buscar en esta página</translation>
+    </message>
+    <message>
+        <source>Not on this page</source>
+        <translation>No está en esta página</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Help</name>
+    <message>
+        <source>How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity.</source>
+        <translation>Cómo la fuerza de un golpe se convierte en velocidad: Suave da más con un golpe ligero, Dura pide uno fuerte, y con Fija todo golpe da la velocidad fija.</translation>
+    </message>
+    <message>
+        <source>The velocity of every stroke while the velocity curve is Constant.</source>
+        <translation>La velocidad de todo golpe mientras la curva de velocidad sea Fija.</translation>
+    </message>
+    <message>
+        <source>Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go.</source>
+        <translation>Pulsado: encendido mientras se mantiene. Alternado: encendido con una pulsación, apagado con la siguiente. Disparo: solo al pulsar. Al soltar: cuando se suelta.</translation>
+    </message>
+    <message>
+        <source>The number of the controller that it sends, such as 7 for the volume.</source>
+        <translation>El número del controlador que envía, como 7 para el volumen.</translation>
+    </message>
+    <message>
+        <source>The channel of everything in this scene whose own channel is Global.</source>
+        <translation>El canal de todo lo que en esta escena tiene como canal propio Global.</translation>
+    </message>
+    <message>
+        <source>The channel that the keys send on. Global stands for the global MIDI channel.</source>
+        <translation>El canal por el que envían las teclas. Global representa el canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>How fast pitch bend follows, as a number from 0 to 127.</source>
+        <translation>Con qué rapidez sigue el pitch bend, como número de 0 a 127.</translation>
+    </message>
+    <message>
+        <source>Moves the notes of the keys up or down by whole octaves.</source>
+        <translation>Sube o baja las notas de las teclas octavas enteras.</translation>
+    </message>
+    <message>
+        <source>What it sends: nothing (Off), a controller (CC) or a note (Note).</source>
+        <translation>Qué envía: nada (Apagado), un controlador (CC) o una nota (Nota).</translation>
+    </message>
+    <message>
+        <source>The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37.</source>
+        <translation>El controlador o la nota que envía. Una nota se puede escribir por su nombre o su número: Db2, C#2 o 37.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched on.</source>
+        <translation>El valor del controlador al encenderse.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched off.</source>
+        <translation>El valor del controlador al apagarse.</translation>
+    </message>
+    <message>
+        <source>The channel of the knob and the slider of this number. Global stands for the global MIDI channel.</source>
+        <translation>El canal del potenciómetro y del deslizador de este número. Global representa el canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>The channel that it sends on. Global stands for the global MIDI channel.</source>
+        <translation>El canal por el que envía. Global representa el canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>Off: it sends nothing when it is moved.</source>
+        <translation>Apagado: no envía nada al moverlo.</translation>
+    </message>
+    <message>
+        <source>The value at the right end. With a smaller one here than on the left, the knob works backwards.</source>
+        <translation>El valor en el extremo derecho. Si es menor que el izquierdo, el potenciómetro funciona al revés.</translation>
+    </message>
+    <message>
+        <source>The value at the upper end. With a smaller one here than below, the slider works backwards.</source>
+        <translation>El valor en el extremo superior. Si es menor que el inferior, el deslizador funciona al revés.</translation>
+    </message>
+    <message>
+        <source>The value at the left end.</source>
+        <translation>El valor en el extremo izquierdo.</translation>
+    </message>
+    <message>
+        <source>The value at the lower end.</source>
+        <translation>El valor en el extremo inferior.</translation>
+    </message>
+    <message>
+        <source>How much red is in the light, from 0 to 127.</source>
+        <translation>Cuánto rojo hay en la luz, de 0 a 127.</translation>
+    </message>
+    <message>
+        <source>How much green is in the light, from 0 to 127.</source>
+        <translation>Cuánto verde hay en la luz, de 0 a 127.</translation>
+    </message>
+    <message>
+        <source>How much blue is in the light, from 0 to 127.</source>
+        <translation>Cuánto azul hay en la luz, de 0 a 127.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::History</name>
     <message>
         <source>Ctrl+Z</source>
@@ -1036,6 +1189,14 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>gpmt</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Guía</translation>
+    </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>¿&amp;Qué es esto?</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
@@ -1158,6 +1319,22 @@
     <message>
         <source>%1, not sent</source>
         <translation>%1, sin enviar</translation>
+    </message>
+    <message>
+        <source>The settings of the scene as a whole, and the 45 controls. A click or Return shows the settings of one.</source>
+        <translation>Los ajustes de la escena en conjunto y los 45 controles. Un clic o Intro muestra los ajustes de uno.</translation>
+    </message>
+    <message>
+        <source>The keyboard&apos;s controls in the chosen scene. A click, or Space, shows the settings of one below.</source>
+        <translation>Los controles del teclado en la escena elegida. Un clic o Espacio muestra abajo los ajustes de uno.</translation>
+    </message>
+    <message>
+        <source>The four scenes. One is shown and edited at a time; a read and a send are of all four. A dot is on a scene that is not what the keyboard is known to hold.</source>
+        <translation>Las cuatro escenas. Se muestra y edita una a la vez; leer y enviar afectan a las cuatro. Un punto marca la escena que no es la que se sabe que tiene el teclado.</translation>
+    </message>
+    <message>
+        <source>Which setting the picture shows on each of its controls.</source>
+        <translation>Qué ajuste muestra la imagen en cada control.</translation>
     </message>
 </context>
 <context>
@@ -2085,6 +2262,14 @@
     <message>
         <source>What it sends</source>
         <translation>Qué envía</translation>
+    </message>
+    <message>
+        <source>The name that the keyboard holds of the scene. Scene &gt; Rename changes it.</source>
+        <translation>El nombre de la escena que guarda el teclado. Escena &gt; Renombrar lo cambia.</translation>
+    </message>
+    <message>
+        <source>The light of the pad, as the three levels mix it. A click opens a palette.</source>
+        <translation>La luz del pad, según la mezclan los tres niveles. Un clic abre una paleta.</translation>
     </message>
 </context>
 </TS>

@@ -871,6 +871,159 @@
     </message>
 </context>
 <context>
+    <name>scenewright::GuidePages</name>
+    <message>
+        <source>Guide</source>
+        <translation>Guide</translation>
+    </message>
+    <message>
+        <source>The guide is not among the program&apos;s resources.</source>
+        <translation>Le guide n’est pas parmi les ressources du programme.</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>Guide</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Précédent</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>&amp;Suivant</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>So&amp;mmaire</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Sommaire</translation>
+    </message>
+    <message>
+        <source>&amp;Open in Browser</source>
+        <translation>&amp;Ouvrir dans le navigateur</translation>
+    </message>
+    <message>
+        <source>Open in Browser</source>
+        <translation>Ouvrir dans le navigateur</translation>
+    </message>
+    <message>
+        <source>Search (%1)</source>
+        <translation>Rechercher (%1)</translation>
+    </message>
+    <message>
+        <source>Search this page</source>
+        <translation>Rechercher dans cette page</translation>
+    </message>
+    <message>
+        <source>Not on this page</source>
+        <translation>Pas dans cette page</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Help</name>
+    <message>
+        <source>How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity.</source>
+        <translation>Comment la force d’une frappe devient une vélocité : Douce donne plus pour une frappe légère, Dure en demande une forte, et avec Fixe toute frappe donne la vélocité fixe.</translation>
+    </message>
+    <message>
+        <source>The velocity of every stroke while the velocity curve is Constant.</source>
+        <translation>La vélocité de toute frappe tant que la courbe de vélocité est Fixe.</translation>
+    </message>
+    <message>
+        <source>Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go.</source>
+        <translation>Appuyé : activé tant qu’on appuie. Bascule : activé à un appui, désactivé au suivant. Déclenché : à l’appui seulement. Relâché : quand on relâche.</translation>
+    </message>
+    <message>
+        <source>The number of the controller that it sends, such as 7 for the volume.</source>
+        <translation>Le numéro du contrôleur qu’il envoie, comme 7 pour le volume.</translation>
+    </message>
+    <message>
+        <source>The channel of everything in this scene whose own channel is Global.</source>
+        <translation>Le canal de tout ce qui, dans cette scène, a Global pour canal.</translation>
+    </message>
+    <message>
+        <source>The channel that the keys send on. Global stands for the global MIDI channel.</source>
+        <translation>Le canal sur lequel envoient les touches. Global désigne le canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>How fast pitch bend follows, as a number from 0 to 127.</source>
+        <translation>À quelle vitesse suit le pitch bend, en nombre de 0 à 127.</translation>
+    </message>
+    <message>
+        <source>Moves the notes of the keys up or down by whole octaves.</source>
+        <translation>Monte ou descend les notes des touches d’octaves entières.</translation>
+    </message>
+    <message>
+        <source>What it sends: nothing (Off), a controller (CC) or a note (Note).</source>
+        <translation>Ce qu’il envoie : rien (Désactivé), un contrôleur (CC) ou une note (Note).</translation>
+    </message>
+    <message>
+        <source>The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37.</source>
+        <translation>Le contrôleur ou la note qu’il envoie. Une note se tape par son nom ou son numéro : Db2, C#2 ou 37.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched on.</source>
+        <translation>La valeur du contrôleur quand il est activé.</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched off.</source>
+        <translation>La valeur du contrôleur quand il est désactivé.</translation>
+    </message>
+    <message>
+        <source>The channel of the knob and the slider of this number. Global stands for the global MIDI channel.</source>
+        <translation>Le canal du potentiomètre et du curseur de ce numéro. Global désigne le canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>The channel that it sends on. Global stands for the global MIDI channel.</source>
+        <translation>Le canal sur lequel il envoie. Global désigne le canal MIDI global.</translation>
+    </message>
+    <message>
+        <source>Off: it sends nothing when it is moved.</source>
+        <translation>Désactivé : il n’envoie rien quand on le bouge.</translation>
+    </message>
+    <message>
+        <source>The value at the right end. With a smaller one here than on the left, the knob works backwards.</source>
+        <translation>La valeur au bout à droite. Plus petite que celle de gauche, elle inverse le potentiomètre.</translation>
+    </message>
+    <message>
+        <source>The value at the upper end. With a smaller one here than below, the slider works backwards.</source>
+        <translation>La valeur au bout en haut. Plus petite que celle du bas, elle inverse le curseur.</translation>
+    </message>
+    <message>
+        <source>The value at the left end.</source>
+        <translation>La valeur au bout à gauche.</translation>
+    </message>
+    <message>
+        <source>The value at the lower end.</source>
+        <translation>La valeur au bout en bas.</translation>
+    </message>
+    <message>
+        <source>How much red is in the light, from 0 to 127.</source>
+        <translation>La part de rouge dans la lumière, de 0 à 127.</translation>
+    </message>
+    <message>
+        <source>How much green is in the light, from 0 to 127.</source>
+        <translation>La part de vert dans la lumière, de 0 à 127.</translation>
+    </message>
+    <message>
+        <source>How much blue is in the light, from 0 to 127.</source>
+        <translation>La part de bleu dans la lumière, de 0 à 127.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::History</name>
     <message>
         <source>Ctrl+Z</source>
@@ -1036,6 +1189,14 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>grmt</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Guide</translation>
+    </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>&amp;Qu’est-ce que c’est ?</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
@@ -1158,6 +1319,22 @@
     <message>
         <source>%1, not sent</source>
         <translation>%1, non envoyée</translation>
+    </message>
+    <message>
+        <source>The settings of the scene as a whole, and the 45 controls. A click or Return shows the settings of one.</source>
+        <translation>Les réglages de la scène entière et les 45 contrôles. Un clic ou Entrée montre les réglages de l’un d’eux.</translation>
+    </message>
+    <message>
+        <source>The keyboard&apos;s controls in the chosen scene. A click, or Space, shows the settings of one below.</source>
+        <translation>Les contrôles du clavier dans la scène choisie. Un clic ou Espace montre en dessous les réglages de l’un d’eux.</translation>
+    </message>
+    <message>
+        <source>The four scenes. One is shown and edited at a time; a read and a send are of all four. A dot is on a scene that is not what the keyboard is known to hold.</source>
+        <translation>Les quatre scènes. Une seule est montrée et modifiée à la fois ; lire et envoyer concernent les quatre. Un point marque une scène qui n’est pas celle que l’on sait dans le clavier.</translation>
+    </message>
+    <message>
+        <source>Which setting the picture shows on each of its controls.</source>
+        <translation>Quel réglage l’image montre sur chaque contrôle.</translation>
     </message>
 </context>
 <context>
@@ -2085,6 +2262,14 @@
     <message>
         <source>What it sends</source>
         <translation>Ce qu’il envoie</translation>
+    </message>
+    <message>
+        <source>The name that the keyboard holds of the scene. Scene &gt; Rename changes it.</source>
+        <translation>Le nom de la scène que garde le clavier. Scène &gt; Renommer le change.</translation>
+    </message>
+    <message>
+        <source>The light of the pad, as the three levels mix it. A click opens a palette.</source>
+        <translation>La lumière du pad, telle que les trois niveaux la mélangent. Un clic ouvre une palette.</translation>
     </message>
 </context>
 </TS>

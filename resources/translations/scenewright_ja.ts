@@ -871,6 +871,159 @@
     </message>
 </context>
 <context>
+    <name>scenewright::GuidePages</name>
+    <message>
+        <source>Guide</source>
+        <translation>ガイド</translation>
+    </message>
+    <message>
+        <source>The guide is not among the program&apos;s resources.</source>
+        <translation>ガイドがプログラムのリソースにありません。</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>ガイド</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>戻る(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>進む(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>目次(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>目次</translation>
+    </message>
+    <message>
+        <source>&amp;Open in Browser</source>
+        <translation>ブラウザーで開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Open in Browser</source>
+        <translation>ブラウザーで開く</translation>
+    </message>
+    <message>
+        <source>Search (%1)</source>
+        <translation>検索 (%1)</translation>
+    </message>
+    <message>
+        <source>Search this page</source>
+        <translation>このページを検索</translation>
+    </message>
+    <message>
+        <source>Not on this page</source>
+        <translation>このページにはありません</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Help</name>
+    <message>
+        <source>How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity.</source>
+        <translation>打鍵の強さがどのようにベロシティになるか: ソフトは軽い打鍵でも大きく、ハードは強い打鍵を必要とし、固定ではどの打鍵でも固定ベロシティになります。</translation>
+    </message>
+    <message>
+        <source>The velocity of every stroke while the velocity curve is Constant.</source>
+        <translation>ベロシティカーブが固定のときの、すべての打鍵のベロシティ。</translation>
+    </message>
+    <message>
+        <source>Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go.</source>
+        <translation>モメンタリ: 押している間オン。トグル: 押すとオン、次に押すとオフ。トリガー: 押したときだけ。リリース: 離したとき。</translation>
+    </message>
+    <message>
+        <source>The number of the controller that it sends, such as 7 for the volume.</source>
+        <translation>送信するコントローラーの番号。たとえば 7 は音量です。</translation>
+    </message>
+    <message>
+        <source>The channel of everything in this scene whose own channel is Global.</source>
+        <translation>このシーンで、チャンネルがグローバルであるものすべてのチャンネル。</translation>
+    </message>
+    <message>
+        <source>The channel that the keys send on. Global stands for the global MIDI channel.</source>
+        <translation>鍵盤が送信するチャンネル。グローバルはグローバル MIDI チャンネルを表します。</translation>
+    </message>
+    <message>
+        <source>How fast pitch bend follows, as a number from 0 to 127.</source>
+        <translation>ピッチベンドが追従する速さ。0 から 127 の数です。</translation>
+    </message>
+    <message>
+        <source>Moves the notes of the keys up or down by whole octaves.</source>
+        <translation>鍵盤のノートをオクターブ単位で上下に移動します。</translation>
+    </message>
+    <message>
+        <source>What it sends: nothing (Off), a controller (CC) or a note (Note).</source>
+        <translation>送信するもの: なし (オフ)、コントローラー (CC)、ノート (ノート)。</translation>
+    </message>
+    <message>
+        <source>The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37.</source>
+        <translation>送信するコントローラーまたはノート。ノートは名前でも番号でも入力できます: Db2、C#2、37。</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched on.</source>
+        <translation>オンになったときのコントローラーの値。</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched off.</source>
+        <translation>オフになったときのコントローラーの値。</translation>
+    </message>
+    <message>
+        <source>The channel of the knob and the slider of this number. Global stands for the global MIDI channel.</source>
+        <translation>この番号のノブとスライダーのチャンネル。グローバルはグローバル MIDI チャンネルを表します。</translation>
+    </message>
+    <message>
+        <source>The channel that it sends on. Global stands for the global MIDI channel.</source>
+        <translation>送信するチャンネル。グローバルはグローバル MIDI チャンネルを表します。</translation>
+    </message>
+    <message>
+        <source>Off: it sends nothing when it is moved.</source>
+        <translation>オフ: 動かしても何も送信しません。</translation>
+    </message>
+    <message>
+        <source>The value at the right end. With a smaller one here than on the left, the knob works backwards.</source>
+        <translation>右端の値。左より小さくすると、ノブは逆向きに動作します。</translation>
+    </message>
+    <message>
+        <source>The value at the upper end. With a smaller one here than below, the slider works backwards.</source>
+        <translation>上端の値。下より小さくすると、スライダーは逆向きに動作します。</translation>
+    </message>
+    <message>
+        <source>The value at the left end.</source>
+        <translation>左端の値。</translation>
+    </message>
+    <message>
+        <source>The value at the lower end.</source>
+        <translation>下端の値。</translation>
+    </message>
+    <message>
+        <source>How much red is in the light, from 0 to 127.</source>
+        <translation>ライトの赤の量。0 から 127。</translation>
+    </message>
+    <message>
+        <source>How much green is in the light, from 0 to 127.</source>
+        <translation>ライトの緑の量。0 から 127。</translation>
+    </message>
+    <message>
+        <source>How much blue is in the light, from 0 to 127.</source>
+        <translation>ライトの青の量。0 から 127。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::History</name>
     <message>
         <source>Ctrl+Z</source>
@@ -1036,6 +1189,14 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>gamt</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>ガイド(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>これは何ですか(&amp;W)</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
@@ -1158,6 +1319,22 @@
     <message>
         <source>%1, not sent</source>
         <translation>%1、未送信</translation>
+    </message>
+    <message>
+        <source>The settings of the scene as a whole, and the 45 controls. A click or Return shows the settings of one.</source>
+        <translation>シーン全体の設定と 45 個のコントロール。クリックか Return でその設定が表示されます。</translation>
+    </message>
+    <message>
+        <source>The keyboard&apos;s controls in the chosen scene. A click, or Space, shows the settings of one below.</source>
+        <translation>選択したシーンでのキーボードのコントロール。クリックか Space で設定が下に表示されます。</translation>
+    </message>
+    <message>
+        <source>The four scenes. One is shown and edited at a time; a read and a send are of all four. A dot is on a scene that is not what the keyboard is known to hold.</source>
+        <translation>4 つのシーン。表示と編集は 1 つずつで、読み込みと送信は 4 つ全部です。点は、キーボードにあると分かっている内容と異なるシーンを示します。</translation>
+    </message>
+    <message>
+        <source>Which setting the picture shows on each of its controls.</source>
+        <translation>画像の各コントロールに表示する設定。</translation>
     </message>
 </context>
 <context>
@@ -2085,6 +2262,14 @@
     <message>
         <source>What it sends</source>
         <translation>送信する内容</translation>
+    </message>
+    <message>
+        <source>The name that the keyboard holds of the scene. Scene &gt; Rename changes it.</source>
+        <translation>キーボードが保持するシーンの名前。「シーン」&gt;「名前の変更」で変更できます。</translation>
+    </message>
+    <message>
+        <source>The light of the pad, as the three levels mix it. A click opens a palette.</source>
+        <translation>3 つのレベルを混ぜたパッドのライト。クリックするとパレットが開きます。</translation>
     </message>
 </context>
 </TS>

@@ -871,6 +871,159 @@
     </message>
 </context>
 <context>
+    <name>scenewright::GuidePages</name>
+    <message>
+        <source>Guide</source>
+        <translation>指南</translation>
+    </message>
+    <message>
+        <source>The guide is not among the program&apos;s resources.</source>
+        <translation>程序资源中没有指南。</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>指南</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>后退(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>前进(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>&amp;Contents</source>
+        <translation>目录(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>&amp;Open in Browser</source>
+        <translation>在浏览器中打开(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Open in Browser</source>
+        <translation>在浏览器中打开</translation>
+    </message>
+    <message>
+        <source>Search (%1)</source>
+        <translation>搜索 (%1)</translation>
+    </message>
+    <message>
+        <source>Search this page</source>
+        <translation>在本页中搜索</translation>
+    </message>
+    <message>
+        <source>Not on this page</source>
+        <translation>本页中没有</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Help</name>
+    <message>
+        <source>How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity.</source>
+        <translation>敲击力度如何变成力度值：柔和使轻敲得到更大的值，硬需要重敲，固定则每次敲击都使用固定力度。</translation>
+    </message>
+    <message>
+        <source>The velocity of every stroke while the velocity curve is Constant.</source>
+        <translation>力度曲线为固定时每次敲击的力度。</translation>
+    </message>
+    <message>
+        <source>Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go.</source>
+        <translation>瞬时：按住时开启。切换：按一次开启，再按一次关闭。触发：仅在按下时。释放：松开时。</translation>
+    </message>
+    <message>
+        <source>The number of the controller that it sends, such as 7 for the volume.</source>
+        <translation>它发送的控制器编号，例如 7 为音量。</translation>
+    </message>
+    <message>
+        <source>The channel of everything in this scene whose own channel is Global.</source>
+        <translation>此场景中通道设为全局的一切所用的通道。</translation>
+    </message>
+    <message>
+        <source>The channel that the keys send on. Global stands for the global MIDI channel.</source>
+        <translation>琴键发送所用的通道。全局代表全局 MIDI 通道。</translation>
+    </message>
+    <message>
+        <source>How fast pitch bend follows, as a number from 0 to 127.</source>
+        <translation>弯音跟随的快慢，为 0 到 127 的数。</translation>
+    </message>
+    <message>
+        <source>Moves the notes of the keys up or down by whole octaves.</source>
+        <translation>将琴键的音符按整八度上移或下移。</translation>
+    </message>
+    <message>
+        <source>What it sends: nothing (Off), a controller (CC) or a note (Note).</source>
+        <translation>它发送的内容：无（关闭）、控制器（CC）或音符（音符）。</translation>
+    </message>
+    <message>
+        <source>The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37.</source>
+        <translation>它发送的控制器或音符。音符可按名称或编号输入：Db2、C#2 或 37。</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched on.</source>
+        <translation>开启时控制器的值。</translation>
+    </message>
+    <message>
+        <source>The controller&apos;s value when it is switched off.</source>
+        <translation>关闭时控制器的值。</translation>
+    </message>
+    <message>
+        <source>The channel of the knob and the slider of this number. Global stands for the global MIDI channel.</source>
+        <translation>此编号的旋钮和推子的通道。全局代表全局 MIDI 通道。</translation>
+    </message>
+    <message>
+        <source>The channel that it sends on. Global stands for the global MIDI channel.</source>
+        <translation>发送所用的通道。全局代表全局 MIDI 通道。</translation>
+    </message>
+    <message>
+        <source>Off: it sends nothing when it is moved.</source>
+        <translation>关闭：移动时不发送任何内容。</translation>
+    </message>
+    <message>
+        <source>The value at the right end. With a smaller one here than on the left, the knob works backwards.</source>
+        <translation>右端的值。若比左侧的小，旋钮就反向工作。</translation>
+    </message>
+    <message>
+        <source>The value at the upper end. With a smaller one here than below, the slider works backwards.</source>
+        <translation>上端的值。若比下端的小，推子就反向工作。</translation>
+    </message>
+    <message>
+        <source>The value at the left end.</source>
+        <translation>左端的值。</translation>
+    </message>
+    <message>
+        <source>The value at the lower end.</source>
+        <translation>下端的值。</translation>
+    </message>
+    <message>
+        <source>How much red is in the light, from 0 to 127.</source>
+        <translation>灯光中红色的量，0 到 127。</translation>
+    </message>
+    <message>
+        <source>How much green is in the light, from 0 to 127.</source>
+        <translation>灯光中绿色的量，0 到 127。</translation>
+    </message>
+    <message>
+        <source>How much blue is in the light, from 0 to 127.</source>
+        <translation>灯光中蓝色的量，0 到 127。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::History</name>
     <message>
         <source>Ctrl+Z</source>
@@ -1036,6 +1189,14 @@
         <extracomment>The letters marked in &quot;Gain Panel&quot;, &quot;Appearance&quot;, &quot;Monitor&quot; and &quot;Choose by Touching&quot;.</extracomment>
         <translation>gamt</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>指南(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;What&apos;s This?</source>
+        <translation>这是什么(&amp;W)</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::MainWindow</name>
@@ -1158,6 +1319,22 @@
     <message>
         <source>%1, not sent</source>
         <translation>%1，未发送</translation>
+    </message>
+    <message>
+        <source>The settings of the scene as a whole, and the 45 controls. A click or Return shows the settings of one.</source>
+        <translation>整个场景的设置和 45 个控件。单击或按回车键显示其设置。</translation>
+    </message>
+    <message>
+        <source>The keyboard&apos;s controls in the chosen scene. A click, or Space, shows the settings of one below.</source>
+        <translation>所选场景中键盘的控件。单击或按空格键在下方显示其设置。</translation>
+    </message>
+    <message>
+        <source>The four scenes. One is shown and edited at a time; a read and a send are of all four. A dot is on a scene that is not what the keyboard is known to hold.</source>
+        <translation>四个场景。每次显示和编辑一个；读取和发送针对全部四个。圆点表示该场景与已知的键盘内容不同。</translation>
+    </message>
+    <message>
+        <source>Which setting the picture shows on each of its controls.</source>
+        <translation>图片在每个控件上显示哪项设置。</translation>
     </message>
 </context>
 <context>
@@ -2085,6 +2262,14 @@
     <message>
         <source>What it sends</source>
         <translation>发送的内容</translation>
+    </message>
+    <message>
+        <source>The name that the keyboard holds of the scene. Scene &gt; Rename changes it.</source>
+        <translation>键盘保存的场景名称。用“场景”&gt;“重命名”更改。</translation>
+    </message>
+    <message>
+        <source>The light of the pad, as the three levels mix it. A click opens a palette.</source>
+        <translation>三个电平混合出的打击垫灯光。单击打开调色板。</translation>
     </message>
 </context>
 </TS>

@@ -9,6 +9,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tree"))
 import check_architecture
 import check_commands
 import check_facts
+import check_guide
 import check_links
 from documents import Document
 from planted import TreeTest
@@ -74,6 +75,14 @@ FACTS_WRONG = [
     ("docs/b.svg", "a", "docs/b.svg: the same as docs/a.png"),
 ]
 
+GUIDE_RIGHT = '<a href="b.html#b">x</a> <a href="#a">x</a> <a href="a.png">x</a> <img src="a.png">'
+GUIDE_WRONG = [
+    ('<a href="gone.html">x</a>', "guide.html: gone.html leads nowhere"),
+    ('<a href="b.html#c">x</a>', "guide.html: b.html#c: no such heading"),
+    ('<img src="https://example.org/a.png">', "https://example.org/a.png is not in the guide"),
+    ('<link rel="stylesheet" href="gone.css">', "guide.html: gone.css is not in the guide"),
+]
+
 PICTURE = "| high |\n| low |\n"
 LOW, HIGH = "| [`low`](low) | | x |", "| [`high`](high) | what `low` may, `low` | x |"
 ARCHITECTURE_WRONG = [
@@ -121,6 +130,17 @@ class Checks(TreeTest):
     def test_facts(self):
         for path, text, told in FACTS_WRONG:
             self.check_finds(self.facts, [FACTS_RIGHT], [{**FACTS_RIGHT, path: text}], told)
+
+    def guide(self, text):
+        self.write("guide.html", f'<h1 id="a">a</h1>{text}')
+        self.write("b.html", '<h1 id="b">b</h1>')
+        self.write("a.png", "")
+        return list(check_guide.faults(self.root))
+
+    def test_guide(self):
+        for text, told in GUIDE_WRONG:
+            self.check_finds(self.guide, [GUIDE_RIGHT], [GUIDE_RIGHT + text], told)
+        self.assertEqual(len(list(check_guide.faults(self.root / "empty"))), 1)
 
     def architecture(self, picture, *rows):
         self.write("a.md", "```\n" + picture + "```\n" + "".join(row + "\n" for row in rows))

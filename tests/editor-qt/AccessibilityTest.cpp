@@ -2,6 +2,7 @@
 #include "editor/qt/ControlShape.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/EditorCommands.h"
+#include "editor/qt/GuideWindow.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QAccessible>
@@ -68,6 +69,11 @@ TEST_F(Accessibility, EveryWidgetOfTheGainPanelHasAName) {
 TEST_F(Accessibility, EveryWidgetOfTheAboutBoxHasAName) {
     About about;
     EXPECT_EQ(namelessIn(about), std::string());
+}
+
+TEST_F(Accessibility, EveryWidgetOfTheGuideHasAName) {
+    open();
+    EXPECT_EQ(namelessIn(window().guide()), std::string());
 }
 
 TEST_F(Accessibility, WidgetWithoutANameWouldBeFound) {

@@ -4,6 +4,7 @@
 #include "bank/BankFile.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/GuideWindow.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
@@ -100,7 +101,7 @@ bool keepMenus(MainWindow& window, EditorCommands& commands, const Keep& keep) {
 }
 
 bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep) {
-    for (const char* name : {"openBank", "saveBank", "openScene", "saveScene"}) {
+    for (const char* name : {"openBank", "saveBankAs", "openScene", "saveScene"}) {
         window.findChild<QAction*>(name)->trigger();
         settle(window);
         const std::unique_ptr<QFileDialog> dialog(window.findChild<QFileDialog*>());
@@ -110,8 +111,10 @@ bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep)
     commands.banks().openBank("/etc/hostname");
     if (!keep(window.grab(), "bad-bank"))
         return false;
+    window.menu().guide().trigger();
+    settle(window);
     About about(&window);
-    return keep(about.grab(), "about");
+    return keep(window.guide().grab(), "guide") && keep(about.grab(), "about");
 }
 
 bool keepPresences(MainWindow& window, EditorCommands& commands, const Keep& keep) {

@@ -32,6 +32,8 @@ MENUS = [
      "Read the Keyboard &Before a Send", "Try &It"],
     ["As the &System", "&Light", "&Dark"],
     ["De&fault", "&Apply", "&OK"],
+    ["&Guide", "&What's This?", "&About Scenewright"],
+    ["&Back", "&Forward", "&Contents", "&Open in Browser"],
 ]
 lupdate, root = sys.argv[1], pathlib.Path(sys.argv[2])
 

@@ -14,8 +14,11 @@ VERSIONED = re.compile(r"^lib((?!-dev$).)*\d[a-z]?(t64)?$|^(g\+\+|gcc|clang[a-z-
 ARGUMENT_NAME = re.compile(r"^(--)?[A-Za-z][A-Za-z-]*$")
 BUILD_COMMAND = re.compile(r"\badd_custom_(?:command|target)\((?:[^()]|\([^()]*\))*?\)", re.DOTALL)
 
-# What the build runs is the machine's own: cmake, gzip and Qt's translator, and nothing that it built.
-RUN_BY_THE_BUILD = {"${CMAKE_COMMAND}", "gzip", "Qt6::lrelease"}
+# What the build runs is the machine's own: cmake, gzip, Qt's translator and a script, and nothing that
+# it built.
+RUN_BY_THE_BUILD = {
+    "${CMAKE_COMMAND}", "gzip", "Qt6::lrelease", "${CMAKE_CURRENT_SOURCE_DIR}/page"
+}
 
 
 def versioned(names):
