@@ -81,9 +81,9 @@ Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& 
     });
 }
 
-Result<void> StoreFiles::bringBack(const EarlierScenes::Entry& entry) const {
+Result<void> StoreFiles::bringBack(const BankImage& image) const {
     auto kept = keep({.reason = EarlierScenes::Reason::BringingBack});
-    WindowAction::setScenes(entry.scenes());
+    WindowAction::setScenes(readBankImage(image).value_or(SceneList{}));
     return kept;
 }
 

@@ -50,7 +50,7 @@ public:
     [[nodiscard]] static Result<Opened> openAtStart(const std::filesystem::path& file,
                                                     std::int32_t index);
     // Makes them the stored scenes again; gives how the former ones were kept.
-    [[nodiscard]] Result<void> bringBack(const EarlierScenes::Entry& entry) const;
+    [[nodiscard]] Result<void> bringBack(const BankImage& image) const;
     // The newest of the earlier scenes that differ from the stored ones.
     [[nodiscard]] std::optional<EarlierScenes::Entry> newestOther() const;
 

@@ -11,21 +11,17 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QInputDialog>
-#include <QLocale>
 #include <QMimeData>
 #include <QTreeView>
 #include <QUrl>
 
-#include <chrono>
 #include <filesystem>
-#include <optional>
 #include <vector>
 
 namespace scenewright {
 
 namespace {
 
-constexpr std::size_t kMenuEntries = 20; // of earlier scenes, before the next menu
 constexpr QSize kDialogSize(860, 520);
 
 // The local files that are dragged.
@@ -56,11 +52,6 @@ void giveRoom(QFileDialog& dialog) {
     dialog.resize(kDialogSize);
     for (const QTreeView* details : dialog.findChildren<QTreeView*>())
         details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-}
-
-// A name in a menu, where "&" marks a letter.
-QString inMenu(QString text) {
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace
@@ -109,14 +100,7 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& histor
                   .suggestion = &BankCommands::sceneSuggestion,
                   .name = "saveScene"});
     window_.menu().file().insertSeparator(&window_.menu().quit());
-    earlier_ = &addMenu(tr("&Earlier Scenes"), tr("Earlier scenes"));
-    window_.menu().file().insertSeparator(&window_.menu().quit());
     connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
-    connect(earlier_, &QMenu::aboutToShow, this, &BankCommands::fillEarlier);
-    window_.commands().setKeepScenes([this]() -> std::optional<std::string> {
-        const auto kept = files_.keep({.reason = EarlierScenes::Reason::Read});
-        return kept ? std::nullopt : std::optional(kept.error());
-    });
     window_.setAcceptDrops(true);
     window_.installEventFilter(this);
 }
@@ -229,7 +213,7 @@ void BankCommands::openBank(const QString& file) {
                            stored,
                            [this, file](std::int32_t place) { openSceneAs(file, 0, place); });
     }
-    if (showOutcome(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
+    if (document_.show(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
         follow(file);
 }
 
@@ -237,9 +221,9 @@ void BankCommands::openAtStart(const QString& file) {
     const auto outcome = StoreFiles::openAtStart(pathOf(file), window_.view().sceneIndex());
     const bool isScene = outcome && outcome->isScene;
     const QString absolute = QFileInfo(file).absoluteFilePath();
-    if (!showOutcome(outcome,
-                     isScene ? openedScene(file, window_.view().sceneIndex()) : openedBank(file),
-                     {}))
+    if (!document_.show(outcome,
+                        isScene ? openedScene(file, window_.view().sceneIndex()) : openedBank(file),
+                        {}))
         return;
     history_.forget(); // nothing was there before
     if (isScene)
@@ -280,8 +264,8 @@ void BankCommands::openScene(const QString& file) {
 }
 
 void BankCommands::openSceneAs(const QString& file, std::int32_t from, std::int32_t index) {
-    if (!showOutcome(files_.openScene(pathOf(file), index, from), openedScene(file, index),
-                     openStep(file)))
+    if (!document_.show(files_.openScene(pathOf(file), index, from), openedScene(file, index),
+                        openStep(file)))
         return;
     if (index != window_.view().sceneIndex())
         window_.showControl(index, 0);
@@ -296,50 +280,10 @@ void BankCommands::saveScene(const QString& file) {
         RecentFiles::setFolderOf(file);
 }
 
-void BankCommands::restoreLatest() {
-    if (const auto entry = files_.newestOther())
-        bringBack(*entry, tr("Brought back the earlier scenes"));
-}
-
-void BankCommands::bringBack(const EarlierScenes::Entry& entry, const QString& done) {
-    showOutcome(StoreFiles::Opened{.kept = files_.bringBack(entry)}, done, tr("Bring Back Scenes"));
-    document_.forget();
-}
-
-void BankCommands::bringBackEdited(const EditedScenes& scenes) {
-    EarlierScenes::Entry entry;
-    entry.image = scenes.image;
-    bringBack(entry, tr("Brought back the edited scenes"));
-    document_.setUnsaved(shown(scenes.file));
-}
-
-bool BankCommands::showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
-                               const QString& step) {
-    post(outcome ? outcome->kept : failure(outcome.error()), outcome ? done : QString());
-    if (!outcome)
-        return false;
-    history_.name(step);
-    window_.showScenesAnew();
-    emit replaced();
-    return true;
-}
-
 void BankCommands::showSaved(const Result<void>& saved, const QString& file) {
-    post(saved, saved ? tr("Saved %1").arg(QFileInfo(file).fileName()) : QString());
-}
-
-// Both may be there: something was done, and something else beside it was not.
-void BankCommands::post(const Result<void>& result, const QString& done) {
-    QStringList lines;
-    if (!done.isEmpty())
-        lines.append(done);
-    if (!result)
-        lines.append(shown(result.error()));
-    if (lines.isEmpty())
-        return window_.notices().withdraw(Notice::Source::Files);
-    window_.notices().post({.source = Notice::Source::Files,
-                            .kind = result ? Notice::Kind::Done : Notice::Kind::Error,
-                            .text = lines.join(QLatin1Char('\n'))});
+    window_.notices().postResult(Notice::Source::Files, saved,
+                                 saved ? tr("Saved %1").arg(QFileInfo(file).fileName())
+                                       : QString());
 }
 
 void BankCommands::fillRecent() {
@@ -350,42 +294,6 @@ void BankCommands::fillRecent() {
     }
     if (recent_->isEmpty())
         recent_->addAction(tr("None"))->setEnabled(false);
-}
-
-void BankCommands::fillEarlier() {
-    earlier_->clear();
-    qDeleteAll(earlier_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-    const std::vector<EarlierScenes::Entry> entries = files_.earlier().list();
-    QMenu* menu = earlier_;
-    for (std::size_t place = 0; place < entries.size(); ++place) {
-        if (place > 0 && place % kMenuEntries == 0)
-            menu = &olderMenu(*menu);
-        addEarlier(*menu, entries[place]);
-    }
-    if (earlier_->isEmpty())
-        earlier_->addAction(tr("None"))->setEnabled(false);
-}
-
-QMenu& BankCommands::olderMenu(QMenu& menu) {
-    QMenu& older = *menu.addMenu(tr("Older"));
-    older.setAccessibleName(older.title());
-    return older;
-}
-
-// The time, why they were kept, and the names of the scenes.
-void BankCommands::addEarlier(QMenu& menu, const EarlierScenes::Entry& entry) {
-    const auto since = std::chrono::floor<std::chrono::milliseconds>(entry.kept.time_since_epoch());
-    const QString when = QLocale().toString(QDateTime::fromMSecsSinceEpoch(since.count()),
-                                            tr("d MMMM yyyy, hh:mm:ss"));
-    QStringList names;
-    for (const std::string& name : entry.names())
-        names.append(shown(name));
-    QStringList parts{when, shown(reasonText(entry.occasion)), names.join(QStringLiteral(", "))};
-    parts.removeAll(QString());
-    QAction& action = *menu.addAction(inMenu(parts.join(QStringLiteral(" – "))));
-    connect(&action, &QAction::triggered, this, [this, entry, when] {
-        bringBack(entry, tr("Brought back the scenes of %1").arg(when));
-    });
 }
 
 bool BankCommands::eventFilter(QObject* watched, QEvent* event) {
@@ -403,7 +311,8 @@ bool BankCommands::eventFilter(QObject* watched, QEvent* event) {
         if (files.size() == 1)
             openBank(files.front());
         else
-            post(
+            window_.notices().postResult(
+                Notice::Source::Files,
                 failure(tr("%1 files were dropped, and one can be open at a time; drop one of them")
                             .arg(files.size())
                             .toStdString()),

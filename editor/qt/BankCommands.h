@@ -1,8 +1,7 @@
-// The commands on banks that people keep: the File menu, banks dropped on the window, and the
-// scenes of earlier times. None of them needs a controller or sends anything.
+// The commands on banks that people keep in files: the File menu, and banks dropped on the window.
+// None of them needs a controller or sends anything.
 #pragma once
 
-#include "app/Recovery.h"
 #include "app/StoreFiles.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/History.h"
@@ -28,9 +27,6 @@ class BankCommands final : public QObject {
 public:
     BankCommands(MainWindow& window, StoreFiles files, History& history, Document& document);
 
-    [[nodiscard]] Document& document() { return document_; }
-    [[nodiscard]] const Document& document() const { return document_; }
-
     // Files that nothing is to be saved in, as the program writes to them.
     void setUsed(std::vector<NamedFile> files) { files_.setUsed(std::move(files)); }
 
@@ -47,21 +43,8 @@ public:
     // Into the scene that is shown. Of a file that holds four it is asked which one.
     void openScene(const QString& file);
     void saveScene(const QString& file);
-    // Shows them; the notice says `done`.
-    void bringBack(const EarlierScenes::Entry& entry, const QString& done);
-    // The newest of the earlier scenes that are not those shown.
-    void restoreLatest();
-    // Scenes that an ended program has left, and their file.
-    void bringBackEdited(const EditedScenes& scenes);
-    [[nodiscard]] bool hasEarlier() const { return files_.newestOther().has_value(); }
 
-    [[nodiscard]] const EarlierScenes& earlier() const { return files_.earlier(); }
     [[nodiscard]] QMenu& recentMenu() { return *recent_; }
-    [[nodiscard]] QMenu& earlierMenu() { return *earlier_; }
-
-signals:
-    // Other scenes are shown now.
-    void replaced();
 
 protected:
     // Of the window: a file is dragged over it or dropped on it.
@@ -96,24 +79,17 @@ private:
     // The scenes belong to the file from now on.
     void follow(const QString& file);
     void fillRecent();
-    void fillEarlier();
-    static QMenu& olderMenu(QMenu& menu);
-    void addEarlier(QMenu& menu, const EarlierScenes::Entry& entry);
-    bool showOutcome(const Result<StoreFiles::Opened>& outcome, const QString& done,
-                     const QString& step);
     [[nodiscard]] static QString openStep(const QString& file);
     [[nodiscard]] QString openedBank(const QString& file) const;
     [[nodiscard]] static QString openedScene(const QString& file, std::int32_t index);
     void showSaved(const Result<void>& saved, const QString& file);
-    void post(const Result<void>& result, const QString& done);
 
     MainWindow& window_;
     StoreFiles files_;
     History& history_;
     Document& document_;
     FileEntry saveAs_;
-    QMenu* recent_ = nullptr; // children of the File menu
-    QMenu* earlier_ = nullptr;
+    QMenu* recent_ = nullptr; // child of the File menu
 };
 
 } // namespace scenewright

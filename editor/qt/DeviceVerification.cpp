@@ -9,9 +9,9 @@
 
 namespace scenewright {
 
-DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks,
+DeviceVerification::DeviceVerification(MainWindow& window, EarlierCommands& earlier,
                                        SafeSending& sending)
-    : window_(window), banks_(banks), sending_(sending) {
+    : window_(window), earlier_(earlier), sending_(sending) {
     compare_ = addAction(tr("&Compare With Device"), tr("Ctrl+D"), &DeviceVerification::compare);
     verify_ = addAction(tr("Send And &Verify"), tr("Ctrl+Shift+Return"),
                         &DeviceVerification::sendAndVerify);
@@ -29,7 +29,7 @@ DeviceVerification::DeviceVerification(MainWindow& window, BankCommands& banks,
     connect(&commands, &DeviceCommands::sendEnded, this, &DeviceVerification::afterSend);
     connect(&commands, &DeviceCommands::sendCancelled, this, [this] { isVerifying_ = false; });
     // What is shown now came from a file, whatever a read told of the scenes before.
-    connect(&banks, &BankCommands::replaced, this,
+    connect(&earlier.document(), &Document::replaced, this,
             [this] { window_.notices().withdraw(Notice::Source::Transfer); });
     connect(&window, &MainWindow::refreshed, this, &DeviceVerification::checkEquality);
 }
@@ -109,8 +109,8 @@ void DeviceVerification::postOutcome(DeviceOperation operation, const Outcome& o
 
 void DeviceVerification::afterRead(const Outcome& outcome) {
     std::vector<NoticeAction> actions;
-    if (outcome.end != Outcome::End::Done && banks_.hasEarlier())
-        actions.push_back({tr("Bring Back Earlier Scenes"), [this] { banks_.restoreLatest(); }});
+    if (outcome.end != Outcome::End::Done && earlier_.hasLatest())
+        actions.push_back({tr("Bring Back Earlier Scenes"), [this] { earlier_.restoreLatest(); }});
     postOutcome(DeviceOperation::ShowScenes, outcome, std::move(actions));
 }
 

@@ -4,7 +4,7 @@
 
 #include "app/DeviceSession.h"
 #include "app/OutcomeText.h"
-#include "editor/qt/BankCommands.h"
+#include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"
 #include "protocol/SceneImage.h"
@@ -22,7 +22,7 @@ class DeviceVerification final : public QObject {
     Q_OBJECT
 
 public:
-    DeviceVerification(MainWindow& window, BankCommands& banks, SafeSending& sending);
+    DeviceVerification(MainWindow& window, EarlierCommands& earlier, SafeSending& sending);
 
     // Both do nothing while a send runs. Comparing blocks until it has ended.
     void compare();
@@ -48,7 +48,7 @@ private:
     void checkEquality();
 
     MainWindow& window_;
-    BankCommands& banks_;
+    EarlierCommands& earlier_;
     SafeSending& sending_;
     bool isVerifying_ = false;
     std::optional<BankImage> equal_; // what was found equal to the controller's, while it is shown

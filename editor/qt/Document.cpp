@@ -7,7 +7,7 @@
 namespace scenewright {
 
 Document::Document(MainWindow& window, History& history)
-    : window_(window), program_(window.windowTitle()) {
+    : window_(window), history_(history), program_(window.windowTitle()) {
     connect(&history, &History::changed, this, &Document::showMark);
     connect(&window.commands(), &DeviceCommands::started, this,
             [this] { beforeCommand_ = storedImage(); });
@@ -15,6 +15,19 @@ Document::Document(MainWindow& window, History& history)
         if (beforeCommand_ != storedImage())
             forget();
     });
+}
+
+bool Document::show(const Result<StoreFiles::Opened>& outcome, const QString& done,
+                    const QString& step) {
+    window_.notices().postResult(Notice::Source::Files,
+                                 outcome ? outcome->kept : failure(outcome.error()),
+                                 outcome ? done : QString());
+    if (!outcome)
+        return false;
+    history_.name(step);
+    window_.showScenesAnew();
+    emit replaced();
+    return true;
 }
 
 void Document::set(const QString& file) {

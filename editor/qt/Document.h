@@ -2,6 +2,7 @@
 // window's title has its name, marked while the scenes are not what the file holds.
 #pragma once
 
+#include "app/StoreFiles.h"
 #include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 #include "protocol/SceneImage.h"
@@ -25,6 +26,9 @@ public:
     // What the file holds, as far as it is known.
     [[nodiscard]] const std::optional<BankImage>& held() const { return held_; }
 
+    // Shows scenes that have been put into the store, as a step of the history. A notice tells
+    // `done`, or why they were not; then nothing is changed, and this gives false.
+    bool show(const Result<StoreFiles::Opened>& outcome, const QString& done, const QString& step);
     // The file holds the stored scenes.
     void set(const QString& file);
     // The scenes belong to the file, and what it holds is not known.
@@ -33,6 +37,8 @@ public:
     void forget();
 
 signals:
+    // Other scenes are shown now.
+    void replaced();
     // Another file, or what it holds.
     void changed();
 
@@ -41,6 +47,7 @@ private:
     void showMark();
 
     MainWindow& window_;
+    History& history_;
     const QString program_; // the window's title without a file
     QString file_;
     std::optional<BankImage> held_;

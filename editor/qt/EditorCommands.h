@@ -2,10 +2,12 @@
 // presence, and what the window remembers from one start to the next.
 #pragma once
 
-#include "editor/ControlClipboard.h"
 #include "editor/qt/BankCommands.h"
 #include "editor/qt/ChangeMarks.h"
+#include "editor/qt/ControlCommands.h"
 #include "editor/qt/DeviceVerification.h"
+#include "editor/qt/Document.h"
+#include "editor/qt/EarlierCommands.h"
 #include "editor/qt/History.h"
 #include "editor/qt/KeyboardInput.h"
 #include "editor/qt/KeyboardWatch.h"
@@ -19,47 +21,11 @@
 #include "editor/qt/ScenesKeeper.h"
 #include "editor/qt/TryStrip.h"
 
-#include <QAction>
-#include <QObject>
-
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace scenewright {
-
-// The Edit menu: changes undone and done again, the chosen control's settings copied, pasted and
-// put back to their defaults. Window and history outlive the commands. Main thread only.
-class ControlCommands final : public QObject {
-    Q_OBJECT
-
-public:
-    ControlCommands(MainWindow& window, History& history);
-
-    [[nodiscard]] QAction& copyAction() { return *copy_; }
-    [[nodiscard]] QAction& pasteAction() { return *paste_; }
-    [[nodiscard]] QAction& resetAction() { return *reset_; }
-
-private:
-    void copy();
-    void paste();
-    void reset();
-    // What was done to the chosen control, where nothing else shows it.
-    void tell(const QString& done);
-    // Names what is meant, and greys what the chosen control does not allow.
-    void update();
-
-    // Shows what was written into the chosen control, as a step of that name.
-    void showStep(const QString& name);
-
-    MainWindow& window_;
-    History& history_;
-    ControlClipboard clipboard_;
-    // Children of the menu.
-    QAction* copy_ = nullptr;
-    QAction* paste_ = nullptr;
-    QAction* reset_ = nullptr;
-};
 
 // Adds its menus and bars to the window, which outlives it. Made before the window is shown; its
 // end keeps the window's place. Main thread only.
@@ -82,7 +48,9 @@ public:
 
     [[nodiscard]] History& history() { return history_; }
     [[nodiscard]] ChangeMarks& marks() { return marks_; }
+    [[nodiscard]] Document& document() { return document_; }
     [[nodiscard]] BankCommands& banks() { return banks_; }
+    [[nodiscard]] EarlierCommands& earlier() { return earlier_; }
     [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
@@ -100,6 +68,7 @@ private:
     History history_;
     Document document_;
     BankCommands banks_;
+    EarlierCommands earlier_;
     ControlCommands controls_;
     SceneCommands scenes_;
     SceneChecks checks_;

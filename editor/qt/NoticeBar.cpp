@@ -123,6 +123,16 @@ void NoticeBar::post(Notice notice) {
         showFirst();
 }
 
+void NoticeBar::postResult(Notice::Source source, const Result<void>& result, const QString& done) {
+    QStringList lines{done, result ? QString() : shown(result.error())};
+    lines.removeAll(QString());
+    if (lines.isEmpty())
+        return withdraw(source);
+    post({.source = source,
+          .kind = result ? Notice::Kind::Done : Notice::Kind::Error,
+          .text = lines.join(QLatin1Char('\n'))});
+}
+
 void NoticeBar::withdraw(Notice::Source source) {
     const auto found = std::ranges::find(notices_, source, &Notice::source);
     if (found == notices_.end())

@@ -4,6 +4,7 @@
 
 #include "editor/qt/Adapters.h"
 #include "editor/qt/Notice.h"
+#include "platform/Result.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -72,6 +73,8 @@ public:
     // Behind those that wait, or in the place of the source's former one. One that is shown and
     // tells of nothing but what was done gives way.
     void post(Notice notice);
+    // What was done, if anything, and why something was not. Neither withdraws the source's notice.
+    void postResult(Notice::Source source, const Result<void>& result, const QString& done);
     // What the source has to say no longer holds. The notices of others stay.
     void withdraw(Notice::Source source);
     // Ends the notice that is shown, and shows the next. Choosing an action dismisses first.

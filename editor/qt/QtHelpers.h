@@ -28,6 +28,11 @@ template <typename T, typename... Args>
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+// A text in a menu, where "&" marks a letter.
+[[nodiscard]] inline QString inMenu(QString text) {
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 // `title` with one of its letters marked, the first that is not in `taken`, which gains it. The
 // title alone when all are taken.
 [[nodiscard]] inline QString withMnemonic(const QString& title, QString& taken) {

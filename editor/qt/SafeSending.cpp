@@ -30,15 +30,15 @@ QString sentences(const OutcomeText& text) {
 
 } // namespace
 
-SafeSending::SafeSending(MainWindow& window, BankCommands& banks, SendJournal journal)
-    : window_(window), banks_(banks), journal_(std::move(journal)) {
+SafeSending::SafeSending(MainWindow& window, EarlierCommands& earlier, SendJournal journal)
+    : window_(window), earlier_(earlier), journal_(std::move(journal)) {
     addPreference();
     const DeviceCommands& commands = window.commands();
     window.commands().setSending([this](const DeviceCommands::SendEnded& ended) { send(ended); });
     connect(&commands, &DeviceCommands::started, this,
             [this] { window_.notices().withdraw(Notice::Source::Kept); });
     connect(&commands, &DeviceCommands::readEnded, this, [this] { isChosen_ = false; });
-    connect(&banks, &BankCommands::replaced, this, [this] { isChosen_ = true; });
+    connect(&earlier.document(), &Document::replaced, this, [this] { isChosen_ = true; });
     // A keyboard that holds one of the two banks is whole again, whoever sent it.
     known_ = KnownKeyboard::addObserver([this] {
         if (!KnownKeyboard::image())
@@ -78,7 +78,7 @@ void SafeSending::send(const DeviceCommands::SendEnded& ended) {
         const WaitCursor cursor;
         step();
     };
-    SafeSend::run({.earlier = banks_.earlier(), .journal = journal_}, std::move(request));
+    SafeSend::run({.earlier = earlier_.kept(), .journal = journal_}, std::move(request));
 }
 
 // Scenes that were made, opened or read are somebody's choice, those of a new window are not.
@@ -167,8 +167,7 @@ std::vector<NoticeAction> SafeSending::wayBack() {
 void SafeSending::sendImage(const BankImage& image) {
     if (window_.commands().isBusy())
         return;
-    banks_.bringBack({.file = {}, .kept = {}, .occasion = {}, .image = image},
-                     tr("Brought back the earlier scenes"));
+    earlier_.bringBack(image, tr("Brought back the earlier scenes"));
     window_.commands().send();
 }
 

@@ -4,7 +4,7 @@
 
 #include "app/KnownKeyboard.h"
 #include "app/SafeSend.h"
-#include "editor/qt/BankCommands.h"
+#include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>
@@ -15,12 +15,12 @@
 
 namespace scenewright {
 
-// Window and banks outlive it. Main thread only.
+// Window and earlier scenes outlive it. Main thread only.
 class SafeSending final : public QObject {
     Q_OBJECT
 
 public:
-    SafeSending(MainWindow& window, BankCommands& banks, SendJournal journal);
+    SafeSending(MainWindow& window, EarlierCommands& earlier, SendJournal journal);
 
     // A notice of the newest send that did not end, as long as there is one.
     void tellUnfinished();
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] bool isUntouched() const;
 
     MainWindow& window_;
-    BankCommands& banks_;
+    EarlierCommands& earlier_;
     SendJournal journal_;
     KnownKeyboard::Subscription known_;
     bool isChosen_ = false;        // the scenes shown were opened or brought back

@@ -13,14 +13,14 @@
 
 namespace scenewright {
 
-ScenesKeeper::ScenesKeeper(MainWindow& window, History& history, BankCommands& banks,
+ScenesKeeper::ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
                            std::shared_ptr<Recovery> recovery)
-    : window_(window), banks_(banks), recovery_(std::move(recovery)), start_(storedImage()) {
+    : window_(window), earlier_(earlier), recovery_(std::move(recovery)), start_(storedImage()) {
     delay_.setSingleShot(true);
     delay_.setInterval(kDelay);
     connect(&delay_, &QTimer::timeout, this, &ScenesKeeper::flush);
     connect(&history, &History::changed, this, &ScenesKeeper::follow);
-    connect(&banks_.document(), &Document::changed, this, &ScenesKeeper::follow);
+    connect(&earlier_.document(), &Document::changed, this, &ScenesKeeper::follow);
     keyboard_ = KnownKeyboard::addObserver([this] { follow(); });
     // A read holds the event loop up, and may end the program with it.
     connect(&window_.commands(), &DeviceCommands::started, this, &ScenesKeeper::flush);
@@ -36,7 +36,8 @@ ScenesKeeper::~ScenesKeeper() {
 }
 
 bool ScenesKeeper::isSafe(const BankImage& image) const {
-    return image == start_ || image == KnownKeyboard::image() || image == banks_.document().held();
+    return image == start_ || image == KnownKeyboard::image() ||
+           image == earlier_.document().held();
 }
 
 void ScenesKeeper::follow() {
@@ -45,7 +46,7 @@ void ScenesKeeper::follow() {
         recovery_->discard();
     else
         recovery_->keep({.image = image,
-                         .file = banks_.document().file().toStdString(),
+                         .file = earlier_.document().file().toStdString(),
                          .keyboard = KnownKeyboard::name()});
     if (!delay_.isActive())
         delay_.start();
@@ -85,7 +86,7 @@ void ScenesKeeper::offer() {
 
 // They are on the disk under this program's name before they are no more under the former one's.
 void ScenesKeeper::bringBack(const Recovery::Left& left) {
-    banks_.bringBackEdited(left.scenes);
+    earlier_.bringBackEdited(left.scenes);
     if (recovery_->flush())
         recovery_->forget(left.place);
     offer();

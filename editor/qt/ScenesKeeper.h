@@ -4,8 +4,8 @@
 
 #include "app/KnownKeyboard.h"
 #include "app/Recovery.h"
-#include "editor/qt/BankCommands.h"
 #include "editor/qt/Document.h"
+#include "editor/qt/EarlierCommands.h"
 #include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 
@@ -26,7 +26,7 @@ public:
     // From an edit to the disk, while the event loop runs.
     static constexpr std::chrono::milliseconds kDelay{1000};
 
-    ScenesKeeper(MainWindow& window, History& history, BankCommands& banks,
+    ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
                  std::shared_ptr<Recovery> recovery);
     ~ScenesKeeper() override;
     ScenesKeeper(const ScenesKeeper&) = delete;
@@ -44,7 +44,7 @@ private:
     void bringBack(const Recovery::Left& left);
 
     MainWindow& window_;
-    BankCommands& banks_;
+    EarlierCommands& earlier_;
     std::shared_ptr<Recovery> recovery_;
     const BankImage start_;
     QTimer delay_;

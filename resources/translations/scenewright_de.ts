@@ -194,14 +194,6 @@
         <translation>Diese Sze&amp;ne speichern...</translation>
     </message>
     <message>
-        <source>&amp;Earlier Scenes</source>
-        <translation>F&amp;rühere Szenen</translation>
-    </message>
-    <message>
-        <source>Earlier scenes</source>
-        <translation>Frühere Szenen</translation>
-    </message>
-    <message>
         <source>Banks and scenes (*.json *.bank)</source>
         <translation>Bänke und Szenen (*.json *.bank)</translation>
     </message>
@@ -218,10 +210,6 @@
         <translation>%1 als Szene %2 geöffnet</translation>
     </message>
     <message>
-        <source>Brought back the earlier scenes</source>
-        <translation>Frühere Szenen zurückgeholt</translation>
-    </message>
-    <message>
         <source>Saved %1</source>
         <translation>%1 gespeichert</translation>
     </message>
@@ -230,28 +218,8 @@
         <translation>Keine</translation>
     </message>
     <message>
-        <source>d MMMM yyyy, hh:mm:ss</source>
-        <translation>d. MMMM yyyy, hh:mm:ss</translation>
-    </message>
-    <message>
-        <source>Brought back the scenes of %1</source>
-        <translation>Szenen vom %1 zurückgeholt</translation>
-    </message>
-    <message>
         <source>Open %1</source>
         <translation>%1 öffnen</translation>
-    </message>
-    <message>
-        <source>Bring Back Scenes</source>
-        <translation>Szenen zurückholen</translation>
-    </message>
-    <message>
-        <source>Older</source>
-        <translation>Ältere</translation>
-    </message>
-    <message>
-        <source>Brought back the edited scenes</source>
-        <translation>Bearbeitete Szenen zurückgeholt</translation>
     </message>
     <message>
         <source>&amp;Save Bank</source>
@@ -754,6 +722,45 @@
     <message>
         <source>before earlier scenes were brought back</source>
         <translation>vor dem Zurückholen früherer Szenen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::EarlierCommands</name>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>F&amp;rühere Szenen</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Frühere Szenen</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Frühere Szenen zurückgeholt</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d. MMMM yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Szenen vom %1 zurückgeholt</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Szenen zurückholen</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>Ältere</translation>
+    </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Bearbeitete Szenen zurückgeholt</translation>
     </message>
 </context>
 <context>

@@ -194,14 +194,6 @@
         <translation>Guardar es&amp;ta escena...</translation>
     </message>
     <message>
-        <source>&amp;Earlier Scenes</source>
-        <translation>&amp;Escenas anteriores</translation>
-    </message>
-    <message>
-        <source>Earlier scenes</source>
-        <translation>Escenas anteriores</translation>
-    </message>
-    <message>
         <source>Banks and scenes (*.json *.bank)</source>
         <translation>Bancos y escenas (*.json *.bank)</translation>
     </message>
@@ -218,10 +210,6 @@
         <translation>%1 abierto como escena %2</translation>
     </message>
     <message>
-        <source>Brought back the earlier scenes</source>
-        <translation>Se han recuperado las escenas anteriores</translation>
-    </message>
-    <message>
         <source>Saved %1</source>
         <translation>%1 guardado</translation>
     </message>
@@ -230,28 +218,8 @@
         <translation>Ninguno</translation>
     </message>
     <message>
-        <source>d MMMM yyyy, hh:mm:ss</source>
-        <translation>d &apos;de&apos; MMMM &apos;de&apos; yyyy, hh:mm:ss</translation>
-    </message>
-    <message>
-        <source>Brought back the scenes of %1</source>
-        <translation>Se han recuperado las escenas del %1</translation>
-    </message>
-    <message>
         <source>Open %1</source>
         <translation>Abrir %1</translation>
-    </message>
-    <message>
-        <source>Bring Back Scenes</source>
-        <translation>Recuperar escenas</translation>
-    </message>
-    <message>
-        <source>Older</source>
-        <translation>Anteriores</translation>
-    </message>
-    <message>
-        <source>Brought back the edited scenes</source>
-        <translation>Escenas editadas recuperadas</translation>
     </message>
     <message>
         <source>&amp;Save Bank</source>
@@ -754,6 +722,45 @@
     <message>
         <source>before earlier scenes were brought back</source>
         <translation>antes de recuperar escenas anteriores</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::EarlierCommands</name>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>&amp;Escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Escenas anteriores</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Se han recuperado las escenas anteriores</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d &apos;de&apos; MMMM &apos;de&apos; yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Se han recuperado las escenas del %1</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Recuperar escenas</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>Anteriores</translation>
+    </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Escenas editadas recuperadas</translation>
     </message>
 </context>
 <context>

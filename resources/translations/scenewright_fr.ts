@@ -194,14 +194,6 @@
         <translation>Enregistrer ce&amp;tte scène...</translation>
     </message>
     <message>
-        <source>&amp;Earlier Scenes</source>
-        <translation>Scènes &amp;précédentes</translation>
-    </message>
-    <message>
-        <source>Earlier scenes</source>
-        <translation>Scènes précédentes</translation>
-    </message>
-    <message>
         <source>Banks and scenes (*.json *.bank)</source>
         <translation>Banques et scènes (*.json *.bank)</translation>
     </message>
@@ -218,10 +210,6 @@
         <translation>%1 ouvert comme scène %2</translation>
     </message>
     <message>
-        <source>Brought back the earlier scenes</source>
-        <translation>Scènes précédentes rétablies</translation>
-    </message>
-    <message>
         <source>Saved %1</source>
         <translation>%1 enregistré</translation>
     </message>
@@ -230,28 +218,8 @@
         <translation>Aucune</translation>
     </message>
     <message>
-        <source>d MMMM yyyy, hh:mm:ss</source>
-        <translation>d MMMM yyyy, hh:mm:ss</translation>
-    </message>
-    <message>
-        <source>Brought back the scenes of %1</source>
-        <translation>Scènes du %1 rétablies</translation>
-    </message>
-    <message>
         <source>Open %1</source>
         <translation>Ouvrir %1</translation>
-    </message>
-    <message>
-        <source>Bring Back Scenes</source>
-        <translation>Rétablir les scènes</translation>
-    </message>
-    <message>
-        <source>Older</source>
-        <translation>Plus anciennes</translation>
-    </message>
-    <message>
-        <source>Brought back the edited scenes</source>
-        <translation>Scènes modifiées rétablies</translation>
     </message>
     <message>
         <source>&amp;Save Bank</source>
@@ -754,6 +722,45 @@
     <message>
         <source>before earlier scenes were brought back</source>
         <translation>avant le rappel de scènes précédentes</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::EarlierCommands</name>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>Scènes &amp;précédentes</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>Scènes précédentes</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>Scènes précédentes rétablies</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucune</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>d MMMM yyyy, hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>Scènes du %1 rétablies</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>Rétablir les scènes</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>Plus anciennes</translation>
+    </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>Scènes modifiées rétablies</translation>
     </message>
 </context>
 <context>

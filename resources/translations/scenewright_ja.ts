@@ -194,14 +194,6 @@
         <translation>このシーンを保存(&amp;T)...</translation>
     </message>
     <message>
-        <source>&amp;Earlier Scenes</source>
-        <translation>以前のシーン(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Earlier scenes</source>
-        <translation>以前のシーン</translation>
-    </message>
-    <message>
         <source>Banks and scenes (*.json *.bank)</source>
         <translation>バンクとシーン (*.json *.bank)</translation>
     </message>
@@ -218,10 +210,6 @@
         <translation>%1 をシーン %2 として開きました</translation>
     </message>
     <message>
-        <source>Brought back the earlier scenes</source>
-        <translation>以前のシーンを復元しました</translation>
-    </message>
-    <message>
         <source>Saved %1</source>
         <translation>%1 を保存しました</translation>
     </message>
@@ -230,28 +218,8 @@
         <translation>なし</translation>
     </message>
     <message>
-        <source>d MMMM yyyy, hh:mm:ss</source>
-        <translation>yyyy年M月d日 hh:mm:ss</translation>
-    </message>
-    <message>
-        <source>Brought back the scenes of %1</source>
-        <translation>%1 のシーンを復元しました</translation>
-    </message>
-    <message>
         <source>Open %1</source>
         <translation>%1 を開く</translation>
-    </message>
-    <message>
-        <source>Bring Back Scenes</source>
-        <translation>シーンを復元</translation>
-    </message>
-    <message>
-        <source>Older</source>
-        <translation>以前のもの</translation>
-    </message>
-    <message>
-        <source>Brought back the edited scenes</source>
-        <translation>編集したシーンを復元しました</translation>
     </message>
     <message>
         <source>&amp;Save Bank</source>
@@ -754,6 +722,45 @@
     <message>
         <source>before earlier scenes were brought back</source>
         <translation>以前のシーンを戻す前</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::EarlierCommands</name>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>以前のシーン(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>以前のシーン</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>以前のシーンを復元しました</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>yyyy年M月d日 hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>%1 のシーンを復元しました</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>シーンを復元</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>以前のもの</translation>
+    </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>編集したシーンを復元しました</translation>
     </message>
 </context>
 <context>

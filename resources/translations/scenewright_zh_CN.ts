@@ -194,14 +194,6 @@
         <translation>保存当前场景(&amp;T)...</translation>
     </message>
     <message>
-        <source>&amp;Earlier Scenes</source>
-        <translation>先前的场景(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Earlier scenes</source>
-        <translation>先前的场景</translation>
-    </message>
-    <message>
         <source>Banks and scenes (*.json *.bank)</source>
         <translation>库和场景 (*.json *.bank)</translation>
     </message>
@@ -218,10 +210,6 @@
         <translation>已将 %1 打开为场景 %2</translation>
     </message>
     <message>
-        <source>Brought back the earlier scenes</source>
-        <translation>已恢复先前的场景</translation>
-    </message>
-    <message>
         <source>Saved %1</source>
         <translation>已保存 %1</translation>
     </message>
@@ -230,28 +218,8 @@
         <translation>无</translation>
     </message>
     <message>
-        <source>d MMMM yyyy, hh:mm:ss</source>
-        <translation>yyyy年M月d日 hh:mm:ss</translation>
-    </message>
-    <message>
-        <source>Brought back the scenes of %1</source>
-        <translation>已恢复 %1 的场景</translation>
-    </message>
-    <message>
         <source>Open %1</source>
         <translation>打开 %1</translation>
-    </message>
-    <message>
-        <source>Bring Back Scenes</source>
-        <translation>恢复场景</translation>
-    </message>
-    <message>
-        <source>Older</source>
-        <translation>更早</translation>
-    </message>
-    <message>
-        <source>Brought back the edited scenes</source>
-        <translation>已恢复编辑过的场景</translation>
     </message>
     <message>
         <source>&amp;Save Bank</source>
@@ -754,6 +722,45 @@
     <message>
         <source>before earlier scenes were brought back</source>
         <translation>恢复先前场景之前</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::EarlierCommands</name>
+    <message>
+        <source>&amp;Earlier Scenes</source>
+        <translation>先前的场景(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Earlier scenes</source>
+        <translation>先前的场景</translation>
+    </message>
+    <message>
+        <source>Brought back the earlier scenes</source>
+        <translation>已恢复先前的场景</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy, hh:mm:ss</source>
+        <translation>yyyy年M月d日 hh:mm:ss</translation>
+    </message>
+    <message>
+        <source>Brought back the scenes of %1</source>
+        <translation>已恢复 %1 的场景</translation>
+    </message>
+    <message>
+        <source>Bring Back Scenes</source>
+        <translation>恢复场景</translation>
+    </message>
+    <message>
+        <source>Older</source>
+        <translation>更早</translation>
+    </message>
+    <message>
+        <source>Brought back the edited scenes</source>
+        <translation>已恢复编辑过的场景</translation>
     </message>
 </context>
 <context>

@@ -53,7 +53,7 @@ protected:
         return folder.file("bad.json");
     }
 
-    void restoreLatest() { EXPECT_TRUE(files.bringBack(files.newestOther().value())); }
+    void restoreLatest() { EXPECT_TRUE(files.bringBack(files.newestOther().value().image)); }
 
     TempFolder folder;
     StoreFiles files{EarlierScenes(folder.path() / "backups")};
@@ -77,7 +77,7 @@ TEST_F(StoreFilesTest, OpeningABankKeepsWhatWasThere) {
     EXPECT_EQ(
         files.earlier().list()[0].occasion,
         (EarlierScenes::Occasion{.reason = EarlierScenes::Reason::Opening, .subject = "a.bank"}));
-    EXPECT_TRUE(files.bringBack(files.earlier().list()[0]));
+    EXPECT_TRUE(files.bringBack(files.earlier().list()[0].image));
     EXPECT_EQ(record(0, 13).CB(), 77);
 }
 

@@ -114,7 +114,7 @@ TEST_F(BankCommandsTest, ABankThatTheProgramStartsWithIsShownAndRemembered) {
     EXPECT_EQ(record(kPad).CR(), 111);
     EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
     EXPECT_EQ(RecentFiles::list(), QStringList{bank});
-    EXPECT_FALSE(entries(commands().banks().earlierMenu()).front()->isEnabled());
+    EXPECT_FALSE(entries(commands().earlier().menu()).front()->isEnabled());
 }
 
 TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
@@ -215,7 +215,7 @@ TEST_F(BankCommandsTest, ASceneFileIsOpenedAsTheSceneThatIsChosen) {
     EXPECT_EQ(notice(), "Opened one.scene.json as scene 3");
     EXPECT_EQ(WindowAction::getSceneWithIndex(2)->buttonValueArray()[kPad - 1]->CR(), 31);
     EXPECT_EQ(window().view().sceneIndex(), 2);
-    EXPECT_TRUE(commands().banks().document().file().isEmpty());
+    EXPECT_TRUE(commands().document().file().isEmpty());
     EXPECT_TRUE(RecentFiles::list().isEmpty());
 }
 
@@ -289,48 +289,6 @@ TEST_F(BankCommandsTest, WithoutAFileTheDaysDateIsSuggested) {
     EXPECT_TRUE(QRegularExpression("^Scenes \\d{4}-\\d\\d-\\d\\d\\.bank\\.json$")
                     .match(QFileInfo(dialog->selectedFiles().value(0)).fileName())
                     .hasMatch());
-}
-
-TEST_F(BankCommandsTest, AReadKeepsWhatWasThereAmongTheEarlierScenes) {
-    EXPECT_FALSE(entries(commands().banks().earlierMenu()).front()->isEnabled());
-    record(kPad).setCR(101);
-    press(Qt::Key_R);
-    EXPECT_NE(record(kPad).CR(), 101);
-    const auto earlierEntries = entries(commands().banks().earlierMenu());
-    ASSERT_EQ(earlierEntries.size(), 1);
-    EXPECT_TRUE(
-        earlierEntries[0]->text().endsWith(" – before a read – SCENE1, SCENE2, SCENE3, SCENE4"))
-        << earlierEntries[0]->text().toStdString();
-    earlierEntries[0]->trigger();
-    EXPECT_EQ(record(kPad).CR(), 101);
-    EXPECT_TRUE(notice().startsWith("Brought back the scenes of "));
-    EXPECT_EQ(message(), "Read Scene Data Finish");
-}
-
-TEST_F(BankCommandsTest, ManyEarlierScenesStandInMenusOfTwenty) {
-    for (std::int32_t red = 1; red <= 45; ++red) {
-        record(kPad).setCR(red);
-        EXPECT_TRUE(earlier().keep(encodeBank(WindowAction::scenes()), {}));
-    }
-    for (int times = 0; times < 2; ++times) {
-        const auto first = entries(commands().banks().earlierMenu());
-        ASSERT_EQ(first.size(), 21);
-        ASSERT_NE(first[20]->menu(), nullptr);
-        const auto second = first[20]->menu()->actions();
-        ASSERT_EQ(second.size(), 21);
-        EXPECT_EQ(second[20]->menu()->actions().size(), 5);
-        second[0]->trigger();
-        EXPECT_EQ(record(kPad).CR(), 25);
-    }
-}
-
-TEST_F(BankCommandsTest, WhatAReadCouldNotKeepIsTold) {
-    std::ofstream(folder.file("backups")) << "in the way";
-    record(kPad).setCR(101);
-    press(Qt::Key_R);
-    EXPECT_EQ(message(), "Read Scene Data Finish");
-    EXPECT_TRUE(notice().startsWith("The former scenes could not be kept: "))
-        << notice().toStdString();
 }
 
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {

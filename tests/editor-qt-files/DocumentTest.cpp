@@ -49,7 +49,7 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
         {"bring back",
          [this] {
              edit(3);
-             commands().banks().restoreLatest();
+             commands().earlier().restoreLatest();
          },
          program, false},
     };
@@ -63,7 +63,7 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
 TEST_F(DocumentTest, AReadOfTheSameScenesKeepsTheFile) {
     commands().banks().saveBank(file("mine.bank"));
     press(Qt::Key_R);
-    EXPECT_EQ(commands().banks().document().file(), file("mine.bank"));
+    EXPECT_EQ(commands().document().file(), file("mine.bank"));
     EXPECT_FALSE(window().isWindowModified());
 }
 

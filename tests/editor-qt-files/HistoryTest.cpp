@@ -64,7 +64,7 @@ TEST_F(HistoryTest, EveryCommandIsOneStepThatNamesItself) {
          },
          [this] { commands().banks().openScene(file("one.scene.json")); }},
         {"Read", [] {}, [this] { press(Qt::Key_R); }},
-        {"Bring Back Scenes", [] {}, [this] { commands().banks().restoreLatest(); }},
+        {"Bring Back Scenes", [] {}, [this] { commands().earlier().restoreLatest(); }},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.step);

@@ -152,7 +152,7 @@ TEST_F(ScenesKeeperTest, TheNextStartOffersThemAndShowsItsDefaultScenes) {
     notices().action(0)->click();
     EXPECT_EQ(storedImage(), edited);
     EXPECT_EQ(notice(), "Brought back the edited scenes");
-    EXPECT_EQ(commands().banks().document().file(), file("a.json"));
+    EXPECT_EQ(commands().document().file(), file("a.json"));
     EXPECT_TRUE(window().isWindowModified());
     EXPECT_EQ(commands().history().undoAction().text(), "&Undo Bring Back Scenes");
     end(); // they are this window's now, and not sent either

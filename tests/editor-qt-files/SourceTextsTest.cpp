@@ -107,13 +107,13 @@ TEST_F(SourceTextsTest, TheMenusOfFilesAndEarlierScenes) {
     open();
     for (int count = 0; count < 2; ++count) {
         emit commands().banks().recentMenu().aboutToShow();
-        emit commands().banks().earlierMenu().aboutToShow();
+        emit commands().earlier().menu().aboutToShow();
         expectAllOwn(commands().banks().recentMenu(), {"a & b.bank"});
-        expectAllOwn(commands().banks().earlierMenu());
+        expectAllOwn(commands().earlier().menu());
         commands().banks().openBank(bankWithRed("a & b.bank", count));
         expectTold(notice(), {"a & b.bank"});
     }
-    commands().banks().restoreLatest();
+    commands().earlier().restoreLatest();
     expectTold(notice());
 }
 

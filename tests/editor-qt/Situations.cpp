@@ -96,7 +96,7 @@ bool keepMenus(MainWindow& window, EditorCommands& commands, const Keep& keep) {
         if (!menu->isEmpty() && !keep(menu->grab(), "menu-" + menu->accessibleName().toStdString()))
             return false;
     }
-    emit commands.banks().earlierMenu().aboutToShow();
+    emit commands.earlier().menu().aboutToShow();
     return true;
 }
 
