@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::int32_t kOctave = 12; // semitones
 
-// A shorter part of a name is the beginning of a note or of a number that is still being typed.
-constexpr std::size_t kLeastOfName = 3;
+// A shorter part of an entry is the beginning of a note or of a number that is still being typed.
+constexpr std::size_t kLeastOfPart = 3;
 
 char lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -114,13 +114,13 @@ std::optional<std::int32_t> numberIn(std::span<const std::string> titles, std::s
     return isNote ? number : std::nullopt;
 }
 
-std::optional<std::int32_t> nameIn(std::span<const std::string_view> names,
-                                   std::string_view typed) {
+template <typename Entries>
+std::optional<std::int32_t> partIn(const Entries& entries, std::string_view typed) {
     constexpr std::array<Rule, 3> kRules{beginsWith, hasWordOutsideParentheses, hasWord};
-    if (typed.size() < kLeastOfName)
+    if (typed.size() < kLeastOfPart)
         return std::nullopt;
     for (const Rule rule : kRules)
-        if (const auto found = onlyOneOf(names, typed, rule))
+        if (const auto found = onlyOneOf(entries, typed, rule))
             return found;
     return std::nullopt;
 }
@@ -170,7 +170,9 @@ std::optional<std::int32_t> typedPosition(std::string_view typed,
         return name;
     if (const auto beginning = onlyOneOf(titles, typed, beginsWith))
         return beginning;
-    return within(titles, nameIn(names, typed));
+    if (const auto part = partIn(titles, typed))
+        return part;
+    return within(titles, partIn(names, typed));
 }
 
 } // namespace scenewright

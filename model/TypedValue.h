@@ -25,8 +25,8 @@ namespace scenewright {
 //   a title of the same whole number (1 finds +1); among note names, the note of that number
 //   a name: `names` holds what else a position is called, empty where it has no name
 //   the beginning of one title alone
-//   of a name, from three letters on: its beginning, a word's beginning outside parentheses, a
-//   word's beginning; each of one name alone
+//   from three letters on: a word's beginning in one title alone, outside parentheses or anywhere;
+//   the beginning of one name alone, or a word's beginning in the same way
 //
 // Case is told apart only in letters outside ASCII.
 [[nodiscard]] std::optional<std::int32_t>

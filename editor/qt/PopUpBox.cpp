@@ -20,31 +20,20 @@ namespace scenewright {
 
 namespace {
 
-bool equalsIgnoringCase(const QString& entry, const QString& typed) {
-    return entry.compare(typed, Qt::CaseInsensitive) == 0;
-}
-
-bool beginsWithIt(const QString& entry, const QString& typed) {
-    return entry.startsWith(typed, Qt::CaseInsensitive);
-}
-
-bool hasWordOfIt(const QString& entry, const QString& typed) {
-    return entry.contains(QLatin1Char(' ') + typed, Qt::CaseInsensitive);
-}
-
 constexpr int kAround = 9; // device-independent pixels above and below the text together
 
 constexpr int kVisibleEntries = 20;
 constexpr int kNarrowest = 72; // in device-independent pixels; the longest title may be wider
 
-// The opened list, with the same search as the closed box.
+// The opened list, with the same search as the closed box. As nothing is chosen by it, it goes to
+// the first of several entries that begin with the text too.
 class EntryList final : public QListView {
 public:
     explicit EntryList(const PopUpBox& box, QWidget* parent) : QListView(parent), box_(box) {}
 
     void keyboardSearch(const QString& text) override {
-        const int found = search_.type(text, box_.titles());
-        if (found >= 0)
+        QListView::keyboardSearch(text);
+        if (const int found = search_.type(text, box_.titles()); found >= 0)
             setCurrentIndex(model()->index(found, 0));
     }
 
@@ -90,16 +79,7 @@ int findTyped(const QStringList& entries, const QString& typed) {
     std::vector<std::string> titles;
     for (const QString& entry : entries)
         titles.push_back(entry.toStdString());
-    if (const auto position = typedPosition(typed.toStdString(), titles))
-        return *position;
-    constexpr std::array kRules{&equalsIgnoringCase, &beginsWithIt, &hasWordOfIt};
-    for (const auto& rule : kRules) {
-        const auto found =
-            std::ranges::find_if(entries, [&](const QString& entry) { return rule(entry, typed); });
-        if (found != entries.end())
-            return static_cast<int>(found - entries.begin());
-    }
-    return -1;
+    return typedPosition(typed.toStdString(), titles).value_or(-1);
 }
 
 std::chrono::milliseconds TypedSearch::pause() {

@@ -14,10 +14,8 @@
 
 namespace scenewright {
 
-// The entry that `typed` means, -1 for none. Letters of either case; best first: what
-// model/TypedValue.h takes it for, which knows a note in either accidental and by its number; the
-// first that begins with it; the first with a word that begins with it. "1" is 1 and not 10; "c#"
-// is C#-1, "db2" is C#2.
+// The entry that `typed` means by the rules of model/TypedValue.h; -1 for none, and for several.
+// "1" is 1 and not 10, "db2" is C#2; "c" is nothing yet where there are several octaves.
 [[nodiscard]] int findTyped(const QStringList& entries, const QString& typed);
 
 // Gathers keystrokes: those between which no more than the toolkit's keyboard input interval goes
@@ -56,9 +54,9 @@ public:
 // While a text is typed into the closed box, the entry that it means is shown and not yet chosen.
 // It is chosen, with one action, by a pause of the toolkit's keyboard input interval, by Return, by
 // any other key or click that the box takes, by a key with Ctrl, Alt or Meta, and when the keyboard
-// leaves the box. A text that no entry has shows what was chosen before, and
-// writes nothing if it stays so. Escape shows it again too; so does what the program does to the
-// box, which then stands.
+// leaves the box. A text that means no entry, or several, shows what was chosen before, and writes
+// nothing if it stays so. Escape shows it again too; so does what the program does to the box,
+// which then stands.
 // `activated` is the user's choice; nothing that the program does emits it.
 class PopUpBox final : public QComboBox, public PopUp {
     Q_OBJECT

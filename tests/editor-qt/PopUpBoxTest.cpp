@@ -208,9 +208,10 @@ TEST_F(PopUpBoxTest, ANoteIsTypedInEitherAccidentalInAnyCaseOrByItsNumber) {
         const char* typed;
         std::optional<int> note;
     };
-    const Row rows[] = {{"Db2", 37}, {"Gb2", 42},  {"A#2", 46},   {"D#2", 39}, {"eb2", 39},
-                        {"36", 36},  {"Cb+2", 35}, {"g9", 127},   {"db-1", 1}, {"Db", {}},
-                        {"H2", {}},  {"200", {}},  {"Db2x2", {}}, {"C12", {}}};
+    const Row rows[] = {{"Db2", 37}, {"Gb2", 42}, {"A#2", 46},   {"D#2", 39},
+                        {"eb2", 39}, {"36", 36},  {"Cb+2", 35},  {"g9", 127},
+                        {"db-1", 1}, {"Db", {}},  {"C", {}},     {"c#", {}},
+                        {"H2", {}},  {"200", {}}, {"Db2x2", {}}, {"C12", {}}};
     for (const Row& row : rows) {
         box_.removeAllItems();
         box_.addItems(notes);
@@ -301,6 +302,17 @@ TEST_F(PopUpBoxTest, TypedDigitsFindTheEntryInTheOpenList) {
     QTest::keyClick(box_.view(), Qt::Key_Return);
     EXPECT_EQ(box_.selectedItem(), 64);
     EXPECT_EQ(choices_, 1);
+}
+
+TEST_F(PopUpBoxTest, TheOpenListGoesToTheFirstOfSeveralAndChoosesNothing) {
+    box_.removeAllItems();
+    box_.addItems({"A4", "C4", "C5"});
+    box_.selectItem(0);
+    QTest::mouseClick(&box_, Qt::LeftButton);
+    QTest::keyClicks(box_.view(), "c");
+    EXPECT_EQ(box_.view()->currentIndex().row(), 1);
+    QTest::keyClick(box_.view(), Qt::Key_Escape);
+    EXPECT_EQ(chosen_, Choices{});
 }
 
 TEST_F(PopUpBoxTest, OpensAListOfTwentyVisibleEntries) {

@@ -18,11 +18,9 @@ TEST(FindTyped, EntryItselfComesBeforeOnesThatBeginWithIt) {
     EXPECT_EQ(findTyped(kNumbers, "12"), 4);
 }
 
-TEST(FindTyped, FirstEntryThatBeginsWithIt) {
-    EXPECT_EQ(findTyped(kNumbers, "12"
-                                  "7"),
-              7);
-    EXPECT_EQ(findTyped(kNotes, "C#"), 1);
+TEST(FindTyped, TheOneEntryThatBeginsWithIt) {
+    EXPECT_EQ(findTyped(kNotes, "D"), 2);
+    EXPECT_EQ(findTyped(kNotes, "C#"), -1);
 }
 
 TEST(FindTyped, LettersOfEitherCase) {
@@ -30,8 +28,10 @@ TEST(FindTyped, LettersOfEitherCase) {
     EXPECT_EQ(findTyped(kNotes, "c#4"), 5);
 }
 
-TEST(FindTyped, WordInsideAnEntry) {
-    EXPECT_EQ(findTyped({"Lower Value", "Upper Value", "Upper Limit"}, "limit"), 2);
+TEST(FindTyped, WordInsideOneEntryAlone) {
+    const QStringList entries{"Lower Value", "Upper Value", "Upper Limit"};
+    EXPECT_EQ(findTyped(entries, "limit"), 2);
+    EXPECT_EQ(findTyped(entries, "value"), -1);
 }
 
 TEST(FindTyped, NothingForTextThatNoEntryHas) {

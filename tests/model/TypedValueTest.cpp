@@ -129,6 +129,7 @@ TEST(TypedValue, WhatIsTypedForATitle) {
     const Strings octaves{"0", "+1", "+2", "+3", "+4", "-1", "-2", "-3", "-4"};
     const Strings behaviors{"Momentary", "Toggle", "Trigger", "Release"};
     const Strings twins{"On", "ON", "on"};
+    const Strings ends{"Lower Value", "Upper Value", "Upper Limit"};
     struct Row {
         const Strings& titles;
         const char* typed = "";
@@ -162,6 +163,9 @@ TEST(TypedValue, WhatIsTypedForATitle) {
              {twins, "on", 2},
              {twins, "oN", 0},
              {twins, "o", {}},
+             {ends, "limit", 2},
+             {ends, "li", {}},
+             {ends, "value", {}},
              {numbers(0, 127), "12", 12},
              {numbers(0, 127), "127", 127},
              {numbers(0, 127), "128", {}},
