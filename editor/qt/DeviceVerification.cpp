@@ -1,5 +1,6 @@
 #include "editor/qt/DeviceVerification.h"
 
+#include "app/KnownKeyboard.h"
 #include "editor/qt/BlockedInput.h"
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/QtHelpers.h"
@@ -67,7 +68,6 @@ void DeviceVerification::compareFor(DeviceOperation operation) {
     if (comparison.outcome.end != Outcome::End::Done)
         return;
     if (comparison.differences.empty()) {
-        equal_ = storedImage();
         window_.notices().post({.source = Notice::Source::Comparison,
                                 .kind = Notice::Kind::Done,
                                 .text = shown(comparisonText(DeviceOperation::Compare, 0))});
@@ -132,10 +132,8 @@ void DeviceVerification::afterSend(const Outcome& outcome) {
 }
 
 void DeviceVerification::checkEquality() {
-    if (!equal_ || *equal_ == storedImage())
-        return;
-    equal_.reset();
-    window_.notices().withdraw(Notice::Source::Comparison);
+    if (KnownKeyboard::image() != storedImage())
+        window_.notices().withdraw(Notice::Source::Comparison);
 }
 
 } // namespace scenewright

@@ -7,12 +7,10 @@
 #include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SafeSending.h"
-#include "protocol/SceneImage.h"
 
 #include <QAction>
 #include <QObject>
 
-#include <optional>
 #include <vector>
 
 namespace scenewright {
@@ -44,14 +42,13 @@ private:
                      std::vector<NoticeAction> actions);
     void afterRead(const Outcome& outcome);
     void afterSend(const Outcome& outcome);
-    // A notice of equality holds until the first edit.
+    // A notice of equality holds while the keyboard is known to hold what is stored.
     void checkEquality();
 
     MainWindow& window_;
     EarlierCommands& earlier_;
     SafeSending& sending_;
     bool isVerifying_ = false;
-    std::optional<BankImage> equal_; // what was found equal to the controller's, while it is shown
     // Children of the Device menu.
     QAction* compare_ = nullptr;
     QAction* verify_ = nullptr;
