@@ -45,14 +45,15 @@ void DeviceSession::read(const Ended& ended) {
 }
 
 // What was sent is what the store holds now: it can be edited before the send ends.
-void DeviceSession::send(const Ended& ended) {
+void DeviceSession::send(const Ended& ended, const SceneSent& sceneSent) {
     call(around().before);
-    WindowAction::sendSceneData([ended, sent = storedImage()](const Outcome& outcome) {
+    const Ended follow = [ended, sent = storedImage()](const Outcome& outcome) {
         call(around().after);
         KnownKeyboard::follow(outcome, sent);
         if (ended)
             ended(outcome);
-    }); // its end releases the interface
+    };
+    WindowAction::sendSceneData(follow, sceneSent); // its end releases the interface
 }
 
 ScenesRead DeviceSession::heldScenes() {

@@ -24,7 +24,7 @@ public:
     using Ended = WindowAction::Ended;
     // As WindowAction::readSceneData() and sendSceneData().
     static void read(const Ended& ended);
-    static void send(const Ended& ended);
+    static void send(const Ended& ended, const SceneSent& sceneSent = {});
 
     // What the controller holds, without touching the stored scenes or the progress record. Blocks
     // until the read has ended. Not started, with kResultBusy, while a send runs.

@@ -106,8 +106,12 @@ private:
     }
 
     void transfer() {
-        DeviceSession::send(
-            [self = shared_from_this()](const Outcome& outcome) { self->afterSend(outcome); });
+        const auto self = shared_from_this();
+        DeviceSession::send([self](const Outcome& outcome) { self->afterSend(outcome); },
+                            [self](std::size_t scenes) {
+                                if (self->running_)
+                                    self->running_->note(scenes);
+                            });
         isBegun_ = true;
     }
 

@@ -1,6 +1,7 @@
 #include "app/SendJournal.h"
 
 #include "app/KeptFile.h"
+#include "model/Control.h"
 #include "platform/Resources.h"
 #include "platform/TemporaryFile.h"
 #include "platform/Text.h"
@@ -32,6 +33,25 @@ constexpr mode_t kOwnAlone = 0600;
 // "send-1769903998007-4711.json": when it was begun, in milliseconds, and by which process.
 constexpr std::string_view kBeforeTime = "send-";
 constexpr std::string_view kEnding = ".json";
+
+// The one text that changes while the send runs: a digit, overwritten in its place.
+constexpr const char* kScenes = "scenes";
+
+char digitOf(std::size_t scenes) {
+    return static_cast<char>('0' + scenes);
+}
+
+std::size_t scenesOfDigit(const std::string& text) {
+    return text.size() == 1 && text[0] > '0' && text[0] <= digitOf(kSceneCount)
+               ? static_cast<std::size_t>(text[0] - '0')
+               : 0;
+}
+
+// In no other text a quotation mark stands without a backslash.
+std::size_t placeOfDigit(const FileContent& bytes) {
+    constexpr std::string_view kBefore = "\"scenes\": \"";
+    return static_cast<std::size_t>(std::ranges::search(bytes, kBefore).end() - bytes.begin());
+}
 
 std::int64_t millisecondsOf(SendJournal::Clock::time_point time) {
     return std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch()).count();
@@ -95,20 +115,28 @@ std::optional<SendJournal::Unfinished> readUnfinished(const fs::path& file) {
                  .before = imageOfDigits(textAt(*texts, "before")),
                  .subject = textAt(*texts, "subject"),
                  .keyboard = textAt(*texts, "keyboard"),
-                 .begun = SendJournal::Clock::time_point(std::chrono::milliseconds(milliseconds))}};
+                 .begun = SendJournal::Clock::time_point(std::chrono::milliseconds(milliseconds)),
+                 .scenes = scenesOfDigit(textAt(*texts, kScenes))}};
 }
 
 FileContent bytesOf(const SendJournal::Send& send) {
     KeptTexts texts{{"sent", imageDigits(send.sent)},
                     {"subject", send.subject},
                     {"keyboard", send.keyboard},
-                    {"begun", std::to_string(millisecondsOf(send.begun))}};
+                    {"begun", std::to_string(millisecondsOf(send.begun))},
+                    {kScenes, std::string(1, digitOf(send.scenes))}};
     if (send.before)
         texts["before"] = imageDigits(*send.before);
     return keptBytes(kFormat, texts);
 }
 
 } // namespace
+
+void SendJournal::Running::note(std::size_t scenes) const noexcept {
+    const char digit = digitOf(scenes);
+    if (::pwrite(lock_.get(), &digit, 1, static_cast<off_t>(scenesAt_)) == 1)
+        static_cast<void>(flush(lock_.get())); // else less is known to have been sent
+}
 
 bool SendJournal::Running::end(const Outcome& outcome) {
     const bool mayHoldParts =
@@ -135,10 +163,12 @@ Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
         return failure(fmt::format("{}: {}", folder_->string(), error.message()));
     fs::path file = *folder_ / fmt::format("{}{}-{}{}", kBeforeTime, millisecondsOf(send.begun),
                                            ::getpid(), kEnding);
-    auto stored = store(file, bytesOf(send));
+    const FileContent bytes = bytesOf(send);
+    auto stored = store(file, bytes);
     if (!stored)
         return failure(fmt::format("{}: {}", file.string(), errorText(stored.error())));
-    return Running(std::move(file), std::move(*stored)); // without memory of its own
+    // Without memory of its own.
+    return Running(std::move(file), std::move(*stored), placeOfDigit(bytes));
 }
 
 std::vector<SendJournal::Unfinished> SendJournal::unfinished() const {
@@ -193,13 +223,13 @@ std::string unfinishedText(const SendJournal::Send& send) {
         fmt::format("{:%Y-%m-%d %H:%M}", fmt::localtime(SendJournal::Clock::to_time_t(send.begun)));
     if (send.subject.empty())
         return translated(sourceText("scenewright::Outcome",
-                                     "The send that was begun at {} did not end: the "
-                                     "keyboard may hold a part of each bank"),
-                          begun);
+                                     "The send that was begun at {0} did not end: {1} of 4 scenes "
+                                     "were sent, and the keyboard may hold a part of each bank"),
+                          begun, send.scenes);
     return translated(sourceText("scenewright::Outcome",
-                                 "The send of {0} that was begun at {1} did not end: the "
-                                 "keyboard may hold a part of each bank"),
-                      readableText(send.subject), begun);
+                                 "The send of {0} that was begun at {1} did not end: {2} of 4 "
+                                 "scenes were sent, and the keyboard may hold a part of each bank"),
+                      readableText(send.subject), begun, send.scenes);
 }
 
 } // namespace scenewright

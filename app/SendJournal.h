@@ -12,6 +12,7 @@
 #include "protocol/SceneImage.h"
 
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,6 +30,7 @@ public:
         std::string subject;             // the file that is sent; empty if it is none
         std::string keyboard;            // how it calls itself
         Clock::time_point begun;         // to the millisecond
+        std::size_t scenes = 0;          // of the four that are known to have been sent
         friend bool operator==(const Send&, const Send&) = default;
     };
     struct Unfinished {
@@ -39,17 +41,21 @@ public:
     // The entry of a send that runs. Without end() the send stays unfinished.
     class Running {
     public:
+        // So many scenes have been sent; on the disk once this returns, if that takes it. By the
+        // thread that sends, before end().
+        void note(std::size_t scenes) const noexcept;
         // Takes the entry away, unless transfers have failed: then the keyboard may hold a part of
         // each bank. Gives whether it went.
         bool end(const Outcome& outcome);
 
     private:
         friend class SendJournal;
-        Running(std::filesystem::path file, FileDescriptor lock)
-            : file_(std::move(file)), lock_(std::move(lock)) {}
+        Running(std::filesystem::path file, FileDescriptor lock, std::size_t scenesAt)
+            : file_(std::move(file)), lock_(std::move(lock)), scenesAt_(scenesAt) {}
 
         std::filesystem::path file_;
-        FileDescriptor lock_;
+        FileDescriptor lock_;  // of the file, open for writing
+        std::size_t scenesAt_; // where in the file the digit of their number stands
     };
 
     explicit SendJournal(std::optional<std::filesystem::path> folder = stateFolder())
@@ -79,8 +85,8 @@ private:
 // Whether each byte is from one of the two banks of the send: what the keyboard may hold after it.
 [[nodiscard]] bool isPartOf(const BankImage& held, const SendJournal::Send& send);
 
-// "The send of live.bank, begun on 2026-11-22 at 14:05, did not end: the keyboard may hold a part
-// of each bank", in the person's language and time zone.
+// "The send of live.bank that was begun at 2026-11-22 14:05 did not end: 2 of 4 scenes were sent,
+// and the keyboard may hold a part of each bank", in the person's language and time zone.
 [[nodiscard]] std::string unfinishedText(const SendJournal::Send& send);
 
 } // namespace scenewright

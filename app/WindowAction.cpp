@@ -92,18 +92,19 @@ void WindowAction::readSceneData(const Ended& ended) {
         ended(lastOutcome());
 }
 
-void WindowAction::sendSceneData(const Ended& ended) {
+void WindowAction::sendSceneData(const Ended& ended, const SceneSent& sceneSent) {
     if (SendJob::isRunning())
-        return SendJob::whenIdle([ended] { sendSceneData(ended); });
+        return SendJob::whenIdle([ended, sceneSent] { sendSceneData(ended, sceneSent); });
     if (const auto message = Progress::recordIfAny()) {
         message->setIsSendFinish("No");
         message->setMessage("sendSceneData");
     }
-    sendScenes(store().scenes, Progress::record(), [ended](const Outcome& outcome) {
+    const SendEnded keep = [ended](const Outcome& outcome) {
         store().lastOutcome = outcome;
         if (ended)
             ended(outcome);
-    });
+    };
+    sendScenes(store().scenes, Progress::record(), keep, sceneSent);
     if (const auto message = Progress::recordIfAny())
         message->setIsSendFinish("Yes");
 }

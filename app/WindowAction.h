@@ -4,7 +4,7 @@
 
 #include "model/MessageValue.h"
 #include "model/SceneValue.h"
-#include "protocol/Connection.h"
+#include "protocol/Transactions.h"
 
 #include <cstdint>
 #include <functional>
@@ -34,7 +34,7 @@ public:
     static void readSceneData(const Ended& ended = {});
     // Returns as soon as the transfer has been started; `ended` is told by the main queue. While a
     // send runs it is carried out later, as a read is.
-    static void sendSceneData(const Ended& ended = {});
+    static void sendSceneData(const Ended& ended = {}, const SceneSent& sceneSent = {});
     // Four fresh ones, SCENE1 to SCENE4.
     [[nodiscard]] static SceneList defaultScenes();
     // Keeps a spare default scene; nothing reads it.

@@ -29,6 +29,11 @@ namespace {
 
 using Image = std::vector<std::uint8_t>;
 
+struct Load {
+    Image image;
+    SceneSent sceneSent;
+};
+
 // The process's one job. Made by the first send, kept until the process ends.
 struct Job {
     // Set by the main thread alone; any thread reads it.
@@ -94,23 +99,31 @@ void sendPosition(const Image& image, std::size_t position) {
     writePacket(packet);
 }
 
-void sendBlock(const Image& image, std::size_t block) {
+void tellScene(const Load& load, std::size_t moved) {
+    if (load.sceneSent && moved % kSceneImageSize == 0 && moved <= load.image.size() &&
+        Transport::instance().stats().isClean())
+        load.sceneSent(moved / kSceneImageSize);
+}
+
+void sendBlock(const Load& load, std::size_t block) {
     const std::size_t begin = kBlockPackets * block;
-    for (std::size_t position = begin; position < begin + kBlockPackets; ++position)
-        sendPosition(image, position);
+    for (std::size_t position = begin; position < begin + kBlockPackets; ++position) {
+        sendPosition(load.image, position);
+        tellScene(load, position + 1);
+    }
     Diagnostics::log("第%d次读接口---->开始", block + 1);
     InterfaceAction::ReadFromDevice();
     Diagnostics::log("第%d次读接口---->结束", block + 1);
     MainQueue::post([] { Diagnostics::log("ing"); });
 }
 
-void sendImage(const Image& image) {
+void sendImage(const Load& load) {
     writePacket(packets::kSendStart);
     // One more than the whole blocks, even when nothing is left for it.
-    const std::size_t blocks = image.size() / kBlockPackets + 1;
+    const std::size_t blocks = load.image.size() / kBlockPackets + 1;
     sendBlockCount(blocks);
     for (std::size_t block = 0; block < blocks; ++block)
-        sendBlock(image, block);
+        sendBlock(load, block);
     MainQueue::post([] { Diagnostics::log("100"); });
 }
 
@@ -148,10 +161,10 @@ ResultCode codeOf(const std::exception& error) {
                                                                      : kResultOther;
 }
 
-void run(const Image& image, const MainQueue::Task& finish, ResultCode& thrown) {
+void run(const Load& load, const MainQueue::Task& finish, ResultCode& thrown) {
     pthread_setname_np(pthread_self(), "sendPro");
     try {
-        sendImage(image);
+        sendImage(load);
     } catch (const std::exception& error) {
         thrown = codeOf(error);
     }
@@ -159,7 +172,7 @@ void run(const Image& image, const MainQueue::Task& finish, ResultCode& thrown) 
 }
 
 // Everything that the job needs is made here, so that its end cannot fail for want of it.
-void startThread(Image image, std::shared_ptr<MessageValue> message, SendEnded ended) {
+void startThread(Load load, std::shared_ptr<MessageValue> message, SendEnded ended) {
     const auto thrown = std::make_shared<ResultCode>(kResultSuccess);
     MainQueue::Task finish = [thrown, ended = std::move(ended), message = std::move(message)] {
         Outcome outcome = transferOutcome();
@@ -169,19 +182,20 @@ void startThread(Image image, std::shared_ptr<MessageValue> message, SendEnded e
         outcome.cause = *thrown;
         end(std::move(outcome), nullptr, ended);
     };
-    job().thread = std::thread([image = std::move(image), finish = std::move(finish), thrown] {
-        run(image, finish, *thrown);
+    job().thread = std::thread([load = std::move(load), finish = std::move(finish), thrown] {
+        run(load, finish, *thrown);
     });
 }
 
 // Nothing once the job has been started; else how the send has ended without one.
 std::optional<Outcome> begin(const SceneList& scenes, const std::shared_ptr<MessageValue>& progress,
-                             const SendEnded& ended) {
+                             const SendEnded& ended, SceneSent sceneSent) {
     Image images = encodeScenes(scenes);
     Diagnostics::log("%s", hexDump(images));
     if (!connectToDevice(*progress))
         return connectionOutcome();
-    const ResultCode started = SendJob::start(std::move(images), progress, ended);
+    const ResultCode started =
+        SendJob::start(std::move(images), progress, ended, std::move(sceneSent));
     if (started == kResultSuccess)
         return std::nullopt;
     Outcome outcome{.end = Outcome::End::NotStarted, .cause = started};
@@ -191,12 +205,13 @@ std::optional<Outcome> begin(const SceneList& scenes, const std::shared_ptr<Mess
 
 } // namespace
 
-void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress, SendEnded ended) {
+void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress, SendEnded ended,
+                SceneSent sceneSent) {
     std::optional<Outcome> outcome;
     try {
         outcome = SendJob::isRunning()
                       ? Outcome{.end = Outcome::End::NotStarted, .cause = kResultBusy}
-                      : begin(scenes, progress, ended);
+                      : begin(scenes, progress, ended, std::move(sceneSent));
     } catch (const std::exception& error) {
         outcome = {.end = Outcome::End::NotStarted, .cause = codeOf(error)};
     }
@@ -204,13 +219,15 @@ void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress,
         postSurely([outcome = *std::move(outcome), ended = std::move(ended)] { ended(outcome); });
 }
 
-ResultCode SendJob::start(Image image, std::shared_ptr<MessageValue> progress, SendEnded ended) {
+ResultCode SendJob::start(Image image, std::shared_ptr<MessageValue> progress, SendEnded ended,
+                          SceneSent sceneSent) {
     if (isRunning())
         return kResultBusy;
     join();
     job().isRunning = true;
     try {
-        startThread(std::move(image), std::move(progress), std::move(ended));
+        startThread({std::move(image), std::move(sceneSent)}, std::move(progress),
+                    std::move(ended));
         return kResultSuccess;
     } catch (const std::exception& error) {
         job().isRunning = false;

@@ -5,6 +5,7 @@
 #include "model/SceneValue.h"
 #include "protocol/Connection.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -26,12 +27,16 @@ struct ScenesRead {
 // Told how a send has ended, once, by the main queue, after the interface has been released.
 using SendEnded = std::function<void(const Outcome&)>;
 
+// Told on the job's thread each time that a whole scene has been moved and no transfer has failed:
+// how many by then.
+using SceneSent = std::function<void(std::size_t count)>;
+
 // Connects on the calling thread, then leaves the packet stream to a job on a thread of its own
 // named "sendPro", and returns. `ended` comes in every case, never before this returns. The scenes
 // are encoded before it returns. The message of `progress` tells the end. While a send runs nothing
 // is touched, and `ended` is told NotStarted with kResultBusy. Main thread.
 void sendScenes(const SceneList& scenes, std::shared_ptr<MessageValue> progress,
-                SendEnded ended = {});
+                SendEnded ended = {}, SceneSent sceneSent = {});
 
 // The one job that sends the packet stream: it runs from start() until its last task on the main
 // queue has run. The transport is the job's meanwhile, and nothing else may touch it.
@@ -43,7 +48,8 @@ public:
     // why nothing was done: kResultBusy while a job runs, kResultNoThread, kResultNoMemory. Main
     // thread.
     [[nodiscard]] static ResultCode start(std::vector<std::uint8_t> image,
-                                          std::shared_ptr<MessageValue> progress, SendEnded ended);
+                                          std::shared_ptr<MessageValue> progress, SendEnded ended,
+                                          SceneSent sceneSent = {});
 
     // Any thread.
     [[nodiscard]] static bool isRunning() noexcept;

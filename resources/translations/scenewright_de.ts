@@ -1642,12 +1642,12 @@
         <translation>Das Keyboard enthält Werte über 127, die in Szenen nicht vorkommen; stattdessen als 0 gelesen: {}</translation>
     </message>
     <message>
-        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
-        <translation>Das Senden, das um {} begann, kam nicht zum Ende: Das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
+        <source>The send that was begun at {0} did not end: {1} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>Das Senden, das um {0} begann, kam nicht zum Ende: {1} von 4 Szenen wurden gesendet, und das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
     </message>
     <message>
-        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
-        <translation>Das Senden von {0}, das um {1} begann, kam nicht zum Ende: Das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
+        <source>The send of {0} that was begun at {1} did not end: {2} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>Das Senden von {0}, das um {1} begann, kam nicht zum Ende: {2} von 4 Szenen wurden gesendet, und das Keyboard enthält vielleicht einen Teil jeder der beiden Bänke</translation>
     </message>
 </context>
 <context>

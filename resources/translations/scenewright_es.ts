@@ -1642,12 +1642,12 @@
         <translation>El teclado contiene valores superiores a 127, que no caben en las escenas; leídos como 0: {}</translation>
     </message>
     <message>
-        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
-        <translation>El envío que empezó el {} no terminó: el teclado puede contener una parte de cada banco</translation>
+        <source>The send that was begun at {0} did not end: {1} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>El envío que empezó el {0} no terminó: se enviaron {1} de 4 escenas, y el teclado puede contener una parte de cada banco</translation>
     </message>
     <message>
-        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
-        <translation>El envío de {0} que empezó el {1} no terminó: el teclado puede contener una parte de cada banco</translation>
+        <source>The send of {0} that was begun at {1} did not end: {2} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>El envío de {0} que empezó el {1} no terminó: se enviaron {2} de 4 escenas, y el teclado puede contener una parte de cada banco</translation>
     </message>
 </context>
 <context>

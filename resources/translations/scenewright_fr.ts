@@ -1642,12 +1642,12 @@
         <translation>Le clavier contient des valeurs supérieures à 127, impossibles dans une scène ; lues comme 0 : {}</translation>
     </message>
     <message>
-        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
-        <translation>L’envoi commencé le {} ne s’est pas terminé : le clavier contient peut-être une partie de chaque banque</translation>
+        <source>The send that was begun at {0} did not end: {1} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>L’envoi commencé le {0} ne s’est pas terminé : {1} scènes sur 4 ont été envoyées, et le clavier contient peut-être une partie de chaque banque</translation>
     </message>
     <message>
-        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
-        <translation>L’envoi de {0} commencé le {1} ne s’est pas terminé : le clavier contient peut-être une partie de chaque banque</translation>
+        <source>The send of {0} that was begun at {1} did not end: {2} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>L’envoi de {0} commencé le {1} ne s’est pas terminé : {2} scènes sur 4 ont été envoyées, et le clavier contient peut-être une partie de chaque banque</translation>
     </message>
 </context>
 <context>

@@ -1642,12 +1642,12 @@
         <translation>キーボードにシーンでは使えない 127 を超える値があります。0 として読み込んだ数: {}</translation>
     </message>
     <message>
-        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
-        <translation>{} に始めた送信は終わりませんでした。キーボードには両方のバンクが混ざっている可能性があります</translation>
+        <source>The send that was begun at {0} did not end: {1} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>{0} に始めた送信は終わりませんでした。4 シーンのうち {1} シーンが送信され、キーボードには両方のバンクが混ざっている可能性があります</translation>
     </message>
     <message>
-        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
-        <translation>{1} に始めた {0} の送信は終わりませんでした。キーボードには両方のバンクが混ざっている可能性があります</translation>
+        <source>The send of {0} that was begun at {1} did not end: {2} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>{1} に始めた {0} の送信は終わりませんでした。4 シーンのうち {2} シーンが送信され、キーボードには両方のバンクが混ざっている可能性があります</translation>
     </message>
 </context>
 <context>

@@ -1642,12 +1642,12 @@
         <translation>键盘中有大于 127 的值，场景无法保存这样的值；改读为 0 的个数：{}</translation>
     </message>
     <message>
-        <source>The send that was begun at {} did not end: the keyboard may hold a part of each bank</source>
-        <translation>{} 开始的发送没有完成：键盘中可能混有两个库的内容</translation>
+        <source>The send that was begun at {0} did not end: {1} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>{0} 开始的发送没有完成：4 个场景中已发送 {1} 个，键盘中可能混有两个库的内容</translation>
     </message>
     <message>
-        <source>The send of {0} that was begun at {1} did not end: the keyboard may hold a part of each bank</source>
-        <translation>{1} 开始的 {0} 发送没有完成：键盘中可能混有两个库的内容</translation>
+        <source>The send of {0} that was begun at {1} did not end: {2} of 4 scenes were sent, and the keyboard may hold a part of each bank</source>
+        <translation>{1} 开始的 {0} 发送没有完成：4 个场景中已发送 {2} 个，键盘中可能混有两个库的内容</translation>
     </message>
 </context>
 <context>

@@ -191,6 +191,7 @@ TEST_F(BrokenSend, IsUnfinishedWithBothBanks) {
     EXPECT_EQ(unfinished->send.sent, filled(2));
     EXPECT_EQ(unfinished->send.before, filled(1));
     EXPECT_EQ(unfinished->send.subject, "live.bank");
+    EXPECT_EQ(unfinished->send.scenes, 2U);
     EXPECT_NE(controller->bank(), filled(1));
     EXPECT_NE(controller->bank(), filled(2));
 }

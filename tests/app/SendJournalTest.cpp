@@ -55,6 +55,22 @@ TEST_F(SendJournalTest, ASendThatDidNotEndIsFoundAsItWas) {
     EXPECT_EQ(found[1].send, sendOf(2));
 }
 
+TEST_F(SendJournalTest, HowManyScenesWereSentIsKnownAfterTheDeath) {
+    SendJournal::Send send = sendOf(2);
+    send.subject = R"("scenes": "0")"; // is no place to count in
+    for (const std::size_t scenes : {0U, 1U, 4U}) {
+        {
+            const auto running = journal.begin(send);
+            ASSERT_TRUE(running);
+            running->note(scenes);
+        }
+        send.scenes = scenes;
+        ASSERT_EQ(journal.unfinished().size(), 1U);
+        EXPECT_EQ(journal.unfinished()[0].send, send);
+        send.scenes = 0;
+    }
+}
+
 TEST_F(SendJournalTest, ASendThatRunsIsNotFound) {
     const auto running = journal.begin(sendOf(2));
     ASSERT_TRUE(running);
@@ -166,11 +182,15 @@ TEST(SendJournalText, NamesTheFileAndTheTime) {
     setenv("TZ", "UTC", 1);
     tzset();
     SendJournal::Send send = sendOf(2);
-    EXPECT_EQ(unfinishedText(send), "The send of live.bank that was begun at 2026-01-31 23:59 did "
-                                    "not end: the keyboard may hold a part of each bank");
+    send.scenes = 2;
+    EXPECT_EQ(unfinishedText(send),
+              "The send of live.bank that was begun at 2026-01-31 23:59 did not end: 2 of 4 scenes "
+              "were sent, and the keyboard may hold a part of each bank");
     send.subject.clear();
-    EXPECT_EQ(unfinishedText(send), "The send that was begun at 2026-01-31 23:59 did not end: the "
-                                    "keyboard may hold a part of each bank");
+    EXPECT_EQ(
+        unfinishedText(send),
+        "The send that was begun at 2026-01-31 23:59 did not end: 2 of 4 scenes were sent, and "
+        "the keyboard may hold a part of each bank");
     unsetenv("TZ");
     tzset();
 }

@@ -140,8 +140,9 @@ TEST_F(FaultyController, ResumeMakesABrokenSendGood) {
         const CommandRun told = runOn(makeVirtualHost(device), "read NEW");
         EXPECT_EQ(told.exitCode, 0);
         EXPECT_TRUE(told.errors.ends_with(
-            "did not end: the keyboard may hold a part of each bank. 'scenewright-cli resume' "
-            "sends it again, 'scenewright-cli resume --before' what was there before\n"))
+            "did not end: 2 of 4 scenes were sent, and the keyboard may hold a part of each bank. "
+            "'scenewright-cli resume' sends it again, 'scenewright-cli resume --before' what was "
+            "there before\n"))
             << told.errors;
         const CommandRun resumed = runOn(makeVirtualHost(device), line);
         EXPECT_EQ(resumed.exitCode, 0);

@@ -176,6 +176,27 @@ TEST_F(SendJobTest, AThrowInTheJobEndsItWithTheInterfaceReleased) {
     onPause = {};
 }
 
+TEST_F(SendJobTest, EachSceneIsToldUntilATransferFails) {
+    using Counts = std::vector<std::size_t>;
+    constexpr std::size_t kCommands = 2; // before the bytes
+    // After so many bytes a write fails.
+    for (const auto& [bytes, expected] : {std::pair{std::size_t{252}, Counts{}},
+                                          {253, Counts{1}},
+                                          {600, Counts{1, 2}},
+                                          {1012, Counts{1, 2, 3, 4}}}) {
+        Counts told;
+        takeInterface();
+        std::vector<ResultCode> results(kCommands + bytes, kResultSuccess);
+        results.push_back(kResultStall);
+        script->answer("write", results);
+        ASSERT_EQ(SendJob::start(Bytes(1012, 7), Progress::record(), {},
+                                 [&told](std::size_t count) { told.push_back(count); }),
+                  kResultSuccess);
+        SendJob::waitForEnd();
+        EXPECT_EQ(told, expected) << bytes;
+    }
+}
+
 TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
     takeInterface();
     Lines released;

@@ -9,6 +9,7 @@ FOLDER = f"{TOP}/state/scenewright"
 ENTRY = re.compile(rf"{FOLDER}/sends/send-(\d+)-\d+\.json")
 EARLIER = re.compile(rf"{FOLDER}/backups/scenes-\d{{8}}T\d{{6}}\.\d{{3}}Z\.json")
 BANK = 1012  # bytes
+SCENES = [str(count) for count in range(5)]  # that may have been sent
 EDITED = b"scenewright edited scenes 1\n"
 NOTHING = "nothing was sent"
 HALF = "may hold half a bank"
@@ -62,9 +63,10 @@ def is_whole_entry(name, what, sends):
         wanted["sent"] = sends.sent.hex()
         if sends.before:
             wanted["before"] = sends.before.hex()
-    texts = {"subject", "keyboard"}
+    texts = {"subject", "keyboard", "scenes"}
     return (
         entry.keys() == wanted.keys() | texts
+        and entry["scenes"] in SCENES
         and all(entry[key] == value for key, value in wanted.items())
         and all(isinstance(entry[key], str) for key in texts)
     )

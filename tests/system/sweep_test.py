@@ -69,6 +69,7 @@ WHOLE = {
     "sent": b"sent".hex(),
     "before": b"held".hex(),
     "subject": "a.bank",
+    "scenes": "2",
 }
 TEXT = json.dumps(WHOLE).encode()
 
@@ -90,7 +91,7 @@ ENTRIES = [
         (1, {ENTRY: private(json.dumps(WHOLE | {key: value}).encode())}, SENTENCE)
         for key, value in (
             *(("sent", "00"), ("before", b"sent".hex()), ("begun", "18"), ("version", 2)),
-            *(("format", "x"), ("keyboard", None), ("more", "")),
+            *(("format", "x"), ("keyboard", None), ("more", ""), ("scenes", "5")),
         )
     ),
     *(
