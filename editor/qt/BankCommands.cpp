@@ -213,8 +213,10 @@ void BankCommands::openBank(const QString& file) {
                            stored,
                            [this, file](std::int32_t place) { openSceneAs(file, 0, place); });
     }
-    if (document_.show(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
-        follow(file);
+    if (!document_.show(files_.openBank(pathOf(file)), openedBank(file), openStep(file)))
+        return;
+    RecentFiles::add(file);
+    document_.opened(file);
 }
 
 void BankCommands::openAtStart(const QString& file) {
@@ -227,21 +229,18 @@ void BankCommands::openAtStart(const QString& file) {
         return;
     history_.forget(); // nothing was there before
     if (isScene)
-        RecentFiles::setFolderOf(absolute);
-    else
-        follow(absolute);
+        return RecentFiles::setFolderOf(absolute);
+    RecentFiles::add(absolute);
+    document_.opened(absolute);
 }
 
 void BankCommands::saveBank(const QString& file) {
     const auto saved = files_.saveBank(pathOf(file), *loadPopUpValue());
     showSaved(saved, file);
-    if (saved)
-        follow(file);
-}
-
-void BankCommands::follow(const QString& file) {
+    if (!saved)
+        return;
     RecentFiles::add(file);
-    document_.set(file);
+    document_.saved(file);
 }
 
 void BankCommands::save() {

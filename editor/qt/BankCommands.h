@@ -76,8 +76,6 @@ private:
     void askForScene(const QString& question, const std::vector<std::string>& names,
                      const std::function<void(std::int32_t place)>& chosen);
     void openSceneAs(const QString& file, std::int32_t from, std::int32_t index);
-    // The scenes belong to the file from now on.
-    void follow(const QString& file);
     void fillRecent();
     [[nodiscard]] static QString openStep(const QString& file);
     [[nodiscard]] QString openedBank(const QString& file) const;

@@ -17,16 +17,18 @@ namespace scenewright {
 class History::Step final : public QUndoCommand {
 public:
     // Steps with the same `run` whose changes come of the same popup become one; 0 for none.
-    Step(History& history, SceneChanges changes, const QString& name, std::uint64_t run)
-        : history_(history), changes_(std::move(changes)), run_(run) {
+    Step(History& history, SceneChanges changes, const QString& name, std::uint64_t from,
+         std::uint64_t run)
+        : history_(history), changes_(std::move(changes)), from_(from), to_(history.version_),
+          run_(run) {
         setText(name.isEmpty() ? shown(changes_.title()) : name);
     }
 
-    void undo() override { history_.write(changes_, SceneChanges::Side::Before); }
+    void undo() override { history_.write(changes_, SceneChanges::Side::Before, from_); }
     void redo() override {
         if (std::exchange(isMade_, false))
             return;
-        history_.write(changes_, SceneChanges::Side::After);
+        history_.write(changes_, SceneChanges::Side::After, to_);
     }
 
     [[nodiscard]] int id() const override { return run_ == 0 ? -1 : 1; }
@@ -37,8 +39,11 @@ public:
         if (later.run_ != run_ || mine == nullptr || its == nullptr || *mine != *its)
             return false;
         changes_.append(later.changes_);
-        setObsolete(changes_.isEmpty()); // back where the run began
-        if (!changes_.isEmpty())
+        to_ = later.to_;
+        setObsolete(changes_.isEmpty());
+        if (changes_.isEmpty())
+            history_.version_ = from_; // back where the run began
+        else
             setText(shown(changes_.title()));
         return true;
     }
@@ -46,6 +51,8 @@ public:
 private:
     History& history_;
     SceneChanges changes_;
+    std::uint64_t from_; // versions
+    std::uint64_t to_;
     std::uint64_t run_;
     bool isMade_ = true;
 };
@@ -112,14 +119,16 @@ void History::record() {
         return;
     auto changes = SceneChanges::between(*window_.view().pu(), scenes_, WindowAction::scenes());
     take();
+    const std::uint64_t from = std::exchange(version_, ++newest_);
     const std::uint64_t run = given.isEmpty() ? run_ : 0;
-    steps_.push(std::make_unique<Step>(*this, std::move(changes), given, run).release());
+    steps_.push(std::make_unique<Step>(*this, std::move(changes), given, from, run).release());
     emit changed();
 }
 
-void History::write(const SceneChanges& changes, SceneChanges::Side side) {
+void History::write(const SceneChanges& changes, SceneChanges::Side side, std::uint64_t version) {
     changes.write(side, WindowAction::scenes());
     take();
+    version_ = version;
     ++run_; // what is chosen from here on is no part of what was before
     show(changes);
     emit changed();

@@ -37,6 +37,10 @@ public:
     // No step leads behind what the scenes are now.
     void forget();
 
+    // A number of what the scenes are: a new one for each step, a former one again by undo and
+    // redo.
+    [[nodiscard]] std::uint64_t version() const { return version_; }
+
     [[nodiscard]] QUndoStack& steps() { return steps_; }
     [[nodiscard]] QAction& undoAction() { return undo_; }
     [[nodiscard]] QAction& redoAction() { return redo_; }
@@ -61,7 +65,7 @@ private:
     void connectAction(const Entry& entry);
 
     void record();
-    void write(const SceneChanges& changes, SceneChanges::Side side);
+    void write(const SceneChanges& changes, SceneChanges::Side side, std::uint64_t version);
     void take();
     // Chooses a control that the changes concern, the chosen one if it is among them.
     void show(const SceneChanges& changes);
@@ -75,6 +79,8 @@ private:
     BankImage image_{};        // the same, to compare with
     std::int32_t chosen_ = -1; // the control when the scenes were last looked at,
     std::int32_t scene_ = 0;   // and its scene
+    std::uint64_t version_ = 0;
+    std::uint64_t newest_ = 0; // of the versions
     std::uint64_t run_ = 0;    // of choices in one popup; another starts with another control
     MessageValue::Subscription reading_;
 };

@@ -15,7 +15,7 @@ namespace scenewright {
 
 ScenesKeeper::ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
                            std::shared_ptr<Recovery> recovery)
-    : window_(window), earlier_(earlier), recovery_(std::move(recovery)), start_(storedImage()) {
+    : window_(window), earlier_(earlier), recovery_(std::move(recovery)) {
     delay_.setSingleShot(true);
     delay_.setInterval(kDelay);
     connect(&delay_, &QTimer::timeout, this, &ScenesKeeper::flush);
@@ -35,17 +35,11 @@ ScenesKeeper::~ScenesKeeper() {
         reportError("scenewright", kept.error());
 }
 
-bool ScenesKeeper::isSafe(const BankImage& image) const {
-    return image == start_ || image == KnownKeyboard::image() ||
-           image == earlier_.document().held();
-}
-
 void ScenesKeeper::follow() {
-    const BankImage image = storedImage();
-    if (isSafe(image))
+    if (earlier_.document().isElsewhere())
         recovery_->discard();
     else
-        recovery_->keep({.image = image,
+        recovery_->keep({.image = storedImage(),
                          .file = earlier_.document().file().toStdString(),
                          .keyboard = KnownKeyboard::name()});
     if (!delay_.isActive())

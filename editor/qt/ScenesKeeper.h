@@ -17,8 +17,7 @@
 
 namespace scenewright {
 
-// Made while the window shows the scenes of its start. All that it is given outlives it; its end
-// puts the last edit on the disk. Main thread only.
+// All that it is given outlives it; its end puts the last edit on the disk. Main thread only.
 class ScenesKeeper final : public QObject {
     Q_OBJECT
 
@@ -35,8 +34,6 @@ public:
     ScenesKeeper& operator=(ScenesKeeper&&) = delete;
 
 private:
-    // Whether the scenes are elsewhere too: on the keyboard, in their file, or those of the start.
-    [[nodiscard]] bool isSafe(const BankImage& image) const;
     void follow();
     void flush();
     // A notice for the newest that was left; none when there is nothing.
@@ -46,7 +43,6 @@ private:
     MainWindow& window_;
     EarlierCommands& earlier_;
     std::shared_ptr<Recovery> recovery_;
-    const BankImage start_;
     QTimer delay_;
     bool isTroubleTold_ = false;
     KnownKeyboard::Subscription keyboard_;

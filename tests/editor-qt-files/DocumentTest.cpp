@@ -24,8 +24,12 @@ protected:
 
 TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
     const QString program = "Scenewright – Virtual controller";
+    const QString none = program + "[*]";
     const QString ofA = "a.json[*] – " + program;
+    const QString ofB = "b[*][*].bank[*] – " + program;
     const QString bank = bankWithRed("a.json", 5);
+    const auto undo = [this] { press(Qt::Key_Z); };
+    const auto redo = [this] { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); };
     struct Row {
         const char* what;
         std::function<void()> make;
@@ -33,25 +37,36 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
         bool isMarked;
     };
     const Row rows[] = {
-        {"start", [] {}, program, false},
-        {"edit", [this] { edit(77); }, program, false},
+        {"start", [] {}, none, false},
+        {"edit", [this] { edit(77); }, none, true},
+        {"undo", undo, none, false},
+        {"edit", [this] { edit(77); }, none, true},
         {"open", [this, bank] { commands().banks().openBank(bank); }, ofA, false},
         {"edit", [this] { edit(77); }, ofA, true},
-        {"undo", [this] { press(Qt::Key_Z); }, ofA, false},
-        {"redo", [this] { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }, ofA, true},
+        {"undo", undo, ofA, false},
+        {"undo of the open", undo, none, true},
+        {"redo of the open", redo, ofA, false},
+        {"redo", redo, ofA, true},
         {"save", [this, bank] { commands().banks().saveBank(bank); }, ofA, false},
-        {"save elsewhere", [this] { commands().banks().saveBank(file("b[*].bank")); },
-         "b[*][*].bank[*] – " + program, false},
-        {"a failed open", [this] { commands().banks().openBank(file("none")); },
-         "b[*][*].bank[*] – " + program, false},
-        {"a read of other scenes", [this] { press(Qt::Key_R); }, program, false},
+        {"save elsewhere", [this] { commands().banks().saveBank(file("b[*].bank")); }, ofB, false},
+        {"a failed open", [this] { commands().banks().openBank(file("none")); }, ofB, false},
+        {"a read of other scenes", [this] { press(Qt::Key_R); }, none, false},
+        {"undo of the read", undo, ofB, false},
+        {"undo before the save", undo, ofB, true},
+        {"redo", redo, ofB, false},
+        {"redo of the read", redo, none, false},
+        {"undo of the read", undo, ofB, false},
+        {"edit in place of the read", [this] { edit(78); }, ofB, true},
         {"open again", [this, bank] { commands().banks().openBank(bank); }, ofA, false},
+        {"save over the other file", [this] { commands().banks().saveBank(file("b[*].bank")); },
+         ofB, false},
+        {"undo of the open", undo, ofB, true},
         {"bring back",
          [this] {
              edit(3);
              commands().earlier().restoreLatest();
          },
-         program, false},
+         none, true},
     };
     for (const Row& row : rows) {
         row.make();
