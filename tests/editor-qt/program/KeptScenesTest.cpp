@@ -3,7 +3,9 @@
 #include "bank/BankFile.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "tests/editor-qt/program/ProgramBench.h"
+#include "tests/editor-qt/program/SessionManager.h"
 
+#include <QProcessEnvironment>
 #include <QTest>
 
 #include <array>
@@ -22,6 +24,7 @@ struct End {
     const char* name;
     int signal;           // 0 for the close button
     bool isAtOnce = true; // before the program has put the edit on the disk by itself
+    bool isOfSession = false;
 };
 
 class KeptScenesTest : public ProgramBench, public ::testing::WithParamInterface<End> {
@@ -48,6 +51,11 @@ protected:
         if (!GetParam().isAtOnce) {
             ASSERT_TRUE(waitUntil([this] { return isOnDisk(); }));
         }
+        if (GetParam().isOfSession) {
+            ASSERT_TRUE(waitUntil([this] { return session_.hasClient(); }));
+            session_.endSession();
+            ASSERT_TRUE(waitUntil([this] { return session_.isSaved(); }));
+        }
         if (GetParam().signal == 0)
             pressCloseButton();
         else
@@ -70,9 +78,18 @@ protected:
         const auto sent = readBank(bankFile());
         return sent ? sent->scenes.at(0)->buttonValueArray().at(kPad - 1)->CR() : -1;
     }
+    void joinSession() {
+        auto environment = program().processEnvironment();
+        environment.insert("SESSION_MANAGER", QString::fromLatin1(session_.variable()));
+        program().setProcessEnvironment(environment);
+    }
+
+private:
+    SessionManager session_;
 };
 
 TEST_P(KeptScenesTest, ComeBackAfterTheEnd) {
+    joinSession();
     start();
     editRed();
     end();
@@ -91,7 +108,8 @@ TEST_P(KeptScenesTest, ComeBackAfterTheEnd) {
 INSTANTIATE_TEST_SUITE_P(Ends, KeptScenesTest,
                          ::testing::Values(End{"CloseButton", 0}, End{"Terminate", SIGTERM},
                                            End{"HangUp", SIGHUP}, End{"Interrupt", SIGINT},
-                                           End{"Kill", SIGKILL, false}),
+                                           End{"Kill", SIGKILL, false},
+                                           End{"Session", SIGKILL, true, true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 // What a player does who has no mouse.
