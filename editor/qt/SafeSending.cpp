@@ -6,6 +6,7 @@
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -62,6 +63,7 @@ void SafeSending::addPreference() {
 void SafeSending::send(const DeviceCommands::SendEnded& ended) {
     window_.notices().withdraw(Notice::Source::Unfinished);
     SafeSend::Request request{.readsFirst = readFirst_->isChecked(), .isUntouched = isUntouched()};
+    request.subject = QFileInfo(earlier_.document().file()).fileName().toStdString();
     request.ask = [this](const SafeSend::Asked& asked, const SafeSend::Answered& answered) {
         ask(asked, answered);
     };

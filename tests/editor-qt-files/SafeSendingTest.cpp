@@ -120,6 +120,7 @@ TEST_F(SafeSendingTest, DefaultScenesThatWereOpenedAreTheUsersChoice) {
     send();
     EXPECT_EQ(question(), nullptr);
     EXPECT_EQ(controller->sendsEnded(), 1U);
+    EXPECT_EQ(earlier().list().front().occasion.subject, "default.bank");
 }
 
 TEST_F(SafeSendingTest, OtherScenesAreToldOfAndPutBack) {
