@@ -1,7 +1,8 @@
 """Sends that do not end, because the program is killed or the keyboard pulled out, at places up to
 the last packet: what is asked for afterwards leaves one of the two banks, whole."""
 
-from rig import CLI, check_equal, some_bank
+from cases_editor import Window
+from rig import CLI, PATIENCE, check_equal, some_bank
 
 READ_PACKETS = 2 + 1 + 1012 + 1  # of the read before a send
 SEND_PACKETS = 2 + 2 + 1024
@@ -86,3 +87,26 @@ def case_killed_at_20_places_of_a_send(rig):
 
 def case_unplugged_at_20_places_of_a_send(rig):
     check_unplugged(rig, 20)
+
+
+def case_editor_makes_a_killed_send_good(rig):
+    """By the notice of the next start: its first button sends again, its second brings back."""
+    source = rig.file("source.bank")
+    source.write_bytes(SENT)
+    for place, keys, bank in ((400, ["F6", "space"], SENT), (700, ["F6", "Tab", "space"], HELD)):
+        keyboard = rig.plug(bank=HELD)
+        window = Window(rig, source)
+        window.key("ctrl+Return")
+        keyboard.await_transfers("ep2 out", READ_PACKETS + place)
+        window.program.kill()
+        window.program.wait()
+        window = Window(rig)
+        for key in keys:
+            window.key(key)
+        window.await_log("\nFinish\n")
+        assert keyboard.bank_file.read_bytes() == bank, f"another bank after {keys}"
+        window.key("ctrl+q")
+        check_equal(window.program.wait(PATIENCE), 0, "exit code")
+        check_equal(list(rig.file("state").glob("scenewright/sends/*")), [], "sends not ended")
+        keyboard.check_port_is_back()
+        keyboard.unplug()
