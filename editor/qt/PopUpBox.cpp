@@ -29,7 +29,7 @@ constexpr int kNarrowest = 72; // in device-independent pixels; the longest titl
 // the first of several entries that begin with the text too.
 class EntryList final : public QListView {
 public:
-    explicit EntryList(const PopUpBox& box, QWidget* parent) : QListView(parent), box_(box) {}
+    explicit EntryList(PopUpBox& box, QWidget* parent) : QListView(parent), box_(box) {}
 
     void keyboardSearch(const QString& text) override {
         QListView::keyboardSearch(text);
@@ -37,8 +37,20 @@ public:
             setCurrentIndex(model()->index(found, 0));
     }
 
+protected:
+    // An assistive technology selects an entry, and that is all that it can do with it: then the
+    // entry is not the current one, as with keys and mouse it is a moment later.
+    void selectionChanged(const QItemSelection& now, const QItemSelection& before) override {
+        QListView::selectionChanged(now, before);
+        QTimer::singleShot(0, this, [this] {
+            const QModelIndexList rows = selectedIndexes();
+            if (isVisible() && rows.size() == 1 && rows.front() != currentIndex())
+                box_.chooseItem(rows.front().row());
+        });
+    }
+
 private:
-    const PopUpBox& box_;
+    PopUpBox& box_;
     TypedSearch search_;
 };
 
@@ -179,6 +191,12 @@ void PopUpBox::finishTyping() {
     forgetTyping();
     if (before && *before != currentIndex())
         emit activated(currentIndex());
+}
+
+void PopUpBox::chooseItem(int position) {
+    hidePopup();
+    setCurrentIndex(position);
+    emit activated(position);
 }
 
 void PopUpBox::cancelTyping() {

@@ -67,6 +67,8 @@ public:
     void removeAllItems() override;
     void addItems(const std::vector<std::string>& titles) override;
     void selectItem(std::int32_t position) override;
+    // As a user chooses it.
+    void chooseItem(int position);
     // The entry that is shown.
     [[nodiscard]] std::int32_t selectedItem() const override;
     void setEnabled(bool enabled) override;

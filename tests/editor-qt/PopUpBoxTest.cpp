@@ -3,6 +3,7 @@
 #include "tests/support/Limits.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
@@ -313,6 +314,18 @@ TEST_F(PopUpBoxTest, TheOpenListGoesToTheFirstOfSeveralAndChoosesNothing) {
     EXPECT_EQ(box_.view()->currentIndex().row(), 1);
     QTest::keyClick(box_.view(), Qt::Key_Escape);
     EXPECT_EQ(chosen_, Choices{});
+}
+
+TEST_F(PopUpBoxTest, AnAssistiveTechnologyChoosesAnEntryOfTheOpenList) {
+    QTest::mouseClick(&box_, Qt::LeftButton);
+    QAccessibleInterface* const entry =
+        QAccessible::queryAccessibleInterface(box_.view())->child(64);
+    ASSERT_NE(entry, nullptr);
+    entry->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !chosen_.empty(); }, testing::kLimitMilliseconds));
+    EXPECT_EQ(chosen_, Choices{64});
+    EXPECT_EQ(box_.selectedItem(), 64);
+    EXPECT_FALSE(box_.view()->isVisible());
 }
 
 TEST_F(PopUpBoxTest, OpensAListOfTwentyVisibleEntries) {

@@ -17,7 +17,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "system"))
 import sweep_editor  # noqa: E402
 
 PATIENCE = 120  # seconds, for a machine that is busy
-CHECKED = 4  # the bit of a state, as the bus numbers them
+CHECKED, ENABLED = 4, 8  # the bits of states, as the bus numbers them
 ALERTS = sweep_editor.ALERTS
 LABELLED_BY = 2  # a relation, as the bus numbers them
 REGISTRY = "org.a11y.atspi.Registry"
@@ -27,7 +27,7 @@ SAME = "The controller holds what you see"
 class Editor:
     """The editor on a display and a bus of its own; its parts by role and name."""
 
-    def __init__(self, program, folder):
+    def __init__(self, program, folder, *arguments):
         from gi.repository import GLib
 
         self.context = GLib.MainContext.default()
@@ -36,8 +36,15 @@ class Editor:
         self.reader.limit = PATIENCE * 1000  # the editor answers when a read has ended
         self.told = []
         self.listen()
+        self.command = [program, *(arguments or ["--virtual"])]
+        self.command += [f"--console={folder}/console", f"--log={folder}/log"]
+        self.folder = folder
+        self.start()
+
+    def start(self):
+        folder = self.folder
         self.process = subprocess.Popen(
-            [program, "--virtual", f"--console={folder}/console", f"--log={folder}/log"],
+            self.command,
             env={
                 **os.environ,
                 **self.display.variables,
@@ -118,6 +125,23 @@ class Editor:
     def has_told(self, part, signal, detail):
         return (*part, signal, detail) in self.told
 
+    def press(self, role, name):
+        self.act(self.wait(name, lambda: self.find(role, name)))
+
+    def choose(self, label, value):
+        """An entry of a popup, in its opened list."""
+        box = self.wait(label, lambda: self.labelled("combo box", label))
+        self.act(box)
+
+        def entry():
+            for part in self.parts(*box):
+                if self.reader.role(*part) == "list item" and self.reader.name(*part) == value:
+                    return part
+            return None
+
+        self.act(self.wait(value, entry))
+        self.wait(f"{label} {value}", lambda: self.reader.name(*box) == value)
+
     def close(self):
         self.process.terminate()
         self.process.wait(PATIENCE)
@@ -190,6 +214,61 @@ class ScreenReader(unittest.TestCase):
         self.editor.wait("its coming", lambda: self.editor.has_told(alert, "StateChanged", "showing"))
         self.editor.act(self.editor.find("push button", "Dismiss the notice"))
         self.editor.wait("its going", lambda: not self.editor.reader.shows(*alert))
+
+
+class ScreenReaderAlone(unittest.TestCase):
+    """What a player does who has neither mouse nor keys, but the bus."""
+
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        folder = pathlib.Path(self.folder.name)
+        self.bank = folder / "controller.bank"
+        self.editor = Editor(PROGRAM, folder, f"--virtual={self.bank}")
+        self.await_window()
+
+    def tearDown(self):
+        self.editor.close()
+        self.folder.cleanup()
+
+    def await_window(self):
+        self.editor.wait("the window", self.editor.window)
+        self.editor.wait("the status", lambda: self.editor.find("label", "Ready"))
+
+    def choose_red(self, pad, value):
+        self.editor.press("push button", f"Pad {pad}")
+        self.editor.choose("Red", str(value))
+
+    def send(self):
+        """What the keyboard holds afterwards."""
+        self.bank.unlink(missing_ok=True)
+        self.editor.press("push button", "Send scenes")
+        self.editor.wait("the send", lambda: self.bank.exists() and self.bank.stat().st_size)
+        self.editor.wait(
+            "the button", lambda: self.editor.state(self.editor.find("push button", "Send scenes"), ENABLED)
+        )
+        return self.bank.read_bytes()
+
+    def test_a_whole_evening_loses_nothing(self):
+        self.editor.press("push button", "Read scenes")
+        self.editor.wait("the end", lambda: self.editor.find("label", "Read Scene Data Finish"))
+        for pad, value in ((1, 11), (2, 22), (3, 33)):
+            self.choose_red(pad, value)
+        self.editor.press("menu item", "Undo Pad 3 Red")
+        sent = self.send()
+        place = sent.index(bytes((11, 22)))
+        self.assertNotEqual(sent[place + 2], 33)
+        self.choose_red(3, 44)
+        try:
+            self.editor.press("menu item", "Quit")
+        except self.editor.reader.error:
+            pass  # it ends before it answers
+        self.assertEqual(self.editor.process.wait(PATIENCE), 0)
+
+        self.editor.start()
+        self.await_window()
+        self.editor.press("push button", "Bring Back")
+        wanted = sent[: place + 2] + bytes((44,)) + sent[place + 3 :]
+        self.assertEqual(self.send(), wanted)
 
 
 PROGRAM = sys.argv.pop(1)
