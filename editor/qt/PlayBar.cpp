@@ -8,6 +8,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -21,7 +23,10 @@ constexpr qreal kTravelStep = 4 / kWholeTravel; // of a key
 constexpr int kVelocityStep = 20;
 constexpr int kLargestVelocity = 127;
 constexpr std::int32_t kOctave = 12; // semitones
-constexpr int kLastWidth = 230;      // device-independent pixels, for the last message
+// X tells of a held key now and then that it was let go of and pressed at the same time. The second
+// may come later than the first.
+constexpr std::chrono::milliseconds kRepeatGap{20};
+constexpr int kLastWidth = 230; // device-independent pixels, for the last message
 
 enum class Part { Note, Pad, Octave, Velocity, Travel };
 
@@ -104,6 +109,8 @@ PlayBar::PlayBar(MainWindow& window) : QFrame(&window), window_(window) {
         connect(button, &ControlButton::turned, this,
                 [this, control](qreal share) { turn(control, share); });
     }
+    released_.setSingleShot(true);
+    connect(&released_, &QTimer::timeout, this, &PlayBar::playReleased);
     connect(&window, &MainWindow::refreshed, this, &PlayBar::follow);
     connect(&window.commands(), &DeviceCommands::started, this, &PlayBar::releaseAll);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
@@ -288,10 +295,10 @@ void PlayBar::press(const QKeyEvent& event) {
             controlRange(key.part == Part::Pad ? ControlKind::Pad : ControlKind::Key);
         const std::int32_t control =
             range.start + key.number + (key.part == Part::Pad ? 0 : octave_ * kOctave);
-        if (!event.isAutoRepeat() && control < range.end() &&
-            held_.emplace(identityOf(event), control).second)
-            play(PlayOrder::Kind::Press, control, velocity_);
-        return;
+        if (event.isAutoRepeat() || control >= range.end() || isStillHeld(event))
+            return;
+        held_[identityOf(event)] = {.control = control};
+        return play(PlayOrder::Kind::Press, control, velocity_);
     }
     case Part::Octave:
         octave_ = key.number;
@@ -308,20 +315,44 @@ void PlayBar::press(const QKeyEvent& event) {
     showState();
 }
 
+bool PlayBar::isStillHeld(const QKeyEvent& event) {
+    const auto held = held_.find(identityOf(event));
+    if (held == held_.end())
+        return false;
+    if (held->second.releasedAt == 0 || held->second.releasedAt == event.timestamp()) {
+        held->second.releasedAt = 0;
+        return true;
+    }
+    playReleased();
+    return false;
+}
+
 // Wherever the keyboard is by now.
 bool PlayBar::release(const QKeyEvent& event) {
     const auto held = held_.find(identityOf(event));
     if (held == held_.end() || event.isAutoRepeat())
         return held != held_.end();
-    play(PlayOrder::Kind::Release, held->second);
-    held_.erase(held);
+    held->second.releasedAt = std::max<std::uint64_t>(event.timestamp(), 1);
+    if (event.timestamp() == 0) // the system tells no time
+        playReleased();
+    else if (!released_.isActive())
+        released_.start(kRepeatGap);
     return true;
+}
+
+void PlayBar::playReleased() {
+    std::erase_if(held_, [this](const auto& each) {
+        if (each.second.releasedAt == 0)
+            return false;
+        play(PlayOrder::Kind::Release, each.second.control);
+        return true;
+    });
 }
 
 void PlayBar::showState() {
     where_->say(output_->sentence(scene_ + 1));
     keys_->say(tr("Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   "
-                  "− and = turn the knob or slider that has the focus")
+                  "−, =: knob or slider")
                    .arg(octave_ + 1)
                    .arg(velocity_));
 }

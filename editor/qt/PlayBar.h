@@ -10,6 +10,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -74,7 +75,9 @@ private:
     void send(const MidiMessage& message);
     [[nodiscard]] bool takesKeys(const QObject* watched) const;
     void press(const QKeyEvent& event);
+    [[nodiscard]] bool isStillHeld(const QKeyEvent& event);
     [[nodiscard]] bool release(const QKeyEvent& event);
+    void playReleased();
     void showState();
 
     MainWindow& window_;
@@ -85,7 +88,12 @@ private:
     std::int32_t scene_ = 0;
     std::int32_t octave_ = 0;
     int velocity_ = 100;
-    std::map<std::uint32_t, std::int32_t> held_; // computer keys, and the controls that they play
+    struct Held {
+        std::int32_t control = 0;
+        std::uint64_t releasedAt = 0; // by the system's clock; 0 while it is down
+    };
+    std::map<std::uint32_t, Held> held_; // by computer key
+    QTimer released_;                    // until those are played that were not pressed again
     // Children; null before it has played.
     SpokenText* where_ = nullptr;
     SpokenText* keys_ = nullptr;

@@ -88,7 +88,6 @@ void TryStrip::layOut() {
     table_->setUniformRowHeights(true);
     table_->setColumnWidth(Name, kControlWidth);
     table_->setColumnWidth(Wanted, kExpectedWidth);
-    table_->setFixedHeight((kRows + 1) * (fontMetrics().height() + 6));
     column.addWidget(table_);
 
     connect(skip_, &QPushButton::clicked, this, [this] {
@@ -126,6 +125,8 @@ void TryStrip::start() {
             std::make_unique<QTreeWidgetItem>(
                 QStringList{shown(controlName(row.control)), shown(expectedText(row, noteNames()))})
                 .release());
+    table_->setFixedHeight(table_->header()->sizeHint().height() +
+                           kRows * table_->sizeHintForRow(0) + 2 * table_->frameWidth());
     show();
     showNext(tr("Choose scene %1 on the keyboard.").arg(scene_ + 1));
     skip_->setFocus(Qt::OtherFocusReason);

@@ -1739,10 +1739,6 @@
         <translation>Die Szene kann nicht gespielt werden: %1</translation>
     </message>
     <message>
-        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
-        <translation>Reihen ab A und W: Tasten, Oktave %1 (Y, X)   1–8: Pads   Anschlag %2 (C, V)   ß und ´ drehen den Regler mit dem Fokus</translation>
-    </message>
-    <message>
         <source>Playing scene %1: connect a program to the port %2</source>
         <translation>Szene %1 wird gespielt: ein Programm mit dem Port %2 verbinden</translation>
     </message>
@@ -1753,6 +1749,10 @@
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
         <translation>Szene %1 wird gespielt, wie der virtuelle Controller sie hält</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
+        <translation>Reihen ab A und W: Tasten, Oktave %1 (Y, X)   1–8: Pads   Anschlag %2 (C, V)   ß, ´: Regler</translation>
     </message>
 </context>
 <context>

@@ -1739,10 +1739,6 @@
         <translation>La escena no se puede tocar: %1</translation>
     </message>
     <message>
-        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
-        <translation>Filas desde A y W: teclas, octava %1 (Z, X)   1–8: pads   velocidad %2 (C, V)   &apos; y ¡ giran el control que tiene el foco</translation>
-    </message>
-    <message>
         <source>Playing scene %1: connect a program to the port %2</source>
         <translation>Se toca la escena %1: conecte un programa al puerto %2</translation>
     </message>
@@ -1753,6 +1749,10 @@
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
         <translation>Se toca la escena %1 como la tiene el controlador virtual</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
+        <translation>Filas desde A y W: teclas, octava %1 (Z, X)   1–8: pads   velocidad %2 (C, V)   ', ¡: control</translation>
     </message>
 </context>
 <context>

@@ -1739,10 +1739,6 @@
         <translation>La scène ne peut pas être jouée : %1</translation>
     </message>
     <message>
-        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
-        <translation>Rangées dès Q et Z : touches, octave %1 (W, X)   1–8 : pads   vélocité %2 (C, V)   ) et = tournent le réglage qui a le focus</translation>
-    </message>
-    <message>
         <source>Playing scene %1: connect a program to the port %2</source>
         <translation>Jeu de la scène %1 : reliez un programme au port %2</translation>
     </message>
@@ -1753,6 +1749,10 @@
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
         <translation>Jeu de la scène %1 telle que le contrôleur virtuel la contient</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
+        <translation>Rangées dès Q et Z : touches, octave %1 (W, X)   1–8 : pads   vélocité %2 (C, V)   ), = : réglage</translation>
     </message>
 </context>
 <context>

@@ -1739,10 +1739,6 @@
         <translation>シーンを演奏できません: %1</translation>
     </message>
     <message>
-        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
-        <translation>A と W からの段: 鍵盤、オクターブ %1 (Z、X)   1–8: パッド   ベロシティ %2 (C、V)   - と ^: フォーカスのあるノブやスライダーを回す</translation>
-    </message>
-    <message>
         <source>Playing scene %1: connect a program to the port %2</source>
         <translation>シーン %1 を演奏中: プログラムをポート %2 に接続してください</translation>
     </message>
@@ -1753,6 +1749,10 @@
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
         <translation>仮想コントローラーにあるシーン %1 を演奏中</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
+        <translation>A と W からの段: 鍵盤、オクターブ %1 (Z、X)   1–8: パッド   ベロシティ %2 (C、V)   -、^: ノブ、スライダー</translation>
     </message>
 </context>
 <context>

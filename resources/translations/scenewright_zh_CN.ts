@@ -1739,10 +1739,6 @@
         <translation>无法演奏该场景：%1</translation>
     </message>
     <message>
-        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   − and = turn the knob or slider that has the focus</source>
-        <translation>A 行和 W 行：琴键，八度 %1（Z、X）   1–8：打击垫   力度 %2（C、V）   - 和 =：转动有焦点的旋钮或推子</translation>
-    </message>
-    <message>
         <source>Playing scene %1: connect a program to the port %2</source>
         <translation>正在演奏场景 %1：请将程序连接到端口 %2</translation>
     </message>
@@ -1753,6 +1749,10 @@
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
         <translation>正在演奏虚拟控制器中的场景 %1</translation>
+    </message>
+    <message>
+        <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
+        <translation>A 行和 W 行：琴键，八度 %1（Z、X）   1–8：打击垫   力度 %2（C、V）   -、=：旋钮或推子</translation>
     </message>
 </context>
 <context>

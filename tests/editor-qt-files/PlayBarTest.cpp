@@ -190,6 +190,25 @@ TEST_F(PlayBarTest, AKeyThatIsLetGoOfOverAMenuEndsItsNote) {
     EXPECT_EQ(sent(), Messages());
 }
 
+TEST_F(PlayBarTest, AKeyThatTheSystemRepeatsByLettingGoOfItSoundsOn) {
+    action().setChecked(true);
+    const auto tell = [this](QEvent::Type type, std::uint64_t time) {
+        QKeyEvent event(type, Qt::Key_A, Qt::NoModifier, 38, 0, 0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(keyboard(), &event);
+    };
+    tell(QEvent::KeyPress, 1);
+    tell(QEvent::KeyRelease, 500);
+    tell(QEvent::KeyPress, 500);
+    QTest::qWait(40); // longer than a release waits
+    EXPECT_EQ(sent(), (Messages{{0x90, kKeyNote, 100}}));
+    tell(QEvent::KeyRelease, 600);
+    tell(QEvent::KeyPress, 601); // quickly again
+    EXPECT_EQ(sent(), (Messages{{0x80, kKeyNote, 0}, {0x90, kKeyNote, 100}}));
+    tell(QEvent::KeyRelease, 700);
+    EXPECT_TRUE(waitUntil([this] { return sent() == Messages{{0x80, kKeyNote, 0}}; }));
+}
+
 TEST_F(PlayBarTest, WhatIsTypedIntoAFieldIsNotPlayed) {
     action().setChecked(true);
     QLineEdit field(&window());
