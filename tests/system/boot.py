@@ -38,7 +38,7 @@ def soak():
 
 def settings(source, build, names, rounds, seed):
     """What the guest's init reads: shell assignments."""
-    values = {"SOURCE": source, "BUILD": build, "PYTHON": Path(sys.executable).resolve(),
+    values = {"SOURCE": source, "BUILD": build, "PYTHON": "/usr/bin/python3",
               "CASES": os.environ.get(CASES) or " ".join(names), "SOAK": f"{rounds} {seed}"}
     return "".join(f"{name}={shlex.quote(str(value))}\n" for name, value in values.items())
 

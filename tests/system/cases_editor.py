@@ -20,11 +20,12 @@ CONTROLLER, NOTE = 1, 2  # positions in the list of types
 class Window:
     """The editor on a display, which one case has for all its editors."""
 
-    def __init__(self, rig, *arguments):
+    def __init__(self, rig, *arguments, **variables):
         rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp",
                   stderr=subprocess.DEVNULL)  # ends at once when there is one
         wait_for("the display", Path(f"/tmp/.X11-unix/X{DISPLAY[1:]}").exists)
-        self.environment = {**os.environ, "DISPLAY": DISPLAY, "HOME": str(rig.folder)}
+        self.environment = {**os.environ, "DISPLAY": DISPLAY, "HOME": str(rig.folder),
+                            **variables}
         self.log_file = rig.file("editor.log")
         self.seen = 0
         self.program = rig.start(EDITOR, "--log", self.log_file, "--console",

@@ -102,22 +102,27 @@ def connections(client):
     own = clients().split(f"Client {client:3} ", 1)
     if len(own) < 2:
         return None
-    ours = client_of("Scenewright")
+    ours = {f"{client}:0" for client in re.findall(r'Client +(\d+) : "Scenewright', clients())}
     text = own[1].split("Client")[0]
     return {(direction, other) for direction, others in
             re.findall(r"(Connecting To|Connected From): (.*)", text)
-            for other in re.findall(r"\d+:\d+", others) if other != f"{ours}:0"}
+            for other in re.findall(r"\d+:\d+", others) if other not in ours}
 
 
 class Hearer:
     """An independent program that is connected to the keyboard and prints what it hears."""
 
-    def __init__(self, rig, client):
-        self.file = rig.file(f"heard-{client}")
+    def __init__(self, rig, client, name=""):
+        self.file = rig.file(f"heard-{client}{name}")
+        before = connections(client)
         with self.file.open("w") as sink:
             self.program = rig.start("aseqdump", "-p", str(client), stdout=sink,
                                      stderr=subprocess.DEVNULL)
-        wait_for("the connection", lambda: connections(client))
+        wait_for("the connection", lambda: connections(client) != before)
+
+    def end(self):
+        self.program.kill()
+        self.program.wait()
 
     def heard(self):
         return [(what, int(channel), int(number), int(value or 0)) for what, channel, number, value

@@ -12,6 +12,7 @@ import traceback
 
 import cases_devices
 import cases_editor
+import cases_midi
 import cases_play
 import cases_port
 import cases_resume
@@ -22,7 +23,7 @@ import cases_trouble
 from rig import Rig
 
 MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_play,
-           cases_resume, cases_editor, cases_soak)
+           cases_midi, cases_resume, cases_editor, cases_soak)
 PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",
@@ -38,6 +39,7 @@ SMOKE = [
     "port_is_back_after_each_command_of_the_command_line",
     "played_controls_are_heard_and_monitored",
     "connections_are_back_after_a_read_and_a_send",
+    "tried_controls_are_compared",
     "editor_reads_changes_a_pad_and_sends",
 ]
 REPORTS = "/dev/ttyS1"

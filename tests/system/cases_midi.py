@@ -1,0 +1,285 @@
+"""What is played to other programs, what is tried by touch, and how much comes through at once."""
+
+import json
+import os
+import re
+import signal
+import subprocess
+import time
+from datetime import datetime
+from pathlib import Path
+
+from cases_editor import Window
+from cases_play import (Hearer, OrderedKeyboard, await_equal, client_of, clients, keyboards_client,
+                        off, on, played_bank, table)
+from rig import CLI, PATIENCE, check_equal, wait_for
+
+PLAYER = 'Scenewright"'  # the whole of its client's name
+KNOBS = [f"{kind}{number}" for kind in ("knob", "slider") for number in (1, 2, 3, 4)]
+BURST = 40_000  # messages
+SLIDE = 200  # milliseconds
+
+
+class Player:
+    """The command that plays a bank, with orders on its standard input."""
+
+    def __init__(self, rig, bank, *options):
+        self.told = rig.file("told")
+        with self.told.open("w") as sink:
+            self.program = rig.start(CLI, "play", bank, *options, stdin=subprocess.PIPE,
+                                     stdout=subprocess.DEVNULL, stderr=sink, bufsize=1)
+        wait_for("its port", lambda: re.search(r"Scenewright \(\d+:0\)", self.told.read_text()))
+
+    def order(self, line):
+        print(line, file=self.program.stdin)
+
+
+def case_played_here_is_heard_by_other_programs(rig):
+    """The table that was typed for the keyboard itself holds for a scene that is played here."""
+    player = Player(rig, played_bank(rig), "--scene", "1")
+    hearer = Hearer(rig, client_of(PLAYER))
+    wait_for("its name", lambda: "playing to aseqdump" in player.told.read_text())
+    expected = []
+    for scene in (1, 2, 3, 4):
+        player.order(f"scene {scene}")
+        for order, *messages in table(scene):
+            player.order(order)
+            expected += messages
+            await_equal(f"what scene {scene} plays by {order}", hearer.heard, expected)
+    rig.notes.append(f"{len(expected)} messages heard")
+
+
+def case_notes_end_with_what_plays_them(rig):
+    bank = played_bank(rig)
+    ends = {
+        "a change of scene": lambda player, _: player.order("scene 2"),
+        "the end of its input": lambda player, _: player.program.stdin.close(),
+        "SIGINT": lambda player, _: player.program.send_signal(signal.SIGINT),
+        "SIGTERM": lambda player, _: player.program.send_signal(signal.SIGTERM),
+        "another program's going": lambda _, other: other.program.kill(),
+    }
+    for what, end in ends.items():
+        player = Player(rig, bank)
+        hearers = [Hearer(rig, client_of(PLAYER), name) for name in ("first", "second")]
+        player.order("press pad1 100")
+        for hearer in hearers:
+            await_equal(f"the note before {what}", hearer.heard, [on(9, 41, 100)])
+        end(player, hearers[1])
+        await_equal(f"the end of the note after {what}", hearers[0].heard,
+                    [on(9, 41, 100), off(9, 41)])
+        if not player.program.stdin.closed:
+            player.program.stdin.close()
+        check_equal(player.program.wait(PATIENCE), 0, f"exit code after {what}")
+        for hearer in hearers:
+            hearer.end()
+
+
+# What the bank that is tried has otherwise than the keyboard: a setting of a control, and what is said.
+DIFFERENCES = (
+    ("scene1.pad3", "CCOrNoteNumber=F#2", "sent note D4, expected note F#2"),
+    ("scene2.pad5", "CCOrNoteNumber=74", "sent CC 64, expected CC 74"),
+    ("scene3.knob1", "CCOrNoteNumber=19", "sent CC 20, expected CC 19"),
+    ("scene4.pad1", "MIDIChannel=title:9", "sent note C4, ch 10, expected note C4, ch 9"),
+    ("scene4.key2", "AssignType=CC", "sent note C#4, expected CC 49"),
+)
+# Right but for what is assumed of the keyboard.
+ASSUMED = (
+    ("scene2.knob1", "group1.MIDIChannel=title:16", "ch 6"),
+    ("scene2.slider1", "group1.MIDIChannel=title:16", "ch 6"),
+    ("scene3.pad5", "pad5.OnValue=91", "value 90"),
+)
+TOGGLES = ("pad2", "key2")  # off again before another scene
+SILENT = [f"scene{scene}.{name}" for scene in (1, 2, 3, 4) for name in ("slider3", "pad6")]
+
+
+def touch(keyboard, path):
+    name = path.split(".")[1]
+    if name.startswith(("knob", "slider")):
+        keyboard.order(f"turn {name} 127", "played")
+        return
+    for _ in range(2 if name in TOGGLES else 1):
+        keyboard.order(f"press {name} 100", "played")
+        keyboard.order(f"release {name}", "played")
+
+
+def distinct_bank(rig):
+    """The played bank with a number for each control, so that a touch is nobody else's rest."""
+    bank = played_bank(rig)
+    fills = (("scene*.key*", "C3"), ("scene*.pad*.CCOrNoteNumber", "60"))
+    for path, start in fills:
+        check_equal(rig.run(CLI, "fill", bank, path, start, stderr=subprocess.DEVNULL)[0], 0, path)
+    return bank
+
+
+def case_tried_controls_are_compared(rig):
+    bank = distinct_bank(rig)
+    keyboard = rig.plug(bank=bank.read_bytes(), kind=OrderedKeyboard)
+    wait_for("the sequencer's client", keyboards_client)
+    settings = [f"{path}.{setting}" for path, setting, _ in DIFFERENCES]
+    settings += [f"{path.split('.')[0]}.{setting}" for path, setting, _ in ASSUMED]
+    check_equal(rig.run(CLI, "set", bank, *settings, stderr=subprocess.DEVNULL)[0], 0, "set")
+    trial = rig.start(CLI, "try", bank, "--json", stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    for said in trial.stderr:
+        if scene := re.search(r"choose scene (\d)", said):
+            keyboard.order(f"scene {scene[1]}", "plays scene")
+        elif path := re.search(r"touch (\S+),", said):
+            touch(keyboard, path[1])
+    results = [json.loads(line) for line in trial.stdout]
+    check_equal(trial.wait(PATIENCE), 1, "exit code")
+    check_equal(len(results), 4 * 41, "controls")
+    told = {row["control"]: row for row in results}
+    for path, _, text in DIFFERENCES:
+        check_equal(told[path]["text"], text, path)
+    for path, _, sent in ASSUMED:
+        assert sent in told[path]["text"], told[path]
+    others = {"wrong": [path for path, *_ in DIFFERENCES], "silent": SILENT,
+              "assumed": [path for path, *_ in ASSUMED]}
+    for verdict, paths in others.items():
+        check_equal([row["control"] for row in results if row["verdict"] == verdict], paths, verdict)
+    rights = sum(row["verdict"] == "right" for row in results)
+    check_equal(rights, 4 * 41 - sum(map(len, others.values())), "right controls")
+
+
+def case_port_that_another_program_holds_is_told(rig):
+    rig.plug(bank=played_bank(rig).read_bytes(), kind=OrderedKeyboard)
+    client = wait_for("the sequencer's client", keyboards_client)
+    sentence = f"scenewright-cli: another program has the MIDI port {client}:0 for itself; end that " \
+               "program first\n"
+    (device,) = Path("/dev/snd").glob("midiC*D0")
+    with device.open("rb", buffering=0):
+        for command in (("monitor",), ("try", rig.file("played.bank"))):
+            check_equal(rig.run(CLI, *command), (1, sentence), command[0])
+
+
+def case_burst_is_monitored_without_a_loss(rig):
+    """Knobs and sliders that slide together, as often as a second has room for."""
+    bank = played_bank(rig)
+    settings = ("knob*.Enable=On", "slider*.Enable=On")
+    code, _ = rig.run(CLI, "set", bank, *(f"scene1.{each}" for each in settings),
+                      *(f"scene1.{name}.{end}" for name in KNOBS
+                        for end in ("LowerOrLeftValue=0", "UpperOrRightValue=127")))
+    check_equal(code, 0, "set")
+    keyboard = rig.plug(bank=bank.read_bytes(), kind=OrderedKeyboard)
+    hearer = Hearer(rig, wait_for("the sequencer's client", keyboards_client))
+    told = rig.file("told")
+    with told.open("w") as sink:
+        monitor = rig.start(CLI, "monitor", "--json", stdout=sink)
+    monitor.stderr.readline()
+    values = 128 * len(KNOBS)
+    rounds = BURST // values + 1
+    begin = time.monotonic()
+    for number in range(rounds):
+        for name in KNOBS:
+            ends = "0 127" if number % 2 == 0 else "127 0"
+            keyboard.order(f"slide {name} {ends} {SLIDE}ms", "slides")
+        wait_for("the slides' messages",
+                 lambda: told.read_bytes().count(b"\n") >= (number + 1) * values)
+    seconds = time.monotonic() - begin
+    count = rounds * values
+    wait_for("the other program", lambda: len(hearer.heard()) >= count)
+    lines = [json.loads(line) for line in told.read_text().splitlines()]
+    check_equal(len(lines), count, "monitored messages")
+    check_equal([line["data"] for line in lines],
+                [[number, value] for _, _, number, value in hearer.heard()], "their order")
+    times = [datetime.fromisoformat(line["time"]) for line in lines]
+    longest = max(times[place] - times[place - 1] for place in range(1, count) if place % values)
+    rig.notes.append(f"{count} messages in {seconds:.1f} s, {count / seconds:.0f} a second; at most "
+                     f"{longest.total_seconds() * 1000:.0f} ms between two lines")
+
+
+class Reader:
+    """The window as a screen reader has it, on a bus of its own."""
+
+    CLOSED = ("combo box", "list")  # not looked into: they have hundreds of entries
+
+    def __init__(self, rig):
+        from sweep_editor import ScreenReader  # as it needs more of the system than the other cases
+
+        bus = rig.start("dbus-daemon", "--session", "--nofork", "--print-address",
+                        stdout=subprocess.PIPE)
+        self.address = bus.stdout.readline().strip()
+        self.reader = ScreenReader(self.address)
+        self.reader.limit = 1000 * PATIENCE  # the window answers when a command has ended
+
+    @property
+    def environment(self):
+        return {"DBUS_SESSION_BUS_ADDRESS": self.address, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+
+    def parts(self, part):
+        for each in self.reader.children(*part):
+            yield each
+            if self.reader.role(*each) not in self.CLOSED:
+                yield from self.parts(each)
+
+    def find(self, name):
+        for application in self.reader.children("org.a11y.atspi.Registry", self.reader.ROOT):
+            for part in self.parts(application):
+                if self.reader.name(*part) == name:
+                    return part
+        return None
+
+    def rectangle(self, part):
+        from gi.repository import GLib
+
+        screen = GLib.Variant("(u)", (0,))
+        return self.reader.call(self.reader.bus, *part, "org.a11y.atspi.Component.GetExtents",
+                                screen)[0]
+
+    def texts(self, part):
+        return [self.reader.name(*each) for each in self.parts(part)]
+
+
+def shot(window, left, top, width, height):
+    """A part of the display: red, green and blue of each pixel."""
+    crop = f"{width}x{height}+{left}+{top}"
+    return subprocess.run(["import", "-window", "root", "-crop", crop, "-depth", "8", "rgb:-"],
+                          env=window.environment, capture_output=True, check=True).stdout
+
+
+PAD_3 = {"number": 191, "red": 231, "green": 239, "blue": 247}  # places in a scene
+
+
+def case_pad_changed_in_the_window_is_heard_and_seen(rig):
+    """Made to send F#2 and red in the window, sent, and hit."""
+    bank = played_bank(rig)
+    check_equal(rig.run(CLI, "set", bank, "scene1.pad3.PadBehavior=Momentary")[0], 0, "set")
+    keyboard = rig.plug(bank=bank.read_bytes(), kind=OrderedKeyboard)
+    reader = Reader(rig)
+    window = Window(rig, **reader.environment)
+    window.key("ctrl+r")
+    window.await_log("Read Scene Data Finish")
+    pad = wait_for("the picture", lambda: reader.find("Pad 3"))
+    left, top, width, height = reader.rectangle(pad)
+    window.click_until((left + width // 2, top + height // 5), "点击了按钮：15\n")
+    for popup, value in (("alt+c", "F#2"), ("alt+r", "127"), ("alt+g", "0"), ("alt+b", "0")):
+        window.key(popup)
+        window.do("type", value)
+        window.key("Return")
+    window.key("ctrl+Return")
+    window.await_log("\nFinish\n")
+    sent = keyboard.bank_file.read_bytes()
+    check_equal({name: sent[place] for name, place in PAD_3.items()},
+                {"number": 42, "red": 127, "green": 0, "blue": 0}, "what the keyboard holds")
+    keyboard.await_port()
+    window.key("ctrl+m")
+    client = wait_for("the sequencer's client", keyboards_client)
+    wait_for("the monitor's connection", lambda: f"{client}:0" in clients().partition(
+        '"Scenewright monitor"')[2].partition("Client")[0])
+    hearer = Hearer(rig, client)
+    lines = wait_for("the monitor", lambda: reader.find("What the keyboard sends"))
+    left, top, width, height = place = reader.rectangle(pad)
+    window.do("mousemove", 0, 0)  # off the pad, which is lighter below it
+    check_equal(shot(window, left + width // 2, top + height // 5, 1, 1), bytes((255, 0, 0)),
+                "the colour of the pad on the picture")
+    dark = shot(window, *place)
+    keyboard.order("press pad3 100", "played")
+    wait_for("the pad to light up", lambda: shot(window, *place) != dark)
+    keyboard.order("release pad3", "played")
+    wait_for("the pad to go dark", lambda: shot(window, *place) == dark)
+    await_equal("what is heard", hearer.heard, [on(9, 42, 100), off(9, 42)])
+    texts = reader.texts(lines)
+    for line in ("Note on F#2, ch 10, velocity 100", "Note off F#2, ch 10"):
+        # Pad 7 has the same note from the start.
+        check_equal(texts[texts.index(line) + 1], "Pad 3, Pad 7", f"the controls beside {line}")
+    window.key("ctrl+q")
+    check_equal(window.program.wait(PATIENCE), 0, "exit code")
