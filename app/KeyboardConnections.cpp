@@ -64,8 +64,16 @@ std::vector<SoundKeyboard> soundKeyboards() {
             keyboards.push_back(
                 {.identity = fmt::format("{:04x}:{:04x}#{}", device.ids.vendor, device.ids.product,
                                          alike[{device.ids.vendor, device.ids.product}]++),
-                 .card = soundCardOf(device.bus, device.address)});
+                 .card = soundCardOf(device.bus, device.address),
+                 .port = device.port});
     return keyboards;
+}
+
+std::vector<SoundKeyboard> heardKeyboards(const Keyboards& keyboards) {
+    std::vector<SoundKeyboard> heard = soundKeyboards();
+    if (const auto port = keyboards.offeredPort())
+        std::erase_if(heard, [&port](const SoundKeyboard& each) { return each.port != *port; });
+    return heard;
 }
 
 std::vector<std::pair<SequencerPort, std::string>>

@@ -6,6 +6,7 @@
 // Without a sequencer nothing happens. One thread.
 #pragma once
 
+#include "app/Keyboards.h"
 #include "sequencer/Sequencer.h"
 
 #include <chrono>
@@ -24,10 +25,13 @@ namespace scenewright {
 struct SoundKeyboard {
     std::string identity; // "1209:0001#0": its ids, and which of those that are alike
     std::optional<int> card = std::nullopt; // nothing while the kernel's driver is away
+    std::string port{};                     // "1-2.3"
 };
 
 // By bus and address.
 [[nodiscard]] std::vector<SoundKeyboard> soundKeyboards();
+// Those that are to be heard: the chosen one alone, or without a choice all.
+[[nodiscard]] std::vector<SoundKeyboard> heardKeyboards(const Keyboards& keyboards);
 // The ports of those, with the keyboard that each is of, in its order.
 [[nodiscard]] std::vector<std::pair<SequencerPort, std::string>>
 portsOf(const std::vector<SequencerPort>& ports, const std::vector<SoundKeyboard>& keyboards);

@@ -1,7 +1,5 @@
 #include "app/KnownKeyboard.h"
 
-#include "usb/AttachedDevices.h"
-
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -82,14 +80,6 @@ void KnownKeyboard::setNaming(Naming naming) {
 
 std::string KnownKeyboard::pluggedInName() {
     return known().naming ? known().naming() : std::string();
-}
-
-std::string KnownKeyboard::attachedName() {
-    const std::vector<DeviceIds> listed = deviceList();
-    for (const AttachedDevice& device : attachedDevices())
-        if (device.hasMidiStreaming && std::ranges::find(listed, device.ids) != listed.end())
-            return device.name.empty() ? device.maker : device.name;
-    return {};
 }
 
 } // namespace scenewright

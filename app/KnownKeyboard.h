@@ -35,14 +35,12 @@ public:
     // keyboard changes nothing.
     static void follow(const Outcome& outcome, const BankImage& image);
 
-    // How the keyboard that is plugged in is called, by whoever knows: the kernel's devices, or a
-    // fixed name for the virtual controller.
+    // How the keyboard that is plugged in is called, by whoever knows: Keyboards, or a fixed
+    // name for the virtual controller.
     using Naming = std::function<std::string()>;
     static void setNaming(Naming naming);
     // Empty without a naming.
     [[nodiscard]] static std::string pluggedInName();
-    // The name of the listed keyboard that the kernel shows.
-    [[nodiscard]] static std::string attachedName();
 };
 
 } // namespace scenewright

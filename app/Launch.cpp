@@ -5,7 +5,8 @@
 #include "app/VirtualBank.h"
 #include "platform/Diagnostics.h"
 #include "platform/Resources.h"
-#include "usb/AttachedDevices.h"
+#include "usb/ChosenHost.h"
+#include "usb/DeviceList.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -40,13 +41,14 @@ Result<void> connectVirtualHost(const LaunchOptions& options) {
     return {};
 }
 
-// As Resources finds it once the folder is given to it.
-std::optional<std::filesystem::path> listIn(const std::string& folder, std::string_view name) {
+// As Resources finds them once the folder is given to it.
+std::vector<std::filesystem::path> listsIn(const std::string& folder, std::string_view name) {
     const auto given = std::filesystem::path(folder) / (std::string(name) + ".plist");
     std::error_code error;
     const auto status = std::filesystem::symlink_status(given, error);
-    return !folder.empty() && std::filesystem::exists(status) ? given
-                                                              : Resources::find(name, "plist");
+    if (!folder.empty() && std::filesystem::exists(status))
+        return {given};
+    return Resources::findAll(name, "plist");
 }
 
 } // namespace
@@ -54,6 +56,7 @@ std::optional<std::filesystem::path> listIn(const std::string& folder, std::stri
 LaunchOptions launchOptions(const Arguments& arguments) {
     return {.isVirtual = arguments.has("--virtual"),
             .virtualBank = arguments.text("--virtual"),
+            .device = arguments.text("--device"),
             .console = arguments.text("--console"),
             .log = arguments.text("--log"),
             .resources = arguments.text("--resources")};
@@ -68,8 +71,8 @@ std::vector<NamedFile> launchFiles(const LaunchOptions& options) {
          "the virtual controller's memory"}};
     std::erase_if(files, [](const NamedFile& file) { return file.name.empty(); });
     for (const std::string_view name : {kBasicList, kDefaultList, kProjectList})
-        if (const auto list = listIn(options.resources, name))
-            files.push_back({list->string(), FileUse::Read, {}, "a property list that is in use"});
+        for (const auto& list : listsIn(options.resources, name))
+            files.push_back({list.string(), FileUse::Read, {}, "a property list that is in use"});
     return files;
 }
 
@@ -85,13 +88,16 @@ Result<void> launch(const LaunchOptions& options) {
     return sendLogTo(options.log);
 }
 
-Result<void> connectHost(const LaunchOptions& options) {
-    KnownKeyboard::setNaming(options.isVirtual ? [] { return std::string("Virtual controller"); }
-                                               : &KnownKeyboard::attachedName);
-    if (options.isVirtual)
-        return connectVirtualHost(options);
-    Transport::instance().use(makeLibusbHost());
-    return {};
+Result<std::shared_ptr<Keyboards>> connectHost(const LaunchOptions& options) {
+    if (options.isVirtual) {
+        KnownKeyboard::setNaming([] { return std::string("Virtual controller"); });
+        return connectVirtualHost(options).map([] { return std::shared_ptr<Keyboards>(); });
+    }
+    auto keyboards = std::make_shared<Keyboards>(options.device);
+    KnownKeyboard::setNaming([keyboards] { return keyboards->name(); });
+    Transport::instance().use(
+        offerChosen(makeLibusbHost(), [keyboards] { return keyboards->offeredPort(); }));
+    return keyboards;
 }
 
 } // namespace scenewright

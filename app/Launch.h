@@ -3,10 +3,12 @@
 // Main thread, before any other thread starts.
 #pragma once
 
+#include "app/Keyboards.h"
 #include "platform/Arguments.h"
 #include "platform/NamedFiles.h"
 #include "platform/Result.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,7 @@ struct LaunchOptions {
     // The virtual controller's memory, a bank in either form: read at the start if the file exists,
     // written after each send. Empty keeps it in memory.
     std::string virtualBank;
+    std::string device;    // the keyboard's port or serial number; empty for the first
     std::string console;   // file name, "-" for standard error; empty leaves the stream as it is
     std::string log;       // the same
     std::string resources; // folder; empty for none
@@ -37,8 +40,9 @@ struct LaunchOptions {
 [[nodiscard]] Result<void> launch(const LaunchOptions& options);
 
 // Gives the transport its host, the real bus or the virtual controller, which has the ids of the
-// first keyboard in the device list. The program has made its Shutdown before, so that a signal
-// gives the keyboard back first.
-[[nodiscard]] Result<void> connectHost(const LaunchOptions& options);
+// first keyboard in the device list. Of the bus, the keyboard that is chosen in what this gives
+// alone is offered, now or later; null for the virtual controller. The program has made its
+// Shutdown before, so that a signal gives the keyboard back first.
+[[nodiscard]] Result<std::shared_ptr<Keyboards>> connectHost(const LaunchOptions& options);
 
 } // namespace scenewright

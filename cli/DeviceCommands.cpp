@@ -1,106 +1,91 @@
 // The commands about keyboards that are plugged in or listed: devices and udev-rules.
+#include "app/AccessRules.h"
 #include "app/OutcomeText.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/DeviceReport.h"
-#include "platform/Resources.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cstdint>
-#include <filesystem>
 #include <vector>
 
 namespace scenewright {
 
 namespace {
 
-bool isListed(const AttachedDevice& device, const DeviceListPlace& list) {
-    return std::ranges::find(list.devices, device.ids) != list.devices.end();
-}
-
 bool canBeOpened(const AttachedDevice& device) {
     return device.access != AttachedDevice::Access::NoPermission;
 }
 
-std::string linesToAdd(const AttachedDevice& device) {
-    return fmt::format("    <dict>\n"
-                       "        <key>VID</key> <integer>{}</integer>\n"
-                       "        <key>PID</key> <integer>{}</integer>\n"
-                       "    </dict>\n",
-                       device.ids.vendor, device.ids.product);
-}
-
-// How a device that is not listed gets into the user's own list.
-std::string addingHelp(const AttachedDevice& device, const DeviceListPlace& list) {
-    std::string help = "  listed: no\n";
-    if (list.userOwn.empty())
-        help += fmt::format("  To add it, copy {} to a folder that you name with --resources and\n",
-                            list.inUse.string());
-    else if (list.inUse != list.userOwn && !list.inUse.empty())
-        help += fmt::format("  To add it, first copy {}\n  to {}, then\n", list.inUse.string(),
-                            list.userOwn.string());
-    else
-        help += fmt::format("  To add it, open {} and\n", list.userOwn.string());
-    return help + "  put these lines before the line </array>:\n\n" + linesToAdd(device) + "\n";
-}
-
-std::string paragraph(const AttachedDevice& device, const DeviceListPlace& list) {
+std::string paragraph(const PluggedDevice& plugged) {
+    const AttachedDevice& device = plugged.device;
     std::string text = fmt::format("Bus {:03} Device {:03}: {:04x}:{:04x} {} {}\n", device.bus,
                                    device.address, device.ids.vendor, device.ids.product,
                                    device.maker.empty() ? "-" : device.maker,
                                    device.name.empty() ? "-" : device.name);
-    text += isListed(device, list) ? "  listed: yes\n" : addingHelp(device, list);
+    text += "  port: " + device.port +
+            (device.serial.empty() ? "\n" : ", serial number: " + device.serial + "\n");
+    text += plugged.isListed
+                ? "  listed: yes\n"
+                : fmt::format("  listed: no. 'scenewright-cli devices --add {}' adds it.\n",
+                              device.port);
     if (canBeOpened(device))
         return text + "  can be opened: yes\n";
     return text + fmt::format("  can be opened: no. {}.\n", causeAndCure(kResultAccess));
 }
 
-nlohmann::ordered_json object(const AttachedDevice& device, const DeviceListPlace& list) {
-    const bool listed = isListed(device, list);
+nlohmann::ordered_json object(const PluggedDevice& plugged) {
+    const AttachedDevice& device = plugged.device;
     const bool canOpen = canBeOpened(device);
     nlohmann::ordered_json object;
     object["bus"] = device.bus;
     object["address"] = device.address;
+    object["port"] = device.port;
+    object["serial"] = nullptr;
+    if (!device.serial.empty())
+        object["serial"] = device.serial;
     object["vendorId"] = device.ids.vendor;
     object["productId"] = device.ids.product;
     object["manufacturer"] = device.maker;
     object["name"] = device.name;
-    object["listed"] = listed;
+    object["listed"] = plugged.isListed;
     object["canOpen"] = canOpen;
     object["cause"] = nullptr;
     if (!canOpen)
         object["cause"] = causeAndCure(kResultAccess);
     object["linesToAdd"] = nullptr;
-    if (!listed)
-        object["linesToAdd"] = linesToAdd(device);
+    if (!plugged.isListed)
+        object["linesToAdd"] = deviceListLines(device.ids);
     return object;
 }
 
-constexpr const char* kRulesHead =
-    "# Lets the user who sits at the computer use the keyboards of Scenewright's device list.\n"
-    "# Install as /etc/udev/rules.d/70-scenewright.rules: the name must sort before 73, where\n"
-    "# the tag \"uaccess\" is acted on. Then plug the keyboard in again.\n";
-
-bool canExist(const DeviceIds& device) {
-    constexpr std::int32_t kHighest = 0xFFFF;
-    return device.vendor >= 0 && device.vendor <= kHighest && device.product >= 0 &&
-           device.product <= kHighest;
+int addDevice(const std::string& portOrSerial) {
+    const Keyboards keyboards;
+    std::vector<PluggedDevice> named = keyboards.all();
+    std::erase_if(named, [&portOrSerial](const PluggedDevice& plugged) {
+        return !plugged.device.isNamed(portOrSerial);
+    });
+    if (named.size() != 1)
+        return reportError(
+            fmt::format("there {} '{}'; 'scenewright-cli devices' lists the USB MIDI "
+                        "devices with their ports",
+                        named.empty() ? "is no device" : "are several devices", portOrSerial),
+            kExitUsage);
+    if (!named.front().isListed)
+        if (const auto added = addToDeviceList(named.front().device.ids); !added)
+            return reportError(added.error(), kExitUsage);
+    return printAndEnd(named.front().description() + " is in the list of keyboards.\n", kExitDone);
 }
 
 int printDevices(bool asJson) {
-    std::vector<AttachedDevice> devices = attachedDevices();
-    std::erase_if(devices, [](const AttachedDevice& device) { return !device.hasMidiStreaming; });
-    const auto listed = readDeviceList();
-    if (!listed)
+    if (const auto listed = readDeviceList(); !listed)
         return reportError(listed.error(), kExitUsage);
-    const auto own = Resources::userFolder();
-    const DeviceListPlace list{.devices = *listed,
-                               .inUse = Resources::find("project", "plist").value_or(""),
-                               .userOwn = own ? *own / "project.plist" : std::filesystem::path()};
-    return printAndEnd((asJson ? deviceJson : deviceTable)(devices, list), kExitDone);
+    std::vector<PluggedDevice> devices = Keyboards().all();
+    std::erase_if(devices,
+                  [](const PluggedDevice& plugged) { return !plugged.device.hasMidiStreaming; });
+    return printAndEnd((asJson ? deviceJson : deviceTable)(devices), kExitDone);
 }
 
 int printRules() {
@@ -111,41 +96,28 @@ int printRules() {
 
 } // namespace
 
-std::string deviceTable(std::span<const AttachedDevice> devices, const DeviceListPlace& list) {
+std::string deviceTable(std::span<const PluggedDevice> devices) {
     if (devices.empty())
         return "No USB device with a MIDI streaming interface is plugged in.\n";
     std::string text;
-    for (const AttachedDevice& device : devices)
-        text += paragraph(device, list);
+    for (const PluggedDevice& device : devices)
+        text += paragraph(device);
     return text;
 }
 
-std::string deviceJson(std::span<const AttachedDevice> devices, const DeviceListPlace& list) {
+std::string deviceJson(std::span<const PluggedDevice> devices) {
     constexpr int kIndent = 2;
     auto array = nlohmann::ordered_json::array();
-    for (const AttachedDevice& device : devices)
-        array.push_back(object(device, list));
+    for (const PluggedDevice& device : devices)
+        array.push_back(object(device));
     using Json = nlohmann::ordered_json;
     // A device's name is whatever the device says, valid or not.
     return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-std::string udevRules(std::span<const DeviceIds> devices) {
-    std::string rules = kRulesHead;
-    std::vector<DeviceIds> done;
-    for (const DeviceIds& device : devices) {
-        if (!canExist(device) || std::ranges::find(done, device) != done.end())
-            continue;
-        done.push_back(device);
-        rules += fmt::format("ACTION!=\"remove\", SUBSYSTEM==\"usb\", "
-                             "ENV{{DEVTYPE}}==\"usb_device\", ATTR{{idVendor}}==\"{:04x}\", "
-                             "ATTR{{idProduct}}==\"{:04x}\", TAG+=\"uaccess\"\n",
-                             device.vendor, device.product);
-    }
-    return rules;
-}
-
 CommandChoice devicesCommand(const Arguments& arguments) {
+    if (arguments.has("--add"))
+        return {.run = [name = arguments.text("--add")] { return addDevice(name); }};
     return {.run = [asJson = arguments.has("--json")] { return printDevices(asJson); }};
 }
 

@@ -12,7 +12,8 @@ namespace scenewright {
 namespace {
 
 struct MonitorRequest {
-    std::string bank; // empty for none
+    std::string bank;   // empty for none
+    std::string device; // the same
     bool asJson = false;
     bool showsAll = false;
 };
@@ -43,11 +44,15 @@ int runMonitor(const MonitorRequest& request) {
             return reportError(bank.error(), kExitUsage);
         options.bank = std::move(bank->scenes);
     }
+    const Keyboards keyboards(request.device);
+    if (const auto checked = keyboards.checkChosen(); !checked)
+        return reportError(checked.error(), kExitController);
     const auto sequencer = openSequencer("Scenewright monitor");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
-    Monitor monitor(**sequencer, &soundKeyboards, std::move(options),
-                    [](const std::string& sentence) { reportError(sentence, 0); });
+    Monitor monitor(
+        **sequencer, [&keyboards] { return heardKeyboards(keyboards); }, std::move(options),
+        [](const std::string& sentence) { reportError(sentence, 0); });
     return follow(**sequencer, monitor);
 }
 
@@ -55,6 +60,7 @@ int runMonitor(const MonitorRequest& request) {
 
 CommandChoice monitorCommand(const Arguments& arguments) {
     const MonitorRequest request{.bank = arguments.text("--bank"),
+                                 .device = arguments.text("--device"),
                                  .asJson = arguments.has("--json"),
                                  .showsAll = arguments.has("--all")};
     CommandChoice choice{.run = [request] { return runMonitor(request); }};

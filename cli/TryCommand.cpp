@@ -18,7 +18,8 @@ constexpr int kExitWrong = 1; // a control sends something else
 
 struct TryRequest {
     std::string bank;
-    int scene = 0; // from 1; 0 is all
+    std::string device; // empty for all
+    int scene = 0;      // from 1; 0 is all
     bool asJson = false;
 };
 
@@ -60,10 +61,14 @@ int runTry(const TryRequest& request) {
     const auto bank = loadBank(request.bank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
+    const Keyboards keyboards(request.device);
+    if (const auto checked = keyboards.checkChosen(); !checked)
+        return reportError(checked.error(), kExitController);
     const auto sequencer = openSequencer("Scenewright try");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
-    KeyboardListener listener(**sequencer, &soundKeyboards, &tell);
+    KeyboardListener listener(
+        **sequencer, [&keyboards] { return heardKeyboards(keyboards); }, &tell);
     if (!listener.start())
         return kExitController;
     std::vector<int> scenes{1, 2, 3, 4};
@@ -78,6 +83,7 @@ int runTry(const TryRequest& request) {
 
 CommandChoice tryCommand(const Arguments& arguments) {
     const TryRequest request{.bank = arguments.text("BANK"),
+                             .device = arguments.text("--device"),
                              .scene = arguments.number("--scene").value_or(0),
                              .asJson = arguments.has("--json")};
     return {.run = [request] { return runTry(request); },

@@ -36,10 +36,13 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     Shutdown shutdown;
     LaunchOptions host = options;
     host.needsLists = true;
-    if (const auto connected = connectHost(host); !connected)
+    const auto connected = connectHost(host);
+    if (!connected)
         return reportError(connected.error(), kExitUsage);
     if (options.isVirtual)
         return choice.run();
+    if (const auto checked = (*connected)->checkChosen(); !checked)
+        return reportError(checked.error(), kExitController);
     KeyboardConnections connections(KeyboardConnections::sequencerIfAny());
     connections.beforeTransaction();
     shutdown.setWorkAfterRelease(&restoreNotedConnections);

@@ -79,6 +79,17 @@ std::optional<fs::path> Resources::findFirst(std::span<const std::string_view> n
     return std::nullopt;
 }
 
+std::vector<fs::path> Resources::findAll(std::string_view name, std::string_view type) {
+    std::vector<fs::path> files;
+    for (const fs::path& folder : searchPath()) {
+        if (fs::path file = folder / fmt::format("{}.{}", name, type); isThere(file))
+            files.push_back(std::move(file));
+        if (!files.empty() && folder == givenFolder())
+            break;
+    }
+    return files;
+}
+
 Result<PropertyValue> Resources::read(std::string_view name) {
     const std::optional<fs::path> file = find(name, "plist");
     if (!file)

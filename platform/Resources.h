@@ -54,6 +54,10 @@ public:
     [[nodiscard]] static std::optional<std::filesystem::path>
     findFirst(std::span<const std::string_view> names, std::string_view type);
 
+    // All of the search, in its order; where the folder that --resources names has one, that alone.
+    [[nodiscard]] static std::vector<std::filesystem::path> findAll(std::string_view name,
+                                                                    std::string_view type);
+
     // The property list `name`.plist as its file is now.
     [[nodiscard]] static Result<PropertyValue> read(std::string_view name);
 

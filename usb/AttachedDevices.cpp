@@ -1,6 +1,5 @@
 #include "usb/AttachedDevices.h"
 
-#include "platform/Resources.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
@@ -10,6 +9,7 @@
 #include <fstream>
 #include <libudev.h>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <tuple>
 #include <unistd.h>
@@ -20,12 +20,6 @@ namespace scenewright {
 namespace fs = std::filesystem;
 
 namespace {
-
-// An identifier of 16 bits; nothing for an entry without one.
-std::optional<std::int32_t> identifier(const PropertyValue& value) {
-    const std::optional<std::int32_t> number = value.number();
-    return number && *number >= 0 && *number <= 0xFFFF ? number : std::nullopt;
-}
 
 constexpr int kDecimal = 10;
 constexpr int kHexadecimal = 16;
@@ -95,45 +89,17 @@ std::optional<AttachedDevice> deviceIn(const fs::path& folder, const fs::path& n
     const auto interfaces = interfacesOf(folder);
     AttachedDevice device{.bus = *bus,
                           .address = *address,
+                          .port = folder.filename().string(),
                           .ids = {.vendor = *vendor, .product = *product},
                           .maker = textIn(folder / "manufacturer"),
                           .name = textIn(folder / "product"),
+                          .serial = textIn(folder / "serial"),
                           .hasMidiStreaming = std::ranges::any_of(interfaces, isMidiStreaming)};
     device.access = accessTo(device, interfaces, nodes);
     return device;
 }
 
-KeyboardPresence presenceOf(AttachedDevice::Access access) {
-    switch (access) {
-    case AttachedDevice::Access::NoPermission:
-        return KeyboardPresence::NoPermission;
-    case AttachedDevice::Access::Claimed:
-        return KeyboardPresence::Claimed;
-    case AttachedDevice::Access::Usable:
-        return KeyboardPresence::Usable;
-    }
-    return KeyboardPresence::Unplugged;
-}
-
 } // namespace
-
-std::vector<DeviceIds> deviceList() {
-    return readDeviceList().value_or(std::vector<DeviceIds>{});
-}
-
-Result<std::vector<DeviceIds>> readDeviceList() {
-    std::vector<DeviceIds> list;
-    const auto entries = Resources::read("project");
-    if (!entries)
-        return failure(entries.error());
-    for (const PropertyValue& entry : entries->elements()) {
-        const auto vendor = identifier(entry["VID"]);
-        const auto product = identifier(entry["PID"]);
-        if (vendor && product)
-            list.push_back({.vendor = *vendor, .product = *product});
-    }
-    return list;
-}
 
 std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
     std::vector<AttachedDevice> devices;
@@ -146,15 +112,6 @@ std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
         return std::pair(device.bus, device.address);
     });
     return devices;
-}
-
-KeyboardPresence keyboardPresence(std::span<const DeviceIds> list,
-                                  std::span<const AttachedDevice> devices) {
-    auto best = KeyboardPresence::Unplugged;
-    for (const AttachedDevice& device : devices)
-        if (std::ranges::find(list, device.ids) != list.end())
-            best = std::max(best, presenceOf(device.access));
-    return best;
 }
 
 Result<DeviceMonitor> DeviceMonitor::start() {

@@ -3,7 +3,7 @@
 #include "usb/InterfaceAction.h"
 
 #include "platform/Diagnostics.h"
-#include "platform/Resources.h"
+#include "usb/DeviceList.h"
 
 #include <array>
 #include <new>
@@ -82,13 +82,13 @@ UsbHost::Devices listDevices(const DeviceMatch& match) {
 
 // The list is asked for anew for every device, so that a user's change counts at once.
 bool isListed(std::int32_t vendor, std::int32_t product) {
-    const auto list = Resources::read("project");
+    const auto list = readDeviceEntries();
     if (!list) { // an empty one
         Transport::instance().noteConnectFailure(kResultNoList);
         return false;
     }
     std::int32_t index = 0;
-    for (const PropertyValue& entry : list->elements()) {
+    for (const PropertyValue& entry : *list) {
         const std::int32_t listedVendor = entry["VID"].integer();
         const std::int32_t listedProduct = entry["PID"].integer();
         Diagnostics::console("list index:%d (vendor %ld, product %ld)\n", index, listedVendor,

@@ -1,9 +1,11 @@
 #include "usb/LibusbHost.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <libusb.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -85,6 +87,7 @@ public:
                            libusb_get_bus_number(device_.get()),
                            libusb_get_device_address(device_.get()));
     }
+    [[nodiscard]] std::string port() const override;
     [[nodiscard]] std::uint16_t vendor() override { return vendor_; }
     [[nodiscard]] std::uint16_t product() override { return product_; }
     UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
@@ -97,6 +100,18 @@ private:
     std::uint16_t vendor_;
     std::uint16_t product_;
 };
+
+// As the kernel names it. A root hub is at no port.
+std::string LibusbDevice::port() const {
+    constexpr std::size_t kDeepest = 7; // hubs after one another, by USB 3.0
+    std::array<std::uint8_t, kDeepest> ports{};
+    const int count =
+        libusb_get_port_numbers(device_.get(), ports.data(), static_cast<int>(ports.size()));
+    if (count <= 0)
+        return {};
+    return fmt::format("{}-{}", libusb_get_bus_number(device_.get()),
+                       fmt::join(std::span(ports).first(static_cast<std::size_t>(count)), "."));
+}
 
 bool matches(const std::optional<std::int32_t>& wanted, std::uint16_t id) {
     return !wanted || *wanted == id;

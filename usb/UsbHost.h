@@ -133,6 +133,8 @@ public:
 
     // For a log: "1209:0001 at 001/004".
     [[nodiscard]] virtual std::string name() const = 0;
+    // "1-2.3": the bus, and the ports on the way to it; empty where nobody knows.
+    [[nodiscard]] virtual std::string port() const { return {}; }
     // Before anything below: fails as DevicePlugIn or DeviceHandle. Opens nothing.
     virtual UsbResult<void> prepare() { return {}; }
     [[nodiscard]] virtual std::uint16_t vendor() = 0;

@@ -22,26 +22,30 @@ void fitIntoScreen(QWidget& window) {
 
 } // namespace
 
-EditorCommands::EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files,
-                               SendJournal journal, std::shared_ptr<Recovery> recovery)
-    : window_(window), keyboard_(&makeChild<KeyboardWatch>(std::move(look), &window.status())),
+EditorCommands::EditorCommands(MainWindow& window, std::shared_ptr<Keyboards> keyboards,
+                               StoreFiles files, SendJournal journal,
+                               std::shared_ptr<Recovery> recovery)
+    : window_(window), keyboard_(&makeChild<KeyboardWatch>(keyboards, &window.status())),
       history_(window), document_(window, history_), banks_(window, files, history_, document_),
       earlier_(window, std::move(files), document_), controls_(window, history_),
       scenes_(window, history_), checks_(window, history_), colours_(window, history_),
       input_(&makeChild<KeyboardInput>(window)),
       monitor_(&makeChild<MonitorStrip>(window, *input_)), playing_(window),
       sending_(window, earlier_, std::move(journal)), verification_(window, earlier_, sending_),
-      trying_(&makeChild<TryStrip>(window, *input_)), marks_(window, history_, verification_) {
+      trying_(&makeChild<TryStrip>(window, *input_)), marks_(window, history_, verification_),
+      keyboards_(window, keyboards, *keyboard_) {
     window.menu().file().insertAction(
         &window.menu().quit(),
         &playing_.add(PlayBar::tr("&Play This Scene Here"), [] { return openPlayPort(); }));
     window.menu().file().insertSeparator(&window.menu().quit());
     if (recovery)
         keeper_ = std::make_unique<ScenesKeeper>(window, history_, earlier_, std::move(recovery));
-    window.status().addMark(*keyboard_);
     const auto lookAgain = [this] { keyboard_->look(); };
     QObject::connect(&window.commands(), &DeviceCommands::readEnded, keyboard_, lookAgain);
     QObject::connect(&window.commands(), &DeviceCommands::sendEnded, keyboard_, lookAgain);
+    if (keyboards)
+        input_->listenTo([keyboards] { return heardKeyboards(*keyboards); });
+    QObject::connect(&keyboards_, &KeyboardCommands::chosen, input_, &KeyboardInput::listenAnew);
     if (!window_.restoreGeometry(programSettings().value(kGeometryKey).toByteArray()))
         fitIntoScreen(window_);
 }

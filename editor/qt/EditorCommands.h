@@ -9,6 +9,7 @@
 #include "editor/qt/Document.h"
 #include "editor/qt/EarlierCommands.h"
 #include "editor/qt/History.h"
+#include "editor/qt/KeyboardCommands.h"
 #include "editor/qt/KeyboardInput.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/MainWindow.h"
@@ -31,9 +32,9 @@ namespace scenewright {
 // end keeps the window's place. Main thread only.
 class EditorCommands final {
 public:
-    // No `look` for the virtual controller. Without a `recovery` no edited scenes are kept.
-    EditorCommands(MainWindow& window, KeyboardWatch::Look look, StoreFiles files = StoreFiles{},
-                   SendJournal journal = SendJournal{},
+    // No `keyboards` for the virtual controller. Without a `recovery` no edited scenes are kept.
+    EditorCommands(MainWindow& window, std::shared_ptr<Keyboards> keyboards,
+                   StoreFiles files = StoreFiles{}, SendJournal journal = SendJournal{},
                    std::shared_ptr<Recovery> recovery = nullptr);
     ~EditorCommands();
     EditorCommands(const EditorCommands&) = delete;
@@ -61,6 +62,7 @@ public:
     [[nodiscard]] PlayBar& playing() { return playing_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
+    [[nodiscard]] KeyboardCommands& keyboards() { return keyboards_; }
 
 private:
     MainWindow& window_;
@@ -81,6 +83,7 @@ private:
     DeviceVerification verification_;
     TryStrip* trying_; // child of the window
     ChangeMarks marks_;
+    KeyboardCommands keyboards_;
     std::unique_ptr<ScenesKeeper> keeper_; // null without a recovery
 };
 

@@ -18,24 +18,8 @@ void KeyboardInput::use(Open open, KeyboardConnections::Keyboards keyboards) {
 }
 
 bool KeyboardInput::listenFor(const QObject& who) {
-    if (sequencer_ == nullptr) {
-        auto opened = open_();
-        if (!opened) {
-            refuse(shown(opened.error()));
-            return false;
-        }
-        sequencer_ = std::move(*opened);
-        listener_ = std::make_unique<KeyboardListener>(
-            *sequencer_, keyboards_,
-            [this](const std::string& sentence) { tell(shown(sentence)); });
-        if (sequencer_->descriptor() >= 0) {
-            notifier_ =
-                std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
-            connect(notifier_.get(), &QSocketNotifier::activated, this, &KeyboardInput::take);
-        }
-        if (!listener_->start())
-            refuse(sentence_);
-    }
+    if (sequencer_ == nullptr && !open())
+        return false;
     wanting_.insert(&who);
     return true;
 }
@@ -49,13 +33,44 @@ void KeyboardInput::refuse(const QString& reason) {
 void KeyboardInput::endFor(const QObject& who) {
     if (wanting_.erase(&who) == 0 || !wanting_.empty())
         return;
+    close();
+    tell({});
+}
+
+void KeyboardInput::listenAnew() {
+    if (sequencer_ == nullptr)
+        return;
+    close();
+    if (!open())
+        tell({});
+}
+
+bool KeyboardInput::open() {
+    auto opened = open_();
+    if (!opened) {
+        refuse(shown(opened.error()));
+        return false;
+    }
+    sequencer_ = std::move(*opened);
+    listener_ = std::make_unique<KeyboardListener>(
+        *sequencer_, keyboards_, [this](const std::string& sentence) { tell(shown(sentence)); });
+    if (sequencer_->descriptor() >= 0) {
+        notifier_ =
+            std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
+        connect(notifier_.get(), &QSocketNotifier::activated, this, &KeyboardInput::take);
+    }
+    if (!listener_->start())
+        refuse(sentence_);
+    return true;
+}
+
+void KeyboardInput::close() {
     if (notifier_) { // it may be what has led here
         notifier_->setEnabled(false);
         notifier_.release()->deleteLater();
     }
     listener_.reset();
     sequencer_.reset();
-    tell({});
 }
 
 void KeyboardInput::take() {

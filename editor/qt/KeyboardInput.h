@@ -33,6 +33,9 @@ public:
 
     // Before anything listens.
     void use(Open open, KeyboardConnections::Keyboards keyboards);
+    void listenTo(KeyboardConnections::Keyboards keyboards) { keyboards_ = std::move(keyboards); }
+    // Others of them may be the ones to listen to, and the former ones are not.
+    void listenAnew();
 
     // False, and a notice says why, where nothing can be listened to.
     [[nodiscard]] bool listenFor(const QObject& who);
@@ -50,6 +53,8 @@ signals:
     void told(const QString& sentence);
 
 private:
+    [[nodiscard]] bool open();
+    void close();
     void tell(const QString& sentence);
     void refuse(const QString& reason);
 

@@ -12,9 +12,11 @@ namespace scenewright {
 
 namespace {
 
-QString textOf(KeyboardPresence presence) {
+QString textOf(KeyboardPresence presence, bool isChosen) {
     switch (presence) {
     case KeyboardPresence::Unplugged:
+        if (isChosen)
+            return KeyboardWatch::tr("The chosen keyboard is not plugged in");
         return KeyboardWatch::tr("No keyboard plugged in");
     case KeyboardPresence::NoPermission:
         return KeyboardWatch::tr("Keyboard plugged in, but you have no permission to use it");
@@ -36,17 +38,14 @@ QString cureOf(KeyboardPresence presence) {
 
 } // namespace
 
-KeyboardWatch::KeyboardWatch(Look look, QWidget* parent) : QLabel(parent), look_(std::move(look)) {
+KeyboardWatch::KeyboardWatch(std::shared_ptr<const Keyboards> keyboards, QWidget* parent)
+    : QLabel(parent), keyboards_(std::move(keyboards)) {
     setAccessibleDescription(tr("Keyboard")); // its name is its text
     setProperty("role", "field");
     setTextFormat(Qt::PlainText);
-    if (!look_)
+    if (!keyboards_)
         setText(tr("Virtual controller"));
     this->look();
-}
-
-KeyboardWatch::Look KeyboardWatch::kernelLook() {
-    return [] { return keyboardPresence(deviceList(), attachedDevices()); };
 }
 
 void KeyboardWatch::follow(Result<DeviceMonitor> monitor) {
@@ -63,13 +62,12 @@ void KeyboardWatch::follow(Result<DeviceMonitor> monitor) {
 
 void KeyboardWatch::look() {
     // The claim that shows during a send is our own; the end of the send looks again.
-    if (!look_ || SendJob::isRunning())
+    if (!keyboards_ || SendJob::isRunning())
         return;
-    const KeyboardPresence presence = look_();
-    if (std::exchange(shown_, presence) == presence)
-        return;
-    setText(textOf(presence));
+    const KeyboardPresence presence = keyboards_->presence();
+    setText(textOf(presence, !keyboards_->chosen().empty()));
     setToolTip(cureOf(presence));
+    emit looked();
 }
 
 } // namespace scenewright

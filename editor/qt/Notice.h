@@ -28,6 +28,7 @@ struct Notice {
         Files,
         Recovery,
         Resources,
+        Keyboards,
         Midi,
         Quit,
         Edit

@@ -100,7 +100,8 @@ void releaseBus() {
     SendJob::join();
 }
 
-int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& shutdown) {
+int showWindow(const LaunchOptions& options, const std::shared_ptr<Keyboards>& keyboards,
+               const std::string& file, Shutdown& shutdown) {
     const bool isVirtual = options.isVirtual;
     const MainLoop loop;
     const Translation translation(QLocale::system());
@@ -111,8 +112,7 @@ int showWindow(const LaunchOptions& options, const std::string& file, Shutdown& 
         return reportError(*trouble, kExitUsage);
     const auto recovery = std::make_shared<Recovery>();
     shutdown.setLastWork([recovery] { std::ignore = recovery->flush(); });
-    EditorCommands commands(window, isVirtual ? nullptr : KeyboardWatch::kernelLook(), StoreFiles{},
-                            SendJournal{}, recovery);
+    EditorCommands commands(window, keyboards, StoreFiles{}, SendJournal{}, recovery);
     std::optional<ConnectionKeeper> keeper;
     if (isVirtual) {
         commands.useVirtual();
@@ -150,7 +150,8 @@ int run(int argc, char** argv) {
         return reportError("there is no display to open a window on; scenewright-cli does the same "
                            "work without one",
                            kExitError);
-    if (const auto connected = connectHost(options); !connected)
+    const auto connected = connectHost(options);
+    if (!connected)
         return reportError(connected.error(), kExitUsage);
     if (!options.isVirtual)
         shutdown.setWorkAfterRelease(&restoreNotedConnections);
@@ -160,7 +161,7 @@ int run(int argc, char** argv) {
     tellTerminal(options);
     QApplication::setApplicationName(QStringLiteral("scenewright"));
     QApplication::setApplicationVersion(QStringLiteral(SCENEWRIGHT_VERSION));
-    return showWindow(options, file, shutdown);
+    return showWindow(options, *connected, file, shutdown);
 }
 
 } // namespace

@@ -845,6 +845,18 @@
         <source>The edited scenes could not be kept: {}</source>
         <translation>Die bearbeiteten Szenen konnten nicht aufbewahrt werden: {}</translation>
     </message>
+    <message>
+        <source>{}: it is not a list that a program can add to</source>
+        <translation>{}: Das ist keine Liste, die ein Programm ergänzen kann</translation>
+    </message>
+    <message>
+        <source>There is no home folder for a list of keyboards of your own</source>
+        <translation>Es gibt keinen persönlichen Ordner für eine eigene Liste der Keyboards</translation>
+    </message>
+    <message>
+        <source>{}: the keyboard stands there now, but another list is used</source>
+        <translation>{}: Das Keyboard steht jetzt darin, aber es gilt eine andere Liste</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1062,6 +1074,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardCommands</name>
+    <message>
+        <source>&amp;Keyboards...</source>
+        <translation>Ke&amp;yboards...</translation>
+    </message>
+    <message>
+        <source>Which keyboard to use</source>
+        <translation>Welches Keyboard verwendet wird</translation>
+    </message>
+    <message>
+        <source>Choose a Keyboard</source>
+        <translation>Keyboard wählen</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a terminal, then plug the keyboard in again.</source>
+        <translation>Kopiert. Fügen Sie den Befehl in ein Terminal ein, und stecken Sie das Keyboard dann neu ein.</translation>
+    </message>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Die Regeln sind installiert. Ist das Keyboard noch immer nicht erlaubt, stecken Sie es neu ein.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed.</source>
+        <translation>Die Regeln wurden nicht installiert.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardInput</name>
     <message>
         <source>The keyboard&apos;s port cannot be listened to: %1</source>
@@ -1093,6 +1132,128 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Keyboard angeschlossen</translation>
+    </message>
+    <message>
+        <source>The chosen keyboard is not plugged in</source>
+        <translation>Das gewählte Keyboard ist nicht eingesteckt</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Keyboards</name>
+    <message>
+        <source>{0} ({1}, serial number {2})</source>
+        <translation>{0} ({1}, Seriennummer {2})</translation>
+    </message>
+    <message>
+        <source>{0}: the device is not in the list of keyboards; &apos;scenewright-cli devices --add {1}&apos; adds it</source>
+        <translation>{0}: Das Gerät steht nicht in der Liste der Keyboards; &apos;scenewright-cli devices --add {1}&apos; nimmt es auf</translation>
+    </message>
+    <message>
+        <source>There are several with the serial number {0}; name one by its port: {1}</source>
+        <translation>Es gibt mehrere mit der Seriennummer {0}; nennen Sie eines mit seinem Anschluss: {1}</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {}, and no other one of the list</source>
+        <translation>Es gibt kein Keyboard {} und kein anderes der Liste</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {0}; plugged in: {1}</source>
+        <translation>Es gibt kein Keyboard {0}; eingesteckt: {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardsDialog</name>
+    <message>
+        <source>in use</source>
+        <translation>in Gebrauch</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>belegt</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>bereit</translation>
+    </message>
+    <message>
+        <source>Only keyboards of the list are worked with. What you add stands in a list of your own, beside the one that came with the program. Add it only if it has the controls of the picture.</source>
+        <translation>Nur mit Keyboards der Liste wird gearbeitet. Was Sie aufnehmen, steht in Ihrer eigenen Liste, neben der des Programms. Nehmen Sie es nur auf, wenn es die Regler und Tasten des Bildes hat.</translation>
+    </message>
+    <message>
+        <source>This keyboard is read from and sent to.</source>
+        <translation>Von diesem Keyboard wird gelesen, und an dieses wird gesendet.</translation>
+    </message>
+    <message>
+        <source>Keyboards</source>
+        <translation>Keyboards</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Anschluss</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>&amp;Use This One</source>
+        <translation>Dieses &amp;verwenden</translation>
+    </message>
+    <message>
+        <source>Reads from and sends to this keyboard from now on</source>
+        <translation>Liest von nun an von diesem Keyboard und sendet an dieses</translation>
+    </message>
+    <message>
+        <source>&amp;Allow</source>
+        <translation>&amp;Erlauben</translation>
+    </message>
+    <message>
+        <source>Installs the rules that let you use the keyboards of the list, with an administrator&apos;s password</source>
+        <translation>Installiert mit dem Passwort eines Verwalters die Regeln, nach denen Sie die Keyboards der Liste verwenden dürfen</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Command</source>
+        <translation>Befehl &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Copies the command that lets you use the keyboards of the list, for a terminal</source>
+        <translation>Kopiert den Befehl für ein Terminal, nach dem Sie die Keyboards der Liste verwenden dürfen</translation>
+    </message>
+    <message>
+        <source>Add To My &amp;List</source>
+        <translation>In meine &amp;Liste aufnehmen</translation>
+    </message>
+    <message>
+        <source>Adds the device to your own list of keyboards</source>
+        <translation>Nimmt das Gerät in Ihre eigene Liste der Keyboards auf</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>No USB MIDI device is plugged in.</source>
+        <translation>Kein USB-MIDI-Gerät ist eingesteckt.</translation>
     </message>
 </context>
 <context>

@@ -845,6 +845,18 @@
         <source>The edited scenes could not be kept: {}</source>
         <translation>No se pudieron conservar las escenas editadas: {}</translation>
     </message>
+    <message>
+        <source>{}: it is not a list that a program can add to</source>
+        <translation>{}: no es una lista que un programa pueda ampliar</translation>
+    </message>
+    <message>
+        <source>There is no home folder for a list of keyboards of your own</source>
+        <translation>No hay carpeta personal para una lista de teclados propia</translation>
+    </message>
+    <message>
+        <source>{}: the keyboard stands there now, but another list is used</source>
+        <translation>{}: el teclado ya figura ahí, pero se usa otra lista</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1062,6 +1074,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardCommands</name>
+    <message>
+        <source>&amp;Keyboards...</source>
+        <translation>&amp;Teclados...</translation>
+    </message>
+    <message>
+        <source>Which keyboard to use</source>
+        <translation>Qué teclado se usa</translation>
+    </message>
+    <message>
+        <source>Choose a Keyboard</source>
+        <translation>Elegir un teclado</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a terminal, then plug the keyboard in again.</source>
+        <translation>Copiada. Péguela en un terminal y vuelva a conectar el teclado.</translation>
+    </message>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Las reglas están instaladas. Si el teclado sigue sin permiso, vuelva a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed.</source>
+        <translation>Las reglas no se instalaron.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardInput</name>
     <message>
         <source>The keyboard&apos;s port cannot be listened to: %1</source>
@@ -1093,6 +1132,128 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Teclado conectado</translation>
+    </message>
+    <message>
+        <source>The chosen keyboard is not plugged in</source>
+        <translation>El teclado elegido no está conectado</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Keyboards</name>
+    <message>
+        <source>{0} ({1}, serial number {2})</source>
+        <translation>{0} ({1}, número de serie {2})</translation>
+    </message>
+    <message>
+        <source>{0}: the device is not in the list of keyboards; &apos;scenewright-cli devices --add {1}&apos; adds it</source>
+        <translation>{0}: el dispositivo no está en la lista de teclados; «scenewright-cli devices --add {1}» lo añade</translation>
+    </message>
+    <message>
+        <source>There are several with the serial number {0}; name one by its port: {1}</source>
+        <translation>Hay varios con el número de serie {0}; nombre uno por su puerto: {1}</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {}, and no other one of the list</source>
+        <translation>No hay ningún teclado {} ni ningún otro de la lista</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {0}; plugged in: {1}</source>
+        <translation>No hay ningún teclado {0}; conectados: {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardsDialog</name>
+    <message>
+        <source>in use</source>
+        <translation>en uso</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>no está en la lista</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>no permitido</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>ocupado</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>listo</translation>
+    </message>
+    <message>
+        <source>Only keyboards of the list are worked with. What you add stands in a list of your own, beside the one that came with the program. Add it only if it has the controls of the picture.</source>
+        <translation>Solo se trabaja con teclados de la lista. Lo que añada figura en una lista propia, junto a la del programa. Añádalo solo si tiene los controles de la imagen.</translation>
+    </message>
+    <message>
+        <source>This keyboard is read from and sent to.</source>
+        <translation>Este es el teclado del que se lee y al que se envía.</translation>
+    </message>
+    <message>
+        <source>Keyboards</source>
+        <translation>Teclados</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Dispositivo</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Puerto</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Número de serie</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Acciones</translation>
+    </message>
+    <message>
+        <source>&amp;Use This One</source>
+        <translation>&amp;Usar este</translation>
+    </message>
+    <message>
+        <source>Reads from and sends to this keyboard from now on</source>
+        <translation>Desde ahora lee de este teclado y envía a él</translation>
+    </message>
+    <message>
+        <source>&amp;Allow</source>
+        <translation>&amp;Permitir</translation>
+    </message>
+    <message>
+        <source>Installs the rules that let you use the keyboards of the list, with an administrator&apos;s password</source>
+        <translation>Instala, con la contraseña de un administrador, las reglas que le permiten usar los teclados de la lista</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Command</source>
+        <translation>C&amp;opiar orden</translation>
+    </message>
+    <message>
+        <source>Copies the command that lets you use the keyboards of the list, for a terminal</source>
+        <translation>Copia, para un terminal, la orden que le permite usar los teclados de la lista</translation>
+    </message>
+    <message>
+        <source>Add To My &amp;List</source>
+        <translation>Añadir a mi &amp;lista</translation>
+    </message>
+    <message>
+        <source>Adds the device to your own list of keyboards</source>
+        <translation>Añade el dispositivo a su propia lista de teclados</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>No USB MIDI device is plugged in.</source>
+        <translation>No hay ningún dispositivo USB MIDI conectado.</translation>
     </message>
 </context>
 <context>

@@ -845,6 +845,18 @@
         <source>The edited scenes could not be kept: {}</source>
         <translation>Les scènes modifiées n&apos;ont pas pu être conservées : {}</translation>
     </message>
+    <message>
+        <source>{}: it is not a list that a program can add to</source>
+        <translation>{} : ce n’est pas une liste qu’un programme peut compléter</translation>
+    </message>
+    <message>
+        <source>There is no home folder for a list of keyboards of your own</source>
+        <translation>Il n’y a pas de dossier personnel pour une liste de claviers à vous</translation>
+    </message>
+    <message>
+        <source>{}: the keyboard stands there now, but another list is used</source>
+        <translation>{} : le clavier y figure à présent, mais une autre liste est utilisée</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1062,6 +1074,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardCommands</name>
+    <message>
+        <source>&amp;Keyboards...</source>
+        <translation>Clavie&amp;rs...</translation>
+    </message>
+    <message>
+        <source>Which keyboard to use</source>
+        <translation>Quel clavier utiliser</translation>
+    </message>
+    <message>
+        <source>Choose a Keyboard</source>
+        <translation>Choisir un clavier</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a terminal, then plug the keyboard in again.</source>
+        <translation>Copiée. Collez-la dans un terminal, puis rebranchez le clavier.</translation>
+    </message>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Les règles sont installées. Si le clavier n’est toujours pas autorisé, rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed.</source>
+        <translation>Les règles n’ont pas été installées.</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardInput</name>
     <message>
         <source>The keyboard&apos;s port cannot be listened to: %1</source>
@@ -1093,6 +1132,128 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>Clavier branché</translation>
+    </message>
+    <message>
+        <source>The chosen keyboard is not plugged in</source>
+        <translation>Le clavier choisi n’est pas branché</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Keyboards</name>
+    <message>
+        <source>{0} ({1}, serial number {2})</source>
+        <translation>{0} ({1}, numéro de série {2})</translation>
+    </message>
+    <message>
+        <source>{0}: the device is not in the list of keyboards; &apos;scenewright-cli devices --add {1}&apos; adds it</source>
+        <translation>{0} : l’appareil n’est pas dans la liste des claviers ; « scenewright-cli devices --add {1} » l’y ajoute</translation>
+    </message>
+    <message>
+        <source>There are several with the serial number {0}; name one by its port: {1}</source>
+        <translation>Il y en a plusieurs avec le numéro de série {0} ; désignez-en un par son port : {1}</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {}, and no other one of the list</source>
+        <translation>Il n’y a pas de clavier {}, ni aucun autre de la liste</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {0}; plugged in: {1}</source>
+        <translation>Il n’y a pas de clavier {0} ; branchés : {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardsDialog</name>
+    <message>
+        <source>in use</source>
+        <translation>utilisé</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>absent de la liste</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>non autorisé</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>occupé</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>prêt</translation>
+    </message>
+    <message>
+        <source>Only keyboards of the list are worked with. What you add stands in a list of your own, beside the one that came with the program. Add it only if it has the controls of the picture.</source>
+        <translation>Seuls les claviers de la liste sont utilisés. Ce que vous ajoutez figure dans votre propre liste, à côté de celle du programme. Ne l’ajoutez que s’il a les contrôles de l’image.</translation>
+    </message>
+    <message>
+        <source>This keyboard is read from and sent to.</source>
+        <translation>C’est ce clavier qui est lu et auquel on envoie.</translation>
+    </message>
+    <message>
+        <source>Keyboards</source>
+        <translation>Claviers</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Appareil</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Numéro de série</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Actions</translation>
+    </message>
+    <message>
+        <source>&amp;Use This One</source>
+        <translation>&amp;Utiliser celui-ci</translation>
+    </message>
+    <message>
+        <source>Reads from and sends to this keyboard from now on</source>
+        <translation>Lit désormais ce clavier et lui envoie</translation>
+    </message>
+    <message>
+        <source>&amp;Allow</source>
+        <translation>Au&amp;toriser</translation>
+    </message>
+    <message>
+        <source>Installs the rules that let you use the keyboards of the list, with an administrator&apos;s password</source>
+        <translation>Installe, avec le mot de passe d’un administrateur, les règles qui vous permettent d’utiliser les claviers de la liste</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Command</source>
+        <translation>&amp;Copier la commande</translation>
+    </message>
+    <message>
+        <source>Copies the command that lets you use the keyboards of the list, for a terminal</source>
+        <translation>Copie, pour un terminal, la commande qui vous permet d’utiliser les claviers de la liste</translation>
+    </message>
+    <message>
+        <source>Add To My &amp;List</source>
+        <translation>Ajouter à ma &amp;liste</translation>
+    </message>
+    <message>
+        <source>Adds the device to your own list of keyboards</source>
+        <translation>Ajoute l’appareil à votre propre liste de claviers</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>No USB MIDI device is plugged in.</source>
+        <translation>Aucun appareil MIDI USB n’est branché.</translation>
     </message>
 </context>
 <context>

@@ -845,6 +845,18 @@
         <source>The edited scenes could not be kept: {}</source>
         <translation>編集したシーンを保持できませんでした: {}</translation>
     </message>
+    <message>
+        <source>{}: it is not a list that a program can add to</source>
+        <translation>{}: プログラムが追加できる一覧ではありません</translation>
+    </message>
+    <message>
+        <source>There is no home folder for a list of keyboards of your own</source>
+        <translation>自分用のキーボード一覧を置くホームフォルダーがありません</translation>
+    </message>
+    <message>
+        <source>{}: the keyboard stands there now, but another list is used</source>
+        <translation>{}: キーボードは追加されましたが、別の一覧が使われています</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1062,6 +1074,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardCommands</name>
+    <message>
+        <source>&amp;Keyboards...</source>
+        <translation>キーボード(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>Which keyboard to use</source>
+        <translation>使用するキーボード</translation>
+    </message>
+    <message>
+        <source>Choose a Keyboard</source>
+        <translation>キーボードを選ぶ</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a terminal, then plug the keyboard in again.</source>
+        <translation>コピーしました。端末に貼り付けて実行し、キーボードを接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>ルールをインストールしました。まだ許可されない場合は、キーボードを接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed.</source>
+        <translation>ルールはインストールされませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardInput</name>
     <message>
         <source>The keyboard&apos;s port cannot be listened to: %1</source>
@@ -1093,6 +1132,128 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>キーボード接続済み</translation>
+    </message>
+    <message>
+        <source>The chosen keyboard is not plugged in</source>
+        <translation>選んだキーボードが接続されていません</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Keyboards</name>
+    <message>
+        <source>{0} ({1}, serial number {2})</source>
+        <translation>{0}（{1}、シリアル番号 {2}）</translation>
+    </message>
+    <message>
+        <source>{0}: the device is not in the list of keyboards; &apos;scenewright-cli devices --add {1}&apos; adds it</source>
+        <translation>{0}: この機器はキーボードの一覧にありません。「scenewright-cli devices --add {1}」で追加できます</translation>
+    </message>
+    <message>
+        <source>There are several with the serial number {0}; name one by its port: {1}</source>
+        <translation>シリアル番号 {0} の機器が複数あります。ポートで指定してください: {1}</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {}, and no other one of the list</source>
+        <translation>キーボード {} はなく、一覧にある他のものもありません</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {0}; plugged in: {1}</source>
+        <translation>キーボード {0} はありません。接続中: {1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardsDialog</name>
+    <message>
+        <source>in use</source>
+        <translation>使用中</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>一覧にない</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>許可されていない</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>他で使用中</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>準備完了</translation>
+    </message>
+    <message>
+        <source>Only keyboards of the list are worked with. What you add stands in a list of your own, beside the one that came with the program. Add it only if it has the controls of the picture.</source>
+        <translation>一覧にあるキーボードだけを扱います。追加したものは、プログラム付属の一覧とは別の、自分用の一覧に入ります。図と同じコントロールを持つ場合だけ追加してください。</translation>
+    </message>
+    <message>
+        <source>This keyboard is read from and sent to.</source>
+        <translation>このキーボードから読み込み、このキーボードへ送信します。</translation>
+    </message>
+    <message>
+        <source>Keyboards</source>
+        <translation>キーボード</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>機器</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>ポート</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>シリアル番号</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>&amp;Use This One</source>
+        <translation>これを使う(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Reads from and sends to this keyboard from now on</source>
+        <translation>これ以降、このキーボードから読み込み、送信します</translation>
+    </message>
+    <message>
+        <source>&amp;Allow</source>
+        <translation>許可する(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Installs the rules that let you use the keyboards of the list, with an administrator&apos;s password</source>
+        <translation>一覧のキーボードを使えるようにするルールを、管理者のパスワードでインストールします</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Command</source>
+        <translation>コマンドをコピー(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copies the command that lets you use the keyboards of the list, for a terminal</source>
+        <translation>一覧のキーボードを使えるようにするコマンドを、端末用にコピーします</translation>
+    </message>
+    <message>
+        <source>Add To My &amp;List</source>
+        <translation>自分の一覧に追加(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Adds the device to your own list of keyboards</source>
+        <translation>この機器を自分用のキーボード一覧に追加します</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>No USB MIDI device is plugged in.</source>
+        <translation>USB MIDI 機器が接続されていません。</translation>
     </message>
 </context>
 <context>

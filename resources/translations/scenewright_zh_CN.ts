@@ -845,6 +845,18 @@
         <source>The edited scenes could not be kept: {}</source>
         <translation>无法保留编辑过的场景：{}</translation>
     </message>
+    <message>
+        <source>{}: it is not a list that a program can add to</source>
+        <translation>{}：它不是程序可以添加的列表</translation>
+    </message>
+    <message>
+        <source>There is no home folder for a list of keyboards of your own</source>
+        <translation>没有可存放您自己的键盘列表的主文件夹</translation>
+    </message>
+    <message>
+        <source>{}: the keyboard stands there now, but another list is used</source>
+        <translation>{}：键盘已写入，但使用的是另一个列表</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::GainWindow</name>
@@ -1062,6 +1074,33 @@
     </message>
 </context>
 <context>
+    <name>scenewright::KeyboardCommands</name>
+    <message>
+        <source>&amp;Keyboards...</source>
+        <translation>键盘(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>Which keyboard to use</source>
+        <translation>使用哪个键盘</translation>
+    </message>
+    <message>
+        <source>Choose a Keyboard</source>
+        <translation>选择键盘</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a terminal, then plug the keyboard in again.</source>
+        <translation>已复制。请粘贴到终端中执行，然后重新插入键盘。</translation>
+    </message>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>规则已安装。如果键盘仍未获许可，请重新插入。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed.</source>
+        <translation>规则未安装。</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::KeyboardInput</name>
     <message>
         <source>The keyboard&apos;s port cannot be listened to: %1</source>
@@ -1093,6 +1132,128 @@
     <message>
         <source>Keyboard plugged in</source>
         <translation>键盘已连接</translation>
+    </message>
+    <message>
+        <source>The chosen keyboard is not plugged in</source>
+        <translation>所选键盘未接入</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::Keyboards</name>
+    <message>
+        <source>{0} ({1}, serial number {2})</source>
+        <translation>{0}（{1}，序列号 {2}）</translation>
+    </message>
+    <message>
+        <source>{0}: the device is not in the list of keyboards; &apos;scenewright-cli devices --add {1}&apos; adds it</source>
+        <translation>{0}：该设备不在键盘列表中；“scenewright-cli devices --add {1}”可将其加入</translation>
+    </message>
+    <message>
+        <source>There are several with the serial number {0}; name one by its port: {1}</source>
+        <translation>有多个设备的序列号为 {0}；请用端口指定一个：{1}</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {}, and no other one of the list</source>
+        <translation>没有键盘 {}，也没有列表中的其他键盘</translation>
+    </message>
+    <message>
+        <source>There is no keyboard {0}; plugged in: {1}</source>
+        <translation>没有键盘 {0}；已接入：{1}</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::KeyboardsDialog</name>
+    <message>
+        <source>in use</source>
+        <translation>使用中</translation>
+    </message>
+    <message>
+        <source>not in the list</source>
+        <translation>不在列表中</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>未获许可</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>被占用</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>就绪</translation>
+    </message>
+    <message>
+        <source>Only keyboards of the list are worked with. What you add stands in a list of your own, beside the one that came with the program. Add it only if it has the controls of the picture.</source>
+        <translation>只使用列表中的键盘。您添加的设备写入您自己的列表，与程序自带的列表并存。只有当它具有图中的控件时才添加。</translation>
+    </message>
+    <message>
+        <source>This keyboard is read from and sent to.</source>
+        <translation>从此键盘读取，并向此键盘发送。</translation>
+    </message>
+    <message>
+        <source>Keyboards</source>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>端口</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>&amp;Use This One</source>
+        <translation>使用此设备(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Reads from and sends to this keyboard from now on</source>
+        <translation>从现在起从此键盘读取并向其发送</translation>
+    </message>
+    <message>
+        <source>&amp;Allow</source>
+        <translation>允许(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Installs the rules that let you use the keyboards of the list, with an administrator&apos;s password</source>
+        <translation>用管理员密码安装规则，使您可以使用列表中的键盘</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Command</source>
+        <translation>复制命令(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copies the command that lets you use the keyboards of the list, for a terminal</source>
+        <translation>复制在终端中执行、使您可以使用列表中键盘的命令</translation>
+    </message>
+    <message>
+        <source>Add To My &amp;List</source>
+        <translation>加入我的列表(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Adds the device to your own list of keyboards</source>
+        <translation>将该设备加入您自己的键盘列表</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>No USB MIDI device is plugged in.</source>
+        <translation>没有接入 USB MIDI 设备。</translation>
     </message>
 </context>
 <context>

@@ -42,7 +42,7 @@ protected:
     static Result<void> connectVirtual() {
         LaunchOptions options;
         options.isVirtual = true;
-        return connectHost(options);
+        return connectHost(options).map([](const auto&) {});
     }
 
     TempFolder folder_;

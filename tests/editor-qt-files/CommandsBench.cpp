@@ -30,12 +30,12 @@ CommandsBench::~CommandsBench() {
     SendJob::join();
 }
 
-void CommandsBench::open(KeyboardWatch::Look look) {
+void CommandsBench::open(std::shared_ptr<Keyboards> keyboards) {
     appearance_ = std::make_unique<Appearance>();
     quit_ = std::make_unique<QuitController>();
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
-    commands_ = std::make_unique<EditorCommands>(*window_, std::move(look), StoreFiles(earlier_),
-                                                 journal_, recovery);
+    commands_ = std::make_unique<EditorCommands>(*window_, std::move(keyboards),
+                                                 StoreFiles(earlier_), journal_, recovery);
     window_->notices().setDoneLasts({}); // no pause of a busy machine takes one away
     window_->show();
     window_->activateWindow();

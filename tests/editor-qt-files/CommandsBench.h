@@ -20,7 +20,7 @@ protected:
     CommandsBench();
     ~CommandsBench() override;
 
-    void open(KeyboardWatch::Look look = nullptr);
+    void open(std::shared_ptr<Keyboards> keyboards = nullptr);
     void close();
     // From the next transaction on.
     void plugIn(FaultPlan faults = {}, BankFileStore keeper = BankFileStore({}));

@@ -9,8 +9,10 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -18,13 +20,17 @@ namespace {
 
 class KeyboardWatchTest : public CommandsBench {
 protected:
-    KeyboardPresence presence = KeyboardPresence::Unplugged;
+    // The keyboard is there from now on.
+    void attach(AttachedDevice::Access access = AttachedDevice::Access::Usable) {
+        plugged = {{.port = "1-1", .ids = deviceList().at(0), .access = access}};
+    }
+    std::vector<AttachedDevice> plugged;
     int looks = 0;
-    void watch() {
-        open([this] {
+    void watch(const std::string& chosen = {}) {
+        open(std::make_shared<Keyboards>(chosen, [this] {
             ++looks;
-            return presence;
-        });
+            return plugged;
+        }));
     }
     KeyboardWatch& keyboard() { return commands().keyboard(); }
     [[nodiscard]] QString text() { return keyboard().text(); }
@@ -38,7 +44,7 @@ TEST_F(KeyboardWatchTest, TheVirtualControllerIsCalledSo) {
 }
 
 struct Shown {
-    KeyboardPresence presence;
+    AttachedDevice::Access access;
     const char* text;
     ResultCode cure; // success for none
 };
@@ -47,36 +53,47 @@ TEST_F(KeyboardWatchTest, EachLookShowsWhetherAndWhyTheKeyboardCannotBeUsed) {
     watch();
     EXPECT_EQ(text(), "No keyboard plugged in");
     for (const Shown& shown :
-         {Shown{KeyboardPresence::Usable, "Keyboard plugged in", kResultSuccess},
-          Shown{KeyboardPresence::NoPermission,
+         {Shown{AttachedDevice::Access::Usable, "Keyboard plugged in", kResultSuccess},
+          Shown{AttachedDevice::Access::NoPermission,
                 "Keyboard plugged in, but you have no permission to use it", kResultAccess},
-          Shown{KeyboardPresence::Claimed, "Keyboard in use by another program", kResultBusy},
-          Shown{KeyboardPresence::Unplugged, "No keyboard plugged in", kResultSuccess}}) {
-        presence = shown.presence;
+          Shown{AttachedDevice::Access::Claimed, "Keyboard in use by another program",
+                kResultBusy}}) {
+        attach(shown.access);
         keyboard().look();
         EXPECT_EQ(text(), shown.text);
         EXPECT_EQ(keyboard().toolTip().toStdString(),
                   shown.cure == kResultSuccess ? "" : causeAndCure(shown.cure));
     }
+    plugged.clear();
+    keyboard().look();
+    EXPECT_EQ(text(), "No keyboard plugged in");
+    EXPECT_EQ(keyboard().toolTip(), "");
+}
+
+TEST_F(KeyboardWatchTest, AChosenKeyboardThatIsNotThereIsNotAnyKeyboard) {
+    attach();
+    watch("1-2");
+    EXPECT_EQ(text(), "The chosen keyboard is not plugged in");
 }
 
 TEST_F(KeyboardWatchTest, TheEndOfEachCommandLooksAgain) {
     watch();
     const int before = looks;
     press(Qt::Key_R);
-    EXPECT_EQ(looks, before + 1);
+    const int afterRead = looks;
+    EXPECT_GT(afterRead, before);
     press(Qt::Key_Return);
     ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-    EXPECT_EQ(looks, before + 2);
+    EXPECT_GT(looks, afterRead);
 }
 
 TEST_F(KeyboardWatchTest, OurOwnClaimDuringASendIsNotShown) {
     watch();
     press(Qt::Key_Return);
-    presence = KeyboardPresence::Claimed;
+    attach(AttachedDevice::Access::Claimed);
     keyboard().look();
     EXPECT_EQ(text(), "No keyboard plugged in");
-    presence = KeyboardPresence::Usable;
+    attach();
     ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
     EXPECT_EQ(text(), "Keyboard plugged in");
 }
@@ -92,7 +109,7 @@ TEST_F(KeyboardWatchTest, WhatTheMonitorTellsIsLookedAt) {
     ASSERT_NE(notifier, nullptr);
     EXPECT_EQ(notifier->socket(), descriptor);
     EXPECT_TRUE(notifier->isEnabled());
-    presence = KeyboardPresence::Usable;
+    attach();
     QEvent readable(QEvent::SockAct);
     QCoreApplication::sendEvent(notifier, &readable);
     EXPECT_EQ(text(), "Keyboard plugged in");
@@ -102,7 +119,7 @@ TEST_F(KeyboardWatchTest, WithoutAMonitorOnlyCallsLook) {
     watch();
     keyboard().follow(failure("none"));
     EXPECT_EQ(keyboard().findChild<QSocketNotifier*>(), nullptr);
-    presence = KeyboardPresence::Usable;
+    attach();
     keyboard().look();
     EXPECT_EQ(text(), "Keyboard plugged in");
 }
@@ -117,7 +134,7 @@ TEST_F(KeyboardWatchTest, TheLogHoldsNothingOfIt) {
     std::string log;
     watch();
     Diagnostics::setLog([&log](std::string_view line) { log += line; });
-    presence = KeyboardPresence::Usable;
+    attach();
     keyboard().look();
     Diagnostics::setLog(nullptr);
     EXPECT_EQ(log, "");

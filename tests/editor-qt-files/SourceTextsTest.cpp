@@ -38,8 +38,8 @@ protected:
         given_.removeDuplicates();
     }
 
-    void open(KeyboardWatch::Look look = nullptr) {
-        CommandsBench::open(std::move(look));
+    void open(std::shared_ptr<Keyboards> keyboards = nullptr) {
+        CommandsBench::open(std::move(keyboards));
         given_ += window().displayModes().titles();
     }
     void expectOwn(const QString& text, const QStringList& given = {}) {
@@ -263,11 +263,12 @@ TEST_F(SourceTextsTest, EveryCauseAndCure) {
 }
 
 TEST_F(SourceTextsTest, WhatKeepsTheKeyboardFromUse) {
-    KeyboardPresence presence = KeyboardPresence::Unplugged;
-    open([&presence] { return presence; });
-    for (const KeyboardPresence next : {KeyboardPresence::Unplugged, KeyboardPresence::NoPermission,
-                                        KeyboardPresence::Claimed, KeyboardPresence::Usable}) {
-        presence = next;
+    std::vector<AttachedDevice> plugged;
+    open(std::make_shared<Keyboards>("", [&plugged] { return plugged; }));
+    expectTold(commands().keyboard().text());
+    using Access = AttachedDevice::Access;
+    for (const Access access : {Access::NoPermission, Access::Claimed, Access::Usable}) {
+        plugged = {{.port = "1-1", .ids = deviceList().at(0), .access = access}};
         commands().keyboard().look();
         expectAllOwn(commands().keyboard());
         expectTold(commands().keyboard().text());

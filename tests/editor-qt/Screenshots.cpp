@@ -100,8 +100,10 @@ int takeAll(const Order& order) {
     connectVirtualController();
     QuitController quit;
     MainWindow window(quit, appearance, true);
-    EditorCommands commands(window, order.wantsSituations ? [] { return picturedPresence; }
-                                                          : KeyboardWatch::Look());
+    picturedDevices = {{.port = "1-1", .ids = deviceList().at(0)}};
+    EditorCommands commands(window, order.wantsSituations ? std::make_shared<Keyboards>(
+                                                                "", [] { return picturedDevices; })
+                                                          : nullptr);
     // Also on a screen that is smaller, as the one in memory is.
     const QStringList sides = QString::fromStdString(order.size.empty() ? "1180x720" : order.size)
                                   .split(QLatin1Char('x'));

@@ -10,8 +10,9 @@
 
 #include <QApplication>
 #include <QThread>
+#include <QTreeWidget>
+#include <fmt/format.h>
 
-#include <array>
 #include <chrono>
 #include <memory>
 
@@ -117,20 +118,48 @@ bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep)
     return keep(window.guide().grab(), "guide") && keep(about.grab(), "about");
 }
 
-bool keepPresences(MainWindow& window, EditorCommands& commands, const Keep& keep) {
-    constexpr std::array kPresences{
-        std::pair{KeyboardPresence::Unplugged, "unplugged"},
-        std::pair{KeyboardPresence::NoPermission, "no-permission"},
-        std::pair{KeyboardPresence::Claimed, "claimed"},
-        std::pair{KeyboardPresence::Usable, "usable"},
-    };
-    for (const auto& [presence, name] : kPresences) {
-        picturedPresence = presence;
+AttachedDevice deviceAt(const char* port, AttachedDevice::Access access) {
+    return {.port = port,
+            .ids = deviceList().at(0),
+            .name = "Virtual Controller",
+            .hasMidiStreaming = true,
+            .access = access};
+}
+
+bool keepKeyboards(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    using Access = AttachedDevice::Access;
+    const auto keepLook = [&](const char* name) {
         commands.keyboard().look();
         settle(window);
-        if (!keep(window.grab(), std::string("keyboard-") + name))
+        return keep(window.grab(), std::string("keyboard-") + name);
+    };
+    picturedDevices = {};
+    if (!keepLook("unplugged"))
+        return false;
+    for (const auto& [access, name] :
+         {std::pair{Access::NoPermission, "no-permission"}, std::pair{Access::Claimed, "claimed"},
+          std::pair{Access::Usable, "usable"}}) {
+        picturedDevices = {deviceAt("1-1", access)};
+        if (!keepLook(name))
             return false;
     }
+    picturedDevices.push_back(deviceAt("1-2.4", Access::NoPermission));
+    picturedDevices.back().serial = "SC2207-0815";
+    picturedDevices.push_back(deviceAt("3-1", Access::Claimed));
+    picturedDevices.push_back(deviceAt("3-2", Access::NoPermission));
+    picturedDevices.back().ids = {.vendor = 1, .product = 2};
+    picturedDevices.back().name = "Eight Drum Pads & a Very Long Name of a Device";
+    if (!keepLook("one-of-several"))
+        return false;
+    commands.keyboards().action().trigger();
+    settle(window);
+    QTreeWidget& table = commands.keyboards().dialog()->table();
+    for (int row = 0; row < table.topLevelItemCount(); ++row) {
+        table.setCurrentItem(table.topLevelItem(row));
+        if (!keep(commands.keyboards().dialog()->grab(), fmt::format("keyboards-{}", row)))
+            return false;
+    }
+    commands.keyboards().dialog()->close();
     return true;
 }
 
@@ -139,7 +168,7 @@ bool keepPresences(MainWindow& window, EditorCommands& commands, const Keep& kee
 bool keepSituations(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     return keepNotices(window, commands, keep) && keepDifferences(window, commands, keep) &&
            keepMenus(window, commands, keep) && keepDialogs(window, commands, keep) &&
-           keepPresences(window, commands, keep);
+           keepKeyboards(window, commands, keep);
 }
 
 } // namespace scenewright

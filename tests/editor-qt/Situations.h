@@ -6,11 +6,12 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace scenewright {
 
-// What a KeyboardWatch sees in the pictures.
-inline KeyboardPresence picturedPresence = KeyboardPresence::Usable;
+// What is plugged in, in the pictures.
+inline std::vector<AttachedDevice> picturedDevices;
 
 // Gives each picture to `keep` under its name; ends at the first that is refused. The transport
 // gets other controllers.

@@ -142,13 +142,13 @@ void checkLines(const std::string& text) {
 
 void checkList(Input& input) {
     static DeviceWords words;
-    for (const char* const name : {"manufacturer", "product", "1-1:1.1/bInterfaceClass"})
+    for (const char* const name : {"manufacturer", "product", "serial", "1-1:1.1/bInterfaceClass"})
         words.write(name, input.bytes(input.below(kMaxTextSize)));
     const auto devices = attachedDevices({.devices = words.path(), .nodes = words.path()});
     check(devices.size() == 1, "the device is not listed");
-    const DeviceListPlace place{{{0x1209, 0x0001}}, "/list/project.plist", "/own/project.plist"};
-    checkLines(deviceTable(devices, place));
-    const std::string json = deviceJson(devices, place);
+    const std::vector<PluggedDevice> plugged{{.device = devices.front()}};
+    checkLines(deviceTable(plugged));
+    const std::string json = deviceJson(plugged);
     checkLines(json);
     const auto list = nlohmann::json::parse(json, nullptr, false);
     check(list.is_array() && list.size() == devices.size(), "not an object a device");

@@ -7,6 +7,7 @@
 // "unplugged", "no permission", "claimed" or "usable".
 #include "protocol/Transactions.h"
 
+#include "app/Keyboards.h"
 #include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
@@ -105,9 +106,10 @@ int watch() {
         fmt::print(stderr, "{}\n", monitor.error());
         return 1;
     }
+    const Keyboards keyboards;
     std::optional<KeyboardPresence> said;
     for (;;) {
-        const KeyboardPresence presence = keyboardPresence(deviceList(), attachedDevices());
+        const KeyboardPresence presence = keyboards.presence();
         if (std::exchange(said, presence) != presence)
             fmt::print("{}\n", nameOf(presence));
         std::fflush(stdout);

@@ -9,7 +9,7 @@ import sys
 from pathlib import Path
 
 from cases_trouble import NOBODY, check_untouched, give_seat, grants_seat, install_for_everybody
-from rig import BIN, CLI, check_equal, some_bank
+from rig import CLI, check_equal, some_bank
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.append(str(ROOT / "tests/docs"))
@@ -49,15 +49,33 @@ def case_device_without_permission_is_told_as_such(rig):
 
 def case_device_that_was_added_to_the_list_is_read(rig):
     rig.plug("--identity", "1209:0002", bank=some_bank(1))
-    lines = listed(rig)[2]["linesToAdd"]
-    given = (BIN.parent / "share" / "scenewright" / "project.plist").read_text()
-    own = rig.file("scenewright")
-    own.mkdir()
-    (own / "project.plist").write_text(given.replace("</array>", lines + "</array>"))
-    out = rig.file("out.bank")
     environment = {**os.environ, "XDG_CONFIG_HOME": str(rig.folder)}
+    check_equal(rig.run(CLI, "devices", "--add", listed(rig)[2]["port"], env=environment), (0, ""),
+                "devices --add")
+    out = rig.file("out.bank")
     check_equal(rig.run(CLI, "read", out, env=environment), (0, ""), "read")
     assert out.read_bytes() == some_bank(1), "what was read is not the controller's bank"
+
+
+def case_two_keyboards_in_one_evening(rig):
+    """Read from one, send to the other; the port tells them apart, as all else is alike."""
+    first, second = (rig.plug(port=port, bank=some_bank(port + 1)) for port in (0, 1))
+    out = rig.file("first.bank")
+    check_equal(rig.run(CLI, "--device", first.name, "read", out), (0, ""), "read")
+    assert out.read_bytes() == some_bank(1), "what was read is not the first keyboard's bank"
+    read = first.carried("ep1 in")
+    check_equal(rig.run(CLI, "--device", second.name, "send", "--verify", out), (0, ""), "send")
+    assert second.bank_file.read_bytes() == some_bank(1), "the second keyboard holds another bank"
+    check_equal(first.carried("ep1 in"), read, "what came from the first keyboard")
+    answer = rig.file("earlier.json")
+    with answer.open("w") as sink:
+        check_equal(rig.run(CLI, "earlier", "list", "--json", stdout=sink), (0, ""), "earlier")
+    assert f"({second.name})" in answer.read_text(), "what was replaced does not tell from where"
+    first.unplug()
+    there = f"{second.name} (Virtual Controller, serial number 0001)"
+    check_equal(rig.run(CLI, "--device", first.name, "read", out),
+                (1, f"scenewright-cli: There is no keyboard {first.name}; plugged in: {there}\n"),
+                "a read from the one that is unplugged")
 
 
 class Reader:
@@ -90,12 +108,6 @@ class Reader:
             told = self.printed_by(command)
             assert check_commands.matches(told.splitlines(), wanted), f"{command} prints\n{told}"
 
-    def end_own_list_with(self, block):
-        own = self.home / ".config/scenewright/project.plist"
-        head = own.read_text().rpartition("</array>")[0]
-        own.unlink()
-        own.write_text(head + "\n".join(block.lines))
-
 
 def case_page_about_a_keyboard_of_ones_own_can_be_followed(rig):
     bank = rig.file("default.bank")
@@ -104,12 +116,11 @@ def case_page_about_a_keyboard_of_ones_own_can_be_followed(rig):
     reader = Reader(rig)
     followed = 0
     for block in Document(ROOT, "docs/your-keyboard.md").blocks:
-        if block.language == "xml":
-            reader.end_own_list_with(block)
-        elif block.remark == "not run: it changes the system":
+        if block.remark == "not run: it changes the system":
             assert grants_seat(reader.printed_by("scenewright-cli udev-rules"), keyboard)
             give_seat(keyboard.node, NOBODY["user"])
-        elif block.remark != "not run: it needs a keyboard that does not answer":
+        elif block.remark not in ("not run: it needs a keyboard that does not answer",
+                                  "not run: it needs two keyboards on the bus"):
             reader.follow(block)
             followed += 1
     assert followed > 5, f"{followed} sessions were followed"

@@ -36,6 +36,7 @@ SMOKE = [
     "killed_at_3_places_of_a_send",
     "unplugged_at_3_places_of_a_send",
     "devices_are_told_with_where_they_are",
+    "two_keyboards_in_one_evening",
     "port_is_back_after_each_command_of_the_command_line",
     "played_controls_are_heard_and_monitored",
     "connections_are_back_after_a_read_and_a_send",

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -18,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Access = AttachedDevice::Access;
-
-constexpr std::array kList{DeviceIds{0x1209, 0x0001}, DeviceIds{0x1209, 0x000A}};
 
 // Folders like the kernel's, with one device each call of plugIn().
 class AttachedDevicesTest : public ::testing::Test {
@@ -60,7 +57,6 @@ protected:
                            device / (device.filename().string() + ":1.1") / "driver");
     }
     [[nodiscard]] std::vector<AttachedDevice> listed() const { return attachedDevices(folders); }
-    [[nodiscard]] KeyboardPresence presence() const { return keyboardPresence(kList, listed()); }
 
     testing::TempFolder root;
     KernelFolders folders{root.path() / "sys", root.path() / "dev"};
@@ -70,13 +66,16 @@ TEST_F(AttachedDevicesTest, TellsWhereAndWhatADeviceIs) {
     const fs::path device = plugIn("1-1", "00ab", "12");
     put(device / "manufacturer", "Acme");
     put(device / "product", "Keys 25");
+    put(device / "serial", "A17");
     const auto devices = listed();
     ASSERT_EQ(devices.size(), 1U);
     EXPECT_EQ(devices[0].bus, 1);
     EXPECT_EQ(devices[0].address, 12);
+    EXPECT_EQ(devices[0].port, "1-1");
     EXPECT_EQ(devices[0].ids, (DeviceIds{0x1209, 0x00AB}));
     EXPECT_EQ(devices[0].maker, "Acme");
     EXPECT_EQ(devices[0].name, "Keys 25");
+    EXPECT_EQ(devices[0].serial, "A17");
     EXPECT_TRUE(devices[0].hasMidiStreaming);
     EXPECT_EQ(devices[0].access, Access::Usable);
 }
@@ -92,7 +91,7 @@ TEST_F(AttachedDevicesTest, ListsByBusThenAddress) {
 }
 
 TEST_F(AttachedDevicesTest, ASystemWithoutUsbHasNone) {
-    EXPECT_EQ(presence(), KeyboardPresence::Unplugged) << "no device";
+    EXPECT_TRUE(listed().empty()) << "no device";
     folders.devices = root.path() / "nowhere";
     EXPECT_TRUE(listed().empty());
 }
@@ -134,9 +133,12 @@ TEST_F(AttachedDevicesTest, NamesHaveNoControlCharactersAndNoWrongBytes) {
         {"", ""}};
     const fs::path device = plugIn();
     EXPECT_EQ(listed().at(0).maker, "") << "silent";
+    EXPECT_EQ(listed().at(0).serial, "") << "silent";
     for (const auto& [written, shown] : names) {
         put(device / "manufacturer", written);
         put(device / "product", written);
+        put(device / "serial", written);
+        EXPECT_EQ(listed().at(0).serial, shown);
         EXPECT_EQ(listed().at(0).maker, shown);
         EXPECT_EQ(listed().at(0).name, shown);
     }
@@ -144,7 +146,6 @@ TEST_F(AttachedDevicesTest, NamesHaveNoControlCharactersAndNoWrongBytes) {
 
 TEST_F(AttachedDevicesTest, AProgramsClaimStandsInTheWayAndTheSoundDriverDoesNot) {
     bind(plugIn("1-1", "0001", "3"), "usbfs");
-    EXPECT_EQ(presence(), KeyboardPresence::Claimed);
     bind(plugIn("1-2", "0001", "4"), "snd-usb-audio");
     EXPECT_EQ(listed().at(0).access, Access::Claimed);
     EXPECT_EQ(listed().at(1).access, Access::Usable);
@@ -155,19 +156,15 @@ TEST_F(AttachedDevicesTest, ANodeThatCannotBeOpenedIsAMatterOfPermission) {
     static_cast<void>(plugIn());
     fs::remove(nodeOf("3"));
     EXPECT_EQ(listed().at(0).access, Access::NoPermission);
-    EXPECT_EQ(presence(), KeyboardPresence::NoPermission);
 }
 
-TEST_F(AttachedDevicesTest, OfSeveralListedKeyboardsTheMostUsableCounts) {
-    static_cast<void>(plugIn("1-1", "0002", "2"));
-    EXPECT_EQ(presence(), KeyboardPresence::Unplugged) << "not listed";
-    static_cast<void>(plugIn("1-2", "0001", "3"));
-    fs::remove(nodeOf("3"));
-    EXPECT_EQ(presence(), KeyboardPresence::NoPermission);
-    bind(plugIn("1-3", "0001", "4"), "usbfs");
-    EXPECT_EQ(presence(), KeyboardPresence::Claimed);
-    static_cast<void>(plugIn("1-4", "000a", "5"));
-    EXPECT_EQ(presence(), KeyboardPresence::Usable);
+TEST_F(AttachedDevicesTest, IsNamedByItsPortOrByASerialNumberThatItTells) {
+    const AttachedDevice device{.port = "1-2.3", .serial = "A17"};
+    for (const char* const name : {"1-2.3", "A17"})
+        EXPECT_TRUE(device.isNamed(name)) << name;
+    for (const char* const name : {"", "1-2", "a17"})
+        EXPECT_FALSE(device.isNamed(name)) << name;
+    EXPECT_FALSE(AttachedDevice{.port = "1-2"}.isNamed("")) << "silent";
 }
 
 // Where a system gives no events, not even a superuser's, it says so in one sentence.

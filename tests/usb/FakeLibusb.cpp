@@ -247,6 +247,14 @@ std::uint8_t libusb_get_device_address(libusb_device* device) {
     return device->fake.address;
 }
 
+int libusb_get_port_numbers(libusb_device* device, std::uint8_t* numbers, int room) {
+    const auto& ports = device->fake.ports;
+    if (static_cast<std::size_t>(room) < ports.size())
+        return LIBUSB_ERROR_OVERFLOW;
+    std::ranges::copy(ports, numbers);
+    return static_cast<int>(ports.size());
+}
+
 int libusb_get_device_descriptor(libusb_device* device, libusb_device_descriptor* descriptor) {
     descriptor->idVendor = device->fake.vendor;
     descriptor->idProduct = device->fake.product;

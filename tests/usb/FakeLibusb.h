@@ -45,6 +45,7 @@ struct FakeDevice {
                                            .interfaceClass = 1,
                                            .subClass = 3,
                                            .endpoints = {{0x81, 2, 64, 0}, {0x02, 2, 64, 0}}}};
+    std::vector<std::uint8_t> ports{2};
     int descriptorResult = 0; // libusb_error, as all results here
     int configurationResult = 0;
 };

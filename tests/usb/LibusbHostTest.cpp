@@ -64,6 +64,14 @@ protected:
     std::shared_ptr<UsbHost> host = makeLibusbHost();
 };
 
+TEST_F(LibusbHostTest, NamesThePortAsTheKernelDoes) {
+    for (const auto& [ports, name] : std::map<std::vector<std::uint8_t>, std::string>{
+             {{4}, "3-4"}, {{1, 12, 2}, "3-1.12.2"}, {{}, ""}, {{1, 2, 3, 4, 5, 6, 7, 8}, ""}}) {
+        fakeLibusb().devices = {{.bus = 3, .ports = ports}};
+        EXPECT_EQ(host->devices({}).value().at(0)->port(), name);
+    }
+}
+
 TEST_F(LibusbHostTest, ListsTheDevicesByBusAndAddressAndOpensNone) {
     fakeLibusb().devices = {
         {.bus = 2, .address = 1, .vendor = 0x1209, .product = 0x0003},

@@ -247,6 +247,7 @@ public:
         : script_(std::move(script)), shape_(std::move(shape)) {}
 
     [[nodiscard]] std::string name() const override { return shape_.name; }
+    [[nodiscard]] std::string port() const override { return shape_.port; }
     UsbResult<void> prepare() override { return script_->call("prepare", shape_.name); }
     std::uint16_t vendor() override {
         static_cast<void>(script_->call("vendor", shape_.name));

@@ -37,6 +37,7 @@ struct ScriptedInterface {
 
 struct ScriptedDevice {
     std::string name = "one";
+    std::string port{};
     std::uint16_t vendor = 0x1209;
     std::uint16_t product = 0x0001;
     std::vector<ScriptedInterface> interfaces = std::vector<ScriptedInterface>(2);

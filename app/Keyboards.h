@@ -1,0 +1,66 @@
+// Which keyboards are plugged in, and which of them is worked with: the chosen one alone, or
+// without a choice the first that discovery finds.
+//
+// Nothing is opened. Main thread only.
+#pragma once
+
+#include "platform/Result.h"
+#include "usb/AttachedDevices.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace scenewright {
+
+enum class KeyboardPresence : std::uint8_t { Unplugged, NoPermission, Claimed, Usable };
+
+// A USB MIDI device, or what else the list has.
+struct PluggedDevice {
+    AttachedDevice device;
+    bool isListed = false;
+    bool isInUse = false; // the one that is worked with
+
+    // As it calls itself, or its maker; its ids when it is silent.
+    [[nodiscard]] std::string name() const;
+    // "1-2 (Keys 25)", or "1-2 (Keys 25, serial number A17)".
+    [[nodiscard]] std::string description() const;
+};
+
+class Keyboards {
+public:
+    using Look = std::function<std::vector<AttachedDevice>()>;
+
+    // `chosen` as for choose().
+    explicit Keyboards(
+        std::string chosen = {}, Look look = [] { return attachedDevices(); });
+
+    // A port, "1-2.3", or a serial number; empty for the first one.
+    void choose(std::string portOrSerial) { chosen_ = std::move(portOrSerial); }
+    [[nodiscard]] const std::string& chosen() const { return chosen_; }
+
+    // All that are plugged in, by bus and address.
+    [[nodiscard]] std::vector<PluggedDevice> all() const;
+    [[nodiscard]] std::optional<PluggedDevice> inUse() const;
+    // What a choice is remembered by: the serial number, unless it is none or another's too.
+    [[nodiscard]] std::string lastingName(const AttachedDevice& device) const;
+
+    // Of the one in use.
+    [[nodiscard]] KeyboardPresence presence() const;
+    // With its port where another of the same name is plugged in; empty for none.
+    [[nodiscard]] std::string name() const;
+    // For offerChosen().
+    [[nodiscard]] std::optional<std::string> offeredPort() const;
+
+    // Whether the chosen one is there, and the only one of that name. The error is one sentence,
+    // which says what else there is.
+    [[nodiscard]] Result<void> checkChosen() const;
+
+private:
+    std::string chosen_;
+    Look look_;
+};
+
+} // namespace scenewright

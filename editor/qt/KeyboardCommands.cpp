@@ -1,0 +1,184 @@
+#include "editor/qt/KeyboardCommands.h"
+
+#include "app/AccessRules.h"
+#include "app/KnownKeyboard.h"
+#include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QStandardPaths>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright {
+
+namespace {
+
+const QString kKeyboardKey = QStringLiteral("keyboard");
+constexpr int kPickerWidth = 200; // of its text
+
+// As a title of a button or a menu's entry: a device's name may hold the letter that marks keys.
+QString titleOf(const PluggedDevice& plugged) {
+    return shown(plugged.description()).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+std::string identityOf(const AttachedDevice& device) {
+    return fmt::format("{} {:04x}:{:04x} {}", device.port, device.ids.vendor, device.ids.product,
+                       device.serial);
+}
+
+// As the superuser: the rules come in on standard input, and count for what is plugged in now.
+QString installCommand() {
+    return QStringLiteral("umask 022; cat >%1.new && mv %1.new %1 && udevadm control --reload && "
+                          "udevadm trigger --action=change --subsystem-match=usb")
+        .arg(QLatin1String(kAccessRulesFile));
+}
+
+} // namespace
+
+KeyboardCommands::KeyboardCommands(MainWindow& window, std::shared_ptr<Keyboards> keyboards,
+                                   KeyboardWatch& watch)
+    : window_(window), keyboards_(std::move(keyboards)), watch_(watch),
+      action_(window.menu().device().addAction(tr("&Keyboards..."))),
+      picker_(&makeChild<QPushButton>(&window.status())), choices_(&makeChild<QMenu>(picker_)) {
+    picker_->setFlat(true);
+    picker_->setAutoDefault(false);
+    picker_->setMenu(choices_);
+    picker_->setAccessibleDescription(tr("Which keyboard to use"));
+    choices_->setAccessibleName(picker_->accessibleDescription());
+    picker_->hide();
+    window.status().addMark(*picker_);
+    window.status().addMark(watch);
+    action_->setEnabled(keyboards_ != nullptr);
+    if (!keyboards_)
+        return;
+    chooseRemembered();
+    if (const auto checked = keyboards_->checkChosen(); !checked)
+        window.notices().post({.source = Notice::Source::Keyboards,
+                               .kind = Notice::Kind::Error,
+                               .text = shown(checked.error())});
+    connect(action_, &QAction::triggered, this, &KeyboardCommands::showDialog);
+    connect(&watch, &KeyboardWatch::looked, this, &KeyboardCommands::follow);
+    connect(&window.commands(), &DeviceCommands::busyChanged, this, [this](bool isBusy) {
+        picker_->setEnabled(!isBusy);
+        if (dialog_ != nullptr)
+            dialog_->setBusy(isBusy);
+    });
+    watch.look();
+}
+
+void KeyboardCommands::chooseRemembered() {
+    if (!keyboards_->chosen().empty())
+        return;
+    const std::string remembered = programSettings().value(kKeyboardKey).toString().toStdString();
+    const auto isMeant = [&remembered](const PluggedDevice& plugged) {
+        return plugged.isListed && plugged.device.isNamed(remembered);
+    };
+    if (std::ranges::any_of(keyboards_->all(), isMeant))
+        keyboards_->choose(remembered);
+}
+
+void KeyboardCommands::follow() {
+    std::vector<PluggedDevice> devices = keyboards_->all();
+    const auto used = std::ranges::find(devices, true, &PluggedDevice::isInUse);
+    if (used != devices.end()) {
+        window_.notices().withdraw(Notice::Source::Keyboards);
+        // What the former one holds says nothing of this one.
+        if (const std::string now = identityOf(used->device); std::exchange(worked_, now) != now)
+            KnownKeyboard::forget();
+    }
+    fillPicker(devices);
+    if (dialog_ != nullptr)
+        dialog_->list(std::move(devices));
+}
+
+void KeyboardCommands::fillPicker(const std::vector<PluggedDevice>& devices) {
+    choices_->clear();
+    QString title = tr("Choose a Keyboard");
+    bool isUsed = false;
+    for (const PluggedDevice& plugged : devices) {
+        if (!plugged.isListed)
+            continue;
+        QAction& action = *choices_->addAction(titleOf(plugged));
+        action.setCheckable(true);
+        action.setChecked(plugged.isInUse);
+        connect(&action, &QAction::triggered, this,
+                [this, device = plugged.device] { use(device); });
+        if (!plugged.isInUse)
+            continue;
+        title = action.text();
+        isUsed = true;
+    }
+    picker_->setVisible(choices_->actions().size() > (isUsed ? 1 : 0));
+    picker_->setText(picker_->fontMetrics().elidedText(title, Qt::ElideRight, kPickerWidth));
+    picker_->setToolTip(title);
+    picker_->setAccessibleName(title);
+}
+
+void KeyboardCommands::use(const AttachedDevice& device) {
+    keyboards_->choose(keyboards_->lastingName(device));
+    programSettings().setValue(kKeyboardKey, shown(keyboards_->chosen()));
+    watch_.look();
+    emit chosen();
+}
+
+void KeyboardCommands::showDialog() {
+    if (dialog_ == nullptr) {
+        const bool canInstall = !QStandardPaths::findExecutable(QStringLiteral("pkexec")).isEmpty();
+        dialog_ = &makeChild<KeyboardsDialog>(canInstall, &window_);
+        dialog_->setBusy(window_.commands().isBusy());
+        connect(dialog_, &KeyboardsDialog::useWanted, this,
+                [this](const PluggedDevice& plugged) { use(plugged.device); });
+        connect(dialog_, &KeyboardsDialog::addWanted, this,
+                [this](const PluggedDevice& plugged) { add(plugged.device); });
+        connect(dialog_, &KeyboardsDialog::allowWanted, this, &KeyboardCommands::allow);
+    }
+    watch_.look();
+    dialog_->show();
+    dialog_->raise();
+    dialog_->activateWindow();
+}
+
+void KeyboardCommands::add(const AttachedDevice& device) {
+    const auto added = addToDeviceList(device.ids);
+    watch_.look();
+    if (!added)
+        dialog_->tell(shown(added.error()));
+}
+
+void KeyboardCommands::allow() {
+    const QString pkexec = QStandardPaths::findExecutable(QStringLiteral("pkexec"));
+    if (!pkexec.isEmpty())
+        return installRules(pkexec);
+    QGuiApplication::clipboard()->setText(QLatin1String(kAccessCommand));
+    dialog_->tell(tr("Copied. Paste it into a terminal, then plug the keyboard in again."));
+}
+
+void KeyboardCommands::installRules(const QString& pkexec) {
+    auto& process = makeChild<QProcess>(this);
+    const auto end = [this, &process](bool isDone) {
+        process.deleteLater();
+        watch_.look();
+        dialog_->tell(isDone ? tr("The rules are installed. If the keyboard is still not allowed, "
+                                  "plug it in again.")
+                             : tr("The rules were not installed."));
+    };
+    connect(&process, &QProcess::finished, this, [end](int code, QProcess::ExitStatus status) {
+        end(status == QProcess::NormalExit && code == 0);
+    });
+    connect(&process, &QProcess::errorOccurred, this, [end](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            end(false); // and nothing finishes
+    });
+    process.start(pkexec, {QStringLiteral("/bin/sh"), QStringLiteral("-c"), installCommand()});
+    process.write(QByteArray::fromStdString(udevRules(deviceList())));
+    process.closeWriteChannel();
+}
+
+} // namespace scenewright

@@ -1,0 +1,172 @@
+#include "editor/qt/KeyboardsDialog.h"
+
+#include "app/OutcomeText.h"
+#include "editor/qt/PopUpBox.h"
+#include "editor/qt/QtHelpers.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+constexpr QSize kDialogSize(760, 360);
+constexpr int kWidestColumn = 280; // before the state
+constexpr int kBetweenColumns = 18;
+constexpr int kHelpLines = 3;
+
+using Access = AttachedDevice::Access;
+
+QString stateWords(const PluggedDevice& plugged) {
+    QStringList words;
+    if (plugged.isInUse)
+        words.append(KeyboardsDialog::tr("in use"));
+    if (!plugged.isListed)
+        words.append(KeyboardsDialog::tr("not in the list"));
+    if (plugged.device.access == Access::NoPermission)
+        words.append(KeyboardsDialog::tr("not allowed"));
+    if (plugged.device.access == Access::Claimed)
+        words.append(KeyboardsDialog::tr("busy"));
+    return words.empty() ? KeyboardsDialog::tr("ready") : words.join(QLatin1String(", "));
+}
+
+QString helpFor(const PluggedDevice& plugged) {
+    if (!plugged.isListed)
+        return KeyboardsDialog::tr(
+            "Only keyboards of the list are worked with. What you add stands "
+            "in a list of your own, beside the one that came with the "
+            "program. Add it only if it has the controls of the picture.");
+    if (plugged.device.access == Access::NoPermission)
+        return shown(causeAndCure(kResultAccess));
+    if (plugged.device.access == Access::Claimed)
+        return shown(causeAndCure(kResultBusy));
+    return plugged.isInUse ? KeyboardsDialog::tr("This keyboard is read from and sent to.")
+                           : QString();
+}
+
+} // namespace
+
+KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
+    : QDialog(parent), table_(&makeChild<QTreeWidget>(this)), help_(&makeChild<QLabel>(this)) {
+    setWindowTitle(tr("Keyboards"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(18, 16, 18, 14);
+    column.setSpacing(8);
+    table_->setAccessibleName(windowTitle());
+    table_->setHeaderLabels({tr("Device"), tr("Port"), tr("Serial number"), tr("State")});
+    table_->setItemDelegate(&makeChild<RowDelegate>(table_));
+    table_->setRootIsDecorated(false);
+    table_->setAllColumnsShowFocus(true);
+    table_->setUniformRowHeights(true);
+    column.addWidget(table_, 1);
+    help_->setProperty("role", "hint");
+    help_->setTextFormat(Qt::PlainText);
+    help_->setWordWrap(true);
+    help_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    help_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    help_->setMinimumHeight(kHelpLines * help_->fontMetrics().lineSpacing());
+    column.addWidget(help_);
+    auto& row = makeChild<QWidget>(this);
+    row.setAccessibleName(tr("Actions"));
+    addButtons(row, canInstall);
+    column.addWidget(&row);
+    connect(table_, &QTreeWidget::currentItemChanged, this, [this] {
+        showButtons();
+        showHelp();
+    });
+    resize(kDialogSize);
+}
+
+void KeyboardsDialog::addButtons(QWidget& row, bool canInstall) {
+    auto& line = makeChild<QHBoxLayout>(&row);
+    line.setContentsMargins(0, 0, 0, 0);
+    const auto add = [&row, &line](const QString& title, const QString& help) -> QPushButton& {
+        auto& button = makeChild<QPushButton>(title, &row);
+        button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+        button.setToolTip(help);
+        button.setAutoDefault(false);
+        line.addWidget(&button);
+        return button;
+    };
+    use_ = &add(tr("&Use This One"), tr("Reads from and sends to this keyboard from now on"));
+    allow_ = canInstall
+                 ? &add(tr("&Allow"), tr("Installs the rules that let you use the keyboards of the "
+                                         "list, with an administrator's password"))
+                 : &add(tr("Cop&y Command"),
+                        tr("Copies the command that lets you use the keyboards of the list, for a "
+                           "terminal"));
+    add_ = &add(tr("Add To My &List"), tr("Adds the device to your own list of keyboards"));
+    line.addStretch(1);
+    auto& close = add(tr("&Close"), {});
+    close.setDefault(true);
+    connect(use_, &QAbstractButton::clicked, this, [this] { emit useWanted(*chosen()); });
+    connect(allow_, &QAbstractButton::clicked, this, &KeyboardsDialog::allowWanted);
+    connect(add_, &QAbstractButton::clicked, this, [this] { emit addWanted(*chosen()); });
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void KeyboardsDialog::list(std::vector<PluggedDevice> devices) {
+    const auto former = chosen();
+    const QSignalBlocker quiet(table_);
+    devices_ = std::move(devices);
+    table_->clear();
+    for (const PluggedDevice& plugged : devices_) {
+        const QStringList texts{shown(plugged.name()), shown(plugged.device.port),
+                                shown(plugged.device.serial), stateWords(plugged)};
+        table_->addTopLevelItem(std::make_unique<QTreeWidgetItem>(texts).release());
+    }
+    for (int column = 0; column + 1 < table_->columnCount(); ++column) {
+        table_->resizeColumnToContents(column);
+        table_->setColumnWidth(
+            column, std::min(table_->columnWidth(column) + kBetweenColumns, kWidestColumn));
+    }
+    const auto isFormer = [&former](const PluggedDevice& plugged) {
+        return former ? plugged.device.port == former->device.port : plugged.isInUse;
+    };
+    const auto place = std::ranges::find_if(devices_, isFormer);
+    if (place != devices_.end())
+        table_->setCurrentItem(table_->topLevelItem(static_cast<int>(place - devices_.begin())));
+    showButtons();
+    showHelp();
+}
+
+void KeyboardsDialog::setBusy(bool isBusy) {
+    isBusy_ = isBusy;
+    showButtons();
+}
+
+void KeyboardsDialog::tell(const QString& sentence) {
+    help_->setText(sentence);
+}
+
+std::optional<PluggedDevice> KeyboardsDialog::chosen() const {
+    const int row = table_->indexOfTopLevelItem(table_->currentItem());
+    return row < 0 ? std::nullopt : std::optional(devices_.at(static_cast<std::size_t>(row)));
+}
+
+void KeyboardsDialog::showButtons() {
+    const auto device = chosen();
+    use_->setEnabled(device && device->isListed && !device->isInUse && !isBusy_);
+    allow_->setEnabled(device && device->isListed && device->device.access == Access::NoPermission);
+    add_->setEnabled(device && !device->isListed);
+}
+
+void KeyboardsDialog::showHelp() {
+    if (devices_.empty())
+        return help_->setText(tr("No USB MIDI device is plugged in."));
+    const auto device = chosen();
+    help_->setText(device ? helpFor(*device) : QString());
+}
+
+} // namespace scenewright

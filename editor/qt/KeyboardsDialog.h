@@ -1,0 +1,60 @@
+// The USB MIDI devices that are plugged in, a row each, and what can be done about them.
+#pragma once
+
+#include "app/Keyboards.h"
+
+#include <QDialog>
+
+#include <optional>
+#include <vector>
+
+class QAbstractButton;
+class QLabel;
+class QTreeWidget;
+
+namespace scenewright {
+
+// Tells what is wanted for the chosen row; whoever opens the dialog carries it out.
+class KeyboardsDialog final : public QDialog {
+    Q_OBJECT
+
+public:
+    // `canInstall`: access rules can be installed from here, and are not only told.
+    KeyboardsDialog(bool canInstall, QWidget* parent);
+
+    // The chosen row stays on its device, or its port.
+    void list(std::vector<PluggedDevice> devices);
+    // While the keyboard in use is being sent to it stays in use.
+    void setBusy(bool isBusy);
+    // In place of what is said about the row, until another one is chosen.
+    void tell(const QString& sentence);
+
+    [[nodiscard]] QTreeWidget& table() { return *table_; }
+    [[nodiscard]] QLabel& help() { return *help_; }
+    [[nodiscard]] QAbstractButton& useButton() { return *use_; }
+    [[nodiscard]] QAbstractButton& allowButton() { return *allow_; }
+    [[nodiscard]] QAbstractButton& addButton() { return *add_; }
+
+signals:
+    void useWanted(const scenewright::PluggedDevice& device);
+    void allowWanted();
+    void addWanted(const scenewright::PluggedDevice& device);
+
+private:
+    void addButtons(QWidget& row, bool canInstall);
+    [[nodiscard]] std::optional<PluggedDevice> chosen() const;
+    // Greys what the chosen row does not allow.
+    void showButtons();
+    void showHelp();
+
+    std::vector<PluggedDevice> devices_; // as the rows of the table
+    bool isBusy_ = false;
+    // Children of the dialog.
+    QTreeWidget* table_;
+    QLabel* help_;
+    QAbstractButton* use_ = nullptr;
+    QAbstractButton* allow_ = nullptr;
+    QAbstractButton* add_ = nullptr;
+};
+
+} // namespace scenewright

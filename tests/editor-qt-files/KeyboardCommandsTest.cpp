@@ -1,0 +1,354 @@
+#include "editor/qt/KeyboardCommands.h"
+
+#include "app/AccessRules.h"
+#include "app/KnownKeyboard.h"
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
+#include "bank/Edit.h"
+#include "editor/qt/ProgramSettings.h"
+#include "tests/editor-qt-files/CommandsBench.h"
+#include "tests/support/TempFolder.h"
+#include "usb/ChosenHost.h"
+#include "usb/Transport.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
+#include <QTest>
+#include <QTreeWidget>
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+// A device of another host, at a port.
+class DeviceAtPort : public UsbDevice {
+public:
+    DeviceAtPort(std::shared_ptr<UsbDevice> device, std::string port)
+        : device_(std::move(device)), port_(std::move(port)) {}
+
+    [[nodiscard]] std::string name() const override { return device_->name(); }
+    [[nodiscard]] std::string port() const override { return port_; }
+    [[nodiscard]] std::uint16_t vendor() override { return device_->vendor(); }
+    [[nodiscard]] std::uint16_t product() override { return device_->product(); }
+    [[nodiscard]] UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
+        return device_->interface(place);
+    }
+
+private:
+    std::shared_ptr<UsbDevice> device_;
+    std::string port_;
+};
+
+// Two virtual controllers on one bus, at the ports 1-1 and 1-2.
+class TwoControllers : public UsbHost {
+public:
+    UsbResult<Devices> devices(const DeviceMatch& match) override {
+        Devices both;
+        for (std::size_t place = 0; place < hosts.size(); ++place) {
+            const Devices found = hosts.at(place)->devices(match).value_or(Devices{});
+            for (const auto& device : found)
+                both.push_back(
+                    std::make_shared<DeviceAtPort>(device, "1-" + std::to_string(place + 1)));
+        }
+        return both;
+    }
+
+    std::array<std::shared_ptr<VirtualController>, 2> controllers{
+        std::make_shared<VirtualController>(bankWithName("First")),
+        std::make_shared<VirtualController>(bankWithName("Second"))};
+
+private:
+    static BankImage bankWithName(const std::string& name) {
+        SceneList scenes = copyOf(WindowAction::scenes());
+        scenes.front()->commonValue()->setSceneName(name);
+        return encodeBank(scenes);
+    }
+
+    std::array<std::shared_ptr<VirtualHost>, 2> hosts{makeVirtualHost(controllers[0]),
+                                                      makeVirtualHost(controllers[1])};
+};
+
+class KeyboardCommandsTest : public CommandsBench {
+protected:
+    static AttachedDevice deviceAt(const std::string& port, const std::string& name = "Keys") {
+        return {.port = port, .ids = {0x1209, 0x0001}, .name = name, .hasMidiStreaming = true};
+    }
+    static AttachedDevice strange(const std::string& port) {
+        AttachedDevice device = deviceAt(port, "Drum");
+        device.ids = {.vendor = 0x1234, .product = 0x5678};
+        return device;
+    }
+
+    ~KeyboardCommandsTest() override { KnownKeyboard::setNaming({}); }
+
+    void watch(const std::string& chosen = {}) {
+        keyboards = std::make_shared<Keyboards>(chosen, [this] { return plugged; });
+        open(keyboards);
+    }
+    void look() { commands().keyboard().look(); }
+    KeyboardCommands& choices() { return commands().keyboards(); }
+    QPushButton& picker() { return choices().picker(); }
+    // The entries of the picker, the one in use in brackets.
+    QStringList picks() {
+        QStringList texts;
+        for (const QAction* action : picker().menu()->actions())
+            texts.append(action->isChecked() ? "[" + action->text() + "]" : action->text());
+        return texts;
+    }
+    void pick(int place) { picker().menu()->actions().at(place)->trigger(); }
+
+    KeyboardsDialog& dialog() {
+        choices().action().trigger();
+        return *choices().dialog();
+    }
+    static void chooseRow(KeyboardsDialog& dialog, int row) {
+        dialog.table().setCurrentItem(dialog.table().topLevelItem(row));
+    }
+    // The buttons that can be pressed.
+    static QString enabled(KeyboardsDialog& dialog) {
+        QStringList names;
+        for (const QAbstractButton* button :
+             {&dialog.useButton(), &dialog.allowButton(), &dialog.addButton()})
+            if (button->isEnabled())
+                names.append(button->accessibleName());
+        return names.join(", ");
+    }
+
+    std::vector<AttachedDevice> plugged{deviceAt("1-1"), deviceAt("1-2")};
+    std::shared_ptr<Keyboards> keyboards;
+};
+
+TEST_F(KeyboardCommandsTest, TheVirtualControllerLeavesNothingToChoose) {
+    open();
+    EXPECT_FALSE(choices().action().isEnabled());
+    EXPECT_TRUE(picker().isHidden());
+}
+
+TEST_F(KeyboardCommandsTest, ThePickerIsThereWhileThereIsAChoice) {
+    plugged.clear();
+    watch();
+    EXPECT_TRUE(picker().isHidden());
+    plugged = {deviceAt("1-1"), strange("1-3")};
+    look();
+    EXPECT_TRUE(picker().isHidden()) << "one that is not listed is no choice";
+    plugged.push_back(deviceAt("1-2", "Pads & Keys"));
+    plugged.back().serial = "A17";
+    look();
+    EXPECT_FALSE(picker().isHidden());
+    EXPECT_EQ(picker().text(), "1-1 (Keys)");
+    EXPECT_EQ(picks(), (QStringList{"[1-1 (Keys)]", "1-2 (Pads && Keys, serial number A17)"}));
+    pick(1);
+    EXPECT_EQ(keyboards->chosen(), "A17");
+    EXPECT_EQ(picks(), (QStringList{"1-1 (Keys)", "[1-2 (Pads && Keys, serial number A17)]"}));
+    plugged.pop_back();
+    look();
+    EXPECT_FALSE(picker().isHidden()) << "the chosen one is away";
+    EXPECT_EQ(picker().text(), "Choose a Keyboard");
+    EXPECT_EQ(picks(), QStringList{"1-1 (Keys)"});
+}
+
+TEST_F(KeyboardCommandsTest, TwoKeyboardsInOneEveningAreNotMixedUp) {
+    watch();
+    KnownKeyboard::setNaming([this] { return keyboards->name(); });
+    const auto bus = std::make_shared<TwoControllers>();
+    Transport::instance().use(offerChosen(bus, [this] { return keyboards->offeredPort(); }),
+                              [](std::chrono::nanoseconds) {});
+    const BankImage first = bus->controllers[0]->bank();
+    const BankImage second = bus->controllers[1]->bank();
+    press(Qt::Key_R);
+    EXPECT_EQ(encodeBank(WindowAction::scenes()), first);
+    EXPECT_EQ(KnownKeyboard::name(), "Keys (1-1)");
+
+    pick(1);
+    EXPECT_FALSE(KnownKeyboard::image()) << "what the other one holds is not known";
+    plugged.erase(plugged.begin()); // the first one; the second stays the chosen one
+    look();
+    plugged.insert(plugged.begin(), deviceAt("1-1"));
+    look();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(picker().isEnabled()) << "a send is on its way to the chosen one";
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    EXPECT_TRUE(picker().isEnabled());
+    EXPECT_EQ(bus->controllers[1]->bank(), first);
+    EXPECT_EQ(bus->controllers[0]->bank(), first);
+    EXPECT_EQ(bus->controllers[0]->sendsEnded(), 0U);
+    EXPECT_EQ(KnownKeyboard::name(), "Keys (1-2)");
+    const auto kept = earlier().list();
+    ASSERT_FALSE(kept.empty());
+    EXPECT_EQ(kept.front().occasion.keyboard, "Keys (1-2)");
+    EXPECT_EQ(kept.front().image, second);
+}
+
+TEST_F(KeyboardCommandsTest, AChoiceIsRememberedAsLongAsItsKeyboardIsThere) {
+    watch();
+    pick(1);
+    close();
+    watch();
+    EXPECT_EQ(keyboards->chosen(), "1-2");
+    close();
+    plugged.pop_back();
+    watch();
+    EXPECT_EQ(keyboards->chosen(), "") << "the only one is used";
+}
+
+TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineIsNotRemembered) {
+    programSettings().setValue("keyboard", "1-1");
+    watch("1-2");
+    EXPECT_EQ(keyboards->chosen(), "1-2");
+    EXPECT_EQ(programSettings().value("keyboard").toString(), "1-1");
+}
+
+TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineThatIsNotThereSaysWhatIsUntilItIs) {
+    watch("1-3");
+    EXPECT_EQ(notice(), "There is no keyboard 1-3; plugged in: 1-1 (Keys), 1-2 (Keys)");
+    plugged.push_back(deviceAt("1-3"));
+    look();
+    EXPECT_EQ(notice(), "");
+}
+
+struct Row {
+    QString state;
+    QString enabled;
+};
+
+TEST_F(KeyboardCommandsTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
+    using Access = AttachedDevice::Access;
+    plugged = {deviceAt("1-1"), deviceAt("1-2"), deviceAt("1-3"), strange("1-4"), strange("1-5")};
+    plugged[0].access = Access::Claimed;
+    plugged[2].access = Access::NoPermission;
+    plugged[4].access = Access::NoPermission;
+    watch();
+    KeyboardsDialog& shown = dialog();
+    const std::vector<Row> rows{{"in use, busy", ""},
+                                {"ready", "Use This One"},
+                                {"not allowed", "Use This One, Copy Command"},
+                                {"not in the list", "Add To My List"},
+                                {"not in the list, not allowed", "Add To My List"}};
+    qputenv("PATH", "");
+    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+        chooseRow(shown, row);
+        EXPECT_EQ(shown.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
+        EXPECT_EQ(shown.table().topLevelItem(row)->text(3), rows.at(row).state);
+        EXPECT_EQ(enabled(shown), rows.at(row).enabled) << row;
+    }
+    plugged.clear();
+    look();
+    EXPECT_EQ(shown.help().text(), "No USB MIDI device is plugged in.");
+}
+
+TEST_F(KeyboardCommandsTest, TheDialogsRowStaysWhereItWasAndUseThisOneUsesIt) {
+    watch();
+    KeyboardsDialog& shown = dialog();
+    EXPECT_EQ(shown.table().currentItem()->text(1), "1-1") << "the one in use";
+    chooseRow(shown, 1);
+    plugged.insert(plugged.begin(), strange("1-0"));
+    look();
+    EXPECT_EQ(shown.table().currentItem()->text(1), "1-2");
+    shown.useButton().click();
+    EXPECT_EQ(keyboards->chosen(), "1-2");
+    EXPECT_EQ(shown.table().currentItem()->text(3), "in use");
+}
+
+// A folder of configuration and a path of programs of the test's own.
+class OwnFoldersTest : public KeyboardCommandsTest {
+protected:
+    OwnFoldersTest() {
+        qputenv("XDG_CONFIG_HOME", folder.path().c_str());
+        qputenv("PATH", folder.path().c_str());
+    }
+    ~OwnFoldersTest() override {
+        qputenv("PATH", path_);
+        qputenv("XDG_CONFIG_HOME", config_);
+    }
+
+    KeyboardsDialog& dialogOn(const AttachedDevice& device) {
+        plugged = {device};
+        watch();
+        KeyboardsDialog& shown = dialog();
+        chooseRow(shown, 0);
+        return shown;
+    }
+    KeyboardsDialog& dialogOnForbidden() {
+        AttachedDevice device = deviceAt("1-1");
+        device.access = AttachedDevice::Access::NoPermission;
+        return dialogOn(device);
+    }
+    // In place of the system's: it keeps what it is told, and does nothing of it.
+    void makePkexec(const QString& end) const {
+        QFile script(QString::fromStdString(folder.file("pkexec")));
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write(
+            QString("#!/bin/sh\nread -r first\necho \"$first\" >'%1'\necho \"$@\" >'%2'\n%3\n")
+                .arg(QString::fromStdString(folder.file("input")),
+                     QString::fromStdString(folder.file("words")), end)
+                .toUtf8());
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    [[nodiscard]] QString written(const char* name) const {
+        QFile text(file(name));
+        return text.open(QIODevice::ReadOnly) ? QString(text.readAll()) : QString();
+    }
+
+private:
+    QByteArray path_ = qgetenv("PATH");
+    QByteArray config_ = qgetenv("XDG_CONFIG_HOME");
+};
+
+TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboard) {
+    KeyboardsDialog& shown = dialogOn(strange("1-1"));
+    shown.addButton().click();
+    EXPECT_EQ(shown.table().topLevelItem(0)->text(3), "in use");
+    EXPECT_EQ(deviceList().front(), (DeviceIds{0x1234, 0x5678}));
+}
+
+TEST_F(OwnFoldersTest, AListThatCannotBeAddedToIsTold) {
+    std::filesystem::create_directories(folder.path() / "scenewright/project.plist");
+    KeyboardsDialog& shown = dialogOn(strange("1-1"));
+    shown.addButton().click();
+    EXPECT_TRUE(shown.help().text().contains(file("scenewright/project.plist")))
+        << shown.help().text().toStdString();
+}
+
+TEST_F(OwnFoldersTest, WithoutPolkitTheCommandIsCopied) {
+    KeyboardsDialog& shown = dialogOnForbidden();
+    shown.allowButton().click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), kAccessCommand);
+    EXPECT_TRUE(shown.help().text().startsWith("Copied.")) << shown.help().text().toStdString();
+}
+
+TEST_F(OwnFoldersTest, WithPolkitTheRulesOfTheListAreInstalled) {
+    makePkexec("exit 0");
+    KeyboardsDialog& shown = dialogOnForbidden();
+    EXPECT_EQ(shown.allowButton().accessibleName(), "Allow");
+    shown.allowButton().click();
+    ASSERT_TRUE(waitUntil([&shown] { return shown.help().text().startsWith("The rules are"); }));
+    EXPECT_EQ(written("input"),
+              QString::fromStdString(udevRules(deviceList())).section('\n', 0, 0) + '\n');
+    const QString words = written("words");
+    EXPECT_TRUE(words.startsWith("/bin/sh -c umask 022; cat >")) << words.toStdString();
+    EXPECT_TRUE(words.contains(QString(" %1 && udevadm control --reload").arg(kAccessRulesFile)));
+}
+
+TEST_F(OwnFoldersTest, RulesThatWereNotInstalledAreTold) {
+    for (const char* const end : {"exit 126", "kill -9 $$"}) {
+        makePkexec(end);
+        KeyboardsDialog& shown = dialogOnForbidden();
+        shown.allowButton().click();
+        EXPECT_TRUE(waitUntil([&shown] {
+            return shown.help().text() == "The rules were not installed.";
+        })) << end;
+        close();
+    }
+}
+
+} // namespace
+
+} // namespace scenewright::testing
