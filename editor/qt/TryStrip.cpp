@@ -27,7 +27,7 @@ constexpr int kExpectedWidth = 170;
 enum Column { Name, Wanted, Found };
 
 QString resultOf(const TryRun::Row& row, const Titles& noteNames) {
-    const QString text = shown(verdictText(row, noteNames));
+    QString text = shown(verdictText(row, noteNames));
     switch (row.verdict) {
     case TryRun::Verdict::Right:
         return QStringLiteral("✓ ") + text;

@@ -1909,7 +1909,7 @@
     </message>
     <message>
         <source>Playing scene %1 as the virtual controller holds it</source>
-        <translation>Szene %1 wird gespielt, wie der virtuelle Controller sie hält</translation>
+        <translation>Szene %1 wird gespielt, wie der virtuelle Controller sie enthält</translation>
     </message>
     <message>
         <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>

@@ -21,6 +21,13 @@ constexpr MidiMessage kPadOff{0x89, 38, 0};
 constexpr std::int32_t kThirdPad = kPad + 2;
 constexpr std::int32_t kKnob = 5;
 
+// Another program has the keyboard's port for itself.
+class TakenSequencer final : public ScriptedSequencer {
+public:
+    using ScriptedSequencer::ScriptedSequencer;
+    Result<void> listenTo(PortAddress /*port*/) override { return failure("it is taken"); }
+};
+
 class MonitorStripTest : public CommandsBench {
 protected:
     MonitorStripTest() {
@@ -32,6 +39,8 @@ protected:
                 if (!error.empty())
                     return failure(error);
                 ++opened;
+                if (isTaken)
+                    return std::make_unique<TakenSequencer>(ports);
                 return std::make_unique<ScriptedSequencer>(ports);
             },
             [] {
@@ -67,6 +76,7 @@ protected:
 
     std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
     std::string error;
+    bool isTaken = false;
     int opened = 0; // how often the sequencer was
 
 private:
@@ -195,6 +205,12 @@ TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
     EXPECT_FALSE(strip().action().isChecked());
     strip().chooseAction().setChecked(true);
     EXPECT_FALSE(strip().chooseAction().isChecked());
+}
+
+TEST_F(MonitorStripTest, APortThatIsTakenIsToldInOneSentence) {
+    isTaken = true;
+    strip().chooseAction().setChecked(true);
+    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
 }
 
 } // namespace

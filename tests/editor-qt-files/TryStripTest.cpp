@@ -4,6 +4,7 @@
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QMenu>
 #include <QTest>
@@ -119,6 +120,17 @@ TEST_F(TryStripTest, AReadEndsIt) {
     begin();
     window().commands().read();
     EXPECT_FALSE(strip().isVisible());
+}
+
+TEST_F(TryStripTest, AScreenReaderIsToldWhatIsNextAsAnAlert) {
+    begin();
+    QAccessibleInterface* face =
+        QAccessible::queryAccessibleInterface(strip().findChild<SpokenText*>());
+    EXPECT_EQ(face->role(), QAccessible::AlertMessage);
+    touch({0xB0, 74, 5});
+    EXPECT_EQ(face->text(QAccessible::Name), told());
+    for (const auto* button : strip().findChildren<QPushButton*>())
+        EXPECT_EQ(button->accessibleName(), button->text());
 }
 
 } // namespace
