@@ -10,6 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <iterator>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -171,6 +175,25 @@ TEST_F(SafeSendTest, TheEndOfTheProgramEndsIt) {
     Transport::instance().shutDown();
     EXPECT_EQ(send().outcome.value().end, End::Cancelled);
     EXPECT_TRUE(stores.journal.unfinished().empty());
+}
+
+TEST_F(SafeSendTest, WhatIsThrownTakesTheEntryOfASendAwayThatHasNotBegun) {
+    const auto entries = [this] {
+        return std::ranges::distance(std::filesystem::directory_iterator(folder.path() / "sends"));
+    };
+    for (const bool isBegun : {false, true}) {
+        SafeSend::Request request{.readsFirst = false};
+        request.sending = [isBegun](const std::function<void()>& step) {
+            if (isBegun)
+                step();
+            throw std::bad_alloc();
+        };
+        EXPECT_THROW(SafeSend::run(stores, std::move(request)), std::bad_alloc);
+        EXPECT_EQ(entries(), isBegun ? 1 : 0);
+        SendJob::waitForEnd();
+        EXPECT_EQ(controller->sendsEnded(), isBegun ? 1U : 0U);
+        EXPECT_EQ(entries(), 0);
+    }
 }
 
 class BrokenSend : public SafeSendTest {
