@@ -34,7 +34,7 @@ class Window:
         self.do("windowmove", window, "0", "0", "windowfocus", "--sync", window)
 
     def _find(self):
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Scenewright"],
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Scenewright"],
                                env=self.environment, capture_output=True, text=True, check=False)
         return found.stdout.strip()
 
