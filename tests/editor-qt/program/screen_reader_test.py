@@ -134,9 +134,10 @@ class Editor:
         self.act(box)
 
         def entry():
-            for part in self.parts(*box):
-                if self.reader.role(*part) == "list item" and self.reader.name(*part) == value:
-                    return part
+            for entries in self.reader.children(*box):
+                for part in self.reader.children(*entries):
+                    if self.reader.name(*part) == value:
+                        return part
             return None
 
         self.act(self.wait(value, entry))
