@@ -50,7 +50,8 @@ std::size_t scenesOfDigit(const std::string& text) {
 // In no other text a quotation mark stands without a backslash.
 std::size_t placeOfDigit(const FileContent& bytes) {
     constexpr std::string_view kBefore = "\"scenes\": \"";
-    return static_cast<std::size_t>(std::ranges::search(bytes, kBefore).end() - bytes.begin());
+    const auto found = std::search(bytes.begin(), bytes.end(), kBefore.begin(), kBefore.end());
+    return static_cast<std::size_t>(found - bytes.begin()) + kBefore.size();
 }
 
 std::int64_t millisecondsOf(SendJournal::Clock::time_point time) {
