@@ -27,7 +27,6 @@ using Messages = std::vector<MidiMessage>;
 
 constexpr PortAddress kSynth{128, 0};
 constexpr std::int32_t kKnob = 5;
-constexpr std::int32_t kKey = 21;
 // What the first pads, the first keys and the first knob of the default scenes send.
 constexpr std::uint8_t kPadNote = 36;
 constexpr std::uint8_t kKeyNote = 48;
