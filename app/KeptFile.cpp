@@ -3,6 +3,7 @@
 #include "bank/BankFile.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>

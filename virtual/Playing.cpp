@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <iterator>
 #include <span>
 #include <sstream>
 #include <string>

@@ -21,6 +21,21 @@ RUN_BY_THE_BUILD = {
 }
 
 
+# What a version of a library has in other headers too, and another version in this one alone.
+DECLARED_IN = {
+    "fmt::join(": "<fmt/ranges.h>",
+    "std::back_inserter(": "<iterator>",
+    "std::istream_iterator<": "<iterator>",
+}
+
+
+def undeclared(text):
+    return [
+        word for word, header in DECLARED_IN.items()
+        if word in text and f"#include {header}\n" not in text
+    ]
+
+
 def versioned(names):
     """Packages whose names hold on one release; what is built with brings the libraries along."""
     return [name for name in names if VERSIONED.search(name)]
@@ -70,6 +85,14 @@ class OtherSystems(unittest.TestCase):
         for name in ("--virtual", "--listen", "ASSIGNMENT"):
             self.assertIn(name, names)
         self.assertEqual(refused_names(names), [])
+
+    def test_what_moves_between_headers_is_included_from_where_it_stays(self):
+        self.assertEqual(undeclared("#include <fmt/format.h>\nfmt::join(a)"), ["fmt::join("])
+        self.assertEqual(undeclared("#include <fmt/ranges.h>\nfmt::join(a)"), [])
+        names = sources.files(ROOT, (".cpp", ".h"))
+        texts = {name: (ROOT / name).read_text() for name in names}
+        self.assertTrue(any("fmt::join(" in text for text in texts.values()))
+        self.assertEqual({name: found for name, text in texts.items() if (found := undeclared(text))}, {})
 
     def test_the_build_runs_nothing_that_it_built(self):
         planted = "add_custom_command(OUTPUT a\n COMMAND gzip a\n COMMAND $<TARGET_FILE:b> (c)\n)"

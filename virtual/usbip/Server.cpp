@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <iterator>
 #include <malloc.h>
 #include <string_view>
 #include <sys/resource.h>
