@@ -10,6 +10,7 @@ import hashlib
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 from pathlib import Path
@@ -34,17 +35,18 @@ CPPCHECK = [
 # Names that a file takes in for itself would reach the files that follow it in one unit.
 _TAKES_NAMES_IN = re.compile(r"^using (enum|namespace)\b", re.MULTILINE)
 
-# What is g++'s alone. The checkers take in nothing before the file itself: they see what it includes.
+# The checkers take in nothing before the file itself: they see what it includes.
 _NOT_FOR_CHECKERS = re.compile(
-    r" -Winvalid-pch| -include \S*cmake_pch\.hxx| -Wno-maybe-uninitialized"
+    r" -Winvalid-pch|( -Xclang)? -include(-pch)?( -Xclang)? \S*cmake_pch\.hxx(\.pch)?"
+    r"| -Wno-maybe-uninitialized"
 )
 
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
 
-def run(command):
+def run(command, folder=None):
     """(whether it went well, what it said)"""
-    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    done = subprocess.run(command, cwd=folder, capture_output=True, text=True, check=False)
     return done.returncode == 0, done.stdout + done.stderr
 
 
@@ -80,18 +82,20 @@ def format_command(root, path):
 
 
 def tidy_command(root, commands, path):
-    """`commands` is the folder of the compile commands."""
+    """`commands` is the folder of the compile commands, unless they follow."""
     config = f"--config-file={root / '.clang-tidy'}"
     return ["clang-tidy", "--quiet", config, f"-p={commands}", str(root / path)]
 
 
 def program_entries(root, build):
-    """The compile commands of the programs' own translation units; generated ones are left out,
-    and so are the tests, whose macros take the checker most of its time."""
+    """The compile commands of the programs' own translation units, one a file; generated ones are left
+    out, and so are the tests, whose macros take the checker most of its time."""
+    found = set()
     for entry in json.loads((build / "compile_commands.json").read_text()):
         path = Path(entry["file"])
         inside = path.is_relative_to(root) and not path.is_relative_to(build)
-        if inside and path.relative_to(root).parts[0] != "tests":
+        if inside and path not in found and path.relative_to(root).parts[0] != "tests":
+            found.add(path)
             entry["command"] = _NOT_FOR_CHECKERS.sub("", entry["command"])
             yield path.relative_to(root).as_posix(), entry
 
@@ -112,36 +116,48 @@ def check_one(root, passed, name, parts, command):
     return output or f"{name}: {command[0]} failed and said nothing"
 
 
+def named_in_errors(unit, folder, flags):
+    """The files that the compiler finds errors in when it reads this one."""
+    command = ["clang++", *flags, "-w", "-ferror-limit=0", "-fsyntax-only", str(unit)]
+    return re.findall(r"^(.+?):\d+:\d+: error: ", run(command, folder)[1], re.MULTILINE)
+
+
 def tidy_together(root, build, passed, jobs):
     """Marks what passes when it is checked as one unit with its folder's other files: most of the
-    checker's time goes into headers that they share. What does not pass so is checked by itself."""
+    checker's time goes into headers that they share. Files that give the same name to different
+    things go into different units. What does not pass so is checked by itself."""
     marks = {name: passed.mark(root, closure(root, name), *parts) for name, parts, _ in jobs}
     units = build / "checked" / "units"
     units.mkdir(parents=True, exist_ok=True)
     groups = {}
     for name, entry in program_entries(root, build):
         alone = _TAKES_NAMES_IN.search((root / name).read_text())
-        if name in marks and not marks[name].exists() and not alone:
-            flags = entry["command"].split(" -o ")[0]
-            groups.setdefault((Path(name).parent, flags), []).append((name, entry))
-    entries = []
-    for number, members in enumerate(groups.values()):
-        unit = units / f"{number}.cpp"
+        if not marks[name].exists() and not alone:
+            flags = shlex.split(entry["command"].split(" -o ")[0])[1:]
+            kind = (Path(name).parent, entry["directory"], *flags)
+            groups.setdefault(kind, []).append(name)
+
+    def write(unit, names):
         # Another file's including is what makes it one unit.
         mark = " // NOLINT(bugprone-suspicious-include)"
-        unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name, _ in members))
-        entry = members[0][1]
-        command = entry["command"].replace(entry["file"], str(unit))
-        entries.append({"directory": entry["directory"], "file": str(unit), "command": command})
-    (units / "compile_commands.json").write_text(json.dumps(entries))
+        unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name in names))
 
-    def check(members, entry):
-        if run(tidy_command(root, units, entry["file"]))[0]:
-            for name, _ in members:
-                marks[name].touch()
+    def check(number, group):
+        (_, folder, *flags), names = group
+        unit = units / f"{number}.cpp"
+        while len(names) > 1:
+            write(unit, names)
+            errors = named_in_errors(unit, folder, flags)
+            late = [name for name in names if str(root / name) in errors]
+            names = [name for name in names if name not in late]
+            write(unit, names)
+            if run([*tidy_command(root, units, unit), "--", *flags], folder)[0]:
+                for name in names:
+                    marks[name].touch()
+            names = late if names else []
 
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
-        list(pool.map(check, groups.values(), entries))
+        list(pool.map(check, range(len(groups)), groups.items()))
 
 
 def check_all(root, build, kind, jobs):

@@ -6,6 +6,7 @@ import shutil
 import subprocess
 import sys
 import unittest
+import unittest.mock
 from pathlib import Path
 
 import code_checks
@@ -20,7 +21,11 @@ FAULTS = {
     "tidy": ("Fault.cpp", CLEAN, "int f() {\n    int value;\n    value = 1;\n    return value;\n}\n"),
     "scripts": ("go", "#!/bin/bash\nexit 0\n", "#!/bin/bash\nrm -r $1/*\n"),
 }
-FLAGS = "c++ -I. -Winvalid-pch -include /b/cmake_pch.hxx -o x -c"  # of a build with precompiled headers
+# Of a build with precompiled headers.
+FLAGS = (
+    "c++ -I. -Winvalid-pch -Xclang -include-pch -Xclang /b/cmake_pch.hxx.pch "
+    "-Xclang -include -Xclang /b/cmake_pch.hxx -o x -c"
+)
 
 
 class CodeChecks(TreeTest):
@@ -60,6 +65,17 @@ class CodeChecks(TreeTest):
         self.write("model/Whole.cpp", '#include "model/Part.h"\nint whole() {\n    return 1;\n}\n')
         self.assertEqual(self.outputs("tidy"), [])
         self.write("model/Part.h", "#pragma once\ninline " + FAULTS["tidy"][2])
+        self.assertEqual(len(self.outputs("tidy")), 1)
+
+    def test_files_are_checked_as_one_unit_but_for_those_with_a_name_of_another(self):
+        for name in ("First", "Second"):
+            static = "static int one() {\n    return 1;\n}\n"
+            self.write(f"model/{name}.cpp", f"{static}int of{name}() {{\n    return one();\n}}\n")
+        with unittest.mock.patch.object(code_checks, "run", wraps=code_checks.run) as run:
+            self.assertEqual(self.outputs("tidy"), [])
+        checks = [call.args[0][4] for call in run.mock_calls if "--quiet" in call.args[0]]
+        self.assertEqual(len(checks), 2, checks)
+        self.write("model/Second.cpp", static + FAULTS["tidy"][2])
         self.assertEqual(len(self.outputs("tidy")), 1)
 
     def run_check(self, kind, version=None):
