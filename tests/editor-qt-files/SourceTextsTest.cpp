@@ -4,6 +4,7 @@
 #include "bank/BankJson.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Libraries.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/MidiNames.h"
 #include "model/Setting.h"
@@ -32,8 +33,8 @@ protected:
                 given_ << shown(shortName(name));
         given_ << "CC"
                << "MIDI";
-        given_ += QStringList{"Ctrl+R", "Ctrl+Return",        "SCENE1", "SCENE2", "SCENE3",
-                              "SCENE4", folder.path().c_str()};
+        given_ += QStringList{"Ctrl+R", "Ctrl+Return", "Shift+F1", "SCENE1",
+                              "SCENE2", "SCENE3",      "SCENE4",   folder.path().c_str()};
         given_.removeAll(QString());
         given_.removeDuplicates();
     }
@@ -100,7 +101,12 @@ TEST_F(SourceTextsTest, AValueOutsideItsList) {
 TEST_F(SourceTextsTest, TheGainPanelAndTheVersions) {
     open();
     expectAllOwn(window().gainPanel());
-    expectAllOwn(About(&window()));
+    // Licences and libraries have their own words.
+    QStringList words = shown(licenceText()).split('\n');
+    for (const Library& library : libraries())
+        words += {shown(library.name), shown(library.version), shown(library.licence)};
+    words.removeAll(QString());
+    expectAllOwn(About(&window()), words);
 }
 
 TEST_F(SourceTextsTest, TheMenusOfFilesAndEarlierScenes) {
@@ -115,6 +121,19 @@ TEST_F(SourceTextsTest, TheMenusOfFilesAndEarlierScenes) {
     }
     commands().earlier().restoreLatest();
     expectTold(notice());
+}
+
+TEST_F(SourceTextsTest, PlayingAndTrying) {
+    open();
+    commands().useVirtual();
+    window().menu().view().actions().back()->setChecked(true);
+    window().picture().button(kPad)->click();
+    press(Qt::Key_R);
+    commands().trying().action().trigger();
+    expectAllOwn(window());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    expectAllOwn(commands().trying());
+    expectAllOwn(commands().playing());
 }
 
 TEST_F(SourceTextsTest, TheFileDialogs) {

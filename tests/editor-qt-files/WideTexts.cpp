@@ -76,7 +76,7 @@ QString WideTranslator::translate(const char* context, const char* text,
         return {};
     if (written.startsWith(QLatin1String("Ctrl+")))
         return written;
-    static const QRegularExpression kKept(QStringLiteral(R"(%\d|\{[^}]*\}|\*\.[a-z]+)"));
+    static const QRegularExpression kKept(QStringLiteral(R"(%[\ds]|\{[^}]*\}|\*\.[a-z]+)"));
     QString wide;
     qsizetype end = 0;
     for (auto match = kKept.globalMatch(written); match.hasNext();) {
