@@ -145,18 +145,17 @@ class ResourceLists(unittest.TestCase):
 
 
 class ListsOfTheLanguages(unittest.TestCase):
-    def each(self):
+    def each(self, check):
         for language in LANGUAGES:
+            lists = plistlib.loads((RESOURCES / f"basic_{language}.plist").read_bytes())
+            words = tree.parse(RESOURCES / "translations" / f"scenewright_{language}.ts")
+            texts = {message.findtext("source"): message.findtext("translation")
+                     for message in words.getroot().iter("message")}
             with self.subTest(language=language):
-                lists = plistlib.loads((RESOURCES / f"basic_{language}.plist").read_bytes())
-                texts = {}
-                words = tree.parse(RESOURCES / "translations" / f"scenewright_{language}.ts")
-                for message in words.getroot().iter("message"):
-                    texts[message.findtext("source")] = message.findtext("translation")
-                yield language, lists, texts
+                check(language, lists, texts)
 
     def test_every_list_of_words_is_there_whole_and_translated(self):
-        for language, lists, texts in self.each():
+        def check(language, lists, texts):
             self.assertEqual(texts["basic"], f"basic_{language}")
             self.assertEqual(lists.keys(), WORDS)
             for key, titles in lists.items():
@@ -165,10 +164,11 @@ class ListsOfTheLanguages(unittest.TestCase):
                 self.assertLessEqual(same - SAME[language], set(CHANNELS), key)
                 self.assertEqual(len(titles), len(set(titles)), key)
 
+        self.each(check)
+
     def test_a_word_is_spelt_as_in_the_windows_texts(self):
-        for _, lists, texts in self.each():
-            kinds = [texts[kind] for kind in COUNTS]
-            numbered = [f"{kind} {n}" for kind, count in zip(kinds, COUNTS.values())
+        def check(_, lists, texts):
+            numbered = [f"{texts[kind]} {n}" for kind, count in COUNTS.items()
                         for n in range(1, count + 1)]
             self.assertEqual(lists["control"], [texts["Common"], *numbered])
             for mode, label in MODES.items():
@@ -176,6 +176,8 @@ class ListsOfTheLanguages(unittest.TestCase):
             self.assertEqual(lists["button-MIDICh"], lists["common-pianoKeyCh"])
             self.assertEqual(lists["button-assginType"][0], lists["button-enable"][0])
             self.assertEqual(lists["button-assginType"][2], texts["Note"])
+
+        self.each(check)
 
 
 if __name__ == "__main__":
