@@ -51,6 +51,7 @@ KeyboardCommands::KeyboardCommands(MainWindow& window, std::shared_ptr<Keyboards
     picker_->setAutoDefault(false);
     picker_->setMenu(choices_);
     picker_->setAccessibleDescription(tr("Which keyboard to use"));
+    picker_->setAccessibleName(picker_->accessibleDescription());
     choices_->setAccessibleName(picker_->accessibleDescription());
     picker_->hide();
     window.status().addMark(*picker_);
@@ -117,6 +118,7 @@ void KeyboardCommands::fillPicker(const std::vector<PluggedDevice>& devices) {
     }
     picker_->setVisible(choices_->actions().size() > (isUsed ? 1 : 0));
     picker_->setText(picker_->fontMetrics().elidedText(title, Qt::ElideRight, kPickerWidth));
+    picker_->setAccessibleName(title);
     picker_->setToolTip(title);
     picker_->setAccessibleName(title);
 }
