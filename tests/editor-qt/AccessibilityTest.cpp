@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
 #include <QTest>
 
 #include <string>
