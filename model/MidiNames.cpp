@@ -180,7 +180,7 @@ std::span<const std::string_view> percussionNames() {
 
 std::span<const std::string_view> optionNames(const Setting& setting, std::int32_t assignType) {
     if (setting.name() != "CCOrNoteNumber")
-        return {};
+        return writtenTitles(setting.list());
     const bool isNote = setting.details().noteList != nullptr && assignType == kAssignNote;
     return isNote ? percussionNames() : controllerNames();
 }

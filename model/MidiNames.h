@@ -28,8 +28,8 @@ inline constexpr std::int32_t kPercussionChannel = 9;
 [[nodiscard]] std::span<const std::string_view> percussionNames();
 
 // What the options of the setting are called beside their titles, in a control of this
-// `AssignType`: one of the two above for the number that a control sends, and nothing for every
-// other setting.
+// `AssignType`: one of the two above for the number that a control sends, and for every other
+// setting what writtenTitles() gives.
 [[nodiscard]] std::span<const std::string_view> optionNames(const Setting& setting,
                                                             std::int32_t assignType);
 

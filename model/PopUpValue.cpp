@@ -96,13 +96,19 @@ std::shared_ptr<PopUpValue> popUpValueOf(const PropertyValue& basic,
     return lists;
 }
 
-// The list file of the language, as far as it is not behind the user's own.
+constexpr std::string_view kWritten = "basic";
+
+// As in basic_de.
+std::string listFileOfLanguage() {
+    return translated(sourceText("scenewright::Lists", "basic"));
+}
+
+// What it holds, as far as it is not behind the user's own.
 PropertyValue wordsOfLanguage() {
-    // The name of the language's list file, as in basic_de
-    const std::string name = translated(sourceText("scenewright::Lists", "basic"));
-    const std::array<std::string_view, 2> names{name, "basic"};
+    const std::string name = listFileOfLanguage();
+    const std::array<std::string_view, 2> names{name, kWritten};
     const auto file = Resources::findFirst(names, "plist");
-    if (!file || file->stem() == names.back())
+    if (!file || file->stem() == kWritten)
         return {};
     return readPropertyList(*file).value_or(PropertyValue());
 }
@@ -141,6 +147,17 @@ std::shared_ptr<PopUpValue> loadPopUpValue() {
 
 std::shared_ptr<PopUpValue> loadShownPopUpValue() {
     return popUpValueOf(Resources::load("basic"), wordsOfLanguage());
+}
+
+std::span<const std::string_view> writtenTitles(const OptionList& list) {
+    if (listFileOfLanguage() == kWritten)
+        return {};
+    static const std::shared_ptr<PopUpValue> written = loadPopUpValue();
+    static std::map<std::string_view, std::vector<std::string_view>> byKey;
+    const auto [entry, isNew] = byKey.try_emplace(list.key);
+    if (const Titles& titles = list.of(*written); isNew && titles)
+        entry->second.assign(titles->begin(), titles->end());
+    return entry->second;
 }
 
 Result<std::shared_ptr<PopUpValue>> readPopUpValue() {

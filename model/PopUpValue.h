@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -127,6 +128,10 @@ inline constexpr std::size_t kOptionListCount = 47;
 // the language has too, basic_de.plist for German, in the same length, has its titles. Where
 // basic.plist is found in an earlier folder than that file, it is the user's, and stays as it is.
 [[nodiscard]] std::shared_ptr<PopUpValue> loadShownPopUpValue();
+
+// The titles of a list in basic.plist where the person's language has its own words for them; empty
+// where what is shown is what is written. Read once; main thread.
+[[nodiscard]] std::span<const std::string_view> writtenTitles(const OptionList& list);
 
 // As loadPopUpValue(), or one sentence that names the file: it cannot be read, or one of its lists
 // has fewer titles than the keyboard's settings need.

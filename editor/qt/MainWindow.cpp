@@ -27,6 +27,7 @@ MainWindow::MainWindow(QuitController& application, Appearance& appearance, bool
     list_->fitTitles();
     windowController_.windowDidLoad();
     menu_->setModes(displayModes_->titles());
+    displayModes_->setNames(writtenTitles(PopUpValue::display_Select_ArrayList));
     connectChoices();
     connectCommands();
     connectQuit();

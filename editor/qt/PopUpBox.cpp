@@ -33,7 +33,7 @@ public:
 
     void keyboardSearch(const QString& text) override {
         QListView::keyboardSearch(text);
-        if (const int found = search_.type(text, box_.titles()); found >= 0)
+        if (const int found = search_.type(text, box_.titles(), box_.names()); found >= 0)
             setCurrentIndex(model()->index(found, 0));
     }
 
@@ -87,23 +87,24 @@ bool isReturn(const QKeyEvent& event) {
 
 } // namespace
 
-int findTyped(const QStringList& entries, const QString& typed) {
+int findTyped(const QStringList& entries, const QString& typed, EntryNames names) {
     std::vector<std::string> titles;
     for (const QString& entry : entries)
         titles.push_back(entry.toStdString());
-    return typedPosition(typed.toStdString(), titles).value_or(-1);
+    return typedPosition(typed.toStdString(), titles, names).value_or(-1);
 }
 
 std::chrono::milliseconds TypedSearch::pause() {
     return std::chrono::milliseconds(QApplication::keyboardInputInterval());
 }
 
-int TypedSearch::type(const QString& text, const QStringList& entries, Clock::time_point now) {
+int TypedSearch::type(const QString& text, const QStringList& entries, EntryNames names,
+                      Clock::time_point now) {
     if (now - last_ > pause())
         typed_.clear();
     last_ = now;
     typed_ += text;
-    return findTyped(entries, typed_);
+    return findTyped(entries, typed_, names);
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -180,7 +181,7 @@ QSize PopUpBox::minimumSizeHint() const {
 }
 
 void PopUpBox::type(const QString& text) {
-    const int found = search_.type(text, titles());
+    const int found = search_.type(text, titles(), names_);
     chosen_ = chosen_.value_or(currentIndex());
     setCurrentIndex(found >= 0 ? found : *chosen_); // "Db" is no entry, but "Db2" is
     pause_.start(TypedSearch::pause());

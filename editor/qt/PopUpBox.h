@@ -11,12 +11,18 @@
 
 #include <chrono>
 #include <optional>
+#include <span>
+#include <string_view>
 
 namespace scenewright {
 
 // The entry that `typed` means by the rules of model/TypedValue.h; -1 for none, and for several.
-// "1" is 1 and not 10, "db2" is C#2; "c" is nothing yet where there are several octaves.
-[[nodiscard]] int findTyped(const QStringList& entries, const QString& typed);
+// "1" is 1 and not 10, "db2" is C#2; "c" is nothing yet where there are several octaves. `names`
+// are what the entries are called beside their titles, in their order, empty where one has none:
+// "sustain" is 64.
+using EntryNames = std::span<const std::string_view>;
+[[nodiscard]] int findTyped(const QStringList& entries, const QString& typed,
+                            EntryNames names = {});
 
 // Gathers keystrokes: those between which no more than the toolkit's keyboard input interval goes
 // by make one text.
@@ -27,7 +33,7 @@ public:
     [[nodiscard]] static std::chrono::milliseconds pause();
 
     // Adds `text`; -1 when the whole means nothing, or nothing yet.
-    [[nodiscard]] int type(const QString& text, const QStringList& entries,
+    [[nodiscard]] int type(const QString& text, const QStringList& entries, EntryNames names = {},
                            Clock::time_point now = Clock::now());
     // The next keystroke begins anew.
     void clear() { typed_.clear(); }
@@ -74,6 +80,9 @@ public:
     void setEnabled(bool enabled) override;
 
     [[nodiscard]] QStringList titles() const;
+    // As in findTyped(); they outlive the box.
+    void setNames(EntryNames names) { names_ = names; }
+    [[nodiscard]] EntryNames names() const { return names_; }
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     void showPopup() override;
@@ -94,6 +103,7 @@ private:
     // What was typed is no longer of any meaning.
     void forgetTyping();
 
+    EntryNames names_;
     TypedSearch search_;
     QTimer pause_;
     std::optional<int> chosen_; // while an entry is shown that was typed and not yet chosen

@@ -4,6 +4,7 @@
 #include "editor/SettingHelp.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/QtHelpers.h"
+#include "model/MidiNames.h"
 #include "model/Setting.h"
 
 #include <QEvent>
@@ -145,6 +146,8 @@ void ValuePanes::show(const ViewController& view) {
         body.sends->setText(sends);
         body.sends->setAccessibleName(sends.isEmpty() ? tr("What it sends") : sends);
     }
+    if (const ControlRange* const range = controlRangeOf(index))
+        showNames(view, range->kind, index - range->start);
     hint_->setVisible(
         std::ranges::all_of(bodies_, [](const Body& body) { return body.frame->isHidden(); }));
     giveKeyboardBack();
@@ -152,6 +155,15 @@ void ValuePanes::show(const ViewController& view) {
     const auto& records = view.sceneValue()->buttonValueArray();
     if (index >= pads.start && index < pads.end() && std::cmp_less_equal(index, records.size()))
         showSwatch(padColour(*records[static_cast<std::size_t>(index - 1)]));
+}
+
+void ValuePanes::showNames(const ViewController& view, ControlKind kind, std::int32_t member) {
+    const Setting* const type = findSetting(kind, ButtonValue::AssignTypeField.name);
+    const std::int32_t assignType =
+        type == nullptr ? kAssignOff : type->read(*view.sceneValue(), member);
+    for (const ValuePopUp& row : valuePopUps())
+        if (row.pane() == kind)
+            popUps_.at(row.name)->setNames(optionNames(*row.setting, assignType));
 }
 
 bool ValuePanes::eventFilter(QObject* watched, QEvent* event) {

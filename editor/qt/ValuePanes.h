@@ -28,7 +28,7 @@ public:
     // `view` must outlive the panes' last event.
     void connectTo(ViewController& view);
 
-    // Brings headings, hint and the pad's mixed colour up to date.
+    // Brings headings, hint, the names of options and the pad's mixed colour up to date.
     void show(const ViewController& view);
 
     [[nodiscard]] PaneFrame& pane(ControlKind kind) const;
@@ -60,6 +60,7 @@ private:
     // `help` answers "What's this?" and is what a screen reader tells beside the title.
     void addField(Body& body, const QString& title, QWidget& field, const QString& help);
     void addSwatch(Body& body);
+    void showNames(const ViewController& view, ControlKind kind, std::int32_t member);
     void showSwatch(const Colour& colour);
     // Brings the keyboard back into the panes when it was in one that was hidden: to the same
     // field, to one of the same title, or to the first.

@@ -100,6 +100,18 @@ TEST_P(TranslationTest, ListsAndDisplayModesSpeakTheLanguageAndFilesDoNot) {
     EXPECT_NE(saved.find(R"("//PadBehavior": "Momentary")"), std::string::npos);
 }
 
+TEST_P(TranslationTest, TitlesAreTypedInTheLanguageOrAsTheyAreWritten) {
+    open();
+    window().picture().button(14)->click();
+    PopUpBox& box = window().panes().popUp("padPadBehavior");
+    type(box, QStringLiteral("toggle"));
+    EXPECT_EQ(box.currentIndex(), 1);
+    type(box, QStringLiteral("rel"));
+    EXPECT_EQ(box.currentIndex(), 3);
+    type(window().displayModes(), QStringLiteral("off"));
+    EXPECT_EQ(window().displayModes().currentIndex(), 6);
+}
+
 TEST_P(TranslationTest, NoLabelOfAPaneIsCut) {
     MainWindow& shown = open();
     read(); // the settings of the scene as a whole stand first

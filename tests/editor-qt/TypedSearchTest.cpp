@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <string_view>
 
 namespace scenewright {
 namespace {
@@ -39,19 +41,25 @@ TEST(FindTyped, NothingForTextThatNoEntryHas) {
     EXPECT_EQ(findTyped({}, "9"), -1);
 }
 
+TEST(FindTyped, NameOfAnEntryFindsItToo) {
+    constexpr std::array<std::string_view, 2> kNames{"Off", "On"};
+    EXPECT_EQ(findTyped({"Aus", "Ein"}, "on", kNames), 1);
+    EXPECT_EQ(findTyped({"Aus", "Ein"}, "ein", kNames), 1);
+}
+
 TEST(TypedSearch, KeystrokesCloseTogetherMakeOneText) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
-    EXPECT_EQ(search.type("1", kNumbers, start), 1);
-    EXPECT_EQ(search.type("2", kNumbers, start + TypedSearch::pause()), 4);
-    EXPECT_EQ(search.type("7", kNumbers, start + 2 * TypedSearch::pause()), 7);
+    EXPECT_EQ(search.type("1", kNumbers, {}, start), 1);
+    EXPECT_EQ(search.type("2", kNumbers, {}, start + TypedSearch::pause()), 4);
+    EXPECT_EQ(search.type("7", kNumbers, {}, start + 2 * TypedSearch::pause()), 7);
 }
 
 TEST(TypedSearch, PauseBeginsAnew) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
-    EXPECT_EQ(search.type("1", kNumbers, start), 1);
-    EXPECT_EQ(search.type("2", kNumbers, start + TypedSearch::pause() + milliseconds(1)), 2);
+    EXPECT_EQ(search.type("1", kNumbers, {}, start), 1);
+    EXPECT_EQ(search.type("2", kNumbers, {}, start + TypedSearch::pause() + milliseconds(1)), 2);
 }
 
 TEST(TypedSearch, PauseIsTheToolkits) {
@@ -61,18 +69,18 @@ TEST(TypedSearch, PauseIsTheToolkits) {
 TEST(TypedSearch, ClearingBeginsAnew) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
-    EXPECT_EQ(search.type("1", kNumbers, start), 1);
+    EXPECT_EQ(search.type("1", kNumbers, {}, start), 1);
     search.clear();
-    EXPECT_EQ(search.type("2", kNumbers, start), 2);
+    EXPECT_EQ(search.type("2", kNumbers, {}, start), 2);
 }
 
 TEST(TypedSearch, KeystrokeThatLeadsNowhereYetIsKept) {
     TypedSearch search;
     const TypedSearch::Clock::time_point start{std::chrono::hours(1)};
-    EXPECT_EQ(search.type("D", kNotes, start), 2);
-    EXPECT_EQ(search.type("b", kNotes, start + milliseconds(1)), -1);
-    EXPECT_EQ(search.type("4", kNotes, start + milliseconds(2)), 5);
-    EXPECT_EQ(search.type("0", kNotes, start + milliseconds(3)), -1);
+    EXPECT_EQ(search.type("D", kNotes, {}, start), 2);
+    EXPECT_EQ(search.type("b", kNotes, {}, start + milliseconds(1)), -1);
+    EXPECT_EQ(search.type("4", kNotes, {}, start + milliseconds(2)), 5);
+    EXPECT_EQ(search.type("0", kNotes, {}, start + milliseconds(3)), -1);
 }
 
 } // namespace
