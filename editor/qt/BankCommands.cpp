@@ -12,6 +12,8 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTreeView>
 #include <QUrl>
 
@@ -100,6 +102,18 @@ BankCommands::BankCommands(MainWindow& window, StoreFiles files, History& histor
                   .suggestion = &BankCommands::sceneSuggestion,
                   .name = "saveScene"});
     window_.menu().file().insertSeparator(&window_.menu().quit());
+    addFileEntry({.title = tr("Export S&heet..."),
+                  .keys = {},
+                  .mode = Mode::AcceptSave,
+                  .command = &BankCommands::exportSheet,
+                  .filters = {tr("PDF, a page a scene (*.pdf)"), tr("SVG, a drawing (*.svg)"),
+                              tr("PNG, a picture (*.png)")},
+                  .suffixes = {QStringLiteral("pdf"), QStringLiteral("svg"), QStringLiteral("png")},
+                  .suggestion = &BankCommands::bankSuggestion,
+                  .name = "exportSheet"});
+    QAction& print = addEntry(tr("Pr&int..."), QKeySequence(tr("Ctrl+P")), "print");
+    connect(&print, &QAction::triggered, this, &BankCommands::print);
+    window_.menu().file().insertSeparator(&window_.menu().quit());
     connect(recent_, &QMenu::aboutToShow, this, &BankCommands::fillRecent);
     window_.setAcceptDrops(true);
     window_.installEventFilter(this);
@@ -167,6 +181,40 @@ QString BankCommands::sceneSuggestion() const {
     QString name = shown(displayName(window_.view().sceneValue()->commonValue()->SceneName()));
     name = name.replace(QLatin1Char('/'), QLatin1Char('-')).trimmed();
     return name.isEmpty() ? tr("Scene %1").arg(window_.view().sceneIndex() + 1) : name;
+}
+
+SceneSheet BankCommands::sheet() const {
+    std::vector<SceneSheet::Page> pages;
+    for (const auto& scene : WindowAction::scenes())
+        pages.push_back({scene, static_cast<std::int32_t>(pages.size())});
+    return {window_.view().pu(), std::move(pages), QFileInfo(document_.file()).fileName()};
+}
+
+void BankCommands::exportSheet(const QString& file) {
+    window_.finishTyping();
+    RecentFiles::setFolderOf(file);
+    window_.notices().postResult(Notice::Source::Files,
+                                 sheet().write(pathOf(file), SceneSheet::usualPaper()),
+                                 tr("Exported the sheet to %1").arg(QFileInfo(file).fileName()));
+}
+
+void BankCommands::print() {
+    window_.finishTyping();
+    auto& dialog = makeChild<QPrintDialog>(&window_);
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    dialog.setMinMax(1, kSceneCount);
+    dialog.setFromTo(1, kSceneCount);
+    connect(&dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
+            [this](QPrinter* printer) {
+                const bool isRange = printer->printRange() == QPrinter::PageRange;
+                const auto first = static_cast<std::size_t>(isRange ? printer->fromPage() - 1 : 0);
+                const auto last =
+                    static_cast<std::size_t>(isRange ? printer->toPage() - 1 : kSceneCount - 1);
+                printer->setFullPage(true);
+                sheet().draw(*printer, first, last);
+            });
+    dialog.open();
 }
 
 void BankCommands::askForScene(const QString& question, const std::vector<std::string>& names,

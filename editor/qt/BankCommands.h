@@ -6,6 +6,7 @@
 #include "editor/qt/Document.h"
 #include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/SceneSheet.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -43,6 +44,9 @@ public:
     // Into the scene that is shown. Of a file that holds four it is asked which one.
     void openScene(const QString& file);
     void saveScene(const QString& file);
+    // A page of paper each scene: as the file's name ends, or by the printer that is chosen.
+    void exportSheet(const QString& file);
+    void print();
 
     [[nodiscard]] QMenu& recentMenu() { return *recent_; }
 
@@ -72,6 +76,7 @@ private:
     static void followFilter(QFileDialog& dialog, const FileEntry& entry);
     [[nodiscard]] QString bankSuggestion() const;
     [[nodiscard]] QString sceneSuggestion() const;
+    [[nodiscard]] SceneSheet sheet() const;
     // Asks for one of four scenes; `chosen` is told its place.
     void askForScene(const QString& question, const std::vector<std::string>& names,
                      const std::function<void(std::int32_t place)>& chosen);

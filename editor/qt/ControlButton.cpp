@@ -17,7 +17,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr QColor kPlainTitle(214, 219, 226);
 // One of the two is seen on whatever ground.
 constexpr QColor kFocusOuter(255, 255, 255);
 constexpr QColor kFocusInner(8, 12, 18);
@@ -30,7 +29,7 @@ constexpr qreal kWholeDrag = 160;       // device-independent pixels, for the wh
 constexpr qreal kWholeWheel = 32 * 120; // in the wheel's eighths of a degree, 32 notches
 
 QColor colourOf(const std::optional<Colour>& colour) {
-    return colour ? QColor(colour->red, colour->green, colour->blue) : kPlainTitle;
+    return colour ? QColor(colour->red, colour->green, colour->blue) : kPlainCaption;
 }
 
 struct Arrow {

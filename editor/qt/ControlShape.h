@@ -50,6 +50,9 @@ struct CaptionSetting {
     bool fits = true; // false: even the smallest legible setting is larger than the room
 };
 
+// What a caption is written in where nothing else is wanted.
+inline constexpr QColor kPlainCaption(214, 219, 226);
+
 // The smallest size that a caption is set in, in device-independent pixels.
 inline constexpr int kSmallestCaption = 9;
 

@@ -39,7 +39,6 @@ qreal distance(const QRectF& from, const QRectF& to, int right, int down) {
 
 constexpr QSize kPictureSize(940, 384);
 constexpr QSize kMinSize(504, 206);
-constexpr qreal kCaption = 12.5; // in the drawing's units
 
 QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {
     const QRectF there(area.topLeft() + place.topLeft() * scale, place.size() * scale);
@@ -188,7 +187,7 @@ void DevicePicture::resizeEvent(QResizeEvent* event) {
     const qreal scale = drawing_.size().isEmpty() ? 0 : area.width() / drawing_.size().width();
     for (ControlButton* made : buttons_) {
         made->setGeometry(scaled(drawing_.place(made->tag()), area, scale));
-        made->setLargestCaption(static_cast<int>(std::lround(kCaption * scale)));
+        made->setLargestCaption(static_cast<int>(std::lround(kLargestCaption * scale)));
     }
 }
 

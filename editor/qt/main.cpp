@@ -1,12 +1,18 @@
 // The editor's window as a program.
 #include "app/Launch.h"
 #include "app/ListCheck.h"
+#include "app/StoreFiles.h"
+#include "app/WindowAction.h"
 #include "editor/qt/ConnectionKeeper.h"
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/QtHelpers.h"
 #include "editor/qt/QuitController.h"
+#include "editor/qt/SceneSheet.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
+#include "model/Control.h"
+#include "model/PopUpValue.h"
 #include "platform/Arguments.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"
@@ -16,14 +22,20 @@
 #include "usb/Transport.h"
 
 #include <QApplication>
+#include <QLocale>
+#include <QPageSize>
+#include <fmt/format.h>
 
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -77,10 +89,13 @@ int printAnswer(const std::string& answer) {
 }
 
 // Those of the options, and the file to open.
-std::vector<NamedFile> namedFiles(const LaunchOptions& options, const std::string& file) {
+std::vector<NamedFile> namedFiles(const LaunchOptions& options, const std::string& file,
+                                  const std::string& sheet) {
     std::vector<NamedFile> files = launchFiles(options);
     if (!file.empty())
         files.push_back({file, FileUse::Read, {}, "the file that is to be opened"});
+    if (!sheet.empty())
+        files.push_back({sheet, FileUse::Replaced, sheet + ": the sheet", "the sheet"});
     return files;
 }
 
@@ -131,6 +146,35 @@ int showWindow(const LaunchOptions& options, const std::shared_ptr<Keyboards>& k
     return exitCode;
 }
 
+// Needs no display.
+int drawSheet(const Arguments& arguments, int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ToolkitMessages::hold();
+    const QGuiApplication application(argc, argv);
+    ToolkitMessages::letGo();
+    const Translation translation(QLocale::system());
+    const std::filesystem::path file = arguments.text("FILE");
+    WindowAction::getSceneValue();
+    const auto opened = StoreFiles::openAtStart(file, 0);
+    if (!opened)
+        return reportError(opened.error(), kExitUsage);
+    const std::int32_t count = opened->isScene ? 1 : kSceneCount;
+    const std::int32_t first = arguments.number("--scene").value_or(1) - 1;
+    const std::int32_t last = arguments.has("--scene") ? first : count - 1;
+    if (last >= count)
+        return reportError(fmt::format("{}: it holds one scene", file.string()), kExitUsage);
+    std::vector<SceneSheet::Page> pages;
+    for (std::int32_t place = first; place <= last; ++place)
+        pages.push_back({WindowAction::getSceneWithIndex(place), place});
+    const std::string paper = arguments.text("--paper");
+    SceneSheet sheet(loadPopUpValue(), std::move(pages), shown(file.filename().string()));
+    const auto written =
+        sheet.write(arguments.text("--sheet"), paper.empty()       ? SceneSheet::usualPaper()
+                                               : paper == "Letter" ? QPageSize::Letter
+                                                                   : QPageSize::A4);
+    return written ? EXIT_SUCCESS : reportError(written.error(), kExitError);
+}
+
 int run(int argc, char** argv) {
     Shutdown shutdown;
     const auto line = parseArguments(editorSyntax(), argc, argv);
@@ -140,12 +184,19 @@ int run(int argc, char** argv) {
         return printAnswer(*line->answer);
     const LaunchOptions options = launchOptions(line->arguments);
     const std::string file = line->arguments.text("FILE");
+    const std::string sheet = line->arguments.text("--sheet");
+    if (sheet.empty() && (line->arguments.has("--scene") || line->arguments.has("--paper")))
+        return reportError(refusedArgument("--scene and --paper belong to --sheet"), kExitUsage);
+    if (!sheet.empty() && file.empty())
+        return reportError(refusedArgument("--sheet: FILE is missing"), kExitUsage);
     Diagnostics::setConsole(consoleSink(STDOUT_FILENO));
     Diagnostics::setLog(logSink(STDERR_FILENO));
-    if (const auto checked = checkNamedFiles(namedFiles(options, file)); !checked)
+    if (const auto checked = checkNamedFiles(namedFiles(options, file, sheet)); !checked)
         return reportError(checked.error(), kExitUsage);
     if (const auto launched = launch(options); !launched)
         return reportError(launched.error(), kExitUsage);
+    if (line->arguments.has("--sheet"))
+        return drawSheet(line->arguments, argc, argv);
     if (!hasDisplay())
         return reportError("there is no display to open a window on; scenewright-cli does the same "
                            "work without one",

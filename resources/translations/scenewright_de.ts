@@ -281,6 +281,34 @@
         <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
         <translation>%1 Dateien wurden abgelegt, aber nur eine kann offen sein; legen Sie eine davon ab</translation>
     </message>
+    <message>
+        <source>Export S&amp;heet...</source>
+        <translation>B&amp;latt exportieren...</translation>
+    </message>
+    <message>
+        <source>PDF, a page a scene (*.pdf)</source>
+        <translation>PDF, eine Seite je Szene (*.pdf)</translation>
+    </message>
+    <message>
+        <source>SVG, a drawing (*.svg)</source>
+        <translation>SVG, eine Zeichnung (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG, a picture (*.png)</source>
+        <translation>PNG, ein Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>Dru&amp;cken...</translation>
+    </message>
+    <message>
+        <source>Ctrl+P</source>
+        <translation>Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Exported the sheet to %1</source>
+        <translation>Das Blatt steht in %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -856,6 +884,14 @@
     <message>
         <source>{}: the keyboard stands there now, but another list is used</source>
         <translation>{}: Das Keyboard steht jetzt darin, aber es gilt eine andere Liste</translation>
+    </message>
+    <message>
+        <source>{0}: a sheet is written to a file that ends in one of {1}</source>
+        <translation>{0}: Ein Blatt wird in eine Datei geschrieben, deren Name auf eines von {1} endet</translation>
+    </message>
+    <message>
+        <source>{}: the sheet cannot be drawn</source>
+        <translation>{}: Das Blatt kann nicht gezeichnet werden</translation>
     </message>
 </context>
 <context>
@@ -2089,6 +2125,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Szene %1 zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneSheet</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1, Kanal %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>Sendet</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Szene %1: %2</translation>
     </message>
 </context>
 <context>

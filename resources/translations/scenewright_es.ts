@@ -281,6 +281,34 @@
         <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
         <translation>Se soltaron %1 archivos, pero solo puede haber uno abierto; suelte uno de ellos</translation>
     </message>
+    <message>
+        <source>Export S&amp;heet...</source>
+        <translation>Exportar &amp;hoja...</translation>
+    </message>
+    <message>
+        <source>PDF, a page a scene (*.pdf)</source>
+        <translation>PDF, una página por escena (*.pdf)</translation>
+    </message>
+    <message>
+        <source>SVG, a drawing (*.svg)</source>
+        <translation>SVG, un dibujo (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG, a picture (*.png)</source>
+        <translation>PNG, una imagen (*.png)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>&amp;Imprimir...</translation>
+    </message>
+    <message>
+        <source>Ctrl+P</source>
+        <translation>Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Exported the sheet to %1</source>
+        <translation>La hoja está en %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -856,6 +884,14 @@
     <message>
         <source>{}: the keyboard stands there now, but another list is used</source>
         <translation>{}: el teclado ya figura ahí, pero se usa otra lista</translation>
+    </message>
+    <message>
+        <source>{0}: a sheet is written to a file that ends in one of {1}</source>
+        <translation>{0}: una hoja se escribe en un archivo que termina en uno de {1}</translation>
+    </message>
+    <message>
+        <source>{}: the sheet cannot be drawn</source>
+        <translation>{}: la hoja no se puede dibujar</translation>
     </message>
 </context>
 <context>
@@ -1913,7 +1949,7 @@
     </message>
     <message>
         <source>Rows from A and W: keys, octave %1 (Z, X)   1–8: pads   velocity %2 (C, V)   −, =: knob or slider</source>
-        <translation>Filas desde A y W: teclas, octava %1 (Z, X)   1–8: pads   velocidad %2 (C, V)   ', ¡: control</translation>
+        <translation>Filas desde A y W: teclas, octava %1 (Z, X)   1–8: pads   velocidad %2 (C, V)   &apos;, ¡: control</translation>
     </message>
 </context>
 <context>
@@ -2089,6 +2125,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Restablecer escena %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneSheet</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1, canal %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nada</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>Envía</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Escena %1: %2</translation>
     </message>
 </context>
 <context>

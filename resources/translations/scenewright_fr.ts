@@ -281,6 +281,34 @@
         <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
         <translation>%1 fichiers ont été déposés, mais un seul peut être ouvert ; déposez-en un</translation>
     </message>
+    <message>
+        <source>Export S&amp;heet...</source>
+        <translation>Exporter la &amp;feuille...</translation>
+    </message>
+    <message>
+        <source>PDF, a page a scene (*.pdf)</source>
+        <translation>PDF, une page par scène (*.pdf)</translation>
+    </message>
+    <message>
+        <source>SVG, a drawing (*.svg)</source>
+        <translation>SVG, un dessin (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG, a picture (*.png)</source>
+        <translation>PNG, une image (*.png)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>&amp;Imprimer...</translation>
+    </message>
+    <message>
+        <source>Ctrl+P</source>
+        <translation>Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Exported the sheet to %1</source>
+        <translation>La feuille est dans %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -856,6 +884,14 @@
     <message>
         <source>{}: the keyboard stands there now, but another list is used</source>
         <translation>{} : le clavier y figure à présent, mais une autre liste est utilisée</translation>
+    </message>
+    <message>
+        <source>{0}: a sheet is written to a file that ends in one of {1}</source>
+        <translation>{0} : une feuille s’écrit dans un fichier qui se termine par l’un de {1}</translation>
+    </message>
+    <message>
+        <source>{}: the sheet cannot be drawn</source>
+        <translation>{} : la feuille ne peut pas être dessinée</translation>
     </message>
 </context>
 <context>
@@ -2089,6 +2125,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Réinitialiser la scène %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneSheet</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1, canal %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>Envoie</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>Scène %1 : %2</translation>
     </message>
 </context>
 <context>

@@ -281,6 +281,34 @@
         <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
         <translation>%1 個のファイルがドロップされましたが、開けるのは 1 つだけです。1 つをドロップしてください</translation>
     </message>
+    <message>
+        <source>Export S&amp;heet...</source>
+        <translation>シートを書き出す(&amp;H)...</translation>
+    </message>
+    <message>
+        <source>PDF, a page a scene (*.pdf)</source>
+        <translation>PDF、シーンごとに 1 ページ (*.pdf)</translation>
+    </message>
+    <message>
+        <source>SVG, a drawing (*.svg)</source>
+        <translation>SVG、図面 (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG, a picture (*.png)</source>
+        <translation>PNG、画像 (*.png)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>印刷(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+P</source>
+        <translation>Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Exported the sheet to %1</source>
+        <translation>シートを %1 に書き出しました</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -856,6 +884,14 @@
     <message>
         <source>{}: the keyboard stands there now, but another list is used</source>
         <translation>{}: キーボードは追加されましたが、別の一覧が使われています</translation>
+    </message>
+    <message>
+        <source>{0}: a sheet is written to a file that ends in one of {1}</source>
+        <translation>{0}: シートは次のいずれかで終わるファイルに書き出します: {1}</translation>
+    </message>
+    <message>
+        <source>{}: the sheet cannot be drawn</source>
+        <translation>{}: シートを描画できません</translation>
     </message>
 </context>
 <context>
@@ -2089,6 +2125,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>シーン %1 のリセット</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneSheet</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1、チャンネル %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>送信内容</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>シーン %1: %2</translation>
     </message>
 </context>
 <context>

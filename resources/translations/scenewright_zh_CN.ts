@@ -281,6 +281,34 @@
         <source>%1 files were dropped, and one can be open at a time; drop one of them</source>
         <translation>拖放了 %1 个文件，但一次只能打开一个；请只拖放其中一个</translation>
     </message>
+    <message>
+        <source>Export S&amp;heet...</source>
+        <translation>导出谱单(&amp;H)...</translation>
+    </message>
+    <message>
+        <source>PDF, a page a scene (*.pdf)</source>
+        <translation>PDF，每个场景一页 (*.pdf)</translation>
+    </message>
+    <message>
+        <source>SVG, a drawing (*.svg)</source>
+        <translation>SVG，矢量图 (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG, a picture (*.png)</source>
+        <translation>PNG，图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>打印(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Ctrl+P</source>
+        <translation>Ctrl+P</translation>
+    </message>
+    <message>
+        <source>Exported the sheet to %1</source>
+        <translation>谱单已导出到 %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -856,6 +884,14 @@
     <message>
         <source>{}: the keyboard stands there now, but another list is used</source>
         <translation>{}：键盘已写入，但使用的是另一个列表</translation>
+    </message>
+    <message>
+        <source>{0}: a sheet is written to a file that ends in one of {1}</source>
+        <translation>{0}：谱单写入以下列之一结尾的文件：{1}</translation>
+    </message>
+    <message>
+        <source>{}: the sheet cannot be drawn</source>
+        <translation>{}：无法绘制谱单</translation>
     </message>
 </context>
 <context>
@@ -2089,6 +2125,29 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>重置场景 %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::SceneSheet</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1，通道 %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Scene %1: %2</source>
+        <translation>场景 %1：%2</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <fmt/format.h>
 
+#include <filesystem>
+
 namespace scenewright::testing {
 namespace {
 
@@ -209,6 +211,39 @@ TEST(ProgramOptions, FolderOfResourcesThatIsMissingIsRefused) {
     const auto run = runProgram({programPath(), "--virtual", "--resources", "/no/such/folder"});
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_EQ(run.errors, "scenewright: /no/such/folder: no such folder of resources\n");
+}
+
+struct SheetCase {
+    std::vector<std::string> words;
+    int exitCode;
+    std::string errors; // the end of them
+};
+
+TEST(ProgramSheet, TheCommandLineDrawsItWithoutADisplay) {
+    const TempFolder folder;
+    const std::string bank = folder.file("live.bank");
+    const std::string pdf = folder.file("live.pdf");
+    writeBytes(bank, bytesOf(usableScenes()));
+    const std::string cli = SCENEWRIGHT_BINARY_DIR "/bin/scenewright-cli";
+    for (const SheetCase& row : std::vector<SheetCase>{
+             {{cli, "sheet", bank, pdf}, 0, ""},
+             {{cli, "sheet", "--scene", "2", "--paper", "Letter", bank, pdf}, 0, ""},
+             {{programPath(), "--sheet", pdf, bank}, 0, ""},
+             {{cli, "sheet", folder.file("none"), pdf}, 2, "No such file or directory.\n"},
+             {{cli, "sheet", bank, folder.file("live.gif")}, 1, "one of pdf, svg, png\n"},
+             {{cli, "sheet", bank, bank}, 1, "one of pdf, svg, png\n"},
+             {{programPath(), "--sheet", pdf}, 2, "FILE is missing (--help tells more)\n"},
+             {{programPath(), "--scene", "2", bank},
+              2,
+              "--scene and --paper belong to --sheet (--help tells more)\n"}}) {
+        std::filesystem::remove(pdf);
+        const auto run = runProgram(row.words, {"DISPLAY=", "QT_QPA_PLATFORM="});
+        EXPECT_EQ(run.exitCode, row.exitCode) << run.errors;
+        EXPECT_TRUE(run.errors.ends_with(row.errors)) << run.errors;
+        EXPECT_EQ(run.errors.empty(), row.errors.empty()) << run.errors;
+        EXPECT_EQ(std::filesystem::exists(pdf), row.exitCode == 0);
+    }
+    EXPECT_EQ(readBytes(bank), bytesOf(usableScenes()));
 }
 
 } // namespace

@@ -1,0 +1,292 @@
+#include "editor/qt/SceneSheet.h"
+
+#include "editor/ControlDescription.h"
+#include "editor/qt/QtHelpers.h"
+#include "model/ControlOutput.h"
+#include "model/MidiNames.h"
+#include "platform/AtomicFile.h"
+#include "platform/Text.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QLocale>
+#include <QPageLayout>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <QTextOption>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace scenewright {
+
+namespace {
+
+// Lengths on the paper are in tenths of a point, so that whole numbers do for the size of a font.
+constexpr qreal kUnitsPerPoint = 10;
+constexpr qreal kMargin = 340; // 12 mm
+constexpr int kHeading = 160;
+constexpr int kSmall = 80;
+constexpr qreal kGap = 100;
+constexpr std::array kTableFonts{76, 72, 68, 64, 60, 56, 52, 48}; // the first that fits
+constexpr qreal kRowGap = 16;
+constexpr qreal kCellGap = 50;
+constexpr qreal kColumnGap = 60;
+constexpr qreal kSendsPart = 0.42; // of what the names leave of the width
+constexpr std::int32_t kFirstKey = controlRange(ControlKind::Key).start; // in the right half
+constexpr qreal kPictureWidth = 940; // in device-independent pixels, as in the window
+constexpr std::int32_t kNumbers = 2; // the display mode
+constexpr qreal kPngDotsPerPoint = 150.0 / 72;
+constexpr QColor kInk(0, 0, 0);
+constexpr QColor kRule(170, 170, 170);
+constexpr qreal kRuleWidth = 3;
+constexpr qreal kTallest = 10000; // a row
+
+QFont fontOf(int size, bool isBold = false) {
+    QFont font;
+    font.setPixelSize(size);
+    font.setBold(isBold);
+    return font;
+}
+
+// Words are broken where one alone is too long.
+QTextOption wrapped() {
+    QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+QSizeF unitsOf(QPageSize::PageSizeId paper) {
+    return QPageSize(paper).size(QPageSize::Point) * kUnitsPerPoint;
+}
+
+QRectF inside(const QRectF& paper) {
+    return paper.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+}
+
+// Rows of texts below one another, each as high as it needs; only measured unless `isDrawn`.
+class Table {
+public:
+    // `names` is how wide the first column's widest text is.
+    Table(QPainter& painter, qreal left, qreal width, qreal names, bool isDrawn)
+        : painter_(painter), left_(left), width_(width), isDrawn_(isDrawn) {
+        const qreal rest = width - names - kCellGap;
+        columns_ = {names + kCellGap, rest * kSendsPart, rest * (1 - kSendsPart)};
+    }
+
+    // Gives where the next one begins.
+    qreal row(const SceneSheet::Row& texts, qreal top) {
+        qreal bottom = top;
+        qreal left = left_;
+        for (std::size_t column = 0; column < texts.size(); ++column) {
+            const qreal width = columns_.at(column);
+            const QRectF room(left, top, width - kCellGap, kTallest);
+            bottom =
+                std::max(bottom, painter_.boundingRect(room, texts.at(column), wrapped()).bottom());
+            if (isDrawn_)
+                painter_.drawText(room, texts.at(column), wrapped());
+            left += width;
+        }
+        if (isDrawn_)
+            rule(bottom + kRowGap / 2);
+        return bottom + kRowGap;
+    }
+
+private:
+    void rule(qreal at) {
+        painter_.setPen(QPen(kRule, kRuleWidth));
+        painter_.drawLine(QPointF(left_, at), QPointF(left_ + width_, at));
+        painter_.setPen(kInk);
+    }
+
+    QPainter& painter_;
+    qreal left_;
+    qreal width_;
+    std::array<qreal, 3> columns_{};
+    bool isDrawn_;
+};
+
+} // namespace
+
+QPageSize::PageSizeId SceneSheet::usualPaper() {
+    const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    return isLetter ? QPageSize::Letter : QPageSize::A4;
+}
+
+SceneSheet::SceneSheet(std::shared_ptr<const PopUpValue> lists, std::vector<Page> pages,
+                       QString title)
+    : lists_(std::move(lists)), pages_(std::move(pages)), title_(std::move(title)) {}
+
+SceneSheet::Row SceneSheet::rowOf(const SceneValue& scene, std::int32_t control) const {
+    const QString name = shown(controlName(control));
+    const QString settings = shown(describeControl(*lists_, scene, control)).mid(name.size() + 2);
+    const auto output = controlOutput(scene, control);
+    if (output)
+        return {
+            name,
+            tr("%1, channel %2").arg(shown(outputName(*lists_, *output))).arg(output->channel + 1),
+            settings};
+    return {name, output.error() == Silence::Group ? QString() : tr("nothing"), settings};
+}
+
+void SceneSheet::drawControlOf(QPainter& painter, std::int32_t tag, const SceneValue& scene,
+                               qreal scale) const {
+    const ControlKind kind = controlRangeOf(tag)->kind;
+    const ControlShape shape = shapeOf(kind, tag);
+    const auto place = static_cast<std::size_t>(tag - 1);
+    const auto& records = scene.buttonValueArray();
+    const ButtonValue record = place < records.size() ? *records[place] : ButtonValue();
+    const Colour light = kind == ControlKind::Pad ? padColour(record) : Colour{};
+    const QRectF bounds = drawing_.place(tag);
+    const QRectF room(bounds.topLeft() * scale, bounds.size() * scale);
+    drawControl(painter, room, {.shape = shape, .light = {light.red, light.green, light.blue}});
+    const QString text = shown(displaySummary(*lists_, kind, record, kNumbers));
+    const QRectF caption = captionRect(shape, room);
+    const int largest = static_cast<int>(std::lround(kLargestCaption * scale));
+    drawCaption(painter, caption, text, setCaption(text, caption.size(), QFont(), largest),
+                kPlainCaption);
+}
+
+void SceneSheet::drawPicture(QPainter& painter, const QRectF& room, const SceneValue& scene) {
+    const qreal scale = kPictureWidth / drawing_.size().width();
+    painter.save();
+    painter.translate(room.topLeft());
+    painter.scale(room.width() / kPictureWidth, room.width() / kPictureWidth);
+    drawing_.drawBody(painter, QRectF(QPointF(), drawing_.size() * scale));
+    for (const bool isAbove : {false, true}) // the black keys lie on the white ones
+        for (std::int32_t tag = 1; tag < kControlIndexEnd; ++tag)
+            if ((shapeOf(controlRangeOf(tag)->kind, tag) == ControlShape::BlackKey) == isAbove)
+                drawControlOf(painter, tag, scene, scale);
+    painter.restore();
+}
+
+qreal SceneSheet::drawTable(QPainter& painter, const QRectF& room, const SceneValue& scene,
+                            const TablePart& part) const {
+    painter.setFont(fontOf(part.font));
+    qreal names = 0;
+    for (std::int32_t control = part.from; control < part.to; ++control)
+        names = std::max(
+            names,
+            painter.boundingRect(room, Qt::TextSingleLine, shown(controlName(control))).width());
+    Table table(painter, room.left(), room.width(), names, part.isDrawn);
+    painter.setFont(fontOf(part.font, true));
+    qreal bottom = table.row({QString(), tr("Sends"), tr("Settings")}, room.top());
+    painter.setFont(fontOf(part.font));
+    for (std::int32_t control = part.from; control < part.to; ++control)
+        bottom = table.row(rowOf(scene, control), bottom);
+    return bottom;
+}
+
+qreal SceneSheet::drawTables(QPainter& painter, const QRectF& room, const SceneValue& scene,
+                             int font, bool isDrawn) const {
+    const QSizeF half((room.width() - kColumnGap) / 2, room.height());
+    const QPointF right(room.left() + half.width() + kColumnGap, room.top());
+    return std::max(
+        drawTable(painter, {room.topLeft(), half}, scene, {1, kFirstKey, font, isDrawn}),
+        drawTable(painter, {right, half}, scene, {kFirstKey, kControlIndexEnd, font, isDrawn}));
+}
+
+void SceneSheet::drawPage(QPainter& painter, const QRectF& room, const Page& page) {
+    const SceneValue& scene = *page.scene;
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setPen(kInk);
+    painter.setFont(fontOf(kHeading, true));
+    const auto& common = scene.commonValue();
+    const QString name = common ? shown(displayName(common->SceneName())) : QString();
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignTop,
+                     tr("Scene %1: %2").arg(page.place + 1).arg(name));
+    painter.setFont(fontOf(kSmall));
+    painter.drawText(room, Qt::AlignRight | Qt::AlignTop, title_);
+    qreal top = room.top() + kHeading + kGap;
+    const QString settings = rowOf(scene, 0).at(2);
+    const QRectF line(QPointF(room.left(), top), room.bottomRight());
+    painter.drawText(line, settings, wrapped());
+    top += painter.boundingRect(line, settings, wrapped()).height() + kGap;
+
+    const qreal height = room.width() * drawing_.size().height() / drawing_.size().width();
+    drawPicture(painter, QRectF(room.left(), top, room.width(), height), scene);
+    const QRectF rest(QPointF(room.left(), top + height + kGap), room.bottomRight());
+    const auto* const fitting = std::ranges::find_if(kTableFonts, [&](int font) {
+        return drawTables(painter, rest, scene, font, false) <= rest.bottom();
+    });
+    drawTables(painter, rest, scene, fitting == kTableFonts.end() ? kTableFonts.back() : *fitting,
+               true);
+}
+
+void SceneSheet::draw(QPagedPaintDevice& device, std::size_t first, std::size_t last) {
+    QPainter painter(&device);
+    const QRectF whole(QPointF(),
+                       device.pageLayout().fullRect(QPageLayout::Point).size() * kUnitsPerPoint);
+    const qreal scale = painter.viewport().width() / whole.width();
+    painter.scale(scale, scale);
+    for (std::size_t page = first; page <= last && page < pages_.size(); ++page) {
+        if (page != first)
+            device.newPage();
+        drawPage(painter, inside(whole), pages_[page]);
+    }
+}
+
+void SceneSheet::drawAsStrip(QPainter& painter, const QSizeF& paper) {
+    for (std::size_t page = 0; page < pages_.size(); ++page)
+        drawPage(painter, inside({QPointF(0, paper.height() * static_cast<qreal>(page)), paper}),
+                 pages_[page]);
+}
+
+bool SceneSheet::render(QIODevice& sink, const QString& suffix, QPageSize::PageSizeId paper) {
+    const QSizeF one = unitsOf(paper);
+    const QSizeF all(one.width(), one.height() * static_cast<qreal>(pages_.size()));
+    if (suffix == QLatin1String("pdf")) {
+        QPdfWriter writer(&sink);
+        writer.setPageSize(QPageSize(paper));
+        writer.setPageMargins({});
+        writer.setTitle(title_);
+        draw(writer, 0, pages_.size() - 1);
+        return true;
+    }
+    if (suffix == QLatin1String("svg")) {
+        QSvgGenerator generator;
+        generator.setOutputDevice(&sink);
+        generator.setTitle(title_);
+        generator.setSize((all / kUnitsPerPoint).toSize());
+        generator.setViewBox(QRectF(QPointF(), all));
+        generator.setResolution(72);
+        QPainter painter(&generator);
+        drawAsStrip(painter, one);
+        return true;
+    }
+    const qreal scale = kPngDotsPerPoint / kUnitsPerPoint;
+    QImage image((all * scale).toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    drawAsStrip(painter, one);
+    painter.end();
+    return image.save(&sink, "PNG");
+}
+
+Result<void> SceneSheet::write(const std::filesystem::path& file, QPageSize::PageSizeId paper) {
+    if (drawing_.trouble())
+        return failure(*drawing_.trouble());
+    const QString suffix = QFileInfo(QString::fromStdString(file.string())).suffix().toLower();
+    if (!QStringList{"pdf", "svg", "png"}.contains(suffix))
+        return failure(translated(sourceText("scenewright::File",
+                                             "{0}: a sheet is written to a file that ends in one "
+                                             "of {1}"),
+                                  readableText(file.string()), kSheetSuffixes));
+    QBuffer sink;
+    sink.open(QIODevice::WriteOnly);
+    if (!render(sink, suffix, paper))
+        return failure(translated(sourceText("scenewright::File", "{}: the sheet cannot be drawn"),
+                                  readableText(file.string())));
+    const QByteArray bytes = sink.data();
+    return replaceFile(file, {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                              static_cast<std::size_t>(bytes.size())})
+        .map([](const Replaced&) {});
+}
+
+} // namespace scenewright

@@ -1,0 +1,162 @@
+#include "editor/qt/SceneSheet.h"
+
+#include "app/WindowAction.h"
+#include "editor/qt/Translation.h"
+#include "model/PopUpValue.h"
+#include "tests/support/TempFolder.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+class SceneSheetTest : public ::testing::Test {
+protected:
+    SceneSheetTest() { WindowAction::getSceneValue(); }
+
+    static ButtonValue& record(std::int32_t control) {
+        return *WindowAction::scenes()[0]->buttonValueArray().at(static_cast<std::size_t>(control) -
+                                                                 1);
+    }
+    [[nodiscard]] static SceneSheet sheet(std::size_t count = 4) {
+        std::vector<SceneSheet::Page> pages;
+        for (std::size_t place = 0; place < count; ++place)
+            pages.push_back({WindowAction::scenes().at(place), static_cast<std::int32_t>(place)});
+        return {loadPopUpValue(), std::move(pages), QStringLiteral("live.bank")};
+    }
+    [[nodiscard]] std::string file(const char* name) const { return folder_.file(name); }
+    // What is written to a file of that name.
+    [[nodiscard]] QByteArray written(const char* name, SceneSheet drawn = sheet(),
+                                     QPageSize::PageSizeId paper = QPageSize::A4) const {
+        const auto done = drawn.write(file(name), paper);
+        EXPECT_TRUE(done) << (done ? "" : done.error());
+        QFile bytes(QString::fromStdString(file(name)));
+        return bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray();
+    }
+    [[nodiscard]] QImage picture(QPageSize::PageSizeId paper = QPageSize::A4) const {
+        return QImage::fromData(written("sheet.png", sheet(), paper), "PNG");
+    }
+
+private:
+    TempFolder folder_;
+};
+
+// How many dots of the part are not white.
+int inkIn(const QImage& image, const QRect& part) {
+    int count = 0;
+    const QImage cut = image.copy(part).convertToFormat(QImage::Format_Grayscale8);
+    for (int y = 0; y < cut.height(); ++y) {
+        const std::span line(cut.constScanLine(y), static_cast<std::size_t>(cut.width()));
+        count += static_cast<int>(cut.width() - std::ranges::count(line, 255));
+    }
+    return count;
+}
+
+// The margins of a strip of pages are white, and what is inside is not.
+void expectWithinMargins(const QImage& image, int pages) {
+    constexpr int kMargin = 68; // a little less than 12 mm, in dots
+    const int height = image.height() / pages;
+    for (int page = 0; page < pages; ++page) {
+        const QRect whole(0, page * height, image.width(), height);
+        const QRect inner = whole.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+        EXPECT_EQ(inkIn(image, whole) - inkIn(image, inner), 0) << page;
+        EXPECT_GT(inkIn(image, inner), whole.width() * whole.height() / 10) << page;
+    }
+}
+
+TEST_F(SceneSheetTest, APdfHasAPageEachScene) {
+    const QByteArray pdf = written("live.pdf");
+    EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    EXPECT_EQ(QString::fromLatin1(pdf).count(QRegularExpression("/Type /Page\\b(?!s)")), 4);
+    EXPECT_EQ(QString::fromLatin1(written("one.PDF", sheet(1)))
+                  .count(QRegularExpression("/Type /Page\\b(?!s)")),
+              1);
+}
+
+TEST_F(SceneSheetTest, APictureHasThePagesBelowOneAnotherOnWhitePaper) {
+    const QImage letter = picture(QPageSize::Letter);
+    EXPECT_EQ(letter.size(), QSize(1275, 4 * 1650));
+    expectWithinMargins(letter, 4);
+    const QImage a4 = picture();
+    EXPECT_NEAR(a4.width(), 1240, 1);
+    EXPECT_NEAR(a4.height(), 4 * 1754, 8);
+    expectWithinMargins(a4, 4);
+}
+
+// Every pad and key sends a controller with a long name, in each language.
+TEST_F(SceneSheetTest, TheLongestTextsStayOnThePage) {
+    for (const auto& scene : WindowAction::scenes())
+        for (std::size_t control = 12; control < scene->buttonValueArray().size(); ++control) {
+            scene->buttonValueArray()[control]->setAssignType(1);
+            scene->buttonValueArray()[control]->setCCOrNoteNumber(91);
+        }
+    for (const char* const language : {"de", "es", "fr"}) {
+        const Translation translation{QLocale(language)};
+        ASSERT_TRUE(translation.isLoaded());
+        expectWithinMargins(QImage::fromData(written("one.png", sheet(1)), "PNG"), 1);
+    }
+}
+
+TEST_F(SceneSheetTest, APadShinesInItsColour) {
+    for (const std::int32_t pad : {13, 14})
+        record(pad).setAssignType(0);
+    record(13).setCR(127);
+    record(13).setCG(0);
+    record(13).setCB(0);
+    const auto reddish = [this] {
+        const QImage page = QImage::fromData(written("one.png", sheet(1)), "PNG");
+        int count = 0;
+        for (int y = 0; y < page.height() / 2; ++y)
+            for (int x = 0; x < page.width(); ++x) {
+                const QRgb dot = page.pixel(x, y);
+                count += qRed(dot) > 150 && qGreen(dot) < 60 && qBlue(dot) < 60 ? 1 : 0;
+            }
+        return count;
+    };
+    const int lit = reddish();
+    record(13).setCR(0);
+    EXPECT_GT(lit, reddish() + 100);
+}
+
+TEST_F(SceneSheetTest, TheTableSaysInWordsWhatEachControlSendsAndIsSetTo) {
+    record(5).setEnable(1);
+    record(5).setCCOrNoteNumber(74);
+    record(1).setMIDIChannel(2);
+    record(13).setAssignType(0);
+    const QString svg = QString::fromUtf8(written("live.svg"));
+    for (const char* const text : {"Scene 1: SCENE1", "Scene 4: SCENE4", "live.bank", "Knob 1",
+                                   "CC 74 Brightness", "channel 3", "Key 25", "nothing"})
+        EXPECT_TRUE(svg.contains(QLatin1String(text))) << text;
+}
+
+TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
+    for (const auto& [name, sentence] : std::vector<std::pair<std::string, std::string>>{
+             {"live.gif", ": a sheet is written to a file that ends in one of pdf, svg, png"},
+             {"live", ": a sheet is written to a file that ends in one of pdf, svg, png"},
+             {"none/live.pdf", ": No such file or directory."}}) {
+        const auto done = sheet().write(file(name.c_str()), QPageSize::A4);
+        ASSERT_FALSE(done);
+        EXPECT_TRUE(done.error().ends_with(sentence)) << done.error();
+    }
+}
+
+TEST_F(SceneSheetTest, ASceneWithoutControlsIsAPageAllTheSame) {
+    SceneSheet drawn(loadPopUpValue(), {{std::make_shared<SceneValue>(), 0}}, {});
+    EXPECT_TRUE(drawn.write(file("bare.pdf"), QPageSize::A4));
+}
+
+} // namespace
+
+} // namespace scenewright::testing
