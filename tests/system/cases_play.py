@@ -211,7 +211,7 @@ def case_connections_are_back_after_a_read_and_a_send(rig):
 
 
 def note_file():
-    return os.path.expanduser("~/.local/state/scenewright/connections.json")
+    return os.path.join(os.environ["XDG_STATE_HOME"], "scenewright/connections.json")
 
 
 def start_waiting_read(rig, keyboard):
