@@ -29,7 +29,7 @@ void tell(const std::string& sentence) {
 
 Result<void> print(Trial& trial) {
     const std::string results = trial.results();
-    const auto printed = results.empty() ? Result<void>{} : printOut(results);
+    auto printed = results.empty() ? Result<void>{} : printOut(results);
     for (const std::string& sentence : trial.words())
         tell(sentence);
     return printed;
