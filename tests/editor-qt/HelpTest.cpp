@@ -71,9 +71,25 @@ std::vector<QTextCharFormat> formatsOf(const QTextDocument& page) {
     return formats;
 }
 
-bool isMissing(const QTextDocument& page, const QTextCharFormat& picture) {
-    const QUrl name(picture.toImageFormat().name());
-    return page.resource(QTextDocument::ImageResource, name).value<QImage>().isNull();
+// What a page links to and shows.
+struct Content {
+    QStringList links;
+    int pictures = 0;
+    int missing = 0; // of the pictures
+};
+
+Content contentOf(const QTextDocument& page) {
+    Content content;
+    for (const QTextCharFormat& format : formatsOf(page)) {
+        content.links.append(format.anchorHref().section('#', 0, 0));
+        if (!format.isImageFormat())
+            continue;
+        const QUrl name(format.toImageFormat().name());
+        const QVariant picture = page.resource(QTextDocument::ImageResource, name);
+        ++content.pictures;
+        content.missing += picture.value<QImage>().isNull() ? 1 : 0;
+    }
+    return content;
 }
 
 TEST_F(HelpTest, F1OpensTheGuideAtItsFirstPage) {
@@ -95,11 +111,10 @@ TEST_F(HelpTest, EachPageOfTheGuideCanBeReachedAndHasItsPictures) {
             continue;
         guide.pages().setSource(guide.pages().source().resolved(QUrl(file)));
         EXPECT_EQ(pageOf(guide), file);
-        for (const QTextCharFormat& format : formatsOf(page)) {
-            waiting.append(format.anchorHref().section('#', 0, 0));
-            pictures += format.isImageFormat() ? 1 : 0;
-            EXPECT_FALSE(format.isImageFormat() && isMissing(page, format)) << file.toStdString();
-        }
+        const Content content = contentOf(page);
+        EXPECT_EQ(content.missing, 0) << file.toStdString();
+        pictures += content.pictures;
+        waiting.append(content.links);
     }
     EXPECT_GE(reached.size(), 7U);
     EXPECT_GE(pictures, 7);
