@@ -11,6 +11,11 @@ file(WRITE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new "int main() {}\n")
 file(COPY_FILE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new
     ${CMAKE_BINARY_DIR}/precompiled/empty.cpp ONLY_IF_DIFFERENT)
 
+# As the other compiler's, they hold no times of files: a copied tree, or a compiler's cache, has others.
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
 # scenewright_precompiled(KIND LIBRARY|PROGRAM HEADERS <a> ... USES lib ...)
 function(scenewright_precompiled kind form)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "HEADERS;USES")

@@ -10,11 +10,15 @@ add_compile_options(
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 add_link_options(-fsanitize=${SCENEWRIGHT_SANITIZE})
 
-# Such programs are large, and this linker is quicker than the usual one. Newer systems have it in a
-# package of its own, or not at all.
-find_program(SCENEWRIGHT_QUICK_LINKER ld.gold)
-if(SCENEWRIGHT_QUICK_LINKER AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    add_link_options(-fuse-ld=gold)
+# Such programs are large, and these linkers take a fraction of the usual one's time. Newer systems have
+# the first in a package of its own, or not at all.
+set(linker gold)
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    set(linker lld)
+endif()
+find_program(SCENEWRIGHT_QUICK_LINKER ld.${linker})
+if(SCENEWRIGHT_QUICK_LINKER)
+    add_link_options(-fuse-ld=${linker})
 endif()
 
 # What every program of such a build tells its sanitizers, however it is run.

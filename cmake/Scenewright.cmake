@@ -3,10 +3,12 @@
 # Seconds after which a test counts as hung: many times what any takes, also on a machine that is busy.
 set(scenewright_limit 1800)
 
-# Warnings that every target of this project compiles under.
+# Warnings that every target of this project compiles under. In C++, g++ leaves signs out of
+# conversions.
 function(scenewright_warnings target)
     target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wswitch-enum)
+        -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wswitch-enum
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
     if(SCENEWRIGHT_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()

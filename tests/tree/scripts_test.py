@@ -186,10 +186,15 @@ class RunAndTest(ScriptTest):
             [f"cmake -S {self.tree} --preset release", f"cmake --build {self.tree}/build/release"],
         )
 
-    def test_a_build_folder_of_another_place_is_made_anew(self):
-        for place, fresh in (("/elsewhere", " --fresh"), (self.tree, "")):
+    def test_a_build_folder_of_another_place_or_of_older_presets_is_made_anew(self):
+        presets = self.tree / "CMakePresets.json"
+        presets.touch()
+        for place, age, fresh in (
+            ("/elsewhere", 1, " --fresh"), (self.tree, 1, ""), (self.tree, -1, " --fresh")
+        ):
             cache = self.tree / "build/release/CMakeCache.txt"
             cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={place}\n")
+            os.utime(presets, (cache.stat().st_mtime - age,) * 2)
             self.calls.write_text("")
             self.output("run", "--build")
             self.assertEqual(self.asked()[0], f"cmake -S {self.tree} --preset release{fresh}")
