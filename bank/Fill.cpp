@@ -139,6 +139,15 @@ SceneValue& sceneAt(const SceneList& scenes, const SettingPlace& place) {
     return *scenes.at(static_cast<std::size_t>(place.scene));
 }
 
+std::vector<SettingPlace> placesAt(const Path& path, Members members) {
+    auto places = settingsAt(path);
+    if (!members.empty())
+        std::erase_if(places, [members](const SettingPlace& place) {
+            return std::ranges::find(members, place.control) == members.end();
+        });
+    return places;
+}
+
 void writeColours(const SceneList& scenes, const std::vector<SettingPlace>& places,
                   const std::vector<PadColour>& colours) {
     for (std::size_t i = 0; i < places.size(); ++i) {
@@ -192,6 +201,11 @@ const Scale* findScale(std::string_view name) {
     return found == kScales.end() ? nullptr : &*found;
 }
 
+FillSteps stepsOf(const Scale& scale) {
+    return {.intervals = Intervals(scale.intervals.begin(), scale.intervals.end()),
+            .isScale = true};
+}
+
 std::optional<Intervals> intervalsOf(std::string_view text) {
     Intervals intervals;
     for (const std::string_view part : split(text, ",")) {
@@ -222,8 +236,8 @@ std::optional<std::vector<PadColour>> coloursFor(std::string_view text, std::siz
 }
 
 Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
-                             std::string_view path, std::string_view start,
-                             const FillSteps& steps) {
+                             std::string_view path, std::string_view start, const FillSteps& steps,
+                             Members members) {
     const auto target = targetOf(path, start);
     if (!target)
         return failure(target.error());
@@ -232,14 +246,13 @@ Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
     inScene.scenes.count = 1;
     for (std::int32_t i = 0; i < target->path.scenes.count; ++i) {
         inScene.scenes.first = target->path.scenes.first + i;
-        const auto places = settingsAt(inScene);
+        const auto places = placesAt(inScene, members);
         if (!target->path.isColour) {
             if (const auto done = writeNumbers(lists, copies, places, *target, steps); !done)
                 return failure(done.error());
             continue;
         }
-        const auto colours =
-            coloursFor(start, static_cast<std::size_t>(target->path.controls.count));
+        const auto colours = coloursFor(start, places.size() / kColourFields.size());
         if (!colours || steps.intervals)
             return failure(fmt::format(
                 "{} cannot be filled with {}: a colour as in #ff8000, several with commas between, "
@@ -251,13 +264,14 @@ Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
 }
 
 Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
-                                 std::string_view pathText, std::int32_t semitones) {
+                                 std::string_view pathText, std::int32_t semitones,
+                                 Members members) {
     const auto path = parsePath(pathText);
     if (!path)
         return failure(path.error());
     SceneList copies = copyOf(scenes);
     bool isNoteThere = false;
-    for (const SettingPlace& place : settingsAt(*path)) {
+    for (const SettingPlace& place : placesAt(*path, members)) {
         SceneValue& scene = sceneAt(copies, place);
         if (place.isName() || !checkSendsNote(place, scene))
             continue;

@@ -45,6 +45,11 @@ struct FillSteps {
     bool isScale = false; // so that controls that send no note are refused
 };
 
+[[nodiscard]] FillSteps stepsOf(const Scale& scale);
+
+// Those of a path's controls that are meant, counted from 0 within their kind; empty for all.
+using Members = std::span<const std::int32_t>;
+
 // Gives the controls of a path their values, beginning anew in each scene. `start` is the first
 // one's, as setValues() takes it, or for a pad's colour as coloursFor() does. Where the path names
 // controls instead of a setting, `start` tells which setting is meant:
@@ -55,10 +60,11 @@ struct FillSteps {
 //   C2, 36, sustain     the number, and a pad or key is made to send notes
 [[nodiscard]] Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
                                            std::string_view path, std::string_view start,
-                                           const FillSteps& steps = {});
+                                           const FillSteps& steps = {}, Members members = {});
 
 // Moves those notes of a path that are sent as notes.
 [[nodiscard]] Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
-                                               std::string_view path, std::int32_t semitones);
+                                               std::string_view path, std::int32_t semitones,
+                                               Members members = {});
 
 } // namespace scenewright

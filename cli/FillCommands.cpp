@@ -36,10 +36,9 @@ struct FillOptions {
 
 Result<FillSteps> stepsOf(const FillOptions& options) {
     FillSteps steps;
-    if (const Scale* const scale = findScale(options.scale)) {
-        steps.intervals.emplace(scale->intervals.begin(), scale->intervals.end());
-        steps.isScale = true;
-    } else if (options.step) {
+    if (const Scale* const scale = findScale(options.scale))
+        return stepsOf(*scale);
+    if (options.step) {
         steps.intervals = Intervals{*options.step};
     } else if (!options.intervals.empty()) {
         steps.intervals = intervalsOf(options.intervals);
