@@ -18,8 +18,12 @@ const SceneValue& sceneOf(const SceneList& scenes, const SettingPlace& place) {
     return *scenes[static_cast<std::size_t>(place.scene)];
 }
 
+bool isSameKind(const SettingPlace& one, const SettingPlace& other) {
+    return one.scene == other.scene && one.kind == other.kind;
+}
+
 bool isSameControl(const SettingPlace& one, const SettingPlace& other) {
-    return one.scene == other.scene && one.kind == other.kind && one.control == other.control;
+    return isSameKind(one, other) && one.control == other.control;
 }
 
 // What the control sends, for a setting whose title depends on it.
@@ -47,10 +51,12 @@ std::string sceneTitle(const SettingPlace& place) {
     return translated(sourceText("scenewright::SceneChanges", "Scene {}"), place.scene + 1);
 }
 
-// The scene itself for its common settings, which every scene has.
-std::string ownerTitle(const SettingPlace& place) {
+// The scene itself for its common settings, which every scene has; of several controls, how many.
+std::string ownerTitle(const SettingPlace& place, std::size_t count = 1) {
     if (place.kind == ControlKind::Common)
         return sceneTitle(place);
+    if (count > 1)
+        return kindTitle(place.kind, count);
     return translated(sourceText("scenewright::SceneChanges", "{0} {1}"), kindTitle(place.kind),
                       place.control + 1);
 }
@@ -109,10 +115,10 @@ const SettingPlace* SceneChanges::chosen() const {
     const auto drivesAll = [this](const Change& candidate) {
         return std::ranges::all_of(changes_, [&](const Change& change) {
             const SettingPlace& place = change.place;
-            return place == candidate.place ||
-                   (isSameControl(place, candidate.place) && !place.isName() &&
-                    !candidate.place.isName() &&
-                    place.setting->isDrivenBy(*candidate.place.setting));
+            return isSameKind(place, candidate.place) &&
+                   (place.setting == candidate.place.setting ||
+                    (!place.isName() && !candidate.place.isName() &&
+                     place.setting->isDrivenBy(*candidate.place.setting)));
         });
     };
     const auto found = std::ranges::find_if(changes_, drivesAll);
@@ -144,14 +150,19 @@ bool SceneChanges::isOfOneControl() const {
     });
 }
 
+std::size_t SceneChanges::countOf(const SettingPlace& place) const {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        changes_, [&](const Change& change) { return change.place.setting == place.setting; }));
+}
+
 std::string SceneChanges::title() const {
     if (isEmpty() || !isOfOneScene())
         return translated(sourceText("scenewright::SceneChanges", "Scenes"));
     const SettingPlace& first = changes_.front().place;
     if (const SettingPlace* const place = chosen()) {
         const auto change = std::ranges::find(changes_, *place, &Change::place);
-        return translated(sourceText("scenewright::SceneChanges", "{0} {1}"), ownerTitle(*place),
-                          titleOf(*place, change->assignType));
+        return translated(sourceText("scenewright::SceneChanges", "{0} {1}"),
+                          ownerTitle(*place, countOf(*place)), titleOf(*place, change->assignType));
     }
     return isOfOneControl() ? ownerTitle(first) : sceneTitle(first);
 }

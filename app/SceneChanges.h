@@ -30,15 +30,16 @@ public:
     // scenes do not hold is passed over.
     void write(Side side, const SceneList& scenes) const;
 
-    // The one setting that was chosen, when the others that changed follow from it, as a pad's
-    // number follows from its type; null when there is no such one.
+    // The setting that was chosen, of one control or of several of a kind and scene, when the
+    // others that changed follow from it, as a pad's number follows from its type: the first place
+    // of it. Null when there is no such one.
     [[nodiscard]] const SettingPlace* chosen() const;
     // Takes in what came directly after this. A setting that is back at its first value is not
     // changed any more.
     void append(const SceneChanges& later);
 
-    // What was changed, in the person's language: "Pad 3 Note", "Pad 3", "Scene 2 Name", "Scene 2",
-    // "Scenes".
+    // What was changed, in the person's language: "Pad 3 Note", "8 Pads Note", "Pad 3",
+    // "Scene 2 Name", "Scene 2", "Scenes".
     [[nodiscard]] std::string title() const;
 
 private:
@@ -57,6 +58,8 @@ private:
     [[nodiscard]] static Values valuesAt(const SceneList& scenes, const SettingPlace& place);
     [[nodiscard]] bool isOfOneScene() const;
     [[nodiscard]] bool isOfOneControl() const;
+    // Of how many controls the setting was changed.
+    [[nodiscard]] std::size_t countOf(const SettingPlace& place) const;
 
     std::vector<Change> changes_;
 };

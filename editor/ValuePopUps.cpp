@@ -64,6 +64,13 @@ const ValuePopUp* numberPopUpOf(const ValuePopUp& driver) {
     return found == kValuePopUps.end() ? nullptr : found;
 }
 
+void clampNote(ButtonValue& record, const Titles& notes) {
+    const std::size_t entries = notes ? notes->size() : 0;
+    const std::int64_t number = record.CCOrNoteNumber();
+    if (std::uint64_t{entries} < static_cast<std::uint64_t>(number))
+        record.setCCOrNoteNumber(static_cast<std::int32_t>(entries) - 1);
+}
+
 std::optional<bool> isEnabled(EnableWhen when, std::int32_t value) {
     switch (when) {
     case EnableWhen::Always:

@@ -34,6 +34,11 @@ struct ValuePopUp {
 // The popup whose list depends on the value of this one, an assign type; null for any other.
 [[nodiscard]] const ValuePopUp* numberPopUpOf(const ValuePopUp& driver);
 
+// What comes with making a control send notes: a number beyond the list of notes becomes its last.
+// Compared without a sign, so that the mark of an absent field counts as beyond; the number of
+// entries itself is let through, as ever.
+void clampNote(ButtonValue& record, const Titles& notes);
+
 // Nothing where the value of the driver decides nothing: the popup stays as it is.
 [[nodiscard]] std::optional<bool> isEnabled(EnableWhen when, std::int32_t value);
 

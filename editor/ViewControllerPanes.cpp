@@ -18,14 +18,6 @@ std::string describe(const SceneValue& scene) {
     return fmt::sprintf("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
 }
 
-// A note number beyond the list becomes the list's last. Compared without a sign, so that the mark
-// of an absent field counts as beyond; the number of entries itself is let through, as ever.
-void clampNumber(ButtonValue& record, std::size_t entries) {
-    const std::int64_t number = record.CCOrNoteNumber();
-    if (std::uint64_t{entries} < static_cast<std::uint64_t>(number))
-        record.setCCOrNoteNumber(static_cast<std::int32_t>(entries) - 1);
-}
-
 } // namespace
 
 void ViewController::showSceneValue() {
@@ -192,7 +184,7 @@ void ViewController::offerNumbers(const ValuePopUp& number) {
     if (titles)
         popUp(number).addItems(*titles);
     if (assignType == kAssignNote)
-        clampNumber(*buttonValue(), titles ? titles->size() : 0);
+        clampNote(*buttonValue(), titles);
     popUp(number).selectItem(storedValue(number));
 }
 

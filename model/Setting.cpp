@@ -12,7 +12,16 @@ constexpr std::array kKindTitles{
     sourceText("scenewright::Control", "Knob"),   sourceText("scenewright::Control", "Slider"),
     sourceText("scenewright::Control", "Pad"),    sourceText("scenewright::Control", "Key"),
 };
-static_assert(kKindTitles.size() == std::size(kControlRanges));
+constexpr std::array kKindsTitles{
+    sourceText("scenewright::Control", "Common"),
+    sourceText("scenewright::Control", "{} Groups"),
+    sourceText("scenewright::Control", "{} Knobs"),
+    sourceText("scenewright::Control", "{} Sliders"),
+    sourceText("scenewright::Control", "{} Pads"),
+    sourceText("scenewright::Control", "{} Keys"),
+};
+static_assert(kKindTitles.size() == std::size(kControlRanges) &&
+              kKindsTitles.size() == kKindTitles.size());
 
 // The record of a kind's member; null when the scene does not hold it.
 ButtonValue* recordOf(const SceneValue& scene, ControlKind kind, std::int32_t member) {
@@ -88,6 +97,10 @@ std::string settingTitle(const Setting& setting) {
 
 std::string kindTitle(ControlKind kind) {
     return translated(kKindTitles.at(static_cast<std::size_t>(kind)));
+}
+
+std::string kindTitle(ControlKind kind, std::size_t count) {
+    return translated(kKindsTitles.at(static_cast<std::size_t>(kind)), count);
 }
 
 } // namespace scenewright

@@ -276,5 +276,7 @@ inline constexpr std::string_view kNoTitle = "---";
 [[nodiscard]] std::string settingTitle(const Setting& setting);
 // The same for a kind of control: "Pad".
 [[nodiscard]] std::string kindTitle(ControlKind kind);
+// "8 Pads", for several of them.
+[[nodiscard]] std::string kindTitle(ControlKind kind, std::size_t count);
 
 } // namespace scenewright

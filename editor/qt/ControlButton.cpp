@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -110,6 +111,14 @@ void ControlButton::setTravel(qreal travel) {
     drawLater();
 }
 
+void ControlButton::setTaken(bool isTaken) {
+    if (look_.isTaken == isTaken)
+        return;
+    look_.isTaken = isTaken;
+    describe();
+    drawLater();
+}
+
 void ControlButton::setMarked(bool isMarked) {
     if (look_.isMarked == isMarked)
         return;
@@ -132,7 +141,8 @@ void ControlButton::setSummary(const QString& summary) {
 
 void ControlButton::describe() {
     const QString summary = look_.isMarked ? tr("%1, not sent").arg(summary_) : summary_;
-    setAccessibleDescription(look_.image ? tr("%1, chosen").arg(summary) : summary);
+    const bool isChosen = look_.image || look_.isTaken;
+    setAccessibleDescription(isChosen ? tr("%1, chosen").arg(summary) : summary);
     setToolTip(summary_);
 }
 
@@ -184,6 +194,8 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
                 colourOf(look_.title.colour));
     if (look_.image)
         drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    else if (look_.isTaken)
+        drawTaken(painter, shapeOf(kind_, tag_), rect());
     if (look_.isMarked)
         drawDot(painter);
     if (hasFocus())
@@ -198,10 +210,17 @@ void ControlButton::drawDot(QPainter& painter) const {
     painter.drawEllipse(centre, kDotRadius, kDotRadius);
 }
 
+bool ControlButton::event(QEvent* event) {
+    const auto* input = dynamic_cast<const QInputEvent*>(event);
+    const QScopedValueRollback guard(modifiers_, input != nullptr ? input->modifiers()
+                                                                  : Qt::KeyboardModifiers());
+    return QAbstractButton::event(event);
+}
+
 void ControlButton::keyPressEvent(QKeyEvent* event) {
     const auto* arrow = std::ranges::find(kArrows, event->key(), &Arrow::key);
     if (arrow != kArrows.end())
-        emit arrowPressed(arrow->right, arrow->down);
+        emit arrowPressed(arrow->right, arrow->down, event->modifiers());
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else

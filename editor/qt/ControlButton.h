@@ -30,6 +30,9 @@ public:
     void setAttributedTitle(const AttributedTitle& title) override;
     void setNeedsDisplay() override;
     void setAction(std::function<void()> action) override;
+    // Those that are held in the click whose action is carried out; none for one that the program
+    // makes.
+    [[nodiscard]] Qt::KeyboardModifiers modifiers() const { return modifiers_; }
 
     [[nodiscard]] ControlKind kind() const { return kind_; }
     [[nodiscard]] bool isBlackKey() const;
@@ -43,6 +46,9 @@ public:
     [[nodiscard]] bool isPlayed() const { return look_.isPlayed; }
     void setTravel(qreal travel);
     [[nodiscard]] std::optional<qreal> travel() const { return look_.travel; }
+    // Whether it is one of several that are chosen beside the one that has the image.
+    void setTaken(bool isTaken);
+    [[nodiscard]] bool isTaken() const { return look_.isTaken; }
     // A dot says that something of the control is to be looked at.
     void setMarked(bool isMarked);
     [[nodiscard]] bool isMarked() const { return look_.isMarked; }
@@ -51,6 +57,7 @@ public:
     // While it plays, a click calls no action, and a knob or slider is turned by dragging and by
     // the wheel.
     void setPlays(bool plays) { plays_ = plays; }
+    [[nodiscard]] bool plays() const { return plays_; }
     // Everything that the control does, in words.
     void setSummary(const QString& summary);
 
@@ -60,11 +67,12 @@ public:
 
 signals:
     // An arrow key was pressed while the button had the keyboard: -1, 0 or 1 each way.
-    void arrowPressed(int right, int down);
+    void arrowPressed(int right, int down, Qt::KeyboardModifiers modifiers);
     // By this share of its travel, upwards or to the right.
     void turned(qreal share);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -80,6 +88,7 @@ private:
         std::optional<std::string> image;
         Colour light;
         bool isMarked = false;
+        bool isTaken = false;
         int largestCaption = kSmallestCaption;
         bool isPlayed = false;
         std::optional<qreal> travel{};
@@ -101,6 +110,7 @@ private:
     bool willDraw_ = false;
     bool plays_ = false;
     qreal draggedTo_ = 0; // from the upper edge
+    Qt::KeyboardModifiers modifiers_;
     QString summary_;
     std::function<void()> action_;
 };

@@ -14,6 +14,12 @@
 
 namespace scenewright {
 
+namespace {
+
+constexpr Qt::KeyboardModifiers kForSeveral = Qt::ControlModifier | Qt::ShiftModifier;
+
+} // namespace
+
 void ControlRows::setSource(ListDataSource* source) {
     beginResetModel();
     source_ = source;
@@ -47,7 +53,7 @@ Qt::ItemFlags ControlRows::flags(const QModelIndex& index) const {
 ControlList::ControlList(QWidget* parent) : QListView(parent) {
     setModel(&rows_);
     setItemDelegate(&makeChild<RowDelegate>(this));
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
     setTabKeyNavigation(false);
@@ -63,6 +69,7 @@ void ControlList::setDelegate(ListDelegate* delegate) {
 
 void ControlList::reload() {
     const QScopedValueRollback guard(isApplying_, true);
+    row_ = -1;
     rows_.reload();
 }
 
@@ -79,9 +86,14 @@ void ControlList::selectRow(std::int32_t row) {
     apply(row, true);
 }
 
-std::int32_t ControlList::selectedRow() const {
-    const QModelIndexList chosen = selectionModel()->selectedIndexes();
-    return chosen.isEmpty() ? -1 : chosen.front().row();
+void ControlList::selectBeside(const std::vector<std::int32_t>& rows) {
+    const QScopedValueRollback guard(isApplying_, true);
+    QItemSelection selection;
+    for (const std::int32_t row : rows)
+        selection.select(rows_.index(row), rows_.index(row));
+    const QModelIndex own = rows_.index(row_);
+    selection.merge(QItemSelection(own, own), QItemSelectionModel::Select);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 QItemSelectionModel::SelectionFlags ControlList::selectionCommand(const QModelIndex& /*index*/,
@@ -93,7 +105,13 @@ void ControlList::mousePressEvent(QMouseEvent* event) {
     QListView::mousePressEvent(event);
     const QModelIndex index = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && index.isValid())
-        chooseByUser(index.row(), true);
+        click(index.row(), event->modifiers());
+}
+
+void ControlList::click(std::int32_t row, Qt::KeyboardModifiers modifiers) {
+    if ((modifiers & kForSeveral) == 0)
+        chooseByUser(row, true);
+    emit rowChosen(row, modifiers);
 }
 
 void ControlList::mouseMoveEvent(QMouseEvent* event) {
@@ -106,22 +124,27 @@ void ControlList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ControlList::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentIndex().isValid()) {
-        chooseByUser(currentIndex().row(), true);
-        return;
-    }
+    const bool isForSeveral = (event->modifiers() & kForSeveral) != 0;
+    if ((isEnter || (event->key() == Qt::Key_Space && isForSeveral)) && currentIndex().isValid())
+        return click(currentIndex().row(), isEnter ? Qt::NoModifier : event->modifiers());
     const int before = currentIndex().row();
     QListView::keyPressEvent(event);
-    if (currentIndex().row() != before)
+    if (currentIndex().row() == before)
+        return;
+    if (!isForSeveral || !event->text().isEmpty()) // a capital letter is a letter typed
         chooseByUser(currentIndex().row(), false);
+    else if ((event->modifiers() & Qt::ShiftModifier) != 0)
+        emit rowChosen(currentIndex().row(), event->modifiers());
 }
 
 void ControlList::selectionChanged(const QItemSelection& selected,
                                    const QItemSelection& deselected) {
     QListView::selectionChanged(selected, deselected);
     // Neither the mouse, nor the keys, nor the program: an assistive technology selected the row.
-    if (!isApplying_ && selectedRow() >= 0)
-        chooseByUser(selectedRow(), false);
+    if (isApplying_ || selected.isEmpty())
+        return;
+    row_ = selected.indexes().front().row();
+    chooseByUser(row_, false);
 }
 
 void ControlList::chooseByUser(std::int32_t row, bool isClick) {
@@ -131,11 +154,12 @@ void ControlList::chooseByUser(std::int32_t row, bool isClick) {
 }
 
 void ControlList::apply(std::int32_t row, bool isClick) {
-    const bool isChange = row != selectedRow() || isPassedOver_ || !isClick;
+    const bool isChange = row != row_ || isPassedOver_ || !isClick;
     isPassedOver_ = !isClick;
     {
         const QScopedValueRollback guard(isApplying_, true);
         const QModelIndex index = rows_.index(row);
+        row_ = index.isValid() ? row : -1;
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
         scrollTo(index);
     }

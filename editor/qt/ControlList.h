@@ -6,6 +6,8 @@
 #include <QAbstractListModel>
 #include <QListView>
 
+#include <vector>
+
 namespace scenewright {
 
 // The rows of a data source.
@@ -28,7 +30,8 @@ private:
 
 // A row is clicked with the mouse, or with Return or Enter while the keys stand on it; moving with
 // the keys selects without a click. What the keys have passed over counts as not chosen yet: a
-// click on it, or the program's selecting it, is a change of the selection.
+// click on it, or the program's selecting it, is a change of the selection. With Ctrl or Shift the
+// user asks for several rows: it is told, and who is told selects them beside the one.
 class ControlList final : public QListView, public List {
     Q_OBJECT
 
@@ -44,8 +47,14 @@ public:
     // As wide as its longest title asks for.
     void fitTitles();
 
-    // -1 for none.
-    [[nodiscard]] std::int32_t selectedRow() const;
+    // The one of the given selection; -1 for none.
+    [[nodiscard]] std::int32_t selectedRow() const { return row_; }
+    // Shows these as selected too.
+    void selectBeside(const std::vector<std::int32_t>& rows);
+
+signals:
+    // By the user, with Ctrl, Shift or neither; then the row has been clicked.
+    void rowChosen(std::int32_t row, Qt::KeyboardModifiers modifiers);
 
 protected:
     // The selection follows only what the delegate answers, so the view itself selects nothing.
@@ -59,11 +68,13 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
+    void click(std::int32_t row, Qt::KeyboardModifiers modifiers);
     void chooseByUser(std::int32_t row, bool isClick);
     void apply(std::int32_t row, bool isClick);
 
     ControlRows rows_;
     ListDelegate* delegate_ = nullptr;
+    std::int32_t row_ = -1;
     std::int32_t clickedRow_ = -1;
     bool isPassedOver_ = false; // the selection was made by the keys
     bool isApplying_ = false;

@@ -30,6 +30,7 @@ constexpr QColor kEbonyDark(14, 16, 19);
 constexpr QColor kRubber(52, 57, 66);
 constexpr QColor kMark(232, 235, 240);
 constexpr QColor kPlayed(255, 214, 0);
+constexpr QColor kTaken(31, 123, 255); // as the image of the chosen one
 constexpr QColor kEdge(0, 0, 0, 150);
 
 // Measures are parts of a control's own size, so that the picture scales as one.
@@ -277,6 +278,14 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
     const QRectF box(QPointF(-size.width() / 2, -size.height() / 2), size);
     painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
     painter.restore();
+}
+
+void drawTaken(QPainter& painter, ControlShape shape, const QRectF& room) {
+    painter.setBrush(Qt::NoBrush);
+    for (const QPen& pen : {QPen(Qt::white, 5), QPen(kTaken, 3, Qt::DashLine)}) {
+        painter.setPen(pen);
+        painter.drawRoundedRect(imageRoom(shape, room).adjusted(3, 3, -3, -3), 6, 6);
+    }
 }
 
 void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name) {

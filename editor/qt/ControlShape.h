@@ -73,6 +73,9 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
 void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name,
                        bool hasBadge = true);
 
+// Marks a control that is chosen beside the one with the image.
+void drawTaken(QPainter& painter, ControlShape shape, const QRectF& room);
+
 // Marks a control with that image; on a white key without the badge, which would lie on the
 // caption.
 void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name);

@@ -5,7 +5,10 @@
 #include "model/Control.h"
 #include "platform/Resources.h"
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QRubberBand>
 #include <fmt/format.h>
 
 #include <cmath>
@@ -39,6 +42,7 @@ qreal distance(const QRectF& from, const QRectF& to, int right, int down) {
 
 constexpr QSize kPictureSize(940, 384);
 constexpr QSize kMinSize(504, 206);
+constexpr Colour kPreviewTitle{255, 214, 0};
 
 QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {
     const QRectF there(area.topLeft() + place.topLeft() * scale, place.size() * scale);
@@ -116,7 +120,9 @@ void DevicePicture::makeButtons() {
             made.setAccessibleName(shown(controlName(tag)));
             made.installEventFilter(this);
             connect(&made, &ControlButton::arrowPressed, this,
-                    [this, tag](int right, int down) { focusArrowTarget(tag, right, down); });
+                    [this, tag](int right, int down, Qt::KeyboardModifiers modifiers) {
+                        focusArrowTarget(tag, right, down, modifiers);
+                    });
             buttons_.at(static_cast<std::size_t>(tag - 1)) = &made;
         }
     }
@@ -141,9 +147,58 @@ bool DevicePicture::hasKeyboard() const {
 }
 
 bool DevicePicture::eventFilter(QObject* watched, QEvent* event) {
+    auto& button = *qobject_cast<ControlButton*>(watched);
     if (event->type() == QEvent::FocusIn)
-        setTabStop(*qobject_cast<ControlButton*>(watched));
+        setTabStop(button);
+    const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+    if (mouse != nullptr && !button.plays() && drawBand(*mouse, button)) {
+        button.setDown(false); // it was dragged from, not clicked
+        return true;
+    }
     return QWidget::eventFilter(watched, event);
+}
+
+void DevicePicture::mousePressEvent(QMouseEvent* event) {
+    drawBand(*event, *this);
+}
+
+void DevicePicture::mouseMoveEvent(QMouseEvent* event) {
+    drawBand(*event, *this);
+}
+
+void DevicePicture::mouseReleaseEvent(QMouseEvent* event) {
+    drawBand(*event, *this);
+}
+
+bool DevicePicture::drawBand(const QMouseEvent& mouse, QWidget& from) {
+    const QPoint at = from.mapTo(this, mouse.pos());
+    const bool isDrawn = band_ != nullptr && band_->isVisible();
+    if (mouse.type() == QEvent::MouseButtonPress && mouse.button() == Qt::LeftButton)
+        pressed_ = at;
+    if (mouse.type() == QEvent::MouseMove && (mouse.buttons() & Qt::LeftButton) != 0) {
+        if (!isDrawn && (at - pressed_).manhattanLength() < QApplication::startDragDistance())
+            return false;
+        if (band_ == nullptr) {
+            band_ = &makeChild<QRubberBand>(QRubberBand::Rectangle, this);
+            band_->setAccessibleName(tr("Band around controls"));
+        }
+        band_->setGeometry(QRect(pressed_, at).normalized());
+        band_->show();
+        return true;
+    }
+    if (mouse.type() != QEvent::MouseButtonRelease || !isDrawn)
+        return false;
+    band_->hide();
+    emit banded(tagsIn(band_->geometry()), mouse.modifiers());
+    return true;
+}
+
+std::vector<std::int32_t> DevicePicture::tagsIn(const QRect& band) const {
+    std::vector<std::int32_t> tags;
+    for (const ControlButton* button : buttons_)
+        if (button->geometry().intersects(band))
+            tags.push_back(button->tag());
+    return tags;
 }
 
 Button* DevicePicture::viewWithTag(std::int32_t tag) {
@@ -165,6 +220,17 @@ void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) 
         const auto position = static_cast<std::size_t>(made->tag() - 1);
         if (made->kind() == ControlKind::Pad && position < scene.buttonValueArray().size())
             made->setLight(padColour(*scene.buttonValueArray()[position]));
+    }
+}
+
+void DevicePicture::preview(const PopUpValue& lists, const SceneValue& scene,
+                            const std::vector<std::int32_t>& controls, std::int32_t mode) {
+    showScene(lists, scene);
+    for (const std::int32_t tag : controls) {
+        ControlButton& button = *this->button(tag);
+        const ButtonValue& record = *scene.buttonValueArray().at(static_cast<std::size_t>(tag) - 1);
+        button.setAttributedTitle(
+            {displaySummary(lists, button.kind(), record, mode), kPreviewTitle});
     }
 }
 
@@ -197,10 +263,13 @@ void DevicePicture::paintEvent(QPaintEvent* /*event*/) {
     drawing_.drawBody(painter, drawingArea());
 }
 
-void DevicePicture::focusArrowTarget(std::int32_t tag, int right, int down) {
+void DevicePicture::focusArrowTarget(std::int32_t tag, int right, int down,
+                                     Qt::KeyboardModifiers modifiers) {
     const std::int32_t next =
         neighbourOf(tag, right, down, [this](std::int32_t other) { return drawing_.place(other); });
     button(next)->setFocus(Qt::OtherFocusReason);
+    if ((modifiers & Qt::ShiftModifier) != 0)
+        emit extended(next);
 }
 
 } // namespace scenewright

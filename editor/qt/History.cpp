@@ -36,7 +36,8 @@ public:
         const auto& later = static_cast<const Step&>(*other);
         const SettingPlace* const mine = changes_.chosen();
         const SettingPlace* const its = later.changes_.chosen();
-        if (later.run_ != run_ || mine == nullptr || its == nullptr || *mine != *its)
+        if (later.run_ != run_ || mine == nullptr || its == nullptr ||
+            mine->setting != its->setting)
             return false;
         changes_.append(later.changes_);
         to_ = later.to_;
@@ -74,6 +75,7 @@ History::History(MainWindow& window) : window_(window) {
                    .textChanged = &QUndoStack::redoTextChanged,
                    .canChanged = &QUndoStack::canRedoChanged});
     connect(&window_, &MainWindow::refreshed, this, &History::record);
+    connect(&window_.choice(), &ControlChoice::changed, this, [this] { ++run_; });
     reading_ = WindowAction::getMessageValue()->addObserver(
         "isReadFinish", [this](std::string_view, const MessageValue::Text& value) {
             if (value == "No")
@@ -137,13 +139,13 @@ void History::write(const SceneChanges& changes, SceneChanges::Side side, std::u
 void History::show(const SceneChanges& changes) {
     const std::vector<SettingPlace> places = changes.places();
     const std::int32_t scene = window_.view().sceneIndex();
-    const std::int32_t control = window_.view().selectControl();
     const auto isHere = [scene](const SettingPlace& place) { return place.scene == scene; };
-    auto at = std::ranges::find_if(places, [&](const SettingPlace& place) {
-        return isHere(place) && controlIndexOf(place) == control;
-    });
-    if (at == places.end())
-        at = std::ranges::find_if(places, isHere);
+    const ControlSelection& chosen = window_.choice().selection();
+    if (std::ranges::any_of(places, [&](const SettingPlace& place) {
+            return isHere(place) && chosen.has(controlIndexOf(place));
+        }))
+        return window_.showControl(scene, chosen.chosen());
+    auto at = std::ranges::find_if(places, isHere);
     if (at == places.end())
         at = places.begin();
     window_.showControl(at->scene, controlIndexOf(*at));

@@ -67,7 +67,7 @@ private:
     void record();
     void write(const SceneChanges& changes, SceneChanges::Side side, std::uint64_t version);
     void take();
-    // Chooses a control that the changes concern, the chosen one if it is among them.
+    // Chooses a control that the changes concern, unless one that is chosen is among them.
     void show(const SceneChanges& changes);
 
     MainWindow& window_;
@@ -81,7 +81,7 @@ private:
     std::int32_t scene_ = 0;   // and its scene
     std::uint64_t version_ = 0;
     std::uint64_t newest_ = 0; // of the versions
-    std::uint64_t run_ = 0;    // of choices in one popup; another starts with another control
+    std::uint64_t run_ = 0;    // of choices in one popup; another starts with other controls
     MessageValue::Subscription reading_;
 };
 

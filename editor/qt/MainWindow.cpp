@@ -60,16 +60,14 @@ void MainWindow::connectOutlets() {
     view_.setDisplaySelect(displayModes_);
     view_.setMessage(&status_->message());
     panes_->connectTo(view_);
+    choice_ = &makeChild<ControlChoice>(view_, *picture_, *list_, *panes_, this);
+    connect(choice_, &ControlChoice::changed, this, &MainWindow::refresh);
 }
 
 void MainWindow::connectChoices() {
     connect(scenes_, &SegmentBar::chosen, this, [this] { view_.changeSceneAction(*scenes_); });
     connect(displayModes_, &QComboBox::activated, this,
             [this] { view_.changeDispalyAction(*displayModes_); });
-    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
-        ControlButton* button = picture_->button(tag);
-        button->setAction([this, button] { view_.chooseButtonAction(*button); });
-    }
     connect(menu_, &MainMenu::modeChosen, this, &MainWindow::chooseMode);
     connect(&menu_->previousControl(), &QAction::triggered, this, [this] { chooseBeside(-1); });
     connect(&menu_->nextControl(), &QAction::triggered, this, [this] { chooseBeside(1); });
@@ -200,7 +198,8 @@ void MainWindow::refresh() {
     // The keys went over a row without choosing it: no pane stands for what is not chosen.
     if (view_.selectControl() < 0)
         view_.hideView();
-    panes_->show(view_);
+    choice_->follow();
+    panes_->show(view_, choice_->selection());
     menu_->checkMode(displayModes_->selectedItem());
     if (view_.pu() && view_.sceneValue())
         picture_->showScene(*view_.pu(), *view_.sceneValue());

@@ -5,6 +5,7 @@
 #include "editor/ViewController.h"
 #include "editor/WindowControllers.h"
 #include "editor/qt/Adapters.h"
+#include "editor/qt/ControlChoice.h"
 #include "editor/qt/ControlList.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DevicePicture.h"
@@ -114,6 +115,8 @@ public:
     [[nodiscard]] ControlList& list() { return *list_; }
     [[nodiscard]] DevicePicture& picture() { return *picture_; }
     [[nodiscard]] ValuePanes& panes() { return *panes_; }
+    // Of one control or several.
+    [[nodiscard]] ControlChoice& choice() { return *choice_; }
     [[nodiscard]] StatusLine& status() { return *status_; }
     [[nodiscard]] MainMenu& menu() { return *menu_; }
     [[nodiscard]] NoticeBar& notices() { return *notices_; }
@@ -182,6 +185,7 @@ private:
     ControlList* list_ = nullptr;
     DevicePicture* picture_ = nullptr;
     ValuePanes* panes_ = nullptr;
+    ControlChoice* choice_ = nullptr;
     StatusLine* status_ = nullptr;
     MainMenu* menu_ = nullptr;
     NoticeBar* notices_ = nullptr;

@@ -49,16 +49,17 @@ ButtonValue* PadColours::pad() const {
 }
 
 void PadColours::choose(const PadColour& colour) {
-    ButtonValue* const record = pad();
-    if (record == nullptr)
+    if (pad() == nullptr)
         return;
-    record->setCR(colour[0]);
-    record->setCG(colour[1]);
-    record->setCB(colour[2]);
+    for (const std::int32_t control : window_.choice().selection().alike())
+        for (std::size_t level = 0; level < colour.size(); ++level)
+            findSetting(ControlKind::Pad, kColourFields.at(level))
+                ->write(*window_.view().sceneValue(),
+                        control - controlRange(ControlKind::Pad).start, colour.at(level));
     std::erase(used_, colour);
     used_.insert(used_.begin(), colour);
     used_.resize(std::min(used_.size(), kARow));
-    history_.name(tr("%1 Colour").arg(shown(controlName(window_.view().selectControl()))));
+    history_.name(tr("%1 Colour").arg(shown(alikeTitle(window_.choice().selection()))));
     window_.view().showChosenControl();
 }
 

@@ -20,8 +20,8 @@ class PadColours final : public QObject {
 public:
     PadColours(MainWindow& window, History& history);
 
-    // Writes the chosen pad's three levels, as one step of the history. Nothing when no pad is
-    // chosen.
+    // Writes the three levels of the chosen pads, as one step of the history. Nothing when no pad
+    // is chosen.
     void choose(const PadColour& colour);
     // The palettes as they stand now, to be shown at the mixed colour.
     [[nodiscard]] QMenu& menu() { return *menu_; }

@@ -83,6 +83,9 @@ SceneCommands::SceneCommands(MainWindow& window, History& history)
     connect(rename, &QAction::triggered, this, [this] { this->rename(shownScene()); });
     addOthers(tr("&Copy To"), "copy-to", &SceneCommands::copy);
     addOthers(tr("S&wap With"), "swap-with", &SceneCommands::swap);
+    auto* const fromFile = window.menu().file().findChild<QAction*>(QStringLiteral("openScene"));
+    connect(menu_->addAction(tr("&Duplicate From File...")), &QAction::triggered, fromFile,
+            &QAction::trigger);
     menu_->addSeparator();
     QAction* reset = menu_->addAction(tr("R&eset Scene"));
     connect(reset, &QAction::triggered, this, [this] { this->reset(shownScene()); });

@@ -9,7 +9,6 @@
 
 #include <QEvent>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,6 +19,7 @@ namespace scenewright {
 namespace {
 
 constexpr int kColumns = 5;
+constexpr int kLinesOfAField = 3; // its title, itself, and what is said of it
 constexpr int kRowGap = 5;
 constexpr float kBright = 0.5F; // a colour on which black shows better than white
 
@@ -65,6 +65,8 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
         box.setObjectName(shown(row.name));
         popUps_[row.name] = &box;
         addField(body, shown(settingTitle(*row.setting)), box, shown(settingHelp(*row.setting)));
+        if (row.setting->name() == ButtonValue::CCOrNoteNumberField.name)
+            addSends(body);
     }
     addSwatch(bodies_[placeOf(ControlKind::Pad)]);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -82,15 +84,7 @@ void ValuePanes::makePane(ControlKind kind) {
     column.setSpacing(6);
     body.heading = &makeChild<QLabel>(body.frame);
     body.heading->setProperty("role", "heading");
-    body.sends = &makeChild<QLabel>(body.frame);
-    body.sends->setProperty("role", "field");
-    body.sends->setAccessibleName(tr("What it sends"));
-    body.sends->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto top = std::make_unique<QHBoxLayout>();
-    top->addWidget(body.heading);
-    top->addStretch(1);
-    top->addWidget(body.sends);
-    column.addLayout(top.release()); // the column owns it from here
+    column.addWidget(body.heading);
     auto fields = std::make_unique<QGridLayout>();
     body.fields = fields.get();
     column.addLayout(fields.release()); // the column owns it from here
@@ -110,11 +104,21 @@ void ValuePanes::addField(Body& body, const QString& title, QWidget& field, cons
     field.setAccessibleName(title);
     field.setWhatsThis(help);
     field.setAccessibleDescription(help);
-    const int row = body.count / kColumns * 2;
+    const int row = body.count / kColumns * kLinesOfAField;
     const int column = body.count % kColumns;
     body.fields->addWidget(&label, row, column);
     body.fields->addWidget(&field, row + 1, column);
     ++body.count;
+}
+
+void ValuePanes::addSends(Body& body) {
+    body.sends = &makeChild<QLabel>(body.frame);
+    body.sends->setProperty("role", "field");
+    body.sends->setAccessibleName(tr("What it sends"));
+    body.sends->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const int row = (body.count - 1) / kColumns * kLinesOfAField + kLinesOfAField - 1;
+    const int column = (body.count - 1) % kColumns;
+    body.fields->addWidget(body.sends, row, column, 1, kColumns - column);
 }
 
 void ValuePanes::addSwatch(Body& body) {
@@ -132,17 +136,21 @@ void ValuePanes::connectTo(ViewController& view) {
     for (const ValuePopUp& row : valuePopUps()) {
         PopUpBox* box = popUps_.at(row.name);
         (view.*row.write)(box);
-        connect(box, &QComboBox::activated, this,
-                [box, &view, action = row.action] { (view.*action)(*box); });
+        connect(box, &QComboBox::activated, this, [this, box, &view, &row] {
+            emit choiceComing(*row.setting, box->selectedItem());
+            (view.*row.action)(*box);
+        });
     }
 }
 
-void ValuePanes::show(const ViewController& view) {
+void ValuePanes::show(const ViewController& view, const ControlSelection& selection) {
     const std::int32_t index = view.selectControl();
     const QString sends =
         view.pu() ? shown(describeOutput(*view.pu(), *view.sceneValue(), index)) : QString();
     for (const Body& body : bodies_) {
-        body.heading->setText(shown(controlName(std::max(0, index))));
+        body.heading->setText(shown(paneTitle(selection)));
+        if (body.sends == nullptr)
+            continue;
         body.sends->setText(sends);
         body.sends->setAccessibleName(sends.isEmpty() ? tr("What it sends") : sends);
     }

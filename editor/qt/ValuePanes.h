@@ -1,6 +1,7 @@
 // The six panes and the popups in them, built from the table of value popups.
 #pragma once
 
+#include "editor/ControlSelection.h"
 #include "editor/ViewController.h"
 #include "editor/qt/Adapters.h"
 #include "editor/qt/PopUpBox.h"
@@ -29,7 +30,7 @@ public:
     void connectTo(ViewController& view);
 
     // Brings headings, hint, the names of options and the pad's mixed colour up to date.
-    void show(const ViewController& view);
+    void show(const ViewController& view, const ControlSelection& selection);
 
     [[nodiscard]] PaneFrame& pane(ControlKind kind) const;
     [[nodiscard]] PopUpBox& popUp(std::string_view outlet) const;
@@ -41,6 +42,10 @@ public:
     // The hint's lines do not decide how high the panes are.
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
+signals:
+    // An option of a popup was chosen; the view writes it after this.
+    void choiceComing(const scenewright::Setting& setting, std::int32_t option);
+
 protected:
     void changeEvent(QEvent* event) override;
     // Of a pane: it is hidden, perhaps to be shown again at once.
@@ -50,7 +55,7 @@ private:
     struct Body {
         PaneFrame* frame = nullptr;
         QLabel* heading = nullptr;
-        QLabel* sends = nullptr; // beside it, by MIDI's own names
+        QLabel* sends = nullptr; // under the number, by MIDI's own names; null without a number
         QGridLayout* fields = nullptr;
         QString taken; // mnemonics in use
         int count = 0;
@@ -60,6 +65,8 @@ private:
     // `help` answers "What's this?" and is what a screen reader tells beside the title.
     void addField(Body& body, const QString& title, QWidget& field, const QString& help);
     void addSwatch(Body& body);
+    // Under the field that was added last.
+    void addSends(Body& body);
     void showNames(const ViewController& view, ControlKind kind, std::int32_t member);
     void showSwatch(const Colour& colour);
     // Brings the keyboard back into the panes when it was in one that was hidden: to the same

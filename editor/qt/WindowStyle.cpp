@@ -170,9 +170,11 @@ void WindowStyle::polish(QWidget* widget) {
 
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
-    if (element == PE_PanelLineEdit)
-        drawLine(*option, *painter);
-    else if (element == PE_PanelTipLabel)
+    if (element == PE_PanelLineEdit) {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        if (frame == nullptr || frame->lineWidth > 0) // a box that can be typed into has its own
+            drawLine(*option, *painter);
+    } else if (element == PE_PanelTipLabel)
         drawTip(*option, *painter);
     else if (element != PE_FrameFocusRect || qobject_cast<const QPushButton*>(widget) == nullptr)
         QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -532,6 +532,66 @@
         <source>Sends nothing</source>
         <translation>Sendet nichts</translation>
     </message>
+    <message>
+        <source>{} Groups</source>
+        <translation>{} Gruppen</translation>
+    </message>
+    <message>
+        <source>{} Knobs</source>
+        <translation>{} Drehregler</translation>
+    </message>
+    <message>
+        <source>{} Sliders</source>
+        <translation>{} Schieberegler</translation>
+    </message>
+    <message>
+        <source>{} Pads</source>
+        <translation>{} Pads</translation>
+    </message>
+    <message>
+        <source>{} Keys</source>
+        <translation>{} Tasten</translation>
+    </message>
+    <message>
+        <source>{} and 1 more group</source>
+        <translation>{} und 1 weitere Gruppe</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more groups</source>
+        <translation>{0} und {1} weitere Gruppen</translation>
+    </message>
+    <message>
+        <source>{} and 1 more knob</source>
+        <translation>{} und 1 weiterer Drehregler</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more knobs</source>
+        <translation>{0} und {1} weitere Drehregler</translation>
+    </message>
+    <message>
+        <source>{} and 1 more slider</source>
+        <translation>{} und 1 weiterer Schieberegler</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more sliders</source>
+        <translation>{0} und {1} weitere Schieberegler</translation>
+    </message>
+    <message>
+        <source>{} and 1 more pad</source>
+        <translation>{} und 1 weiteres Pad</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more pads</source>
+        <translation>{0} und {1} weitere Pads</translation>
+    </message>
+    <message>
+        <source>{} and 1 more key</source>
+        <translation>{} und 1 weitere Taste</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more keys</source>
+        <translation>{0} und {1} weitere Tasten</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -605,6 +665,49 @@
     <message>
         <source>&amp;Reset Scene Settings</source>
         <translation>Szeneneinstellungen &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All of This Kind</source>
+        <translation>&amp;Alle dieser Art wählen</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>&amp;Fill...</source>
+        <translation>&amp;Füllen...</translation>
+    </message>
+    <message>
+        <source>&amp;Transpose...</source>
+        <translation>&amp;Transponieren...</translation>
+    </message>
+    <message>
+        <source>%1 have their default settings</source>
+        <translation>%1 haben die Standardeinstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Into Controls</source>
+        <translation>In Elemente &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Controls</source>
+        <translation>Elemente &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>%1 füllen</translation>
+    </message>
+    <message>
+        <source>Transpose %1</source>
+        <translation>%1 transponieren</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DevicePicture</name>
+    <message>
+        <source>Band around controls</source>
+        <translation>Rahmen um Elemente</translation>
     </message>
 </context>
 <context>
@@ -892,6 +995,109 @@
     <message>
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: Das Blatt kann nicht gezeichnet werden</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::FillDialog</name>
+    <message>
+        <source>Notes</source>
+        <translation>Noten</translation>
+    </message>
+    <message>
+        <source>Controllers</source>
+        <translation>Controller</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI-Kanal</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Their notes, moved</source>
+        <translation>Ihre Noten, verschoben</translation>
+    </message>
+    <message>
+        <source>F&amp;ill</source>
+        <translation>Fü&amp;llen</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>%1 füllen</translation>
+    </message>
+    <message>
+        <source>Fill &amp;with</source>
+        <translation>Füllen &amp;mit</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>Füllen mit</translation>
+    </message>
+    <message>
+        <source>First &amp;note</source>
+        <translation>Erste &amp;Note</translation>
+    </message>
+    <message>
+        <source>&amp;Scale or steps</source>
+        <translation>&amp;Skala oder Schritte</translation>
+    </message>
+    <message>
+        <source>A scale, or semitones from each note to the next: 2,2,1</source>
+        <translation>Eine Skala, oder Halbtöne von Note zu Note: 2,2,1</translation>
+    </message>
+    <message>
+        <source>First &amp;controller</source>
+        <translation>Erster &amp;Controller</translation>
+    </message>
+    <message>
+        <source>&amp;Steps</source>
+        <translation>&amp;Schritte</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>&amp;Kanal</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>From one to another</source>
+        <translation>Von einer zur anderen</translation>
+    </message>
+    <message>
+        <source>Palette %1, in turn</source>
+        <translation>Palette %1, reihum</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Von</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;Nach</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones</source>
+        <translation>&amp;Halbtöne</translation>
+    </message>
+    <message>
+        <source>Colour of Pads</source>
+        <translation>Farbe der Pads</translation>
+    </message>
+    <message>
+        <source>Cance&amp;l</source>
+        <translation>Abb&amp;rechen</translation>
+    </message>
+    <message>
+        <source>Steps are whole numbers with commas between, as in 2,2,1</source>
+        <translation>Schritte sind ganze Zahlen mit Kommas dazwischen, wie in 2,2,1</translation>
+    </message>
+    <message>
+        <source>The picture shows what comes of it.</source>
+        <translation>Das Bild zeigt, was daraus wird.</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2331,10 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Szene %1 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate From File...</source>
+        <translation>Aus &amp;Datei übernehmen...</translation>
     </message>
 </context>
 <context>

@@ -532,6 +532,66 @@
         <source>Sends nothing</source>
         <translation>No envía nada</translation>
     </message>
+    <message>
+        <source>{} Groups</source>
+        <translation>{} grupos</translation>
+    </message>
+    <message>
+        <source>{} Knobs</source>
+        <translation>{} potenciómetros</translation>
+    </message>
+    <message>
+        <source>{} Sliders</source>
+        <translation>{} deslizadores</translation>
+    </message>
+    <message>
+        <source>{} Pads</source>
+        <translation>{} pads</translation>
+    </message>
+    <message>
+        <source>{} Keys</source>
+        <translation>{} teclas</translation>
+    </message>
+    <message>
+        <source>{} and 1 more group</source>
+        <translation>{} y 1 grupo más</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more groups</source>
+        <translation>{0} y {1} grupos más</translation>
+    </message>
+    <message>
+        <source>{} and 1 more knob</source>
+        <translation>{} y 1 potenciómetro más</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more knobs</source>
+        <translation>{0} y {1} potenciómetros más</translation>
+    </message>
+    <message>
+        <source>{} and 1 more slider</source>
+        <translation>{} y 1 deslizador más</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more sliders</source>
+        <translation>{0} y {1} deslizadores más</translation>
+    </message>
+    <message>
+        <source>{} and 1 more pad</source>
+        <translation>{} y 1 pad más</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more pads</source>
+        <translation>{0} y {1} pads más</translation>
+    </message>
+    <message>
+        <source>{} and 1 more key</source>
+        <translation>{} y 1 tecla más</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more keys</source>
+        <translation>{0} y {1} teclas más</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -605,6 +665,49 @@
     <message>
         <source>&amp;Reset Scene Settings</source>
         <translation>&amp;Restablecer ajustes de escena</translation>
+    </message>
+    <message>
+        <source>Select &amp;All of This Kind</source>
+        <translation>&amp;Seleccionar todos los de este tipo</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>&amp;Fill...</source>
+        <translation>Re&amp;llenar...</translation>
+    </message>
+    <message>
+        <source>&amp;Transpose...</source>
+        <translation>&amp;Transportar...</translation>
+    </message>
+    <message>
+        <source>%1 have their default settings</source>
+        <translation>%1 tienen sus ajustes predeterminados</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Into Controls</source>
+        <translation>&amp;Pegar en los controles</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Controls</source>
+        <translation>&amp;Restablecer controles</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>Rellenar %1</translation>
+    </message>
+    <message>
+        <source>Transpose %1</source>
+        <translation>Transportar %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DevicePicture</name>
+    <message>
+        <source>Band around controls</source>
+        <translation>Marco alrededor de los controles</translation>
     </message>
 </context>
 <context>
@@ -892,6 +995,109 @@
     <message>
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: la hoja no se puede dibujar</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::FillDialog</name>
+    <message>
+        <source>Notes</source>
+        <translation>Notas</translation>
+    </message>
+    <message>
+        <source>Controllers</source>
+        <translation>Controladores</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Colores</translation>
+    </message>
+    <message>
+        <source>Their notes, moved</source>
+        <translation>Sus notas, desplazadas</translation>
+    </message>
+    <message>
+        <source>F&amp;ill</source>
+        <translation>&amp;Rellenar</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>Rellenar %1</translation>
+    </message>
+    <message>
+        <source>Fill &amp;with</source>
+        <translation>Rellenar c&amp;on</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>Rellenar con</translation>
+    </message>
+    <message>
+        <source>First &amp;note</source>
+        <translation>Primera &amp;nota</translation>
+    </message>
+    <message>
+        <source>&amp;Scale or steps</source>
+        <translation>E&amp;scala o pasos</translation>
+    </message>
+    <message>
+        <source>A scale, or semitones from each note to the next: 2,2,1</source>
+        <translation>Una escala, o los semitonos de una nota a la siguiente: 2,2,1</translation>
+    </message>
+    <message>
+        <source>First &amp;controller</source>
+        <translation>Primer &amp;controlador</translation>
+    </message>
+    <message>
+        <source>&amp;Steps</source>
+        <translation>Pa&amp;sos</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>&amp;Canal</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Colores</translation>
+    </message>
+    <message>
+        <source>From one to another</source>
+        <translation>De uno a otro</translation>
+    </message>
+    <message>
+        <source>Palette %1, in turn</source>
+        <translation>Paleta %1, por turno</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Desde</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;Hasta</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones</source>
+        <translation>&amp;Semitonos</translation>
+    </message>
+    <message>
+        <source>Colour of Pads</source>
+        <translation>Color de los pads</translation>
+    </message>
+    <message>
+        <source>Cance&amp;l</source>
+        <translation>Cance&amp;lar</translation>
+    </message>
+    <message>
+        <source>Steps are whole numbers with commas between, as in 2,2,1</source>
+        <translation>Los pasos son números enteros separados por comas, como 2,2,1</translation>
+    </message>
+    <message>
+        <source>The picture shows what comes of it.</source>
+        <translation>La imagen muestra el resultado.</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2331,10 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Restablecer escena %1</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate From File...</source>
+        <translation>&amp;Duplicar de archivo...</translation>
     </message>
 </context>
 <context>

@@ -532,6 +532,66 @@
         <source>Sends nothing</source>
         <translation>N’envoie rien</translation>
     </message>
+    <message>
+        <source>{} Groups</source>
+        <translation>{} groupes</translation>
+    </message>
+    <message>
+        <source>{} Knobs</source>
+        <translation>{} potentiomètres</translation>
+    </message>
+    <message>
+        <source>{} Sliders</source>
+        <translation>{} curseurs</translation>
+    </message>
+    <message>
+        <source>{} Pads</source>
+        <translation>{} pads</translation>
+    </message>
+    <message>
+        <source>{} Keys</source>
+        <translation>{} touches</translation>
+    </message>
+    <message>
+        <source>{} and 1 more group</source>
+        <translation>{} et 1 autre groupe</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more groups</source>
+        <translation>{0} et {1} autres groupes</translation>
+    </message>
+    <message>
+        <source>{} and 1 more knob</source>
+        <translation>{} et 1 autre potentiomètre</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more knobs</source>
+        <translation>{0} et {1} autres potentiomètres</translation>
+    </message>
+    <message>
+        <source>{} and 1 more slider</source>
+        <translation>{} et 1 autre curseur</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more sliders</source>
+        <translation>{0} et {1} autres curseurs</translation>
+    </message>
+    <message>
+        <source>{} and 1 more pad</source>
+        <translation>{} et 1 autre pad</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more pads</source>
+        <translation>{0} et {1} autres pads</translation>
+    </message>
+    <message>
+        <source>{} and 1 more key</source>
+        <translation>{} et 1 autre touche</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more keys</source>
+        <translation>{0} et {1} autres touches</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -605,6 +665,49 @@
     <message>
         <source>&amp;Reset Scene Settings</source>
         <translation>&amp;Réinitialiser les réglages de scène</translation>
+    </message>
+    <message>
+        <source>Select &amp;All of This Kind</source>
+        <translation>&amp;Sélectionner tous ceux de ce type</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>&amp;Fill...</source>
+        <translation>Re&amp;mplir...</translation>
+    </message>
+    <message>
+        <source>&amp;Transpose...</source>
+        <translation>&amp;Transposer...</translation>
+    </message>
+    <message>
+        <source>%1 have their default settings</source>
+        <translation>%1 ont leurs réglages par défaut</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Into Controls</source>
+        <translation>Co&amp;ller dans les contrôles</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Controls</source>
+        <translation>&amp;Réinitialiser les contrôles</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>Remplir %1</translation>
+    </message>
+    <message>
+        <source>Transpose %1</source>
+        <translation>Transposer %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DevicePicture</name>
+    <message>
+        <source>Band around controls</source>
+        <translation>Cadre autour des contrôles</translation>
     </message>
 </context>
 <context>
@@ -892,6 +995,109 @@
     <message>
         <source>{}: the sheet cannot be drawn</source>
         <translation>{} : la feuille ne peut pas être dessinée</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::FillDialog</name>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>Controllers</source>
+        <translation>Contrôleurs</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Couleurs</translation>
+    </message>
+    <message>
+        <source>Their notes, moved</source>
+        <translation>Leurs notes, décalées</translation>
+    </message>
+    <message>
+        <source>F&amp;ill</source>
+        <translation>Re&amp;mplir</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>Remplir %1</translation>
+    </message>
+    <message>
+        <source>Fill &amp;with</source>
+        <translation>Remplir a&amp;vec</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>Remplir avec</translation>
+    </message>
+    <message>
+        <source>First &amp;note</source>
+        <translation>Première &amp;note</translation>
+    </message>
+    <message>
+        <source>&amp;Scale or steps</source>
+        <translation>&amp;Gamme ou pas</translation>
+    </message>
+    <message>
+        <source>A scale, or semitones from each note to the next: 2,2,1</source>
+        <translation>Une gamme, ou les demi-tons d'une note à la suivante : 2,2,1</translation>
+    </message>
+    <message>
+        <source>First &amp;controller</source>
+        <translation>Premier &amp;contrôleur</translation>
+    </message>
+    <message>
+        <source>&amp;Steps</source>
+        <translation>&amp;Pas</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>&amp;Canal</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Couleurs</translation>
+    </message>
+    <message>
+        <source>From one to another</source>
+        <translation>De l'une à l'autre</translation>
+    </message>
+    <message>
+        <source>Palette %1, in turn</source>
+        <translation>Palette %1, à tour de rôle</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;De</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;Jusqu'à</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones</source>
+        <translation>Demi-&amp;tons</translation>
+    </message>
+    <message>
+        <source>Colour of Pads</source>
+        <translation>Couleur des pads</translation>
+    </message>
+    <message>
+        <source>Cance&amp;l</source>
+        <translation>Annu&amp;ler</translation>
+    </message>
+    <message>
+        <source>Steps are whole numbers with commas between, as in 2,2,1</source>
+        <translation>Les pas sont des nombres entiers séparés par des virgules, comme 2,2,1</translation>
+    </message>
+    <message>
+        <source>The picture shows what comes of it.</source>
+        <translation>L'image montre le résultat.</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2331,10 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>Réinitialiser la scène %1</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate From File...</source>
+        <translation>&amp;Dupliquer depuis un fichier...</translation>
     </message>
 </context>
 <context>

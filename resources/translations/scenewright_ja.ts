@@ -532,6 +532,66 @@
         <source>Sends nothing</source>
         <translation>何も送信しません</translation>
     </message>
+    <message>
+        <source>{} Groups</source>
+        <translation>グループ {} 個</translation>
+    </message>
+    <message>
+        <source>{} Knobs</source>
+        <translation>ノブ {} 個</translation>
+    </message>
+    <message>
+        <source>{} Sliders</source>
+        <translation>スライダー {} 個</translation>
+    </message>
+    <message>
+        <source>{} Pads</source>
+        <translation>パッド {} 個</translation>
+    </message>
+    <message>
+        <source>{} Keys</source>
+        <translation>鍵盤 {} 個</translation>
+    </message>
+    <message>
+        <source>{} and 1 more group</source>
+        <translation>{} とほか 1 グループ</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more groups</source>
+        <translation>{0} とほか {1} グループ</translation>
+    </message>
+    <message>
+        <source>{} and 1 more knob</source>
+        <translation>{} とほか 1 ノブ</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more knobs</source>
+        <translation>{0} とほか {1} ノブ</translation>
+    </message>
+    <message>
+        <source>{} and 1 more slider</source>
+        <translation>{} とほか 1 スライダー</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more sliders</source>
+        <translation>{0} とほか {1} スライダー</translation>
+    </message>
+    <message>
+        <source>{} and 1 more pad</source>
+        <translation>{} とほか 1 パッド</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more pads</source>
+        <translation>{0} とほか {1} パッド</translation>
+    </message>
+    <message>
+        <source>{} and 1 more key</source>
+        <translation>{} とほか 1 鍵盤</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more keys</source>
+        <translation>{0} とほか {1} 鍵盤</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -605,6 +665,49 @@
     <message>
         <source>&amp;Reset Scene Settings</source>
         <translation>シーンの設定をリセット(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All of This Kind</source>
+        <translation>この種類をすべて選択(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>&amp;Fill...</source>
+        <translation>一括入力(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>&amp;Transpose...</source>
+        <translation>移調(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>%1 have their default settings</source>
+        <translation>%1 を既定の設定に戻しました</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Into Controls</source>
+        <translation>選択したコントロールに貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Controls</source>
+        <translation>選択したコントロールをリセット(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>%1 に一括入力</translation>
+    </message>
+    <message>
+        <source>Transpose %1</source>
+        <translation>%1 を移調</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DevicePicture</name>
+    <message>
+        <source>Band around controls</source>
+        <translation>コントロールを囲む枠</translation>
     </message>
 </context>
 <context>
@@ -892,6 +995,109 @@
     <message>
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: シートを描画できません</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::FillDialog</name>
+    <message>
+        <source>Notes</source>
+        <translation>ノート</translation>
+    </message>
+    <message>
+        <source>Controllers</source>
+        <translation>コントローラー</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI チャンネル</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>色</translation>
+    </message>
+    <message>
+        <source>Their notes, moved</source>
+        <translation>ノートの移動</translation>
+    </message>
+    <message>
+        <source>F&amp;ill</source>
+        <translation>入力(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>%1 に一括入力</translation>
+    </message>
+    <message>
+        <source>Fill &amp;with</source>
+        <translation>入力する内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>入力する内容</translation>
+    </message>
+    <message>
+        <source>First &amp;note</source>
+        <translation>最初のノート(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Scale or steps</source>
+        <translation>スケールまたは間隔(&amp;S)</translation>
+    </message>
+    <message>
+        <source>A scale, or semitones from each note to the next: 2,2,1</source>
+        <translation>スケール、または次のノートまでの半音数: 2,2,1</translation>
+    </message>
+    <message>
+        <source>First &amp;controller</source>
+        <translation>最初のコントローラー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Steps</source>
+        <translation>間隔(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>チャンネル(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>From one to another</source>
+        <translation>ある色から別の色へ</translation>
+    </message>
+    <message>
+        <source>Palette %1, in turn</source>
+        <translation>パレット %1 を順に</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>始まり(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>終わり(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones</source>
+        <translation>半音(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour of Pads</source>
+        <translation>パッドの色</translation>
+    </message>
+    <message>
+        <source>Cance&amp;l</source>
+        <translation>キャンセル(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Steps are whole numbers with commas between, as in 2,2,1</source>
+        <translation>間隔は 2,2,1 のようにコンマで区切った整数です</translation>
+    </message>
+    <message>
+        <source>The picture shows what comes of it.</source>
+        <translation>結果が図に表示されています。</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2331,10 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>シーン %1 のリセット</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate From File...</source>
+        <translation>ファイルから複製(&amp;D)...</translation>
     </message>
 </context>
 <context>

@@ -532,6 +532,66 @@
         <source>Sends nothing</source>
         <translation>不发送任何内容</translation>
     </message>
+    <message>
+        <source>{} Groups</source>
+        <translation>{} 个组</translation>
+    </message>
+    <message>
+        <source>{} Knobs</source>
+        <translation>{} 个旋钮</translation>
+    </message>
+    <message>
+        <source>{} Sliders</source>
+        <translation>{} 个推子</translation>
+    </message>
+    <message>
+        <source>{} Pads</source>
+        <translation>{} 个打击垫</translation>
+    </message>
+    <message>
+        <source>{} Keys</source>
+        <translation>{} 个琴键</translation>
+    </message>
+    <message>
+        <source>{} and 1 more group</source>
+        <translation>{} 及另外 1 个组</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more groups</source>
+        <translation>{0} 及另外 {1} 个组</translation>
+    </message>
+    <message>
+        <source>{} and 1 more knob</source>
+        <translation>{} 及另外 1 个旋钮</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more knobs</source>
+        <translation>{0} 及另外 {1} 个旋钮</translation>
+    </message>
+    <message>
+        <source>{} and 1 more slider</source>
+        <translation>{} 及另外 1 个推子</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more sliders</source>
+        <translation>{0} 及另外 {1} 个推子</translation>
+    </message>
+    <message>
+        <source>{} and 1 more pad</source>
+        <translation>{} 及另外 1 个打击垫</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more pads</source>
+        <translation>{0} 及另外 {1} 个打击垫</translation>
+    </message>
+    <message>
+        <source>{} and 1 more key</source>
+        <translation>{} 及另外 1 个琴键</translation>
+    </message>
+    <message>
+        <source>{0} and {1} more keys</source>
+        <translation>{0} 及另外 {1} 个琴键</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::ControlButton</name>
@@ -605,6 +665,49 @@
     <message>
         <source>&amp;Reset Scene Settings</source>
         <translation>重置场景设置(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All of This Kind</source>
+        <translation>选择所有同类控件(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>&amp;Fill...</source>
+        <translation>填充(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>&amp;Transpose...</source>
+        <translation>移调(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>%1 have their default settings</source>
+        <translation>%1 已恢复默认设置</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Into Controls</source>
+        <translation>粘贴到所选控件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Controls</source>
+        <translation>重置所选控件(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>Transpose %1</source>
+        <translation>移调 %1</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::DevicePicture</name>
+    <message>
+        <source>Band around controls</source>
+        <translation>框选控件</translation>
     </message>
 </context>
 <context>
@@ -892,6 +995,109 @@
     <message>
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}：无法绘制谱单</translation>
+    </message>
+</context>
+<context>
+    <name>scenewright::FillDialog</name>
+    <message>
+        <source>Notes</source>
+        <translation>音符</translation>
+    </message>
+    <message>
+        <source>Controllers</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI 通道</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Their notes, moved</source>
+        <translation>移动后的音符</translation>
+    </message>
+    <message>
+        <source>F&amp;ill</source>
+        <translation>填充(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Fill %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>Fill &amp;with</source>
+        <translation>填充内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>填充内容</translation>
+    </message>
+    <message>
+        <source>First &amp;note</source>
+        <translation>第一个音符(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Scale or steps</source>
+        <translation>音阶或步长(&amp;S)</translation>
+    </message>
+    <message>
+        <source>A scale, or semitones from each note to the next: 2,2,1</source>
+        <translation>音阶，或相邻音符之间的半音数：2,2,1</translation>
+    </message>
+    <message>
+        <source>First &amp;controller</source>
+        <translation>第一个控制器(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Steps</source>
+        <translation>步长(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>通道(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>颜色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>From one to another</source>
+        <translation>从一种到另一种</translation>
+    </message>
+    <message>
+        <source>Palette %1, in turn</source>
+        <translation>调色板 %1，依次</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>从(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>到(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones</source>
+        <translation>半音(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour of Pads</source>
+        <translation>打击垫颜色</translation>
+    </message>
+    <message>
+        <source>Cance&amp;l</source>
+        <translation>取消(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Steps are whole numbers with commas between, as in 2,2,1</source>
+        <translation>步长是以逗号分隔的整数，例如 2,2,1</translation>
+    </message>
+    <message>
+        <source>The picture shows what comes of it.</source>
+        <translation>图示显示结果。</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2331,10 @@
     <message>
         <source>Reset Scene %1</source>
         <translation>重置场景 %1</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate From File...</source>
+        <translation>从文件复制(&amp;D)...</translation>
     </message>
 </context>
 <context>

@@ -55,7 +55,8 @@ TEST_F(SceneChangesTest, AStepIsCalledAfterWhatItChanged) {
          "Scene 2 Pitch-bend speed",
          "scene2.common.PitchBendSpeed"},
         {{"scene1.pad3.CR=99", "scene1.pad3.CG=98"}, "Pad 3", ""},
-        {{"scene1.pad3.CR=99", "scene1.pad4.CR=99"}, "Scene 1", ""},
+        {{"scene1.pad3.CR=99", "scene1.pad4.CR=99"}, "2 Pads Red", "scene1.pad3.CR"},
+        {{"scene1.pad3.CR=99", "scene1.pad4.CG=99"}, "Scene 1", ""},
         {{"scene2.common.SceneName=Live", "scene2.common.PitchBendSpeed=9"}, "Scene 2", ""},
         {{"scene1.pad3.CR=99", "scene2.pad3.CR=99"}, "Scenes", ""},
     };

@@ -38,6 +38,10 @@ void CommandsBench::open(std::shared_ptr<Keyboards> keyboards) {
                                                  StoreFiles(earlier_), journal_, recovery);
     window_->notices().setDoneLasts({}); // no pause of a busy machine takes one away
     window_->show();
+    activate();
+}
+
+void CommandsBench::activate() {
     window_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), testing::kLimitMilliseconds));
 }
@@ -70,6 +74,13 @@ ButtonValue& CommandsBench::record(std::int32_t control) {
 
 void CommandsBench::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(window_.get(), key, modifiers);
+}
+
+void CommandsBench::type(const char* popUp, const QString& text) {
+    PopUpBox& box = window().panes().popUp(popUp);
+    box.setFocus();
+    QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_Return);
 }
 
 QString CommandsBench::bankWithRed(const char* name, std::int32_t red) {

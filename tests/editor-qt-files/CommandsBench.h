@@ -8,10 +8,12 @@
 #include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 namespace scenewright::testing {
 
@@ -39,8 +41,37 @@ protected:
     static ButtonValue& record(std::int32_t control);
     void choose(std::int32_t control) { window_->picture().button(control)->click(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier);
+    // As a user does, with the keyboard on the popup and Return at the end.
+    void type(const char* popUp, const QString& text);
+    // Does what opens a dialog, and that in the dialog.
+    template <typename Dialog>
+    void inDialog(const std::function<void()>& open, const std::function<void(Dialog&)>& act) {
+        bool isSeen = false;
+        QTimer timer; // ends with what it speaks of
+        timer.setSingleShot(true);
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&act, &isSeen] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            isSeen = dialog != nullptr;
+            if (isSeen)
+                act(*dialog);
+        });
+        timer.start(0);
+        open();
+        EXPECT_TRUE(isSeen);
+        activate();
+    }
+    // The widget of that type and accessible name.
+    template <typename Field>
+    static Field& field(QWidget& in, const QString& name) {
+        for (auto* at : in.findChildren<Field*>())
+            if (at->accessibleName() == name)
+                return *at;
+        throw std::out_of_range(name.toStdString());
+    }
     // A bank of four default scenes in which pad 1 of the first one has this red.
     QString bankWithRed(const char* name, std::int32_t red);
+    // The window takes keys, as it does once a dialog has given way.
+    void activate();
     bool waitUntil(const std::function<bool()>& condition);
 
     TempFolder folder;

@@ -1,0 +1,202 @@
+// Several controls chosen at once, with the mouse and with the keys, and what goes to all of them.
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QLabel>
+#include <QTest>
+
+#include <cstdint>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+using Controls = std::vector<std::int32_t>;
+
+class ControlChoiceTest : public CommandsBench {
+protected:
+    ControlChoiceTest() { open(); }
+
+    void click(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(window().picture().button(control), Qt::LeftButton, modifiers);
+    }
+    void clickRow(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
+        ControlList& list = window().list();
+        list.scrollTo(list.model()->index(control, 0));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers,
+                          list.visualRect(list.model()->index(control, 0)).center());
+    }
+    // As picture, list, pane and view show it.
+    void expectChosen(const Controls& controls) {
+        EXPECT_EQ(window().choice().selection().controls(), controls);
+        EXPECT_EQ(window().view().selectControl(), controls.back());
+        Controls rows;
+        for (const QModelIndex& row : window().list().selectionModel()->selectedIndexes())
+            rows.push_back(row.row());
+        Controls onPicture;
+        for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+            const ControlButton& button = *window().picture().button(tag);
+            if (button.isTaken() || button.image())
+                onPicture.push_back(tag);
+            EXPECT_EQ(button.accessibleDescription().endsWith(", chosen"),
+                      button.isTaken() || button.image());
+        }
+        Controls sorted = controls;
+        std::ranges::sort(sorted);
+        std::ranges::sort(rows);
+        EXPECT_EQ(rows, sorted);
+        std::erase(sorted, 0); // the scene's own settings have no button
+        EXPECT_EQ(onPicture, sorted);
+    }
+    [[nodiscard]] QString heading() {
+        return window().panes().pane(ControlKind::Pad).findChild<QLabel*>()->text();
+    }
+    void chooseOption(const char* popUp, int option) {
+        PopUpBox& box = window().panes().popUp(popUp);
+        box.selectItem(option);
+        emit box.activated(option);
+    }
+    QString step() { return commands().history().steps().undoText(); }
+};
+
+TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
+    enum class At { Picture, List };
+    struct Row {
+        At at;
+        std::int32_t control;
+        Qt::KeyboardModifiers modifiers;
+        Controls chosen;
+    };
+    for (const Row& row : {
+             Row{At::Picture, kPad, {}, {kPad}},
+             Row{At::Picture, kPad + 2, Qt::ControlModifier, {kPad, kPad + 2}},
+             Row{At::List, kPad + 7, Qt::ControlModifier, {kPad, kPad + 2, kPad + 7}},
+             Row{At::Picture, kPad + 2, Qt::ControlModifier, {kPad, kPad + 7}},
+             Row{At::List, kPad + 7, Qt::ControlModifier, {kPad}},
+             Row{At::Picture, kPad + 5, Qt::ShiftModifier, {kPad + 7, kPad + 6, kPad + 5}},
+             Row{At::List, kPad + 6, Qt::ShiftModifier, {kPad + 7, kPad + 6}},
+             Row{At::List, kPad + 6, {}, {kPad + 6}},
+             Row{At::Picture, 5, Qt::ControlModifier, {kPad + 6, 5}},
+             Row{At::Picture, 5, {}, {5}},
+             Row{At::List, 0, Qt::ControlModifier, {0}},
+         }) {
+        if (row.at == At::Picture)
+            click(row.control, row.modifiers);
+        else
+            clickRow(row.control, row.modifiers);
+        expectChosen(row.chosen);
+    }
+}
+
+TEST_F(ControlChoiceTest, KeysTakeControlsInAndOut) {
+    click(kPad);
+    ControlButton* at = window().picture().button(kPad);
+    QTest::keyClick(at, Qt::Key_Right, Qt::ShiftModifier);
+    expectChosen({kPad, kPad + 1});
+    at = window().picture().button(kPad + 1);
+    QTest::keyClick(at, Qt::Key_Right, Qt::ControlModifier); // goes there alone
+    expectChosen({kPad, kPad + 1});
+    QTest::keyClick(window().picture().button(kPad + 2), Qt::Key_Space, Qt::ControlModifier);
+    expectChosen({kPad, kPad + 1, kPad + 2});
+    QTest::keyClick(window().picture().button(kPad + 2), Qt::Key_Space);
+    expectChosen({kPad + 2});
+
+    clickRow(kPad);
+    ControlList& list = window().list();
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+    expectChosen({kPad, kPad + 1, kPad + 2});
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+    expectChosen({kPad, kPad + 1, kPad + 2, kPad + 4});
+    QTest::keyClick(&list, Qt::Key_Return);
+    expectChosen({kPad + 4});
+}
+
+TEST_F(ControlChoiceTest, AllOfTheKindAreChosenWithTheirKeys) {
+    click(kPad + 3);
+    press(Qt::Key_A);
+    expectChosen({13, 14, 15, 17, 18, 19, 20, 16});
+    EXPECT_EQ(heading(), "Pad 4 and 7 more pads");
+    press(Qt::Key_2); // another scene
+    expectChosen({0});
+    EXPECT_FALSE(commands().controls().selectAllAction().isEnabled());
+}
+
+TEST_F(ControlChoiceTest, ABandTakesWhatItTouches) {
+    DevicePicture& picture = window().picture();
+    const QRect first = picture.button(kPad)->geometry();
+    const QRect sixth = picture.button(kPad + 5)->geometry();
+    const auto drag = [&](QWidget* from, const QPoint& begin, Qt::KeyboardModifiers modifiers) {
+        QTest::mousePress(from, Qt::LeftButton, modifiers, from->mapFrom(&picture, begin));
+        QMouseEvent move(QEvent::MouseMove, from->mapFrom(&picture, sixth.center()),
+                         picture.mapToGlobal(sixth.center()), Qt::NoButton, Qt::LeftButton,
+                         modifiers);
+        QApplication::sendEvent(from, &move);
+        QTest::mouseRelease(from, Qt::LeftButton, modifiers,
+                            from->mapFrom(&picture, sixth.center()));
+    };
+    drag(&picture, first.topLeft() - QPoint(3, 3), {});
+    expectChosen({kPad, kPad + 1, kPad + 4, kPad + 5});
+    click(5);
+    drag(picture.button(kPad), first.center(), Qt::ControlModifier); // from a control
+    expectChosen({5, kPad, kPad + 1, kPad + 4, kPad + 5});
+}
+
+TEST_F(ControlChoiceTest, AChoiceGoesToAllOfTheKindInOneStep) {
+    click(5);
+    click(kPad, Qt::ControlModifier);
+    click(kPad + 1, Qt::ControlModifier);
+    const std::int32_t channel = record(kPad).MIDIChannel();
+    chooseOption("padMIDIChannel", 4);
+    EXPECT_EQ(step(), "2 Pads MIDI channel");
+    chooseOption("padMIDIChannel", 5); // a later choice in the same popup is part of it
+    EXPECT_EQ(record(kPad).MIDIChannel(), 5);
+    EXPECT_EQ(record(kPad + 1).MIDIChannel(), 5);
+    EXPECT_EQ(record(kPad + 2).MIDIChannel(), channel);
+    click(kPad + 3, Qt::ControlModifier);
+    chooseOption("padMIDIChannel", 6);
+    EXPECT_EQ(step(), "3 Pads MIDI channel");
+    commands().history().steps().undo();
+    EXPECT_EQ(record(kPad).MIDIChannel(), 5);
+    commands().history().steps().undo();
+    EXPECT_EQ(record(kPad).MIDIChannel(), channel);
+    EXPECT_EQ(record(kPad + 1).MIDIChannel(), channel);
+    EXPECT_FALSE(commands().history().steps().canUndo());
+    expectChosen({5, kPad, kPad + 1, kPad + 3});
+}
+
+TEST_F(ControlChoiceTest, WhatAChoiceBringsWithItGoesToAll) {
+    record(kPad + 1).setAssignType(kAssignController);
+    record(kPad + 1).setCCOrNoteNumber(kFieldAbsent);
+    click(kPad + 1);
+    click(kPad, Qt::ControlModifier);
+    chooseOption("padAssignType", kAssignNote);
+    EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), 127);
+}
+
+TEST_F(ControlChoiceTest, PasteResetAndColourGoToAll) {
+    const std::int32_t red = record(kPad).CR();
+    record(kPad).setCR(9);
+    click(kPad);
+    press(Qt::Key_C);
+    click(kPad + 2, Qt::ShiftModifier);
+    press(Qt::Key_V);
+    EXPECT_EQ(record(kPad + 1).CR(), 9);
+    EXPECT_EQ(record(kPad + 2).CR(), 9);
+    EXPECT_EQ(step(), "Paste Into 3 Pads");
+    commands().colours().choose({1, 2, 3});
+    EXPECT_EQ(record(kPad).CB(), 3);
+    EXPECT_EQ(record(kPad + 2).CB(), 3);
+    EXPECT_EQ(step(), "3 Pads Colour");
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(record(kPad).CR(), red);
+    EXPECT_EQ(record(kPad + 2).CR(), red);
+    EXPECT_EQ(step(), "Reset 3 Pads");
+    EXPECT_EQ(notice(), "3 Pads have their default settings");
+}
+
+} // namespace
+
+} // namespace scenewright::testing

@@ -1,0 +1,141 @@
+#include "editor/qt/FillDialog.h"
+
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QTest>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+class FillDialogTest : public CommandsBench {
+protected:
+    FillDialogTest() { open(); }
+
+    QAction& fill() { return commands().controls().fillAction(); }
+    void chooseAll(std::int32_t control) {
+        choose(control);
+        commands().controls().selectAllAction().trigger();
+    }
+    void inDialog(QAction& action, const std::function<void(FillDialog&)>& act) {
+        CommandsBench::inDialog<FillDialog>([&action] { action.trigger(); }, act);
+    }
+    static QStringList offered(FillDialog& dialog) {
+        return field<PopUpBox>(dialog, "Fill with").titles();
+    }
+    static std::vector<std::int32_t> numbers() {
+        std::vector<std::int32_t> all;
+        for (std::int32_t pad = kPad; pad < kPad + 8; ++pad)
+            all.push_back(record(pad).CCOrNoteNumber());
+        return all;
+    }
+    QString caption(std::int32_t control) {
+        return QString::fromStdString(window().picture().button(control)->attributedTitle().text);
+    }
+};
+
+using Numbers = std::vector<std::int32_t>;
+
+TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
+    const std::pair<std::int32_t, QStringList> rows[] = {
+        {1, {"MIDI channel"}},
+        {5, {"Controllers"}},
+        {9, {"Controllers"}},
+        {kPad, {"Notes", "Controllers", "MIDI channel", "Colours", "Their notes, moved"}},
+        {21, {"Notes", "Controllers", "Their notes, moved"}}};
+    for (const auto& [control, titles] : rows) {
+        choose(control);
+        inDialog(fill(), [&titles = titles](FillDialog& dialog) {
+            EXPECT_EQ(offered(dialog), titles);
+            dialog.reject();
+        });
+    }
+    EXPECT_FALSE(commands().history().steps().canUndo());
+}
+
+TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
+    chooseAll(kPad);
+    const Numbers before = numbers();
+    const QString shownBefore = caption(kPad + 1);
+    inDialog(fill(), [&](FillDialog& dialog) {
+        field<QLineEdit>(dialog, "First note").setText("C3");
+        field<QComboBox>(dialog, "Scale or steps").setCurrentText("minor-pentatonic");
+        EXPECT_EQ(caption(kPad + 1), "Note\nEb3");
+        EXPECT_EQ(numbers(), before);
+        dialog.reject();
+    });
+    EXPECT_EQ(caption(kPad + 1), shownBefore);
+    EXPECT_EQ(numbers(), before);
+    EXPECT_FALSE(commands().history().steps().canUndo());
+}
+
+TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
+    choose(kPad);
+    window().choice().selectAll();
+    struct Row {
+        const char* first;
+        const char* steps;
+        Numbers after;
+    };
+    for (const Row& row : {Row{"C3", "minor-pentatonic", {48, 51, 53, 55, 58, 60, 63, 65}},
+                           Row{"C2", "2,1", {36, 38, 39, 41, 42, 44, 45, 47}},
+                           Row{"60", "-1", {60, 59, 58, 57, 56, 55, 54, 53}}}) {
+        const Numbers before = numbers();
+        inDialog(fill(), [&](FillDialog& dialog) {
+            field<QLineEdit>(dialog, "First note").setText(row.first);
+            field<QComboBox>(dialog, "Scale or steps").setCurrentText(row.steps);
+            dialog.accept();
+        });
+        EXPECT_EQ(numbers(), row.after) << row.steps;
+        EXPECT_EQ(commands().history().steps().undoText(), "Fill 8 Pads");
+        commands().history().steps().undo();
+        EXPECT_EQ(numbers(), before);
+    }
+}
+
+TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
+    const Numbers before = numbers();
+    choose(kPad + 1);
+    QTest::mouseClick(window().picture().button(kPad + 6), Qt::LeftButton, Qt::ControlModifier);
+    inDialog(fill(), [](FillDialog& dialog) {
+        field<QLineEdit>(dialog, "First note").setText("C1");
+        dialog.accept();
+    });
+    Numbers after = before;
+    after[1] = 24;
+    after[6] = 25;
+    EXPECT_EQ(numbers(), after);
+    inDialog(commands().controls().transposeAction(), [](FillDialog& dialog) {
+        EXPECT_EQ(offered(dialog)[field<PopUpBox>(dialog, "Fill with").selectedItem()],
+                  "Their notes, moved");
+        field<QSpinBox>(dialog, "Semitones").setValue(-2);
+        dialog.accept();
+    });
+    after[1] = 22;
+    after[6] = 23;
+    EXPECT_EQ(numbers(), after);
+    EXPECT_EQ(commands().history().steps().undoText(), "Transpose 2 Pads");
+}
+
+TEST_F(FillDialogTest, WhatCannotBeDoneIsSaidAndNotDone) {
+    chooseAll(kPad);
+    inDialog(fill(), [&](FillDialog& dialog) {
+        auto& accept = field<QPushButton>(dialog, "Fill");
+        EXPECT_TRUE(accept.isEnabled());
+        for (const auto& [first, steps] : {std::pair{"H9", "1"}, {"G9", "1"}, {"C2", "often"}}) {
+            field<QLineEdit>(dialog, "First note").setText(first);
+            field<QComboBox>(dialog, "Scale or steps").setCurrentText(steps);
+            EXPECT_FALSE(accept.isEnabled()) << first << " " << steps;
+            EXPECT_FALSE(dialog.filled().has_value());
+        }
+        dialog.reject();
+    });
+}
+
+} // namespace
+
+} // namespace scenewright::testing
