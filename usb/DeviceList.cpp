@@ -80,9 +80,11 @@ Result<void> addToOwn(const fs::path& file, const DeviceIds& ids) {
 
 Result<std::vector<PropertyValue>> readDeviceEntries() {
     const std::vector<fs::path> files = Resources::findAll(kName, kType);
-    if (files.empty())
-        return failure(Resources::read(kName).error());
     std::vector<PropertyValue> entries;
+    if (files.empty()) // which says so, unless there is one by now
+        return Resources::read(kName).map([](const PropertyValue& list) {
+            return std::vector(list.elements().begin(), list.elements().end());
+        });
     for (const fs::path& file : files) {
         const auto list = readPropertyList(file);
         if (!list)
