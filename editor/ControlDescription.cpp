@@ -90,7 +90,7 @@ constexpr auto kSummaryRows = std::to_array<Row>({
 constexpr const char* kNothing = "---";
 
 std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue& record) {
-    const std::string format = translated(row.format);
+    std::string format = translated(row.format);
     if (row.field == nullptr)
         return format;
     const std::string* title = titleAt(row.list->of(lists), row.field->of(record));

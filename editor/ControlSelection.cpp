@@ -97,7 +97,7 @@ std::vector<std::int32_t> ControlSelection::alike() const {
 }
 
 std::string paneTitle(const ControlSelection& selection) {
-    const std::string chosen = controlName(std::max(0, selection.chosen()));
+    std::string chosen = controlName(std::max(0, selection.chosen()));
     const std::size_t count = selection.alike().size();
     if (count < 2)
         return chosen;

@@ -5,6 +5,7 @@
 #include "model/Setting.h"
 
 #include <QColorDialog>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPixmap>
 #include <QScreen>

@@ -74,10 +74,8 @@ class Table {
 public:
     // `names` is how wide the first column's widest text is.
     Table(QPainter& painter, qreal left, qreal width, qreal names, bool isDrawn)
-        : painter_(painter), left_(left), width_(width), isDrawn_(isDrawn) {
-        const qreal rest = width - names - kCellGap;
-        columns_ = {names + kCellGap, rest * kSendsPart, rest * (1 - kSendsPart)};
-    }
+        : painter_(painter), left_(left), width_(width),
+          columns_(columnsOf(names, width - names - kCellGap)), isDrawn_(isDrawn) {}
 
     // Gives where the next one begins.
     qreal row(const SceneSheet::Row& texts, qreal top) {
@@ -98,6 +96,11 @@ public:
     }
 
 private:
+    // Of the columns: the names with their gap, and two in what is left beside them.
+    static std::array<qreal, 3> columnsOf(qreal names, qreal rest) {
+        return {names + kCellGap, rest * kSendsPart, rest * (1 - kSendsPart)};
+    }
+
     void rule(qreal at) {
         painter_.setPen(QPen(kRule, kRuleWidth));
         painter_.drawLine(QPointF(left_, at), QPointF(left_ + width_, at));
@@ -107,7 +110,7 @@ private:
     QPainter& painter_;
     qreal left_;
     qreal width_;
-    std::array<qreal, 3> columns_{};
+    std::array<qreal, 3> columns_; // their widths
     bool isDrawn_;
 };
 
