@@ -80,8 +80,8 @@ void ValuePanes::makePane(ControlKind kind) {
     body.frame->installEventFilter(this);
     body.frame->setAccessibleName(tr("Settings of the chosen control"));
     auto& column = makeChild<QVBoxLayout>(body.frame);
-    column.setContentsMargins(14, 9, 14, 12);
-    column.setSpacing(6);
+    column.setContentsMargins(14, 5, 14, 7);
+    column.setSpacing(3);
     body.heading = &makeChild<QLabel>(body.frame);
     body.heading->setProperty("role", "heading");
     column.addWidget(body.heading);
@@ -90,7 +90,7 @@ void ValuePanes::makePane(ControlKind kind) {
     column.addLayout(fields.release()); // the column owns it from here
     column.addStretch(1);
     body.fields->setHorizontalSpacing(14);
-    body.fields->setVerticalSpacing(3);
+    body.fields->setVerticalSpacing(2);
     for (int at = 0; at < kColumns; ++at)
         body.fields->setColumnStretch(at, 1);
     static_cast<QGridLayout*>(layout())->addWidget(body.frame, 0, 0);
