@@ -13,6 +13,7 @@ DISPLAY = ":7"
 FIRST_PAD = 13  # its control index
 FIRST_PAD_AT = (790, 160)  # on the picture, in a window of the default size
 FIRST_PAD_TYPE = 181  # its place in the first scene
+SCENE = 253  # bytes of a scene in a bank
 LOOKS = 4  # seconds, in which the editor looks several times
 CONTROLLER, NOTE = 1, 2  # positions in the list of types
 
@@ -102,6 +103,26 @@ def case_editor_reads_changes_a_pad_and_sends(rig):
     window.key("ctrl+Return")
     window.await_log("\nFinish\n")
     bank[FIRST_PAD_TYPE] = CONTROLLER
+    assert keyboard.bank_file.read_bytes() == bytes(bank), "the controller holds another bank"
+    window.key("ctrl+q")
+    check_equal(window.program.wait(PATIENCE), 0, "exit code")
+    keyboard.check_port_is_back()
+
+
+def case_editor_swaps_two_scenes_and_sends(rig):
+    bank = bytearray(some_bank(7))
+    keyboard = rig.plug(bank=bytes(bank))
+    window = Window(rig)
+    window.key("ctrl+r")
+    window.await_log("Read Scene Data Finish")
+    # What comes while the read blocks the window is dropped.
+    window.click_until(FIRST_PAD_AT, f"点击了按钮：{FIRST_PAD}\n")
+    for keys in ("ctrl+2", "alt+s", "w", "4"):  # of the menu Scene, Swap With, the last scene
+        window.key(keys)
+    window.key("ctrl+Return")
+    window.await_log("\nFinish\n")
+    second, fourth = (slice(scene * SCENE, (scene + 1) * SCENE) for scene in (1, 3))
+    bank[second], bank[fourth] = bank[fourth], bank[second]
     assert keyboard.bank_file.read_bytes() == bytes(bank), "the controller holds another bank"
     window.key("ctrl+q")
     check_equal(window.program.wait(PATIENCE), 0, "exit code")
