@@ -270,7 +270,7 @@ TEST_F(DeviceVerificationTest, NoKindOfChangeLeavesTheNoticeThatBothAreTheSame) 
         {"a bank opened", [this, bank] { commands().banks().openBank(bank); }},
         {"earlier scenes", [this] { commands().earlier().restoreLatest(); }},
     };
-    record(kPad + 1).setCR(9);
+    record(kPad + 1).setCG(9);
     choose(kPad);
     for (const Row& row : rows) {
         SCOPED_TRACE(row.change);

@@ -121,9 +121,11 @@ TEST(WindowStyle, ButtonTellsItsKindAndItsState) {
 }
 
 TEST(WindowStyle, LineTellsWhetherItCanBeEditedAndHasTheKeyboard) {
-    const auto line = [](QStyle::State state) {
+    const auto line = [](QStyle::State state, int frame = 1) {
+        QStyleOptionFrame framed;
+        framed.lineWidth = frame;
         return drawn<QStyleOptionFrame>(
-            {}, state, [](const auto& style, const auto& option, QPainter& painter) {
+            framed, state, [](const auto& style, const auto& option, QPainter& painter) {
                 style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, nullptr);
             });
     };
@@ -134,6 +136,7 @@ TEST(WindowStyle, LineTellsWhetherItCanBeEditedAndHasTheKeyboard) {
     EXPECT_EQ(groundOf(line(locked)), roleColour(QPalette::Button));
     EXPECT_EQ(edgeOf(line(locked)), roleColour(QPalette::Button));
     EXPECT_EQ(edgeOf(line(locked | QStyle::State_HasFocus)), roleColour(QPalette::Button));
+    EXPECT_EQ(edgeOf(line(kEnabled, 0)), roleColour(QPalette::Window)) << "its box has the frame";
 }
 
 TEST(WindowStyle, PanelsAndTipsAreFilledAndEdged) {

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <utility>
 
@@ -73,12 +75,17 @@ protected:
     void TearDown() override {
         Resources::setFolder({});
         setTranslator(nullptr);
+        ::unsetenv("XDG_CONFIG_HOME");
     }
 
     void writeBasic(const std::string& dictionary) { writeList("basic", dictionary); }
     void writeList(const std::string& name, const std::string& dictionary) {
+        writeList(folder_.path(), name, dictionary);
+    }
+    static void writeList(const std::filesystem::path& folder, const std::string& name,
+                          const std::string& dictionary) {
         const std::string text = "<plist version=\"1.0\"><dict>" + dictionary + "</dict></plist>";
-        testing::writeBytes(folder_.file(name + ".plist"),
+        testing::writeBytes((folder / (name + ".plist")).string(),
                             {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     }
 
@@ -220,7 +227,13 @@ TEST_F(PopUpValueTest, ShownListsHaveTheWordsOfTheLanguageWhereItHasAsMany) {
 }
 
 TEST_F(PopUpValueTest, UsersOwnBasicListStaysAsItIsInEveryLanguage) {
-    setTranslator(&germanNames); // basic_de.plist lies among the shared resources
+    setTranslator(&germanNames);
+    const testing::TempFolder later; // in the search
+    ::setenv("XDG_CONFIG_HOME", later.path().c_str(), 1);
+    const std::filesystem::path lists = later.path() / "scenewright";
+    std::filesystem::create_directory(lists);
+    writeList(lists, "basic", kEnglish);
+    writeList(lists, "basic_de", kGerman);
     EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Aus", "Ein"}));
     writeBasic(kEnglish);
     EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));

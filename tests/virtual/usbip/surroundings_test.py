@@ -306,8 +306,8 @@ class Commands(Case):
             server = self.serve_told("--orders", stdin=orders)
         self.wait_until_told("0 faults ordered")
         self.assertEqual(server.end(), 0)
-        self.assertEqual(self.told(), ["a line of more than 4096 bytes is no order: those are "
-                                       "faults, unplug, plug, scene, press, release, turn and slide", "0 faults ordered"])
+        self.assertEqual(self.told(), ["a line of more than 4096 bytes is no order",
+                                       "0 faults ordered"])
 
 
 class Program(Case):
