@@ -5,6 +5,7 @@
 #include "editor/qt/QtHelpers.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -47,10 +48,7 @@ About::About(QWidget* parent) : QDialog(parent) {
     for (const QString& line : {text, versions})
         column.addWidget(&makeChild<QLabel>(line, this));
     auto& table = makeChild<QTreeWidget>(this);
-    table.setAccessibleName(tr("Libraries"));
-    table.setHeaderLabels({tr("Library"), tr("Built with"), tr("Licence")});
-    table.setItemDelegate(&makeChild<RowDelegate>(&table));
-    table.setRootIsDecorated(false);
+    layOutTable(table, tr("Libraries"), {tr("Library"), tr("Built with"), tr("Licence")});
     for (const Library& library : libraries())
         table.addTopLevelItem(
             std::make_unique<QTreeWidgetItem>(
@@ -85,6 +83,24 @@ NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(par
     column.addWidget(&whole, 1);
     addClose(*this, column);
     resize(kDetailsSize);
+}
+
+void layOutTable(QTreeWidget& table, const QString& name, const QStringList& columns) {
+    table.setAccessibleName(name);
+    table.setHeaderLabels(columns);
+    table.setItemDelegate(&makeChild<RowDelegate>(&table));
+    table.setRootIsDecorated(false);
+    table.setAllColumnsShowFocus(true);
+    table.setUniformRowHeights(true);
+}
+
+QPushButton& addRowButton(QWidget& row, const QString& title, const QString& help) {
+    auto& button = makeChild<QPushButton>(title, &row);
+    button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    button.setToolTip(help);
+    button.setAutoDefault(false);
+    row.layout()->addWidget(&button);
+    return button;
 }
 
 } // namespace scenewright

@@ -2,7 +2,7 @@
 
 #include "app/SceneChanges.h"
 #include "editor/ControlDescription.h"
-#include "editor/qt/PopUpBox.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QClipboard>
@@ -52,12 +52,8 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
     column.setSpacing(8);
     count_->setProperty("role", "heading");
     column.addWidget(count_);
-    table_->setAccessibleName(windowTitle());
-    table_->setHeaderLabels({tr("Control"), tr("Setting"), tr("Keyboard"), tr("Window")});
-    table_->setItemDelegate(&makeChild<RowDelegate>(table_));
-    table_->setRootIsDecorated(false);
-    table_->setAllColumnsShowFocus(true);
-    table_->setUniformRowHeights(true);
+    layOutTable(*table_, windowTitle(),
+                {tr("Control"), tr("Setting"), tr("Keyboard"), tr("Window")});
     table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     column.addWidget(table_, 1);
     auto& hint = makeChild<QLabel>(
@@ -80,13 +76,8 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
 void DifferenceDialog::addButtons(QWidget& row) {
     auto& line = makeChild<QHBoxLayout>(&row);
     line.setContentsMargins(0, 0, 0, 0);
-    const auto add = [&row, &line](const QString& title, const QString& help) -> QPushButton& {
-        auto& button = makeChild<QPushButton>(title, &row);
-        button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
-        button.setToolTip(help);
-        button.setAutoDefault(false);
-        line.addWidget(&button);
-        return button;
+    const auto add = [&row](const QString& title, const QString& help) -> QPushButton& {
+        return addRowButton(row, title, help);
     };
     auto& take = add(tr("&Take the Keyboard's"),
                      tr("Puts what the keyboard holds into the window: of the selected rows, or of "

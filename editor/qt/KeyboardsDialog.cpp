@@ -1,7 +1,7 @@
 #include "editor/qt/KeyboardsDialog.h"
 
 #include "app/OutcomeText.h"
-#include "editor/qt/PopUpBox.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QHBoxLayout>
@@ -63,12 +63,8 @@ KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
     auto& column = makeChild<QVBoxLayout>(this);
     column.setContentsMargins(18, 16, 18, 14);
     column.setSpacing(8);
-    table_->setAccessibleName(windowTitle());
-    table_->setHeaderLabels({tr("Device"), tr("Port"), tr("Serial number"), tr("State")});
-    table_->setItemDelegate(&makeChild<RowDelegate>(table_));
-    table_->setRootIsDecorated(false);
-    table_->setAllColumnsShowFocus(true);
-    table_->setUniformRowHeights(true);
+    layOutTable(*table_, windowTitle(),
+                {tr("Device"), tr("Port"), tr("Serial number"), tr("State")});
     column.addWidget(table_, 1);
     help_->setProperty("role", "hint");
     help_->setTextFormat(Qt::PlainText);
@@ -91,13 +87,8 @@ KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
 void KeyboardsDialog::addButtons(QWidget& row, bool canInstall) {
     auto& line = makeChild<QHBoxLayout>(&row);
     line.setContentsMargins(0, 0, 0, 0);
-    const auto add = [&row, &line](const QString& title, const QString& help) -> QPushButton& {
-        auto& button = makeChild<QPushButton>(title, &row);
-        button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
-        button.setToolTip(help);
-        button.setAutoDefault(false);
-        line.addWidget(&button);
-        return button;
+    const auto add = [&row](const QString& title, const QString& help) -> QPushButton& {
+        return addRowButton(row, title, help);
     };
     use_ = &add(tr("&Use This One"), tr("Reads from and sends to this keyboard from now on"));
     allow_ = canInstall
