@@ -27,8 +27,6 @@ namespace {
 
 using enum Finding::Kind;
 
-constexpr std::int32_t kConstantCurve = 3;
-
 // In the order of the kinds.
 constexpr std::array<std::string_view, 6> kKindNames{"same-message", "sends-nothing", "one-value",
                                                      "silent-notes", "out-of-range",  "blank-name"};
@@ -150,7 +148,8 @@ private:
         bool sendsNotes = false;
         for (std::int32_t control = range.start; control < range.end(); ++control)
             sendsNotes = sendsNotes || (outputAt(control) && outputAt(control)->isNote);
-        if (common(curve) == kConstantCurve && common(velocity) == 0 && sendsNotes)
+        if (common(curve) == static_cast<std::int32_t>(VelocityCurve::Constant) &&
+            common(velocity) == 0 && sendsNotes)
             add({.kind = SilentNotes,
                  .controls = {0},
                  .field = std::string(velocity),

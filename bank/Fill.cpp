@@ -212,8 +212,8 @@ std::optional<Intervals> intervalsOf(std::string_view text) {
         std::int32_t interval = 0;
         const char* const end = part.data() + part.size();
         const auto result = std::from_chars(part.data(), end, interval);
-        if (result.ec != std::errc() || result.ptr != end ||
-            std::abs(interval) > kLargestSettingValue)
+        if (result.ec != std::errc() || result.ptr != end || interval < -kLargestSettingValue ||
+            interval > kLargestSettingValue)
             return std::nullopt;
         intervals.push_back(interval);
     }

@@ -212,7 +212,8 @@ TEST(FillValues, ErrorIsOnePhraseAndNothingIsFilled) {
 TEST(FillValues, IntervalsAreWholeNumbersWithCommasBetween) {
     EXPECT_EQ(intervalsOf("2,2,3"), (Intervals{2, 2, 3}));
     EXPECT_EQ(intervalsOf("-12"), Intervals{-12});
-    for (const char* text : {"", "2,", ",2", "2;2", "a", "128", "-128", "2.5", "99999999999"})
+    for (const char* text :
+         {"", "2,", ",2", "2;2", "a", "128", "-128", "2.5", "-2147483648", "99999999999"})
         EXPECT_EQ(intervalsOf(text), std::nullopt) << text;
 }
 
