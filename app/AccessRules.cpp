@@ -21,7 +21,23 @@ bool canExist(const DeviceIds& device) {
            device.product <= kHighest;
 }
 
+// One word of a shell's.
+std::string quoted(std::string_view text) {
+    constexpr std::string_view kPlain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-";
+    if (text.find_first_not_of(kPlain) == std::string_view::npos)
+        return std::string(text);
+    std::string word = "'";
+    for (const char letter : text)
+        word += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+    return word + "'";
+}
+
 } // namespace
+
+std::string accessCommand(std::string_view program) {
+    return fmt::format("{} udev-rules | sudo tee {}", quoted(program), kAccessRulesFile);
+}
 
 std::string udevRules(std::span<const DeviceIds> devices) {
     std::string rules = fmt::format(kHead, kAccessRulesFile);

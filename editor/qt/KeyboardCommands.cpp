@@ -1,14 +1,12 @@
 #include "editor/qt/KeyboardCommands.h"
 
-#include "app/AccessRules.h"
 #include "app/KnownKeyboard.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
-#include <QProcess>
-#include <QStandardPaths>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -33,20 +31,14 @@ std::string identityOf(const AttachedDevice& device) {
                        device.serial);
 }
 
-// As the superuser: the rules come in on standard input, and count for what is plugged in now.
-QString installCommand() {
-    return QStringLiteral("umask 022; cat >%1.new && mv %1.new %1 && udevadm control --reload && "
-                          "udevadm trigger --action=change --subsystem-match=usb")
-        .arg(QLatin1String(kAccessRulesFile));
-}
-
 } // namespace
 
 KeyboardCommands::KeyboardCommands(MainWindow& window, std::shared_ptr<Keyboards> keyboards,
                                    KeyboardWatch& watch)
     : window_(window), keyboards_(std::move(keyboards)), watch_(watch),
       action_(window.menu().device().addAction(tr("&Keyboards..."))),
-      picker_(&makeChild<QPushButton>(&window.status())), choices_(&makeChild<QMenu>(picker_)) {
+      picker_(&makeChild<QPushButton>(&window.status())), choices_(&makeChild<QMenu>(picker_)),
+      installer_(&makeChild<AccessInstaller>(this)) {
     picker_->setFlat(true);
     picker_->setAutoDefault(false);
     picker_->setMenu(choices_);
@@ -132,14 +124,15 @@ void KeyboardCommands::use(const AttachedDevice& device) {
 
 void KeyboardCommands::showDialog() {
     if (dialog_ == nullptr) {
-        const bool canInstall = !QStandardPaths::findExecutable(QStringLiteral("pkexec")).isEmpty();
-        dialog_ = &makeChild<KeyboardsDialog>(canInstall, &window_);
+        dialog_ = &makeChild<KeyboardsDialog>(AccessInstaller::isAvailable(), &window_);
         dialog_->setBusy(window_.commands().isBusy());
         connect(dialog_, &KeyboardsDialog::useWanted, this,
                 [this](const PluggedDevice& plugged) { use(plugged.device); });
         connect(dialog_, &KeyboardsDialog::addWanted, this,
                 [this](const PluggedDevice& plugged) { add(plugged.device); });
         connect(dialog_, &KeyboardsDialog::allowWanted, this, &KeyboardCommands::allow);
+        connect(dialog_, &KeyboardsDialog::copyWanted, this, &KeyboardCommands::copyCommand);
+        connect(installer_, &AccessInstaller::ended, this, &KeyboardCommands::endAllowing);
     }
     watch_.look();
     dialog_->show();
@@ -155,32 +148,21 @@ void KeyboardCommands::add(const AttachedDevice& device) {
 }
 
 void KeyboardCommands::allow() {
-    const QString pkexec = QStandardPaths::findExecutable(QStringLiteral("pkexec"));
-    if (!pkexec.isEmpty())
-        return installRules(pkexec);
-    QGuiApplication::clipboard()->setText(QLatin1String(kAccessCommand));
-    dialog_->tell(tr("Copied. Paste it into a terminal, then plug the keyboard in again."));
+    dialog_->setAsking(true);
+    dialog_->tell(tr("Waiting for an administrator's password..."));
+    installer_->start();
 }
 
-void KeyboardCommands::installRules(const QString& pkexec) {
-    auto& process = makeChild<QProcess>(this);
-    const auto end = [this, &process](bool isDone) {
-        process.deleteLater();
-        watch_.look();
-        dialog_->tell(isDone ? tr("The rules are installed. If the keyboard is still not allowed, "
-                                  "plug it in again.")
-                             : tr("The rules were not installed."));
-    };
-    connect(&process, &QProcess::finished, this, [end](int code, QProcess::ExitStatus status) {
-        end(status == QProcess::NormalExit && code == 0);
-    });
-    connect(&process, &QProcess::errorOccurred, this, [end](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            end(false); // and nothing finishes
-    });
-    process.start(pkexec, {QStringLiteral("/bin/sh"), QStringLiteral("-c"), installCommand()});
-    process.write(QByteArray::fromStdString(udevRules(deviceList())));
-    process.closeWriteChannel();
+void KeyboardCommands::endAllowing(const QString& sentence) {
+    watch_.look();
+    dialog_->setAsking(false);
+    dialog_->tell(sentence);
+}
+
+void KeyboardCommands::copyCommand() {
+    QGuiApplication::clipboard()->setText(
+        AccessInstaller::command(QCoreApplication::applicationDirPath()));
+    dialog_->tell(tr("Copied. Paste it into a terminal, then plug the keyboard in again."));
 }
 
 } // namespace scenewright

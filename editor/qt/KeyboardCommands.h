@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/Keyboards.h"
+#include "editor/qt/AccessInstaller.h"
 #include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "editor/qt/MainWindow.h"
@@ -47,16 +48,18 @@ private:
     void use(const AttachedDevice& device);
     void add(const AttachedDevice& device);
     void allow();
-    void installRules(const QString& pkexec);
+    void endAllowing(const QString& sentence);
+    void copyCommand();
 
     MainWindow& window_;
     std::shared_ptr<Keyboards> keyboards_;
     KeyboardWatch& watch_;
     std::string worked_; // the keyboard that was last in use, by all that tells it apart
-    // Children of the menu, the status line and the window.
+    // Children of the menu, the status line, this and the window.
     QAction* action_;
     QPushButton* picker_;
     QMenu* choices_;
+    AccessInstaller* installer_;
     KeyboardsDialog* dialog_ = nullptr;
 };
 

@@ -79,8 +79,9 @@ KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
     column.addWidget(&row);
     connect(table_, &QTreeWidget::currentItemChanged, this, [this] {
         showButtons();
-        showHelp();
+        help_->setText(rowHelp());
     });
+    help_->setText(rowHelp());
     resize(kDialogSize);
 }
 
@@ -91,24 +92,26 @@ void KeyboardsDialog::addButtons(QWidget& row, bool canInstall) {
         return addRowButton(row, title, help);
     };
     use_ = &add(tr("&Use This One"), tr("Reads from and sends to this keyboard from now on"));
-    allow_ = canInstall
-                 ? &add(tr("&Allow"), tr("Installs the rules that let you use the keyboards of the "
-                                         "list, with an administrator's password"))
-                 : &add(tr("Cop&y Command"),
-                        tr("Copies the command that lets you use the keyboards of the list, for a "
-                           "terminal"));
+    allow_ = &add(tr("&Allow"), tr("Installs the rules that let you use the keyboards of the list, "
+                                   "with an administrator's password"));
+    allow_->setVisible(canInstall);
+    copy_ = &add(tr("Cop&y Command"),
+                 tr("Copies the command that lets you use the keyboards of the list, for a "
+                    "terminal"));
     add_ = &add(tr("Add To My &List"), tr("Adds the device to your own list of keyboards"));
     line.addStretch(1);
     auto& close = add(tr("&Close"), {});
     close.setDefault(true);
     connect(use_, &QAbstractButton::clicked, this, [this] { emit useWanted(*chosen()); });
     connect(allow_, &QAbstractButton::clicked, this, &KeyboardsDialog::allowWanted);
+    connect(copy_, &QAbstractButton::clicked, this, &KeyboardsDialog::copyWanted);
     connect(add_, &QAbstractButton::clicked, this, [this] { emit addWanted(*chosen()); });
     connect(&close, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 void KeyboardsDialog::list(std::vector<PluggedDevice> devices) {
     const auto former = chosen();
+    const QString formerHelp = rowHelp();
     const QSignalBlocker quiet(table_);
     devices_ = std::move(devices);
     table_->clear();
@@ -129,11 +132,17 @@ void KeyboardsDialog::list(std::vector<PluggedDevice> devices) {
     if (place != devices_.end())
         table_->setCurrentItem(table_->topLevelItem(static_cast<int>(place - devices_.begin())));
     showButtons();
-    showHelp();
+    if (rowHelp() != formerHelp)
+        help_->setText(rowHelp());
 }
 
 void KeyboardsDialog::setBusy(bool isBusy) {
     isBusy_ = isBusy;
+    showButtons();
+}
+
+void KeyboardsDialog::setAsking(bool isAsking) {
+    isAsking_ = isAsking;
     showButtons();
 }
 
@@ -149,15 +158,18 @@ std::optional<PluggedDevice> KeyboardsDialog::chosen() const {
 void KeyboardsDialog::showButtons() {
     const auto device = chosen();
     use_->setEnabled(device && device->isListed && !device->isInUse && !isBusy_);
-    allow_->setEnabled(device && device->isListed && device->device.access == Access::NoPermission);
+    const bool isForbidden =
+        device && device->isListed && device->device.access == Access::NoPermission;
+    allow_->setEnabled(isForbidden && !isAsking_);
+    copy_->setEnabled(isForbidden);
     add_->setEnabled(device && !device->isListed);
 }
 
-void KeyboardsDialog::showHelp() {
+QString KeyboardsDialog::rowHelp() const {
     if (devices_.empty())
-        return help_->setText(tr("No USB MIDI device is plugged in."));
+        return tr("No USB MIDI device is plugged in.");
     const auto device = chosen();
-    help_->setText(device ? helpFor(*device) : QString());
+    return device ? helpFor(*device) : QString();
 }
 
 } // namespace scenewright

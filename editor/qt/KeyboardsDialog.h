@@ -19,25 +19,29 @@ class KeyboardsDialog final : public QDialog {
     Q_OBJECT
 
 public:
-    // `canInstall`: access rules can be installed from here, and are not only told.
+    // `canInstall`: access rules can be installed from here, and not only by a command.
     KeyboardsDialog(bool canInstall, QWidget* parent);
 
     // The chosen row stays on its device, or its port.
     void list(std::vector<PluggedDevice> devices);
     // While the keyboard in use is being sent to it stays in use.
     void setBusy(bool isBusy);
-    // In place of what is said about the row, until another one is chosen.
+    // The superuser's rights are being asked for: not twice at a time.
+    void setAsking(bool isAsking);
+    // In place of what is said about the row, until another one is chosen or its state is another.
     void tell(const QString& sentence);
 
     [[nodiscard]] QTreeWidget& table() { return *table_; }
     [[nodiscard]] QLabel& help() { return *help_; }
     [[nodiscard]] QAbstractButton& useButton() { return *use_; }
     [[nodiscard]] QAbstractButton& allowButton() { return *allow_; }
+    [[nodiscard]] QAbstractButton& copyButton() { return *copy_; }
     [[nodiscard]] QAbstractButton& addButton() { return *add_; }
 
 signals:
     void useWanted(const scenewright::PluggedDevice& device);
     void allowWanted();
+    void copyWanted();
     void addWanted(const scenewright::PluggedDevice& device);
 
 private:
@@ -45,15 +49,18 @@ private:
     [[nodiscard]] std::optional<PluggedDevice> chosen() const;
     // Greys what the chosen row does not allow.
     void showButtons();
-    void showHelp();
+    // What there is to say about the chosen row.
+    [[nodiscard]] QString rowHelp() const;
 
     std::vector<PluggedDevice> devices_; // as the rows of the table
     bool isBusy_ = false;
+    bool isAsking_ = false;
     // Children of the dialog.
     QTreeWidget* table_;
     QLabel* help_;
     QAbstractButton* use_ = nullptr;
     QAbstractButton* allow_ = nullptr;
+    QAbstractButton* copy_ = nullptr;
     QAbstractButton* add_ = nullptr;
 };
 

@@ -41,6 +41,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::AccessInstaller</name>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Die Regeln sind installiert. Ist das Keyboard noch immer nicht erlaubt, stecken Sie es neu ein.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: the question for a password was closed.</source>
+        <translation>Die Regeln wurden nicht installiert: Die Frage nach dem Passwort wurde geschlossen.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: polkit did not allow it, or cannot ask for a password here. Copy Command copies a line for a terminal.</source>
+        <translation>Die Regeln wurden nicht installiert: polkit hat es nicht erlaubt oder kann hier nicht nach einem Passwort fragen. „Befehl kopieren“ kopiert eine Zeile für ein Terminal.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: %1</source>
+        <translation>Die Regeln wurden nicht installiert: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Bank</name>
     <message>
         <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
@@ -1334,12 +1353,8 @@
         <translation>Kopiert. Fügen Sie den Befehl in ein Terminal ein, und stecken Sie das Keyboard dann neu ein.</translation>
     </message>
     <message>
-        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
-        <translation>Die Regeln sind installiert. Ist das Keyboard noch immer nicht erlaubt, stecken Sie es neu ein.</translation>
-    </message>
-    <message>
-        <source>The rules were not installed.</source>
-        <translation>Die Regeln wurden nicht installiert.</translation>
+        <source>Waiting for an administrator&apos;s password...</source>
+        <translation>Warten auf das Passwort eines Verwalters ...</translation>
     </message>
 </context>
 <context>

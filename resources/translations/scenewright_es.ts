@@ -41,6 +41,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::AccessInstaller</name>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Las reglas están instaladas. Si el teclado sigue sin permiso, vuelva a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: the question for a password was closed.</source>
+        <translation>Las reglas no se instalaron: se cerró la pregunta por la contraseña.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: polkit did not allow it, or cannot ask for a password here. Copy Command copies a line for a terminal.</source>
+        <translation>Las reglas no se instalaron: polkit no lo ha permitido o no puede pedir aquí una contraseña. «Copiar orden» copia una línea para un terminal.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: %1</source>
+        <translation>Las reglas no se instalaron: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Bank</name>
     <message>
         <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
@@ -1334,12 +1353,8 @@
         <translation>Copiada. Péguela en un terminal y vuelva a conectar el teclado.</translation>
     </message>
     <message>
-        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
-        <translation>Las reglas están instaladas. Si el teclado sigue sin permiso, vuelva a conectarlo.</translation>
-    </message>
-    <message>
-        <source>The rules were not installed.</source>
-        <translation>Las reglas no se instalaron.</translation>
+        <source>Waiting for an administrator&apos;s password...</source>
+        <translation>Esperando la contraseña de un administrador...</translation>
     </message>
 </context>
 <context>

@@ -41,6 +41,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::AccessInstaller</name>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>Les règles sont installées. Si le clavier n’est toujours pas autorisé, rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: the question for a password was closed.</source>
+        <translation>Les règles n’ont pas été installées : la demande de mot de passe a été fermée.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: polkit did not allow it, or cannot ask for a password here. Copy Command copies a line for a terminal.</source>
+        <translation>Les règles n’ont pas été installées : polkit ne l’a pas permis, ou ne peut pas demander ici de mot de passe. « Copier la commande » copie une ligne pour un terminal.</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: %1</source>
+        <translation>Les règles n’ont pas été installées : %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Bank</name>
     <message>
         <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
@@ -1045,7 +1064,7 @@
     </message>
     <message>
         <source>A scale, or semitones from each note to the next: 2,2,1</source>
-        <translation>Une gamme, ou les demi-tons d'une note à la suivante : 2,2,1</translation>
+        <translation>Une gamme, ou les demi-tons d&apos;une note à la suivante : 2,2,1</translation>
     </message>
     <message>
         <source>First &amp;controller</source>
@@ -1065,7 +1084,7 @@
     </message>
     <message>
         <source>From one to another</source>
-        <translation>De l'une à l'autre</translation>
+        <translation>De l&apos;une à l&apos;autre</translation>
     </message>
     <message>
         <source>Palette %1, in turn</source>
@@ -1077,7 +1096,7 @@
     </message>
     <message>
         <source>&amp;To</source>
-        <translation>&amp;Jusqu'à</translation>
+        <translation>&amp;Jusqu&apos;à</translation>
     </message>
     <message>
         <source>&amp;Semitones</source>
@@ -1097,7 +1116,7 @@
     </message>
     <message>
         <source>The picture shows what comes of it.</source>
-        <translation>L'image montre le résultat.</translation>
+        <translation>L&apos;image montre le résultat.</translation>
     </message>
 </context>
 <context>
@@ -1334,12 +1353,8 @@
         <translation>Copiée. Collez-la dans un terminal, puis rebranchez le clavier.</translation>
     </message>
     <message>
-        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
-        <translation>Les règles sont installées. Si le clavier n’est toujours pas autorisé, rebranchez-le.</translation>
-    </message>
-    <message>
-        <source>The rules were not installed.</source>
-        <translation>Les règles n’ont pas été installées.</translation>
+        <source>Waiting for an administrator&apos;s password...</source>
+        <translation>En attente du mot de passe d’un administrateur...</translation>
     </message>
 </context>
 <context>

@@ -41,6 +41,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::AccessInstaller</name>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>ルールをインストールしました。まだ許可されない場合は、キーボードを接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: the question for a password was closed.</source>
+        <translation>ルールはインストールされませんでした。パスワードの問い合わせが閉じられました。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: polkit did not allow it, or cannot ask for a password here. Copy Command copies a line for a terminal.</source>
+        <translation>ルールはインストールされませんでした。polkit が許可しなかったか、ここではパスワードを問い合わせられません。「コマンドをコピー」は端末用の一行をコピーします。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: %1</source>
+        <translation>ルールはインストールされませんでした: %1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Bank</name>
     <message>
         <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
@@ -1334,12 +1353,8 @@
         <translation>コピーしました。端末に貼り付けて実行し、キーボードを接続し直してください。</translation>
     </message>
     <message>
-        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
-        <translation>ルールをインストールしました。まだ許可されない場合は、キーボードを接続し直してください。</translation>
-    </message>
-    <message>
-        <source>The rules were not installed.</source>
-        <translation>ルールはインストールされませんでした。</translation>
+        <source>Waiting for an administrator&apos;s password...</source>
+        <translation>管理者のパスワードを待っています...</translation>
     </message>
 </context>
 <context>

@@ -41,6 +41,25 @@
     </message>
 </context>
 <context>
+    <name>scenewright::AccessInstaller</name>
+    <message>
+        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
+        <translation>规则已安装。如果键盘仍未获许可，请重新插入。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: the question for a password was closed.</source>
+        <translation>规则未安装：询问密码的窗口被关闭了。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: polkit did not allow it, or cannot ask for a password here. Copy Command copies a line for a terminal.</source>
+        <translation>规则未安装：polkit 没有允许，或者在这里无法询问密码。“复制命令”会复制一行供终端使用的命令。</translation>
+    </message>
+    <message>
+        <source>The rules were not installed: %1</source>
+        <translation>规则未安装：%1</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Bank</name>
     <message>
         <source>not a bank: it holds {} bytes, and a bank holds {} or is JSON</source>
@@ -1334,12 +1353,8 @@
         <translation>已复制。请粘贴到终端中执行，然后重新插入键盘。</translation>
     </message>
     <message>
-        <source>The rules are installed. If the keyboard is still not allowed, plug it in again.</source>
-        <translation>规则已安装。如果键盘仍未获许可，请重新插入。</translation>
-    </message>
-    <message>
-        <source>The rules were not installed.</source>
-        <translation>规则未安装。</translation>
+        <source>Waiting for an administrator&apos;s password...</source>
+        <translation>正在等待管理员密码...</translation>
     </message>
 </context>
 <context>

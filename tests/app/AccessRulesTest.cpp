@@ -24,5 +24,12 @@ TEST(UdevRules, EachDeviceThatCanExistHasOneRule) {
     EXPECT_EQ(udevRules(devices), kRulesHead + rule("1209", "0001") + rule("ffff", "00ab"));
 }
 
+TEST(AccessCommand, AProgramsPathIsOneWordOfTheShell) {
+    const std::string rest = " udev-rules | sudo tee /etc/udev/rules.d/70-scenewright.rules";
+    EXPECT_EQ(accessCommand("scenewright-cli"), "scenewright-cli" + rest);
+    EXPECT_EQ(accessCommand("/opt/a-b_1.0/scenewright-cli"), "/opt/a-b_1.0/scenewright-cli" + rest);
+    EXPECT_EQ(accessCommand("/my music/it's/$1"), R"('/my music/it'\''s/$1')" + rest);
+}
+
 } // namespace
 } // namespace scenewright

@@ -1,10 +1,10 @@
 #include "editor/qt/KeyboardCommands.h"
 
-#include "app/AccessRules.h"
 #include "app/KnownKeyboard.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
+#include "editor/qt/AccessInstaller.h"
 #include "editor/qt/ProgramSettings.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"
@@ -12,6 +12,7 @@
 #include "usb/Transport.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
 #include <QTest>
@@ -22,6 +23,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace scenewright::testing {
@@ -115,9 +117,9 @@ protected:
     // The buttons that can be pressed.
     static QString enabled(KeyboardsDialog& dialog) {
         QStringList names;
-        for (const QAbstractButton* button :
-             {&dialog.useButton(), &dialog.allowButton(), &dialog.addButton()})
-            if (button->isEnabled())
+        for (const QAbstractButton* button : {&dialog.useButton(), &dialog.allowButton(),
+                                              &dialog.copyButton(), &dialog.addButton()})
+            if (button->isEnabled() && !button->isHidden())
                 names.append(button->accessibleName());
         return names.join(", ");
     }
@@ -214,36 +216,6 @@ TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineThatIsNotThereSaysWhatIsUnti
     EXPECT_EQ(notice(), "");
 }
 
-struct Row {
-    QString state;
-    QString enabled;
-};
-
-TEST_F(KeyboardCommandsTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
-    using Access = AttachedDevice::Access;
-    plugged = {deviceAt("1-1"), deviceAt("1-2"), deviceAt("1-3"), strange("1-4"), strange("1-5")};
-    plugged[0].access = Access::Claimed;
-    plugged[2].access = Access::NoPermission;
-    plugged[4].access = Access::NoPermission;
-    watch();
-    KeyboardsDialog& shown = dialog();
-    const std::vector<Row> rows{{"in use, busy", ""},
-                                {"ready", "Use This One"},
-                                {"not allowed", "Use This One, Copy Command"},
-                                {"not in the list", "Add To My List"},
-                                {"not in the list, not allowed", "Add To My List"}};
-    qputenv("PATH", "");
-    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
-        chooseRow(shown, row);
-        EXPECT_EQ(shown.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
-        EXPECT_EQ(shown.table().topLevelItem(row)->text(3), rows.at(row).state);
-        EXPECT_EQ(enabled(shown), rows.at(row).enabled) << row;
-    }
-    plugged.clear();
-    look();
-    EXPECT_EQ(shown.help().text(), "No USB MIDI device is plugged in.");
-}
-
 TEST_F(KeyboardCommandsTest, TheDialogsRowStaysWhereItWasAndUseThisOneUsesIt) {
     watch();
     KeyboardsDialog& shown = dialog();
@@ -281,26 +253,40 @@ protected:
         device.access = AttachedDevice::Access::NoPermission;
         return dialogOn(device);
     }
-    // In place of the system's: it keeps what it is told, and does nothing of it.
-    void makePkexec(const QString& end) const {
-        QFile script(QString::fromStdString(folder.file("pkexec")));
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write(
-            QString("#!/bin/sh\nread -r first\necho \"$first\" >'%1'\necho \"$@\" >'%2'\n%3\n")
-                .arg(QString::fromStdString(folder.file("input")),
-                     QString::fromStdString(folder.file("words")), end)
-                .toUtf8());
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    [[nodiscard]] QString written(const char* name) const {
-        QFile text(file(name));
-        return text.open(QIODevice::ReadOnly) ? QString(text.readAll()) : QString();
-    }
 
 private:
     QByteArray path_ = qgetenv("PATH");
     QByteArray config_ = qgetenv("XDG_CONFIG_HOME");
 };
+
+struct Row {
+    QString state;
+    QString enabled;
+};
+
+TEST_F(OwnFoldersTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
+    using Access = AttachedDevice::Access;
+    plugged = {deviceAt("1-1"), deviceAt("1-2"), deviceAt("1-3"), strange("1-4"), strange("1-5")};
+    plugged[0].access = Access::Claimed;
+    plugged[2].access = Access::NoPermission;
+    plugged[4].access = Access::NoPermission;
+    watch();
+    KeyboardsDialog& shown = dialog();
+    const std::vector<Row> rows{{"in use, busy", ""},
+                                {"ready", "Use This One"},
+                                {"not allowed", "Use This One, Copy Command"},
+                                {"not in the list", "Add To My List"},
+                                {"not in the list, not allowed", "Add To My List"}};
+    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+        chooseRow(shown, row);
+        EXPECT_EQ(shown.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
+        EXPECT_EQ(shown.table().topLevelItem(row)->text(3), rows.at(row).state);
+        EXPECT_EQ(enabled(shown), rows.at(row).enabled) << row;
+    }
+    plugged.clear();
+    look();
+    EXPECT_EQ(shown.help().text(), "No USB MIDI device is plugged in.");
+}
 
 TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboard) {
     KeyboardsDialog& shown = dialogOn(strange("1-1"));
@@ -317,36 +303,38 @@ TEST_F(OwnFoldersTest, AListThatCannotBeAddedToIsTold) {
         << shown.help().text().toStdString();
 }
 
-TEST_F(OwnFoldersTest, WithoutPolkitTheCommandIsCopied) {
+TEST_F(OwnFoldersTest, WithoutPolkitThereIsOnlyTheCommandToCopy) {
     KeyboardsDialog& shown = dialogOnForbidden();
-    shown.allowButton().click();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), kAccessCommand);
+    EXPECT_EQ(enabled(shown), "Copy Command");
+    shown.copyButton().click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              AccessInstaller::command(QCoreApplication::applicationDirPath()));
     EXPECT_TRUE(shown.help().text().startsWith("Copied.")) << shown.help().text().toStdString();
 }
 
-TEST_F(OwnFoldersTest, WithPolkitTheRulesOfTheListAreInstalled) {
-    makePkexec("exit 0");
+TEST_F(OwnFoldersTest, AllowAsksOnceAndItsAnswerStaysUntilTheStateIsAnother) {
+    ASSERT_EQ(::mkfifo(folder.file("answer").c_str(), 0600), 0);
+    QFile pkexec(file("pkexec"));
+    ASSERT_TRUE(pkexec.open(QIODevice::WriteOnly));
+    pkexec.write("#!/bin/sh\nread -r code <\"${0%/*}/answer\"\nexit $code\n");
+    pkexec.close();
+    pkexec.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     KeyboardsDialog& shown = dialogOnForbidden();
-    EXPECT_EQ(shown.allowButton().accessibleName(), "Allow");
+    EXPECT_EQ(enabled(shown), "Allow, Copy Command");
     shown.allowButton().click();
-    ASSERT_TRUE(waitUntil([&shown] { return shown.help().text().startsWith("The rules are"); }));
-    EXPECT_EQ(written("input"),
-              QString::fromStdString(udevRules(deviceList())).section('\n', 0, 0) + '\n');
-    const QString words = written("words");
-    EXPECT_TRUE(words.startsWith("/bin/sh -c umask 022; cat >")) << words.toStdString();
-    EXPECT_TRUE(words.contains(QString(" %1 && udevadm control --reload").arg(kAccessRulesFile)));
-}
-
-TEST_F(OwnFoldersTest, RulesThatWereNotInstalledAreTold) {
-    for (const char* const end : {"exit 126", "kill -9 $$"}) {
-        makePkexec(end);
-        KeyboardsDialog& shown = dialogOnForbidden();
-        shown.allowButton().click();
-        EXPECT_TRUE(waitUntil([&shown] {
-            return shown.help().text() == "The rules were not installed.";
-        })) << end;
-        close();
-    }
+    EXPECT_EQ(enabled(shown), "Copy Command");
+    EXPECT_EQ(shown.help().text(), "Waiting for an administrator's password...");
+    QFile answer(file("answer"));
+    ASSERT_TRUE(answer.open(QIODevice::WriteOnly));
+    answer.write("126\n");
+    answer.close();
+    ASSERT_TRUE(waitUntil([&shown] { return shown.allowButton().isEnabled(); }));
+    look();
+    EXPECT_EQ(shown.help().text(),
+              "The rules were not installed: the question for a password was closed.");
+    plugged.front().access = AttachedDevice::Access::Usable;
+    look();
+    EXPECT_EQ(shown.help().text(), "This keyboard is read from and sent to.");
 }
 
 } // namespace
