@@ -25,6 +25,26 @@ constexpr int kAround = 9; // device-independent pixels above and below the text
 constexpr int kVisibleEntries = 20;
 constexpr int kNarrowest = 72; // in device-independent pixels; the longest title may be wider
 
+bool isPrintable(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+bool isCommand(const QKeyEvent& event) {
+    return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+}
+
+// A blank begins no text.
+bool isTyping(const QKeyEvent& event, bool isGoingOn) {
+    return !isCommand(event) && isPrintable(event) && (isGoingOn || event.key() != Qt::Key_Space);
+}
+
+// A key that is held for the sake of another one.
+bool isModifier(const QKeyEvent& event) {
+    constexpr std::array kModifiers{Qt::Key_Shift,    Qt::Key_Control, Qt::Key_Meta,   Qt::Key_Alt,
+                                    Qt::Key_CapsLock, Qt::Key_AltGr,   Qt::Key_NumLock};
+    return std::ranges::find(kModifiers, event.key()) != kModifiers.end();
+}
+
 // The opened list, with the same search as the closed box. As nothing is chosen by it, it goes to
 // the first of several entries that begin with the text too.
 class EntryList final : public QListView {
@@ -38,6 +58,22 @@ public:
     }
 
 protected:
+    void hideEvent(QHideEvent* event) override {
+        search_.clear();
+        QListView::hideEvent(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!isPrintable(*event) && !isModifier(*event))
+            search_.clear();
+        if (event->key() != Qt::Key_Space)
+            QListView::keyPressEvent(event);
+        else if (search_.isGoingOn())
+            keyboardSearch(event->text());
+        else if (currentIndex().isValid())
+            box_.chooseItem(currentIndex().row());
+    }
+
     // An assistive technology selects an entry, and that is all that it can do with it: then the
     // entry is not the current one, as with keys and mouse it is a moment later.
     void selectionChanged(const QItemSelection& now, const QItemSelection& before) override {
@@ -53,25 +89,6 @@ private:
     PopUpBox& box_;
     TypedSearch search_;
 };
-
-bool isPrintable(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().front().isPrint();
-}
-
-bool isCommand(const QKeyEvent& event) {
-    return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-}
-
-bool isTyping(const QKeyEvent& event) {
-    return !isCommand(event) && isPrintable(event) && event.key() != Qt::Key_Space;
-}
-
-// A key that is held for the sake of another one.
-bool isModifier(const QKeyEvent& event) {
-    constexpr std::array kModifiers{Qt::Key_Shift,    Qt::Key_Control, Qt::Key_Meta,   Qt::Key_Alt,
-                                    Qt::Key_CapsLock, Qt::Key_AltGr,   Qt::Key_NumLock};
-    return std::ranges::find(kModifiers, event.key()) != kModifiers.end();
-}
 
 // Many boxes offer the same 128 entries: the application owns one model for each list of them.
 QStringListModel& modelOf(const QStringList& entries) {
@@ -100,7 +117,7 @@ std::chrono::milliseconds TypedSearch::pause() {
 
 int TypedSearch::type(const QString& text, const QStringList& entries, EntryNames names,
                       Clock::time_point now) {
-    if (now - last_ > pause())
+    if (!isGoingOn(now))
         typed_.clear();
     last_ = now;
     typed_ += text;
@@ -181,17 +198,17 @@ QSize PopUpBox::minimumSizeHint() const {
 }
 
 void PopUpBox::type(const QString& text) {
-    const int found = search_.type(text, titles(), names_);
+    found_ = search_.type(text, titles(), names_);
     chosen_ = chosen_.value_or(currentIndex());
-    setCurrentIndex(found >= 0 ? found : *chosen_); // "Db" is no entry, but "Db2" is
+    setCurrentIndex(found_ >= 0 ? found_ : *chosen_); // "Db" is no entry, but "Db2" is
     pause_.start(TypedSearch::pause());
 }
 
 void PopUpBox::finishTyping() {
-    const std::optional<int> before = chosen_;
+    const int found = found_;
     forgetTyping();
-    if (before && *before != currentIndex())
-        emit activated(currentIndex());
+    if (found >= 0)
+        emit activated(found);
 }
 
 void PopUpBox::chooseItem(int position) {
@@ -211,6 +228,7 @@ void PopUpBox::forgetTyping() {
     pause_.stop();
     search_.clear();
     chosen_.reset();
+    found_ = -1;
 }
 
 bool PopUpBox::event(QEvent* event) {
@@ -227,7 +245,7 @@ bool PopUpBox::event(QEvent* event) {
 }
 
 void PopUpBox::keyPressEvent(QKeyEvent* event) {
-    if (isTyping(*event)) {
+    if (isTyping(*event, chosen_.has_value())) {
         type(event->text());
     } else if (chosen_ && event->key() == Qt::Key_Escape) {
         cancelTyping();

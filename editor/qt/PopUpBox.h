@@ -35,6 +35,10 @@ public:
     // Adds `text`; -1 when the whole means nothing, or nothing yet.
     [[nodiscard]] int type(const QString& text, const QStringList& entries, EntryNames names = {},
                            Clock::time_point now = Clock::now());
+    // Whether the next keystroke belongs to the text.
+    [[nodiscard]] bool isGoingOn(Clock::time_point now = Clock::now()) const {
+        return !typed_.isEmpty() && now - last_ <= pause();
+    }
     // The next keystroke begins anew.
     void clear() { typed_.clear(); }
 
@@ -62,8 +66,10 @@ public:
 // any other key or click that the box takes, by a key with Ctrl, Alt or Meta, and when the keyboard
 // leaves the box. A text that means no entry, or several, shows what was chosen before, and writes
 // nothing if it stays so. Escape shows it again too; so does what the program does to the box,
-// which then stands.
-// `activated` is the user's choice; nothing that the program does emits it.
+// which then stands. A blank belongs to a text that is being typed; else it opens the list, and in
+// there chooses.
+// `activated` is the user's choice, also of what was chosen before, as others may be chosen beside;
+// nothing that the program does emits it.
 class PopUpBox final : public QComboBox, public PopUp {
     Q_OBJECT
 
@@ -106,7 +112,8 @@ private:
     EntryNames names_;
     TypedSearch search_;
     QTimer pause_;
-    std::optional<int> chosen_; // while an entry is shown that was typed and not yet chosen
+    std::optional<int> chosen_; // what it was, while a text is typed
+    int found_ = -1;            // what the text means
     bool hasEntryList_ = false;
 };
 

@@ -167,6 +167,24 @@ TEST_F(ControlChoiceTest, AChoiceGoesToAllOfTheKindInOneStep) {
     expectChosen({5, kPad, kPad + 1, kPad + 3});
 }
 
+TEST_F(ControlChoiceTest, WhatTheChosenOneHasAlreadyGoesToTheOthers) {
+    record(kPad).setMIDIChannel(2);
+    record(kPad + 1).setMIDIChannel(4);
+    click(kPad);
+    click(kPad + 1, Qt::ControlModifier);
+    PopUpBox& box = window().panes().popUp("padMIDIChannel");
+    const auto type = [&box] {
+        QTest::keyClicks(&box, "5");
+        QTest::keyClick(&box, Qt::Key_Return);
+    };
+    const int before = commands().history().steps().count();
+    type();
+    EXPECT_EQ(record(kPad).MIDIChannel(), 4);
+    EXPECT_EQ(step(), "Pad 1 MIDI channel");
+    type();
+    EXPECT_EQ(commands().history().steps().count(), before + 1);
+}
+
 TEST_F(ControlChoiceTest, WhatAChoiceBringsWithItGoesToAll) {
     record(kPad + 1).setAssignType(kAssignController);
     record(kPad + 1).setCCOrNoteNumber(kFieldAbsent);

@@ -16,6 +16,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -226,10 +227,35 @@ TEST_F(PopUpBoxTest, ANoteIsTypedInEitherAccidentalInAnyCaseOrByItsNumber) {
     }
 }
 
-TEST_F(PopUpBoxTest, TypingWhatIsChosenAlreadyIsNoChoice) {
+TEST_F(PopUpBoxTest, WhatIsChosenAlreadyIsChosenAgainByTypingIt) {
     QTest::keyClicks(&box_, "5");
     QTest::keyClick(&box_, Qt::Key_Return);
-    EXPECT_EQ(chosen_, Choices{});
+    EXPECT_EQ(chosen_, Choices{5});
+}
+
+TEST_F(PopUpBoxTest, ABlankBelongsToATextAndOpensTheListElse) {
+    static constexpr std::array<std::string_view, 3> kNames{"Hold", "Sustain level",
+                                                            "Sustain pedal"};
+    box_.setNames(kNames);
+    QTest::keyClicks(&box_, "sustain pedal");
+    EXPECT_EQ(box_.selectedItem(), 2);
+    EXPECT_EQ(box_.findChild<QAbstractItemView*>(), nullptr); // no list was made
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(chosen_, Choices{2});
+
+    QTest::keyClick(&box_, Qt::Key_Space);
+    ASSERT_TRUE(box_.view()->isVisible());
+    QTest::keyClicks(box_.view(), "sustain level");
+    EXPECT_TRUE(box_.view()->isVisible());
+    EXPECT_EQ(box_.view()->currentIndex().row(), 1);
+    QTest::keyClick(box_.view(), Qt::Key_Return);
+    EXPECT_EQ(chosen_, (Choices{2, 1}));
+
+    QTest::keyClick(&box_, Qt::Key_Space);
+    QTest::keyClick(box_.view(), Qt::Key_Down);
+    QTest::keyClick(box_.view(), Qt::Key_Space);
+    EXPECT_FALSE(box_.view()->isVisible());
+    EXPECT_EQ(chosen_, (Choices{2, 1, 2}));
 }
 
 TEST_F(PopUpBoxTest, CommandKeyChoosesWhatWasTypedBeforeItIsCarriedOut) {
