@@ -16,13 +16,13 @@ std::string allOf(ControlKind kind, std::int32_t scene) {
 
 } // namespace
 
-Result<SceneList> filledScenes(const PopUpValue& lists, std::int32_t scene, ControlKind kind,
-                               Members members, std::string_view start, const FillSteps& steps) {
+FilledScenes filledScenes(const PopUpValue& lists, std::int32_t scene, ControlKind kind,
+                          Members members, std::string_view start, const FillSteps& steps) {
     return fillValues(lists, WindowAction::scenes(), allOf(kind, scene), start, steps, members);
 }
 
-Result<SceneList> transposedScenes(const PopUpValue& lists, std::int32_t scene, ControlKind kind,
-                                   Members members, std::int32_t semitones) {
+FilledScenes transposedScenes(const PopUpValue& lists, std::int32_t scene, ControlKind kind,
+                              Members members, std::int32_t semitones) {
     return transposeNotes(lists, WindowAction::scenes(), allOf(kind, scene), semitones, members);
 }
 

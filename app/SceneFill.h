@@ -11,11 +11,11 @@
 namespace scenewright {
 
 // `members` are the controls of the kind; `scene` is 0 to 3.
-[[nodiscard]] Result<SceneList> filledScenes(const PopUpValue& lists, std::int32_t scene,
-                                             ControlKind kind, Members members,
-                                             std::string_view start, const FillSteps& steps);
-[[nodiscard]] Result<SceneList> transposedScenes(const PopUpValue& lists, std::int32_t scene,
-                                                 ControlKind kind, Members members,
-                                                 std::int32_t semitones);
+[[nodiscard]] FilledScenes filledScenes(const PopUpValue& lists, std::int32_t scene,
+                                        ControlKind kind, Members members, std::string_view start,
+                                        const FillSteps& steps);
+[[nodiscard]] FilledScenes transposedScenes(const PopUpValue& lists, std::int32_t scene,
+                                            ControlKind kind, Members members,
+                                            std::int32_t semitones);
 
 } // namespace scenewright

@@ -157,34 +157,58 @@ void writeColours(const SceneList& scenes, const std::vector<SettingPlace>& plac
     }
 }
 
-Result<void> checkSendsNote(const SettingPlace& place, const SceneValue& scene) {
-    if (assignTypeAt(place, scene) == kAssignNote && place.setting->name() == kNumberField)
-        return {};
-    return failure(fmt::format("{} is no note, and a scale needs notes", pathOf(place)));
+using Cause = FillError::Cause;
+
+FillError usageError(std::string text) {
+    return {.text = std::move(text)};
 }
 
-Result<void> writeNumbers(const PopUpValue& lists, const SceneList& scenes,
-                          const std::vector<SettingPlace>& places, const Target& target,
-                          const FillSteps& steps) {
+bool sendsNote(const SettingPlace& place, const SceneValue& scene) {
+    return assignTypeAt(place, scene) == kAssignNote && place.setting->name() == kNumberField;
+}
+
+// Writes the value if the list has it.
+Result<void, FillError> writeNumber(const PopUpValue& lists, SceneValue& scene,
+                                    const SettingPlace& place, std::int32_t value) {
+    auto checked = checkIndex(lists, place, scene, value);
+    if (!checked) {
+        const Titles titles = titlesAt(lists, place, scene);
+        const bool isLow = value < 0;
+        const bool hasEnds = titles != nullptr && !titles->empty();
+        return failure(FillError{.text = std::move(checked.error()),
+                                 .cause = isLow ? Cause::TooLow : Cause::TooHigh,
+                                 .place = place,
+                                 .end = !hasEnds ? std::string()
+                                        : isLow  ? titles->front()
+                                                 : titles->back()});
+    }
+    place.setting->write(scene, place.control, value);
+    return {};
+}
+
+Result<void, FillError> writeNumbers(const PopUpValue& lists, const SceneList& scenes,
+                                     const std::vector<SettingPlace>& places, const Target& target,
+                                     const FillSteps& steps) {
     if (target.assignType)
         for (const SettingPlace& place : places)
             findSetting(place.kind, "AssignType")
                 ->write(sceneAt(scenes, place), place.control, *target.assignType);
-    const auto start =
-        indexTyped(lists, places.front(), sceneAt(scenes, places.front()), target.start);
+    auto start = indexTyped(lists, places.front(), sceneAt(scenes, places.front()), target.start);
     if (!start)
-        return failure(start.error());
+        return failure(FillError{
+            .text = std::move(start.error()), .cause = Cause::Start, .place = places.front()});
     const Intervals suggested{target.path.setting->name() == kNumberField ? 1 : 0};
     const Intervals& intervals = steps.intervals ? *steps.intervals : suggested;
     std::int32_t value = *start;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        const SceneValue& scene = sceneAt(scenes, places[i]);
-        if (steps.isScale)
-            if (auto checked = checkSendsNote(places[i], scene); !checked)
-                return checked;
-        if (auto checked = checkIndex(lists, places[i], scene, value); !checked)
-            return checked;
-        places[i].setting->write(scene, places[i].control, value);
+        SceneValue& scene = sceneAt(scenes, places[i]);
+        if (steps.isScale && !sendsNote(places[i], scene))
+            return failure(FillError{.text = pathOf(places[i]) + " is no note, and a scale needs "
+                                                                 "notes",
+                                     .cause = Cause::NoNote,
+                                     .place = places[i]});
+        if (auto written = writeNumber(lists, scene, places[i], value); !written)
+            return written;
         value += intervals[i % intervals.size()];
     }
     return {};
@@ -235,12 +259,11 @@ std::optional<std::vector<PadColour>> coloursFor(std::string_view text, std::siz
     return colours;
 }
 
-Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
-                             std::string_view path, std::string_view start, const FillSteps& steps,
-                             Members members) {
+FilledScenes fillValues(const PopUpValue& lists, const SceneList& scenes, std::string_view path,
+                        std::string_view start, const FillSteps& steps, Members members) {
     const auto target = targetOf(path, start);
     if (!target)
-        return failure(target.error());
+        return failure(usageError(target.error()));
     SceneList copies = copyOf(scenes);
     Path inScene = target->path;
     inScene.scenes.count = 1;
@@ -254,35 +277,34 @@ Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
         }
         const auto colours = coloursFor(start, places.size() / kColourFields.size());
         if (!colours || steps.intervals)
-            return failure(fmt::format(
+            return failure(usageError(fmt::format(
                 "{} cannot be filled with {}: a colour as in #ff8000, several with commas between, "
                 "the first and the last as in #ff0000..#ffff00, or one of {} was expected",
-                sanitized(path), sanitized(start), paletteNames()));
+                sanitized(path), sanitized(start), paletteNames())));
         writeColours(copies, places, *colours);
     }
     return copies;
 }
 
-Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
-                                 std::string_view pathText, std::int32_t semitones,
-                                 Members members) {
+FilledScenes transposeNotes(const PopUpValue& lists, const SceneList& scenes,
+                            std::string_view pathText, std::int32_t semitones, Members members) {
     const auto path = parsePath(pathText);
     if (!path)
-        return failure(path.error());
+        return failure(usageError(path.error()));
     SceneList copies = copyOf(scenes);
     bool isNoteThere = false;
     for (const SettingPlace& place : placesAt(*path, members)) {
         SceneValue& scene = sceneAt(copies, place);
-        if (place.isName() || !checkSendsNote(place, scene))
+        if (place.isName() || !sendsNote(place, scene))
             continue;
         isNoteThere = true;
         const std::int32_t note = place.setting->read(scene, place.control) + semitones;
-        if (auto checked = checkIndex(lists, place, scene, note); !checked)
-            return failure(checked.error());
-        place.setting->write(scene, place.control, note);
+        if (auto written = writeNumber(lists, scene, place, note); !written)
+            return failure(written.error());
     }
     if (!isNoteThere)
-        return failure(fmt::format("{}: nothing there sends notes", sanitized(pathText)));
+        return failure(FillError{.text = sanitized(pathText) + ": nothing there sends notes",
+                                 .cause = Cause::NoneNotes});
     return copies;
 }
 

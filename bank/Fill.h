@@ -1,8 +1,9 @@
 // Many controls at once, in one musical order: notes by a scale, controllers in a row, one channel,
-// colours from one to another. As in Edit.h, the scenes that go in are never changed, a change that
-// cannot be done whole is not done, and an error is one phrase that names the path.
+// colours from one to another. As in Edit.h, the scenes that go in are never changed, and a change
+// that cannot be done whole is not done.
 #pragma once
 
+#include "bank/Path.h"
 #include "model/PadColour.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
@@ -50,6 +51,23 @@ struct FillSteps {
 // Those of a path's controls that are meant, counted from 0 within their kind; empty for all.
 using Members = std::span<const std::int32_t>;
 
+// Why nothing was filled: one phrase that names the path, and the cause for who has other words.
+struct FillError {
+    enum class Cause : std::uint8_t {
+        Usage,     // the path, or what does not go with it
+        Start,     // no value of the first control
+        TooLow,    // `place` would be below `end` of its list
+        TooHigh,   // or above it
+        NoNote,    // a scale needs notes, and a control sends none
+        NoneNotes, // none of the controls sends a note
+    };
+    std::string text;
+    Cause cause = Cause::Usage;
+    SettingPlace place{};
+    std::string end{};
+};
+using FilledScenes = Result<SceneList, FillError>;
+
 // Gives the controls of a path their values, beginning anew in each scene. `start` is the first
 // one's, as setValues() takes it, or for a pad's colour as coloursFor() does. Where the path names
 // controls instead of a setting, `start` tells which setting is meant:
@@ -58,13 +76,13 @@ using Members = std::span<const std::int32_t>;
 //   ch:10               the MIDI channel
 //   cc:20               the number, and the control is made to send controllers
 //   C2, 36, sustain     the number, and a pad or key is made to send notes
-[[nodiscard]] Result<SceneList> fillValues(const PopUpValue& lists, const SceneList& scenes,
-                                           std::string_view path, std::string_view start,
-                                           const FillSteps& steps = {}, Members members = {});
+[[nodiscard]] FilledScenes fillValues(const PopUpValue& lists, const SceneList& scenes,
+                                      std::string_view path, std::string_view start,
+                                      const FillSteps& steps = {}, Members members = {});
 
 // Moves those notes of a path that are sent as notes.
-[[nodiscard]] Result<SceneList> transposeNotes(const PopUpValue& lists, const SceneList& scenes,
-                                               std::string_view path, std::int32_t semitones,
-                                               Members members = {});
+[[nodiscard]] FilledScenes transposeNotes(const PopUpValue& lists, const SceneList& scenes,
+                                          std::string_view path, std::int32_t semitones,
+                                          Members members = {});
 
 } // namespace scenewright

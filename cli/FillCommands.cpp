@@ -15,14 +15,17 @@ namespace scenewright {
 
 namespace {
 
-using Change = std::function<Result<SceneList>(const PopUpValue& lists, const SceneList& scenes)>;
+using Change = std::function<FilledScenes(const PopUpValue& lists, const SceneList& scenes)>;
 
 int change(const std::string& name, const Change& change) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return changeBankAndTell(name, **lists,
-                             [&](const BankFile& bank) { return change(**lists, bank.scenes); });
+    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
+        return change(**lists, bank.scenes).map_error([](const FillError& error) {
+            return error.text;
+        });
+    });
 }
 
 struct FillOptions {

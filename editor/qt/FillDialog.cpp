@@ -1,5 +1,7 @@
 #include "editor/qt/FillDialog.h"
 
+#include "app/SceneChanges.h"
+#include "editor/ControlDescription.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/PadColour.h"
 #include "model/Setting.h"
@@ -261,11 +263,34 @@ Result<FillSteps> FillDialog::steps() const {
 Result<SceneList> FillDialog::fill() const {
     const PopUpValue& lists = *window_.view().pu();
     const std::int32_t scene = window_.view().sceneIndex();
+    const auto inWords = [this](const FillError& error) { return sentenceOf(error).toStdString(); };
     if (what() == What::Transpose)
-        return transposedScenes(lists, scene, range_.kind, members_, semitones_->value());
+        return transposedScenes(lists, scene, range_.kind, members_, semitones_->value())
+            .map_error(inWords);
     return steps().and_then([&](const FillSteps& steps) {
-        return filledScenes(lists, scene, range_.kind, members_, start(), steps);
+        return filledScenes(lists, scene, range_.kind, members_, start(), steps).map_error(inWords);
     });
+}
+
+QString FillDialog::sentenceOf(const FillError& error) const {
+    const QString control = shown(controlName(controlIndexOf(error.place)));
+    switch (error.cause) {
+    case FillError::Cause::Start:
+        return what() == What::Notes ? tr("The first note is typed as in C2 or Db2, or as a number "
+                                          "from 0 to 127.")
+                                     : tr("The first controller is typed as a number from 0 to "
+                                          "127, or by its name, as in sustain.");
+    case FillError::Cause::TooLow:
+        return tr("%1 would be below %2, the lowest there is.").arg(control, shown(error.end));
+    case FillError::Cause::TooHigh:
+        return tr("%1 would be above %2, the highest there is.").arg(control, shown(error.end));
+    case FillError::Cause::NoneNotes:
+        return tr("None of them sends a note.");
+    case FillError::Cause::NoNote: // as notes, they are made to send them
+    case FillError::Cause::Usage:
+        break;
+    }
+    return shown(error.text);
 }
 
 void FillDialog::follow() {
@@ -274,8 +299,12 @@ void FillDialog::follow() {
         for (QPushButton* button : {fromColour_, toColour_})
             button->setEnabled(colours_->selectedItem() == 0);
     filled_ = fill();
-    told_->setText(filled_ ? tr("The picture shows what comes of it.") : shown(filled_.error()));
-    told_->setAccessibleName(told_->text());
+    const QString told =
+        filled_ ? tr("The picture shows what comes of it.") : shown(filled_.error());
+    if (told_->text() != told) {
+        told_->setText(told);
+        announce(*told_, told);
+    }
     accept_->setEnabled(filled_.has_value());
     const auto scene = static_cast<std::size_t>(window_.view().sceneIndex());
     const std::int32_t mode = what() == What::Channel   ? kChannelMode

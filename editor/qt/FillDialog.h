@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] static bool offers(ControlKind kind, What what);
 
-    // The scenes with what is asked for; the error says why it cannot be done.
+    // The scenes with what is asked for; the error says in a player's words why it cannot be done.
     [[nodiscard]] const Result<SceneList>& filled() const { return filled_; }
 
     void done(int result) override;
@@ -52,6 +52,7 @@ private:
     [[nodiscard]] std::string start() const;
     [[nodiscard]] Result<FillSteps> steps() const;
     [[nodiscard]] Result<SceneList> fill() const;
+    [[nodiscard]] QString sentenceOf(const FillError& error) const;
     // Fills anew, and shows it on the picture.
     void follow();
 

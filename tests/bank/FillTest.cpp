@@ -46,7 +46,7 @@ Bytes bytes(const SceneList& scenes, std::size_t from, std::size_t count = 8) {
             image.begin() + static_cast<long>(from + count)};
 }
 
-Result<SceneList> fill(std::string_view path, std::string_view start, const FillSteps& steps = {}) {
+FilledScenes fill(std::string_view path, std::string_view start, const FillSteps& steps = {}) {
     const SceneList scenes = scenesOfControllers();
     auto filled = fillValues(lists(), scenes, path, start, steps);
     EXPECT_EQ(encodeBank(scenes), encodeBank(scenesOfControllers()));
@@ -58,13 +58,13 @@ FillSteps scaleSteps(std::string_view name) {
     return {.intervals = Intervals(intervals.begin(), intervals.end()), .isScale = true};
 }
 
-std::string errorOf(const Result<SceneList>& scenes) {
-    return scenes ? "none" : scenes.error();
+std::string errorOf(const FilledScenes& scenes) {
+    return scenes ? "none" : scenes.error().text;
 }
 
 void expectScale(const char* name, const Bytes& notes) {
     const auto filled = fill("scene1.pad*", "C4", scaleSteps(name));
-    ASSERT_TRUE(filled) << name << filled.error();
+    ASSERT_TRUE(filled) << name << filled.error().text;
     EXPECT_EQ(bytes(*filled, kPadNumbers), notes) << name;
     EXPECT_EQ(bytes(*filled, kPadTypes), Bytes(8, 2)) << name;
 }
@@ -207,6 +207,25 @@ TEST(FillValues, ErrorIsOnePhraseAndNothingIsFilled) {
               {},
               "scene1.pad9: at character 11, a pad's number from 1 to 8 or * was expected"}})
         EXPECT_EQ(errorOf(fill(row.path, row.start, row.steps)), row.error) << row.path;
+}
+
+TEST(FillValues, ErrorTellsItsCauseAndTheControl) {
+    using Cause = FillError::Cause;
+    const FilledScenes tooHigh = fill("scene1.key*", "C9");
+    ASSERT_FALSE(tooHigh);
+    EXPECT_EQ(tooHigh.error().cause, Cause::TooHigh);
+    EXPECT_EQ(pathOf(tooHigh.error().place), "scene1.key9.CCOrNoteNumber");
+    EXPECT_EQ(tooHigh.error().end, "G9");
+    const FilledScenes tooLow = fill("scene1.knob*", "1", {.intervals = Intervals{-1}});
+    ASSERT_FALSE(tooLow);
+    EXPECT_EQ(tooLow.error().cause, Cause::TooLow);
+    EXPECT_EQ(pathOf(tooLow.error().place), "scene1.knob3.CCOrNoteNumber");
+    EXPECT_EQ(tooLow.error().end, "0");
+    EXPECT_EQ(fill("scene1.pad*", "H2").error().cause, Cause::Start);
+    EXPECT_EQ(fill("scene1.knob*", "20", scaleSteps("major")).error().cause, Cause::NoNote);
+    EXPECT_EQ(fill("scene1", "20").error().cause, Cause::Usage);
+    EXPECT_EQ(transposeNotes(lists(), scenesOfControllers(), "scene1", 1).error().cause,
+              Cause::NoneNotes);
 }
 
 TEST(FillValues, IntervalsAreWholeNumbersWithCommasBetween) {

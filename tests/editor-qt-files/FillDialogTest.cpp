@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <tuple>
 #include <vector>
 
 namespace scenewright::testing {
@@ -124,14 +126,33 @@ TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
 TEST_F(FillDialogTest, WhatCannotBeDoneIsSaidAndNotDone) {
     chooseAll(kPad);
     inDialog(fill(), [&](FillDialog& dialog) {
-        auto& accept = field<QPushButton>(dialog, "Fill");
-        EXPECT_TRUE(accept.isEnabled());
-        for (const auto& [first, steps] : {std::pair{"H9", "1"}, {"G9", "1"}, {"C2", "often"}}) {
+        const auto expectTold = [&dialog](const std::string& told) {
+            EXPECT_FALSE(field<QPushButton>(dialog, "Fill").isEnabled()) << told;
+            ASSERT_FALSE(dialog.filled().has_value()) << told;
+            EXPECT_EQ(dialog.filled().error(), told);
+            field<QLabel>(dialog, told.c_str()); // a screen reader's too
+        };
+        EXPECT_TRUE(field<QPushButton>(dialog, "Fill").isEnabled());
+        constexpr auto kHowToTypeANote =
+            "The first note is typed as in C2 or Db2, or as a number from 0 to 127.";
+        for (const auto& [first, steps, told] :
+             {std::tuple{"H9", "1", kHowToTypeANote},
+              {"", "1", kHowToTypeANote},
+              {"F9", "1", "Pad 4 would be above G9, the highest there is."},
+              {"C-1", "-1", "Pad 2 would be below C-1, the lowest there is."},
+              {"C2", "often", "Steps are whole numbers with commas between, as in 2,2,1"}}) {
             field<QLineEdit>(dialog, "First note").setText(first);
             field<QComboBox>(dialog, "Scale or steps").setCurrentText(steps);
-            EXPECT_FALSE(accept.isEnabled()) << first << " " << steps;
-            EXPECT_FALSE(dialog.filled().has_value());
+            expectTold(told);
         }
+        field<PopUpBox>(dialog, "Fill with").selectItem(1);
+        field<QLineEdit>(dialog, "First controller").setText("x");
+        expectTold("The first controller is typed as a number from 0 to 127, or by its name, as in "
+                   "sustain.");
+        for (std::int32_t pad = kPad; pad < kPad + 8; ++pad)
+            record(pad).setAssignType(kAssignController);
+        field<PopUpBox>(dialog, "Fill with").selectItem(4);
+        expectTold("None of them sends a note.");
         dialog.reject();
     });
 }

@@ -101,7 +101,8 @@ void fuzzFill(const std::vector<std::string>& lines) {
         steps.intervals = intervalsOf(lines[2]);
     const auto fill = [&](const SceneList& list) {
         return fillValues(optionLists(), list, lines.front(), lines.size() > 1 ? lines[1] : "",
-                          steps);
+                          steps)
+            .map_error([](const FillError& error) { return error.text; });
     };
     if (const auto made = checkEdit(fill, defaultScenes()))
         for (const SettingPlace& place : settingsAt(*parsePath(lines.front())))
