@@ -38,6 +38,37 @@ private:
     SegmentButton& segment_;
 };
 
+// A control of the picture. Pressed it is chosen alone; toggled, beside others or no longer.
+class ControlFace final : public QAccessibleWidget {
+public:
+    explicit ControlFace(ControlButton& control)
+        : QAccessibleWidget(&control, QAccessible::Button), control_(control) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.multiSelectable = true;
+        state.selected = control_.isChosen();
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{pressAction(), toggleAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override {
+        if (name == pressAction())
+            control_.animateClick();
+        else if (name == toggleAction())
+            control_.clickWith(Qt::ControlModifier);
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    ControlButton& control_;
+};
+
 class PictureFace final : public QAccessibleWidget {
 public:
     explicit PictureFace(DevicePicture& picture)
@@ -74,6 +105,8 @@ public:
 QAccessibleInterface* faceOf(const QString& /*className*/, QObject* object) {
     if (auto* segment = qobject_cast<SegmentButton*>(object))
         return std::make_unique<SegmentFace>(*segment).release();
+    if (auto* control = qobject_cast<ControlButton*>(object))
+        return std::make_unique<ControlFace>(*control).release();
     if (auto* picture = qobject_cast<DevicePicture*>(object))
         return std::make_unique<PictureFace>(*picture).release();
     if (qobject_cast<NoticeBar*>(object) != nullptr || qobject_cast<SpokenText*>(object) != nullptr)

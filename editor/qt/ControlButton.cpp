@@ -3,6 +3,7 @@
 #include "editor/qt/ControlShape.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -92,6 +93,11 @@ void ControlButton::setAction(std::function<void()> action) {
     action_ = std::move(action);
 }
 
+void ControlButton::clickWith(Qt::KeyboardModifiers modifiers) {
+    const QScopedValueRollback guard(modifiers_, modifiers);
+    click();
+}
+
 bool ControlButton::isBlackKey() const {
     return shapeOf(kind_, tag_) == ControlShape::BlackKey;
 }
@@ -141,9 +147,13 @@ void ControlButton::setSummary(const QString& summary) {
 
 void ControlButton::describe() {
     const QString summary = look_.isMarked ? tr("%1, not sent").arg(summary_) : summary_;
-    const bool isChosen = look_.image || look_.isTaken;
-    setAccessibleDescription(isChosen ? tr("%1, chosen").arg(summary) : summary);
+    setAccessibleDescription(isChosen() ? tr("%1, chosen").arg(summary) : summary);
     setToolTip(summary_);
+    if (std::exchange(isToldChosen_, isChosen()) == isChosen())
+        return;
+    QAccessibleEvent event(this,
+                           isChosen() ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&event);
 }
 
 QRectF ControlButton::captionRect() const {

@@ -33,6 +33,8 @@ public:
     // Those that are held in the click whose action is carried out; none for one that the program
     // makes.
     [[nodiscard]] Qt::KeyboardModifiers modifiers() const { return modifiers_; }
+    // A click while they are held.
+    void clickWith(Qt::KeyboardModifiers modifiers);
 
     [[nodiscard]] ControlKind kind() const { return kind_; }
     [[nodiscard]] bool isBlackKey() const;
@@ -49,6 +51,7 @@ public:
     // Whether it is one of several that are chosen beside the one that has the image.
     void setTaken(bool isTaken);
     [[nodiscard]] bool isTaken() const { return look_.isTaken; }
+    [[nodiscard]] bool isChosen() const { return look_.image || look_.isTaken; }
     // A dot says that something of the control is to be looked at.
     void setMarked(bool isMarked);
     [[nodiscard]] bool isMarked() const { return look_.isMarked; }
@@ -108,6 +111,7 @@ private:
     Look look_;
     Look drawn_; // what the last update was asked for
     bool willDraw_ = false;
+    bool isToldChosen_ = false; // to an assistive technology
     bool plays_ = false;
     qreal draggedTo_ = 0; // from the upper edge
     Qt::KeyboardModifiers modifiers_;

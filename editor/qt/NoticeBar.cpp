@@ -31,12 +31,17 @@ QString firstLine(const QString& text) {
     return text.section(QLatin1Char('\n'), 0, 0);
 }
 
-void alert(QWidget& widget) {
+} // namespace
+
+void announce(QWidget& widget, const QString& text) {
+    widget.setAccessibleName(text);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(&widget, text);
+#else
     QAccessibleEvent event(&widget, QAccessible::Alert);
+#endif
     QAccessible::updateAccessibility(&event);
 }
-
-} // namespace
 
 NoticeText::NoticeText(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
@@ -69,8 +74,7 @@ void SpokenText::say(const QString& text) {
         return;
     setText(text);
     setToolTip(text);
-    setAccessibleName(text);
-    alert(*this);
+    announce(*this, text);
 }
 
 NoticeBar::NoticeBar(QWidget* parent)
@@ -175,10 +179,9 @@ void NoticeBar::showText(const Notice& notice) {
     text_->setProperty("role", notice.kind == Notice::Kind::Error ? "trouble" : "notice");
     text_->style()->unpolish(text_);
     text_->style()->polish(text_);
-    setAccessibleName(notice.text);
     show();
     offerDetails();
-    alert(*this);
+    announce(*this, notice.text);
 }
 
 // The button takes room itself: it is seen when the text is not whole without it.

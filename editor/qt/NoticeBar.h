@@ -22,6 +22,9 @@ class QHBoxLayout;
 
 namespace scenewright {
 
+// Names the widget by what it shows, and tells a screen reader, wherever the keyboard is.
+void announce(QWidget& widget, const QString& text);
+
 // The text of a notice on one line, cut short where the room ends; text() is the whole.
 class NoticeText : public QLabel {
     Q_OBJECT

@@ -3,6 +3,7 @@
 #include "editor/ControlDescription.h"
 #include "editor/SettingHelp.h"
 #include "editor/ValuePopUps.h"
+#include "editor/qt/NoticeBar.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/MidiNames.h"
 #include "model/Setting.h"
@@ -147,8 +148,9 @@ void ValuePanes::show(const ViewController& view, const ControlSelection& select
     const std::int32_t index = view.selectControl();
     const QString sends =
         view.pu() ? shown(describeOutput(*view.pu(), *view.sceneValue(), index)) : QString();
+    const QString title = shown(paneTitle(selection));
     for (const Body& body : bodies_) {
-        body.heading->setText(shown(paneTitle(selection)));
+        showTitle(body, title, selection.alike().size() > 1);
         if (body.sends == nullptr)
             continue;
         body.sends->setText(sends);
@@ -163,6 +165,17 @@ void ValuePanes::show(const ViewController& view, const ControlSelection& select
     const auto& records = view.sceneValue()->buttonValueArray();
     if (index >= pads.start && index < pads.end() && std::cmp_less_equal(index, records.size()))
         showSwatch(padColour(*records[static_cast<std::size_t>(index - 1)]));
+}
+
+// The keyboard is on one of the controls, and what is chosen beside it is told by nothing else.
+void ValuePanes::showTitle(const Body& body, const QString& title, bool isOfSeveral) {
+    if (body.heading->text() == title)
+        return;
+    body.heading->setText(title);
+    if (isOfSeveral && !body.frame->isHidden())
+        announce(*body.heading, title);
+    else
+        body.heading->setAccessibleName(title);
 }
 
 void ValuePanes::showNames(const ViewController& view, ControlKind kind, std::int32_t member) {

@@ -67,6 +67,7 @@ private:
     void addSwatch(Body& body);
     // Under the field that was added last.
     void addSends(Body& body);
+    static void showTitle(const Body& body, const QString& title, bool isOfSeveral);
     void showNames(const ViewController& view, ControlKind kind, std::int32_t member);
     void showSwatch(const Colour& colour);
     // Brings the keyboard back into the panes when it was in one that was hidden: to the same

@@ -17,8 +17,9 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "system"))
 import sweep_editor  # noqa: E402
 
 PATIENCE = 120  # seconds, for a machine that is busy
-CHECKED, ENABLED = 4, 8  # the bits of states, as the bus numbers them
+CHECKED, ENABLED, SELECTED = 4, 8, 23  # the bits of states, as the bus numbers them
 ALERTS = sweep_editor.ALERTS
+TOGGLE = 1  # an action of a control, behind that of pressing it
 LABELLED_BY = 2  # a relation, as the bus numbers them
 REGISTRY = "org.a11y.atspi.Registry"
 SAME = "The controller holds what you see"
@@ -115,11 +116,11 @@ class Editor:
         states = self.reader.call(self.reader.bus, *part, f"{self.reader.ACCESSIBLE}.GetState")[0]
         return bool(states[0] >> bit & 1)
 
-    def act(self, part):
-        """The first thing that can be done with it."""
+    def act(self, part, action=0):
+        """One of the things that can be done with it, by its place; the first is what it is for."""
         from gi.repository import GLib
 
-        words = GLib.Variant("(i)", (0,))
+        words = GLib.Variant("(i)", (action,))
         self.reader.call(self.reader.bus, *part, "org.a11y.atspi.Action.DoAction", words)
 
     def has_told(self, part, signal, detail):
@@ -239,6 +240,10 @@ class ScreenReaderAlone(unittest.TestCase):
         self.editor.press("push button", f"Pad {pad}")
         self.editor.choose("Red", str(value))
 
+    def read(self):
+        self.editor.press("push button", "Read scenes")
+        self.editor.wait("the end", lambda: self.editor.find("label", "Read Scene Data Finish"))
+
     def send(self):
         """What the keyboard holds afterwards."""
         self.bank.unlink(missing_ok=True)
@@ -249,9 +254,29 @@ class ScreenReaderAlone(unittest.TestCase):
         )
         return self.bank.read_bytes()
 
+    def test_several_controls_are_chosen_told_and_changed_at_once(self):
+        self.read()
+        before = self.send()
+        self.editor.press("push button", "Pad 1")
+        pad = self.editor.wait("Pad 3", lambda: self.editor.find("push button", "Pad 3"))
+        self.editor.wait("Pad 1", lambda: self.editor.labelled("combo box", "Red"))
+        self.editor.told.clear()
+        self.editor.act(pad, TOGGLE)
+        title = self.editor.wait(
+            "the title", lambda: self.editor.find("label", "Pad 3 and 1 more pad")
+        )
+        self.assertTrue(self.editor.has_told(title, "PropertyChange", "accessible-name"))
+        self.assertTrue(self.editor.has_told(pad, "StateChanged", "selected"))
+        self.assertTrue(self.editor.state(pad, SELECTED))
+        self.editor.choose("Red", "77")
+        self.assertTrue(self.editor.find("menu item", "Undo 2 Pads Red"))
+        sent = self.send()
+        changed = [place for place, byte in enumerate(sent) if byte != before[place]]
+        self.assertEqual([place - changed[0] for place in changed], [0, 2])
+        self.assertEqual([sent[place] for place in changed], [77, 77])
+
     def test_a_whole_evening_loses_nothing(self):
-        self.editor.press("push button", "Read scenes")
-        self.editor.wait("the end", lambda: self.editor.find("label", "Read Scene Data Finish"))
+        self.read()
         for pad, value in ((1, 11), (2, 22), (3, 33)):
             self.choose_red(pad, value)
         self.editor.press("menu item", "Undo Pad 3 Red")
