@@ -104,6 +104,18 @@ std::optional<std::string> Keyboards::offeredPort() const {
     return used ? used->device.port : chosen_;
 }
 
+std::optional<std::string> Keyboards::tacitChoice() const {
+    std::vector<PluggedDevice> listed = all();
+    std::erase_if(listed, [](const PluggedDevice& each) { return !each.isListed; });
+    if (!chosen_.empty() || listed.size() < 2)
+        return std::nullopt;
+    const std::string used = listed.front().description();
+    listed.erase(listed.begin());
+    return fmt::format("{} keyboards are plugged in, and {} is used; --device chooses another one: "
+                       "{}",
+                       listed.size() + 1, used, descriptions(listed));
+}
+
 Result<void> Keyboards::checkChosen() const {
     if (chosen_.empty())
         return {};

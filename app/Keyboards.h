@@ -54,6 +54,9 @@ public:
     // For offerChosen().
     [[nodiscard]] std::optional<std::string> offeredPort() const;
 
+    // Where several of the list are plugged in and none was chosen: which one is used, and how to
+    // choose, in one sentence.
+    [[nodiscard]] std::optional<std::string> tacitChoice() const;
     // Whether the chosen one is there, and the only one of that name. The error is one sentence,
     // which says what else there is.
     [[nodiscard]] Result<void> checkChosen() const;

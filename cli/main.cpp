@@ -43,6 +43,8 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
         return choice.run();
     if (const auto checked = (*connected)->checkChosen(); !checked)
         return reportError(checked.error(), kExitController);
+    if (const auto told = (*connected)->tacitChoice())
+        reportError(*told, kExitDone);
     KeyboardConnections connections(KeyboardConnections::sequencerIfAny());
     connections.beforeTransaction();
     shutdown.setWorkAfterRelease(&restoreNotedConnections);

@@ -125,6 +125,19 @@ TEST_F(KeyboardsTest, AChoiceIsRememberedByTheSerialNumberIfThatTellsItApart) {
     EXPECT_EQ(keyboards.lastingName(plugged[0]), "1-1");
 }
 
+TEST_F(KeyboardsTest, AmongSeveralWithoutAChoiceTheOneInUseIsTold) {
+    EXPECT_EQ(keyboards.tacitChoice(), "2 keyboards are plugged in, and 1-1 (Keys) is used; "
+                                       "--device chooses another one: 1-2 (Keys, serial number "
+                                       "A17)");
+    keyboards.choose("1-2");
+    EXPECT_EQ(keyboards.tacitChoice(), std::nullopt);
+    keyboards.choose({});
+    plugged[0].ids = kStrange;
+    EXPECT_EQ(keyboards.tacitChoice(), std::nullopt);
+    plugged = {};
+    EXPECT_EQ(keyboards.tacitChoice(), std::nullopt);
+}
+
 TEST_F(KeyboardsTest, AChoiceThatIsNotThereSaysWhatIs) {
     plugged.push_back(device("1-4", "Drum", {}, kStrange));
     for (const auto& [chosen, sentence] : std::vector<std::pair<std::string, std::string>>{
