@@ -62,6 +62,8 @@ std::vector<std::string> listErrors() {
     for (const std::string_view name : {kBasicList, kDefaultList, kProjectList})
         if (auto checked = checkList(name); !checked)
             errors.push_back(std::move(checked.error()));
+    if (auto checked = checkShownTitles(); !checked)
+        errors.push_back(std::move(checked.error()));
     return errors;
 }
 

@@ -25,7 +25,7 @@ inline constexpr std::string_view kProjectList = "project"; // the keyboards tha
 // anew for each, and may fail for one of them.
 [[nodiscard]] Result<void> checkDefaultScenes(const SceneList& scenes);
 
-// The errors of all three.
+// The errors of all three, and of the titles in the person's language.
 [[nodiscard]] std::vector<std::string> listErrors();
 
 } // namespace scenewright

@@ -5,7 +5,9 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace scenewright {
@@ -103,14 +105,24 @@ std::string listFileOfLanguage() {
     return translated(sourceText("scenewright::Lists", "basic"));
 }
 
-// What it holds, as far as it is not behind the user's own.
-PropertyValue wordsOfLanguage() {
+// Nothing where it is behind the user's own, too.
+std::optional<std::filesystem::path> listFileOfWords() {
     const std::string name = listFileOfLanguage();
     const std::array<std::string_view, 2> names{name, kWritten};
     const auto file = Resources::findFirst(names, "plist");
-    if (!file || file->stem() == kWritten)
-        return {};
-    return readPropertyList(*file).value_or(PropertyValue());
+    return file && file->stem() != kWritten ? file : std::nullopt;
+}
+
+PropertyValue wordsOfLanguage() {
+    const auto file = listFileOfWords();
+    return file ? readPropertyList(*file).value_or(PropertyValue()) : PropertyValue();
+}
+
+std::string countError(const std::filesystem::path& file, std::string_view key, std::size_t count,
+                       std::size_t needed) {
+    return translated(sourceText("scenewright::File",
+                                 "{0}: the list \"{1}\" holds {2} titles, and {3} are needed"),
+                      file.string(), key, count, needed);
 }
 
 // How many titles the settings of the keyboard need.
@@ -167,13 +179,26 @@ Result<std::shared_ptr<PopUpValue>> readPopUpValue() {
     for (const TitleCount& needed : kTitleCounts) {
         const std::size_t count = (*basic)[needed.key].elements().size();
         if (count < needed.least)
-            return failure(
-                translated(sourceText("scenewright::File",
-                                      "{0}: the list \"{1}\" holds {2} titles, and {3} are "
-                                      "needed"),
-                           fileName(), needed.key, count, needed.least));
+            return failure(countError(fileName(), needed.key, count, needed.least));
     }
     return popUpValueOf(*basic);
+}
+
+Result<void> checkShownTitles() {
+    const auto file = listFileOfWords();
+    if (!file)
+        return {};
+    const auto words = readPropertyList(*file);
+    if (!words)
+        return failure(words.error());
+    const PropertyValue basic = Resources::load("basic");
+    for (const TitleCount& list : kTitleCounts) {
+        const std::size_t count = (*words)[list.key].elements().size();
+        const std::size_t needed = basic[list.key].elements().size();
+        if ((*words)[list.key].isArray() && count != needed)
+            return failure(countError(*file, list.key, count, needed));
+    }
+    return {};
 }
 
 const std::string* titleAt(const Titles& titles, std::int32_t position) {

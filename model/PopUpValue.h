@@ -129,6 +129,10 @@ inline constexpr std::size_t kOptionListCount = 47;
 // basic.plist is found in an earlier folder than that file, it is the user's, and stays as it is.
 [[nodiscard]] std::shared_ptr<PopUpValue> loadShownPopUpValue();
 
+// Whether the file of the language can be read, and has its lists in the length of basic.plist's;
+// true without one. The error is one sentence that names the file, whose titles are left out then.
+[[nodiscard]] Result<void> checkShownTitles();
+
 // The titles of a list in basic.plist where the person's language has its own words for them; empty
 // where what is shown is what is written. Read once; main thread.
 [[nodiscard]] std::span<const std::string_view> writtenTitles(const OptionList& list);

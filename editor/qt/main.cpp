@@ -167,7 +167,9 @@ int drawSheet(const Arguments& arguments, int argc, char** argv) {
     for (std::int32_t place = first; place <= last; ++place)
         pages.push_back({WindowAction::getSceneWithIndex(place), place});
     const std::string paper = arguments.text("--paper");
-    SceneSheet sheet(loadPopUpValue(), std::move(pages), shown(file.filename().string()));
+    if (const auto checked = checkShownTitles(); !checked)
+        reportError(checked.error(), EXIT_SUCCESS);
+    SceneSheet sheet(loadShownPopUpValue(), std::move(pages), shown(file.filename().string()));
     const auto written =
         sheet.write(arguments.text("--sheet"), paper.empty()       ? SceneSheet::usualPaper()
                                                : paper == "Letter" ? QPageSize::Letter

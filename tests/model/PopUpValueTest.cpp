@@ -103,6 +103,7 @@ protected:
         EXPECT_EQ(seen.size(), 14U);
         return text;
     }
+    [[nodiscard]] std::string file(const char* name) const { return folder_.file(name); }
 
 private:
     testing::TempFolder folder_;
@@ -239,11 +240,26 @@ TEST_F(PopUpValueTest, UsersOwnBasicListStaysAsItIsInEveryLanguage) {
     EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
 }
 
-TEST_F(PopUpValueTest, LanguagesListThatCannotBeReadLeavesTheWrittenTitles) {
+TEST_F(PopUpValueTest, LanguagesListThatCannotServeIsToldAndLeavesTheWrittenTitles) {
     setTranslator(&germanNames);
     writeBasic(kEnglish);
-    writeList("basic_de", "<key>button-enable");
-    EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
+    EXPECT_TRUE(checkShownTitles()) << "there is none";
+    const std::string german = file("basic_de.plist");
+    struct Row {
+        const char* text;
+        std::string error;
+    };
+    for (const Row& row :
+         {Row{"<key>button-enable</key><array><string>Aus</string></array>",
+              german + ": the list \"button-enable\" holds 1 titles, and 2 are needed"},
+          Row{"<key>button-note</key><array><string>C4</string></array>", ""},
+          Row{"<key>button-enable", "Cannot read " + german}}) {
+        writeList("basic_de", row.text);
+        const auto checked = checkShownTitles();
+        EXPECT_EQ(checked ? "" : checked.error().substr(0, row.error.size()), row.error);
+        EXPECT_EQ(checked.has_value(), row.error.empty());
+        EXPECT_EQ(*loadShownPopUpValue()->knob_Enable_Array(), (Strings{"Off", "On"}));
+    }
 }
 
 TEST_F(PopUpValueTest, EachCallGivesANewHolder) {
