@@ -193,9 +193,8 @@ SceneSheet BankCommands::sheet() const {
 void BankCommands::exportSheet(const QString& file) {
     window_.finishTyping();
     RecentFiles::setFolderOf(file);
-    window_.notices().postResult(Notice::Source::Files,
-                                 sheet().write(pathOf(file), SceneSheet::usualPaper()),
-                                 tr("Exported the sheet to %1").arg(QFileInfo(file).fileName()));
+    showWritten(sheet().write(pathOf(file), SceneSheet::usualPaper()),
+                tr("Exported the sheet to %1").arg(QFileInfo(file).fileName()));
 }
 
 void BankCommands::print() {
@@ -207,12 +206,9 @@ void BankCommands::print() {
     dialog.setFromTo(1, kSceneCount);
     connect(&dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
             [this](QPrinter* printer) {
-                const bool isRange = printer->printRange() == QPrinter::PageRange;
-                const auto first = static_cast<std::size_t>(isRange ? printer->fromPage() - 1 : 0);
-                const auto last =
-                    static_cast<std::size_t>(isRange ? printer->toPage() - 1 : kSceneCount - 1);
-                printer->setFullPage(true);
-                sheet().draw(*printer, first, last);
+                const QString file = QFileInfo(printer->outputFileName()).fileName();
+                const QString where = file.isEmpty() ? printer->printerName() : file;
+                showWritten(sheet().print(*printer), tr("Printed the sheet to %1").arg(where));
             });
     dialog.open();
 }
@@ -284,7 +280,7 @@ void BankCommands::openAtStart(const QString& file) {
 
 void BankCommands::saveBank(const QString& file) {
     const auto saved = files_.saveBank(pathOf(file), *loadPopUpValue());
-    showSaved(saved, file);
+    showWritten(saved, tr("Saved %1").arg(QFileInfo(file).fileName()));
     if (!saved)
         return;
     RecentFiles::add(file);
@@ -322,15 +318,13 @@ void BankCommands::openSceneAs(const QString& file, std::int32_t from, std::int3
 void BankCommands::saveScene(const QString& file) {
     const auto saved =
         files_.saveScene(pathOf(file), window_.view().sceneIndex(), *loadPopUpValue());
-    showSaved(saved, file);
+    showWritten(saved, tr("Saved %1").arg(QFileInfo(file).fileName()));
     if (saved)
         RecentFiles::setFolderOf(file);
 }
 
-void BankCommands::showSaved(const Result<void>& saved, const QString& file) {
-    window_.notices().postResult(Notice::Source::Files, saved,
-                                 saved ? tr("Saved %1").arg(QFileInfo(file).fileName())
-                                       : QString());
+void BankCommands::showWritten(const Result<void>& written, const QString& done) {
+    window_.notices().postResult(Notice::Source::Files, written, written ? done : QString());
 }
 
 void BankCommands::fillRecent() {

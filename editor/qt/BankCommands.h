@@ -85,7 +85,7 @@ private:
     [[nodiscard]] static QString openStep(const QString& file);
     [[nodiscard]] QString openedBank(const QString& file) const;
     [[nodiscard]] static QString openedScene(const QString& file, std::int32_t index);
-    void showSaved(const Result<void>& saved, const QString& file);
+    void showWritten(const Result<void>& written, const QString& done);
 
     MainWindow& window_;
     StoreFiles files_;

@@ -15,7 +15,9 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QSvgGenerator>
+#include <QTemporaryFile>
 #include <QTextOption>
 
 #include <algorithm>
@@ -46,6 +48,19 @@ constexpr QColor kInk(0, 0, 0);
 constexpr QColor kRule(170, 170, 170);
 constexpr qreal kRuleWidth = 3;
 constexpr qreal kTallest = 10000; // a row
+
+const QByteArray kPdfEnd = QByteArrayLiteral("%%EOF\n");
+
+std::string notDrawn(const std::filesystem::path& file) {
+    return translated(sourceText("scenewright::File", "{}: the sheet cannot be drawn"),
+                      readableText(file.string()));
+}
+
+Result<void> replaced(const std::filesystem::path& file, const QByteArray& bytes) {
+    return replaceFile(file, {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                              static_cast<std::size_t>(bytes.size())})
+        .map([](const Replaced&) {});
+}
 
 QFont fontOf(int size, bool isBold = false) {
     QFont font;
@@ -221,17 +236,20 @@ void SceneSheet::drawPage(QPainter& painter, const QRectF& room, const Page& pag
                true);
 }
 
-void SceneSheet::draw(QPagedPaintDevice& device, std::size_t first, std::size_t last) {
-    QPainter painter(&device);
+bool SceneSheet::draw(QPagedPaintDevice& device, std::size_t first, std::size_t last) {
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
     const QRectF whole(QPointF(),
                        device.pageLayout().fullRect(QPageLayout::Point).size() * kUnitsPerPoint);
     const qreal scale = painter.viewport().width() / whole.width();
     painter.scale(scale, scale);
     for (std::size_t page = first; page <= last && page < pages_.size(); ++page) {
-        if (page != first)
-            device.newPage();
+        if (page != first && !device.newPage())
+            return false;
         drawPage(painter, inside(whole), pages_[page]);
     }
+    return painter.end();
 }
 
 void SceneSheet::drawAsStrip(QPainter& painter, const QSizeF& paper) {
@@ -248,8 +266,7 @@ bool SceneSheet::render(QIODevice& sink, const QString& suffix, QPageSize::PageS
         writer.setPageSize(QPageSize(paper));
         writer.setPageMargins({});
         writer.setTitle(title_);
-        draw(writer, 0, pages_.size() - 1);
-        return true;
+        return draw(writer, 0, pages_.size() - 1);
     }
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator generator;
@@ -272,6 +289,30 @@ bool SceneSheet::render(QIODevice& sink, const QString& suffix, QPageSize::PageS
     return image.save(&sink, "PNG");
 }
 
+Result<void> SceneSheet::print(QPrinter& printer) {
+    const bool isRange = printer.printRange() == QPrinter::PageRange;
+    const auto first = static_cast<std::size_t>(isRange ? printer.fromPage() - 1 : 0);
+    const auto last = isRange ? static_cast<std::size_t>(printer.toPage()) : pages_.size();
+    printer.setFullPage(true);
+    const QString file = printer.outputFileName();
+    if (file.isEmpty()) {
+        if (draw(printer, first, last - 1))
+            return {};
+        return failure(
+            tr("%1: the printer takes no sheet").arg(printer.printerName()).toStdString());
+    }
+    // What the toolkit could not write whole it does not tell.
+    QTemporaryFile pages;
+    if (pages.open())
+        printer.setOutputFileName(pages.fileName());
+    const QByteArray bytes =
+        pages.isOpen() && draw(printer, first, last - 1) ? pages.readAll() : QByteArray();
+    printer.setOutputFileName(file);
+    if (!bytes.endsWith(kPdfEnd))
+        return failure(notDrawn(file.toStdString()));
+    return replaced(file.toStdString(), bytes);
+}
+
 Result<void> SceneSheet::write(const std::filesystem::path& file, QPageSize::PageSizeId paper) {
     if (drawing_.trouble())
         return failure(*drawing_.trouble());
@@ -284,12 +325,8 @@ Result<void> SceneSheet::write(const std::filesystem::path& file, QPageSize::Pag
     QBuffer sink;
     sink.open(QIODevice::WriteOnly);
     if (!render(sink, suffix, paper))
-        return failure(translated(sourceText("scenewright::File", "{}: the sheet cannot be drawn"),
-                                  readableText(file.string())));
-    const QByteArray bytes = sink.data();
-    return replaceFile(file, {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                              static_cast<std::size_t>(bytes.size())})
-        .map([](const Replaced&) {});
+        return failure(notDrawn(file));
+    return replaced(file, sink.data());
 }
 
 } // namespace scenewright

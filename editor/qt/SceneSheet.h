@@ -21,6 +21,7 @@
 class QIODevice;
 class QPagedPaintDevice;
 class QPainter;
+class QPrinter;
 
 namespace scenewright {
 
@@ -45,8 +46,9 @@ public:
     // another. On error the file is what it was.
     [[nodiscard]] Result<void> write(const std::filesystem::path& file,
                                      QPageSize::PageSizeId paper);
-    // The pages from `first` to `last`, counted from 0; the device has its paper.
-    void draw(QPagedPaintDevice& device, std::size_t first, std::size_t last);
+    // On the paper and the pages that were chosen for the printer, which is one or a file. On error
+    // the file is what it was.
+    [[nodiscard]] Result<void> print(QPrinter& printer);
 
     // A control's name, what it sends, and its settings.
     using Row = std::array<QString, 3>;
@@ -70,6 +72,9 @@ private:
     qreal drawTables(QPainter& painter, const QRectF& room, const SceneValue& scene, int font,
                      bool isDrawn) const;
     void drawPage(QPainter& painter, const QRectF& room, const Page& page);
+    // The pages from `first` to `last`, counted from 0; the device has its paper. Whether it took
+    // them.
+    [[nodiscard]] bool draw(QPagedPaintDevice& device, std::size_t first, std::size_t last);
     void drawAsStrip(QPainter& painter, const QSizeF& paper);
     [[nodiscard]] bool render(QIODevice& sink, const QString& suffix, QPageSize::PageSizeId paper);
 

@@ -3,11 +3,13 @@
 #include "app/WindowAction.h"
 #include "editor/qt/Translation.h"
 #include "model/PopUpValue.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
@@ -150,6 +152,44 @@ TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
         ASSERT_FALSE(done);
         EXPECT_TRUE(done.error().ends_with(sentence)) << done.error();
     }
+}
+
+// As in the toolkit's dialog without a printer.
+TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
+    QPrinter printer;
+    printer.setOutputFileName(QString::fromStdString(file("printed.pdf")));
+    printer.setPageSize(QPageSize(QPageSize::Letter));
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const auto pages = [&] {
+        const auto done = sheet().print(printer);
+        EXPECT_TRUE(done) << (done ? "" : done.error());
+        QFile bytes(QString::fromStdString(file("printed.pdf")));
+        EXPECT_TRUE(bytes.open(QIODevice::ReadOnly));
+        const QString pdf = QString::fromLatin1(bytes.readAll());
+        EXPECT_TRUE(pdf.contains("/MediaBox [0 0 792"));
+        return pdf.count(QRegularExpression("/Type /Page\\b(?!s)"));
+    };
+    EXPECT_EQ(pages(), 4);
+    printer.setPrintRange(QPrinter::PageRange);
+    printer.setFromTo(2, 3);
+    EXPECT_EQ(pages(), 2);
+}
+
+TEST_F(SceneSheetTest, PrintingThatFailsSaysSoAndLeavesTheFile) {
+    QPrinter printer;
+    printer.setOutputFileName(QString::fromStdString(file("none/printed.pdf")));
+    EXPECT_EQ(sheet().print(printer).error(), "Cannot write " + file("none/printed.pdf") + ": " +
+                                                  file("none") + ": No such file or directory.");
+    const QByteArray before = written("printed.pdf", sheet(1));
+    printer.setOutputFileName(QString::fromStdString(file("printed.pdf")));
+    {
+        const FileSizeLimit limit(static_cast<rlim_t>(before.size())); // all four are more
+        EXPECT_EQ(sheet().print(printer).error(),
+                  file("printed.pdf") + ": the sheet cannot be drawn");
+    }
+    QFile after(QString::fromStdString(file("printed.pdf")));
+    ASSERT_TRUE(after.open(QIODevice::ReadOnly));
+    EXPECT_EQ(after.readAll(), before);
 }
 
 TEST_F(SceneSheetTest, ASceneWithoutControlsIsAPageAllTheSame) {

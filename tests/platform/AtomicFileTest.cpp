@@ -2,13 +2,13 @@
 
 #include "platform/Process.h"
 #include "tests/platform/TextFile.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
@@ -19,7 +19,6 @@
 #include <string_view>
 #include <sys/file.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -176,31 +175,11 @@ TEST_F(AtomicFile, WritesIntoTheWorkingFolder) {
     EXPECT_EQ(readText(folder_.path() / "bare.bank"), "new");
 }
 
-// Writes beyond `bytes` fail until the end of the scope, as they do on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit limited{bytes, former_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    void (*handler_)(int);
-    rlimit former_{};
-};
-
 TEST_F(AtomicFile, AWriteThatFailsHalfwayLeavesTheFormerFileAndNothingElse) {
     writeText(file_, "old");
     Result<Replaced> replaced;
     {
-        const FileSizeLimit limit(100);
+        const testing::FileSizeLimit limit(100);
         replaced = replaceFile(file_, FileContent(1012, 0x55));
     }
     EXPECT_EQ(replaced.error(), "Cannot write " + file_.string() + ": File too large.");
