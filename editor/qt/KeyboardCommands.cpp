@@ -94,6 +94,7 @@ void KeyboardCommands::follow() {
 void KeyboardCommands::fillPicker(const std::vector<PluggedDevice>& devices) {
     choices_->clear();
     QString title = tr("Choose a Keyboard");
+    QString described = title;
     bool isUsed = false;
     for (const PluggedDevice& plugged : devices) {
         if (!plugged.isListed)
@@ -105,14 +106,14 @@ void KeyboardCommands::fillPicker(const std::vector<PluggedDevice>& devices) {
                 [this, device = plugged.device] { use(device); });
         if (!plugged.isInUse)
             continue;
-        title = action.text();
+        title = inMenu(shown(plugged.device.port + " (" + plugged.name() + ")"));
+        described = shown(plugged.description());
         isUsed = true;
     }
     picker_->setVisible(choices_->actions().size() > (isUsed ? 1 : 0));
     picker_->setText(picker_->fontMetrics().elidedText(title, Qt::ElideRight, kPickerWidth));
-    picker_->setAccessibleName(title);
-    picker_->setToolTip(title);
-    picker_->setAccessibleName(title);
+    picker_->setAccessibleName(described);
+    picker_->setToolTip(described);
 }
 
 void KeyboardCommands::use(const AttachedDevice& device) {

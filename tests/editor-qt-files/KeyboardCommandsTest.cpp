@@ -149,6 +149,8 @@ TEST_F(KeyboardCommandsTest, ThePickerIsThereWhileThereIsAChoice) {
     EXPECT_EQ(picks(), (QStringList{"[1-1 (Keys)]", "1-2 (Pads && Keys, serial number A17)"}));
     pick(1);
     EXPECT_EQ(keyboards->chosen(), "A17");
+    EXPECT_EQ(picker().text(), "1-2 (Pads && Keys)");
+    EXPECT_EQ(picker().accessibleName(), "1-2 (Pads & Keys, serial number A17)");
     EXPECT_EQ(picks(), (QStringList{"1-1 (Keys)", "[1-2 (Pads && Keys, serial number A17)]"}));
     plugged.pop_back();
     look();
