@@ -328,6 +328,10 @@
         <source>Exported the sheet to %1</source>
         <translation>Das Blatt steht in %1</translation>
     </message>
+    <message>
+        <source>Printed the sheet to %1</source>
+        <translation>Das Blatt ist gedruckt: %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -1117,6 +1121,26 @@
     <message>
         <source>The picture shows what comes of it.</source>
         <translation>Das Bild zeigt, was daraus wird.</translation>
+    </message>
+    <message>
+        <source>The first note is typed as in C2 or Db2, or as a number from 0 to 127.</source>
+        <translation>Die erste Note wird wie C2 oder Db2 eingegeben, oder als Zahl von 0 bis 127.</translation>
+    </message>
+    <message>
+        <source>The first controller is typed as a number from 0 to 127, or by its name, as in sustain.</source>
+        <translation>Der erste Controller wird als Zahl von 0 bis 127 eingegeben, oder mit seinem Namen, etwa sustain.</translation>
+    </message>
+    <message>
+        <source>%1 would be below %2, the lowest there is.</source>
+        <translation>%1 läge unter %2, dem niedrigsten Wert.</translation>
+    </message>
+    <message>
+        <source>%1 would be above %2, the highest there is.</source>
+        <translation>%1 läge über %2, dem höchsten Wert.</translation>
+    </message>
+    <message>
+        <source>None of them sends a note.</source>
+        <translation>Keines davon sendet eine Note.</translation>
     </message>
 </context>
 <context>
@@ -2373,6 +2397,10 @@
     <message>
         <source>Scene %1: %2</source>
         <translation>Szene %1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the printer takes no sheet</source>
+        <translation>%1: Der Drucker nimmt kein Blatt an</translation>
     </message>
 </context>
 <context>

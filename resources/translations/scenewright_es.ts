@@ -328,6 +328,10 @@
         <source>Exported the sheet to %1</source>
         <translation>La hoja está en %1</translation>
     </message>
+    <message>
+        <source>Printed the sheet to %1</source>
+        <translation>Hoja impresa: %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -1117,6 +1121,26 @@
     <message>
         <source>The picture shows what comes of it.</source>
         <translation>La imagen muestra el resultado.</translation>
+    </message>
+    <message>
+        <source>The first note is typed as in C2 or Db2, or as a number from 0 to 127.</source>
+        <translation>La primera nota se escribe como C2 o Db2, o como un número de 0 a 127.</translation>
+    </message>
+    <message>
+        <source>The first controller is typed as a number from 0 to 127, or by its name, as in sustain.</source>
+        <translation>El primer controlador se escribe como un número de 0 a 127, o por su nombre, como sustain.</translation>
+    </message>
+    <message>
+        <source>%1 would be below %2, the lowest there is.</source>
+        <translation>%1 quedaría por debajo de %2, el valor más bajo.</translation>
+    </message>
+    <message>
+        <source>%1 would be above %2, the highest there is.</source>
+        <translation>%1 quedaría por encima de %2, el valor más alto.</translation>
+    </message>
+    <message>
+        <source>None of them sends a note.</source>
+        <translation>Ninguno de ellos envía una nota.</translation>
     </message>
 </context>
 <context>
@@ -2373,6 +2397,10 @@
     <message>
         <source>Scene %1: %2</source>
         <translation>Escena %1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the printer takes no sheet</source>
+        <translation>%1: la impresora no acepta ninguna hoja</translation>
     </message>
 </context>
 <context>

@@ -328,6 +328,10 @@
         <source>Exported the sheet to %1</source>
         <translation>La feuille est dans %1</translation>
     </message>
+    <message>
+        <source>Printed the sheet to %1</source>
+        <translation>Feuille imprimée : %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -1064,7 +1068,7 @@
     </message>
     <message>
         <source>A scale, or semitones from each note to the next: 2,2,1</source>
-        <translation>Une gamme, ou les demi-tons d&apos;une note à la suivante : 2,2,1</translation>
+        <translation>Une gamme, ou les demi-tons d’une note à la suivante : 2,2,1</translation>
     </message>
     <message>
         <source>First &amp;controller</source>
@@ -1084,7 +1088,7 @@
     </message>
     <message>
         <source>From one to another</source>
-        <translation>De l&apos;une à l&apos;autre</translation>
+        <translation>De l’une à l’autre</translation>
     </message>
     <message>
         <source>Palette %1, in turn</source>
@@ -1096,7 +1100,7 @@
     </message>
     <message>
         <source>&amp;To</source>
-        <translation>&amp;Jusqu&apos;à</translation>
+        <translation>&amp;Jusqu’à</translation>
     </message>
     <message>
         <source>&amp;Semitones</source>
@@ -1116,7 +1120,27 @@
     </message>
     <message>
         <source>The picture shows what comes of it.</source>
-        <translation>L&apos;image montre le résultat.</translation>
+        <translation>L’image montre le résultat.</translation>
+    </message>
+    <message>
+        <source>The first note is typed as in C2 or Db2, or as a number from 0 to 127.</source>
+        <translation>La première note s’écrit comme C2 ou Db2, ou comme un nombre de 0 à 127.</translation>
+    </message>
+    <message>
+        <source>The first controller is typed as a number from 0 to 127, or by its name, as in sustain.</source>
+        <translation>Le premier contrôleur s’écrit comme un nombre de 0 à 127, ou par son nom, comme sustain.</translation>
+    </message>
+    <message>
+        <source>%1 would be below %2, the lowest there is.</source>
+        <translation>%1 serait en dessous de %2, la valeur la plus basse.</translation>
+    </message>
+    <message>
+        <source>%1 would be above %2, the highest there is.</source>
+        <translation>%1 serait au-dessus de %2, la valeur la plus haute.</translation>
+    </message>
+    <message>
+        <source>None of them sends a note.</source>
+        <translation>Aucun d’eux n’envoie de note.</translation>
     </message>
 </context>
 <context>
@@ -2373,6 +2397,10 @@
     <message>
         <source>Scene %1: %2</source>
         <translation>Scène %1 : %2</translation>
+    </message>
+    <message>
+        <source>%1: the printer takes no sheet</source>
+        <translation>%1 : l’imprimante n’accepte aucune feuille</translation>
     </message>
 </context>
 <context>

@@ -328,6 +328,10 @@
         <source>Exported the sheet to %1</source>
         <translation>シートを %1 に書き出しました</translation>
     </message>
+    <message>
+        <source>Printed the sheet to %1</source>
+        <translation>シートを印刷しました: %1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -1117,6 +1121,26 @@
     <message>
         <source>The picture shows what comes of it.</source>
         <translation>結果が図に表示されています。</translation>
+    </message>
+    <message>
+        <source>The first note is typed as in C2 or Db2, or as a number from 0 to 127.</source>
+        <translation>最初のノートは C2 や Db2 のように、または 0 から 127 の数で入力します。</translation>
+    </message>
+    <message>
+        <source>The first controller is typed as a number from 0 to 127, or by its name, as in sustain.</source>
+        <translation>最初のコントローラーは 0 から 127 の数か、sustain のような名前で入力します。</translation>
+    </message>
+    <message>
+        <source>%1 would be below %2, the lowest there is.</source>
+        <translation>%1 が、最も低い %2 を下回ります。</translation>
+    </message>
+    <message>
+        <source>%1 would be above %2, the highest there is.</source>
+        <translation>%1 が、最も高い %2 を上回ります。</translation>
+    </message>
+    <message>
+        <source>None of them sends a note.</source>
+        <translation>ノートを送信するものがありません。</translation>
     </message>
 </context>
 <context>
@@ -2373,6 +2397,10 @@
     <message>
         <source>Scene %1: %2</source>
         <translation>シーン %1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the printer takes no sheet</source>
+        <translation>%1: プリンターがシートを受け付けません</translation>
     </message>
 </context>
 <context>

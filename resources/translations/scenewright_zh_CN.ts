@@ -328,6 +328,10 @@
         <source>Exported the sheet to %1</source>
         <translation>谱单已导出到 %1</translation>
     </message>
+    <message>
+        <source>Printed the sheet to %1</source>
+        <translation>谱单已打印：%1</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>
@@ -1117,6 +1121,26 @@
     <message>
         <source>The picture shows what comes of it.</source>
         <translation>图示显示结果。</translation>
+    </message>
+    <message>
+        <source>The first note is typed as in C2 or Db2, or as a number from 0 to 127.</source>
+        <translation>第一个音符像 C2 或 Db2 那样输入，或输入 0 到 127 的数字。</translation>
+    </message>
+    <message>
+        <source>The first controller is typed as a number from 0 to 127, or by its name, as in sustain.</source>
+        <translation>第一个控制器输入 0 到 127 的数字，或输入其名称，如 sustain。</translation>
+    </message>
+    <message>
+        <source>%1 would be below %2, the lowest there is.</source>
+        <translation>%1 会低于最低的 %2。</translation>
+    </message>
+    <message>
+        <source>%1 would be above %2, the highest there is.</source>
+        <translation>%1 会高于最高的 %2。</translation>
+    </message>
+    <message>
+        <source>None of them sends a note.</source>
+        <translation>它们都不发送音符。</translation>
     </message>
 </context>
 <context>
@@ -2373,6 +2397,10 @@
     <message>
         <source>Scene %1: %2</source>
         <translation>场景 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1: the printer takes no sheet</source>
+        <translation>%1：打印机不接受谱单</translation>
     </message>
 </context>
 <context>
