@@ -38,8 +38,10 @@ _TAKES_NAMES_IN = re.compile(r"^using (enum|namespace)\b", re.MULTILINE)
 # The checkers take in nothing before the file itself: they see what it includes.
 _NOT_FOR_CHECKERS = re.compile(
     r" -Winvalid-pch|( -Xclang)? -include(-pch)?( -Xclang)? \S*cmake_pch\.hxx(\.pch)?"
-    r"| -Wno-maybe-uninitialized"
+    r"| -Wno-maybe-uninitialized| -O1(?= )"
 )
+
+_HEADER_FOLDER = re.compile(r" (-I|-isystem )\S+")
 
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
@@ -116,16 +118,23 @@ def check_one(root, passed, name, parts, command):
     return output or f"{name}: {command[0]} failed and said nothing"
 
 
-def named_in_errors(unit, folder, flags):
-    """The files that the compiler finds errors in when it reads this one."""
-    command = ["clang++", *flags, "-w", "-ferror-limit=0", "-fsyntax-only", str(unit)]
-    return re.findall(r"^(.+?):\d+:\d+: error: ", run(command, folder)[1], re.MULTILINE)
+def blamed(root, names, folder, output):
+    """Those of the files that errors stand in, or in what they include."""
+    found = re.findall(r"^(.+?):\d+:\d+: (?:fatal )?error: ", output, re.MULTILINE)
+    faulty = {os.path.realpath(os.path.join(folder, file)) for file in found}
+    return [n for n in names if faulty & {str(root / part) for part in closure(root, n)}]
+
+
+def joined_flags(commands):
+    """What the compiler is called with for one unit of all: every folder of headers that any names."""
+    flags = [tuple(re.findall(r"(?:-isystem |-Xclang )?\S+", command)) for command in commands]
+    return shlex.split(" ".join(dict.fromkeys(flag for each in flags for flag in each)))
 
 
 def tidy_together(root, build, passed, jobs):
-    """Marks what passes when it is checked as one unit with its folder's other files: most of the
-    checker's time goes into headers that they share. Files that give the same name to different
-    things go into different units. What does not pass so is checked by itself."""
+    """Marks what passes when it is checked as one unit with other files: most of the checker's time
+    goes into headers that they share. Files that give the same name to different things go into
+    different units. What does not pass so is checked by itself."""
     marks = {name: passed.mark(root, closure(root, name), *parts) for name, parts, _ in jobs}
     units = build / "checked" / "units"
     units.mkdir(parents=True, exist_ok=True)
@@ -133,28 +142,37 @@ def tidy_together(root, build, passed, jobs):
     for name, entry in program_entries(root, build):
         alone = _TAKES_NAMES_IN.search((root / name).read_text())
         if not marks[name].exists() and not alone:
-            flags = shlex.split(entry["command"].split(" -o ")[0])[1:]
-            kind = (Path(name).parent, entry["directory"], *flags)
-            groups.setdefault(kind, []).append(name)
-
-    def write(unit, names):
-        # Another file's including is what makes it one unit.
-        mark = " // NOLINT(bugprone-suspicious-include)"
-        unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name in names))
+            flags = entry["command"].split(" -o ")[0].split(" ", 1)[1]
+            kind = (entry["directory"], _HEADER_FOLDER.sub("", flags))
+            groups.setdefault(kind, {})[name] = flags
 
     def check(number, group):
-        (_, folder, *flags), names = group
+        (folder, _), files = group
         unit = units / f"{number}.cpp"
-        while len(names) > 1:
-            write(unit, names)
-            errors = named_in_errors(unit, folder, flags)
-            late = [name for name in names if str(root / name) in errors]
-            names = [name for name in names if name not in late]
-            write(unit, names)
-            if run([*tidy_command(root, units, unit), "--", *flags], folder)[0]:
-                for name in names:
-                    marks[name].touch()
-            names = late if names else []
+        # That a name hides another file's is no fault; the build says where it hides one of its own.
+        flags = [*joined_flags(files.values()), "-Wno-shadow"]
+        compiler = ["clang++", *flags, "-w", "-ferror-limit=0", "-fsyntax-only", str(unit)]
+        tidy = [*tidy_command(root, units, unit), "--", *flags]
+
+        def split(names, command):
+            """(the files, none) where the command passes their unit, else (the others, those to blame)"""
+            # Another file's including is what makes it one unit.
+            mark = " // NOLINT(bugprone-suspicious-include)"
+            unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name in names))
+            good, output = run(command, folder)
+            out = [] if good else blamed(root, names, folder, output) or names
+            return [name for name in names if name not in out], out
+
+        later = list(files)
+        count = len(later) + 1
+        while 1 < len(later) < count:
+            count = len(later)
+            names, later = split(later, compiler)
+            faulty = names
+            while len(names) > 1 and faulty:
+                names, faulty = split(names, tidy)
+            for name in [] if faulty else names:
+                marks[name].touch()
 
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
         list(pool.map(check, range(len(groups)), groups.items()))

@@ -68,15 +68,30 @@ class CodeChecks(TreeTest):
         self.assertEqual(len(self.outputs("tidy")), 1)
 
     def test_files_are_checked_as_one_unit_but_for_those_with_a_name_of_another(self):
-        for name in ("First", "Second"):
+        for name in ("model/First", "usb/Second"):
             static = "static int one() {\n    return 1;\n}\n"
-            self.write(f"model/{name}.cpp", f"{static}int of{name}() {{\n    return one();\n}}\n")
-        with unittest.mock.patch.object(code_checks, "run", wraps=code_checks.run) as run:
-            self.assertEqual(self.outputs("tidy"), [])
-        checks = [call.args[0][4] for call in run.mock_calls if "--quiet" in call.args[0]]
-        self.assertEqual(len(checks), 2, checks)
-        self.write("model/Second.cpp", static + FAULTS["tidy"][2])
+            function = f"int of{Path(name).name}() {{\n    return one();\n}}\n"
+            self.write(f"{name}.cpp", static + function)
+        self.assertEqual(self.checks([]), 2)
+        self.write("usb/Second.cpp", static + FAULTS["tidy"][2])
         self.assertEqual(len(self.outputs("tidy")), 1)
+
+    def test_a_file_with_a_fault_leaves_the_others_one_unit(self):
+        self.write("model/Fault.h", "#pragma once\ninline " + FAULTS["tidy"][2])
+        self.write("model/First.cpp", '#include "model/Fault.h"\n')
+        for name in ("Second", "Third"):
+            self.write(f"usb/{name}.cpp", f"int of{name}() {{\n    return 1;\n}}\n")
+        # All of them, those without the fault, and the one with it.
+        self.assertEqual(self.checks(["model/Fault.h"]), 3)
+
+    def checks(self, faulty):
+        """How often the checker was called, which found faults in these."""
+        with unittest.mock.patch.object(code_checks, "run", wraps=code_checks.run) as run:
+            outputs = self.outputs("tidy")
+        self.assertEqual(len(outputs), len(faulty), outputs)
+        for name, output in zip(faulty, outputs):
+            self.assertIn(name, output)
+        return sum("--quiet" in call.args[0] for call in run.mock_calls)
 
     def run_check(self, kind, version=None):
         """The whole check, with the tool of this machine or one of some version."""
