@@ -265,14 +265,16 @@ class RunAndTest(ScriptTest):
         self.assertEqual(done.stdout, common + "--build-config all -R sweep\n")
 
     def test_test_builds_every_preset_and_gives_ctest_their_tests_as_one(self):
-        for arguments, presets in (
-            ([], ["release", "dev", "tsan"]),
-            (["--all"], ["release", "dev", "tsan", "fuzz"]),
+        names = ("all", "speed", "scenewright-screenshots", "drag-source")
+        rarer = "".join(f" --target={name}" for name in names)
+        for arguments, presets, development in (
+            ([], ["release", "dev", "tsan"], ""),
+            (["--all"], ["release", "dev", "tsan", "fuzz"], rarer),
         ):
             self.calls.write_text("")
             self.run_script("test", *arguments)
             programs = " --target=scenewright_test_programs"
-            targets = {"release": f" --target=all{programs}", "dev": ""}
+            targets = {"release": f" --target=all{programs}", "dev": development}
             self.assertEqual(
                 [call for call in self.asked() if call.startswith("cmake")],
                 [
