@@ -21,7 +21,7 @@ CONTROLLER, NOTE = 1, 2  # positions in the list of types
 class Window:
     """The editor on a display, which one case has for all its editors."""
 
-    def __init__(self, rig, *arguments, **variables):
+    def __init__(self, rig, *arguments, program=EDITOR, account=None, **variables):
         rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp",
                   stderr=subprocess.DEVNULL)  # ends at once when there is one
         wait_for("the display", Path(f"/tmp/.X11-unix/X{DISPLAY[1:]}").exists)
@@ -29,8 +29,9 @@ class Window:
                             **variables}
         self.log_file = rig.file("editor.log")
         self.seen = 0
-        self.program = rig.start(EDITOR, "--log", self.log_file, "--console",
-                                 rig.file("editor.console"), *arguments, env=self.environment)
+        self.program = rig.start(program, "--log", self.log_file, "--console",
+                                 rig.file("editor.console"), *arguments, env=self.environment,
+                                 **(account or {}))
         window = wait_for("the window", self._find)
         self.do("windowmove", window, "0", "0", "windowfocus", "--sync", window)
 

@@ -10,6 +10,7 @@ import sys
 import time
 import traceback
 
+import cases_allow
 import cases_devices
 import cases_editor
 import cases_midi
@@ -23,7 +24,7 @@ import cases_trouble
 from rig import Rig
 
 MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_play,
-           cases_midi, cases_resume, cases_editor, cases_soak)
+           cases_midi, cases_resume, cases_editor, cases_allow, cases_soak)
 PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",
