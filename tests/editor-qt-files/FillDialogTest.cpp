@@ -51,8 +51,8 @@ TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
         {21, {"Notes", "Controllers", "Their notes, moved"}}};
     for (const auto& [control, titles] : rows) {
         choose(control);
-        inDialog(fill(), [&titles = titles](FillDialog& dialog) {
-            EXPECT_EQ(offered(dialog), titles);
+        inDialog(fill(), [&wanted = titles](FillDialog& dialog) {
+            EXPECT_EQ(offered(dialog), wanted);
             dialog.reject();
         });
     }
