@@ -1,12 +1,12 @@
 #include "editor/qt/ValuePanes.h"
 
 #include "editor/ControlDescription.h"
-#include "editor/SettingHelp.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/MidiNames.h"
 #include "model/Setting.h"
+#include "platform/Text.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -65,7 +65,8 @@ ValuePanes::ValuePanes(QWidget* parent) : QWidget(parent) {
         auto& box = makeChild<PopUpBox>(body.frame);
         box.setObjectName(shown(row.name));
         popUps_[row.name] = &box;
-        addField(body, shown(settingTitle(*row.setting)), box, shown(settingHelp(*row.setting)));
+        addField(body, shown(settingTitle(*row.setting)), box,
+                 shown(translated(row.setting->help())));
         if (row.setting->name() == ButtonValue::CCOrNoteNumberField.name)
             addSends(body);
     }

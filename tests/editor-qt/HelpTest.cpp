@@ -1,5 +1,4 @@
 // The guide, and what the window says of each field when it is asked.
-#include "editor/SettingHelp.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/GuideWindow.h"
 #include "tests/editor-qt/WindowBench.h"
@@ -185,7 +184,7 @@ TEST_F(HelpTest, EachFieldAnswersShiftF1WithItsHelp) {
     open();
     for (const ValuePopUp& row : valuePopUps()) {
         const PopUpBox& box = window().panes().popUp(row.name);
-        EXPECT_EQ(box.whatsThis().toStdString(), settingHelp(*row.setting)) << row.name;
+        EXPECT_EQ(box.whatsThis().toStdString(), translated(row.setting->help())) << row.name;
         EXPECT_EQ(box.accessibleDescription(), box.whatsThis()) << row.name;
     }
     EXPECT_FALSE(window().panes().swatch().whatsThis().isEmpty());
@@ -203,7 +202,7 @@ TEST_F(HelpTest, EachFieldAnswersShiftF1WithItsHelp) {
 
 TEST_F(HelpTest, SettingsOfOneNameAreToldApartByTheirKind) {
     const auto helpOf = [](ControlKind kind, const char* field) {
-        return settingHelp(*findSetting(kind, field));
+        return translated(findSetting(kind, field)->help());
     };
     EXPECT_EQ(helpOf(ControlKind::Knob, "LowerOrLeftValue"), "The value at the left end.");
     EXPECT_EQ(helpOf(ControlKind::Slider, "LowerOrLeftValue"), "The value at the lower end.");
