@@ -27,11 +27,9 @@ bool isSameControl(const SettingPlace& one, const SettingPlace& other) {
 }
 
 // What the control sends, for a setting whose title depends on it.
-std::int32_t assignTypeAt(const SceneList& scenes, const SettingPlace& place) {
-    if (place.isName() || place.setting->details().noteList == nullptr)
-        return kAssignOff;
-    const Setting* const type = findSetting(place.kind, ButtonValue::AssignTypeField.name);
-    return type->read(sceneOf(scenes, place), place.control);
+std::int32_t assignTypeFor(const SettingPlace& place, const SceneList& scenes) {
+    const bool depends = !place.isName() && place.setting->details().noteList != nullptr;
+    return depends ? assignTypeAt(place, sceneOf(scenes, place)) : kAssignOff;
 }
 
 std::string titleOf(const SettingPlace& place, std::int32_t assignType) {
@@ -67,10 +65,6 @@ SceneList copyOfStored() {
     return copyOf(WindowAction::scenes());
 }
 
-std::int32_t controlIndexOf(const SettingPlace& place) {
-    return controlRange(place.kind).start + place.control;
-}
-
 SceneChanges::Values SceneChanges::valuesAt(const SceneList& scenes, const SettingPlace& place) {
     const SceneValue& scene = sceneOf(scenes, place);
     if (place.isName())
@@ -84,7 +78,7 @@ SceneChanges SceneChanges::between(const PopUpValue& lists, const SceneList& bef
     for (const Difference& difference : differences(lists, before, after)) {
         const SettingPlace& place = difference.place;
         made.changes_.push_back({.place = place,
-                                 .assignType = assignTypeAt(after, place),
+                                 .assignType = assignTypeFor(place, after),
                                  .before = valuesAt(before, place),
                                  .after = valuesAt(after, place)});
     }

@@ -67,7 +67,4 @@ private:
 // The stored scenes as they are now, in records that share nothing with them.
 [[nodiscard]] SceneList copyOfStored();
 
-// The control of a place, 0 to 45.
-[[nodiscard]] std::int32_t controlIndexOf(const SettingPlace& place);
-
 } // namespace scenewright

@@ -220,10 +220,7 @@ std::vector<Finding> findingsOf(const PopUpValue& lists, const SceneList& scenes
 std::vector<std::string> pathsOf(const Finding& finding) {
     std::vector<std::string> paths;
     for (const std::int32_t control : finding.controls) {
-        const ControlRange& range = *controlRangeOf(control);
-        std::string path = fmt::format("scene{}.{}", finding.scene + 1, range.name);
-        if (range.count > 1)
-            path += std::to_string(control - range.start + 1);
+        const std::string path = controlPath(finding.scene, control);
         paths.push_back(finding.field.empty() ? path : path + "." + finding.field);
     }
     return paths;

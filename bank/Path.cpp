@@ -164,11 +164,14 @@ void appendControls(std::vector<SettingPlace>& places, std::int32_t scene, const
 } // namespace
 
 std::string pathOf(const SettingPlace& place) {
-    const ControlRange& range = controlRange(place.kind);
-    const std::string number =
-        place.kind == ControlKind::Common ? "" : std::to_string(place.control + 1);
-    return fmt::format("{}{}.{}{}.{}", kScene, place.scene + 1, range.name, number,
+    return fmt::format("{}.{}", controlPath(place.scene, controlIndexOf(place)),
                        place.isName() ? kSceneNameField : place.setting->name());
+}
+
+std::string controlPath(std::int32_t scene, std::int32_t control) {
+    const ControlRange& range = *controlRangeOf(control);
+    const std::string number = range.count == 1 ? "" : std::to_string(control - range.start + 1);
+    return fmt::format("{}{}.{}{}", kScene, scene + 1, range.name, number);
 }
 
 std::string wordsOf(const SettingPlace& place) {

@@ -37,8 +37,15 @@ struct SettingPlace {
     friend bool operator==(const SettingPlace&, const SettingPlace&) = default;
 };
 
+// The control of a place, 0 to 45.
+[[nodiscard]] constexpr std::int32_t controlIndexOf(const SettingPlace& place) {
+    return controlRange(place.kind).start + place.control;
+}
+
 // "scene1.pad3.CR".
 [[nodiscard]] std::string pathOf(const SettingPlace& place);
+// "scene1.pad3", "scene1.common": a control by its index, 0 to 45.
+[[nodiscard]] std::string controlPath(std::int32_t scene, std::int32_t control);
 // "Scene 1, Pad 3, Red", in the person's language.
 [[nodiscard]] std::string wordsOf(const SettingPlace& place);
 

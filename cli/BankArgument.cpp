@@ -177,11 +177,14 @@ int changeBank(const std::string& name, const BankEdit& edit) {
     return endOf(name, changeFile(name, kJsonBytes, change));
 }
 
-int changeBankAndTell(const std::string& name, const PopUpValue& lists, const BankEdit& edit) {
+int changeBankAndTell(const std::string& name, const ScenesEdit& edit) {
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
     std::string told;
     const int exitCode = changeBank(name, [&](const BankFile& bank) {
-        return edit(bank).map([&](SceneList scenes) {
-            told = changeLines(differences(lists, bank.scenes, scenes));
+        return edit(**lists, bank.scenes).map([&](SceneList scenes) {
+            told = changeLines(differences(**lists, bank.scenes, scenes));
             return scenes;
         });
     });

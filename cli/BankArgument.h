@@ -39,9 +39,11 @@ namespace scenewright {
 // Reads, changes and stores a bank in its form, without another writer of ours in between.
 using BankEdit = std::function<Result<SceneList>(const BankFile& former)>;
 [[nodiscard]] int changeBank(const std::string& name, const BankEdit& edit);
-// The same; once the bank is stored, standard error tells each changed setting, former and new.
-[[nodiscard]] int changeBankAndTell(const std::string& name, const PopUpValue& lists,
-                                    const BankEdit& edit);
+// The same with the option lists; once the bank is stored, standard error tells each changed
+// setting, former and new.
+using ScenesEdit =
+    std::function<Result<SceneList>(const PopUpValue& lists, const SceneList& scenes)>;
+[[nodiscard]] int changeBankAndTell(const std::string& name, const ScenesEdit& edit);
 
 // Whether storeBank() could begin, asked before work that would be lost.
 [[nodiscard]] Result<void> checkStorable(const std::string& name);

@@ -1,14 +1,23 @@
-// The commands on whole banks: show, convert and default.
+// The commands on whole banks: show, check, sheet (the window's program draws it), convert and
+// default.
 #include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/BankJson.h"
+#include "bank/Check.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/SceneTable.h"
 #include "model/PopUpValue.h"
+#include "platform/Process.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
+#include <cstring>
+#include <filesystem>
 #include <string>
+#include <unistd.h>
+#include <vector>
 
 namespace scenewright {
 
@@ -70,6 +79,40 @@ int writeDefaults(const std::string& out) {
     return storeBank(out, scenes, formForArgument(out, BankFormat::Image));
 }
 
+constexpr int kExitFindings = 1;
+constexpr int kExitError = 2; // with a stream's file or standard output too, as 1 means findings
+
+int check(const std::string& name, bool isJson) {
+    const auto bank = loadBankOrScene(name);
+    if (!bank)
+        return reportError(bank.error(), kExitError);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitError);
+    const auto findings = findingsOf(**lists, bank->scenes);
+    return printAndEnd(isJson ? findingsJson(findings) : findingLines(findings),
+                       findings.empty() ? kExitDone : kExitFindings, kExitError);
+}
+
+// Becomes the program beside this one; returns only when it cannot.
+int drawSheet(const std::vector<std::string>& words) {
+    std::error_code error;
+    const auto program =
+        std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "scenewright";
+    std::vector<char*> arguments;
+    std::string name = program.string();
+    arguments.push_back(name.data());
+    std::vector<std::string> copies = words;
+    for (std::string& word : copies)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    ::execv(name.c_str(), arguments.data());
+    return reportError(fmt::format("{}: the window's program, which draws sheets, cannot be "
+                                   "started: {}",
+                                   name, std::strerror(errno)),
+                       kExitOutput);
+}
+
 } // namespace
 
 CommandChoice showCommand(const Arguments& arguments) {
@@ -91,6 +134,26 @@ CommandChoice convertCommand(const Arguments& arguments) {
 CommandChoice defaultCommand(const Arguments& arguments) {
     const std::string out = arguments.text("OUT");
     return {.run = [out] { return writeDefaults(out); }, .files = {bankToWrite(out)}};
+}
+
+CommandChoice checkCommand(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    return {.run = [bank, isJson = arguments.has("--json")] { return check(bank, isJson); },
+            .files = {bankToRead(bank, "the bank that is to be checked")},
+            .failed = kExitError};
+}
+
+CommandChoice sheetCommand(const Arguments& arguments) {
+    const std::string in = arguments.text("IN");
+    const std::string out = arguments.text("OUT");
+    std::vector<std::string> words{"--sheet", out};
+    for (const char* const option : {"--scene", "--paper", "--resources"})
+        if (arguments.has(option))
+            words.insert(words.end(), {option, arguments.text(option)});
+    words.insert(words.end(), {"--", in == "-" ? "/dev/stdin" : in});
+    return {.run = [words] { return drawSheet(words); },
+            .files = {bankToRead(in, "the bank that is to be drawn"),
+                      {out, FileUse::Replaced, out + ": the sheet", "the sheet"}}};
 }
 
 } // namespace scenewright

@@ -18,13 +18,8 @@ namespace {
 using Change = std::function<FilledScenes(const PopUpValue& lists, const SceneList& scenes)>;
 
 int change(const std::string& name, const Change& change) {
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
-    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
-        return change(**lists, bank.scenes).map_error([](const FillError& error) {
-            return error.text;
-        });
+    return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
+        return change(lists, scenes).map_error([](const FillError& error) { return error.text; });
     });
 }
 

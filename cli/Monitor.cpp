@@ -1,13 +1,19 @@
 #include "cli/Monitor.h"
 
-#include "model/Control.h"
+#include "bank/Path.h"
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+#include "cli/Waiting.h"
 #include "model/ControlOutput.h"
+#include "model/PopUpValue.h"
 
+#include <fmt/chrono.h>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <nlohmann/json.hpp>
 
 #include <ctime>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -16,27 +22,65 @@ namespace scenewright {
 namespace {
 
 // "2026-11-22T12:03:04.123", or from the hour on.
-std::string timeText(Monitor::Clock::time_point now, const char* format) {
-    const std::time_t seconds = Monitor::Clock::to_time_t(now);
-    const auto part = std::chrono::duration_cast<std::chrono::milliseconds>(
-        now - Monitor::Clock::from_time_t(seconds));
-    std::tm local{};
-    ::localtime_r(&seconds, &local);
-    std::array<char, 32> text{};
-    const std::size_t size = std::strftime(text.data(), text.size(), format, &local);
-    return fmt::format("{}.{:03}", std::string_view(text.data(), size), part.count());
+std::string timeText(Monitor::Clock::time_point now, bool hasDay) {
+    const std::tm local = fmt::localtime(Monitor::Clock::to_time_t(now));
+    const auto part =
+        std::chrono::floor<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
+    return hasDay ? fmt::format("{:%Y-%m-%dT%H:%M:%S}.{:03}", local, part)
+                  : fmt::format("{:%H:%M:%S}.{:03}", local, part);
 }
 
-// As paths name them: "scene1.pad3".
 std::vector<std::string> senders(const SceneList& bank, const MidiMessage& message) {
-    std::vector<std::string> names;
+    std::vector<std::string> paths;
     for (std::size_t scene = 0; scene < bank.size(); ++scene)
-        for (const std::int32_t control : controlsSending(*bank[scene], message)) {
-            const ControlRange& range = *controlRangeOf(control);
-            names.push_back(
-                fmt::format("scene{}.{}{}", scene + 1, range.name, control - range.start + 1));
-        }
-    return names;
+        for (const std::int32_t control : controlsSending(*bank[scene], message))
+            paths.push_back(controlPath(static_cast<std::int32_t>(scene), control));
+    return paths;
+}
+
+struct MonitorRequest {
+    std::string bank;   // empty for none
+    std::string device; // the same
+    bool asJson = false;
+    bool showsAll = false;
+};
+
+int follow(Sequencer& sequencer, Monitor& monitor) {
+    const Waiting waiting;
+    if (!monitor.start())
+        return kExitController;
+    for (bool isToEnd = false; !isToEnd;) {
+        isToEnd = waiting.wait(sequencer.descriptor()).isToEnd;
+        const std::string lines = monitor.take(Monitor::Clock::now());
+        if (!lines.empty())
+            if (const auto printed = printOut(lines); !printed)
+                return reportError(printed.error(), kExitOutput);
+    }
+    return kExitDone;
+}
+
+int runMonitor(const MonitorRequest& request) {
+    const auto lists = loadPopUpValue();
+    MonitorOptions options{.asJson = request.asJson,
+                           .showsAll = request.showsAll,
+                           .hasBank = !request.bank.empty(),
+                           .noteNames = lists->pad_NoteNumber_Array()};
+    if (options.hasBank) {
+        auto bank = loadBank(request.bank);
+        if (!bank)
+            return reportError(bank.error(), kExitUsage);
+        options.bank = std::move(bank->scenes);
+    }
+    const Keyboards keyboards(request.device);
+    if (const auto checked = keyboards.checkChosen(); !checked)
+        return reportError(checked.error(), kExitController);
+    const auto sequencer = openSequencer("Scenewright monitor");
+    if (!sequencer)
+        return reportError(sequencer.error(), kExitController);
+    Monitor monitor(
+        **sequencer, [&keyboards] { return heardKeyboards(keyboards); }, std::move(options),
+        [](const std::string& sentence) { reportError(sentence, 0); });
+    return follow(**sequencer, monitor);
 }
 
 } // namespace
@@ -59,17 +103,28 @@ std::string Monitor::line(const MidiMessage& message, Clock::time_point now) con
     if (!options_.asJson) {
         const std::string told =
             controls.empty() ? "-" : fmt::format("{}", fmt::join(controls, " "));
-        return fmt::format("{}  {}{}\n", timeText(now, "%H:%M:%S"), words,
+        return fmt::format("{}  {}{}\n", timeText(now, false), words,
                            options_.hasBank ? "  " + told : "");
     }
     nlohmann::ordered_json object;
-    object["time"] = timeText(now, "%Y-%m-%dT%H:%M:%S");
+    object["time"] = timeText(now, true);
     object["text"] = words;
     object["status"] = message.status;
     object["data"] = {message.first, message.second};
     if (options_.hasBank)
         object["controls"] = controls;
     return object.dump() + "\n";
+}
+
+CommandChoice monitorCommand(const Arguments& arguments) {
+    const MonitorRequest request{.bank = arguments.text("--bank"),
+                                 .device = arguments.text("--device"),
+                                 .asJson = arguments.has("--json"),
+                                 .showsAll = arguments.has("--all")};
+    CommandChoice choice{.run = [request] { return runMonitor(request); }};
+    if (!request.bank.empty())
+        choice.files = {bankToRead(request.bank, "the bank whose controls are told")};
+    return choice;
 }
 
 } // namespace scenewright

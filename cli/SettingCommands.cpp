@@ -2,7 +2,6 @@
 #include "app/ListCheck.h"
 #include "app/WindowAction.h"
 #include "bank/Edit.h"
-#include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "cli/BankArgument.h"
@@ -58,11 +57,8 @@ int get(const std::string& name, const std::vector<std::string>& paths, bool isO
 }
 
 int set(const std::string& name, const std::vector<std::string>& assignments) {
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
-    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
-        return setValues(**lists, bank.scenes, assignments);
+    return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
+        return setValues(lists, scenes, assignments);
     });
 }
 
@@ -97,11 +93,8 @@ std::string scenePath(const std::string& text) {
 }
 
 int rename(const std::string& name, const std::string& scene, const std::string& newName) {
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
-    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
-        return renameScene(bank.scenes, scenePath(scene), newName);
+    return changeBankAndTell(name, [&](const PopUpValue& /*lists*/, const SceneList& scenes) {
+        return renameScene(scenes, scenePath(scene), newName);
     });
 }
 
@@ -116,11 +109,8 @@ int reset(const std::string& name, const std::string& path) {
     const SceneList defaults = WindowAction::scenes();
     if (const auto checked = checkDefaultScenes(defaults); !checked)
         return reportError(checked.error(), kExitUsage);
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
-    return changeBankAndTell(name, **lists, [&](const BankFile& bank) {
-        return copyValues(**lists, defaults, bank.scenes, scenePath(path), scenePath(path));
+    return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
+        return copyValues(lists, defaults, scenes, scenePath(path), scenePath(path));
     });
 }
 

@@ -46,9 +46,8 @@ int showWhatWouldChange(const PopUpValue& lists, const SceneList& scenes) {
     if (!held.scenes)
         return held.exitCode;
     const auto list = differences(lists, *held.scenes, scenes);
-    const int printed =
-        printAndEnd(list.empty() ? "Nothing would change.\n" : differenceLines(list), kExitDone);
-    return printed == kExitDone ? held.exitCode : printed;
+    return printAndEnd(list.empty() ? "Nothing would change.\n" : differenceLines(list),
+                       held.exitCode);
 }
 
 int verify(const PopUpValue& lists, const SceneList& sent) {
@@ -57,10 +56,8 @@ int verify(const PopUpValue& lists, const SceneList& sent) {
         return held.exitCode;
     const auto list = differences(lists, sent, *held.scenes);
     const std::string found = comparisonText(DeviceOperation::Verify, list.size());
-    if (list.empty()) {
-        const int printed = printAndEnd(found + ".\n", kExitDone);
-        return printed == kExitDone ? held.exitCode : printed;
-    }
+    if (list.empty())
+        return printAndEnd(found + ".\n", held.exitCode);
     if (const auto printed = printOut(differenceLines(list)); !printed)
         reportError(printed.error(), kExitController);
     return reportError(found, kExitController);

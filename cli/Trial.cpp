@@ -1,6 +1,11 @@
 #include "cli/Trial.h"
 
-#include "model/Control.h"
+#include "app/KeyboardListener.h"
+#include "bank/Path.h"
+#include "cli/BankArgument.h"
+#include "cli/Command.h"
+#include "cli/Waiting.h"
+#include "platform/Process.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
@@ -8,7 +13,10 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -32,6 +40,71 @@ constexpr std::string_view wordOf(Verdict verdict) {
         return "silent";
     }
     return "";
+}
+
+constexpr int kExitWrong = 1; // a control sends something else
+
+struct TryRequest {
+    std::string bank;
+    std::string device; // empty for all
+    int scene = 0;      // from 1; 0 is all
+    bool asJson = false;
+};
+
+void tell(const std::string& sentence) {
+    reportError(sentence, kExitDone);
+}
+
+Result<void> print(Trial& trial) {
+    const std::string results = trial.results();
+    auto printed = results.empty() ? Result<void>{} : printOut(results);
+    for (const std::string& sentence : trial.words())
+        tell(sentence);
+    return printed;
+}
+
+int follow(Sequencer& sequencer, KeyboardListener& listener, Trial& trial) {
+    const Waiting waiting;
+    LineReader lines(STDIN_FILENO);
+    for (;;) {
+        if (const auto printed = print(trial); !printed)
+            return reportError(printed.error(), kExitOutput);
+        if (trial.isDone())
+            return trial.hasWrong() ? kExitWrong : kExitDone;
+        const auto come = waiting.wait(sequencer.descriptor(), lines.descriptor());
+        for (const MidiMessage& message : listener.take())
+            trial.take(message, std::chrono::steady_clock::now());
+        if (come.hasLines)
+            for (const auto& line : lines.take())
+                if (const auto done = line.and_then(
+                        [&trial](const std::string& order) { return trial.order(order); });
+                    !done)
+                    tell(done.error());
+        if (come.isToEnd)
+            static_cast<void>(trial.order("end"));
+    }
+}
+
+int runTry(const TryRequest& request) {
+    const auto bank = loadBank(request.bank);
+    if (!bank)
+        return reportError(bank.error(), kExitUsage);
+    const Keyboards keyboards(request.device);
+    if (const auto checked = keyboards.checkChosen(); !checked)
+        return reportError(checked.error(), kExitController);
+    const auto sequencer = openSequencer("Scenewright try");
+    if (!sequencer)
+        return reportError(sequencer.error(), kExitController);
+    KeyboardListener listener(
+        **sequencer, [&keyboards] { return heardKeyboards(keyboards); }, &tell);
+    if (!listener.start())
+        return kExitController;
+    std::vector<int> scenes{1, 2, 3, 4};
+    if (request.scene != 0)
+        scenes = {request.scene};
+    Trial trial(bank->scenes, scenes,
+                {.asJson = request.asJson, .noteNames = loadPopUpValue()->pad_NoteNumber_Array()});
+    return follow(**sequencer, listener, trial);
 }
 
 } // namespace
@@ -119,8 +192,16 @@ std::string Trial::line(const TryRun::Row& row) const {
 }
 
 std::string Trial::pathOf(const TryRun::Row& row) const {
-    const ControlRange& range = *controlRangeOf(row.control);
-    return fmt::format("scene{}.{}{}", scenes_[place_], range.name, row.control - range.start + 1);
+    return controlPath(scenes_[place_] - 1, row.control);
+}
+
+CommandChoice tryCommand(const Arguments& arguments) {
+    const TryRequest request{.bank = arguments.text("BANK"),
+                             .device = arguments.text("--device"),
+                             .scene = arguments.number("--scene").value_or(0),
+                             .asJson = arguments.has("--json")};
+    return {.run = [request] { return runTry(request); },
+            .files = {bankToRead(request.bank, "the bank that is to be tried")}};
 }
 
 } // namespace scenewright
