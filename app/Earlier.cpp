@@ -147,24 +147,18 @@ std::vector<std::string> EarlierScenes::Entry::names() const {
 }
 
 std::optional<fs::path> EarlierScenes::stateFolder() {
-    if (const auto state = xdgFolder(XdgFolder::State))
-        return *state / "backups";
-    return std::nullopt;
+    return xdgFolder(XdgFolder::State, "backups");
 }
 
 Result<bool> EarlierScenes::keep(const BankImage& image, const Occasion& occasion,
                                  Clock::time_point now) const {
     if (image == defaultImage())
         return false;
-    if (!folder_)
-        return failure("there is no home folder to keep them in");
     const std::vector<Entry> kept = list();
     if (!kept.empty() && kept.front().image == image)
         return true;
-    std::error_code error;
-    fs::create_directories(*folder_, error);
-    if (error)
-        return failure(fmt::format("{}: {}", folder_->string(), error.message()));
+    if (const auto made = makeFolder(folder_); !made)
+        return failure(made.error());
     // A clock that was set back, or that has not moved, must not put the newest entry elsewhere.
     if (!kept.empty())
         now = std::max(now, kept.front().kept + milliseconds(1));
@@ -177,12 +171,8 @@ Result<bool> EarlierScenes::keep(const BankImage& image, const Occasion& occasio
 
 std::vector<EarlierScenes::Entry> EarlierScenes::list() const {
     std::vector<Entry> entries;
-    std::error_code error;
-    if (!folder_)
-        return entries;
-    for (fs::directory_iterator file(*folder_, error), end; !error && file != end;
-         file.increment(error))
-        if (auto entry = readEntry(file->path()))
+    for (const fs::path& file : filesIn(folder_))
+        if (auto entry = readEntry(file))
             entries.push_back(std::move(*entry));
     std::ranges::sort(entries, std::ranges::greater(), &Entry::kept);
     return entries;

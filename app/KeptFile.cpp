@@ -8,8 +8,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <system_error>
 
 namespace scenewright {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -18,6 +21,26 @@ constexpr const char* kFormat = "format";
 constexpr int kHexadecimal = 16;
 
 } // namespace
+
+Result<void> makeFolder(const std::optional<fs::path>& folder) {
+    if (!folder)
+        return failure("there is no home folder to keep them in");
+    std::error_code error;
+    fs::create_directories(*folder, error);
+    if (error)
+        return failure(fmt::format("{}: {}", folder->string(), error.message()));
+    return {};
+}
+
+std::vector<fs::path> filesIn(const std::optional<fs::path>& folder) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    if (folder)
+        for (fs::directory_iterator file(*folder, error), end; !error && file != end;
+             file.increment(error))
+            files.push_back(file->path());
+    return files;
+}
 
 FileContent keptBytes(std::string_view format, const KeptTexts& texts) {
     using Json = nlohmann::ordered_json;

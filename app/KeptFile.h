@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/AtomicFile.h"
+#include "platform/Result.h"
 #include "protocol/SceneImage.h"
 
 #include <cstdint>
@@ -12,8 +13,15 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace scenewright {
+
+// The folder of kept files, made if need be; nothing stands for one without a home folder.
+[[nodiscard]] Result<void> makeFolder(const std::optional<std::filesystem::path>& folder);
+// What is in it; nothing where it cannot be read.
+[[nodiscard]] std::vector<std::filesystem::path>
+filesIn(const std::optional<std::filesystem::path>& folder);
 
 using KeptTexts = std::map<std::string, std::string>;
 

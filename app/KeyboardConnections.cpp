@@ -3,7 +3,6 @@
 #include "platform/AtomicFile.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
-#include "sequencer/SoundCards.h"
 #include "usb/AttachedDevices.h"
 
 #include <fmt/format.h>
@@ -101,9 +100,7 @@ std::unique_ptr<Sequencer> KeyboardConnections::sequencerIfAny() {
 }
 
 std::optional<std::filesystem::path> KeyboardConnections::stateFile() {
-    if (const auto state = xdgFolder(XdgFolder::State))
-        return *state / "connections.json";
-    return std::nullopt;
+    return xdgFolder(XdgFolder::State, "connections.json");
 }
 
 KeyboardConnections::KeyboardConnections(std::unique_ptr<Sequencer> sequencer, Keyboards keyboards,

@@ -3,6 +3,8 @@
 #include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 
@@ -178,6 +180,13 @@ bool hasCure(const Outcome& outcome) {
 }
 
 } // namespace
+
+std::string OutcomeText::joined(std::string_view between) const {
+    std::string text = sentence;
+    for (const std::string& detail : details)
+        text += fmt::format("{}{}", text.empty() ? "" : between, detail);
+    return text;
+}
 
 OutcomeText textOf(DeviceOperation operation, const Outcome& outcome) {
     OutcomeText text;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace scenewright {
@@ -30,6 +31,9 @@ struct OutcomeText {
     std::vector<std::string> details;
     // 0 only when everything is done and kept.
     int exitCode = 0;
+
+    // All of it, with this between; empty when there is nothing to say.
+    [[nodiscard]] std::string joined(std::string_view between) const;
 };
 
 [[nodiscard]] OutcomeText textOf(DeviceOperation operation, const Outcome& outcome);

@@ -1,5 +1,6 @@
 #include "app/Recovery.h"
 
+#include "app/KeptFile.h"
 #include "platform/AtomicFile.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
@@ -87,22 +88,14 @@ std::optional<EditedScenes> parseEdited(std::span<const std::uint8_t> bytes) {
 }
 
 Recovery::Recovery(std::optional<fs::path> folder) : folder_(std::move(folder)) {
-    if (!folder_) {
-        trouble_ = "there is no home folder to keep them in";
-        return;
-    }
-    std::error_code error;
-    fs::create_directories(*folder_, error);
-    if (error)
-        trouble_ = fmt::format("{}: {}", folder_->string(), error.message());
+    if (auto made = makeFolder(folder_); !made)
+        trouble_ = std::move(made.error());
     else
         findPlaces();
 }
 
 std::optional<fs::path> Recovery::stateFolder() {
-    if (const auto state = xdgFolder(XdgFolder::State))
-        return *state / "unsent";
-    return std::nullopt;
+    return xdgFolder(XdgFolder::State, "unsent");
 }
 
 fs::path Recovery::fileOf(std::uint32_t place) const {
@@ -126,9 +119,8 @@ bool Recovery::take(std::uint32_t place) {
 void Recovery::findPlaces() {
     std::uint32_t last = 0;
     std::error_code error;
-    for (fs::directory_iterator entry(*folder_, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
+    for (const fs::path& file : filesIn(folder_)) {
+        const std::string name = file.filename().string();
         std::uint32_t place = 0;
         const auto number = std::from_chars(name.data(), name.data() + name.size(), place);
         if (number.ec == std::errc{} && place <= kLastPlace)

@@ -150,18 +150,12 @@ bool SendJournal::Running::end(const Outcome& outcome) {
 }
 
 std::optional<fs::path> SendJournal::stateFolder() {
-    if (const auto state = xdgFolder(XdgFolder::State))
-        return *state / "sends";
-    return std::nullopt;
+    return xdgFolder(XdgFolder::State, "sends");
 }
 
 Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
-    if (!folder_)
-        return failure("there is no home folder to keep them in");
-    std::error_code error;
-    fs::create_directories(*folder_, error);
-    if (error)
-        return failure(fmt::format("{}: {}", folder_->string(), error.message()));
+    if (const auto made = makeFolder(folder_); !made)
+        return failure(made.error());
     fs::path file = *folder_ / fmt::format("{}{}-{}{}", kBeforeTime, millisecondsOf(send.begun),
                                            ::getpid(), kEnding);
     const FileContent bytes = bytesOf(send);
@@ -174,12 +168,8 @@ Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
 
 std::vector<SendJournal::Unfinished> SendJournal::unfinished() const {
     std::vector<Unfinished> all;
-    std::error_code error;
-    if (!folder_)
-        return all;
-    for (fs::directory_iterator file(*folder_, error), end; !error && file != end;
-         file.increment(error))
-        if (auto found = readUnfinished(file->path()))
+    for (const fs::path& file : filesIn(folder_))
+        if (auto found = readUnfinished(file))
             all.push_back(std::move(*found));
     std::ranges::sort(all, std::ranges::greater(),
                       [](const Unfinished& one) { return one.send.begun; });

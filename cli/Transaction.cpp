@@ -23,9 +23,7 @@ namespace {
 
 int report(DeviceOperation operation, const Outcome& outcome) {
     const OutcomeText text = textOf(operation, outcome);
-    std::string report = text.sentence;
-    for (const std::string& detail : text.details)
-        report += (report.empty() ? "" : ". ") + detail;
+    const std::string report = text.joined(". ");
     return report.empty() ? text.exitCode : reportError(report, text.exitCode);
 }
 

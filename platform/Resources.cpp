@@ -38,12 +38,14 @@ bool isThere(const fs::path& file) {
 
 } // namespace
 
-std::optional<fs::path> xdgFolder(XdgFolder folder) {
+std::optional<fs::path> xdgFolder(XdgFolder folder, std::string_view name) {
+    const fs::path inside =
+        name.empty() ? fs::path(kProductFolder) : fs::path(kProductFolder) / name;
     const bool isConfig = folder == XdgFolder::Config;
     if (const auto given = environmentPath(isConfig ? "XDG_CONFIG_HOME" : "XDG_STATE_HOME"))
-        return *given / kProductFolder;
+        return *given / inside;
     if (const auto home = environmentPath("HOME"))
-        return *home / (isConfig ? ".config" : ".local/state") / kProductFolder;
+        return *home / (isConfig ? ".config" : ".local/state") / inside;
     return std::nullopt;
 }
 

@@ -27,8 +27,10 @@ enum class XdgFolder {
 };
 
 // The folder's path, whether it exists or not; nothing when neither variable gives one. A relative
-// value counts as unset: it would change with the working folder. Any thread.
-[[nodiscard]] std::optional<std::filesystem::path> xdgFolder(XdgFolder folder);
+// value counts as unset: it would change with the working folder. With a name, what is called so in
+// the folder. Any thread.
+[[nodiscard]] std::optional<std::filesystem::path> xdgFolder(XdgFolder folder,
+                                                             std::string_view name = {});
 
 class Resources {
 public:

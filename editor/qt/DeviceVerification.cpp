@@ -1,7 +1,7 @@
 #include "editor/qt/DeviceVerification.h"
 
 #include "app/KnownKeyboard.h"
-#include "editor/qt/BlockedInput.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -93,18 +93,12 @@ void DeviceVerification::take(const std::vector<Difference>& differences) {
 
 void DeviceVerification::postOutcome(DeviceOperation operation, const Outcome& outcome,
                                      std::vector<NoticeAction> actions) {
-    const OutcomeText text = textOf(operation, outcome);
-    QStringList lines;
-    if (!text.sentence.empty())
-        lines.append(shown(text.sentence));
-    for (const std::string& detail : text.details)
-        lines.append(shown(detail));
-    if (lines.isEmpty())
-        return;
-    window_.notices().post({.source = Notice::Source::Transfer,
-                            .kind = Notice::Kind::Error,
-                            .text = lines.join(QLatin1Char('\n')),
-                            .actions = std::move(actions)});
+    const std::string text = textOf(operation, outcome).joined("\n");
+    if (!text.empty())
+        window_.notices().post({.source = Notice::Source::Transfer,
+                                .kind = Notice::Kind::Error,
+                                .text = shown(text),
+                                .actions = std::move(actions)});
 }
 
 void DeviceVerification::afterRead(const Outcome& outcome) {

@@ -2,7 +2,7 @@
 
 #include "app/DeviceSession.h"
 #include "app/OutcomeText.h"
-#include "editor/qt/BlockedInput.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
@@ -21,13 +21,6 @@ using Answer = SafeSend::Answer;
 using Question = SafeSend::Question;
 
 const QString kReadFirstKey = QStringLiteral("readBeforeSend");
-
-QString sentences(const OutcomeText& text) {
-    QStringList lines{shown(text.sentence)};
-    for (const std::string& detail : text.details)
-        lines.append(shown(detail));
-    return lines.join(QLatin1Char('\n'));
-}
 
 } // namespace
 
@@ -103,7 +96,7 @@ void SafeSending::ask(const SafeSend::Asked& asked, const SafeSend::Answered& an
         break;
     case Question::NotRead:
         box.setText(tr("What the keyboard holds could not be read"));
-        box.setInformativeText(sentences(textOf(DeviceOperation::Backup, asked.read)));
+        box.setInformativeText(shown(textOf(DeviceOperation::Backup, asked.read).joined("\n")));
         break;
     case Question::NotKept:
         box.setText(tr("What the keyboard holds could not be kept"));
