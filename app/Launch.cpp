@@ -5,7 +5,6 @@
 #include "app/VirtualBank.h"
 #include "platform/Diagnostics.h"
 #include "platform/Resources.h"
-#include "usb/ChosenHost.h"
 #include "usb/DeviceList.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"

@@ -1,6 +1,5 @@
 #include "bank/Edit.h"
 
-#include "bank/OptionIndex.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/PadColour.h"

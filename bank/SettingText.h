@@ -1,4 +1,5 @@
-// A setting's value and a scene's name as files, commands and lists of differences write them.
+// A setting's value and a scene's name as files, commands and lists of differences write them, and
+// the option that is meant by what a person types.
 #pragma once
 
 #include "bank/Path.h"
@@ -61,5 +62,35 @@ using NameBytes = std::array<std::uint8_t, kNameSize>;
 // `text` as it may stand in a message of one line: bytes that nobody can read show as U+FFFD, and
 // a long text is cut short with an ellipsis.
 [[nodiscard]] std::string sanitized(std::string_view text);
+
+// What a person types for an option: the setting's place decides what the words mean, as the number
+// of a pad is a note if the pad sends notes. From here on places are options, not names.
+
+// Before a number that is stored whether a list has it or not, or the path of such a thing.
+inline constexpr std::string_view kRawMark = "raw:";
+
+// The list whose titles name the place's values, as the scene stands; null for a name, and when the
+// resource lacks the list.
+[[nodiscard]] Titles titlesAt(const PopUpValue& lists, const SettingPlace& place,
+                              const SceneValue& scene);
+// What the place's control sends, kAssignOff for one that carries no `AssignType`.
+[[nodiscard]] std::int32_t assignTypeAt(const SettingPlace& place, const SceneValue& scene);
+// Whether the list there has the index. The error is one phrase that names the path.
+[[nodiscard]] Result<void> checkIndex(const PopUpValue& lists, const SettingPlace& place,
+                                      const SceneValue& scene, std::int32_t index);
+// The index that `typed` stands for there:
+//
+//   digits             the index itself, if the list has it
+//   "raw:" and digits  the index whether the list has it or not
+//   "ch:" and digits   for a channel: that of 1 to 16, as players count
+//   "title:" and text  the title, letter for letter
+//   anything else      what typedPosition() takes: a title, a note, a controller's name
+//
+// The error is one phrase that names the path.
+[[nodiscard]] Result<std::int32_t> indexTyped(const PopUpValue& lists, const SettingPlace& place,
+                                              const SceneValue& scene, std::string_view typed);
+
+// "scene1.pad3.CR=127": the assignment that stores what stands at the place now.
+[[nodiscard]] std::string assignmentOf(const SettingPlace& place, const SettingText& text);
 
 } // namespace scenewright

@@ -1,11 +1,10 @@
 // The command that plays a bank as the keyboard would: play.
 #include "app/Launch.h"
-#include "app/PlayPort.h"
 #include "app/ScenePlayer.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Waiting.h"
-#include "platform/LineReader.h"
+#include "platform/Process.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>

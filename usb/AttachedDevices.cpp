@@ -10,7 +10,9 @@
 #include <libudev.h>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <system_error>
 #include <tuple>
 #include <unistd.h>
 #include <utility>
@@ -99,6 +101,23 @@ std::optional<AttachedDevice> deviceIn(const fs::path& folder, const fs::path& n
     return device;
 }
 
+// The number in the name of a card's entry, "card0"; nothing for another entry.
+std::optional<int> cardNumber(std::string_view name) {
+    constexpr std::string_view kPrefix = "card";
+    if (!name.starts_with(kPrefix))
+        return std::nullopt;
+    name.remove_prefix(kPrefix.size());
+    int card = 0;
+    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), card);
+    return error == std::errc{} && stop == name.data() + name.size() ? std::optional(card)
+                                                                     : std::nullopt;
+}
+
+bool holdsNumber(const fs::path& file, std::int32_t number) {
+    std::int32_t held = -1;
+    return (std::ifstream(file) >> held) && held == number;
+}
+
 } // namespace
 
 std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
@@ -134,6 +153,23 @@ int DeviceMonitor::descriptor() const {
 void DeviceMonitor::drain() {
     while (udev_device* const device = udev_monitor_receive_device(monitor_.get()))
         udev_device_unref(device);
+}
+
+std::optional<int> soundCardOf(std::int32_t bus, std::int32_t address, const fs::path& folder) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error)) {
+        const auto card = cardNumber(entry->path().filename().string());
+        if (!card)
+            continue;
+        // The card belongs to an interface, the interface to the device.
+        std::error_code missing;
+        const fs::path device = fs::canonical(entry->path() / "device", missing).parent_path();
+        if (!missing && holdsNumber(device / "busnum", bus) &&
+            holdsNumber(device / "devnum", address))
+            return card;
+    }
+    return std::nullopt;
 }
 
 } // namespace scenewright

@@ -9,7 +9,10 @@
 
 #include "usb/UsbHost.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 struct libusb_context;
 struct libusb_device;
@@ -31,5 +34,13 @@ using LibusbDeviceReference = std::shared_ptr<libusb_device>;
 // The interface at `place` of the active configuration, from 0; not open. For LibusbHost.cpp.
 [[nodiscard]] UsbResult<std::unique_ptr<UsbInterface>>
 takeLibusbInterface(LibusbContext context, LibusbDeviceReference device, std::size_t place);
+
+// The port of the one device that is to be found, asked for at each listing; nothing to offer every
+// device.
+using OfferedPort = std::function<std::optional<std::string>()>;
+
+// The bus with that device alone, whatever else is plugged in. All but the listing is the bus's
+// own.
+[[nodiscard]] std::shared_ptr<UsbHost> offerChosen(std::shared_ptr<UsbHost> bus, OfferedPort port);
 
 } // namespace scenewright

@@ -19,10 +19,7 @@ public:
     ConnectionKeeper(MainWindow& window, KeyboardConnections connections);
     // Waits a moment for what is not made again yet.
     ~ConnectionKeeper() override;
-    ConnectionKeeper(const ConnectionKeeper&) = delete;
-    ConnectionKeeper& operator=(const ConnectionKeeper&) = delete;
-    ConnectionKeeper(ConnectionKeeper&&) = delete;
-    ConnectionKeeper& operator=(ConnectionKeeper&&) = delete;
+    Q_DISABLE_COPY_MOVE(ConnectionKeeper)
 
 private:
     void beforeTransaction();

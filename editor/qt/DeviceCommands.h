@@ -1,9 +1,13 @@
-// The two commands on the controller, one at a time, as the window runs them.
+// The two commands on the controller, one at a time, as the window runs them, and what becomes of
+// the user's input meanwhile.
 #pragma once
 
 #include "app/DeviceSession.h"
 
+#include <QGuiApplication>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 #include <functional>
 #include <optional>
@@ -50,6 +54,35 @@ private:
     KeepScenes keepScenes_;
     Sending sending_;
     bool isSending_ = false;
+};
+
+// The wait cursor over the program's windows, as long as the object lives.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(WaitCursor)
+};
+
+// The main thread's busy time, as the user meets it: the wait cursor, and no key or click that is
+// carried out afterwards, on another window than the one it was meant for. Over the program's
+// windows, as long as the object lives. Its end takes what the window system has told meanwhile,
+// and drops keys, clicks, the wheel and touches; a window that was to be closed is closed soon
+// after. Main thread only.
+class BlockedInput final : public QObject {
+    Q_OBJECT
+
+public:
+    BlockedInput() = default;
+    ~BlockedInput() override;
+    Q_DISABLE_COPY_MOVE(BlockedInput)
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    const WaitCursor cursor_;
+    QPointer<QWidget> closed_;
 };
 
 } // namespace scenewright

@@ -141,11 +141,6 @@ void DevicePicture::setTabStop(ControlButton& stop) {
     stop.setFocusPolicy(Qt::StrongFocus);
 }
 
-bool DevicePicture::hasKeyboard() const {
-    const QWidget* at = window()->focusWidget();
-    return at != nullptr && isAncestorOf(at);
-}
-
 bool DevicePicture::eventFilter(QObject* watched, QEvent* event) {
     auto& button = *qobject_cast<ControlButton*>(watched);
     if (event->type() == QEvent::FocusIn)
@@ -215,7 +210,7 @@ void DevicePicture::showScene(const PopUpValue& lists, const SceneValue& scene) 
         const std::string sends = describeOutput(lists, scene, made->tag());
         made->setSummary(shown(describeControl(lists, scene, made->tag()) +
                                (sends.empty() ? "" : "\n" + sends)));
-        if (made->image() && !hasKeyboard())
+        if (made->image() && !hasKeyboard(*this))
             setTabStop(*made);
         const auto position = static_cast<std::size_t>(made->tag() - 1);
         if (made->kind() == ControlKind::Pad && position < scene.buttonValueArray().size())

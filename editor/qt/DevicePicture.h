@@ -102,7 +102,6 @@ private:
     [[nodiscard]] QRectF drawingArea() const;
     void makeButtons();
     void setTabStop(ControlButton& stop);
-    [[nodiscard]] bool hasKeyboard() const;
     void focusArrowTarget(std::int32_t tag, int right, int down, Qt::KeyboardModifiers modifiers);
     // Of the picture or of one of its buttons; whether the band takes the event.
     bool drawBand(const QMouseEvent& mouse, QWidget& from);

@@ -1,17 +1,28 @@
-// The small dialogs, what the program is and the whole text of a notice; and what dialogs with a
-// table and a row of buttons have in common.
+// The small dialogs, which are what the program is, the whole text of a notice and the gain panel;
+// and what dialogs with a table and a row of buttons have in common.
 #pragma once
+
+#include "editor/WindowControllers.h"
+#include "editor/qt/Adapters.h"
 
 #include <QDialog>
 #include <QStringList>
 
+#include <array>
+#include <span>
+
 class QPushButton;
 class QTreeWidget;
+class QGridLayout;
 
 namespace scenewright {
 
 // A table whose rows are chosen whole.
 void layOutTable(QTreeWidget& table, const QString& name, const QStringList& columns);
+
+// Makes each column as wide as its texts; `widest`, in device-independent pixels, is for all but
+// the last.
+void fitColumns(QTreeWidget& table, int widest = QWIDGETSIZE_MAX);
 
 // A button at the end of a row, which has a layout; the row's child. `title` marks a letter.
 QPushButton& addRowButton(QWidget& row, const QString& title, const QString& help);
@@ -31,5 +42,32 @@ class NoticeDetails final : public QDialog {
 public:
     NoticeDetails(const QString& text, QWidget* parent);
 };
+
+class GainWindow final : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit GainWindow(QWidget* parent = nullptr);
+
+    [[nodiscard]] GainController& controller() { return controller_; }
+
+    static constexpr std::int32_t kGains = 8;
+
+private:
+    void makeGain(QGridLayout& grid, std::int32_t tag);
+    void makeButtons(QGridLayout& grid);
+
+    GainController controller_;
+};
+
+// The program's licence, and the libraries that it was built with.
+struct Library {
+    const char* name;
+    const char* version;
+    const char* licence;
+};
+
+[[nodiscard]] std::span<const Library> libraries();
+[[nodiscard]] const char* licenceText();
 
 } // namespace scenewright

@@ -25,7 +25,6 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kDialogSize(680, 440);
-constexpr int kBetweenColumns = 18;
 
 QString controlWords(const SettingPlace& place) {
     if (place.kind == ControlKind::Common)
@@ -108,10 +107,7 @@ void DifferenceDialog::fill() {
         rows.append(std::make_unique<QTreeWidgetItem>(texts).release());
     }
     table_->addTopLevelItems(rows); // which owns them from here
-    for (int column = 0; column < table_->columnCount(); ++column)
-        table_->resizeColumnToContents(column);
-    for (int column = 0; column < table_->columnCount() - 1; ++column)
-        table_->setColumnWidth(column, table_->columnWidth(column) + kBetweenColumns);
+    fitColumns(*table_);
     take_->setEnabled(!differences_.empty());
     showCount();
 }

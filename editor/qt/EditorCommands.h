@@ -37,10 +37,7 @@ public:
                    StoreFiles files = StoreFiles{}, SendJournal journal = SendJournal{},
                    std::shared_ptr<Recovery> recovery = nullptr);
     ~EditorCommands();
-    EditorCommands(const EditorCommands&) = delete;
-    EditorCommands& operator=(const EditorCommands&) = delete;
-    EditorCommands(EditorCommands&&) = delete;
-    EditorCommands& operator=(EditorCommands&&) = delete;
+    Q_DISABLE_COPY_MOVE(EditorCommands)
 
     // The virtual controller is what is listened to, and what the View menu plays.
     void useVirtual();

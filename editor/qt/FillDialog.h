@@ -3,7 +3,7 @@
 // come of it; the scenes stay as they are.
 #pragma once
 
-#include "app/SceneFill.h"
+#include "app/StoredScenes.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/PopUpBox.h"
 #include "model/Control.h"

@@ -84,8 +84,6 @@ History::History(MainWindow& window) : window_(window) {
     take();
 }
 
-History::~History() = default;
-
 void History::connectAction(const Entry& entry) {
     QAction* const action = &entry.action;
     action->setShortcut(QKeySequence(entry.keys));
@@ -94,9 +92,8 @@ void History::connectAction(const Entry& entry) {
     connect(action, &QAction::triggered, &steps_, entry.command);
     connect(&steps_, entry.canChanged, action, &QAction::setEnabled);
     connect(&steps_, entry.textChanged, action,
-            [action, plain = entry.plain, named = entry.named](QString step) {
-                step.replace(QLatin1Char('&'), QStringLiteral("&&"));
-                action->setText(step.isEmpty() ? plain : named.arg(step));
+            [action, plain = entry.plain, named = entry.named](const QString& step) {
+                action->setText(step.isEmpty() ? plain : named.arg(inMenu(step)));
             });
 }
 

@@ -24,11 +24,6 @@ public:
 
     // What the scenes are now is where the first step starts.
     explicit History(MainWindow& window);
-    ~History() override;
-    History(const History&) = delete;
-    History& operator=(const History&) = delete;
-    History(History&&) = delete;
-    History& operator=(History&&) = delete;
 
     // Names what the next refresh of the window finds changed, and makes it a step of its own.
     // Without a name the step is called after its settings, and choices in the same popup that

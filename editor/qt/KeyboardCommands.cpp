@@ -21,11 +21,6 @@ namespace {
 const QString kKeyboardKey = QStringLiteral("keyboard");
 constexpr int kPickerWidth = 200; // of its text
 
-// As a title of a button or a menu's entry: a device's name may hold the letter that marks keys.
-QString titleOf(const PluggedDevice& plugged) {
-    return shown(plugged.description()).replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-
 std::string identityOf(const AttachedDevice& device) {
     return fmt::format("{} {:04x}:{:04x} {}", device.port, device.ids.vendor, device.ids.product,
                        device.serial);
@@ -99,7 +94,7 @@ void KeyboardCommands::fillPicker(const std::vector<PluggedDevice>& devices) {
     for (const PluggedDevice& plugged : devices) {
         if (!plugged.isListed)
             continue;
-        QAction& action = *choices_->addAction(titleOf(plugged));
+        QAction& action = *choices_->addAction(inMenu(shown(plugged.description())));
         action.setCheckable(true);
         action.setChecked(plugged.isInUse);
         connect(&action, &QAction::triggered, this,
@@ -136,9 +131,7 @@ void KeyboardCommands::showDialog() {
         connect(installer_, &AccessInstaller::ended, this, &KeyboardCommands::endAllowing);
     }
     watch_.look();
-    dialog_->show();
-    dialog_->raise();
-    dialog_->activateWindow();
+    bringUp(*dialog_);
 }
 
 void KeyboardCommands::add(const AttachedDevice& device) {

@@ -10,8 +10,6 @@ KeyboardInput::KeyboardInput(MainWindow& window)
     : QObject(&window), window_(window), open_([] { return openSequencer("Scenewright monitor"); }),
       keyboards_(&soundKeyboards) {}
 
-KeyboardInput::~KeyboardInput() = default;
-
 void KeyboardInput::use(Open open, KeyboardConnections::Keyboards keyboards) {
     open_ = std::move(open);
     keyboards_ = std::move(keyboards);

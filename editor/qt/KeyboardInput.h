@@ -25,11 +25,6 @@ public:
 
     // Of the machine's sequencer and its keyboards, until it is told others.
     explicit KeyboardInput(MainWindow& window);
-    ~KeyboardInput() override;
-    KeyboardInput(const KeyboardInput&) = delete;
-    KeyboardInput& operator=(const KeyboardInput&) = delete;
-    KeyboardInput(KeyboardInput&&) = delete;
-    KeyboardInput& operator=(KeyboardInput&&) = delete;
 
     // Before anything listens.
     void use(Open open, KeyboardConnections::Keyboards keyboards);

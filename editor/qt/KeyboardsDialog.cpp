@@ -22,7 +22,6 @@ namespace {
 
 constexpr QSize kDialogSize(760, 360);
 constexpr int kWidestColumn = 280; // before the state
-constexpr int kBetweenColumns = 18;
 constexpr int kHelpLines = 3;
 
 using Access = AttachedDevice::Access;
@@ -120,11 +119,7 @@ void KeyboardsDialog::list(std::vector<PluggedDevice> devices) {
                                 shown(plugged.device.serial), stateWords(plugged)};
         table_->addTopLevelItem(std::make_unique<QTreeWidgetItem>(texts).release());
     }
-    for (int column = 0; column + 1 < table_->columnCount(); ++column) {
-        table_->resizeColumnToContents(column);
-        table_->setColumnWidth(
-            column, std::min(table_->columnWidth(column) + kBetweenColumns, kWidestColumn));
-    }
+    fitColumns(*table_, kWidestColumn);
     const auto isFormer = [&former](const PluggedDevice& plugged) {
         return former ? plugged.device.port == former->device.port : plugged.isInUse;
     };

@@ -156,16 +156,6 @@ void MainWindow::chooseBeside(std::int32_t rows) {
     list_->selectRow(0);
 }
 
-namespace {
-
-void bringUp(QDialog& dialog) {
-    dialog.show();
-    dialog.raise();
-    dialog.activateWindow();
-}
-
-} // namespace
-
 void MainWindow::showGainPanel() {
     bringUp(gainPanel());
 }

@@ -9,7 +9,7 @@
 #include "editor/qt/ControlList.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DevicePicture.h"
-#include "editor/qt/GainWindow.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
@@ -102,10 +102,7 @@ public:
     // Scenes and progress record are the process's own.
     MainWindow(QuitController& application, Appearance& appearance, bool isVirtual);
     ~MainWindow() override;
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
-    MainWindow(MainWindow&&) = delete;
-    MainWindow& operator=(MainWindow&&) = delete;
+    Q_DISABLE_COPY_MOVE(MainWindow)
 
     [[nodiscard]] Clickable& standardCloseButton() override { return closeButton_; }
 

@@ -106,7 +106,7 @@ NoticeBar::NoticeBar(QWidget* parent)
         (buttons_.empty() ? close_ : buttons_.front())->setFocus(Qt::ShortcutFocusReason);
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now != nullptr && now->window() == window() && !hasKeyboard())
+        if (now != nullptr && now->window() == window() && !hasKeyboard(*this))
             former_ = now;
     });
     hide();
@@ -159,7 +159,7 @@ QPushButton* NoticeBar::action(std::size_t place) const {
 
 void NoticeBar::showFirst() {
     expiry_->stop();
-    if (hasKeyboard())
+    if (hasKeyboard(*this))
         giveKeyboardBack();
     clearActions();
     if (notices_.empty()) {
@@ -216,15 +216,10 @@ void NoticeBar::startExpiry(const Notice& notice) {
 }
 
 void NoticeBar::expire() {
-    if (underMouse() || hasKeyboard() || !isActiveWindow())
+    if (underMouse() || hasKeyboard(*this) || !isActiveWindow())
         expiry_->start(doneLasts_);
     else
         dismiss();
-}
-
-bool NoticeBar::hasKeyboard() const {
-    const QWidget* at = window()->focusWidget();
-    return at != nullptr && isAncestorOf(at);
 }
 
 void NoticeBar::giveKeyboardBack() {

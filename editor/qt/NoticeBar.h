@@ -103,7 +103,6 @@ private:
     void offerDetails();
     void startExpiry(const Notice& notice);
     void expire();
-    [[nodiscard]] bool hasKeyboard() const;
     void giveKeyboardBack();
 
     // Children of the bar.

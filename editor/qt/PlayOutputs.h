@@ -1,7 +1,7 @@
 // What can be played into from the window, and the virtual controller as its keyboard.
 #pragma once
 
-#include "app/PlayPort.h"
+#include "app/ScenePlayer.h"
 #include "editor/qt/KeyboardInput.h"
 #include "editor/qt/PlayBar.h"
 

@@ -1,11 +1,10 @@
-// Helpers around the toolkit: children, texts, the wait cursor.
+// Helpers around the toolkit: children, texts, the keyboard.
 #pragma once
 
 #include <QApplication>
-#include <QCursor>
-#include <QGuiApplication>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 
 #include <memory>
 #include <string>
@@ -54,15 +53,17 @@ template <typename T, typename... Args>
            QApplication::activeModalWidget() != nullptr;
 }
 
-// The wait cursor over the program's windows, as long as the object lives.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-    WaitCursor(WaitCursor&&) = delete;
-    WaitCursor& operator=(WaitCursor&&) = delete;
-};
+// Whether it has the keyboard, or something in it.
+[[nodiscard]] inline bool hasKeyboard(const QWidget& widget) {
+    const QWidget* const at = widget.window()->focusWidget();
+    return at != nullptr && widget.isAncestorOf(at);
+}
+
+// Shows a window of its own, before the others.
+inline void bringUp(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
 } // namespace scenewright

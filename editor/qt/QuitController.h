@@ -18,10 +18,7 @@ class MainLoop final : public QObject {
 public:
     MainLoop();
     ~MainLoop() override;
-    MainLoop(const MainLoop&) = delete;
-    MainLoop& operator=(const MainLoop&) = delete;
-    MainLoop(MainLoop&&) = delete;
-    MainLoop& operator=(MainLoop&&) = delete;
+    Q_DISABLE_COPY_MOVE(MainLoop)
 };
 
 // Ends the event loop. While a send runs it waits for its end, at most `limit`; then it cancels the

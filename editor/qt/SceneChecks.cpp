@@ -84,9 +84,7 @@ void SceneChecks::showList() {
         connect(list_, &QListWidget::itemClicked, this, [this] { choose(list_->currentRow()); });
         fill();
     }
-    dialog_->show();
-    dialog_->raise();
-    dialog_->activateWindow();
+    bringUp(*dialog_);
 }
 
 } // namespace scenewright

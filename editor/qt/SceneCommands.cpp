@@ -109,8 +109,7 @@ void SceneCommands::showOthers(QMenu& menu, Command command) {
     for (std::int32_t scene = 0; scene < kSceneCount; ++scene) {
         if (scene == shownScene())
             continue;
-        const QString name = nameOf(scene).replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction* action = menu.addAction(tr("&%1  %2").arg(scene + 1).arg(name));
+        QAction* action = menu.addAction(tr("&%1  %2").arg(scene + 1).arg(inMenu(nameOf(scene))));
         connect(action, &QAction::triggered, this,
                 [this, command, scene] { (this->*command)(shownScene(), scene); });
     }

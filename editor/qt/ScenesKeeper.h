@@ -28,10 +28,7 @@ public:
     ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
                  std::shared_ptr<Recovery> recovery);
     ~ScenesKeeper() override;
-    ScenesKeeper(const ScenesKeeper&) = delete;
-    ScenesKeeper& operator=(const ScenesKeeper&) = delete;
-    ScenesKeeper(ScenesKeeper&&) = delete;
-    ScenesKeeper& operator=(ScenesKeeper&&) = delete;
+    Q_DISABLE_COPY_MOVE(ScenesKeeper)
 
 private:
     void follow();

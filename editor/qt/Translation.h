@@ -12,8 +12,7 @@ class Translation {
 public:
     explicit Translation(const QLocale& locale);
     ~Translation();
-    Translation(const Translation&) = delete;
-    Translation& operator=(const Translation&) = delete;
+    Q_DISABLE_COPY_MOVE(Translation)
 
     // Whether a file of ours was found and taken.
     [[nodiscard]] bool isLoaded() const { return !own_.isEmpty(); }

@@ -1,6 +1,5 @@
 #include "app/ScenePlayer.h"
 
-#include "app/PlayPort.h"
 #include "bank/BankFile.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 

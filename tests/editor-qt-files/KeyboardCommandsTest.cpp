@@ -8,7 +8,7 @@
 #include "editor/qt/ProgramSettings.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"
-#include "usb/ChosenHost.h"
+#include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 
 #include <QClipboard>

@@ -4,7 +4,6 @@
 #include "bank/BankJson.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/DifferenceDialog.h"
-#include "editor/qt/Libraries.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/MidiNames.h"
 #include "model/Setting.h"

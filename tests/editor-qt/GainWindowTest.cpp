@@ -1,5 +1,4 @@
-#include "editor/qt/GainWindow.h"
-
+#include "editor/qt/Dialogs.h"
 #include "platform/Diagnostics.h"
 #include "tests/support/Limits.h"
 

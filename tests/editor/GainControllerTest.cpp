@@ -1,5 +1,4 @@
-#include "editor/GainController.h"
-
+#include "editor/WindowControllers.h"
 #include "platform/Diagnostics.h"
 #include "tests/editor/Doubles.h"
 

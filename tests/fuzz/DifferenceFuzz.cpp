@@ -4,7 +4,7 @@
 #include "bank/BankJson.h"
 #include "bank/Difference.h"
 #include "bank/Edit.h"
-#include "bank/OptionIndex.h"
+#include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"

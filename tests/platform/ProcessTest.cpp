@@ -20,6 +20,7 @@
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 namespace {
@@ -240,6 +241,71 @@ TEST(ProgramMainDeathTest, NoExceptionEndsAProgramByASignal) {
                 ExitedWithCode(kExitUnexpected), "^platform-tests: the reason\\?\n$");
     EXPECT_EXIT(std::terminate(), ExitedWithCode(kExitUnexpected),
                 "^platform-tests: something went wrong that was not expected\n$");
+}
+
+using Lines = std::vector<std::string>;
+
+// Reads what is written into a pipe.
+class LineReaderTest : public ::testing::Test {
+protected:
+    void write(const std::string& text) { ASSERT_EQ(writeFully(pipe_.writer.get(), text), 0); }
+    void endWriting() { pipe_.writer = FileDescriptor(); }
+    // One read: each line, or what is wrong with it.
+    Lines take() {
+        Lines lines;
+        for (const auto& line : reader_.take())
+            lines.push_back(line ? *line : "error: " + line.error());
+        return lines;
+    }
+    [[nodiscard]] int descriptor() const { return reader_.descriptor(); }
+    [[nodiscard]] int reading() const { return pipe_.reader.get(); }
+
+private:
+    Pair pipe_ = makePipe();
+    LineReader reader_{pipe_.reader.get()};
+};
+
+TEST_F(LineReaderTest, LineIsGivenOnceItsEndHasCome) {
+    write("unplug\nfau");
+    EXPECT_EQ(take(), (Lines{"unplug"}));
+    write("lts\nplug\n");
+    EXPECT_EQ(take(), (Lines{"faults", "plug"}));
+}
+
+TEST_F(LineReaderTest, EndOfTheInputEndsItsLastLine) {
+    EXPECT_EQ(descriptor(), reading());
+    write("unplug\nplug");
+    EXPECT_EQ(take(), (Lines{"unplug"}));
+    endWriting();
+    EXPECT_EQ(take(), (Lines{"plug"}));
+    EXPECT_EQ(descriptor(), -1);
+}
+
+TEST_F(LineReaderTest, EndOfTheInputAfterALineIsNoLine) {
+    write("unplug\n");
+    EXPECT_EQ(take(), (Lines{"unplug"}));
+    endWriting();
+    EXPECT_EQ(take(), Lines{});
+    EXPECT_EQ(descriptor(), -1);
+}
+
+// The words before the 4096th byte would be a line, and so would those behind it.
+TEST_F(LineReaderTest, LineThatIsTooLongIsRefusedAsAWhole) {
+    write("unplug");
+    EXPECT_EQ(take(), Lines{});
+    for (int piece = 0; piece < 20; ++piece) {
+        write(std::string(1000, ' '));
+        EXPECT_EQ(take(), Lines{});
+    }
+    write("\nplug\n");
+    EXPECT_EQ(take(), (Lines{"error: a line of more than 4096 bytes is no order", "plug"}));
+}
+
+TEST_F(LineReaderTest, LongestLineIsTaken) {
+    write("plug" + std::string(4092, ' '));
+    EXPECT_EQ(take(), Lines{});
+    write("\n");
+    EXPECT_EQ(take(), (Lines{"plug" + std::string(4092, ' ')}));
 }
 
 } // namespace

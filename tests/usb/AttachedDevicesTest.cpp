@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <poll.h>
 #include <string>
 #include <utility>
@@ -178,6 +179,37 @@ TEST(DeviceMonitorTest, WaitsForEventsWithoutTakingTimeWhenThereAreNone) {
     EXPECT_GE(waited.fd, 0);
     monitor->drain();
     EXPECT_EQ(poll(&waited, 1, 0), 0) << "nothing is left after it";
+}
+
+// Cards as sysfs shows them: a link to the interface, whose device has the numbers.
+class SoundCards : public ::testing::Test {
+protected:
+    void SetUp() override { fs::create_directories(sound); }
+    void plug(const std::string& card, const std::string& device, const std::string& bus,
+              const std::string& address) const {
+        const fs::path place = fs::path(folder.file("devices")) / device;
+        fs::create_directories(place / "interface");
+        std::ofstream(place / "busnum") << bus << "\n";
+        std::ofstream(place / "devnum") << address << "\n";
+        fs::create_directories(sound / card);
+        fs::create_symlink(place / "interface", sound / card / "device");
+    }
+
+    const testing::TempFolder folder;
+    const fs::path sound = folder.file("sound");
+};
+
+TEST_F(SoundCards, CardIsFoundByBusAndAddress) {
+    fs::create_directories(sound / "card0"); // of no USB device
+    plug("card2", "1-1", "1", "4");
+    plug("card11", "2-1", "2", "4");
+    fs::create_directories(sound / "controlC2");
+    plug("cardx", "3-1", "3", "4");
+    EXPECT_EQ(soundCardOf(1, 4, sound), 2);
+    EXPECT_EQ(soundCardOf(2, 4, sound), 11);
+    EXPECT_EQ(soundCardOf(1, 5, sound), std::nullopt);
+    EXPECT_EQ(soundCardOf(3, 4, sound), std::nullopt);
+    EXPECT_EQ(soundCardOf(1, 4, sound / "none"), std::nullopt);
 }
 
 } // namespace

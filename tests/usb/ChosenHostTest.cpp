@@ -1,6 +1,5 @@
-#include "usb/ChosenHost.h"
-
 #include "tests/usb/TransportFixture.h"
+#include "usb/LibusbHost.h"
 
 namespace scenewright::testing {
 namespace {

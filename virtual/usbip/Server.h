@@ -8,7 +8,7 @@
 // blocked in every thread (blockServerSignals) before the server is made.
 #pragma once
 
-#include "platform/LineReader.h"
+#include "platform/Process.h"
 #include "platform/Result.h"
 #include "virtual/VirtualController.h"
 #include "virtual/usbip/Commands.h"
