@@ -54,11 +54,14 @@ TEST_F(GainWindowTest, DefaultBringsEverythingBack) {
     EXPECT_EQ(window_.controller().gainArray(), std::vector<std::int32_t>(8, 64));
 }
 
-TEST_F(GainWindowTest, ButtonsAreAllAsWideAsTwoGains) {
+TEST_F(GainWindowTest, ButtonsStandInARowEachAsWideAsTwoGains) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_, testing::kLimitMilliseconds));
-    for (const QPushButton* button : window_.findChildren<QPushButton*>())
+    const auto buttons = window_.findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons) {
         EXPECT_NEAR(button->width(), sliders().at(2)->x() - sliders().at(0)->x(), 10)
             << button->accessibleName().toStdString();
+        EXPECT_EQ(button->y(), buttons.front()->y()) << button->accessibleName().toStdString();
+    }
 }
 
 TEST_F(GainWindowTest, OkAndApplyOnlyLogTheirNames) {

@@ -38,6 +38,15 @@ TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
     EXPECT_GE(contrast(theme.accentText, theme.accent), 4.5);
 }
 
+TEST_P(ThemeTest, ColoursWithoutAMeaningAreACoolGrey) {
+    const Theme& theme = themeOf(GetParam());
+    for (const QColor& colour :
+         {theme.window, theme.panel, theme.field, theme.line, theme.text, theme.muted}) {
+        EXPECT_LE(colour.red(), colour.green()) << colour.name().toStdString();
+        EXPECT_LE(colour.green(), colour.blue()) << colour.name().toStdString();
+    }
+}
+
 TEST_P(ThemeTest, PaletteIsLightOrDarkAsWanted) {
     applyTheme(GetParam());
     EXPECT_EQ(isDark(QApplication::palette()), GetParam());

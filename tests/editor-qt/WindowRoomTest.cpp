@@ -1,5 +1,9 @@
 // What room the window takes, and that nothing in it moves or is out of reach.
 #include "app/WindowAction.h"
+#include "editor/qt/Dialogs.h"
+#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/GuideWindow.h"
+#include "editor/qt/KeyboardsDialog.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QScrollArea>
@@ -8,6 +12,7 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace scenewright::testing {
 namespace {
@@ -68,6 +73,21 @@ TEST_F(WindowRoom, ASmallerWindowBringsEachWidgetThatTheKeyboardGoesToIntoSight)
         ++count;
     }
     EXPECT_GT(count, 50);
+}
+
+TEST(DialogRoom, EachDialogOpensInItsOwnSize) {
+    const About about;
+    const NoticeDetails details({}, nullptr);
+    const DifferenceDialog differences({}, nullptr);
+    const KeyboardsDialog keyboards(false, nullptr);
+    const GuideWindow guide;
+    const std::pair<const QWidget*, QSize> rows[] = {{&about, {560, 520}},
+                                                     {&details, {520, 220}},
+                                                     {&differences, {680, 440}},
+                                                     {&keyboards, {760, 360}},
+                                                     {&guide, {860, 640}}};
+    for (const auto& [dialog, size] : rows)
+        EXPECT_EQ(dialog->size(), size) << dialog->windowTitle().toStdString();
 }
 
 TEST_F(WindowRoom, NothingMovesWhenANoticeComesOrGoes) {
