@@ -13,6 +13,11 @@ bool isFrequent(const MidiMessage& message) {
     return message.status == kClock || message.status == kActiveSensing;
 }
 
+Result<std::unique_ptr<Sequencer>> openListening(const Keyboards& keyboards,
+                                                 const std::string& name) {
+    return keyboards.checkChosen().and_then([&name] { return openSequencer(name); });
+}
+
 KeyboardListener::KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards,
                                    Tell tell)
     : sequencer_(sequencer), keyboards_(std::move(keyboards)), tell_(std::move(tell)) {}

@@ -7,6 +7,7 @@
 #include "sequencer/Sequencer.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,11 @@ namespace scenewright {
 
 // Of clock and active sensing, which come many times a second and tell nothing of a control.
 [[nodiscard]] bool isFrequent(const MidiMessage& message);
+
+// A client of the machine's sequencer under this name, to listen to these keyboards. The error is
+// one sentence: of Keyboards::checkChosen() or openSequencer().
+[[nodiscard]] Result<std::unique_ptr<Sequencer>> openListening(const Keyboards& keyboards,
+                                                               const std::string& name);
 
 class KeyboardListener {
 public:

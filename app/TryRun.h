@@ -26,12 +26,12 @@ public:
     static constexpr std::chrono::milliseconds kPause{1000};
 
     enum class Verdict : std::uint8_t {
-        Open,    // not touched yet
-        Right,   //
+        Open, // not touched yet
+        Right,
         Assumed, // right in all but what is assumed of the keyboard (model/ControlOutput.h)
-        Wrong,   //
-        Skipped, //
-        Silent,  // passed over
+        Wrong,
+        Skipped,
+        Silent, // sends nothing, and is passed over
     };
     struct Row {
         std::int32_t control = 0; // control index

@@ -72,9 +72,7 @@ int runMonitor(const MonitorRequest& request) {
         options.bank = std::move(bank->scenes);
     }
     const Keyboards keyboards(request.device);
-    if (const auto checked = keyboards.checkChosen(); !checked)
-        return reportError(checked.error(), kExitController);
-    const auto sequencer = openSequencer("Scenewright monitor");
+    const auto sequencer = openListening(keyboards, "Scenewright monitor");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
     Monitor monitor(

@@ -90,9 +90,7 @@ int runTry(const TryRequest& request) {
     if (!bank)
         return reportError(bank.error(), kExitUsage);
     const Keyboards keyboards(request.device);
-    if (const auto checked = keyboards.checkChosen(); !checked)
-        return reportError(checked.error(), kExitController);
-    const auto sequencer = openSequencer("Scenewright try");
+    const auto sequencer = openListening(keyboards, "Scenewright try");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
     KeyboardListener listener(
