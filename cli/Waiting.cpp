@@ -16,8 +16,9 @@ Waiting::Waiting() {
         if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
             sigaddset(&ending, signal);
     }
-    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
     signals_ = FileDescriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (signals_.isOpen()) // else they end the program as they end any
+        pthread_sigmask(SIG_BLOCK, &ending, nullptr);
 }
 
 Waiting::Come Waiting::wait(int input, int lines,
