@@ -5,6 +5,7 @@
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/GuideWindow.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 #include "model/SceneValue.h"
 
 #include <QCloseEvent>
@@ -68,6 +69,13 @@ void MainWindow::connectChoices() {
     connect(scenes_, &SegmentBar::chosen, this, [this] { view_.changeSceneAction(*scenes_); });
     connect(displayModes_, &QComboBox::activated, this,
             [this] { view_.changeDispalyAction(*displayModes_); });
+    connect(strips_, &StripPlace::changed, this, &MainWindow::fitStrips);
+    connect(list_, &ControlList::rowChosen, strips_, &StripPlace::showSettings);
+    for (std::int32_t control = 1; control < kControlIndexEnd; ++control)
+        connect(picture_->button(control), &QAbstractButton::clicked, this, [this, control] {
+            if (!picture_->button(control)->plays())
+                strips_->showSettings();
+        });
     connect(menu_, &MainMenu::modeChosen, this, &MainWindow::chooseMode);
     connect(&menu_->previousControl(), &QAction::triggered, this, [this] { chooseBeside(-1); });
     connect(&menu_->nextControl(), &QAction::triggered, this, [this] { chooseBeside(1); });

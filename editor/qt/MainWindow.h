@@ -28,11 +28,11 @@
 #include <functional>
 
 class QHBoxLayout;
-class QVBoxLayout;
 
 namespace scenewright {
 
 class GuideWindow;
+class StripPlace;
 class UnsentButton;
 
 // What the menu bar offers; who owns the window connects the actions. All are the bar's children.
@@ -112,6 +112,7 @@ public:
     [[nodiscard]] ControlList& list() { return *list_; }
     [[nodiscard]] DevicePicture& picture() { return *picture_; }
     [[nodiscard]] ValuePanes& panes() { return *panes_; }
+    [[nodiscard]] StripPlace& strips() { return *strips_; }
     // Of one control or several.
     [[nodiscard]] ControlChoice& choice() { return *choice_; }
     [[nodiscard]] StatusLine& status() { return *status_; }
@@ -128,8 +129,6 @@ public:
     [[nodiscard]] GainWindow& gainPanel();
     // The same of the guide.
     [[nodiscard]] GuideWindow& guide();
-    // Between the picture and the panes; the window owns it from here.
-    void addBelowPicture(QWidget& strip);
     // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
     void showScenesAnew();
     // Chooses a control, 0 to 45, of a scene, 0 to 3, as if the user had, and shows its settings as
@@ -144,11 +143,14 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void layOut();
     QWidget& makeRoot();
     void layOutHeader(QHBoxLayout& header, QWidget& root);
+    // Whether the window is too low for settings and strips above one another.
+    void fitStrips();
     void connectOutlets();
     void connectChoices();
     void connectCommands();
@@ -186,7 +188,7 @@ private:
     StatusLine* status_ = nullptr;
     MainMenu* menu_ = nullptr;
     NoticeBar* notices_ = nullptr;
-    QVBoxLayout* right_ = nullptr; // picture and panes
+    StripPlace* strips_ = nullptr;
     GainWindow* gainPanel_ = nullptr;
     GuideWindow* guide_ = nullptr;
     QPointer<QWidget> former_; // had the keyboard before a send greyed it

@@ -2,6 +2,7 @@
 #include "editor/qt/ChangeMarks.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -84,7 +85,6 @@ void MainWindow::layOut() {
                            "or Return shows the settings of one."));
     middle.addWidget(list_);
     auto& right = nested<QVBoxLayout>(middle, 1);
-    right_ = &right;
     picture_ = &makeChild<DevicePicture>(&root);
     picture_->setAccessibleName(tr("Picture of the keyboard"));
     picture_->setWhatsThis(tr("The keyboard's controls in the chosen scene. A click, or Space, "
@@ -92,7 +92,8 @@ void MainWindow::layOut() {
     right.addWidget(picture_, 1);
     panes_ = &makeChild<ValuePanes>(&root);
     panes_->setAccessibleName(tr("Settings"));
-    right.addWidget(panes_);
+    strips_ = &makeChild<StripPlace>(*panes_, &root);
+    right.addWidget(strips_);
 
     status_ = &makeChild<StatusLine>(&root);
     status_->setAccessibleName(tr("Status line"));
@@ -100,8 +101,16 @@ void MainWindow::layOut() {
     resize(kWindowSize);
 }
 
-void MainWindow::addBelowPicture(QWidget& strip) {
-    right_->insertWidget(1, &strip);
+void MainWindow::fitStrips() {
+    const QWidget& root = *qobject_cast<QScrollArea*>(centralWidget())->widget();
+    const int others = root.minimumSizeHint().height() - picture_->minimumSizeHint().height() -
+                       strips_->minimumSizeHint().height();
+    strips_->setLow(centralWidget()->height() < others + strips_->heightApart());
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    fitStrips();
 }
 
 // A window that is smaller than all that is in it lets it be scrolled, and scrolls by itself to

@@ -3,6 +3,7 @@
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 #include "model/ControlOutput.h"
 
 #include <QApplication>
@@ -23,7 +24,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kRows = 5;       // that are seen at once
 constexpr int kPause = 40;     // milliseconds between two looks
 constexpr int kLitFor = 400;   // milliseconds that a controller's control stays lit
 constexpr int kTimeWidth = 96; // device-independent pixels
@@ -93,7 +93,6 @@ QVariant MonitorLines::headerData(int section, Qt::Orientation orientation, int 
 
 MonitorStrip::MonitorStrip(MainWindow& window, KeyboardInput& input)
     : QFrame(&window), window_(window), input_(input) {
-    window.addBelowPicture(*this);
     setAccessibleName(tr("Monitor"));
     hide();
     action_ = window.menu().view().addAction(tr("&Monitor"));
@@ -158,7 +157,6 @@ void MonitorStrip::layOut() {
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setColumnWidth(MonitorLines::Time, kTimeWidth);
     view_->setColumnWidth(MonitorLines::Words, kWordsWidth);
-    view_->setFixedHeight((kRows + 1) * (fontMetrics().height() + 6));
     column.addWidget(view_);
 
     connect(&input_, &KeyboardInput::told, told_, &QLabel::setText);
@@ -173,9 +171,10 @@ void MonitorStrip::follow() {
     const bool isOn = action_->isChecked();
     if (isOn && view_ == nullptr)
         layOut();
-    setVisible(isOn);
     if (isOn)
-        show();
+        window_.strips().open(*this);
+    else
+        window_.strips().close(*this);
 }
 
 // As long as one of the two wants it.
@@ -209,7 +208,7 @@ void MonitorStrip::darken(const std::set<std::int32_t>& controls) {
 }
 
 void MonitorStrip::show() {
-    if (!isVisible() || paused_->isChecked()) {
+    if (!action_->isChecked() || paused_->isChecked()) {
         // The latest of them are still shown when it goes on.
         if (taken_.size() > MonitorLines::kMost)
             taken_.erase(taken_.begin(), taken_.end() - MonitorLines::kMost);

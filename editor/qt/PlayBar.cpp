@@ -1,6 +1,7 @@
 #include "editor/qt/PlayBar.h"
 
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 #include "model/Control.h"
 
 #include <QApplication>
@@ -26,7 +27,6 @@ constexpr std::int32_t kOctave = 12; // semitones
 // X tells of a held key now and then that it was let go of and pressed at the same time. The second
 // may come later than the first.
 constexpr std::chrono::milliseconds kRepeatGap{20};
-constexpr int kLastWidth = 230; // device-independent pixels, for the last message
 
 enum class Part { Note, Pad, Octave, Velocity, Travel };
 
@@ -98,7 +98,6 @@ PlayBar::PlayBar(MainWindow& window) : QFrame(&window), window_(window) {
     setProperty("panel", true);
     setFrameShape(QFrame::StyledPanel);
     setAccessibleName(tr("Playing"));
-    window.addBelowPicture(*this);
     hide();
     for (std::int32_t control = 1; control < kControlIndexEnd; ++control) {
         const ControlButton* const button = window.picture().button(control);
@@ -143,17 +142,17 @@ void PlayBar::layOut() {
     keys_ = &makeChild<SpokenText>(this);
     keys_->setProperty("role", "hint");
     last_ = &makeChild<NoticeText>(this);
-    last_->setFixedWidth(kLastWidth);
     auto& end = makeChild<QPushButton>(tr("Stop Playing"), this);
     end.setAccessibleName(end.text());
     end.setAutoDefault(false);
     end.setProperty("main", true);
     connect(&end, &QPushButton::clicked, this, &PlayBar::stop);
     room.addWidget(where_, 0, 0);
-    room.addWidget(keys_, 1, 0, 1, 2);
-    room.addWidget(last_, 0, 1);
-    room.addWidget(&end, 0, 2, 2, 1);
+    room.addWidget(keys_, 1, 0);
+    room.addWidget(last_, 2, 0);
+    room.addWidget(&end, 0, 1, 2, 1);
     room.setColumnStretch(0, 1);
+    room.setRowStretch(3, 1);
 }
 
 void PlayBar::start(QAction& action, const Open& open) {
@@ -179,7 +178,7 @@ void PlayBar::start(QAction& action, const Open& open) {
     qApp->installEventFilter(this);
     last_->clear();
     scene_ = -1;
-    show();
+    window_.strips().open(*this);
     follow();
     window_.picture().takeKeyboard();
 }
@@ -194,7 +193,7 @@ void PlayBar::stop() {
     player_.reset();
     output_.reset();
     setPicturePlays(false);
-    hide();
+    window_.strips().close(*this);
     action->setChecked(false);
 }
 

@@ -4,12 +4,12 @@
 #include "editor/ControlDescription.h"
 #include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 #include "protocol/SceneImage.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QHBoxLayout>
-#include <QHeaderView>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -21,7 +21,7 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kRows = 4; // that are seen at once
+constexpr int kGap = 4;
 constexpr int kControlWidth = 110;
 constexpr int kExpectedWidth = 170;
 enum Column { Name, Wanted, Found };
@@ -47,7 +47,6 @@ QString resultOf(const TryRun::Row& row, const Titles& noteNames) {
 TryStrip::TryStrip(MainWindow& window, KeyboardInput& input)
     : QFrame(&window), window_(window), input_(input) {
     setAccessibleName(tr("Try It"));
-    window.addBelowPicture(*this);
     hide();
     action_ = window.menu().device().addAction(tr("Try &It"));
     connect(action_, &QAction::triggered, this, &TryStrip::start);
@@ -57,28 +56,31 @@ TryStrip::TryStrip(MainWindow& window, KeyboardInput& input)
 }
 
 void TryStrip::layOut() {
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(0, 0, 0, 0);
-    column.setSpacing(4);
+    auto& room = makeChild<QGridLayout>(this);
+    room.setContentsMargins(0, 0, 0, 0);
+    room.setSpacing(kGap);
+    room.setColumnStretch(0, 1);
+    told_ = &makeChild<SpokenText>(this);
+    told_->setProperty("role", "heading");
+    room.addWidget(told_, 0, 0);
     auto& bar = makeChild<QWidget>(this);
     bar.setAccessibleName(accessibleName());
-    auto& line = makeChild<QHBoxLayout>(&bar);
-    line.setContentsMargins(0, 0, 0, 0);
-    told_ = &makeChild<SpokenText>(&bar);
-    told_->setProperty("role", "heading");
-    line.addWidget(told_, 1);
-    const auto add = [&bar, &line](const QString& title) {
+    auto& column = makeChild<QVBoxLayout>(&bar);
+    column.setContentsMargins(0, 0, 0, 0);
+    column.setSpacing(kGap);
+    const auto add = [&bar, &column](const QString& title) {
         auto& button = makeChild<QPushButton>(title, &bar);
         button.setAccessibleName(title);
         button.setAutoDefault(false);
-        line.addWidget(&button);
+        column.addWidget(&button);
         return &button;
     };
     skip_ = add(tr("Skip"));
     back_ = add(tr("Back"));
     auto* const copyReport = add(tr("Copy Report"));
     end_ = add(tr("End"));
-    column.addWidget(&bar);
+    column.addStretch(1);
+    room.addWidget(&bar, 0, 1, 2, 1);
     table_ = &makeChild<QTreeWidget>(this);
     table_->setAccessibleName(tr("What was tried"));
     table_->setHeaderLabels({tr("Control"), tr("Expected"), tr("Result")});
@@ -88,7 +90,7 @@ void TryStrip::layOut() {
     table_->setUniformRowHeights(true);
     table_->setColumnWidth(Name, kControlWidth);
     table_->setColumnWidth(Wanted, kExpectedWidth);
-    column.addWidget(table_);
+    room.addWidget(table_, 1, 0);
 
     connect(skip_, &QPushButton::clicked, this, [this] {
         run_->skip();
@@ -125,9 +127,7 @@ void TryStrip::start() {
             std::make_unique<QTreeWidgetItem>(
                 QStringList{shown(controlName(row.control)), shown(expectedText(row, noteNames()))})
                 .release());
-    table_->setFixedHeight(table_->header()->sizeHint().height() +
-                           kRows * table_->sizeHintForRow(0) + 2 * table_->frameWidth());
-    show();
+    window_.strips().open(*this);
     showNext(tr("Choose scene %1 on the keyboard.").arg(scene_ + 1));
     skip_->setFocus(Qt::OtherFocusReason);
 }
@@ -185,7 +185,7 @@ void TryStrip::close() {
         return;
     run_.reset();
     input_.endFor(*this);
-    hide();
+    window_.strips().close(*this);
 }
 
 void TryStrip::keyPressEvent(QKeyEvent* event) {

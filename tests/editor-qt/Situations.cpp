@@ -5,10 +5,12 @@
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/GuideWindow.h"
+#include "editor/qt/StripPlace.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QThread>
 #include <QTreeWidget>
 #include <fmt/format.h>
@@ -163,12 +165,55 @@ bool keepKeyboards(MainWindow& window, EditorCommands& commands, const Keep& kee
     return true;
 }
 
+// What the keyboard plays and sends is the virtual controller's.
+bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+    plugIn({});
+    commands.useVirtual();
+    window.commands().read();
+    settle(window);
+    QAction& play = *window.menu().view().actions().back();
+    const auto keepTouched = [&](const char* name) {
+        play.setChecked(true);
+        for (const std::int32_t control : {13, 15, 21, 24, 40})
+            window.picture().button(control)->click();
+        play.setChecked(false);
+        settle(window);
+        return keep(window.grab(), name);
+    };
+    commands.monitor().action().setChecked(true);
+    if (!keepTouched("strip-monitor"))
+        return false;
+    commands.monitor().action().setChecked(false);
+    commands.trying().action().trigger();
+    if (!keepTouched("strip-try"))
+        return false;
+    commands.monitor().action().setChecked(true);
+    play.setChecked(true);
+    settle(window);
+    if (!keep(window.grab(), "strips-all"))
+        return false;
+    window.strips().showSettings();
+    settle(window);
+    if (!keep(window.grab(), "strips-settings"))
+        return false;
+    commands.monitor().action().setChecked(false);
+    for (int press = 0; press < 2; ++press) {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(&commands.trying(), &escape);
+    }
+    window.picture().button(13)->click();
+    settle(window);
+    const bool isKept = keep(window.grab(), "strip-play");
+    play.setChecked(false);
+    return isKept;
+}
+
 } // namespace
 
 bool keepSituations(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     return keepNotices(window, commands, keep) && keepDifferences(window, commands, keep) &&
            keepMenus(window, commands, keep) && keepDialogs(window, commands, keep) &&
-           keepKeyboards(window, commands, keep);
+           keepKeyboards(window, commands, keep) && keepStrips(window, commands, keep);
 }
 
 } // namespace scenewright

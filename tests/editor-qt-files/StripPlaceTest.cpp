@@ -1,0 +1,158 @@
+#include "editor/qt/StripPlace.h"
+
+#include "tests/editor-qt-files/CommandsBench.h"
+
+#include <QScrollArea>
+#include <QTest>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace scenewright::testing {
+
+namespace {
+
+constexpr QSize kLowest(1024, 600 - 28); // with room for a title bar
+constexpr QSize kUsual(1180, 720);
+
+class StripPlaceTest : public CommandsBench {
+protected:
+    StripPlaceTest() {
+        open();
+        commands().useVirtual();
+        window().show();
+        window().commands().read(); // what Try It compares with
+    }
+
+    void resize(QSize size) {
+        window().resize(size);
+        QApplication::processEvents();
+    }
+    QAction& play() { return *window().menu().view().actions().back(); }
+    QWidget& monitor() { return commands().monitor(); }
+    QWidget& trying() { return commands().trying(); }
+    QWidget& playing() { return commands().playing(); }
+    QWidget& settings() { return window().panes(); }
+    // Those that are seen, in their order.
+    QStringList names() {
+        QApplication::processEvents();
+        QStringList found;
+        for (const auto* name : window().strips().findChildren<SegmentButton*>())
+            if (name->isVisible())
+                found.append(name->isChecked() ? "[" + name->text() + "]" : name->text());
+        return found;
+    }
+    void choose(const char* name) {
+        for (auto* each : window().strips().findChildren<SegmentButton*>())
+            if (each->text() == name)
+                QTest::mouseClick(each, Qt::LeftButton);
+    }
+    [[nodiscard]] std::vector<bool> seen() {
+        QApplication::processEvents();
+        return {settings().isVisible(), monitor().isVisible(), trying().isVisible(),
+                playing().isVisible()};
+    }
+    void expectAllInSight() {
+        QApplication::processEvents();
+        const auto& room = *qobject_cast<QScrollArea*>(window().centralWidget());
+        EXPECT_EQ(room.widget()->size(), room.size());
+    }
+};
+
+using Seen = std::vector<bool>; // settings, monitor, try it, play
+using Names = QStringList;
+
+} // namespace
+
+TEST_F(StripPlaceTest, InALowWindowStripsShareTheSettingsPlaceAndThePictureStandsStill) {
+    resize(kLowest);
+    window().notices().post({.text = QString(200, 'W'), .actions = {{"Send Again", [] {}}}});
+    QApplication::processEvents();
+    const QRect picture = window().picture().geometry();
+    EXPECT_GE(picture.height(), 240);
+    const auto expect = [&](const Seen& wanted, const Names& called) {
+        EXPECT_EQ(names(), called);
+        EXPECT_EQ(seen(), wanted);
+        EXPECT_EQ(window().picture().geometry(), picture);
+        expectAllInSight();
+    };
+    expect({true, false, false, false}, {});
+    commands().monitor().action().setChecked(true);
+    expect({false, true, false, false}, {"Settings", "[Monitor]"});
+    commands().trying().action().trigger();
+    expect({false, false, true, false}, {"Settings", "Monitor", "[Try It]"});
+    play().setChecked(true);
+    expect({false, false, false, true}, {"Settings", "Monitor", "Try It", "[Playing]"});
+    choose("Monitor");
+    expect({false, true, false, false}, {"Settings", "[Monitor]", "Try It", "Playing"});
+    choose("Settings");
+    expect({true, false, false, false}, {"[Settings]", "Monitor", "Try It", "Playing"});
+    commands().monitor().action().setChecked(false);
+    expect({true, false, false, false}, {"[Settings]", "Try It", "Playing"});
+    choose("Playing");
+    play().setChecked(false);
+    expect({false, false, true, false}, {"Settings", "[Try It]"});
+}
+
+TEST_F(StripPlaceTest, InALowWindowAControlThatIsChosenBringsItsSettingsBack) {
+    resize(kLowest);
+    const std::pair<const char*, std::function<void()>> choices[] = {
+        {"the picture", [this] { CommandsBench::choose(kPad); }},
+        {"the list", [this] { QTest::keyClick(&window().list(), Qt::Key_Return); }},
+    };
+    for (const auto& [from, choosing] : choices) {
+        commands().monitor().action().setChecked(true);
+        EXPECT_FALSE(settings().isVisible()) << from;
+        choosing();
+        EXPECT_TRUE(settings().isVisible()) << from;
+        commands().monitor().action().setChecked(false);
+    }
+    play().setChecked(true);
+    CommandsBench::choose(kPad);
+    EXPECT_TRUE(playing().isVisible()) << "it was played";
+    window().showControl(0, kPad);
+    EXPECT_TRUE(playing().isVisible()) << "by the program";
+}
+
+TEST_F(StripPlaceTest, WhereThereIsRoomTheSettingsStayAndStripsShareOnePlace) {
+    resize(kUsual);
+    const int alone = window().picture().height();
+    commands().monitor().action().setChecked(true);
+    EXPECT_EQ(names(), Names());
+    EXPECT_EQ(seen(), (Seen{true, true, false, false}));
+    const QRect beside = window().picture().geometry();
+    EXPECT_LT(beside.height(), alone);
+    EXPECT_GE(beside.height(), 240);
+    play().setChecked(true);
+    EXPECT_EQ(names(), (Names{"Monitor", "[Playing]"}));
+    EXPECT_EQ(seen(), (Seen{true, false, false, true}));
+    choose("Monitor");
+    EXPECT_EQ(seen(), (Seen{true, true, false, false}));
+    CommandsBench::choose(kPad);
+    EXPECT_EQ(seen(), (Seen{true, true, false, false}));
+    EXPECT_EQ(window().picture().geometry(), beside);
+    commands().monitor().action().setChecked(false);
+    EXPECT_EQ(seen(), (Seen{true, false, false, true}));
+    play().setChecked(false);
+    EXPECT_EQ(seen(), (Seen{true, false, false, false}));
+    QApplication::processEvents();
+    EXPECT_EQ(window().picture().height(), alone);
+    expectAllInSight();
+}
+
+TEST_F(StripPlaceTest, AWindowThatGrowsOrShrinksShowsWhatHasRoom) {
+    resize(kUsual);
+    commands().monitor().action().setChecked(true);
+    for (int round = 0; round < 2; ++round) {
+        resize(kLowest);
+        EXPECT_EQ(seen(), (Seen{false, true, false, false}));
+        expectAllInSight();
+        choose("Settings");
+        resize(kUsual);
+        EXPECT_EQ(seen(), (Seen{true, true, false, false}));
+        expectAllInSight();
+    }
+}
+
+} // namespace scenewright::testing
