@@ -1,5 +1,6 @@
 #include "editor/qt/MonitorStrip.h"
 
+#include "app/TryRun.h"
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/QtHelpers.h"
@@ -268,17 +269,24 @@ void MonitorStrip::light(const MidiMessage& message) {
 
 // Ties are gone through in turn: the one after the chosen control is next.
 void MonitorStrip::chooseSender(const MidiMessage& message) {
-    const bool isPress =
-        (message.kind() == kNoteOn && message.second > 0) || message.kind() == kController;
-    if (!isPress || isPopUpOpen())
+    const bool isController = message.kind() == kController;
+    if ((!isController && (message.kind() != kNoteOn || message.second == 0)) || isPopUpOpen())
         return;
-    const auto senders = controlsSending(*window_.view().sceneValue(), message);
-    if (senders.empty())
+    const bool isRest = isController && message.status == touch_.status &&
+                        message.first == touch_.first &&
+                        !touched_.hasExpired(TryRun::kPause.count());
+    touch_ = message;
+    touched_.start();
+    const SceneValue& scene = *window_.view().sceneValue();
+    auto senders = controlsSending(scene, message);
+    std::erase_if(senders, [&](std::int32_t control) { // a pad that is let go
+        const ControlOutput output = *controlOutput(scene, control);
+        return isController && !output.isTravel && output.behavior == Behavior::Momentary &&
+               message.second != output.high;
+    });
+    if (isRest || senders.empty())
         return;
     const std::int32_t chosen = window_.view().selectControl();
-    const bool isTravel = message.kind() == kController;
-    if (isTravel && std::ranges::find(senders, chosen) != senders.end())
-        return; // a knob sends many as it is turned
     const auto next = std::ranges::upper_bound(senders, chosen);
     window_.showControl(window_.view().sceneIndex(),
                         next == senders.end() ? senders.front() : *next);

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractTableModel>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <QSortFilterProxyModel>
@@ -88,6 +89,8 @@ private:
     std::vector<std::pair<QTime, MidiMessage>> taken_; // and not shown yet
     QTimer pause_;                                     // between two looks at it
     QTimer dark_;                                      // after the last controller's message
+    MidiMessage touch_{};                              // the last that may have chosen
+    QElapsedTimer touched_;                            // since then
     std::set<std::int32_t> lit_;                       // the controls of these
     std::set<std::int32_t> sounding_;                  // those of notes
     MonitorLines lines_;

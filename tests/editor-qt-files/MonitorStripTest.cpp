@@ -165,6 +165,30 @@ TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
     EXPECT_EQ(window().view().selectControl(), kKnob);
 }
 
+// Knob 1 and two pads send the controller 74; a pad also when it is let go.
+TEST_F(MonitorStripTest, ControlsOfOneControllerAreChosenInTurnTouchByTouch) {
+    for (const std::int32_t pad : {kPad, kThirdPad}) {
+        record(pad).setAssignType(1);
+        record(pad).setMIDIChannel(0);
+        record(pad).setCCOrNoteNumber(74);
+        record(pad).setOnValue(127);
+        record(pad).setPadBehavior(0);
+    }
+    strip().chooseAction().setChecked(true);
+    constexpr int kPause = 1050; // milliseconds, longer than a touch may have in it
+    for (const std::int32_t chosen : {kKnob, kPad, kThirdPad, kKnob}) {
+        play({{0xB0, 74, 127}, {0xB0, 74, 0}});
+        EXPECT_EQ(window().view().selectControl(), chosen);
+        QTest::qWait(kPause);
+    }
+    play({{0xB0, 74, 127}});
+    EXPECT_EQ(window().view().selectControl(), kPad);
+    QTest::qWait(kPause);
+    record(kKnob).setEnable(0);
+    play({{0xB0, 74, 0}});
+    EXPECT_EQ(window().view().selectControl(), kPad) << "let go of late";
+}
+
 TEST_F(MonitorStripTest, NothingIsChosenWhileAPopupOrADialogIsOpen) {
     strip().chooseAction().setChecked(true);
     choose(kKnob);
