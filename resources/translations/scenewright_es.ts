@@ -2564,6 +2564,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::StripPlace</name>
+    <message>
+        <source>Below the picture</source>
+        <translation>Debajo de la imagen</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Try</name>
     <message>
         <source>note {}</source>

@@ -2564,6 +2564,13 @@
     </message>
 </context>
 <context>
+    <name>scenewright::StripPlace</name>
+    <message>
+        <source>Below the picture</source>
+        <translation>Sous l&apos;image</translation>
+    </message>
+</context>
+<context>
     <name>scenewright::Try</name>
     <message>
         <source>note {}</source>
