@@ -85,10 +85,13 @@ TEST_F(PlayingBanks, LineThatIsNoOrderIsToldAndTheOthersArePlayed) {
 }
 
 TEST_F(PlayingBanks, OutputThatCannotBeWrittenIsTold) {
-    const ProgramRun result = play("press pad3 100\\n", ">/dev/full");
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.errors, "");
+    for (const char* output : {">/dev/full", ">&-"}) {
+        const ProgramRun result = play("press pad3 100\\n", output);
+        EXPECT_EQ(result.exitCode, 1) << output;
+        EXPECT_EQ(result.output, "") << output;
+        EXPECT_EQ(result.errors, "scenewright-cli: standard output could not be written\n")
+            << output;
+    }
 }
 
 TEST_F(PlayingBanks, BankOfStandardInputLeavesNoOrders) {
