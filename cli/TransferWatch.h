@@ -3,6 +3,7 @@
 // transfer goes on: only the user ends it.
 #pragma once
 
+#include "protocol/SceneImage.h"
 #include "usb/Transport.h"
 
 #include <chrono>
@@ -15,7 +16,7 @@
 namespace scenewright {
 
 // Packets that a transaction writes when the first handshake is answered.
-inline constexpr std::uint32_t kReadPackets = 2 + 1 + 1012 + 1;
+inline constexpr std::uint32_t kReadPackets = 2 + 1 + kBankSize + 1;
 inline constexpr std::uint32_t kSendPackets = 2 + 2 + 1024;
 
 // Makes the transfer, and tells of it: "Reading" or "Sending" `packets` packets.
