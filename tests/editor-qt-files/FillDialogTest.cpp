@@ -75,6 +75,19 @@ TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
     EXPECT_FALSE(commands().history().steps().canUndo());
 }
 
+TEST_F(FillDialogTest, TwoColoursAreAskedForWhereOneIsToBecomeTheOther) {
+    chooseAll(kPad);
+    inDialog(fill(), [](FillDialog& dialog) {
+        field<PopUpBox>(dialog, "Fill with").chooseItem(3);
+        for (const int colours : {1, 0}) {
+            field<PopUpBox>(dialog, "Colours").chooseItem(colours);
+            for (const char* const name : {"From", "To"})
+                EXPECT_EQ(field<QPushButton>(dialog, name).isEnabled(), colours == 0) << name;
+        }
+        dialog.reject();
+    });
+}
+
 TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
     choose(kPad);
     window().choice().selectAll();

@@ -2,6 +2,7 @@
 #include "bank/SettingText.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QDrag>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
@@ -130,6 +131,25 @@ TEST_F(SceneCommandsTest, ASegmentsContextMenuIsForItsScene) {
     EXPECT_EQ(window().view().sceneIndex(), 2);
     EXPECT_TRUE(commands().scenes().menu().isVisible());
     commands().scenes().menu().close();
+}
+
+TEST_F(SceneCommandsTest, ASegmentIsDraggedOnceThePointerIsFarFromWhereItWasPressed) {
+    QAbstractButton& segment = window().scenes().segment(1);
+    const auto isDraggedTo = [&segment](QPoint place) {
+        bool isDragged = false; // seen while the drag waits for its drop
+        QTimer::singleShot(0, &segment, [&] {
+            isDragged = segment.findChild<QDrag*>() != nullptr;
+            QDrag::cancel();
+        });
+        QTest::mouseMove(&segment, place);
+        QApplication::processEvents();
+        return isDragged;
+    };
+    const int far = QApplication::startDragDistance();
+    QTest::mousePress(&segment, Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_FALSE(isDraggedTo(QPoint(4 + far, 5)));
+    EXPECT_TRUE(isDraggedTo(QPoint(5 + far, 5)));
+    EXPECT_FALSE(segment.isDown());
 }
 
 TEST_F(SceneCommandsTest, ASceneDroppedOnAnotherIsSwappedOrCopied) {

@@ -127,6 +127,13 @@ TEST_F(ControlButtonTest, TitleDropsTheColourOfTheFormer) {
     EXPECT_EQ(pad_.attributedTitle(), (AttributedTitle{"---", std::nullopt}));
 }
 
+TEST_F(ControlButtonTest, TitleIsSetAsLargeAsItMayBeWhereTheScreenHasTheRoom) {
+    pad_.setLargestCaption(12);
+    pad_.setTitle("Note\nC2");
+    EXPECT_TRUE(pad_.captionSetting().fits);
+    EXPECT_EQ(pad_.captionSetting().font.pixelSize(), 12);
+}
+
 TEST_F(ControlButtonTest, ProgramsOwnChangesCallNoActionBack) {
     pad_.setImage("selected");
     pad_.setTitle("x");

@@ -82,6 +82,17 @@ TEST_F(SegmentBarTest, FirstSegmentIsDownAtFirst) {
     EXPECT_TRUE(bar_.segment(0).isChecked());
 }
 
+TEST_F(SegmentBarTest, TheSegmentThatIsDownAloneIsOfTheAccentsColour) {
+    bar_.segment(2).click();
+    for (int place = 0; place < 4; ++place) {
+        const QImage drawn = bar_.segment(place).grab().toImage();
+        EXPECT_EQ(drawn.pixelColor(5, drawn.height() / 2) ==
+                      bar_.palette().color(QPalette::Highlight),
+                  place == 2)
+            << place;
+    }
+}
+
 TEST_F(SegmentBarTest, ClickPutsOneSegmentDownAndTells) {
     QTest::mouseClick(&bar_.segment(2), Qt::LeftButton);
     EXPECT_EQ(bar_.selectedSegment(), 2);
