@@ -60,11 +60,13 @@ int follow(Sequencer& sequencer, Monitor& monitor) {
 }
 
 int runMonitor(const MonitorRequest& request) {
-    const auto lists = loadPopUpValue();
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
     MonitorOptions options{.asJson = request.asJson,
                            .showsAll = request.showsAll,
                            .hasBank = !request.bank.empty(),
-                           .noteNames = lists->pad_NoteNumber_Array()};
+                           .noteNames = (*lists)->pad_NoteNumber_Array()};
     if (options.hasBank) {
         auto bank = loadBank(request.bank);
         if (!bank)

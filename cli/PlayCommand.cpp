@@ -103,6 +103,9 @@ int runPlay(const PlayRequest& request) {
     const auto bank = loadBank(request.bank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
     std::unique_ptr<PlayPort> port;
     if (!request.isVirtual) {
         auto opened = PlayPort::openMachines();
@@ -110,7 +113,7 @@ int runPlay(const PlayRequest& request) {
             return reportError(opened.error(), kExitController);
         port = std::make_unique<PlayPort>(std::move(*opened));
     }
-    Destination destination(std::move(port), loadPopUpValue()->pad_NoteNumber_Array());
+    Destination destination(std::move(port), (*lists)->pad_NoteNumber_Array());
     destination.tellListeners();
     int exitCode = kExitDone;
     {

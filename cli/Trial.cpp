@@ -89,6 +89,9 @@ int runTry(const TryRequest& request) {
     const auto bank = loadBank(request.bank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
+    const auto lists = readPopUpValue();
+    if (!lists)
+        return reportError(lists.error(), kExitUsage);
     const Keyboards keyboards(request.device);
     const auto sequencer = openListening(keyboards, "Scenewright try");
     if (!sequencer)
@@ -101,7 +104,7 @@ int runTry(const TryRequest& request) {
     if (request.scene != 0)
         scenes = {request.scene};
     Trial trial(bank->scenes, scenes,
-                {.asJson = request.asJson, .noteNames = loadPopUpValue()->pad_NoteNumber_Array()});
+                {.asJson = request.asJson, .noteNames = (*lists)->pad_NoteNumber_Array()});
     return follow(**sequencer, listener, trial);
 }
 

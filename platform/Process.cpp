@@ -17,6 +17,7 @@
 #include <poll.h>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -154,9 +155,13 @@ Result<void> closeStandardOutput() {
 std::vector<Result<std::string>> LineReader::take() {
     std::array<char, kLongest> room{};
     const ssize_t count = ::read(descriptor_, room.data(), room.size());
+    const int error = count < 0 ? errno : 0;
     std::vector<Result<std::string>> lines;
     for (ssize_t place = 0; place < count; ++place) {
         const char letter = room[static_cast<std::size_t>(place)];
+        if (letter == '\0') // of a device, perhaps, that never ends
+            return end(std::move(lines),
+                       failure("what comes in is no text; it is read no further"));
         if (letter == '\n')
             lines.push_back(endLine());
         else if (begun_.size() < kLongest)
@@ -164,11 +169,20 @@ std::vector<Result<std::string>> LineReader::take() {
         else
             isTooLong_ = true;
     }
-    if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) {
+    if (error != 0 && error != EINTR && error != EAGAIN)
+        return end(std::move(lines), failure("what comes in cannot be read any more: " +
+                                             std::generic_category().message(error)));
+    if (count == 0 && !begun_.empty())
+        return end(std::move(lines), endLine());
+    if (count == 0)
         descriptor_ = -1;
-        if (!begun_.empty())
-            lines.push_back(endLine());
-    }
+    return lines;
+}
+
+std::vector<Result<std::string>> LineReader::end(std::vector<Result<std::string>> lines,
+                                                 Result<std::string> last) {
+    descriptor_ = -1;
+    lines.push_back(std::move(last));
     return lines;
 }
 

@@ -80,11 +80,13 @@ public:
     [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
     // The lines that are whole after one read, without what ends them; a sentence in place of one
     // that is too long. Blocks unless the descriptor is ready. The end of the input ends its last
-    // line.
+    // line. An input that cannot be read, or is no text, ends with a sentence.
     [[nodiscard]] std::vector<Result<std::string>> take();
 
 private:
     [[nodiscard]] Result<std::string> endLine();
+    [[nodiscard]] std::vector<Result<std::string>> end(std::vector<Result<std::string>> lines,
+                                                       Result<std::string> last);
 
     int descriptor_;
     std::string begun_; // a line whose end has not come

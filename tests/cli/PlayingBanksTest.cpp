@@ -101,6 +101,12 @@ TEST_F(PlayingBanks, BankOfStandardInputLeavesNoOrders) {
     refused("try none.bank", "none.bank");
 }
 
+TEST_F(PlayingBanks, KeyboardThatIsNotThereIsToldBeforeThereIsAnythingToHear) {
+    for (const char* command : {"monitor", "try a.bank"})
+        refused(std::string("--device none-of-them ") + command,
+                "There is no keyboard none-of-them", 1);
+}
+
 TEST_F(PlayingBanks, WithoutASequencerThereIsASentence) {
     if (std::filesystem::exists("/dev/snd/seq"))
         GTEST_SKIP() << "this machine has a sequencer";

@@ -301,6 +301,21 @@ TEST_F(LineReaderTest, LineThatIsTooLongIsRefusedAsAWhole) {
     EXPECT_EQ(take(), (Lines{"error: a line of more than 4096 bytes is no order", "plug"}));
 }
 
+TEST_F(LineReaderTest, WhatIsNoTextEndsTheInputWithASentence) {
+    write(std::string("plug\nunplug\0plug\n", 18));
+    EXPECT_EQ(take(), (Lines{"plug", "error: what comes in is no text; it is read no further"}));
+    EXPECT_EQ(descriptor(), -1);
+}
+
+TEST(LineReader, InputThatCannotBeReadEndsWithASentence) {
+    const Pair pipe = makePipe();
+    LineReader reader(pipe.writer.get());
+    const auto lines = reader.take();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].error(), "what comes in cannot be read any more: Bad file descriptor");
+    EXPECT_EQ(reader.descriptor(), -1);
+}
+
 TEST_F(LineReaderTest, LongestLineIsTaken) {
     write("plug" + std::string(4092, ' '));
     EXPECT_EQ(take(), Lines{});
