@@ -5,13 +5,15 @@
 
 #include <QColorDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QScreen>
 #include <QToolButton>
 #include <QWidgetAction>
 
 #include <algorithm>
-#include <span>
+#include <iterator>
 
 namespace scenewright {
 
@@ -37,7 +39,7 @@ PadColours::PadColours(MainWindow& window, History& history)
     QPushButton& swatch = window.panes().swatch();
     connect(&swatch, &QPushButton::clicked, this, [this, &swatch] {
         fill();
-        menu_->popup(swatch.mapToGlobal(swatch.rect().bottomLeft()));
+        popUp(swatch);
     });
 }
 
@@ -65,6 +67,7 @@ void PadColours::choose(const PadColour& colour) {
 
 void PadColours::fill() {
     menu_->clear();
+    buttons_.clear();
     for (const NamedPalette& palette : palettes()) {
         for (std::size_t from = 0; from < palette.colours.size(); from += kARow)
             addRow(palette.colours.subspan(from, std::min(kARow, palette.colours.size() - from)));
@@ -74,8 +77,60 @@ void PadColours::fill() {
         addRow(used_);
         menu_->addSeparator();
     }
-    connect(menu_->addAction(tr("&Other Colour...")), &QAction::triggered, this,
-            &PadColours::chooseOther);
+    other_ = menu_->addAction(tr("&Other Colour..."));
+    connect(other_, &QAction::triggered, this, &PadColours::chooseOther);
+}
+
+// Below the mixed colour or above it, so that it is seen what is replaced. The keyboard is on the
+// pad's own colour where the palettes have it.
+void PadColours::popUp(const QWidget& swatch) {
+    const QPoint below = swatch.mapToGlobal(swatch.rect().bottomLeft());
+    const QPoint above = swatch.mapToGlobal(QPoint(0, 0)) - QPoint(0, menu_->sizeHint().height());
+    const bool fits =
+        below.y() + menu_->sizeHint().height() <= swatch.screen()->availableGeometry().bottom();
+    menu_->popup(fits ? below : above);
+    const ButtonValue* const record = pad();
+    const QString own = record == nullptr
+                            ? QString()
+                            : shown(colourText({record->CR(), record->CG(), record->CB()}));
+    const auto at = std::ranges::find(buttons_, own, &QToolButton::accessibleName);
+    goTo(at == buttons_.end() ? 0 : at - buttons_.begin());
+}
+
+void PadColours::goTo(std::ptrdiff_t place) {
+    if (place >= std::ssize(buttons_)) {
+        menu_->setFocus();
+        menu_->setActiveAction(other_);
+    } else if (place >= 0) {
+        menu_->setActiveAction(nullptr);
+        buttons_[static_cast<std::size_t>(place)]->setFocus(Qt::TabFocusReason);
+    }
+}
+
+bool PadColours::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const std::ptrdiff_t place = std::ranges::find(buttons_, watched) - buttons_.begin();
+    switch (static_cast<const QKeyEvent*>(event)->key()) {
+    case Qt::Key_Left:
+        goTo(place - 1);
+        return true;
+    case Qt::Key_Right:
+        goTo(place + 1);
+        return true;
+    case Qt::Key_Up:
+        goTo(place - std::ptrdiff_t{kARow});
+        return true;
+    case Qt::Key_Down:
+        goTo(place + std::ptrdiff_t{kARow});
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        static_cast<QToolButton*>(watched)->click();
+        return true;
+    default:
+        return QObject::eventFilter(watched, event);
+    }
 }
 
 void PadColours::addRow(std::span<const PadColour> colours) {
@@ -93,12 +148,16 @@ void PadColours::addRow(std::span<const PadColour> colours) {
         button.setAccessibleName(text);
         button.setToolTip(text);
         layout.addWidget(&button);
+        button.installEventFilter(this);
+        buttons_.push_back(&button);
         connect(&button, &QToolButton::clicked, this, [this, colour] {
             menu_->close();
             choose(colour);
         });
     }
     layout.addStretch(1);
+    row.setFocusPolicy(Qt::StrongFocus); // the menu's own keys come to it, too
+    row.setFocusProxy(layout.itemAt(0)->widget());
     auto& action = makeChild<QWidgetAction>(menu_);
     action.setDefaultWidget(&row);
     menu_->addAction(&action);

@@ -9,7 +9,11 @@
 #include <QMenu>
 #include <QObject>
 
+#include <cstddef>
+#include <span>
 #include <vector>
+
+class QToolButton;
 
 namespace scenewright {
 
@@ -26,15 +30,24 @@ public:
     // The palettes as they stand now, to be shown at the mixed colour.
     [[nodiscard]] QMenu& menu() { return *menu_; }
 
+protected:
+    // Of a colour's button: the arrows go through the rows, Return chooses.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void fill();
     void addRow(std::span<const PadColour> colours);
+    void popUp(const QWidget& swatch);
+    void goTo(std::ptrdiff_t place);
     void chooseOther();
     [[nodiscard]] ButtonValue* pad() const;
 
     MainWindow& window_;
     History& history_;
-    QMenu* menu_;                 // child of the window
+    QMenu* menu_; // child of the window
+    // Of the menu as it stands now: the colours, row by row, and the entry below them.
+    std::vector<QToolButton*> buttons_;
+    QAction* other_ = nullptr;
     std::vector<PadColour> used_; // newest first
 };
 

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <algorithm>
 #include <array>
@@ -49,6 +50,12 @@ void drawBox(QPainter& painter, const QRectF& rect, const Box& box) {
 
 bool has(const QWidget* widget, const char* property) {
     return widget != nullptr && widget->property(property).toBool();
+}
+
+// Of a line to type into; the one of a box stands within the box's.
+bool hasOwnFrame(const QStyleOption& line) {
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&line);
+    return frame == nullptr || frame->lineWidth > 0;
 }
 
 bool isFlatFrame(const QWidget* widget) {
@@ -171,11 +178,16 @@ void WindowStyle::polish(QWidget* widget) {
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
     if (element == PE_PanelLineEdit) {
-        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-        if (frame == nullptr || frame->lineWidth > 0) // a box that can be typed into has its own
+        if (hasOwnFrame(*option))
             drawLine(*option, *painter);
     } else if (element == PE_PanelTipLabel)
         drawTip(*option, *painter);
+    else if (element == PE_FrameFocusRect && qobject_cast<const QToolButton*>(widget) != nullptr)
+        drawBox(*painter, widget->rect(),
+                {.fill = Qt::NoBrush,
+                 .edge = option->palette.color(QPalette::ButtonText),
+                 .pen = 2,
+                 .radius = kSegmentRadius});
     else if (element != PE_FrameFocusRect || qobject_cast<const QPushButton*>(widget) == nullptr)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
@@ -239,7 +251,7 @@ int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
 
 QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
-    if (element == SE_LineEditContents)
+    if (element == SE_LineEditContents && hasOwnFrame(*option))
         return option->rect.adjusted(kLineMargin, 0, -kLineMargin, 0);
     if (element == SE_ShapedFrameContents && isFlatFrame(widget))
         return option->rect.adjusted(1, 1, -1, -1);

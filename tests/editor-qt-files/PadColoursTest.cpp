@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include <cstdint>
+#include <utility>
 
 namespace scenewright::testing {
 
@@ -39,6 +40,37 @@ TEST_F(PadColoursTest, AColourOfThePaletteIsOneStepOfTheChosenPad) {
     commands().history().steps().undo();
     EXPECT_EQ(levels(kPad + 2), before);
     EXPECT_FALSE(commands().history().steps().canUndo());
+}
+
+TEST_F(PadColoursTest, KeysGoThroughTheRows) {
+    choose(kPad);
+    commands().colours().choose({127, 64, 0}); // the third of the first row
+    window().panes().swatch().click();
+    QMenu& menu = commands().colours().menu();
+    const auto at = [&menu] {
+        const QWidget* const focus = menu.focusWidget();
+        return focus == nullptr ? QString() : focus->accessibleName();
+    };
+    EXPECT_EQ(at(), "#ff8000");
+    for (const auto& [key, colour] : {std::pair{Qt::Key_Up, "#ff8000"},
+                                      {Qt::Key_Left, "#ff4000"},
+                                      {Qt::Key_Down, "#0080ff"},
+                                      {Qt::Key_Down, "#ffff00"},
+                                      {Qt::Key_Up, "#0080ff"},
+                                      {Qt::Key_Right, "#0000ff"}}) {
+        QTest::keyClick(menu.focusWidget(), key);
+        EXPECT_EQ(at(), colour);
+    }
+    for (int row = 0; row < 2; ++row) // the second palette's, and the entry below all
+        QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
+    ASSERT_NE(menu.activeAction(), nullptr);
+    EXPECT_EQ(menu.activeAction()->text(), "&Other Colour...");
+    QTest::keyClick(&menu, Qt::Key_Up);
+    EXPECT_EQ(at(), "#ff8000") << "the colour used last";
+    QTest::keyClick(menu.focusWidget(), Qt::Key_Up);
+    QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_EQ(levels(kPad), (PadColour{0, 0, 127})) << "the first of the second palette";
 }
 
 // Both palettes and, from the first choice on, what was used last.

@@ -1,9 +1,11 @@
 // That one sees where the keyboard is, measured in what is drawn: on an area as large as a line two
 // pixels wide around half the widget, colours with and without the keyboard differ by 3 to 1.
+#include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QTest>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cmath>
@@ -94,6 +96,18 @@ TEST_P(FocusContrast, IsThreeToOneInTheGainPanel) {
         expectSeen(*slider, *buttons.front());
     for (QPushButton* button : buttons)
         expectSeen(*button, *sliders.front());
+}
+
+// As the palette of pads has them.
+TEST_P(FocusContrast, IsThreeToOneOnAFlatToolButton) {
+    open();
+    applyTheme(GetParam());
+    auto& button = makeChild<QToolButton>(&window());
+    button.setFocusPolicy(Qt::StrongFocus);
+    button.setAutoRaise(true);
+    button.setGeometry(600, 80, 34, 34);
+    button.show();
+    expectSeen(button, window().displayModes());
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, FocusContrast, ::testing::Bool());
