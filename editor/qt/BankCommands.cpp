@@ -18,6 +18,7 @@
 #include <QUrl>
 
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace scenewright {
@@ -199,17 +200,18 @@ void BankCommands::exportSheet(const QString& file) {
 
 void BankCommands::print() {
     window_.finishTyping();
-    auto& dialog = makeChild<QPrintDialog>(&window_);
+    const auto printer = std::make_shared<QPrinter>();
+    printer->setDocName(bankSuggestion()); // which names a file that is printed to as well
+    auto& dialog = makeChild<QPrintDialog>(printer.get(), &window_);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     dialog.setMinMax(1, kSceneCount);
     dialog.setFromTo(1, kSceneCount);
-    connect(&dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
-            [this](QPrinter* printer) {
-                const QString file = QFileInfo(printer->outputFileName()).fileName();
-                const QString where = file.isEmpty() ? printer->printerName() : file;
-                showWritten(sheet().print(*printer), tr("Printed the sheet to %1").arg(where));
-            });
+    connect(&dialog, &QDialog::accepted, this, [this, printer] {
+        const QString file = QFileInfo(printer->outputFileName()).fileName();
+        const QString where = file.isEmpty() ? printer->printerName() : file;
+        showWritten(sheet().print(*printer), tr("Printed the sheet to %1").arg(where));
+    });
     dialog.open();
 }
 

@@ -42,6 +42,7 @@ constexpr qreal kColumnGap = 60;
 constexpr qreal kSendsPart = 0.42; // of what the names leave of the width
 constexpr std::int32_t kFirstKey = controlRange(ControlKind::Key).start; // in the right half
 constexpr qreal kPictureWidth = 940; // in device-independent pixels, as in the window
+constexpr qreal kPicturePart = 0.42; // of a page's height, at most, where that is the less
 constexpr std::int32_t kNumbers = 2; // the display mode
 constexpr qreal kPngDotsPerPoint = 150.0 / 72;
 constexpr QColor kInk(0, 0, 0);
@@ -76,8 +77,8 @@ QTextOption wrapped() {
     return option;
 }
 
-QSizeF unitsOf(QPageSize::PageSizeId paper) {
-    return QPageSize(paper).size(QPageSize::Point) * kUnitsPerPoint;
+QSizeF unitsOf(const QPageSize& paper) {
+    return paper.size(QPageSize::Point) * kUnitsPerPoint;
 }
 
 QRectF inside(const QRectF& paper) {
@@ -131,9 +132,9 @@ private:
 
 } // namespace
 
-QPageSize::PageSizeId SceneSheet::usualPaper() {
+QPageSize SceneSheet::usualPaper() {
     const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-    return isLetter ? QPageSize::Letter : QPageSize::A4;
+    return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
 }
 
 SceneSheet::SceneSheet(std::shared_ptr<const PopUpValue> lists, std::vector<Page> pages,
@@ -226,8 +227,10 @@ void SceneSheet::drawPage(QPainter& painter, const QRectF& room, const Page& pag
     painter.drawText(line, settings, wrapped());
     top += painter.boundingRect(line, settings, wrapped()).height() + kGap;
 
-    const qreal height = room.width() * drawing_.size().height() / drawing_.size().width();
-    drawPicture(painter, QRectF(room.left(), top, room.width(), height), scene);
+    const qreal ratio = drawing_.size().width() / drawing_.size().height();
+    const qreal height = std::min(room.width() / ratio, (room.bottom() - top) * kPicturePart);
+    const qreal left = room.center().x() - height * ratio / 2;
+    drawPicture(painter, QRectF(left, top, height * ratio, height), scene);
     const QRectF rest(QPointF(room.left(), top + height + kGap), room.bottomRight());
     const auto* const fitting = std::ranges::find_if(kTableFonts, [&](int font) {
         return drawTables(painter, rest, scene, font, false) <= rest.bottom();
@@ -258,12 +261,12 @@ void SceneSheet::drawAsStrip(QPainter& painter, const QSizeF& paper) {
                  pages_[page]);
 }
 
-bool SceneSheet::render(QIODevice& sink, const QString& suffix, QPageSize::PageSizeId paper) {
+bool SceneSheet::render(QIODevice& sink, const QString& suffix, const QPageSize& paper) {
     const QSizeF one = unitsOf(paper);
     const QSizeF all(one.width(), one.height() * static_cast<qreal>(pages_.size()));
     if (suffix == QLatin1String("pdf")) {
         QPdfWriter writer(&sink);
-        writer.setPageSize(QPageSize(paper));
+        writer.setPageSize(paper);
         writer.setPageMargins({});
         writer.setTitle(title_);
         return draw(writer, 0, pages_.size() - 1);
@@ -313,7 +316,7 @@ Result<void> SceneSheet::print(QPrinter& printer) {
     return replaced(file.toStdString(), bytes);
 }
 
-Result<void> SceneSheet::write(const std::filesystem::path& file, QPageSize::PageSizeId paper) {
+Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSize& paper) {
     if (drawing_.trouble())
         return failure(*drawing_.trouble());
     const QString suffix = QFileInfo(QString::fromStdString(file.string())).suffix().toLower();

@@ -35,7 +35,7 @@ public:
     };
 
     // Letter where people measure so, else A4.
-    [[nodiscard]] static QPageSize::PageSizeId usualPaper();
+    [[nodiscard]] static QPageSize usualPaper();
 
     // `title` stands on each page: the file, say.
     SceneSheet(std::shared_ptr<const PopUpValue> lists, std::vector<Page> pages, QString title);
@@ -44,8 +44,7 @@ public:
 
     // As the file's name ends: a PDF with all pages, or an SVG or PNG with the pages below one
     // another. On error the file is what it was.
-    [[nodiscard]] Result<void> write(const std::filesystem::path& file,
-                                     QPageSize::PageSizeId paper);
+    [[nodiscard]] Result<void> write(const std::filesystem::path& file, const QPageSize& paper);
     // On the paper and the pages that were chosen for the printer, which is one or a file. On error
     // the file is what it was.
     [[nodiscard]] Result<void> print(QPrinter& printer);
@@ -76,7 +75,7 @@ private:
     // them.
     [[nodiscard]] bool draw(QPagedPaintDevice& device, std::size_t first, std::size_t last);
     void drawAsStrip(QPainter& painter, const QSizeF& paper);
-    [[nodiscard]] bool render(QIODevice& sink, const QString& suffix, QPageSize::PageSizeId paper);
+    [[nodiscard]] bool render(QIODevice& sink, const QString& suffix, const QPageSize& paper);
 
     std::shared_ptr<const PopUpValue> lists_;
     std::vector<Page> pages_;

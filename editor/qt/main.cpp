@@ -170,10 +170,10 @@ int drawSheet(const Arguments& arguments, int argc, char** argv) {
     if (const auto checked = checkShownTitles(); !checked)
         reportError(checked.error(), EXIT_SUCCESS);
     SceneSheet sheet(loadShownPopUpValue(), std::move(pages), shown(file.filename().string()));
-    const auto written =
-        sheet.write(arguments.text("--sheet"), paper.empty()       ? SceneSheet::usualPaper()
-                                               : paper == "Letter" ? QPageSize::Letter
-                                                                   : QPageSize::A4);
+    const auto written = sheet.write(
+        arguments.text("--sheet"),
+        paper.empty() ? SceneSheet::usualPaper()
+                      : QPageSize(paper == "Letter" ? QPageSize::Letter : QPageSize::A4));
     return written ? EXIT_SUCCESS : reportError(written.error(), kExitError);
 }
 

@@ -41,13 +41,13 @@ protected:
     [[nodiscard]] std::string file(const char* name) const { return folder_.file(name); }
     // What is written to a file of that name.
     [[nodiscard]] QByteArray written(const char* name, SceneSheet drawn = sheet(),
-                                     QPageSize::PageSizeId paper = QPageSize::A4) const {
+                                     const QPageSize& paper = QPageSize(QPageSize::A4)) const {
         const auto done = drawn.write(file(name), paper);
         EXPECT_TRUE(done) << (done ? "" : done.error());
         QFile bytes(QString::fromStdString(file(name)));
         return bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray();
     }
-    [[nodiscard]] QImage picture(QPageSize::PageSizeId paper = QPageSize::A4) const {
+    [[nodiscard]] QImage picture(const QPageSize& paper = QPageSize(QPageSize::A4)) const {
         return QImage::fromData(written("sheet.png", sheet(), paper), "PNG");
     }
 
@@ -88,13 +88,20 @@ TEST_F(SceneSheetTest, APdfHasAPageEachScene) {
 }
 
 TEST_F(SceneSheetTest, APictureHasThePagesBelowOneAnotherOnWhitePaper) {
-    const QImage letter = picture(QPageSize::Letter);
+    const QImage letter = picture(QPageSize(QPageSize::Letter));
     EXPECT_EQ(letter.size(), QSize(1275, 4 * 1650));
     expectWithinMargins(letter, 4);
     const QImage a4 = picture();
     EXPECT_NEAR(a4.width(), 1240, 1);
     EXPECT_NEAR(a4.height(), 4 * 1754, 8);
     expectWithinMargins(a4, 4);
+}
+
+TEST_F(SceneSheetTest, APageOfAnyShapeKeepsItsMargins) {
+    for (const QSizeF size : {QSizeF(842, 595), QSizeF(420, 595)}) {
+        const QPageSize paper(size, QPageSize::Point, "any", QPageSize::ExactMatch);
+        expectWithinMargins(QImage::fromData(written("any.png", sheet(1), paper), "PNG"), 1);
+    }
 }
 
 // Every pad and key sends a controller with a long name, in each language.
@@ -148,7 +155,7 @@ TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
              {"live.gif", ": a sheet is written to a file that ends in one of pdf, svg, png"},
              {"live", ": a sheet is written to a file that ends in one of pdf, svg, png"},
              {"none/live.pdf", ": No such file or directory."}}) {
-        const auto done = sheet().write(file(name.c_str()), QPageSize::A4);
+        const auto done = sheet().write(file(name.c_str()), QPageSize(QPageSize::A4));
         ASSERT_FALSE(done);
         EXPECT_TRUE(done.error().ends_with(sentence)) << done.error();
     }
