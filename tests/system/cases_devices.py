@@ -61,6 +61,11 @@ def case_two_keyboards_in_one_evening(rig):
     """Read from one, send to the other; the port tells them apart, as all else is alike."""
     first, second = (rig.plug(port=port, bank=some_bank(port + 1)) for port in (0, 1))
     out = rig.file("first.bank")
+    one, other = (
+        f"{each.name} (Virtual Controller, serial number 0001)" for each in (first, second)
+    )
+    told = f"2 keyboards are plugged in, and {one} is used; --device chooses another one: {other}"
+    check_equal(rig.run(CLI, "read", out), (0, f"scenewright-cli: {told}\n"), "read without --device")
     check_equal(rig.run(CLI, "--device", first.name, "read", out), (0, ""), "read")
     assert out.read_bytes() == some_bank(1), "what was read is not the first keyboard's bank"
     read = first.carried("ep1 in")
@@ -72,9 +77,8 @@ def case_two_keyboards_in_one_evening(rig):
         check_equal(rig.run(CLI, "earlier", "list", "--json", stdout=sink), (0, ""), "earlier")
     assert f"({second.name})" in answer.read_text(), "what was replaced does not tell from where"
     first.unplug()
-    there = f"{second.name} (Virtual Controller, serial number 0001)"
     check_equal(rig.run(CLI, "--device", first.name, "read", out),
-                (1, f"scenewright-cli: There is no keyboard {first.name}; plugged in: {there}\n"),
+                (1, f"scenewright-cli: There is no keyboard {first.name}; plugged in: {other}\n"),
                 "a read from the one that is unplugged")
 
 
