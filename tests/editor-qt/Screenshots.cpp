@@ -1,5 +1,6 @@
 // Takes the pictures of the window that the documentation shows: one of the editor, one of each
-// pane. `scenewright-screenshots FOLDER [--dark] [--size WIDTHxHEIGHT] [--modes]
+// pane, and those of GuidePictures.h. `scenewright-screenshots FOLDER [--dark] [--size
+// WIDTHxHEIGHT] [--modes]
 // [--language LANGUAGE] [--situations]`; with --modes one more of each display mode, with
 // --situations those of Situations.h.
 #include "app/WindowAction.h"
@@ -11,6 +12,7 @@
 #include "editor/qt/Translation.h"
 #include "platform/Arguments.h"
 #include "protocol/SceneImage.h"
+#include "tests/editor-qt/GuidePictures.h"
 #include "tests/editor-qt/Situations.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
@@ -104,6 +106,7 @@ int takeAll(const Order& order) {
     EditorCommands commands(window, order.wantsSituations ? std::make_shared<Keyboards>(
                                                                 "", [] { return picturedDevices; })
                                                           : nullptr);
+    commands.useVirtual();
     // Also on a screen that is smaller, as the one in memory is.
     const QStringList sides = QString::fromStdString(order.size.empty() ? "1180x720" : order.size)
                                   .split(QLatin1Char('x'));
@@ -113,14 +116,14 @@ int takeAll(const Order& order) {
     QApplication::processEvents();
     window.picture().button(14)->click();
     QApplication::processEvents();
-    const bool isDone =
-        keep(window.grab(), order, "editor") && keepPanes(window, order) &&
-        keep(window.gainPanel().grab(), order, "gain") &&
-        (!order.wantsModes || keepModes(window, order)) &&
-        (!order.wantsSituations ||
-         keepSituations(window, commands, [&](const QPixmap& picture, const std::string& name) {
-             return keep(picture, order, name);
-         }));
+    const auto keepOne = [&order](const QPixmap& picture, const std::string& name) {
+        return keep(picture, order, name);
+    };
+    const bool isDone = keepOne(window.grab(), "editor") && keepPanes(window, order) &&
+                        keepOne(window.gainPanel().grab(), "gain") &&
+                        (!order.wantsModes || keepModes(window, order)) &&
+                        keepGuidePictures(window, commands, keepOne) &&
+                        (!order.wantsSituations || keepSituations(window, commands, keepOne));
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

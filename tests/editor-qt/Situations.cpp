@@ -168,7 +168,6 @@ bool keepKeyboards(MainWindow& window, EditorCommands& commands, const Keep& kee
 // What the keyboard plays and sends is the virtual controller's.
 bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     plugIn({});
-    commands.useVirtual();
     window.commands().read();
     settle(window);
     QAction& play = *window.menu().view().actions().back();
