@@ -1,5 +1,4 @@
-#include "cli/TransferWatch.h"
-
+#include "cli/Transaction.h"
 #include "platform/Process.h"
 #include "tests/support/NoMoreThreads.h"
 
