@@ -4,9 +4,8 @@
 #include "model/FileAction.h"
 #include "model/MessageValue.h"
 #include "model/PopUpValue.h"
+#include "platform/Diagnostics.h"
 #include "protocol/Transactions.h"
-
-#include <fmt/printf.h>
 
 #include <memory>
 #include <stdexcept>
@@ -32,7 +31,7 @@ Store& store() {
 // Of records of its own. `number` counts from 1.
 std::shared_ptr<SceneValue> namedCopy(const SceneValue& scene, std::size_t number) {
     auto common = std::make_shared<CommonValue>(*scene.commonValue());
-    common->setSceneName(fmt::sprintf("SCENE%d", number));
+    common->setSceneName(printfText("SCENE%d", number));
     std::vector<std::shared_ptr<ButtonValue>> buttons;
     for (const auto& button : scene.buttonValueArray())
         buttons.push_back(std::make_shared<ButtonValue>(*button));
@@ -71,7 +70,7 @@ SceneList WindowAction::defaultScenes() {
 std::shared_ptr<SceneValue> WindowAction::getSceneWithIndex(std::int32_t index) {
     const SceneList& scenes = store().scenes;
     if (index < 0 || static_cast<std::size_t>(index) >= scenes.size())
-        throw std::out_of_range(fmt::sprintf("no scene %d", index));
+        throw std::out_of_range(printfText("no scene %d", index));
     return scenes[static_cast<std::size_t>(index)];
 }
 

@@ -4,10 +4,10 @@
 #include "model/ControlOutput.h"
 #include "model/MidiNames.h"
 #include "model/Setting.h"
+#include "platform/Diagnostics.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
-#include <fmt/printf.h>
 
 #include <algorithm>
 #include <array>
@@ -94,7 +94,7 @@ std::string summaryOf(const Row& row, const PopUpValue& lists, const ButtonValue
     if (row.field == nullptr)
         return format;
     const std::string* title = titleAt(row.list->of(lists), row.field->of(record));
-    return title == nullptr ? kNothing : fmt::sprintf(format, *title);
+    return title == nullptr ? kNothing : printfText(format, *title);
 }
 
 // What is said of a setting; the phrases of a kind follow each other by their place.

@@ -6,8 +6,6 @@
 #include "model/Setting.h"
 #include "platform/Diagnostics.h"
 
-#include <fmt/printf.h>
-
 namespace scenewright {
 
 namespace {
@@ -15,7 +13,7 @@ namespace {
 std::string describe(const SceneValue& scene) {
     const std::string name =
         scene.commonValue() ? displayName(scene.commonValue()->SceneName()) : "";
-    return fmt::sprintf("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
+    return printfText("SceneValue %s, %d controls", name, scene.buttonValueArray().size());
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include "platform/Diagnostics.h"
 
-#include <fmt/printf.h>
-
 #include <array>
 
 namespace scenewright {
@@ -77,7 +75,7 @@ void GainController::changeAction(const Slider& sender) {
 void GainController::showValueWithTag_andValue(std::int32_t tag, std::int32_t value) {
     if (isTag(tag))
         (this->*kGainRows[static_cast<std::size_t>(tag) - 1].label)()->setText(
-            fmt::sprintf("%d/127", value));
+            printfText("%d/127", value));
 }
 
 void GainController::doOKAction() {

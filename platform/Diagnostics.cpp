@@ -135,6 +135,10 @@ Result<void> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink)
 
 } // namespace
 
+std::string formatPrintf(std::string_view format, fmt::printf_args values) {
+    return fmt::vsprintf(fmt::string_view(format), values);
+}
+
 void Diagnostics::setConsole(Sink sink) {
     consoleStream().set(std::move(sink));
 }

@@ -29,7 +29,7 @@ void startReading(MessageValue& message) {
     Diagnostics::log("%s %s %s %s", replyText(reply[0]), replyText(reply[1]), replyText(reply[2]),
                      replyText(reply[3]));
     Diagnostics::log("读取次数---->%d", kSceneCount);
-    message.setMessage(fmt::sprintf("read Time:%d", kSceneCount));
+    message.setMessage(printfText("read Time:%d", kSceneCount));
     Diagnostics::log("开始读取数据");
 }
 
@@ -43,7 +43,7 @@ std::uint8_t joinNibbles(std::uint8_t high, std::uint8_t low) {
 
 std::uint8_t readByte(std::int32_t pass, std::int32_t index, MessageValue& message) {
     writePacket(packets::kReadNext);
-    message.setMessage(fmt::sprintf("Time:%d  Data:%d/%d", pass, index, kByteCount));
+    message.setMessage(printfText("Time:%d  Data:%d/%d", pass, index, kByteCount));
     const auto reply = InterfaceAction::ReadDataFromDevice();
     return joinNibbles(reply[2], reply[3]);
 }

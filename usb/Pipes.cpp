@@ -103,7 +103,7 @@ std::vector<std::string> InterfaceAction::ReadVersionFromDevice() {
     std::vector<std::string> texts;
     texts.reserve(kVersionSize);
     for (const std::uint8_t byte : reply)
-        texts.push_back(fmt::sprintf("%02x", byte));
+        texts.push_back(printfText("%02x", byte));
     return texts;
 }
 
