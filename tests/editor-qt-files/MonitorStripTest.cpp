@@ -193,6 +193,7 @@ TEST_F(MonitorStripTest, NothingIsChosenWhileAPopupOrADialogIsOpen) {
     strip().chooseAction().setChecked(true);
     choose(kKnob);
     QMenu menu(&window());
+    menu.addAction("Entry"); // not every version of Qt opens one without
     menu.popup({});
     play({kPadOn});
     EXPECT_EQ(window().view().selectControl(), kKnob);

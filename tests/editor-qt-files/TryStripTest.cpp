@@ -100,6 +100,7 @@ TEST_F(TryStripTest, TheEndTellsWhatWasFoundAndTheReportIsCopied) {
 TEST_F(TryStripTest, ThePictureStaysWhileAMenuIsOpen) {
     begin();
     QMenu menu(&window());
+    menu.addAction("Entry"); // not every version of Qt opens one without
     menu.popup({});
     touch({0xB0, 74, 5});
     EXPECT_EQ(window().view().selectControl(), kKnob);

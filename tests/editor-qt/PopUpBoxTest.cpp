@@ -239,7 +239,9 @@ TEST_F(PopUpBoxTest, ABlankBelongsToATextAndOpensTheListElse) {
     box_.setNames(kNames);
     QTest::keyClicks(&box_, "sustain pedal");
     EXPECT_EQ(box_.selectedItem(), 2);
-    EXPECT_EQ(box_.findChild<QAbstractItemView*>(), nullptr); // no list was made
+    // Some versions of Qt make the list with the box, others when it opens.
+    const auto* const list = box_.findChild<QAbstractItemView*>();
+    EXPECT_FALSE(list != nullptr && list->isVisible());
     QTest::keyClick(&box_, Qt::Key_Return);
     EXPECT_EQ(chosen_, Choices{2});
 
