@@ -16,7 +16,6 @@ namespace scenewright {
 ScenesKeeper::ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
                            std::shared_ptr<Recovery> recovery)
     : window_(window), earlier_(earlier), recovery_(std::move(recovery)) {
-    delay_.setSingleShot(true);
     delay_.setInterval(kDelay);
     connect(&delay_, &QTimer::timeout, this, &ScenesKeeper::flush);
     connect(&history, &History::changed, this, &ScenesKeeper::follow);

@@ -146,6 +146,7 @@ TEST_F(KeyboardCommandsTest, ThePickerIsThereWhileThereIsAChoice) {
     look();
     EXPECT_FALSE(picker().isHidden());
     EXPECT_EQ(picker().text(), "1-1 (Keys)");
+    EXPECT_EQ(picker().accessibleDescription(), "Which keyboard to use");
     EXPECT_EQ(picks(), (QStringList{"[1-1 (Keys)]", "1-2 (Pads && Keys, serial number A17)"}));
     pick(1);
     EXPECT_EQ(keyboards->chosen(), "A17");

@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include <cstdint>
+#include <optional>
 
 namespace scenewright::testing {
 
@@ -104,6 +105,11 @@ TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
     EXPECT_FALSE(button(kThirdPad).isPlayed());
     EXPECT_TRUE(button(kKnob).isPlayed());
     EXPECT_EQ(button(kKnob).travel(), 1.0);
+    record(kPad).setAssignType(kAssignController);
+    record(kPad).setCCOrNoteNumber(20);
+    play({{0xB9, 20, 127}});
+    EXPECT_TRUE(button(kPad).isPlayed());
+    EXPECT_EQ(button(kPad).travel(), std::nullopt) << "it goes on and off";
     EXPECT_TRUE(waitUntil([&] { return !button(kKnob).isPlayed(); }));
 }
 

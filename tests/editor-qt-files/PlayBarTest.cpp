@@ -244,6 +244,8 @@ TEST_F(PlayBarTest, TheVirtualControllerPlaysWhatItHoldsAndTheMonitorHearsIt) {
     commands().monitor().action().setChecked(true);
     record(kPad).setCCOrNoteNumber(99); // in the window alone
     window().menu().view().actions().back()->setChecked(true);
+    EXPECT_EQ(commands().playing().findChild<SpokenText*>()->text(),
+              "Playing scene 1 as the virtual controller holds it");
     QTest::mouseClick(&button(kPad), Qt::LeftButton);
     MonitorLines& lines = commands().monitor().lines();
     ASSERT_TRUE(waitUntil([&] { return lines.rowCount() == 2; }));

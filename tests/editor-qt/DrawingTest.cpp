@@ -4,6 +4,7 @@
 #include "platform/Resources.h"
 #include "tests/support/TempFolder.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -90,6 +91,22 @@ TEST(KeyboardDrawing, TagWithoutAPlaceHasNone) {
     const DeviceDrawing drawing;
     EXPECT_TRUE(drawing.place(0).isEmpty());
     EXPECT_TRUE(drawing.place(46).isEmpty());
+}
+
+TEST(DevicePicture, EachControlFillsItsPlaceHoweverLargeThePictureIs) {
+    DevicePicture picture;
+    picture.show();
+    for (const int width : {504, 940, 1880}) {
+        picture.resize(width, width);
+        QApplication::processEvents();
+        const qreal scale = width / picture.drawing().size().width();
+        for (std::int32_t tag = 1; tag <= 45; ++tag) {
+            const QRectF place = picture.drawing().place(tag);
+            EXPECT_NEAR(picture.button(tag)->width(), place.width() * scale, 1) << tag;
+            EXPECT_NEAR(picture.button(tag)->height(), place.height() * scale, 1) << tag;
+            EXPECT_NEAR(picture.button(tag)->x(), place.x() * scale, 1) << tag;
+        }
+    }
 }
 
 // What is wrong with a drawing of this text.
