@@ -1,4 +1,5 @@
 #include "cli/Transaction.h"
+
 #include "platform/Process.h"
 #include "tests/support/NoMoreThreads.h"
 
