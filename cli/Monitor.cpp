@@ -38,13 +38,6 @@ std::vector<std::string> senders(const SceneList& bank, const MidiMessage& messa
     return paths;
 }
 
-struct MonitorRequest {
-    std::string bank;   // empty for none
-    std::string device; // the same
-    bool asJson = false;
-    bool showsAll = false;
-};
-
 int follow(Sequencer& sequencer, Monitor& monitor) {
     const Waiting waiting;
     if (!monitor.start())
@@ -59,21 +52,20 @@ int follow(Sequencer& sequencer, Monitor& monitor) {
     return kExitDone;
 }
 
-int runMonitor(const MonitorRequest& request) {
+// The options are without the bank and the names; those of a bank and of a device may be empty.
+int runMonitor(const std::string& bankName, const std::string& device, MonitorOptions options) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    MonitorOptions options{.asJson = request.asJson,
-                           .showsAll = request.showsAll,
-                           .hasBank = !request.bank.empty(),
-                           .noteNames = (*lists)->pad_NoteNumber_Array()};
+    options.noteNames = (*lists)->pad_NoteNumber_Array();
+    options.hasBank = !bankName.empty();
     if (options.hasBank) {
-        auto bank = loadBank(request.bank);
+        auto bank = loadBank(bankName);
         if (!bank)
             return reportError(bank.error(), kExitUsage);
         options.bank = std::move(bank->scenes);
     }
-    const Keyboards keyboards(request.device);
+    const Keyboards keyboards(device);
     const auto sequencer = openListening(keyboards, "Scenewright monitor");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
@@ -117,13 +109,14 @@ std::string Monitor::line(const MidiMessage& message, Clock::time_point now) con
 }
 
 CommandChoice monitorCommand(const Arguments& arguments) {
-    const MonitorRequest request{.bank = arguments.text("--bank"),
-                                 .device = arguments.text("--device"),
-                                 .asJson = arguments.has("--json"),
+    const MonitorOptions options{.asJson = arguments.has("--json"),
                                  .showsAll = arguments.has("--all")};
-    CommandChoice choice{.run = [request] { return runMonitor(request); }};
-    if (!request.bank.empty())
-        choice.files = {bankToRead(request.bank, "the bank whose controls are told")};
+    const std::string bank = arguments.text("--bank");
+    CommandChoice choice{.run = [bank, device = arguments.text("--device"), options] {
+        return runMonitor(bank, device, options);
+    }};
+    if (!bank.empty())
+        choice.files = {bankToRead(bank, "the bank whose controls are told")};
     return choice;
 }
 
