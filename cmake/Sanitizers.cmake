@@ -10,6 +10,13 @@ add_compile_options(
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 add_link_options(-fsanitize=${SCENEWRIGHT_SANITIZE})
 
+# Some tests replace the program's operator new, and so does what clang links for threads, but for a
+# program of C. What is allocated is heard of all the same: each of them calls malloc().
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND SCENEWRIGHT_SANITIZE STREQUAL thread)
+    add_link_options(--driver-mode=gcc)
+    link_libraries(stdc++ m)
+endif()
+
 # Such programs are large, and these linkers take a fraction of the usual one's time. Newer systems have
 # the first in a package of its own, or not at all.
 set(linker gold)
