@@ -202,14 +202,14 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
                  isDown(), underMouse() && isEnabled(), look_.isPlayed, look_.travel});
     drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));
-    if (look_.image)
-        drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
-    else if (look_.isTaken)
+    if (look_.isTaken && !look_.image)
         drawTaken(painter, shapeOf(kind_, tag_), rect());
-    if (look_.isMarked)
-        drawDot(painter);
     if (hasFocus())
         drawFocus(painter);
+    if (look_.image) // its tick lies on the ring
+        drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    if (look_.isMarked)
+        drawDot(painter);
 }
 
 // In the upper right corner, inside the mark of a chosen control.

@@ -94,8 +94,7 @@ FillDialog::FillDialog(MainWindow& window, What what)
       range_(*controlRangeOf(window.choice().selection().chosen())),
       members_(membersOf(window.choice().selection(), range_)), offered_(offersOf(range_.kind)),
       filled_(failure(std::string())), whats_(&makeChild<PopUpBox>(this)),
-      pages_(&makeChild<QStackedWidget>(this)), told_(&makeChild<QLabel>(this)),
-      accept_(&makeChild<QPushButton>(tr("F&ill"), this)) {
+      pages_(&makeChild<QStackedWidget>(this)), told_(&makeChild<QLabel>(this)) {
     setWindowTitle(tr("Fill %1").arg(shown(alikeTitle(window.choice().selection()))));
     setAccessibleName(windowTitle());
     auto& column = makeChild<QVBoxLayout>(this);
@@ -114,6 +113,7 @@ FillDialog::FillDialog(MainWindow& window, What what)
     for (const What offered : offered_)
         addPage(offered);
     told_->setWordWrap(true);
+    told_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     told_->setTextFormat(Qt::PlainText);
     told_->setMinimumHeight(2 * fontMetrics().lineSpacing()); // nothing moves when it speaks
     column.addWidget(told_, 1, Qt::AlignTop);
@@ -211,6 +211,7 @@ void FillDialog::addButtons(QVBoxLayout& column) {
     auto& buttons = makeChild<QHBoxLayout>(&row);
     buttons.setContentsMargins(0, 0, 0, 0);
     auto& cancel = makeChild<QPushButton>(tr("Cance&l"), this);
+    accept_ = &makeChild<QPushButton>(tr("F&ill"), this); // the last stop of the Tab key
     accept_->setDefault(true);
     buttons.addStretch(1);
     for (QPushButton* button : {&cancel, accept_}) {

@@ -74,7 +74,7 @@ private:
     QPushButton* toColour_ = nullptr;
     QSpinBox* semitones_ = nullptr;
     QLabel* told_;
-    QPushButton* accept_;
+    QPushButton* accept_ = nullptr;
 };
 
 } // namespace scenewright

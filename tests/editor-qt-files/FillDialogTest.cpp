@@ -59,6 +59,22 @@ TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
     EXPECT_FALSE(commands().history().steps().canUndo());
 }
 
+TEST_F(FillDialogTest, TheTabKeyGoesFromTheFieldsToTheButtons) {
+    choose(kPad);
+    inDialog(fill(), [](FillDialog& dialog) {
+        QStringList stops;
+        const QWidget* const first = &field<PopUpBox>(dialog, "Fill with");
+        for (const QWidget* at = first; stops.isEmpty() || at != first; at = at->nextInFocusChain())
+            if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
+                stops.append(at->accessibleName());
+        stops.removeAll(QString()); // the line in a box
+        EXPECT_EQ(stops,
+                  (QStringList{"Fill with", "First note", "Scale or steps", "Cancel", "Fill"}))
+            << stops.join(", ").toStdString();
+        dialog.reject();
+    });
+}
+
 TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
     chooseAll(kPad);
     const Numbers before = numbers();
