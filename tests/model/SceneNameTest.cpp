@@ -2,81 +2,61 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 namespace scenewright {
 namespace {
 
-std::string shown(const char* bytes, std::size_t size) {
-    return displayName(std::string_view(bytes, size));
-}
+using namespace std::string_view_literals;
 
-TEST(SceneName, ZeroBytesAtTheEndAreNotShown) {
-    EXPECT_EQ(shown("ABC\0\0\0\0\0\0\0\0\0", 12), "ABC");
-    EXPECT_EQ(shown("\0\0\0\0\0\0\0\0\0\0\0\0", 12), "");
-    EXPECT_EQ(displayName(""), "");
-}
+struct Row {
+    const char* rule;
+    std::string_view stored;
+    std::string_view shown;
+};
 
-TEST(SceneName, TwelvePlainCharactersAreShownAsTheyAre) {
-    EXPECT_EQ(displayName("Main stage 1"), "Main stage 1");
-}
+constexpr Row kRows[] = {
+    {"zero bytes at the end are not shown", "ABC\0\0\0\0\0\0\0\0\0"sv, "ABC"},
+    {"nor twelve of them", "\0\0\0\0\0\0\0\0\0\0\0\0"sv, ""},
+    {"nothing is nothing", "", ""},
+    {"plain characters are as they are", "Main stage 1", "Main stage 1"},
+    {"blanks at the end stay", "AB  \0"sv, "AB  "},
+    {"two bytes a character", "Bühne", "Bühne"},
+    {"three", "舞台", "舞台"},
+    {"four", "\xF0\x9F\x8E\xB9", "\xF0\x9F\x8E\xB9"},
+    {"first of one byte", "\x20", "\x20"},
+    {"last of one byte", "\x7E", "\x7E"},
+    {"first of two that is no control", "\xC2\xA0", "\xC2\xA0"},
+    {"last of two", "\xDF\xBF", "\xDF\xBF"},
+    {"first of three", "\xE0\xA0\x80", "\xE0\xA0\x80"},
+    {"last before the surrogates", "\xED\x9F\xBF", "\xED\x9F\xBF"},
+    {"first after them", "\xEE\x80\x80", "\xEE\x80\x80"},
+    {"last of three", "\xEF\xBF\xBF", "\xEF\xBF\xBF"},
+    {"first of four", "\xF0\x90\x80\x80", "\xF0\x90\x80\x80"},
+    {"last of all", "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
+    {"a zero byte within", "A\0B\0"sv, "A\uFFFDB"},
+    {"an escape", "A\x1B[2J", "A\uFFFD[2J"},
+    {"line feed, tab and delete", "A\nB\tC\x7F", "A\uFFFDB\uFFFDC\uFFFD"},
+    {"the last control character", "\x1F\x20", "\uFFFD "},
+    {"first control character of two bytes", "\xC2\x80", "\uFFFD\uFFFD"},
+    {"last control character of two bytes", "\xC2\x9F", "\uFFFD\uFFFD"},
+    {"bytes of no character", "\xFF\xFE\x41", "\uFFFD\uFFFDA"},
+    {"a byte that only goes on", "\x80", "\uFFFD"},
+    {"five bytes", "\xF8\x88\x80\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
+    {"a character cut at the end", "Eleven char\xC3", "Eleven char\uFFFD"},
+    {"one of three bytes cut", "A\xE8\x88", "A\uFFFD\uFFFD"},
+    {"one that another interrupts", "\xE8\x41\x9E", "\uFFFDA\uFFFD"},
+    {"a longer form, of two bytes", "\xC1\x81", "\uFFFD\uFFFD"},
+    {"of three", "\xE0\x9F\xBF", "\uFFFD\uFFFD\uFFFD"},
+    {"of four", "\xF0\x8F\xBF\xBF", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+    {"the first surrogate", "\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
+    {"the last", "\xED\xBF\xBF", "\uFFFD\uFFFD\uFFFD"},
+    {"a point past the last", "\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+};
 
-TEST(SceneName, BlanksAtTheEndStay) {
-    EXPECT_EQ(shown("AB  \0", 5), "AB  ");
-}
-
-TEST(SceneName, CharactersOfEveryLengthAreShown) {
-    EXPECT_EQ(displayName("Bühne"), "Bühne");
-    EXPECT_EQ(displayName("舞台"), "舞台");
-    EXPECT_EQ(displayName("\xF0\x9F\x8E\xB9"), "\xF0\x9F\x8E\xB9");
-}
-
-TEST(SceneName, FirstAndLastCharacterOfEachLengthAreShown) {
-    for (const std::string_view text :
-         {"\x20", "\x7E", "\xC2\xA0", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
-          "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"})
-        EXPECT_EQ(displayName(text), text);
-}
-
-TEST(SceneName, ZeroByteWithinTheNameShowsAsReplacement) {
-    EXPECT_EQ(shown("A\0B\0", 4), "A\uFFFDB");
-}
-
-TEST(SceneName, ControlCharactersShowAsReplacement) {
-    EXPECT_EQ(displayName("A\x1B[2J"), "A\uFFFD[2J");
-    EXPECT_EQ(displayName("A\nB\tC\x7F"), "A\uFFFDB\uFFFDC\uFFFD");
-    EXPECT_EQ(displayName("\x1F\x20"), "\uFFFD ");
-}
-
-TEST(SceneName, ControlCharactersOfTwoBytesAreNotShown) {
-    EXPECT_EQ(displayName("\xC2\x80"), "\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xC2\x9F"), "\uFFFD\uFFFD");
-}
-
-TEST(SceneName, EachByteThatIsNoTextShowsAsReplacement) {
-    EXPECT_EQ(displayName("\xFF\xFE"
-                          "A"),
-              "\uFFFD\uFFFDA");
-    EXPECT_EQ(displayName("\x80"), "\uFFFD");
-    EXPECT_EQ(displayName("\xF8\x88\x80\x80\x80"), "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
-}
-
-TEST(SceneName, CharacterCutInTwoShowsAsReplacement) {
-    EXPECT_EQ(displayName("Eleven char\xC3"), "Eleven char\uFFFD");
-    EXPECT_EQ(displayName("A\xE8\x88"), "A\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xE8"
-                          "A\x9E"),
-              "\uFFFDA\uFFFD");
-}
-
-TEST(SceneName, LongerFormsOfACharacterAreNoText) {
-    EXPECT_EQ(displayName("\xC1\x81"), "\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xE0\x9F\xBF"), "\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xF0\x8F\xBF\xBF"), "\uFFFD\uFFFD\uFFFD\uFFFD");
-}
-
-TEST(SceneName, SurrogatesAndPointsPastTheLastAreNoText) {
-    EXPECT_EQ(displayName("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xED\xBF\xBF"), "\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(displayName("\xF4\x90\x80\x80"), "\uFFFD\uFFFD\uFFFD\uFFFD");
+TEST(SceneName, WhatIsNoTextShowsAsReplacementAndTheRestAsItIs) {
+    for (const Row& row : kRows)
+        EXPECT_EQ(displayName(row.stored), row.shown) << row.rule;
 }
 
 } // namespace
