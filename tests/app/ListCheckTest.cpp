@@ -1,6 +1,7 @@
 #include "app/ListCheck.h"
 
 #include "platform/Resources.h"
+#include "platform/Text.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -46,6 +47,19 @@ protected:
 
 TEST_F(ListCheckTest, TheShippedListsServe) {
     EXPECT_EQ(listErrors(), std::vector<std::string>{});
+}
+
+TEST_F(ListCheckTest, AListOfTheLanguageThatCannotBeReadIsTold) {
+    write("basic", shipped("basic"));
+    write("basic_de", "nothing of the kind");
+    EXPECT_EQ(listErrors(), std::vector<std::string>{}) << "of another language";
+    setTranslator([](SourceText text) {
+        return text.written == std::string("basic") ? std::string("basic_de") : text.written;
+    });
+    const auto errors = listErrors();
+    setTranslator(nullptr);
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_NE(errors.front().find(folder.file("basic_de.plist")), std::string::npos);
 }
 
 TEST_F(ListCheckTest, AListThatCannotBeReadNamesItsFile) {

@@ -49,6 +49,11 @@ TEST(ControlSelection, TheLastOneTakenInIsTheChosenOne) {
                      chosen.toggle(0);
                  },
                  {0}},
+             Row{"nor do they stand beside what is added",
+                 [](ControlSelection& chosen) {
+                     chosen.add(Controls{kPad, kPad + 1});
+                 },
+                 {kPad, kPad + 1}},
              Row{"nor is extended from them",
                  [](ControlSelection& chosen) { chosen.extendTo(kKnob); },
                  {kKnob}},
