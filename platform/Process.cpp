@@ -120,7 +120,8 @@ void reportError(std::string_view program, std::string_view sentence) noexcept {
         // A file's name or an argument in it may hold anything, a terminal's commands included.
         writeStandardError(std::string(program) + ": " + readableText(sentence) + '\n');
     } catch (const std::exception&) {
-        writeStandardError("out of memory\n");
+        for (const std::string_view part : {program, std::string_view(": out of memory\n")})
+            writeStandardError(part);
     }
 }
 
