@@ -22,6 +22,7 @@ class Subject:
     errors: tuple = (1, 2)  # the exit codes by which it may tell a failure
     may_stay: tuple = ()  # files that it may have written before it failed
     given: str = ""  # the file that is its standard input
+    may_lack: bool = False  # an input that ends at once is work done
     sends: str = ""  # the file that it sends
 
     def sent(self, before):

@@ -49,6 +49,7 @@ ERRORS = {
     "getdents64": ("EIO",),
     "clone3": ("EAGAIN",),
     "poll": ("EINTR", "ENOMEM"),
+    "signalfd4": ("EMFILE",),
     "ioctl": ("EIO",),
     "mmap": ("ENOMEM",),
 }

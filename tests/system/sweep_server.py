@@ -9,6 +9,7 @@ from pathlib import Path
 import sweep_judge
 import sweep_run
 from sweep_commands import Job
+from sweep_subjects import ORDERS
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "virtual/usbip"))
 
@@ -19,6 +20,7 @@ PROGRAM = "scenewright-virtual"
 SUBJECTS = {
     "server": ["--bank", "held.bank"],
     "server-new": ["--bank", "new.bank", "--trace", "trace"],
+    "server-played": ["--bank", "held.bank", "--orders"],
 }
 MOST = 60  # failures of one call of one thread by one error; packets are all alike
 
@@ -60,6 +62,8 @@ class Sweep(sweep_run.Sweep):
         port = usbip.free_port()
         gate = sweep_run.Gate()
         environment = place.environment(LD_PRELOAD=self.preload, **gate.variables(thread))
+        orders = ORDERS if "--orders" in self.subjects[name] else ""
+        place.stream("in").write_text(orders)
         command = [self.program, "--listen", f"127.0.0.1:{port}", *self.subjects[name]]
         with place.streams() as streams:
             process = gate.start(place, command, environment, **streams)

@@ -5,6 +5,7 @@ import subprocess
 from sweep_judge import Subject
 
 VIRTUAL = "--virtual=held.bank"
+ORDERS = "press pad3 100\nrelease pad3\nslide knob1 0 3 30ms\nscene 2\npress pad1 1\n"
 
 SUBJECTS = [
     Subject("read", [VIRTUAL, "read", "out.bank"]),
@@ -58,6 +59,11 @@ SUBJECTS = [
     Subject("convert-link", ["convert", "a.json", "link"]),
     Subject("default", ["default", "out.bank"]),
     Subject("default-json", ["default", "out.json"]),
+    Subject("play", ["--virtual", "play", "a.bank"], given="orders", may_lack=True),
+    # These want a sequencer, which there is none of (SweepPreload.cpp).
+    Subject("play-port", ["play", "a.bank"], given="orders"),
+    Subject("try", ["try", "a.bank"]),
+    Subject("monitor", ["monitor", "--bank", "a.bank", "--json"]),
     Subject("devices", ["devices"]),
     Subject("udev-rules", ["udev-rules"]),
 ]
@@ -79,3 +85,4 @@ def make_files(folder, programs):
     cli("convert", "a.bank", "a.json")
     cli("convert", "held.bank", "held.json")
     (folder / "link").symlink_to("real.bank")
+    (folder / "orders").write_text(ORDERS)
