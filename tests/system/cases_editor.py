@@ -22,8 +22,10 @@ class Window:
     """The editor on a display, which one case has for all its editors."""
 
     def __init__(self, rig, *arguments, program=EDITOR, account=None, **variables):
-        rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp",
-                  stderr=subprocess.DEVNULL)  # ends at once when there is one
+        # Ends at once when there is one. Without the repetition of keys: the two halves of one may come
+        # so far apart under emulation that they are a release and a press.
+        rig.start("Xvfb", DISPLAY, "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-r",
+                  stderr=subprocess.DEVNULL)
         wait_for("the display", Path(f"/tmp/.X11-unix/X{DISPLAY[1:]}").exists)
         self.environment = {**os.environ, "DISPLAY": DISPLAY, "HOME": str(rig.folder),
                             **variables}

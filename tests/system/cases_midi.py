@@ -9,8 +9,7 @@ import time
 from datetime import datetime
 from pathlib import Path
 
-from cases_editor import Window
-from cases_play import (Hearer, OrderedKeyboard, await_equal, client_of, clients, keyboards_client,
+from cases_play import (Hearer, OrderedKeyboard, await_equal, client_of, keyboards_client,
                         off, on, played_bank, table)
 from rig import CLI, PATIENCE, check_equal, wait_for
 
@@ -175,9 +174,9 @@ def case_burst_is_monitored_without_a_loss(rig):
         wait_for("the slides' messages",
                  lambda: told.read_bytes().count(b"\n") >= (number + 1) * values)
     seconds = time.monotonic() - begin
-    count = rounds * values
+    messages = rounds * values
     lines = [json.loads(line) for line in told.read_text().splitlines()]
-    check_equal(len(lines), count, "monitored messages")
+    check_equal(len(lines), messages, "monitored messages")
     values_of = {}
     for line in lines:
         number, value = line["data"]
@@ -185,104 +184,6 @@ def case_burst_is_monitored_without_a_loss(rig):
     there_and_back = [*range(128), *range(127, -1, -1)] * rounds
     check_equal(list(values_of.values()), [there_and_back[:128 * rounds]] * len(KNOBS), "the values")
     times = [datetime.fromisoformat(line["time"]) for line in lines]
-    longest = max(times[place] - times[place - 1] for place in range(1, count) if place % values)
-    rig.notes.append(f"{count} messages in {seconds:.1f} s, {count / seconds:.0f} a second; at most "
+    longest = max(times[place] - times[place - 1] for place in range(1, messages) if place % values)
+    rig.notes.append(f"{messages} messages in {seconds:.1f} s, {messages / seconds:.0f} a second; at most "
                      f"{longest.total_seconds() * 1000:.0f} ms between two lines")
-
-
-class Reader:
-    """The window as a screen reader has it, on a bus of its own."""
-
-    CLOSED = ("combo box", "list")  # not looked into: they have hundreds of entries
-
-    def __init__(self, rig):
-        from sweep_editor import ScreenReader  # as it needs more of the system than the other cases
-
-        bus = rig.start("dbus-daemon", "--session", "--nofork", "--print-address",
-                        stdout=subprocess.PIPE)
-        self.address = bus.stdout.readline().strip()
-        self.reader = ScreenReader(self.address)
-        self.reader.limit = 1000 * PATIENCE  # the window answers when a command has ended
-
-    @property
-    def environment(self):
-        return {"DBUS_SESSION_BUS_ADDRESS": self.address, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
-
-    def parts(self, part):
-        for each in self.reader.children(*part):
-            yield each
-            if self.reader.role(*each) not in self.CLOSED:
-                yield from self.parts(each)
-
-    def find(self, name):
-        for application in self.reader.children("org.a11y.atspi.Registry", self.reader.ROOT):
-            for part in self.parts(application):
-                if self.reader.name(*part) == name:
-                    return part
-        return None
-
-    def rectangle(self, part):
-        from gi.repository import GLib
-
-        screen = GLib.Variant("(u)", (0,))
-        return self.reader.call(self.reader.bus, *part, "org.a11y.atspi.Component.GetExtents",
-                                screen)[0]
-
-    def texts(self, part):
-        return [self.reader.name(*each) for each in self.parts(part)]
-
-
-def shot(window, left, top, width, height):
-    """A part of the display: red, green and blue of each pixel."""
-    crop = f"{width}x{height}+{left}+{top}"
-    return subprocess.run(["import", "-window", "root", "-crop", crop, "-depth", "8", "rgb:-"],
-                          env=window.environment, capture_output=True, check=True).stdout
-
-
-PAD_3 = {"number": 191, "red": 231, "green": 239, "blue": 247}  # places in a scene
-
-
-def case_pad_changed_in_the_window_is_heard_and_seen(rig):
-    """Made to send F#2 and red in the window, sent, and hit."""
-    bank = played_bank(rig)
-    check_equal(rig.run(CLI, "set", bank, "scene1.pad3.PadBehavior=Momentary")[0], 0, "set")
-    keyboard = rig.plug(bank=bank.read_bytes(), kind=OrderedKeyboard)
-    reader = Reader(rig)
-    window = Window(rig, **reader.environment)
-    window.key("ctrl+r")
-    window.await_log("Read Scene Data Finish")
-    pad = wait_for("the picture", lambda: reader.find("Pad 3"))
-    left, top, width, height = reader.rectangle(pad)
-    window.click_until((left + width // 2, top + height // 5), "点击了按钮：15\n")
-    for popup, value in (("alt+c", "F#2"), ("alt+r", "127"), ("alt+g", "0"), ("alt+b", "0")):
-        window.key(popup)
-        window.do("type", value)
-        window.key("Return")
-    window.key("ctrl+Return")
-    window.await_log("\nFinish\n")
-    sent = keyboard.bank_file.read_bytes()
-    check_equal({name: sent[place] for name, place in PAD_3.items()},
-                {"number": 42, "red": 127, "green": 0, "blue": 0}, "what the keyboard holds")
-    keyboard.await_port()
-    window.key("ctrl+m")
-    client = wait_for("the sequencer's client", keyboards_client)
-    wait_for("the monitor's connection", lambda: f"{client}:0" in clients().partition(
-        '"Scenewright monitor"')[2].partition("Client")[0])
-    hearer = Hearer(rig, client)
-    lines = wait_for("the monitor", lambda: reader.find("What the keyboard sends"))
-    left, top, width, height = place = reader.rectangle(pad)
-    window.do("mousemove", 0, 0)  # off the pad, which is lighter below it
-    check_equal(shot(window, left + width // 2, top + height // 5, 1, 1), bytes((255, 0, 0)),
-                "the colour of the pad on the picture")
-    dark = shot(window, *place)
-    keyboard.order("press pad3 100", "played")
-    wait_for("the pad to light up", lambda: shot(window, *place) != dark)
-    keyboard.order("release pad3", "played")
-    wait_for("the pad to go dark", lambda: shot(window, *place) == dark)
-    await_equal("what is heard", hearer.heard, [on(9, 42, 100), off(9, 42)])
-    texts = reader.texts(lines)
-    for line in ("Note on F#2, ch 10, velocity 100", "Note off F#2, ch 10"):
-        # Pad 7 has the same note from the start.
-        check_equal(texts[texts.index(line) + 1], "Pad 3, Pad 7", f"the controls beside {line}")
-    window.key("ctrl+q")
-    check_equal(window.program.wait(PATIENCE), 0, "exit code")

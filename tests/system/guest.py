@@ -21,10 +21,11 @@ import cases_signals
 import cases_soak
 import cases_transfer
 import cases_trouble
+import cases_window_midi
 from rig import Rig
 
 MODULES = (cases_transfer, cases_signals, cases_trouble, cases_devices, cases_port, cases_play,
-           cases_midi, cases_resume, cases_editor, cases_allow, cases_soak)
+           cases_midi, cases_window_midi, cases_resume, cases_editor, cases_allow, cases_soak)
 PREFIX = "case_"
 SMOKE = [
     "read_equals_the_bank",

@@ -102,11 +102,11 @@ class Display:
 class ScreenReader:
     ACCESSIBLE = "org.a11y.atspi.Accessible"
     ROOT = "/org/a11y/atspi/accessible/root"
-    limit = 5000  # milliseconds for an answer
 
-    def __init__(self, bus):
+    def __init__(self, bus, limit=5000):  # milliseconds for an answer
         from gi.repository import Gio, GLib  # only the editor's sweep needs them
 
+        self.limit = limit
         self.text = lambda *words: GLib.Variant(f"({'s' * len(words)})", words)
         self.error = GLib.Error
         flags = Gio.DBusConnectionFlags
