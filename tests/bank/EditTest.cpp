@@ -310,8 +310,10 @@ TEST(SwapValues, ErrorIsOnePhrase) {
     const auto error = [](std::string_view first, std::string_view second) {
         return errorOf(swapValues(knownScenes(), first, second));
     };
-    EXPECT_EQ(error("scene*", "scene*"),
-              "scene* cannot be swapped with scene*: neither may have a star");
+    for (const auto& [first, second] :
+         {std::pair{"scene*", "scene*"}, {"scene1", "scene*"}, {"scene*", "scene1"}})
+        EXPECT_EQ(error(first, second), std::string(first) + " cannot be swapped with " + second +
+                                            ": neither may have a star");
     EXPECT_EQ(error("scene1.pad1", "scene1.key1"),
               "scene1.pad1 cannot be swapped with scene1.key1: both must name scenes, controls of "
               "one kind, or one and the same setting");

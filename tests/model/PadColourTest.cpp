@@ -17,8 +17,8 @@ TEST(Colour, DigitsAreTheNearestStoredLevels) {
                                                                   {"#010203", {0, 1, 1}},
                                                                   {"#7f80fe", {63, 64, 127}}})
         EXPECT_EQ(colourOf(text), levels) << text;
-    for (const char* text : {"", "#", "ff8000", "#ff800", "#ff80000", "#gg0000", "#-10000",
-                             "#+10000", "#f f000", "#0x1234"})
+    for (const char* text : {"", "#", "ff8000", "0ff8000", "#ff800", "#ff80000", "#gg0000",
+                             "#-10000", "#+10000", "#f f000", "#0x1234"})
         EXPECT_EQ(colourOf(text), std::nullopt) << text;
 }
 
