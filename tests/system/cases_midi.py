@@ -1,7 +1,6 @@
 """What is played to other programs, what is tried by touch, and how much comes through at once."""
 
 import json
-import os
 import re
 import signal
 import subprocess
