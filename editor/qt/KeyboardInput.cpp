@@ -80,7 +80,11 @@ void KeyboardInput::take() {
 
 void KeyboardInput::tell(const QString& sentence) {
     sentence_ = sentence;
-    emit told(sentence_);
+    emit told(this->sentence());
+}
+
+QString KeyboardInput::sentence() const {
+    return sentence_.left(1).toUpper() + sentence_.mid(1);
 }
 
 } // namespace scenewright

@@ -37,7 +37,7 @@ public:
     void endFor(const QObject& who);
 
     // Which ports are listened to, or why none is; empty while nothing is.
-    [[nodiscard]] const QString& sentence() const { return sentence_; }
+    [[nodiscard]] QString sentence() const;
     // Takes what has come in, as it does by itself when something has.
     void take();
 
@@ -57,7 +57,7 @@ private:
     Open open_;
     KeyboardConnections::Keyboards keyboards_;
     std::set<const QObject*> wanting_;
-    QString sentence_;
+    QString sentence_; // as it follows a name or a colon
     std::unique_ptr<Sequencer> sequencer_;
     std::unique_ptr<KeyboardListener> listener_;
     std::unique_ptr<QSocketNotifier> notifier_;

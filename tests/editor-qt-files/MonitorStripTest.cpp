@@ -89,6 +89,10 @@ TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
     WindowAction::getSceneWithIndex(2)->buttonValueArray().at(kThirdPad - 1)->setCCOrNoteNumber(99);
     strip().action().setChecked(true);
     EXPECT_TRUE(strip().isVisible());
+    QStringList labels;
+    for (const QLabel* label : strip().findChildren<QLabel*>())
+        labels.append(label->text());
+    EXPECT_TRUE(labels.contains("Listening to MIDI 1")) << labels.join("; ").toStdString();
     play({kPadOn, kPadOff, {0x99, 99, 1}, {0x99, 5, 1}});
     EXPECT_EQ(told(),
               (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3", "Note off D2, ch 10 | Pad 3",
