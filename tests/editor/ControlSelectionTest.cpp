@@ -49,6 +49,9 @@ TEST(ControlSelection, TheLastOneTakenInIsTheChosenOne) {
                      chosen.toggle(0);
                  },
                  {0}},
+             Row{"nor beside what is taken in",
+                 [](ControlSelection& chosen) { chosen.toggle(kKnob); },
+                 {kKnob}},
              Row{"nor do they stand beside what is added",
                  [](ControlSelection& chosen) {
                      chosen.add(Controls{kPad, kPad + 1});
