@@ -98,6 +98,7 @@ protected:
         ports->link({.from = ScriptedSequencer::kOwnPort, .to = kSynth});
         ports->link({.from = ScriptedSequencer::kOwnPort, .to = kRecorder});
         ports->link({.from = kSynth, .to = kRecorder});
+        ports->link({.from = kSynth, .to = ScriptedSequencer::kOwnPort});
     }
 
     std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
@@ -126,6 +127,9 @@ TEST_F(PlayPortTest, OneThatGoesIsToldOnce) {
     ports->link({.from = ScriptedSequencer::kOwnPort, .to = kRecorder});
     EXPECT_TRUE(port.process()) << "another one has its address";
     EXPECT_EQ(port.listeners(), Names{"Recorder"});
+    ports->remove(kRecorder);
+    ports->input = {.isIncomplete = true};
+    EXPECT_TRUE(port.process()) << "its announcement is lost";
 }
 
 } // namespace

@@ -108,6 +108,18 @@ TEST_F(TryRunTest, RestOfATouchIsNoTouch) {
     EXPECT_EQ(next(), 0);
 }
 
+TEST_F(TryRunTest, WhatIsNotLetGoOfIsTouchedAgainAfterAPause) {
+    take({0xB0, 20, 64});
+    EXPECT_EQ(take({0xB0, 20, 65}), "sent CC 20, expected CC 21") << "a knob";
+    const auto scene = triedScene();
+    scene->buttonValueArray()[kPad1 - 1]->setPadBehavior(2);
+    run = TryRun(*scene);
+    run.skip();
+    run.skip();
+    take({0xB9, 74, 127});
+    EXPECT_EQ(take({0xB9, 74, 127}), "sent CC 74, expected note F#2") << "a trigger";
+}
+
 TEST_F(TryRunTest, WhatIsNoTouchDecidesNothing) {
     for (const MidiMessage message :
          {MidiMessage{0x80, 60, 0}, MidiMessage{0x90, 60, 0}, MidiMessage{0xA0, 60, 9},

@@ -44,6 +44,8 @@ protected:
     void SetUp() override {
         ports->add(kKeyboard, "Keyboard", "MIDI 1", 1);
         ports->add({21, 0}, "Stranger", "MIDI 1", 2);
+        ports->add({20, 1}, "Keyboard", "only receives", 1);
+        ports->ports.back().sends = false;
     }
     Monitor& start(MonitorOptions options) {
         options.noteNames = names;
@@ -141,9 +143,13 @@ TEST_F(MonitorTest, PortThatIsRefusedIsToldAndNotWaitedFor) {
 
 TEST_F(MonitorTest, WhatIsLostIsTold) {
     start({});
-    ports->input.isIncomplete = true;
+    ports->asked.clear();
+    ports->input = {.isIncomplete = true};
     EXPECT_EQ(take(), "");
-    EXPECT_EQ(told.back(), "more came than could be taken at once, and some of it is lost");
+    EXPECT_EQ(told,
+              (std::vector<std::string>{
+                  kListening, "more came than could be taken at once, and some of it is lost"}));
+    EXPECT_EQ(ports->asked, std::vector<std::string>{"20:0 -> 200:0"}) << "it may have come back";
 }
 
 } // namespace
