@@ -28,6 +28,9 @@ PLAIN_ROUNDS = 20
 LIMIT_SECONDS = 1740  # less than ctest allows a case
 ROUND_SECONDS = 30  # at most, of the soak's, beyond the plain number
 MEMORY_MIB = 1024
+# The processor's own counter is measured while the kernel starts: on a busy machine so badly that the
+# guest's clock ran twenty times too fast, and every limit with it. This one has a fixed rate.
+CLOCK = "clocksource=acpi_pm tsc=unstable no_timer_check"
 
 
 def soak():
@@ -53,7 +56,7 @@ def command(image, initrd, console, results):
     return ["qemu-system-x86_64", "-nodefaults", "-no-user-config", "-display", "none",
             "-no-reboot", "-accel", "tcg,thread=multi", "-cpu", "max", "-smp", "1",
             "-m", str(MEMORY_MIB), "-kernel", str(image), "-initrd", str(initrd),
-            "-append", "console=ttyS0 panic=-1 quiet mitigations=off tsc=reliable no_timer_check",
+            "-append", f"console=ttyS0 panic=-1 quiet mitigations=off {CLOCK}",
             "-chardev", f"file,id=console,path={quoted(console)}", "-serial", "chardev:console",
             "-chardev", f"file,id=results,path={quoted(results)}", "-serial", "chardev:results",
             "-virtfs",
