@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 
@@ -179,8 +180,22 @@ CaptionSetting ControlButton::captionSetting() const {
     return setCaption(shown(look_.title.text), captionRoom().size(), font(), look_.largestCaption);
 }
 
+QRect ControlButton::captionBox() const {
+    const CaptionSetting setting = captionSetting();
+    const QSizeF size = captionSize(shown(look_.title.text), setting.font);
+    QRectF box(QPointF(), setting.isTurned ? size.transposed() : size);
+    box.moveCenter(captionRoom().center());
+    return box.toAlignedRect();
+}
+
+// The ring is broken where the caption stands, which it would cross in a small picture.
 void ControlButton::drawFocus(QPainter& painter) const {
     constexpr qreal kRadius = 5;
+    QPainterPath around;
+    around.addRect(rect());
+    around.addRect(captionBox());
+    painter.save();
+    painter.setClipPath(around);
     QRectF ring(rect());
     if (look_.image) // inside its frame
         ring = imageRoom(shapeOf(kind_, tag_), ring)
@@ -192,6 +207,7 @@ void ControlButton::drawFocus(QPainter& painter) const {
         painter.drawRoundedRect(ring, kRadius, kRadius);
         ring.adjust(kFocusLine / 2, kFocusLine / 2, -kFocusLine / 2, -kFocusLine / 2);
     }
+    painter.restore();
 }
 
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
@@ -200,14 +216,15 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     drawControl(painter, rect(),
                 {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
                  isDown(), underMouse() && isEnabled(), look_.isPlayed, look_.travel});
-    drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
-                colourOf(look_.title.colour));
     if (look_.isTaken && !look_.image)
         drawTaken(painter, shapeOf(kind_, tag_), rect());
     if (hasFocus())
         drawFocus(painter);
     if (look_.image) // its tick lies on the ring
         drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    // In a small picture the mark's frame reaches into it.
+    drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
+                colourOf(look_.title.colour));
     if (look_.isMarked)
         drawDot(painter);
 }

@@ -67,6 +67,8 @@ public:
     // Where the title stands, and how it is set there.
     [[nodiscard]] QRectF captionRect() const;
     [[nodiscard]] CaptionSetting captionSetting() const;
+    // What its text takes of the button.
+    [[nodiscard]] QRect captionBox() const;
 
 signals:
     // An arrow key was pressed while the button had the keyboard: -1, 0 or 1 each way.

@@ -112,8 +112,24 @@ TEST_P(FocusContrast, IsThreeToOneOnAFlatToolButton) {
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, FocusContrast, ::testing::Bool());
 
-// A chosen key shows its caption beside the mark, in the least size of the picture too.
+// In the least size of the picture too, a chosen key shows its caption beside the mark, and the
+// ring of the keyboard crosses none.
 class MarkedKeys : public WindowBench {};
+
+TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheRing) {
+    open();
+    read();
+    window().resize(889, 600);
+    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+        window().showControl(0, tag);
+        ControlButton& button = *window().picture().button(tag);
+        const QRect caption = button.captionBox();
+        window().displayModes().setFocus();
+        const QImage before = seen(button).copy(caption);
+        button.setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(changed(before, seen(button).copy(caption)), 0) << tag;
+    }
+}
 
 TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheMark) {
     open();
