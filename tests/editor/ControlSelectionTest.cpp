@@ -16,12 +16,13 @@ constexpr std::int32_t kKnob = 5;
 constexpr std::int32_t kPad = 13;
 
 // From the scene-wide settings on, by the given changes.
+struct Row {
+    const char* name;
+    std::function<void(ControlSelection&)> change;
+    Controls after;
+};
+
 TEST(ControlSelection, TheLastOneTakenInIsTheChosenOne) {
-    struct Row {
-        const char* name;
-        std::function<void(ControlSelection&)> change;
-        Controls after;
-    };
     const auto pads = [](ControlSelection& chosen) {
         chosen.choose(kPad);
         chosen.toggle(kPad + 4);
