@@ -5,10 +5,12 @@ import re
 import signal
 import subprocess
 import time
+from collections import Counter
 from datetime import datetime
+from itertools import count
 from pathlib import Path
 
-from cases_play import (Hearer, OrderedKeyboard, await_equal, client_of, keyboards_client,
+from cases_play import (SEQUENCER, Hearer, OrderedKeyboard, await_equal, client_of, keyboards_client,
                         off, on, played_bank, table)
 from rig import CLI, PATIENCE, check_equal, wait_for
 
@@ -186,3 +188,37 @@ def case_burst_is_monitored_without_a_loss(rig):
     longest = max(times[place] - times[place - 1] for place in range(1, messages) if place % values)
     rig.notes.append(f"{messages} messages in {seconds:.1f} s, {messages / seconds:.0f} a second; at most "
                      f"{longest.total_seconds() * 1000:.0f} ms between two lines")
+
+
+def calls_of_sequencer(rig, call, number):
+    """The monitor with strace beside it, one of whose calls on the sequencer fails; ended by SIGINT once
+    it listens or waits: its exit code, what it said, and its calls."""
+    trace, told = rig.file("trace"), rig.file("told")
+    with told.open("w") as sink:
+        program = rig.start("strace", "-D", "-qq", "-o", trace, "-P", SEQUENCER, "-e", f"trace={call}",
+                            "-e", f"inject={call}:error=EIO:when={number}", CLI, "monitor",
+                            stdout=subprocess.DEVNULL, stderr=sink)
+    wait_for("a sentence of the monitor", lambda: re.search(
+        "listening to|waiting for one", told.read_text()) or program.poll() is not None)
+    program.send_signal(signal.SIGINT)
+    return program.wait(PATIENCE), told.read_text(), trace.read_text()
+
+
+def case_failing_calls_of_the_sequencer_are_told(rig):
+    """Each of them fails once: one sentence and exit code 1, or the monitor goes on."""
+    rig.plug(bank=played_bank(rig).read_bytes(), kind=OrderedKeyboard)
+    wait_for("the sequencer's client", keyboards_client)
+    ends = Counter()
+    for call in ("openat", "ioctl"):
+        for number in count(1):
+            code, told, trace = calls_of_sequencer(rig, call, number)
+            if "(INJECTED)" not in trace:
+                break
+            lines = told.splitlines()
+            what = f"without {call} {number}: {told!r}, exit code {code}"
+            assert lines and all(line.startswith("scenewright-cli: ") for line in lines), what
+            assert code == 0 or (code == 1 and len(lines) == 1), what
+            ends[call, code] += 1
+    assert ends["ioctl", 1], ends  # of openat libasound tries another one
+    rig.notes += [f"{number} failures of {call} with exit code {code}"
+                  for (call, code), number in ends.items()]
