@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace scenewright {
@@ -39,19 +40,22 @@ std::vector<MidiMessage> KeyboardListener::take() {
 
 bool KeyboardListener::listen() {
     std::vector<std::string> names;
-    bool isRefused = false;
+    std::vector<std::string> refusals;
     for (const auto& [port, keyboard] : portsOf(sequencer_.ports(), keyboards_())) {
         if (!port.sends)
             continue;
-        if (const auto listening = sequencer_.listenTo(port.address); listening) {
+        if (const auto listening = sequencer_.listenTo(port.address); listening)
             names.push_back(port.portName);
-        } else {
-            isRefused = true;
-            tell_(listening.error());
-        }
+        else
+            refusals.push_back(listening.error());
     }
-    if (names.empty() && isRefused)
-        return false;
+    if (!names.empty() || refusals.empty())
+        tellPorts(names);
+    std::ranges::for_each(refusals, tell_); // the last that is told says why start() is false
+    return refusals.empty();
+}
+
+void KeyboardListener::tellPorts(const std::vector<std::string>& names) {
     const std::string sentence =
         names.empty() ? translated(sourceText(
                             "scenewright::Listening",
@@ -60,7 +64,6 @@ bool KeyboardListener::listen() {
                                    fmt::format("{}", fmt::join(names, ", ")));
     if (std::exchange(told_, sentence) != sentence)
         tell_(sentence);
-    return !isRefused;
 }
 
 } // namespace scenewright

@@ -29,13 +29,14 @@ public:
     // object.
     KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, Tell tell);
 
-    // From here on. False when the port of a keyboard is there but refused, which is told.
+    // From here on. False when the port of a keyboard is there but refused, which is told last.
     bool start() { return listen(); }
     // What has come in since the last time, in order.
     [[nodiscard]] std::vector<MidiMessage> take();
 
 private:
     bool listen();
+    void tellPorts(const std::vector<std::string>& names);
 
     Sequencer& sequencer_;
     KeyboardConnections::Keyboards keyboards_;

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] bool listenFor(const QObject& who);
     void endFor(const QObject& who);
 
-    // Which ports are listened to, or why none is; empty while nothing is.
+    // Which ports are listened to, or why one is not; empty while nothing is.
     [[nodiscard]] QString sentence() const;
     // Takes what has come in, as it does by itself when something has.
     void take();

@@ -22,11 +22,13 @@ constexpr MidiMessage kPadOff{0x89, 38, 0};
 constexpr std::int32_t kThirdPad = kPad + 2;
 constexpr std::int32_t kKnob = 5;
 
-// Another program has the keyboard's port for itself.
+// Another program has the keyboard's first port for itself.
 class TakenSequencer final : public ScriptedSequencer {
 public:
     using ScriptedSequencer::ScriptedSequencer;
-    Result<void> listenTo(PortAddress /*port*/) override { return failure("it is taken"); }
+    Result<void> listenTo(PortAddress port) override {
+        return port == kKeyboard ? failure("it is taken") : ScriptedSequencer::listenTo(port);
+    }
 };
 
 class MonitorStripTest : public CommandsBench {
@@ -52,6 +54,7 @@ protected:
     }
 
     MonitorStrip& strip() { return *strip_; }
+    KeyboardInput& input() { return *input_; }
     void play(std::initializer_list<MidiMessage> messages) {
         for (const MidiMessage& message : messages)
             ports->send(kKeyboard, message);
@@ -228,8 +231,27 @@ TEST_F(MonitorStripTest, ListensAsLongAsEitherWantsItAndDarkensThePictureThen) {
     play({kPadOn});
     EXPECT_FALSE(button(kThirdPad).isPlayed());
     EXPECT_EQ(opened, 1);
+    EXPECT_EQ(input().sentence(), "");
     strip().action().setChecked(true);
     EXPECT_EQ(opened, 2);
+    ASSERT_TRUE(input().listenFor(window()));
+    strip().action().setChecked(false);
+    strip().action().setChecked(true);
+    EXPECT_EQ(opened, 2) << "another one has listened on";
+    EXPECT_EQ(input().sentence(), "Listening to MIDI 1");
+}
+
+TEST_F(MonitorStripTest, AfterAnotherChoiceOfTheKeyboardItListensAnew) {
+    input().listenAnew();
+    EXPECT_EQ(opened, 0) << "nothing listens";
+    strip().action().setChecked(true);
+    input().listenAnew();
+    EXPECT_EQ(opened, 2);
+    EXPECT_EQ(input().sentence(), "Listening to MIDI 1");
+    error = "there is no sequencer";
+    input().listenAnew();
+    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: there is no sequencer");
+    EXPECT_EQ(input().sentence(), "");
 }
 
 TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
@@ -246,6 +268,14 @@ TEST_F(MonitorStripTest, APortThatIsTakenIsToldInOneSentence) {
     isTaken = true;
     strip().chooseAction().setChecked(true);
     EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
+}
+
+TEST_F(MonitorStripTest, APortThatIsTakenIsToldBesideOneThatIsListenedTo) {
+    isTaken = true;
+    ports->add({20, 1}, "Keyboard", "MIDI 2", 1);
+    strip().chooseAction().setChecked(true);
+    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
+    EXPECT_EQ(ports->connections.size(), 1U);
 }
 
 } // namespace
