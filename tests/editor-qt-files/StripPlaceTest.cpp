@@ -78,6 +78,9 @@ TEST_F(StripPlaceTest, InALowWindowStripsShareTheSettingsPlaceAndThePictureStand
         expectAllInSight();
     };
     expect({true, false, false, false}, {});
+    play().setChecked(true); // the lowest one
+    expect({false, false, false, true}, {"Settings", "[Playing]"});
+    play().setChecked(false);
     commands().monitor().action().setChecked(true);
     expect({false, true, false, false}, {"Settings", "[Monitor]"});
     commands().trying().action().trigger();
