@@ -1,9 +1,14 @@
 #include "editor/qt/FillDialog.h"
 
+#include "app/WindowAction.h"
+#include "model/PadColour.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QColorDialog>
+#include <QScreen>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -84,6 +89,8 @@ TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
         field<QComboBox>(dialog, "Scale or steps").setCurrentText("minor-pentatonic");
         EXPECT_EQ(caption(kPad + 1), "Note\nEb3");
         EXPECT_EQ(numbers(), before);
+        field<QLineEdit>(dialog, "First note").setText("H9");
+        EXPECT_EQ(caption(kPad + 1), "Note\nC#2") << "as it is, where it cannot be done";
         dialog.reject();
     });
     EXPECT_EQ(caption(kPad + 1), shownBefore);
@@ -152,6 +159,110 @@ TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
     EXPECT_EQ(commands().history().steps().undoText(), "Transpose 2 Pads");
 }
 
+// In the second scene, of which the last pad is looked at.
+TEST_F(FillDialogTest, EachPageFillsTheShownSceneWithWhatItsFieldsSay) {
+    enum Page { kControllers = 1, kChannel, kColours, kTranspose };
+    struct Row {
+        int page;
+        std::function<void(FillDialog&)> fields;
+        const char* caption;
+        std::function<Numbers(const ButtonValue&)> read;
+        Numbers after;
+    };
+    const auto number = [](const ButtonValue& pad) {
+        return Numbers{pad.AssignType(), pad.CCOrNoteNumber()};
+    };
+    const auto channel = [](const ButtonValue& pad) { return Numbers{pad.MIDIChannel()}; };
+    const auto colour = [](const ButtonValue& pad) {
+        return Numbers{pad.CR(), pad.CG(), pad.CB()};
+    };
+    const PadColour safe = palettes()[1].colours.back();
+    press(Qt::Key_2);
+    chooseAll(kPad);
+    window().displayModes().chooseItem(1);
+    const ButtonValue& last = *WindowAction::getSceneWithIndex(1)->buttonValueArray().at(kPad + 6);
+    const std::string asItIs = caption(kPad + 7).toStdString();
+    for (const Row& row :
+         {Row{kControllers,
+              [](FillDialog& dialog) {
+                  field<QLineEdit>(dialog, "First controller").setText("30");
+                  field<QLineEdit>(dialog, "Steps").setText("2");
+              },
+              "CC#\n44",
+              number,
+              {kAssignController, 44}},
+          Row{kChannel,
+              [](FillDialog& dialog) { field<QSpinBox>(dialog, "Channel").setValue(5); },
+              "5",
+              channel,
+              {4}},
+          Row{kColours, [](FillDialog&) {}, asItIs.c_str(), colour, {127, 127, 0}},
+          Row{kColours,
+              [](FillDialog& dialog) { field<PopUpBox>(dialog, "Colours").chooseItem(2); },
+              asItIs.c_str(),
+              colour,
+              {safe[0], safe[1], safe[2]}},
+          Row{kTranspose,
+              [](FillDialog& dialog) { field<QSpinBox>(dialog, "Semitones").setValue(-3); },
+              "Note\nE2",
+              number,
+              {kAssignNote, 40}}}) {
+        const Numbers before = row.read(last);
+        inDialog(fill(), [&](FillDialog& dialog) {
+            field<PopUpBox>(dialog, "Fill with").chooseItem(row.page);
+            EXPECT_EQ(dialog.findChild<QStackedWidget*>()->currentIndex(), row.page);
+            row.fields(dialog);
+            EXPECT_EQ(caption(kPad + 7), row.caption) << row.page;
+            dialog.accept();
+        });
+        EXPECT_EQ(row.read(last), row.after) << row.page;
+        EXPECT_NE(row.after, before) << row.page;
+        commands().history().steps().undo();
+    }
+}
+
+TEST_F(FillDialogTest, AColourOfTheTwoIsChosenInADialogOfItsOwn) {
+    chooseAll(kPad);
+    inDialog(fill(), [](FillDialog& dialog) {
+        field<PopUpBox>(dialog, "Fill with").chooseItem(3);
+        QPushButton& from = field<QPushButton>(dialog, "From");
+        const auto ask = [&from](const std::function<void(QColorDialog&)>& act) {
+            QTimer::singleShot(0, &from, [&act] {
+                auto* const asked = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+                ASSERT_NE(asked, nullptr);
+                act(*asked);
+            });
+            from.click();
+        };
+        ask([](QColorDialog& asked) {
+            EXPECT_EQ(asked.currentColor().name(), "#ff0000");
+            asked.reject();
+        });
+        EXPECT_EQ(from.text(), "#ff0000");
+        ask([](QColorDialog& asked) {
+            asked.setCurrentColor(QColor("#0000ff"));
+            asked.accept();
+        });
+        EXPECT_EQ(from.text(), "#0000ff");
+        ASSERT_TRUE(dialog.filled());
+        const auto& pads = dialog.filled()->front()->buttonValueArray();
+        EXPECT_EQ(pads.at(kPad - 1)->CB(), 127);
+        dialog.reject();
+    });
+}
+
+TEST_F(FillDialogTest, ItStandsAtTheFootOfTheWindow) {
+    choose(kPad);
+    inDialog(fill(), [this](FillDialog& dialog) {
+        const QRect room = dialog.screen()->availableGeometry();
+        const QPoint foot = window().mapToGlobal(window().rect().bottomLeft());
+        EXPECT_TRUE(room.contains(dialog.geometry()));
+        EXPECT_EQ(dialog.x(), std::max(foot.x(), room.left()));
+        EXPECT_NEAR(dialog.geometry().bottom(), std::min(foot.y(), room.bottom()), 40);
+        dialog.reject();
+    });
+}
+
 TEST_F(FillDialogTest, WhatCannotBeDoneIsSaidAndNotDone) {
     chooseAll(kPad);
     inDialog(fill(), [&](FillDialog& dialog) {
@@ -178,6 +289,9 @@ TEST_F(FillDialogTest, WhatCannotBeDoneIsSaidAndNotDone) {
         field<QLineEdit>(dialog, "First controller").setText("x");
         expectTold("The first controller is typed as a number from 0 to 127, or by its name, as in "
                    "sustain.");
+        field<QLineEdit>(dialog, "First controller").setText("20");
+        field<QLineEdit>(dialog, "Steps").setText("chromatic");
+        expectTold("Steps are whole numbers with commas between, as in 2,2,1");
         for (std::int32_t pad = kPad; pad < kPad + 8; ++pad)
             record(pad).setAssignType(kAssignController);
         field<PopUpBox>(dialog, "Fill with").selectItem(4);
