@@ -7,12 +7,17 @@
 #include <QTest>
 #include <QTimer>
 
+#include <functional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright::testing {
 
 namespace {
+
+using Names = std::vector<std::string>;
 
 class SceneCommandsTest : public CommandsBench {
 protected:
@@ -33,6 +38,13 @@ protected:
         return all;
     }
 
+    QAction& command(const QString& title) {
+        for (QAction* action : commands().scenes().menu().actions())
+            if (action->text() == title)
+                return *action;
+        throw std::out_of_range(title.toStdString());
+    }
+
     // Types into the dialog that opens next; gives what it says of the name, and whether it takes
     // it.
     void renameTo(const QString& name, QString& told, bool& isTaken) {
@@ -40,7 +52,7 @@ protected:
             auto* dialog = qobject_cast<RenameDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
             auto* field = dialog->findChild<QLineEdit*>();
-            field->selectAll();
+            EXPECT_EQ(field->selectedText().toStdString() + " 0", scenes().front());
             field->insert(name);
             told = dialog->findChildren<QLabel*>().front()->text();
             QTest::keyClick(field, Qt::Key_Return);
@@ -51,8 +63,6 @@ protected:
         commands().scenes().rename(0);
     }
 };
-
-using Names = std::vector<std::string>;
 
 TEST_F(SceneCommandsTest, EachCommandIsOneStepThatIsUndone) {
     const Names before{"SCENE1 0", "SCENE2 10", "SCENE3 20", "SCENE4 30"};
@@ -111,16 +121,40 @@ TEST_F(SceneCommandsTest, ANameIsTakenWhileTheControllerCanHoldIt) {
     EXPECT_EQ(commands().history().steps().undoText(), "Rename Scene 1");
 }
 
-TEST_F(SceneCommandsTest, TheMenusOfferTheOtherScenes) {
+TEST_F(SceneCommandsTest, TheMenusRenameAndResetAreForTheSceneThatIsShown) {
+    const auto rename = [this](const std::function<void(RenameDialog&)>& end) {
+        inDialog<RenameDialog>([this] { command("&Rename...").trigger(); },
+                               [&end](RenameDialog& dialog) {
+                                   dialog.findChild<QLineEdit*>()->setText("Drums");
+                                   end(dialog);
+                               });
+    };
     press(Qt::Key_2);
-    auto* others = commands().scenes().menu().findChild<QMenu*>("swap-with");
-    emit others->aboutToShow();
-    QStringList titles;
-    for (const QAction* action : others->actions())
-        titles.append(action->text());
-    EXPECT_EQ(titles, (QStringList{"&1  SCENE1", "&3  SCENE3", "&4  SCENE4"}));
-    others->actions().back()->trigger();
-    EXPECT_EQ(scenes(), (Names{"SCENE1 0", "SCENE4 30", "SCENE3 20", "SCENE2 10"}));
+    rename([](RenameDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(scenes(), (Names{"SCENE1 0", "SCENE2 10", "SCENE3 20", "SCENE4 30"}));
+    rename([](RenameDialog& dialog) { dialog.accept(); });
+    EXPECT_EQ(scenes(), (Names{"SCENE1 0", "Drums 10", "SCENE3 20", "SCENE4 30"}));
+    command("R&eset Scene").trigger();
+    EXPECT_EQ(scenes(), (Names{"SCENE1 0", "SCENE2 127", "SCENE3 20", "SCENE4 30"}));
+}
+
+TEST_F(SceneCommandsTest, TheMenusOfferTheOtherScenes) {
+    WindowAction::getSceneWithIndex(2)->commonValue()->setSceneName("R&B");
+    press(Qt::Key_2);
+    for (const auto& [name, after] :
+         {std::pair{"swap-with", Names{"SCENE1 0", "SCENE4 30", "R&B 20", "SCENE2 10"}},
+          {"copy-to", Names{"SCENE1 0", "SCENE4 30", "R&B 20", "SCENE4 30"}}}) {
+        auto* others = commands().scenes().menu().findChild<QMenu*>(name);
+        emit others->aboutToShow();
+        emit others->aboutToShow(); // it does not grow
+        QStringList titles;
+        for (const QAction* action : others->actions())
+            titles.append(action->text().left(5));
+        EXPECT_EQ(titles, (QStringList{"&1  S", "&3  R", "&4  S"}));
+        EXPECT_EQ(others->actions().at(1)->text(), "&3  R&&B");
+        others->actions().back()->trigger();
+        EXPECT_EQ(scenes(), after) << name;
+    }
 }
 
 TEST_F(SceneCommandsTest, ASegmentsContextMenuIsForItsScene) {
@@ -135,19 +169,26 @@ TEST_F(SceneCommandsTest, ASegmentsContextMenuIsForItsScene) {
 
 TEST_F(SceneCommandsTest, ASegmentIsDraggedOnceThePointerIsFarFromWhereItWasPressed) {
     QAbstractButton& segment = window().scenes().segment(1);
-    const auto isDraggedTo = [&segment](QPoint place) {
+    const auto isDraggedTo = [&segment](QPoint place, Qt::MouseButton held = Qt::LeftButton) {
         bool isDragged = false; // seen while the drag waits for its drop
         QTimer::singleShot(0, &segment, [&] {
-            isDragged = segment.findChild<QDrag*>() != nullptr;
+            if (const auto* const drag = segment.findChild<QDrag*>()) {
+                isDragged = true;
+                EXPECT_EQ(drag->mimeData()->data("application/x-scenewright-scene"), "1");
+                EXPECT_EQ(drag->defaultAction(), Qt::MoveAction) << "Ctrl copies";
+            }
             QDrag::cancel();
         });
-        QTest::mouseMove(&segment, place);
+        QMouseEvent move(QEvent::MouseMove, place, segment.mapToGlobal(place), Qt::NoButton, held,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&segment, &move);
         QApplication::processEvents();
         return isDragged;
     };
     const int far = QApplication::startDragDistance();
     QTest::mousePress(&segment, Qt::LeftButton, {}, QPoint(5, 5));
     EXPECT_FALSE(isDraggedTo(QPoint(4 + far, 5)));
+    EXPECT_FALSE(isDraggedTo(QPoint(5 + far, 5), Qt::RightButton));
     EXPECT_TRUE(isDraggedTo(QPoint(5 + far, 5)));
     EXPECT_FALSE(segment.isDown());
 }
@@ -156,11 +197,13 @@ TEST_F(SceneCommandsTest, ASceneDroppedOnAnotherIsSwappedOrCopied) {
     QMimeData data;
     data.setData("application/x-scenewright-scene", "0");
     QAbstractButton& segment = window().scenes().segment(3);
-    const auto drop = [&](Qt::KeyboardModifiers keys) {
+    const auto drop = [&](Qt::KeyboardModifiers keys, bool isTaken = true) {
+        const Names before = scenes();
         const auto action = keys == Qt::ControlModifier ? Qt::CopyAction : Qt::MoveAction;
         QDragEnterEvent enter(QPoint(5, 5), action, &data, Qt::LeftButton, keys);
         QApplication::sendEvent(&segment, &enter);
-        EXPECT_TRUE(enter.isAccepted());
+        EXPECT_EQ(enter.isAccepted(), isTaken);
+        EXPECT_EQ(scenes(), before);
         QDropEvent event(QPointF(5, 5), action, &data, Qt::NoButton, keys);
         event.setDropAction(action);
         QApplication::sendEvent(&segment, &event);
@@ -168,7 +211,16 @@ TEST_F(SceneCommandsTest, ASceneDroppedOnAnotherIsSwappedOrCopied) {
     drop(Qt::NoModifier);
     EXPECT_EQ(scenes(), (Names{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE1 0"}));
     drop(Qt::ControlModifier);
-    EXPECT_EQ(scenes(), (Names{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE4 30"}));
+    const Names after{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE4 30"};
+    EXPECT_EQ(scenes(), after);
+    const int steps = commands().history().steps().count();
+    data.setData("application/x-scenewright-scene", "3"); // its own
+    drop(Qt::NoModifier, false);
+    data.removeFormat("application/x-scenewright-scene");
+    data.setText("0"); // of another program
+    drop(Qt::NoModifier, false);
+    EXPECT_EQ(scenes(), after);
+    EXPECT_EQ(commands().history().steps().count(), steps);
 }
 
 } // namespace
