@@ -1,3 +1,4 @@
+#include "app/WindowAction.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QTest>
@@ -27,6 +28,15 @@ protected:
         window().view().showChosenControl();
     }
 
+    void blankNameOf(std::int32_t scene) {
+        WindowAction::getSceneWithIndex(scene)->commonValue()->setSceneName(" ");
+        window().view().showChosenControl();
+    }
+    void expectShown(std::int32_t scene, std::int32_t control) {
+        EXPECT_EQ(window().view().sceneIndex(), scene);
+        EXPECT_EQ(window().view().selectControl(), control);
+    }
+
     static constexpr std::int32_t kKnob = 5;
 };
 
@@ -34,6 +44,7 @@ TEST_F(SceneChecksTest, TheBadgeFollowsTheScenesAndTheirUndo) {
     EXPECT_EQ(badge(), "");
     makeConflict();
     EXPECT_EQ(badge(), "1 to check");
+    EXPECT_EQ(commands().checks().badge().accessibleName(), "1 to check");
     commands().history().steps().undo();
     EXPECT_EQ(badge(), "");
 }
@@ -64,6 +75,32 @@ TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
     commands().history().steps().undo();
     EXPECT_EQ(badge(), "");
     EXPECT_EQ(list.count(), 0);
+}
+
+TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
+    makeConflict();
+    blankNameOf(1);
+    ASSERT_EQ(badge(), "2 to check");
+    commands().checks().badge().click();
+    QListWidget& list = *commands().checks().list();
+    ASSERT_EQ(list.count(), 2);
+    EXPECT_EQ(list.item(1)->text(), "Scene 2: nothing of the name can be seen");
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down})
+        QTest::keyClick(&list, key);
+    expectShown(1, 0);
+    window().showControl(2, kPad);
+    blankNameOf(3);
+    ASSERT_EQ(badge(), "3 to check");
+    EXPECT_EQ(list.currentRow(), 1);
+    expectShown(2, kPad);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualItemRect(list.item(1)).center());
+    expectShown(1, 0);
+    list.setCurrentRow(2);
+    expectShown(3, 0);
+    commands().history().steps().undo();
+    ASSERT_EQ(badge(), "2 to check");
+    EXPECT_EQ(list.currentRow(), 1) << "the last one there is";
 }
 
 } // namespace
