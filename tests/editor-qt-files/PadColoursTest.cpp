@@ -1,10 +1,13 @@
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QColorDialog>
+#include <QScreen>
 #include <QTest>
 #include <QToolButton>
 
 #include <cstdint>
+#include <functional>
 #include <utility>
 
 namespace scenewright::testing {
@@ -71,6 +74,11 @@ TEST_F(PadColoursTest, KeysGoThroughTheRows) {
     QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(menu.isVisible());
     EXPECT_EQ(levels(kPad), (PadColour{0, 0, 127})) << "the first of the second palette";
+    window().panes().swatch().click();
+    QTest::keyClick(menu.focusWidget(), Qt::Key_Left);
+    const QString left = at();
+    QTest::keyClick(menu.focusWidget(), Qt::Key_Enter);
+    EXPECT_EQ(shown(colourText(levels(kPad))), left);
 }
 
 // Both palettes and, from the first choice on, what was used last.
@@ -88,12 +96,57 @@ TEST_F(PadColoursTest, TheLastColoursAreOfferedAgain) {
     EXPECT_EQ(offered(), 16 + 8 + 2);
     EXPECT_EQ(commands().colours().menu().findChildren<QToolButton*>().at(16 + 8)->accessibleName(),
               shown(colourText({1, 2, 3})));
+    for (std::int32_t level = 10; level < 19; ++level)
+        commands().colours().choose({level, level, level});
+    window().panes().swatch().click();
+    EXPECT_EQ(offered(), 16 + 8 + 8) << "one row of them";
+}
+
+TEST_F(PadColoursTest, TheMenuDoesNotLieOnTheSwatch) {
+    choose(kPad);
+    QPushButton& swatch = window().panes().swatch();
+    const int highest = swatch.mapTo(&window(), QPoint(0, 0)).y();
+    const QRect room = window().screen()->availableGeometry();
+    for (const bool isAtTheFoot : {false, true}) {
+        window().move(0, (isAtTheFoot ? room.bottom() - 2 * swatch.height() : 0) - highest);
+        swatch.click();
+        const QRect place(swatch.mapToGlobal(QPoint(0, 0)), swatch.size());
+        QMenu& menu = commands().colours().menu();
+        EXPECT_FALSE(menu.geometry().intersects(place.adjusted(0, 0, 0, -1))) << isAtTheFoot;
+        EXPECT_TRUE(room.contains(menu.geometry())) << isAtTheFoot;
+        menu.close();
+    }
+}
+
+TEST_F(PadColoursTest, AnyOtherColourIsChosenInADialogThatBeginsWithThePads) {
+    choose(kPad);
+    commands().colours().choose({127, 64, 0});
+    window().panes().swatch().click();
+    const auto choose = [this](const std::function<void(QColorDialog&)>& act) {
+        inDialog<QColorDialog>([this] { commands().colours().menu().actions().back()->trigger(); },
+                               act);
+    };
+    const int steps = commands().history().steps().count();
+    choose([](QColorDialog& dialog) {
+        EXPECT_EQ(dialog.currentColor().name(), "#ff8000");
+        dialog.reject();
+    });
+    EXPECT_EQ(commands().history().steps().count(), steps);
+    choose([](QColorDialog& dialog) {
+        dialog.setCurrentColor(QColor("#00ff00"));
+        dialog.accept();
+    });
+    EXPECT_EQ(levels(kPad), (PadColour{0, 127, 0}));
 }
 
 TEST_F(PadColoursTest, NothingIsWrittenIntoAnotherKindOfControl) {
-    choose(5);
-    commands().colours().choose({1, 2, 3});
+    for (const std::int32_t control : {5, 21}) {
+        choose(control);
+        commands().colours().choose({1, 2, 3});
+    }
     EXPECT_FALSE(commands().history().steps().canUndo());
+    window().panes().swatch().click();
+    EXPECT_EQ(colour(shown(colourText({1, 2, 3}))), nullptr) << "it was not used";
 }
 
 } // namespace
