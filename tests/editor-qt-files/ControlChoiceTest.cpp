@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <cstdint>
+#include <tuple>
 #include <vector>
 
 namespace scenewright::testing {
@@ -36,6 +37,7 @@ protected:
         Controls onPicture;
         for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
             const ControlButton& button = *window().picture().button(tag);
+            EXPECT_FALSE(button.isTaken() && tag == controls.back());
             if (button.isTaken() || button.image())
                 onPicture.push_back(tag);
             EXPECT_EQ(button.accessibleDescription().endsWith(", chosen"),
@@ -137,7 +139,10 @@ TEST_F(ControlChoiceTest, ABandTakesWhatItTouches) {
         QTest::mouseRelease(from, Qt::LeftButton, modifiers,
                             from->mapFrom(&picture, sixth.center()));
     };
+    click(5);
     drag(&picture, first.topLeft() - QPoint(3, 3), {});
+    expectChosen({kPad, kPad + 1, kPad + 4, kPad + 5});
+    emit picture.banded({}, Qt::NoModifier); // over nothing
     expectChosen({kPad, kPad + 1, kPad + 4, kPad + 5});
     click(5);
     drag(picture.button(kPad), first.center(), Qt::ControlModifier); // from a control
@@ -190,8 +195,13 @@ TEST_F(ControlChoiceTest, WhatAChoiceBringsWithItGoesToAll) {
     record(kPad + 1).setCCOrNoteNumber(kFieldAbsent);
     click(kPad + 1);
     click(kPad, Qt::ControlModifier);
-    chooseOption("padAssignType", kAssignNote);
-    EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), 127);
+    for (const auto& [popUp, option, number] :
+         {std::tuple{"padMIDIChannel", kAssignNote, kFieldAbsent},
+          {"padAssignType", kAssignController, kFieldAbsent},
+          {"padAssignType", kAssignNote, 127}}) {
+        chooseOption(popUp, option);
+        EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), number) << popUp << " " << option;
+    }
 }
 
 TEST_F(ControlChoiceTest, PasteResetAndColourGoToAll) {
