@@ -1,11 +1,13 @@
 #include "editor/qt/KeyboardCommands.h"
 
 #include "app/KnownKeyboard.h"
+#include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "editor/qt/AccessInstaller.h"
 #include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"
 #include "usb/LibusbHost.h"
@@ -143,6 +145,11 @@ TEST_F(KeyboardCommandsTest, ThePickerIsThereWhileThereIsAChoice) {
     EXPECT_TRUE(picker().isHidden()) << "one that is not listed is no choice";
     plugged.push_back(deviceAt("1-2", "Pads & Keys"));
     plugged.back().serial = "A17";
+    plugged.front().name = std::string(99, 'K');
+    look();
+    EXPECT_TRUE(picker().text().startsWith("1-1 (KKK")) << picker().text().toStdString();
+    EXPECT_LT(picker().text().size(), 99) << "the status line has room for more";
+    plugged.front().name = "Keys";
     look();
     EXPECT_FALSE(picker().isHidden());
     EXPECT_EQ(picker().text(), "1-1 (Keys)");
@@ -192,6 +199,33 @@ TEST_F(KeyboardCommandsTest, TwoKeyboardsInOneEveningAreNotMixedUp) {
     EXPECT_EQ(kept.front().image, second);
 }
 
+TEST_F(KeyboardCommandsTest, WhatOneHoldsSaysNothingOfAnotherAtItsPort) {
+    plugged = {deviceAt("1-1")};
+    plugged.front().serial = "A17";
+    watch();
+    KnownKeyboard::set(encodeBank(WindowAction::scenes()), "Keys");
+    look();
+    EXPECT_TRUE(KnownKeyboard::image());
+    plugged.front().serial = "A18";
+    look();
+    EXPECT_FALSE(KnownKeyboard::image());
+}
+
+TEST_F(KeyboardCommandsTest, TheDialogsUseThisOneWaitsForTheEndOfASend) {
+    watch();
+    for (const bool isOpen : {false, true}) {
+        window().commands().send();
+        KeyboardsDialog& shown = isOpen ? *choices().dialog() : dialog();
+        chooseRow(shown, 1);
+        EXPECT_EQ(enabled(shown), "") << isOpen;
+        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+        chooseRow(shown, 1);
+        EXPECT_EQ(enabled(shown), "Use This One") << isOpen;
+    }
+    field<QPushButton>(*choices().dialog(), "Close").click();
+    EXPECT_FALSE(choices().dialog()->isVisible());
+}
+
 TEST_F(KeyboardCommandsTest, AChoiceIsRememberedAsLongAsItsKeyboardIsThere) {
     watch();
     pick(1);
@@ -202,6 +236,10 @@ TEST_F(KeyboardCommandsTest, AChoiceIsRememberedAsLongAsItsKeyboardIsThere) {
     plugged.pop_back();
     watch();
     EXPECT_EQ(keyboards->chosen(), "") << "the only one is used";
+    close();
+    plugged.push_back(strange("1-2"));
+    watch();
+    EXPECT_EQ(keyboards->chosen(), "") << "one that is not listed is no keyboard";
 }
 
 TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineIsNotRemembered) {
@@ -265,6 +303,7 @@ private:
 struct Row {
     QString state;
     QString enabled;
+    QString help; // how it begins
 };
 
 TEST_F(OwnFoldersTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
@@ -274,21 +313,24 @@ TEST_F(OwnFoldersTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
     plugged[2].access = Access::NoPermission;
     plugged[4].access = Access::NoPermission;
     watch();
-    KeyboardsDialog& shown = dialog();
-    const std::vector<Row> rows{{"in use, busy", ""},
-                                {"ready", "Use This One"},
-                                {"not allowed", "Use This One, Copy Command"},
-                                {"not in the list", "Add To My List"},
-                                {"not in the list, not allowed", "Add To My List"}};
+    KeyboardsDialog& dialog = this->dialog();
+    const std::vector<Row> rows{
+        {"in use, busy", "", shown(causeAndCure(kResultBusy))},
+        {"ready", "Use This One", ""},
+        {"not allowed", "Use This One, Copy Command", shown(causeAndCure(kResultAccess))},
+        {"not in the list", "Add To My List", "Only keyboards of the list"},
+        {"not in the list, not allowed", "Add To My List", "Only keyboards of the list"}};
     for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
-        chooseRow(shown, row);
-        EXPECT_EQ(shown.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
-        EXPECT_EQ(shown.table().topLevelItem(row)->text(3), rows.at(row).state);
-        EXPECT_EQ(enabled(shown), rows.at(row).enabled) << row;
+        chooseRow(dialog, row);
+        EXPECT_EQ(dialog.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
+        EXPECT_EQ(dialog.table().topLevelItem(row)->text(3), rows.at(row).state);
+        EXPECT_EQ(enabled(dialog), rows.at(row).enabled) << row;
+        EXPECT_EQ(dialog.help().text().left(rows.at(row).help.size()), rows.at(row).help) << row;
+        EXPECT_EQ(dialog.help().text().isEmpty(), rows.at(row).help.isEmpty()) << row;
     }
     plugged.clear();
     look();
-    EXPECT_EQ(shown.help().text(), "No USB MIDI device is plugged in.");
+    EXPECT_EQ(dialog.help().text(), "No USB MIDI device is plugged in.");
 }
 
 TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboard) {
