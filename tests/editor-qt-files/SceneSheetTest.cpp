@@ -81,6 +81,9 @@ void expectWithinMargins(const QImage& image, int pages) {
 TEST_F(SceneSheetTest, APdfHasAPageEachScene) {
     const QByteArray pdf = written("live.pdf");
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    EXPECT_TRUE(pdf.contains("/MediaBox [0 0 595"));
+    EXPECT_TRUE(written("letter.pdf", sheet(1), QPageSize(QPageSize::Letter))
+                    .contains("/MediaBox [0 0 612"));
     EXPECT_EQ(QString::fromLatin1(pdf).count(QRegularExpression("/Type /Page\\b(?!s)")), 4);
     EXPECT_EQ(QString::fromLatin1(written("one.PDF", sheet(1)))
                   .count(QRegularExpression("/Type /Page\\b(?!s)")),
@@ -145,9 +148,13 @@ TEST_F(SceneSheetTest, TheTableSaysInWordsWhatEachControlSendsAndIsSetTo) {
     record(1).setMIDIChannel(2);
     record(13).setAssignType(0);
     const QString svg = QString::fromUtf8(written("live.svg"));
-    for (const char* const text : {"Scene 1: SCENE1", "Scene 4: SCENE4", "live.bank", "Knob 1",
-                                   "CC 74 Brightness", "channel 3", "Key 25", "nothing"})
+    for (const char* const text :
+         {"Scene 1: SCENE1", "Scene 4: SCENE4", "live.bank", "Knob 1", "CC 74 Brightness",
+          "channel 3", "Key 25", "nothing", "global channel 1"})
         EXPECT_TRUE(svg.contains(QLatin1String(text))) << text;
+    EXPECT_EQ(svg.count("live.bank"), 1 + 4) << "the title, and a head of each page";
+    EXPECT_EQ(svg.count("nothing"), 1) << "the pad; a group of controls is no silent one";
+    EXPECT_TRUE(svg.contains("<svg width=\"209.9") && svg.contains(" height=\"1188."));
 }
 
 TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
@@ -177,6 +184,7 @@ TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
         return pdf.count(QRegularExpression("/Type /Page\\b(?!s)"));
     };
     EXPECT_EQ(pages(), 4);
+    EXPECT_TRUE(printer.fullPage()) << "the margins are the sheet's own";
     printer.setPrintRange(QPrinter::PageRange);
     printer.setFromTo(2, 3);
     EXPECT_EQ(pages(), 2);
