@@ -373,12 +373,55 @@ TEST_F(PopUpBoxTest, WheelOverAnUnfocusedBoxChangesNothing) {
     EXPECT_EQ(choices_, 0);
 }
 
+TEST_F(PopUpBoxTest, InTheOpenListOnlyLettersThatFollowOneAnotherMakeOneText) {
+    const auto row = [this] { return box_.view()->currentIndex().row(); };
+    QTest::mouseClick(&box_, Qt::LeftButton);
+    QTest::keyClicks(box_.view(), "1");
+    QTest::keyPress(box_.view(), Qt::Key_Shift);
+    QTest::keyClicks(box_.view(), "2");
+    EXPECT_EQ(row(), 12) << "another key was only held";
+    QTest::keyClick(box_.view(), Qt::Key_Down);
+    QTest::keyClicks(box_.view(), "1");
+    EXPECT_EQ(row(), 1) << "an arrow was in between";
+    box_.hidePopup();
+    box_.showPopup();
+    QTest::keyClicks(box_.view(), "2");
+    EXPECT_EQ(row(), 2) << "the list was closed in between";
+    box_.hidePopup();
+    box_.selectItem(-1);
+    box_.showPopup();
+    QTest::keyClick(box_.view(), Qt::Key_Space);
+    EXPECT_EQ(chosen_, Choices{}) << "there is no entry to choose";
+}
+
+TEST_F(PopUpBoxTest, EscapeAndAHeldKeyAreTheTypings) {
+    QAction command;
+    command.setShortcut(Qt::Key_Escape);
+    box_.addAction(&command);
+    int count = 0;
+    QObject::connect(&command, &QAction::triggered, [&count] { ++count; });
+    box_.activateWindow();
+    box_.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box_, testing::kLimitMilliseconds));
+    QTest::keyClicks(&box_, "10");
+    QTest::keyClick(&box_, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_EQ(chosen_, Choices{});
+    QTest::keyClick(&box_, Qt::Key_Escape);
+    EXPECT_EQ(box_.selectedItem(), 5);
+    EXPECT_EQ(count, 0);
+    QTest::keyClick(&box_, Qt::Key_Escape);
+    EXPECT_EQ(count, 1) << "nothing is typed";
+}
+
 TEST_F(PopUpBoxTest, WheelTurnsABoxThatHasTheKeyboard) {
     box_.activateWindow();
     box_.setFocus();
     ASSERT_TRUE(QTest::qWaitFor([this] { return box_.hasFocus(); }, testing::kLimitMilliseconds));
     turnWheel();
     EXPECT_EQ(box_.selectedItem(), 6);
+    QTest::keyClicks(&box_, "10");
+    turnWheel();
+    EXPECT_EQ(chosen_, (Choices{6, 10, 11})) << "from what was typed on";
 }
 
 TEST_F(PopUpBoxTest, DisabledBoxTakesNoClick) {
