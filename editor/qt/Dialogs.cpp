@@ -5,6 +5,7 @@
 #include "editor/qt/Theme.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QPlainTextEdit>
@@ -122,6 +123,26 @@ QPushButton& addRowButton(QWidget& row, const QString& title, const QString& hel
     button.setAutoDefault(false);
     row.layout()->addWidget(&button);
     return button;
+}
+
+QPushButton& addAnswers(QDialog& dialog, QVBoxLayout& column, const QString& cancel,
+                        const QString& accept) {
+    auto& row = makeChild<QWidget>(&dialog);
+    auto& buttons = makeChild<QHBoxLayout>(&row);
+    buttons.setContentsMargins(0, 0, 0, 0);
+    buttons.addStretch(1);
+    const auto add = [&](const QString& title) -> QPushButton& {
+        auto& button = makeChild<QPushButton>(title, &dialog);
+        button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+        buttons.addWidget(&button);
+        return button;
+    };
+    QObject::connect(&add(cancel), &QPushButton::clicked, &dialog, &QDialog::reject);
+    auto& accepting = add(accept);
+    accepting.setDefault(true);
+    QObject::connect(&accepting, &QPushButton::clicked, &dialog, &QDialog::accept);
+    column.addWidget(&row);
+    return accepting;
 }
 
 GainWindow::GainWindow(QWidget* parent) : QDialog(parent) {

@@ -14,6 +14,7 @@
 class QPushButton;
 class QTreeWidget;
 class QGridLayout;
+class QVBoxLayout;
 
 namespace scenewright {
 
@@ -26,6 +27,11 @@ void fitColumns(QTreeWidget& table, int widest = QWIDGETSIZE_MAX);
 
 // A button at the end of a row, which has a layout; the row's child. `title` marks a letter.
 QPushButton& addRowButton(QWidget& row, const QString& title, const QString& help);
+
+// The foot of a dialog that is accepted or not: its last stops of the Tab key. The titles mark
+// letters; gives the button that accepts, the default one.
+QPushButton& addAnswers(QDialog& dialog, QVBoxLayout& column, const QString& cancel,
+                        const QString& accept);
 
 // What the program is, its licence, and the libraries in it.
 class About final : public QDialog {

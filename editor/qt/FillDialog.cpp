@@ -2,13 +2,13 @@
 
 #include "app/SceneChanges.h"
 #include "editor/ControlDescription.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/PadColour.h"
 #include "model/Setting.h"
 
 #include <QColorDialog>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QPixmap>
 #include <QScreen>
 #include <QStyle>
@@ -117,7 +117,7 @@ FillDialog::FillDialog(MainWindow& window, What what)
     told_->setTextFormat(Qt::PlainText);
     told_->setMinimumHeight(2 * fontMetrics().lineSpacing()); // nothing moves when it speaks
     column.addWidget(told_, 1, Qt::AlignTop);
-    addButtons(column);
+    accept_ = &addAnswers(*this, column, tr("Cance&l"), tr("F&ill"));
     setMinimumWidth(kWidth);
     const auto at = std::ranges::find(offered_, what);
     whats_->selectItem(at == offered_.end() ? 0 : static_cast<std::int32_t>(at - offered_.begin()));
@@ -204,23 +204,6 @@ void FillDialog::askForColour(QPushButton& button) {
     if (chosen.isValid())
         setColour(button, chosen);
     follow();
-}
-
-void FillDialog::addButtons(QVBoxLayout& column) {
-    auto& row = makeChild<QWidget>(this);
-    auto& buttons = makeChild<QHBoxLayout>(&row);
-    buttons.setContentsMargins(0, 0, 0, 0);
-    auto& cancel = makeChild<QPushButton>(tr("Cance&l"), this);
-    accept_ = &makeChild<QPushButton>(tr("F&ill"), this); // the last stop of the Tab key
-    accept_->setDefault(true);
-    buttons.addStretch(1);
-    for (QPushButton* button : {&cancel, accept_}) {
-        buttons.addWidget(button);
-        button->setAccessibleName(button->text().remove(QLatin1Char('&')));
-    }
-    connect(&cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(accept_, &QPushButton::clicked, this, &QDialog::accept);
-    column.addWidget(&row);
 }
 
 What FillDialog::what() const {

@@ -21,8 +21,6 @@
 #include <string>
 #include <vector>
 
-class QVBoxLayout;
-
 namespace scenewright {
 
 class FillDialog final : public QDialog {
@@ -45,7 +43,6 @@ public:
 private:
     void standBelow();
     void addPage(What what);
-    void addButtons(QVBoxLayout& column);
     void askForColour(QPushButton& button);
     [[nodiscard]] What what() const;
     // What fillValues() is to start with.

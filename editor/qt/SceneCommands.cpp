@@ -2,6 +2,7 @@
 
 #include "app/StoredScenes.h"
 #include "app/WindowAction.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
 #include "protocol/SceneImage.h"
@@ -10,7 +11,6 @@
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QDropEvent>
-#include <QHBoxLayout>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QVBoxLayout>
@@ -30,8 +30,7 @@ QString nameOf(std::int32_t scene) {
 } // namespace
 
 RenameDialog::RenameDialog(const QString& name, QWidget* parent)
-    : QDialog(parent), name_(&makeChild<QLineEdit>(name, this)), told_(&makeChild<QLabel>(this)),
-      accept_(&makeChild<QPushButton>(tr("&Rename"), this)) {
+    : QDialog(parent), name_(&makeChild<QLineEdit>(name, this)), told_(&makeChild<QLabel>(this)) {
     setWindowTitle(tr("Rename Scene"));
     setAccessibleName(windowTitle());
     auto& column = makeChild<QVBoxLayout>(this);
@@ -48,20 +47,8 @@ RenameDialog::RenameDialog(const QString& name, QWidget* parent)
     column.addWidget(name_);
     column.addWidget(told_);
     column.addStretch(1);
-    auto& buttons = makeChild<QWidget>(this);
-    auto& row = makeChild<QHBoxLayout>(&buttons);
-    row.setContentsMargins(0, 0, 0, 0);
-    auto& cancel = makeChild<QPushButton>(tr("&Cancel"), this);
-    accept_->setDefault(true);
-    row.addStretch(1);
-    row.addWidget(&cancel);
-    row.addWidget(accept_);
-    column.addWidget(&buttons);
-    for (QPushButton* button : {&cancel, accept_})
-        button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+    accept_ = &addAnswers(*this, column, tr("&Cancel"), tr("&Rename"));
     connect(name_, &QLineEdit::textChanged, this, &RenameDialog::check);
-    connect(&cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(accept_, &QPushButton::clicked, this, &QDialog::accept);
     check();
 }
 

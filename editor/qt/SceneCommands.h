@@ -35,7 +35,7 @@ private:
     // Children of the dialog.
     QLineEdit* name_;
     QLabel* told_;
-    QPushButton* accept_;
+    QPushButton* accept_ = nullptr;
 };
 
 // Window and history outlive the commands. Main thread only.

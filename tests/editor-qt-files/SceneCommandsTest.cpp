@@ -121,6 +121,21 @@ TEST_F(SceneCommandsTest, ANameIsTakenWhileTheControllerCanHoldIt) {
     EXPECT_EQ(commands().history().steps().undoText(), "Rename Scene 1");
 }
 
+TEST_F(SceneCommandsTest, TheTabKeyGoesFromTheNameToTheButtons) {
+    inDialog<RenameDialog>([this] { command("&Rename...").trigger(); },
+                           [](RenameDialog& dialog) {
+                               QStringList stops;
+                               const QWidget* const first = dialog.findChild<QLineEdit*>();
+                               for (const QWidget* at = first; stops.isEmpty() || at != first;
+                                    at = at->nextInFocusChain())
+                                   if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
+                                       stops.append(at->accessibleName());
+                               EXPECT_EQ(stops, (QStringList{"Name", "Cancel", "Rename"}))
+                                   << stops.join(", ").toStdString();
+                               dialog.reject();
+                           });
+}
+
 TEST_F(SceneCommandsTest, TheMenusRenameAndResetAreForTheSceneThatIsShown) {
     const auto rename = [this](const std::function<void(RenameDialog&)>& end) {
         inDialog<RenameDialog>([this] { command("&Rename...").trigger(); },
