@@ -1,16 +1,20 @@
-// Which controls are chosen: one, whose settings the pane shows, and others beside it that take the
-// same changes. Controls are given by their index; the scene-wide settings, 0, stand alone.
+// Which controls are chosen, and what is copied from one to others. A control is named by its
+// index, 0 to 45; the scene-wide settings, 0, are a kind of their own and stand alone. Main thread
+// only.
 #pragma once
 
 #include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace scenewright {
 
+// One control, whose settings the pane shows, and others beside it that take the same changes.
 class ControlSelection {
 public:
     // That one alone; -1 for none.
@@ -42,5 +46,26 @@ private:
 [[nodiscard]] std::string paneTitle(const ControlSelection& selection);
 // "Pad 3", "8 Pads": what takes a change.
 [[nodiscard]] std::string alikeTitle(const ControlSelection& selection);
+
+// A control's settings without a scene's name. The values go straight into the scene's own records,
+// as an edit does.
+class ControlClipboard {
+public:
+    // Takes the values as they are now. False, with the former copy kept, when the scene has no
+    // such control.
+    bool copy(const SceneValue& scene, std::int32_t control);
+    [[nodiscard]] bool canPaste(std::int32_t control) const;
+    // False, and nothing changed, for a control of another kind or one that the scene does not
+    // have.
+    [[nodiscard]] bool paste(const SceneValue& scene, std::int32_t control) const;
+
+private:
+    std::optional<ControlKind> kind_;
+    std::vector<std::int32_t> values_; // in the order of the kind's settings
+};
+
+// Gives the control the values of the same control of the default scene. False, and nothing
+// changed, when either scene does not have it.
+bool resetControl(const SceneValue& scene, std::int32_t control);
 
 } // namespace scenewright

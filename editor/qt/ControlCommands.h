@@ -2,7 +2,7 @@
 // several of a kind: copied, pasted, put back to their defaults, filled, transposed.
 #pragma once
 
-#include "editor/ControlClipboard.h"
+#include "editor/ControlSelection.h"
 #include "editor/qt/FillDialog.h"
 #include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"

@@ -1,8 +1,8 @@
 // Scenes that hold fewer than 45 controls, as a default scene's file that is missing or cut short
 // leaves them, and option lists that are not there.
 #include "app/WindowAction.h"
-#include "editor/ControlClipboard.h"
 #include "editor/ControlDescription.h"
+#include "editor/ControlSelection.h"
 #include "model/Setting.h"
 #include "tests/editor/EditorBench.h"
 
