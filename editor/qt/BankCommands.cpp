@@ -1,7 +1,6 @@
 #include "editor/qt/BankCommands.h"
 
 #include "app/WindowAction.h"
-#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/Control.h"
 

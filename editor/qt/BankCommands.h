@@ -4,7 +4,6 @@
 
 #include "app/StoreFiles.h"
 #include "editor/qt/Document.h"
-#include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SceneSheet.h"
 

@@ -7,7 +7,7 @@
 #include "app/DeviceSession.h"
 #include "app/KnownKeyboard.h"
 #include "editor/qt/DeviceVerification.h"
-#include "editor/qt/History.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>

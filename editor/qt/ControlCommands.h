@@ -4,7 +4,7 @@
 
 #include "editor/ControlSelection.h"
 #include "editor/qt/FillDialog.h"
-#include "editor/qt/History.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>

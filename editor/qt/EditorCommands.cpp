@@ -1,7 +1,6 @@
 #include "editor/qt/EditorCommands.h"
 
 #include "editor/qt/PlayOutputs.h"
-#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QScreen>

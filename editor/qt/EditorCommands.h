@@ -8,7 +8,6 @@
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/EarlierCommands.h"
-#include "editor/qt/History.h"
 #include "editor/qt/KeyboardCommands.h"
 #include "editor/qt/KeyboardInput.h"
 #include "editor/qt/KeyboardWatch.h"

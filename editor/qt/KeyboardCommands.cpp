@@ -1,7 +1,6 @@
 #include "editor/qt/KeyboardCommands.h"
 
 #include "app/KnownKeyboard.h"
-#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QClipboard>

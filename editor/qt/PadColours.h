@@ -2,7 +2,7 @@
 // alike tell apart, those used last, and any other.
 #pragma once
 
-#include "editor/qt/History.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 #include "model/PadColour.h"
 

@@ -1,8 +1,9 @@
-// Helpers around the toolkit: children, texts, the keyboard.
+// Helpers around the toolkit: children, texts, the keyboard, what is kept.
 #pragma once
 
 #include <QApplication>
 #include <QObject>
+#include <QSettings>
 #include <QString>
 #include <QWidget>
 
@@ -64,6 +65,12 @@ inline void bringUp(QWidget& window) {
     window.show();
     window.raise();
     window.activateWindow();
+}
+
+// What the window keeps from one start to the next, in the user's configuration folder
+// (scenewright/window.conf). Main thread.
+[[nodiscard]] inline QSettings programSettings() {
+    return QSettings(QStringLiteral("scenewright"), QStringLiteral("window"));
 }
 
 } // namespace scenewright

@@ -3,7 +3,6 @@
 #include "app/DeviceSession.h"
 #include "app/OutcomeText.h"
 #include "editor/qt/DeviceCommands.h"
-#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QFileInfo>

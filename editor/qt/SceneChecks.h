@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/StoredScenes.h"
-#include "editor/qt/History.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QDialog>

@@ -2,7 +2,7 @@
 // had on each scene's segment, by its context menu and by dragging one onto another.
 #pragma once
 
-#include "editor/qt/History.h"
+#include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>

@@ -6,7 +6,6 @@
 #include "app/Recovery.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/EarlierCommands.h"
-#include "editor/qt/History.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QObject>

@@ -1,6 +1,6 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
-#include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QDragEnterEvent>

@@ -21,9 +21,7 @@ protected:
 
     void edit(std::int32_t scene, std::int32_t control, const char* outlet, std::int32_t value) {
         window().showControl(scene, control);
-        PopUpBox& box = window().panes().popUp(outlet);
-        box.selectItem(value);
-        emit box.activated(value);
+        pick(outlet, value);
     }
     // The numbers of the scenes with a dot.
     std::string dots() {

@@ -4,7 +4,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
-#include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
 #include "protocol/Transactions.h"
 #include "tests/support/Limits.h"
 #include "usb/Transport.h"
@@ -74,6 +74,17 @@ ButtonValue& CommandsBench::record(std::int32_t control) {
 
 void CommandsBench::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(window_.get(), key, modifiers);
+}
+
+void CommandsBench::pick(const char* popUp, std::int32_t option) {
+    PopUpBox& box = window().panes().popUp(popUp);
+    box.selectItem(option);
+    emit box.activated(option);
+}
+
+void CommandsBench::pickRed(std::int32_t red) {
+    choose(kPad);
+    pick("padCR", red);
 }
 
 void CommandsBench::type(const char* popUp, const QString& text) {

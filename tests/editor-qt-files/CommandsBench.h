@@ -41,6 +41,10 @@ protected:
     static ButtonValue& record(std::int32_t control);
     void choose(std::int32_t control) { window_->picture().button(control)->click(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier);
+    // As a user does, from the open list.
+    void pick(const char* popUp, std::int32_t option);
+    // Of the first pad.
+    void pickRed(std::int32_t red);
     // As a user does, with the keyboard on the popup and Return at the end.
     void type(const char* popUp, const QString& text);
     // Does what opens a dialog, and that in the dialog.

@@ -53,11 +53,6 @@ protected:
     [[nodiscard]] QString heading() {
         return window().panes().pane(ControlKind::Pad).findChild<QLabel*>()->text();
     }
-    void chooseOption(const char* popUp, int option) {
-        PopUpBox& box = window().panes().popUp(popUp);
-        box.selectItem(option);
-        emit box.activated(option);
-    }
     QString step() { return commands().history().steps().undoText(); }
 };
 
@@ -154,14 +149,14 @@ TEST_F(ControlChoiceTest, AChoiceGoesToAllOfTheKindInOneStep) {
     click(kPad, Qt::ControlModifier);
     click(kPad + 1, Qt::ControlModifier);
     const std::int32_t channel = record(kPad).MIDIChannel();
-    chooseOption("padMIDIChannel", 4);
+    pick("padMIDIChannel", 4);
     EXPECT_EQ(step(), "2 Pads MIDI channel");
-    chooseOption("padMIDIChannel", 5); // a later choice in the same popup is part of it
+    pick("padMIDIChannel", 5); // a later choice in the same popup is part of it
     EXPECT_EQ(record(kPad).MIDIChannel(), 5);
     EXPECT_EQ(record(kPad + 1).MIDIChannel(), 5);
     EXPECT_EQ(record(kPad + 2).MIDIChannel(), channel);
     click(kPad + 3, Qt::ControlModifier);
-    chooseOption("padMIDIChannel", 6);
+    pick("padMIDIChannel", 6);
     EXPECT_EQ(step(), "3 Pads MIDI channel");
     commands().history().steps().undo();
     EXPECT_EQ(record(kPad).MIDIChannel(), 5);
@@ -199,7 +194,7 @@ TEST_F(ControlChoiceTest, WhatAChoiceBringsWithItGoesToAll) {
          {std::tuple{"padMIDIChannel", kAssignNote, kFieldAbsent},
           {"padAssignType", kAssignController, kFieldAbsent},
           {"padAssignType", kAssignNote, 127}}) {
-        chooseOption(popUp, option);
+        pick(popUp, option);
         EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), number) << popUp << " " << option;
     }
 }

@@ -6,7 +6,6 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "editor/qt/AccessInstaller.h"
-#include "editor/qt/ProgramSettings.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"

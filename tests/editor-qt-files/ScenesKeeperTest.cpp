@@ -36,12 +36,6 @@ protected:
     [[nodiscard]] bool isKept() const {
         return std::filesystem::exists(folder.path() / "unsent" / "1.scenes");
     }
-    void edit(std::int32_t red) {
-        choose(kPad);
-        PopUpBox& box = window().panes().popUp("padCR");
-        box.selectItem(red);
-        emit box.activated(red);
-    }
     void end() {
         close();
         recovery.reset();
@@ -50,11 +44,11 @@ protected:
 
 TEST_F(ScenesKeeperTest, AnEditIsOnTheDiskWithinTwoSecondsAndAtTheEnd) {
     start();
-    edit(77);
+    pickRed(77);
     EXPECT_FALSE(isKept());
     EXPECT_LE(ScenesKeeper::kDelay, std::chrono::milliseconds(2000));
     EXPECT_TRUE(waitUntil([this] { return isKept(); }));
-    edit(78); // and at once the end
+    pickRed(78); // and at once the end
     const BankImage image = storedImage();
     end();
     ASSERT_EQ(found().size(), 1U);
@@ -69,24 +63,24 @@ TEST_F(ScenesKeeperTest, WhatIsElsewhereTooIsNotKept) {
     };
     const Row rows[] = {
         {"nothing done", [] {}, false},
-        {"edited", [this] { edit(77); }, true},
+        {"edited", [this] { pickRed(77); }, true},
         {"undone",
          [this] {
-             edit(77);
+             pickRed(77);
              press(Qt::Key_Z);
          },
          false},
         {"saved",
          [this] {
-             edit(77);
+             pickRed(77);
              commands().banks().saveBank(file("mine.bank"));
          },
          false},
         {"edited after it was saved",
          [this] {
-             edit(77);
+             pickRed(77);
              commands().banks().saveBank(file("mine.bank"));
-             edit(78);
+             pickRed(78);
          },
          true},
         {"opened", [this] { commands().banks().openBank(bankWithRed("a.json", 5)); }, false},
@@ -94,21 +88,21 @@ TEST_F(ScenesKeeperTest, WhatIsElsewhereTooIsNotKept) {
          [this] { commands().banks().openAtStart(bankWithRed("a.json", 5)); }, false},
         {"one scene saved",
          [this] {
-             edit(77);
+             pickRed(77);
              commands().banks().saveScene(file("one.json"));
          },
          true},
         {"known to be on the keyboard",
          [this] {
-             edit(77);
+             pickRed(77);
              KnownKeyboard::set(storedImage(), "Stage");
          },
          false},
         {"known to have been on the keyboard",
          [this] {
-             edit(77);
+             pickRed(77);
              KnownKeyboard::set(storedImage(), "Stage");
-             edit(78);
+             pickRed(78);
          },
          true},
     };
@@ -126,7 +120,7 @@ TEST_F(ScenesKeeperTest, FileAndKeyboardAreKeptWithTheScenes) {
     start();
     commands().banks().openBank(bankWithRed("a.json", 5));
     KnownKeyboard::set(storedImage(), "Stage");
-    edit(77);
+    pickRed(77);
     end();
     ASSERT_EQ(found().size(), 1U);
     EXPECT_EQ(found()[0].file, folder.file("a.json"));
@@ -137,7 +131,7 @@ TEST_F(ScenesKeeperTest, TheNextStartOffersThemAndShowsItsDefaultScenes) {
     start();
     const BankImage defaults = storedImage();
     commands().banks().openBank(bankWithRed("a.json", 5));
-    edit(77);
+    pickRed(77);
     const BankImage edited = storedImage();
     end();
     for (int time = 0; time < 2; ++time) { // until it is decided
@@ -185,12 +179,12 @@ TEST_F(ScenesKeeperTest, ForgottenScenesAreGoneAndTheNextAreOffered) {
 TEST_F(ScenesKeeperTest, WhatCannotBeKeptIsToldOnce) {
     std::ofstream(folder.file("unsent")) << "in the way";
     start();
-    edit(77);
+    pickRed(77);
     EXPECT_TRUE(waitUntil([this] { return !notice().isEmpty(); }));
     EXPECT_TRUE(notice().startsWith("The edited scenes could not be kept: "))
         << notice().toStdString();
     notices().dismiss();
-    edit(78);
+    pickRed(78);
     press(Qt::Key_R); // looks at the disk first
     EXPECT_EQ(notice(), "");
 }

@@ -1,4 +1,4 @@
-#include "editor/qt/ProgramSettings.h"
+#include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QAction>
