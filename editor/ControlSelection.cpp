@@ -36,6 +36,17 @@ bool standsAlone(std::int32_t control) {
     return control <= controlRange(ControlKind::Common).start;
 }
 
+// Null when the scene does not have the control.
+const ControlRange* rangeIn(const SceneValue& scene, std::int32_t control) {
+    const ControlRange* range = controlRangeOf(control);
+    if (range == nullptr)
+        return nullptr;
+    const bool isThere = range->kind == ControlKind::Common
+                             ? scene.commonValue() != nullptr
+                             : static_cast<std::size_t>(control) <= scene.buttonValueArray().size();
+    return isThere ? range : nullptr;
+}
+
 } // namespace
 
 void ControlSelection::choose(std::int32_t control) {
@@ -112,21 +123,6 @@ std::string alikeTitle(const ControlSelection& selection) {
     return count < 2 ? controlName(selection.chosen())
                      : kindTitle(controlRangeOf(selection.chosen())->kind, count);
 }
-
-namespace {
-
-// Null when the scene does not have the control.
-const ControlRange* rangeIn(const SceneValue& scene, std::int32_t control) {
-    const ControlRange* range = controlRangeOf(control);
-    if (range == nullptr)
-        return nullptr;
-    const bool isThere = range->kind == ControlKind::Common
-                             ? scene.commonValue() != nullptr
-                             : static_cast<std::size_t>(control) <= scene.buttonValueArray().size();
-    return isThere ? range : nullptr;
-}
-
-} // namespace
 
 bool ControlClipboard::copy(const SceneValue& scene, std::int32_t control) {
     const ControlRange* range = rangeIn(scene, control);

@@ -16,6 +16,17 @@
 
 namespace scenewright {
 
+namespace {
+
+const QString kFilesKey = QStringLiteral("recent");
+const QString kFolderKey = QStringLiteral("folder");
+
+QString absolute(const QString& file) {
+    return file.isEmpty() ? file : QFileInfo(file).absoluteFilePath();
+}
+
+} // namespace
+
 // A step whose changes have been made when it is pushed.
 class History::Step final : public QUndoCommand {
 public:
@@ -150,17 +161,6 @@ void History::show(const SceneChanges& changes) {
         at = places.begin();
     window_.showControl(at->scene, controlIndexOf(*at));
 }
-
-namespace {
-
-const QString kFilesKey = QStringLiteral("recent");
-const QString kFolderKey = QStringLiteral("folder");
-
-QString absolute(const QString& file) {
-    return file.isEmpty() ? file : QFileInfo(file).absoluteFilePath();
-}
-
-} // namespace
 
 Document::Document(MainWindow& window, History& history)
     : window_(window), history_(history), program_(window.windowTitle()), start_(storedImage()) {

@@ -1,7 +1,9 @@
-// The scenes of earlier times: the menu of them, and how they come back into the window. Nothing
-// here needs a controller or sends anything.
+// The scenes of earlier times: the menu of them, the edited ones that an ended program has left,
+// and how they come back into the window. Nothing here needs a controller or sends anything. Main
+// thread only.
 #pragma once
 
+#include "app/KnownKeyboard.h"
 #include "app/Recovery.h"
 #include "app/StoreFiles.h"
 #include "editor/qt/Document.h"
@@ -10,10 +12,14 @@
 
 #include <QMenu>
 #include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
 
 namespace scenewright {
 
-// Window and document outlive the commands. A notice tells what was brought back. Main thread only.
+// Window and document outlive the commands. A notice tells what was brought back.
 class EarlierCommands final : public QObject {
     Q_OBJECT
 
@@ -41,6 +47,36 @@ private:
     StoreFiles files_;
     Document& document_;
     QMenu* menu_; // child of the File menu
+};
+
+// Keeps the edited scenes on the disk while they are neither sent nor saved, and offers those that
+// an ended program has left. All that it is given outlives it; its end puts the last edit on the
+// disk.
+class ScenesKeeper final : public QObject {
+    Q_OBJECT
+
+public:
+    // From an edit to the disk, while the event loop runs.
+    static constexpr std::chrono::milliseconds kDelay{1000};
+
+    ScenesKeeper(MainWindow& window, History& history, EarlierCommands& earlier,
+                 std::shared_ptr<Recovery> recovery);
+    ~ScenesKeeper() override;
+    Q_DISABLE_COPY_MOVE(ScenesKeeper)
+
+private:
+    void follow();
+    void flush();
+    // A notice for the newest that was left; none when there is nothing.
+    void offer();
+    void bringBack(const Recovery::Left& left);
+
+    MainWindow& window_;
+    EarlierCommands& earlier_;
+    std::shared_ptr<Recovery> recovery_;
+    QTimer delay_;
+    bool isTroubleTold_ = false;
+    KnownKeyboard::Subscription keyboard_;
 };
 
 } // namespace scenewright

@@ -3,8 +3,6 @@
 #pragma once
 
 #include "editor/qt/BankCommands.h"
-#include "editor/qt/ChangeMarks.h"
-#include "editor/qt/ControlCommands.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/EarlierCommands.h"
@@ -16,9 +14,8 @@
 #include "editor/qt/PadColours.h"
 #include "editor/qt/PlayBar.h"
 #include "editor/qt/SafeSending.h"
-#include "editor/qt/SceneChecks.h"
 #include "editor/qt/SceneCommands.h"
-#include "editor/qt/ScenesKeeper.h"
+#include "editor/qt/SceneMarks.h"
 #include "editor/qt/TryStrip.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 // Where the main window's widgets stand, and its menus.
-#include "editor/qt/ChangeMarks.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/SceneMarks.h"
 #include "editor/qt/StripPlace.h"
 
 #include <QApplication>

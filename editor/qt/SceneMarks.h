@@ -1,18 +1,20 @@
-// What the window shows of the difference between its scenes and those that the keyboard is known
-// to hold: a dot on each scene that differs, how many changes are not sent, and, if wanted, a dot
-// on each control of the picture. Nothing of it is seen while it is not known what the keyboard
-// holds.
+// What the window tells of its scenes beside their values: what is not sent, and what a player may
+// not have meant. Main thread only.
 #pragma once
 
 #include "app/DeviceSession.h"
 #include "app/KnownKeyboard.h"
+#include "app/StoredScenes.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QAction>
+#include <QDialog>
+#include <QListWidget>
 #include <QObject>
 #include <QPushButton>
+#include <QTimer>
 
 #include <cstddef>
 #include <vector>
@@ -43,7 +45,10 @@ private:
     std::size_t count_ = 0;
 };
 
-// Window, history and verification outlive it. Main thread only.
+// The difference between the window's scenes and those that the keyboard is known to hold: a dot on
+// each scene that differs, how many changes are not sent, and, if wanted, a dot on each control of
+// the picture. Nothing of it is seen while it is not known what the keyboard holds. Window, history
+// and verification outlive it.
 class ChangeMarks final : public QObject {
     Q_OBJECT
 
@@ -62,6 +67,34 @@ private:
     std::vector<Difference> unsent_; // the keyboard's values first
     QAction* picture_ = nullptr;     // child of the View menu
     KnownKeyboard::Subscription keyboard_;
+};
+
+// What may not be meant: how much of it there is, on the status line, and a list of it, whose rows
+// choose their controls. Window and history outlive it.
+class SceneChecks final : public QObject {
+    Q_OBJECT
+
+public:
+    SceneChecks(MainWindow& window, History& history);
+
+    // Hidden while there is nothing to tell.
+    [[nodiscard]] QPushButton& badge() { return *badge_; }
+    // Null until it was shown once.
+    [[nodiscard]] QListWidget* list() { return list_; }
+
+private:
+    void look();
+    void fill();
+    void showList();
+    void choose(int row);
+    [[nodiscard]] static QString textOf(const Finding& finding);
+
+    MainWindow& window_;
+    QTimer pause_; // many changes that follow each other are looked at once
+    std::vector<Finding> findings_;
+    QPushButton* badge_; // children of the status line and the window
+    QDialog* dialog_ = nullptr;
+    QListWidget* list_ = nullptr;
 };
 
 } // namespace scenewright
