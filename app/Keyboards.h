@@ -1,16 +1,20 @@
 // Which keyboards are plugged in, and which of them is worked with: the chosen one alone, or
 // without a choice the first that discovery finds.
 //
-// Nothing is opened. Main thread only.
+// Nothing is opened. Main thread only. At the end, the rules for udev that let the user at the seat
+// open them.
 #pragma once
 
 #include "platform/Result.h"
 #include "usb/AttachedDevices.h"
+#include "usb/DeviceList.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace scenewright {
@@ -65,5 +69,15 @@ private:
     std::string chosen_;
     Look look_;
 };
+
+// Where the rules go; the name must sort before 73, where the tag "uaccess" is acted on.
+inline constexpr const char* kAccessRulesFile = "/etc/udev/rules.d/70-scenewright.rules";
+
+// What a person without polkit types; `program` is the name or the path of scenewright-cli.
+[[nodiscard]] std::string accessCommand(std::string_view program);
+
+// One rule a device, repeated ones once, in the order of the list; ids that no device can have are
+// left out. Comments at the top say where the rules go.
+[[nodiscard]] std::string udevRules(std::span<const DeviceIds> devices);
 
 } // namespace scenewright

@@ -1,7 +1,6 @@
 #include "app/SafeSend.h"
 
 #include "app/DeviceSession.h"
-#include "app/KnownKeyboard.h"
 #include "bank/BankFile.h"
 #include "protocol/Transactions.h"
 

@@ -1,9 +1,9 @@
-// A scene that is played here: gestures in, what the keyboard would send out. All that has been
-// begun ends before another scene is played, when releaseAll() is called, and with the object.
-//
-// The bank is asked for at each gesture, so that what is edited is heard. One thread.
+// Playing without a keyboard: a scene of the store, the port by which other programs hear it, and
+// the virtual controller of this process.
 #pragma once
 
+#include "app/KeyboardPorts.h"
+#include "model/MidiMessage.h"
 #include "protocol/SceneImage.h"
 #include "sequencer/Sequencer.h"
 #include "virtual/Playing.h"
@@ -16,6 +16,10 @@
 
 namespace scenewright {
 
+// A scene that is played here: gestures in, what the keyboard would send out. All that has been
+// begun ends before another scene is played, when releaseAll() is called, and with the object.
+//
+// The bank is asked for at each gesture, so that what is edited is heard. One thread.
 class ScenePlayer {
 public:
     using Bank = std::function<BankImage()>;
@@ -75,6 +79,26 @@ private:
     PortAddress own_;
     std::vector<PortAddress> listeners_;
     std::vector<std::string> names_;
+};
+
+// The virtual controller of this process where a keyboard's MIDI port is otherwise: what is played
+// on it, and a sequencer that hears it.
+//
+// It is the one that the transport has; without it nothing is held, played and heard. Main thread
+// only.
+class VirtualPort {
+public:
+    VirtualPort() = delete;
+
+    // What the controller holds.
+    [[nodiscard]] static BankImage bank();
+    // Dropped while a transaction has the controller, and where nobody listens.
+    static void play(const MidiMessage& message);
+    // A sequencer whose one port is the controller's; `ready` is called when there is something to
+    // take. One at a time listens.
+    [[nodiscard]] static std::unique_ptr<Sequencer> listen(std::function<void()> ready);
+    // The controller, as the owner of that port.
+    [[nodiscard]] static std::vector<SoundKeyboard> keyboards();
 };
 
 } // namespace scenewright

@@ -1,12 +1,12 @@
 // The commands on whole banks: show, check, sheet (the window's program draws it), convert and
 // default.
-#include "app/ListCheck.h"
+#include "app/Launch.h"
 #include "app/WindowAction.h"
 #include "bank/BankJson.h"
 #include "bank/Check.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/SceneTable.h"
+#include "cli/Reports.h"
 #include "model/PopUpValue.h"
 #include "platform/Process.h"
 

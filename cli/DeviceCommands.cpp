@@ -1,9 +1,9 @@
 // The commands about keyboards that are plugged in or listed: devices and udev-rules.
-#include "app/AccessRules.h"
+#include "app/Keyboards.h"
 #include "app/OutcomeText.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/DeviceReport.h"
+#include "cli/Reports.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>

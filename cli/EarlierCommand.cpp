@@ -4,7 +4,7 @@
 #include "bank/Difference.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/SceneTable.h"
+#include "cli/Reports.h"
 #include "cli/Transaction.h"
 #include "model/PopUpValue.h"
 

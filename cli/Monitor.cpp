@@ -1,9 +1,7 @@
-#include "cli/Monitor.h"
-
 #include "bank/Path.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/Waiting.h"
+#include "cli/Listening.h"
 #include "model/ControlOutput.h"
 #include "model/PopUpValue.h"
 

@@ -1,7 +1,7 @@
 // What the keyboard sends, in lines: the command monitor without its loop.
 #pragma once
 
-#include "app/KeyboardListener.h"
+#include "app/KeyboardPorts.h"
 #include "model/MidiMessage.h"
 #include "model/SceneValue.h"
 #include "sequencer/Sequencer.h"

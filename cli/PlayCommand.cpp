@@ -3,7 +3,6 @@
 #include "app/ScenePlayer.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/Waiting.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
 

@@ -1,5 +1,4 @@
-#include "cli/SceneTable.h"
-
+#include "cli/Reports.h"
 #include "model/Control.h"
 #include "model/ControlOutput.h"
 #include "model/MidiNames.h"

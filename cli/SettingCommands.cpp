@@ -1,5 +1,5 @@
 // The commands on settings by their paths: get, set, copy, swap, reset and rename.
-#include "app/ListCheck.h"
+#include "app/Launch.h"
 #include "app/WindowAction.h"
 #include "bank/Edit.h"
 #include "bank/Path.h"

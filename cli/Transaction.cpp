@@ -1,7 +1,6 @@
 #include "cli/Transaction.h"
 
 #include "app/DeviceSession.h"
-#include "app/KnownKeyboard.h"
 #include "app/OutcomeText.h"
 #include "app/SafeSend.h"
 #include "app/SendJournal.h"

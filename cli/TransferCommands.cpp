@@ -1,5 +1,5 @@
 // The commands that move whole banks to and from the controller: read, send and resume.
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "app/SendJournal.h"
 #include "bank/BankFile.h"
 #include "bank/Difference.h"

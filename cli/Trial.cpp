@@ -1,10 +1,8 @@
-#include "cli/Trial.h"
-
-#include "app/KeyboardListener.h"
+#include "app/KeyboardPorts.h"
 #include "bank/Path.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
-#include "cli/Waiting.h"
+#include "cli/Listening.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
 

@@ -1,4 +1,4 @@
-#include "cli/Waiting.h"
+#include "cli/Command.h"
 
 #include <algorithm>
 #include <array>

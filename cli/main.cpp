@@ -1,5 +1,5 @@
-#include "app/KeyboardConnections.h"
-#include "app/ListCheck.h"
+#include "app/KeyboardPorts.h"
+#include "app/Launch.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "platform/Diagnostics.h"

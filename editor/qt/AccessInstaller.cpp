@@ -1,6 +1,6 @@
 #include "editor/qt/AccessInstaller.h"
 
-#include "app/AccessRules.h"
+#include "app/Keyboards.h"
 #include "editor/qt/QtHelpers.h"
 #include "usb/DeviceList.h"
 

@@ -2,7 +2,7 @@
 // None of them needs a controller or sends anything.
 #pragma once
 
-#include "app/StoreFiles.h"
+#include "app/StoredScenes.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/SceneSheet.h"

@@ -2,7 +2,7 @@
 // the window is open, and says once that they are interrupted.
 #pragma once
 
-#include "app/KeyboardConnections.h"
+#include "app/KeyboardPorts.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QSocketNotifier>

@@ -1,6 +1,6 @@
 #include "editor/qt/DeviceVerification.h"
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/QtHelpers.h"

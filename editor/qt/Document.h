@@ -2,9 +2,9 @@
 // and those of before. Main thread only.
 #pragma once
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "app/SceneChanges.h"
-#include "app/StoreFiles.h"
+#include "app/StoredScenes.h"
 #include "editor/qt/MainWindow.h"
 #include "model/MessageValue.h"
 #include "protocol/SceneImage.h"

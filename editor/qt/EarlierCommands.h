@@ -3,9 +3,9 @@
 // thread only.
 #pragma once
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "app/Recovery.h"
-#include "app/StoreFiles.h"
+#include "app/StoredScenes.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
 #include "protocol/SceneImage.h"

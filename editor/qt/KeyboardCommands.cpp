@@ -1,6 +1,6 @@
 #include "editor/qt/KeyboardCommands.h"
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QClipboard>

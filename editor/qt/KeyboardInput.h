@@ -2,7 +2,7 @@
 // long as anything does.
 #pragma once
 
-#include "app/KeyboardListener.h"
+#include "app/KeyboardPorts.h"
 #include "editor/qt/MainWindow.h"
 
 #include <QObject>

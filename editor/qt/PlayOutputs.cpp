@@ -1,7 +1,7 @@
 #include "editor/qt/PlayOutputs.h"
 
 #include "app/DeviceSession.h"
-#include "app/VirtualPort.h"
+#include "app/ScenePlayer.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QStringList>

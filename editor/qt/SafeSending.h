@@ -2,7 +2,7 @@
 // after a send that did not end, and whether the keyboard is read first.
 #pragma once
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "app/SafeSend.h"
 #include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "app/DeviceSession.h"
-#include "app/KnownKeyboard.h"
 #include "app/StoredScenes.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Document.h"

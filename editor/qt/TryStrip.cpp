@@ -1,6 +1,6 @@
 #include "editor/qt/TryStrip.h"
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "editor/ControlDescription.h"
 #include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"

@@ -1,7 +1,6 @@
 // The editor's window as a program.
 #include "app/Launch.h"
-#include "app/ListCheck.h"
-#include "app/StoreFiles.h"
+#include "app/StoredScenes.h"
 #include "app/WindowAction.h"
 #include "editor/qt/ConnectionKeeper.h"
 #include "editor/qt/EditorCommands.h"

@@ -1,7 +1,7 @@
 // A keyboard that can be plugged in, on a transport without pauses.
 #pragma once
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "protocol/Transactions.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

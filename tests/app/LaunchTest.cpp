@@ -1,15 +1,26 @@
 #include "app/Launch.h"
 
+#include "app/WindowAction.h"
+#include "bank/BankFile.h"
 #include "platform/Diagnostics.h"
 #include "platform/Resources.h"
+#include "platform/Text.h"
+#include "protocol/SceneAction.h"
+#include "protocol/Transactions.h"
 #include "tests/support/TempFolder.h"
 #include "usb/InterfaceAction.h"
 #include "usb/Transport.h"
+#include "virtual/VirtualHost.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -48,8 +59,6 @@ protected:
     TempFolder folder_;
 };
 
-} // namespace
-
 TEST_F(LaunchTest, VirtualControllerIsFoundWhateverKeyboardsAreListed) {
     const std::array lists{entry(4617, 1), entry(4617, 2), entry(65535, 40000) + entry(1, 2),
                            "<dict><key>VID</key><string>x</string></dict>" + entry(0, 65535)};
@@ -66,5 +75,206 @@ TEST_F(LaunchTest, VirtualControllerIsNotFoundWithAListThatHasNoKeyboard) {
     ASSERT_TRUE(connectVirtual().has_value());
     EXPECT_FALSE(InterfaceAction::FindDevice());
 }
+
+std::string shipped(const std::string& name) {
+    std::ifstream file(*Resources::find(name, "plist"));
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A folder of resources that comes before the shipped ones.
+class ListCheckTest : public ::testing::Test {
+protected:
+    void SetUp() override { Resources::setFolder(folder.path()); }
+    void TearDown() override { Resources::setFolder({}); }
+
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(folder.file(name + ".plist")) << text;
+    }
+    // The sentence, without the folder; empty when the list serves.
+    std::string errorOf(const std::string& name) const {
+        const auto checked = checkList(name);
+        if (checked)
+            return "";
+        std::string text = checked.error();
+        const std::string path = folder.path().string() + "/";
+        if (text.starts_with(path))
+            text.erase(0, path.size());
+        return text;
+    }
+
+    testing::TempFolder folder;
+};
+
+TEST_F(ListCheckTest, TheShippedListsServe) {
+    EXPECT_EQ(listErrors(), std::vector<std::string>{});
+}
+
+TEST_F(ListCheckTest, AListOfTheLanguageThatCannotBeReadIsTold) {
+    write("basic", shipped("basic"));
+    write("basic_de", "nothing of the kind");
+    EXPECT_EQ(listErrors(), std::vector<std::string>{}) << "of another language";
+    setTranslator([](SourceText text) {
+        return text.written == std::string("basic") ? std::string("basic_de") : text.written;
+    });
+    const auto errors = listErrors();
+    setTranslator(nullptr);
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_NE(errors.front().find(folder.file("basic_de.plist")), std::string::npos);
+}
+
+TEST_F(ListCheckTest, AListThatCannotBeReadNamesItsFile) {
+    for (const char* name : {"basic", "default", "project"}) {
+        write(name, "nothing of the kind");
+        EXPECT_NE(errorOf(name).find(folder.file(std::string(name) + ".plist") + ": "),
+                  std::string::npos)
+            << errorOf(name);
+    }
+    EXPECT_EQ(listErrors().size(), 3U);
+}
+
+TEST_F(ListCheckTest, AShortListOfTitlesIsNamed) {
+    const std::string one = "<string>Pad 3</string>";
+    const std::string whole = shipped("basic");
+    const auto place = whole.find(one);
+    ASSERT_NE(place, std::string::npos);
+    write("basic", std::string(whole).erase(place, one.size()));
+    EXPECT_EQ(errorOf("basic"),
+              "basic.plist: the list \"control\" holds 45 titles, and 46 are needed");
+}
+
+TEST_F(ListCheckTest, AMissingListOfTitlesIsNamed) {
+    write("basic", std::regex_replace(shipped("basic"), std::regex("button-assginType"), "other"));
+    EXPECT_EQ(errorOf("basic"),
+              "basic.plist: the list \"button-assginType\" holds 0 titles, and 3 are needed");
+}
+
+TEST_F(ListCheckTest, ADefaultSceneWithoutControlsIsTold) {
+    write("default", "<plist version=\"1.0\"><dict/></plist>");
+    EXPECT_EQ(errorOf("default"),
+              "default.plist: the default scene holds 0 controls, and the keyboard has 45");
+}
+
+TEST_F(ListCheckTest, AListWithoutAWholePairListsNoKeyboard) {
+    write("project", "<plist version=\"1.0\"><array><dict><key>VID</key><integer>1</integer>"
+                     "</dict></array></plist>");
+    EXPECT_EQ(errorOf("project"), "project.plist: it lists no keyboard");
+}
+
+class VirtualBankTest : public ::testing::Test {
+protected:
+    ~VirtualBankTest() override {
+        Transport::instance().use(nullptr, [](std::chrono::nanoseconds) {});
+    }
+
+    VirtualBank opened(const std::string& path) {
+        auto bank = openVirtualBank(path, true);
+        EXPECT_TRUE(bank) << bank.error();
+        return std::move(bank).value();
+    }
+    std::string errorOf(const std::string& path) {
+        const auto bank = openVirtualBank(path, true);
+        return bank ? "none" : bank.error();
+    }
+    // The store's scenes, with this red for the first pad, through the controller to the file.
+    void send(const std::string& path, std::int32_t red) {
+        VirtualBank bank = opened(path);
+        Transport::instance().use(makeVirtualHost(std::make_shared<VirtualController>(bank.image),
+                                                  std::move(bank.keeper)),
+                                  [](std::chrono::nanoseconds) {});
+        WindowAction::scenes()[0]->buttonValueArray()[12]->setCR(red);
+        WindowAction::sendSceneData();
+        SendJob::waitForEnd();
+        SendJob::join();
+    }
+    static std::int32_t redOf(const std::string& path) {
+        return readBank(path).value().scenes.at(0)->buttonValueArray()[12]->CR();
+    }
+
+    TempFolder folder_;
+};
+
+TEST_F(VirtualBankTest, WithoutAFileItHoldsTheDefaultScenesAndKeepsNothing) {
+    const VirtualBank bank = opened("");
+    EXPECT_EQ(bank.image, encodeBank(WindowAction::scenes()));
+    EXPECT_TRUE(folder_.names().empty());
+}
+
+TEST_F(VirtualBankTest, AnImageIsTakenByteForByte) {
+    std::vector<std::uint8_t> bytes(kBankSize, 0x11);
+    bytes[400] = 0xC8; // no value of a setting, but what a controller might hold
+    writeBytes(folder_.file("held"), bytes);
+    const VirtualBank bank = opened(folder_.file("held"));
+    EXPECT_TRUE(std::ranges::equal(bank.image, bytes));
+}
+
+TEST_F(VirtualBankTest, AJsonBankIsTakenAndStaysOne) {
+    send(folder_.file("new.json"), 11); // there was none: its name asks for the form
+    EXPECT_EQ(readBank(folder_.file("new.json")).value().form, BankFormat::Json);
+    EXPECT_EQ(redOf(folder_.file("new.json")), 11);
+    std::filesystem::rename(folder_.file("new.json"), folder_.file("held.bank"));
+    const BankFile kept = readBank(folder_.file("held.bank")).value();
+    EXPECT_EQ(opened(folder_.file("held.bank")).image, encodeBank(kept.scenes));
+    send(folder_.file("held.bank"), 12); // content decides, not the name
+    EXPECT_EQ(readBank(folder_.file("held.bank")).value().form, BankFormat::Json);
+    EXPECT_EQ(redOf(folder_.file("held.bank")), 12);
+}
+
+TEST_F(VirtualBankTest, AnImageStaysOne) {
+    send(folder_.file("held"), 13);
+    EXPECT_EQ(readBytes(folder_.file("held")).size(), kBankSize);
+    EXPECT_EQ(redOf(folder_.file("held")), 13);
+}
+
+// A folder whose lists come before the shipped ones, and are none.
+class VirtualBankListsTest : public VirtualBankTest {
+protected:
+    VirtualBankListsTest() {
+        for (const char* name : {"default", "basic"})
+            writeBytes(lists_.file(std::string(name) + ".plist"), std::vector<std::uint8_t>{'x'});
+        Resources::setFolder(lists_.path());
+    }
+    ~VirtualBankListsTest() override { Resources::setFolder({}); }
+    std::string listError(const std::string& name) const {
+        return "Cannot read " + lists_.file(name) + ": it is not a property list";
+    }
+
+    TempFolder lists_;
+};
+
+TEST_F(VirtualBankListsTest, ANewMemoryWithoutTheDefaultListIsRefusedWhereListsAreNeeded) {
+    EXPECT_EQ(errorOf(folder_.file("new.bank")), listError("default.plist"));
+    EXPECT_EQ(errorOf(""), listError("default.plist"));
+    const auto zeros = openVirtualBank("", false);
+    ASSERT_TRUE(zeros) << zeros.error();
+    EXPECT_EQ(zeros->image[20], 0);
+}
+
+TEST_F(VirtualBankListsTest, AJsonMemoryWithoutTitlesIsRefusedWhereListsAreNeeded) {
+    Resources::setFolder({});
+    send(folder_.file("held.json"), 14);
+    Resources::setFolder(lists_.path());
+    EXPECT_EQ(errorOf(folder_.file("held.json")), listError("basic.plist"));
+    EXPECT_TRUE(openVirtualBank(folder_.file("held.json"), false));
+}
+
+TEST_F(VirtualBankListsTest, AnImageIsTakenWithoutLists) {
+    writeBytes(folder_.file("held"), std::vector<std::uint8_t>(kBankSize, 0x11));
+    EXPECT_TRUE(openVirtualBank(folder_.file("held"), true));
+}
+
+TEST_F(VirtualBankTest, WhatIsNoBankIsRefusedWithTheReason) {
+    writeBytes(folder_.file("short"), std::vector<std::uint8_t>(5));
+    EXPECT_EQ(errorOf(folder_.file("short")),
+              folder_.file("short") + ": not a bank for the virtual controller: it holds 5 bytes, "
+                                      "and a bank holds 1012 or is JSON");
+    writeBytes(folder_.file("cut"), std::vector<std::uint8_t>{'{'});
+    EXPECT_EQ(errorOf(folder_.file("cut")),
+              folder_.file("cut") + ": its JSON text ends too soon, in line 1");
+    EXPECT_EQ(errorOf(folder_.path()),
+              "Cannot write " + folder_.path().string() + ": it is a folder.");
+    EXPECT_EQ(folder_.names(), (std::vector<std::string>{"cut", "short"}));
+}
+
+} // namespace
 
 } // namespace scenewright::testing

@@ -1,6 +1,5 @@
-#include "cli/DeviceReport.h"
-
 #include "app/OutcomeText.h"
+#include "cli/Reports.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-#include "cli/Monitor.h"
-
+#include "cli/Listening.h"
 #include "model/FileAction.h"
 #include "protocol/SceneImage.h"
 #include "tests/sequencer/ScriptedSequencer.h"

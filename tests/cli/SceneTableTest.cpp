@@ -1,5 +1,4 @@
-#include "cli/SceneTable.h"
-
+#include "cli/Reports.h"
 #include "protocol/SceneImage.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-#include "cli/Trial.h"
-
+#include "cli/Listening.h"
 #include "protocol/SceneImage.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "editor/qt/AccessInstaller.h"
 
-#include "app/AccessRules.h"
+#include "app/Keyboards.h"
 #include "tests/support/TempFolder.h"
 #include "usb/DeviceList.h"
 

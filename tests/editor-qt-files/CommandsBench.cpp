@@ -1,6 +1,6 @@
 #include "tests/editor-qt-files/CommandsBench.h"
 
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"

@@ -1,4 +1,4 @@
-#include "app/KnownKeyboard.h"
+#include "app/DeviceSession.h"
 #include "bank/BankFile.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"

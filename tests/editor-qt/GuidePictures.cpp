@@ -1,6 +1,6 @@
 #include "tests/editor-qt/GuidePictures.h"
 
-#include "app/VirtualPort.h"
+#include "app/ScenePlayer.h"
 #include "app/WindowAction.h"
 #include "editor/qt/FillDialog.h"
 #include "editor/qt/QuitController.h"

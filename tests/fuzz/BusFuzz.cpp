@@ -2,7 +2,7 @@
 // taken or the reason is told, what was taken from the bus and from the kernel's drivers is given
 // back, and the list of MIDI devices stays a list that a person and a program can read.
 #include "app/OutcomeText.h"
-#include "cli/DeviceReport.h"
+#include "cli/Reports.h"
 #include "platform/Text.h"
 #include "protocol/Connection.h"
 #include "tests/fuzz/Checks.h"

@@ -1,6 +1,6 @@
 // Scene images as a controller sends them: whatever the bytes, they parse, encode to what was kept
 // of them, and print as a table of 80 columns.
-#include "cli/SceneTable.h"
+#include "cli/Reports.h"
 #include "platform/Text.h"
 #include "tests/fuzz/Checks.h"
 

@@ -1,4 +1,4 @@
-#include "app/KeyboardConnections.h"
+#include "app/KeyboardPorts.h"
 
 #include "tests/sequencer/ScriptedSequencer.h"
 #include "tests/support/TempFolder.h"
@@ -13,6 +13,7 @@
 #include <vector>
 
 namespace scenewright {
+
 namespace {
 
 using testing::ScriptedPorts;
@@ -225,4 +226,5 @@ TEST(NoSequencer, NothingHappens) {
 }
 
 } // namespace
+
 } // namespace scenewright

@@ -1,12 +1,9 @@
-// The connections that other programs have with the keyboard's MIDI port, kept across what takes
-// the port away: a transaction, an unplug.
-//
-// They are noted while the port is there, and made again when it is back. A transaction leaves a
-// note in a file until they are, so that the next run can do it after a program that was killed.
-// Without a sequencer nothing happens. One thread.
+// The MIDI ports of the keyboards that are plugged in: what other programs have connected to them,
+// and what comes in through them.
 #pragma once
 
 #include "app/Keyboards.h"
+#include "model/MidiMessage.h"
 #include "sequencer/Sequencer.h"
 
 #include <chrono>
@@ -40,6 +37,12 @@ portsOf(const std::vector<SequencerPort>& ports, const std::vector<SoundKeyboard
 // for the end by a signal, on any thread.
 void restoreNotedConnections();
 
+// The connections that other programs have with the keyboard's MIDI port, kept across what takes
+// the port away: a transaction, an unplug.
+//
+// They are noted while the port is there, and made again when it is back. A transaction leaves a
+// note in a file until they are, so that the next run can do it after a program that was killed.
+// Without a sequencer nothing happens. One thread.
 class KeyboardConnections {
 public:
     using Keyboards = std::function<std::vector<SoundKeyboard>()>;
@@ -99,6 +102,39 @@ private:
     bool hasNote_ = false;                            // in the file
     std::map<std::string, std::vector<Noted>> noted_; // by keyboard; none without connections
     std::map<std::string, std::vector<PortAddress>> present_; // the ports of those that have them
+};
+
+// Of clock and active sensing, which come many times a second and tell nothing of a control.
+[[nodiscard]] bool isFrequent(const MidiMessage& message);
+
+// A client of the machine's sequencer under this name, to listen to these keyboards. The error is
+// one sentence: of Keyboards::checkChosen() or openSequencer().
+[[nodiscard]] Result<std::unique_ptr<Sequencer>> openListening(const Keyboards& keyboards,
+                                                               const std::string& name);
+
+// Listens to the ports that are there, and to those that come later: what both programs show of
+// what the keyboard sends comes through here. One thread.
+class KeyboardListener {
+public:
+    using Tell = std::function<void(const std::string& sentence)>;
+
+    // `tell` gets a sentence for what a person should know besides. The sequencer must outlive the
+    // object.
+    KeyboardListener(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, Tell tell);
+
+    // From here on. False when the port of a keyboard is there but refused, which is told last.
+    bool start() { return listen(); }
+    // What has come in since the last time, in order.
+    [[nodiscard]] std::vector<MidiMessage> take();
+
+private:
+    bool listen();
+    void tellPorts(const std::vector<std::string>& names);
+
+    Sequencer& sequencer_;
+    KeyboardConnections::Keyboards keyboards_;
+    Tell tell_;
+    std::string told_; // the last sentence about what it listens to
 };
 
 } // namespace scenewright

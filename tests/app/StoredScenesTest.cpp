@@ -1,4 +1,4 @@
-#include "app/StoreFiles.h"
+#include "app/StoredScenes.h"
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
