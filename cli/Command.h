@@ -9,8 +9,10 @@
 #include "app/Launch.h"
 #include "platform/Arguments.h"
 #include "platform/NamedFiles.h"
+#include "platform/Process.h"
 #include "platform/Result.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -48,5 +50,27 @@ struct CommandLine {
 
 // One sentence on standard error, after the program's name; returns `exitCode`.
 int reportError(std::string_view sentence, int exitCode);
+
+// How a command waits that goes on until there is nothing more to do, or a signal ends it.
+//
+// While it lives SIGINT, SIGTERM and SIGHUP end no program: they are told here. One that was
+// ignored at the start stays ignored. Made before any thread starts.
+class Waiting {
+public:
+    Waiting();
+
+    struct Come {
+        bool hasInput = false;
+        bool hasLines = false;
+        bool isToEnd = false; // by a signal
+    };
+    // Until one of the descriptors can be read, of which -1 is none, or the time has come.
+    [[nodiscard]] Come
+    wait(int input, int lines = -1,
+         std::optional<std::chrono::steady_clock::time_point> until = std::nullopt) const;
+
+private:
+    FileDescriptor signals_;
+};
 
 } // namespace scenewright

@@ -1,4 +1,6 @@
 #include "cli/Reports.h"
+
+#include "app/OutcomeText.h"
 #include "model/Control.h"
 #include "model/ControlOutput.h"
 #include "model/MidiNames.h"
@@ -6,6 +8,7 @@
 #include "model/Setting.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <string_view>
@@ -155,6 +158,75 @@ std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int num
         text += "\n";
     }
     return text;
+}
+
+namespace {
+
+bool canBeOpened(const AttachedDevice& device) {
+    return device.access != AttachedDevice::Access::NoPermission;
+}
+
+std::string paragraph(const PluggedDevice& plugged) {
+    const AttachedDevice& device = plugged.device;
+    std::string text = fmt::format("Bus {:03} Device {:03}: {:04x}:{:04x} {} {}\n", device.bus,
+                                   device.address, device.ids.vendor, device.ids.product,
+                                   device.maker.empty() ? "-" : device.maker,
+                                   device.name.empty() ? "-" : device.name);
+    text += "  port: " + device.port +
+            (device.serial.empty() ? "\n" : ", serial number: " + device.serial + "\n");
+    text += plugged.isListed
+                ? "  listed: yes\n"
+                : fmt::format("  listed: no. 'scenewright-cli devices --add {}' adds it.\n",
+                              device.port);
+    if (canBeOpened(device))
+        return text + "  can be opened: yes\n";
+    return text + fmt::format("  can be opened: no. {}.\n", causeAndCure(kResultAccess));
+}
+
+nlohmann::ordered_json object(const PluggedDevice& plugged) {
+    const AttachedDevice& device = plugged.device;
+    const bool canOpen = canBeOpened(device);
+    nlohmann::ordered_json object;
+    object["bus"] = device.bus;
+    object["address"] = device.address;
+    object["port"] = device.port;
+    object["serial"] = nullptr;
+    if (!device.serial.empty())
+        object["serial"] = device.serial;
+    object["vendorId"] = device.ids.vendor;
+    object["productId"] = device.ids.product;
+    object["manufacturer"] = device.maker;
+    object["name"] = device.name;
+    object["listed"] = plugged.isListed;
+    object["canOpen"] = canOpen;
+    object["cause"] = nullptr;
+    if (!canOpen)
+        object["cause"] = causeAndCure(kResultAccess);
+    object["linesToAdd"] = nullptr;
+    if (!plugged.isListed)
+        object["linesToAdd"] = deviceListLines(device.ids);
+    return object;
+}
+
+} // namespace
+
+std::string deviceTable(std::span<const PluggedDevice> devices) {
+    if (devices.empty())
+        return "No USB device with a MIDI streaming interface is plugged in.\n";
+    std::string text;
+    for (const PluggedDevice& device : devices)
+        text += paragraph(device);
+    return text;
+}
+
+std::string deviceJson(std::span<const PluggedDevice> devices) {
+    constexpr int kIndent = 2;
+    auto array = nlohmann::ordered_json::array();
+    for (const PluggedDevice& device : devices)
+        array.push_back(object(device));
+    using Json = nlohmann::ordered_json;
+    // A device's name is whatever the device says, valid or not.
+    return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 } // namespace scenewright

@@ -1,5 +1,7 @@
 #include "cli/Command.h"
 
+#include "platform/Process.h"
+
 #include <algorithm>
 #include <array>
 #include <csignal>
@@ -7,6 +9,21 @@
 #include <sys/signalfd.h>
 
 namespace scenewright {
+
+Result<CommandLine> parseCommandLine(int argc, const char* const* argv) {
+    return parseArguments(commandLineSyntax(), argc, argv).map([](const ParsedArguments& line) {
+        if (line.answer)
+            return CommandLine{.options = {}, .choice = {}, .answer = line.answer};
+        return CommandLine{.options = launchOptions(line.arguments),
+                           .choice = chooseCommand(line.command, line.arguments),
+                           .answer = std::nullopt};
+    });
+}
+
+int reportError(std::string_view sentence, int exitCode) {
+    reportError("scenewright-cli", sentence);
+    return exitCode;
+}
 
 Waiting::Waiting() {
     ::sigset_t ending{};

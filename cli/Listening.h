@@ -1,10 +1,14 @@
-// A bank tried by touch, in lines: the command try without its loop.
+// What the keyboard sends, in lines: the commands monitor and try without their loops.
 #pragma once
 
+#include "app/KeyboardPorts.h"
 #include "app/TryRun.h"
+#include "model/MidiMessage.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"
+#include "sequencer/Sequencer.h"
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -12,6 +16,37 @@
 
 namespace scenewright {
 
+struct MonitorOptions {
+    bool asJson = false;   // an object a line
+    bool showsAll = false; // clock and active sensing too
+    bool hasBank = false;
+    SceneList bank{};   // whose controls are told with what they send
+    Titles noteNames{}; // may be null
+};
+
+// All that comes, as the command monitor tells it.
+class Monitor {
+public:
+    using Clock = std::chrono::system_clock;
+
+    // As a KeyboardListener is made.
+    Monitor(Sequencer& sequencer, KeyboardConnections::Keyboards keyboards, MonitorOptions options,
+            KeyboardListener::Tell tell);
+
+    // Listens to each keyboard's ports, and to those that come later, from here on.
+    // As KeyboardListener::start().
+    bool start() { return listener_.start(); }
+    // The lines for what has come in, in local time.
+    [[nodiscard]] std::string take(Clock::time_point now);
+
+private:
+    [[nodiscard]] std::string line(const MidiMessage& message, Clock::time_point now) const;
+
+    KeyboardListener listener_;
+    MonitorOptions options_;
+};
+
+// A bank tried by touch.
 class Trial {
 public:
     using Time = TryRun::Time;
