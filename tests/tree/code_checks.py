@@ -4,6 +4,7 @@ What passed is kept under BUILD/checked by the digest of all that the answer dep
 second run takes up only what has changed since.
 """
 
+import collections
 import concurrent.futures
 import functools
 import hashlib
@@ -33,7 +34,6 @@ CPPCHECK = [
     "--suppress=internalAstError",
 ]
 
-# Names that a file takes in for itself would reach the files that follow it in one unit.
 _TAKES_NAMES_IN = re.compile(r"^using (enum|namespace)\b", re.MULTILINE)
 
 # The checkers take in nothing before the file itself: they see what it includes.
@@ -42,7 +42,16 @@ _NOT_FOR_CHECKERS = re.compile(
     r"| -Wno-maybe-uninitialized| -O1(?= )"
 )
 
-_HEADER_FOLDER = re.compile(r" (-I|-isystem )\S+")
+_INCLUDE_LINE = re.compile(r"^#include .*$", re.MULTILINE)
+
+_OWN_NAMESPACE = re.compile(r"^namespace \{$.*?^\} // namespace$", re.MULTILINE | re.DOTALL)
+
+# In the first line of a definition that stands in no other, without what is in < >.
+_DEFINITION = re.compile(
+    r"^(?:(?:using|struct|class|enum(?: class)?) (\w+)(?= =| [:{])"
+    r"|(?:\[\[nodiscard\]\] )?(?!namespace|using)\w[\w:&* ]*[ *&](\w+)(?: =|[({;]))",
+    re.MULTILINE,
+)
 
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 
@@ -127,56 +136,78 @@ def blamed(root, names, folder, output):
 
 
 def joined_flags(commands):
-    """What the compiler is called with for one unit of all: every folder of headers that any names."""
+    """What the compiler is called with for one unit of all: each flag that any names, once."""
     flags = [tuple(re.findall(r"(?:-isystem |-Xclang )?\S+", command)) for command in commands]
     return shlex.split(" ".join(dict.fromkeys(flag for each in flags for flag in each)))
 
 
+def names_of(code):
+    """What a text defines outside of any other definition."""
+    while code != (code := re.sub(r"<[^<>\n]*>", "", code)):
+        pass
+    return {name for each in _DEFINITION.finditer(code) for name in each.groups() if name}
+
+
+def own_names(text):
+    """What a file defines for itself, and names nowhere as a member: that of its namespace without a
+    name, and a program's main."""
+    own = names_of(sources.blanked("".join(_OWN_NAMESPACE.findall(text))))
+    own |= set(re.findall(r"^int (main)\(", text, re.MULTILINE))
+    return own - set(re.findall(r"(?:\.|->|::)(\w+)", text))
+
+
+def one_unit(root, names):
+    """The text that includes all the files. What a file defines for itself has a name of its own there
+    if another file defines the same, but for the headers that the file includes."""
+    headers = {part for name in names for part in closure(root, name) if part not in names}
+    texts = {part: (root / part).read_text() for part in [*names, *headers]}
+    users = collections.Counter(
+        word for text in texts.values() for word in names_of(sources.blanked(text))
+    )
+    unit = ""
+    for number, name in enumerate(names):
+        own = sorted(word for word in own_names(texts[name]) if users[word] > 1)
+        if own:
+            unit += "".join(f"{line}\n" for line in _INCLUDE_LINE.findall(texts[name]))
+        unit += "".join(f"#define {word} {word}{number}\n" for word in own)
+        # Another file's including is what makes it one unit.
+        unit += f'#include "{root / name}" // NOLINT(bugprone-suspicious-include)\n'
+        unit += "".join(f"#undef {word}\n" for word in own)
+    return unit
+
+
 def tidy_together(root, build, passed, jobs):
     """Marks what passes when it is checked as one unit with other files: most of the checker's time
-    goes into headers that they share. Files that give the same name to different things go into
-    different units. What does not pass so is checked by itself."""
+    goes into headers that they share. What does not pass so is checked by itself."""
     marks = {name: passed.mark(root, closure(root, name), *parts) for name, parts, _ in jobs}
-    units = build / "checked" / "units"
-    units.mkdir(parents=True, exist_ok=True)
-    groups = {}
-    for name, entry in program_entries(root, build):
-        alone = _TAKES_NAMES_IN.search((root / name).read_text())
-        if not marks[name].exists() and not alone:
-            flags = entry["command"].split(" -o ")[0].split(" ", 1)[1]
-            kind = (entry["directory"], _HEADER_FOLDER.sub("", flags))
-            groups.setdefault(kind, {})[name] = flags
+    entries = {n: entry for n, entry in program_entries(root, build) if not marks[n].exists()}
+    if len(entries) < 2:
+        return
+    folder = next(iter(entries.values()))["directory"]
+    unit = build / "checked" / "unit.cpp"
+    # That a name hides another file's is no fault; the build says where it hides one of its own.
+    flags = [entry["command"].split(" -o ")[0].split(" ", 1)[1] for entry in entries.values()]
+    flags = [*joined_flags(flags), "-Wno-shadow"]
+    compiler = ["clang++", *flags, "-w", "-ferror-limit=0", "-fsyntax-only", str(unit)]
+    tidy = [*tidy_command(root, build, unit), "--", *flags]
 
-    def check(number, group):
-        (folder, _), files = group
-        unit = units / f"{number}.cpp"
-        # That a name hides another file's is no fault; the build says where it hides one of its own.
-        flags = [*joined_flags(files.values()), "-Wno-shadow"]
-        compiler = ["clang++", *flags, "-w", "-ferror-limit=0", "-fsyntax-only", str(unit)]
-        tidy = [*tidy_command(root, units, unit), "--", *flags]
-
-        def split(names, command):
-            """(the files, none) where the command passes their unit, else (the others, those to blame)"""
-            # Another file's including is what makes it one unit.
-            mark = " // NOLINT(bugprone-suspicious-include)"
-            unit.write_text("".join(f'#include "{root / name}"{mark}\n' for name in names))
+    def passing(names, command):
+        """Those of the files that the command passes as one unit, as far as they are given."""
+        while len(names) > 1:
+            unit.write_text(one_unit(root, names))
             good, output = run(command, folder)
-            out = [] if good else blamed(root, names, folder, output) or names
-            return [name for name in names if name not in out], out
+            if good:
+                return names
+            out = blamed(root, names, folder, output) or names
+            names = [name for name in names if name not in out]
+        return []
 
-        later = list(files)
-        count = len(later) + 1
-        while 1 < len(later) < count:
-            count = len(later)
-            names, later = split(later, compiler)
-            faulty = names
-            while len(names) > 1 and faulty:
-                names, faulty = split(names, tidy)
-            for name in [] if faulty else names:
-                marks[name].touch()
-
-    with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
-        list(pool.map(check, range(len(groups)), groups.items()))
+    # Names that a file takes in reach those that follow it.
+    names = sorted(entries, key=lambda name: bool(_TAKES_NAMES_IN.search((root / name).read_text())))
+    while unit_names := passing(names, compiler):
+        for name in passing(unit_names, tidy):
+            marks[name].touch()
+        names = [name for name in names if name not in unit_names]
 
 
 def check_all(root, build, kind, jobs):

@@ -67,14 +67,18 @@ class CodeChecks(TreeTest):
         self.write("model/Part.h", "#pragma once\ninline " + FAULTS["tidy"][2])
         self.assertEqual(len(self.outputs("tidy")), 1)
 
-    def test_files_are_checked_as_one_unit_but_for_those_with_a_name_of_another(self):
-        for name in ("model/First", "usb/Second"):
-            static = "static int one() {\n    return 1;\n}\n"
-            function = f"int of{Path(name).name}() {{\n    return one();\n}}\n"
-            self.write(f"{name}.cpp", static + function)
-        self.assertEqual(self.checks([]), 2)
-        self.write("usb/Second.cpp", static + FAULTS["tidy"][2])
-        self.assertEqual(len(self.outputs("tidy")), 1)
+    def test_files_are_checked_as_one_unit_even_if_each_has_a_function_of_one_name(self):
+        own = "int one() {{\n    return {};\n}}\n"
+        for shape, units in (("namespace {{\n{}}} // namespace\n", 1), ("static {}", 2)):
+            for name in ("model/First", "usb/Second"):
+                function = f"int of{Path(name).name}() {{\n    return one();\n}}\n"
+                self.write(f"{name}.cpp", shape.format(own.format(1)) + function)
+            with self.subTest(shape):
+                self.assertEqual(self.checks([]), units)
+        for body in ("namespace {\n" + FAULTS["tidy"][2] + "} // namespace\n", FAULTS["tidy"][2]):
+            self.write("usb/Second.cpp", body + "int g() {\n    return f();\n}\n")
+            self.write("model/First.cpp", "namespace {\nint f() {\n    return 1;\n}\n} // namespace\n")
+            self.assertEqual(len(self.outputs("tidy")), 1)
 
     def test_a_file_with_a_fault_leaves_the_others_one_unit(self):
         self.write("model/Fault.h", "#pragma once\ninline " + FAULTS["tidy"][2])
