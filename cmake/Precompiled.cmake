@@ -5,8 +5,9 @@
 # they were made with: those of the toolkit's users differ, and those of programs differ from those
 # of libraries.
 set(scenewright_standard_headers
-    <algorithm> <array> <cstdint> <filesystem> <functional> <memory> <mutex> <optional> <span>
-    <string> <string_view> <system_error> <thread> <utility> <vector> <fmt/format.h>)
+    <algorithm> <array> <charconv> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <mutex>
+    <optional> <span> <string> <string_view> <system_error> <thread> <utility> <vector> <fmt/format.h>
+    <fmt/ranges.h> <tl/expected.hpp>)
 file(WRITE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new "int main() {}\n")
 file(COPY_FILE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new
     ${CMAKE_BINARY_DIR}/precompiled/empty.cpp ONLY_IF_DIFFERENT)
@@ -28,7 +29,7 @@ function(scenewright_precompiled kind form)
     else()
         add_executable(${owner} EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/precompiled/empty.cpp)
     endif()
-    target_link_libraries(${owner} PRIVATE fmt::fmt ${arg_USES})
+    target_link_libraries(${owner} PRIVATE fmt::fmt tl::expected ${arg_USES})
     scenewright_warnings(${owner})
     target_precompile_headers(${owner} PRIVATE ${scenewright_standard_headers} ${arg_HEADERS})
 endfunction()
