@@ -1,22 +1,34 @@
-// The two commands on the controller, one at a time, as the window runs them, and what becomes of
-// the user's input meanwhile.
+// The two commands on the controller, as the window runs them, what is asked and told around a
+// send, and the end of the program, which waits for one. Main thread only.
 #pragma once
 
 #include "app/DeviceSession.h"
+#include "app/SafeSend.h"
+#include "editor/Widgets.h"
+#include "editor/qt/Notice.h"
 
 #include <QGuiApplication>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
+
+class QAction;
 
 namespace scenewright {
 
-// Main thread only.
+class EarlierCommands;
+class MainWindow;
+
+// The commands, one at a time, and what becomes of the user's input meanwhile.
 class DeviceCommands final : public QObject {
     Q_OBJECT
 
@@ -68,7 +80,7 @@ public:
 // carried out afterwards, on another window than the one it was meant for. Over the program's
 // windows, as long as the object lives. Its end takes what the window system has told meanwhile,
 // and drops keys, clicks, the wheel and touches; a window that was to be closed is closed soon
-// after. Main thread only.
+// after.
 class BlockedInput final : public QObject {
     Q_OBJECT
 
@@ -83,6 +95,76 @@ protected:
 private:
     const WaitCursor cursor_;
     QPointer<QWidget> closed_;
+};
+
+// The window's side of a safe send: what is asked before it, what is told after it and at a start
+// after a send that did not end, and whether the keyboard is read first. Window and earlier scenes
+// outlive it.
+class SafeSending final : public QObject {
+    Q_OBJECT
+
+public:
+    SafeSending(MainWindow& window, EarlierCommands& earlier, SendJournal journal);
+
+    // A notice of the newest send that did not end, as long as there is one.
+    void tellUnfinished();
+    // What helps after a send whose transfers failed, beside sending again; none if it is not known
+    // what the keyboard held.
+    [[nodiscard]] std::vector<NoticeAction> wayBack();
+
+    [[nodiscard]] QAction& readFirstAction() { return *readFirst_; }
+
+private:
+    void addPreference();
+    void send(const DeviceCommands::SendEnded& ended);
+    void ask(const SafeSend::Asked& asked, const SafeSend::Answered& answered);
+    void afterSend(const SafeSend::Ended& ended);
+    // Makes the image the stored scenes, and sends them.
+    void sendImage(const BankImage& image);
+    [[nodiscard]] bool isUntouched() const;
+
+    MainWindow& window_;
+    EarlierCommands& earlier_;
+    SendJournal journal_;
+    KnownKeyboard::Subscription known_;
+    bool isChosen_ = false;        // the scenes shown were opened or brought back
+    QAction* readFirst_ = nullptr; // child of the Device menu
+};
+
+// While it lives, the tasks of the main queue run in the event loop of the thread that made it.
+class MainLoop final : public QObject {
+    Q_OBJECT
+
+public:
+    MainLoop();
+    ~MainLoop() override;
+    Q_DISABLE_COPY_MOVE(MainLoop)
+};
+
+// Ends the event loop. While a send runs it waits for its end, at most `limit`; then it cancels the
+// transfers, gives the controller up, and ends.
+class QuitController final : public QObject, public Application {
+    Q_OBJECT
+
+public:
+    static constexpr std::chrono::milliseconds kLimit{5000};
+
+    explicit QuitController(std::chrono::milliseconds limit = kLimit, QObject* parent = nullptr);
+
+    void terminate() override;
+    [[nodiscard]] bool isWaiting() const { return limit_.isActive(); }
+
+signals:
+    // A send runs, and the program will end after it.
+    void waiting();
+    // Nothing runs any more.
+    void ended();
+
+private:
+    void cancelSend();
+    void end();
+
+    QTimer limit_; // active from terminate() to the end
 };
 
 } // namespace scenewright

@@ -1,14 +1,177 @@
 #include "editor/qt/DeviceVerification.h"
 
 #include "app/DeviceSession.h"
+#include "app/SceneChanges.h"
+#include "editor/ControlDescription.h"
 #include "editor/qt/DeviceCommands.h"
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <utility>
 #include <vector>
 
 namespace scenewright {
+
+namespace {
+
+constexpr QSize kDialogSize(680, 440);
+
+QString controlWords(const SettingPlace& place) {
+    if (place.kind == ControlKind::Common)
+        return DifferenceDialog::tr("Scene %1").arg(place.scene + 1);
+    return DifferenceDialog::tr("Scene %1, %2")
+        .arg(place.scene + 1)
+        .arg(shown(controlName(controlIndexOf(place))));
+}
+
+QString settingWords(const SettingPlace& place) {
+    return place.isName() ? DifferenceDialog::tr("Scene name")
+                          : shown(settingTitle(*place.setting));
+}
+
+} // namespace
+
+DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget* parent)
+    : QDialog(parent), differences_(std::move(differences)), count_(&makeChild<QLabel>(this)),
+      table_(&makeChild<QTreeWidget>(this)) {
+    setWindowTitle(tr("Differences"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(18, 16, 18, 14);
+    column.setSpacing(8);
+    count_->setProperty("role", "heading");
+    column.addWidget(count_);
+    layOutTable(*table_, windowTitle(),
+                {tr("Control"), tr("Setting"), tr("Keyboard"), tr("Window")});
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    column.addWidget(table_, 1);
+    auto& hint = makeChild<QLabel>(
+        tr("Taking changes the window alone. A send transmits the four scenes whole."), this);
+    hint.setProperty("role", "hint");
+    column.addWidget(&hint);
+    auto& row = makeChild<QWidget>(this);
+    row.setAccessibleName(tr("Actions"));
+    addButtons(row);
+    column.addWidget(&row);
+    fill();
+    connect(table_, &QTreeWidget::currentItemChanged, this, &DifferenceDialog::tellChosen);
+    connect(table_, &QTreeWidget::itemActivated, this, [this] {
+        tellChosen();
+        accept();
+    });
+    resize(kDialogSize);
+}
+
+void DifferenceDialog::addButtons(QWidget& row) {
+    auto& line = makeChild<QHBoxLayout>(&row);
+    line.setContentsMargins(0, 0, 0, 0);
+    const auto add = [&row](const QString& title, const QString& help) -> QPushButton& {
+        return addRowButton(row, title, help);
+    };
+    auto& take = add(tr("&Take the Keyboard's"),
+                     tr("Puts what the keyboard holds into the window: of the selected rows, or of "
+                        "all when none is selected"));
+    auto& send = add(tr("&Send These"), tr("Sends the four scenes of the window, whole"));
+    auto& copy = add(tr("Cop&y as Text"), tr("Copies the selected rows, or all"));
+    line.addStretch(1);
+    auto& close = add(tr("&Close"), {});
+    close.setDefault(true);
+    take_ = &take;
+    connect(&take, &QPushButton::clicked, this, &DifferenceDialog::take);
+    connect(&send, &QPushButton::clicked, this, [this] {
+        accept();
+        emit sendWanted();
+    });
+    connect(&copy, &QPushButton::clicked, this, &DifferenceDialog::copy);
+    connect(&close, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void DifferenceDialog::fill() {
+    const QSignalBlocker blocker(table_);
+    table_->clear();
+    QList<QTreeWidgetItem*> rows;
+    for (const Difference& difference : differences_) {
+        const DifferenceTexts values = valuesInWords(difference);
+        const QStringList texts{controlWords(difference.place), settingWords(difference.place),
+                                shown(values.first), shown(values.second)};
+        rows.append(std::make_unique<QTreeWidgetItem>(texts).release());
+    }
+    table_->addTopLevelItems(rows); // which owns them from here
+    fitColumns(*table_);
+    take_->setEnabled(!differences_.empty());
+    showCount();
+}
+
+void DifferenceDialog::showCount() {
+    const std::size_t count = differences_.size();
+    count_->setText(count == 1
+                        ? tr("One setting of the controller is not what you see.")
+                        : tr("%1 settings of the controller are not what you see.").arg(count));
+}
+
+std::vector<std::size_t> DifferenceDialog::wanted() const {
+    const bool isAny = !table_->selectedItems().isEmpty();
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < differences_.size(); ++place)
+        if (!isAny || table_->topLevelItem(static_cast<int>(place))->isSelected())
+            places.push_back(place);
+    return places;
+}
+
+void DifferenceDialog::take() {
+    std::vector<Difference> taken;
+    for (const std::size_t place : wanted())
+        taken.push_back(differences_[place]);
+    std::erase_if(differences_, [&taken](const Difference& difference) {
+        return std::ranges::find(taken, difference.place, &Difference::place) != taken.end();
+    });
+    fill();
+    emit takeWanted(taken);
+    if (differences_.empty())
+        accept();
+}
+
+void DifferenceDialog::copy() const {
+    QStringList words;
+    for (const std::size_t place : wanted())
+        words.append(shown(differenceWords(differences_[place])));
+    QGuiApplication::clipboard()->setText(words.join(QLatin1Char('\n')));
+}
+
+void DifferenceDialog::tellChosen() {
+    const int row = table_->indexOfTopLevelItem(table_->currentItem());
+    if (row < 0)
+        return;
+    const SettingPlace& place = differences_[static_cast<std::size_t>(row)].place;
+    emit chosen(place.scene, controlIndexOf(place));
+}
+
+void DifferenceDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        copy();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+QStringList DifferenceDialog::lines() const {
+    QStringList words;
+    for (const Difference& difference : differences_)
+        words.append(shown(differenceWords(difference)));
+    return words;
+}
 
 DeviceVerification::DeviceVerification(MainWindow& window, EarlierCommands& earlier,
                                        SafeSending& sending)

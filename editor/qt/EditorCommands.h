@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/qt/BankCommands.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Document.h"
 #include "editor/qt/EarlierCommands.h"
@@ -13,7 +14,6 @@
 #include "editor/qt/MonitorStrip.h"
 #include "editor/qt/PadColours.h"
 #include "editor/qt/PlayBar.h"
-#include "editor/qt/SafeSending.h"
 #include "editor/qt/SceneCommands.h"
 #include "editor/qt/SceneMarks.h"
 #include "editor/qt/TryStrip.h"

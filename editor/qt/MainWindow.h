@@ -11,7 +11,6 @@
 #include "editor/qt/DevicePicture.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
-#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/ValuePanes.h"
 #include "model/Control.h"

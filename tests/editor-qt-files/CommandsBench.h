@@ -2,8 +2,8 @@
 // the pauses of a real bus. Settings, earlier scenes and files are the bench's own.
 #pragma once
 
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/EditorCommands.h"
-#include "editor/qt/QuitController.h"
 #include "tests/support/TempFolder.h"
 #include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"

@@ -2,7 +2,7 @@
 
 #include "app/DeviceSession.h"
 #include "app/WindowAction.h"
-#include "editor/qt/DifferenceDialog.h"
+#include "editor/qt/DeviceVerification.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QImage>

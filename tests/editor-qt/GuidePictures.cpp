@@ -2,8 +2,8 @@
 
 #include "app/ScenePlayer.h"
 #include "app/WindowAction.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/FillDialog.h"
-#include "editor/qt/QuitController.h"
 #include "editor/qt/SceneSheet.h"
 #include "editor/qt/Theme.h"
 

@@ -5,9 +5,9 @@
 // of a processor's time it needed at most at a stretch, how many messages its monitor did not show,
 // and the share of a processor that the program took.
 #include "app/WindowAction.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/KeyboardInput.h"
 #include "editor/qt/MonitorStrip.h"
-#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 

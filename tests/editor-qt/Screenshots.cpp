@@ -5,9 +5,9 @@
 // --situations those of Situations.h.
 #include "app/WindowAction.h"
 #include "editor/ControlDescription.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/EditorCommands.h"
 #include "editor/qt/MainWindow.h"
-#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/Translation.h"
 #include "platform/Arguments.h"

@@ -2,8 +2,8 @@
 
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
+#include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Dialogs.h"
-#include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/GuideWindow.h"
 #include "editor/qt/StripPlace.h"
 #include "usb/Transport.h"

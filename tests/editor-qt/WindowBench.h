@@ -1,8 +1,8 @@
 // The whole window on a virtual controller in the same process, without the pauses of a real bus.
 #pragma once
 
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/MainWindow.h"
-#include "editor/qt/QuitController.h"
 #include "model/PopUpValue.h"
 #include "protocol/SceneImage.h"
 #include "tests/editor-qt/UsableScenes.h"

@@ -1,7 +1,7 @@
 // What room the window takes, and that nothing in it moves or is out of reach.
 #include "app/WindowAction.h"
+#include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Dialogs.h"
-#include "editor/qt/DifferenceDialog.h"
 #include "editor/qt/GuideWindow.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "tests/editor-qt/WindowBench.h"

@@ -1,7 +1,7 @@
 // How long the window takes for a user's choice, with real widgets on a virtual controller.
 #include "bank/BankFile.h"
+#include "editor/qt/DeviceCommands.h"
 #include "editor/qt/MainWindow.h"
-#include "editor/qt/QuitController.h"
 #include "editor/qt/Theme.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "usb/Transport.h"
