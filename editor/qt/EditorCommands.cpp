@@ -1,6 +1,6 @@
 #include "editor/qt/EditorCommands.h"
 
-#include "editor/qt/PlayOutputs.h"
+#include "editor/qt/MidiPorts.h"
 #include "editor/qt/QtHelpers.h"
 
 #include <QScreen>

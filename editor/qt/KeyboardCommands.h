@@ -1,26 +1,54 @@
-// Which keyboard the window works with: Device > Keyboards, and a picker on the status line while
-// there is a choice.
+// The keyboard that the window works with: whether it is there, and which one it is. Main thread
+// only.
 #pragma once
 
 #include "app/Keyboards.h"
-#include "editor/qt/AccessInstaller.h"
-#include "editor/qt/KeyboardWatch.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "editor/qt/MainWindow.h"
+#include "usb/AttachedDevices.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QObject>
 #include <QPushButton>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace scenewright {
 
-// A choice is remembered from one start to the next, unless it was made on the command line; one
-// that is not plugged in then leaves the first keyboard in use. Window and watch outlive the
-// commands. Main thread only.
+// Says at the foot of the window whether the keyboard that is worked with is plugged in and can be
+// used.
+//
+// It looks at what the kernel shows when the system tells that a device came or went, opens
+// nothing, and looks away while a transfer runs.
+class KeyboardWatch final : public QLabel {
+    Q_OBJECT
+
+public:
+    // Without `keyboards` there is nothing to see: the controller is the virtual one.
+    explicit KeyboardWatch(std::shared_ptr<const Keyboards> keyboards, QWidget* parent = nullptr);
+
+    // Looks each time the monitor has something to tell. Where none could be started, at the calls
+    // of look() alone.
+    void follow(Result<DeviceMonitor> monitor);
+
+    void look();
+
+signals:
+    // What is plugged in may be something else now.
+    void looked();
+
+private:
+    std::shared_ptr<const Keyboards> keyboards_;
+    std::optional<DeviceMonitor> monitor_;
+};
+
+// Device > Keyboards, and a picker on the status line while there is a choice. A choice is
+// remembered from one start to the next, unless it was made on the command line; one that is not
+// plugged in then leaves the first keyboard in use. Window and watch outlive the commands.
 class KeyboardCommands final : public QObject {
     Q_OBJECT
 

@@ -1,9 +1,11 @@
-// The USB MIDI devices that are plugged in, a row each, and what can be done about them.
+// The USB MIDI devices that are plugged in, and what can be done about them. Main thread only.
 #pragma once
 
 #include "app/Keyboards.h"
 
 #include <QDialog>
+#include <QObject>
+#include <QString>
 
 #include <optional>
 #include <vector>
@@ -14,7 +16,33 @@ class QTreeWidget;
 
 namespace scenewright {
 
-// Tells what is wanted for the chosen row; whoever opens the dialog carries it out.
+// Lets the user open the keyboards of the list: the access rules are installed as the superuser,
+// through polkit, or by a command for a terminal. A question that is open when the installer goes
+// is closed.
+class AccessInstaller final : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    // Whether this system has what installs through polkit.
+    [[nodiscard]] static bool isAvailable();
+
+    // What installs the rules when it is typed into a terminal. It names the command-line program
+    // in the folder `programs` by its path, unless that is the one that a shell finds.
+    [[nodiscard]] static QString command(const QString& programs);
+
+    // Asks for an administrator's password, where polkit wants one, and installs the rules of the
+    // list as it is now.
+    void start();
+
+signals:
+    // What came of it, in a sentence.
+    void ended(const QString& sentence);
+};
+
+// The devices, a row each. Tells what is wanted for the chosen row; whoever opens the dialog
+// carries it out.
 class KeyboardsDialog final : public QDialog {
     Q_OBJECT
 

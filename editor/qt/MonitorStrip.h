@@ -3,7 +3,7 @@
 // slider stands where it was moved to.
 #pragma once
 
-#include "editor/qt/KeyboardInput.h"
+#include "editor/qt/MidiPorts.h"
 
 #include <QAbstractButton>
 #include <QAbstractTableModel>

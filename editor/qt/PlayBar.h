@@ -2,8 +2,8 @@
 // what the scene makes them send, and a bar below the picture says where to.
 #pragma once
 
-#include "app/ScenePlayer.h"
 #include "editor/qt/MainWindow.h"
+#include "editor/qt/MidiPorts.h"
 #include "editor/qt/NoticeBar.h"
 
 #include <QAction>
@@ -18,28 +18,6 @@
 #include <memory>
 
 namespace scenewright {
-
-// What is played into, and the scenes that are played.
-class PlayOutput {
-public:
-    PlayOutput() = default;
-    PlayOutput(const PlayOutput&) = delete;
-    PlayOutput& operator=(const PlayOutput&) = delete;
-    PlayOutput(PlayOutput&&) = delete;
-    PlayOutput& operator=(PlayOutput&&) = delete;
-    virtual ~PlayOutput() = default;
-
-    // As they are now.
-    [[nodiscard]] virtual BankImage bank() = 0;
-    // The error is one sentence.
-    virtual Result<void> send(const MidiMessage& message) = 0;
-    // "Playing scene 2 into ...".
-    [[nodiscard]] virtual QString sentence(std::int32_t scene) const = 0;
-    // To be waited on for reading, and then process() called; -1 where nothing is to be awaited.
-    [[nodiscard]] virtual int descriptor() const { return -1; }
-    // Whether what sounds is to end, because who heard its beginning has gone.
-    virtual bool process() { return false; }
-};
 
 // Main thread only. The window outlives it, though it is its parent.
 class PlayBar final : public QFrame {

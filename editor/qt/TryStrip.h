@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/TryRun.h"
-#include "editor/qt/KeyboardInput.h"
+#include "editor/qt/MidiPorts.h"
 
 #include <QAction>
 #include <QFrame>

@@ -30,11 +30,11 @@ CommandsBench::~CommandsBench() {
     SendJob::join();
 }
 
-void CommandsBench::open(std::shared_ptr<Keyboards> keyboards) {
+void CommandsBench::open(std::shared_ptr<Keyboards> attached) {
     appearance_ = std::make_unique<Appearance>();
     quit_ = std::make_unique<QuitController>();
     window_ = std::make_unique<MainWindow>(*quit_, *appearance_, true);
-    commands_ = std::make_unique<EditorCommands>(*window_, std::move(keyboards),
+    commands_ = std::make_unique<EditorCommands>(*window_, std::move(attached),
                                                  StoreFiles(earlier_), journal_, recovery);
     window_->notices().setDoneLasts({}); // no pause of a busy machine takes one away
     window_->show();
@@ -44,6 +44,24 @@ void CommandsBench::open(std::shared_ptr<Keyboards> keyboards) {
 void CommandsBench::activate() {
     window_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), testing::kLimitMilliseconds));
+}
+
+void CommandsBench::watch(const std::string& chosen) {
+    keyboards = std::make_shared<Keyboards>(chosen, [this] {
+        ++looks;
+        return plugged;
+    });
+    open(keyboards);
+}
+
+AttachedDevice CommandsBench::deviceAt(const std::string& port, const std::string& name) {
+    return {.port = port, .ids = {0x1209, 0x0001}, .name = name, .hasMidiStreaming = true};
+}
+
+AttachedDevice CommandsBench::strange(const std::string& port) {
+    AttachedDevice device = deviceAt(port, "Drum");
+    device.ids = {.vendor = 0x1234, .product = 0x5678};
+    return device;
 }
 
 void CommandsBench::close() {

@@ -14,6 +14,8 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -22,7 +24,14 @@ protected:
     CommandsBench();
     ~CommandsBench() override;
 
-    void open(std::shared_ptr<Keyboards> keyboards = nullptr);
+    void open(std::shared_ptr<Keyboards> attached = nullptr);
+    // On the keyboards that are `plugged`.
+    void watch(const std::string& chosen = {});
+    // As when one comes or goes.
+    void look() { commands().keyboard().look(); }
+    // One of the list, and one that is not in it.
+    static AttachedDevice deviceAt(const std::string& port, const std::string& name = "Keys");
+    static AttachedDevice strange(const std::string& port);
     void close();
     // From the next transaction on.
     void plugIn(FaultPlan faults = {}, BankFileStore keeper = BankFileStore({}));
@@ -79,6 +88,9 @@ protected:
     bool waitUntil(const std::function<bool()>& condition);
 
     TempFolder folder;
+    std::vector<AttachedDevice> plugged;
+    int looks = 0; // at them
+    std::shared_ptr<Keyboards> keyboards;
     std::shared_ptr<VirtualController> controller;
     std::shared_ptr<VirtualHost> host;
     // What the next window keeps its edited scenes with; null for a window that keeps none.

@@ -5,31 +5,143 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
-#include "editor/qt/AccessInstaller.h"
 #include "editor/qt/QtHelpers.h"
+#include "platform/Diagnostics.h"
 #include "tests/editor-qt-files/CommandsBench.h"
-#include "tests/support/TempFolder.h"
 #include "usb/LibusbHost.h"
 #include "usb/Transport.h"
 
-#include <QClipboard>
 #include <QCoreApplication>
-#include <QFile>
-#include <QLabel>
+#include <QEvent>
+#include <QSocketNotifier>
 #include <QTest>
-#include <QTreeWidget>
+#include <QTimer>
 
 #include <array>
 #include <chrono>
-#include <filesystem>
 #include <memory>
 #include <string>
-#include <sys/stat.h>
+#include <string_view>
 #include <vector>
 
 namespace scenewright::testing {
 
 namespace {
+
+class KeyboardWatchTest : public CommandsBench {
+protected:
+    // The keyboard is there from now on.
+    void attach(AttachedDevice::Access access = AttachedDevice::Access::Usable) {
+        plugged = {deviceAt("1-1")};
+        plugged.front().access = access;
+    }
+    KeyboardWatch& keyboard() { return commands().keyboard(); }
+    [[nodiscard]] QString text() { return keyboard().text(); }
+};
+
+TEST_F(KeyboardWatchTest, TheVirtualControllerIsCalledSo) {
+    open();
+    EXPECT_EQ(text(), "Virtual controller");
+    look();
+    EXPECT_EQ(text(), "Virtual controller");
+}
+
+struct Shown {
+    AttachedDevice::Access access;
+    const char* text;
+    ResultCode cure; // success for none
+};
+
+TEST_F(KeyboardWatchTest, EachLookShowsWhetherAndWhyTheKeyboardCannotBeUsed) {
+    watch();
+    EXPECT_EQ(text(), "No keyboard plugged in");
+    for (const Shown& shown :
+         {Shown{AttachedDevice::Access::Usable, "Keyboard plugged in", kResultSuccess},
+          Shown{AttachedDevice::Access::NoPermission,
+                "Keyboard plugged in, but you have no permission to use it", kResultAccess},
+          Shown{AttachedDevice::Access::Claimed, "Keyboard in use by another program",
+                kResultBusy}}) {
+        attach(shown.access);
+        look();
+        EXPECT_EQ(text(), shown.text);
+        EXPECT_EQ(keyboard().toolTip().toStdString(),
+                  shown.cure == kResultSuccess ? "" : causeAndCure(shown.cure));
+    }
+    plugged.clear();
+    look();
+    EXPECT_EQ(text(), "No keyboard plugged in");
+    EXPECT_EQ(keyboard().toolTip(), "");
+}
+
+TEST_F(KeyboardWatchTest, AChosenKeyboardThatIsNotThereIsNotAnyKeyboard) {
+    attach();
+    watch("1-2");
+    EXPECT_EQ(text(), "The chosen keyboard is not plugged in");
+}
+
+TEST_F(KeyboardWatchTest, TheEndOfEachCommandLooksAgain) {
+    watch();
+    const int before = looks;
+    press(Qt::Key_R);
+    const int afterRead = looks;
+    EXPECT_GT(afterRead, before);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    EXPECT_GT(looks, afterRead);
+}
+
+TEST_F(KeyboardWatchTest, OurOwnClaimDuringASendIsNotShown) {
+    watch();
+    press(Qt::Key_Return);
+    attach(AttachedDevice::Access::Claimed);
+    look();
+    EXPECT_EQ(text(), "No keyboard plugged in");
+    attach();
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    EXPECT_EQ(text(), "Keyboard plugged in");
+}
+
+// The monitor's descriptor cannot be written to without root; the notifier's event stands for it.
+TEST_F(KeyboardWatchTest, WhatTheMonitorTellsIsLookedAt) {
+    auto monitor = DeviceMonitor::start();
+    ASSERT_TRUE(monitor) << monitor.error();
+    const int descriptor = monitor->descriptor();
+    watch();
+    keyboard().follow(std::move(monitor));
+    auto* notifier = keyboard().findChild<QSocketNotifier*>();
+    ASSERT_NE(notifier, nullptr);
+    EXPECT_EQ(notifier->socket(), descriptor);
+    EXPECT_TRUE(notifier->isEnabled());
+    attach();
+    QEvent readable(QEvent::SockAct);
+    QCoreApplication::sendEvent(notifier, &readable);
+    EXPECT_EQ(text(), "Keyboard plugged in");
+}
+
+TEST_F(KeyboardWatchTest, WithoutAMonitorOnlyCallsLook) {
+    watch();
+    keyboard().follow(failure("none"));
+    EXPECT_EQ(keyboard().findChild<QSocketNotifier*>(), nullptr);
+    attach();
+    look();
+    EXPECT_EQ(text(), "Keyboard plugged in");
+}
+
+TEST_F(KeyboardWatchTest, NothingIsLookedAtByTheClock) {
+    watch();
+    keyboard().follow(DeviceMonitor::start());
+    EXPECT_TRUE(keyboard().findChildren<QTimer*>().isEmpty());
+}
+
+TEST_F(KeyboardWatchTest, TheLogHoldsNothingOfIt) {
+    std::string log;
+    watch();
+    Diagnostics::setLog([&log](std::string_view line) { log += line; });
+    attach();
+    look();
+    Diagnostics::setLog(nullptr);
+    EXPECT_EQ(log, "");
+}
 
 // A device of another host, at a port.
 class DeviceAtPort : public UsbDevice {
@@ -81,22 +193,9 @@ private:
 
 class KeyboardCommandsTest : public CommandsBench {
 protected:
-    static AttachedDevice deviceAt(const std::string& port, const std::string& name = "Keys") {
-        return {.port = port, .ids = {0x1209, 0x0001}, .name = name, .hasMidiStreaming = true};
-    }
-    static AttachedDevice strange(const std::string& port) {
-        AttachedDevice device = deviceAt(port, "Drum");
-        device.ids = {.vendor = 0x1234, .product = 0x5678};
-        return device;
-    }
-
+    KeyboardCommandsTest() { plugged = {deviceAt("1-1"), deviceAt("1-2")}; }
     ~KeyboardCommandsTest() override { KnownKeyboard::setNaming({}); }
 
-    void watch(const std::string& chosen = {}) {
-        keyboards = std::make_shared<Keyboards>(chosen, [this] { return plugged; });
-        open(keyboards);
-    }
-    void look() { commands().keyboard().look(); }
     KeyboardCommands& choices() { return commands().keyboards(); }
     QPushButton& picker() { return choices().picker(); }
     // The entries of the picker, the one in use in brackets.
@@ -107,26 +206,6 @@ protected:
         return texts;
     }
     void pick(int place) { picker().menu()->actions().at(place)->trigger(); }
-
-    KeyboardsDialog& dialog() {
-        choices().action().trigger();
-        return *choices().dialog();
-    }
-    static void chooseRow(KeyboardsDialog& dialog, int row) {
-        dialog.table().setCurrentItem(dialog.table().topLevelItem(row));
-    }
-    // The buttons that can be pressed.
-    static QString enabled(KeyboardsDialog& dialog) {
-        QStringList names;
-        for (const QAbstractButton* button : {&dialog.useButton(), &dialog.allowButton(),
-                                              &dialog.copyButton(), &dialog.addButton()})
-            if (button->isEnabled() && !button->isHidden())
-                names.append(button->accessibleName());
-        return names.join(", ");
-    }
-
-    std::vector<AttachedDevice> plugged{deviceAt("1-1"), deviceAt("1-2")};
-    std::shared_ptr<Keyboards> keyboards;
 };
 
 TEST_F(KeyboardCommandsTest, TheVirtualControllerLeavesNothingToChoose) {
@@ -210,21 +289,6 @@ TEST_F(KeyboardCommandsTest, WhatOneHoldsSaysNothingOfAnotherAtItsPort) {
     EXPECT_FALSE(KnownKeyboard::image());
 }
 
-TEST_F(KeyboardCommandsTest, TheDialogsUseThisOneWaitsForTheEndOfASend) {
-    watch();
-    for (const bool isOpen : {false, true}) {
-        window().commands().send();
-        KeyboardsDialog& shown = isOpen ? *choices().dialog() : dialog();
-        chooseRow(shown, 1);
-        EXPECT_EQ(enabled(shown), "") << isOpen;
-        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-        chooseRow(shown, 1);
-        EXPECT_EQ(enabled(shown), "Use This One") << isOpen;
-    }
-    field<QPushButton>(*choices().dialog(), "Close").click();
-    EXPECT_FALSE(choices().dialog()->isVisible());
-}
-
 TEST_F(KeyboardCommandsTest, AChoiceIsRememberedAsLongAsItsKeyboardIsThere) {
     watch();
     pick(1);
@@ -254,131 +318,6 @@ TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineThatIsNotThereSaysWhatIsUnti
     plugged.push_back(deviceAt("1-3"));
     look();
     EXPECT_EQ(notice(), "");
-}
-
-TEST_F(KeyboardCommandsTest, TheDialogsRowStaysWhereItWasAndUseThisOneUsesIt) {
-    watch();
-    KeyboardsDialog& shown = dialog();
-    EXPECT_EQ(shown.table().currentItem()->text(1), "1-1") << "the one in use";
-    chooseRow(shown, 1);
-    plugged.insert(plugged.begin(), strange("1-0"));
-    look();
-    EXPECT_EQ(shown.table().currentItem()->text(1), "1-2");
-    shown.useButton().click();
-    EXPECT_EQ(keyboards->chosen(), "1-2");
-    EXPECT_EQ(shown.table().currentItem()->text(3), "in use");
-}
-
-// A folder of configuration and a path of programs of the test's own.
-class OwnFoldersTest : public KeyboardCommandsTest {
-protected:
-    OwnFoldersTest() {
-        qputenv("XDG_CONFIG_HOME", folder.path().c_str());
-        qputenv("PATH", folder.path().c_str());
-    }
-    ~OwnFoldersTest() override {
-        qputenv("PATH", path_);
-        qputenv("XDG_CONFIG_HOME", config_);
-    }
-
-    KeyboardsDialog& dialogOn(const AttachedDevice& device) {
-        plugged = {device};
-        watch();
-        KeyboardsDialog& shown = dialog();
-        chooseRow(shown, 0);
-        return shown;
-    }
-    KeyboardsDialog& dialogOnForbidden() {
-        AttachedDevice device = deviceAt("1-1");
-        device.access = AttachedDevice::Access::NoPermission;
-        return dialogOn(device);
-    }
-
-private:
-    QByteArray path_ = qgetenv("PATH");
-    QByteArray config_ = qgetenv("XDG_CONFIG_HOME");
-};
-
-struct Row {
-    QString state;
-    QString enabled;
-    QString help; // how it begins
-};
-
-TEST_F(OwnFoldersTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
-    using Access = AttachedDevice::Access;
-    plugged = {deviceAt("1-1"), deviceAt("1-2"), deviceAt("1-3"), strange("1-4"), strange("1-5")};
-    plugged[0].access = Access::Claimed;
-    plugged[2].access = Access::NoPermission;
-    plugged[4].access = Access::NoPermission;
-    watch();
-    KeyboardsDialog& dialog = this->dialog();
-    const std::vector<Row> rows{
-        {"in use, busy", "", shown(causeAndCure(kResultBusy))},
-        {"ready", "Use This One", ""},
-        {"not allowed", "Use This One, Copy Command", shown(causeAndCure(kResultAccess))},
-        {"not in the list", "Add To My List", "Only keyboards of the list"},
-        {"not in the list, not allowed", "Add To My List", "Only keyboards of the list"}};
-    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
-        chooseRow(dialog, row);
-        EXPECT_EQ(dialog.table().topLevelItem(row)->text(1), QString("1-%1").arg(row + 1));
-        EXPECT_EQ(dialog.table().topLevelItem(row)->text(3), rows.at(row).state);
-        EXPECT_EQ(enabled(dialog), rows.at(row).enabled) << row;
-        EXPECT_EQ(dialog.help().text().left(rows.at(row).help.size()), rows.at(row).help) << row;
-        EXPECT_EQ(dialog.help().text().isEmpty(), rows.at(row).help.isEmpty()) << row;
-    }
-    plugged.clear();
-    look();
-    EXPECT_EQ(dialog.help().text(), "No USB MIDI device is plugged in.");
-}
-
-TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboard) {
-    KeyboardsDialog& shown = dialogOn(strange("1-1"));
-    shown.addButton().click();
-    EXPECT_EQ(shown.table().topLevelItem(0)->text(3), "in use");
-    EXPECT_EQ(deviceList().front(), (DeviceIds{0x1234, 0x5678}));
-}
-
-TEST_F(OwnFoldersTest, AListThatCannotBeAddedToIsTold) {
-    std::filesystem::create_directories(folder.path() / "scenewright/project.plist");
-    KeyboardsDialog& shown = dialogOn(strange("1-1"));
-    shown.addButton().click();
-    EXPECT_TRUE(shown.help().text().contains(file("scenewright/project.plist")))
-        << shown.help().text().toStdString();
-}
-
-TEST_F(OwnFoldersTest, WithoutPolkitThereIsOnlyTheCommandToCopy) {
-    KeyboardsDialog& shown = dialogOnForbidden();
-    EXPECT_EQ(enabled(shown), "Copy Command");
-    shown.copyButton().click();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(),
-              AccessInstaller::command(QCoreApplication::applicationDirPath()));
-    EXPECT_TRUE(shown.help().text().startsWith("Copied.")) << shown.help().text().toStdString();
-}
-
-TEST_F(OwnFoldersTest, AllowAsksOnceAndItsAnswerStaysUntilTheStateIsAnother) {
-    ASSERT_EQ(::mkfifo(folder.file("answer").c_str(), 0600), 0);
-    QFile pkexec(file("pkexec"));
-    ASSERT_TRUE(pkexec.open(QIODevice::WriteOnly));
-    pkexec.write("#!/bin/sh\nread -r code <\"${0%/*}/answer\"\nexit $code\n");
-    pkexec.close();
-    pkexec.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    KeyboardsDialog& shown = dialogOnForbidden();
-    EXPECT_EQ(enabled(shown), "Allow, Copy Command");
-    shown.allowButton().click();
-    EXPECT_EQ(enabled(shown), "Copy Command");
-    EXPECT_EQ(shown.help().text(), "Waiting for an administrator's password...");
-    QFile answer(file("answer"));
-    ASSERT_TRUE(answer.open(QIODevice::WriteOnly));
-    answer.write("126\n");
-    answer.close();
-    ASSERT_TRUE(waitUntil([&shown] { return shown.allowButton().isEnabled(); }));
-    look();
-    EXPECT_EQ(shown.help().text(),
-              "The rules were not installed: the question for a password was closed.");
-    plugged.front().access = AttachedDevice::Access::Usable;
-    look();
-    EXPECT_EQ(shown.help().text(), "This keyboard is read from and sent to.");
 }
 
 } // namespace

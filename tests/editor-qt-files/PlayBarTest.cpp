@@ -1,7 +1,7 @@
 #include "editor/qt/PlayBar.h"
 
 #include "app/DeviceSession.h"
-#include "editor/qt/PlayOutputs.h"
+#include "editor/qt/MidiPorts.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"

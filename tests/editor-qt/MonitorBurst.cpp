@@ -6,7 +6,7 @@
 // and the share of a processor that the program took.
 #include "app/WindowAction.h"
 #include "editor/qt/DeviceCommands.h"
-#include "editor/qt/KeyboardInput.h"
+#include "editor/qt/MidiPorts.h"
 #include "editor/qt/MonitorStrip.h"
 #include "editor/qt/Theme.h"
 #include "tests/sequencer/ScriptedSequencer.h"

@@ -1,4 +1,4 @@
-#include "editor/qt/ConnectionKeeper.h"
+#include "editor/qt/MidiPorts.h"
 
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"
