@@ -47,10 +47,7 @@ QString settingWords(const SettingPlace& place) {
 DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget* parent)
     : QDialog(parent), differences_(std::move(differences)), count_(&makeChild<QLabel>(this)),
       table_(&makeChild<QTreeWidget>(this)) {
-    setWindowTitle(tr("Differences"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(18, 16, 18, 14);
+    auto& column = layOutDialog(*this, tr("Differences"));
     column.setSpacing(8);
     count_->setProperty("role", "heading");
     column.addWidget(count_);
@@ -62,10 +59,7 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
         tr("Taking changes the window alone. A send transmits the four scenes whole."), this);
     hint.setProperty("role", "hint");
     column.addWidget(&hint);
-    auto& row = makeChild<QWidget>(this);
-    row.setAccessibleName(tr("Actions"));
-    addButtons(row);
-    column.addWidget(&row);
+    addButtons(addRow(*this, column, tr("Actions")));
     fill();
     connect(table_, &QTreeWidget::currentItemChanged, this, &DifferenceDialog::tellChosen);
     connect(table_, &QTreeWidget::itemActivated, this, [this] {
@@ -75,9 +69,7 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
     resize(kDialogSize);
 }
 
-void DifferenceDialog::addButtons(QWidget& row) {
-    auto& line = makeChild<QHBoxLayout>(&row);
-    line.setContentsMargins(0, 0, 0, 0);
+void DifferenceDialog::addButtons(QHBoxLayout& row) {
     const auto add = [&row](const QString& title, const QString& help) -> QPushButton& {
         return addRowButton(row, title, help);
     };
@@ -86,7 +78,7 @@ void DifferenceDialog::addButtons(QWidget& row) {
                         "all when none is selected"));
     auto& send = add(tr("&Send These"), tr("Sends the four scenes of the window, whole"));
     auto& copy = add(tr("Cop&y as Text"), tr("Copies the selected rows, or all"));
-    line.addStretch(1);
+    row.addStretch(1);
     auto& close = add(tr("&Close"), {});
     close.setDefault(true);
     take_ = &take;

@@ -18,6 +18,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QHBoxLayout;
 class QLabel;
 class QTreeWidget;
 
@@ -52,7 +53,7 @@ protected:
 
 private:
     void fill();
-    void addButtons(QWidget& row);
+    void addButtons(QHBoxLayout& row);
     // Those that are selected, or all when none is.
     [[nodiscard]] std::vector<std::size_t> wanted() const;
     void take();

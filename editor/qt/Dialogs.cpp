@@ -3,13 +3,18 @@
 #include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
+#include "platform/Resources.h"
 
+#include <QDesktopServices>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -21,9 +26,14 @@ namespace scenewright {
 
 namespace {
 
+// In device-independent pixels.
 constexpr QSize kAboutSize(560, 520);
-constexpr int kBetweenColumns = 18; // device-independent pixels
 constexpr QSize kDetailsSize(520, 220);
+constexpr QSize kGuideSize(860, 640);
+constexpr int kBetweenColumns = 18;
+constexpr int kSliderHeight = 170;
+constexpr int kWidestPicture = 760; // of the guide
+constexpr int kMargin = 18;
 
 void addClose(QDialog& dialog, QVBoxLayout& column) {
     auto& close = makeChild<QPushButton>(NoticeDetails::tr("&Close"), &dialog);
@@ -32,8 +42,6 @@ void addClose(QDialog& dialog, QVBoxLayout& column) {
     QObject::connect(&close, &QPushButton::clicked, &dialog, &QDialog::accept);
     column.addWidget(&close, 0, Qt::AlignRight);
 }
-
-constexpr int kSliderHeight = 170;
 
 using G = GainController;
 using WriteSlider = void (G::*)(Slider*);
@@ -45,14 +53,34 @@ constexpr std::array<WriteLabel, GainWindow::kGains> kLabels{
     &G::setLabel1, &G::setLabel2, &G::setLabel3, &G::setLabel4,
     &G::setLabel5, &G::setLabel6, &G::setLabel7, &G::setLabel8};
 
+// What the toolkit knows of style sheets, in place of the sheet that a browser gets.
+QString sheet() {
+    const Theme& theme = themeOf(isDark(QGuiApplication::palette()));
+    return QStringLiteral(
+               "h1, h2, h3 { color: %1 } a { color: %2 } code, pre { background-color: %3 }"
+               "td, th { padding: 3px 12px 3px 0; vertical-align: top }"
+               "th { text-align: left } .pages { color: %4 }")
+        .arg(theme.text.name(), theme.accent.name(), theme.field.name(), theme.muted.name());
+}
+
+// Sharp on every screen, and no wider than the page.
+QImage pictureFor(const QWidget& page, const QString& file) {
+    QImage picture(file);
+    if (picture.isNull())
+        return picture;
+    const int width = std::min(picture.width(), kWidestPicture);
+    const int pixels = qRound(width * page.devicePixelRatioF());
+    if (picture.width() > pixels)
+        picture = picture.scaledToWidth(pixels, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(qreal(picture.width()) / width);
+    return picture;
+}
+
 } // namespace
 
 About::About(QWidget* parent) : QDialog(parent) {
-    setWindowTitle(tr("About Scenewright"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
+    auto& column = layOutDialog(*this, tr("About Scenewright"));
     column.setContentsMargins(26, 22, 26, 18);
-    column.setSpacing(10);
     auto& heading =
         makeChild<QLabel>(tr("Scenewright %1").arg(QStringLiteral(SCENEWRIGHT_VERSION)), this);
     heading.setProperty("role", "heading");
@@ -83,11 +111,7 @@ About::About(QWidget* parent) : QDialog(parent) {
 }
 
 NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(parent) {
-    setWindowTitle(tr("Notice"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(18, 16, 18, 14);
-    column.setSpacing(10);
+    auto& column = layOutDialog(*this, tr("Notice"));
     auto& whole = makeChild<QPlainTextEdit>(this);
     whole.setReadOnly(true);
     whole.setTabChangesFocus(true);
@@ -96,6 +120,15 @@ NoticeDetails::NoticeDetails(const QString& text, QWidget* parent) : QDialog(par
     column.addWidget(&whole, 1);
     addClose(*this, column);
     resize(kDetailsSize);
+}
+
+QVBoxLayout& layOutDialog(QDialog& dialog, const QString& title) {
+    dialog.setWindowTitle(title);
+    dialog.setAccessibleName(title);
+    auto& column = makeChild<QVBoxLayout>(&dialog);
+    column.setContentsMargins(18, 16, 18, 14);
+    column.setSpacing(10);
+    return column;
 }
 
 void layOutTable(QTreeWidget& table, const QString& name, const QStringList& columns) {
@@ -116,32 +149,37 @@ void fitColumns(QTreeWidget& table, int widest) {
     }
 }
 
-QPushButton& addRowButton(QWidget& row, const QString& title, const QString& help) {
-    auto& button = makeChild<QPushButton>(title, &row);
+QHBoxLayout& addRow(QDialog& dialog, QVBoxLayout& column, const QString& name) {
+    auto& row = makeChild<QWidget>(&dialog);
+    row.setAccessibleName(name);
+    auto& line = makeChild<QHBoxLayout>(&row);
+    line.setContentsMargins(0, 0, 0, 0);
+    column.addWidget(&row);
+    return line;
+}
+
+QPushButton& addRowButton(QHBoxLayout& row, const QString& title, const QString& help) {
+    auto& button = makeChild<QPushButton>(title, row.parentWidget());
     button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
     button.setToolTip(help);
     button.setAutoDefault(false);
-    row.layout()->addWidget(&button);
+    row.addWidget(&button);
     return button;
 }
 
 QPushButton& addAnswers(QDialog& dialog, QVBoxLayout& column, const QString& cancel,
                         const QString& accept) {
-    auto& row = makeChild<QWidget>(&dialog);
-    auto& buttons = makeChild<QHBoxLayout>(&row);
-    buttons.setContentsMargins(0, 0, 0, 0);
-    buttons.addStretch(1);
+    auto& row = addRow(dialog, column, {});
+    row.addStretch(1);
     const auto add = [&](const QString& title) -> QPushButton& {
-        auto& button = makeChild<QPushButton>(title, &dialog);
-        button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
-        buttons.addWidget(&button);
+        auto& button = addRowButton(row, title, {});
+        button.setAutoDefault(true);
         return button;
     };
     QObject::connect(&add(cancel), &QPushButton::clicked, &dialog, &QDialog::reject);
     auto& accepting = add(accept);
     accepting.setDefault(true);
     QObject::connect(&accepting, &QPushButton::clicked, &dialog, &QDialog::accept);
-    column.addWidget(&row);
     return accepting;
 }
 
@@ -197,6 +235,99 @@ void GainWindow::makeButtons(QGridLayout& grid) {
     connect(&standard, &QPushButton::clicked, this, [this] { controller_.doDefaultAction(); });
     connect(&apply, &QPushButton::clicked, this, [this] { controller_.doApplyAction(); });
     connect(&ok, &QPushButton::clicked, this, [this] { controller_.doOKAction(); });
+}
+
+GuidePages::GuidePages(QWidget* parent) : QTextBrowser(parent) {
+    setAccessibleName(tr("Guide"));
+    setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(kMargin);
+}
+
+void GuidePages::begin() {
+    const auto file = Resources::find("guide/guide", "html");
+    if (file)
+        setSource(QUrl::fromLocalFile(QString::fromStdString(file->string())));
+    else
+        setPlainText(tr("The guide is not among the program's resources."));
+}
+
+void GuidePages::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
+    if (url.isLocalFile() && url.path().endsWith(QLatin1String(".html")))
+        QTextBrowser::doSetSource(url, type);
+    else
+        QDesktopServices::openUrl(url);
+}
+
+QVariant GuidePages::loadResource(int type, const QUrl& name) {
+    if (type == QTextDocument::StyleSheetResource)
+        return sheet();
+    if (type == QTextDocument::ImageResource)
+        return pictureFor(*this, source().resolved(name).toLocalFile());
+    return QTextBrowser::loadResource(type, name);
+}
+
+void GuidePages::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !source().isEmpty())
+        reload();
+}
+
+GuideWindow::GuideWindow(QWidget* parent)
+    : QDialog(parent), pages_(&makeChild<GuidePages>(this)), search_(&makeChild<QLineEdit>(this)),
+      found_(&makeChild<QLabel>(this)) {
+    setWindowTitle(tr("Guide"));
+    setAccessibleName(windowTitle());
+    auto& column = makeChild<QVBoxLayout>(this);
+    column.setContentsMargins(0, 10, 0, 0);
+    auto row = std::make_unique<QHBoxLayout>();
+    row->setContentsMargins(kMargin, 0, kMargin, 0);
+    const auto add = [&](const QString& title, const QString& name) -> QPushButton& {
+        auto& button = makeChild<QPushButton>(title, this);
+        button.setAutoDefault(false);
+        button.setAccessibleName(name);
+        row->addWidget(&button);
+        return button;
+    };
+    auto& back = add(tr("&Back"), tr("Back"));
+    auto& forward = add(tr("&Forward"), tr("Forward"));
+    auto& contents = add(tr("&Contents"), tr("Contents"));
+    auto& browser = add(tr("&Open in Browser"), tr("Open in Browser"));
+    row->addStretch(1);
+    row->addWidget(found_);
+    search_->setPlaceholderText(
+        tr("Search (%1)").arg(QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText)));
+    search_->setAccessibleName(tr("Search this page"));
+    found_->setAccessibleName(search_->accessibleName());
+    row->addWidget(search_);
+    column.addLayout(row.release()); // the column owns it from here
+    column.addWidget(pages_, 1);
+    for (QPushButton* button : {&back, &forward})
+        button->setEnabled(false);
+    connect(pages_, &QTextBrowser::backwardAvailable, &back, &QWidget::setEnabled);
+    connect(pages_, &QTextBrowser::forwardAvailable, &forward, &QWidget::setEnabled);
+    connect(&back, &QPushButton::clicked, pages_, &QTextBrowser::backward);
+    connect(&forward, &QPushButton::clicked, pages_, &QTextBrowser::forward);
+    connect(&contents, &QPushButton::clicked, pages_, &GuidePages::begin);
+    connect(&browser, &QPushButton::clicked, this,
+            [this] { QDesktopServices::openUrl(pages_->source()); });
+    connect(search_, &QLineEdit::returnPressed, this, &GuideWindow::find);
+    auto& toSearch = makeChild<QShortcut>(QKeySequence(QKeySequence::Find), this);
+    connect(&toSearch, &QShortcut::activated, search_,
+            [this] { search_->setFocus(Qt::ShortcutFocusReason); });
+    pages_->begin();
+    pages_->setFocus();
+    resize(kGuideSize);
+}
+
+// From where the last one was found, and from the beginning after the end.
+void GuideWindow::find() {
+    bool isFound = pages_->find(search_->text());
+    if (!isFound) {
+        pages_->moveCursor(QTextCursor::Start);
+        isFound = pages_->find(search_->text());
+    }
+    found_->setText(isFound ? QString() : tr("Not on this page"));
+    found_->setAccessibleName(isFound ? search_->accessibleName() : found_->text());
 }
 
 } // namespace scenewright

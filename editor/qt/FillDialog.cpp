@@ -95,11 +95,9 @@ FillDialog::FillDialog(MainWindow& window, What what)
       members_(membersOf(window.choice().selection(), range_)), offered_(offersOf(range_.kind)),
       filled_(failure(std::string())), whats_(&makeChild<PopUpBox>(this)),
       pages_(&makeChild<QStackedWidget>(this)), told_(&makeChild<QLabel>(this)) {
-    setWindowTitle(tr("Fill %1").arg(shown(alikeTitle(window.choice().selection()))));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
+    auto& column =
+        layOutDialog(*this, tr("Fill %1").arg(shown(alikeTitle(window.choice().selection()))));
     column.setContentsMargins(18, 14, 18, 14);
-    column.setSpacing(10);
     auto& label = makeChild<QLabel>(tr("Fill &with"), this);
     label.setBuddy(whats_);
     whats_->setAccessibleName(tr("Fill with"));

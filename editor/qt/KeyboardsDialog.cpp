@@ -131,10 +131,7 @@ void AccessInstaller::start() {
 
 KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
     : QDialog(parent), table_(&makeChild<QTreeWidget>(this)), help_(&makeChild<QLabel>(this)) {
-    setWindowTitle(tr("Keyboards"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(18, 16, 18, 14);
+    auto& column = layOutDialog(*this, tr("Keyboards"));
     column.setSpacing(8);
     layOutTable(*table_, windowTitle(),
                 {tr("Device"), tr("Port"), tr("Serial number"), tr("State")});
@@ -146,10 +143,7 @@ KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
     help_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     help_->setMinimumHeight(kHelpLines * help_->fontMetrics().lineSpacing());
     column.addWidget(help_);
-    auto& row = makeChild<QWidget>(this);
-    row.setAccessibleName(tr("Actions"));
-    addButtons(row, canInstall);
-    column.addWidget(&row);
+    addButtons(addRow(*this, column, tr("Actions")), canInstall);
     connect(table_, &QTreeWidget::currentItemChanged, this, [this] {
         showButtons();
         help_->setText(rowHelp());
@@ -158,9 +152,7 @@ KeyboardsDialog::KeyboardsDialog(bool canInstall, QWidget* parent)
     resize(kDialogSize);
 }
 
-void KeyboardsDialog::addButtons(QWidget& row, bool canInstall) {
-    auto& line = makeChild<QHBoxLayout>(&row);
-    line.setContentsMargins(0, 0, 0, 0);
+void KeyboardsDialog::addButtons(QHBoxLayout& row, bool canInstall) {
     const auto add = [&row](const QString& title, const QString& help) -> QPushButton& {
         return addRowButton(row, title, help);
     };
@@ -172,7 +164,7 @@ void KeyboardsDialog::addButtons(QWidget& row, bool canInstall) {
                  tr("Copies the command that lets you use the keyboards of the list, for a "
                     "terminal"));
     add_ = &add(tr("Add To My &List"), tr("Adds the device to your own list of keyboards"));
-    line.addStretch(1);
+    row.addStretch(1);
     auto& close = add(tr("&Close"), {});
     close.setDefault(true);
     connect(use_, &QAbstractButton::clicked, this, [this] { emit useWanted(*chosen()); });

@@ -11,6 +11,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QHBoxLayout;
 class QLabel;
 class QTreeWidget;
 
@@ -73,7 +74,7 @@ signals:
     void addWanted(const scenewright::PluggedDevice& device);
 
 private:
-    void addButtons(QWidget& row, bool canInstall);
+    void addButtons(QHBoxLayout& row, bool canInstall);
     [[nodiscard]] std::optional<PluggedDevice> chosen() const;
     // Greys what the chosen row does not allow.
     void showButtons();

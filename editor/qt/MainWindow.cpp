@@ -3,7 +3,6 @@
 #include "app/WindowAction.h"
 #include "editor/qt/AccessibleFaces.h"
 #include "editor/qt/Dialogs.h"
-#include "editor/qt/GuideWindow.h"
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/StripPlace.h"
 #include "model/SceneValue.h"

@@ -6,7 +6,6 @@
 #include "editor/WindowControllers.h"
 #include "editor/qt/Adapters.h"
 #include "editor/qt/ControlChoice.h"
-#include "editor/qt/ControlList.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/DevicePicture.h"
 #include "editor/qt/Dialogs.h"

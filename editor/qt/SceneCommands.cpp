@@ -133,11 +133,7 @@ void ControlCommands::update() {
 
 RenameDialog::RenameDialog(const QString& name, QWidget* parent)
     : QDialog(parent), name_(&makeChild<QLineEdit>(name, this)), told_(&makeChild<QLabel>(this)) {
-    setWindowTitle(tr("Rename Scene"));
-    setAccessibleName(windowTitle());
-    auto& column = makeChild<QVBoxLayout>(this);
-    column.setContentsMargins(18, 16, 18, 14);
-    column.setSpacing(10);
+    auto& column = layOutDialog(*this, tr("Rename Scene"));
     auto& label = makeChild<QLabel>(tr("&Name"), this);
     label.setBuddy(name_);
     name_->setAccessibleName(tr("Name"));

@@ -2,7 +2,6 @@
 #include "editor/qt/ControlShape.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/EditorCommands.h"
-#include "editor/qt/GuideWindow.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "editor/qt/ControlList.h"
+#include "editor/qt/ControlChoice.h"
 
 #include <QApplication>
 #include <QItemSelectionModel>

@@ -1,6 +1,6 @@
 // The guide, and what the window says of each field when it is asked.
 #include "editor/ValuePopUps.h"
-#include "editor/qt/GuideWindow.h"
+#include "editor/qt/Dialogs.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QApplication>

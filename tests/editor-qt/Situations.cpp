@@ -4,7 +4,6 @@
 #include "bank/BankFile.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Dialogs.h"
-#include "editor/qt/GuideWindow.h"
 #include "editor/qt/StripPlace.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

@@ -2,7 +2,6 @@
 #include "app/WindowAction.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Dialogs.h"
-#include "editor/qt/GuideWindow.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "tests/editor-qt/WindowBench.h"
 
