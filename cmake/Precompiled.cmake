@@ -8,6 +8,11 @@ set(scenewright_standard_headers
     <algorithm> <array> <charconv> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <mutex>
     <optional> <span> <string> <string_view> <system_error> <thread> <utility> <vector> <fmt/format.h>
     <fmt/ranges.h> <tl/expected.hpp>)
+set(scenewright_window_headers
+    <QAction> <QApplication> <QClipboard> <QDialog> <QFileInfo> <QFrame> <QGridLayout> <QHBoxLayout>
+    <QImage> <QKeyEvent> <QLabel> <QLineEdit> <QLocale> <QMenu> <QMouseEvent> <QObject> <QPainter>
+    <QPixmap> <QPointer> <QPushButton> <QShortcut> <QStringList> <QStyle> <QTimer> <QToolButton>
+    <QTreeWidget> <QVBoxLayout> <QWidget>)
 file(WRITE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new "int main() {}\n")
 file(COPY_FILE ${CMAKE_BINARY_DIR}/precompiled/empty.cpp.new
     ${CMAKE_BINARY_DIR}/precompiled/empty.cpp ONLY_IF_DIFFERENT)

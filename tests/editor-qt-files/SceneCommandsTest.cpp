@@ -7,6 +7,7 @@
 
 #include <QDrag>
 #include <QLabel>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <fmt/format.h>
