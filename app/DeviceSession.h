@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/WindowAction.h"
-#include "bank/Difference.h"
+#include "bank/Findings.h"
 #include "model/PopUpValue.h"
 #include "protocol/Connection.h"
 #include "protocol/SceneImage.h"

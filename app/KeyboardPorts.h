@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/Keyboards.h"
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 #include "sequencer/Sequencer.h"
 
 #include <chrono>

@@ -1,9 +1,9 @@
 #include "app/SceneChanges.h"
 
 #include "app/WindowAction.h"
-#include "bank/Difference.h"
 #include "bank/Edit.h"
-#include "model/Control.h"
+#include "bank/Findings.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 

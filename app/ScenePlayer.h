@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/KeyboardPorts.h"
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 #include "protocol/SceneImage.h"
 #include "sequencer/Sequencer.h"
 #include "virtual/Playing.h"

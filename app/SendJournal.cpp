@@ -1,7 +1,7 @@
 #include "app/SendJournal.h"
 
 #include "app/KeptFile.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "platform/Resources.h"
 #include "platform/TemporaryFile.h"
 #include "platform/Text.h"

@@ -4,8 +4,7 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "bank/SettingText.h"
-#include "model/Control.h"
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 

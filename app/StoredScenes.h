@@ -8,9 +8,8 @@
 #pragma once
 
 #include "app/Earlier.h"
-#include "bank/Check.h"
 #include "bank/Fill.h"
-#include "model/Control.h"
+#include "bank/Findings.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/NamedFiles.h"

@@ -1,6 +1,6 @@
 #include "app/TryRun.h"
 
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>

@@ -1,9 +1,8 @@
 #include "app/WindowAction.h"
 
-#include "model/Control.h"
-#include "model/FileAction.h"
 #include "model/MessageValue.h"
 #include "model/PopUpValue.h"
+#include "model/SceneValue.h"
 #include "platform/Diagnostics.h"
 #include "protocol/Transactions.h"
 

@@ -1,8 +1,8 @@
-#include "bank/BankJson.h"
+#include "bank/BankFile.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
-#include "model/PadColour.h"
 #include "model/Setting.h"
+#include "model/TypedValue.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>

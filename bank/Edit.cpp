@@ -2,8 +2,8 @@
 
 #include "bank/Path.h"
 #include "bank/SettingText.h"
-#include "model/PadColour.h"
 #include "model/Setting.h"
+#include "model/TypedValue.h"
 
 #include <fmt/format.h>
 

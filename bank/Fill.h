@@ -4,9 +4,9 @@
 #pragma once
 
 #include "bank/Path.h"
-#include "model/PadColour.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
+#include "model/TypedValue.h"
 #include "platform/Result.h"
 
 #include <cstdint>
@@ -33,8 +33,7 @@ struct Scale {
 [[nodiscard]] std::optional<Intervals> intervalsOf(std::string_view text);
 
 // The colours of so many controls: "#ff0000..#ffff00" goes evenly from one to the other and may
-// have more stations, "#ff0000,#00ff00" and a palette's name (Colour.h) take one after the other in
-// turn,
+// have more stations, "#ff0000,#00ff00" and a palette's name take one after the other in turn,
 // "#ff0000" is for all. Nothing for anything else.
 [[nodiscard]] std::optional<std::vector<PadColour>> coloursFor(std::string_view text,
                                                                std::size_t count);

@@ -10,7 +10,7 @@
 // Numbers count from 1; a star stands for all. Letters count as they are: "CR", not "cr".
 #pragma once
 
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Result.h"
 

@@ -1,7 +1,7 @@
 #include "bank/SettingText.h"
 
-#include "bank/BankJson.h"
-#include "model/MidiNames.h"
+#include "bank/BankFile.h"
+#include "model/Midi.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "model/TypedValue.h"

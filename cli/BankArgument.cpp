@@ -1,8 +1,8 @@
 #include "cli/BankArgument.h"
 
 #include "app/WindowAction.h"
-#include "bank/BankJson.h"
-#include "bank/Difference.h"
+#include "bank/BankFile.h"
+#include "bank/Findings.h"
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "platform/AtomicFile.h"

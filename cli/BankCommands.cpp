@@ -2,9 +2,8 @@
 // and diff, which takes two banks, or one and what the controller holds.
 #include "app/Launch.h"
 #include "app/WindowAction.h"
-#include "bank/BankJson.h"
-#include "bank/Check.h"
-#include "bank/Difference.h"
+#include "bank/BankFile.h"
+#include "bank/Findings.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "cli/Reports.h"

@@ -3,7 +3,7 @@
 
 #include "app/KeyboardPorts.h"
 #include "app/TryRun.h"
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 #include "model/SceneValue.h"
 #include "platform/Result.h"
 #include "sequencer/Sequencer.h"

@@ -1,9 +1,8 @@
 #include "cli/Reports.h"
 
 #include "app/OutcomeText.h"
-#include "model/Control.h"
 #include "model/ControlOutput.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
 

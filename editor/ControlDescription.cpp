@@ -1,8 +1,8 @@
 #include "editor/ControlDescription.h"
 
-#include "model/Control.h"
 #include "model/ControlOutput.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Diagnostics.h"
 #include "platform/Text.h"

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "editor/Widgets.h"
-#include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 

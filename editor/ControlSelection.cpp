@@ -1,7 +1,7 @@
 #include "editor/ControlSelection.h"
 
 #include "editor/ControlDescription.h"
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 

@@ -3,7 +3,6 @@
 // only.
 #pragma once
 
-#include "model/Control.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editor/Widgets.h"
-#include "model/Property.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 
 #include <cstdint>

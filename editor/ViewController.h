@@ -10,10 +10,8 @@
 
 #include "editor/ValuePopUps.h"
 #include "editor/Widgets.h"
-#include "model/Control.h"
 #include "model/MessageValue.h"
 #include "model/PopUpValue.h"
-#include "model/Property.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>

@@ -1,7 +1,9 @@
 #include "model/ControlOutput.h"
 
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -275,6 +277,20 @@ std::vector<MidiMessage> messagesOf(const SceneValue& scene, std::int32_t contro
     return output ? take(kBehaviors.at(static_cast<std::size_t>(output->behavior)).press, output,
                          state)
                   : end(state);
+}
+
+std::string outputName(const PopUpValue& lists, const ControlOutput& output) {
+    if (!output.isNote) {
+        const std::string_view name = shortName(controllerNames()[output.number]);
+        return fmt::format("CC {}{}{}", output.number, name.empty() ? "" : " ", name);
+    }
+    std::string text = fmt::format("MIDI {}", output.number);
+    if (const std::string* const title = titleAt(lists.display_NoteNumber_Array(), output.number))
+        text += " " + *title;
+    const std::string_view name = percussionNames()[output.number];
+    if (output.channel == kPercussionChannel && !name.empty())
+        text += fmt::format(", {}", name);
+    return text;
 }
 
 } // namespace scenewright

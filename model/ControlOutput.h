@@ -14,11 +14,12 @@
 // So it serves to show and to play, not to judge a keyboard. Values; any thread.
 #pragma once
 
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 #include "model/SceneValue.h"
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <tl/expected.hpp>
 #include <vector>
 
@@ -78,6 +79,10 @@ enum class Fit : std::uint8_t {
     None,
 };
 [[nodiscard]] Fit fitOf(const ControlOutput& output, const MidiMessage& message);
+
+// What a message of a control is called: "CC 74 Brightness", "MIDI 48 C3", and on the percussion
+// channel "MIDI 36 C2, Bass Drum 1".
+[[nodiscard]] std::string outputName(const PopUpValue& lists, const ControlOutput& output);
 
 // The controls of the scene of which canSend() is true, in their order.
 [[nodiscard]] std::vector<std::int32_t> controlsSending(const SceneValue& scene,

@@ -5,7 +5,7 @@
 // when the resource lacks its key. Main thread only; a list itself may be read by any thread.
 #pragma once
 
-#include "model/Property.h"
+#include "model/SceneValue.h"
 #include "platform/Result.h"
 
 #include <array>

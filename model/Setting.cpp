@@ -1,5 +1,7 @@
 #include "model/Setting.h"
 
+#include "model/Midi.h"
+
 #include <array>
 
 namespace scenewright {
@@ -82,6 +84,13 @@ Titles optionList(const PopUpValue& lists, const Setting& setting, std::int32_t 
     const OptionList* const notes = setting.details().noteList;
     const bool isNote = notes != nullptr && assignType == kAssignNote;
     return (isNote ? *notes : setting.list()).of(lists);
+}
+
+std::span<const std::string_view> optionNames(const Setting& setting, std::int32_t assignType) {
+    if (setting.name() != "CCOrNoteNumber")
+        return writtenTitles(setting.list());
+    const bool isNote = setting.details().noteList != nullptr && assignType == kAssignNote;
+    return isNote ? percussionNames() : controllerNames();
 }
 
 std::string optionTitle(const PopUpValue& lists, const Setting& setting, const SceneValue& scene,

@@ -6,7 +6,6 @@
 // Byte image, option lists, printed tables, panes and descriptions are built on these rows.
 #pragma once
 
-#include "model/Control.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Text.h"
@@ -14,6 +13,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -316,6 +316,12 @@ inline constexpr std::string_view kNoTitle = "---";
 // for every other setting `assignType` is not looked at. Null when the resource lacks the list.
 [[nodiscard]] Titles optionList(const PopUpValue& lists, const Setting& setting,
                                 std::int32_t assignType);
+
+// What the options of the setting are called beside their titles, in a control of this
+// `AssignType`: MIDI's names (Midi.h) for the number that a control sends, and for every other
+// setting what writtenTitles() gives.
+[[nodiscard]] std::span<const std::string_view> optionNames(const Setting& setting,
+                                                            std::int32_t assignType);
 
 // The title of the index stored in member `member` (from 0) of the setting's kind; "---" for a
 // value outside its list, a field that does not apply and a record that the scene does not hold.

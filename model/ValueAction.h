@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -91,6 +92,14 @@ inline constexpr CodeTable kMemory{identity<9>()};
 inline constexpr CodeTable k127{identity<128>()};
 inline constexpr CodeTable k255{identity<256>()};
 
+inline constexpr std::int32_t kTextCount = 128; // of the texts "00" to "7f"
+
+[[nodiscard]] inline std::string hexText(std::int32_t value) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    const auto byte = static_cast<std::uint8_t>(value);
+    return {kDigits[byte >> 4U], kDigits[byte & 0x0FU]};
+}
+
 } // namespace codes
 
 class ValueAction {
@@ -166,11 +175,25 @@ public:
     static constexpr Number GetModeOptionIndexFromChar{};
 
     // "00" to "7f". Throws std::out_of_range for an index outside 0..127.
-    [[nodiscard]] static std::string GetStrFrom127WithIndex(std::int32_t index);
+    [[nodiscard]] static std::string GetStrFrom127WithIndex(std::int32_t index) {
+        if (index < 0 || index >= codes::kTextCount)
+            throw std::out_of_range("no two-digit text for index " + std::to_string(index));
+        return codes::hexText(index);
+    }
     // The index of the first equal text of "00" to "7f"; 0 when none is, case included.
-    [[nodiscard]] static std::int32_t GetFrom127WirhStr(std::string_view text);
-    // The byte's text in the device's 256-text list, in which 0x81 to 0x8f lose their high digit.
-    [[nodiscard]] static std::string GetStrWirhChar(std::int8_t byte);
+    [[nodiscard]] static std::int32_t GetFrom127WirhStr(std::string_view text) {
+        for (std::int32_t index = 0; index < codes::kTextCount; ++index)
+            if (codes::hexText(index) == text)
+                return index;
+        return 0;
+    }
+    // The byte's text in the device's 256-text list, which repeats "01" to "0f" where 81 to 8f
+    // would stand.
+    [[nodiscard]] static std::string GetStrWirhChar(std::int8_t byte) {
+        const std::int32_t position = GetFrom255WirhChar(byte);
+        const bool losesHighDigit = position > 0x80 && position < 0x90;
+        return codes::hexText(losesHighDigit ? position - 0x80 : position);
+    }
 };
 
 } // namespace scenewright

@@ -1,4 +1,4 @@
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "protocol/Connection.h"

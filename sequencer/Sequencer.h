@@ -5,7 +5,7 @@
 // connections change, and what the ports sent that it listens to. One thread at a time.
 #pragma once
 
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 #include "platform/Result.h"
 
 #include <chrono>

@@ -2,9 +2,9 @@
 // the caller's. One thread at a time.
 #pragma once
 
-#include "model/Control.h"
 #include "model/ControlOutput.h"
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
+#include "model/SceneValue.h"
 #include "platform/Result.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"

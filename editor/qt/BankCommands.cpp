@@ -2,7 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "editor/qt/QtHelpers.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <QDate>
 #include <QDragEnterEvent>

@@ -7,7 +7,7 @@
 
 #include "editor/Widgets.h"
 #include "editor/qt/ControlShape.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <QAbstractButton>
 

@@ -1,7 +1,7 @@
 // How a control of the picture is drawn: its shape, the text on it, and images from the resources.
 #pragma once
 
-#include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <QColor>
 #include <QFont>

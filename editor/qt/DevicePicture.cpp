@@ -2,7 +2,7 @@
 
 #include "editor/ControlDescription.h"
 #include "editor/qt/QtHelpers.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "platform/Resources.h"
 
 #include <QApplication>

@@ -4,8 +4,8 @@
 #include "editor/ControlDescription.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
-#include "model/PadColour.h"
 #include "model/Setting.h"
+#include "model/TypedValue.h"
 
 #include <QColorDialog>
 #include <QFormLayout>

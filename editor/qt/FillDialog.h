@@ -6,7 +6,6 @@
 #include "app/StoredScenes.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/PopUpBox.h"
-#include "model/Control.h"
 #include "model/SceneValue.h"
 
 #include <QComboBox>

@@ -12,7 +12,7 @@
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/ValuePanes.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <QAction>
 #include <QActionGroup>

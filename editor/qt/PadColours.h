@@ -4,7 +4,7 @@
 
 #include "editor/qt/Document.h"
 #include "editor/qt/MainWindow.h"
-#include "model/PadColour.h"
+#include "model/TypedValue.h"
 
 #include <QMenu>
 #include <QObject>

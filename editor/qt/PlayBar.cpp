@@ -2,7 +2,7 @@
 
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/StripPlace.h"
-#include "model/Control.h"
+#include "model/SceneValue.h"
 
 #include <QApplication>
 #include <QGridLayout>

@@ -3,7 +3,7 @@
 #include "editor/ControlDescription.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/ControlOutput.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
 #include "platform/AtomicFile.h"
 #include "platform/Text.h"
 

@@ -4,7 +4,7 @@
 #include "editor/ValuePopUps.h"
 #include "editor/qt/NoticeBar.h"
 #include "editor/qt/QtHelpers.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 

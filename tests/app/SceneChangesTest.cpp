@@ -1,8 +1,8 @@
 #include "app/SceneChanges.h"
 
 #include "bank/Edit.h"
-#include "model/FileAction.h"
 #include "model/PopUpValue.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "protocol/SceneImage.h"
 

@@ -3,7 +3,6 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
-#include "model/Control.h"
 #include "model/SceneValue.h"
 #include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"

@@ -6,11 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <vector>
+
 namespace scenewright {
 
-using testing::TempFolder;
-
 namespace {
+
+using testing::TempFolder;
 
 std::vector<std::uint8_t> bytesOf(const std::string& text) {
     return {text.begin(), text.end()};
@@ -30,8 +33,6 @@ std::string imageError(std::size_t byte, std::uint8_t value) {
 void writeText(const std::string& path, const std::string& text) {
     testing::writeBytes(path, bytesOf(text));
 }
-
-} // namespace
 
 TEST(BankFile, EverySizeButABanksIsRefusedByNameAndSize) {
     const TempFolder folder;
@@ -190,5 +191,63 @@ TEST(BankFile, SceneHasAFileOfItsOwn) {
 TEST(BankFile, ShorterListOfScenesIsACallersFault) {
     EXPECT_THROW(static_cast<void>(encodeBank({})), std::out_of_range);
 }
+
+using testing::knownJson;
+using testing::knownScenes;
+
+TEST(BankJsonWriter, KnownBankIsItsKnownText) {
+    EXPECT_EQ(writeBankJson(knownScenes(), *loadPopUpValue()), knownJson());
+}
+
+TEST(BankJsonWriter, OnlyTheFirstFourScenesAreWritten) {
+    SceneList scenes = knownScenes();
+    scenes.push_back(scenes.front());
+    EXPECT_EQ(writeBankJson(scenes, *loadPopUpValue()), knownJson());
+}
+
+TEST(BankJsonWriter, ThreeScenesAreACallersFault) {
+    SceneList scenes = knownScenes();
+    scenes.pop_back();
+    EXPECT_THROW(static_cast<void>(writeBankJson(scenes, PopUpValue())), std::out_of_range);
+}
+
+TEST(BankJsonWriter, SceneAloneIsTheSameTextUnderAnotherHead) {
+    const std::string text = writeSceneJson(*knownScenes().front(), *loadPopUpValue());
+    EXPECT_TRUE(text.starts_with("{\n"
+                                 "  \"format\": \"scenewright-scene\",\n"
+                                 "  \"version\": 1,\n"
+                                 "  \"scene\": {\n"
+                                 "    \"name\": \"LIVE\",\n"
+                                 "    \"common\": {\n"
+                                 "      \"GlobalMIDICh\": 8, \"//GlobalMIDICh\": \"9\",\n"))
+        << text.substr(0, 200);
+    EXPECT_TRUE(text.ends_with("\n      }\n    ]\n  }\n}\n")) << text.substr(text.size() - 100);
+}
+
+TEST(BankJsonWriter, WithoutListsThereAreNoTitles) {
+    const std::string text = writeSceneJson(*knownScenes().front(), PopUpValue());
+    EXPECT_NE(text.find("\"GlobalMIDICh\": 8,\n"), std::string::npos);
+    EXPECT_EQ(text.find("\"//GlobalMIDICh\""), std::string::npos);
+}
+
+TEST(BankJsonWriter, ValueOutsideTheImagesRangeIsWrittenAsZero) {
+    const SceneList scenes = knownScenes();
+    scenes.front()->commonValue()->setGlobalMIDICh(128);
+    scenes.front()->commonValue()->setPianoKeyCh(-1);
+    const std::string text = writeSceneJson(*scenes.front(), *loadPopUpValue());
+    EXPECT_NE(text.find("\"GlobalMIDICh\": 0,\n"), std::string::npos);
+    EXPECT_NE(text.find("\"PianoKeyCh\": 0,\n"), std::string::npos);
+}
+
+TEST(BankJsonWriter, TitleOfAListIsEscapedAsJsonWants) {
+    PopUpValue lists;
+    lists.setCommon_GlobalMIDICh_Array(std::make_shared<const std::vector<std::string>>(
+        std::vector<std::string>(9, "a\"b\\c\n\xFF")));
+    const std::string text = writeSceneJson(*knownScenes().front(), lists);
+    EXPECT_NE(text.find("\"//GlobalMIDICh\": \"a\\\"b\\\\c\\n\xEF\xBF\xBD\",\n"),
+              std::string::npos);
+}
+
+} // namespace
 
 } // namespace scenewright

@@ -1,5 +1,4 @@
 #include "bank/BankFile.h"
-#include "bank/BankJson.h"
 #include "tests/bank/KnownBank.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "cli/Listening.h"
 
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 #include "protocol/SceneImage.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 

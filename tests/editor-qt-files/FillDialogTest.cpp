@@ -1,7 +1,7 @@
 #include "editor/qt/FillDialog.h"
 
 #include "app/WindowAction.h"
-#include "model/PadColour.h"
+#include "model/TypedValue.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QColorDialog>

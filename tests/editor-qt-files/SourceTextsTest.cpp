@@ -1,11 +1,11 @@
 // Every text of our own that the window shows goes through the translation.
 #include "app/OutcomeText.h"
 #include "app/WindowAction.h"
-#include "bank/BankJson.h"
+#include "bank/BankFile.h"
 #include "editor/qt/DeviceVerification.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
 #include "model/Setting.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/editor-qt-files/WideTexts.h"

@@ -1,5 +1,5 @@
 // Bank files of any content: images, JSON texts, and what is neither. JSON texts of one scene too.
-#include "bank/BankJson.h"
+#include "bank/BankFile.h"
 #include "tests/fuzz/Banks.h"
 
 namespace scenewright::fuzz {

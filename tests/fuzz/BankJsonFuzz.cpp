@@ -1,6 +1,6 @@
 // A JSON bank that somebody edited: the input is a list of edits, each of a line of a right text,
 // as random bytes hardly ever come as far as the values.
-#include "model/Control.h"
+#include "model/SceneValue.h"
 #include "tests/fuzz/Banks.h"
 #include "tests/fuzz/Input.h"
 

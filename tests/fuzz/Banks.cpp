@@ -1,7 +1,7 @@
 #include "tests/fuzz/Banks.h"
 
-#include "bank/BankJson.h"
-#include "model/Control.h"
+#include "bank/BankFile.h"
+#include "model/SceneValue.h"
 
 #include <algorithm>
 

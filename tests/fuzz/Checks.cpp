@@ -1,6 +1,6 @@
 #include "tests/fuzz/Checks.h"
 
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 

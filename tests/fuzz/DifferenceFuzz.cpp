@@ -1,9 +1,8 @@
 // Two banks and what differs: the input fills the first and edits a copy of it to the second. The
 // differences, carried out on the first, make the second.
 #include "bank/BankFile.h"
-#include "bank/BankJson.h"
-#include "bank/Difference.h"
 #include "bank/Edit.h"
+#include "bank/Findings.h"
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "tests/fuzz/Checks.h"

@@ -23,8 +23,8 @@ KINDS = ("comparison", "arithmetic", "boolean", "constant", "table", "statement"
 
 # The headers that hold tables. A mutant in any other would rebuild much to learn little.
 TABLE_HEADERS = {
-    "model/Control.h",
     "model/PopUpValue.h",
+    "model/SceneValue.h",
     "model/Setting.h",
     "model/ValueAction.h",
     "protocol/Packet.h",

@@ -5,8 +5,10 @@
 #include <array>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
 namespace scenewright {
+
 namespace {
 
 // A device byte as the signed value that the codec takes and gives.
@@ -107,5 +109,107 @@ TEST(ValueAction, ModeOptionIsATableOneWayAndANumberTheOther) {
     EXPECT_EQ(ValueAction::GetModeOptionIndexFromChar(0x04_byte), 4);
 }
 
+// Every table pair of the codec against the device's codes, written out.
+using Bytes = std::vector<std::uint8_t>;
+
+// Forward over every index, reverse over every byte.
+template <typename Forward, typename Reverse>
+void expectPair(const Forward& forward, const Reverse& reverse, const Bytes& codes) {
+    for (std::size_t i = 0; i < codes.size(); ++i)
+        EXPECT_EQ(forward(static_cast<std::int32_t>(i)), static_cast<std::int8_t>(codes[i])) << i;
+    const auto end = static_cast<std::int32_t>(codes.size());
+    for (const std::int32_t outside : {end, 256, INT32_MAX, -1, INT32_MIN})
+        EXPECT_EQ(forward(outside), 0) << outside;
+    for (int byte = 0; byte < 256; ++byte) {
+        std::int32_t expected = 0;
+        for (std::size_t i = codes.size(); i-- > 0;)
+            if (codes[i] == byte)
+                expected = static_cast<std::int32_t>(i);
+        EXPECT_EQ(reverse(static_cast<std::int8_t>(byte)), expected) << byte;
+    }
+}
+
+Bytes upTo(int end) {
+    Bytes bytes;
+    for (int byte = 0; byte < end; ++byte)
+        bytes.push_back(static_cast<std::uint8_t>(byte));
+    return bytes;
+}
+
+TEST(ValueTables, ButtonIdentifiers) {
+    expectPair(ValueAction::GetButtonIDCharFromIndex, ValueAction::GetButtonIDIndexFromChar,
+               {0x30, 0x01, 0x02, 0x09, 0x0B, 0x0C, 0x0D, 0x0E, 0x50, 0x51, 0x52, 0x53, 0x54,
+                0x55, 0x56, 0x57, 0x58, 0x59, 0x5A, 0x5B, 0x5C, 0x5D, 0x5E, 0x5F, 0x60, 0x61,
+                0x62, 0x63, 0x64, 0x65, 0x66, 0x67, 0x68, 0x69, 0x6A, 0x6B, 0x6C, 0x6D, 0x6E,
+                0x6F, 0x70, 0x71, 0x72, 0x73, 0x74, 0x75, 0x76, 0x77, 0x78, 0x79, 0x7A, 0x7B,
+                0x7C, 0x7D, 0x7E, 0x7F, 0x33, 0x03, 0x04, 0x0A, 0x05, 0x06, 0x07, 0x08});
+}
+
+TEST(ValueTables, PadModes) {
+    expectPair(ValueAction::GetPadModeCharFromIndex, ValueAction::GetPadModeIndexFromChar,
+               {0x00, 0x01, 0x08, 0x09});
+}
+
+TEST(ValueTables, OtherModes) {
+    expectPair(ValueAction::GetOtherModeCharFromIndex, ValueAction::GetOtherModeIndexFromChar,
+               {0x00, 0x01, 0x04});
+}
+
+TEST(ValueTables, Channels) {
+    expectPair(ValueAction::GetChannelCharFromIndex, ValueAction::GetChannelIndexFromChar,
+               {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x0C, 0x0D,
+                0x0E, 0x0F, 0x41});
+}
+
+TEST(ValueTables, KnobRelativeModes) {
+    expectPair(ValueAction::GetGlobalKnobRelativeModeCharFromIndex,
+               ValueAction::GetGlobalKnobRelativeModeIndexFromChar, {0x01, 0x7F});
+}
+
+TEST(ValueTables, OctaveTranspositions) {
+    expectPair(ValueAction::GetGlobalOctaveTranspositionCharFromIndex,
+               ValueAction::GetGlobalOctaveTranspositionIndexFromChar,
+               {0x00, 0x01, 0x02, 0x03, 0x04, 0x41, 0x42, 0x43, 0x44});
+}
+
+TEST(ValueTables, GlobalMidiChannels) {
+    expectPair(ValueAction::GetGlobalMIDIChannelCharFromIndex,
+               ValueAction::GetGlobalMIDIChannelIndexFromChar, upTo(16));
+}
+
+TEST(ValueTables, KeyAndPadVelocityCurvesAreOneTable) {
+    expectPair(ValueAction::GetGlobalVelocityCurveCharFromIndex,
+               ValueAction::GetGlobalVelocityCurveIndexFromChar, {0x00, 0x01, 0x02, 0x03});
+    expectPair(ValueAction::GetGlobalPadVelocityCurveCharFromIndex,
+               ValueAction::GetGlobalPadVelocityCurveIndexFromChar, {0x00, 0x01, 0x02, 0x03});
+}
+
+TEST(ValueTables, KnobAccelerationCurves) {
+    expectPair(ValueAction::GetGlobalKnobAccelerationCurveCharFromIndex,
+               ValueAction::GetGlobalKnobAccelerationCurveIndexFromChar, {0x00, 0x01, 0x02});
+}
+
+TEST(ValueTables, Memories) {
+    expectPair(ValueAction::GetMemCharFromIndex, ValueAction::GetMemIndexFromChar,
+               {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08});
+}
+
+TEST(ValueTables, IdentityOf127) {
+    expectPair(ValueAction::GetFrom127WithIndex, ValueAction::GetFrom127WirhChar, upTo(128));
+}
+
+TEST(ValueTables, IdentityOf255) {
+    expectPair(ValueAction::GetFrom255WithIndex, ValueAction::GetFrom255WirhChar, upTo(256));
+}
+
+TEST(ValueTables, FirstOfEqualCodesIsFound) {
+    constexpr CodeTable kTable(std::array<std::uint8_t, 4>{5, 7, 7, 5});
+    EXPECT_EQ(kTable.size(), 4);
+    EXPECT_EQ(kTable.indexOf(7), 1);
+    EXPECT_EQ(kTable.indexOf(5), 0);
+    EXPECT_EQ(kTable.indexOf(6), 0);
+}
+
 } // namespace
+
 } // namespace scenewright

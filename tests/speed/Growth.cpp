@@ -4,9 +4,9 @@
 // The folder that SCENEWRIGHT_SPEED_LISTS names holds the property lists: N.xml.plist and
 // N.binary.plist, arrays of N scenes.
 #include "app/WindowAction.h"
-#include "bank/BankJson.h"
-#include "bank/Difference.h"
-#include "model/FileAction.h"
+#include "bank/BankFile.h"
+#include "bank/Findings.h"
+#include "model/SceneValue.h"
 #include "platform/PropertyList.h"
 #include "protocol/SceneImage.h"
 #include "tests/support/TempFolder.h"

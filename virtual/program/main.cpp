@@ -1,4 +1,4 @@
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 #include "platform/AtomicFile.h"
 #include "platform/Diagnostics.h"
 #include "platform/NamedFiles.h"

@@ -1,6 +1,6 @@
 #include "virtual/usbip/Server.h"
 
-#include "model/MidiMessage.h"
+#include "model/Midi.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "model/FileAction.h"
+#include "model/SceneValue.h"
 
 #include "model/Setting.h"
 #include "platform/Resources.h"

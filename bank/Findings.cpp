@@ -1,11 +1,11 @@
-#include "bank/Check.h"
+#include "bank/Findings.h"
 
-#include "bank/BankJson.h"
+#include "bank/BankFile.h"
 #include "bank/Path.h"
 #include "bank/SettingText.h"
-#include "model/Control.h"
 #include "model/ControlOutput.h"
-#include "model/MidiNames.h"
+#include "model/Midi.h"
+#include "model/SceneValue.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 
@@ -22,6 +22,130 @@
 #include <utility>
 
 namespace scenewright {
+
+namespace {
+
+template <typename Row, typename Text>
+std::string linesOf(const std::vector<Row>& rows, Text text) {
+    std::string lines;
+    for (const Row& row : rows)
+        lines += text(row) + "\n";
+    return lines;
+}
+
+// A JSON array, each element in a line of its own.
+template <typename Row, typename Text>
+std::string arrayOf(const std::vector<Row>& rows, Text text) {
+    std::string json = "[";
+    for (const Row& row : rows)
+        json += (json.size() == 1 ? "\n  " : ",\n  ") + text(row);
+    return json + (rows.empty() ? "]\n" : "\n]\n");
+}
+
+bool isSame(const SceneValue& first, const SceneValue& second, const SettingPlace& place) {
+    if (place.isName())
+        return nameBytes(first.commonValue()->SceneName()) ==
+               nameBytes(second.commonValue()->SceneName());
+    return storedIndex(first, *place.setting, place.control) ==
+           storedIndex(second, *place.setting, place.control);
+}
+
+std::string shown(const SettingPlace& place, const SettingText& text) {
+    if (place.isName())
+        return fmt::format("\"{}\"", text.value);
+    return text.title.empty() ? fmt::format("({})", text.value) : text.title;
+}
+
+// With the number beside the title, for two options of one title.
+std::string shownWithNumber(const SettingText& text) {
+    return fmt::format("{} ({})", text.title, text.value);
+}
+
+std::string valueJson(const SettingPlace& place, const SettingText& text) {
+    std::string json =
+        fmt::format("{{\"value\": {}", place.isName() ? jsonQuoted(text.value) : text.value);
+    if (!text.title.empty())
+        json += ", \"title\": " + jsonQuoted(text.title);
+    return json + "}";
+}
+
+std::string differenceJson(const Difference& difference) {
+    const SettingPlace& place = difference.place;
+    return fmt::format("{{\"path\": {}, \"words\": {}, \"first\": {}, \"second\": {}}}",
+                       jsonQuoted(pathOf(place)), jsonQuoted(wordsOf(place)),
+                       valueJson(place, difference.first), valueJson(place, difference.second));
+}
+
+} // namespace
+
+std::vector<Difference> differences(const PopUpValue& lists, const SceneList& first,
+                                    const SceneList& second) {
+    std::vector<Difference> list;
+    const std::size_t scenes = std::min(first.size(), second.size());
+    for (const SettingPlace& place : allSettings(static_cast<std::int32_t>(scenes))) {
+        const SceneValue& one = *first[static_cast<std::size_t>(place.scene)];
+        const SceneValue& other = *second[static_cast<std::size_t>(place.scene)];
+        if (!isSame(one, other, place))
+            list.push_back(
+                {place, settingText(lists, one, place), settingText(lists, other, place)});
+    }
+    return list;
+}
+
+DifferenceTexts valuesInWords(const Difference& difference) {
+    const SettingText& first = difference.first;
+    const SettingText& second = difference.second;
+    const bool isAmbiguous = !first.title.empty() && first.title == second.title;
+    return {isAmbiguous ? shownWithNumber(first) : shown(difference.place, first),
+            isAmbiguous ? shownWithNumber(second) : shown(difference.place, second)};
+}
+
+std::string differenceWords(const Difference& difference) {
+    const DifferenceTexts values = valuesInWords(difference);
+    return translated(sourceText("scenewright::Bank", "{0}: {1} -> {2}"), wordsOf(difference.place),
+                      values.first, values.second);
+}
+
+void writeFirst(const Difference& difference, const SceneList& scenes) {
+    const SettingPlace& place = difference.place;
+    if (std::cmp_greater_equal(place.scene, scenes.size()))
+        return;
+    const SceneValue& scene = *scenes[static_cast<std::size_t>(place.scene)];
+    const std::string& value = difference.first.value;
+    if (!place.isName())
+        return place.setting->write(scene, place.control, std::stoi(value));
+    const auto name = value.starts_with(kBytesMark) ? nameOfHex(value.substr(kBytesMark.size()))
+                                                    : nameOfText(value);
+    if (name && scene.commonValue())
+        scene.commonValue()->setSceneName(*name);
+}
+
+std::string differenceLine(const Difference& difference) {
+    return fmt::format("{}  {}", pathOf(difference.place), differenceWords(difference));
+}
+
+std::string differenceLines(const std::vector<Difference>& list) {
+    return linesOf(list, &differenceLine);
+}
+
+std::string changeLine(const Difference& difference) {
+    const SettingText& first = difference.first;
+    const SettingText& second = difference.second;
+    std::string line = fmt::format("{}: {} -> {}", pathOf(difference.place),
+                                   shown(difference.place, first), shown(difference.place, second));
+    const bool saysMore = first.title != first.value || second.title != second.value;
+    if (!difference.place.isName() && saysMore)
+        line += fmt::format(" (index {} -> {})", first.value, second.value);
+    return line;
+}
+
+std::string changeLines(const std::vector<Difference>& list) {
+    return linesOf(list, &changeLine);
+}
+
+std::string differencesJson(const std::vector<Difference>& list) {
+    return arrayOf(list, &differenceJson);
+}
 
 namespace {
 
@@ -227,20 +351,17 @@ std::vector<std::string> pathsOf(const Finding& finding) {
 }
 
 std::string findingLines(const std::vector<Finding>& findings) {
-    std::string lines;
-    for (const Finding& finding : findings)
-        lines += fmt::format("{}  {}\n", fmt::join(pathsOf(finding), ", "), findingText(finding));
-    return lines;
+    return linesOf(findings, [](const Finding& finding) {
+        return fmt::format("{}  {}", fmt::join(pathsOf(finding), ", "), findingText(finding));
+    });
 }
 
 std::string findingsJson(const std::vector<Finding>& findings) {
-    std::string json = "[";
-    for (const Finding& finding : findings)
-        json += fmt::format("{}  {{\"kind\": \"{}\", \"sure\": {}, \"paths\": {}, \"text\": {}}}",
-                            json.size() == 1 ? "\n" : ",\n",
-                            kKindNames.at(static_cast<std::size_t>(finding.kind)), finding.isSure,
-                            quotedList(pathsOf(finding)), jsonQuoted(findingText(finding)));
-    return json + (findings.empty() ? "]\n" : "\n]\n");
+    return arrayOf(findings, [](const Finding& finding) {
+        return fmt::format("{{\"kind\": \"{}\", \"sure\": {}, \"paths\": {}, \"text\": {}}}",
+                           kKindNames.at(static_cast<std::size_t>(finding.kind)), finding.isSure,
+                           quotedList(pathsOf(finding)), jsonQuoted(findingText(finding)));
+    });
 }
 
 } // namespace scenewright

@@ -1,10 +1,20 @@
-// A message of MIDI 1.0 as it passes a port, and how a person reads it. Values; any thread.
+// A message of MIDI 1.0 as it passes a port, and how a person reads it; what the documents of MIDI
+// call a controller's number, and General MIDI a note on its percussion channel. Values; any
+// thread.
+//
+// Sources of the names, all of the MIDI Manufacturers Association: the table of Control Change
+// messages of MIDI 1.0; RP-021 (sound controllers 70 to 79), RP-023 (effect depths 91 and 93) and
+// CA-031 (controller 88); General MIDI System Level 1, Percussion Key Map. Where a recommended
+// practice names a controller anew, its name comes first and the former one follows in parentheses.
+// The names are theirs and are not translated.
 #pragma once
 
 #include "model/PopUpValue.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace scenewright {
 
@@ -39,5 +49,16 @@ struct MidiMessage {
 // "Note on D2, ch 10, velocity 100", in the person's language. The names of notes are those of the
 // option list for them; without it a note is its number.
 [[nodiscard]] std::string messageText(const MidiMessage& message, const Titles& noteNames);
+
+// General MIDI's percussion channel, as an index of a channel list.
+inline constexpr std::int32_t kPercussionChannel = 9;
+
+// By number, 128 of them; empty where a number is undefined.
+[[nodiscard]] std::span<const std::string_view> controllerNames();
+// The same by note; the map goes from 35 to 81.
+[[nodiscard]] std::span<const std::string_view> percussionNames();
+
+// A name without what stands in parentheses behind it.
+[[nodiscard]] std::string_view shortName(std::string_view name);
 
 } // namespace scenewright
