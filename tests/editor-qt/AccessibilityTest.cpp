@@ -12,6 +12,7 @@
 
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace scenewright::testing {
 namespace {
@@ -52,57 +53,36 @@ std::string namelessIn(QWidget& root) {
 
 class Accessibility : public WindowBench {};
 
-TEST_F(Accessibility, EveryWidgetOfTheWindowHasAName) {
+TEST_F(Accessibility, EveryWidgetHasAName) {
     EXPECT_EQ(namelessIn(open()), std::string());
-}
-
-TEST_F(Accessibility, EveryWidgetAroundTheEditorHasAName) {
-    const EditorCommands commands(open(), nullptr);
-    EXPECT_EQ(namelessIn(window()), std::string());
-}
-
-TEST_F(Accessibility, EveryWidgetOfTheGainPanelHasAName) {
-    open();
-    EXPECT_EQ(namelessIn(window().gainPanel()), std::string());
-}
-
-TEST_F(Accessibility, EveryWidgetOfTheAboutBoxHasAName) {
+    const EditorCommands commands(window(), nullptr);
     About about;
-    EXPECT_EQ(namelessIn(about), std::string());
-}
-
-TEST_F(Accessibility, EveryWidgetOfTheGuideHasAName) {
-    open();
-    EXPECT_EQ(namelessIn(window().guide()), std::string());
-}
-
-TEST_F(Accessibility, WidgetWithoutANameWouldBeFound) {
+    for (QWidget* root :
+         {static_cast<QWidget*>(&window()), static_cast<QWidget*>(&window().gainPanel()),
+          static_cast<QWidget*>(&window().guide()), static_cast<QWidget*>(&about)})
+        EXPECT_EQ(namelessIn(*root), std::string());
     QWidget root;
     root.setAccessibleName("root");
     QWidget nameless(&root);
-    EXPECT_EQ(namelessIn(root), "QWidget  in QWidget");
+    EXPECT_EQ(namelessIn(root), "QWidget  in QWidget") << "one without would be found";
 }
 
-TEST_F(Accessibility, ButtonsAreNamedAndDescribedInWords) {
+TEST_F(Accessibility, WidgetsAreNamedAndDescribedInWords) {
     open();
-    EXPECT_EQ(window().picture().button(1)->accessibleName(), "Group 1");
-    EXPECT_EQ(window().picture().button(14)->accessibleName(), "Pad 2");
-    EXPECT_EQ(window().picture().button(45)->accessibleName(), "Key 25");
+    const std::pair<const QWidget*, const char*> rows[] = {
+        {window().picture().button(1), "Group 1"},
+        {window().picture().button(14), "Pad 2"},
+        {window().picture().button(45), "Key 25"},
+        {&window().panes().popUp("commonPianoKeyCh"), "Keyboard MIDI channel"},
+        {&window().panes().popUp("padCB"), "Blue"},
+        {&window().scenes().segment(0), "Scene 1, SCENE1"},
+    };
+    for (const auto& [widget, name] : rows)
+        EXPECT_EQ(widget->accessibleName(), name);
     for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
         const ControlButton* button = window().picture().button(tag);
         EXPECT_TRUE(button->accessibleDescription().startsWith(button->accessibleName() + ": "));
     }
-}
-
-TEST_F(Accessibility, PopUpsAreNamedAsTheirLabels) {
-    open();
-    EXPECT_EQ(window().panes().popUp("commonPianoKeyCh").accessibleName(), "Keyboard MIDI channel");
-    EXPECT_EQ(window().panes().popUp("padCB").accessibleName(), "Blue");
-}
-
-TEST_F(Accessibility, SceneSegmentsSayNumberAndName) {
-    open();
-    EXPECT_EQ(window().scenes().segment(0).accessibleName(), "Scene 1, SCENE1");
 }
 
 TEST_F(Accessibility, PartsOfTheWindowAreWhatTheyWorkAs) {

@@ -1,14 +1,20 @@
 #include "editor/qt/ControlButton.h"
 
 #include "editor/qt/ControlShape.h"
+#include "platform/Diagnostics.h"
 #include "tests/support/Limits.h"
 
 #include <QApplication>
 #include <QEnterEvent>
+#include <QImage>
 #include <QPainter>
+#include <QSvgRenderer>
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,39 +29,38 @@ protected:
         pad_.show();
     }
 
+    [[nodiscard]] QImage seen() { return pad_.grab().toImage(); }
+
     ControlButton pad_{13, ControlKind::Pad};
     int clicks_ = 0;
 };
 
-TEST_F(ControlButtonTest, ClickCallsItsAction) {
+TEST_F(ControlButtonTest, ClickAndKeysCallItsLastActionAndArrowsAreTold) {
+    int former = 0;
+    pad_.setAction([&former] { ++former; });
+    pad_.setAction([this] { ++clicks_; });
+    std::vector<std::pair<int, int>> ways;
+    QObject::connect(&pad_, &ControlButton::arrowPressed,
+                     [&ways](int right, int down) { ways.emplace_back(right, down); });
     QTest::mouseClick(&pad_, Qt::LeftButton);
-    EXPECT_EQ(clicks_, 1);
-}
-
-TEST_F(ControlButtonTest, NewActionReplacesTheFormer) {
-    int others = 0;
-    pad_.setAction([&others] { ++others; });
-    QTest::mouseClick(&pad_, Qt::LeftButton);
-    EXPECT_EQ(clicks_, 0);
-    EXPECT_EQ(others, 1);
-}
-
-TEST_F(ControlButtonTest, SpaceReturnAndEnterChoose) {
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Left,
+                              Qt::Key_Right, Qt::Key_Up, Qt::Key_Down})
         QTest::keyClick(&pad_, key);
-    EXPECT_EQ(clicks_, 3);
+    EXPECT_EQ(clicks_, 4);
+    EXPECT_EQ(former, 0);
+    EXPECT_EQ(ways, (std::vector<std::pair<int, int>>{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}));
 }
 
 TEST_F(ControlButtonTest, PointerOverItIsPlainToSee) {
-    const auto seen = [this](bool isUnder) {
+    const auto seenWith = [this](bool isUnder) {
         pad_.setAttribute(Qt::WA_UnderMouse, isUnder);
-        return pad_.grab().toImage();
+        return seen();
     };
-    const QImage alone = seen(false);
-    EXPECT_NE(seen(true), alone);
-    EXPECT_EQ(seen(false), alone);
+    const QImage alone = seenWith(false);
+    EXPECT_NE(seenWith(true), alone);
+    EXPECT_EQ(seenWith(false), alone);
     pad_.setEnabled(false);
-    EXPECT_EQ(seen(true), seen(false));
+    EXPECT_EQ(seenWith(true), seenWith(false));
 }
 
 // Counts how often a widget is painted.
@@ -82,49 +87,44 @@ private:
     int count_ = 0;
 };
 
-TEST_F(ControlButtonTest, IsPaintedWhenThePointerComesAndGoes) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_, testing::kLimitMilliseconds));
-    Paints paints(pad_);
-    paints.take();
-    QEnterEvent entering(QPointF(4, 4), QPointF(4, 4), QPointF(4, 4));
-    QApplication::sendEvent(&pad_, &entering);
-    EXPECT_EQ(paints.take(), 1);
-    QEvent leaving(QEvent::Leave);
-    QApplication::sendEvent(&pad_, &leaving);
-    EXPECT_EQ(paints.take(), 1);
-}
-
-TEST_F(ControlButtonTest, WhatDoesNotChangeIsNotPaintedAgain) {
+TEST_F(ControlButtonTest, IsPaintedWhenWhatIsSeenOfItChangesAndElseNot) {
+    const AttributedTitle green{"64", Colour{50, 180, 50}};
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&pad_, testing::kLimitMilliseconds));
     pad_.setImage("selected");
-    pad_.setTitle("64");
+    pad_.setAttributedTitle(green);
     Paints paints(pad_);
     while (paints.take() > 0) // the window may be exposed once more
         continue;
-    pad_.setImage("selected");
-    pad_.setTitle("64");
-    EXPECT_EQ(paints.take(), 0);
-    pad_.setTitle("65");
-    EXPECT_EQ(paints.take(), 1);
-    pad_.setImage(std::nullopt);
-    EXPECT_EQ(paints.take(), 1);
-}
-
-TEST_F(ControlButtonTest, ArrowsAreTold) {
-    std::vector<std::pair<int, int>> ways;
-    QObject::connect(&pad_, &ControlButton::arrowPressed,
-                     [&ways](int right, int down) { ways.emplace_back(right, down); });
-    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down})
-        QTest::keyClick(&pad_, key);
-    EXPECT_EQ(ways, (std::vector<std::pair<int, int>>{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}));
+    struct Row {
+        const char* name;
+        std::function<void()> act;
+        int paints;
+    };
+    QEnterEvent entering(QPointF(4, 4), QPointF(4, 4), QPointF(4, 4));
+    QEvent leaving(QEvent::Leave);
+    const Row rows[] = {
+        {"the pointer comes", [&] { QApplication::sendEvent(&pad_, &entering); }, 1},
+        {"the pointer goes", [&] { QApplication::sendEvent(&pad_, &leaving); }, 1},
+        {"the image it has", [&] { pad_.setImage("selected"); }, 0},
+        {"the title it has", [&] { pad_.setAttributedTitle(green); }, 0},
+        {"the text it has",
+         [&] {
+             pad_.setTitle("64");
+             pad_.setAttributedTitle(green);
+             pad_.setNeedsDisplay();
+         },
+         0},
+        {"without its colour", [&] { pad_.setTitle("64"); }, 1},
+        {"that again", [&] { pad_.setTitle("64"); }, 0},
+        {"another title", [&] { pad_.setTitle("65"); }, 1},
+        {"no image", [&] { pad_.setImage(std::nullopt); }, 1},
+    };
+    for (const Row& row : rows) {
+        row.act();
+        EXPECT_EQ(paints.take(), row.paints) << row.name;
+    }
+    EXPECT_EQ(pad_.attributedTitle(), (AttributedTitle{"65", std::nullopt}));
     EXPECT_EQ(clicks_, 0);
-}
-
-TEST_F(ControlButtonTest, TitleDropsTheColourOfTheFormer) {
-    pad_.setAttributedTitle({"CC#\n7", Colour{50, 180, 50}});
-    EXPECT_EQ(pad_.attributedTitle(), (AttributedTitle{"CC#\n7", Colour{50, 180, 50}}));
-    pad_.setTitle("---");
-    EXPECT_EQ(pad_.attributedTitle(), (AttributedTitle{"---", std::nullopt}));
 }
 
 TEST_F(ControlButtonTest, TitleIsSetAsLargeAsItMayBeWhereTheScreenHasTheRoom) {
@@ -134,60 +134,34 @@ TEST_F(ControlButtonTest, TitleIsSetAsLargeAsItMayBeWhereTheScreenHasTheRoom) {
     EXPECT_EQ(pad_.captionSetting().font.pixelSize(), 12);
 }
 
-TEST_F(ControlButtonTest, ProgramsOwnChangesCallNoActionBack) {
-    pad_.setImage("selected");
-    pad_.setTitle("x");
-    pad_.setLight({1, 2, 3});
-    pad_.setNeedsDisplay();
-    EXPECT_EQ(clicks_, 0);
-}
-
-TEST_F(ControlButtonTest, PadShinesInItsColour) {
+TEST_F(ControlButtonTest, PadShinesInItsColourAndIsUnlitRubberWithoutOne) {
+    EXPECT_NE(QColor(seen().pixel(45, 15)), QColor(Qt::black));
     pad_.setLight({200, 100, 0});
-    const QImage image = pad_.grab().toImage();
-    EXPECT_EQ(QColor(image.pixel(45, 15)), QColor(200, 100, 0));
+    EXPECT_EQ(QColor(seen().pixel(45, 15)), QColor(200, 100, 0));
 }
 
-TEST_F(ControlButtonTest, PadThatIsBlackIsUnlitRubberAndNotBlack) {
-    const QImage image = pad_.grab().toImage();
-    EXPECT_NE(QColor(image.pixel(45, 15)), QColor(Qt::black));
-}
-
-TEST_F(ControlButtonTest, SelectedImageIsPlainToSee) {
+TEST_F(ControlButtonTest, ThatItIsChosenIsPlainToSeeAndSaid) {
     pad_.setLight({255, 255, 255});
-    const QImage before = pad_.grab().toImage();
+    pad_.setSummary("Pad 1: Note C4");
+    EXPECT_EQ(pad_.accessibleDescription(), "Pad 1: Note C4");
+    const QImage before = seen();
     pad_.setImage("selected");
-    const QImage after = pad_.grab().toImage();
+    EXPECT_EQ(pad_.accessibleDescription(), "Pad 1: Note C4, chosen");
+    const QImage after = seen();
     int changed = 0;
     for (int y = 0; y < after.height(); ++y)
         for (int x = 0; x < after.width(); ++x)
             changed += before.pixel(x, y) == after.pixel(x, y) ? 0 : 1;
     EXPECT_GT(changed, after.width() * after.height() / 10);
     pad_.setImage(std::nullopt);
-    EXPECT_EQ(pad_.grab().toImage(), before);
+    EXPECT_EQ(seen(), before);
 }
 
-TEST_F(ControlButtonTest, ChosenControlSaysSo) {
-    pad_.setSummary("Pad 1: Note C4");
-    EXPECT_EQ(pad_.accessibleDescription(), "Pad 1: Note C4");
-    pad_.setImage("selected");
-    EXPECT_EQ(pad_.accessibleDescription(), "Pad 1: Note C4, chosen");
-}
-
-TEST_F(ControlButtonTest, ImageThatIsMissingDrawsNothing) {
-    const QImage before = pad_.grab().toImage();
-    pad_.setImage("no-such-image");
-    EXPECT_EQ(pad_.grab().toImage(), before);
-}
-
-TEST(ControlShape, KeysRunFromCToC) {
+TEST(ControlShape, EveryKindHasItsShapeAndKeysRunFromCToC) {
     std::string shapes;
     for (std::int32_t tag = 21; tag <= 45; ++tag)
         shapes += shapeOf(ControlKind::Key, tag) == ControlShape::BlackKey ? '#' : '.';
     EXPECT_EQ(shapes, ".#.#..#.#.#..#.#..#.#.#..");
-}
-
-TEST(ControlShape, EveryKindHasItsShape) {
     EXPECT_EQ(shapeOf(ControlKind::Group, 1), ControlShape::Group);
     EXPECT_EQ(shapeOf(ControlKind::Knob, 5), ControlShape::Knob);
     EXPECT_EQ(shapeOf(ControlKind::Slider, 9), ControlShape::Slider);
@@ -205,6 +179,100 @@ TEST(ControlShape, CaptionStandsInsideTheControlOnADarkGround) {
         EXPECT_TRUE(room.contains(caption)) << shape;
         EXPECT_LT(QColor(image.pixel(caption.center().toPoint())).lightness(), 20) << shape;
     }
+}
+
+TEST(Caption, IsSetAsLargeAsItMayBeThenSmallerThenTurned) {
+    const QFont font = QApplication::font();
+    const QSizeF small(captionSize("Momentary", font).width() * 0.75, 30);
+    struct Row {
+        const char* text;
+        QSizeF room;
+        int largest;
+        bool fits;
+        bool isTurned;
+        int least;
+        int most;
+    };
+    for (const Row& row :
+         {Row{"CC#\n74", {200, 100}, 14, true, false, 14, 14},
+          Row{"Momentary", small, 16, true, false, kSmallestCaption, 15},
+          Row{"Momentary", {24, 110}, 12, true, true, kSmallestCaption, 12},
+          Row{"Momentary", {10, 10}, 12, false, false, kSmallestCaption, kSmallestCaption}}) {
+        const auto setting = setCaption(row.text, row.room, font, row.largest);
+        EXPECT_EQ(setting.fits, row.fits) << row.text;
+        if (row.fits) {
+            const QSizeF size = captionSize(row.text, setting.font);
+            EXPECT_LE((row.isTurned ? size.transposed() : size).width(), row.room.width());
+            EXPECT_EQ(setting.isTurned, row.isTurned) << row.text;
+        }
+        EXPECT_GE(setting.font.pixelSize(), row.least);
+        EXPECT_LE(setting.font.pixelSize(), row.most);
+    }
+}
+
+TEST(Caption, SizeIsThatOfTheWidestLineAndOfAllLines) {
+    const QFont font = QApplication::font();
+    EXPECT_EQ(captionSize("CC#\n127", font).height(), 2 * captionSize("CC#", font).height());
+    EXPECT_EQ(captionSize("Note\nC", font).width(), captionSize("Note", font).width());
+}
+
+// Where the ink of a caption is, drawn into a room of this size.
+QRect inkOf(const QString& text, const QSize& room) {
+    QImage image(room, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const auto setting = setCaption(text, room, QApplication::font(), 12);
+    QPainter painter(&image);
+    drawCaption(painter, image.rect(), text, setting, Qt::black);
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < room.height(); ++y)
+        for (int x = 0; x < room.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+TEST(Caption, TurnedTextIsDrawnUprightInTheMiddle) {
+    const QRect lying = inkOf("Momentary", {110, 24});
+    const QRect turned = inkOf("Momentary", {24, 110});
+    EXPECT_GT(lying.width(), 3 * lying.height());
+    EXPECT_GT(turned.height(), 3 * turned.width());
+    EXPECT_NEAR(turned.center().y(), 55, 4);
+    EXPECT_NEAR(turned.center().x(), 12, 4);
+}
+
+QImage drawnOf(const QSize& size, const std::function<void(QPainter&, const QRectF&)>& draw) {
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    draw(painter, QRectF(QPointF(), size));
+    return image;
+}
+
+TEST(ResourceImage, IsTheDrawingItselfAndKeepsItsCornersInALargerPlace) {
+    QSvgRenderer drawing(QStringLiteral(SCENEWRIGHT_SOURCE_DIR "/resources/selected.svg"));
+    const auto drawn = [](const QSize& size) {
+        return drawnOf(size, [](QPainter& painter, const QRectF& room) {
+            drawResourceImage(painter, room, "selected");
+        });
+    };
+    const QSize size = drawing.viewBox().size();
+    EXPECT_EQ(drawn(size), drawnOf(size, [&](QPainter& painter, const QRectF& room) {
+                  drawing.render(&painter, room);
+              }));
+    const QRect corner(QPoint(), QSize(size.width() / 3, size.width() / 3));
+    EXPECT_EQ(drawn(size * 4).copy(corner), drawn(size).copy(corner));
+}
+
+TEST(ResourceImage, ThatIsMissingDrawsNothingAndLogsNothing) {
+    std::vector<std::string> log;
+    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
+    const auto draw = [](QPainter& painter, const QRectF& room) {
+        drawResourceImage(painter, room, "no-such-image");
+    };
+    EXPECT_EQ(drawnOf({20, 20}, draw), drawnOf({20, 20}, [](QPainter&, const QRectF&) {}));
+    Diagnostics::setLog({});
+    EXPECT_EQ(log, std::vector<std::string>{});
 }
 
 } // namespace

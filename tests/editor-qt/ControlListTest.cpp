@@ -8,12 +8,16 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
 namespace {
+
+using Calls = std::vector<std::string>;
 
 // Answers for ten rows and keeps what it was told, in order.
 class Owner : public ListDataSource, public ListDelegate {
@@ -37,13 +41,11 @@ public:
     std::int32_t rows = 10;
     bool isEditable = false;
     std::optional<std::vector<std::int32_t>> answer;
-    std::vector<std::string> calls;
+    Calls calls;
 
 private:
     const ControlList& list_;
 };
-
-using Calls = std::vector<std::string>;
 
 class ControlListTest : public ::testing::Test {
 protected:
@@ -54,39 +56,21 @@ protected:
         list_.show();
     }
 
-    void click(int row) {
-        const QRect place = list_.visualRect(list_.model()->index(row, 0));
-        QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, place.center());
+    [[nodiscard]] QPoint middleOf(int row) const {
+        return list_.visualRect(list_.model()->index(row, 0)).center();
     }
+    void click(int row) { QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, middleOf(row)); }
 
     ControlList list_;
     Owner owner_{list_};
 };
 
-TEST_F(ControlListTest, SecondClickOfADoubleClickChoosesNothingMore) {
-    click(3);
-    owner_.calls.clear();
-    const QRect place = list_.visualRect(list_.model()->index(5, 0));
-    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(place.center()),
-                       list_.viewport()->mapToGlobal(QPointF(place.center())), Qt::LeftButton,
-                       Qt::LeftButton, {});
-    QApplication::sendEvent(list_.viewport(), &second);
-    EXPECT_EQ(owner_.calls, Calls{});
-    EXPECT_EQ(list_.selectedRow(), 3);
-}
-
-TEST_F(ControlListTest, WithoutASourceItIsEmpty) {
+TEST_F(ControlListTest, ShowsTheRowsOfItsSourceAndAsksAnewOnReload) {
     const ControlList empty;
     EXPECT_EQ(empty.model()->rowCount(), 0);
     EXPECT_EQ(list_.model()->data({}), QVariant());
-}
-
-TEST_F(ControlListTest, ShowsTheRowsOfItsSource) {
     EXPECT_EQ(list_.model()->rowCount(), 10);
     EXPECT_EQ(list_.model()->index(3, 0).data().toString(), "Row 3");
-}
-
-TEST_F(ControlListTest, ReloadAsksAnew) {
     owner_.rows = 46;
     list_.reload();
     EXPECT_EQ(list_.model()->rowCount(), 46);
@@ -102,81 +86,75 @@ TEST_F(ControlListTest, RowIsEditedOnlyWhereItsSourceAllowsIt) {
     }
 }
 
-TEST_F(ControlListTest, ClickIsProposedWithItsRowBeforeItTakesEffect) {
-    list_.selectRow(0);
-    owner_.calls.clear();
-    click(4);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 4 clicked 4 selected 0", "changed 4"}));
-    EXPECT_EQ(list_.clickedRow(), 4);
+TEST_F(ControlListTest, TheDelegateIsAskedAndToldOfEachChoiceInTurn) {
+    const auto key = [this](Qt::Key pressed) { QTest::keyClick(&list_, pressed); };
+    const auto secondClick = [this] {
+        QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(middleOf(7)),
+                           list_.viewport()->mapToGlobal(QPointF(middleOf(7))), Qt::LeftButton,
+                           Qt::LeftButton, {});
+        QApplication::sendEvent(list_.viewport(), &second);
+    };
+    const auto drag = [this] {
+        QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, middleOf(2));
+        QTest::mouseMove(list_.viewport(), middleOf(6));
+        QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, middleOf(6));
+    };
+    const auto assist = [this] { // as an assistive technology does
+        list_.selectionModel()->select(list_.model()->index(3, 0),
+                                       QItemSelectionModel::ClearAndSelect);
+    };
+    struct Row {
+        const char* name;
+        bool isPassedOver; // row 5, by a key, since row 4 was clicked
+        std::function<void()> act;
+        Calls calls;
+        int clicked;
+    };
+    const Row rows[] = {
+        {"a click", false, [&] { click(6); }, {"propose 6 clicked 6 selected 4", "changed 6"}, 6},
+        {"on the same", false, [&] { click(4); }, {"propose 4 clicked 4 selected 4"}, 4},
+        {"a click", true, [&] { click(5); }, {"propose 5 clicked 5 selected 5", "changed 5"}, 5},
+        {"a key",
+         false,
+         [&] { key(Qt::Key_Down); },
+         {"propose 5 clicked -1 selected 4", "changed 5"},
+         -1},
+        {"letters",
+         false,
+         [this] { QTest::keyClicks(&list_, "row 8"); },
+         {"propose 5 clicked -1 selected 4", "changed 5", "propose 8 clicked -1 selected 5",
+          "changed 8"},
+         -1},
+        {"Return",
+         true,
+         [&] { key(Qt::Key_Return); },
+         {"propose 5 clicked 5 selected 5", "changed 5"},
+         5},
+        {"the program", false, [this] { list_.selectRow(6); }, {"changed 6"}, 4},
+        {"the program's same", false, [this] { list_.selectRow(4); }, {}, 4},
+        {"the program", true, [this] { list_.selectRow(5); }, {"changed 5"}, -1},
+        {"assistance", false, assist, {"propose 3 clicked -1 selected 3", "changed 3"}, -1},
+        {"a second click", false, secondClick, {}, 4},
+        {"a drag", false, drag, {"propose 2 clicked 2 selected 4", "changed 2"}, 2},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        list_.selectRow(0);
+        click(4);
+        if (row.isPassedOver)
+            key(Qt::Key_Down);
+        owner_.calls.clear();
+        row.act();
+        EXPECT_EQ(owner_.calls, row.calls);
+        EXPECT_EQ(list_.clickedRow(), row.clicked);
+        EXPECT_EQ(list_.selectionModel()->selectedIndexes().size(), 1);
+    }
 }
 
 TEST_F(ControlListTest, DelegatesAnswerIsWhatIsSelected) {
     owner_.answer = {7};
     click(4);
     EXPECT_EQ(list_.selectedRow(), 7);
-}
-
-TEST_F(ControlListTest, KeyIsProposedWithoutAClickedRow) {
-    click(4);
-    ASSERT_EQ(list_.clickedRow(), 4);
-    owner_.calls.clear();
-    QTest::keyClick(&list_, Qt::Key_Down);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked -1 selected 4", "changed 5"}));
-    EXPECT_EQ(list_.clickedRow(), -1);
-}
-
-TEST_F(ControlListTest, TypedLetterIsProposedWithoutAClickedRow) {
-    click(4);
-    owner_.calls.clear();
-    QTest::keyClicks(&list_, "row 8");
-    EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked -1 selected 4", "changed 5",
-                                   "propose 8 clicked -1 selected 5", "changed 8"}));
-    EXPECT_EQ(list_.clickedRow(), -1);
-}
-
-TEST_F(ControlListTest, ReturnOnARowIsAClickOnIt) {
-    list_.selectRow(4);
-    QTest::keyClick(&list_, Qt::Key_Down);
-    owner_.calls.clear();
-    QTest::keyClick(&list_, Qt::Key_Return);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked 5 selected 5", "changed 5"}));
-}
-
-TEST_F(ControlListTest, ClickOnARowThatTheKeysPassedOverIsAChange) {
-    list_.selectRow(4);
-    QTest::keyClick(&list_, Qt::Key_Down);
-    owner_.calls.clear();
-    click(5);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 5 clicked 5 selected 5", "changed 5"}));
-}
-
-TEST_F(ControlListTest, ClickOnTheSelectedRowIsNoChange) {
-    click(4);
-    owner_.calls.clear();
-    click(4);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 4 clicked 4 selected 4"}));
-}
-
-TEST_F(ControlListTest, ProgramsSelectionIsToldAndNotProposed) {
-    list_.selectRow(6);
-    EXPECT_EQ(owner_.calls, (Calls{"changed 6"}));
-    list_.selectRow(6);
-    EXPECT_EQ(owner_.calls, (Calls{"changed 6"}));
-}
-
-TEST_F(ControlListTest, ProgramsSelectionOfARowThatTheKeysPassedOverIsAChange) {
-    list_.selectRow(4);
-    QTest::keyClick(&list_, Qt::Key_Down);
-    owner_.calls.clear();
-    list_.selectRow(5);
-    EXPECT_EQ(owner_.calls, (Calls{"changed 5"}));
-}
-
-TEST_F(ControlListTest, SelectingReplacesTheSelection) {
-    list_.selectRow(1);
-    list_.selectRow(2);
-    EXPECT_EQ(list_.selectionModel()->selectedIndexes().size(), 1);
-    EXPECT_EQ(list_.selectedRow(), 2);
 }
 
 TEST_F(ControlListTest, RowThatTheListDoesNotHaveLeavesNoSelection) {
@@ -194,22 +172,6 @@ TEST_F(ControlListTest, ClickBesideTheRowsChangesNothing) {
     QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(20, 300));
     EXPECT_EQ(owner_.calls, Calls{});
     EXPECT_EQ(list_.selectedRow(), 1);
-}
-
-TEST_F(ControlListTest, DraggingOverRowsSelectsOnlyThePressedOne) {
-    const QRect from = list_.visualRect(list_.model()->index(2, 0));
-    const QRect to = list_.visualRect(list_.model()->index(6, 0));
-    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, from.center());
-    QTest::mouseMove(list_.viewport(), to.center());
-    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, to.center());
-    EXPECT_EQ(list_.selectedRow(), 2);
-}
-
-TEST_F(ControlListTest, SelectionByAnAssistiveTechnologyCountsAsMadeWithoutAClick) {
-    click(1);
-    owner_.calls.clear();
-    list_.selectionModel()->select(list_.model()->index(3, 0), QItemSelectionModel::ClearAndSelect);
-    EXPECT_EQ(owner_.calls, (Calls{"propose 3 clicked -1 selected 3", "changed 3"}));
 }
 
 } // namespace

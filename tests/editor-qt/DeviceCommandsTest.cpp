@@ -15,7 +15,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace scenewright::testing {
@@ -23,9 +22,6 @@ namespace {
 
 class DeviceCommandsTest : public WindowBench {
 protected:
-    explicit DeviceCommandsTest(FaultPlan faults = {})
-        : WindowBench(usableScenes(), std::move(faults)) {}
-
     void open(std::chrono::milliseconds limit = QuitController::kLimit) {
         WindowBench::open(limit);
         const DeviceCommands& commands = window().commands();
@@ -41,14 +37,12 @@ protected:
 
     // Ends the event loop when the program wants to end; tells whether it did in time.
     bool endsWithin(int milliseconds, const std::function<void()>& act) {
-        bool isEnded = false;
         QTimer::singleShot(0, act);
         QTimer watchdog;
         watchdog.setSingleShot(true);
         QObject::connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(99); });
         watchdog.start(milliseconds);
-        isEnded = QApplication::exec() == 0;
-        return isEnded;
+        return QApplication::exec() == 0;
     }
 
 private:
@@ -57,62 +51,44 @@ private:
     QObject receiver_; // ends first: the window, which ends later, may still tell of a send
 };
 
-TEST_F(DeviceCommandsTest, SendEndsWithItsMessage) {
-    open();
-    send();
-    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
-    EXPECT_EQ(held(), imageOf(WindowAction::scenes()));
-}
-
-TEST_F(DeviceCommandsTest, BothCommandsAreGreyedAndAMarkTurnsWhileASendRuns) {
-    open();
-    closeGate();
-    startSend();
-    EXPECT_TRUE(window().status().isBusy());
-    EXPECT_FALSE(window().menu().read().isEnabled());
-    EXPECT_FALSE(window().menu().send().isEnabled());
-    EXPECT_FALSE(window().readButton().isEnabled());
-    EXPECT_FALSE(window().sendButton().isEnabled());
-    openGate();
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-    EXPECT_FALSE(window().status().isBusy());
-    EXPECT_TRUE(window().menu().read().isEnabled());
-    EXPECT_TRUE(window().sendButton().isEnabled());
-}
-
-TEST_F(DeviceCommandsTest, ReadIsRefusedWhileASendRuns) {
-    open();
-    closeGate();
-    startSend();
-    const QString before = message();
-    read();
-    window().commands().read();
-    QTest::mouseClick(&window().readButton(), Qt::LeftButton);
-    EXPECT_EQ(message(), before);
-    openGate();
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
-}
-
-TEST_F(DeviceCommandsTest, SecondSendIsRefusedWhileOneRuns) {
-    open();
-    closeGate();
-    startSend();
-    window().commands().send();
-    openGate();
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-    EXPECT_EQ(controller().sendsEnded(), 1U);
-}
-
 TEST_F(DeviceCommandsTest, TellsWhatEachCommandDid) {
     open();
     read();
     ASSERT_EQ(reads().size(), 1U);
     EXPECT_TRUE(reads()[0].isDone());
     send();
+    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
+    EXPECT_EQ(held(), imageOf(WindowAction::scenes()));
     ASSERT_EQ(sends().size(), 1U);
     EXPECT_TRUE(sends()[0].isDone());
     EXPECT_EQ(sends()[0].stats.writes, 1028U);
+}
+
+TEST_F(DeviceCommandsTest, WhileASendRunsAMarkTurnsAndNoCommandIsTaken) {
+    open();
+    const auto expectBusy = [this](bool isBusy) {
+        EXPECT_EQ(window().status().isBusy(), isBusy);
+        EXPECT_EQ(window().menu().read().isEnabled(), !isBusy);
+        EXPECT_EQ(window().menu().send().isEnabled(), !isBusy);
+        EXPECT_EQ(window().readButton().isEnabled(), !isBusy);
+        EXPECT_EQ(window().sendButton().isEnabled(), !isBusy);
+    };
+    closeGate();
+    startSend();
+    expectBusy(true);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr) << "the pointer waits for a read alone";
+    const QString before = message();
+    read();
+    window().commands().read();
+    QTest::mouseClick(&window().readButton(), Qt::LeftButton);
+    window().commands().send();
+    EXPECT_EQ(message(), before);
+    openGate();
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    expectBusy(false);
+    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
+    EXPECT_EQ(controller().sendsEnded(), 1U);
+    EXPECT_TRUE(reads().empty());
 }
 
 TEST_F(DeviceCommandsTest, TellsThatTheControllerIsMissing) {
@@ -140,21 +116,9 @@ TEST_F(DeviceCommandsTest, TellsWhatCouldNotBeKeptOfTheFormerScenes) {
     EXPECT_EQ(reads()[0].notKept, std::vector<std::string>{"No room"});
 }
 
-TEST_F(DeviceCommandsTest, ThePointerWaitsDuringAReadAndNotDuringASend) {
-    open();
-    closeGate();
-    startSend();
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    openGate();
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-}
-
-TEST_F(DeviceCommandsTest, CloseButtonEndsTheProgram) {
+TEST_F(DeviceCommandsTest, CloseButtonAndQuitEndTheProgram) {
     open();
     EXPECT_TRUE(endsWithin(3000, [this] { window().close(); }));
-}
-
-TEST_F(DeviceCommandsTest, QuitEndsTheProgram) {
     open();
     EXPECT_TRUE(
         endsWithin(3000, [this] { QTest::keyClick(&window(), Qt::Key_Q, Qt::ControlModifier); }));
@@ -195,12 +159,8 @@ TEST_F(DeviceCommandsTest, SecondQuitDuringASendWaitsTooAndEndsOnce) {
     EXPECT_EQ(controller().sendsEnded(), 1U);
 }
 
-class FailingTransfers : public DeviceCommandsTest {
-protected:
-    FailingTransfers() : DeviceCommandsTest({{Fault::Kind::FailedWrite, 300}}) {}
-};
-
-TEST_F(FailingTransfers, AreToldAsAnUnreliableEnd) {
+TEST_F(DeviceCommandsTest, FailingTransfersAreToldAsAnUnreliableEnd) {
+    controller().order({{Fault::Kind::FailedWrite, 300}});
     open();
     send();
     ASSERT_EQ(sends().size(), 1U);
@@ -208,12 +168,8 @@ TEST_F(FailingTransfers, AreToldAsAnUnreliableEnd) {
     EXPECT_EQ(sends()[0].stats.failedWrites, 1028U - 300U);
 }
 
-class SilentController : public DeviceCommandsTest {
-protected:
-    SilentController() : DeviceCommandsTest({{Fault::Kind::NoAnswer, 2}}) {}
-};
-
-TEST_F(SilentController, QuitCancelsASendThatDoesNotEnd) {
+TEST_F(DeviceCommandsTest, QuitCancelsASendThatDoesNotEnd) {
+    controller().order({{Fault::Kind::NoAnswer, 2}});
     open(std::chrono::milliseconds(400));
     startSend();
     EXPECT_TRUE(endsWithin(20000, [this] { window().close(); }));

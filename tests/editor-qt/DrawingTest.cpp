@@ -42,55 +42,31 @@ bool mayOverlap(std::int32_t one, std::int32_t other) {
     return isBlack(black) && !isBlack(white) && std::abs(black - white) == 1;
 }
 
-TEST(KeyboardDrawing, CanBeRead) {
-    const DeviceDrawing drawing;
-    EXPECT_EQ(drawing.trouble(), std::nullopt);
-    EXPECT_GT(drawing.size().width(), 0);
-}
-
-TEST(KeyboardDrawing, NoIdStandsTwice) {
+TEST(KeyboardDrawing, HasABodyAndTheFortyFivePlacesInItOnce) {
     const QStringList ids = idsOf(drawingText());
     EXPECT_EQ(QSet<QString>(ids.begin(), ids.end()).size(), ids.size());
-}
-
-TEST(KeyboardDrawing, HasABodyAndExactlyTheFortyFivePlaces) {
-    const QStringList ids = idsOf(drawingText());
-    EXPECT_TRUE(ids.contains("body"));
     EXPECT_EQ(ids.filter(QRegularExpression("^control-")).size(), 45);
-    for (int tag = 1; tag <= 45; ++tag)
-        EXPECT_TRUE(ids.contains(QString("control-%1").arg(tag))) << tag;
-}
-
-TEST(KeyboardDrawing, EveryPlaceLiesInsideTheBody) {
     QSvgRenderer renderer(drawingText().toUtf8());
     const QRectF body = renderer.boundsOnElement("body");
     const DeviceDrawing drawing;
-    for (std::int32_t tag = 1; tag <= 45; ++tag)
+    EXPECT_EQ(drawing.trouble(), std::nullopt);
+    EXPECT_GT(drawing.size().width(), 0);
+    for (std::int32_t tag = 1; tag <= 45; ++tag) {
+        EXPECT_TRUE(ids.contains(QString("control-%1").arg(tag))) << tag;
         EXPECT_TRUE(body.contains(drawing.place(tag))) << tag;
+        if (tag > 21) // keys stand in the order of their notes
+            EXPECT_GT(drawing.place(tag).center().x(), drawing.place(tag - 1).center().x()) << tag;
+    }
+    EXPECT_TRUE(drawing.place(0).isEmpty());
+    EXPECT_TRUE(drawing.place(46).isEmpty());
 }
 
 TEST(KeyboardDrawing, PlacesOverlapOnlyWhereABlackKeyLiesOnItsWhiteNeighbours) {
     const DeviceDrawing drawing;
     for (std::int32_t one = 1; one <= 45; ++one)
-        for (std::int32_t other = one + 1; other <= 45; ++other) {
-            const bool doOverlap = drawing.place(one).intersects(drawing.place(other));
-            if (!mayOverlap(one, other))
-                EXPECT_FALSE(doOverlap) << one << " and " << other;
-            else
-                EXPECT_TRUE(doOverlap) << one << " and " << other;
-        }
-}
-
-TEST(KeyboardDrawing, KeysStandInTheOrderOfTheirNotes) {
-    const DeviceDrawing drawing;
-    for (std::int32_t tag = 22; tag <= 45; ++tag)
-        EXPECT_GT(drawing.place(tag).center().x(), drawing.place(tag - 1).center().x()) << tag;
-}
-
-TEST(KeyboardDrawing, TagWithoutAPlaceHasNone) {
-    const DeviceDrawing drawing;
-    EXPECT_TRUE(drawing.place(0).isEmpty());
-    EXPECT_TRUE(drawing.place(46).isEmpty());
+        for (std::int32_t other = one + 1; other <= 45; ++other)
+            EXPECT_EQ(drawing.place(one).intersects(drawing.place(other)), mayOverlap(one, other))
+                << one << " and " << other;
 }
 
 TEST(DevicePicture, EachControlFillsItsPlaceHoweverLargeThePictureIs) {
@@ -126,16 +102,10 @@ std::string troubleOf(const QString& svg) {
     return trouble.starts_with(place) ? trouble.substr(place.size()) : trouble;
 }
 
-TEST(KeyboardDrawing, TextThatIsNoDrawingIsTold) {
+TEST(KeyboardDrawing, WhatIsWrongWithOneIsTold) {
     EXPECT_EQ(troubleOf("nonsense"), "not a drawing that can be read");
-}
-
-TEST(KeyboardDrawing, MissingPlaceIsToldWithItsControl) {
     EXPECT_EQ(troubleOf(drawingText().replace("\"control-17\"", "\"other\"")),
               "no place for control 17");
-}
-
-TEST(KeyboardDrawing, MissingBodyIsTold) {
     EXPECT_EQ(troubleOf(drawingText().replace("\"body\"", "\"other\"")), "no body");
 }
 
@@ -144,27 +114,19 @@ std::int32_t next(std::int32_t tag, int right, int down) {
     return neighbourOf(tag, right, down, [](std::int32_t other) { return drawing.place(other); });
 }
 
-TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNext) {
-    EXPECT_EQ(next(21, 1, 0), 22);
-    EXPECT_EQ(next(22, 1, 0), 23);
-    EXPECT_EQ(next(23, -1, 0), 22);
-}
-
-TEST(ArrowTarget, KeysEndAtTheEnds) {
-    EXPECT_EQ(next(21, -1, 0), 21);
-    EXPECT_EQ(next(45, 1, 0), 45);
-    EXPECT_EQ(next(21, 0, 1), 21);
-}
-
-TEST(ArrowTarget, PadsGoAlongTheirRowsAndBetweenThem) {
-    EXPECT_EQ(next(13, 1, 0), 14);
-    EXPECT_EQ(next(13, 0, 1), 17);
-    EXPECT_EQ(next(17, 0, -1), 13);
-}
-
-TEST(ArrowTarget, FromThePadsDownToTheKeysAndBack) {
-    EXPECT_GE(next(17, 0, 1), 21);
-    EXPECT_LT(next(45, 0, -1), 21);
+TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNextAndPadsAlongTheirRows) {
+    struct Row {
+        std::int32_t from;
+        int right;
+        int down;
+        std::int32_t to;
+    };
+    for (const Row& row : {Row{21, 1, 0, 22}, Row{22, 1, 0, 23}, Row{23, -1, 0, 22},
+                           Row{21, -1, 0, 21}, Row{45, 1, 0, 45}, Row{21, 0, 1, 21},
+                           Row{13, 1, 0, 14}, Row{13, 0, 1, 17}, Row{17, 0, -1, 13}})
+        EXPECT_EQ(next(row.from, row.right, row.down), row.to) << row.from;
+    EXPECT_GE(next(17, 0, 1), 21) << "from the pads down to the keys";
+    EXPECT_LT(next(45, 0, -1), 21) << "and back";
 }
 
 TEST(ArrowTarget, EveryControlCanBeReachedWithArrowsAlone) {

@@ -1,9 +1,12 @@
-// That one sees where the keyboard is, measured in what is drawn: on an area as large as a line two
-// pixels wide around half the widget, colours with and without the keyboard differ by 3 to 1.
+// The colours of both themes, and that one sees where the keyboard is, measured in what is drawn:
+// on an area as large as a line two pixels wide around half the widget, colours with and without
+// the keyboard differ by 3 to 1.
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
 #include "tests/editor-qt/WindowBench.h"
 
+#include <QDialog>
+#include <QLabel>
 #include <QTest>
 #include <QToolButton>
 
@@ -15,17 +18,17 @@
 namespace scenewright::testing {
 namespace {
 
-double linear(int part) {
-    const double value = part / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+double linear(double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
 }
 
-double luminance(QRgb colour) {
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
-           0.0722 * linear(qBlue(colour));
+double luminance(const QColor& colour) {
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
 }
 
-double contrast(QRgb one, QRgb other) {
+// The contrast ratio of two colours, 1 to 21; small text needs 4.5.
+double contrast(const QColor& one, const QColor& other) {
     const auto [low, high] = std::minmax({luminance(one), luminance(other)});
     return (high + 0.05) / (low + 0.05);
 }
@@ -35,7 +38,7 @@ int changed(const QImage& before, const QImage& after) {
     int count = 0;
     for (int y = 0; y < before.height(); ++y)
         for (int x = 0; x < before.width(); ++x)
-            count += contrast(before.pixel(x, y), after.pixel(x, y)) >= 3 ? 1 : 0;
+            count += contrast(before.pixelColor(x, y), after.pixelColor(x, y)) >= 3 ? 1 : 0;
     return count;
 }
 
@@ -44,6 +47,43 @@ QImage seen(const QWidget& widget) {
     const QRect place(widget.mapTo(widget.window(), QPoint()), widget.size());
     return widget.window()->grab(place).toImage();
 }
+
+class ThemeTest : public ::testing::TestWithParam<bool> {};
+
+TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
+    const Theme& theme = themeOf(GetParam());
+    for (const QColor& ground : {theme.window, theme.panel, theme.field}) {
+        EXPECT_GE(contrast(theme.text, ground), 7);
+        EXPECT_GE(contrast(theme.muted, ground), 4.5);
+        EXPECT_GE(contrast(theme.trouble, ground), 4.5);
+    }
+    EXPECT_GE(contrast(theme.accentText, theme.accent), 4.5);
+    EXPECT_GE(contrast({50, 180, 50}, {11, 14, 16}), 4.5); // captions on the picture's screens
+}
+
+TEST_P(ThemeTest, ColoursWithoutAMeaningAreACoolGrey) {
+    const Theme& theme = themeOf(GetParam());
+    for (const QColor& colour :
+         {theme.window, theme.panel, theme.field, theme.line, theme.text, theme.muted}) {
+        EXPECT_LE(colour.red(), colour.green()) << colour.name().toStdString();
+        EXPECT_LE(colour.green(), colour.blue()) << colour.name().toStdString();
+    }
+}
+
+TEST_P(ThemeTest, PaletteWindowsAndTroubleHaveTheirColours) {
+    applyTheme(GetParam());
+    EXPECT_EQ(isDark(QApplication::palette()), GetParam());
+    QDialog dialog;
+    dialog.resize(40, 40);
+    QLabel label(&dialog);
+    label.setProperty("role", "trouble");
+    label.ensurePolished();
+    EXPECT_EQ(label.palette().color(label.foregroundRole()), themeOf(GetParam()).trouble);
+    EXPECT_EQ(dialog.grab().toImage().pixelColor(30, 35), themeOf(GetParam()).window);
+    applyTheme(false);
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, ThemeTest, ::testing::Bool());
 
 class FocusContrast : public WindowBench, public ::testing::WithParamInterface<bool> {
 protected:
@@ -60,27 +100,27 @@ protected:
 TEST_P(FocusContrast, IsThreeToOneOnEachKindOfWidget) {
     open();
     applyTheme(GetParam());
+    auto& flat = makeChild<QToolButton>(&window()); // as the palette of pads has them
+    flat.setFocusPolicy(Qt::StrongFocus);
+    flat.setAutoRaise(true);
+    flat.setGeometry(600, 80, 34, 34);
+    flat.show();
     window().displayModes().setFocus();
     std::vector<QWidget*> widgets{&window().scenes().segment(0), &window().scenes().segment(1),
-                                  &window().readButton(), &window().sendButton()};
+                                  &window().readButton(), &window().sendButton(), &flat};
     for (const char* outlet : {"commonGlobalMIDICh", "commonPianoKeyCh"})
         widgets.push_back(&window().panes().popUp(outlet));
-    for (QWidget* widget : widgets)
-        expectSeen(*widget, window().displayModes());
-    expectSeen(window().displayModes(), window().list());
-    expectSeen(window().list(), window().displayModes());
-}
-
-TEST_P(FocusContrast, IsThreeToOneOnEveryControlOfThePicture) {
-    open();
-    applyTheme(GetParam());
     const Colour lights[] = {{0, 0, 0},   {255, 255, 255}, {255, 0, 0},   {0, 255, 0},
                              {0, 0, 255}, {128, 128, 128}, {255, 255, 0}, {90, 130, 160}};
     for (std::int32_t pad = 13; pad <= 20; ++pad)
         window().picture().button(pad)->setLight(lights[pad - 13]);
-    QApplication::processEvents();
     for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
-        expectSeen(*window().picture().button(tag), window().displayModes());
+        widgets.push_back(window().picture().button(tag));
+    QApplication::processEvents();
+    for (QWidget* widget : widgets)
+        expectSeen(*widget, window().displayModes());
+    expectSeen(window().displayModes(), window().list());
+    expectSeen(window().list(), window().displayModes());
 }
 
 TEST_P(FocusContrast, IsThreeToOneInTheGainPanel) {
@@ -98,25 +138,13 @@ TEST_P(FocusContrast, IsThreeToOneInTheGainPanel) {
         expectSeen(*button, *sliders.front());
 }
 
-// As the palette of pads has them.
-TEST_P(FocusContrast, IsThreeToOneOnAFlatToolButton) {
-    open();
-    applyTheme(GetParam());
-    auto& button = makeChild<QToolButton>(&window());
-    button.setFocusPolicy(Qt::StrongFocus);
-    button.setAutoRaise(true);
-    button.setGeometry(600, 80, 34, 34);
-    button.show();
-    expectSeen(button, window().displayModes());
-}
-
 INSTANTIATE_TEST_SUITE_P(LightAndDark, FocusContrast, ::testing::Bool());
 
 // In the least size of the picture too, a chosen key shows its caption beside the mark, and the
 // ring of the keyboard crosses none.
 class MarkedKeys : public WindowBench {};
 
-TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheRing) {
+TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheRingAndTheMark) {
     open();
     read();
     window().resize(889, 600);
@@ -128,27 +156,17 @@ TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheRing) {
         const QImage before = seen(button).copy(caption);
         button.setFocus(Qt::TabFocusReason);
         EXPECT_EQ(changed(before, seen(button).copy(caption)), 0) << tag;
-    }
-}
-
-TEST_F(MarkedKeys, ShowTheirCaptionsWholeInsideTheMark) {
-    open();
-    read();
-    window().resize(889, 600);
-    QApplication::processEvents();
-    for (std::int32_t tag = 21; tag <= kControlCount; ++tag) {
-        window().showControl(0, tag);
-        const ControlButton& key = *window().picture().button(tag);
-        if (key.isBlackKey())
+        if (tag < 21 || button.isBlackKey())
             continue;
-        const CaptionSetting setting = key.captionSetting();
-        const QSizeF text =
-            captionSize(QString::fromStdString(key.attributedTitle().text), setting.font);
-        const QRectF inside = imageRoom(ControlShape::WhiteKey, key.rect())
+        const CaptionSetting setting = button.captionSetting();
+        const QSizeF lying =
+            captionSize(QString::fromStdString(button.attributedTitle().text), setting.font);
+        const QSizeF text = setting.isTurned ? lying.transposed() : lying;
+        const QRectF inside = imageRoom(ControlShape::WhiteKey, button.rect())
                                   .adjusted(kMarkFrame, kMarkFrame, -kMarkFrame, -kMarkFrame);
         EXPECT_TRUE(setting.fits) << tag;
-        EXPECT_LE((setting.isTurned ? text.transposed() : text).width(), inside.width()) << tag;
-        EXPECT_LE((setting.isTurned ? text.transposed() : text).height(), inside.height()) << tag;
+        EXPECT_LE(text.width(), inside.width()) << tag;
+        EXPECT_LE(text.height(), inside.height()) << tag;
     }
 }
 

@@ -51,36 +51,31 @@ TEST_F(KeyboardUse, TabReachesEveryControlFromTheTopToThePanes) {
     EXPECT_TRUE(std::ranges::is_sorted(places));
 }
 
-TEST_F(KeyboardUse, ArrowsMoveOnThePictureAndSpaceChooses) {
-    open();
-    window().picture().button(13)->setFocus();
-    QTest::keyClick(window().picture().button(13), Qt::Key_Right);
-    EXPECT_TRUE(window().picture().button(14)->hasFocus());
-    EXPECT_EQ(window().view().selectControl(), 0);
-    QTest::keyClick(window().picture().button(14), Qt::Key_Space);
-    EXPECT_EQ(window().view().selectControl(), 14);
-    QTest::keyClick(window().picture().button(14), Qt::Key_Down);
-    QTest::keyClick(window().picture().button(18), Qt::Key_Return);
-    EXPECT_EQ(window().view().selectControl(), 18);
-}
-
 TEST_F(KeyboardUse, ThePictureIsOneStopThatFollowsTheKeyboardAndTheChoice) {
     open();
-    const auto stop = [this] {
-        std::int32_t found = 0;
-        for (std::int32_t tag = 1; tag <= kControlCount; ++tag)
-            if (window().picture().button(tag)->focusPolicy() & Qt::TabFocus)
-                found = found == 0 ? tag : -1;
-        return found;
+    // The control that has the keyboard, the one that Tab goes to, and the chosen one.
+    const auto expect = [this](std::int32_t focus, std::int32_t stop, std::int32_t chosen) {
+        for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
+            const ControlButton& button = *window().picture().button(tag);
+            EXPECT_EQ((button.focusPolicy() & Qt::TabFocus) != 0, tag == stop) << tag;
+            EXPECT_EQ(button.hasFocus(), tag == focus) << tag;
+        }
+        EXPECT_EQ(window().view().selectControl(), chosen);
     };
-    EXPECT_EQ(stop(), 1);
-    window().showControl(0, 14);
-    EXPECT_EQ(stop(), 14);
-    window().picture().button(14)->setFocus();
-    QTest::keyClick(window().picture().button(14), Qt::Key_Down);
-    EXPECT_EQ(stop(), 18);
+    const auto key = [](Qt::Key pressed) { QTest::keyClick(QApplication::focusWidget(), pressed); };
+    expect(0, 1, 0);
+    window().showControl(0, 13);
+    expect(0, 13, 13);
+    window().picture().button(13)->setFocus();
+    key(Qt::Key_Right);
+    expect(14, 14, 13);
+    key(Qt::Key_Space);
+    expect(14, 14, 14);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    expect(18, 18, 18);
     window().showControl(0, 40); // not under the keyboard's feet
-    EXPECT_EQ(stop(), 18);
+    expect(18, 18, 40);
 }
 
 TEST_F(KeyboardUse, ThePreviousAndTheNextControlAreReachedFromAnywhere) {
@@ -172,22 +167,16 @@ TEST_F(KeyboardUse, EveryFieldOfAPaneHasAMnemonicOfItsOwn) {
     }
 }
 
-TEST_F(KeyboardUse, MnemonicBringsTheKeyboardToItsField) {
-    open();
-    pressMnemonic(Qt::Key_W);
-    EXPECT_TRUE(window().displayModes().hasFocus());
-    QTest::mouseClick(window().picture().button(14), Qt::LeftButton);
-    pressMnemonic(Qt::Key_R);
-    EXPECT_TRUE(window().panes().popUp("padCR").hasFocus());
-}
-
 TEST_F(KeyboardUse, SettingCanBeChangedAndSentWithoutAMouse) {
     open();
     read();
+    pressMnemonic(Qt::Key_W);
+    EXPECT_TRUE(window().displayModes().hasFocus());
     window().picture().button(14)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     pressMnemonic(Qt::Key_B);
     pressMnemonic(Qt::Key_R);
+    EXPECT_TRUE(window().panes().popUp("padCR").hasFocus());
     QTest::keyClicks(QApplication::focusWidget(), "17");
     send();
     SceneList expected = usableScenes();

@@ -63,32 +63,24 @@ TEST_F(MainWindowTest, TitleSaysWhenTheControllerIsVirtual) {
     EXPECT_EQ(MainWindow(quit, appearance, false).windowTitle(), "Scenewright");
 }
 
-TEST_F(MainWindowTest, ClickedRowShowsItsPaneAndMarksItsButton) {
+TEST_F(MainWindowTest, ClickedRowOrButtonShowsItsPaneAndIsMarkedInBoth) {
     open();
-    const std::pair<int, ControlKind> rows[] = {
-        {45, ControlKind::Key}, {13, ControlKind::Pad},  {9, ControlKind::Slider},
-        {5, ControlKind::Knob}, {1, ControlKind::Group}, {20, ControlKind::Pad},
-        {21, ControlKind::Key},
-    };
-    for (const auto& [row, kind] : rows) {
-        clickRow(row);
-        EXPECT_EQ(pane(), kind) << row;
-        EXPECT_EQ(marked(), Tags{row});
-    }
-    clickRow(0);
-    EXPECT_EQ(pane(), ControlKind::Common);
-    EXPECT_EQ(marked(), Tags{});
-}
-
-TEST_F(MainWindowTest, ClickedButtonOfThePictureSelectsItsRow) {
-    open();
-    for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
-        ControlButton* button = window().picture().button(tag);
-        // Near the lower end, where no black key lies on a white one.
-        QTest::mouseClick(button, Qt::LeftButton, {}, {button->width() / 2, button->height() - 6});
-        EXPECT_EQ(window().list().selectedRow(), tag);
-        EXPECT_EQ(marked(), Tags{tag});
-    }
+    for (const ControlRange& range : kControlRanges)
+        for (std::int32_t tag = std::max(1, range.start); tag < range.end(); ++tag) {
+            ControlButton* button = window().picture().button(tag);
+            // Near the lower end, where no black key lies on a white one.
+            QTest::mouseClick(button, Qt::LeftButton, {},
+                              {button->width() / 2, button->height() - 6});
+            EXPECT_EQ(window().list().selectedRow(), tag);
+            EXPECT_EQ(pane(), range.kind) << tag;
+            EXPECT_EQ(marked(), Tags{tag});
+            clickRow(0);
+            EXPECT_EQ(pane(), ControlKind::Common);
+            EXPECT_EQ(marked(), Tags{});
+            clickRow(tag);
+            EXPECT_EQ(pane(), range.kind) << tag;
+            EXPECT_EQ(marked(), Tags{tag});
+        }
 }
 
 TEST_F(MainWindowTest, BlackKeyTakesTheClickWhereItLiesOnAWhiteOne) {
@@ -113,39 +105,25 @@ TEST_F(MainWindowTest, MovingInTheListWithTheKeysShowsNoPaneAndMarksNoButton) {
     EXPECT_EQ(marked(), Tags{14});
 }
 
-TEST_F(MainWindowTest, SegmentsAndCtrlDigitsChooseTheScene) {
+TEST_F(MainWindowTest, SegmentsAndCtrlDigitsChooseTheSceneWithItsCommonSettings) {
     open();
     QTest::mouseClick(&window().scenes().segment(2), Qt::LeftButton);
     EXPECT_EQ(window().view().sceneIndex(), 2);
     for (int scene = 0; scene < 4; ++scene) {
+        clickRow(13);
         QTest::keyClick(&window(), static_cast<Qt::Key>(Qt::Key_1 + scene), Qt::ControlModifier);
         EXPECT_EQ(window().view().sceneIndex(), scene);
         EXPECT_TRUE(window().scenes().segment(scene).isChecked());
+        EXPECT_EQ(window().list().selectedRow(), 0);
+        EXPECT_EQ(pane(), ControlKind::Common);
+        EXPECT_EQ(marked(), Tags{});
     }
 }
 
-TEST_F(MainWindowTest, AnotherSceneShowsItsCommonSettings) {
-    open();
-    clickRow(13);
-    QTest::keyClick(&window(), Qt::Key_3, Qt::ControlModifier);
-    EXPECT_EQ(window().list().selectedRow(), 0);
-    EXPECT_EQ(pane(), ControlKind::Common);
-    EXPECT_EQ(marked(), Tags{});
-}
-
-TEST_F(MainWindowTest, ReadShowsWhatTheControllerHolds) {
+TEST_F(MainWindowTest, ReadShowsWhatTheControllerHoldsWhileThePointerWaits) {
     open();
     WindowAction::setScenes({});
     clickRow(13);
-    read();
-    EXPECT_EQ(message(), "Read Scene Data Finish");
-    EXPECT_EQ(window().view().selectControl(), 0);
-    EXPECT_EQ(pane(), ControlKind::Common);
-    EXPECT_EQ(window().panes().popUp("commonKeyVelocityCurve").currentIndex(), 3);
-}
-
-TEST_F(MainWindowTest, PointerIsTheWaitCursorDuringARead) {
-    open();
     Qt::CursorShape during = Qt::ArrowCursor;
     const auto observed = WindowAction::getMessageValue()->addObserver(
         "Message", [&during](std::string_view, const MessageValue::Text&) {
@@ -155,6 +133,10 @@ TEST_F(MainWindowTest, PointerIsTheWaitCursorDuringARead) {
     read();
     EXPECT_EQ(during, Qt::WaitCursor);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(message(), "Read Scene Data Finish");
+    EXPECT_EQ(window().view().selectControl(), 0);
+    EXPECT_EQ(pane(), ControlKind::Common);
+    EXPECT_EQ(window().panes().popUp("commonKeyVelocityCurve").currentIndex(), 3);
 }
 
 TEST_F(MainWindowTest, SceneNamesStandInTheSegments) {
@@ -180,25 +162,20 @@ TEST_F(MainWindowTest, DisplayModeIsChosenInThePopUpAndInTheMenu) {
     EXPECT_TRUE(window().picture().button(13)->attributedTitle().text.starts_with("ON\n"));
 }
 
-TEST_F(MainWindowTest, PadsShineAndThePaneMixesTheirColour) {
+TEST_F(MainWindowTest, PadsShineThePaneMixesTheirColourAndTheDescriptionFollows) {
     open();
+    read();
     clickRow(14);
     type(window().panes().popUp("padCR"), "127");
     type(window().panes().popUp("padCG"), "64");
     type(window().panes().popUp("padCB"), "0");
     EXPECT_EQ(window().picture().button(14)->light(), (Colour{255, 128, 0}));
+    type(window().panes().popUp("padCCOrNoteNumber"), "99");
+    EXPECT_TRUE(window().picture().button(14)->accessibleDescription().contains("CC 99"));
     QPushButton& swatch = window().panes().swatch();
     const QImage seen = swatch.grab().toImage();
     EXPECT_EQ(QColor(seen.pixel(seen.width() / 2, seen.height() / 2)), QColor(255, 128, 0));
     EXPECT_EQ(swatch.accessibleDescription(), "Red 255, green 128, blue 0 of 255");
-}
-
-TEST_F(MainWindowTest, DescriptionFollowsTheValue) {
-    open();
-    read();
-    clickRow(14);
-    type(window().panes().popUp("padCCOrNoteNumber"), "99");
-    EXPECT_TRUE(window().picture().button(14)->accessibleDescription().contains("CC 99"));
 }
 
 TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
@@ -294,22 +271,6 @@ TEST_F(MainWindowTest, MenusHoldTheirCommandsAndKeys) {
     EXPECT_EQ(window().menu().quit().shortcut(), QKeySequence("Ctrl+Q"));
     EXPECT_EQ(window().menu().read().shortcut(), QKeySequence("Ctrl+R"));
     EXPECT_EQ(window().menu().send().shortcut(), QKeySequence("Ctrl+Return"));
-}
-
-TEST_F(MainWindowTest, WheelOverUnfocusedPopUpsChangesNothing) {
-    open();
-    read();
-    const BankImage before = imageOf(WindowAction::scenes());
-    for (PopUpBox* box : window().findChildren<PopUpBox*>()) {
-        if (!box->isVisible() || box->hasFocus())
-            continue;
-        const QPointF middle = box->rect().center();
-        QWheelEvent event(middle, box->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(box, &event);
-    }
-    EXPECT_EQ(imageOf(WindowAction::scenes()), before);
-    EXPECT_EQ(window().displayModes().currentIndex(), 2);
 }
 
 // A controller that holds 0x7F everywhere: most of it lies outside the lists.

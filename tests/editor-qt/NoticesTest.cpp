@@ -16,6 +16,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -38,8 +40,9 @@ void put(QWidget& widget) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget, testing::kLimitMilliseconds));
 }
 
-TEST(About, TellsTheProgramAndTheToolkitsVersions) {
-    const About about;
+TEST(About, TellsTheVersionsTheLicenceAndTheLibrariesUntilReturnClosesIt) {
+    About about;
+    put(about);
     EXPECT_EQ(about.windowTitle(), "About Scenewright");
     EXPECT_EQ(about.accessibleName(), "About Scenewright");
     const QStringList texts = labels(about);
@@ -47,10 +50,6 @@ TEST(About, TellsTheProgramAndTheToolkitsVersions) {
     EXPECT_TRUE(texts[0].startsWith("Scenewright "));
     EXPECT_EQ(texts[1], "An editor for the four scenes of a USB MIDI keyboard controller.");
     EXPECT_EQ(texts[2], QStringLiteral("Qt %1, built with Qt %2").arg(qVersion(), QT_VERSION_STR));
-}
-
-TEST(About, HasTheLicenceAndTheLibrariesWithTheirVersions) {
-    const About about;
     const auto* libraries = about.findChild<QTreeWidget*>();
     ASSERT_GE(libraries->topLevelItemCount(), 9);
     for (int row = 0; row < libraries->topLevelItemCount(); ++row) {
@@ -63,11 +62,6 @@ TEST(About, HasTheLicenceAndTheLibrariesWithTheirVersions) {
     const QString licence = about.findChild<QPlainTextEdit*>()->toPlainText();
     EXPECT_TRUE(licence.startsWith("MIT License\n"));
     EXPECT_TRUE(licence.contains("Permission is hereby granted, free of charge"));
-}
-
-TEST(About, ReturnClosesIt) {
-    About about;
-    put(about);
     QTest::keyClick(&about, Qt::Key_Return);
     EXPECT_EQ(about.result(), QDialog::Accepted);
     EXPECT_FALSE(about.isVisible());
@@ -78,20 +72,13 @@ Notice noticeOf(Notice::Source source, const QString& text,
     return {.source = source, .text = text, .actions = std::move(actions)};
 }
 
-TEST(NoticeBar, ShowsMarkupAsItIsWritten) {
+TEST(NoticeBar, ShowsMarkupAsItIsWrittenAndAnErrorOtherThanWhatIsDone) {
     NoticeBar bar(nullptr);
-    put(bar);
-    bar.post(noticeOf(Source::Files, "<b>bold</b>"));
-    auto* text = bar.findChild<QLabel*>();
+    bar.setDoneLasts({});
+    const auto* text = bar.findChild<QLabel*>();
+    bar.post({.source = Source::Files, .kind = Notice::Kind::Error, .text = "<b>bold</b>"});
     EXPECT_EQ(text->text(), "<b>bold</b>");
     EXPECT_EQ(text->textFormat(), Qt::PlainText);
-}
-
-TEST(NoticeBar, AnErrorLooksOtherThanWhatIsDone) {
-    NoticeBar bar(nullptr);
-    auto* text = bar.findChild<QLabel*>();
-    bar.setDoneLasts({});
-    bar.post({.source = Source::Files, .kind = Notice::Kind::Error, .text = "a"});
     EXPECT_EQ(text->property("role"), "trouble");
     bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "a"});
     EXPECT_EQ(text->property("role"), "notice");
@@ -110,79 +97,68 @@ TEST(NoticeBar, ActionsStandInTheirOrderBeforeTheDismissal) {
     EXPECT_EQ(titles, (QStringList{"First", "Second", "Dismiss"}));
 }
 
-TEST(NoticeBar, AChosenActionTakesItsNoticeAwayAndShowsTheNext) {
+TEST(NoticeBar, AChosenActionTakesItsNoticeAwayAndMayPostForItsOwnSource) {
     NoticeBar bar(nullptr);
     int calls = 0;
-    bar.post(noticeOf(Source::Transfer, "a", {{"Again", [&] { ++calls; }}}));
+    bar.post(noticeOf(Source::Transfer, "a", {{"Again", [&] {
+                                                   ++calls;
+                                                   bar.post(noticeOf(Source::Transfer, "again"));
+                                               }}}));
     bar.post(noticeOf(Source::Files, "b"));
     put(bar);
     QTest::mouseClick(bar.action(0), Qt::LeftButton);
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(bar.text(), "b");
     EXPECT_EQ(bar.action(0), nullptr);
-}
-
-TEST(NoticeBar, AnActionMayPostForItsOwnSource) {
-    NoticeBar bar(nullptr);
-    bar.post(noticeOf(Source::Transfer, "a",
-                      {{"Again", [&] { bar.post(noticeOf(Source::Transfer, "again")); }}}));
-    put(bar);
-    QTest::mouseClick(bar.action(0), Qt::LeftButton);
+    bar.dismiss();
     EXPECT_EQ(bar.text(), "again");
     EXPECT_EQ(bar.count(), 1U);
 }
 
-TEST(NoticeBar, ANewNoticeOfTheShownSourceReplacesTextAndActions) {
-    NoticeBar bar(nullptr);
-    bar.post(noticeOf(Source::Files, "a", {{"Again", [] {}}}));
-    bar.post(noticeOf(Source::Files, "b"));
-    EXPECT_EQ(bar.action(0), nullptr);
-    EXPECT_EQ(bar.findChild<QLabel*>()->text(), "b");
-    EXPECT_EQ(bar.count(), 1U);
-}
-
-TEST(NoticeBar, OthersWaitInTheirOrderAndEachDismissalShowsTheNext) {
-    NoticeBar bar(nullptr);
-    bar.post(noticeOf(Source::Transfer, "a"));
-    bar.post(noticeOf(Source::Files, "b"));
-    bar.post(noticeOf(Source::Quit, "c"));
-    EXPECT_EQ(bar.text(), "a");
-    bar.dismiss();
-    EXPECT_EQ(bar.text(), "b");
-    bar.dismiss();
-    EXPECT_EQ(bar.text(), "c");
-    bar.dismiss();
-    EXPECT_EQ(bar.text(), "");
-    EXPECT_TRUE(bar.isHidden());
-    bar.dismiss(); // of nothing
-    EXPECT_EQ(bar.count(), 0U);
-}
-
-TEST(NoticeBar, ANewNoticeOfAWaitingSourceKeepsTheFormersPlace) {
-    NoticeBar bar(nullptr);
-    bar.post(noticeOf(Source::Transfer, "a"));
-    bar.post(noticeOf(Source::Files, "b"));
-    bar.post(noticeOf(Source::Quit, "c"));
-    bar.post(noticeOf(Source::Files, "b2"));
-    EXPECT_EQ(bar.text(), "a");
-    EXPECT_EQ(bar.count(), 3U);
-    bar.dismiss();
-    EXPECT_EQ(bar.text(), "b2");
-}
-
-TEST(NoticeBar, WithdrawingOneSourceLeavesTheOthers) {
-    NoticeBar bar(nullptr);
-    bar.post(noticeOf(Source::Transfer, "a"));
-    bar.post(noticeOf(Source::Files, "b"));
-    bar.post(noticeOf(Source::Quit, "c"));
-    bar.withdraw(Source::Files);
-    EXPECT_EQ(bar.text(), "a");
-    bar.withdraw(Source::Transfer);
-    EXPECT_EQ(bar.text(), "c");
-    bar.withdraw(Source::Comparison); // has none
-    EXPECT_EQ(bar.text(), "c");
-    bar.withdraw(Source::Quit);
-    EXPECT_TRUE(bar.isHidden());
+TEST(NoticeBar, ShowsOneNoticeOfEachSourceInTheirOrder) {
+    using Texts = std::vector<std::string>;
+    struct Row {
+        const char* name;
+        std::function<void(NoticeBar&)> act;
+        Texts shown; // one after the other, each dismissed
+    };
+    const Row rows[] = {
+        {"as posted", [](NoticeBar&) {}, {"a", "b", "c"}},
+        {"the shown one anew",
+         [](NoticeBar& bar) { bar.post(noticeOf(Source::Transfer, "a2")); },
+         {"a2", "b", "c"}},
+        {"a waiting one anew",
+         [](NoticeBar& bar) { bar.post(noticeOf(Source::Files, "b2")); },
+         {"a", "b2", "c"}},
+        {"the shown one withdrawn",
+         [](NoticeBar& bar) { bar.withdraw(Source::Transfer); },
+         {"b", "c"}},
+        {"a waiting one withdrawn",
+         [](NoticeBar& bar) { bar.withdraw(Source::Files); },
+         {"a", "c"}},
+        {"one that has none",
+         [](NoticeBar& bar) { bar.withdraw(Source::Comparison); },
+         {"a", "b", "c"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        NoticeBar bar(nullptr);
+        bar.post(noticeOf(Source::Transfer, "a", {{"Again", [] {}}}));
+        bar.post(noticeOf(Source::Files, "b"));
+        bar.post(noticeOf(Source::Quit, "c"));
+        row.act(bar);
+        EXPECT_EQ(bar.count(), row.shown.size());
+        EXPECT_EQ(bar.action(0) != nullptr, row.shown.front() == "a");
+        for (const std::string& text : row.shown) {
+            EXPECT_EQ(bar.text().toStdString(), text);
+            EXPECT_EQ(bar.findChild<QLabel*>()->text().toStdString(), text);
+            EXPECT_EQ(bar.accessibleName().toStdString(), text);
+            bar.dismiss();
+        }
+        EXPECT_TRUE(bar.isHidden());
+        bar.dismiss(); // of nothing
+        EXPECT_EQ(bar.count(), 0U);
+    }
 }
 
 QPushButton& buttonOf(const QWidget& bar, const QString& title) {
@@ -201,7 +177,10 @@ TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
     QVBoxLayout column(&window);
     NoticeBar& bar = makeChild<NoticeBar>(&window);
     column.addWidget(&bar);
+    bar.resize(1, 1);
+    bar.post(noticeOf(Source::Files, "posted before the window is shown"));
     put(window);
+    EXPECT_FALSE(buttonOf(bar, "Details...").isVisible());
     const int height = bar.sizeHint().height();
     for (const Row& row : rows) {
         bar.post(noticeOf(Source::Files, row.text));
@@ -215,17 +194,6 @@ TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
     auto* dialog = bar.findChild<NoticeDetails*>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(), "what\n\nwhy");
-}
-
-TEST(NoticeBar, TextThatHasRoomOnceTheBarIsLaidOutNeedsNoDetails) {
-    QWidget window;
-    QVBoxLayout column(&window);
-    NoticeBar& bar = makeChild<NoticeBar>(&window);
-    column.addWidget(&bar);
-    bar.resize(1, 1);
-    bar.post(noticeOf(Source::Files, "posted before the window is shown"));
-    put(window);
-    EXPECT_FALSE(buttonOf(bar, "Details...").isVisible());
 }
 
 TEST(NoticeBar, TimeEndsWhatWasDoneAndOffersNothing) {
@@ -300,23 +268,14 @@ TEST_F(NoticeBarInWindow, EscapeEndsItAndTheKeyboardGoesBackToWhereItWas) {
     }
 }
 
-TEST(NoticeBar, IsNamedByItsTextAsIsTheStatusLine) {
-    NoticeBar bar(nullptr);
-    for (const char* text : {"a", "b\nc"}) {
-        bar.post(noticeOf(Source::Files, text));
-        EXPECT_EQ(bar.accessibleName(), text);
-    }
-    StatusLine status(nullptr);
-    status.message().setText("readSceneData");
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status.message())->text(QAccessible::Name),
-              "readSceneData");
-}
-
 TEST(StatusLine, WhatIsSelectedOfTheMessageIsCopied) {
     StatusLine status(nullptr);
     put(status);
     TextLabel& message = status.message();
+    EXPECT_EQ(message.text(), "Ready");
     message.setText("Could not connect to midi device");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&message)->text(QAccessible::Name),
+              "Could not connect to midi device");
     message.setSelection(0, 9);
     QKeyEvent asks(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
     asks.ignore();
@@ -332,17 +291,11 @@ TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {
     status.addMark(mark);
     status.setBusy(true);
     put(status);
-    const auto* message = status.findChild<TextLabel*>();
     const auto* busy = status.findChild<QProgressBar*>();
-    ASSERT_TRUE(message != nullptr && busy != nullptr);
-    EXPECT_GE(busy->x(), message->geometry().right());
+    ASSERT_NE(busy, nullptr);
+    EXPECT_GE(busy->x(), status.message().geometry().right());
     EXPECT_GE(mark.x(), busy->geometry().right());
     EXPECT_EQ(labels(status).size(), 2); // the message and the mark
-}
-
-TEST(StatusLine, IsReadyAtFirst) {
-    const StatusLine status(nullptr);
-    EXPECT_EQ(status.findChild<TextLabel*>()->QLabel::text(), "Ready");
 }
 
 } // namespace

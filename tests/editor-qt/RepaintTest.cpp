@@ -1,5 +1,4 @@
 #include "tests/editor-qt/WindowBench.h"
-#include "tests/support/Limits.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -105,20 +104,13 @@ TEST_F(RepaintTest, NumberOfAKeyPaintsThatKeyAndItsPopUpAlone) {
     EXPECT_TRUE(watch.of(window().list().viewport()).isEmpty());
 }
 
-TEST_F(RepaintTest, ColourOfAPadPaintsThatPadAlone) {
+TEST_F(RepaintTest, ValuesPaintTheButtonsThatShowThem) {
     choose(kPad);
     EXPECT_EQ(press(focused("padCR"), '5').buttons(), TagSet{kPad});
-}
-
-TEST_F(RepaintTest, ValueThatNoTitleShowsPaintsNoButton) {
-    choose(kPad);
-    PopUpBox& box = focused("padOnValue");
-    const PaintWatch& watch = press(box, '5');
+    PopUpBox& box = focused("padOnValue"); // which no title shows
+    EXPECT_EQ(press(box, '5').buttons(), TagSet{});
     EXPECT_EQ(box.selectedItem(), 5);
-    EXPECT_EQ(watch.buttons(), TagSet{});
-}
-
-TEST_F(RepaintTest, SharedSettingPaintsNoButton) {
+    window().showControl(0, 0);
     EXPECT_EQ(press(focused("commonKeyConstVelocity"), '5').buttons(), TagSet{});
 }
 
@@ -152,23 +144,6 @@ TEST_F(RepaintTest, ListOfAPopUpIsMadeWhenItIsOpened) {
         GTEST_SKIP() << "Qt " << qVersion() << " makes a popup's list with its first entry.";
     const auto lists = window().findChildren<QAbstractItemView*>();
     EXPECT_EQ(lists, QList<QAbstractItemView*>{&window().list()});
-}
-
-TEST(Repaint, ButtonThatLooksAsBeforeIsNotPainted) {
-    ControlButton button(1, ControlKind::Group);
-    button.setAttributedTitle({"A", Colour{1, 2, 3}});
-    button.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&button, testing::kLimitMilliseconds));
-    QTest::qWait(50);
-    const PaintWatch watch;
-    button.setTitle("A");
-    button.setAttributedTitle({"A", Colour{1, 2, 3}});
-    button.setNeedsDisplay();
-    QTest::qWait(50);
-    EXPECT_EQ(watch.buttons(), TagSet{});
-    button.setTitle("A"); // without its colour
-    QTest::qWait(50);
-    EXPECT_EQ(watch.buttons(), TagSet{1});
 }
 
 } // namespace

@@ -5,150 +5,96 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace scenewright {
 namespace {
 
-TEST(TextLabel, ShowsATextAsItIs) {
+TEST(TextLabel, ShowsATextAsItIsAndNeverTakesKeys) {
     TextLabel label;
     TextField& field = label;
     field.setText("<b>64/127</b> ü");
     EXPECT_EQ(label.text(), QString::fromUtf8("<b>64/127</b> ü"));
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    field.setEditable(true);
+    EXPECT_FALSE(label.textInteractionFlags().testFlag(Qt::TextEditable));
 }
 
-TEST(TextLabel, NeverTakesKeys) {
-    TextLabel label;
-    const auto before = label.textInteractionFlags();
-    label.setEditable(true);
-    EXPECT_EQ(label.textInteractionFlags(), before);
-    EXPECT_FALSE(before.testFlag(Qt::TextEditable));
-}
-
-TEST(TextLine, LockedLineTakesNoKeys) {
+TEST(TextLine, ShowsANameOfTheControllerReadablyAndTakesKeysUnlessItIsLocked) {
     TextLine line;
     TextField& field = line;
-    field.setText("SCENE1");
-    field.setEditable(false);
-    QTest::keyClicks(&line, "x");
-    EXPECT_EQ(line.text(), "SCENE1");
-    field.setEditable(true);
-    QTest::keyClicks(&line, "x");
-    EXPECT_EQ(line.text(), "SCENE1x");
-}
-
-TEST(TextLine, ShowsANameOfTheControllerReadably) {
-    TextLine line;
-    static_cast<TextField&>(line).setText(std::string("LEAD\0\0\0\0\0\0\0\0", 12));
-    EXPECT_EQ(line.text(), "LEAD");
-    static_cast<TextField&>(line).setText("A\xFF");
-    EXPECT_EQ(line.text(), QString::fromUtf8("A\xEF\xBF\xBD"));
-}
-
-TEST(TextLine, ShowsTheBeginningOfALockedNameAndIsNoStopOfTheTabKey) {
-    TextLine line;
     line.resize(60, line.sizeHint().height());
-    static_cast<TextField&>(line).setEditable(false);
-    static_cast<TextField&>(line).setText("WWWWWWWWWWWW");
-    EXPECT_EQ(line.cursorPosition(), 0);
-    EXPECT_FALSE(line.focusPolicy() & Qt::TabFocus);
-    static_cast<TextField&>(line).setEditable(true);
-    EXPECT_TRUE(line.focusPolicy() & Qt::TabFocus);
+    field.setText(std::string("LEAD\0\0\0\0\0\0\0\0", 12));
+    EXPECT_EQ(line.text(), "LEAD");
+    field.setText("A\xFF");
+    EXPECT_EQ(line.text(), QString::fromUtf8("A\xEF\xBF\xBD"));
+    field.setEditable(false);
+    field.setText("WWWWWWWWWWWW");
+    EXPECT_EQ(line.cursorPosition(), 0) << "its beginning is seen";
+    for (const bool isEditable : {false, true}) {
+        field.setEditable(isEditable);
+        EXPECT_EQ((line.focusPolicy() & Qt::TabFocus) != 0, isEditable);
+        line.end(false);
+        QTest::keyClicks(&line, "x");
+        EXPECT_EQ(line.text(), isEditable ? "WWWWWWWWWWWWx" : "WWWWWWWWWWWW");
+    }
 }
 
 TEST(PaneFrame, HidesAndShowsItself) {
     PaneFrame pane;
-    Pane& face = pane;
-    face.setHidden(true);
-    EXPECT_TRUE(pane.isHidden());
-    face.setHidden(false);
-    EXPECT_FALSE(pane.isHidden());
-}
-
-class SegmentBarTest : public ::testing::Test {
-protected:
-    SegmentBarTest() {
-        QObject::connect(&bar_, &SegmentBar::chosen, [this] { ++choices_; });
-        bar_.show();
-    }
-
-    SegmentBar bar_{{"Scene 1", "Scene 2", "Scene 3", "Scene 4"}};
-    int choices_ = 0;
-};
-
-TEST_F(SegmentBarTest, FirstSegmentIsDownAtFirst) {
-    EXPECT_EQ(bar_.selectedSegment(), 0);
-    EXPECT_TRUE(bar_.segment(0).isChecked());
-}
-
-TEST_F(SegmentBarTest, TheSegmentThatIsDownAloneIsOfTheAccentsColour) {
-    bar_.segment(2).click();
-    for (int place = 0; place < 4; ++place) {
-        const QImage drawn = bar_.segment(place).grab().toImage();
-        EXPECT_EQ(drawn.pixelColor(5, drawn.height() / 2) ==
-                      bar_.palette().color(QPalette::Highlight),
-                  place == 2)
-            << place;
+    for (const bool isHidden : {true, false}) {
+        static_cast<Pane&>(pane).setHidden(isHidden);
+        EXPECT_EQ(pane.isHidden(), isHidden);
     }
 }
 
-TEST_F(SegmentBarTest, ClickPutsOneSegmentDownAndTells) {
-    QTest::mouseClick(&bar_.segment(2), Qt::LeftButton);
-    EXPECT_EQ(bar_.selectedSegment(), 2);
-    EXPECT_FALSE(bar_.segment(0).isChecked());
-    EXPECT_EQ(choices_, 1);
-}
-
-TEST_F(SegmentBarTest, SpaceKeyPutsASegmentDown) {
-    QTest::keyClick(&bar_.segment(3), Qt::Key_Space);
-    EXPECT_EQ(bar_.selectedSegment(), 3);
-    EXPECT_EQ(choices_, 1);
-}
-
-TEST_F(SegmentBarTest, TitleChangesTellNothing) {
-    bar_.setTitle(1, "2  LEAD");
-    EXPECT_EQ(bar_.segment(1).text(), "2  LEAD");
-    EXPECT_EQ(choices_, 0);
-}
-
-class SliderBarTest : public ::testing::Test {
-protected:
-    SliderBarTest() {
-        QObject::connect(&bar_, &SliderBar::moved, [this] { ++moves_; });
-        bar_.resize(20, 180);
-        bar_.show();
+TEST(SegmentBar, OneSegmentIsDownAndOfTheAccentsColourAndAUsersChoiceIsTold) {
+    SegmentBar bar{{"Scene 1", "Scene 2", "Scene 3", "Scene 4"}};
+    int choices = 0;
+    QObject::connect(&bar, &SegmentBar::chosen, [&choices] { ++choices; });
+    bar.show();
+    const std::pair<int, std::function<void()>> rows[] = {
+        {0, [] {}},
+        {0, [&bar] { bar.setTitle(1, "2  LEAD"); }},
+        {2, [&bar] { QTest::mouseClick(&bar.segment(2), Qt::LeftButton); }},
+        {3, [&bar] { QTest::keyClick(&bar.segment(3), Qt::Key_Space); }},
+    };
+    for (const auto& [chosen, act] : rows) {
+        act();
+        EXPECT_EQ(bar.selectedSegment(), chosen);
+        for (int place = 0; place < 4; ++place) {
+            const QImage drawn = bar.segment(place).grab().toImage();
+            EXPECT_EQ(bar.segment(place).isChecked(), place == chosen) << place;
+            EXPECT_EQ(drawn.pixelColor(5, drawn.height() / 2) ==
+                          bar.palette().color(QPalette::Highlight),
+                      place == chosen)
+                << place;
+        }
     }
+    EXPECT_EQ(bar.segment(1).text(), "2  LEAD");
+    EXPECT_EQ(choices, 2);
+}
 
-    SliderBar bar_{3};
-    int moves_ = 0;
-};
-
-TEST_F(SliderBarTest, CarriesItsTagAndZeroTo127) {
-    const Slider& face = bar_;
+TEST(SliderBar, GoesFromZeroTo127AndTellsWhatAUserMoves) {
+    SliderBar bar{3};
+    int moves = 0;
+    QObject::connect(&bar, &SliderBar::moved, [&moves] { ++moves; });
+    bar.resize(20, 180);
+    bar.show();
+    Slider& face = bar;
     EXPECT_EQ(face.tag(), 3);
-    EXPECT_EQ(bar_.minimum(), 0);
-    EXPECT_EQ(bar_.maximum(), 127);
-}
-
-TEST_F(SliderBarTest, ProgramsOwnValueTellsNothing) {
-    static_cast<Slider&>(bar_).setValue(64);
-    EXPECT_EQ(static_cast<Slider&>(bar_).value(), 64);
-    EXPECT_EQ(moves_, 0);
-}
-
-TEST_F(SliderBarTest, KeysMoveIt) {
-    static_cast<Slider&>(bar_).setValue(64);
-    QTest::keyClick(&bar_, Qt::Key_Up);
-    EXPECT_EQ(static_cast<Slider&>(bar_).value(), 65);
-    EXPECT_EQ(moves_, 1);
-}
-
-TEST_F(SliderBarTest, MouseMovesIt) {
-    static_cast<Slider&>(bar_).setValue(0);
-    QTest::mouseClick(&bar_, Qt::LeftButton, {}, QPoint(10, 10));
-    EXPECT_GT(static_cast<Slider&>(bar_).value(), 0);
-    EXPECT_EQ(moves_, 1);
+    EXPECT_EQ(std::pair(bar.minimum(), bar.maximum()), std::pair(0, 127));
+    face.setValue(64);
+    EXPECT_EQ(moves, 0);
+    QTest::keyClick(&bar, Qt::Key_Up);
+    EXPECT_EQ(face.value(), 65);
+    EXPECT_EQ(moves, 1);
+    face.setValue(0);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_GT(face.value(), 0);
+    EXPECT_EQ(moves, 2);
 }
 
 } // namespace

@@ -12,7 +12,6 @@
 #include <csignal>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string>
 
 namespace scenewright::testing {

@@ -7,7 +7,10 @@
 #include <QTest>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace scenewright::testing {
 namespace {
@@ -35,16 +38,6 @@ class ProgramTest : public ProgramBench {
 protected:
     ProgramTest() { writeBytes(bankFile(), bytesOf(usableScenes())); }
 };
-
-TEST_F(ProgramTest, ReadsAndSendsBackWhatTheControllerHolds) {
-    start();
-    const auto before = bank();
-    read();
-    send();
-    EXPECT_EQ(bank(), before);
-    key("ctrl+q");
-    EXPECT_EQ(waitForExit(), 0);
-}
 
 TEST_F(ProgramTest, SceneRowAndPictureButtonAreChosenWithTheMouse) {
     start();
@@ -110,25 +103,6 @@ TEST_F(ProgramTest, AFileGivenAtTheStartIsWhatIsSent) {
     EXPECT_NE(bank(), bytesOf(usableScenes()));
 }
 
-TEST_F(ProgramTest, CloseButtonEndsTheProcess) {
-    start();
-    pressCloseButton();
-    EXPECT_EQ(waitForExit(), 0);
-}
-
-TEST_F(ProgramTest, ReadIsRefusedWhileASendRuns) {
-    start();
-    read();
-    key("ctrl+Return");
-    key("ctrl+r");
-    click(twin().readButton());
-    ASSERT_TRUE(waitForLog(kSendDone));
-    QTest::qWait(500);
-    EXPECT_EQ(log().count(QStringLiteral("readSceneData  (null)")), 1);
-    key("ctrl+r");
-    EXPECT_TRUE(waitForLog(kReadDone, 2));
-}
-
 TEST_F(ProgramTest, QuitDuringASendWaitsUntilTheBankIsWhole) {
     start();
     read();
@@ -145,72 +119,38 @@ TEST_F(ProgramTest, QuitDuringASendWaitsUntilTheBankIsWhole) {
     EXPECT_EQ(bank(), bytesOf(expected));
 }
 
-TEST_F(ProgramTest, WheelOverUnfocusedPopUpsChangesNothing) {
-    start();
-    read();
-    chooseControl(13);
-    for (const char* outlet : {"padCR", "padCG", "padMIDIChannel"})
-        click(twin().panes().popUp(outlet), 5);
-    send();
-    EXPECT_EQ(bank(), bytesOf(usableScenes()));
-}
+struct Refusal {
+    std::vector<std::string> words;
+    std::vector<std::string> environment;
+    int exitCode;
+    std::string errors; // the beginning of them
+};
 
-TEST_F(ProgramTest, KeysAloneChangeASetting) {
-    start();
-    read();
-    chooseControl(13);
-    key("alt+r");
-    typeText("17");
-    send();
-    SceneList expected = usableScenes();
-    expected.at(0)->buttonValueArray().at(12)->setCR(17);
-    EXPECT_EQ(bank(), bytesOf(expected));
-}
-
-TEST_F(ProgramTest, TerminateSignalEndsItByThatSignal) {
-    start();
-    program().terminate();
-    ASSERT_TRUE(program().waitForFinished(10000));
-    EXPECT_EQ(program().exitStatus(), QProcess::CrashExit);
-}
-
-TEST_F(ProgramTest, TitleNamesTheVirtualController) {
-    start(); // finds the window by that part of its title
-    EXPECT_TRUE(isRunning());
-}
-
-TEST(ProgramWithoutADisplay, SaysSoInOneSentence) {
-    const auto run = runProgram({programPath(), "--virtual"}, {"DISPLAY=", "QT_QPA_PLATFORM="});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors,
+TEST(Program, SaysInOneSentenceWhyItDoesNotStart) {
+    for (const Refusal& row : std::vector<Refusal>{
+             {{"--virtual"},
+              {"DISPLAY=", "QT_QPA_PLATFORM="},
+              1,
               "scenewright: there is no display to open a window on; scenewright-cli does the same "
-              "work without one\n");
-}
-
-TEST(ProgramWithoutADisplay, DisplayThatDoesNotAnswerIsNamed) {
-    const auto run = runProgram({programPath(), "--virtual"}, {"DISPLAY=:9999"});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.errors,
-              "scenewright: cannot open a window: could not connect to display :9999\n");
-}
-
-TEST(ProgramOptions, UnknownOptionIsRefused) {
-    const auto run = runProgram({programPath(), "--nonsense"});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_TRUE(run.errors.starts_with("scenewright: "));
-}
-
-TEST(ProgramOptions, VersionIsTold) {
-    const auto run = runProgram({programPath(), "--version"});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_TRUE(run.output.starts_with("scenewright "));
-}
-
-TEST(ProgramOptions, FolderOfResourcesThatIsMissingIsRefused) {
-    const auto run = runProgram({programPath(), "--virtual", "--resources", "/no/such/folder"});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.errors, "scenewright: /no/such/folder: no such folder of resources\n");
+              "work without one\n"},
+             {{"--virtual"},
+              {"DISPLAY=:9999"},
+              1,
+              "scenewright: cannot open a window: could not connect to display :9999\n"},
+             {{"--nonsense"}, {}, 2, "scenewright: "},
+             {{"--virtual", "--resources", "/no/such/folder"},
+              {},
+              2,
+              "scenewright: /no/such/folder: no such folder of resources\n"}}) {
+        std::vector<std::string> words = row.words;
+        words.insert(words.begin(), programPath());
+        const auto run = runProgram(words, row.environment);
+        EXPECT_EQ(run.exitCode, row.exitCode) << run.errors;
+        EXPECT_EQ(run.output, "");
+        EXPECT_TRUE(run.errors.starts_with(row.errors)) << run.errors;
+        EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
+    }
+    EXPECT_TRUE(runProgram({programPath(), "--version"}).output.starts_with("scenewright "));
 }
 
 struct SheetCase {
