@@ -16,82 +16,106 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace scenewright::testing {
 
 namespace {
 
-class BankCommandsTest : public CommandsBench {
+class BankCommandsTest : public OpenWindow {
 protected:
-    BankCommandsTest() { open(); }
-
     QAction& action(const char* name) { return *window().findChild<QAction*>(name); }
     static QList<QAction*> entries(QMenu& menu) {
         emit menu.aboutToShow();
         return menu.actions();
     }
-    QString badBank() {
-        std::ofstream(folder.file("bad.json")) << "[]";
-        return file("bad.json");
+    // The file dialog that an action opens.
+    std::unique_ptr<QFileDialog> dialogOf(const char* name) {
+        action(name).trigger();
+        return std::unique_ptr<QFileDialog>(window().findChild<QFileDialog*>());
+    }
+    static QString nameIn(const QFileDialog& dialog) {
+        return QFileInfo(dialog.selectedFiles().value(0)).fileName();
+    }
+    // Whether the window takes what is dragged over it.
+    bool drop(const QMimeData& data) {
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&window(), &enter);
+        if (enter.isAccepted()) {
+            QDropEvent event({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&window(), &event);
+        }
+        return enter.isAccepted();
+    }
+    bool drop(const QStringList& files) {
+        QMimeData data;
+        QList<QUrl> places;
+        for (const QString& each : files)
+            places.append(QUrl::fromLocalFile(each));
+        data.setUrls(places);
+        return drop(data);
     }
 };
 
-TEST_F(BankCommandsTest, AnOpenedBankIsShownAndNothingIsSent) {
-    const QString bank = bankWithRed("a.json", 111);
-    choose(kPad);
-    commands().banks().openBank(bank);
-    EXPECT_EQ(record(kPad).CR(), 111);
-    EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
-    EXPECT_EQ(window().view().selectControl(), 0);
-    EXPECT_EQ(notice(), "Opened a.json");
-    EXPECT_EQ(message(), "Ready");
-    EXPECT_EQ(window().picture().button(kPad)->light().red, 222);
+TEST_F(BankCommandsTest, ABankIsOpenedWithEachCommandShownRememberedAndNotSent) {
+    unplug(); // opening needs no controller
+    struct Row {
+        const char* name;
+        std::function<void(const QString&)> open;
+        bool isEarlierKept = true; // what was there before is
+    };
+    const Row rows[] = {
+        {"start", [this](const QString& bank) { commands().banks().openAtStart(bank); }, false},
+        {"command", [this](const QString& bank) { commands().banks().openBank(bank); }},
+        {"drop", [this](const QString& bank) { EXPECT_TRUE(drop(QStringList{bank})); }},
+        {"dialog",
+         [this](const QString& bank) {
+             press(Qt::Key_O);
+             const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+             ASSERT_NE(dialog, nullptr);
+             EXPECT_EQ(dialog->windowTitle(), "Open Bank");
+             emit dialog->fileSelected(bank);
+         }},
+    };
+    std::int32_t red = 100;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const QString bank = bankWithRed(row.name, ++red);
+        choose(kPad);
+        row.open(bank);
+        EXPECT_EQ(record(kPad).CR(), red);
+        EXPECT_EQ(button(kPad).light().red, 2 * red);
+        EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
+        EXPECT_EQ(window().view().selectControl(), 0);
+        EXPECT_EQ(notice(), QString("Opened %1").arg(row.name));
+        EXPECT_EQ(message(), "Ready");
+        EXPECT_EQ(RecentFiles::list().front(), bank);
+        EXPECT_EQ(entries(commands().earlier().menu()).front()->isEnabled(), row.isEarlierKept);
+    }
     EXPECT_EQ(controller->blocksWritten(), 0U);
 }
 
-TEST_F(BankCommandsTest, OpeningNeedsNoController) {
-    unplug();
-    commands().banks().openBank(bankWithRed("a.bank", 3));
-    EXPECT_EQ(record(kPad).CR(), 3);
-}
-
-TEST_F(BankCommandsTest, ABadBankIsToldAndChangesNothing) {
+TEST_F(BankCommandsTest, WhatCannotBeOpenedOrSavedIsToldAndChangesNothing) {
+    std::ofstream(folder.file("bad.json")) << "[]";
     const SceneList before = WindowAction::scenes();
-    commands().banks().openBank(badBank());
-    EXPECT_TRUE(notice().contains(file("bad.json"))) << notice().toStdString();
+    commands().banks().openBank(file("bad.json"));
+    EXPECT_TRUE(notice().startsWith(file("bad.json") + ": ")) << notice().toStdString();
+    notices().dismiss();
+    commands().banks().openAtStart(file("bad.json"));
+    EXPECT_TRUE(notice().startsWith(file("bad.json") + ": ")) << notice().toStdString();
+    commands().banks().saveBank(file("no/such/mine.json"));
+    EXPECT_TRUE(notice().contains("no/such/mine.json")) << notice().toStdString();
+    EXPECT_TRUE(drop({bankWithRed("a.json", 1), bankWithRed("b.json", 2)}));
+    EXPECT_EQ(notice(), "2 files were dropped, and one can be open at a time; drop one of them");
+    QMimeData text;
+    text.setText(QStringLiteral("a.json"));
+    EXPECT_FALSE(drop(text));
     EXPECT_EQ(message(), "Ready");
     EXPECT_EQ(WindowAction::scenes(), before);
     EXPECT_TRUE(RecentFiles::list().isEmpty());
-}
-
-TEST_F(BankCommandsTest, TheDialogOpensTheChosenBank) {
-    const QString bank = bankWithRed("a.json", 42);
-    press(Qt::Key_O);
-    auto* dialog = window().findChild<QFileDialog*>();
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(dialog->windowTitle(), "Open Bank");
-    emit dialog->fileSelected(bank);
-    dialog->close();
-    EXPECT_EQ(record(kPad).CR(), 42);
-}
-
-TEST_F(BankCommandsTest, ASavedBankOpensAgain) {
-    record(kPad).setCR(64);
-    commands().banks().saveBank(file("mine.json"));
-    EXPECT_EQ(notice(), "Saved mine.json");
-    EXPECT_EQ(message(), "Ready");
-    record(kPad).setCR(65);
-    commands().banks().openBank(file("mine.json"));
-    EXPECT_EQ(record(kPad).CR(), 64);
-}
-
-TEST_F(BankCommandsTest, WhatCannotBeSavedIsTold) {
-    commands().banks().saveBank(file("no/such/mine.json"));
-    EXPECT_TRUE(notice().contains("no/such/mine.json")) << notice().toStdString();
-    EXPECT_EQ(message(), "Ready");
 }
 
 TEST_F(BankCommandsTest, ASceneIsOpenedIntoTheOneThatIsShown) {
@@ -107,16 +131,6 @@ TEST_F(BankCommandsTest, ASceneIsOpenedIntoTheOneThatIsShown) {
     EXPECT_EQ(window().scenes().segment(2).accessibleName(), "Scene 3, SCENE1");
 }
 
-TEST_F(BankCommandsTest, ABankThatTheProgramStartsWithIsShownAndRemembered) {
-    const QString bank = bankWithRed("a.bank", 111);
-    commands().banks().openAtStart(bank);
-    EXPECT_EQ(notice(), "Opened a.bank");
-    EXPECT_EQ(record(kPad).CR(), 111);
-    EXPECT_EQ(window().view().sceneValue(), WindowAction::getSceneWithIndex(0));
-    EXPECT_EQ(RecentFiles::list(), QStringList{bank});
-    EXPECT_FALSE(entries(commands().earlier().menu()).front()->isEnabled());
-}
-
 TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
     record(kPad).setCR(31);
     commands().banks().saveScene(file("one.scene.json"));
@@ -128,76 +142,19 @@ TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
     EXPECT_EQ(RecentFiles::folder(), QString::fromStdString(folder.path()));
 }
 
-TEST_F(BankCommandsTest, ABadFileThatTheProgramStartsWithIsTold) {
-    commands().banks().openAtStart(badBank());
-    EXPECT_TRUE(notice().startsWith(file("bad.json") + ": ")) << notice().toStdString();
-    EXPECT_TRUE(RecentFiles::list().isEmpty());
-}
-
-TEST_F(BankCommandsTest, ANameWithoutSuffixGetsThatOfItsKind) {
-    const std::pair<const char*, QString> rows[] = {{"saveBankAs", "bank.json"},
-                                                    {"saveScene", "scene.json"}};
-    for (const auto& [name, suffix] : rows) {
-        action(name).trigger();
-        const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->defaultSuffix(), suffix) << name;
-    }
-}
-
-TEST_F(BankCommandsTest, RecentBanksAreListedWhileTheyExist) {
-    EXPECT_FALSE(entries(commands().banks().recentMenu()).front()->isEnabled());
-    commands().banks().openBank(bankWithRed("a.json", 1));
-    commands().banks().openBank(bankWithRed("b.json", 2));
-    ASSERT_EQ(entries(commands().banks().recentMenu()).size(), 2);
-    EXPECT_EQ(commands().banks().recentMenu().actions()[0]->text(), file("b.json"));
-    commands().banks().recentMenu().actions()[1]->trigger();
-    EXPECT_EQ(record(kPad).CR(), 1);
-    std::filesystem::remove(folder.file("b.json"));
-    ASSERT_EQ(entries(commands().banks().recentMenu()).size(), 1);
-    EXPECT_EQ(commands().banks().recentMenu().actions()[0]->text(), file("a.json"));
-}
-
-TEST_F(BankCommandsTest, EightRecentBanksAreRemembered) {
+TEST_F(BankCommandsTest, EightRecentBanksAreListedWhileTheyExist) {
+    QMenu& menu = commands().banks().recentMenu();
+    EXPECT_FALSE(entries(menu).front()->isEnabled());
     for (int number = 0; number < 10; ++number)
-        RecentFiles::add(bankWithRed(std::to_string(number).c_str(), number));
-    EXPECT_EQ(RecentFiles::list().size(), 8);
-    EXPECT_EQ(RecentFiles::list().front(), file("9"));
+        commands().banks().openBank(bankWithRed(std::to_string(number).c_str(), number));
     EXPECT_EQ(RecentFiles::folder(), QString::fromStdString(folder.path()));
-}
-
-TEST_F(BankCommandsTest, ADroppedBankIsOpened) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(bankWithRed("a.json", 55))});
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &drop);
-    EXPECT_EQ(record(kPad).CR(), 55);
-}
-
-TEST_F(BankCommandsTest, WhatIsNoFileIsNotTaken) {
-    QMimeData text;
-    text.setText(QStringLiteral("a.json"));
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    enter.ignore();
-    QCoreApplication::sendEvent(&window(), &enter);
-    EXPECT_FALSE(enter.isAccepted());
-}
-
-TEST_F(BankCommandsTest, TwoDroppedFilesAreTold) {
-    const SceneList before = WindowAction::scenes();
-    QMimeData two;
-    two.setUrls({QUrl::fromLocalFile(bankWithRed("a.json", 1)),
-                 QUrl::fromLocalFile(bankWithRed("b.json", 2))});
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &two, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({9, 9}, Qt::CopyAction, &two, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &drop);
-    EXPECT_EQ(notice(), "2 files were dropped, and one can be open at a time; drop one of them");
-    EXPECT_EQ(WindowAction::scenes(), before);
+    ASSERT_EQ(entries(menu).size(), 8);
+    EXPECT_EQ(menu.actions()[0]->text(), file("9"));
+    menu.actions()[1]->trigger();
+    EXPECT_EQ(record(kPad).CR(), 8);
+    std::filesystem::remove(folder.file("8"));
+    ASSERT_EQ(entries(menu).size(), 7);
+    EXPECT_EQ(menu.actions()[0]->text(), file("9"));
 }
 
 TEST_F(BankCommandsTest, ASceneFileIsOpenedAsTheSceneThatIsChosen) {
@@ -242,6 +199,8 @@ TEST_F(BankCommandsTest, SavingWritesTheFileThatTheTitleNames) {
     EXPECT_EQ(dialog->windowTitle(), "Save Bank As");
     emit dialog->fileSelected(file("mine.bank"));
     delete dialog;
+    EXPECT_EQ(notice(), "Saved mine.bank");
+    EXPECT_EQ(message(), "Ready");
     record(kPad).setCR(64);
     press(Qt::Key_S);
     EXPECT_EQ(window().findChild<QFileDialog*>(), nullptr);
@@ -251,9 +210,14 @@ TEST_F(BankCommandsTest, SavingWritesTheFileThatTheTitleNames) {
 }
 
 TEST_F(BankCommandsTest, TheDialogSuggestsANameAndAFormWithItsUse) {
+    EXPECT_TRUE(QRegularExpression("^Scenes \\d{4}-\\d\\d-\\d\\d\\.bank\\.json$")
+                    .match(nameIn(*dialogOf("saveBankAs")))
+                    .hasMatch())
+        << "the day's date, without a file";
     struct Row {
         const char* action;
         QString name;
+        QString suffix;
         QStringList filters;
     };
     commands().banks().saveBank(file("mine.bank"));
@@ -261,34 +225,25 @@ TEST_F(BankCommandsTest, TheDialogSuggestsANameAndAFormWithItsUse) {
     const Row rows[] = {
         {"saveBankAs",
          "mine.bank.json",
+         "bank.json",
          {"JSON, a text to read, compare and edit (*.bank.json *.json)",
           "Image, the 1012 bytes as the keyboard holds them (*.bank)"}},
         {"saveScene",
          "A-B.scene.json",
+         "scene.json",
          {"JSON, a text to read, compare and edit (*.scene.json *.json)"}},
     };
     for (const Row& row : rows) {
-        action(row.action).trigger();
-        const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
-        ASSERT_NE(dialog, nullptr);
+        const auto dialog = dialogOf(row.action);
         EXPECT_EQ(dialog->nameFilters(), row.filters);
-        EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), row.name);
+        EXPECT_EQ(dialog->defaultSuffix(), row.suffix);
+        EXPECT_EQ(nameIn(*dialog), row.name);
     }
-    action("saveBankAs").trigger();
-    const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
+    const auto dialog = dialogOf("saveBankAs");
     dialog->selectNameFilter(dialog->nameFilters().at(1));
     emit dialog->filterSelected(dialog->nameFilters().at(1));
     EXPECT_EQ(dialog->defaultSuffix(), "bank");
-    EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), "mine.bank");
-}
-
-TEST_F(BankCommandsTest, WithoutAFileTheDaysDateIsSuggested) {
-    action("saveBankAs").trigger();
-    const std::unique_ptr<QFileDialog> dialog(window().findChild<QFileDialog*>());
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_TRUE(QRegularExpression("^Scenes \\d{4}-\\d\\d-\\d\\d\\.bank\\.json$")
-                    .match(QFileInfo(dialog->selectedFiles().value(0)).fileName())
-                    .hasMatch());
+    EXPECT_EQ(nameIn(*dialog), "mine.bank");
 }
 
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {

@@ -112,6 +112,33 @@ void CommandsBench::type(const char* popUp, const QString& text) {
     QTest::keyClick(&box, Qt::Key_Return);
 }
 
+void CommandsBench::send() {
+    press(Qt::Key_Return);
+    waitForSend();
+}
+
+void CommandsBench::waitForSend() {
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+}
+
+void CommandsBench::clickNotice(const char* title) {
+    for (std::size_t place = 0; notices().action(place) != nullptr; ++place)
+        if (notices().action(place)->text() == QLatin1String(title)) {
+            notices().action(place)->click();
+            return waitForSend();
+        }
+    ADD_FAILURE() << title << " is not offered";
+}
+
+QStringList CommandsBench::tabStops(const QWidget& first) {
+    QStringList stops;
+    for (const QWidget* at = &first; stops.isEmpty() || at != &first; at = at->nextInFocusChain())
+        if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
+            stops.append(at->accessibleName());
+    stops.removeAll(QString()); // the line in a box
+    return stops;
+}
+
 QString CommandsBench::bankWithRed(const char* name, std::int32_t red) {
     const SceneList scenes = copyOf(WindowAction::scenes());
     scenes[0]->buttonValueArray()[kPad - 1]->setCR(red);

@@ -48,12 +48,21 @@ protected:
     [[nodiscard]] QString file(const char* name) const;
     // The stored record of a control, 1 to 45, of the first scene.
     static ButtonValue& record(std::int32_t control);
-    void choose(std::int32_t control) { window_->picture().button(control)->click(); }
+    ControlButton& button(std::int32_t control) { return *window_->picture().button(control); }
+    void choose(std::int32_t control) { button(control).click(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier);
-    // As a user does, from the open list.
-    void pick(const char* popUp, std::int32_t option);
+    void undo() { press(Qt::Key_Z); }
+    void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+    QUndoStack& steps() { return commands_->history().steps(); }
+    // As a user does with the mouse, in the pane that is shown.
+    void pick(const char* popUp, std::int32_t value);
     // Of the first pad.
     void pickRed(std::int32_t red);
+    // Sends and waits for the end.
+    void send();
+    void waitForSend();
+    // The action of the notice with that title, and the end of what it does.
+    void clickNotice(const char* title);
     // As a user does, with the keyboard on the popup and Return at the end.
     void type(const char* popUp, const QString& text);
     // Does what opens a dialog, and that in the dialog.
@@ -81,6 +90,8 @@ protected:
                 return *at;
         throw std::out_of_range(name.toStdString());
     }
+    // What the Tab key goes to from this field on, by name.
+    static QStringList tabStops(const QWidget& first);
     // A bank of four default scenes in which pad 1 of the first one has this red.
     QString bankWithRed(const char* name, std::int32_t red);
     // The window takes keys, as it does once a dialog has given way.
@@ -106,6 +117,16 @@ private:
     std::unique_ptr<EditorCommands> commands_;
 };
 
-inline constexpr std::int32_t kPad = 13; // the first
+// The first of each kind.
+inline constexpr std::int32_t kKnob = 5;
+inline constexpr std::int32_t kSlider = 9;
+inline constexpr std::int32_t kPad = 13;
+inline constexpr std::int32_t kKey = 21;
+
+// With the window open from the start.
+class OpenWindow : public CommandsBench {
+protected:
+    OpenWindow() { open(); }
+};
 
 } // namespace scenewright::testing

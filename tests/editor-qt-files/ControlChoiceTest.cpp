@@ -1,10 +1,15 @@
-// Several controls chosen at once, with the mouse and with the keys, and what goes to all of them.
+// Controls chosen, several at once with the mouse and with the keys, and what the commands do to
+// all of them.
+#include "platform/Diagnostics.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QLabel>
 #include <QTest>
+#include <fmt/format.h>
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -14,12 +19,10 @@ namespace {
 
 using Controls = std::vector<std::int32_t>;
 
-class ControlChoiceTest : public CommandsBench {
+class ControlChoiceTest : public OpenWindow {
 protected:
-    ControlChoiceTest() { open(); }
-
     void click(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(window().picture().button(control), Qt::LeftButton, modifiers);
+        QTest::mouseClick(&button(control), Qt::LeftButton, modifiers);
     }
     void clickRow(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
         ControlList& list = window().list();
@@ -36,7 +39,7 @@ protected:
             rows.push_back(row.row());
         Controls onPicture;
         for (std::int32_t tag = 1; tag <= kControlCount; ++tag) {
-            const ControlButton& button = *window().picture().button(tag);
+            const ControlButton& button = this->button(tag);
             EXPECT_FALSE(button.isTaken() && tag == controls.back());
             if (button.isTaken() || button.image())
                 onPicture.push_back(tag);
@@ -53,7 +56,7 @@ protected:
     [[nodiscard]] QString heading() {
         return window().panes().pane(ControlKind::Pad).findChild<QLabel*>()->text();
     }
-    QString step() { return commands().history().steps().undoText(); }
+    QString step() { return steps().undoText(); }
 };
 
 TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
@@ -73,8 +76,8 @@ TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
              Row{At::Picture, kPad + 5, Qt::ShiftModifier, {kPad + 7, kPad + 6, kPad + 5}},
              Row{At::List, kPad + 6, Qt::ShiftModifier, {kPad + 7, kPad + 6}},
              Row{At::List, kPad + 6, {}, {kPad + 6}},
-             Row{At::Picture, 5, Qt::ControlModifier, {kPad + 6, 5}},
-             Row{At::Picture, 5, {}, {5}},
+             Row{At::Picture, kKnob, Qt::ControlModifier, {kPad + 6, kKnob}},
+             Row{At::Picture, kKnob, {}, {kKnob}},
              Row{At::List, 0, Qt::ControlModifier, {0}},
          }) {
         if (row.at == At::Picture)
@@ -86,29 +89,28 @@ TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
 }
 
 TEST_F(ControlChoiceTest, KeysTakeControlsInAndOut) {
-    click(kPad);
-    ControlButton* at = window().picture().button(kPad);
-    QTest::keyClick(at, Qt::Key_Right, Qt::ShiftModifier);
-    expectChosen({kPad, kPad + 1});
-    at = window().picture().button(kPad + 1);
-    QTest::keyClick(at, Qt::Key_Right, Qt::ControlModifier); // goes there alone
-    expectChosen({kPad, kPad + 1});
-    QTest::keyClick(window().picture().button(kPad + 2), Qt::Key_Space, Qt::ControlModifier);
-    expectChosen({kPad, kPad + 1, kPad + 2});
-    QTest::keyClick(window().picture().button(kPad + 2), Qt::Key_Space);
-    expectChosen({kPad + 2});
-
-    clickRow(kPad);
+    struct Row {
+        QWidget* at;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        Controls chosen;
+    };
     ControlList& list = window().list();
-    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
-    expectChosen({kPad, kPad + 1, kPad + 2});
-    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
-    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
-    QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
-    expectChosen({kPad, kPad + 1, kPad + 2, kPad + 4});
-    QTest::keyClick(&list, Qt::Key_Return);
-    expectChosen({kPad + 4});
+    click(kPad);
+    for (const Row& row : {
+             Row{&button(kPad), Qt::Key_Right, Qt::ShiftModifier, {kPad, kPad + 1}},
+             Row{&button(kPad + 1), Qt::Key_Right, Qt::ControlModifier, {kPad, kPad + 1}},
+             Row{&button(kPad + 2), Qt::Key_Space, Qt::ControlModifier, {kPad, kPad + 1, kPad + 2}},
+             Row{&button(kPad + 2), Qt::Key_Space, {}, {kPad + 2}},
+             Row{&list, Qt::Key_Down, Qt::ShiftModifier, {kPad + 2, kPad + 3}},
+             Row{&list, Qt::Key_Down, Qt::ControlModifier, {kPad + 2, kPad + 3}},
+             Row{&list, Qt::Key_Down, Qt::ControlModifier, {kPad + 2, kPad + 3}},
+             Row{&list, Qt::Key_Space, Qt::ControlModifier, {kPad + 2, kPad + 3, kPad + 5}},
+             Row{&list, Qt::Key_Return, {}, {kPad + 5}},
+         }) {
+        QTest::keyClick(row.at, row.key, row.modifiers);
+        expectChosen(row.chosen);
+    }
 }
 
 TEST_F(ControlChoiceTest, AllOfTheKindAreChosenWithTheirKeys) {
@@ -158,12 +160,12 @@ TEST_F(ControlChoiceTest, AChoiceGoesToAllOfTheKindInOneStep) {
     click(kPad + 3, Qt::ControlModifier);
     pick("padMIDIChannel", 6);
     EXPECT_EQ(step(), "3 Pads MIDI channel");
-    commands().history().steps().undo();
+    steps().undo();
     EXPECT_EQ(record(kPad).MIDIChannel(), 5);
-    commands().history().steps().undo();
+    steps().undo();
     EXPECT_EQ(record(kPad).MIDIChannel(), channel);
     EXPECT_EQ(record(kPad + 1).MIDIChannel(), channel);
-    EXPECT_FALSE(commands().history().steps().canUndo());
+    EXPECT_FALSE(steps().canUndo());
     expectChosen({5, kPad, kPad + 1, kPad + 3});
 }
 
@@ -177,12 +179,12 @@ TEST_F(ControlChoiceTest, WhatTheChosenOneHasAlreadyGoesToTheOthers) {
         QTest::keyClicks(&box, "5");
         QTest::keyClick(&box, Qt::Key_Return);
     };
-    const int before = commands().history().steps().count();
+    const int before = steps().count();
     type();
     EXPECT_EQ(record(kPad).MIDIChannel(), 4);
     EXPECT_EQ(step(), "Pad 1 MIDI channel");
     type();
-    EXPECT_EQ(commands().history().steps().count(), before + 1);
+    EXPECT_EQ(steps().count(), before + 1);
 }
 
 TEST_F(ControlChoiceTest, WhatAChoiceBringsWithItGoesToAll) {
@@ -218,6 +220,56 @@ TEST_F(ControlChoiceTest, PasteResetAndColourGoToAll) {
     EXPECT_EQ(record(kPad + 2).CR(), red);
     EXPECT_EQ(step(), "Reset 3 Pads");
     EXPECT_EQ(notice(), "3 Pads have their default settings");
+}
+
+TEST_F(ControlChoiceTest, KeysCopyAndPasteBetweenPads) {
+    record(kPad).setCR(90);
+    choose(kPad);
+    press(Qt::Key_C);
+    choose(kPad + 1);
+    press(Qt::Key_V);
+    EXPECT_EQ(record(kPad + 1).CR(), 90);
+    // Pane and picture follow.
+    EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
+    EXPECT_EQ(button(kPad + 1).light().red, button(kPad).light().red);
+    EXPECT_EQ(window().view().selectControl(), kPad + 1);
+}
+
+TEST_F(ControlChoiceTest, PasteIsGreyedWhereTheKindDiffers) {
+    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+    choose(kPad);
+    press(Qt::Key_C);
+    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
+    choose(kKnob);
+    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+    choose(kPad + 3);
+    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
+    press(Qt::Key_2);
+    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+}
+
+TEST_F(ControlChoiceTest, PasteAndResetShowTheControlAndLogNoSelection) {
+    choose(kPad);
+    record(kPad).setCR(90);
+    press(Qt::Key_C);
+    record(kPad).setCR(7);
+    std::vector<std::string> log;
+    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
+    press(Qt::Key_V);
+    EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
+    press(Qt::Key_Backspace);
+    Diagnostics::setLog({});
+    EXPECT_EQ(log, (std::vector<std::string>{"CR---------->90",
+                                             fmt::format("CR---------->{}", record(kPad).CR())}));
+}
+
+TEST_F(ControlChoiceTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {
+    choose(kPad);
+    ASSERT_TRUE(commands().controls().copyAction().isEnabled());
+    QTest::keyClick(&window().list(), Qt::Key_Down); // passes over a row
+    ASSERT_EQ(window().view().selectControl(), -1);
+    EXPECT_FALSE(commands().controls().copyAction().isEnabled());
+    EXPECT_FALSE(commands().controls().resetAction().isEnabled());
 }
 
 } // namespace

@@ -33,13 +33,16 @@ const QString kOneShort =
     QStringLiteral("1 of 2030 transfers failed, the first at byte 100 of 1012 "
                    "(the answer was too short)");
 
-class DeviceVerificationTest : public CommandsBench {
+class DeviceVerificationTest : public OpenWindow {
 protected:
-    DeviceVerificationTest() { open(); }
-
     QStringList differences() {
         const auto* dialog = window().findChild<DifferenceDialog*>();
         return dialog == nullptr ? QStringList() : dialog->lines();
+    }
+    void expectRedDiffers() {
+        ASSERT_EQ(differences().size(), 1);
+        EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
+        EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
     }
     // Whether another program could take the interface now.
     bool portIsFree() {
@@ -47,23 +50,31 @@ protected:
         auto interface = devices->front()->interface(1);
         return (*interface)->open().has_value();
     }
-    void waitForSend() {
-        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    void startToVerify() {
+        press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+        ASSERT_TRUE(window().commands().isBusy());
     }
 };
 
-TEST_F(DeviceVerificationTest, TheSameIsSaid) {
+TEST_F(DeviceVerificationTest, TheSameIsSaidUntilItIsDismissed) {
+    const QString before = message();
     press(Qt::Key_D);
+    choose(kPad); // a look at other controls and scenes
+    press(Qt::Key_2);
+    emit window().menu().modeChosen(4);
     EXPECT_EQ(notice(), kSame);
     EXPECT_TRUE(differences().isEmpty());
+    EXPECT_EQ(message(), before) << "the status line tells of the user's command alone";
+    for (auto* dismissal : notices().findChildren<QPushButton*>())
+        if (dismissal->text() == "Dismiss")
+            dismissal->click();
+    EXPECT_EQ(notice(), "");
 }
 
 TEST_F(DeviceVerificationTest, DifferencesAreListedAndTheScenesStay) {
     record(kPad).setCR(12);
     press(Qt::Key_D);
-    ASSERT_EQ(differences().size(), 1);
-    EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
-    EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
+    expectRedDiffers();
     EXPECT_EQ(record(kPad).CR(), 12);
     EXPECT_TRUE(earlier().list().empty());
 }
@@ -88,46 +99,40 @@ TEST_F(DeviceVerificationTest, WhatTheKeyboardHoldsIsTakenOverAsAStepThatCanBeUn
               nameAsText(name));
     commands().history().undoAction().trigger();
     EXPECT_EQ(record(kPad).CR(), 12);
-    press(Qt::Key_D);
     EXPECT_EQ(controller->sendsEnded(), 0U);
 }
 
 TEST_F(DeviceVerificationTest, WithoutAControllerTheCauseIsToldAndTheScenesStay) {
+    const QString before = message();
     unplug();
     record(kPad).setCR(12);
     press(Qt::Key_D);
     EXPECT_EQ(notice(), kNotReached + ": nothing was compared\n" + kPlugIn);
     EXPECT_EQ(record(kPad).CR(), 12);
+    EXPECT_EQ(message(), before);
 }
 
-TEST_F(DeviceVerificationTest, TheStatusLineTellsOfTheUsersCommandAlone) {
-    const QString before = message();
-    press(Qt::Key_D);
-    EXPECT_EQ(message(), before);
-    unplug();
-    press(Qt::Key_D);
-    EXPECT_EQ(message(), before);
-    plugIn();
-    commands().verification().sendAndVerify();
-    waitForSend();
-    EXPECT_EQ(notice(), kSame);
-    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
-}
-
-TEST_F(DeviceVerificationTest, SendAndVerifyReadsBack) {
+TEST_F(DeviceVerificationTest, SendAndVerifyReadsBackAndAPlainSendDoesNot) {
     record(kPad).setCR(12);
-    press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    startToVerify();
+    commands().verification().compare(); // neither is done meanwhile
+    commands().verification().sendAndVerify();
+    EXPECT_EQ(notice(), "");
+    EXPECT_FALSE(commands().verification().compareAction().isEnabled());
     waitForSend();
     EXPECT_EQ(controller->sendsEnded(), 1U);
     EXPECT_EQ(notice(), kSame);
+    EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
+    notices().dismiss();
+    send();
+    EXPECT_EQ(notice(), "");
 }
 
 TEST_F(DeviceVerificationTest, SendAndVerifyListsWhatTheControllerDoesNotHold) {
-    commands().verification().sendAndVerify();
+    startToVerify();
     record(kPad).setCR(12); // the send holds the scenes as they were
     waitForSend();
-    ASSERT_EQ(differences().size(), 1);
-    EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
+    expectRedDiffers();
 }
 
 TEST_F(DeviceVerificationTest, WhatCouldNotBeReadIsNotComparedAndMayBeTriedAgain) {
@@ -141,33 +146,24 @@ TEST_F(DeviceVerificationTest, WhatCouldNotBeReadIsNotComparedAndMayBeTriedAgain
     EXPECT_EQ(notice(), kSame);
 }
 
-TEST_F(DeviceVerificationTest, DuringASendNeitherIsDone) {
-    commands().verification().sendAndVerify();
-    ASSERT_TRUE(window().commands().isBusy());
-    commands().verification().compare();
-    commands().verification().sendAndVerify();
-    EXPECT_EQ(notice(), "");
-    EXPECT_FALSE(commands().verification().compareAction().isEnabled());
-    waitForSend();
-    EXPECT_EQ(controller->sendsEnded(), 1U);
-    EXPECT_EQ(notice(), kSame);
-}
-
-TEST_F(DeviceVerificationTest, AHalfSendThatWasToBeVerifiedIsVerifiedWhenSentAgain) {
-    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
-    commands().verification().sendAndVerify();
-    waitForSend();
-    ASSERT_NE(notices().action(0), nullptr);
-    controller->reset(); // plugged in again
-    notices().action(0)->click();
-    waitForSend();
-    EXPECT_EQ(notice(), kSame);
-}
-
-TEST_F(DeviceVerificationTest, APlainSendDoesNotReadBack) {
-    press(Qt::Key_Return);
-    waitForSend();
-    EXPECT_EQ(notice(), "");
+TEST_F(DeviceVerificationTest, AHalfSendOffersToSendAgainAndToVerifyWhereThatWasWanted) {
+    for (const bool isVerified : {false, true}) {
+        record(kPad).setCR(80 + (isVerified ? 1 : 0));
+        plugIn({{Fault::Kind::Unplug, 1012 + 500}});
+        if (isVerified)
+            startToVerify();
+        else
+            press(Qt::Key_Return);
+        waitForSend();
+        EXPECT_EQ(notice(),
+                  "525 of 1032 transfers failed, the first at packet 505 (the keyboard was "
+                  "unplugged): the keyboard may hold half a bank, and sending again repairs it\n"
+                  "The keyboard was unplugged: plug it in and try again");
+        controller->reset(); // plugged in again
+        clickNotice("Send Again");
+        EXPECT_EQ(notice(), isVerified ? kSame : "");
+        EXPECT_EQ(controller->sendsEnded(), 1U);
+    }
 }
 
 TEST_F(DeviceVerificationTest, ASendThatReachedNothingIsNotVerified) {
@@ -176,13 +172,7 @@ TEST_F(DeviceVerificationTest, ASendThatReachedNothingIsNotVerified) {
     waitForSend();
     EXPECT_EQ(notice(), kNotReached + ": nothing was sent\n" + kPlugIn);
     plugIn();
-    press(Qt::Key_Return);
-    waitForSend();
-    EXPECT_EQ(notice(), "");
-}
-
-TEST_F(DeviceVerificationTest, ACleanReadTellsNothing) {
-    press(Qt::Key_R);
+    send();
     EXPECT_EQ(notice(), "");
 }
 
@@ -198,55 +188,18 @@ TEST_F(DeviceVerificationTest, ADoubtfulReadSaysHowMuchAndOffersTheEarlierScenes
     EXPECT_EQ(notice(), "Brought back the earlier scenes");
 }
 
-TEST_F(DeviceVerificationTest, AReadThatReachedNothingSaysSoAndOffersTheEarlierScenes) {
-    record(kPad).setCR(79);
+TEST_F(DeviceVerificationTest, AReadThatReachedNothingSaysSoAndOffersOtherEarlierScenes) {
     unplug();
+    press(Qt::Key_R); // default scenes replace default scenes
+    EXPECT_NE(notice(), "");
+    EXPECT_EQ(notices().action(0), nullptr);
+    record(kPad).setCR(79);
     press(Qt::Key_R);
     EXPECT_EQ(notice(), kNotReached + ": default scenes are shown\n" + kPlugIn);
     EXPECT_NE(record(kPad).CR(), 79);
     ASSERT_NE(notices().action(0), nullptr);
     QTest::mouseClick(notices().action(0), Qt::LeftButton);
     EXPECT_EQ(record(kPad).CR(), 79);
-}
-
-TEST_F(DeviceVerificationTest, WithoutOtherEarlierScenesNoneAreOffered) {
-    unplug();
-    press(Qt::Key_R); // default scenes replace default scenes
-    EXPECT_NE(notice(), "");
-    EXPECT_EQ(notices().action(0), nullptr);
-}
-
-TEST_F(DeviceVerificationTest, AHalfSendOffersToSendAgain) {
-    record(kPad).setCR(80);
-    plugIn({{Fault::Kind::Unplug, 1012 + 500}});
-    press(Qt::Key_Return);
-    waitForSend();
-    EXPECT_EQ(notice(), "525 of 1032 transfers failed, the first at packet 505 (the keyboard was "
-                        "unplugged): the keyboard may hold half a bank, and sending again repairs "
-                        "it\nThe keyboard was unplugged: plug it in and try again");
-    ASSERT_NE(notices().action(0), nullptr);
-    controller->reset(); // plugged in again
-    notices().action(0)->click();
-    waitForSend();
-    EXPECT_EQ(notice(), "");
-    EXPECT_EQ(controller->sendsEnded(), 1U);
-}
-
-TEST_F(DeviceVerificationTest, DismissedIsGone) {
-    press(Qt::Key_D);
-    ASSERT_EQ(notice(), kSame);
-    for (auto* button : notices().findChildren<QPushButton*>())
-        if (button->text() == "Dismiss")
-            button->click();
-    EXPECT_EQ(notice(), "");
-}
-
-TEST_F(DeviceVerificationTest, ALookAtOtherControlsLeavesTheNoticeThatBothAreTheSame) {
-    press(Qt::Key_D);
-    choose(kPad);
-    press(Qt::Key_2);
-    emit window().menu().modeChosen(4);
-    EXPECT_EQ(notice(), kSame);
 }
 
 TEST_F(DeviceVerificationTest, NoKindOfChangeLeavesTheNoticeThatBothAreTheSame) {
@@ -256,27 +209,23 @@ TEST_F(DeviceVerificationTest, NoKindOfChangeLeavesTheNoticeThatBothAreTheSame) 
     };
     const QString bank = bankWithRed("other.json", 111);
     QWidget& red = window().panes().popUp("padCR");
+    const auto paste = [this] {
+        choose(kPad + 1);
+        press(Qt::Key_C);
+        choose(kPad);
+        press(Qt::Key_V);
+    };
     const Row rows[] = {
         {"a key", [&red] { QTest::keyClick(&red, Qt::Key_Up); }},
-        {"a typed value",
-         [&red] {
-             QTest::keyClicks(&red, "77");
-             QTest::keyClick(&red, Qt::Key_Return);
-         }},
-        {"undo", [this] { press(Qt::Key_Z); }},
-        {"redo", [this] { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }},
+        {"a typed value", [this] { type("padCR", "77"); }},
+        {"undo", [this] { undo(); }},
+        {"redo", [this] { redo(); }},
         {"a colour",
          [this] {
-             commands().colours().choose({1, 2, 3});
+             commands().colours().choose(PadColour{1, 2, 3});
          }},
         {"reset", [this] { commands().controls().resetAction().trigger(); }},
-        {"paste",
-         [this] {
-             choose(kPad + 1);
-             press(Qt::Key_C);
-             choose(kPad);
-             press(Qt::Key_V);
-         }},
+        {"paste", paste},
         {"scenes swapped", [this] { commands().scenes().swap(0, 1); }},
         {"a bank opened", [this, bank] { commands().banks().openBank(bank); }},
         {"earlier scenes", [this] { commands().earlier().restoreLatest(); }},
@@ -285,7 +234,7 @@ TEST_F(DeviceVerificationTest, NoKindOfChangeLeavesTheNoticeThatBothAreTheSame) 
     choose(kPad);
     for (const Row& row : rows) {
         SCOPED_TRACE(row.change);
-        commands().verification().sendAndVerify();
+        startToVerify();
         waitForSend();
         ASSERT_EQ(notice(), kSame);
         const BankImage before = storedImage();
@@ -312,8 +261,7 @@ TEST_F(DeviceVerificationTest, AReadTellsWhatFailedAndThatTheFormerScenesWereNot
 TEST_F(DeviceVerificationTest, ASendWithoutAThreadIsToldAndSendsNothing) {
     {
         const NoMoreThreads none;
-        press(Qt::Key_Return);
-        waitForSend();
+        send();
     }
     EXPECT_EQ(notice(),
               "The transfer could not be started: nothing was sent\nThe system is short of "
@@ -329,8 +277,7 @@ TEST_F(DeviceVerificationTest, ASendWithoutAThreadIsToldAndSendsNothing) {
 
 TEST_F(DeviceVerificationTest, AVirtualMemoryThatCannotBeWrittenIsTold) {
     plugIn({}, BankFileStore(folder.file("none/held.bank")));
-    press(Qt::Key_Return);
-    waitForSend();
+    send();
     EXPECT_EQ(message(), "Send Scene Data Finish:100%:Success");
     EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
     commands().verification().sendAndVerify();
@@ -343,6 +290,7 @@ TEST_F(DeviceVerificationTest, AVirtualMemoryThatCannotBeWrittenIsTold) {
 TEST_F(DeviceVerificationTest, EachCommandGivesTheKeyboardBack) {
     EXPECT_TRUE(portIsFree());
     press(Qt::Key_R);
+    EXPECT_EQ(notice(), "") << "a clean read tells nothing";
     EXPECT_TRUE(portIsFree());
     press(Qt::Key_D);
     EXPECT_TRUE(portIsFree());
@@ -350,7 +298,7 @@ TEST_F(DeviceVerificationTest, EachCommandGivesTheKeyboardBack) {
     EXPECT_FALSE(portIsFree());
     waitForSend();
     EXPECT_TRUE(portIsFree());
-    press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    startToVerify();
     waitForSend();
     EXPECT_EQ(notice(), kSame);
     EXPECT_TRUE(portIsFree());

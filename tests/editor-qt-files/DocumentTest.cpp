@@ -15,13 +15,9 @@ namespace scenewright::testing {
 
 namespace {
 
-class DocumentTest : public CommandsBench {
+class DocumentTest : public OpenWindow {
 protected:
-    DocumentTest() { open(); }
-
     History& history() { return commands().history(); }
-    void undo() { press(Qt::Key_Z); }
-    void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
     [[nodiscard]] std::pair<std::int32_t, std::int32_t> shownControl() {
         return {window().view().sceneIndex(), window().view().selectControl()};
     }
@@ -69,7 +65,7 @@ TEST_F(DocumentTest, EveryCommandIsOneStepThatNamesItself) {
         row.make();
         const BankImage after = storedImage();
         EXPECT_EQ(history().undoAction().text(), "&Undo " + QString::fromStdString(row.step));
-        ASSERT_EQ(history().steps().count(), 1);
+        ASSERT_EQ(steps().count(), 1);
         undo();
         EXPECT_EQ(storedImage(), before);
         EXPECT_EQ(history().undoAction().text(), "&Undo");
@@ -115,31 +111,26 @@ TEST_F(DocumentTest, ASceneWideSettingIsShownAmongTheCommonOnes) {
 TEST_F(DocumentTest, ARunOfChoicesInOnePopUpIsOneStep) {
     choose(kPad);
     const std::int32_t before = record(kPad).CR();
+    pick("padCR", before + 1);
+    pick("padCR", before);
+    EXPECT_FALSE(history().undoAction().isEnabled()) << "it ends where it began";
     for (const std::int32_t red : {1, 2, 3})
         pick("padCR", red);
-    EXPECT_EQ(history().steps().count(), 1);
+    EXPECT_EQ(steps().count(), 1);
     pick("padCG", 1); // another popup
     pick("padCR", 4);
-    EXPECT_EQ(history().steps().count(), 3);
+    EXPECT_EQ(steps().count(), 3);
     choose(kPad + 1); // another control, even when it comes back
     choose(kPad);
     pick("padCR", 5);
-    EXPECT_EQ(history().steps().count(), 4);
+    EXPECT_EQ(steps().count(), 4);
     undo();
     redo();
     pick("padCR", 6); // after an undo or a redo
-    EXPECT_EQ(history().steps().count(), 5);
+    EXPECT_EQ(steps().count(), 5);
     for (int step = 0; step < 5; ++step)
         undo();
     EXPECT_EQ(record(kPad).CR(), before);
-}
-
-TEST_F(DocumentTest, ARunThatEndsWhereItBeganIsNoStep) {
-    choose(kPad);
-    const std::int32_t before = record(kPad).CR();
-    pick("padCR", before + 1);
-    pick("padCR", before);
-    EXPECT_FALSE(history().undoAction().isEnabled());
 }
 
 TEST_F(DocumentTest, ATypeAndTheNumberThatFollowsItAreOneStep) {
@@ -158,7 +149,7 @@ TEST_F(DocumentTest, TwoHundredStepsAreKept) {
     choose(kPad);
     for (std::int32_t step = 0; step < 210; ++step)
         pick(step % 2 == 0 ? "padCR" : "padCG", 1 + step / 2 % 100);
-    EXPECT_EQ(history().steps().count(), 200);
+    EXPECT_EQ(steps().count(), 200);
 }
 
 TEST_F(DocumentTest, WhatTheProgramStartsWithIsNoStep) {
@@ -183,8 +174,8 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
     const QString ofA = "a.json[*] – " + program;
     const QString ofB = "b[*][*].bank[*] – " + program;
     const QString bank = bankWithRed("a.json", 5);
-    const auto undo = [this] { this->undo(); };
-    const auto redo = [this] { this->redo(); };
+    const auto back = [this] { undo(); };
+    const auto again = [this] { redo(); };
     struct Row {
         const char* what;
         std::function<void()> make;
@@ -194,28 +185,28 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
     const Row rows[] = {
         {"start", [] {}, none, false},
         {"edit", [this] { pickRed(77); }, none, true},
-        {"undo", undo, none, false},
+        {"undo", back, none, false},
         {"edit", [this] { pickRed(77); }, none, true},
         {"open", [this, bank] { commands().banks().openBank(bank); }, ofA, false},
         {"edit", [this] { pickRed(77); }, ofA, true},
-        {"undo", undo, ofA, false},
-        {"undo of the open", undo, none, true},
-        {"redo of the open", redo, ofA, false},
-        {"redo", redo, ofA, true},
+        {"undo", back, ofA, false},
+        {"undo of the open", back, none, true},
+        {"redo of the open", again, ofA, false},
+        {"redo", again, ofA, true},
         {"save", [this, bank] { commands().banks().saveBank(bank); }, ofA, false},
         {"save elsewhere", [this] { commands().banks().saveBank(file("b[*].bank")); }, ofB, false},
         {"a failed open", [this] { commands().banks().openBank(file("none")); }, ofB, false},
         {"a read of other scenes", [this] { press(Qt::Key_R); }, none, false},
-        {"undo of the read", undo, ofB, false},
-        {"undo before the save", undo, ofB, true},
-        {"redo", redo, ofB, false},
-        {"redo of the read", redo, none, false},
-        {"undo of the read", undo, ofB, false},
+        {"undo of the read", back, ofB, false},
+        {"undo before the save", back, ofB, true},
+        {"redo", again, ofB, false},
+        {"redo of the read", again, none, false},
+        {"undo of the read", back, ofB, false},
         {"edit in place of the read", [this] { pickRed(78); }, ofB, true},
         {"open again", [this, bank] { commands().banks().openBank(bank); }, ofA, false},
         {"save over the other file", [this] { commands().banks().saveBank(file("b[*].bank")); },
          ofB, false},
-        {"undo of the open", undo, ofB, true},
+        {"undo of the open", back, ofB, true},
         {"bring back",
          [this] {
              pickRed(3);

@@ -18,10 +18,8 @@ namespace scenewright::testing {
 
 namespace {
 
-class EarlierCommandsTest : public CommandsBench {
+class EarlierCommandsTest : public OpenWindow {
 protected:
-    EarlierCommandsTest() { open(); }
-
     QList<QAction*> entries() {
         emit commands().earlier().menu().aboutToShow();
         return commands().earlier().menu().actions();
@@ -59,15 +57,6 @@ TEST_F(EarlierCommandsTest, ManyEarlierScenesStandInMenusOfTwenty) {
         second[0]->trigger();
         EXPECT_EQ(record(kPad).CR(), 25);
     }
-}
-
-TEST_F(EarlierCommandsTest, WhatAReadCouldNotKeepIsTold) {
-    std::ofstream(folder.file("backups")) << "in the way";
-    record(kPad).setCR(101);
-    press(Qt::Key_R);
-    EXPECT_EQ(message(), "Read Scene Data Finish");
-    EXPECT_TRUE(notice().startsWith("The former scenes could not be kept: "))
-        << notice().toStdString();
 }
 
 class ScenesKeeperTest : public CommandsBench {

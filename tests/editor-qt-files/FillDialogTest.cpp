@@ -19,10 +19,8 @@ namespace scenewright::testing {
 
 namespace {
 
-class FillDialogTest : public CommandsBench {
+class FillDialogTest : public OpenWindow {
 protected:
-    FillDialogTest() { open(); }
-
     QAction& fill() { return commands().controls().fillAction(); }
     void chooseAll(std::int32_t control) {
         choose(control);
@@ -41,7 +39,7 @@ protected:
         return all;
     }
     QString caption(std::int32_t control) {
-        return QString::fromStdString(window().picture().button(control)->attributedTitle().text);
+        return QString::fromStdString(button(control).attributedTitle().text);
     }
 };
 
@@ -50,10 +48,10 @@ using Numbers = std::vector<std::int32_t>;
 TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
     const std::pair<std::int32_t, QStringList> rows[] = {
         {1, {"MIDI channel"}},
-        {5, {"Controllers"}},
-        {9, {"Controllers"}},
+        {kKnob, {"Controllers"}},
+        {kSlider, {"Controllers"}},
         {kPad, {"Notes", "Controllers", "MIDI channel", "Colours", "Their notes, moved"}},
-        {21, {"Notes", "Controllers", "Their notes, moved"}}};
+        {kKey, {"Notes", "Controllers", "Their notes, moved"}}};
     for (const auto& [control, titles] : rows) {
         choose(control);
         inDialog(fill(), [&wanted = titles](FillDialog& dialog) {
@@ -61,21 +59,19 @@ TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
             dialog.reject();
         });
     }
-    EXPECT_FALSE(commands().history().steps().canUndo());
+    EXPECT_FALSE(steps().canUndo());
 }
 
-TEST_F(FillDialogTest, TheTabKeyGoesFromTheFieldsToTheButtons) {
+TEST_F(FillDialogTest, ItStandsAtTheFootOfTheWindowAndTabGoesFromItsFieldsToItsButtons) {
     choose(kPad);
-    inDialog(fill(), [](FillDialog& dialog) {
-        QStringList stops;
-        const QWidget* const first = &field<PopUpBox>(dialog, "Fill with");
-        for (const QWidget* at = first; stops.isEmpty() || at != first; at = at->nextInFocusChain())
-            if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
-                stops.append(at->accessibleName());
-        stops.removeAll(QString()); // the line in a box
-        EXPECT_EQ(stops,
-                  (QStringList{"Fill with", "First note", "Scale or steps", "Cancel", "Fill"}))
-            << stops.join(", ").toStdString();
+    inDialog(fill(), [this](FillDialog& dialog) {
+        const QRect room = dialog.screen()->availableGeometry();
+        const QPoint foot = window().mapToGlobal(window().rect().bottomLeft());
+        EXPECT_TRUE(room.contains(dialog.geometry()));
+        EXPECT_EQ(dialog.x(), std::max(foot.x(), room.left()));
+        EXPECT_NEAR(dialog.geometry().bottom(), std::min(foot.y(), room.bottom()), 40);
+        EXPECT_EQ(tabStops(field<PopUpBox>(dialog, "Fill with")),
+                  (QStringList{"Fill with", "First note", "Scale or steps", "Cancel", "Fill"}));
         dialog.reject();
     });
 }
@@ -95,20 +91,7 @@ TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
     });
     EXPECT_EQ(caption(kPad + 1), shownBefore);
     EXPECT_EQ(numbers(), before);
-    EXPECT_FALSE(commands().history().steps().canUndo());
-}
-
-TEST_F(FillDialogTest, TwoColoursAreAskedForWhereOneIsToBecomeTheOther) {
-    chooseAll(kPad);
-    inDialog(fill(), [](FillDialog& dialog) {
-        field<PopUpBox>(dialog, "Fill with").chooseItem(3);
-        for (const int colours : {1, 0}) {
-            field<PopUpBox>(dialog, "Colours").chooseItem(colours);
-            for (const char* const name : {"From", "To"})
-                EXPECT_EQ(field<QPushButton>(dialog, name).isEnabled(), colours == 0) << name;
-        }
-        dialog.reject();
-    });
+    EXPECT_FALSE(steps().canUndo());
 }
 
 TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
@@ -129,8 +112,8 @@ TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
             dialog.accept();
         });
         EXPECT_EQ(numbers(), row.after) << row.steps;
-        EXPECT_EQ(commands().history().steps().undoText(), "Fill 8 Pads");
-        commands().history().steps().undo();
+        EXPECT_EQ(steps().undoText(), "Fill 8 Pads");
+        steps().undo();
         EXPECT_EQ(numbers(), before);
     }
 }
@@ -138,7 +121,7 @@ TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
 TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
     const Numbers before = numbers();
     choose(kPad + 1);
-    QTest::mouseClick(window().picture().button(kPad + 6), Qt::LeftButton, Qt::ControlModifier);
+    QTest::mouseClick(&button(kPad + 6), Qt::LeftButton, Qt::ControlModifier);
     inDialog(fill(), [](FillDialog& dialog) {
         field<QLineEdit>(dialog, "First note").setText("C1");
         dialog.accept();
@@ -156,7 +139,7 @@ TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
     after[1] = 22;
     after[6] = 23;
     EXPECT_EQ(numbers(), after);
-    EXPECT_EQ(commands().history().steps().undoText(), "Transpose 2 Pads");
+    EXPECT_EQ(steps().undoText(), "Transpose 2 Pads");
 }
 
 // In the second scene, of which the last pad is looked at.
@@ -217,7 +200,7 @@ TEST_F(FillDialogTest, EachPageFillsTheShownSceneWithWhatItsFieldsSay) {
         });
         EXPECT_EQ(row.read(last), row.after) << row.page;
         EXPECT_NE(row.after, before) << row.page;
-        commands().history().steps().undo();
+        steps().undo();
     }
 }
 
@@ -225,40 +208,28 @@ TEST_F(FillDialogTest, AColourOfTheTwoIsChosenInADialogOfItsOwn) {
     chooseAll(kPad);
     inDialog(fill(), [](FillDialog& dialog) {
         field<PopUpBox>(dialog, "Fill with").chooseItem(3);
+        for (const int colours : {1, 0})
+            for (const char* const name : {"From", "To"}) {
+                field<PopUpBox>(dialog, "Colours").chooseItem(colours);
+                EXPECT_EQ(field<QPushButton>(dialog, name).isEnabled(), colours == 0) << name;
+            }
         QPushButton& from = field<QPushButton>(dialog, "From");
-        const auto ask = [&from](const std::function<void(QColorDialog&)>& act) {
-            QTimer::singleShot(0, &from, [&act] {
+        EXPECT_EQ(from.text(), "#ff0000");
+        for (const char* const chosen : {"#ff0000", "#0000ff"}) { // the first is refused
+            QTimer::singleShot(0, &from, [&] {
                 auto* const asked = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
                 ASSERT_NE(asked, nullptr);
-                act(*asked);
+                EXPECT_EQ(asked->currentColor().name(), "#ff0000");
+                asked->setCurrentColor(QColor(chosen == from.text() ? "#00ff00" : chosen));
+                static_cast<QDialog*>(asked)->done(chosen == from.text() ? QDialog::Rejected
+                                                                         : QDialog::Accepted);
             });
             from.click();
-        };
-        ask([](QColorDialog& asked) {
-            EXPECT_EQ(asked.currentColor().name(), "#ff0000");
-            asked.reject();
-        });
-        EXPECT_EQ(from.text(), "#ff0000");
-        ask([](QColorDialog& asked) {
-            asked.setCurrentColor(QColor("#0000ff"));
-            asked.accept();
-        });
-        EXPECT_EQ(from.text(), "#0000ff");
+            EXPECT_EQ(from.text(), chosen);
+        }
         ASSERT_TRUE(dialog.filled());
         const auto& pads = dialog.filled()->front()->buttonValueArray();
         EXPECT_EQ(pads.at(kPad - 1)->CB(), 127);
-        dialog.reject();
-    });
-}
-
-TEST_F(FillDialogTest, ItStandsAtTheFootOfTheWindow) {
-    choose(kPad);
-    inDialog(fill(), [this](FillDialog& dialog) {
-        const QRect room = dialog.screen()->availableGeometry();
-        const QPoint foot = window().mapToGlobal(window().rect().bottomLeft());
-        EXPECT_TRUE(room.contains(dialog.geometry()));
-        EXPECT_EQ(dialog.x(), std::max(foot.x(), room.left()));
-        EXPECT_NEAR(dialog.geometry().bottom(), std::min(foot.y(), room.bottom()), 40);
         dialog.reject();
     });
 }

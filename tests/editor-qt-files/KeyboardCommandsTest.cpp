@@ -20,6 +20,7 @@
 #include <array>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,41 +40,42 @@ protected:
     [[nodiscard]] QString text() { return keyboard().text(); }
 };
 
-TEST_F(KeyboardWatchTest, TheVirtualControllerIsCalledSo) {
+TEST_F(KeyboardWatchTest, EachLookShowsWhetherAndWhyTheKeyboardCannotBeUsed) {
+    using Access = AttachedDevice::Access;
+    struct Row {
+        std::optional<Access> access; // nothing for no keyboard
+        const char* text;
+        ResultCode cure = kResultSuccess; // for none
+    };
+    const Row rows[] = {{{}, "No keyboard plugged in"},
+                        {Access::Usable, "Keyboard plugged in"},
+                        {Access::NoPermission,
+                         "Keyboard plugged in, but you have no permission to use it",
+                         kResultAccess},
+                        {Access::Claimed, "Keyboard in use by another program", kResultBusy},
+                        {{}, "No keyboard plugged in"}};
+    std::string log;
+    watch();
+    Diagnostics::setLog([&log](std::string_view line) { log += line; });
+    for (const Row& row : rows) {
+        plugged.clear();
+        if (row.access)
+            attach(*row.access);
+        keyboard().look();
+        EXPECT_EQ(text(), row.text);
+        EXPECT_EQ(keyboard().toolTip().toStdString(),
+                  row.cure == kResultSuccess ? "" : causeAndCure(row.cure));
+    }
+    Diagnostics::setLog(nullptr);
+    EXPECT_EQ(log, "");
+}
+
+TEST_F(KeyboardWatchTest, TheVirtualControllerAndAChosenKeyboardAreNotAnyKeyboard) {
     open();
     EXPECT_EQ(text(), "Virtual controller");
-    look();
+    keyboard().look();
     EXPECT_EQ(text(), "Virtual controller");
-}
-
-struct Shown {
-    AttachedDevice::Access access;
-    const char* text;
-    ResultCode cure; // success for none
-};
-
-TEST_F(KeyboardWatchTest, EachLookShowsWhetherAndWhyTheKeyboardCannotBeUsed) {
-    watch();
-    EXPECT_EQ(text(), "No keyboard plugged in");
-    for (const Shown& shown :
-         {Shown{AttachedDevice::Access::Usable, "Keyboard plugged in", kResultSuccess},
-          Shown{AttachedDevice::Access::NoPermission,
-                "Keyboard plugged in, but you have no permission to use it", kResultAccess},
-          Shown{AttachedDevice::Access::Claimed, "Keyboard in use by another program",
-                kResultBusy}}) {
-        attach(shown.access);
-        look();
-        EXPECT_EQ(text(), shown.text);
-        EXPECT_EQ(keyboard().toolTip().toStdString(),
-                  shown.cure == kResultSuccess ? "" : causeAndCure(shown.cure));
-    }
-    plugged.clear();
-    look();
-    EXPECT_EQ(text(), "No keyboard plugged in");
-    EXPECT_EQ(keyboard().toolTip(), "");
-}
-
-TEST_F(KeyboardWatchTest, AChosenKeyboardThatIsNotThereIsNotAnyKeyboard) {
+    close();
     attach();
     watch("1-2");
     EXPECT_EQ(text(), "The chosen keyboard is not plugged in");
@@ -85,8 +87,7 @@ TEST_F(KeyboardWatchTest, TheEndOfEachCommandLooksAgain) {
     press(Qt::Key_R);
     const int afterRead = looks;
     EXPECT_GT(afterRead, before);
-    press(Qt::Key_Return);
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    send();
     EXPECT_GT(looks, afterRead);
 }
 
@@ -94,10 +95,10 @@ TEST_F(KeyboardWatchTest, OurOwnClaimDuringASendIsNotShown) {
     watch();
     press(Qt::Key_Return);
     attach(AttachedDevice::Access::Claimed);
-    look();
+    keyboard().look();
     EXPECT_EQ(text(), "No keyboard plugged in");
     attach();
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    waitForSend();
     EXPECT_EQ(text(), "Keyboard plugged in");
 }
 
@@ -112,83 +113,64 @@ TEST_F(KeyboardWatchTest, WhatTheMonitorTellsIsLookedAt) {
     ASSERT_NE(notifier, nullptr);
     EXPECT_EQ(notifier->socket(), descriptor);
     EXPECT_TRUE(notifier->isEnabled());
+    EXPECT_TRUE(keyboard().findChildren<QTimer*>().isEmpty());
     attach();
     QEvent readable(QEvent::SockAct);
     QCoreApplication::sendEvent(notifier, &readable);
     EXPECT_EQ(text(), "Keyboard plugged in");
 }
 
-TEST_F(KeyboardWatchTest, WithoutAMonitorOnlyCallsLook) {
+TEST_F(KeyboardWatchTest, WithoutAMonitorOnlyCallsLookAndNoneByTheClock) {
     watch();
     keyboard().follow(failure("none"));
     EXPECT_EQ(keyboard().findChild<QSocketNotifier*>(), nullptr);
+    EXPECT_TRUE(keyboard().findChildren<QTimer*>().isEmpty());
     attach();
-    look();
+    keyboard().look();
     EXPECT_EQ(text(), "Keyboard plugged in");
 }
 
-TEST_F(KeyboardWatchTest, NothingIsLookedAtByTheClock) {
-    watch();
-    keyboard().follow(DeviceMonitor::start());
-    EXPECT_TRUE(keyboard().findChildren<QTimer*>().isEmpty());
-}
-
-TEST_F(KeyboardWatchTest, TheLogHoldsNothingOfIt) {
-    std::string log;
-    watch();
-    Diagnostics::setLog([&log](std::string_view line) { log += line; });
-    attach();
-    look();
-    Diagnostics::setLog(nullptr);
-    EXPECT_EQ(log, "");
-}
-
-// A device of another host, at a port.
-class DeviceAtPort : public UsbDevice {
-public:
-    DeviceAtPort(std::shared_ptr<UsbDevice> device, std::string port)
-        : device_(std::move(device)), port_(std::move(port)) {}
-
-    [[nodiscard]] std::string name() const override { return device_->name(); }
-    [[nodiscard]] std::string port() const override { return port_; }
-    [[nodiscard]] std::uint16_t vendor() override { return device_->vendor(); }
-    [[nodiscard]] std::uint16_t product() override { return device_->product(); }
-    [[nodiscard]] UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
-        return device_->interface(place);
-    }
-
-private:
-    std::shared_ptr<UsbDevice> device_;
-    std::string port_;
-};
-
-// Two virtual controllers on one bus, at the ports 1-1 and 1-2.
+// A virtual controller at the port 1-1 and another at 1-2 of one bus.
 class TwoControllers : public UsbHost {
 public:
     UsbResult<Devices> devices(const DeviceMatch& match) override {
+        class AtPort : public UsbDevice {
+        public:
+            AtPort(std::shared_ptr<UsbDevice> device, std::string port)
+                : device_(std::move(device)), port_(std::move(port)) {}
+
+            [[nodiscard]] std::string name() const override { return device_->name(); }
+            [[nodiscard]] std::string port() const override { return port_; }
+            [[nodiscard]] std::uint16_t vendor() override { return device_->vendor(); }
+            [[nodiscard]] std::uint16_t product() override { return device_->product(); }
+            [[nodiscard]] UsbResult<std::unique_ptr<UsbInterface>>
+            interface(std::size_t place) override {
+                return device_->interface(place);
+            }
+
+        private:
+            std::shared_ptr<UsbDevice> device_;
+            std::string port_;
+        };
         Devices both;
-        for (std::size_t place = 0; place < hosts.size(); ++place) {
-            const Devices found = hosts.at(place)->devices(match).value_or(Devices{});
+        for (const auto& controller : controllers) {
+            const Devices found = makeVirtualHost(controller)->devices(match).value();
             for (const auto& device : found)
                 both.push_back(
-                    std::make_shared<DeviceAtPort>(device, "1-" + std::to_string(place + 1)));
+                    std::make_shared<AtPort>(device, controller == controllers[0] ? "1-1" : "1-2"));
         }
         return both;
     }
 
-    std::array<std::shared_ptr<VirtualController>, 2> controllers{
-        std::make_shared<VirtualController>(bankWithName("First")),
-        std::make_shared<VirtualController>(bankWithName("Second"))};
+    std::array<std::shared_ptr<VirtualController>, 2> controllers{controllerWith("First"),
+                                                                  controllerWith("Second")};
 
 private:
-    static BankImage bankWithName(const std::string& name) {
+    static std::shared_ptr<VirtualController> controllerWith(const std::string& name) {
         SceneList scenes = copyOf(WindowAction::scenes());
         scenes.front()->commonValue()->setSceneName(name);
-        return encodeBank(scenes);
+        return std::make_shared<VirtualController>(encodeBank(scenes));
     }
-
-    std::array<std::shared_ptr<VirtualHost>, 2> hosts{makeVirtualHost(controllers[0]),
-                                                      makeVirtualHost(controllers[1])};
 };
 
 class KeyboardCommandsTest : public CommandsBench {
@@ -265,7 +247,7 @@ TEST_F(KeyboardCommandsTest, TwoKeyboardsInOneEveningAreNotMixedUp) {
     look();
     press(Qt::Key_Return);
     EXPECT_FALSE(picker().isEnabled()) << "a send is on its way to the chosen one";
-    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    waitForSend();
     EXPECT_TRUE(picker().isEnabled());
     EXPECT_EQ(bus->controllers[1]->bank(), first);
     EXPECT_EQ(bus->controllers[0]->bank(), first);
@@ -290,34 +272,28 @@ TEST_F(KeyboardCommandsTest, WhatOneHoldsSaysNothingOfAnotherAtItsPort) {
 }
 
 TEST_F(KeyboardCommandsTest, AChoiceIsRememberedAsLongAsItsKeyboardIsThere) {
+    const auto chosenAnew = [this](std::vector<AttachedDevice> devices) {
+        close();
+        plugged = std::move(devices);
+        watch();
+        return keyboards->chosen();
+    };
     watch();
     pick(1);
-    close();
-    watch();
-    EXPECT_EQ(keyboards->chosen(), "1-2");
-    close();
-    plugged.pop_back();
-    watch();
-    EXPECT_EQ(keyboards->chosen(), "") << "the only one is used";
-    close();
-    plugged.push_back(strange("1-2"));
-    watch();
-    EXPECT_EQ(keyboards->chosen(), "") << "one that is not listed is no keyboard";
+    EXPECT_EQ(chosenAnew(plugged), "1-2");
+    EXPECT_EQ(chosenAnew({deviceAt("1-1")}), "") << "the only one is used";
+    EXPECT_EQ(chosenAnew({deviceAt("1-1"), strange("1-2")}), "") << "that is no keyboard";
 }
 
-TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineIsNotRemembered) {
+TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineIsNotRememberedAndMissedUntilItIsThere) {
     programSettings().setValue("keyboard", "1-1");
-    watch("1-2");
-    EXPECT_EQ(keyboards->chosen(), "1-2");
-    EXPECT_EQ(programSettings().value("keyboard").toString(), "1-1");
-}
-
-TEST_F(KeyboardCommandsTest, AChoiceOfTheCommandLineThatIsNotThereSaysWhatIsUntilItIs) {
     watch("1-3");
     EXPECT_EQ(notice(), "There is no keyboard 1-3; plugged in: 1-1 (Keys), 1-2 (Keys)");
     plugged.push_back(deviceAt("1-3"));
     look();
     EXPECT_EQ(notice(), "");
+    EXPECT_EQ(keyboards->chosen(), "1-3");
+    EXPECT_EQ(programSettings().value("keyboard").toString(), "1-1");
 }
 
 } // namespace

@@ -1,7 +1,13 @@
+// The strips that show what is played on the keyboard.
+#include "editor/qt/MonitorStrip.h"
+
+#include "editor/qt/NoticeBar.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/TryStrip.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
@@ -20,7 +26,6 @@ constexpr PortAddress kKeyboard{20, 0};
 constexpr MidiMessage kPadOn{0x99, 38, 100}; // what the third pad of the default scenes sends
 constexpr MidiMessage kPadOff{0x89, 38, 0};
 constexpr std::int32_t kThirdPad = kPad + 2;
-constexpr std::int32_t kKnob = 5;
 
 // Another program has the keyboard's first port for itself.
 class TakenSequencer final : public ScriptedSequencer {
@@ -31,13 +36,12 @@ public:
     }
 };
 
-class MonitorStripTest : public CommandsBench {
+// A keyboard that is played.
+class PlayedKeyboard : public OpenWindow {
 protected:
-    MonitorStripTest() {
-        open();
+    PlayedKeyboard() {
         ports->add(kKeyboard, "Keyboard", "MIDI 1", 1);
-        input_ = std::make_unique<KeyboardInput>(window());
-        input_->use(
+        input_.use(
             [this]() -> Result<std::unique_ptr<Sequencer>> {
                 if (!error.empty())
                     return failure(error);
@@ -49,34 +53,15 @@ protected:
             [] {
                 return std::vector<SoundKeyboard>{{"1209:0001#0", 1}};
             });
-        strip_ = &makeChild<MonitorStrip>(window(), *input_);
-        window().show();
     }
 
-    MonitorStrip& strip() { return *strip_; }
-    KeyboardInput& input() { return *input_; }
+    KeyboardInput& input() { return input_; }
     void play(std::initializer_list<MidiMessage> messages) {
         for (const MidiMessage& message : messages)
             ports->send(kKeyboard, message);
-        input_->take();
-        strip().show();
+        input_.take();
     }
-    // Words and senders of each line.
-    QStringList told() {
-        QStringList lines;
-        MonitorLines& model = strip().lines();
-        for (int row = 0; row < model.rowCount(); ++row)
-            lines.append(model.index(row, MonitorLines::Words).data().toString() + " | " +
-                         model.index(row, MonitorLines::Senders).data().toString());
-        return lines;
-    }
-    ControlButton& button(std::int32_t control) { return *window().picture().button(control); }
-    QAbstractButton& toolButton(const char* text) {
-        for (auto* each : strip().findChildren<QToolButton*>())
-            if (each->text() == text)
-                return *each;
-        throw std::out_of_range(text);
-    }
+    [[nodiscard]] std::int32_t chosen() { return window().view().selectControl(); }
 
     std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
     std::string error;
@@ -84,16 +69,40 @@ protected:
     int opened = 0; // how often the sequencer was
 
 private:
-    std::unique_ptr<KeyboardInput> input_;
-    MonitorStrip* strip_ = nullptr; // child of the window
+    KeyboardInput input_{window()};
+};
+
+class MonitorStripTest : public PlayedKeyboard {
+protected:
+    void play(std::initializer_list<MidiMessage> messages) {
+        PlayedKeyboard::play(messages);
+        strip.show(); // the lines that came
+    }
+    // Words and senders of each line.
+    QStringList told() {
+        QStringList lines;
+        MonitorLines& model = strip.lines();
+        for (int row = 0; row < model.rowCount(); ++row)
+            lines.append(model.index(row, MonitorLines::Words).data().toString() + " | " +
+                         model.index(row, MonitorLines::Senders).data().toString());
+        return lines;
+    }
+    QAbstractButton& toolButton(const char* text) {
+        for (auto* each : strip.findChildren<QToolButton*>())
+            if (each->text() == text)
+                return *each;
+        throw std::out_of_range(text);
+    }
+
+    MonitorStrip& strip = makeChild<MonitorStrip>(window(), input());
 };
 
 TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
     WindowAction::getSceneWithIndex(2)->buttonValueArray().at(kThirdPad - 1)->setCCOrNoteNumber(99);
-    strip().action().setChecked(true);
-    EXPECT_TRUE(strip().isVisible());
+    strip.action().setChecked(true);
+    EXPECT_TRUE(strip.isVisible());
     QStringList labels;
-    for (const QLabel* label : strip().findChildren<QLabel*>())
+    for (const QLabel* label : strip.findChildren<QLabel*>())
         labels.append(label->text());
     EXPECT_TRUE(labels.contains("Listening to MIDI 1")) << labels.join("; ").toStdString();
     play({kPadOn, kPadOff, {0x99, 99, 1}, {0x99, 5, 1}});
@@ -104,7 +113,7 @@ TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
 }
 
 TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     play({kPadOn});
     EXPECT_TRUE(button(kThirdPad).isPlayed());
     EXPECT_FALSE(button(kThirdPad + 1).isPlayed());
@@ -120,30 +129,25 @@ TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
     EXPECT_TRUE(waitUntil([&] { return !button(kKnob).isPlayed(); }));
 }
 
-TEST_F(MonitorStripTest, PauseKeepsWhatCameAndClearTakesItAway) {
-    strip().action().setChecked(true);
+TEST_F(MonitorStripTest, PauseKeepsWhatCameClearTakesItAwayAndClockIsHiddenUnlessAskedFor) {
+    strip.action().setChecked(true);
     toolButton("Pause").setChecked(true);
     play({kPadOn});
     EXPECT_EQ(told(), QStringList());
     toolButton("Pause").setChecked(false);
     EXPECT_EQ(told().size(), 1);
     toolButton("Clear").click();
-    EXPECT_EQ(told(), QStringList());
-}
-
-TEST_F(MonitorStripTest, ClockIsHiddenUnlessAskedFor) {
-    strip().action().setChecked(true);
     play({{kClock}, {kActiveSensing}});
-    EXPECT_EQ(told().size(), 0);
+    EXPECT_EQ(told(), QStringList());
     toolButton("Clock Too").setChecked(true);
     play({{kClock}, {kActiveSensing}});
     EXPECT_EQ(told().size(), 2);
 }
 
 TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     play({kPadOn, {0xB0, 74, 3}});
-    strip().findChild<QLineEdit*>()->setText("knob");
+    strip.findChild<QLineEdit*>()->setText("knob");
     toolButton("Copy").click();
     const QString copied = QApplication::clipboard()->text();
     EXPECT_EQ(copied.count('\n'), 0);
@@ -152,30 +156,30 @@ TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
 
 // Ten seconds of a burst; nothing of it is lost, and only the latest lines are kept.
 TEST_F(MonitorStripTest, ABurstIsKeptToTheLastTenThousandLines) {
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     for (int tick = 0; tick < 300; ++tick) {
         for (int message = 0; message < 100; ++message)
             ports->send(kKeyboard, {0xB0, 74, static_cast<std::uint8_t>(tick % 128)});
         play({});
     }
-    EXPECT_EQ(strip().lines().rowCount(), MonitorLines::kMost);
-    EXPECT_EQ(strip().lines().index(0, MonitorLines::Words).data().toString(),
-              strip().lines().index(99, MonitorLines::Words).data().toString());
-    EXPECT_TRUE(strip().lines().index(9999, 1).data().toString().endsWith("43"));
+    EXPECT_EQ(strip.lines().rowCount(), MonitorLines::kMost);
+    EXPECT_EQ(strip.lines().index(0, MonitorLines::Words).data().toString(),
+              strip.lines().index(99, MonitorLines::Words).data().toString());
+    EXPECT_TRUE(strip.lines().index(9999, 1).data().toString().endsWith("43"));
 }
 
 TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
     record(kPad).setCCOrNoteNumber(38); // as the third
-    strip().chooseAction().setChecked(true);
-    EXPECT_FALSE(strip().isVisible());
+    strip.chooseAction().setChecked(true);
+    EXPECT_FALSE(strip.isVisible());
     play({kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kPad);
+    EXPECT_EQ(chosen(), kPad);
     play({kPadOff, kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kThirdPad);
+    EXPECT_EQ(chosen(), kThirdPad);
     play({kPadOff, kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kPad);
+    EXPECT_EQ(chosen(), kPad);
     play({{0xB0, 74, 1}, {0xB0, 74, 2}});
-    EXPECT_EQ(window().view().selectControl(), kKnob);
+    EXPECT_EQ(chosen(), kKnob);
 }
 
 // Knob 1 and two pads send the controller 74; a pad also when it is let go.
@@ -187,56 +191,56 @@ TEST_F(MonitorStripTest, ControlsOfOneControllerAreChosenInTurnTouchByTouch) {
         record(pad).setOnValue(127);
         record(pad).setPadBehavior(0);
     }
-    strip().chooseAction().setChecked(true);
+    strip.chooseAction().setChecked(true);
     constexpr int kPause = 1050; // milliseconds, longer than a touch may have in it
-    for (const std::int32_t chosen : {kKnob, kPad, kThirdPad, kKnob}) {
+    for (const std::int32_t next : {kKnob, kPad, kThirdPad, kKnob}) {
         play({{0xB0, 74, 127}, {0xB0, 74, 0}});
-        EXPECT_EQ(window().view().selectControl(), chosen);
+        EXPECT_EQ(chosen(), next);
         QTest::qWait(kPause);
     }
     play({{0xB0, 74, 127}});
-    EXPECT_EQ(window().view().selectControl(), kPad);
+    EXPECT_EQ(chosen(), kPad);
     QTest::qWait(kPause);
     record(kKnob).setEnable(0);
     play({{0xB0, 74, 0}});
-    EXPECT_EQ(window().view().selectControl(), kPad) << "let go of late";
+    EXPECT_EQ(chosen(), kPad) << "let go of late";
 }
 
 TEST_F(MonitorStripTest, NothingIsChosenWhileAPopupOrADialogIsOpen) {
-    strip().chooseAction().setChecked(true);
+    strip.chooseAction().setChecked(true);
     choose(kKnob);
     QMenu menu(&window());
     menu.addAction("Entry"); // not every version of Qt opens one without
     menu.popup({});
     play({kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kKnob);
+    EXPECT_EQ(chosen(), kKnob);
     menu.close();
     QDialog dialog(&window());
     dialog.open();
     play({kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kKnob);
+    EXPECT_EQ(chosen(), kKnob);
     dialog.close();
     play({kPadOn});
-    EXPECT_EQ(window().view().selectControl(), kThirdPad);
+    EXPECT_EQ(chosen(), kThirdPad);
 }
 
 TEST_F(MonitorStripTest, ListensAsLongAsEitherWantsItAndDarkensThePictureThen) {
-    strip().action().setChecked(true);
-    strip().chooseAction().setChecked(true);
-    strip().action().setChecked(false);
+    strip.action().setChecked(true);
+    strip.chooseAction().setChecked(true);
+    strip.action().setChecked(false);
     play({kPadOn});
     EXPECT_TRUE(button(kThirdPad).isPlayed());
-    strip().chooseAction().setChecked(false);
+    strip.chooseAction().setChecked(false);
     EXPECT_FALSE(button(kThirdPad).isPlayed());
     play({kPadOn});
     EXPECT_FALSE(button(kThirdPad).isPlayed());
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(input().sentence(), "");
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     EXPECT_EQ(opened, 2);
     ASSERT_TRUE(input().listenFor(window()));
-    strip().action().setChecked(false);
-    strip().action().setChecked(true);
+    strip.action().setChecked(false);
+    strip.action().setChecked(true);
     EXPECT_EQ(opened, 2) << "another one has listened on";
     EXPECT_EQ(input().sentence(), "Listening to MIDI 1");
 }
@@ -244,7 +248,7 @@ TEST_F(MonitorStripTest, ListensAsLongAsEitherWantsItAndDarkensThePictureThen) {
 TEST_F(MonitorStripTest, AfterAnotherChoiceOfTheKeyboardItListensAnew) {
     input().listenAnew();
     EXPECT_EQ(opened, 0) << "nothing listens";
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     input().listenAnew();
     EXPECT_EQ(opened, 2);
     EXPECT_EQ(input().sentence(), "Listening to MIDI 1");
@@ -256,26 +260,122 @@ TEST_F(MonitorStripTest, AfterAnotherChoiceOfTheKeyboardItListensAnew) {
 
 TEST_F(MonitorStripTest, WithoutASequencerOneSentenceIsToldAndNothingShown) {
     error = "there is no sequencer";
-    strip().action().setChecked(true);
+    strip.action().setChecked(true);
     EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: there is no sequencer");
-    EXPECT_FALSE(strip().isVisible());
-    EXPECT_FALSE(strip().action().isChecked());
-    strip().chooseAction().setChecked(true);
-    EXPECT_FALSE(strip().chooseAction().isChecked());
+    EXPECT_FALSE(strip.isVisible());
+    EXPECT_FALSE(strip.action().isChecked());
+    strip.chooseAction().setChecked(true);
+    EXPECT_FALSE(strip.chooseAction().isChecked());
 }
 
-TEST_F(MonitorStripTest, APortThatIsTakenIsToldInOneSentence) {
+TEST_F(MonitorStripTest, APortThatIsTakenIsToldInOneSentenceBesideOneThatIsListenedTo) {
     isTaken = true;
-    strip().chooseAction().setChecked(true);
-    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
+    for (const std::size_t others : {0U, 1U}) {
+        if (others > 0)
+            ports->add({20, 1}, "Keyboard", "MIDI 2", 1);
+        strip.chooseAction().setChecked(true);
+        EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
+        EXPECT_EQ(ports->connections.size(), others);
+        strip.chooseAction().setChecked(false);
+        notices().dismiss();
+    }
 }
 
-TEST_F(MonitorStripTest, APortThatIsTakenIsToldBesideOneThatIsListenedTo) {
-    isTaken = true;
-    ports->add({20, 1}, "Keyboard", "MIDI 2", 1);
-    strip().chooseAction().setChecked(true);
-    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: it is taken");
-    EXPECT_EQ(ports->connections.size(), 1U);
+class TryStripTest : public PlayedKeyboard {
+protected:
+    void begin() {
+        window().commands().read();
+        strip.action().trigger();
+    }
+    [[nodiscard]] QString told() const { return strip.findChild<SpokenText*>()->text(); }
+    void click(const char* title) {
+        for (auto* each : strip.findChildren<QPushButton*>())
+            if (each->text() == title)
+                return each->click();
+        FAIL() << title;
+    }
+    [[nodiscard]] QString result(int row) const {
+        return strip.findChild<QTreeWidget*>()->topLevelItem(row)->text(2);
+    }
+
+    TryStrip strip{window(), input()};
+};
+
+TEST_F(TryStripTest, NothingIsTriedBeforeItIsKnownWhatTheKeyboardHolds) {
+    strip.action().trigger();
+    EXPECT_TRUE(notice().startsWith("It is not known yet what the keyboard holds."));
+    EXPECT_FALSE(strip.isVisible());
+}
+
+TEST_F(TryStripTest, EachControlIsNamedAndShownAndItsResultStandsBesideIt) {
+    begin();
+    EXPECT_EQ(told(), "Touch Knob 1. Choose scene 1 on the keyboard.");
+    EXPECT_EQ(chosen(), kKnob);
+    play({{0xB0, 74, 5}});
+    EXPECT_EQ(result(0), "✓ sent CC 74, ch 1, value 5");
+    EXPECT_EQ(told(), "Touch Knob 2. Knob 1: ✓ sent CC 74, ch 1, value 5.");
+    EXPECT_EQ(chosen(), kKnob + 1);
+    play({{0xB0, 7, 5}});
+    EXPECT_TRUE(result(1).startsWith("✗ sent CC 7, expected CC ")) << result(1).toStdString();
+    click("Skip");
+    EXPECT_EQ(result(2), "skipped");
+    click("Back");
+    EXPECT_EQ(told(), "Touch Knob 3.");
+    EXPECT_EQ(result(2), "");
+}
+
+TEST_F(TryStripTest, TheEndTellsWhatWasFoundAndTheReportIsCopied) {
+    begin();
+    play({{0xB0, 74, 5}});
+    click("Skip");
+    click("End");
+    EXPECT_EQ(told(), "Scene 1: 1 right, 1 skipped, 39 not tried");
+    click("Copy Report");
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    EXPECT_EQ(lines.size(), 1 + 41);
+    EXPECT_EQ(lines[0], told());
+    EXPECT_EQ(lines[1], "Knob 1\tCC 74, ch 1\t✓ sent CC 74, ch 1, value 5");
+    click("Close");
+    EXPECT_FALSE(strip.isVisible());
+    play({{0xB0, 74, 5}}); // nobody is there to take it
+}
+
+TEST_F(TryStripTest, ThePictureStaysWhileAMenuIsOpenAndAReadEndsIt) {
+    begin();
+    QMenu menu(&window());
+    menu.addAction("Entry"); // not every version of Qt opens one without
+    menu.popup({});
+    play({{0xB0, 74, 5}});
+    EXPECT_EQ(chosen(), kKnob);
+    EXPECT_TRUE(told().startsWith("Touch Knob 2."));
+    menu.close();
+    window().commands().read();
+    EXPECT_FALSE(strip.isVisible());
+}
+
+TEST_F(TryStripTest, KeysAloneSkipEndAndCloseIt) {
+    begin();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(told().startsWith("Touch Knob 2."));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(told().startsWith("Scene 1:"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(strip.isVisible());
+}
+
+TEST_F(TryStripTest, AScreenReaderIsToldWhatIsNextAsAnAlert) {
+    begin();
+    QAccessibleInterface* face =
+        QAccessible::queryAccessibleInterface(strip.findChild<SpokenText*>());
+    EXPECT_EQ(face->role(), QAccessible::AlertMessage);
+    play({{0xB0, 74, 5}});
+    EXPECT_EQ(face->text(QAccessible::Name), told());
+    const auto buttons = strip.findChildren<QPushButton*>();
+    for (const char* const next : {"End", "Copy Report"}) {
+        for (const auto* button : buttons)
+            EXPECT_EQ(button->accessibleName(), button->text());
+        click(next);
+    }
 }
 
 } // namespace

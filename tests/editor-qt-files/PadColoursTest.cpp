@@ -14,10 +14,8 @@ namespace scenewright::testing {
 
 namespace {
 
-class PadColoursTest : public CommandsBench {
+class PadColoursTest : public OpenWindow {
 protected:
-    PadColoursTest() { open(); }
-
     static PadColour levels(std::int32_t control) {
         const ButtonValue& pad = record(control);
         return {pad.CR(), pad.CG(), pad.CB()};
@@ -39,10 +37,10 @@ TEST_F(PadColoursTest, AColourOfThePaletteIsOneStepOfTheChosenPad) {
     colour("#ff8000")->click();
     EXPECT_EQ(levels(kPad + 2), (PadColour{127, 64, 0}));
     EXPECT_EQ(window().panes().popUp("padCG").selectedItem(), 64);
-    EXPECT_EQ(commands().history().steps().undoText(), "Pad 3 Colour");
-    commands().history().steps().undo();
+    EXPECT_EQ(steps().undoText(), "Pad 3 Colour");
+    steps().undo();
     EXPECT_EQ(levels(kPad + 2), before);
-    EXPECT_FALSE(commands().history().steps().canUndo());
+    EXPECT_FALSE(steps().canUndo());
 }
 
 TEST_F(PadColoursTest, KeysGoThroughTheRows) {
@@ -126,12 +124,12 @@ TEST_F(PadColoursTest, AnyOtherColourIsChosenInADialogThatBeginsWithThePads) {
         inDialog<QColorDialog>([this] { commands().colours().menu().actions().back()->trigger(); },
                                act);
     };
-    const int steps = commands().history().steps().count();
+    const int before = steps().count();
     choose([](QColorDialog& dialog) {
         EXPECT_EQ(dialog.currentColor().name(), "#ff8000");
         dialog.reject();
     });
-    EXPECT_EQ(commands().history().steps().count(), steps);
+    EXPECT_EQ(steps().count(), before);
     choose([](QColorDialog& dialog) {
         dialog.setCurrentColor(QColor("#00ff00"));
         dialog.accept();
@@ -140,11 +138,11 @@ TEST_F(PadColoursTest, AnyOtherColourIsChosenInADialogThatBeginsWithThePads) {
 }
 
 TEST_F(PadColoursTest, NothingIsWrittenIntoAnotherKindOfControl) {
-    for (const std::int32_t control : {5, 21}) {
+    for (const std::int32_t control : {kKnob, kKey}) {
         choose(control);
         commands().colours().choose({1, 2, 3});
     }
-    EXPECT_FALSE(commands().history().steps().canUndo());
+    EXPECT_FALSE(steps().canUndo());
     window().panes().swatch().click();
     EXPECT_EQ(colour(shown(colourText({1, 2, 3}))), nullptr) << "it was not used";
 }

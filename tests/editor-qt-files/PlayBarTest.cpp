@@ -26,16 +26,14 @@ namespace {
 using Messages = std::vector<MidiMessage>;
 
 constexpr PortAddress kSynth{128, 0};
-constexpr std::int32_t kKnob = 5;
 // What the first pads, the first keys and the first knob of the default scenes send.
 constexpr std::uint8_t kPadNote = 36;
 constexpr std::uint8_t kKeyNote = 48;
 constexpr std::uint8_t kKnobController = 74;
 
-class PlayBarTest : public CommandsBench {
+class PlayBarTest : public OpenWindow {
 protected:
     PlayBarTest() {
-        open();
         ports->add(kSynth, "Synth", "In");
         bar_ = std::make_unique<PlayBar>(window());
         action_ = &bar_->add("Play", [this] {
@@ -50,7 +48,6 @@ protected:
 
     QAction& action() { return *action_; }
     PlayBar& bar() { return *bar_; }
-    ControlButton& button(std::int32_t control) { return *window().picture().button(control); }
     QWidget* keyboard() { return QApplication::focusWidget(); }
     Messages sent() { return std::exchange(ports->sent, {}); }
 

@@ -2,13 +2,13 @@
 #include "bank/BankFile.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
-#include "tests/support/Limits.h"
 
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QTest>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 
 namespace scenewright::testing {
@@ -24,10 +24,8 @@ BankImage filled(std::uint8_t byte) {
     return image;
 }
 
-class SafeSendingTest : public CommandsBench {
+class SafeSendingTest : public OpenWindow {
 protected:
-    SafeSendingTest() { open(); }
-
     // The keyboard holds these, of which nobody knows.
     void hold(const BankImage& image, FaultPlan faults = {}) {
         controller = std::make_shared<VirtualController>(image, std::move(faults));
@@ -51,20 +49,10 @@ protected:
             std::ranges::find(buttons, QLatin1String(title), &QAbstractButton::text);
         ASSERT_NE(chosen, buttons.end()) << title;
         (*chosen)->click();
-        EXPECT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+        waitForSend();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_EQ(question(), nullptr) << title;
-        window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window(), kLimitMilliseconds));
-    }
-    void clickNotice(const char* title) {
-        for (std::size_t place = 0; notices().action(place) != nullptr; ++place)
-            if (notices().action(place)->text() == QLatin1String(title)) {
-                notices().action(place)->click();
-                EXPECT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-                return;
-            }
-        ADD_FAILURE() << title << " is not offered";
+        activate();
     }
     void breakOff(const BankImage& held) {
         hold(held);
@@ -134,15 +122,12 @@ TEST_F(SafeSendingTest, OtherScenesAreToldOfAndPutBack) {
     EXPECT_EQ(record(kPad).CR(), 1);
     notices().dismiss(); // that they were brought back
     EXPECT_EQ(notice(), "") << "what was sent before was known";
-}
-
-TEST_F(SafeSendingTest, TheNextCommandEndsTheNotice) {
     hold(filled(1));
-    record(kPad).setCR(80);
+    record(kPad).setCR(81);
     send();
     ASSERT_EQ(notice(), kKept);
     press(Qt::Key_R);
-    EXPECT_EQ(notice(), "");
+    EXPECT_EQ(notice(), "") << "the next command ends it";
 }
 
 TEST_F(SafeSendingTest, WhatWasReadIsSentWithoutAWord) {
@@ -243,32 +228,28 @@ TEST_F(SafeSendingTest, AReadThatFindsAWholeBankEndsTheMatter) {
 }
 
 // What the window system has told while the read blocked comes when it is over.
-class QueuedInput : public SafeSendingTest {
-protected:
-    void queue(QObject& object, QEvent* event) { QCoreApplication::postEvent(&object, event); }
-};
-
-TEST_F(QueuedInput, KeysAndClicksOfTheBlockedTimeAreDropped) {
+TEST_F(SafeSendingTest, KeysAndClicksOfTheBlockedTimeAreDropped) {
     hold(filled(1));
     QPushButton& button = window().sendButton();
     const QPointF middle = QRectF(button.rect()).center();
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-        queue(button,
-              new QMouseEvent(type, middle, button.mapToGlobal(middle), Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier));
-    queue(window().scenes().segment(1),
-          new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " "));
-    queue(window().scenes().segment(1),
-          new QKeyEvent(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " "));
+    for (const bool isPress : {true, false}) {
+        QCoreApplication::postEvent(
+            &button,
+            new QMouseEvent(isPress ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, middle,
+                            button.mapToGlobal(middle), Qt::LeftButton,
+                            isPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+        QCoreApplication::postEvent(&window().scenes().segment(1),
+                                    new QKeyEvent(isPress ? QEvent::KeyPress : QEvent::KeyRelease,
+                                                  Qt::Key_Space, Qt::NoModifier, " "));
+    }
     window().commands().read();
-    EXPECT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    waitForSend();
     QCoreApplication::processEvents();
     EXPECT_EQ(controller->sendsEnded(), 0U);
     EXPECT_EQ(question(), nullptr);
     EXPECT_EQ(window().view().sceneIndex(), 0);
     button.click();
-    EXPECT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
+    waitForSend();
     EXPECT_EQ(controller->sendsEnded(), 1U) << "what comes later is carried out";
 }
 

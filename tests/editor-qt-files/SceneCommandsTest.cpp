@@ -2,7 +2,6 @@
 
 #include "app/WindowAction.h"
 #include "bank/SettingText.h"
-#include "platform/Diagnostics.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QDrag>
@@ -10,13 +9,11 @@
 #include <QMimeData>
 #include <QTest>
 #include <QTimer>
-#include <fmt/format.h>
 
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -24,77 +21,11 @@ namespace scenewright::testing {
 
 namespace {
 
-class ControlCommandsTest : public CommandsBench {
-protected:
-    ControlCommandsTest() { open(); }
-};
-
-TEST_F(ControlCommandsTest, KeysCopyAndPasteBetweenPads) {
-    record(kPad).setCR(90);
-    choose(kPad);
-    press(Qt::Key_C);
-    choose(kPad + 1);
-    press(Qt::Key_V);
-    EXPECT_EQ(record(kPad + 1).CR(), 90);
-    // Pane and picture follow.
-    EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
-    EXPECT_EQ(window().picture().button(kPad + 1)->light().red,
-              window().picture().button(kPad)->light().red);
-    EXPECT_EQ(window().view().selectControl(), kPad + 1);
-}
-
-TEST_F(ControlCommandsTest, PasteIsGreyedWhereTheKindDiffers) {
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
-    choose(kPad);
-    press(Qt::Key_C);
-    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
-    choose(5); // a knob
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
-    choose(kPad + 3);
-    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
-    press(Qt::Key_2);
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
-}
-
-TEST_F(ControlCommandsTest, ResetPutsTheDefaultBack) {
-    const std::int32_t number = record(kPad).CCOrNoteNumber();
-    record(kPad).setCCOrNoteNumber(number + 1);
-    choose(kPad);
-    press(Qt::Key_Backspace);
-    EXPECT_EQ(record(kPad).CCOrNoteNumber(), number);
-    EXPECT_EQ(window().panes().popUp("padCCOrNoteNumber").selectedItem(), number);
-}
-
-TEST_F(ControlCommandsTest, PasteAndResetShowTheControlAndLogNoSelection) {
-    choose(kPad);
-    record(kPad).setCR(90);
-    press(Qt::Key_C);
-    record(kPad).setCR(7);
-    std::vector<std::string> log;
-    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
-    press(Qt::Key_V);
-    EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
-    press(Qt::Key_Backspace);
-    Diagnostics::setLog({});
-    EXPECT_EQ(log, (std::vector<std::string>{"CR---------->90",
-                                             fmt::format("CR---------->{}", record(kPad).CR())}));
-}
-
-TEST_F(ControlCommandsTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {
-    choose(kPad);
-    ASSERT_TRUE(commands().controls().copyAction().isEnabled());
-    QTest::keyClick(&window().list(), Qt::Key_Down); // passes over a row
-    ASSERT_EQ(window().view().selectControl(), -1);
-    EXPECT_FALSE(commands().controls().copyAction().isEnabled());
-    EXPECT_FALSE(commands().controls().resetAction().isEnabled());
-}
-
 using Names = std::vector<std::string>;
 
-class SceneCommandsTest : public CommandsBench {
+class SceneCommandsTest : public OpenWindow {
 protected:
     SceneCommandsTest() {
-        open();
         for (std::int32_t scene = 0; scene < kSceneCount; ++scene)
             WindowAction::getSceneWithIndex(scene)->buttonValueArray().at(kPad - 1)->setCR(10 *
                                                                                            scene);
@@ -115,24 +46,6 @@ protected:
             if (action->text() == title)
                 return *action;
         throw std::out_of_range(title.toStdString());
-    }
-
-    // Types into the dialog that opens next; gives what it says of the name, and whether it takes
-    // it.
-    void renameTo(const QString& name, QString& told, bool& isTaken) {
-        QTimer::singleShot(0, &window(), [&] {
-            auto* dialog = qobject_cast<RenameDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            auto* field = dialog->findChild<QLineEdit*>();
-            EXPECT_EQ(field->selectedText().toStdString() + " 0", scenes().front());
-            field->insert(name);
-            told = dialog->findChildren<QLabel*>().front()->text();
-            QTest::keyClick(field, Qt::Key_Return);
-            isTaken = !dialog->isVisible();
-            if (!isTaken)
-                dialog->reject();
-        });
-        commands().scenes().rename(0);
     }
 };
 
@@ -156,8 +69,8 @@ TEST_F(SceneCommandsTest, EachCommandIsOneStepThatIsUndone) {
                                "Reset Scene 4"}}) {
         row.command();
         EXPECT_EQ(scenes(), row.after);
-        EXPECT_EQ(commands().history().steps().undoText(), row.step);
-        commands().history().steps().undo();
+        EXPECT_EQ(steps().undoText(), row.step);
+        steps().undo();
         EXPECT_EQ(scenes(), before);
     }
 }
@@ -182,30 +95,24 @@ TEST_F(SceneCommandsTest, ANameIsTakenWhileTheControllerCanHoldIt) {
           Row{QString::fromUtf8("Überraschun"), "12 of 12 bytes", true},
           Row{"thirteen byte", "a scene's name has at most 12 bytes, and \"thirteen byte\" has 13",
               false}}) {
+        SCOPED_TRACE(row.typed.toStdString());
         const std::string before = scenes().front();
-        QString told;
-        bool isTaken = false;
-        renameTo(row.typed, told, isTaken);
-        EXPECT_EQ(isTaken, row.isTaken) << row.typed.toStdString();
-        EXPECT_EQ(told, row.told);
+        inDialog<RenameDialog>(
+            [this] { commands().scenes().rename(0); },
+            [&](RenameDialog& dialog) {
+                auto& name = field<QLineEdit>(dialog, "Name");
+                EXPECT_EQ(tabStops(name), (QStringList{"Name", "Cancel", "Rename"}));
+                EXPECT_EQ(name.selectedText().toStdString() + " 0", before);
+                name.insert(row.typed);
+                EXPECT_EQ(dialog.findChildren<QLabel*>().front()->text(), row.told);
+                QTest::keyClick(&name, Qt::Key_Return);
+                EXPECT_EQ(!dialog.isVisible(), row.isTaken);
+                if (!row.isTaken)
+                    dialog.reject();
+            });
         EXPECT_EQ(scenes().front(), row.isTaken ? row.typed.toStdString() + " 0" : before);
     }
-    EXPECT_EQ(commands().history().steps().undoText(), "Rename Scene 1");
-}
-
-TEST_F(SceneCommandsTest, TheTabKeyGoesFromTheNameToTheButtons) {
-    inDialog<RenameDialog>([this] { command("&Rename...").trigger(); },
-                           [](RenameDialog& dialog) {
-                               QStringList stops;
-                               const QWidget* const first = dialog.findChild<QLineEdit*>();
-                               for (const QWidget* at = first; stops.isEmpty() || at != first;
-                                    at = at->nextInFocusChain())
-                                   if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
-                                       stops.append(at->accessibleName());
-                               EXPECT_EQ(stops, (QStringList{"Name", "Cancel", "Rename"}))
-                                   << stops.join(", ").toStdString();
-                               dialog.reject();
-                           });
+    EXPECT_EQ(steps().undoText(), "Rename Scene 1");
 }
 
 TEST_F(SceneCommandsTest, TheMenusRenameAndResetAreForTheSceneThatIsShown) {
@@ -300,14 +207,14 @@ TEST_F(SceneCommandsTest, ASceneDroppedOnAnotherIsSwappedOrCopied) {
     drop(Qt::ControlModifier);
     const Names after{"SCENE4 30", "SCENE2 10", "SCENE3 20", "SCENE4 30"};
     EXPECT_EQ(scenes(), after);
-    const int steps = commands().history().steps().count();
+    const int before = steps().count();
     data.setData("application/x-scenewright-scene", "3"); // its own
     drop(Qt::NoModifier, false);
     data.removeFormat("application/x-scenewright-scene");
     data.setText("0"); // of another program
     drop(Qt::NoModifier, false);
     EXPECT_EQ(scenes(), after);
-    EXPECT_EQ(commands().history().steps().count(), steps);
+    EXPECT_EQ(steps().count(), before);
 }
 
 } // namespace

@@ -16,10 +16,8 @@ namespace scenewright::testing {
 
 namespace {
 
-class ChangeMarksTest : public CommandsBench {
+class ChangeMarksTest : public OpenWindow {
 protected:
-    ChangeMarksTest() { open(); }
-
     void edit(std::int32_t scene, std::int32_t control, const char* outlet, std::int32_t value) {
         window().showControl(scene, control);
         pick(outlet, value);
@@ -68,18 +66,7 @@ TEST_F(ChangeMarksTest, ScenesAndCountFollowWhatTheKeyboardIsKnownToHold) {
     }
 }
 
-TEST_F(ChangeMarksTest, TheCountOpensTheDifferences) {
-    KnownKeyboard::set(storedImage(), "");
-    edit(0, kPad, "padCR", 3);
-    QTest::mouseClick(&window().unsentButton(), Qt::LeftButton);
-    auto* dialog = window().findChild<DifferenceDialog*>();
-    ASSERT_NE(dialog, nullptr);
-    ASSERT_EQ(dialog->lines().size(), 1);
-    EXPECT_TRUE(dialog->lines()[0].startsWith("Scene 1, Pad 1, Red: "));
-    EXPECT_TRUE(dialog->lines()[0].endsWith(" -> 3"));
-}
-
-TEST_F(ChangeMarksTest, NothingMovesWhenTheCountComes) {
+TEST_F(ChangeMarksTest, TheCountComesWithoutMovingAnythingAndOpensTheDifferences) {
     KnownKeyboard::set(storedImage(), "");
     const QRect read = window().readButton().geometry();
     const QRect modes = window().displayModes().geometry();
@@ -88,10 +75,16 @@ TEST_F(ChangeMarksTest, NothingMovesWhenTheCountComes) {
     QCoreApplication::processEvents();
     EXPECT_EQ(window().readButton().geometry(), read);
     EXPECT_EQ(window().displayModes().geometry(), modes);
+    QTest::mouseClick(&window().unsentButton(), Qt::LeftButton);
+    auto* dialog = window().findChild<DifferenceDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    ASSERT_EQ(dialog->lines().size(), 1);
+    EXPECT_TRUE(dialog->lines()[0].startsWith("Scene 1, Pad 1, Red: "));
+    EXPECT_TRUE(dialog->lines()[0].endsWith(" -> 3"));
 }
 
 TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
-    ControlButton& pad = *window().picture().button(kPad);
+    ControlButton& pad = button(kPad);
     const auto picture = [&pad] {
         QCoreApplication::processEvents();
         return pad.grab().toImage();
@@ -104,7 +97,7 @@ TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
     EXPECT_NE(picture(), plain);
     EXPECT_TRUE(pad.isMarked());
     EXPECT_TRUE(pad.accessibleDescription().endsWith(", not sent"));
-    EXPECT_FALSE(window().picture().button(kPad + 1)->isMarked());
+    EXPECT_FALSE(button(kPad + 1).isMarked());
     press(Qt::Key_2);
     EXPECT_FALSE(pad.isMarked()); // of scene 2
     press(Qt::Key_1);
@@ -113,14 +106,8 @@ TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
     EXPECT_EQ(picture(), plain);
 }
 
-class SceneChecksTest : public CommandsBench {
+class SceneChecksTest : public OpenWindow {
 protected:
-    SceneChecksTest() {
-        open();
-        window().show();
-        QTest::qWait(0);
-    }
-
     [[nodiscard]] QString badge() {
         QTest::qWait(0);
         QPushButton& button = commands().checks().badge();
@@ -140,26 +127,18 @@ protected:
         EXPECT_EQ(window().view().sceneIndex(), scene);
         EXPECT_EQ(window().view().selectControl(), control);
     }
-
-    static constexpr std::int32_t kKnob = 5;
 };
 
-TEST_F(SceneChecksTest, TheBadgeFollowsTheScenesAndTheirUndo) {
-    EXPECT_EQ(badge(), "");
-    makeConflict();
-    EXPECT_EQ(badge(), "1 to check");
-    EXPECT_EQ(commands().checks().badge().accessibleName(), "1 to check");
-    commands().history().steps().undo();
-    EXPECT_EQ(badge(), "");
-}
-
-TEST_F(SceneChecksTest, NothingMovesWhenTheBadgeComes) {
+TEST_F(SceneChecksTest, TheBadgeFollowsTheScenesAndTheirUndoAndMovesNothing) {
     EXPECT_EQ(badge(), "");
     const QRect before = window().picture().geometry();
     makeConflict();
     EXPECT_EQ(badge(), "1 to check");
+    EXPECT_EQ(commands().checks().badge().accessibleName(), "1 to check");
     QTest::qWait(0);
     EXPECT_EQ(window().picture().geometry(), before);
+    steps().undo();
+    EXPECT_EQ(badge(), "");
 }
 
 TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
@@ -174,9 +153,8 @@ TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
               "channel 1");
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
                       list.visualItemRect(list.item(0)).center());
-    EXPECT_EQ(window().view().sceneIndex(), 0);
-    EXPECT_EQ(window().view().selectControl(), kKnob);
-    commands().history().steps().undo();
+    expectShown(0, kKnob);
+    steps().undo();
     EXPECT_EQ(badge(), "");
     EXPECT_EQ(list.count(), 0);
 }
@@ -202,7 +180,7 @@ TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     expectShown(1, 0);
     list.setCurrentRow(2);
     expectShown(3, 0);
-    commands().history().steps().undo();
+    steps().undo();
     ASSERT_EQ(badge(), "2 to check");
     EXPECT_EQ(list.currentRow(), 1) << "the last one there is";
 }

@@ -63,9 +63,6 @@ protected:
                    {reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
         return name;
     }
-    void waitForSend() {
-        ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
-    }
 
     WideTexts wide_;
     std::shared_ptr<PopUpValue> lists_ = WindowAction::InitializePopUp();
@@ -259,15 +256,13 @@ TEST_F(SourceTextsTest, WhatIsToldAfterATransfer) {
     expectTold(notice());
     expectAllOwn(window());
     plugIn({{Fault::Kind::Unplug, 1012 + 500}});
-    press(Qt::Key_Return);
-    waitForSend();
+    send();
     expectTold(notice());
     expectAllOwn(window());
     unplug();
     press(Qt::Key_R);
     expectTold(notice());
-    press(Qt::Key_Return);
-    waitForSend();
+    send();
     expectTold(notice());
 }
 

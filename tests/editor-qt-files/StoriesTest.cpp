@@ -21,10 +21,6 @@ namespace scenewright::testing {
 
 namespace {
 
-constexpr std::int32_t kKnob = 5;
-constexpr std::int32_t kSlider = 9;
-constexpr std::int32_t kKey = 21;
-
 class WindowStories : public CommandsBench {
 protected:
     using Told = std::map<std::string_view, std::function<void()>>; // by the story's name

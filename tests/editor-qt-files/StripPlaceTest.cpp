@@ -16,12 +16,10 @@ namespace {
 constexpr QSize kLowest(1024, 600 - 28); // with room for a title bar
 constexpr QSize kUsual(1180, 720);
 
-class StripPlaceTest : public CommandsBench {
+class StripPlaceTest : public OpenWindow {
 protected:
     StripPlaceTest() {
-        open();
         commands().useVirtual();
-        window().show();
         window().commands().read(); // what Try It compares with
     }
 
