@@ -32,26 +32,28 @@ protected:
     GainWindow window_;
 };
 
-TEST_F(GainWindowTest, OpensWithEightGainsOf64) {
-    EXPECT_EQ(sliders().size(), 8);
-    EXPECT_EQ(labels(), QStringList(8, "64/127"));
-}
-
-TEST_F(GainWindowTest, MovingASliderChangesItsGainAndLabelAlone) {
-    QTest::keyClick(sliders().at(2), Qt::Key_End);
-    EXPECT_EQ(window_.controller().gainArray().at(2), sliders().at(2)->QSlider::value());
-    EXPECT_NE(window_.controller().gainArray().at(2), 64);
-    QStringList expected(8, "64/127");
-    expected[2] = QString("%1/127").arg(sliders().at(2)->QSlider::value());
-    EXPECT_EQ(labels(), expected);
-}
-
-TEST_F(GainWindowTest, DefaultBringsEverythingBack) {
-    QTest::keyClick(sliders().at(0), Qt::Key_PageUp);
-    QTest::keyClick(sliders().at(7), Qt::Key_PageDown);
-    press("Default");
-    EXPECT_EQ(labels(), QStringList(8, "64/127"));
-    EXPECT_EQ(window_.controller().gainArray(), std::vector<std::int32_t>(8, 64));
+TEST_F(GainWindowTest, SlidersAndButtonsAreThoseOfItsController) {
+    std::vector<std::string> lines;
+    Diagnostics::setLog([&lines](std::string_view line) { lines.emplace_back(line); });
+    const QStringList before(8, "64/127");
+    EXPECT_EQ(labels(), before);
+    for (int place = 0; place < 8; ++place) {
+        SliderBar& slider = *sliders().at(place);
+        QTest::keyClick(&slider, Qt::Key_End);
+        EXPECT_NE(slider.QSlider::value(), 64);
+        EXPECT_EQ(window_.controller().gainArray().at(static_cast<std::size_t>(place)),
+                  slider.QSlider::value());
+        QStringList after = before;
+        after[place] = QString("%1/127").arg(slider.QSlider::value());
+        EXPECT_EQ(labels(), after);
+        press("Default");
+        EXPECT_EQ(labels(), before);
+    }
+    lines.clear();
+    press("OK");
+    press("Apply");
+    EXPECT_EQ(lines, (std::vector<std::string>{"OK", "Apply"}));
+    EXPECT_TRUE(window_.isVisible());
 }
 
 TEST_F(GainWindowTest, ButtonsStandInARowEachAsWideAsTwoGains) {
@@ -62,15 +64,6 @@ TEST_F(GainWindowTest, ButtonsStandInARowEachAsWideAsTwoGains) {
             << button->accessibleName().toStdString();
         EXPECT_EQ(button->y(), buttons.front()->y()) << button->accessibleName().toStdString();
     }
-}
-
-TEST_F(GainWindowTest, OkAndApplyOnlyLogTheirNames) {
-    std::vector<std::string> lines;
-    Diagnostics::setLog([&lines](std::string_view line) { lines.emplace_back(line); });
-    press("OK");
-    press("Apply");
-    EXPECT_EQ(lines, (std::vector<std::string>{"OK", "Apply"}));
-    EXPECT_TRUE(window_.isVisible());
 }
 
 } // namespace

@@ -67,15 +67,14 @@ constexpr Rule kRules[] = {
     {"KeyNote", 45, 2, "ynny", "button-note", "Note\nbutton-note:60"},
 };
 
-class EachType : public EditorBench, public ::testing::WithParamInterface<Rule> {};
+class EachType : public LoadedEditor, public ::testing::WithParamInterface<Rule> {};
 
-using AssignType = EditorBench;
+using AssignType = LoadedEditor;
 
 } // namespace
 
 TEST_P(EachType, IsShownWithWhatItAllows) {
     const Rule& rule = GetParam();
-    loaded();
     record(rule.control).setAssignType(rule.type);
     if (rule.isPad())
         view.showPadValue(rule.control);
@@ -96,7 +95,6 @@ TEST_P(EachType, IsShownWithWhatItAllows) {
 // Off leaves the number's popup its entries.
 TEST_P(EachType, AllowsTheSameWhenItIsChosen) {
     const Rule& rule = GetParam();
-    loaded();
     record(rule.control).setAssignType(rule.type == 1 ? 2 : 1);
     choose(rule.control);
     journal.clear();
@@ -114,23 +112,16 @@ TEST_P(EachType, AllowsTheSameWhenItIsChosen) {
 INSTANTIATE_TEST_SUITE_P(PadsAndKeys, EachType, ::testing::ValuesIn(kRules),
                          [](const auto& one) { return std::string(one.param.name); });
 
-TEST_F(AssignType, AnythingElseOnlyRefreshesTheSummary) {
-    loaded();
+TEST_F(AssignType, AnythingElseRefreshesTheSummaryAndEmptiesTheNumbersOfAPaneShownAnew) {
     choose(13);
     for (const std::int32_t type : {-1, 3, 127}) {
+        popUp("padOnValue").enabled = false;
+        popUp("padOffValue").enabled = true;
         journal.clear();
         pick("padAssignType", type);
         EXPECT_EQ(record(13).AssignType(), type);
         EXPECT_EQ(journal.withoutPicture(), Lines{});
         EXPECT_EQ(journal.of("button13.setTitle"), Lines{"button13.setTitle(---)"});
-    }
-}
-
-TEST_F(AssignType, AnythingElseIsShownWithAnEmptyNumberListAndWhatCouldBeUsedBefore) {
-    loaded();
-    for (const std::int32_t type : {-1, 3, 127}) {
-        record(13).setAssignType(type);
-        popUp("padOnValue").enabled = false;
         view.showPadValue(13);
         EXPECT_EQ(journal.of("padOffValue.setEnabled"), Lines{});
         EXPECT_TRUE(popUp("padCCOrNoteNumber").titles.empty());
@@ -149,7 +140,6 @@ TEST_F(AssignType, NumberIsClampedToTheNotesAlone) {
         std::int32_t kept;
         std::int32_t shown;
     };
-    loaded();
     choose(13);
     for (const Case& each :
          {Case{128, 127, 2, 127, 127}, Case{100, 127, 2, 99, 99}, Case{100, 100, 2, 100, -1},
@@ -175,13 +165,14 @@ TEST_F(AssignType, WithoutANoteListTheNumberBecomesAbsentAndThePopUpStaysEmpty) 
 }
 
 TEST_F(AssignType, ColoursOfThePadAreNotTouched) {
-    loaded();
     choose(13);
     journal.clear();
-    for (const std::int32_t type : {0, 1, 2, 3})
+    for (const std::int32_t type : {0, 1, 2, 3}) {
+        view.showPadValue(13);
         pick("padAssignType", type);
+    }
     for (const char* name : {"padCR.", "padCG.", "padCB."})
-        EXPECT_EQ(journal.of(name), Lines{});
+        EXPECT_EQ(journal.of(std::string(name) + "setEnabled"), Lines{});
     EXPECT_EQ(record(13).CR(), 10);
 }
 

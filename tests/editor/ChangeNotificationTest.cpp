@@ -1,16 +1,16 @@
 // Whom the view tells of a change, and how often.
 #include "tests/editor/EditorBench.h"
 
+#include <functional>
 #include <stdexcept>
 
 namespace scenewright::testing {
 
 namespace {
 
-class ChangeNotification : public EditorBench {
+class ChangeNotification : public LoadedEditor {
 protected:
     ChangeNotification() {
-        loaded();
         view.setOnChange([this] { ++changes; });
     }
 
@@ -19,19 +19,27 @@ protected:
 
 } // namespace
 
-TEST_F(ChangeNotification, EachChoiceOfTheUserIsToldOnce) {
-    list.click(13);
-    EXPECT_EQ(changes, 1);
-    list.chooseByKeys(14);
-    EXPECT_EQ(changes, 2);
-    view.chooseButtonAction(button(5)); // selects its row, which shows its pane
-    EXPECT_EQ(changes, 3);
-    scenes.selected = 2;
-    view.changeSceneAction(scenes);
-    EXPECT_EQ(changes, 4);
-    displaySelect.selected = 6;
-    view.changeDispalyAction(displaySelect);
-    EXPECT_EQ(changes, 5);
+TEST_F(ChangeNotification, EachChoiceOfTheUserAndEachShowingAnewIsToldOnce) {
+    const std::function<void()> acts[] = {
+        [this] { list.click(13); },
+        [this] { list.chooseByKeys(14); },
+        [this] { choose(5); }, // selects its row, which shows its pane
+        [this] {
+            scenes.selected = 2;
+            view.changeSceneAction(scenes);
+        },
+        [this] {
+            displaySelect.selected = 6;
+            view.changeDispalyAction(displaySelect);
+        },
+        [this] { view.showSceneValue(); },
+        [this] { view.showChosenControl(); },
+    };
+    int expected = 0;
+    for (const auto& act : acts) {
+        act();
+        EXPECT_EQ(changes, ++expected);
+    }
 }
 
 TEST_F(ChangeNotification, EveryEditIsToldOnce) {
@@ -41,13 +49,6 @@ TEST_F(ChangeNotification, EveryEditIsToldOnce) {
         pick(row.name, 1);
         EXPECT_EQ(changes, ++expected) << row.name;
     }
-}
-
-TEST_F(ChangeNotification, SceneAndControlShownAnewAreToldOnceEach) {
-    view.showSceneValue();
-    EXPECT_EQ(changes, 1);
-    view.showChosenControl();
-    EXPECT_EQ(changes, 2);
 }
 
 TEST_F(ChangeNotification, EndOfAReadIsToldOnceAndItsMessagesAreNot) {

@@ -121,48 +121,28 @@ TEST(ControlSelection, ThoseOfTheChosenOnesKindAreToldInTheirOrder) {
     EXPECT_EQ(paneTitle(chosen), "Common");
 }
 
-class ControlClipboardTest : public EditorBench {
+class ControlClipboardTest : public LoadedEditor {
 protected:
-    ControlClipboardTest() { loaded(); }
     [[nodiscard]] const SceneValue& scene() const { return *view.sceneValue(); }
 
     ControlClipboard clipboard;
 };
 
-TEST_F(ControlClipboardTest, ACopyGoesToAnotherControlOfItsKind) {
+TEST_F(ControlClipboardTest, ACopyGoesIntoTheRecordOfAnotherControlOfItsKind) {
+    const auto stored = view.sceneValue()->buttonValueArray()[kPad];
+    const std::int32_t id = stored->ButtonID();
     record(kPad).setCR(100);
     record(kPad).setAssignType(1);
     record(kPad).setPadBehavior(1);
-    EXPECT_TRUE(clipboard.copy(scene(), kPad));
-    EXPECT_TRUE(clipboard.paste(scene(), kPad + 7));
-    EXPECT_EQ(record(kPad + 7).CR(), 100);
-    EXPECT_EQ(record(kPad + 7).AssignType(), 1);
-    EXPECT_EQ(record(kPad + 7).PadBehavior(), 1);
-}
-
-TEST_F(ControlClipboardTest, TheStoredRecordItselfIsWritten) {
-    const auto stored = view.sceneValue()->buttonValueArray()[kPad];
-    record(kPad).setCG(50);
-    EXPECT_TRUE(clipboard.copy(scene(), kPad));
-    EXPECT_TRUE(clipboard.paste(scene(), kPad + 1));
-    EXPECT_EQ(view.sceneValue()->buttonValueArray()[kPad], stored);
-    EXPECT_EQ(stored->CG(), 50);
-}
-
-TEST_F(ControlClipboardTest, WhichControlItIsStays) {
-    const std::int32_t id = record(kPad + 1).ButtonID();
     record(kPad).setButtonID(id + 5);
     EXPECT_TRUE(clipboard.copy(scene(), kPad));
+    record(kPad).setCR(101); // a later edit
     EXPECT_TRUE(clipboard.paste(scene(), kPad + 1));
-    EXPECT_EQ(record(kPad + 1).ButtonID(), id);
-}
-
-TEST_F(ControlClipboardTest, ACopyDoesNotFollowLaterEdits) {
-    record(kKnob).setCCOrNoteNumber(70);
-    EXPECT_TRUE(clipboard.copy(scene(), kKnob));
-    record(kKnob).setCCOrNoteNumber(71);
-    EXPECT_TRUE(clipboard.paste(scene(), kKnob + 1));
-    EXPECT_EQ(record(kKnob + 1).CCOrNoteNumber(), 70);
+    EXPECT_EQ(view.sceneValue()->buttonValueArray()[kPad], stored);
+    EXPECT_EQ(stored->CR(), 100);
+    EXPECT_EQ(stored->AssignType(), 1);
+    EXPECT_EQ(stored->PadBehavior(), 1);
+    EXPECT_EQ(stored->ButtonID(), id) << "which control it is stays";
 }
 
 TEST_F(ControlClipboardTest, AnotherKindTakesNothing) {
@@ -202,32 +182,26 @@ TEST_F(ControlClipboardTest, TheSceneWideSettingsGoToAnotherSceneWithoutTheName)
     EXPECT_EQ(common().SceneName(), "To");
 }
 
-TEST_F(ControlClipboardTest, ResetGivesTheDefaultsBack) {
+TEST_F(ControlClipboardTest, ResetGivesTheDefaultsBackButForTheScenesName) {
     const std::int32_t number = record(kPad).CCOrNoteNumber();
     const std::int32_t type = record(kPad).AssignType();
+    const std::int32_t channel = common().PianoKeyCh();
     record(kPad).setCCOrNoteNumber(3);
     record(kPad).setAssignType(0);
     record(kPad + 1).setCCOrNoteNumber(4);
+    common().setPianoKeyCh(channel + 1);
+    common().setSceneName("Mine");
     EXPECT_TRUE(resetControl(scene(), kPad));
     EXPECT_EQ(record(kPad).CCOrNoteNumber(), number);
     EXPECT_EQ(record(kPad).AssignType(), type);
     EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), 4);
-}
-
-TEST_F(ControlClipboardTest, ResetOfTheSceneWideSettingsLeavesTheName) {
-    const std::int32_t before = common().PianoKeyCh();
-    common().setPianoKeyCh(before + 1);
-    common().setSceneName("Mine");
+    EXPECT_EQ(common().PianoKeyCh(), channel + 1);
     EXPECT_TRUE(resetControl(scene(), 0));
-    EXPECT_EQ(common().PianoKeyCh(), before);
+    EXPECT_EQ(common().PianoKeyCh(), channel);
     EXPECT_EQ(common().SceneName(), "Mine");
-}
-
-TEST_F(ControlClipboardTest, WithoutADefaultNothingIsReset) {
-    record(kPad).setCCOrNoteNumber(3);
     removeDefaultScene();
-    EXPECT_FALSE(resetControl(scene(), kPad));
-    EXPECT_EQ(record(kPad).CCOrNoteNumber(), 3);
+    EXPECT_FALSE(resetControl(scene(), kPad + 1));
+    EXPECT_EQ(record(kPad + 1).CCOrNoteNumber(), 4) << "without a default";
 }
 
 } // namespace

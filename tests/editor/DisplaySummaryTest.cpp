@@ -67,14 +67,12 @@ const std::string kNone = "---";
 } // namespace
 
 TEST(DisplaySummary, GroupShowsItsChannelInEveryMode) {
-    for (const std::int32_t mode : {0, 1, 2, 3, 4, 5, 6, 7, 8, -1, 1000})
+    ButtonValue absent = fullRecord(1, 1);
+    absent.setMIDIChannel(-1);
+    for (const std::int32_t mode : {0, 1, 2, 3, 4, 5, 6, 7, 8, -1, 1000}) {
         EXPECT_EQ(title(Group, fullRecord(0, 0), mode), kChannel) << mode;
-}
-
-TEST(DisplaySummary, GroupWithoutAChannelShowsDashes) {
-    ButtonValue record = fullRecord(1, 1);
-    record.setMIDIChannel(-1);
-    EXPECT_EQ(title(Group, record, 0), kNone);
+        EXPECT_EQ(title(Group, absent, mode), kNone) << mode;
+    }
 }
 
 // Off values are looked up in the on values' list, and the reverse.
@@ -107,18 +105,12 @@ TEST(DisplaySummary, EachKindInEveryMode) {
             << static_cast<int>(each.kind) << " " << each.assignType << " " << each.enable;
 }
 
-TEST(DisplaySummary, SliderFollowsTheKnobsRules) {
-    for (const std::int32_t enable : {-1, 0, 1, 2}) {
+TEST(DisplaySummary, SliderFollowsTheKnobsRulesWhichKnowNoAssignType) {
+    for (const std::int32_t enable : {-1, 0, 1, 2})
         for (const std::int32_t assignType : {-1, 0, 1, 2, 3})
-            EXPECT_EQ(titlesInEveryMode(ControlKind::Slider, fullRecord(assignType, enable)),
-                      titlesInEveryMode(Knob, fullRecord(assignType, enable)));
-    }
-}
-
-TEST(DisplaySummary, KnobIsNotAskedForItsAssignType) {
-    for (const std::int32_t assignType : {-1, 0, 1, 2, 3})
-        EXPECT_EQ(titlesInEveryMode(Knob, fullRecord(assignType, 1)),
-                  titlesInEveryMode(Knob, fullRecord(0, 1)));
+            for (const ControlKind kind : {Knob, ControlKind::Slider})
+                EXPECT_EQ(titlesInEveryMode(kind, fullRecord(assignType, enable)),
+                          titlesInEveryMode(Knob, fullRecord(0, enable)));
 }
 
 TEST(DisplaySummary, KeysAndPadsAreTestedOnEnableInModesThreeAndFour) {
@@ -168,7 +160,8 @@ TEST(DisplaySummary, LastEntryOfAListIsInside) {
     EXPECT_EQ(title(Pad, record, 7), "ON\ndisplay_OffValue_Array:9");
 }
 
-TEST(DisplaySummary, ListThatTheResourceLacksShowsDashes) {
+TEST(DisplaySummary, ListThatTheResourceLacksAndCommonSettingsShowDashes) {
+    EXPECT_EQ(title(Common, fullRecord(1, 1), 0), kNone);
     EXPECT_EQ(displaySummary(PopUpValue{}, Group, fullRecord(1, 1), 0), kNone);
 }
 
@@ -176,10 +169,6 @@ TEST(DisplaySummary, PercentSignInATitleIsShownAsItIs) {
     PopUpValue lists;
     lists.setDisplay_CCNumber_Array(std::make_shared<const Strings>(Strings{"", "", "100%s%d"}));
     EXPECT_EQ(displaySummary(lists, Knob, fullRecord(0, 1), 2), "CC#\n100%s%d");
-}
-
-TEST(DisplaySummary, CommonSettingsHaveNoTitle) {
-    EXPECT_EQ(title(Common, fullRecord(1, 1), 0), kNone);
 }
 
 } // namespace scenewright

@@ -1,15 +1,18 @@
 #include "app/WindowAction.h"
+#include "editor/ValuePopUps.h"
 #include "tests/editor/EditorBench.h"
 
 #include <algorithm>
 #include <cctype>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright::testing {
 
 namespace {
 
-using EditActions = EditorBench;
+using EditActions = LoadedEditor;
 
 // All settings of a scene, one after the other.
 std::vector<std::int32_t> everything(const SceneValue& scene) {
@@ -39,7 +42,7 @@ std::size_t differences(const std::vector<std::int32_t>& a, const std::vector<st
 }
 
 // One of the 31 popups.
-class EveryAction : public EditorBench, public ::testing::WithParamInterface<PopUpRow> {
+class EveryAction : public LoadedEditor, public ::testing::WithParamInterface<PopUpRow> {
 protected:
     [[nodiscard]] bool isCommon() const { return GetParam().control == 0; }
     // The control that the tests choose: the second of its kind.
@@ -58,7 +61,6 @@ protected:
     }
     // A scene with the control chosen and its field at 0, the journal empty.
     void begin() {
-        loaded();
         if (control() != 0)
             choose(control());
         store(0);
@@ -72,47 +74,28 @@ std::string nameOf(const ::testing::TestParamInfo<PopUpRow>& info) {
 
 } // namespace
 
-TEST_P(EveryAction, WritesThePositionIntoItsFieldAndNothingElse) {
+TEST_P(EveryAction, WritesThePositionIntoItsFieldOfTheStoredSceneAndNothingElse) {
     begin();
     const auto before = everything(*view.sceneValue());
+    const auto other = everything(*WindowAction::getSceneWithIndex(1));
     pick(GetParam().name, 1);
     EXPECT_EQ(stored(), 1);
     EXPECT_EQ(differences(before, everything(*view.sceneValue())), 1U);
-}
-
-TEST_P(EveryAction, WritesIntoTheStoredSceneAndInNoOther) {
-    begin();
-    const auto other = everything(*WindowAction::getSceneWithIndex(1));
-    pick(GetParam().name, 1);
     EXPECT_EQ(WindowAction::getSceneWithIndex(0), view.sceneValue());
     EXPECT_EQ(everything(*WindowAction::getSceneWithIndex(1)), other);
-}
-
-TEST_P(EveryAction, RefreshesTheSummaryUnlessItIsACommonSetting) {
-    begin();
-    pick(GetParam().name, 1);
-    const std::size_t titles = isCommon() ? 0 : 45;
-    EXPECT_EQ(journal.of("button").size(), titles * 3);
-    EXPECT_EQ(journal.of("button45.setTitle").size(), isCommon() ? 0U : 1U);
-}
-
-TEST_P(EveryAction, LeavesTheRecordOfTheChosenControlInHand) {
-    begin();
-    const auto before = view.buttonValue();
-    view.setButtonValue(nullptr);
-    pick(GetParam().name, 1);
-    EXPECT_EQ(view.buttonValue(), before);
-}
-
-TEST_P(EveryAction, WritesMinusOneForAPopUpWithoutASelection) {
-    begin();
-    pick(GetParam().name, -1);
+    pick(GetParam().name, -1); // without a selection
     EXPECT_EQ(stored(), -1);
 }
 
-TEST_P(EveryAction, ChangesNoPaneAndNoSelection) {
+TEST_P(EveryAction, RefreshesTheSummaryUnlessItIsACommonSettingAndChangesNoPane) {
     begin();
+    const auto inHand = view.buttonValue();
+    view.setButtonValue(nullptr);
     pick(GetParam().name, 1);
+    EXPECT_EQ(view.buttonValue(), inHand);
+    const std::size_t titles = isCommon() ? 0 : 45;
+    EXPECT_EQ(journal.of("button").size(), titles * 3);
+    EXPECT_EQ(journal.of("button45.setTitle").size(), isCommon() ? 0U : 1U);
     EXPECT_EQ(journal.of("list."), Lines{});
     for (const Lines& hidden = hiddenPanes(); const std::string& line : hidden)
         EXPECT_EQ(journal.of(line.substr(0, line.find('('))), Lines{});
@@ -121,7 +104,6 @@ TEST_P(EveryAction, ChangesNoPaneAndNoSelection) {
 INSTANTIATE_TEST_SUITE_P(ValuePopUps, EveryAction, ::testing::ValuesIn(kPopUpRows), nameOf);
 
 TEST_F(EditActions, GroupChannelMakesItsCallsInThisOrder) {
-    loaded();
     choose(2);
     journal.clear();
     pick("groupMIDIChannel", 7);
@@ -137,7 +119,6 @@ TEST_F(EditActions, GroupChannelMakesItsCallsInThisOrder) {
 }
 
 TEST_F(EditActions, VelocityCurveThreeEnablesItsConstantAndNothingElseHappens) {
-    loaded();
     for (const std::string kind : {"Key", "Pad"}) {
         journal.clear();
         for (const std::int32_t curve : {3, 2})
@@ -148,7 +129,6 @@ TEST_F(EditActions, VelocityCurveThreeEnablesItsConstantAndNothingElseHappens) {
 }
 
 TEST_F(EditActions, OtherCommonSettingsCallNoWidget) {
-    loaded();
     for (const char* name :
          {"commonGlobalMIDICh", "commonPianoKeyCh", "commonPitchBendSpeed", "commonKeyTranspose",
           "commonKeyConstVelocity", "commonPadConstVelocity"})
@@ -156,49 +136,32 @@ TEST_F(EditActions, OtherCommonSettingsCallNoWidget) {
     EXPECT_EQ(journal.lines(), Lines{});
 }
 
-TEST_F(EditActions, KnobSwitchedOffDisablesThreePopUpsAndShowsDashesInModesTwoToSeven) {
-    loaded();
-    for (const auto write :
-         {&ButtonValue::setKeyBehavior, &ButtonValue::setOffValue, &ButtonValue::setOnValue})
-        (record(5).*write)(3);
-    choose(5);
-    for (std::int32_t mode = 2; mode < 8; ++mode) {
-        view.setDispaly_index(mode);
-        pick("knobEnable", 1);
-        EXPECT_NE(button(5).title.text, "---") << mode;
-        journal.clear();
-        pick("knobEnable", 0);
-        EXPECT_EQ(journal.withoutPicture(),
-                  (Lines{"knobCCNumber.setEnabled(no)", "knobUpperOrRightValue.setEnabled(no)",
-                         "knobLowerOrLeftValue.setEnabled(no)"}));
-        EXPECT_EQ(button(5).title.text, "---") << mode;
+TEST_F(EditActions, KnobOrSliderSwitchedOffDisablesThreePopUpsAndShowsDashesInModesTwoToSeven) {
+    for (const auto& [kind, control] :
+         {std::pair<std::string, std::int32_t>{"knob", 5}, {"slider", 9}}) {
+        for (const auto write :
+             {&ButtonValue::setKeyBehavior, &ButtonValue::setOffValue, &ButtonValue::setOnValue})
+            (record(control).*write)(3);
+        const std::int32_t number = record(control).CCOrNoteNumber();
+        choose(control);
+        for (std::int32_t mode = 2; mode < 8; ++mode) {
+            view.setDispaly_index(mode);
+            pick(kind + "Enable", 1);
+            EXPECT_NE(button(control).title.text, "---") << mode;
+            EXPECT_EQ(enabledPopUps(kind).size(), 4U);
+            journal.clear();
+            pick(kind + "Enable", 0);
+            EXPECT_EQ(journal.withoutPicture(), (Lines{kind + "CCNumber.setEnabled(no)",
+                                                       kind + "UpperOrRightValue.setEnabled(no)",
+                                                       kind + "LowerOrLeftValue.setEnabled(no)"}));
+            EXPECT_EQ(button(control).title.text, "---") << mode;
+        }
+        EXPECT_EQ(record(control).CCOrNoteNumber(), number);
+        EXPECT_EQ(popUp(kind + "CCNumber").selected, number);
     }
 }
 
-TEST_F(EditActions, KnobSwitchedOnAgainKeepsItsNumberAndValues) {
-    loaded();
-    choose(5);
-    pick("knobEnable", 0);
-    EXPECT_EQ(record(5).CCOrNoteNumber(), 20);
-    EXPECT_EQ(popUp("knobCCNumber").selected, 20);
-    pick("knobEnable", 1);
-    EXPECT_EQ(enabledPopUps("knob").size(), 4U);
-    EXPECT_EQ(button(5).title.text, "CC#\nselect127:20");
-}
-
-TEST_F(EditActions, SliderSwitchedOffDisablesItsThreePopUps) {
-    loaded();
-    choose(9);
-    journal.clear();
-    pick("sliderEnable", 0);
-    EXPECT_EQ(journal.withoutPicture(),
-              (Lines{"sliderCCNumber.setEnabled(no)", "sliderUpperOrRightValue.setEnabled(no)",
-                     "sliderLowerOrLeftValue.setEnabled(no)"}));
-    EXPECT_EQ(enabledPopUps("knob").size(), 4U);
-}
-
 TEST_F(EditActions, ActionWithoutAChosenControlWritesNothing) {
-    loaded();
     for (const std::int32_t chosen : {-1, 0, 46, INT32_MIN}) {
         view.setSelectControl(chosen);
         const auto before = everything(*view.sceneValue());
@@ -206,6 +169,23 @@ TEST_F(EditActions, ActionWithoutAChosenControlWritesNothing) {
         pick("padCR", 5);
         EXPECT_EQ(everything(*view.sceneValue()), before);
         EXPECT_EQ(journal.lines(), Lines{}) << chosen;
+    }
+}
+
+TEST(ValuePopUps, VelocityIsEnabledByTheConstantCurveAlone) {
+    for (std::int32_t curve = 0; curve < 6; ++curve)
+        EXPECT_EQ(isEnabled(EnableWhen::ConstantCurve, curve), curve == 3) << curve;
+    EXPECT_EQ(isEnabled(EnableWhen::Always, 127), true);
+}
+
+TEST(ValuePopUps, AssignTypesOfPadsAndKeysAloneHaveANumber) {
+    for (const ValuePopUp& row : valuePopUps()) {
+        const ValuePopUp* const number = numberPopUpOf(row);
+        ASSERT_EQ(number != nullptr, row.setting->name() == "AssignType") << row.name;
+        if (number != nullptr) {
+            EXPECT_EQ(number->setting->name(), "CCOrNoteNumber");
+            EXPECT_EQ(number->pane(), row.pane());
+        }
     }
 }
 

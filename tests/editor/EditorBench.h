@@ -69,6 +69,12 @@ private:
     std::map<std::string, std::unique_ptr<PaneDouble>> panes_;
 };
 
+// Loaded, with an empty journal.
+class LoadedEditor : public EditorBench {
+protected:
+    LoadedEditor() { loaded(); }
+};
+
 // Six lines, all panes hidden.
 [[nodiscard]] Lines hiddenPanes();
 // What colouring the picture's titles does, given each button's title.

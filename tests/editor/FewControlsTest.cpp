@@ -14,10 +14,9 @@ namespace scenewright::testing {
 
 namespace {
 
-class FewControls : public EditorBench, public ::testing::WithParamInterface<std::size_t> {
+class FewControls : public LoadedEditor, public ::testing::WithParamInterface<std::size_t> {
 protected:
     FewControls() {
-        loaded();
         for (const auto& scene : WindowAction::scenes()) {
             auto records = scene->buttonValueArray();
             records.resize(GetParam());

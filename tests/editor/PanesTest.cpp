@@ -6,7 +6,7 @@ namespace scenewright::testing {
 
 namespace {
 
-using Panes = EditorBench;
+using Panes = LoadedEditor;
 
 Lines shown(const Lines& calls, const std::string& pane) {
     return joined({hiddenPanes(), calls, {pane + ".setHidden(no)"}});
@@ -15,7 +15,6 @@ Lines shown(const Lines& calls, const std::string& pane) {
 } // namespace
 
 TEST_F(Panes, CommonPaneIsShownFirstThenFilled) {
-    loaded();
     common().setKeyVelocityCurve(2);
     common().setPadVelocityCurve(3);
     view.showCommonValue();
@@ -32,7 +31,6 @@ TEST_F(Panes, CommonPaneIsShownFirstThenFilled) {
 }
 
 TEST_F(Panes, OnlyCurveThreeEnablesItsConstantVelocity) {
-    loaded();
     for (const std::int32_t curve : {-1, 0, 1, 2, 3, 4, 127}) {
         common().setKeyVelocityCurve(curve);
         common().setPadVelocityCurve(3 - curve);
@@ -43,7 +41,6 @@ TEST_F(Panes, OnlyCurveThreeEnablesItsConstantVelocity) {
 }
 
 TEST_F(Panes, SceneNameIsHandedOverAsItIsStored) {
-    loaded();
     for (const std::string& name :
          {std::string("LIVE\0\0\0\0\0\0\0\0", 12), std::string("\xFF\x07")}) {
         common().setSceneName(name);
@@ -52,17 +49,20 @@ TEST_F(Panes, SceneNameIsHandedOverAsItIsStored) {
     }
 }
 
-TEST_F(Panes, GroupPaneShowsTheChannel) {
-    loaded();
-    record(4).setMIDIChannel(11);
-    view.showGroupValue(4);
-    EXPECT_EQ(journal.lines(), shown({"groupMIDIChannel.selectItem(11)"}, "groupView"));
-    EXPECT_EQ(view.buttonValue().get(), &record(4));
+TEST_F(Panes, GroupPaneShowsTheChannelAnewEachTime) {
+    for (const std::int32_t channel : {11, 16}) {
+        record(4).setMIDIChannel(channel);
+        journal.clear();
+        view.showGroupValue(4);
+        EXPECT_EQ(
+            journal.lines(),
+            shown({"groupMIDIChannel.selectItem(" + std::to_string(channel) + ")"}, "groupView"));
+        EXPECT_EQ(view.buttonValue().get(), &record(4));
+    }
 }
 
 // Any enable but 0 is on; what is off is shown all the same.
 TEST_F(Panes, KnobsAndSlidersShowTheirValuesThenWhatCanBeUsed) {
-    loaded();
     for (const std::int32_t enable : {-1, 0, 1, 2, 127}) {
         const std::string value = std::to_string(enable);
         const std::string usable = enable != 0 ? ".setEnabled(yes)" : ".setEnabled(no)";
@@ -86,40 +86,6 @@ TEST_F(Panes, KnobsAndSlidersShowTheirValuesThenWhatCanBeUsed) {
                 << kind << " " << enable;
         }
     }
-}
-
-TEST_F(Panes, ColourPopUpsAreNeverDisabled) {
-    loaded();
-    for (const std::int32_t type : {0, 1, 2, 3}) {
-        record(13).setAssignType(type);
-        view.showPadValue(13);
-    }
-    for (const char* name : {"padCR", "padCG", "padCB"})
-        EXPECT_EQ(journal.of(std::string(name) + ".setEnabled"), Lines{});
-}
-
-TEST_F(Panes, EachShowReadsTheRecordAnew) {
-    loaded();
-    view.showGroupValue(1);
-    record(1).setMIDIChannel(16);
-    view.showGroupValue(1);
-    EXPECT_EQ(popUp("groupMIDIChannel").selected, 16);
-}
-
-TEST_F(Panes, ExactlyOnePaneIsVisibleAfterEach) {
-    loaded();
-    const std::pair<void (ViewController::*)(std::int32_t), std::pair<std::int32_t, Lines>>
-        kShows[] = {{&ViewController::showGroupValue, {1, {"groupView"}}},
-                    {&ViewController::showKnobValue, {5, {"knobView"}}},
-                    {&ViewController::showSliderValue, {9, {"sliderView"}}},
-                    {&ViewController::showPadValue, {13, {"padView"}}},
-                    {&ViewController::showKeyValue, {21, {"keyView"}}}};
-    for (const auto& [show, expected] : kShows) {
-        (view.*show)(expected.first);
-        EXPECT_EQ(visiblePanes(), expected.second);
-    }
-    view.showCommonValue();
-    EXPECT_EQ(visiblePanes(), Lines{"commonView"});
 }
 
 TEST_F(Panes, ControlWithoutARecordShowsNoPane) {

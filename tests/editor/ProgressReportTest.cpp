@@ -1,53 +1,41 @@
 // What the editor does when the progress record changes.
 #include "app/WindowAction.h"
-#include "editor/WindowControllers.h"
 #include "tests/editor/EditorBench.h"
+
+#include <optional>
+#include <string>
 
 namespace scenewright::testing {
 
 namespace {
 
-using ProgressReport = EditorBench;
+using ProgressReport = LoadedEditor;
 
 } // namespace
 
-TEST_F(ProgressReport, MessageIsShownAsItStandsAndLoggedBesideAnAbsentOldValue) {
-    loaded();
-    view.messageValue()->setMessage("Read Scene Data Finish");
-    EXPECT_EQ(journal.lines(), (Lines{"log: has change", "log: Read Scene Data Finish  (null)",
-                                      "message.setText(Read Scene Data Finish)"}));
-}
-
-TEST_F(ProgressReport, EveryWriteOfAMessageIsShownAnEqualOneToo) {
-    loaded();
-    view.messageValue()->setMessage("same");
-    view.messageValue()->setMessage("same");
-    EXPECT_EQ(journal.of("message."), (Lines{"message.setText(same)", "message.setText(same)"}));
-}
-
-TEST_F(ProgressReport, PercentSignsInAMessageStayAsTheyAre) {
-    loaded();
-    view.messageValue()->setMessage("Send Scene Data Finish:100%:Success");
-    EXPECT_EQ(status.text, "Send Scene Data Finish:100%:Success");
-    EXPECT_EQ(journal.lines()[1], "log: Send Scene Data Finish:100%:Success  (null)");
-}
-
-TEST_F(ProgressReport, NothingIsShownAtTheRegistration) {
-    WindowAction::getMessageValue()->setMessage("before");
-    loaded();
-    EXPECT_EQ(status.text, "");
-    EXPECT_EQ(journal.of("log: has change"), Lines{});
-}
-
-TEST_F(ProgressReport, MessageThatIsTakenBackEmptiesTheStatusLine) {
-    loaded();
+TEST_F(ProgressReport, EveryMessageIsShownAsItStandsAndLoggedBesideAnAbsentOldValue) {
+    const std::string sent = "Send Scene Data Finish:100%:Success";
+    for (const std::string& text : {sent, sent, std::string("same")}) {
+        journal.clear();
+        view.messageValue()->setMessage(text);
+        EXPECT_EQ(journal.lines(), (Lines{"log: has change", "log: " + text + "  (null)",
+                                          "message.setText(" + text + ")"}));
+    }
+    journal.clear();
     view.messageValue()->setMessage(std::nullopt);
     EXPECT_EQ(journal.lines(),
               (Lines{"log: has change", "log: (null)  (null)", "message.setText()"}));
 }
 
-TEST_F(ProgressReport, EndOfAReadChoosesTheCommonSettingsAndShowsTheSceneAnew) {
+TEST_F(ProgressReport, NothingIsShownAtTheRegistration) {
+    WindowAction::getMessageValue()->setMessage("before");
+    status.text.clear();
     loaded();
+    EXPECT_EQ(status.text, "");
+    EXPECT_EQ(journal.of("log: has change"), Lines{});
+}
+
+TEST_F(ProgressReport, EndOfAReadChoosesTheCommonSettingsAndShowsTheSceneAnew) {
     choose(13);
     common().setSceneName("READ");
     journal.clear();
@@ -59,20 +47,13 @@ TEST_F(ProgressReport, EndOfAReadChoosesTheCommonSettingsAndShowsTheSceneAnew) {
     EXPECT_EQ(journal.lines()[1], "log: SceneValue READ, 45 controls");
     EXPECT_EQ(journal.lines()[2], "list.selectRow(0)");
     EXPECT_EQ(journal.of("button45.setTitle").size(), 1U);
-}
-
-TEST_F(ProgressReport, EndOfAReadTwiceRedrawsTwice) {
-    loaded();
-    for (int time = 0; time < 2; ++time) {
-        view.setSelectControl(13);
-        view.messageValue()->setIsReadFinish("Yes");
-        EXPECT_EQ(view.selectControl(), 0);
-    }
+    view.setSelectControl(13);
+    view.messageValue()->setIsReadFinish("Yes"); // again
+    EXPECT_EQ(view.selectControl(), 0);
     EXPECT_EQ(journal.of("displaySelect.selectItem").size(), 2U);
 }
 
 TEST_F(ProgressReport, EndOfAReadKeepsTheSceneTheUserIsAt) {
-    loaded();
     scenes.selected = 3;
     view.changeSceneAction(scenes);
     view.messageValue()->setIsReadFinish("Yes");
@@ -80,38 +61,23 @@ TEST_F(ProgressReport, EndOfAReadKeepsTheSceneTheUserIsAt) {
     EXPECT_EQ(view.sceneValue(), WindowAction::getSceneWithIndex(3));
 }
 
-TEST_F(ProgressReport, BeginningOfAReadChangesNothing) {
-    loaded();
+TEST_F(ProgressReport, NoOtherTextAndNoOtherFlagChangesAnything) {
     choose(13);
     journal.clear();
-    view.messageValue()->setIsReadFinish("No");
-    EXPECT_EQ(journal.lines(), Lines{"log: has change"});
-    EXPECT_EQ(view.selectControl(), 13);
-}
-
-TEST_F(ProgressReport, OtherTextsOfTheFlagChangeNothing) {
-    loaded();
-    for (const char* text : {"yes", "YES", "", "Yes "})
+    for (const char* text : {"No", "yes", "YES", "", "Yes "})
         view.messageValue()->setIsReadFinish(text);
-    EXPECT_EQ(journal.lines(), Lines(4, "log: has change"));
-}
-
-TEST_F(ProgressReport, SendFlagIsNotObserved) {
-    loaded();
-    view.messageValue()->setIsSendFinish("No");
-    view.messageValue()->setIsSendFinish("Yes");
-    EXPECT_EQ(journal.lines(), Lines{});
-}
-
-TEST_F(ProgressReport, AnotherKeyPathIsLoggedAndIgnored) {
-    loaded();
+    EXPECT_EQ(journal.lines(), Lines(5, "log: has change"));
+    EXPECT_EQ(view.selectControl(), 13);
+    journal.clear();
+    for (const char* text : {"No", "Yes"})
+        view.messageValue()->setIsSendFinish(text);
+    EXPECT_EQ(journal.lines(), Lines{}) << "it is not observed";
     view.observeValueForKeyPath_ofObject_change_context("isSendFinish", nullptr, {{"new", "Yes"}},
                                                         nullptr);
     EXPECT_EQ(journal.lines(), Lines{"log: has change"});
 }
 
 TEST_F(ProgressReport, OldValueIsLoggedWhereOneIsGiven) {
-    loaded();
     view.observeValueForKeyPath_ofObject_change_context("Message", nullptr,
                                                         {{"new", "b"}, {"old", "a"}}, nullptr);
     EXPECT_EQ(journal.lines(), (Lines{"log: has change", "log: b  a", "message.setText(b)"}));
@@ -119,13 +85,11 @@ TEST_F(ProgressReport, OldValueIsLoggedWhereOneIsGiven) {
 
 TEST_F(ProgressReport, WithoutAStatusLineAMessageIsOnlyLogged) {
     view.setMessage(nullptr);
-    loaded();
     view.messageValue()->setMessage("unseen");
     EXPECT_EQ(journal.lines(), (Lines{"log: has change", "log: unseen  (null)"}));
 }
 
 TEST_F(ProgressReport, FailedReadShowsFourFreshScenesAndTheTransactionsWord) {
-    loaded();
     common().setSceneName("EDITED");
     WindowAction::setScenes({});
     view.messageValue()->setMessage("Could not connect to midi device");
@@ -135,7 +99,6 @@ TEST_F(ProgressReport, FailedReadShowsFourFreshScenesAndTheTransactionsWord) {
 }
 
 TEST_F(ProgressReport, EndedViewIsToldNothingMore) {
-    loaded();
     const auto record = view.messageValue();
     {
         ViewController second;
@@ -145,25 +108,6 @@ TEST_F(ProgressReport, EndedViewIsToldNothingMore) {
     journal.clear();
     record->setMessage("once");
     EXPECT_EQ(journal.of("message."), Lines{"message.setText(once)"});
-}
-
-TEST(MessageController, ShowsTheTextAndDoesNotKeepIt) {
-    Journal journal;
-    TextFieldDouble field(journal, "messageField");
-    MessageController controller;
-    controller.setMessageField(&field);
-    controller.viewDidLoad();
-    EXPECT_EQ(controller.message(), std::nullopt);
-    controller.setMessage("hello");
-    EXPECT_EQ(journal.lines(), Lines{"messageField.setText(hello)"});
-    EXPECT_EQ(controller.message(), std::nullopt);
-    EXPECT_EQ(controller.messageField(), &field);
-}
-
-TEST(MessageController, WithoutAFieldTheTextGoesNowhere) {
-    MessageController controller;
-    controller.setMessage("hello");
-    EXPECT_EQ(controller.message(), std::nullopt);
 }
 
 } // namespace scenewright::testing

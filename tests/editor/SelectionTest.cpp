@@ -9,7 +9,7 @@ namespace scenewright::testing {
 
 namespace {
 
-using Selection = EditorBench;
+using Selection = LoadedEditor;
 
 Lines groupPaneShown() {
     return joined({hiddenPanes(), {"groupMIDIChannel.selectItem(2)", "groupView.setHidden(no)"}});
@@ -17,41 +17,26 @@ Lines groupPaneShown() {
 
 } // namespace
 
-TEST_F(Selection, ListHasOneRowAControlTitle) {
-    loaded();
+TEST_F(Selection, ListHasOneRowAControlTitleThatNobodyEdits) {
     EXPECT_EQ(view.numberOfRowsInTableView(&list), 46);
     EXPECT_EQ(list.source->rowCount(), 46);
-}
-
-TEST_F(Selection, EveryColumnShowsTheRowsTitle) {
-    loaded();
     EXPECT_EQ(view.tableView_objectValueForTableColumn_row(&list, 0, 0), "control:0");
     EXPECT_EQ(view.tableView_objectValueForTableColumn_row(&list, 7, 45), "control:45");
     EXPECT_EQ(list.source->rowTitle(13), "control:13");
-}
-
-TEST_F(Selection, RowOutsideTheListHasNoTitle) {
-    loaded();
     EXPECT_EQ(list.source->rowTitle(-1), "");
     EXPECT_EQ(list.source->rowTitle(46), "");
-}
-
-TEST_F(Selection, NoRowMayBeEdited) {
-    loaded();
     for (std::int32_t row = 0; row < 46; ++row)
         EXPECT_FALSE(list.source->mayEdit(row));
     EXPECT_FALSE(view.tableView_shouldEditTableColumn_row(&list, 0, 3));
 }
 
 TEST_F(Selection, ClickOnARowStoresItThenShowsItsPaneAndItsButton) {
-    loaded();
     list.click(1);
     EXPECT_EQ(view.selectControl(), 1);
     EXPECT_EQ(journal.lines(), joined({{"log: 表格选中:1"}, groupPaneShown(), highlighted(1)}));
 }
 
 TEST_F(Selection, ProposedSelectionIsReturnedUnchangedAndTheClickedRowStored) {
-    loaded();
     list.clicked = 17;
     EXPECT_EQ(view.tableView_selectionIndexesForProposedSelection(&list, {4, 5}),
               (std::vector<std::int32_t>{4, 5}));
@@ -60,7 +45,6 @@ TEST_F(Selection, ProposedSelectionIsReturnedUnchangedAndTheClickedRowStored) {
 }
 
 TEST_F(Selection, RowChosenWithTheKeysStoresMinusOneAndShowsNoPane) {
-    loaded();
     list.chooseByKeys(13);
     EXPECT_EQ(view.selectControl(), -1);
     EXPECT_EQ(list.selected, 13);
@@ -68,7 +52,6 @@ TEST_F(Selection, RowChosenWithTheKeysStoresMinusOneAndShowsNoPane) {
 }
 
 TEST_F(Selection, ClickOnAButtonSelectsItsRowAndTheRestFollows) {
-    loaded();
     view.chooseButtonAction(button(1));
     EXPECT_EQ(view.selectControl(), 1);
     EXPECT_EQ(list.selected, 1);
@@ -76,28 +59,15 @@ TEST_F(Selection, ClickOnAButtonSelectsItsRowAndTheRestFollows) {
               joined({{"log: 点击了按钮：1", "list.selectRow(1)", "log: 表格选中:1"},
                       groupPaneShown(),
                       highlighted(1)}));
-}
-
-TEST_F(Selection, ClickOnTheButtonChosenAlreadyShowsNothingAnew) {
-    loaded();
-    view.chooseButtonAction(button(1));
     journal.clear();
-    view.chooseButtonAction(button(1));
+    view.chooseButtonAction(button(1)); // it is chosen already
     EXPECT_EQ(journal.lines(), (Lines{"log: 点击了按钮：1", "list.selectRow(1)"}));
-}
-
-TEST_F(Selection, IndexZeroShowsTheCommonPaneAndHighlightsNoButton) {
-    loaded();
-    choose(20);
-    journal.clear();
     list.click(0);
     EXPECT_EQ(visiblePanes(), Lines{"commonView"});
-    for (std::int32_t tag = 1; tag <= 45; ++tag)
-        EXPECT_EQ(button(tag).image, std::nullopt) << tag;
+    EXPECT_EQ(journal.of("button1.setImage"), Lines{"button1.setImage(none)"});
 }
 
 TEST_F(Selection, EveryIndexShowsThePaneOfItsKindAndItsOwnRecord) {
-    loaded();
     for (std::int32_t index = 1; index <= 45; ++index) {
         choose(index);
         const std::string pane = index < 5    ? "groupView"
@@ -110,17 +80,12 @@ TEST_F(Selection, EveryIndexShowsThePaneOfItsKindAndItsOwnRecord) {
         EXPECT_EQ(view.buttonValue(), view.sceneValue()->buttonValueArray()[place]) << index;
         EXPECT_EQ(button(index).image, "selected") << index;
     }
-}
-
-TEST_F(Selection, RangesAreThoseOfTheFields) {
-    loaded();
-    view.setKnob_start(3);
+    view.setKnob_start(3); // the ranges are those of the fields
     choose(3);
     EXPECT_EQ(visiblePanes(), Lines{"knobView"});
 }
 
 TEST_F(Selection, IndexBelowOrBeyondTheControlsShowsNoPane) {
-    loaded();
     for (const std::int32_t index : {-1, 46, 1000, INT32_MIN, INT32_MAX}) {
         journal.clear();
         view.setSelectControl(index);
@@ -131,7 +96,6 @@ TEST_F(Selection, IndexBelowOrBeyondTheControlsShowsNoPane) {
 }
 
 TEST_F(Selection, HighlightingAndColouringAskForTheTagsOneToFortySix) {
-    loaded();
     std::vector<std::int32_t> tags(46);
     std::iota(tags.begin(), tags.end(), 1);
     picture.asked.clear();
@@ -144,7 +108,6 @@ TEST_F(Selection, HighlightingAndColouringAskForTheTagsOneToFortySix) {
 }
 
 TEST_F(Selection, TagWithoutAButtonIsSkipped) {
-    loaded();
     picture.buttons.erase(7);
     view.showChooseButtonWithIndex(7);
     view.changeButtonColor();
@@ -153,29 +116,13 @@ TEST_F(Selection, TagWithoutAButtonIsSkipped) {
     EXPECT_EQ(journal.of("button8.setTitle"), Lines{"button8.setTitle(CC#\nselect127:20)"});
 }
 
-TEST_F(Selection, HideViewHidesTheSixPanes) {
-    loaded();
-    view.hideView();
-    EXPECT_EQ(journal.lines(), hiddenPanes());
-}
-
-TEST_F(Selection, ButtonColourIsTheOpaqueGreenOnEveryTitle) {
-    loaded();
-    view.changeButtonColor();
-    for (std::int32_t tag = 1; tag <= 45; ++tag)
-        EXPECT_EQ(button(tag).title.colour, (Colour{50, 180, 50})) << tag;
-    EXPECT_EQ(journal.lines().size(), 90U);
-}
-
-TEST_F(Selection, SetTextColourKeepsTheTitleAndAsksForARedraw) {
-    loaded();
+TEST_F(Selection, TextColourKeepsTheTitleAndAsksForARedraw) {
     view.setTextColor_color(button(3), Colour{1, 2, 3});
     EXPECT_EQ(journal.lines(), (Lines{"button3.setAttributedTitle(button-MIDICh:2, 1 2 3)",
                                       "button3.setNeedsDisplay()"}));
 }
 
 TEST_F(Selection, SceneChangeShowsTheSegmentsSceneFromItsCommonSettings) {
-    loaded();
     choose(13);
     scenes.selected = 2;
     view.changeSceneAction(scenes);
@@ -189,7 +136,6 @@ TEST_F(Selection, SceneChangeShowsTheSegmentsSceneFromItsCommonSettings) {
 }
 
 TEST_F(Selection, SceneShownWithAnotherControlChosenStillEndsOnTheCommonPane) {
-    loaded();
     choose(13);
     view.showSceneValue();
     EXPECT_EQ(view.selectControl(), 13);

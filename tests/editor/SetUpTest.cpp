@@ -1,6 +1,8 @@
 #include "app/WindowAction.h"
 #include "tests/editor/EditorBench.h"
 
+#include <array>
+
 namespace scenewright::testing {
 
 namespace {
@@ -83,19 +85,11 @@ TEST_F(EditorSetUp, ViewDidLoadMakesItsCallsInThisOrder) {
                 commonPaneShown()}));
 }
 
-TEST_F(EditorSetUp, RangeFieldsHoldTheBoundsOfTheKinds) {
-    load();
-    EXPECT_EQ(view.common_start(), 0);
-    EXPECT_EQ(view.group_start(), 1);
-    EXPECT_EQ(view.knob_start(), 5);
-    EXPECT_EQ(view.slider_start(), 9);
-    EXPECT_EQ(view.pad_start(), 13);
-    EXPECT_EQ(view.key_start(), 21);
-    EXPECT_EQ(view.all(), 46);
-}
-
 TEST_F(EditorSetUp, StateAfterLoadIsSceneZeroTheCommonSettingsAndModeTwo) {
-    load();
+    loaded();
+    EXPECT_EQ((std::array{view.common_start(), view.group_start(), view.knob_start(),
+                          view.slider_start(), view.pad_start(), view.key_start(), view.all()}),
+              (std::array{0, 1, 5, 9, 13, 21, 46}));
     EXPECT_EQ(view.sceneIndex(), 0);
     EXPECT_EQ(view.selectControl(), 0);
     EXPECT_EQ(view.dispaly_index(), 2);
@@ -103,6 +97,8 @@ TEST_F(EditorSetUp, StateAfterLoadIsSceneZeroTheCommonSettingsAndModeTwo) {
     EXPECT_EQ(view.messageValue(), WindowAction::getMessageValue());
     EXPECT_EQ(view.controlArray(), view.pu()->control_Array());
     EXPECT_EQ(view.buttonValue(), nullptr);
+    view.viewDidAppear();
+    EXPECT_EQ(journal.lines(), Lines{});
 }
 
 TEST_F(EditorSetUp, LoadReplacesTheStoredScenesByFourDefaults) {
@@ -113,41 +109,23 @@ TEST_F(EditorSetUp, LoadReplacesTheStoredScenesByFourDefaults) {
     EXPECT_EQ(WindowAction::getSceneWithIndex(2)->commonValue()->SceneName(), "SCENE3");
 }
 
-TEST_F(EditorSetUp, ViewDidAppearDoesNothing) {
-    loaded();
-    view.viewDidAppear();
-    EXPECT_EQ(journal.lines(), Lines{});
-}
-
-TEST_F(EditorSetUp, SetUIMakesTheSceneNameReadOnly) {
-    view.setUI();
-    EXPECT_EQ(journal.lines(), Lines{"commonSceneName.setEditable(no)"});
-}
-
-TEST_F(EditorSetUp, GetItemEmptiesEveryPopUpThenFillsThemInThisOrder) {
-    view.getItem();
-    EXPECT_EQ(journal.lines(), itemsGot());
-}
-
 TEST_F(EditorSetUp, GetItemTakesANewHolderEachTime) {
     load();
     const auto first = view.pu();
+    journal.clear();
     view.getItem();
+    EXPECT_EQ(journal.lines(), itemsGot());
     EXPECT_NE(view.pu(), first);
     EXPECT_EQ(popUp("padCR").titles.size(), 128U);
 }
 
-TEST_F(EditorSetUp, MissingKeyLeavesItsPopUpsEmptyAndFillsTheOthers) {
+TEST_F(EditorSetUp, MissingKeyLeavesItsPopUpsOrTheListEmptyAndFillsTheOthers) {
     setEntries("select127", 0);
+    setEntries("control", 0);
     load();
     EXPECT_TRUE(popUp("padCR").titles.empty());
     EXPECT_EQ(journal.of("padCR.addItems"), Lines{});
     EXPECT_EQ(popUp("padMIDIChannel").titles.size(), 17U);
-}
-
-TEST_F(EditorSetUp, WithoutControlTitlesTheListHasNoRows) {
-    setEntries("control", 0);
-    load();
     EXPECT_EQ(view.numberOfRowsInTableView(&list), 0);
     EXPECT_EQ(view.tableView_objectValueForTableColumn_row(&list, 0, 0), "");
 }

@@ -1,10 +1,14 @@
 #include "editor/WindowControllers.h"
+
 #include "platform/Diagnostics.h"
 #include "tests/editor/Doubles.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace scenewright::testing {
 
@@ -75,25 +79,27 @@ TEST_F(GainControllerTest, LoadSetsTheDefaultInThisOrder) {
 
 TEST_F(GainControllerTest, MovedSliderChangesItsEntryAndItsLabelOnly) {
     loaded();
-    move(3, 100);
-    EXPECT_EQ(panel.gainArray(), (std::vector<std::int32_t>{64, 64, 100, 64, 64, 64, 64, 64}));
-    EXPECT_EQ(journal.lines(), Lines{"label3.setText(100/127)"});
-}
-
-TEST_F(GainControllerTest, EachSliderHasItsOwnEntryAndLabel) {
-    loaded();
+    std::vector<std::int32_t> gains = kAllDefault;
     for (std::int32_t tag = 1; tag <= 8; ++tag) {
+        journal.clear();
         move(tag, tag * 10);
-        EXPECT_EQ(panel.gainArray()[static_cast<std::size_t>(tag) - 1], tag * 10);
-        EXPECT_EQ(labels[static_cast<std::size_t>(tag) - 1]->text,
-                  std::to_string(tag * 10) + "/127");
+        const std::string value = std::to_string(tag * 10);
+        gains[static_cast<std::size_t>(tag) - 1] = tag * 10;
+        EXPECT_EQ(panel.gainArray(), gains);
+        EXPECT_EQ(journal.lines(),
+                  Lines{"label" + std::to_string(tag) + ".setText(" + value + "/127)"});
     }
 }
 
-TEST_F(GainControllerTest, DefaultAfterChangesBringsEverythingBack) {
+TEST_F(GainControllerTest, ButtonsLogTheirNamesAndDefaultBringsEverythingBack) {
     loaded();
     move(1, 0);
     move(8, 127);
+    journal.clear();
+    panel.doOKAction();
+    panel.doApplyAction();
+    EXPECT_EQ(journal.lines(), (Lines{"log: OK", "log: Apply"}));
+    EXPECT_EQ(panel.gainArray()[7], 127);
     journal.clear();
     panel.doDefaultAction();
     Lines expected = defaultSet();
@@ -102,33 +108,10 @@ TEST_F(GainControllerTest, DefaultAfterChangesBringsEverythingBack) {
     EXPECT_EQ(panel.gainArray(), kAllDefault);
 }
 
-TEST_F(GainControllerTest, OKAndApplyOnlyLogTheirNames) {
-    loaded();
-    move(2, 5);
-    journal.clear();
-    panel.doOKAction();
-    panel.doApplyAction();
-    EXPECT_EQ(journal.lines(), (Lines{"log: OK", "log: Apply"}));
-    EXPECT_EQ(panel.gainArray()[1], 5);
-}
-
-TEST_F(GainControllerTest, NewPanelStartsAtTheDefaultAgain) {
-    loaded();
-    move(2, 5);
-    panel.viewDidLoad();
-    EXPECT_EQ(panel.gainArray(), kAllDefault);
-}
-
-TEST_F(GainControllerTest, ValueOfATagWithoutALabelIsNotShown) {
-    loaded();
-    for (const std::int32_t tag : {0, 9, -1, INT32_MIN, INT32_MAX})
-        panel.showValueWithTag_andValue(tag, 5);
-    EXPECT_EQ(journal.lines(), Lines{});
-}
-
-TEST_F(GainControllerTest, SliderWithAForeignTagChangesNothing) {
+TEST_F(GainControllerTest, ForeignTagsChangeAndShowNothing) {
     loaded();
     for (const std::int32_t tag : {0, 9, -1, INT32_MIN, INT32_MAX}) {
+        panel.showValueWithTag_andValue(tag, 5);
         SliderDouble stranger(journal, "stranger", tag);
         stranger.position = 5;
         panel.changeAction(stranger);
@@ -137,11 +120,49 @@ TEST_F(GainControllerTest, SliderWithAForeignTagChangesNothing) {
     EXPECT_EQ(journal.lines(), Lines{});
 }
 
-TEST_F(GainControllerTest, LabelSaysTheValueOutOf127) {
-    loaded();
-    panel.showValueWithTag_andValue(1, 0);
-    panel.showValueWithTag_andValue(8, 127);
-    EXPECT_EQ(journal.lines(), (Lines{"label1.setText(0/127)", "label8.setText(127/127)"}));
+class CloseButton final : public Clickable {
+public:
+    void setAction(std::function<void()> action) override { click = std::move(action); }
+    std::function<void()> click;
+};
+
+class WindowDouble final : public Window {
+public:
+    [[nodiscard]] Clickable& standardCloseButton() override { return closeButton; }
+    CloseButton closeButton;
+};
+
+class ApplicationDouble final : public Application {
+public:
+    void terminate() override { ++terminations; }
+    int terminations = 0;
+};
+
+TEST(MainWindow, ItsCloseButtonEndsTheApplicationOnceTheWindowHasLoaded) {
+    WindowDouble window;
+    ApplicationDouble application;
+    MainWindowController controller{window, application};
+    EXPECT_FALSE(window.closeButton.click);
+    controller.windowDidLoad();
+    EXPECT_EQ(application.terminations, 0);
+    window.closeButton.click();
+    EXPECT_EQ(application.terminations, 1);
+    controller.closeApplication();
+    EXPECT_EQ(application.terminations, 2);
+}
+
+TEST(MessageController, ShowsTheTextAndDoesNotKeepIt) {
+    Journal journal;
+    TextFieldDouble field(journal, "messageField");
+    MessageController controller;
+    controller.setMessage("without a field");
+    controller.setMessageField(&field);
+    controller.viewDidLoad();
+    EXPECT_EQ(controller.message(), std::nullopt);
+    controller.setMessage("hello");
+    EXPECT_EQ(journal.lines(), Lines{"messageField.setText(hello)"});
+    EXPECT_EQ(controller.message(), std::nullopt);
+    EXPECT_EQ(controller.messageField(), &field);
 }
 
 } // namespace scenewright::testing
