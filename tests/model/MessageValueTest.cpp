@@ -23,15 +23,15 @@ MessageValue::Observer recordInto(Lines& lines) {
     };
 }
 
-TEST(MessageValue, AllThreeTextsAreAbsentBeforeTheFirstWrite) {
-    const MessageValue record;
+struct MessageValueTest : ::testing::Test {
+    MessageValue record;
+    Lines lines;
+};
+
+TEST_F(MessageValueTest, KeepsEachOfThreeTextsAbsentBeforeItsFirstWrite) {
     EXPECT_EQ(record.Message(), std::nullopt);
     EXPECT_EQ(record.isReadFinish(), std::nullopt);
     EXPECT_EQ(record.isSendFinish(), std::nullopt);
-}
-
-TEST(MessageValue, KeepsWhatWasWritten) {
-    MessageValue record;
     record.setMessage("readSceneData");
     record.setIsReadFinish("No");
     record.setIsSendFinish("Yes");
@@ -40,65 +40,23 @@ TEST(MessageValue, KeepsWhatWasWritten) {
     EXPECT_EQ(record.isSendFinish(), "Yes");
 }
 
-TEST(MessageValue, ObserverIsToldEachWriteOfItsNameInOrder) {
-    MessageValue record;
-    Lines lines;
-    const auto observed = record.addObserver("Message", recordInto(lines));
-    const auto alsoObserved = record.addObserver("isReadFinish", recordInto(lines));
+TEST_F(MessageValueTest, ObserverIsToldEachWriteOfItsNameInOrderAndOfNoOther) {
+    record.setMessage("before");
+    std::vector<MessageValue::Subscription> observed;
+    for (const char* name : {"Message", "isReadFinish", "isSendFinish", "message"})
+        observed.push_back(record.addObserver(name, recordInto(lines)));
+    EXPECT_TRUE(lines.empty()) << "registering makes no call";
     record.setMessage("one");
     record.setIsReadFinish("No");
     record.setMessage("two");
-    record.setIsReadFinish("Yes");
-    EXPECT_EQ(lines, (Lines{"Message=one", "isReadFinish=No", "Message=two", "isReadFinish=Yes"}));
+    record.setIsReadFinish("No"); // equal values are told again
+    record.setIsSendFinish("Yes");
+    record.setMessage(std::nullopt);
+    EXPECT_EQ(lines, (Lines{"Message=one", "isReadFinish=No", "Message=two", "isReadFinish=No",
+                            "isSendFinish=Yes", "Message=(absent)"}));
 }
 
-TEST(MessageValue, EqualValuesAreToldAgain) {
-    MessageValue record;
-    Lines lines;
-    const auto observed = record.addObserver("isReadFinish", recordInto(lines));
-    record.setIsReadFinish("Yes");
-    record.setIsReadFinish("Yes");
-    EXPECT_EQ(lines, (Lines{"isReadFinish=Yes", "isReadFinish=Yes"}));
-}
-
-TEST(MessageValue, RegisteringMakesNoCall) {
-    MessageValue record;
-    record.setMessage("before");
-    Lines lines;
-    const auto observed = record.addObserver("Message", recordInto(lines));
-    EXPECT_TRUE(lines.empty());
-}
-
-TEST(MessageValue, SendFlagIsObservableToo) {
-    MessageValue record;
-    Lines lines;
-    const auto observed = record.addObserver("isSendFinish", recordInto(lines));
-    record.setIsSendFinish("No");
-    EXPECT_EQ(lines, (Lines{"isSendFinish=No"}));
-}
-
-TEST(MessageValue, ObserverOfAnotherNameIsNotTold) {
-    MessageValue record;
-    Lines lines;
-    const auto observed = record.addObserver("Message", recordInto(lines));
-    const auto alsoObserved = record.addObserver("message", recordInto(lines));
-    record.setIsSendFinish("No");
-    record.setIsReadFinish("No");
-    EXPECT_TRUE(lines.empty());
-}
-
-TEST(MessageValue, ObserverSeesTheRecordAlreadyChanged) {
-    MessageValue record;
-    MessageValue::Text seen;
-    const auto observed = record.addObserver(
-        "Message", [&](std::string_view, const auto&) { seen = record.Message(); });
-    record.setMessage("now");
-    EXPECT_EQ(seen, "now");
-}
-
-TEST(MessageValue, ObserversOfANameAreToldInTheOrderOfTheirRegistration) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, ObserversOfANameAreToldInTheOrderOfTheirRegistration) {
     const auto observed =
         record.addObserver("Message", [&](auto, const auto&) { lines.push_back("first"); });
     const auto alsoObserved =
@@ -107,8 +65,7 @@ TEST(MessageValue, ObserversOfANameAreToldInTheOrderOfTheirRegistration) {
     EXPECT_EQ(lines, (Lines{"first", "second"}));
 }
 
-TEST(MessageValue, ObserverIsToldOnTheThreadThatWrites) {
-    MessageValue record;
+TEST_F(MessageValueTest, ObserverIsToldOnTheThreadThatWrites) {
     std::thread::id told;
     const auto observed = record.addObserver(
         "Message", [&](auto, const auto&) { told = std::this_thread::get_id(); });
@@ -121,8 +78,7 @@ TEST(MessageValue, ObserverIsToldOnTheThreadThatWrites) {
     EXPECT_EQ(told, writer);
 }
 
-TEST(MessageValue, WritesOfAnObserverAreToldToEveryObserverInTheOrderOfTheWrites) {
-    MessageValue record;
+TEST_F(MessageValueTest, WritesOfAnObserverAreToldToEveryObserverInTheOrderOfTheWrites) {
     Lines before;
     Lines after;
     const auto first = record.addObserver("Message", recordInto(before));
@@ -139,31 +95,19 @@ TEST(MessageValue, WritesOfAnObserverAreToldToEveryObserverInTheOrderOfTheWrites
     EXPECT_EQ(after, all);
 }
 
-TEST(MessageValue, WritesOfSeveralNamesKeepTheirOrder) {
-    MessageValue record;
-    Lines lines;
-    const auto writing =
-        record.addObserver("Message", [&](auto, const auto&) { record.setIsReadFinish("Yes"); });
+TEST_F(MessageValueTest, WritesOfSeveralNamesKeepTheirOrderAndAreStoredAtOnce) {
+    const auto writing = record.addObserver("Message", [&](auto, const auto&) {
+        EXPECT_EQ(record.Message(), "one");
+        record.setIsReadFinish("Yes");
+        EXPECT_EQ(record.isReadFinish(), "Yes");
+    });
     const auto message = record.addObserver("Message", recordInto(lines));
     const auto flag = record.addObserver("isReadFinish", recordInto(lines));
     record.setMessage("one");
     EXPECT_EQ(lines, (Lines{"Message=one", "isReadFinish=Yes"}));
 }
 
-TEST(MessageValue, WriteOfAnObserverIsStoredAtOnce) {
-    MessageValue record;
-    MessageValue::Text stored;
-    const auto observed = record.addObserver("Message", [&](auto, const auto&) {
-        record.setIsReadFinish("Yes");
-        stored = record.isReadFinish();
-    });
-    record.setMessage("one");
-    EXPECT_EQ(stored, "Yes");
-}
-
-TEST(MessageValue, WhatAnObserverThrowsLeavesTheWriterWhenAllAreTold) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, WhatAnObserverThrowsLeavesTheWriterWhenAllAreTold) {
     const auto throwing = record.addObserver("Message", [&](auto, const MessageValue::Text& value) {
         if (value == "one")
             record.setMessage("two");
@@ -179,9 +123,7 @@ TEST(MessageValue, WhatAnObserverThrowsLeavesTheWriterWhenAllAreTold) {
     EXPECT_EQ(lines, (Lines{"Message=one", "Message=two"}));
 }
 
-TEST(MessageValue, RecordGoesOnAfterAnObserverHasThrown) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, RecordGoesOnAfterAnObserverHasThrown) {
     auto throwing =
         record.addObserver("Message", [](auto, const auto&) { throw std::runtime_error("x"); });
     EXPECT_THROW(record.setMessage("one"), std::runtime_error);
@@ -191,9 +133,7 @@ TEST(MessageValue, RecordGoesOnAfterAnObserverHasThrown) {
     EXPECT_EQ(lines, Lines{"Message=two"});
 }
 
-TEST(MessageValue, ObservationEndsWithItsSubscription) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, ObservationEndsWithItsSubscription) {
     {
         const auto observed = record.addObserver("Message", recordInto(lines));
         record.setMessage("one");
@@ -205,20 +145,18 @@ TEST(MessageValue, ObservationEndsWithItsSubscription) {
     EXPECT_EQ(lines, (Lines{"Message=one", "Message=three"}));
 }
 
-TEST(MessageValue, SubscriptionMayOutliveTheRecord) {
-    Lines lines;
+TEST_F(MessageValueTest, SubscriptionMayOutliveTheRecord) {
     MessageValue::Subscription observed;
     {
-        MessageValue record;
-        observed = record.addObserver("Message", recordInto(lines));
-        record.setMessage("one");
+        MessageValue shorter;
+        observed = shorter.addObserver("Message", recordInto(lines));
+        shorter.setMessage("one");
     }
     observed.end();
     EXPECT_EQ(lines, Lines{"Message=one"});
 }
 
-TEST(MessageValue, ObserverMayEndItsOwnObservation) {
-    MessageValue record;
+TEST_F(MessageValueTest, ObserverMayEndItsOwnObservation) {
     int calls = 0;
     MessageValue::Subscription observed;
     observed = record.addObserver("Message", [&, text = std::string(100, 'x')](auto, const auto&) {
@@ -230,9 +168,7 @@ TEST(MessageValue, ObserverMayEndItsOwnObservation) {
     EXPECT_EQ(calls, 100);
 }
 
-TEST(MessageValue, ObserverThatIsEndedByAnotherIsNotToldAnyMore) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, ObserverThatIsEndedByAnotherIsNotToldAnyMore) {
     MessageValue::Subscription later;
     const auto ending = record.addObserver("Message", [&](auto, const auto&) { later.end(); });
     later = record.addObserver("Message", recordInto(lines));
@@ -240,9 +176,7 @@ TEST(MessageValue, ObserverThatIsEndedByAnotherIsNotToldAnyMore) {
     EXPECT_TRUE(lines.empty());
 }
 
-TEST(MessageValue, ObservationBegunByAnObserverIsToldFromTheNextWriteOn) {
-    MessageValue record;
-    Lines lines;
+TEST_F(MessageValueTest, ObservationBegunByAnObserverIsToldFromTheNextWriteOn) {
     std::vector<MessageValue::Subscription> begun;
     const auto observed = record.addObserver("Message", [&](auto, const MessageValue::Text& value) {
         for (int i = 0; i < 100 && value == "one"; ++i)
@@ -254,40 +188,17 @@ TEST(MessageValue, ObservationBegunByAnObserverIsToldFromTheNextWriteOn) {
     EXPECT_EQ(lines, Lines(100, "Message=two"));
 }
 
-TEST(MessageValue, WritingAbsentIsTold) {
-    MessageValue record;
-    Lines lines;
-    record.setMessage("x");
-    const auto observed = record.addObserver("Message", recordInto(lines));
-    record.setMessage(std::nullopt);
-    EXPECT_EQ(lines, (Lines{"Message=(absent)"}));
-}
-
-class ProgressTest : public ::testing::Test {
-protected:
-    ProgressTest() { Progress::forget(); }
-    ~ProgressTest() override { Progress::forget(); }
-};
-
-TEST_F(ProgressTest, ThereIsNoRecordBeforeTheFirstRequest) {
+TEST(Progress, HasOneRecordFromTheFirstRequestUntilItIsForgotten) {
+    Progress::forget();
     EXPECT_EQ(Progress::recordIfAny(), nullptr);
-}
-
-TEST_F(ProgressTest, EveryRequestGivesTheSameRecord) {
     const auto record = Progress::record();
     ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->Message(), std::nullopt);
     EXPECT_EQ(Progress::record(), record);
     EXPECT_EQ(Progress::recordIfAny(), record);
-}
-
-TEST_F(ProgressTest, FreshRecordHasNoTexts) {
-    EXPECT_EQ(Progress::record()->Message(), std::nullopt);
-}
-
-TEST_F(ProgressTest, ForgettingMakesANewRecord) {
-    const auto former = Progress::record();
     Progress::forget();
-    EXPECT_NE(Progress::record(), former);
+    EXPECT_NE(Progress::record(), record);
+    Progress::forget();
 }
 
 } // namespace

@@ -8,10 +8,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -111,18 +115,20 @@ private:
 
 } // namespace
 
-TEST_F(PopUpValueTest, TableHoldsThe47PropertiesInDeclaredOrderWithTheirKeys) {
+TEST_F(PopUpValueTest, TableHoldsThe47PropertiesInDeclaredOrderEachFilledFromItsKey) {
+    writeBasic(everyKey());
+    const auto lists = loadPopUpValue();
+    EXPECT_NE(loadPopUpValue(), lists) << "each call gives a new holder";
     ASSERT_EQ(optionLists().size(), kPropertiesAndKeys.size());
     for (std::size_t row = 0; row < optionLists().size(); ++row) {
-        EXPECT_EQ(optionLists()[row].name, kPropertiesAndKeys[row].first);
-        EXPECT_EQ(optionLists()[row].key, kPropertiesAndKeys[row].second);
+        const OptionList& list = optionLists()[row];
+        EXPECT_EQ(list.name, kPropertiesAndKeys[row].first);
+        EXPECT_EQ(list.key, kPropertiesAndKeys[row].second);
+        ASSERT_NE(list.of(*lists), nullptr) << list.name;
+        EXPECT_EQ(*list.of(*lists), Strings{kPropertiesAndKeys[row].second});
+        for (const OptionList& other : optionLists()) // one key, one list
+            EXPECT_EQ(list.of(*lists) == other.of(*lists), list.key == other.key) << other.name;
     }
-}
-
-TEST_F(PopUpValueTest, FreshHolderHasNoList) {
-    const PopUpValue fresh;
-    for (const OptionList& list : optionLists())
-        EXPECT_EQ(list.of(fresh), nullptr) << list.name;
 }
 
 TEST_F(PopUpValueTest, EachReaderGivesWhatItsWriterSetAndNothingElse) {
@@ -135,67 +141,34 @@ TEST_F(PopUpValueTest, EachReaderGivesWhatItsWriterSetAndNothingElse) {
     }
 }
 
-TEST_F(PopUpValueTest, EachPropertyIsFilledFromItsKey) {
-    writeBasic(everyKey());
-    const auto lists = loadPopUpValue();
-    for (std::size_t row = 0; row < optionLists().size(); ++row) {
-        const Titles& titles = optionLists()[row].of(*lists);
-        ASSERT_NE(titles, nullptr) << optionLists()[row].name;
-        EXPECT_EQ(*titles, Strings{kPropertiesAndKeys[row].second});
+TEST_F(PopUpValueTest, WhatTheFileLacksOrSpellsOtherwiseIsNullAndTheRestFilled) {
+    struct Row {
+        const char* dictionary;
+        Titles (*read)(const PopUpValue&);
+        std::optional<Strings> titles; // nothing for no list
+    };
+    const auto control = [](const PopUpValue& lists) { return lists.control_Array(); };
+    const auto notes = [](const PopUpValue& lists) { return lists.pad_NoteNumber_Array(); };
+    const auto types = [](const PopUpValue& lists) { return lists.pad_AssignType_Array(); };
+    const char* const kNotes = "<key>button-note</key><array><string>C4</string></array>";
+    for (const Row& row : {
+             Row{kNotes, notes, Strings{"C4"}},
+             Row{kNotes, control, {}},
+             Row{"<key>control</key><string>Common</string>", control, {}},
+             Row{"<key>control</key><array/>", control, Strings{}},
+             Row{"<key>control</key><array><string>a</string><array/><string>c</string></array>",
+                 control, Strings{"a", "", "c"}},
+             Row{"<key>button-assignType</key><array><string>Off</string></array>", types, {}},
+             Row{"<key>button-assginType</key><array><string>Off</string></array>", types,
+                 Strings{"Off"}},
+         }) {
+        writeBasic(row.dictionary);
+        const Titles titles = row.read(*loadPopUpValue());
+        ASSERT_EQ(titles != nullptr, row.titles.has_value()) << row.dictionary;
+        if (titles)
+            EXPECT_EQ(*titles, *row.titles) << row.dictionary;
     }
-}
-
-TEST_F(PopUpValueTest, PropertiesOfOneKeyHoldTheSameListObject) {
-    writeBasic(everyKey());
-    const auto lists = loadPopUpValue();
-    EXPECT_EQ(lists->pad_CCNumber_Array(), lists->knob_CCNumber_Array());
-    EXPECT_EQ(lists->pad_CCNumber_Array(), lists->common_KeyConstVelocity_Array());
-    EXPECT_EQ(lists->pad_PadBehavior_Array(), lists->key_KeyBehavior_Array());
-    EXPECT_NE(lists->pad_CCNumber_Array(), lists->pad_NoteNumber_Array());
-}
-
-TEST_F(PopUpValueTest, AssignTypeKeySpelledOtherwiseFillsNoneOfItsThreeLists) {
-    writeBasic("<key>button-assignType</key><array><string>Off</string></array>");
-    const auto lists = loadPopUpValue();
-    EXPECT_EQ(lists->pad_AssignType_Array(), nullptr);
-    EXPECT_EQ(lists->key_AssignType_Array(), nullptr);
-    EXPECT_EQ(lists->display_AssignType_Array(), nullptr);
-}
-
-TEST_F(PopUpValueTest, SceneNameAndAssignTypeDisplayListsAreFilledThoughNothingShowsThem) {
-    writeBasic("<key>common-sceneName</key><array><string>n</string></array>"
-               "<key>button-assginType</key><array><string>Off</string></array>");
-    const auto lists = loadPopUpValue();
-    EXPECT_EQ(*lists->common_SceneName_Array(), Strings{"n"});
-    EXPECT_EQ(*lists->display_AssignType_Array(), Strings{"Off"});
-}
-
-TEST_F(PopUpValueTest, MissingKeyLeavesItsPropertiesNullAndTheOthersFilled) {
-    writeBasic("<key>button-note</key><array><string>C4</string></array>");
-    const auto lists = loadPopUpValue();
-    EXPECT_EQ(*lists->pad_NoteNumber_Array(), Strings{"C4"});
-    EXPECT_EQ(lists->pad_CCNumber_Array(), nullptr);
-    EXPECT_EQ(lists->control_Array(), nullptr);
-}
-
-TEST_F(PopUpValueTest, KeyThatHoldsNoArrayIsAsGoodAsMissing) {
-    writeBasic("<key>control</key><string>Common</string>");
-    EXPECT_EQ(loadPopUpValue()->control_Array(), nullptr);
-}
-
-TEST_F(PopUpValueTest, EmptyArrayIsAnEmptyList) {
-    writeBasic("<key>control</key><array/>");
-    ASSERT_NE(loadPopUpValue()->control_Array(), nullptr);
-    EXPECT_TRUE(loadPopUpValue()->control_Array()->empty());
-}
-
-TEST_F(PopUpValueTest, ElementThatIsNoTextKeepsItsPlaceEmpty) {
-    writeBasic("<key>control</key><array><string>a</string><array/><string>c</string></array>");
-    EXPECT_EQ(*loadPopUpValue()->control_Array(), (Strings{"a", "", "c"}));
-}
-
-TEST_F(PopUpValueTest, UnreadableResourceLeavesEveryListNull) {
-    writeBasic("<key>control");
+    writeBasic("<key>control"); // no property list
     const auto lists = loadPopUpValue();
     for (const OptionList& list : optionLists())
         EXPECT_EQ(list.of(*lists), nullptr) << list.name;
@@ -262,22 +235,12 @@ TEST_F(PopUpValueTest, LanguagesListThatCannotServeIsToldAndLeavesTheWrittenTitl
     }
 }
 
-TEST_F(PopUpValueTest, EachCallGivesANewHolder) {
-    writeBasic(everyKey());
-    EXPECT_NE(loadPopUpValue(), loadPopUpValue());
-}
-
-TEST(TitleAt, GivesTheTitleOfAPositionTheListHas) {
+TEST(TitleAt, GivesTheTitleOfAPositionThatTheListHas) {
     const auto titles = std::make_shared<const Strings>(Strings{"a", "b"});
     EXPECT_EQ(*titleAt(titles, 0), "a");
     EXPECT_EQ(*titleAt(titles, 1), "b");
-}
-
-TEST(TitleAt, IsNullOutsideTheListAndWithoutOne) {
-    const auto titles = std::make_shared<const Strings>(Strings{"a", "b"});
-    EXPECT_EQ(titleAt(titles, -1), nullptr);
-    EXPECT_EQ(titleAt(titles, 2), nullptr);
-    EXPECT_EQ(titleAt(titles, INT32_MIN), nullptr);
+    for (const std::int32_t outside : {-1, 2, INT32_MIN})
+        EXPECT_EQ(titleAt(titles, outside), nullptr) << outside;
     EXPECT_EQ(titleAt(nullptr, 0), nullptr);
 }
 

@@ -46,53 +46,25 @@ TEST(SceneRecords, EachFieldIsKeptApart) {
     EXPECT_EQ(common.SceneName(), "LIVE");
 }
 
-TEST(SceneRecords, FreshSceneHasNoRecords) {
-    const SceneValue scene;
+TEST(SceneRecords, SceneCopiesItsArraysAndSharesWhatIsInThem) {
+    SceneValue scene;
     EXPECT_EQ(scene.commonValue(), nullptr);
     EXPECT_TRUE(scene.displayValue().empty());
     EXPECT_TRUE(scene.buttonValueArray().empty());
-}
-
-TEST(SceneRecords, ButtonArrayIsCopiedAndItsElementsAreShared) {
     ButtonList source{std::make_shared<ButtonValue>()};
-    SceneValue scene;
-    scene.setButtonValueArray(source);
-    source.push_back(std::make_shared<ButtonValue>());
-    EXPECT_EQ(scene.buttonValueArray().size(), 1U);
-    source[0]->setCR(99);
-    EXPECT_EQ(scene.buttonValueArray()[0]->CR(), 99);
-}
-
-TEST(SceneRecords, DisplayArrayIsCopiedAndItsElementsAreShared) {
-    ButtonList source{std::make_shared<ButtonValue>()};
-    SceneValue scene;
-    scene.setDisplayValue(source);
-    source.clear();
-    ASSERT_EQ(scene.displayValue().size(), 1U);
-    EXPECT_EQ(scene.displayValue()[0]->CR(), 0);
-}
-
-TEST(SceneRecords, CommonSettingsAreShared) {
     const auto common = std::make_shared<CommonValue>();
-    SceneValue scene;
+    scene.setButtonValueArray(source);
+    scene.setDisplayValue(source);
     scene.setCommonValue(common);
+    source[0]->setCR(99);
     common->setKeyTranspose(4);
+    source.clear();
+    ASSERT_EQ(scene.buttonValueArray().size(), 1U);
+    ASSERT_EQ(scene.displayValue().size(), 1U);
+    EXPECT_EQ(scene.buttonValueArray()[0]->CR(), 99);
+    EXPECT_EQ(scene.displayValue()[0]->CR(), 99);
     EXPECT_EQ(scene.commonValue(), common);
     EXPECT_EQ(scene.commonValue()->KeyTranspose(), 4);
-}
-
-TEST(SceneRecords, ReassigningASourceTextLeavesTheNameUnchanged) {
-    CommonValue common;
-    std::string name = "ONE";
-    common.setSceneName(name);
-    name = "TWO";
-    EXPECT_EQ(common.SceneName(), "ONE");
-}
-
-TEST(SceneRecords, NamesKeepZeroBytes) {
-    CommonValue common;
-    common.setSceneName(std::string("A\0B\0", 4));
-    EXPECT_EQ(common.SceneName().size(), 4U);
 }
 
 TEST(SceneRecords, WritersAcceptAnyValue) {
@@ -103,28 +75,30 @@ TEST(SceneRecords, WritersAcceptAnyValue) {
     EXPECT_EQ(button.CCOrNoteNumber(), -5);
     CommonValue common;
     common.setPitchBendSpeed(200);
-    common.setGlobalMIDICh(-5);
+    common.setSceneName(std::string("A\0B\0", 4));
     EXPECT_EQ(common.PitchBendSpeed(), 200);
-    EXPECT_EQ(common.GlobalMIDICh(), -5);
+    EXPECT_EQ(common.SceneName().size(), 4U);
 }
 
 TEST(SceneRecords, RangeKeepsItsSevenNumbers) {
-    ButtonRange range;
-    EXPECT_EQ(range.all(), 0);
-    range.setCommon_start(0);
-    range.setGroup_start(1);
-    range.setKnob_start(5);
-    range.setSlider_start(9);
-    range.setPad_start(13);
-    range.setKey_start(21);
-    range.setAll(46);
-    EXPECT_EQ(range.common_start(), 0);
-    EXPECT_EQ(range.group_start(), 1);
-    EXPECT_EQ(range.knob_start(), 5);
-    EXPECT_EQ(range.slider_start(), 9);
-    EXPECT_EQ(range.pad_start(), 13);
-    EXPECT_EQ(range.key_start(), 21);
-    EXPECT_EQ(range.all(), 46);
+    using R = ButtonRange;
+    const std::pair<std::int32_t (R::*)() const, void (R::*)(std::int32_t)> fields[] = {
+        {&R::common_start, &R::setCommon_start},
+        {&R::group_start, &R::setGroup_start},
+        {&R::knob_start, &R::setKnob_start},
+        {&R::slider_start, &R::setSlider_start},
+        {&R::pad_start, &R::setPad_start},
+        {&R::key_start, &R::setKey_start},
+        {&R::all, &R::setAll}};
+    R range;
+    std::int32_t number = 0;
+    for (const auto& [read, write] : fields) {
+        EXPECT_EQ((range.*read)(), 0);
+        (range.*write)(++number);
+    }
+    number = 0;
+    for (const auto& [read, write] : fields)
+        EXPECT_EQ((range.*read)(), ++number);
 }
 
 TEST(SceneRecords, OptionFieldsAreAllButTheIdentifierInTheirOrder) {
@@ -137,24 +111,23 @@ TEST(SceneRecords, OptionFieldsAreAllButTheIdentifierInTheirOrder) {
                                                     "OffValue", "Enable", "CR", "CG", "CB"}));
 }
 
-void expectRange(ControlKind kind, std::string_view name, std::int32_t start, std::int32_t end) {
-    const ControlRange& range = controlRange(kind);
-    EXPECT_EQ(range.kind, kind);
-    EXPECT_EQ(range.name, name);
-    EXPECT_EQ(range.start, start) << name;
-    EXPECT_EQ(range.end(), end) << name;
-}
-
 TEST(Control, RangesFollowEachOtherFromTheCommonSettingsToTheKeys) {
-    expectRange(ControlKind::Common, "common", 0, 1);
-    expectRange(ControlKind::Group, "group", 1, 5);
-    expectRange(ControlKind::Knob, "knob", 5, 9);
-    expectRange(ControlKind::Slider, "slider", 9, 13);
-    expectRange(ControlKind::Pad, "pad", 13, 21);
-    expectRange(ControlKind::Key, "key", 21, 46);
-}
-
-TEST(Control, ThereAre45ControlsAndFourScenes) {
+    struct Range {
+        ControlKind kind;
+        std::string_view name;
+        std::int32_t start;
+        std::int32_t end;
+    };
+    for (const auto& [kind, name, start, end] :
+         {Range{ControlKind::Common, "common", 0, 1}, Range{ControlKind::Group, "group", 1, 5},
+          Range{ControlKind::Knob, "knob", 5, 9}, Range{ControlKind::Slider, "slider", 9, 13},
+          Range{ControlKind::Pad, "pad", 13, 21}, Range{ControlKind::Key, "key", 21, 46}}) {
+        const ControlRange& range = controlRange(kind);
+        EXPECT_EQ(range.kind, kind);
+        EXPECT_EQ(range.name, name);
+        EXPECT_EQ(range.start, start) << name;
+        EXPECT_EQ(range.end(), end) << name;
+    }
     EXPECT_EQ(kControlCount, 45);
     EXPECT_EQ(kControlIndexEnd, 46);
     EXPECT_EQ(kSceneCount, 4);
@@ -284,64 +257,38 @@ TEST(ButtonAction, EachKeyFillsItsField) {
     testing::expectPlaces(*buttonOf(places(testing::kButtonFields)), testing::kButtonFields);
 }
 
-TEST(ButtonAction, MissingKeyGivesZeroNotAbsent) {
-    const auto button = buttonOf({{"CR", number(127)}});
+// A missing key gives zero and not absent, whatever else there is.
+TEST(ButtonAction, ReadsNumbersAndTheirTextsAndZerosElse) {
+    const auto button = buttonOf({{"CR", number(127)}, {"ButtonID", number(9)}});
     EXPECT_EQ(button->CR(), 127);
     EXPECT_EQ(button->CG(), 0);
     EXPECT_EQ(button->Enable(), 0);
-    EXPECT_EQ(button->ButtonID(), 0);
-}
-
-TEST(ButtonAction, NumbersAndTheirTextsReadAlike) {
+    EXPECT_EQ(button->ButtonID(), 0) << "its key is a shorter one";
     EXPECT_EQ(buttonOf({{"OnValue", text("12")}})->OnValue(), 12);
     EXPECT_EQ(buttonOf({{"OnValue", number(12)}})->OnValue(), 12);
-}
-
-TEST(ButtonAction, IdentifierIsReadUnderItsShortKeyOnly) {
-    EXPECT_EQ(buttonOf({{"ButtonID", number(9)}})->ButtonID(), 0);
-}
-
-TEST(ButtonAction, ElementThatIsNoDictionaryGivesZeros) {
-    const auto button = ButtonAction::GetButtonValueFromDic(number(5));
-    ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->MIDIChannel(), 0);
+    const auto none = ButtonAction::GetButtonValueFromDic(number(5)); // no dictionary
+    ASSERT_NE(none, nullptr);
+    EXPECT_EQ(none->MIDIChannel(), 0);
 }
 
 TEST(CommonAction, EachKeyFillsItsField) {
     testing::expectPlaces(*commonOf(places(testing::kCommonFields)), testing::kCommonFields);
 }
 
-TEST(CommonAction, MissingKeyGivesZeroAndSparesTheOthers) {
+TEST(CommonAction, ReadsNumbersUncheckedAndTheirTextsAndZerosElse) {
     Dictionary dictionary = places(testing::kCommonFields);
     dictionary.erase("pitchBendSpeed");
     const auto common = commonOf(dictionary);
     EXPECT_EQ(common->PitchBendSpeed(), 0);
     EXPECT_EQ(common->PianoKeyCh(), 2);
     EXPECT_EQ(common->KeyTranspose(), 4);
-}
-
-TEST(CommonAction, NumbersAndTheirTextsReadAlike) {
     EXPECT_EQ(commonOf({{"keyTranspose", text("12")}})->KeyTranspose(), 12);
-    EXPECT_EQ(commonOf({{"keyTranspose", number(12)}})->KeyTranspose(), 12);
-}
-
-TEST(CommonAction, ValuesAreNotChecked) {
     EXPECT_EQ(commonOf({{"keyTranspose", number(-300)}})->KeyTranspose(), -300);
-}
-
-TEST(CommonAction, KeysWithACapitalInitialAreNotKnown) {
     EXPECT_EQ(commonOf({{"KeyTranspose", number(3)}})->KeyTranspose(), 0);
-}
-
-TEST(CommonAction, NameIsEmptyWhateverTheFileHolds) {
     EXPECT_EQ(commonOf({{"SceneName", text("X")}, {"sceneName", text("Y")}})->SceneName(), "");
-}
-
-TEST(CommonAction, AbsentDictionaryGivesZeros) {
-    const auto common = CommonAction::GetCommonValueFromDic(PropertyValue());
-    ASSERT_NE(common, nullptr);
-    EXPECT_EQ(common->GlobalMIDICh(), 0);
-    EXPECT_EQ(common->SceneName(), "");
+    const auto none = CommonAction::GetCommonValueFromDic(PropertyValue());
+    ASSERT_NE(none, nullptr);
+    testing::expectZeros(*none, testing::kCommonFields);
 }
 
 TEST_F(FileActionTest, ControlsComeInTheOrderOfTheFile) {
@@ -363,20 +310,15 @@ TEST_F(FileActionTest, NameIsEmptyWhateverTheFileHolds) {
     EXPECT_EQ(FileAction::GetSceneFromDefault()->commonValue()->SceneName(), "");
 }
 
-TEST_F(FileActionTest, TwoScenesShareNothing) {
-    writeDefault(arrayOf(numberOf("CR", 1), numberOf("CR", 2)));
-    const auto first = FileAction::GetSceneFromDefault();
-    const auto second = FileAction::GetSceneFromDefault();
-    first->buttonValueArray()[0]->setCR(99);
-    first->commonValue()->setKeyTranspose(8);
-    EXPECT_EQ(second->buttonValueArray()[0]->CR(), 1);
-    EXPECT_EQ(second->commonValue()->KeyTranspose(), 0);
-}
-
-TEST_F(FileActionTest, FileIsReadAnewAtEachCall) {
+TEST_F(FileActionTest, FileIsReadAnewAtEachCallAndTwoScenesShareNothing) {
     for (const int red : {1, 7, 3}) {
         writeDefault(arrayOf(numberOf("CR", red), numberOf("CR", 2)));
-        EXPECT_EQ(FileAction::GetSceneFromDefault()->buttonValueArray()[0]->CR(), red);
+        const auto first = FileAction::GetSceneFromDefault();
+        const auto second = FileAction::GetSceneFromDefault();
+        first->buttonValueArray()[0]->setCR(99);
+        first->commonValue()->setKeyTranspose(8);
+        EXPECT_EQ(second->buttonValueArray()[0]->CR(), red);
+        EXPECT_EQ(second->commonValue()->KeyTranspose(), 0);
     }
 }
 

@@ -99,28 +99,29 @@ TEST(Setting, RowsAreThoseThatTheDeviceStoresInItsOrderEachWithItsListsAndTitle)
     }
 }
 
-TEST(Setting, CommonSettingReadsAndWritesTheCommonRecord) {
+TEST(Setting, MembersOfEachKindAreItsOwnControls) {
     const auto scene = fullScene();
     settingOf(Common, "KeyTranspose").write(*scene, 0, 7);
     EXPECT_EQ(scene->commonValue()->KeyTranspose(), 7);
     EXPECT_EQ(settingOf(Common, "KeyTranspose").read(*scene, 0), 7);
-}
-
-TEST(Setting, MembersOfEachKindAreItsOwnControls) {
-    const auto scene = fullScene();
-    const auto& buttons = scene->buttonValueArray();
-    settingOf(Group, "MIDIChannel").write(*scene, 0, 1);
-    EXPECT_EQ(buttons[0]->MIDIChannel(), 1);
-    settingOf(Knob, "Enable").write(*scene, 3, 2);
-    EXPECT_EQ(buttons[7]->Enable(), 2);
-    settingOf(Slider, "CCOrNoteNumber").write(*scene, 0, 3);
-    EXPECT_EQ(buttons[8]->CCOrNoteNumber(), 3);
-    settingOf(Pad, "CB").write(*scene, 7, 4);
-    EXPECT_EQ(buttons[19]->CB(), 4);
-    settingOf(Key, "KeyBehavior").write(*scene, 24, 5);
-    EXPECT_EQ(buttons[44]->KeyBehavior(), 5);
-    EXPECT_EQ(settingOf(Key, "KeyBehavior").read(*scene, 24), 5);
-    EXPECT_EQ(settingOf(Key, "KeyBehavior").read(*scene, 0), 0);
+    struct Row {
+        ControlKind kind;
+        const char* field;
+        std::int32_t member;
+        std::int32_t (ButtonValue::*read)() const;
+        std::size_t control;
+    };
+    for (const Row& row : {Row{Group, "MIDIChannel", 0, &ButtonValue::MIDIChannel, 0},
+                           Row{Knob, "Enable", 3, &ButtonValue::Enable, 7},
+                           Row{Slider, "CCOrNoteNumber", 0, &ButtonValue::CCOrNoteNumber, 8},
+                           Row{Pad, "CB", 7, &ButtonValue::CB, 19},
+                           Row{Key, "KeyBehavior", 24, &ButtonValue::KeyBehavior, 44}}) {
+        const Setting& setting = settingOf(row.kind, row.field);
+        setting.write(*scene, row.member, 5);
+        EXPECT_EQ((*scene->buttonValueArray()[row.control].*row.read)(), 5) << row.field;
+        EXPECT_EQ(setting.read(*scene, row.member), 5) << row.field;
+        EXPECT_EQ(setting.read(*scene, 1), 0) << row.field;
+    }
 }
 
 TEST(Setting, SceneWithoutTheRecordReadsAbsentAndKeepsNothing) {
@@ -160,17 +161,20 @@ TEST(Setting, FieldThatAKindDoesNotCarryIsNotFound) {
     EXPECT_EQ(findSetting(Key, "keybehavior"), nullptr);
 }
 
-TEST(Setting, ListThatTheResourceLacksIsNull) {
-    EXPECT_EQ(optionList(PopUpValue{}, settingOf(Pad, "CR"), 0), nullptr);
-}
-
-TEST(Setting, TitleIsTheEntryAtTheStoredIndex) {
+TEST(Setting, TitleIsTheEntryAtTheStoredIndexAndDashesOutsideTheList) {
     PopUpValue lists;
     lists.setKnob_CCNumber_Array(std::make_shared<const Strings>(Strings{"zero", "one", "two"}));
     const auto scene = fullScene();
+    const Setting& number = settingOf(Knob, "CCOrNoteNumber");
+    EXPECT_EQ(optionTitle(lists, number, *scene, 1), "zero");
     scene->buttonValueArray()[6]->setCCOrNoteNumber(2);
-    EXPECT_EQ(optionTitle(lists, settingOf(Knob, "CCOrNoteNumber"), *scene, 2), "two");
-    EXPECT_EQ(optionTitle(lists, settingOf(Knob, "CCOrNoteNumber"), *scene, 1), "zero");
+    EXPECT_EQ(optionTitle(lists, number, *scene, 2), "two");
+    for (const std::int32_t value : {-1, 3, 127, INT32_MIN, INT32_MAX}) {
+        scene->buttonValueArray()[6]->setCCOrNoteNumber(value);
+        EXPECT_EQ(optionTitle(lists, number, *scene, 2), "---") << value;
+    }
+    EXPECT_EQ(optionList(PopUpValue{}, settingOf(Pad, "CR"), 0), nullptr);
+    EXPECT_EQ(optionTitle(PopUpValue{}, settingOf(Pad, "CR"), *scene, 0), "---");
 }
 
 TEST(Setting, NumberOfANoteIsNamedByTheNoteList) {
@@ -184,19 +188,6 @@ TEST(Setting, NumberOfANoteIsNamedByTheNoteList) {
               "pad_CCNumber_Array");
     EXPECT_EQ(optionTitle(lists, settingOf(Key, "CCOrNoteNumber"), *scene, 24),
               "key_NoteNumber_Array");
-}
-
-TEST(Setting, ValueOutsideItsListIsShownAsDashes) {
-    const PopUpValue lists = selfNamedLists();
-    const auto scene = fullScene();
-    for (const std::int32_t value : {-1, 1, 127, INT32_MIN, INT32_MAX}) {
-        scene->commonValue()->setPianoKeyCh(value);
-        EXPECT_EQ(optionTitle(lists, settingOf(Common, "PianoKeyCh"), *scene, 0), "---") << value;
-    }
-}
-
-TEST(Setting, WithoutAListEveryValueIsShownAsDashes) {
-    EXPECT_EQ(optionTitle(PopUpValue{}, settingOf(Pad, "CR"), *fullScene(), 0), "---");
 }
 
 } // namespace

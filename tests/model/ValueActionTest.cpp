@@ -17,18 +17,6 @@ constexpr std::int8_t operator""_byte(unsigned long long value) {
 }
 
 TEST(ValueAction, HexTextLosesItsHighDigitBetween0x81And0x8F) {
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x00_byte), "00");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x7F_byte), "7f");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x80_byte), "80");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x81_byte), "01");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x8A_byte), "0a");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x8F_byte), "0f");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x90_byte), "90");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0x9C_byte), "9c");
-    EXPECT_EQ(ValueAction::GetStrWirhChar(0xFF_byte), "ff");
-}
-
-TEST(ValueAction, EveryHexTextIsThatOfItsPlaceInTheDevicesList) {
     for (int value = 0; value < 256; ++value) {
         std::array<char, 3> expected{};
         const bool repeats = value >= 0x81 && value <= 0x8F;
@@ -65,41 +53,26 @@ TEST(ValueAction, TextByIndexOutsideTheListThrows) {
         EXPECT_THROW((void)ValueAction::GetStrFrom127WithIndex(index), std::out_of_range) << index;
 }
 
-template <typename Reverse>
-void expectSignedNumber(const Reverse& reverse) {
-    EXPECT_EQ(reverse(0x00_byte), 0);
-    EXPECT_EQ(reverse(0x7F_byte), 127);
-    EXPECT_EQ(reverse(0x80_byte), -128);
-    EXPECT_EQ(reverse(0x90_byte), -112);
-    EXPECT_EQ(reverse(0xFF_byte), -1);
-}
-
 TEST(ValueAction, SomeReversesGiveTheBytesSignedValue) {
-    expectSignedNumber(ValueAction::GetValueIndexFromChar);
-    expectSignedNumber(ValueAction::GetMIDInumbIndexFromChar);
-    expectSignedNumber(ValueAction::GetMinIndexFromChar);
-    expectSignedNumber(ValueAction::GetMaxIndexFromChar);
-    expectSignedNumber(ValueAction::GetCRIndexFromChar);
-    expectSignedNumber(ValueAction::GetCGIndexFromChar);
-    expectSignedNumber(ValueAction::GetCBIndexFromChar);
-    expectSignedNumber(ValueAction::GetModeOptionIndexFromChar);
-}
-
-template <typename Forward>
-void expect127Table(const Forward& forward) {
-    for (std::int32_t index = 0; index < 128; ++index)
-        EXPECT_EQ(forward(index), index);
-    EXPECT_EQ(forward(128), 0);
+    for (const auto reverse :
+         {ValueAction::GetValueIndexFromChar, ValueAction::GetMIDInumbIndexFromChar,
+          ValueAction::GetMinIndexFromChar, ValueAction::GetMaxIndexFromChar,
+          ValueAction::GetCRIndexFromChar, ValueAction::GetCGIndexFromChar,
+          ValueAction::GetCBIndexFromChar, ValueAction::GetModeOptionIndexFromChar})
+        for (int byte = 0; byte < 256; ++byte)
+            EXPECT_EQ(reverse(static_cast<std::int8_t>(byte)), byte < 128 ? byte : byte - 256);
 }
 
 TEST(ValueAction, TheirForwardsLeanOnThe127Table) {
-    expect127Table(ValueAction::GetValueCharFromIndex);
-    expect127Table(ValueAction::GetMIDInumbCharFromIndex);
-    expect127Table(ValueAction::GetMinCharFromIndex);
-    expect127Table(ValueAction::GetMaxCharFromIndex);
-    expect127Table(ValueAction::GetCRCharFromIndex);
-    expect127Table(ValueAction::GetCGCharFromIndex);
-    expect127Table(ValueAction::GetCBCharFromIndex);
+    for (const auto forward :
+         {ValueAction::GetValueCharFromIndex, ValueAction::GetMIDInumbCharFromIndex,
+          ValueAction::GetMinCharFromIndex, ValueAction::GetMaxCharFromIndex,
+          ValueAction::GetCRCharFromIndex, ValueAction::GetCGCharFromIndex,
+          ValueAction::GetCBCharFromIndex}) {
+        for (std::int32_t index = 0; index < 128; ++index)
+            EXPECT_EQ(forward(index), index);
+        EXPECT_EQ(forward(128), 0);
+    }
 }
 
 TEST(ValueAction, ModeOptionIsATableOneWayAndANumberTheOther) {
@@ -145,61 +118,29 @@ TEST(ValueTables, ButtonIdentifiers) {
                 0x7C, 0x7D, 0x7E, 0x7F, 0x33, 0x03, 0x04, 0x0A, 0x05, 0x06, 0x07, 0x08});
 }
 
-TEST(ValueTables, PadModes) {
-    expectPair(ValueAction::GetPadModeCharFromIndex, ValueAction::GetPadModeIndexFromChar,
-               {0x00, 0x01, 0x08, 0x09});
-}
-
-TEST(ValueTables, OtherModes) {
-    expectPair(ValueAction::GetOtherModeCharFromIndex, ValueAction::GetOtherModeIndexFromChar,
-               {0x00, 0x01, 0x04});
-}
-
-TEST(ValueTables, Channels) {
-    expectPair(ValueAction::GetChannelCharFromIndex, ValueAction::GetChannelIndexFromChar,
-               {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x0C, 0x0D,
-                0x0E, 0x0F, 0x41});
-}
-
-TEST(ValueTables, KnobRelativeModes) {
-    expectPair(ValueAction::GetGlobalKnobRelativeModeCharFromIndex,
-               ValueAction::GetGlobalKnobRelativeModeIndexFromChar, {0x01, 0x7F});
-}
-
-TEST(ValueTables, OctaveTranspositions) {
-    expectPair(ValueAction::GetGlobalOctaveTranspositionCharFromIndex,
-               ValueAction::GetGlobalOctaveTranspositionIndexFromChar,
-               {0x00, 0x01, 0x02, 0x03, 0x04, 0x41, 0x42, 0x43, 0x44});
-}
-
-TEST(ValueTables, GlobalMidiChannels) {
-    expectPair(ValueAction::GetGlobalMIDIChannelCharFromIndex,
-               ValueAction::GetGlobalMIDIChannelIndexFromChar, upTo(16));
-}
-
-TEST(ValueTables, KeyAndPadVelocityCurvesAreOneTable) {
-    expectPair(ValueAction::GetGlobalVelocityCurveCharFromIndex,
-               ValueAction::GetGlobalVelocityCurveIndexFromChar, {0x00, 0x01, 0x02, 0x03});
-    expectPair(ValueAction::GetGlobalPadVelocityCurveCharFromIndex,
-               ValueAction::GetGlobalPadVelocityCurveIndexFromChar, {0x00, 0x01, 0x02, 0x03});
-}
-
-TEST(ValueTables, KnobAccelerationCurves) {
-    expectPair(ValueAction::GetGlobalKnobAccelerationCurveCharFromIndex,
-               ValueAction::GetGlobalKnobAccelerationCurveIndexFromChar, {0x00, 0x01, 0x02});
-}
-
-TEST(ValueTables, Memories) {
-    expectPair(ValueAction::GetMemCharFromIndex, ValueAction::GetMemIndexFromChar,
-               {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08});
-}
-
-TEST(ValueTables, IdentityOf127) {
-    expectPair(ValueAction::GetFrom127WithIndex, ValueAction::GetFrom127WirhChar, upTo(128));
-}
-
-TEST(ValueTables, IdentityOf255) {
-    expectPair(ValueAction::GetFrom255WithIndex, ValueAction::GetFrom255WirhChar, upTo(256));
+TEST(ValueTables, TheOthers) {
+    using V = ValueAction;
+    const Bytes channels{0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08,
+                         0x09, 0x0A, 0x0B, 0x0C, 0x0D, 0x0E, 0x0F, 0x41};
+    const Bytes octaves{0x00, 0x01, 0x02, 0x03, 0x04, 0x41, 0x42, 0x43, 0x44};
+    expectPair(V::GetPadModeCharFromIndex, V::GetPadModeIndexFromChar, {0x00, 0x01, 0x08, 0x09});
+    expectPair(V::GetOtherModeCharFromIndex, V::GetOtherModeIndexFromChar, {0x00, 0x01, 0x04});
+    expectPair(V::GetChannelCharFromIndex, V::GetChannelIndexFromChar, channels);
+    expectPair(V::GetGlobalKnobRelativeModeCharFromIndex, V::GetGlobalKnobRelativeModeIndexFromChar,
+               {0x01, 0x7F});
+    expectPair(V::GetGlobalOctaveTranspositionCharFromIndex,
+               V::GetGlobalOctaveTranspositionIndexFromChar, octaves);
+    expectPair(V::GetGlobalMIDIChannelCharFromIndex, V::GetGlobalMIDIChannelIndexFromChar,
+               upTo(16));
+    expectPair(V::GetGlobalVelocityCurveCharFromIndex, V::GetGlobalVelocityCurveIndexFromChar,
+               upTo(4));
+    expectPair(V::GetGlobalPadVelocityCurveCharFromIndex, V::GetGlobalPadVelocityCurveIndexFromChar,
+               upTo(4));
+    expectPair(V::GetGlobalKnobAccelerationCurveCharFromIndex,
+               V::GetGlobalKnobAccelerationCurveIndexFromChar, upTo(3));
+    expectPair(V::GetMemCharFromIndex, V::GetMemIndexFromChar, upTo(9));
+    expectPair(V::GetFrom127WithIndex, V::GetFrom127WirhChar, upTo(128));
+    expectPair(V::GetFrom255WithIndex, V::GetFrom255WirhChar, upTo(256));
 }
 
 TEST(ValueTables, FirstOfEqualCodesIsFound) {
