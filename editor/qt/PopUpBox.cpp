@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -90,19 +91,37 @@ private:
     TypedSearch search_;
 };
 
-// Many boxes offer the same 128 entries: the application owns one model for each list of them.
-QStringListModel& modelOf(const QStringList& entries) {
-    for (auto* made : qApp->findChildren<QStringListModel*>(Qt::FindDirectChildrenOnly))
-        if (made->stringList() == entries)
-            return *made;
-    return makeChild<QStringListModel>(entries, qApp);
-}
-
 bool isReturn(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 } // namespace
+
+// The entries of all boxes that offer these titles.
+class EntryModel final : public QStringListModel {
+public:
+    EntryModel(const std::vector<std::string>& titles, QObject* parent)
+        : QStringListModel(parent), titles_(titles) {
+        QStringList entries;
+        for (const std::string& title : titles)
+            entries.append(shown(title));
+        setStringList(entries);
+    }
+
+    [[nodiscard]] const std::vector<std::string>& titles() const { return titles_; }
+
+    // Many boxes offer the same 128 entries: the application owns one model for each list of them.
+    [[nodiscard]] static EntryModel& of(const std::vector<std::string>& titles) {
+        for (QObject* const child : qApp->children())
+            if (auto* const made = dynamic_cast<EntryModel*>(child))
+                if (made->titles() == titles)
+                    return *made;
+        return makeChild<EntryModel>(titles, qApp);
+    }
+
+private:
+    std::vector<std::string> titles_;
+};
 
 int findTyped(const QStringList& entries, const QString& typed, EntryNames names) {
     std::vector<std::string> titles;
@@ -152,24 +171,40 @@ void PopUpBox::showPopup() {
 
 void PopUpBox::removeAllItems() {
     forgetTyping();
-    if (count() > 0) // changing the model is the most of what a box costs at the start
-        setModel(&modelOf({}));
+    if (entries_ != nullptr)
+        offer(EntryModel::of({}));
 }
 
 void PopUpBox::addItems(const std::vector<std::string>& titles) {
-    QStringList entries = this->titles();
-    for (const std::string& title : titles)
-        entries.append(shown(title));
-    setModel(&modelOf(entries));
+    std::vector<std::string> all = entries_ != nullptr ? entries_->titles() : decltype(all)();
+    all.insert(all.end(), titles.begin(), titles.end());
+    offer(EntryModel::of(all));
+}
+
+// To give a box its model, or another one, is the most of what it costs, and most boxes of a window
+// are on panes that are not seen at its start.
+void PopUpBox::offer(EntryModel& entries) {
+    entries_ = &entries;
+    if (wasShown_)
+        setModel(&entries);
+    else
+        unseen_ = entries.rowCount() > 0 ? 0 : -1;
 }
 
 void PopUpBox::selectItem(std::int32_t position) {
     forgetTyping();
-    setCurrentIndex(position >= 0 && position < count() ? position : -1);
+    const bool isOffered = entries_ != nullptr && position >= 0 && position < entries_->rowCount();
+    select(isOffered ? position : -1);
+}
+
+void PopUpBox::select(int position) {
+    unseen_ = position;
+    if (wasShown_)
+        setCurrentIndex(position);
 }
 
 std::int32_t PopUpBox::selectedItem() const {
-    return currentIndex();
+    return wasShown_ ? currentIndex() : unseen_;
 }
 
 void PopUpBox::setEnabled(bool enabled) {
@@ -177,10 +212,7 @@ void PopUpBox::setEnabled(bool enabled) {
 }
 
 QStringList PopUpBox::titles() const {
-    QStringList texts;
-    for (int position = 0; position < count(); ++position)
-        texts.append(itemText(position));
-    return texts;
+    return entries_ != nullptr ? entries_->stringList() : QStringList();
 }
 
 // The width is the layout's to give. To ask the base class would be to measure every title of every
@@ -213,7 +245,7 @@ void PopUpBox::finishTyping() {
 
 void PopUpBox::chooseItem(int position) {
     hidePopup();
-    setCurrentIndex(position);
+    select(position);
     emit activated(position);
 }
 
@@ -272,6 +304,15 @@ void PopUpBox::wheelEvent(QWheelEvent* event) {
 void PopUpBox::focusOutEvent(QFocusEvent* event) {
     finishTyping();
     QComboBox::focusOutEvent(event);
+}
+
+void PopUpBox::showEvent(QShowEvent* event) {
+    if (!std::exchange(wasShown_, true) && entries_ != nullptr) {
+        const QSignalBlocker guard(this); // nothing is other than it was
+        setModel(entries_);
+        setCurrentIndex(unseen_);
+    }
+    QComboBox::showEvent(event);
 }
 
 // Another control may be shown by now: what was typed was not for it.

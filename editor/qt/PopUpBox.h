@@ -47,6 +47,8 @@ private:
     Clock::time_point last_;
 };
 
+class EntryModel;
+
 // Rows of a list with room around their text.
 class RowDelegate final : public QStyledItemDelegate {
     Q_OBJECT
@@ -70,6 +72,9 @@ public:
 // there chooses.
 // `activated` is the user's choice, also of what was chosen before, as others may be chosen beside;
 // nothing that the program does emits it.
+//
+// What the program does to a box that was never shown reaches the toolkit when it is shown first:
+// until then selectedItem() and titles() tell it, and the base class knows of no entry.
 class PopUpBox final : public QComboBox, public PopUp {
     Q_OBJECT
 
@@ -98,9 +103,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void offer(EntryModel& entries);
+    void select(int position);
     void type(const QString& text);
     // Chooses what is shown, if it was typed.
     void finishTyping();
@@ -109,6 +117,9 @@ private:
     // What was typed is no longer of any meaning.
     void forgetTyping();
 
+    EntryModel* entries_ = nullptr; // the application's; null before it offered any
+    int unseen_ = -1;               // what is selected, until the box is shown
+    bool wasShown_ = false;
     EntryNames names_;
     TypedSearch search_;
     QTimer pause_;

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -116,6 +117,32 @@ protected:
     Choices chosen_;
     PopUpBox box_; // its end may choose
 };
+
+TEST_F(PopUpBoxTest, BeforeItIsShownItKeepsWhatItIsGiven) {
+    PopUpBox box;
+    EXPECT_EQ(box.selectedItem(), -1);
+    box.addItems(numbers(4));
+    EXPECT_EQ(box.selectedItem(), 0);
+    box.addItems({"x"});
+    box.selectItem(9);
+    EXPECT_EQ(box.selectedItem(), -1);
+    box.removeAllItems();
+    EXPECT_TRUE(box.titles().empty());
+    box.addItems(numbers(128));
+    box.selectItem(77);
+    EXPECT_EQ(box.selectedItem(), 77);
+    EXPECT_EQ(box.titles(), box_.titles());
+    EXPECT_EQ(box.count(), 0);
+    QSignalSpy changes(&box, &QComboBox::currentIndexChanged);
+    box.show();
+    EXPECT_EQ(box.count(), 128);
+    EXPECT_EQ(box.currentText(), "77");
+    EXPECT_EQ(box.selectedItem(), 77);
+    EXPECT_TRUE(changes.empty());
+    box.hide();
+    box.selectItem(3);
+    EXPECT_EQ(box.currentText(), "3");
+}
 
 TEST_F(PopUpBoxTest, ShowsWhatTheProgramSelectsAndTellsNothingOfIt) {
     for (const int position : {128, -1, 1000, -7}) {

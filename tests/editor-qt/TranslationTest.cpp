@@ -89,7 +89,7 @@ TEST_P(TranslationTest, ListsAndDisplayModesSpeakTheLanguageAndFilesDoNot) {
     for (std::int32_t control = 0; control < kControlIndexEnd; ++control)
         EXPECT_EQ(*titleAt(lists.control_Array(), control), controlName(control));
     EXPECT_GE(shown.list().viewport()->width(), shown.list().sizeHintForColumn(0));
-    EXPECT_EQ(shown.panes().popUp("padPadBehavior").itemText(1).toStdString(),
+    EXPECT_EQ(shown.panes().popUp("padPadBehavior").titles()[1].toStdString(),
               lists.pad_PadBehavior_Array()->at(1));
     EXPECT_EQ(shown.displayModes().itemText(5).toStdString(), lists.display_Select_Array()->at(5));
     const testing::TempFolder folder;
