@@ -148,6 +148,28 @@ void TextLabel::keyPressEvent(QKeyEvent* event) {
         QLabel::keyPressEvent(event);
 }
 
+QSize NameLabel::sizeHint() const {
+    ensurePolished();
+    if (size_.isEmpty() || measured_ != text()) {
+        measured_ = text();
+        const int flags = buddy() != nullptr ? Qt::TextShowMnemonic : 0;
+        size_ = measured_.isEmpty()
+                    ? QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing())
+                    : fontMetrics().size(flags, measured_);
+    }
+    return size_.grownBy(contentsMargins());
+}
+
+QSize NameLabel::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void NameLabel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        size_ = {};
+    QLabel::changeEvent(event);
+}
+
 TextLine::TextLine(QWidget* parent) : QLineEdit(parent) {}
 
 void TextLine::setText(const std::string& text) {

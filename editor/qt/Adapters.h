@@ -103,6 +103,25 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
+// The name beside a field, or over several: a label that nothing in it can be marked of, in one
+// line or in lines that it has already. It is as large as any label, and measures its text once.
+class NameLabel final : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    mutable QString measured_;
+    mutable QSize size_; // of what was measured; empty before
+};
+
 // A line of text that can be locked.
 class TextLine final : public QLineEdit, public TextField {
     Q_OBJECT

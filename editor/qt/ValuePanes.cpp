@@ -84,7 +84,7 @@ void ValuePanes::makePane(ControlKind kind) {
     auto& column = makeChild<QVBoxLayout>(body.frame);
     column.setContentsMargins(14, 5, 14, 7);
     column.setSpacing(3);
-    body.heading = &makeChild<QLabel>(body.frame);
+    body.heading = &makeChild<NameLabel>(body.frame);
     body.heading->setProperty("role", "heading");
     column.addWidget(body.heading);
     auto fields = std::make_unique<QGridLayout>();
@@ -99,7 +99,7 @@ void ValuePanes::makePane(ControlKind kind) {
 }
 
 void ValuePanes::addField(Body& body, const QString& title, QWidget& field, const QString& help) {
-    auto& label = makeChild<QLabel>(withMnemonic(title, body.taken), body.frame);
+    auto& label = makeChild<NameLabel>(withMnemonic(title, body.taken), body.frame);
     label.setProperty("role", "field");
     label.setBuddy(&field);
     label.setContentsMargins(1, body.count < kColumns ? 0 : kRowGap, 0, 0);

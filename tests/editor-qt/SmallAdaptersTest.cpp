@@ -22,6 +22,33 @@ TEST(TextLabel, ShowsATextAsItIsAndNeverTakesKeys) {
     EXPECT_FALSE(label.textInteractionFlags().testFlag(Qt::TextEditable));
 }
 
+TEST(NameLabel, IsAsLargeAsAnyLabel) {
+    const auto expectAlike = [](const NameLabel& name, const QLabel& label) {
+        EXPECT_EQ(name.sizeHint(), label.sizeHint()) << label.text().toStdString();
+        EXPECT_EQ(name.minimumSizeHint(), label.minimumSizeHint()) << label.text().toStdString();
+    };
+    for (const char* text : {"", "Ready", "CC or &note", "Pads\nand &keys", "色 &A"}) {
+        NameLabel name;
+        QLabel label;
+        for (QLabel* each : {static_cast<QLabel*>(&name), &label}) {
+            each->setText(QStringLiteral("before it"));
+            each->setContentsMargins(1, 5, 2, 3);
+            EXPECT_TRUE(each->sizeHint().isValid());
+            each->setText(QString::fromUtf8(text));
+        }
+        expectAlike(name, label);
+        for (QLabel* each : {static_cast<QLabel*>(&name), &label}) {
+            QFont font = each->font();
+            font.setPointSize(font.pointSize() * 2);
+            each->setFont(font);
+        }
+        expectAlike(name, label);
+        name.setBuddy(&label);
+        label.setBuddy(&name);
+        expectAlike(name, label);
+    }
+}
+
 TEST(TextLine, ShowsANameOfTheControllerReadablyAndTakesKeysUnlessItIsLocked) {
     TextLine line;
     TextField& field = line;
