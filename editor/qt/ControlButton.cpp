@@ -8,11 +8,13 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <utility>
 
@@ -210,12 +212,41 @@ void ControlButton::drawFocus(QPainter& painter) const {
     painter.restore();
 }
 
+// Of many controls alike, which are at rest most of the time, one image is made. Pads are of many
+// colours.
+void ControlButton::drawBody(QPainter& painter) const {
+    const ControlLook look{shapeOf(kind_, tag_),
+                           QColor(look_.light.red, look_.light.green, look_.light.blue),
+                           isDown(),
+                           underMouse() && isEnabled(),
+                           look_.isPlayed,
+                           look_.travel};
+    const qreal ratio = devicePixelRatio();
+    const bool isAtRest = !look.isDown && !look.isHovered && !look.isPlayed && !look.travel;
+    if (!isAtRest || kind_ == ControlKind::Pad || ratio != std::floor(ratio))
+        return drawControl(painter, rect(), look);
+    const QString key = QStringLiteral("control %1 %2 %3 %4")
+                            .arg(static_cast<int>(look.shape))
+                            .arg(width())
+                            .arg(height())
+                            .arg(ratio);
+    QPixmap image;
+    if (!QPixmapCache::find(key, &image)) {
+        image = QPixmap(size() * ratio);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        QPainter maker(&image);
+        drawControl(maker, rect(), look);
+        maker.end();
+        QPixmapCache::insert(key, image);
+    }
+    painter.drawPixmap(0, 0, image);
+}
+
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    drawControl(painter, rect(),
-                {shapeOf(kind_, tag_), QColor(look_.light.red, look_.light.green, look_.light.blue),
-                 isDown(), underMouse() && isEnabled(), look_.isPlayed, look_.travel});
+    drawBody(painter);
     if (look_.isTaken && !look_.image)
         drawTaken(painter, shapeOf(kind_, tag_), rect());
     if (hasFocus())

@@ -102,6 +102,7 @@ private:
 
     [[nodiscard]] bool isTurned() const;
     [[nodiscard]] QRectF captionRoom() const;
+    void drawBody(QPainter& painter) const;
     void drawFocus(QPainter& painter) const;
     void drawDot(QPainter& painter) const;
     void describe();

@@ -1,6 +1,7 @@
 #include "editor/qt/ControlShape.h"
 
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/RoundedRect.h"
 #include "platform/Resources.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace scenewright {
 
@@ -41,12 +43,6 @@ constexpr qreal kPadScreen = 0.46;
 constexpr qreal kWhiteScreen = 0.3;
 constexpr qreal kUnderBlack = 0.63;
 
-void fillRound(QPainter& painter, const QRectF& room, qreal radius, const QBrush& brush) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(brush);
-    painter.drawRoundedRect(room, radius, radius);
-}
-
 QLinearGradient downward(const QRectF& room, const QColor& upper, const QColor& lower) {
     QLinearGradient gradient(room.topLeft(), room.bottomLeft());
     gradient.setColorAt(0, upper);
@@ -62,18 +58,18 @@ QRectF lowerPart(const QRectF& room, qreal part) {
 }
 
 void drawScreen(QPainter& painter, const QRectF& room) {
-    fillRound(painter, room, 4, kScreen);
+    fillRounded(painter, room, 4, kScreen);
 }
 
 void drawGroup(QPainter& painter, const QRectF& room, const ControlLook& look) {
-    fillRound(painter, room, 7,
-              look.isDown ? downward(room, kPlasticDark, kPlastic)
-                          : downward(room, kPlastic, kPlasticDark));
+    fillRounded(painter, room, 7,
+                look.isDown ? downward(room, kPlasticDark, kPlastic)
+                            : downward(room, kPlastic, kPlasticDark));
     drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
-    fillRound(painter, room, 7, kTray);
+    fillRounded(painter, room, 7, kTray);
     const QRectF screen = captionRect(look.shape, room);
     drawScreen(painter, screen);
     const qreal space = screen.top() - room.top();
@@ -93,7 +89,7 @@ void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
 }
 
 void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) {
-    fillRound(painter, room, 7, kTray);
+    fillRounded(painter, room, 7, kTray);
     const QRectF screen = captionRect(look.shape, room);
     drawScreen(painter, screen);
     const qreal top = room.top() + room.height() * 0.07;
@@ -105,38 +101,39 @@ void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) 
         painter.drawLine(QPointF(middle - room.width() * 0.28, y),
                          QPointF(middle + room.width() * 0.28, y));
     }
-    fillRound(painter, QRectF(middle - 2, top, 4, bottom - top), 2, Qt::black);
+    fillRounded(painter, QRectF(middle - 2, top, 4, bottom - top), 2, Qt::black);
     const qreal width = room.width() * 0.56;
     const qreal height = room.height() * 0.13;
     const qreal place =
         look.travel ? (bottom - top - height) * (1 - *look.travel) : (bottom - top) * 0.38;
     const QRectF cap(middle - width / 2, top + place, width, height);
-    fillRound(painter, cap.translated(0, 2), 4, kEdge);
-    fillRound(painter, cap, 4, downward(cap, kPlastic.lighter(140), kPlasticDark));
-    fillRound(painter, QRectF(cap.left() + 3, cap.center().y() - 1, cap.width() - 6, 2), 1, kMark);
+    fillRounded(painter, cap.translated(0, 2), 4, kEdge);
+    fillRounded(painter, cap, 4, downward(cap, kPlastic.lighter(140), kPlasticDark));
+    fillRounded(painter, QRectF(cap.left() + 3, cap.center().y() - 1, cap.width() - 6, 2), 1,
+                kMark);
 }
 
 void drawPad(QPainter& painter, const QRectF& room, const ControlLook& look) {
     const bool isLit = look.light.isValid() && look.light != QColor(Qt::black);
-    fillRound(painter, room, 9, isLit ? look.light.darker(160) : kPlasticDark);
+    fillRounded(painter, room, 9, isLit ? look.light.darker(160) : kPlasticDark);
     const QRectF face = room.adjusted(3, 3, -3, -3);
-    fillRound(painter, face, 7, isLit ? look.light : kRubber);
+    fillRounded(painter, face, 7, isLit ? look.light : kRubber);
     if (look.isDown)
-        fillRound(painter, face, 7, QColor(0, 0, 0, 60));
+        fillRounded(painter, face, 7, QColor(0, 0, 0, 60));
     drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawWhiteKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
-    fillRound(painter, room, 4, kIvoryDark);
-    fillRound(painter, room.adjusted(0, 0, 0, look.isDown ? -1 : -4), 4,
-              downward(room, kIvoryDark, kIvory));
+    fillRounded(painter, room, 4, kIvoryDark);
+    fillRounded(painter, room.adjusted(0, 0, 0, look.isDown ? -1 : -4), 4,
+                downward(room, kIvoryDark, kIvory));
     drawScreen(painter, captionRect(look.shape, room));
 }
 
 void drawBlackKey(QPainter& painter, const QRectF& room, const ControlLook& look) {
-    fillRound(painter, room, 4, kEbonyDark);
+    fillRounded(painter, room, 4, kEbonyDark);
     const QRectF top = room.adjusted(3, 0, -3, look.isDown ? -3 : -7);
-    fillRound(painter, top, 3, downward(top, kEbonyDark, kEbony));
+    fillRounded(painter, top, 3, downward(top, kEbonyDark, kEbony));
     drawScreen(painter, captionRect(look.shape, room));
 }
 
@@ -152,13 +149,37 @@ bool fitsInto(const QSizeF& size, const QSizeF& room) {
     return size.width() <= room.width() && size.height() <= room.height();
 }
 
+// At least what captionSize() tells, where the letters are known to stand alone; else infinite. To
+// shape a line of text takes many times as long as to look its letters up, and most captions have
+// room to spare. What a font moves two letters apart by is less than the part that is added.
+qreal widthAtMost(const QString& text, const QFontMetricsF& metrics) {
+    constexpr qreal kSpared = 1.1;
+    qreal widest = 0;
+    qreal width = 0;
+    for (const QChar letter : text) {
+        if (letter.unicode() > 0x7F)
+            return std::numeric_limits<qreal>::infinity();
+        width = letter == kLineEnd ? 0 : width + metrics.horizontalAdvance(letter);
+        widest = std::max(widest, width);
+    }
+    return widest * kSpared;
+}
+
+bool fits(const QString& text, const QFont& font, const QSizeF& room) {
+    const QFontMetricsF metrics(font);
+    const auto lines = static_cast<qreal>(text.count(kLineEnd) + 1);
+    if (metrics.height() * lines > room.height())
+        return false;
+    return widthAtMost(text, metrics) <= room.width() || fitsInto(captionSize(text, font), room);
+}
+
 // The largest size, from `largest` down, in which the text fits; false when none does.
 bool shrinkInto(QFont& font, const QString& text, const QSizeF& room, int largest) {
     for (int size = std::max(largest, kSmallestCaption); size >= kSmallestCaption; --size)
         for (const int stretch : kStretches) {
             font.setPixelSize(size);
             font.setStretch(stretch);
-            if (fitsInto(captionSize(text, font), room))
+            if (fits(text, font, room))
                 return true;
         }
     return false;
@@ -238,7 +259,7 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
     painter.setRenderHint(QPainter::Antialiasing);
     kDraws.at(static_cast<std::size_t>(look.shape))(painter, room, look);
     if (look.isHovered)
-        fillRound(painter, room, 7, QColor(255, 255, 255, 26));
+        fillRounded(painter, room, 7, QColor(255, 255, 255, 26));
     if (look.isPlayed) {
         painter.setBrush(Qt::NoBrush);
         for (const QPen& pen : {QPen(Qt::black, 6), QPen(kPlayed, 3)}) { // seen on any light

@@ -1,5 +1,7 @@
 #include "editor/qt/WindowStyle.h"
 
+#include "editor/qt/RoundedRect.h"
+
 #include <QApplication>
 #include <QFrame>
 #include <QImage>
@@ -11,6 +13,9 @@
 #include <QStyleOptionFrame>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <functional>
 
 namespace scenewright {
@@ -32,6 +37,53 @@ QImage drawn(Option option, QStyle::State state,
     QPainter painter(&image);
     draw(WindowStyle(), option, painter);
     return image;
+}
+
+// How far two images are apart where they are most: in levels of 255.
+int apart(const QImage& one, const QImage& other) {
+    int most = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            most = std::max({most, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                             std::abs(a.blue() - b.blue())});
+        }
+    return most;
+}
+
+TEST(RoundedRect, IsFilledAsTheToolkitFillsIt) {
+    constexpr int kRounding = 2;
+    QLinearGradient gradient(0, 10, 0, 90);
+    gradient.setColorAt(0, Qt::red);
+    gradient.setColorAt(1, Qt::blue);
+    const std::array<QBrush, 3> brushes{QBrush(Qt::black), QBrush(QColor(0, 90, 200, 120)),
+                                        QBrush(gradient)};
+    for (const QRectF& rect :
+         {QRectF(10, 10, 60, 80), QRectF(10.3, 10.6, 60.5, 79.7), QRectF(10, 10, 8, 80),
+          QRectF(10, 10, 60, 20), QRectF(10.5, 10.5, 60, 4)})
+        for (const qreal scale : {1.0, 1.25, 2.0})
+            for (const QBrush& brush : brushes) {
+                const auto filled = [&](const auto& fill) {
+                    QImage image(200, 200, QImage::Format_RGB32);
+                    image.fill(Qt::white);
+                    QPainter painter(&image);
+                    painter.setRenderHint(QPainter::Antialiasing);
+                    painter.translate(3, 5);
+                    painter.scale(scale, scale);
+                    fill(painter);
+                    return image;
+                };
+                const QImage ours =
+                    filled([&](QPainter& painter) { fillRounded(painter, rect, 7, brush); });
+                const QImage theirs = filled([&](QPainter& painter) {
+                    painter.setPen(Qt::NoPen);
+                    painter.setBrush(brush);
+                    painter.drawRoundedRect(rect, 7, 7);
+                });
+                EXPECT_LE(apart(ours, theirs), kRounding)
+                    << rect.x() << ' ' << rect.width() << 'x' << rect.height() << ' ' << scale;
+            }
 }
 
 QColor edgeOf(const QImage& image) {
