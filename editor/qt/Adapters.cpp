@@ -150,12 +150,11 @@ void TextLabel::keyPressEvent(QKeyEvent* event) {
 
 QSize NameLabel::sizeHint() const {
     ensurePolished();
-    if (size_.isEmpty() || measured_ != text()) {
+    const int flags = buddy() != nullptr ? Qt::TextShowMnemonic : 0;
+    if (size_.isEmpty() || measured_ != text() || flags_ != flags) {
         measured_ = text();
-        const int flags = buddy() != nullptr ? Qt::TextShowMnemonic : 0;
-        size_ = measured_.isEmpty()
-                    ? QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing())
-                    : fontMetrics().size(flags, measured_);
+        flags_ = flags;
+        size_ = fontMetrics().size(flags, measured_);
     }
     return size_.grownBy(contentsMargins());
 }

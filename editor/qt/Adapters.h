@@ -119,7 +119,8 @@ protected:
 
 private:
     mutable QString measured_;
-    mutable QSize size_; // of what was measured; empty before
+    mutable int flags_ = 0; // that it was measured with
+    mutable QSize size_;    // of what was measured; empty before
 };
 
 // A line of text that can be locked.

@@ -2,11 +2,15 @@
 
 #include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/RoundedRect.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyle>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <cstdint>
@@ -18,6 +22,45 @@ namespace scenewright {
 namespace {
 
 constexpr Qt::KeyboardModifiers kForSeveral = Qt::ControlModifier | Qt::ShiftModifier;
+
+// In device-independent pixels.
+constexpr int kTitlePlace = 11; // from the row's left edge
+constexpr int kBehindTitle = 3;
+constexpr qreal kRowRadius = 6;
+
+// A row is its title, on a ground of its own where it is selected or the pointer is on it.
+class ControlRowDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        const QString title = index.data().toString();
+        return {kTitlePlace + option.fontMetrics.horizontalAdvance(title) + kBehindTitle,
+                option.fontMetrics.height() + kAroundRow};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const QPalette& palette = option.palette;
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (isSelected)
+            fillRounded(*painter, option.rect, kRowRadius, palette.brush(QPalette::Highlight));
+        else if (option.state.testFlag(QStyle::State_MouseOver))
+            fillRounded(*painter, option.rect, kRowRadius, palette.brush(QPalette::Button));
+        painter->setFont(option.font);
+        painter->setPen(palette.color(QPalette::Active,
+                                      isSelected ? QPalette::HighlightedText : QPalette::Text));
+        const QFontMetrics& metrics = option.fontMetrics;
+        const QPoint place(option.rect.left() + kTitlePlace,
+                           option.rect.top() + (option.rect.height() - metrics.height()) / 2 +
+                               metrics.ascent());
+        painter->drawText(place, index.data().toString());
+        painter->restore();
+    }
+};
 
 } // namespace
 
@@ -53,7 +96,10 @@ Qt::ItemFlags ControlRows::flags(const QModelIndex& index) const {
 
 ControlList::ControlList(QWidget* parent) : QListView(parent) {
     setModel(&rows_);
-    setItemDelegate(&makeChild<RowDelegate>(this));
+    setItemDelegate(&makeChild<ControlRowDelegate>(this));
+    setProperty("list", true);
+    verticalScrollBar()->setProperty("slim", true);
+    viewport()->setAttribute(Qt::WA_Hover);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
@@ -77,7 +123,7 @@ void ControlList::reload() {
 void ControlList::fitTitles() {
     // In device-independent pixels.
     constexpr int kNarrowest = 132;
-    constexpr int kAround = 14; // frame and padding of the sheet, on both sides
+    constexpr int kAround = 14; // its edge and what is inside that, on both sides
     ensurePolished();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     setFixedWidth(std::max(kNarrowest, sizeHintForColumn(0) + bar + kAround));

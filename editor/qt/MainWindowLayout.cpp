@@ -79,7 +79,6 @@ void MainWindow::layOut() {
     auto& middle = nested<QHBoxLayout>(rows, 1);
     list_ = &makeChild<ControlList>(&root);
     list_->setObjectName(QStringLiteral("controls"));
-    giveSheet(*list_, Sheet::Controls);
     list_->setAccessibleName(tr("Controls"));
     list_->setWhatsThis(tr("The settings of the scene as a whole, and the 45 controls. A click "
                            "or Return shows the settings of one."));
@@ -169,7 +168,6 @@ void MainWindow::layOutHeader(QHBoxLayout& header, QWidget& root) {
 }
 
 MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
-    giveSheet(bar, Sheet::Menus);
     bar.setAccessibleName(tr("Menu"));
     bar.installEventFilter(this);
     file_ = &menuNamed(bar, tr("&File"));
@@ -196,11 +194,18 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
 }
 
 bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::ChildAdded && event->type() != QEvent::ChildPolished)
+        return QObject::eventFilter(watched, event);
+    auto* made = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
     // The toolkit makes a button and a menu of its own for what a narrow window has no room for.
-    if (event->type() == QEvent::ChildAdded || event->type() == QEvent::ChildPolished)
-        if (auto* made = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
-            if (made->accessibleName().isEmpty())
-                made->setAccessibleName(tr("More menus"));
+    if (made != nullptr && made->accessibleName().isEmpty())
+        made->setAccessibleName(tr("More menus"));
+    // Its sheet would only cost before it opens.
+    auto* menu = qobject_cast<QMenu*>(made);
+    if (event->type() == QEvent::ChildPolished && menu != nullptr && menu->styleSheet().isEmpty())
+        connect(
+            menu, &QMenu::aboutToShow, this, [menu] { giveSheet(*menu, Sheet::Menus); },
+            Qt::SingleShotConnection);
     return QObject::eventFilter(watched, event);
 }
 

@@ -21,8 +21,6 @@ namespace scenewright {
 
 namespace {
 
-constexpr int kAround = 9; // device-independent pixels above and below the text together
-
 constexpr int kVisibleEntries = 20;
 constexpr int kNarrowest = 72; // in device-independent pixels; the longest title may be wider
 
@@ -145,7 +143,7 @@ int TypedSearch::type(const QString& text, const QStringList& entries, EntryName
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return {size.width(), option.fontMetrics.height() + kAround};
+    return {size.width(), option.fontMetrics.height() + kAroundRow};
 }
 
 PopUpBox::PopUpBox(QWidget* parent) : QComboBox(parent) {

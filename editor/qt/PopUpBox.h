@@ -49,6 +49,9 @@ private:
 
 class EntryModel;
 
+// Above and below the text of a row together, in device-independent pixels.
+inline constexpr int kAroundRow = 9;
+
 // Rows of a list with room around their text.
 class RowDelegate final : public QStyledItemDelegate {
     Q_OBJECT

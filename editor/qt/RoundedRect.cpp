@@ -31,14 +31,15 @@ QRectF straightPart(const QPainter& painter, const QRectF& rect, qreal radius) {
 }
 
 // From the edge `y` outwards to `far`, which is above or below it and has round corners.
-void addEnd(QPainterPath& path, const QRectF& rect, qreal radius, qreal y, qreal far) {
-    const qreal down = far < y ? radius : -radius;
-    const qreal pull = (1 - kArc) * radius;
+void addEnd(QPainterPath& path, const QRectF& rect, const QSizeF& round, qreal y, qreal far) {
+    const qreal down = far < y ? round.height() : -round.height();
+    const qreal pull = (1 - kArc) * round.width();
     const qreal pullDown = (1 - kArc) * down;
     path.moveTo(rect.left(), y);
     path.lineTo(rect.left(), far + down);
-    path.cubicTo(rect.left(), far + pullDown, rect.left() + pull, far, rect.left() + radius, far);
-    path.lineTo(rect.right() - radius, far);
+    path.cubicTo(rect.left(), far + pullDown, rect.left() + pull, far, rect.left() + round.width(),
+                 far);
+    path.lineTo(rect.right() - round.width(), far);
     path.cubicTo(rect.right() - pull, far, rect.right(), far + pullDown, rect.right(), far + down);
     path.lineTo(rect.right(), y);
     path.closeSubpath();
@@ -51,8 +52,8 @@ void addEnd(QPainterPath& path, const QRectF& rect, qreal radius, qreal y, qreal
 void fillRounded(QPainter& painter, const QRectF& rect, qreal radius, const QBrush& brush) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(brush);
-    const qreal round = std::min({radius, rect.width() / 2, rect.height() / 2});
-    const QRectF straight = straightPart(painter, rect, round);
+    const QSizeF round(std::min(radius, rect.width() / 2), std::min(radius, rect.height() / 2));
+    const QRectF straight = straightPart(painter, rect, round.height());
     if (straight.isEmpty()) {
         painter.drawRoundedRect(rect, radius, radius);
         return;

@@ -36,9 +36,6 @@ const Theme kDark{.window = QColor(19, 21, 25),
 
 // Named colours stand in the sheets as @name.
 constexpr auto kMenuSheet = R"(
-QMenuBar { background: @window; color: @text; padding: 2px 6px; }
-QMenuBar::item { padding: 4px 9px; border-radius: 5px; background: transparent; }
-QMenuBar::item:selected { background: @line; }
 QMenu { background: @panel; color: @text; border: 1px solid @line; padding: 5px; }
 QMenu::item { padding: 5px 26px 5px 22px; border-radius: 5px; }
 QMenu::item:selected { background: @accent; color: @accentText; }
@@ -46,20 +43,9 @@ QMenu::item:disabled { color: @faded; background: transparent; }
 QMenu::separator { height: 1px; background: @line; margin: 5px 8px; }
 )";
 
-constexpr auto kControlsSheet = R"(
-QListView { background: @panel; border: 1px solid @line; border-radius: 10px; padding: 5px;
-    outline: 0; }
-QListView:focus { border: 2px solid @accent; padding: 4px; }
-QListView::item { padding-left: 8px; border-radius: 6px; color: @text; }
-)";
-
 constexpr auto kEntriesSheet = R"(
 QListView { background: @panel; color: @text; border: 1px solid @line; padding: 3px; outline: 0; }
 QListView::item { padding-left: 6px; border-radius: 5px; }
-)";
-
-// Of both lists.
-constexpr auto kRowsSheet = R"(
 QListView::item:hover { background: @field; }
 QListView::item:selected { background: @accent; color: @accentText; }
 QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }
@@ -83,10 +69,8 @@ QString textOf(Sheet sheet) {
     switch (sheet) {
     case Sheet::Menus:
         return QString::fromLatin1(kMenuSheet);
-    case Sheet::Controls:
-        return QString::fromLatin1(kControlsSheet) + QLatin1String(kRowsSheet);
     case Sheet::Entries:
-        return QString::fromLatin1(kEntriesSheet) + QLatin1String(kRowsSheet);
+        return QString::fromLatin1(kEntriesSheet);
     case Sheet::Sliders:
         return QString::fromLatin1(kSliderSheet);
     }

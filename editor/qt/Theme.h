@@ -33,9 +33,8 @@ void applyTheme(bool isDark);
 
 // What the style alone cannot draw.
 enum class Sheet : std::uint8_t {
-    Menus,    // a menu bar and its menus
-    Controls, // the list of controls
-    Entries,  // the list that a popup opens
+    Menus,   // a menu
+    Entries, // the list that a popup opens
     Sliders,
 };
 

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace scenewright {
 
@@ -31,6 +32,14 @@ constexpr QSize kAroundSegment(28, 12);
 constexpr int kLeastSegment = 84; // its text's room
 constexpr int kAroundTip = 4;
 constexpr int kIconSide = 12;
+constexpr int kListEdge = 6;               // of a list, and what is inside it
+constexpr QMargins kAroundBar(6, 2, 6, 2); // around what a menu bar names
+constexpr QSize kAroundMenuName(18, 8);
+constexpr qreal kMenuNameRadius = 5;
+constexpr int kSlimBar = 10; // how wide it is
+constexpr int kAroundHandle = 2;
+constexpr int kLeastHandle = 28;
+constexpr qreal kHandleRadius = 3;
 
 // A rounded box: how it is filled and what its edge is drawn with.
 struct Box {
@@ -73,7 +82,77 @@ bool hasOwnFrame(const QStyleOption& line) {
 }
 
 bool isFlatFrame(const QWidget* widget) {
-    return has(widget, "panel") || has(widget, "segments");
+    return has(widget, "panel") || has(widget, "segments") || has(widget, "list");
+}
+
+void drawFrame(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
+    const bool isSegments = has(widget, "segments");
+    const bool isList = has(widget, "list");
+    const bool isChosen = isList && option.state.testFlag(QStyle::State_HasFocus);
+    const qreal pen = isChosen ? 2 : 1;
+    drawBox(painter, option.rect,
+            {.fill = option.palette.brush(isSegments ? QPalette::Button : QPalette::Base),
+             .edge = option.palette.color(isChosen ? QPalette::Highlight : QPalette::Mid),
+             .pen = pen,
+             .radius = isSegments ? kSegmentsRadius : kPanelRadius - (isList ? pen / 2 : 0)});
+}
+
+void drawMenuName(const QStyleOptionMenuItem& name, QPainter& painter, const QStyle& style) {
+    if (name.state.testFlag(QStyle::State_Selected)) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        fillRounded(painter, name.rect, kMenuNameRadius, name.palette.brush(QPalette::Mid));
+        painter.restore();
+    }
+    int flags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip | Qt::TextSingleLine;
+    if (style.styleHint(QStyle::SH_UnderlineShortcut, &name) == 0)
+        flags |= Qt::TextHideMnemonic;
+    style.drawItemText(&painter, name.rect, flags, name.palette,
+                       name.state.testFlag(QStyle::State_Enabled), name.text, QPalette::WindowText);
+}
+
+QRect grooveOf(const QStyleOption& bar) {
+    return bar.rect.adjusted(kAroundHandle, kAroundHandle, -kAroundHandle, -kAroundHandle);
+}
+
+QRect handleOf(const QStyleOptionSlider& bar) {
+    QRect handle = grooveOf(bar);
+    const int whole = handle.height();
+    const std::int64_t range = std::int64_t{bar.maximum} - bar.minimum;
+    if (range <= 0)
+        return handle;
+    const auto share =
+        static_cast<int>(std::int64_t{whole} * bar.pageStep / (range + bar.pageStep));
+    handle.setHeight(std::min(std::max(share, kLeastHandle), whole));
+    handle.translate(0,
+                     QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                     whole - handle.height(), bar.upsideDown));
+    return handle;
+}
+
+// Without buttons at its ends.
+QRect slimPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+    const QRect handle = handleOf(bar);
+    if (part == QStyle::SC_ScrollBarGroove)
+        return grooveOf(bar);
+    if (part == QStyle::SC_ScrollBarSlider)
+        return handle;
+    if (part == QStyle::SC_ScrollBarSubPage)
+        return {bar.rect.topLeft(), QPoint(bar.rect.right(), handle.top() - 1)};
+    if (part == QStyle::SC_ScrollBarAddPage)
+        return {QPoint(bar.rect.left(), handle.bottom() + 1), bar.rect.bottomRight()};
+    return {};
+}
+
+void drawSlimBar(const QStyleOptionSlider& bar, QPainter& painter) {
+    const bool isHovered = bar.state.testFlag(QStyle::State_MouseOver) &&
+                           bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
+    painter.save();
+    painter.fillRect(bar.rect, bar.palette.brush(QPalette::Base));
+    painter.setRenderHint(QPainter::Antialiasing);
+    fillRounded(painter, handleOf(bar), kHandleRadius,
+                bar.palette.brush(isHovered ? QPalette::PlaceholderText : QPalette::Mid));
+    painter.restore();
 }
 
 // The edge of a field, by whether the keyboard or the pointer is on it.
@@ -215,14 +294,13 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
             drawRing(*option, *painter, widget);
         return;
     }
-    if (element == CE_ShapedFrame && isFlatFrame(widget)) {
-        const bool isPanel = has(widget, "panel");
-        drawBox(*painter, option->rect,
-                {.fill = option->palette.brush(isPanel ? QPalette::Base : QPalette::Button),
-                 .edge = option->palette.color(QPalette::Mid),
-                 .radius = isPanel ? kPanelRadius : kSegmentsRadius});
+    if (element == CE_ShapedFrame && isFlatFrame(widget))
+        return drawFrame(*option, *painter, widget);
+    if (element == CE_MenuBarEmptyArea)
         return;
-    }
+    const auto* name = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuBarItem && name != nullptr)
+        return drawMenuName(*name, *painter, *this);
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element != CE_PushButtonLabel || button == nullptr || !isAccented(*option, widget))
         return QProxyStyle::drawControl(element, option, painter, widget);
@@ -240,8 +318,11 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
     const auto* popUp = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ComboBox && popUp != nullptr)
         drawPopUp(*popUp, *painter);
+    else if (control == CC_ScrollBar && bar != nullptr && has(widget, "slim"))
+        drawSlimBar(*bar, *painter);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -250,6 +331,14 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                              const QWidget* widget) const {
     if (metric == PM_ToolTipLabelFrameWidth)
         return kAroundTip;
+    if (metric == PM_MenuBarHMargin)
+        return kAroundBar.left();
+    if (metric == PM_MenuBarVMargin)
+        return kAroundBar.top();
+    if (metric == PM_MenuBarPanelWidth)
+        return 0;
+    if (metric == PM_ScrollBarExtent && has(widget, "slim"))
+        return kSlimBar;
     if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical)
         return 0;
     return QProxyStyle::pixelMetric(metric, option, widget);
@@ -268,7 +357,9 @@ QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option
     if (element == SE_LineEditContents && hasOwnFrame(*option))
         return option->rect.adjusted(kLineMargin, 0, -kLineMargin, 0);
     if (element == SE_ShapedFrameContents && isFlatFrame(widget))
-        return option->rect.adjusted(1, 1, -1, -1);
+        return option->rect.marginsRemoved(
+            has(widget, "list") ? QMargins(kListEdge, kListEdge, kListEdge, kListEdge)
+                                : QMargins(1, 1, 1, 1));
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
@@ -276,6 +367,9 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
                                   SubControl part, const QWidget* widget) const {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField)
         return option->rect.adjusted(kTextMargin, 0, -kArrowRoom, 0);
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar != nullptr && has(widget, "slim"))
+        return slimPart(*bar, part);
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
@@ -285,6 +379,8 @@ QSize WindowStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         return contents.expandedTo({kLeastSegment, 0}) + kAroundSegment;
     if (type == CT_PushButton)
         return contents + kAroundButton;
+    if (type == CT_MenuBarItem)
+        return contents + kAroundMenuName;
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     if (type == CT_ComboBox || type == CT_LineEdit)
         size.setHeight(std::max(size.height(), kFieldHeight));

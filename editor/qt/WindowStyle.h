@@ -1,9 +1,9 @@
 // The style of the program's widgets: the toolkit's plain one, with flat panels, buttons, lines and
-// popups. Menus and lists have a sheet besides (Theme.h).
+// popups. Menus and the lists that popups open have a sheet besides (Theme.h).
 //
 // How a widget looks follows from the palette and from properties that are set before it is shown:
-// "panel" or "segments" of a frame; "main" or "segment" of a button; "role" of a label, one of
-// "heading", "field", "hint", "trouble" and "notice".
+// "panel", "segments" or "list" of a frame; "slim" of an upright scroll bar; "main" or "segment" of
+// a button; "role" of a label, one of "heading", "field", "hint", "trouble" and "notice".
 #pragma once
 
 #include <QProxyStyle>

@@ -273,6 +273,22 @@ TEST_F(MainWindowTest, MenusHoldTheirCommandsAndKeys) {
     EXPECT_EQ(window().menu().send().shortcut(), QKeySequence("Ctrl+Return"));
 }
 
+TEST_F(MainWindowTest, MenusHaveTheirColoursWhenTheyOpen) {
+    open();
+    QMenuBar& bar = *window().menuBar();
+    for (QAction* entry : bar.actions()) {
+        QMenu& menu = *entry->menu();
+        EXPECT_EQ(menu.styleSheet(), "");
+        bar.setActiveAction(entry);
+        EXPECT_EQ(bar.activeAction(), entry);
+        const QImage seen = menu.grab().toImage();
+        EXPECT_EQ(menu.size(), menu.sizeHint());
+        EXPECT_EQ(seen.pixelColor(0, seen.height() / 2), themeOf(false).line);
+        EXPECT_EQ(seen.pixelColor(4, 4), themeOf(false).panel);
+        menu.close();
+    }
+}
+
 // A controller that holds 0x7F everywhere: most of it lies outside the lists.
 class OutsideTheLists : public WindowBench {
 protected:

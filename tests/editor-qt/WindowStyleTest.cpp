@@ -8,9 +8,11 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFrame>
+#include <QStyleOptionSlider>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -189,6 +191,44 @@ TEST(WindowStyle, LineTellsWhetherItCanBeEditedAndHasTheKeyboard) {
     EXPECT_EQ(edgeOf(line(locked)), roleColour(QPalette::Button));
     EXPECT_EQ(edgeOf(line(locked | QStyle::State_HasFocus)), roleColour(QPalette::Button));
     EXPECT_EQ(edgeOf(line(kEnabled, 0)), roleColour(QPalette::Window)) << "its box has the frame";
+}
+
+TEST(WindowStyle, SlimScrollBarIsItsHandleAlone) {
+    QScrollBar bar(Qt::Vertical);
+    bar.setProperty("slim", true);
+    struct Case {
+        int maximum;
+        int page;
+        int position;
+        QRect handle; // in a bar of 10 by 204
+    };
+    const WindowStyle style;
+    for (const Case& each :
+         {Case{100, 100, 0, {2, 2, 6, 100}}, Case{100, 100, 50, {2, 52, 6, 100}},
+          Case{100, 100, 100, {2, 102, 6, 100}}, Case{10000, 10, 10000, {2, 174, 6, 28}},
+          Case{0, 10, 0, {2, 2, 6, 200}}}) {
+        QStyleOptionSlider option;
+        option.rect = QRect(0, 0, 10, 204);
+        option.maximum = each.maximum;
+        option.pageStep = each.page;
+        option.sliderPosition = each.position;
+        option.palette = QApplication::palette();
+        const auto part = [&](QStyle::SubControl which) {
+            return style.subControlRect(QStyle::CC_ScrollBar, &option, which, &bar);
+        };
+        EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), each.handle) << each.position;
+        EXPECT_EQ(part(QStyle::SC_ScrollBarSubPage), QRect(0, 0, 10, each.handle.top()));
+        EXPECT_EQ(part(QStyle::SC_ScrollBarAddPage).top(), each.handle.bottom() + 1);
+        EXPECT_TRUE(part(QStyle::SC_ScrollBarAddLine).isEmpty());
+        EXPECT_TRUE(part(QStyle::SC_ScrollBarSubLine).isEmpty());
+        QImage image(10, 204, QImage::Format_RGB32);
+        QPainter painter(&image);
+        style.drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
+        painter.end();
+        EXPECT_EQ(image.pixelColor(each.handle.center()), roleColour(QPalette::Mid));
+        EXPECT_EQ(image.pixelColor(0, 100), roleColour(QPalette::Base));
+    }
+    EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &bar), 10);
 }
 
 TEST(WindowStyle, PanelsAndTipsAreFilledAndEdged) {
