@@ -35,11 +35,6 @@ protected:
     }
 };
 
-TEST_F(KnownKeyboardTest, NothingIsKnownAtFirst) {
-    EXPECT_FALSE(KnownKeyboard::image());
-    EXPECT_EQ(KnownKeyboard::name(), "");
-}
-
 TEST_F(KnownKeyboardTest, FollowsHowATransactionEnded) {
     for (const auto& [end, isKnown, byte] : {std::tuple{End::Done, true, 2},
                                              {End::NotConnected, true, 1},
@@ -55,17 +50,20 @@ TEST_F(KnownKeyboardTest, FollowsHowATransactionEnded) {
     }
 }
 
-TEST_F(KnownKeyboardTest, ACleanReadIsWhatItHolds) {
-    plugIn(filled(5));
-    DeviceSession::read({});
-    EXPECT_EQ(KnownKeyboard::image(), filled(5));
-    EXPECT_EQ(KnownKeyboard::name(), "Keys");
-}
-
-TEST_F(KnownKeyboardTest, ACompareTellsWhatItHolds) {
+TEST_F(KnownKeyboardTest, HoldsWhatCleanTransfersTold) {
     plugIn(filled(5));
     EXPECT_TRUE(DeviceSession::heldScenes().outcome.isDone());
     EXPECT_EQ(KnownKeyboard::image(), filled(5));
+    KnownKeyboard::forget();
+    DeviceSession::read({});
+    EXPECT_EQ(KnownKeyboard::image(), filled(5));
+    EXPECT_EQ(KnownKeyboard::name(), "Keys");
+    unplug();
+    send();
+    EXPECT_EQ(KnownKeyboard::image(), filled(5)) << "it still holds what it held";
+    plugIn(filled(5), {{Fault::Kind::ShortTransfer, 0}});
+    EXPECT_EQ(DeviceSession::heldScenes().outcome.end, End::Unreliable);
+    EXPECT_FALSE(KnownKeyboard::image());
 }
 
 TEST_F(KnownKeyboardTest, ASendTellsWhatWasSentWhateverWasEditedMeanwhile) {
@@ -78,23 +76,9 @@ TEST_F(KnownKeyboardTest, ASendTellsWhatWasSentWhateverWasEditedMeanwhile) {
     EXPECT_NE(storedImage(), sent);
 }
 
-TEST_F(KnownKeyboardTest, TransfersThatFailedLeaveNothingKnown) {
-    plugIn(filled(5));
-    DeviceSession::read({});
-    plugIn(filled(5), {{Fault::Kind::ShortTransfer, 0}});
-    EXPECT_EQ(DeviceSession::heldScenes().outcome.end, End::Unreliable);
-    EXPECT_FALSE(KnownKeyboard::image());
-}
-
-TEST_F(KnownKeyboardTest, AKeyboardThatIsNotThereStillHoldsWhatItHeld) {
-    plugIn(filled(5));
-    DeviceSession::read({});
-    unplug();
-    send();
-    EXPECT_EQ(KnownKeyboard::image(), filled(5));
-}
-
 TEST_F(KnownKeyboardTest, TellsChangesAloneUntilTheObservationEnds) {
+    EXPECT_FALSE(KnownKeyboard::image()) << "at first";
+    EXPECT_EQ(KnownKeyboard::name(), "");
     int told = 0;
     auto observed = KnownKeyboard::addObserver([&told] { ++told; });
     KnownKeyboard::forget();
@@ -162,14 +146,10 @@ TEST_F(DeviceSessionTest, WhatIsSetAroundIsCalledBeforeEachTransactionAndAfterTh
                                                "before", "after", "ended", "ended"}));
 }
 
-TEST_F(DeviceSessionTest, TheStoresOwnReadLeavesTheInterfaceOpen) {
-    plugIn();
-    WindowAction::readSceneData();
-    EXPECT_FALSE(isReleased());
-}
-
 TEST_F(DeviceSessionTest, HeldScenesLeaveTheStoreAlone) {
     plugIn();
+    WindowAction::readSceneData();
+    EXPECT_FALSE(isReleased()) << "the store's own read leaves the interface open";
     const SceneList before = WindowAction::scenes();
     before[0]->commonValue()->setSceneName("EDITED");
     const ScenesRead held = DeviceSession::heldScenes();
@@ -204,14 +184,10 @@ TEST_F(DeviceSessionTest, HeldScenesAreNotAskedForDuringASend) {
     EXPECT_TRUE(held.scenes.empty());
 }
 
-TEST_F(DeviceSessionTest, ComparisonFindsTheSame) {
+TEST_F(DeviceSessionTest, ComparisonFindsTheSameOrWhatDiffersTheControllersValueFirst) {
     plugIn();
     EXPECT_TRUE(compareWithDevice(*lists, WindowAction::scenes()).isSame());
     EXPECT_TRUE(isReleased());
-}
-
-TEST_F(DeviceSessionTest, ComparisonListsWhatDiffersTheControllersValueFirst) {
-    plugIn();
     WindowAction::scenes()[0]->buttonValueArray()[14]->setCR(12);
     const auto comparison = compareWithDevice(*lists, WindowAction::scenes());
     EXPECT_FALSE(comparison.isSame());

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -54,10 +55,6 @@ protected:
     EarlierScenes earlier{place};
 };
 
-TEST_F(EarlierScenesTest, NothingIsKeptAtFirst) {
-    EXPECT_TRUE(earlier.list().empty());
-}
-
 TEST_F(EarlierScenesTest, AnEntryTellsItsTimeReasonKeyboardAndNames) {
     const EarlierScenes::Occasion occasion{Reason::Send, "l\xFFve.bank", "Keys 25"};
     EXPECT_TRUE(earlier.keep(imageWithSpeed(3), occasion, kTime));
@@ -87,6 +84,7 @@ TEST_F(EarlierScenesTest, AnImageThatAFormerVersionKeptIsListed) {
 }
 
 TEST_F(EarlierScenesTest, TheFourDefaultScenesAreNotKept) {
+    EXPECT_TRUE(earlier.list().empty());
     EXPECT_EQ(earlier.keep(encodeBank(WindowAction::defaultScenes()), {}, kTime),
               Result<bool>(false));
     EXPECT_TRUE(earlier.list().empty());
@@ -198,22 +196,20 @@ TEST(EarlierScenesReason, IsToldInWords) {
         EXPECT_EQ(reasonText(occasion), text);
 }
 
-TEST(EarlierScenesFolder, FollowsTheStateFolder) {
+TEST(EarlierScenesFolder, FollowsTheStateFolderAndWithoutAHomeNothingIsKept) {
     setenv("XDG_STATE_HOME", "/somewhere/state", 1);
     EXPECT_EQ(EarlierScenes::stateFolder(), "/somewhere/state/scenewright/backups");
     // The base directories ask for an absolute path.
     setenv("XDG_STATE_HOME", "state", 1);
-    setenv("HOME", "/home/player", 1);
-    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
-    unsetenv("XDG_STATE_HOME");
-    EXPECT_EQ(EarlierScenes::stateFolder(), "/home/player/.local/state/scenewright/backups");
-}
-
-TEST(EarlierScenesFolder, WithoutAHomeNothingIsKeptAndThatIsTold) {
-    unsetenv("XDG_STATE_HOME");
-    for (const char* home : {"", "home/player"}) {
+    for (const auto& [home, folder] :
+         {std::pair<const char*, std::optional<std::string>>{
+              "/home/player", "/home/player/.local/state/scenewright/backups"},
+          {"", {}},
+          {"home/player", {}}}) {
         setenv("HOME", home, 1);
-        EXPECT_EQ(EarlierScenes::stateFolder(), std::nullopt);
+        EXPECT_EQ(EarlierScenes::stateFolder(), folder) << home;
+        unsetenv("XDG_STATE_HOME");
+        EXPECT_EQ(EarlierScenes::stateFolder(), folder) << home;
     }
     unsetenv("HOME");
     const EarlierScenes earlier;

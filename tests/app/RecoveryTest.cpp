@@ -66,28 +66,20 @@ protected:
     TempFolder folder;
 };
 
-TEST_F(RecoveryTest, WhatIsKeptIsFoundAfterTheEndWhicheverItIs) {
+TEST_F(RecoveryTest, WhatIsKeptIsFoundAfterTheEndWhicheverItIsUntilItIsForgotten) {
     const std::function<void()> ends[] = {
         [] { _exit(0); },
         [] { kill(getpid(), SIGKILL); },
     };
     for (const auto& end : ends) {
         leave(7, end);
+        EXPECT_EQ(found(), std::vector{7});
         const auto next = start();
         ASSERT_EQ(next->left().size(), 1U);
         EXPECT_EQ(next->left()[0].scenes, scenesOf(7));
         next->forget(next->left()[0].place);
         EXPECT_TRUE(next->left().empty());
     }
-    EXPECT_TRUE(found().empty());
-}
-
-TEST_F(RecoveryTest, ItIsFoundAgainUntilItIsForgotten) {
-    leave(7, [] {});
-    EXPECT_EQ(found(), std::vector{7});
-    EXPECT_EQ(found(), std::vector{7});
-    const auto next = start();
-    next->forget(next->left().front().place);
     EXPECT_TRUE(found().empty());
 }
 

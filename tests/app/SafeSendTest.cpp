@@ -77,29 +77,30 @@ TEST_F(SafeSendTest, WhatTheKeyboardHeldIsKeptAndToldOf) {
     EXPECT_EQ(KnownKeyboard::image(), filled(2));
 }
 
-TEST_F(SafeSendTest, WhatWasKnownIsKeptWithoutAWord) {
-    EXPECT_TRUE(DeviceSession::heldScenes().outcome.isDone());
-    EXPECT_FALSE(send().others);
-    EXPECT_EQ(kept(), Images{filled(1)});
-}
-
-TEST_F(SafeSendTest, WhatIsSentAnywayIsNotKept) {
-    plugIn(filled(2));
-    EXPECT_FALSE(send().others);
-    EXPECT_EQ(kept(), Images{});
-    EXPECT_EQ(controller->sendsEnded(), 1U);
-}
-
-TEST_F(SafeSendTest, DefaultScenesOnTheKeyboardAreNoOnesWork) {
-    plugIn(encodeBank(WindowAction::defaultScenes()));
-    EXPECT_FALSE(send().others);
-    EXPECT_EQ(kept(), Images{});
-}
-
-TEST_F(SafeSendTest, TheReadLeavesTheStoreAlone) {
+TEST_F(SafeSendTest, OthersAreToldOfUnlessTheyWereKnownAreTheSameOrDefaultScenes) {
     const SceneList before = WindowAction::scenes();
-    send();
-    EXPECT_EQ(WindowAction::scenes(), before);
+    const BankImage defaults = encodeBank(WindowAction::defaultScenes());
+    struct Row {
+        const char* name;
+        BankImage held;
+        bool isKnown;
+        Images kept;
+    };
+    for (const Row& row :
+         {Row{"known", filled(1), true, {filled(1)}}, Row{"the same", filled(2), false, {}},
+          Row{"nobody's work", defaults, false, {}}}) {
+        SCOPED_TRACE(row.name);
+        std::filesystem::remove_all(folder.path() / "backups");
+        plugIn(row.held);
+        KnownKeyboard::forget();
+        if (row.isKnown) {
+            EXPECT_TRUE(DeviceSession::heldScenes().outcome.isDone());
+        }
+        EXPECT_FALSE(send().others);
+        EXPECT_EQ(kept(), row.kept);
+        EXPECT_EQ(controller->sendsEnded(), 1U);
+        EXPECT_EQ(WindowAction::scenes(), before) << "the read leaves the store alone";
+    }
 }
 
 // What the scenes are, what is known, whether the keyboard is read, what it holds, and whether that
@@ -149,8 +150,10 @@ TEST_F(SafeSendTest, AKeyboardThatCouldNotBeReadIsAskedAbout) {
 }
 
 TEST_F(SafeSendTest, WhatCannotBeKeptIsAskedAboutOnce) {
-    testing::writeBytes(folder.file("backups"), {});
     testing::writeBytes(folder.file("sends"), {});
+    EXPECT_FALSE(send({.readsFirst = false}, Answer::Cancel).outcome);
+    EXPECT_EQ(asked, Questions{Question::NotKept}) << "the journal alone";
+    testing::writeBytes(folder.file("backups"), {});
     EXPECT_FALSE(send({}, Answer::Cancel).outcome);
     EXPECT_EQ(asked, Questions{Question::NotKept});
     EXPECT_EQ(controller->sendsEnded(), 0U);
@@ -158,20 +161,12 @@ TEST_F(SafeSendTest, WhatCannotBeKeptIsAskedAboutOnce) {
     EXPECT_EQ(asked, Questions{Question::NotKept});
 }
 
-TEST_F(SafeSendTest, AJournalThatCannotBeWrittenIsAskedAbout) {
-    testing::writeBytes(folder.file("sends"), {});
-    EXPECT_FALSE(send({.readsFirst = false}, Answer::Cancel).outcome);
-    EXPECT_EQ(asked, Questions{Question::NotKept});
-}
-
-TEST_F(SafeSendTest, WithoutAKeyboardTheSendTellsSo) {
+TEST_F(SafeSendTest, WithoutAKeyboardAndAtTheEndOfTheProgramTheSendTellsSo) {
     unplug();
     EXPECT_EQ(send().outcome.value().end, End::NotConnected);
     EXPECT_EQ(asked, Questions{});
     EXPECT_TRUE(stores.journal.unfinished().empty());
-}
-
-TEST_F(SafeSendTest, TheEndOfTheProgramEndsIt) {
+    plugIn(filled(1));
     Transport::instance().shutDown();
     EXPECT_EQ(send().outcome.value().end, End::Cancelled);
     EXPECT_TRUE(stores.journal.unfinished().empty());
@@ -208,7 +203,7 @@ protected:
     }
 };
 
-TEST_F(BrokenSend, IsUnfinishedWithBothBanks) {
+TEST_F(BrokenSend, IsUnfinishedWithBothBanksUntilAnotherHasEnded) {
     breakOff();
     const auto unfinished = stores.journal.unfinishedOf("Keys");
     EXPECT_EQ(unfinished->send.sent, filled(2));
@@ -217,10 +212,6 @@ TEST_F(BrokenSend, IsUnfinishedWithBothBanks) {
     EXPECT_EQ(unfinished->send.scenes, 2U);
     EXPECT_NE(controller->bank(), filled(1));
     EXPECT_NE(controller->bank(), filled(2));
-}
-
-TEST_F(BrokenSend, IsOverOnceAnotherHasEnded) {
-    breakOff();
     const auto ended = send();
     EXPECT_TRUE(ended.outcome.value().isDone());
     EXPECT_FALSE(ended.others) << "what was left halfway is nobody's";

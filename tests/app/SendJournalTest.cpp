@@ -40,13 +40,10 @@ protected:
     SendJournal journal{folder.path() / "sends"};
 };
 
-TEST_F(SendJournalTest, NothingIsUnfinishedAtFirst) {
-    EXPECT_TRUE(journal.unfinished().empty());
-}
-
 TEST_F(SendJournalTest, ASendThatDidNotEndIsFoundAsItWas) {
     SendJournal::Send unknownBefore = sendOf(3, 1769903999);
     unknownBefore.before.reset();
+    EXPECT_TRUE(journal.unfinished().empty());
     beginAndDie(sendOf(2));
     beginAndDie(unknownBefore);
     const auto found = journal.unfinished();

@@ -16,6 +16,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -90,52 +92,57 @@ std::shared_ptr<std::vector<Write>> watch(MessageValue& message) {
     return {watch, &watch->writes};
 }
 
-TEST_F(WindowActionTest, MessageValueIsOneRecord) {
-    EXPECT_EQ(WindowAction::getMessageValue(), WindowAction::getMessageValue());
-}
-
-TEST_F(WindowActionTest, FreshMessageValueHoldsNothing) {
-    const auto message = WindowAction::getMessageValue();
-    EXPECT_EQ(message->Message(), std::nullopt);
-    EXPECT_EQ(message->isReadFinish(), std::nullopt);
-    EXPECT_EQ(message->isSendFinish(), std::nullopt);
-}
-
-TEST_F(WindowActionTest, ScenesStartAsFourNamedDefaults) {
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"SCENE1", "SCENE2", "SCENE3", "SCENE4"}));
+TEST_F(WindowActionTest, ScenesAreFourNamedDefaultsThatShareNothingAndDropEdits) {
+    const std::vector<std::string> names{"SCENE1", "SCENE2", "SCENE3", "SCENE4"};
+    EXPECT_EQ(storedNames(), names);
     for (const auto& scene : WindowAction::scenes())
         EXPECT_EQ(scene->buttonValueArray().size(), 45U);
-}
-
-TEST_F(WindowActionTest, GetSceneValueDropsEditsAndSharesNothingBetweenScenes) {
-    WindowAction::getSceneWithIndex(0)->commonValue()->setGlobalMIDICh(11);
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("MINE"); // the stored one
     WindowAction::getSceneWithIndex(0)->buttonValueArray()[4]->setEnable(99);
+    EXPECT_EQ(nameOf(0), "MINE");
     EXPECT_NE(WindowAction::getSceneWithIndex(1)->buttonValueArray()[4]->Enable(), 99);
     WindowAction::getSceneValue();
-    EXPECT_NE(WindowAction::getSceneWithIndex(0)->commonValue()->GlobalMIDICh(), 11);
+    EXPECT_EQ(storedNames(), names);
     EXPECT_NE(WindowAction::getSceneWithIndex(0)->buttonValueArray()[4]->Enable(), 99);
-}
-
-TEST_F(WindowActionTest, SceneHandedOutIsTheStoredOne) {
-    WindowAction::getSceneWithIndex(3)->commonValue()->setSceneName("MINE");
-    EXPECT_EQ(nameOf(3), "MINE");
-}
-
-TEST_F(WindowActionTest, SceneIndexOutsideTheListThrows) {
     EXPECT_THROW((void)WindowAction::getSceneWithIndex(-1), std::out_of_range);
     EXPECT_THROW((void)WindowAction::getSceneWithIndex(4), std::out_of_range);
 }
 
-TEST_F(WindowActionTest, ReadWithoutAControllerLeavesFourDefaultsAndFinishes) {
-    const auto message = WindowAction::getMessageValue();
-    const auto writes = watch(*message);
-    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
-    WindowAction::readSceneData();
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"SCENE1", "SCENE2", "SCENE3", "SCENE4"}));
-    EXPECT_EQ(*writes, (std::vector<Write>{{"Message", "readSceneData"},
-                                           {"isReadFinish", "No"},
-                                           {"Message", "Could not connect to midi device"},
-                                           {"isReadFinish", "Yes"}}));
+TEST_F(WindowActionTest, WithoutAControllerEachCommandFinishesAndAReadLeavesFourDefaults) {
+    AppDelegate delegate;
+    const std::function<void()> reads[] = {[] { WindowAction::readSceneData(); },
+                                           [&] { delegate.readSceneDataAction(); }};
+    for (const auto& read : reads) {
+        const auto writes = watch(*WindowAction::getMessageValue());
+        WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
+        read();
+        EXPECT_EQ(storedNames(),
+                  (std::vector<std::string>{"SCENE1", "SCENE2", "SCENE3", "SCENE4"}));
+        EXPECT_EQ(*writes, (std::vector<Write>{{"Message", "readSceneData"},
+                                               {"isReadFinish", "No"},
+                                               {"Message", "Could not connect to midi device"},
+                                               {"isReadFinish", "Yes"}}));
+    }
+    const std::function<void()> sends[] = {[] { WindowAction::sendSceneData(); },
+                                           [&] { delegate.sendSceneDataAction(); }};
+    for (const auto& send : sends) {
+        const auto writes = watch(*WindowAction::getMessageValue());
+        send();
+        EXPECT_EQ(*writes, (std::vector<Write>{{"isSendFinish", "No"},
+                                               {"Message", "sendSceneData"},
+                                               {"Message", "Could not connect to midi device"},
+                                               {"isSendFinish", "Yes"}}));
+        EXPECT_FALSE(SendJob::isRunning());
+    }
+    const auto writes = watch(*WindowAction::getMessageValue());
+    const SceneList before = WindowAction::scenes();
+    const BankImage image = encodeBank(before);
+    delegate.applicationDidFinishLaunching();
+    delegate.applicationWillTerminate();
+    WindowAction::GetDefaultValue(); // a spare scene
+    EXPECT_EQ(*writes, std::vector<Write>{});
+    EXPECT_EQ(WindowAction::scenes(), before);
+    EXPECT_EQ(encodeBank(WindowAction::scenes()), image);
 }
 
 TEST_F(WindowActionTest, ReadKeepsTheControllersNames) {
@@ -251,28 +258,6 @@ TEST_F(WindowActionTest, TheStoreKeepsTheLastOutcome) {
     EXPECT_TRUE(sent[0].isDone());
 }
 
-TEST_F(WindowActionTest, SendWithoutAControllerStillFinishes) {
-    const auto message = WindowAction::getMessageValue();
-    const auto writes = watch(*message);
-    WindowAction::sendSceneData();
-    EXPECT_EQ(*writes, (std::vector<Write>{{"isSendFinish", "No"},
-                                           {"Message", "sendSceneData"},
-                                           {"Message", "Could not connect to midi device"},
-                                           {"isSendFinish", "Yes"}}));
-    EXPECT_FALSE(SendJob::isRunning());
-}
-
-TEST_F(WindowActionTest, SpareDefaultSceneTouchesNothing) {
-    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("EDITED");
-    const SceneList before = WindowAction::scenes();
-    const BankImage image = encodeBank(before);
-    const auto writes = watch(*WindowAction::getMessageValue());
-    WindowAction::GetDefaultValue();
-    EXPECT_EQ(WindowAction::scenes(), before);
-    EXPECT_EQ(encodeBank(WindowAction::scenes()), image);
-    EXPECT_TRUE(writes->empty());
-}
-
 TEST_F(WindowActionTest, OptionListsAreReadAnewAtEachCall) {
     const testing::TempFolder folder;
     const auto write = [&folder](const std::string& title) {
@@ -287,54 +272,6 @@ TEST_F(WindowActionTest, OptionListsAreReadAnewAtEachCall) {
         EXPECT_EQ(WindowAction::InitializePopUp()->control_Array()->front(), title);
     }
     Resources::setFolder({});
-}
-
-using Write = std::pair<std::string, std::string>;
-
-// No controller on the bus; what the progress record is told.
-class AppDelegateTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        Progress::forget();
-        Transport::instance().use(nullptr, [](std::chrono::nanoseconds) {});
-        WindowAction::getSceneValue();
-        for (const char* key : {"Message", "isReadFinish", "isSendFinish"})
-            observed_.push_back(WindowAction::getMessageValue()->addObserver(
-                key, [this](std::string_view name, const MessageValue::Text& value) {
-                    writes.emplace_back(name, value.value_or("(absent)"));
-                }));
-    }
-    void TearDown() override { Progress::forget(); }
-
-    AppDelegate delegate;
-    std::vector<Write> writes;
-
-private:
-    std::vector<MessageValue::Subscription> observed_;
-};
-
-TEST_F(AppDelegateTest, ReadActionReadsTheScenes) {
-    delegate.readSceneDataAction();
-    EXPECT_EQ(writes, (std::vector<Write>{{"Message", "readSceneData"},
-                                          {"isReadFinish", "No"},
-                                          {"Message", "Could not connect to midi device"},
-                                          {"isReadFinish", "Yes"}}));
-}
-
-TEST_F(AppDelegateTest, SendActionSendsTheScenes) {
-    delegate.sendSceneDataAction();
-    EXPECT_EQ(writes, (std::vector<Write>{{"isSendFinish", "No"},
-                                          {"Message", "sendSceneData"},
-                                          {"Message", "Could not connect to midi device"},
-                                          {"isSendFinish", "Yes"}}));
-}
-
-TEST_F(AppDelegateTest, LaunchAndTerminationChangeNothing) {
-    const auto scene = WindowAction::getSceneWithIndex(0);
-    delegate.applicationDidFinishLaunching();
-    delegate.applicationWillTerminate();
-    EXPECT_EQ(writes, std::vector<Write>{});
-    EXPECT_EQ(WindowAction::getSceneWithIndex(0), scene);
 }
 
 } // namespace
