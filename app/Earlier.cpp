@@ -3,7 +3,7 @@
 #include "app/DeviceSession.h"
 #include "app/KeptFile.h"
 #include "bank/BankFile.h"
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 

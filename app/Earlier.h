@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <chrono>

@@ -2,8 +2,8 @@
 // bank's image.
 #pragma once
 
-#include "platform/AtomicFile.h"
-#include "platform/Result.h"
+#include "platform/Files.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "app/KeyboardPorts.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 #include "usb/AttachedDevices.h"

@@ -5,7 +5,7 @@
 // open them.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "usb/AttachedDevices.h"
 #include "usb/DeviceList.h"
 

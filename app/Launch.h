@@ -7,8 +7,8 @@
 #include "app/Keyboards.h"
 #include "model/SceneValue.h"
 #include "platform/Arguments.h"
-#include "platform/NamedFiles.h"
-#include "platform/Result.h"
+#include "platform/Files.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 #include "virtual/VirtualHost.h"
 

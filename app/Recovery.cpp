@@ -1,7 +1,7 @@
 #include "app/Recovery.h"
 
 #include "app/KeptFile.h"
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 

@@ -10,7 +10,7 @@
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <chrono>

@@ -2,8 +2,8 @@
 
 #include "app/KeptFile.h"
 #include "model/SceneValue.h"
+#include "platform/Files.h"
 #include "platform/Resources.h"
-#include "platform/TemporaryFile.h"
 #include "platform/Text.h"
 
 #include <fmt/chrono.h>

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/Connection.h"
 #include "protocol/SceneImage.h"
 

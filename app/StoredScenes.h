@@ -12,8 +12,8 @@
 #include "bank/Findings.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/NamedFiles.h"
-#include "platform/Result.h"
+#include "platform/Files.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -3,7 +3,7 @@
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 #include "protocol/SceneImage.h"
 

@@ -14,7 +14,7 @@
 
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <cstddef>

@@ -5,7 +5,7 @@
 
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <span>
 #include <string>

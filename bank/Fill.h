@@ -7,7 +7,7 @@
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "model/TypedValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <optional>

@@ -12,7 +12,7 @@
 
 #include "model/SceneValue.h"
 #include "model/Setting.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <string>

@@ -5,7 +5,7 @@
 #include "bank/Path.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
 #include <array>

@@ -5,7 +5,7 @@
 #include "bank/Findings.h"
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 
 #include <fmt/format.h>

@@ -4,8 +4,8 @@
 
 #include "bank/BankFile.h"
 #include "model/PopUpValue.h"
-#include "platform/NamedFiles.h"
-#include "platform/Result.h"
+#include "platform/Files.h"
+#include "platform/Text.h"
 
 #include <functional>
 #include <optional>

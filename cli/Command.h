@@ -8,9 +8,9 @@
 
 #include "app/Launch.h"
 #include "platform/Arguments.h"
-#include "platform/NamedFiles.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <chrono>
 #include <functional>

@@ -5,7 +5,7 @@
 #include "app/TryRun.h"
 #include "model/Midi.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "sequencer/Sequencer.h"
 
 #include <chrono>

@@ -3,7 +3,7 @@
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "platform/Diagnostics.h"
-#include "platform/NamedFiles.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 #include "usb/Shutdown.h"
 

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cstddef>

@@ -14,7 +14,6 @@
 // record has zeros and empty references. Both leave the class in private access behind them.
 #pragma once
 
-#include "platform/PropertyList.h"
 #include "platform/Text.h"
 
 #include <array>
@@ -28,6 +27,8 @@
 #include <vector>
 
 namespace scenewright {
+
+class PropertyValue;
 
 template <typename T>
 using PropertyRead = std::conditional_t<std::is_scalar_v<T>, T, const T&>;

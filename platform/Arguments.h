@@ -1,7 +1,7 @@
 // The arguments of a program: a table of what there are, and what a command line gives for them.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <functional>

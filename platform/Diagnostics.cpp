@@ -1,6 +1,6 @@
 #include "platform/Diagnostics.h"
 
-#include "platform/NamedFiles.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 
 #include <atomic>

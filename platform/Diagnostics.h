@@ -6,7 +6,7 @@
 // formatting. Any thread may write; a sink is called by one thread at a time.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <fmt/printf.h>
 

@@ -6,7 +6,7 @@
 // to standard output, and that they could not be written is an error. Any thread may call.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstddef>
 #include <exception>

@@ -1,12 +1,202 @@
 #include "platform/Resources.h"
 
+#include "platform/Process.h"
+
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstddef>
 #include <cstdlib>
+#include <deque>
+#include <fcntl.h>
+#include <limits>
+#include <mutex>
+#include <optional>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace scenewright {
+
+namespace {
+
+constexpr std::int64_t kMin = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
+
+std::int32_t clamped(std::int64_t value) {
+    return static_cast<std::int32_t>(std::clamp(value, kMin, kMax));
+}
+
+std::optional<std::int32_t> numberOf(double value) {
+    if (std::isnan(value))
+        return std::nullopt;
+    const double inRange = std::clamp(value, static_cast<double>(kMin), static_cast<double>(kMax));
+    return static_cast<std::int32_t>(inRange);
+}
+
+std::optional<std::int32_t> numberOf(std::string_view text) {
+    const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
+    text.remove_prefix(std::min(start, text.size()));
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    if (text.empty() || text[0] < '0' || text[0] > '9')
+        return std::nullopt;
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9')
+            break;
+        value = std::min(value * 10 + (c - '0'), kMax + 1);
+    }
+    return clamped(negative ? -value : value);
+}
+
+std::string cannotRead(std::string_view name, std::string_view why) {
+    return fmt::format("Cannot read {}: {}", name, why);
+}
+
+std::string systemReason(int error) {
+    return std::generic_category().message(error);
+}
+
+std::string whyNotOpened(const std::filesystem::path& path, int error) {
+    std::error_code ignored;
+    const bool isLink = std::filesystem::is_symlink(path, ignored);
+    return error == ENOENT && isLink ? "it is a link to a file that does not exist"
+                                     : systemReason(error);
+}
+
+// A pipe or a device could make the reader wait for ever: they are opened without waiting, and
+// refused.
+Result<FileDescriptor> openRegularFile(const std::filesystem::path& path) {
+    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen())
+        return failure(whyNotOpened(path, errno));
+    struct stat status {};
+    if (::fstat(file.get(), &status) != 0)
+        return failure(systemReason(errno));
+    if (!S_ISREG(status.st_mode))
+        return failure(S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
+    return file;
+}
+
+// One byte more than a list may have tells that there is too much.
+Result<std::string> readBytes(const FileDescriptor& file) {
+    std::string bytes;
+    std::array<char, 16384> chunk{};
+    while (bytes.size() <= kPropertyListBytes) {
+        const ssize_t count = ::read(file.get(), chunk.data(), chunk.size());
+        if (count < 0 && errno != EINTR)
+            return failure(systemReason(errno));
+        if (count == 0)
+            break;
+        if (count > 0)
+            bytes.append(chunk.data(), static_cast<std::size_t>(count));
+    }
+    return bytes;
+}
+
+Result<PropertyValue> parseEitherForm(std::string_view bytes) {
+    if (bytes.size() > kPropertyListBytes)
+        return failure("it is longer than 16 MiB");
+    return bytes.starts_with("bplist00") ? parseBinaryPropertyList(bytes)
+                                         : parseXmlPropertyList(bytes);
+}
+
+// The lists read last. A program reads each of its few several times, and parses it again only when
+// the bytes are others.
+class KnownLists {
+public:
+    Result<PropertyValue> parse(std::string bytes) {
+        const std::scoped_lock lock(mutex_);
+        const auto known = std::ranges::find(lists_, bytes, &List::bytes);
+        if (known != lists_.end())
+            return known->value;
+        return parseEitherForm(bytes).map([&](PropertyValue value) {
+            if (bytes.size() <= kMostBytes) {
+                lists_.push_back({std::move(bytes), value});
+                if (lists_.size() > kMost)
+                    lists_.pop_front();
+            }
+            return value;
+        });
+    }
+
+private:
+    static constexpr std::size_t kMost = 3;
+    static constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
+    struct List {
+        std::string bytes;
+        PropertyValue value;
+    };
+    std::mutex mutex_;
+    std::deque<List> lists_; // the latest last
+};
+
+} // namespace
+
+bool PropertyValue::isAbsent() const noexcept {
+    return std::holds_alternative<std::monostate>(node_);
+}
+bool PropertyValue::isDictionary() const noexcept {
+    return std::holds_alternative<Dictionary>(node_);
+}
+bool PropertyValue::isArray() const noexcept {
+    return std::holds_alternative<Array>(node_);
+}
+bool PropertyValue::isText() const noexcept {
+    return std::holds_alternative<std::string>(node_);
+}
+
+const PropertyValue& PropertyValue::operator[](std::string_view key) const {
+    static const PropertyValue absent;
+    const Dictionary* dictionary = std::get_if<Dictionary>(&node_);
+    if (dictionary == nullptr)
+        return absent;
+    const auto entry = dictionary->find(key);
+    return entry == dictionary->end() ? absent : entry->second;
+}
+
+std::span<const PropertyValue> PropertyValue::elements() const noexcept {
+    const Array* array = std::get_if<Array>(&node_);
+    return array == nullptr ? std::span<const PropertyValue>() : std::span(*array);
+}
+
+std::string_view PropertyValue::text() const noexcept {
+    const std::string* text = std::get_if<std::string>(&node_);
+    return text == nullptr ? std::string_view() : std::string_view(*text);
+}
+
+std::optional<std::int32_t> PropertyValue::number() const noexcept {
+    if (const std::int64_t* whole = std::get_if<std::int64_t>(&node_))
+        return clamped(*whole);
+    if (const double* real = std::get_if<double>(&node_))
+        return numberOf(*real);
+    return numberOf(text());
+}
+
+std::int32_t PropertyValue::integer() const noexcept {
+    if (const bool* flag = std::get_if<bool>(&node_))
+        return *flag ? 1 : 0;
+    return number().value_or(0);
+}
+
+Result<PropertyValue> parsePropertyList(std::string_view bytes, std::string_view name) {
+    return parseEitherForm(bytes).map_error(
+        [&](const std::string& why) { return cannotRead(name, why); });
+}
+
+Result<PropertyValue> readPropertyList(const std::filesystem::path& path) {
+    static KnownLists known;
+    return openRegularFile(path)
+        .and_then(readBytes)
+        .and_then([](std::string bytes) { return known.parse(std::move(bytes)); })
+        .map_error([&](const std::string& why) { return cannotRead(path.string(), why); });
+}
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/TemporaryFile.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <array>

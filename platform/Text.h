@@ -3,13 +3,17 @@
 //
 // Each of our own is marked where it stands, with the context that its translation is found under,
 // and goes through the one translator that a program has put in. A program without one speaks as
-// written; so do the streams, whatever the language of the window.
+// written; so do the streams, whatever the language of the window. At the end, what an operation
+// gives that can fail, which is such a text when it does.
 #pragma once
 
 #include <fmt/format.h>
 
 #include <string>
 #include <string_view>
+#include <tl/expected.hpp>
+#include <type_traits>
+#include <utility>
 
 namespace scenewright {
 
@@ -46,5 +50,21 @@ template <typename... Values>
 // bytes that are no UTF-8, control characters, among them a terminal's commands, and those that end
 // a line or turn its direction show as U+FFFD. Any thread.
 [[nodiscard]] std::string readableText(std::string_view text);
+
+// What an operation gives that can fail: its value, or why there is none.
+//
+// The reason is one sentence for a person unless the operation names another type. It names the
+// file or the device concerned and ends without a full stop, so that it can be put after a prefix.
+template <typename Value, typename Error = std::string>
+using Result = tl::expected<Value, Error>;
+
+// `return failure("...")` from an operation that gives a Result.
+template <typename Error>
+[[nodiscard]] tl::unexpected<std::decay_t<Error>> failure(Error&& reason) {
+    return tl::unexpected<std::decay_t<Error>>(std::forward<Error>(reason));
+}
+[[nodiscard]] inline tl::unexpected<std::string> failure(const char* reason) {
+    return tl::unexpected<std::string>(reason);
+}
 
 } // namespace scenewright

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "model/Midi.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <chrono>
 #include <cstdint>

@@ -3,7 +3,7 @@
 // Nothing is opened and no device is disturbed. Needs no permission.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "usb/DeviceList.h"
 
 #include <cstdint>

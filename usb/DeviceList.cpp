@@ -1,6 +1,6 @@
 #include "usb/DeviceList.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 

@@ -5,8 +5,8 @@
 // read anew at each call.
 #pragma once
 
-#include "platform/PropertyList.h"
-#include "platform/Result.h"
+#include "platform/Resources.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <string>

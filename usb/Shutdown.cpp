@@ -1,6 +1,6 @@
 #include "usb/Shutdown.h"
 
-#include "platform/TemporaryFile.h"
+#include "platform/Files.h"
 #include "usb/Transport.h"
 
 #include <array>

@@ -6,7 +6,7 @@
 // thread at a time uses a host and what it gave, but for UsbInterface::close().
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstddef>
 #include <cstdint>

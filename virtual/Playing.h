@@ -5,7 +5,7 @@
 #include "model/ControlOutput.h"
 #include "model/Midi.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 

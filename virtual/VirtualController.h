@@ -8,7 +8,7 @@
 // leave the bus. One thread at a time.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 

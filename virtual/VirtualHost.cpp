@@ -1,6 +1,6 @@
 #include "virtual/VirtualHost.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // interfaces, the second of which has bulk IN first and bulk OUT second.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "usb/UsbHost.h"
 #include "virtual/VirtualController.h"
 

@@ -4,7 +4,7 @@
 
 #include "editor/qt/Adapters.h"
 #include "editor/qt/Notice.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <QFrame>
 #include <QLabel>

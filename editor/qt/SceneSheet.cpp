@@ -4,7 +4,7 @@
 #include "editor/qt/QtHelpers.h"
 #include "model/ControlOutput.h"
 #include "model/Midi.h"
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 
 #include <QBuffer>

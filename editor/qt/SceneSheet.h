@@ -5,7 +5,7 @@
 #include "editor/qt/DevicePicture.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <QCoreApplication>
 #include <QPageSize>

@@ -14,7 +14,7 @@
 #include "model/SceneValue.h"
 #include "platform/Arguments.h"
 #include "platform/Diagnostics.h"
-#include "platform/NamedFiles.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 #include "protocol/Transactions.h"
 #include "usb/Shutdown.h"

@@ -1,7 +1,7 @@
 // Property lists, XML and binary: what is refused is refused in one sentence, what is taken stays
 // within the limits, fills records, and comes back the same when it is written as XML.
 #include "model/SceneValue.h"
-#include "platform/PropertyList.h"
+#include "platform/Resources.h"
 #include "tests/fuzz/Checks.h"
 
 #include <fmt/format.h>

@@ -1,5 +1,4 @@
-#include "platform/NamedFiles.h"
-
+#include "platform/Files.h"
 #include "platform/Process.h"
 #include "tests/platform/TextFile.h"
 #include "tests/support/TempFolder.h"

@@ -1,4 +1,4 @@
-#include "platform/PropertyList.h"
+#include "platform/Resources.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "bank/BankFile.h"
 #include "bank/Findings.h"
 #include "model/SceneValue.h"
-#include "platform/PropertyList.h"
+#include "platform/Resources.h"
 #include "protocol/SceneImage.h"
 #include "tests/support/TempFolder.h"
 

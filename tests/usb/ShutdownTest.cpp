@@ -2,7 +2,7 @@
 // tells what its bus was asked for through a pipe, a letter each: X close, R release.
 #include "usb/Shutdown.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 

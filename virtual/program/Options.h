@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Arguments.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 

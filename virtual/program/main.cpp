@@ -1,7 +1,6 @@
 #include "model/SceneValue.h"
-#include "platform/AtomicFile.h"
 #include "platform/Diagnostics.h"
-#include "platform/NamedFiles.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 #include "platform/Resources.h"
 #include "virtual/program/Options.h"

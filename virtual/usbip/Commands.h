@@ -1,7 +1,7 @@
 // What is done to the controller while it runs, said in lines of text.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "virtual/Playing.h"
 #include "virtual/VirtualController.h"
 

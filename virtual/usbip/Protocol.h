@@ -6,7 +6,7 @@
 // decoded is an error.
 #pragma once
 
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <array>
 #include <cstdint>

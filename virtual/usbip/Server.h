@@ -9,7 +9,7 @@
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 #include "virtual/VirtualController.h"
 #include "virtual/usbip/Commands.h"
 #include "virtual/usbip/Session.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <filesystem>

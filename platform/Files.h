@@ -1,20 +1,61 @@
-// A new file that has no place yet, and goes with its object unless it is given one.
+// Files: read whole, replaced whole or not at all, made without a place, and compared before a
+// command opens the first of those that it names.
+//
+// Any thread may call, where nothing else is said.
 #pragma once
 
 #include "platform/Process.h"
-#include "platform/Result.h"
+#include "platform/Text.h"
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <shared_mutex>
+#include <span>
+#include <string>
 #include <sys/types.h>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
+
+using FileContent = std::vector<std::uint8_t>;
+
+// Reads a regular file or a pipe, at most `limit` bytes; more is an error. `whenWaiting` is called
+// once if it is a pipe that nobody has opened to write for a second; the wait goes on.
+[[nodiscard]] Result<FileContent> readFile(const std::filesystem::path& path, std::size_t limit,
+                                           const std::function<void()>& whenWaiting = {});
+
+// What replacing did beside its purpose.
+struct Replaced {
+    std::uint64_t otherNames = 0; // hard links, which keep the former content
+};
+
+// Writes `bytes` to a new file in the same folder, flushes it to the disk and puts it in the place
+// of `path`. A symbolic link is followed; an existing file keeps its owner, its group, its
+// permission bits, its access list and its user's attributes, or is not written at all. On error
+// `path` is what it was. What a writer that was killed has left in the folder is removed.
+//
+// Writers of one file come one after the other; one that cannot within 20 seconds is an error.
+[[nodiscard]] Result<Replaced> replaceFile(const std::filesystem::path& path,
+                                           std::span<const std::uint8_t> bytes);
+
+// The same with bytes that are made of the file's own: no other writer comes between.
+using FileChange = std::function<Result<FileContent>(FileContent former)>;
+[[nodiscard]] Result<Replaced> changeFile(const std::filesystem::path& path, std::size_t limit,
+                                          const FileChange& change);
+
+// Whether `replaceFile` could do its work, tried as far as that leaves no trace, and asked before
+// work that would be lost. The error is the one that writing would give.
+[[nodiscard]] Result<void> checkReplaceable(const std::filesystem::path& path);
+
+// ---- In TemporaryFile.cpp: a new file that has no place yet, and goes with its object unless it
+// is given one.
 
 // Waits until no file of this process has a hidden name, for that long at most, and keeps every
 // file from getting one as long as what it gives is held: a process that ends then leaves none.
@@ -91,5 +132,30 @@ private:
 // away a list that `to` has from its folder and `from` has not. 0, or errno's value. A file system
 // that has neither is no error. Any thread.
 [[nodiscard]] int copyAttributes(const std::filesystem::path& from, int to);
+
+// ---- The files that one command names, looked at together before the first of them is opened:
+// what is read must not be overwritten under another option's name. Files are compared by what they
+// are on the disk, whatever their names.
+
+// The descriptor that a name stands for: /dev/stdin, /dev/fd/3, /proc/self/fd/3, and links to such.
+[[nodiscard]] std::optional<int> namedDescriptor(const std::string& name);
+
+enum class FileUse : std::uint8_t {
+    Read,     // before anything is replaced
+    Replaced, // after all was read, by a file that is whole
+    Written,  // while others are still needed
+    Appended, // as the program goes on, emptied first; several streams may share one
+};
+
+struct NamedFile {
+    std::string name; // a path, or "-" for standard input if it is read, else standard output
+    FileUse use = FileUse::Read;
+    std::string subject; // how the error begins when this file is written: "--log m.bank: it"
+    std::string content; // what the file is to the command: "the bank that is to be shown"
+};
+
+// An error, "SUBJECT would overwrite CONTENT", if two of them are one file and one would be lost.
+// The earlier one in the list is the subject when both are written.
+[[nodiscard]] Result<void> checkNamedFiles(std::span<const NamedFile> files);
 
 } // namespace scenewright

@@ -1,13 +1,14 @@
-#include "platform/AtomicFile.h"
+#include "platform/Files.h"
 
 #include "platform/Process.h"
-#include "platform/TemporaryFile.h"
 #include "platform/Text.h"
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <chrono>
 #include <fcntl.h>
+#include <filesystem>
 #include <optional>
 #include <poll.h>
 #include <string>
@@ -18,6 +19,7 @@
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace scenewright {
 
@@ -280,6 +282,27 @@ Result<FileDescriptor> lockFile(const fs::path& path) {
     }
 }
 
+// What `path` leads to when every symbolic link in its last component is followed, existing or not,
+// or the first path on the way that `isEnd` accepts.
+Result<fs::path> followLinks(fs::path path,
+                             const std::function<bool(const fs::path&)>& isEnd = {}) {
+    std::error_code error;
+    for (int i = 0; i < kMaxLinks; ++i) {
+        if (isEnd && isEnd(path))
+            return path;
+        const fs::file_type type = fs::symlink_status(path, error).type();
+        if (type != fs::file_type::none && type != fs::file_type::symlink)
+            return path;
+        // A link that cannot be looked at must not be taken for a file, and replaced.
+        const fs::path next =
+            type == fs::file_type::symlink ? fs::read_symlink(path, error) : fs::path();
+        if (next.empty())
+            return failure(error.message());
+        path = path.parent_path() / next;
+    }
+    return systemError(ELOOP);
+}
+
 Result<fs::path> targetOf(const fs::path& path) {
     if (path.empty())
         return failure(translated(sourceText("scenewright::File", "no name was given")));
@@ -301,24 +324,6 @@ Result<Value> inSentence(SourceText text, const fs::path& path, Result<Value> re
 }
 
 } // namespace
-
-Result<fs::path> followLinks(fs::path path, const std::function<bool(const fs::path&)>& isEnd) {
-    std::error_code error;
-    for (int i = 0; i < kMaxLinks; ++i) {
-        if (isEnd && isEnd(path))
-            return path;
-        const fs::file_type type = fs::symlink_status(path, error).type();
-        if (type != fs::file_type::none && type != fs::file_type::symlink)
-            return path;
-        // A link that cannot be looked at must not be taken for a file, and replaced.
-        const fs::path next =
-            type == fs::file_type::symlink ? fs::read_symlink(path, error) : fs::path();
-        if (next.empty())
-            return failure(error.message());
-        path = path.parent_path() / next;
-    }
-    return systemError(ELOOP);
-}
 
 Result<FileContent> readFile(const fs::path& path, std::size_t limit,
                              const std::function<void()>& whenWaiting) {
@@ -361,6 +366,101 @@ Result<void> checkReplaceable(const fs::path& path) {
     const auto begun = targetOf(path).and_then(begin);
     if (!begun)
         return sentence(kCannotWrite, path, begun.error());
+    return {};
+}
+
+namespace {
+
+// ---- files compared
+
+std::optional<int> numberIn(const std::string& text) {
+    int number = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
+    return isWhole && number >= 0 ? std::optional(number) : std::nullopt;
+}
+
+// Whether it stands where the system lists the process's own descriptors.
+bool isDescriptor(const fs::path& path) {
+    std::error_code error;
+    const fs::path folder = fs::canonical(folderOf(path), error);
+    return path.has_filename() && folder == fs::path("/proc") / std::to_string(::getpid()) / "fd";
+}
+
+// A file's place on the disk. One that does not exist yet has its folder's and a name.
+struct Identity {
+    dev_t device = 0;
+    ino_t inode = 0;
+    std::string name;
+    bool operator==(const Identity&) const = default;
+};
+
+std::optional<Identity> identityOf(const struct stat& status, const std::string& name = {}) {
+    return Identity{status.st_dev, status.st_ino, name};
+}
+
+std::optional<Identity> identityOfPath(const std::string& name) {
+    struct stat status {};
+    if (::stat(name.c_str(), &status) == 0)
+        return S_ISREG(status.st_mode) ? identityOf(status) : std::nullopt;
+    const auto target = followLinks(name);
+    const fs::path path = target ? *target : fs::path(name);
+    if (::stat(folderOf(path).c_str(), &status) != 0)
+        return std::nullopt;
+    return identityOf(status, path.filename().string());
+}
+
+std::optional<int> descriptorOf(const NamedFile& file) {
+    if (file.name == "-")
+        return file.use == FileUse::Read       ? STDIN_FILENO
+               : file.use == FileUse::Appended ? STDERR_FILENO
+                                               : STDOUT_FILENO;
+    return namedDescriptor(file.name);
+}
+
+// Nothing for what cannot be overwritten: a terminal, a pipe, a device.
+std::optional<Identity> identityOf(const NamedFile& file) {
+    const auto descriptor = descriptorOf(file);
+    if (!descriptor)
+        return identityOfPath(file.name);
+    struct stat status {};
+    if (::fstat(*descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return identityOf(status);
+}
+
+// What goes to a descriptor is written as it comes, whatever else is replaced whole.
+FileUse useOf(const NamedFile& file) {
+    return file.use == FileUse::Replaced && descriptorOf(file) ? FileUse::Written : file.use;
+}
+
+bool mayShare(FileUse first, FileUse second) {
+    if (first == FileUse::Appended || second == FileUse::Appended)
+        return first == second;
+    return first != FileUse::Written && second != FileUse::Written;
+}
+
+} // namespace
+
+std::optional<int> namedDescriptor(const std::string& name) {
+    const auto path = followLinks(name, &isDescriptor);
+    return path && isDescriptor(*path) ? numberIn(path->filename().string()) : std::nullopt;
+}
+
+Result<void> checkNamedFiles(std::span<const NamedFile> files) {
+    std::vector<std::optional<Identity>> identities;
+    for (const NamedFile& file : files)
+        identities.push_back(file.name.empty() ? std::nullopt : identityOf(file));
+    for (std::size_t first = 0; first < files.size(); ++first)
+        for (std::size_t second = first + 1; second < files.size(); ++second) {
+            const bool isOneFile = identities[first] && identities[first] == identities[second];
+            if (!isOneFile || mayShare(useOf(files[first]), useOf(files[second])))
+                continue;
+            const bool isFirstRead = files[first].use == FileUse::Read;
+            const NamedFile& subject = files[isFirstRead ? second : first];
+            const NamedFile& lost = files[isFirstRead ? first : second];
+            return failure(subject.subject + " would overwrite " + lost.content);
+        }
     return {};
 }
 
