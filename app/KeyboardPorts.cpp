@@ -3,7 +3,7 @@
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
-#include "usb/AttachedDevices.h"
+#include "usb/Devices.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>

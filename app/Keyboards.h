@@ -6,8 +6,7 @@
 #pragma once
 
 #include "platform/Text.h"
-#include "usb/AttachedDevices.h"
-#include "usb/DeviceList.h"
+#include "usb/Devices.h"
 
 #include <cstdint>
 #include <functional>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/MessageValue.h"
-#include "protocol/Packet.h"
+#include "protocol/SceneImage.h"
 #include "usb/Transport.h"
 
 #include <cstdint>

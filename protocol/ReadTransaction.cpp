@@ -2,7 +2,6 @@
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 #include "protocol/Connection.h"
-#include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 #include "protocol/Transactions.h"
 #include "usb/InterfaceAction.h"

@@ -4,6 +4,7 @@
 #include "model/MessageValue.h"
 #include "model/SceneValue.h"
 #include "protocol/Connection.h"
+#include "protocol/SceneImage.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -61,6 +62,34 @@ public:
     // Waits for the thread, once its transfers have ended or been cancelled, without running main
     // queue tasks. To be called before the process ends. Main thread.
     static void join();
+};
+
+// The device protocol's operations under their own names.
+class SceneAction {
+public:
+    SceneAction() = delete;
+
+    // Exactly 253 bytes; see SceneImage.h.
+    [[nodiscard]] static std::vector<std::uint8_t> sceneToBytes(const SceneValue& scene) {
+        const SceneImage image = encodeScene(scene);
+        return {image.begin(), image.end()};
+    }
+    // Sets all fields but ButtonID to kFieldAbsent and gives the same record back.
+    static std::shared_ptr<ButtonValue> initButton(std::shared_ptr<ButtonValue> button) {
+        markFieldsAbsent(*button);
+        return button;
+    }
+
+    // One handshake; see Connection.h.
+    [[nodiscard]] static bool HandshakeOperation() { return handshakeOnce(); }
+
+    // Both transactions, with the process's progress record.
+    [[nodiscard]] static SceneList GetSceneFromDevice() {
+        return readScenes(*Progress::record()).scenes;
+    }
+    static void SendSceneToDevice(const SceneList& scenes) {
+        sendScenes(scenes, Progress::record());
+    }
 };
 
 } // namespace scenewright

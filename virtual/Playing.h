@@ -6,7 +6,6 @@
 #include "model/Midi.h"
 #include "model/SceneValue.h"
 #include "platform/Text.h"
-#include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 
 #include <array>

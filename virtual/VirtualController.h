@@ -9,7 +9,6 @@
 #pragma once
 
 #include "platform/Text.h"
-#include "protocol/Packet.h"
 #include "protocol/SceneImage.h"
 
 #include <cstdint>

@@ -5,7 +5,7 @@
 #include "app/Keyboards.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "editor/qt/MainWindow.h"
-#include "usb/AttachedDevices.h"
+#include "usb/Devices.h"
 
 #include <QAction>
 #include <QLabel>

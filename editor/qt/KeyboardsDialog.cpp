@@ -4,7 +4,7 @@
 #include "app/OutcomeText.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
-#include "usb/DeviceList.h"
+#include "usb/Devices.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -5,7 +5,6 @@
 #include "platform/Diagnostics.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
-#include "protocol/SceneAction.h"
 #include "protocol/Transactions.h"
 #include "tests/support/TempFolder.h"
 #include "usb/InterfaceAction.h"

@@ -4,8 +4,8 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "model/SceneValue.h"
-#include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
+#include "protocol/Transactions.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>

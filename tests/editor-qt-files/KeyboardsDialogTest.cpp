@@ -5,7 +5,7 @@
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"
-#include "usb/DeviceList.h"
+#include "usb/Devices.h"
 
 #include <QClipboard>
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // The faults that the virtual controller is ordered to have, at its start or while it runs: taken
 // ones mean what they say, refused ones are told in one sentence.
 #include "tests/fuzz/Checks.h"
-#include "virtual/usbip/Commands.h"
+#include "virtual/usbip/Server.h"
 
 #include <fmt/format.h>
 

@@ -27,7 +27,7 @@ TABLE_HEADERS = {
     "model/SceneValue.h",
     "model/Setting.h",
     "model/ValueAction.h",
-    "protocol/Packet.h",
+    "protocol/SceneImage.h",
 }
 
 

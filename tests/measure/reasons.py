@@ -1,6 +1,6 @@
 """A list of exceptions, each with its reason, in a file that people keep by hand:
 
-    usb/Pipes.cpp
+    usb/InterfaceAction.cpp
     - the line as it stands
     + the line as a mutant has it
       The reason, on as many lines as it takes.

@@ -3,7 +3,6 @@
 
 #include "model/MessageValue.h"
 #include "platform/MainQueue.h"
-#include "protocol/SceneAction.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"

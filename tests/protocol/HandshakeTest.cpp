@@ -1,5 +1,5 @@
 #include "protocol/Connection.h"
-#include "protocol/SceneAction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 
 #include <chrono>

@@ -1,5 +1,5 @@
 // Every line that a read owes to the two diagnostic streams.
-#include "protocol/SceneAction.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 #include "tests/protocol/TestScenes.h"
 

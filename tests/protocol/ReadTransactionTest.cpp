@@ -1,5 +1,4 @@
 #include "model/MessageValue.h"
-#include "protocol/SceneAction.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"

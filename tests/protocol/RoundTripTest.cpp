@@ -1,4 +1,3 @@
-#include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"

@@ -1,5 +1,4 @@
-#include "protocol/SceneAction.h"
-
+#include "protocol/Transactions.h"
 #include "tests/protocol/TestScenes.h"
 
 #include <gtest/gtest.h>

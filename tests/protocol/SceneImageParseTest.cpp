@@ -1,7 +1,7 @@
 // Making scenes out of byte images.
 #include "platform/Diagnostics.h"
-#include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/TestScenes.h"
 
 #include <gtest/gtest.h>

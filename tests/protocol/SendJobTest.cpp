@@ -1,6 +1,5 @@
 #include "model/MessageValue.h"
 #include "platform/MainQueue.h"
-#include "protocol/SceneAction.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"

@@ -1,6 +1,5 @@
 // Every packet of a send, and every line that it owes to the two diagnostic streams.
 #include "platform/MainQueue.h"
-#include "protocol/SceneAction.h"
 #include "protocol/SceneImage.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"

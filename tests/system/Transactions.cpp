@@ -12,7 +12,7 @@
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/MainQueue.h"
-#include "usb/AttachedDevices.h"
+#include "usb/Devices.h"
 #include "usb/InterfaceAction.h"
 #include "usb/LibusbHost.h"
 #include "usb/Shutdown.h"

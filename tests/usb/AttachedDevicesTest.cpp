@@ -1,6 +1,5 @@
-#include "usb/AttachedDevices.h"
-
 #include "tests/support/TempFolder.h"
+#include "usb/Devices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
-#include "usb/DeviceList.h"
-
 #include "tests/support/TempFolder.h"
 #include "tests/usb/TransportFixture.h"
+#include "usb/Devices.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,7 +1,6 @@
 // Whole reads and sends against the virtual controller, in one process.
 #include "platform/MainQueue.h"
 #include "platform/Resources.h"
-#include "protocol/SceneAction.h"
 #include "protocol/Transactions.h"
 #include "tests/virtual/ControllerDriver.h"
 #include "usb/Transport.h"

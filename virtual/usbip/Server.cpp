@@ -1,6 +1,7 @@
 #include "virtual/usbip/Server.h"
 
 #include "model/Midi.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <iterator>
 #include <malloc.h>
+#include <sstream>
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/signalfd.h>
@@ -348,6 +350,43 @@ bool Server::put(const Playing::Messages& messages) {
     const auto attached = std::ranges::find_if(
         connections_, [](const Connection& each) { return each.session().isAttached(); });
     return attached != connections_.end() && attached->session().play(packets);
+}
+
+namespace {
+
+constexpr std::string_view kCommands =
+    "those are faults, unplug, plug, scene, press, release, turn and slide";
+
+Result<ServerCommand> parseFaults(std::istream& words) {
+    ServerCommand command;
+    std::string word;
+    while (words >> word) {
+        const auto fault = parseFault(word);
+        if (!fault)
+            return failure(fault.error());
+        command.faults.push_back(*fault);
+    }
+    return command;
+}
+
+} // namespace
+
+Result<ServerCommand> parseCommand(std::string_view line) {
+    std::istringstream words{std::string(line)};
+    std::string verb;
+    std::string rest;
+    words >> verb;
+    if (verb == "faults")
+        return parseFaults(words);
+    if (verb == "unplug" && !(words >> rest))
+        return ServerCommand{.kind = ServerCommand::Kind::Unplug};
+    if (verb == "plug" && !(words >> rest))
+        return ServerCommand{.kind = ServerCommand::Kind::Plug};
+    if (const auto order = parsePlayOrder(line))
+        return order->map([](const PlayOrder& play) {
+            return ServerCommand{.kind = ServerCommand::Kind::Play, .play = play};
+        });
+    return failure(fmt::format("'{}' is no order: {}", readableText(line), kCommands));
 }
 
 } // namespace scenewright::usbip

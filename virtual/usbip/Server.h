@@ -10,8 +10,8 @@
 
 #include "platform/Process.h"
 #include "platform/Text.h"
+#include "virtual/Playing.h"
 #include "virtual/VirtualController.h"
-#include "virtual/usbip/Commands.h"
 #include "virtual/usbip/Session.h"
 #include "virtual/usbip/Sockets.h"
 
@@ -28,6 +28,19 @@
 namespace scenewright::usbip {
 
 void blockServerSignals();
+
+// What is done to the controller while it runs, said in lines of text: "faults KIND:N ..." (in
+// place of those there are; none after the word ends them), "unplug", "plug", and what
+// parsePlayOrder() reads.
+struct ServerCommand {
+    enum class Kind : std::uint8_t { Faults, Unplug, Plug, Play };
+    Kind kind = Kind::Faults;
+    FaultPlan faults{};
+    PlayOrder play{};
+    friend bool operator==(const ServerCommand&, const ServerCommand&) = default;
+};
+
+[[nodiscard]] Result<ServerCommand> parseCommand(std::string_view line);
 
 // A session on its socket: moves bytes between the two without ever blocking.
 class Connection {

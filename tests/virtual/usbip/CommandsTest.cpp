@@ -1,4 +1,4 @@
-#include "virtual/usbip/Commands.h"
+#include "virtual/usbip/Server.h"
 
 #include <gtest/gtest.h>
 
