@@ -1,7 +1,6 @@
 #include "virtual/usbip/Server.h"
 
 #include "model/Midi.h"
-#include "platform/Text.h"
 
 #include <fmt/format.h>
 
@@ -16,7 +15,6 @@
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/signalfd.h>
-#include <sys/socket.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -27,7 +25,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::size_t kReadSize = 16384;
 constexpr std::size_t kMaxConnections = 16;
 constexpr std::size_t kMinConnections = 2; // one that has the controller and one that asks
 // What the rest needs at most: three streams, signals, listener, trace, bank, the kernel's port.
@@ -65,10 +62,6 @@ std::size_t connectionLimit() {
            kOtherDescriptors;
 }
 
-bool wouldBlock() {
-    return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
-}
-
 Moment after(milliseconds time) {
     return std::chrono::steady_clock::now() + time;
 }
@@ -78,52 +71,6 @@ bool isPast(Moment moment) {
 }
 
 } // namespace
-
-pollfd Connection::place() {
-    if (session_.isHeld())
-        return {-1, 0, 0};
-    short events = session_.state() == Session::State::Open ? POLLIN : 0;
-    if (!session_.output().empty())
-        events = static_cast<short>(events | POLLOUT);
-    return {socket_.get(), events, 0};
-}
-
-bool Connection::serve(short events) {
-    if ((events & (POLLERR | POLLNVAL)) != 0)
-        return false;
-    if ((events & (POLLIN | POLLHUP)) != 0 && !readSome())
-        return false;
-    if (!session_.output().empty() && !session_.isHeld() && !writeSome())
-        return false;
-    switch (session_.state()) {
-    case Session::State::Open:
-        return true;
-    case Session::State::Done:
-    case Session::State::Unplugged:
-        return !session_.output().empty();
-    case Session::State::Dropped:
-        break;
-    }
-    return false;
-}
-
-bool Connection::readSome() {
-    std::array<std::uint8_t, kReadSize> bytes{};
-    const ssize_t count = ::recv(socket_.get(), bytes.data(), bytes.size(), 0);
-    if (count < 0)
-        return wouldBlock();
-    session_.receive(ByteView(bytes).first(static_cast<std::size_t>(count)));
-    return count > 0;
-}
-
-bool Connection::writeSome() {
-    Bytes& output = session_.output();
-    const ssize_t count = ::send(socket_.get(), output.data(), output.size(), MSG_NOSIGNAL);
-    if (count < 0)
-        return wouldBlock();
-    output.erase(output.begin(), output.begin() + count);
-    return true;
-}
 
 void blockServerSignals() {
     const sigset_t signals = serverSignals();

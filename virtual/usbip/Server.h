@@ -42,28 +42,6 @@ struct ServerCommand {
 
 [[nodiscard]] Result<ServerCommand> parseCommand(std::string_view line);
 
-// A session on its socket: moves bytes between the two without ever blocking.
-class Connection {
-public:
-    Connection(FileDescriptor socket, ServerState& server, Session::Start start)
-        : socket_(std::move(socket)), session_(server, start) {}
-
-    // What to wait for; nothing while the session is held.
-    [[nodiscard]] pollfd place();
-    // Does what the events allow. False when the connection has ended.
-    [[nodiscard]] bool serve(short events);
-
-    [[nodiscard]] Session& session() noexcept { return session_; }
-    [[nodiscard]] const Session& session() const noexcept { return session_; }
-
-private:
-    bool readSome();  // false when the other side has gone
-    bool writeSome(); // the same
-
-    FileDescriptor socket_;
-    Session session_;
-};
-
 class Server {
 public:
     // `state` must outlive the server. `log` gets a line for each thing worth knowing.

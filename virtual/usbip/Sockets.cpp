@@ -1,7 +1,5 @@
 #include "virtual/usbip/Sockets.h"
 
-#include "virtual/usbip/Session.h"
-
 #include <fmt/format.h>
 
 #include <array>
@@ -96,6 +94,12 @@ tl::unexpected<std::string> portError(std::uint32_t port, int error) {
                                port, std::generic_category().message(error)));
 }
 
+constexpr std::size_t kReadSize = 16384;
+
+bool wouldBlock() {
+    return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
+}
+
 } // namespace
 
 bool Listener::isAddress(std::string_view address) {
@@ -160,6 +164,52 @@ Result<FileDescriptor> attachToKernel(std::uint32_t port, std::uint32_t device,
         return portError(port, errno);
     ::fcntl(ours.get(), F_SETFL, O_NONBLOCK);
     return ours;
+}
+
+pollfd Connection::place() {
+    if (session_.isHeld())
+        return {-1, 0, 0};
+    short events = session_.state() == Session::State::Open ? POLLIN : 0;
+    if (!session_.output().empty())
+        events = static_cast<short>(events | POLLOUT);
+    return {socket_.get(), events, 0};
+}
+
+bool Connection::serve(short events) {
+    if ((events & (POLLERR | POLLNVAL)) != 0)
+        return false;
+    if ((events & (POLLIN | POLLHUP)) != 0 && !readSome())
+        return false;
+    if (!session_.output().empty() && !session_.isHeld() && !writeSome())
+        return false;
+    switch (session_.state()) {
+    case Session::State::Open:
+        return true;
+    case Session::State::Done:
+    case Session::State::Unplugged:
+        return !session_.output().empty();
+    case Session::State::Dropped:
+        break;
+    }
+    return false;
+}
+
+bool Connection::readSome() {
+    std::array<std::uint8_t, kReadSize> bytes{};
+    const ssize_t count = ::recv(socket_.get(), bytes.data(), bytes.size(), 0);
+    if (count < 0)
+        return wouldBlock();
+    session_.receive(ByteView(bytes).first(static_cast<std::size_t>(count)));
+    return count > 0;
+}
+
+bool Connection::writeSome() {
+    Bytes& output = session_.output();
+    const ssize_t count = ::send(socket_.get(), output.data(), output.size(), MSG_NOSIGNAL);
+    if (count < 0)
+        return wouldBlock();
+    output.erase(output.begin(), output.begin() + count);
+    return true;
 }
 
 } // namespace scenewright::usbip

@@ -1,13 +1,17 @@
-// Where connections come from: hosts over TCP, or this machine's kernel.
+// Where connections come from, hosts over TCP or this machine's kernel, and a session on its
+// socket.
 #pragma once
 
 #include "platform/Process.h"
 #include "platform/Text.h"
+#include "virtual/usbip/Session.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <poll.h>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace scenewright::usbip {
 
@@ -39,5 +43,27 @@ inline constexpr const char* kVhciFolder = "/sys/devices/platform/vhci_hcd.0";
 [[nodiscard]] Result<FileDescriptor>
 attachToKernel(std::uint32_t port, std::uint32_t device,
                const std::filesystem::path& folder = kVhciFolder);
+
+// A session on its socket: moves bytes between the two without ever blocking.
+class Connection {
+public:
+    Connection(FileDescriptor socket, ServerState& server, Session::Start start)
+        : socket_(std::move(socket)), session_(server, start) {}
+
+    // What to wait for; nothing while the session is held.
+    [[nodiscard]] pollfd place();
+    // Does what the events allow. False when the connection has ended.
+    [[nodiscard]] bool serve(short events);
+
+    [[nodiscard]] Session& session() noexcept { return session_; }
+    [[nodiscard]] const Session& session() const noexcept { return session_; }
+
+private:
+    bool readSome();  // false when the other side has gone
+    bool writeSome(); // the same
+
+    FileDescriptor socket_;
+    Session session_;
+};
 
 } // namespace scenewright::usbip
