@@ -1,4 +1,5 @@
-// The smaller adapters: a pane, a segmented control, a slider, a label and a line of text.
+// The smaller adapters: a pane, a segmented control, a slider, a label and a line of text; and what
+// the window's widgets are to an assistive technology.
 #pragma once
 
 #include "editor/Widgets.h"
@@ -134,5 +135,11 @@ public:
     void setText(const std::string& text) override;
     void setEditable(bool editable) override;
 };
+
+// Where the toolkit's idea of the window's own widgets would mislead: segments are radio buttons, a
+// notice is an alert, and the controls of the picture stand in the order of their tags, whichever
+// is drawn above another. For all widgets whose faces are asked for afterwards. May be called
+// again; main thread.
+void installAccessibleFaces();
 
 } // namespace scenewright

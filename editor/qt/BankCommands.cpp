@@ -142,8 +142,7 @@ QMenu& BankCommands::addMenu(const QString& title, const QString& name) {
 void BankCommands::askForFile(const FileEntry& entry) {
     auto& dialog = makeChild<QFileDialog>(&window_);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
-    dialog.setWindowTitle(
-        QString(entry.title).remove(QLatin1Char('&')).remove(QLatin1String("...")));
+    dialog.setWindowTitle(unmarked(entry.title).remove(QLatin1String("...")));
     dialog.setAcceptMode(entry.mode);
     const bool isSave = entry.mode == QFileDialog::AcceptSave;
     dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -159,10 +159,8 @@ QHBoxLayout& addRow(QDialog& dialog, QVBoxLayout& column, const QString& name) {
 }
 
 QPushButton& addRowButton(QHBoxLayout& row, const QString& title, const QString& help) {
-    auto& button = makeChild<QPushButton>(title, row.parentWidget());
-    button.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    auto& button = makeButton(title, row.parentWidget());
     button.setToolTip(help);
-    button.setAutoDefault(false);
     row.addWidget(&button);
     return button;
 }
@@ -225,7 +223,7 @@ void GainWindow::makeButtons(QGridLayout& grid) {
     auto& hint = makeChild<QLabel>(tr("Kept while the window is open; not sent"), this);
     hint.setProperty("role", "hint");
     for (QPushButton* button : {&standard, &apply, &ok})
-        button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+        button->setAccessibleName(unmarked(button->text()));
     ok.setDefault(true);
     ok.setProperty("main", true);
     grid.addWidget(&hint, 3, 0, 1, kGains);
@@ -282,8 +280,7 @@ GuideWindow::GuideWindow(QWidget* parent)
     auto row = std::make_unique<QHBoxLayout>();
     row->setContentsMargins(kMargin, 0, kMargin, 0);
     const auto add = [&](const QString& title, const QString& name) -> QPushButton& {
-        auto& button = makeChild<QPushButton>(title, this);
-        button.setAutoDefault(false);
+        auto& button = makeButton(title, this);
         button.setAccessibleName(name);
         row->addWidget(&button);
         return button;

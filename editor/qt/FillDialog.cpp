@@ -143,7 +143,7 @@ void FillDialog::addPage(What what) {
     const auto add = [&](const QString& title, auto& field) -> auto& {
         form.addRow(title, &field);
         form.labelForField(&field)->setContentsMargins(0, 0, kLabelMargin, 0);
-        field.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+        field.setAccessibleName(unmarked(title));
         return field;
     };
     const auto line = [&](const QString& title, const QString& text) {

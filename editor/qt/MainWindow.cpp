@@ -1,7 +1,6 @@
 #include "editor/qt/MainWindow.h"
 
 #include "app/WindowAction.h"
-#include "editor/qt/AccessibleFaces.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/StripPlace.h"

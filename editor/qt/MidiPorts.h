@@ -73,10 +73,7 @@ void listenToVirtual(KeyboardInput& input);
 class PlayOutput {
 public:
     PlayOutput() = default;
-    PlayOutput(const PlayOutput&) = delete;
-    PlayOutput& operator=(const PlayOutput&) = delete;
-    PlayOutput(PlayOutput&&) = delete;
-    PlayOutput& operator=(PlayOutput&&) = delete;
+    Q_DISABLE_COPY_MOVE(PlayOutput)
     virtual ~PlayOutput() = default;
 
     // As they are now.

@@ -58,10 +58,7 @@ class MonitorStrip final : public QFrame {
 public:
     MonitorStrip(MainWindow& window, KeyboardInput& input);
     ~MonitorStrip() override;
-    MonitorStrip(const MonitorStrip&) = delete;
-    MonitorStrip& operator=(const MonitorStrip&) = delete;
-    MonitorStrip(MonitorStrip&&) = delete;
-    MonitorStrip& operator=(MonitorStrip&&) = delete;
+    Q_DISABLE_COPY_MOVE(MonitorStrip)
 
     // Of the View menu; checked while the strip is there.
     [[nodiscard]] QAction& action() { return *action_; }

@@ -20,13 +20,6 @@ namespace {
 constexpr QSize kBusySize(72, 12);
 constexpr int kLeastText = 120; // of a notice, in device-independent pixels
 
-QPushButton& buttonOf(const QString& title, const QString& name, QWidget* parent) {
-    auto& button = makeChild<QPushButton>(title, parent);
-    button.setAccessibleName(name);
-    button.setAutoDefault(false);
-    return button;
-}
-
 QString firstLine(const QString& text) {
     return text.section(QLatin1Char('\n'), 0, 0);
 }
@@ -79,8 +72,7 @@ void SpokenText::say(const QString& text) {
 
 NoticeBar::NoticeBar(QWidget* parent)
     : QFrame(parent), row_(&makeChild<QHBoxLayout>(this)), text_(&makeChild<NoticeText>(this)),
-      details_(&buttonOf(tr("Details..."), tr("Details of the notice"), this)),
-      close_(&buttonOf(tr("Dismiss"), tr("Dismiss the notice"), this)),
+      details_(&makeButton(tr("Details..."), this)), close_(&makeButton(tr("Dismiss"), this)),
       escape_(&makeChild<QShortcut>(QKeySequence(Qt::Key_Escape), this)),
       expiry_(&makeChild<QTimer>(this)) {
     setObjectName(QStringLiteral("notice"));
@@ -88,6 +80,8 @@ NoticeBar::NoticeBar(QWidget* parent)
     setProperty("panel", true);
     setFrameShape(QFrame::StyledPanel);
     text_->setText(accessibleName());
+    details_->setAccessibleName(tr("Details of the notice"));
+    close_->setAccessibleName(tr("Dismiss the notice"));
     row_->setContentsMargins(14, 2, 3, 2);
     row_->setSpacing(6);
     row_->addWidget(text_, 1);
@@ -230,7 +224,7 @@ void NoticeBar::giveKeyboardBack() {
 }
 
 void NoticeBar::addAction(const NoticeAction& action) {
-    auto& button = buttonOf(action.title, action.title, this);
+    auto& button = makeButton(action.title, this);
     row_->insertWidget(row_->indexOf(details_), &button);
     buttons_.push_back(&button);
     connect(&button, &QPushButton::clicked, this, [this, chosen = action.action] {

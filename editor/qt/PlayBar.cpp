@@ -142,9 +142,7 @@ void PlayBar::layOut() {
     keys_ = &makeChild<SpokenText>(this);
     keys_->setProperty("role", "hint");
     last_ = &makeChild<NoticeText>(this);
-    auto& end = makeChild<QPushButton>(tr("Stop Playing"), this);
-    end.setAccessibleName(end.text());
-    end.setAutoDefault(false);
+    auto& end = makeButton(tr("Stop Playing"), this);
     end.setProperty("main", true);
     connect(&end, &QPushButton::clicked, this, &PlayBar::stop);
     room.addWidget(where_, 0, 0);

@@ -28,10 +28,7 @@ public:
 
     explicit PlayBar(MainWindow& window);
     ~PlayBar() override;
-    PlayBar(const PlayBar&) = delete;
-    PlayBar& operator=(const PlayBar&) = delete;
-    PlayBar(PlayBar&&) = delete;
-    PlayBar& operator=(PlayBar&&) = delete;
+    Q_DISABLE_COPY_MOVE(PlayBar)
 
     // One more output. The action starts and stops playing into it; it is a child of the bar.
     [[nodiscard]] QAction& add(const QString& title, Open open);

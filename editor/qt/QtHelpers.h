@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QObject>
+#include <QPushButton>
 #include <QSettings>
 #include <QString>
 #include <QWidget>
@@ -31,6 +32,19 @@ template <typename T, typename... Args>
 // A text in a menu, where "&" marks a letter.
 [[nodiscard]] inline QString inMenu(QString text) {
     return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+// A title as it is spoken, without the "&" that marks a letter.
+[[nodiscard]] inline QString unmarked(QString title) {
+    return title.remove(QLatin1Char('&'));
+}
+
+// A button that Return presses only where the keyboard is on it. It is called by its title.
+[[nodiscard]] inline QPushButton& makeButton(const QString& title, QWidget* parent) {
+    auto& button = makeChild<QPushButton>(title, parent);
+    button.setAccessibleName(unmarked(title));
+    button.setAutoDefault(false);
+    return button;
 }
 
 // `title` with one of its letters marked, the first that is not in `taken`, which gains it. The

@@ -184,7 +184,7 @@ SceneCommands::SceneCommands(MainWindow& window, History& history)
 void SceneCommands::addOthers(const QString& title, const char* name, Command command) {
     QMenu& menu = *menu_->addMenu(title);
     menu.setObjectName(QLatin1String(name));
-    menu.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    menu.setAccessibleName(unmarked(title));
     connect(&menu, &QMenu::aboutToShow, this,
             [this, &menu, command] { showOthers(menu, command); });
 }

@@ -25,10 +25,7 @@ public:
     // The settings become its child. Each page is called by its accessible name.
     StripPlace(QWidget& settings, QWidget* parent);
     ~StripPlace() override;
-    StripPlace(const StripPlace&) = delete;
-    StripPlace& operator=(const StripPlace&) = delete;
-    StripPlace(StripPlace&&) = delete;
-    StripPlace& operator=(StripPlace&&) = delete;
+    Q_DISABLE_COPY_MOVE(StripPlace)
 
     // Shows the strip, which it takes as a child the first time.
     void open(QWidget& strip);

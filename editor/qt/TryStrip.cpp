@@ -2,7 +2,7 @@
 
 #include "app/DeviceSession.h"
 #include "editor/ControlDescription.h"
-#include "editor/qt/PopUpBox.h"
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/StripPlace.h"
 #include "protocol/SceneImage.h"
@@ -69,9 +69,7 @@ void TryStrip::layOut() {
     column.setContentsMargins(0, 0, 0, 0);
     column.setSpacing(kGap);
     const auto add = [&bar, &column](const QString& title) {
-        auto& button = makeChild<QPushButton>(title, &bar);
-        button.setAccessibleName(title);
-        button.setAutoDefault(false);
+        auto& button = makeButton(title, &bar);
         column.addWidget(&button);
         return &button;
     };
@@ -82,12 +80,7 @@ void TryStrip::layOut() {
     column.addStretch(1);
     room.addWidget(&bar, 0, 1, 2, 1);
     table_ = &makeChild<QTreeWidget>(this);
-    table_->setAccessibleName(tr("What was tried"));
-    table_->setHeaderLabels({tr("Control"), tr("Expected"), tr("Result")});
-    table_->setItemDelegate(&makeChild<RowDelegate>(table_));
-    table_->setRootIsDecorated(false);
-    table_->setAllColumnsShowFocus(true);
-    table_->setUniformRowHeights(true);
+    layOutTable(*table_, tr("What was tried"), {tr("Control"), tr("Expected"), tr("Result")});
     table_->setColumnWidth(Name, kControlWidth);
     table_->setColumnWidth(Wanted, kExpectedWidth);
     room.addWidget(table_, 1, 0);
