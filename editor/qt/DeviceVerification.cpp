@@ -187,7 +187,11 @@ DeviceVerification::DeviceVerification(MainWindow& window, EarlierCommands& earl
     // What is shown now came from a file, whatever a read told of the scenes before.
     connect(&earlier.document(), &Document::replaced, this,
             [this] { window_.notices().withdraw(Notice::Source::Transfer); });
-    connect(&window, &MainWindow::refreshed, this, &DeviceVerification::checkEquality);
+    // A notice of equality holds while the keyboard is known to hold what is stored.
+    connect(&window, &MainWindow::refreshed, this, [this] {
+        if (KnownKeyboard::image() != storedImage())
+            window_.notices().withdraw(Notice::Source::Comparison);
+    });
 }
 
 QAction* DeviceVerification::addAction(const QString& title, const QString& keys,
@@ -278,11 +282,6 @@ void DeviceVerification::afterSend(const Outcome& outcome) {
     postOutcome(DeviceOperation::Send, outcome, std::move(actions));
     if (wasVerifying && outcome.end == Outcome::End::Done)
         compareFor(DeviceOperation::Verify);
-}
-
-void DeviceVerification::checkEquality() {
-    if (KnownKeyboard::image() != storedImage())
-        window_.notices().withdraw(Notice::Source::Comparison);
 }
 
 } // namespace scenewright

@@ -94,8 +94,6 @@ private:
                      std::vector<NoticeAction> actions);
     void afterRead(const Outcome& outcome);
     void afterSend(const Outcome& outcome);
-    // A notice of equality holds while the keyboard is known to hold what is stored.
-    void checkEquality();
 
     MainWindow& window_;
     EarlierCommands& earlier_;

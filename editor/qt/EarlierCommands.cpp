@@ -48,29 +48,20 @@ void EarlierCommands::bringBack(const BankImage& image, const QString& done) {
     document_.forget();
 }
 
-void EarlierCommands::bringBackEdited(const EditedScenes& scenes) {
-    bringBack(scenes.image, tr("Brought back the edited scenes"));
-    document_.setUnsaved(shown(scenes.file));
-}
-
 void EarlierCommands::fill() {
     menu_->clear();
     qDeleteAll(menu_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     const std::vector<EarlierScenes::Entry> entries = files_.earlier().list();
     QMenu* menu = menu_;
     for (std::size_t place = 0; place < entries.size(); ++place) {
-        if (place > 0 && place % kMenuEntries == 0)
-            menu = &olderMenu(*menu);
+        if (place > 0 && place % kMenuEntries == 0) {
+            menu = menu->addMenu(tr("Older"));
+            menu->setAccessibleName(menu->title());
+        }
         add(*menu, entries[place]);
     }
     if (menu_->isEmpty())
         menu_->addAction(tr("None"))->setEnabled(false);
-}
-
-QMenu& EarlierCommands::olderMenu(QMenu& menu) {
-    QMenu& older = *menu.addMenu(tr("Older"));
-    older.setAccessibleName(older.title());
-    return older;
 }
 
 // The time, why they were kept, and the names of the scenes.
@@ -155,7 +146,8 @@ void ScenesKeeper::offer() {
 
 // They are on the disk under this program's name before they are no more under the former one's.
 void ScenesKeeper::bringBack(const Recovery::Left& left) {
-    earlier_.bringBackEdited(left.scenes);
+    earlier_.bringBack(left.scenes.image, EarlierCommands::tr("Brought back the edited scenes"));
+    earlier_.document().setUnsaved(shown(left.scenes.file));
     if (recovery_->flush())
         recovery_->forget(left.place);
     offer();

@@ -33,15 +33,12 @@ public:
 
     // Shows them; the notice says `done`.
     void bringBack(const BankImage& image, const QString& done);
-    // Scenes that an ended program has left, and their file.
-    void bringBackEdited(const EditedScenes& scenes);
     // The newest of the earlier scenes that are not those shown.
     void restoreLatest();
     [[nodiscard]] bool hasLatest() const { return files_.newestOther().has_value(); }
 
 private:
     void fill();
-    static QMenu& olderMenu(QMenu& menu);
     void add(QMenu& menu, const EarlierScenes::Entry& entry);
 
     StoreFiles files_;

@@ -186,7 +186,11 @@ void KeyboardCommands::showDialog() {
                 [this](const PluggedDevice& plugged) { add(plugged.device); });
         connect(dialog_, &KeyboardsDialog::allowWanted, this, &KeyboardCommands::allow);
         connect(dialog_, &KeyboardsDialog::copyWanted, this, &KeyboardCommands::copyCommand);
-        connect(installer_, &AccessInstaller::ended, this, &KeyboardCommands::endAllowing);
+        connect(installer_, &AccessInstaller::ended, this, [this](const QString& sentence) {
+            watch_.look();
+            dialog_->setAsking(false);
+            dialog_->tell(sentence);
+        });
     }
     watch_.look();
     bringUp(*dialog_);
@@ -203,12 +207,6 @@ void KeyboardCommands::allow() {
     dialog_->setAsking(true);
     dialog_->tell(tr("Waiting for an administrator's password..."));
     installer_->start();
-}
-
-void KeyboardCommands::endAllowing(const QString& sentence) {
-    watch_.look();
-    dialog_->setAsking(false);
-    dialog_->tell(sentence);
 }
 
 void KeyboardCommands::copyCommand() {

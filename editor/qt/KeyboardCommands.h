@@ -76,7 +76,6 @@ private:
     void use(const AttachedDevice& device);
     void add(const AttachedDevice& device);
     void allow();
-    void endAllowing(const QString& sentence);
     void copyCommand();
 
     MainWindow& window_;
