@@ -95,75 +95,52 @@ TEST_F(AtomicFile, ANewFileHasTheModeThatTheUserAsksForAndNothingElseIsLeft) {
     EXPECT_EQ(folder_.names().size(), 1U);
 }
 
+// But for the set-user bits, which go with the content that had them.
 TEST_F(AtomicFile, ReplacesAFileAndKeepsItsPermissionBits) {
-    writeText(file_, "a longer text that was there before");
-    ASSERT_EQ(::chmod(file_.c_str(), 0604), 0);
-    EXPECT_EQ(errorOfWriting(file_), "none");
-    EXPECT_EQ(readText(file_), "new");
-    EXPECT_EQ(modeOf(file_), 0604U);
-    EXPECT_EQ(folder_.names().size(), 1U);
+    for (const mode_t mode : {0604U, 06755U}) {
+        writeText(file_, "a longer text that was there before");
+        ASSERT_EQ(::chmod(file_.c_str(), mode), 0);
+        EXPECT_EQ(errorOfWriting(file_), "none");
+        EXPECT_EQ(readText(file_), "new");
+        EXPECT_EQ(modeOf(file_), mode & 0777U);
+        EXPECT_EQ(folder_.names().size(), 1U);
+    }
 }
 
-TEST_F(AtomicFile, FollowsASymbolicLink) {
+TEST_F(AtomicFile, FollowsASymbolicLinkAlsoToAFileThatIsNotThereYet) {
     fs::create_directory(folder_.path() / "elsewhere");
     writeText(folder_.path() / "elsewhere" / "real", "old");
-    fs::create_symlink("elsewhere/real", file_);
-    EXPECT_EQ(errorOfWriting(file_), "none");
-    EXPECT_TRUE(fs::is_symlink(file_));
-    EXPECT_EQ(readText(folder_.path() / "elsewhere" / "real"), "new");
+    for (const char* const target : {"elsewhere/real", "later"}) {
+        fs::create_symlink(target, file_);
+        EXPECT_EQ(errorOfWriting(file_), "none");
+        EXPECT_TRUE(fs::is_symlink(file_));
+        EXPECT_EQ(readText(folder_.path() / target), "new");
+        fs::remove(file_);
+    }
 }
 
-TEST_F(AtomicFile, FollowsASymbolicLinkToAFileThatIsNotThereYet) {
-    fs::create_symlink(folder_.path() / "later", file_);
-    EXPECT_EQ(errorOfWriting(file_), "none");
-    EXPECT_TRUE(fs::is_symlink(file_));
-    EXPECT_EQ(readText(folder_.path() / "later"), "new");
-}
-
-TEST_F(AtomicFile, LinksInACircleAreTrouble) {
-    fs::create_symlink(folder_.path() / "other", file_);
-    fs::create_symlink(file_, folder_.path() / "other");
-    EXPECT_EQ(errorOfWriting(file_),
-              "Cannot write " + file_.string() + ": Too many levels of symbolic links.");
-}
-
-TEST_F(AtomicFile, AFolderIsNotReplaced) {
-    EXPECT_EQ(errorOfWriting(folder_.path()),
-              "Cannot write " + folder_.path().string() + ": it is a folder.");
-    const std::string withSlash = folder_.path().string() + "/";
-    EXPECT_EQ(errorOfWriting(withSlash), "Cannot write " + withSlash + ": it is a folder.");
-    EXPECT_EQ(folder_.names().size(), 0U);
-}
-
-TEST_F(AtomicFile, ASlashAfterTheNameIsNoFile) {
+TEST_F(AtomicFile, WhatIsNoFileInAFolderIsNotReplaced) {
+    const std::string folder = folder_.path().string();
     writeText(file_, "old");
-    for (const fs::path& path : {file_, folder_.path() / "none"})
-        EXPECT_EQ(errorOfWriting(path.string() + "/"),
-                  "Cannot write " + path.string() + "/: a file's name does not end in a slash.");
-    EXPECT_EQ(folder_.names().size(), 1U);
-}
-
-TEST_F(AtomicFile, AMissingFolderIsNamed) {
-    const fs::path path = folder_.path() / "none" / "a.bank";
-    EXPECT_EQ(errorOfWriting(path), "Cannot write " + path.string() + ": " +
-                                        (folder_.path() / "none").string() +
-                                        ": No such file or directory.");
-}
-
-TEST_F(AtomicFile, AFileIsNoFolder) {
-    writeText(file_, "old");
-    const fs::path path = file_ / "inside";
-    EXPECT_EQ(errorOfWriting(path),
-              "Cannot write " + path.string() + ": " + file_.string() + " is not a folder.");
-}
-
-TEST_F(AtomicFile, ADeviceIsNotReplaced) {
-    EXPECT_EQ(errorOfWriting("/dev/null"), "Cannot write /dev/null: it is no ordinary file.");
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST_F(AtomicFile, NoNameIsTrouble) {
+    fs::create_symlink(folder + "/there", folder + "/back");
+    fs::create_symlink(folder + "/back", folder + "/there");
+    const std::string slash = "a file's name does not end in a slash.";
+    const std::pair<std::string, std::string> rows[] = {
+        {folder, "it is a folder."},
+        {folder + "/", "it is a folder."},
+        {file_.string() + "/", slash},
+        {folder + "/none/", slash},
+        {folder + "/back", "Too many levels of symbolic links."},
+        {folder + "/none/a.bank", folder + "/none: No such file or directory."},
+        {file_.string() + "/inside", file_.string() + " is not a folder."},
+        {"/dev/null", "it is no ordinary file."},
+    };
+    for (const auto& [path, why] : rows)
+        EXPECT_EQ(errorOfWriting(path), "Cannot write " + path + ": " + why);
     EXPECT_EQ(errorOfWriting(""), "Cannot write a file without a name: no name was given.");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    EXPECT_EQ(readText(file_), "old");
+    EXPECT_EQ(folder_.names(), (std::vector<std::string>{"a.bank", "back", "there"}));
 }
 
 TEST_F(AtomicFile, WritesIntoTheWorkingFolder) {
@@ -205,29 +182,25 @@ private:
     bool changed_ = false;
 };
 
-TEST_F(AtomicFile, AFolderThatOneMayNotWriteIsTroubleAndLeftAsItWas) {
+TEST_F(AtomicFile, WhatOneMayNotWriteIsTroubleAndLeftAsItWas) {
+    struct Row {
+        mode_t folder;
+        mode_t file;
+        std::string denied; // before the cause
+    };
     writeText(file_, "old");
-    ASSERT_EQ(::chmod(folder_.path().c_str(), 0555), 0);
-    {
-        const AsUser user;
-        EXPECT_EQ(errorOfWriting(file_), "Cannot write " + file_.string() + ": " +
-                                             folder_.path().string() + ": Permission denied.");
+    for (const Row& row : {Row{0555, 0644, folder_.path().string() + ": "}, Row{0777, 0444, ""}}) {
+        ASSERT_EQ(::chmod(file_.c_str(), row.file), 0);
+        ASSERT_EQ(::chmod(folder_.path().c_str(), row.folder), 0);
+        {
+            const AsUser user;
+            EXPECT_EQ(errorOfWriting(file_),
+                      "Cannot write " + file_.string() + ": " + row.denied + "Permission denied.");
+        }
+        ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
+        EXPECT_EQ(readText(file_), "old");
+        EXPECT_EQ(folder_.names().size(), 1U);
     }
-    ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
-    EXPECT_EQ(readText(file_), "old");
-    EXPECT_EQ(folder_.names().size(), 1U);
-}
-
-TEST_F(AtomicFile, AFileThatOneMayNotWriteIsTroubleThoughItsFolderIsOpen) {
-    writeText(file_, "old");
-    ASSERT_EQ(::chmod(file_.c_str(), 0444), 0);
-    ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
-    {
-        const AsUser user;
-        EXPECT_EQ(errorOfWriting(file_), "Cannot write " + file_.string() + ": Permission denied.");
-    }
-    EXPECT_EQ(readText(file_), "old");
-    EXPECT_EQ(folder_.names().size(), 1U);
 }
 
 TEST_F(AtomicFile, PipeThatNobodyWritesToIsSpokenOfOnceAndWaitedFor) {
@@ -241,13 +214,6 @@ TEST_F(AtomicFile, PipeThatNobodyWritesToIsSpokenOfOnceAndWaitedFor) {
     ASSERT_EQ(calls, 1);
     writer.join();
     EXPECT_EQ(read, bytesOf("late"));
-}
-
-TEST_F(AtomicFile, SetUserBitsGoWithTheContentThatHadThem) {
-    writeText(file_, "old");
-    ASSERT_EQ(::chmod(file_.c_str(), 06755), 0);
-    EXPECT_EQ(errorOfWriting(file_), "none");
-    EXPECT_EQ(modeOf(file_), 0755U);
 }
 
 TEST_F(AtomicFile, NamesThatKeepTheFormerContentAreCounted) {

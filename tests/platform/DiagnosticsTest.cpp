@@ -70,18 +70,21 @@ static_assert(!formatFits<int>("%n"));
 static_assert(!formatFits<int, int>("%*d"));
 static_assert(!formatFits<int>("%.3d"));
 
-TEST_F(DiagnosticsTest, BothStreamsAreOffAtFirst) {
+TEST_F(DiagnosticsTest, StreamsAreApartAndOffWithoutASink) {
     EXPECT_FALSE(Diagnostics::consoleIsOn());
-    EXPECT_FALSE(Diagnostics::logIsOn());
     Diagnostics::console("%d", 1);
-    Diagnostics::log("%d", 1);
-}
-
-TEST_F(DiagnosticsTest, ConsoleTextComesAsItIsFormatted) {
+    Diagnostics::setLog(collect());
+    EXPECT_TRUE(Diagnostics::logIsOn());
+    Diagnostics::console("console\n");
+    Diagnostics::log("line %d of %s", 7, std::string("log"));
+    Diagnostics::setLog({});
+    EXPECT_FALSE(Diagnostics::logIsOn());
+    Diagnostics::log("unheard");
     Diagnostics::setConsole(collect());
     Diagnostics::console("Unable to open interface (%08x)\n", 0xe00002c5U);
     Diagnostics::console("%s", "a piece");
-    EXPECT_EQ(pieces_, (Pieces{"Unable to open interface (e00002c5)\n", "a piece"}));
+    EXPECT_EQ(pieces_,
+              (Pieces{"line 7 of log", "Unable to open interface (e00002c5)\n", "a piece"}));
 }
 
 TEST_F(DiagnosticsTest, FormatsCanStandInATable) {
@@ -94,22 +97,6 @@ TEST_F(DiagnosticsTest, FormatsCanStandInATable) {
     for (const Row& row : kRows)
         Diagnostics::log(row.format, row.number);
     EXPECT_EQ(pieces_, (Pieces{"first 1", "ff second"}));
-}
-
-TEST_F(DiagnosticsTest, LogAndConsoleAreApart) {
-    Diagnostics::setLog(collect());
-    Diagnostics::console("console\n");
-    Diagnostics::log("line %d of %s", 7, std::string("log"));
-    EXPECT_EQ(pieces_, Pieces{"line 7 of log"});
-}
-
-TEST_F(DiagnosticsTest, AnEmptySinkTurnsTheStreamOff) {
-    Diagnostics::setLog(collect());
-    EXPECT_TRUE(Diagnostics::logIsOn());
-    Diagnostics::setLog({});
-    EXPECT_FALSE(Diagnostics::logIsOn());
-    Diagnostics::log("unheard");
-    EXPECT_TRUE(pieces_.empty());
 }
 
 TEST_F(DiagnosticsTest, AStreamThatIsOffDoesNotFormat) {
@@ -147,9 +134,6 @@ TEST_F(DiagnosticsTest, ASinkIsCalledByOneThreadAtATime) {
 
 TEST(HexDump, TwoLowerCaseDigitsAndABlankEachByte) {
     EXPECT_EQ(hexDump(std::array<std::uint8_t, 4>{0x09, 0x90, 0xab, 0x0f}), "09 90 ab 0f ");
-}
-
-TEST(HexDump, NoBytesGiveNoText) {
     EXPECT_EQ(hexDump({}), "");
 }
 
@@ -168,19 +152,13 @@ TEST_F(DiagnosticSinksTest, ConsoleTextIsWrittenAsItStandsAndAtOnce) {
     EXPECT_EQ(readText(folder_.path() / "console"), "Wrote 4 bytes to bulk endpoint\n");
 }
 
-TEST_F(DiagnosticSinksTest, EachLogEventIsOneLine) {
+TEST_F(DiagnosticSinksTest, EachLogEventIsOneLineOfAFileThatIsEmptiedFirst) {
+    writeText(folder_.path() / "log", "what an earlier run said\n");
     ASSERT_TRUE(sendLogTo(folder_.path() / "log"));
     Diagnostics::log("first");
     Diagnostics::log("%s", "sec\nond");
     Diagnostics::log("");
     EXPECT_EQ(readText(folder_.path() / "log"), "first\nsec\\nond\n\n");
-}
-
-TEST_F(DiagnosticSinksTest, AFormerFileIsEmptied) {
-    writeText(folder_.path() / "log", "what an earlier run said\n");
-    ASSERT_TRUE(sendLogTo(folder_.path() / "log"));
-    Diagnostics::log("new");
-    EXPECT_EQ(readText(folder_.path() / "log"), "new\n");
 }
 
 TEST_F(DiagnosticSinksTest, BothStreamsMayShareAFile) {
@@ -212,15 +190,10 @@ TEST_F(DiagnosticSinksTest, ADashIsStandardError) {
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "console\nlog\n");
 }
 
-TEST_F(DiagnosticSinksTest, PipeThatNobodyReadsIsRefused) {
-    const std::string pipe = folder_.file("pipe");
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(sendLogTo(pipe).error(), "Cannot write " + pipe + ": nobody reads this pipe.");
-}
-
 TEST_F(DiagnosticSinksTest, PipeIsNotWaitedForAndItsLossIsToldOnceAtTheEnd) {
     const std::string pipe = folder_.file("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(sendLogTo(pipe).error(), "Cannot write " + pipe + ": nobody reads this pipe.");
     const FileDescriptor reader(::open(pipe.c_str(), O_RDONLY | O_NONBLOCK));
     ASSERT_TRUE(sendLogTo(pipe));
     for (int i = 0; i < 100; ++i)

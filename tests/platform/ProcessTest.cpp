@@ -122,14 +122,11 @@ TEST_F(StandardStreams, FullPipeSocketAndTerminalAreNotWaitedForAndKeepTheirFlag
         expectDropped(pair.writer.get());
         EXPECT_EQ(fcntl(pair.writer.get(), F_GETFL), flags);
     }
-}
-
-TEST_F(StandardStreams, StoppedTerminalIsNotWaitedFor) {
-    const Pair terminal = makeTerminal();
-    ASSERT_EQ(tcflow(terminal.writer.get(), TCOOFF), 0);
-    expectDropped(terminal.writer.get());
-    ASSERT_EQ(tcflow(terminal.writer.get(), TCOON), 0);
-    EXPECT_TRUE(writeOrDrop(terminal.writer.get(), kLine));
+    const Pair stopped = makeTerminal();
+    ASSERT_EQ(tcflow(stopped.writer.get(), TCOOFF), 0);
+    expectDropped(stopped.writer.get());
+    ASSERT_EQ(tcflow(stopped.writer.get(), TCOON), 0);
+    EXPECT_TRUE(writeOrDrop(stopped.writer.get(), kLine));
 }
 
 TEST_F(StandardStreams, WhatCannotBeWrittenIsDropped) {
@@ -219,13 +216,10 @@ TEST(ProgramMain, AnErrorOfTheSystemIsSaidInWords) {
     EXPECT_EQ(sentenceOf(std::runtime_error("the reason")), "the reason");
 }
 
-TEST(ProgramMain, TheProgramsOwnExitCodeIsGiven) {
+TEST(ProgramMain, GivesTheProgramsExitCodeOrSaysWhatNobodyCaught) {
     EXPECT_EQ(runProgram(
                   "program", [](int count, char**) { return count; }, 7, nullptr),
               7);
-}
-
-TEST(ProgramMain, AnExceptionThatNobodyCaughtIsOneSentence) {
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(runProgram(
                   "program", [](int, char**) -> int { throw std::bad_alloc(); }, 0, nullptr),
@@ -265,17 +259,12 @@ private:
     LineReader reader_{pipe_.reader.get()};
 };
 
-TEST_F(LineReaderTest, LineIsGivenOnceItsEndHasCome) {
+TEST_F(LineReaderTest, LineIsGivenOnceItsEndHasComeOrThatOfTheInput) {
+    EXPECT_EQ(descriptor(), reading());
     write("unplug\nfau");
     EXPECT_EQ(take(), (Lines{"unplug"}));
-    write("lts\nplug\n");
+    write("lts\nplug\nplug");
     EXPECT_EQ(take(), (Lines{"faults", "plug"}));
-}
-
-TEST_F(LineReaderTest, EndOfTheInputEndsItsLastLine) {
-    EXPECT_EQ(descriptor(), reading());
-    write("unplug\nplug");
-    EXPECT_EQ(take(), (Lines{"unplug"}));
     endWriting();
     EXPECT_EQ(take(), (Lines{"plug"}));
     EXPECT_EQ(descriptor(), -1);
@@ -290,7 +279,12 @@ TEST_F(LineReaderTest, EndOfTheInputAfterALineIsNoLine) {
 }
 
 // The words before the 4096th byte would be a line, and so would those behind it.
-TEST_F(LineReaderTest, LineThatIsTooLongIsRefusedAsAWhole) {
+TEST_F(LineReaderTest, LineThatIsTooLongIsRefusedAsAWholeAndTheLongestTaken) {
+    const std::string longest = "plug" + std::string(4092, ' ');
+    write(longest);
+    EXPECT_EQ(take(), Lines{});
+    write("\n");
+    EXPECT_EQ(take(), Lines{longest});
     write("unplug");
     EXPECT_EQ(take(), Lines{});
     for (int piece = 0; piece < 20; ++piece) {
@@ -314,13 +308,6 @@ TEST(LineReader, InputThatCannotBeReadEndsWithASentence) {
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].error(), "what comes in cannot be read any more: Bad file descriptor");
     EXPECT_EQ(reader.descriptor(), -1);
-}
-
-TEST_F(LineReaderTest, LongestLineIsTaken) {
-    write("plug" + std::string(4092, ' '));
-    EXPECT_EQ(take(), Lines{});
-    write("\n");
-    EXPECT_EQ(take(), (Lines{"plug" + std::string(4092, ' ')}));
 }
 
 } // namespace

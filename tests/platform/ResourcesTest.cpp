@@ -62,21 +62,15 @@ protected:
 
 using Paths = std::vector<fs::path>;
 
-TEST_F(ResourcesTest, TheFoldersAreSearchedInTheirOrder) {
-    Resources::setFolder(given_);
-    EXPECT_EQ(Resources::searchPath(), (Paths{given_, user_, shared_}));
-}
-
-TEST_F(ResourcesTest, WithoutAGivenFolderTheUsersComesFirst) {
+TEST_F(ResourcesTest, TheFoldersThatThereAreAreSearchedInTheirOrder) {
     EXPECT_EQ(Resources::searchPath(), (Paths{user_, shared_}));
     EXPECT_EQ(Resources::userFolder(), user_);
-}
-
-TEST_F(ResourcesTest, WithoutAHomeThereIsNoUsersFolder) {
+    Resources::setFolder(given_);
+    EXPECT_EQ(Resources::searchPath(), (Paths{given_, user_, shared_}));
     const Environment home("HOME", std::nullopt);
     const Environment config("XDG_CONFIG_HOME", std::nullopt);
     EXPECT_EQ(Resources::userFolder(), std::nullopt);
-    EXPECT_EQ(Resources::searchPath(), Paths{shared_});
+    EXPECT_EQ(Resources::searchPath(), (Paths{given_, shared_}));
 }
 
 TEST_F(ResourcesTest, EachFileIsLookedForByItself) {
@@ -88,9 +82,6 @@ TEST_F(ResourcesTest, EachFileIsLookedForByItself) {
     EXPECT_EQ(Resources::find("two", "plist"), user_ / "two.plist");
     EXPECT_EQ(Resources::load("one").text(), "given");
     EXPECT_EQ(Resources::load("two").text(), "user");
-}
-
-TEST_F(ResourcesTest, WhatTheUserDoesNotReplaceComesWithTheProgram) {
     EXPECT_EQ(Resources::find("project", "plist"), shared_ / "project.plist");
     EXPECT_EQ(Resources::load("project").elements().size(), 1U);
 }
@@ -117,29 +108,23 @@ TEST_F(ResourcesTest, AMissingListIsToldByItsName) {
     EXPECT_TRUE(Resources::load("nothing").isAbsent());
 }
 
-TEST_F(ResourcesTest, AListThatCannotBeReadIsToldAndHidesTheOneBehindIt) {
-    const fs::path file = user_ / "project.plist";
-    const std::string sentence = "Cannot read " + file.string() + ": ";
-    writeText(file, "no list at all");
-    EXPECT_EQ(listErrorOf(Resources::read("project")), sentence + "it is not a property list");
-    EXPECT_TRUE(Resources::load("project").isAbsent());
-    fs::remove(file);
-    fs::create_directory(file);
-    EXPECT_EQ(listErrorOf(Resources::read("project")), sentence + "it is a folder");
-    fs::remove(file);
-    fs::create_symlink("nowhere", file);
-    EXPECT_EQ(listErrorOf(Resources::read("project")),
-              sentence + "it is a link to a file that does not exist");
-    EXPECT_TRUE(Resources::load("project").isAbsent());
-}
-
-TEST_F(ResourcesTest, LoadingWritesNothingToTheStreams) {
+TEST_F(ResourcesTest, AListThatCannotBeReadIsToldByReadingAloneAndHidesTheOneBehindIt) {
     std::string written;
     Diagnostics::setLog([&](std::string_view line) { written += line; });
     Diagnostics::setConsole([&](std::string_view text) { written += text; });
-    writeText(user_ / "project.plist", "no list at all");
-    EXPECT_TRUE(Resources::load("project").isAbsent());
-    EXPECT_TRUE(Resources::load("nothing").isAbsent());
+    const fs::path file = user_ / "project.plist";
+    const auto expectTold = [&file](const std::string& why) {
+        EXPECT_EQ(listErrorOf(Resources::read("project")),
+                  "Cannot read " + file.string() + ": " + why);
+        EXPECT_TRUE(Resources::load("project").isAbsent());
+        fs::remove(file);
+    };
+    writeText(file, "no list at all");
+    expectTold("it is not a property list");
+    fs::create_directory(file);
+    expectTold("it is a folder");
+    fs::create_symlink("nowhere", file);
+    expectTold("it is a link to a file that does not exist");
     EXPECT_EQ(written, "");
 }
 
