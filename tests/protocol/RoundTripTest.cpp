@@ -1,6 +1,4 @@
 #include "protocol/SceneImage.h"
-#include "protocol/Transactions.h"
-#include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 
 namespace scenewright {
@@ -37,22 +35,6 @@ TEST(RoundTrip, SettingBytesFrom0x80UpComeBackAsZeroAndNothingElseChanges) {
             expected.push_back(at % 253 >= 12 && byte >= 0x80 ? std::uint8_t{0} : byte);
         }
         ASSERT_EQ(encoded(parseScenes(images)), expected) << i;
-    }
-}
-
-class RoundTripOverTheDevice : public testing::DeviceTest {};
-
-TEST_F(RoundTripOverTheDevice, BankThatWasReadIsSentByteForByteAndReadAgain) {
-    std::mt19937 random(1);
-    for (int i = 0; i < 3; ++i) {
-        controller.bank = testing::randomImages(random, 4);
-        SceneAction::SendSceneToDevice(SceneAction::GetSceneFromDevice());
-        SendJob::waitForEnd();
-        Bytes sent = controller.received();
-        ASSERT_EQ(sent.size(), 1024U);
-        sent.resize(1012);
-        EXPECT_EQ(sent, controller.bank);
-        EXPECT_EQ(encoded(SceneAction::GetSceneFromDevice()), controller.bank);
     }
 }
 

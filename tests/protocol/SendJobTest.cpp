@@ -47,27 +47,24 @@ private:
     std::promise<void> released_;
 };
 
-TEST_F(SendJobTest, ByteIsSentAsItsNibblesAndTheRestOfTheBlockIsFilled) {
-    sendWhole({0xA7, 0x00, 0xFF});
-    Lines expected{"09 9c 01 03", "09 9c 00 01", "09 90 0a 07", "09 90 00 00", "09 90 0f 0f"};
-    expected.insert(expected.end(), 509, "09 90 0f 0f");
-    EXPECT_EQ(written(), expected);
-}
-
-TEST_F(SendJobTest, BlockThatIsExactlyFullIsFollowedByOneOfFillPackets) {
-    sendWhole(Bytes(512, 0x12));
-    Lines expected{"09 9c 01 03", "09 9c 00 02"};
-    expected.insert(expected.end(), 512, "09 90 01 02");
-    expected.insert(expected.end(), 512, "09 90 0f 0f");
-    EXPECT_EQ(written(), expected);
-}
-
-TEST_F(SendJobTest, BlockShortOfOneByteIsTheOnlyOne) {
-    sendWhole(Bytes(511, 0x12));
-    Lines expected{"09 9c 01 03", "09 9c 00 01"};
-    expected.insert(expected.end(), 511, "09 90 01 02");
-    expected.emplace_back("09 90 0f 0f");
-    EXPECT_EQ(written(), expected);
+TEST_F(SendJobTest, BytesAreSentAsNibblesAndTheRestOfTheLastBlockIsFilled) {
+    struct Row {
+        Bytes image;
+        const char* count; // of blocks
+        Lines packets;     // before the fill packets
+        std::size_t fill;
+    };
+    for (const Row& row :
+         {Row{{0xA7, 0x00, 0xFF}, "01", {"09 90 0a 07", "09 90 00 00", "09 90 0f 0f"}, 509},
+          Row{Bytes(511, 0x12), "01", Lines(511, "09 90 01 02"), 1},
+          Row{Bytes(512, 0x12), "02", Lines(512, "09 90 01 02"), 512}}) {
+        script->calls.clear();
+        sendWhole(row.image);
+        Lines expected{"09 9c 01 03", std::string("09 9c 00 ") + row.count};
+        expected.insert(expected.end(), row.packets.begin(), row.packets.end());
+        expected.insert(expected.end(), row.fill, "09 90 0f 0f");
+        EXPECT_EQ(written(), expected) << row.image.size();
+    }
 }
 
 TEST_F(SendJobTest, BlockCountIsSplitIntoNibbles) {
@@ -87,31 +84,20 @@ TEST_F(SendJobTest, ReadsAfterTheCountAndAfterEachBlock) {
     EXPECT_EQ(reads, (std::vector<std::size_t>{2, 2 + 513, 2 + 513 + 513}));
 }
 
-TEST_F(SendJobTest, IsRunningFromItsStartToItsLastTask) {
+TEST_F(SendJobTest, IsRunningFromItsStartToItsLastTaskAndRefusesASecondStart) {
     EXPECT_FALSE(SendJob::isRunning());
-    start({1});
-    EXPECT_TRUE(SendJob::isRunning());
-    SendJob::join();
-    EXPECT_TRUE(SendJob::isRunning());
-    MainQueue::pump();
-    EXPECT_FALSE(SendJob::isRunning());
-}
-
-TEST_F(SendJobTest, SecondStartIsRefusedWhileOneRuns) {
     holdAtNextPause();
     start({1});
+    EXPECT_TRUE(SendJob::isRunning());
     EXPECT_EQ(SendJob::start({2}, Progress::record(), {}), kResultBusy);
     release();
-    SendJob::waitForEnd();
-    EXPECT_EQ(controller.received()[0], 1);
-    EXPECT_EQ(controller.received().size(), 512U);
-}
-
-TEST_F(SendJobTest, SecondStartIsRefusedUntilTheLastTaskHasRun) {
-    start({1});
     SendJob::join();
+    EXPECT_TRUE(SendJob::isRunning());
     EXPECT_EQ(SendJob::start({2}, Progress::record(), {}), kResultBusy);
     MainQueue::pump();
+    EXPECT_FALSE(SendJob::isRunning());
+    EXPECT_EQ(controller.received()[0], 1);
+    EXPECT_EQ(controller.received().size(), 512U);
     sendWhole({3});
     EXPECT_EQ(controller.received()[0], 3);
 }
@@ -150,6 +136,10 @@ TEST_F(SendJobTest, WithoutAThreadNothingIsSentAndTheNextStartIsNotRefused) {
 
 TEST_F(SendJobTest, WaitingWithoutAJobReturnsAtOnceAndRunsNoTask) {
     int ran = 0;
+    SendJob::whenIdle([&] { ++ran; });
+    EXPECT_EQ(ran, 1);
+    SendJob::join();
+    ran = 0;
     MainQueue::post([&] { ++ran; });
     SendJob::waitForEnd();
     EXPECT_EQ(ran, 0);
@@ -200,6 +190,9 @@ TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
     takeInterface();
     Lines released;
     std::thread::id thread;
+    std::thread::id told; // the last message
+    const auto observed = Progress::record()->addObserver(
+        "Message", [&](auto, const auto&) { told = std::this_thread::get_id(); });
     ASSERT_EQ(SendJob::start({1}, Progress::record(),
                              [&](const Outcome&) {
                                  released = script->callsOf({"release"});
@@ -210,12 +203,7 @@ TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
     SendJob::waitForEnd();
     EXPECT_EQ(released, Lines{"release one/1"});
     EXPECT_EQ(thread, std::this_thread::get_id());
-}
-
-TEST_F(SendJobTest, WhenIdleRunsAtOnceWithoutAJob) {
-    int ran = 0;
-    SendJob::whenIdle([&] { ++ran; });
-    EXPECT_EQ(ran, 1);
+    EXPECT_EQ(told, std::this_thread::get_id());
 }
 
 TEST_F(SendJobTest, WhenIdleRunsInOrderAfterTheOutcomeEachWhenNoJobRuns) {
@@ -237,12 +225,6 @@ TEST_F(SendJobTest, WhenIdleRunsInOrderAfterTheOutcomeEachWhenNoJobRuns) {
     EXPECT_EQ(order, (Lines{"outcome", "first", "second outcome", "last"}));
 }
 
-TEST_F(SendJobTest, JoiningWithoutAJobReturnsAtOnce) {
-    SendJob::join();
-    SendJob::join();
-    EXPECT_FALSE(SendJob::isRunning());
-}
-
 TEST_F(SendJobTest, KeepsImageAndRecordAliveToItsEnd) {
     std::weak_ptr<MessageValue> record = Progress::record();
     holdAtNextPause();
@@ -255,14 +237,6 @@ TEST_F(SendJobTest, KeepsImageAndRecordAliveToItsEnd) {
     EXPECT_TRUE(record.expired());
     EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
     EXPECT_EQ(controller.received()[0], 0x21);
-}
-
-TEST_F(SendJobTest, FinalMessageIsSetOnTheMainThread) {
-    std::thread::id thread;
-    const auto observed = Progress::record()->addObserver(
-        "Message", [&](auto, const auto&) { thread = std::this_thread::get_id(); });
-    sendWhole({1});
-    EXPECT_EQ(thread, std::this_thread::get_id());
 }
 
 } // namespace

@@ -65,58 +65,25 @@ protected:
     std::shared_ptr<VirtualController> controller;
 };
 
-TEST_F(RoundTrip, RandomBanksOfSevenBitBytesAreReadSentAndReadTheSame) {
+TEST_F(RoundTrip, RandomBanksAreReadSentAndReadTheSame) {
     for (unsigned seed = 1; seed <= 8; ++seed) {
-        const BankImage bank = randomBank(seed, 127);
+        SCOPED_TRACE(seed);
+        const BankImage bank = randomBank(seed, seed % 2 == 0 ? 127 : 255);
         plugIn(bank);
         const SceneList scenes = read();
         ASSERT_EQ(scenes.size(), 4U);
-        ASSERT_EQ(imageOf(scenes), bank) << "seed " << seed;
+        ASSERT_EQ(imageOf(scenes), asKept(bank));
         send(scenes);
         ASSERT_EQ(controller->sendsEnded(), 1U);
-        ASSERT_EQ(controller->bank(), bank) << "seed " << seed;
-        ASSERT_EQ(imageOf(read()), bank) << "seed " << seed;
+        ASSERT_EQ(controller->bank(), asKept(bank));
+        for (int round = 0; round < 2; ++round) {
+            ASSERT_EQ(imageOf(read()), asKept(bank));
+        }
         ASSERT_TRUE(Transport::instance().stats().isClean());
-    }
-}
-
-TEST_F(RoundTrip, SettingBytesFromOneHundredTwentyEightReadAsZeroAndNamesAreKept) {
-    for (unsigned seed = 1; seed <= 4; ++seed) {
-        const BankImage bank = randomBank(seed, 255);
-        plugIn(bank);
-        const SceneList scenes = read();
-        ASSERT_EQ(scenes.size(), 4U);
-        ASSERT_EQ(imageOf(scenes), asKept(bank)) << "seed " << seed;
+        plugIn(randomBank(seed + 100, 127));
         send(scenes);
-        ASSERT_EQ(controller->bank(), asKept(bank)) << "seed " << seed;
+        ASSERT_EQ(controller->bank(), asKept(bank)) << "every byte is replaced";
     }
-}
-
-TEST_F(RoundTrip, SentBanksReplaceEveryByteOfTheMemory) {
-    plugIn(randomBank(1, 127));
-    const SceneList scenes = read();
-    const BankImage first = imageOf(scenes);
-    plugIn(randomBank(2, 127));
-    send(scenes);
-    EXPECT_EQ(controller->bank(), first);
-}
-
-TEST_F(RoundTrip, ReadsAndSendsAlternateInOneProcess) {
-    const BankImage bank = randomBank(7, 127);
-    plugIn(bank);
-    for (int round = 0; round < 5; ++round) {
-        const SceneList scenes = read();
-        ASSERT_EQ(scenes.size(), 4U) << round;
-        send(scenes);
-    }
-    EXPECT_EQ(controller->sendsEnded(), 5U);
-    EXPECT_EQ(controller->bank(), bank);
-}
-
-TEST_F(RoundTrip, ReadAfterReadNeedsNoSendBetween) {
-    plugIn(randomBank(3, 127));
-    EXPECT_EQ(read().size(), 4U);
-    EXPECT_EQ(read().size(), 4U);
 }
 
 TEST_F(RoundTrip, WrongHandshakesOnlyDelayARead) {
