@@ -6,7 +6,6 @@
 #include "model/Midi.h"
 #include "model/SceneValue.h"
 #include "platform/Text.h"
-#include "sequencer/Sequencer.h"
 
 #include <chrono>
 #include <cstddef>

@@ -24,8 +24,8 @@ ALLOWED = {
     "bank": _CORE | {"protocol"},
     "app": _DEVICE | {"sequencer", "virtual", "bank"},
     "editor": _CORE | {"app"},
-    "editor/qt": _DEVICE | {"sequencer", "app", "editor"},
-    "cli": _DEVICE | {"sequencer", "bank", "app"},
+    "editor/qt": _DEVICE | {"app", "editor"},
+    "cli": _DEVICE | {"bank", "app"},
 }
 
 # Libraries that stay behind a folder: the include, the folders that may name it, and how many files
