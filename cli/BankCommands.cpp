@@ -74,8 +74,7 @@ int convert(const std::string& in, const std::string& out, const std::string& fo
 }
 
 int writeDefaults(const std::string& out) {
-    WindowAction::getSceneValue();
-    const SceneList scenes = WindowAction::scenes();
+    const SceneList scenes = WindowAction::defaultScenes();
     if (const auto checked = checkDefaultScenes(scenes); !checked)
         return reportError(checked.error(), kExitUsage);
     return storeBank(out, scenes, formForArgument(out, BankFormat::Image));

@@ -112,8 +112,7 @@ int swap(const std::string& name, const std::string& first, const std::string& s
 }
 
 int reset(const std::string& name, const std::string& path) {
-    WindowAction::getSceneValue();
-    const SceneList defaults = WindowAction::scenes();
+    const SceneList defaults = WindowAction::defaultScenes();
     if (const auto checked = checkDefaultScenes(defaults); !checked)
         return reportError(checked.error(), kExitUsage);
     return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
