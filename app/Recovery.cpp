@@ -60,8 +60,8 @@ std::optional<Recovery::Left> readLeft(const fs::path& file, std::uint32_t place
 } // namespace
 
 std::vector<std::uint8_t> editedBytes(const EditedScenes& scenes) {
-    std::vector<std::uint8_t> bytes(kFirstLine.begin(), kFirstLine.end());
-    bytes.insert(bytes.end(), scenes.image.begin(), scenes.image.end());
+    std::vector<std::uint8_t> bytes(scenes.image.begin(), scenes.image.end());
+    bytes.insert(bytes.begin(), kFirstLine.begin(), kFirstLine.end());
     for (const std::string& text : {scenes.file, scenes.keyboard}) {
         bytes.insert(bytes.end(), text.begin(), text.end());
         bytes.push_back(0);
