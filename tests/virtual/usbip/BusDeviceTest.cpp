@@ -334,54 +334,52 @@ protected:
     }
 };
 
-TEST_F(Control, DeviceDescriptorIsCutToTheRequestedLength) {
-    EXPECT_EQ(ask({0x80, 6, 0, 1, 0, 0, 64, 0}), deviceDescriptor({}));
-    EXPECT_EQ(ask({0x80, 6, 0, 1, 0, 0, 8, 0}), (Bytes{18, 1, 0x10, 0x01, 0, 0, 0, 64}));
-    EXPECT_EQ(ask({0x80, 6, 0, 1, 0, 0, 0, 0}), Bytes{});
-}
-
-TEST_F(Control, ConfigurationDescriptor) {
-    EXPECT_EQ(ask({0x80, 6, 0, 2, 0, 0, 0xFF, 0xFF}), configurationDescriptor({}));
-    EXPECT_EQ(ask({0x80, 6, 0, 2, 0, 0, 9, 0})->size(), 9U);
-    EXPECT_EQ(ask({0x80, 6, 1, 2, 0, 0, 9, 0}), std::nullopt) << "there is one configuration";
-}
-
-TEST_F(Control, Strings) {
-    EXPECT_EQ(ask({0x80, 6, 0, 3, 0, 0, 255, 0}), (Bytes{4, 3, 9, 4}));
-    EXPECT_EQ(ask({0x80, 6, 3, 3, 9, 4, 255, 0}), stringDescriptor(3));
-    EXPECT_EQ(ask({0x80, 6, 4, 3, 9, 4, 255, 0}), std::nullopt);
-}
-
-TEST_F(Control, OtherDescriptorsStall) {
-    EXPECT_EQ(ask({0x80, 6, 0, 6, 0, 0, 10, 0}), std::nullopt) << "device qualifier";
-    EXPECT_EQ(ask({0x80, 6, 0, 7, 0, 0, 10, 0}), std::nullopt);
-    EXPECT_EQ(ask({0x80, 6, 0, 0, 0, 0, 10, 0}), std::nullopt);
-    EXPECT_EQ(ask({0x81, 6, 0, 0x22, 0, 0, 10, 0}), std::nullopt) << "a report";
-}
-
-TEST_F(Control, ConfigurationIsSetAndTold) {
-    EXPECT_EQ(ask({0x80, 8, 0, 0, 0, 0, 1, 0}), Bytes{0});
-    EXPECT_EQ(ask({0x00, 9, 1, 0, 0, 0, 0, 0}), Bytes{});
-    EXPECT_EQ(ask({0x80, 8, 0, 0, 0, 0, 1, 0}), Bytes{1});
-    EXPECT_EQ(ask({0x00, 9, 2, 0, 0, 0, 0, 0}), std::nullopt);
-    EXPECT_EQ(ask({0x00, 9, 0, 1, 0, 0, 0, 0}), std::nullopt) << "256 is not 0";
-    EXPECT_EQ(ask({0x80, 8, 0, 0, 0, 0, 1, 0}), Bytes{1});
-    EXPECT_EQ(ask({0x00, 9, 0, 0, 0, 0, 0, 0}), Bytes{});
-    EXPECT_EQ(ask({0x80, 8, 0, 0, 0, 0, 1, 0}), Bytes{0});
-}
-
-TEST_F(Control, InterfacesHaveTheirFirstSettingAlone) {
-    EXPECT_EQ(ask({0x81, 10, 0, 0, 1, 0, 1, 0}), Bytes{0});
-    EXPECT_EQ(ask({0x81, 10, 0, 0, 2, 0, 1, 0}), std::nullopt);
-    EXPECT_EQ(ask({0x01, 11, 0, 0, 1, 0, 0, 0}), Bytes{});
-    EXPECT_EQ(ask({0x01, 11, 1, 0, 1, 0, 0, 0}), std::nullopt);
-    EXPECT_EQ(ask({0x01, 11, 0, 0, 2, 0, 0, 0}), std::nullopt);
-}
-
-TEST_F(Control, OneInterfaceDeviceHasNoSecond) {
+TEST_F(Control, RequestsAreAnsweredOrStalled) {
+    const struct {
+        usbip::Setup setup;
+        std::optional<Bytes> answer;
+    } requests[] = {
+        // Descriptors, cut to the requested length.
+        {{0x80, 6, 0, 1, 0, 0, 64, 0}, deviceDescriptor({})},
+        {{0x80, 6, 0, 1, 0, 0, 8, 0}, Bytes{18, 1, 0x10, 0x01, 0, 0, 0, 64}},
+        {{0x80, 6, 0, 1, 0, 0, 0, 0}, Bytes{}},
+        {{0x80, 6, 0, 2, 0, 0, 0xFF, 0xFF}, configurationDescriptor({})},
+        {{0x80, 6, 1, 2, 0, 0, 9, 0}, std::nullopt}, // there is one configuration
+        {{0x80, 6, 0, 3, 0, 0, 255, 0}, Bytes{4, 3, 9, 4}},
+        {{0x80, 6, 3, 3, 9, 4, 255, 0}, stringDescriptor(3)},
+        {{0x80, 6, 4, 3, 9, 4, 255, 0}, std::nullopt},
+        {{0x80, 6, 0, 6, 0, 0, 10, 0}, std::nullopt}, // device qualifier
+        {{0x80, 6, 0, 7, 0, 0, 10, 0}, std::nullopt},
+        {{0x80, 6, 0, 0, 0, 0, 10, 0}, std::nullopt},
+        {{0x81, 6, 0, 0x22, 0, 0, 10, 0}, std::nullopt}, // a report
+        // The configuration is set and told.
+        {{0x80, 8, 0, 0, 0, 0, 1, 0}, Bytes{0}},
+        {{0x00, 9, 1, 0, 0, 0, 0, 0}, Bytes{}},
+        {{0x80, 8, 0, 0, 0, 0, 1, 0}, Bytes{1}},
+        {{0x00, 9, 2, 0, 0, 0, 0, 0}, std::nullopt},
+        {{0x00, 9, 0, 1, 0, 0, 0, 0}, std::nullopt}, // 256 is not 0
+        {{0x80, 8, 0, 0, 0, 0, 1, 0}, Bytes{1}},
+        {{0x00, 9, 0, 0, 0, 0, 0, 0}, Bytes{}},
+        {{0x80, 8, 0, 0, 0, 0, 1, 0}, Bytes{0}},
+        // Interfaces have their first setting alone.
+        {{0x81, 10, 0, 0, 1, 0, 1, 0}, Bytes{0}},
+        {{0x81, 10, 0, 0, 2, 0, 1, 0}, std::nullopt},
+        {{0x01, 11, 0, 0, 1, 0, 0, 0}, Bytes{}},
+        {{0x01, 11, 1, 0, 1, 0, 0, 0}, std::nullopt},
+        {{0x01, 11, 0, 0, 2, 0, 0, 0}, std::nullopt},
+        {{0x00, 5, 7, 0, 0, 0, 0, 0}, Bytes{}}, // an address
+        // What is unknown, of a class or of a vendor.
+        {{0x21, 1, 0, 1, 0, 0, 2, 0}, std::nullopt}, // audio class
+        {{0xC0, 0, 0, 0, 0, 0, 2, 0}, std::nullopt},
+        {{0x00, 3, 1, 0, 0, 0, 0, 0}, std::nullopt},  // set feature
+        {{0x00, 7, 0, 1, 0, 0, 18, 0}, std::nullopt}, // set descriptor
+        {{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, std::nullopt},
+    };
+    for (const auto& [setup, answer] : requests)
+        EXPECT_EQ(ask(setup), answer) << ::testing::PrintToString(setup);
     ControlEndpoint one(driver.controller, {.interfaces = 1});
     EXPECT_EQ(one.answer({0x01, 11, 0, 0, 0, 0, 0, 0}), Bytes{});
-    EXPECT_EQ(one.answer({0x01, 11, 0, 0, 1, 0, 0, 0}), std::nullopt);
+    EXPECT_EQ(one.answer({0x01, 11, 0, 0, 1, 0, 0, 0}), std::nullopt) << "there is no second";
 }
 
 TEST_F(Control, StatusTellsOfHalts) {
@@ -418,18 +416,6 @@ TEST_F(Control, SettingConfigurationOrInterfaceClearsHalts) {
     haltIn();
     ask({0x00, 9, 1, 0, 0, 0, 0, 0});
     EXPECT_FALSE(driver.controller.isHalted(Pipe::In));
-}
-
-TEST_F(Control, AddressIsAcknowledged) {
-    EXPECT_EQ(ask({0x00, 5, 7, 0, 0, 0, 0, 0}), Bytes{});
-}
-
-TEST_F(Control, UnknownClassAndVendorRequestsStall) {
-    EXPECT_EQ(ask({0x21, 1, 0, 1, 0, 0, 2, 0}), std::nullopt) << "audio class";
-    EXPECT_EQ(ask({0xC0, 0, 0, 0, 0, 0, 2, 0}), std::nullopt) << "vendor";
-    EXPECT_EQ(ask({0x00, 3, 1, 0, 0, 0, 0, 0}), std::nullopt) << "set feature";
-    EXPECT_EQ(ask({0x00, 7, 0, 1, 0, 0, 18, 0}), std::nullopt) << "set descriptor";
-    EXPECT_EQ(ask({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), std::nullopt);
 }
 
 } // namespace

@@ -15,19 +15,13 @@ std::string errorOf(std::string_view line) {
     return command ? std::string() : command.error();
 }
 
-TEST(Commands, FaultsAreNamedAsInTheCommandLine) {
+TEST(Commands, FaultsAreNamedAsInTheCommandLineTheRestAreWords) {
     EXPECT_EQ(
         parseCommand("faults stall:9 handshake:3"),
         (ServerCommand{.faults = {{Fault::Kind::Stall, 9}, {Fault::Kind::WrongHandshake, 3}}}));
     EXPECT_EQ(parseCommand("faults"), ServerCommand{});
-}
-
-TEST(Commands, PlugAndUnplugAreWordsOfTheirOwn) {
     EXPECT_EQ(parseCommand("unplug"), (ServerCommand{.kind = Kind::Unplug}));
     EXPECT_EQ(parseCommand("  plug "), (ServerCommand{.kind = Kind::Plug}));
-}
-
-TEST(Commands, OrdersToPlayAreTaken) {
     EXPECT_EQ(
         parseCommand("press pad3 100"),
         (ServerCommand{.kind = Kind::Play,

@@ -29,10 +29,6 @@ Bytes handshake(Client& client) {
     return client.ask({0x09, 0x9C, 0x7E, 0x7D});
 }
 
-std::string errorOfFault(std::string_view text) {
-    return parseFault(text).error();
-}
-
 void startReading(Client& client) {
     handshake(client);
     client.ask({0x09, 0x9C, 0x01, 0x04});
@@ -45,16 +41,10 @@ Bytes bank(std::uint8_t first) {
     return bytes;
 }
 
-std::string text(const Bytes& bytes) {
-    return {bytes.begin(), bytes.end()};
-}
-
 TEST(VirtualProgram, HostReadsTheBankFile) {
     const TempFolder folder;
     scenewright::testing::writeBytes(folder.file("bank"), bank(3));
-    const ServerProcess server({"--bank", folder.file("bank")});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--bank", folder.file("bank")});
     EXPECT_EQ(handshake(host), kHandshakeReply);
     EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x04}).size(), 4U);
     Bytes read;
@@ -68,9 +58,7 @@ TEST(VirtualProgram, HostReadsTheBankFile) {
 
 TEST(VirtualProgram, SentBankIsKeptInTheFile) {
     const TempFolder folder;
-    const ServerProcess server({"--bank", folder.file("bank")});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--bank", folder.file("bank")});
     handshake(host);
     host.write({0x09, 0x9C, 0x01, 0x03});
     host.ask({0x09, 0x9C, 0x00, 0x02});
@@ -87,9 +75,7 @@ TEST(VirtualProgram, SentBankIsKeptInTheFile) {
 }
 
 TEST(VirtualProgram, WithoutABankItHoldsTheDefaultScenes) {
-    const ServerProcess server({});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({});
     startReading(host);
     std::string name;
     for (int byte = 0; byte < 6; ++byte) {
@@ -112,9 +98,7 @@ TEST(VirtualProgram, DevicesAreListedUnderTheirIdentity) {
 }
 
 TEST(VirtualProgram, MalformedConnectionsAreLoggedAndDroppedAndTheOthersGoOn) {
-    ServerProcess server({});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({});
     const Client stranger(server.port());
     stranger.send({'G', 'E', 'T', ' ', '/', ' ', 'H', 'T', 'T', 'P'});
     EXPECT_TRUE(stranger.hasEnded());
@@ -126,24 +110,21 @@ TEST(VirtualProgram, MalformedConnectionsAreLoggedAndDroppedAndTheOthersGoOn) {
     EXPECT_TRUE(host.hasEnded());
     EXPECT_EQ(server.nextLine(),
               "scenewright-virtual: dropped a connection: an unknown command 1431655765");
-    Client again(server.port());
-    again.import();
+    Client again = attach(server);
     EXPECT_EQ(handshake(again), kHandshakeReply);
 }
 
 TEST(VirtualProgram, SecondHostFindsTheDeviceBusyUntilTheFirstLeaves) {
     ServerProcess server({});
     {
-        Client first(server.port());
-        first.import();
+        Client first = attach(server);
         const Client second(server.port());
         second.send(importRequest("1-1"));
         EXPECT_EQ(second.receive(8), (Bytes{0x01, 0x11, 0, 3, 0, 0, 0, 2}));
         EXPECT_TRUE(second.hasEnded());
     }
     EXPECT_EQ(server.nextLine(), "scenewright-virtual: detached by its host");
-    const Client third(server.port());
-    EXPECT_NO_THROW(third.import());
+    EXPECT_NO_THROW(attach(server));
 }
 
 TEST(VirtualProgram, IdleConnectionsDoNotKeepAHostOut) {
@@ -151,41 +132,33 @@ TEST(VirtualProgram, IdleConnectionsDoNotKeepAHostOut) {
     std::vector<Client> idle;
     for (int client = 0; client < 40; ++client)
         idle.emplace_back(server.port());
-    Client host(server.port());
-    host.import();
+    Client host = attach(server);
     EXPECT_EQ(handshake(host), kHandshakeReply);
     EXPECT_EQ(server.nextLine(), "scenewright-virtual: dropped a connection: there are too many");
 }
 
 TEST(VirtualProgram, UnplugEndsTheConnectionAndAttachingPlugsInAgain) {
-    ServerProcess server({"--fault", "unplug:1"});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--fault", "unplug:1"});
     startReading(host);
     EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 4U);
     EXPECT_EQ(host.write({0x09, 0x9C, 0x01, 0x06}), 0);
     EXPECT_TRUE(host.hasEnded());
     EXPECT_EQ(server.nextLine(), "scenewright-virtual: unplugged");
-    Client again(server.port());
-    again.import();
+    Client again = attach(server);
     startReading(again);
     EXPECT_EQ(again.ask({0x09, 0x9C, 0x01, 0x06}).size(), 4U);
     EXPECT_EQ(again.ask({0x09, 0x9C, 0x01, 0x06}).size(), 4U) << "the fault is spent";
 }
 
 TEST(VirtualProgram, FaultsMayBeGivenMoreThanOnce) {
-    const ServerProcess server({"--fault", "handshake:1", "--fault", "write:4"});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--fault", "handshake:1", "--fault", "write:4"});
     EXPECT_NE(handshake(host), kHandshakeReply);
     EXPECT_EQ(handshake(host), kHandshakeReply);
     EXPECT_EQ(host.write({0x09, 0x9C, 0x01, 0x04}), -EPROTO);
 }
 
 TEST(VirtualProgram, OrderedFaultsReplaceTheFormerOnesAndCountAnew) {
-    ServerProcess server({"--orders", "--fault", "short:0"});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--orders", "--fault", "short:0"});
     startReading(host);
     EXPECT_EQ(host.ask({0x09, 0x9C, 0x01, 0x06}).size(), 2U);
     EXPECT_EQ(server.order("faults short:1 write:2\n"), "scenewright-virtual: 2 faults ordered");
@@ -200,21 +173,17 @@ TEST(VirtualProgram, UnplugMayBeOrderedAtAnyTime) {
     ServerProcess server({"--orders"});
     EXPECT_EQ(server.order("unplug\n"),
               "scenewright-virtual: nothing to unplug: the controller is not plugged in");
-    const Client host(server.port());
-    host.import();
+    const Client host = attach(server);
     EXPECT_EQ(server.order("unplug\n"), "scenewright-virtual: unplugged");
     EXPECT_TRUE(host.hasEnded());
     EXPECT_EQ(server.order("plug\n"),
               "scenewright-virtual: nothing to plug in: a host attaches the controller itself");
-    Client again(server.port());
-    again.import();
+    Client again = attach(server);
     EXPECT_EQ(handshake(again), kHandshakeReply);
 }
 
 TEST(VirtualProgram, PlaysToTheHostThatListens) {
-    ServerProcess server({"--orders"});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--orders"});
     EXPECT_EQ(server.order("press pad3 100\n"),
               "scenewright-virtual: played Note on 38, ch 10, velocity 100, and nobody listens");
     host.listen();
@@ -235,33 +204,21 @@ TEST(VirtualProgram, OrdersThatAreNoneAreToldAndTheirEndEndsNothing) {
     EXPECT_EQ(server.order("dance\n"),
               "scenewright-virtual: 'dance' is no order: those are "
               "faults, unplug, plug, scene, press, release, turn and slide");
-    EXPECT_EQ(server.order("faults stall\n"), "scenewright-virtual: " + errorOfFault("stall"));
+    EXPECT_EQ(server.order("faults stall\n"),
+              "scenewright-virtual: " + parseFault("stall").error());
     server.endOrders();
-    Client host(server.port());
-    host.import();
+    Client host = attach(server);
     EXPECT_EQ(handshake(host), kHandshakeReply);
-}
-
-TEST(VirtualProgram, TraceDoesNotOverwriteTheMemory) {
-    const TempFolder folder;
-    const std::string file = folder.file("bank");
-    scenewright::testing::writeBytes(file, bank(3));
-    const ProgramRun result = run({"--bank", file, "--trace", file});
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(result.errors, "scenewright-virtual: --trace " + file +
-                                 ": it would overwrite the controller's memory\n");
-    EXPECT_EQ(readBytes(file), bank(3));
 }
 
 TEST(VirtualProgram, TraceHasALineATransfer) {
     const TempFolder folder;
-    ServerProcess server({"--trace", folder.file("trace")});
-    Client host(server.port());
-    host.import();
+    auto [server, host] = Attached({"--trace", folder.file("trace")});
     handshake(host);
     server.signal(SIGTERM);
     EXPECT_EQ(server.waitForEnd(), 0);
-    EXPECT_EQ(text(readBytes(folder.file("trace"))),
+    const Bytes trace = readBytes(folder.file("trace"));
+    EXPECT_EQ(std::string(trace.begin(), trace.end()),
               "1 ep2 out ok 4: 09 9c 01 02\n"
               "2 ep2 out ok 4: 09 9c 7e 7d\n"
               "3 ep1 in ok 12: 09 9c 01 02 09 9c 01 38 09 9c 00 01\n");
@@ -269,9 +226,7 @@ TEST(VirtualProgram, TraceHasALineATransfer) {
 
 TEST(VirtualProgram, InterruptTerminateAndHangUpEndItCleanly) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        ServerProcess server({});
-        Client host(server.port());
-        host.import();
+        auto [server, host] = Attached({});
         host.send(inMessage(1, 64)); // waits for a reply that never comes
         server.signal(signal);
         EXPECT_EQ(server.waitForEnd(), 0);
@@ -284,17 +239,7 @@ TEST(VirtualProgram, PlugInSignalMeansNothingOverTheNetwork) {
     server.signal(SIGUSR1);
     EXPECT_EQ(server.nextLine(),
               "scenewright-virtual: nothing to plug in: a host attaches the controller itself");
-    Client host(server.port());
-    EXPECT_NO_THROW(host.import());
-}
-
-TEST(VirtualProgram, AddressInUseIsToldInOneSentence) {
-    const ServerProcess server({});
-    const std::string address = "127.0.0.1:" + std::to_string(server.port());
-    const ProgramRun second = run({"--listen", address});
-    EXPECT_EQ(second.exitCode, 1);
-    EXPECT_EQ(second.errors,
-              "scenewright-virtual: cannot listen at " + address + ": Address already in use\n");
+    EXPECT_NO_THROW(attach(server));
 }
 
 TEST(VirtualProgram, BadUsageIsRefusedWithOneSentence) {
@@ -323,21 +268,40 @@ TEST(VirtualProgram, BadUsageIsRefusedWithOneSentence) {
     }
 }
 
-TEST(VirtualProgram, BankThatIsNoneIsRefusedAndLeftAlone) {
+// What is said behind the options: an address in use, files that are no bank or cannot be.
+TEST(VirtualProgram, WhatItCannotUseIsToldInOneSentenceAndLeftAlone) {
     const TempFolder folder;
+    const ServerProcess server({});
+    const std::string address = "127.0.0.1:" + std::to_string(server.port());
     const std::string file = folder.file("bank");
-    scenewright::testing::writeBytes(file, Bytes(1013));
-    const ProgramRun refused = run({"--bank", file});
-    EXPECT_EQ(refused.exitCode, 2);
-    EXPECT_EQ(refused.errors,
-              "scenewright-virtual: " + file + ": a bank has 1012 bytes, and this file has 1013\n");
-    EXPECT_EQ(readBytes(file).size(), 1013U);
-    EXPECT_EQ(run({"--bank", folder.path().string()}).exitCode, 2) << "a folder";
-    EXPECT_EQ(run({"--bank", folder.file("no/bank")}).exitCode, 2);
-    EXPECT_EQ(run({"--trace", folder.file("no/trace")}).exitCode, 2);
-    EXPECT_EQ(run({"--trace", "no\nsuch/trace"}).errors,
-              "scenewright-virtual: no\uFFFDsuch/trace: cannot be written: No such file or "
-              "directory\n");
+    const std::string odd = folder.file("odd");
+    scenewright::testing::writeBytes(file, bank(3));
+    scenewright::testing::writeBytes(odd, Bytes(1013));
+    const struct {
+        std::vector<std::string> arguments;
+        int exitCode;
+        std::string sentence;
+    } cases[] = {
+        {{"--listen", address}, 1, "cannot listen at " + address + ": Address already in use"},
+        {{"--bank", file, "--trace", file},
+         2,
+         "--trace " + file + ": it would overwrite the controller's memory"},
+        {{"--bank", odd}, 2, odd + ": a bank has 1012 bytes, and this file has 1013"},
+        {{"--bank", folder.path().string()}, 2, ""},
+        {{"--bank", folder.file("no/bank")}, 2, ""},
+        {{"--trace", "no\nsuch/trace"},
+         2,
+         "no\uFFFDsuch/trace: cannot be written: No such file or directory"},
+    };
+    for (const auto& [arguments, exitCode, sentence] : cases) {
+        const ProgramRun refused = run(arguments);
+        EXPECT_EQ(refused.exitCode, exitCode) << arguments[1];
+        if (!sentence.empty()) {
+            EXPECT_EQ(refused.errors, "scenewright-virtual: " + sentence + "\n");
+        }
+    }
+    EXPECT_EQ(readBytes(file), bank(3));
+    EXPECT_EQ(readBytes(odd), Bytes(1013));
 }
 
 } // namespace

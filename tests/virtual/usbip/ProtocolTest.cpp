@@ -35,62 +35,37 @@ Bytes slice(const Bytes& bytes, std::size_t from, std::size_t size) {
 const Bytes kNumbers{0,    0,    0,    1,    0, 0, 0,    2,    0,    0, 0, 2,
                      0x12, 0x09, 0xAB, 0xCD, 1, 0, 0xE0, 0xE1, 0xE2, 1, 3, 2};
 
-TEST(UsbipOperations, DevicesRequestIsRead) {
-    const Result<OperationCode> request =
-        decodeOperation(Bytes{0x01, 0x11, 0x80, 0x05, 0x00, 0x00, 0x00, 0x00});
-    EXPECT_EQ(request, OperationCode::RequestDevices);
+TEST(UsbipOperations, RequestIsReadOrRefusedWithWhatIsWrong) {
+    const struct {
+        Bytes request;
+        Result<OperationCode> read;
+    } cases[] = {
+        {{0x01, 0x11, 0x80, 0x05, 0, 0, 0, 0}, OperationCode::RequestDevices},
+        {{0x01, 0x11, 0x80, 0x03, 0, 0, 0, 0, 0x31}, OperationCode::RequestImport},
+        {{0x01, 0x10, 0x80, 0x05, 0, 0, 0, 0}, failure("version 0110 of the protocol")},
+        {{0x01, 0x11, 0x80, 0x04, 0, 0, 0, 0}, failure("an unknown operation 8004")},
+        {{0x01, 0x11, 0x00, 0x05, 0, 0, 0, 0}, failure("an unknown operation 0005")},
+        {{0x01, 0x11, 0x80, 0x05, 0, 0, 0, 1}, failure("a request with the status 1")},
+    };
+    for (const auto& [request, read] : cases)
+        EXPECT_EQ(decodeOperation(request), read) << ::testing::PrintToString(request);
+    for (std::size_t size = 0; size < 8; ++size)
+        EXPECT_EQ(decodeOperation(ByteView(cases[0].request).first(size)).error(),
+                  "an operation of " + std::to_string(size) + " bytes");
 }
 
-TEST(UsbipOperations, ImportRequestIsRead) {
-    const Result<OperationCode> request =
-        decodeOperation(Bytes{0x01, 0x11, 0x80, 0x03, 0x00, 0x00, 0x00, 0x00, 0x31});
-    EXPECT_EQ(request, OperationCode::RequestImport);
-}
-
-TEST(UsbipOperations, RequestTruncatedAtEachLengthIsRefused) {
-    const Bytes whole{0x01, 0x11, 0x80, 0x05, 0x00, 0x00, 0x00, 0x00};
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        const Result<OperationCode> request = decodeOperation(ByteView(whole).first(size));
-        EXPECT_FALSE(request.has_value());
-        EXPECT_EQ(request.error(), "an operation of " + std::to_string(size) + " bytes");
-    }
-}
-
-TEST(UsbipOperations, EveryFieldOutOfRangeIsRefused) {
-    EXPECT_EQ(decodeOperation(Bytes{0x01, 0x10, 0x80, 0x05, 0, 0, 0, 0}).error(),
-              "version 0110 of the protocol");
-    EXPECT_EQ(decodeOperation(Bytes{0x01, 0x11, 0x80, 0x04, 0, 0, 0, 0}).error(),
-              "an unknown operation 8004");
-    EXPECT_EQ(decodeOperation(Bytes{0x01, 0x11, 0x00, 0x05, 0, 0, 0, 0}).error(),
-              "an unknown operation 0005");
-    EXPECT_EQ(decodeOperation(Bytes{0x01, 0x11, 0x80, 0x05, 0, 0, 0, 1}).error(),
-              "a request with the status 1");
-}
-
-TEST(UsbipOperations, BusIdIsTheTextUpToItsZero) {
-    Bytes field(32, 0);
-    field[0] = '1';
-    field[1] = '-';
-    field[2] = '1';
-    field[4] = 'x';
-    EXPECT_EQ(decodeBusId(field), "1-1");
-}
-
-TEST(UsbipOperations, BusIdThatIsEmptyEndlessOrNoTextIsRefused) {
-    EXPECT_EQ(decodeBusId(Bytes(32, 0)), std::nullopt);
-    EXPECT_EQ(decodeBusId(Bytes(32, '1')), std::nullopt);
-    for (const std::uint8_t byte : Bytes{0x01, 0x1F, 0x20, 0x7F, 0x80, 0xFF}) {
-        Bytes field(32, 0);
-        field[0] = byte;
-        EXPECT_EQ(decodeBusId(field), std::nullopt) << int{byte};
-    }
-}
-
-TEST(UsbipOperations, BusIdOfAnotherSizeIsRefused) {
+TEST(UsbipOperations, BusIdIsTheTextUpToTheZeroInIts32Bytes) {
     Bytes field(40, 0);
-    field[0] = '1';
+    std::ranges::copy(Bytes{'1', '-', '1', 0, 'x'}, field.begin());
+    EXPECT_EQ(decodeBusId(ByteView(field).first(32)), "1-1");
     for (std::size_t size = 0; size <= field.size(); ++size)
         EXPECT_EQ(decodeBusId(ByteView(field).first(size)).has_value(), size == 32) << size;
+    EXPECT_EQ(decodeBusId(Bytes(32, '1')), std::nullopt);
+    for (const std::uint8_t byte : Bytes{0x00, 0x01, 0x1F, 0x20, 0x7F, 0x80, 0xFF}) {
+        Bytes no(32, 0);
+        no[0] = byte;
+        EXPECT_EQ(decodeBusId(no), std::nullopt) << int{byte};
+    }
 }
 
 TEST(UsbipOperations, DevicesReplyHoldsEveryDeviceWithItsInterfaces) {
@@ -102,20 +77,14 @@ TEST(UsbipOperations, DevicesReplyHoldsEveryDeviceWithItsInterfaces) {
     EXPECT_EQ(slice(reply, 12 + 256, 5), (Bytes{'1', '-', '1', 0, 0}));
     EXPECT_EQ(slice(reply, 12 + 288, 24), kNumbers);
     EXPECT_EQ(slice(reply, 12 + 312, 8), (Bytes{1, 1, 0, 0, 1, 3, 7, 0}));
-}
-
-TEST(UsbipOperations, DevicesReplyOfNoDevice) {
     EXPECT_EQ(encodeDevicesReply({}), (Bytes{0x01, 0x11, 0x00, 0x05, 0, 0, 0, 0, 0, 0, 0, 0}));
 }
 
-TEST(UsbipOperations, ImportReplyHoldsTheDeviceWithoutItsInterfaces) {
+TEST(UsbipOperations, ImportReplyHoldsTheDeviceWithoutItsInterfacesOrAStatusAlone) {
     const Bytes reply = encodeImportReply(OperationStatus::Ok, keyboard());
     ASSERT_EQ(reply.size(), 8U + 312U);
     EXPECT_EQ(slice(reply, 0, 8), (Bytes{0x01, 0x11, 0x00, 0x03, 0, 0, 0, 0}));
     EXPECT_EQ(slice(reply, 8 + 288, 24), kNumbers);
-}
-
-TEST(UsbipOperations, ImportReplyThatRefusesHoldsItsStatusAlone) {
     EXPECT_EQ(encodeImportReply(OperationStatus::NoDevice, keyboard()),
               (Bytes{0x01, 0x11, 0x00, 0x03, 0, 0, 0, 4}));
     EXPECT_EQ(encodeImportReply(OperationStatus::Busy, keyboard()),
@@ -150,31 +119,19 @@ Bytes unlinkHeader() {
     return header;
 }
 
-TEST(UsbipUrb, SubmitIsRead) {
-    const Result<Command> decoded = decodeCommand(submitHeader());
-    ASSERT_TRUE(decoded.has_value()) << decoded.error();
-    EXPECT_EQ(std::get<SubmitCommand>(*decoded),
-              (SubmitCommand{.sequence = 0x107,
-                             .device = 0x10002,
-                             .isIn = true,
-                             .endpoint = 1,
-                             .length = 12,
-                             .setup = {8, 7, 6, 5, 4, 3, 2, 1}}));
-}
-
-TEST(UsbipUrb, UnlinkIsRead) {
-    const Result<Command> decoded = decodeCommand(unlinkHeader());
-    ASSERT_TRUE(decoded.has_value()) << decoded.error();
-    EXPECT_EQ(std::get<UnlinkCommand>(*decoded), (UnlinkCommand{0x108, 0x10002, 0x107}));
-}
-
-TEST(UsbipUrb, HeaderTruncatedAtEachLengthIsRefused) {
+TEST(UsbipUrb, CommandsAreReadWhenTheyAreWhole) {
+    EXPECT_EQ(decodeCommand(submitHeader()),
+              Command(SubmitCommand{.sequence = 0x107,
+                                    .device = 0x10002,
+                                    .isIn = true,
+                                    .endpoint = 1,
+                                    .length = 12,
+                                    .setup = {8, 7, 6, 5, 4, 3, 2, 1}}));
+    EXPECT_EQ(decodeCommand(unlinkHeader()), Command(UnlinkCommand{0x108, 0x10002, 0x107}));
     for (const Bytes& whole : {submitHeader(), unlinkHeader()})
-        for (std::size_t size = 0; size < whole.size(); ++size) {
-            const Result<Command> decoded = decodeCommand(ByteView(whole).first(size));
-            EXPECT_FALSE(decoded.has_value());
-            EXPECT_EQ(decoded.error(), "a command of " + std::to_string(size) + " bytes");
-        }
+        for (std::size_t size = 0; size < whole.size(); ++size)
+            EXPECT_EQ(decodeCommand(ByteView(whole).first(size)).error(),
+                      "a command of " + std::to_string(size) + " bytes");
 }
 
 // The header with one number replaced.
@@ -185,23 +142,30 @@ Bytes with(std::size_t offset, std::uint32_t value) {
     return header;
 }
 
-TEST(UsbipUrb, EveryFieldOutOfRangeIsRefused) {
-    EXPECT_EQ(decodeCommand(with(0, 0)).error(), "an unknown command 0");
-    EXPECT_EQ(decodeCommand(with(0, 3)).error(), "an unknown command 3");
-    EXPECT_EQ(decodeCommand(with(0, 0x01000000)).error(), "an unknown command 16777216");
-    EXPECT_EQ(decodeCommand(with(12, 2)).error(), "a transfer with the direction 2");
-    EXPECT_EQ(decodeCommand(with(16, 16)).error(), "a transfer with the endpoint 16");
-    EXPECT_EQ(decodeCommand(with(16, 0x101)).error(), "a transfer with the endpoint 257");
-    EXPECT_EQ(decodeCommand(with(24, 65537)).error(), "a transfer with the length 65537");
-    EXPECT_EQ(decodeCommand(with(24, 0xFFFFFFFF)).error(), "a transfer with the length 4294967295");
-    EXPECT_EQ(decodeCommand(with(32, 1)).error(), "a transfer with the packet count 1");
-}
-
-TEST(UsbipUrb, FieldsAtTheEdgesOfTheirRangesAreTaken) {
-    EXPECT_TRUE(decodeCommand(with(16, 15)).has_value());
-    EXPECT_TRUE(decodeCommand(with(24, 65536)).has_value());
-    EXPECT_TRUE(decodeCommand(with(24, 0)).has_value());
-    EXPECT_TRUE(decodeCommand(with(32, 0xFFFFFFFF)).has_value());
+TEST(UsbipUrb, FieldsAreTakenInTheirRangesAlone) {
+    const struct {
+        std::size_t offset;
+        std::uint32_t value;
+        std::string_view error;
+    } cases[] = {
+        {0, 0, "an unknown command 0"},
+        {0, 3, "an unknown command 3"},
+        {0, 0x01000000, "an unknown command 16777216"},
+        {12, 2, "a transfer with the direction 2"},
+        {16, 15, ""},
+        {16, 16, "a transfer with the endpoint 16"},
+        {16, 0x101, "a transfer with the endpoint 257"},
+        {24, 0, ""},
+        {24, 65536, ""},
+        {24, 65537, "a transfer with the length 65537"},
+        {24, 0xFFFFFFFF, "a transfer with the length 4294967295"},
+        {32, 1, "a transfer with the packet count 1"},
+        {32, 0xFFFFFFFF, ""},
+    };
+    for (const auto& [offset, value, error] : cases) {
+        const Result<Command> decoded = decodeCommand(with(offset, value));
+        EXPECT_EQ(decoded ? "" : decoded.error(), error) << value;
+    }
 }
 
 TEST(UsbipUrb, SubmitReplyHoldsStatusLengthAndData) {

@@ -69,4 +69,17 @@ private:
     std::uint32_t sequence_ = 0;
 };
 
+inline Client attach(const ServerProcess& server) {
+    Client host(server.port());
+    host.import();
+    return host;
+}
+
+// A server with its host.
+struct Attached {
+    explicit Attached(const std::vector<std::string>& arguments) : server(arguments) {}
+    ServerProcess server;
+    Client host = attach(server);
+};
+
 } // namespace scenewright::usbip
