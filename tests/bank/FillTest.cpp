@@ -156,55 +156,39 @@ TEST(FillValues, ErrorIsOnePhraseAndNothingIsFilled) {
     const std::string colours =
         ": a colour as in #ff8000, several with commas between, the first and "
         "the last as in #ff0000..#ffff00, or one of bright, safe was expected";
+    const std::string ends = ", and its options go from 0 (C-1) to 127 (G9)";
+    const std::string noNote = " is no note, and a scale needs notes";
+    const std::string noPath =
+        ": the path of controls or of a setting that is a number was expected";
     struct Row {
         const char* path;
         const char* start;
-        FillSteps steps;
         std::string error;
+        FillSteps steps = {};
     };
     for (const Row& row : std::initializer_list<Row>{
-             {"scene1.key*",
-              "C9",
-              {},
-              "scene1.key9.CCOrNoteNumber would be 128, and its options go from 0 (C-1) to 127 "
-              "(G9)"},
+             {"scene1.key*", "C9", "scene1.key9.CCOrNoteNumber would be 128" + ends},
              {"scene1.pad*",
               "C-1",
-              {.intervals = Intervals{-1}},
-              "scene1.pad2.CCOrNoteNumber would be -1, and its options go from 0 (C-1) to 127 "
-              "(G9)"},
-             {"scene1.pad*.CCOrNoteNumber",
-              "C2",
-              {},
+              "scene1.pad2.CCOrNoteNumber would be -1" + ends,
+              {.intervals = Intervals{-1}}},
+             {"scene1.pad*.CCOrNoteNumber", "C2",
               "scene1.pad1.CCOrNoteNumber has no option \"C2\": its options go from 0 to 127"},
-             {"scene1.pad*.CCOrNoteNumber", "20", scaleSteps("major"),
-              "scene1.pad1.CCOrNoteNumber is no note, and a scale needs notes"},
-             {"scene1.knob*", "20", scaleSteps("major"),
-              "scene1.knob1.CCOrNoteNumber is no note, and a scale needs notes"},
-             {"scene1.pad*.CR", "5", scaleSteps("major"),
-              "scene1.pad1.CR is no note, and a scale needs notes"},
-             {"scene1.pad*.colour",
-              "red",
-              {},
+             {"scene1.pad*.CCOrNoteNumber", "20", "scene1.pad1.CCOrNoteNumber" + noNote,
+              scaleSteps("major")},
+             {"scene1.knob*", "20", "scene1.knob1.CCOrNoteNumber" + noNote, scaleSteps("major")},
+             {"scene1.pad*.CR", "5", "scene1.pad1.CR" + noNote, scaleSteps("major")},
+             {"scene1.pad*.colour", "red",
               "scene1.pad*.colour cannot be filled with red" + colours},
              {"scene1.pad*.colour",
               "#ff0000",
-              {.intervals = Intervals{1}},
-              "scene1.pad*.colour cannot be filled with #ff0000" + colours},
-             {"scene1.group*", "20", {}, "scene1.group* cannot be filled with 20"},
-             {"scene1.key*", "ch:10", {}, "scene1.key* cannot be filled with ch:10"},
-             {"scene1",
-              "20",
-              {},
-              "scene1: the path of controls or of a setting that is a number was expected"},
-             {"scene1.common.SceneName",
-              "20",
-              {},
-              "scene1.common.SceneName: the path of controls or of a setting that is a number was "
-              "expected"},
-             {"scene1.pad9",
-              "20",
-              {},
+              "scene1.pad*.colour cannot be filled with #ff0000" + colours,
+              {.intervals = Intervals{1}}},
+             {"scene1.group*", "20", "scene1.group* cannot be filled with 20"},
+             {"scene1.key*", "ch:10", "scene1.key* cannot be filled with ch:10"},
+             {"scene1", "20", "scene1" + noPath},
+             {"scene1.common.SceneName", "20", "scene1.common.SceneName" + noPath},
+             {"scene1.pad9", "20",
               "scene1.pad9: at character 11, a pad's number from 1 to 8 or * was expected"}})
         EXPECT_EQ(errorOf(fill(row.path, row.start, row.steps)), row.error) << row.path;
 }
