@@ -165,6 +165,9 @@ TEST_F(VirtualHostTest, AWriteDoesNotWaitForAReadThatWaitsAndGivesItItsReply) {
     const UsbRead moved = read.get();
     EXPECT_EQ(moved.code, kResultSuccess);
     EXPECT_EQ(moved.delivered, 12U);
+    write({0x09, 0x9C, 0x01, 0x04});
+    std::array<std::uint8_t, 3> tooSmall{};
+    EXPECT_EQ(Transport::instance().interface()->read(1, tooSmall).code, kResultOverflow);
 }
 
 TEST_F(VirtualHostTest, FailedAndStalledWritesHaveACode) {
