@@ -74,7 +74,7 @@ TEST_F(TransportState, FirstFailureTellsHowManyVersionReadsCameBefore) {
     EXPECT_EQ(stats.versionReads, 3U);
 }
 
-TEST_F(TransportState, FindDeviceStartsTheStatsOver) {
+TEST_F(TransportState, FindDeviceStartsTheStatsOverAndForgetsWhyTheLastConnectionFailed) {
     connect();
     script->answer("write", {kResultStall});
     write(1);
@@ -83,9 +83,6 @@ TEST_F(TransportState, FindDeviceStartsTheStatsOver) {
     EXPECT_TRUE(transport().stats().isClean());
     EXPECT_EQ(transport().stats().writes, 0U);
     EXPECT_FALSE(transport().stats().first.has_value());
-}
-
-TEST_F(TransportState, FindDeviceForgetsWhyTheLastConnectionFailed) {
     script->answer("open", {kResultAccess});
     ASSERT_TRUE(InterfaceAction::FindDevice());
     ASSERT_FALSE(InterfaceAction::CreateInterface());
@@ -119,16 +116,12 @@ TEST_F(TransportState, ShutDownGivesUpAndRefusesEverythingAfter) {
     EXPECT_EQ(script->callsOf({"open", "write", "canMatch", "devices"}), Texts{});
 }
 
-TEST_F(TransportState, ShutDownTwiceAndWithoutAnythingHeldIsHarmless) {
+TEST_F(TransportState, ShutDownTwiceAndWithoutAnythingHeldIsHarmlessAndAHostUndoesIt) {
     transport().shutDown();
     transport().shutDown();
     transport().use(nullptr);
     transport().shutDown();
     EXPECT_EQ(script->calls, Texts{});
-}
-
-TEST_F(TransportState, ChoosingAHostUndoesTheEnd) {
-    transport().shutDown();
     transport().use(makeScriptedHost(script), [](auto) {});
     connect();
     EXPECT_EQ(script->claimed, Texts{"one/1"});
