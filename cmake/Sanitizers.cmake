@@ -1,4 +1,5 @@
-# With SCENEWRIGHT_SANITIZE, everything is compiled for those sanitizers: the first thing that one of
+# With SCENEWRIGHT_SANITIZE, everything is compiled for those sanitizers, but for
+# what tests/CMakeLists.txt leaves out: the first thing that one of
 # them finds ends the program, with a report on standard error and an exit code of its own.
 if(NOT SCENEWRIGHT_SANITIZE)
     return()
