@@ -13,11 +13,8 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QMetaObject>
-#include <QPointer>
-#include <QTimer>
 
 #include <functional>
 #include <utility>

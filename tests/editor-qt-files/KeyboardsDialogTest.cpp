@@ -9,7 +9,6 @@
 
 #include <QClipboard>
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QSignalSpy>
