@@ -2,7 +2,7 @@
 
 #include "editor/qt/PopUpBox.h"
 #include "editor/qt/QtHelpers.h"
-#include "editor/qt/RoundedRect.h"
+#include "editor/qt/Theme.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

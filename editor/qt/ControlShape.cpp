@@ -1,7 +1,7 @@
 #include "editor/qt/ControlShape.h"
 
 #include "editor/qt/QtHelpers.h"
-#include "editor/qt/RoundedRect.h"
+#include "editor/qt/Theme.h"
 #include "platform/Resources.h"
 
 #include <QApplication>

@@ -85,11 +85,11 @@ void MainWindow::connectCommands() {
     connect(&menu_->send(), &QAction::triggered, &commands_, &DeviceCommands::send);
     connect(sendButton_, &QPushButton::clicked, &commands_, &DeviceCommands::send);
     connect(&commands_, &DeviceCommands::busyChanged, this, &MainWindow::showBusy);
-    connect(&menu_->gainPanel(), &QAction::triggered, this, &MainWindow::showGainPanel);
-    connect(&menu_->guide(), &QAction::triggered, this, &MainWindow::showGuide);
+    connect(&menu_->gainPanel(), &QAction::triggered, this, [this] { bringUp(gainPanel()); });
+    connect(&menu_->guide(), &QAction::triggered, this, [this] { bringUp(guide()); });
     connect(&menu_->whatsThis(), &QAction::triggered, this,
             [] { QWhatsThis::enterWhatsThisMode(); });
-    connect(&menu_->about(), &QAction::triggered, this, &MainWindow::showAbout);
+    connect(&menu_->about(), &QAction::triggered, this, [this] { About(this).exec(); });
 }
 
 void MainWindow::connectQuit() {
@@ -160,18 +160,6 @@ void MainWindow::chooseBeside(std::int32_t rows) {
         return view_.chooseButtonAction(*picture_->button(control));
     view_.setSelectControl(0); // the scene's own settings have no button
     list_->selectRow(0);
-}
-
-void MainWindow::showGainPanel() {
-    bringUp(gainPanel());
-}
-
-void MainWindow::showGuide() {
-    bringUp(guide());
-}
-
-void MainWindow::showAbout() {
-    About(this).exec();
 }
 
 void MainWindow::showScenesAnew() {

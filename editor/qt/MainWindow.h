@@ -159,9 +159,6 @@ private:
     void chooseMode(int mode);
     // Chooses the control that is so many rows below the one that the list stands on.
     void chooseBeside(std::int32_t rows);
-    void showGainPanel();
-    void showGuide();
-    void showAbout();
     // Brings everything up to date that the view logic does not know of.
     void refresh();
     void refreshSceneTitles();

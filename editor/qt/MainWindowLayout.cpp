@@ -33,8 +33,7 @@ Layout& nested(QBoxLayout& outer, int stretch = 0) {
 
 QPushButton& command(const QString& title, const QString& name, const QString& help,
                      QWidget* parent) {
-    auto& button = makeChild<QPushButton>(title, parent);
-    button.setAutoDefault(false);
+    auto& button = makeButton(title, parent);
     button.setAccessibleName(name);
     button.setToolTip(help);
     button.setWhatsThis(help);
@@ -60,7 +59,7 @@ QAction& added(QMenu& menu, const QString& title, const QKeySequence& keys = {})
 
 QMenu& menuNamed(QMenuBar& bar, const QString& title) {
     QMenu& menu = *bar.addMenu(title);
-    menu.setAccessibleName(QString(title).remove(QLatin1Char('&')));
+    menu.setAccessibleName(unmarked(title));
     return menu;
 }
 

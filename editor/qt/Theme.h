@@ -1,13 +1,17 @@
-// The colours of the window in light and in dark, everything that follows from them, and the choice
-// between the two.
+// The colours of the window in light and in dark, everything that follows from them, the choice
+// between the two, and the round corners that they fill.
 #pragma once
 
 #include <QApplication>
 #include <QColor>
 #include <QPalette>
+#include <QRectF>
 #include <QString>
 
 #include <cstdint>
+
+class QBrush;
+class QPainter;
 
 namespace scenewright {
 
@@ -59,5 +63,8 @@ private:
     bool isSystemDark_;
     Choice choice_;
 };
+
+// As QPainter::drawRoundedRect() without a pen, antialiased.
+void fillRounded(QPainter& painter, const QRectF& rect, qreal radius, const QBrush& brush);
 
 } // namespace scenewright

@@ -1,6 +1,6 @@
 #include "editor/qt/WindowStyle.h"
 
-#include "editor/qt/RoundedRect.h"
+#include "editor/qt/Theme.h"
 
 #include <QFont>
 #include <QIcon>
