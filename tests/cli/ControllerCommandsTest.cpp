@@ -32,27 +32,29 @@ protected:
 
 } // namespace
 
-TEST_F(ControllerCommands, ReadWritesEitherFormAndStandardOutput) {
+TEST_F(ControllerCommands, ReadWritesEitherFormAndStandardOutputOfDefaultScenesToo) {
     done("--virtual=held read r.bank");
     EXPECT_EQ(bytes("r.bank"), randomBank(1));
     EXPECT_EQ(cli("--virtual=held read -").output, text("r.bank"));
     done("--virtual=held read r.json");
     done("convert r.json r");
     EXPECT_EQ(bytes("r"), randomBank(1));
+    done("--virtual=new read out");
+    EXPECT_EQ(bytes("out"), bytes("a.bank")) << "the default scenes";
+    EXPECT_FALSE(exists("new"));
 }
 
-TEST_F(ControllerCommands, BothFormsAndStandardInputAreSent) {
+TEST_F(ControllerCommands, BothFormsAndStandardInputAreSentAndVerified) {
     for (const char* bank : {"a.bank", "a.json", "- <a.json"}) {
         put("held", randomBank(1));
         done(std::string("--virtual=held send ") + bank);
         EXPECT_EQ(bytes("held"), bytes("a.bank")) << bank;
     }
-}
-
-TEST_F(ControllerCommands, MissingVirtualBankStartsWithTheDefaultScenes) {
-    done("--virtual=new read out");
-    EXPECT_EQ(bytes("out"), bytes("a.bank"));
-    EXPECT_FALSE(exists("new"));
+    put("held", randomBank(1));
+    const ProgramRun sent = cli("--virtual=held send --verify a.bank");
+    expectDone(sent);
+    EXPECT_EQ(sent.output, "The controller holds what was sent.\n");
+    EXPECT_EQ(bytes("held"), bytes("a.bank"));
 }
 
 TEST_F(ControllerCommands, StreamsAreOffUnlessNamed) {
@@ -75,13 +77,6 @@ TEST_F(ControllerCommands, BadFileIsToldBeforeTheControllerIsAsked) {
         put("log", std::string());
         refused(std::string("--virtual --log log ") + command, "none");
     }
-}
-
-TEST_F(ControllerCommands, VerifySaysThatTheControllerHoldsWhatWasSent) {
-    const ProgramRun sent = cli("--virtual=held send --verify a.bank");
-    expectDone(sent);
-    EXPECT_EQ(sent.output, "The controller holds what was sent.\n");
-    EXPECT_EQ(bytes("held"), bytes("a.bank"));
 }
 
 TEST_F(ControllerCommands, ASendThatTheVirtualMemoryCannotKeepHasFailed) {
@@ -141,18 +136,20 @@ TEST_F(ControllerCommands, ACopyThatCannotBeKeptSendsNothing) {
     }
 }
 
-TEST_F(ControllerCommands, ANumberThatEarlierListDoesNotGiveIsRefused) {
-    refused("earlier show", "earlier show: N is missing");
-    refused("earlier restore 1", "there is no number 1; earlier list gives 0");
-    refused("earlier show 0", "N");
-}
-
-TEST_F(ControllerCommands, BackupThatCannotBeWrittenSendsNothing) {
-    refused("--virtual=held send --backup none/b a.bank", "none/b");
-    refused("--virtual=held send --backup a.bank a.bank",
-            "scenewright-cli: a.bank: the backup would overwrite the bank that is to be sent\n");
-    refused("--virtual=held send --backup - --verify a.bank",
-            "scenewright-cli: --backup - and --verify both write to standard output\n");
+TEST_F(ControllerCommands, WhatCannotBeDoneIsRefusedAndSendsNothing) {
+    const std::string program = "scenewright-cli: ";
+    for (const auto& [words, told] : std::initializer_list<std::pair<const char*, std::string>>{
+             {"send --backup none/b a.bank", "none/b"},
+             {"send --backup a.bank a.bank",
+              program + "a.bank: the backup would overwrite the bank that is to be sent\n"},
+             {"send --backup - --verify a.bank",
+              program + "--backup - and --verify both write to standard output\n"},
+             {"send --dry-run --verify a.bank", "--dry-run"},
+             {"send --dry-run --backup b.bank a.bank", "--dry-run"},
+             {"earlier show", "earlier show: N is missing"},
+             {"earlier restore 1", "there is no number 1; earlier list gives 0"},
+             {"earlier show 0", "N"}})
+        refused(std::string("--virtual=held ") + words, told);
 }
 
 TEST_F(ControllerCommands, DryRunSaysWhatWouldChangeAndChangesNothing) {
@@ -165,11 +162,6 @@ TEST_F(ControllerCommands, DryRunSaysWhatWouldChangeAndChangesNothing) {
     EXPECT_EQ(files(), before);
     holdDefaults("scene1.pad1.CR=127");
     EXPECT_EQ(cli("--virtual=held send --dry-run a.json").output, "Nothing would change.\n");
-}
-
-TEST_F(ControllerCommands, DryRunGoesWithNeitherBackupNorVerify) {
-    refused("--virtual=held send --dry-run --verify a.bank", "--dry-run");
-    refused("--virtual=held send --dry-run --backup b.bank a.bank", "--dry-run");
 }
 
 TEST_F(ControllerCommands, DiffReadsTheDeviceOnEitherSide) {

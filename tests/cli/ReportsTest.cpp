@@ -36,10 +36,6 @@ std::string linesFrom(const std::string& text, const std::string& start, int cou
     return part;
 }
 
-TEST(SceneTable, StartsWithTheNumberAndTheNameWithoutItsFill) {
-    EXPECT_TRUE(sceneTable(PopUpValue(), *sceneOfOffsets(), 2).starts_with("Scene 2: LIVE\n\n"));
-}
-
 TEST(SceneTable, ValuesStandUnderTheirTitlesInColumnsAsWideAsNeeded) {
     PopUpValue lists;
     lists.setKnob_Enable_Array(titles({"Off", "On"}));
@@ -61,8 +57,9 @@ TEST(SceneTable, WideCharactersOfATitleCountOnce) {
     EXPECT_NE(table.find("4      é♯\n"), std::string::npos) << table;
 }
 
-TEST(SceneTable, EveryControlHasItsLine) {
-    const std::string text = sceneTable(PopUpValue(), *sceneOfOffsets(), 1);
+TEST(SceneTable, EveryControlHasItsLineBelowNumberAndName) {
+    const std::string text = sceneTable(PopUpValue(), *sceneOfOffsets(), 2);
+    EXPECT_TRUE(text.starts_with("Scene 2: LIVE\n\n")) << "without its fill";
     EXPECT_EQ(std::ranges::count(linesFrom(text, "Key  ", 28), '\n'), 28);
     EXPECT_NE(text.find("\n25   "), std::string::npos);
 }
@@ -84,19 +81,12 @@ PluggedDevice strangeKeyboard() {
     return plugged;
 }
 
-TEST(DeviceTable, SaysThatNothingIsPluggedIn) {
+TEST(DeviceTable, TellsWhatIsPluggedInAndHowItIsAdded) {
     EXPECT_EQ(deviceTable({}), "No USB device with a MIDI streaming interface is plugged in.\n");
-    EXPECT_EQ(deviceJson({}), "[]\n");
-}
-
-TEST(DeviceTable, AListedDeviceIsReadyForUse) {
     EXPECT_EQ(deviceTable({{kKeyboard}}), "Bus 001 Device 004: 1209:0001 Acme Keys 25\n"
                                           "  port: 1-2\n"
                                           "  listed: yes\n"
                                           "  can be opened: yes\n");
-}
-
-TEST(DeviceTable, ADeviceThatIsNotListedComesWithTheCommandThatAddsIt) {
     EXPECT_EQ(deviceTable({{strangeKeyboard()}}),
               "Bus 001 Device 004: 1209:0002 - Keys 25\n"
               "  port: 1-2, serial number: A17\n"
@@ -113,7 +103,8 @@ TEST(DeviceTable, ADeviceThatCannotBeOpenedSaysWhy) {
     EXPECT_TRUE(deviceTable({{plugged}}).ends_with("  can be opened: yes\n"));
 }
 
-TEST(DeviceTable, JsonHasTheSameForPrograms) {
+TEST(DeviceTable, JsonHasTheSameForProgramsWithCauseAndLines) {
+    EXPECT_EQ(deviceJson({}), "[]\n");
     EXPECT_EQ(deviceJson({{kKeyboard}}), R"([
   {
     "bus": 1,
@@ -131,9 +122,6 @@ TEST(DeviceTable, JsonHasTheSameForPrograms) {
   }
 ]
 )");
-}
-
-TEST(DeviceTable, JsonTellsCauseAndLines) {
     PluggedDevice plugged = strangeKeyboard();
     plugged.device.access = AttachedDevice::Access::NoPermission;
     plugged.device.name = "\xFF";

@@ -52,7 +52,7 @@ TEST_F(ReadTransactionTest, LeavesTheInterfaceOpen) {
 }
 
 TEST_F(ReadTransactionTest, OutcomeCountsEveryTransferAndTheBytesThatScenesCannotHold) {
-    controller.bank[0] = 0xC3; // of a name: kept
+    controller.bank[0] = controller.bank[11] = 0xC3; // of a name: kept
     controller.bank[kGlobalChannel] = 0x80;
     controller.bank[1011] = 0xFF;
     const ScenesRead read = readScenes(*Progress::record());
