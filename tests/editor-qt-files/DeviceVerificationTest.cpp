@@ -39,11 +39,6 @@ protected:
         const auto* dialog = window().findChild<DifferenceDialog*>();
         return dialog == nullptr ? QStringList() : dialog->lines();
     }
-    void expectRedDiffers() {
-        ASSERT_EQ(differences().size(), 1);
-        EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
-        EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
-    }
     // Whether another program could take the interface now.
     bool portIsFree() {
         const auto devices = host->devices({});
@@ -71,14 +66,6 @@ TEST_F(DeviceVerificationTest, TheSameIsSaidUntilItIsDismissed) {
     EXPECT_EQ(notice(), "");
 }
 
-TEST_F(DeviceVerificationTest, DifferencesAreListedAndTheScenesStay) {
-    record(kPad).setCR(12);
-    press(Qt::Key_D);
-    expectRedDiffers();
-    EXPECT_EQ(record(kPad).CR(), 12);
-    EXPECT_TRUE(earlier().list().empty());
-}
-
 TEST_F(DeviceVerificationTest, WhatTheKeyboardHoldsIsTakenOverAsAStepThatCanBeUndone) {
     const std::int32_t held = record(kPad).CR();
     const std::string name = WindowAction::getSceneWithIndex(1)->commonValue()->SceneName();
@@ -89,6 +76,8 @@ TEST_F(DeviceVerificationTest, WhatTheKeyboardHoldsIsTakenOverAsAStepThatCanBeUn
     auto* dialog = window().findChild<DifferenceDialog*>();
     ASSERT_NE(dialog, nullptr);
     ASSERT_EQ(dialog->lines().size(), 2);
+    EXPECT_EQ(record(kPad).CR(), 12) << "the scenes stay";
+    EXPECT_TRUE(earlier().list().empty());
     dialog->table().setCurrentItem(dialog->table().topLevelItem(0));
     EXPECT_EQ(window().view().selectControl(), kPad);
     dialog->table().clearSelection();
@@ -100,16 +89,6 @@ TEST_F(DeviceVerificationTest, WhatTheKeyboardHoldsIsTakenOverAsAStepThatCanBeUn
     commands().history().undoAction().trigger();
     EXPECT_EQ(record(kPad).CR(), 12);
     EXPECT_EQ(controller->sendsEnded(), 0U);
-}
-
-TEST_F(DeviceVerificationTest, WithoutAControllerTheCauseIsToldAndTheScenesStay) {
-    const QString before = message();
-    unplug();
-    record(kPad).setCR(12);
-    press(Qt::Key_D);
-    EXPECT_EQ(notice(), kNotReached + ": nothing was compared\n" + kPlugIn);
-    EXPECT_EQ(record(kPad).CR(), 12);
-    EXPECT_EQ(message(), before);
 }
 
 TEST_F(DeviceVerificationTest, SendAndVerifyReadsBackAndAPlainSendDoesNot) {
@@ -132,10 +111,17 @@ TEST_F(DeviceVerificationTest, SendAndVerifyListsWhatTheControllerDoesNotHold) {
     startToVerify();
     record(kPad).setCR(12); // the send holds the scenes as they were
     waitForSend();
-    expectRedDiffers();
+    ASSERT_EQ(differences().size(), 1);
+    EXPECT_TRUE(differences()[0].startsWith("Scene 1, Pad 1, Red: "));
+    EXPECT_TRUE(differences()[0].endsWith(" -> 12"));
 }
 
 TEST_F(DeviceVerificationTest, WhatCouldNotBeReadIsNotComparedAndMayBeTriedAgain) {
+    const QString before = message();
+    unplug();
+    press(Qt::Key_D);
+    EXPECT_EQ(notice(), kNotReached + ": nothing was compared\n" + kPlugIn);
+    EXPECT_EQ(message(), before);
     plugIn({{Fault::Kind::ShortTransfer, 100}});
     press(Qt::Key_D);
     EXPECT_EQ(notice(), kOneShort + ": nothing was compared");
@@ -374,29 +360,23 @@ TEST_F(DifferenceDialogTest, TakesTheSelectedRowsThenAll) {
     press("Take the Keyboard's");
     EXPECT_EQ(taken_.size(), 2U);
     EXPECT_FALSE(dialog_.isVisible());
+    const DifferenceDialog one({kName}, nullptr);
+    EXPECT_EQ(one.findChild<QLabel*>()->text(),
+              "One setting of the controller is not what you see.");
 }
 
-TEST_F(DifferenceDialogTest, CopiesTheSelectedRowsOrAllAsText) {
+TEST_F(DifferenceDialogTest, CopiesTheSelectedRowsOrAllAsTextAndASendClosesIt) {
     press("Copy as Text");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), dialog_.lines().join('\n'));
     table_.setFocus();
     table_.topLevelItem(2)->setSelected(true);
     QTest::keyClick(&table_, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Scene 2, Pad 3, Red: 1 -> 2");
-}
-
-TEST_F(DifferenceDialogTest, ASendClosesIt) {
     int sends = 0;
     QObject::connect(&dialog_, &DifferenceDialog::sendWanted, [&] { ++sends; });
     press("Send These");
     EXPECT_EQ(sends, 1);
     EXPECT_FALSE(dialog_.isVisible());
-}
-
-TEST(DifferenceDialog, CountsOneInWords) {
-    const DifferenceDialog dialog({kName}, nullptr);
-    EXPECT_EQ(dialog.findChild<QLabel*>()->text(),
-              "One setting of the controller is not what you see.");
 }
 
 } // namespace

@@ -13,8 +13,6 @@
 
 #include <chrono>
 #include <functional>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace scenewright::testing {
@@ -107,15 +105,6 @@ TEST_F(DeviceCommandsTest, TellsThatTheControllerIsMissing) {
     EXPECT_TRUE(window().menu().read().isEnabled());
 }
 
-TEST_F(DeviceCommandsTest, TellsWhatCouldNotBeKeptOfTheFormerScenes) {
-    open();
-    window().commands().setKeepScenes([] { return std::optional<std::string>("No room"); });
-    read();
-    ASSERT_EQ(reads().size(), 1U);
-    EXPECT_EQ(reads()[0].end, Outcome::End::Done);
-    EXPECT_EQ(reads()[0].notKept, std::vector<std::string>{"No room"});
-}
-
 TEST_F(DeviceCommandsTest, CloseButtonAndQuitEndTheProgram) {
     open();
     EXPECT_TRUE(endsWithin(3000, [this] { window().close(); }));
@@ -157,15 +146,6 @@ TEST_F(DeviceCommandsTest, SecondQuitDuringASendWaitsTooAndEndsOnce) {
     EXPECT_EQ(waits, 1);
     EXPECT_EQ(ends, 1);
     EXPECT_EQ(controller().sendsEnded(), 1U);
-}
-
-TEST_F(DeviceCommandsTest, FailingTransfersAreToldAsAnUnreliableEnd) {
-    controller().order({{Fault::Kind::FailedWrite, 300}});
-    open();
-    send();
-    ASSERT_EQ(sends().size(), 1U);
-    EXPECT_EQ(sends()[0].end, Outcome::End::Unreliable);
-    EXPECT_EQ(sends()[0].stats.failedWrites, 1028U - 300U);
 }
 
 TEST_F(DeviceCommandsTest, QuitCancelsASendThatDoesNotEnd) {
