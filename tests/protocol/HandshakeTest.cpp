@@ -2,7 +2,6 @@
 #include "protocol/Transactions.h"
 #include "tests/protocol/ExpectedStreams.h"
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -53,30 +52,6 @@ TEST_F(HandshakeTest, ReplyIsTakenByItsFirstEightBytesAndNoLineIsSpentOnAnotherF
     EXPECT_TRUE(log.back().starts_with("readversion  0b 9c "));
 }
 
-TEST_F(HandshakeTest, OpensTheInterfaceThenWritesTwicePausingBeforeEachThenReads) {
-    takeInterface();
-    EXPECT_TRUE(SceneAction::HandshakeOperation());
-    EXPECT_EQ(script->calls, (Lines{"open one/1", "write one/1 2 09 9c 01 02",
-                                    "write one/1 2 09 9c 7e 7d", "read one/1 1 63"}));
-    EXPECT_EQ(pauses, std::vector<std::chrono::nanoseconds>(2, std::chrono::milliseconds(1)));
-}
-
-TEST_F(HandshakeTest, WholeLogAndConsoleOfASuccess) {
-    takeInterface();
-    EXPECT_TRUE(SceneAction::HandshakeOperation());
-    const std::string reply = "09 9c 01 02 09 9c 01 38 09 9c 02 10 ";
-    std::string zeros;
-    for (int i = 0; i < 52; ++i)
-        zeros += "00 ";
-    EXPECT_EQ(log, (Lines{"sleep(0.001)", "09 9c 01 02 ", "sleep(0.001)", "09 9c 7e 7d ",
-                          "readversion  " + reply + zeros,
-                          "version    09 9c 01 02 09 9c 01 38 09 9c 02", "handshake yes"}));
-    EXPECT_EQ(console,
-              (Lines{"Wrote 4 bytes to bulk endpoint\n", "Wrote 4 bytes to bulk endpoint\n",
-                     "Read \"\x09\x9c\x01\x02\x09\x9c\x01\x38\x09\x9c\x02\x10\" (12 bytes) from "
-                     "bulk endpoint\n"}));
-}
-
 TEST_F(HandshakeTest, EachOfTheFirstEightBytesCountsAndNoneBehindThem) {
     for (std::size_t i = 1; i < 12; ++i) {
         Bytes reply{0x09, 0x9C, 0x01, 0x02, 0x09, 0x9C, 0x01, 0x38, 0x00, 0x00, 0x00, 0x00};
@@ -92,11 +67,6 @@ TEST_F(HandshakeTest, EmptyReplyLeavesTheBufferAsItIs) {
     EXPECT_TRUE(answeredBy({})) << "the former reply is still there, and is taken";
     EXPECT_TRUE(answeredBy({0x09})) << "behind the byte that came";
     EXPECT_FALSE(answeredBy({0x0B}));
-}
-
-TEST_F(HandshakeTest, ReplyThatComesInTwoPacketsIsReadInOneTransferOnly) {
-    EXPECT_FALSE(answeredBy({0x09, 0x9C, 0x01, 0x02}));
-    EXPECT_EQ(spoken(), (Lines{"version    09 9c 01 02 00 00 00 00 00 00 00", "handshake no"}));
 }
 
 TEST_F(HandshakeTest, FailedWritesAreNotLookedAt) {

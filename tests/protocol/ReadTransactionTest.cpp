@@ -1,12 +1,9 @@
 #include "model/MessageValue.h"
 #include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
-#include "tests/protocol/TestScenes.h"
 #include "usb/Transport.h"
 
-#include <algorithm>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -21,35 +18,7 @@ constexpr std::size_t kGlobalChannel = 12;
 constexpr std::size_t kKeyChannel = 13;
 constexpr std::size_t kBendSpeed = 14;
 
-class ReadTransactionTest : public testing::DeviceTest {};
-
-TEST_F(ReadTransactionTest, FourScenesComeInTheDevicesOrder) {
-    for (std::size_t s = 0; s < 4; ++s)
-        std::ranges::copy(Bytes{'S', 'C', 'E', 'N', 'E', static_cast<std::uint8_t>('1' + s)},
-                          controller.bank.begin() + static_cast<std::ptrdiff_t>(s * 253));
-    controller.bank[3 * 253 + 252] = 0x7F;
-    const SceneList scenes = SceneAction::GetSceneFromDevice();
-    ASSERT_EQ(scenes.size(), 4U);
-    EXPECT_EQ(scenes[0]->commonValue()->SceneName(), std::string("SCENE1\0\0\0\0\0\0", 12));
-    EXPECT_EQ(scenes[3]->commonValue()->SceneName(), std::string("SCENE4\0\0\0\0\0\0", 12));
-    EXPECT_EQ(scenes[3]->buttonValueArray()[19]->CB(), 127);
-}
-
-TEST_F(ReadTransactionTest, WritesHandshakeThenStartThen1012NextThenEnd) {
-    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
-    Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 04"};
-    expected.insert(expected.end(), 1012, "09 9c 01 06");
-    expected.emplace_back("09 9c 01 05");
-    EXPECT_EQ(written(), expected);
-    EXPECT_EQ(script->callsOf({"read"}).size(), 1U + 1U + 1012U);
-    EXPECT_EQ(pauses, std::vector<std::chrono::nanoseconds>(1016, std::chrono::milliseconds(1)));
-}
-
-TEST_F(ReadTransactionTest, LeavesTheInterfaceOpen) {
-    EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
-    EXPECT_EQ(script->callsOf({"close", "release"}), Lines{});
-    EXPECT_EQ(script->claimed, Lines{"one/1"});
-}
+using ReadTransactionTest = testing::DeviceTest;
 
 TEST_F(ReadTransactionTest, OutcomeCountsEveryTransferAndTheBytesThatScenesCannotHold) {
     controller.bank[0] = controller.bank[11] = 0xC3; // of a name: kept
@@ -100,25 +69,6 @@ TEST_F(ReadTransactionTest, FinishFlagsAreLeftAlone) {
     EXPECT_EQ(SceneAction::GetSceneFromDevice().size(), 4U);
     EXPECT_EQ(Progress::record()->isReadFinish(), std::nullopt);
     EXPECT_EQ(Progress::record()->isSendFinish(), std::nullopt);
-}
-
-TEST_F(ReadTransactionTest, DeviceThatAnswersWithFillPacketsGivesScenesOfIndexZero) {
-    for (std::size_t i = 0; i < 1012; ++i)
-        controller.dataReplies[i] = {0x09, 0x90, 0x0F, 0x0F};
-    const SceneList scenes = SceneAction::GetSceneFromDevice();
-    ASSERT_EQ(scenes.size(), 4U);
-    std::set<std::string> names;
-    std::set<std::int32_t> values;
-    for (const auto& scene : scenes) {
-        names.insert(scene->commonValue()->SceneName());
-        for (const auto& row : testing::commonBytes())
-            values.insert(((*scene->commonValue()).*row.read)());
-        for (const auto& row : testing::controlBytes())
-            for (std::size_t k = 0; k < row.count; ++k)
-                values.insert(((*scene->buttonValueArray()[row.first + k]).*row.read)());
-    }
-    EXPECT_EQ(names, std::set{std::string(12, '\xFF')});
-    EXPECT_EQ(values, std::set<std::int32_t>{0});
 }
 
 // Of a reply's first packet, the sum of the last two bytes as nibbles, modulo 256; what is above

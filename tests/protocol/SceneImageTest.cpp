@@ -1,12 +1,12 @@
 #include "protocol/SceneImage.h"
 
 #include "protocol/Connection.h"
+#include "protocol/Transactions.h"
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -30,14 +30,10 @@ TEST(Packet, CommandsAreNoteOnsOfCableZeroOnChannelThirteen) {
 TEST(Packet, DataByteTravelsAsTwoNibbles) {
     EXPECT_EQ(packets::data(0xA7), (Packet{0x09, 0x90, 0x0A, 0x07}));
     EXPECT_EQ(packets::data(0x7F), (Packet{0x09, 0x90, 0x07, 0x0F}));
-}
-
-TEST(Packet, ZeroByteDiffersFromTheFillPacket) {
     EXPECT_EQ(packets::data(0x00), (Packet{0x09, 0x90, 0x00, 0x00}));
-    EXPECT_NE(packets::data(0x00), packets::kFill);
 }
 
-class PacketWriting : public testing::DeviceTest {};
+using PacketWriting = testing::DeviceTest;
 
 TEST_F(PacketWriting, PacketIsOneTransferOfFourBytesOnPipeTwo) {
     takeInterface();
@@ -80,44 +76,24 @@ TEST(SceneImage, NameLongerThanTwelveBytesKeepsItsFirstTwelve) {
     EXPECT_EQ(image[13], 0);
 }
 
-TEST(SceneImage, SceneOfZerosIs253ZeroBytes) {
-    const SceneImage image = encodeScene(*zeroScene());
-    EXPECT_EQ(image.size(), 253U);
-    EXPECT_EQ(std::ranges::count(image, 0), 253);
-}
-
-TEST(SceneImage, CommonSettingsFollowTheName) {
-    const auto scene = zeroScene();
-    CommonValue& common = *scene->commonValue();
-    common.setGlobalMIDICh(1);
-    common.setPianoKeyCh(16);
-    common.setPitchBendSpeed(64);
-    common.setKeyTranspose(8);
-    common.setKeyVelocityCurve(3);
-    common.setKeyConstVelocity(100);
-    common.setPadVelocityCurve(2);
-    common.setPadConstVelocity(127);
-    const SceneImage image = encodeScene(*scene);
-    EXPECT_EQ((Bytes{image.begin() + 12, image.begin() + 21}),
-              (Bytes{1, 16, 64, 8, 3, 100, 2, 127, 0}));
-}
-
+// 127 is the highest value that is written as it is.
 TEST(SceneImage, EachFieldHasOneByteAndNoOther) {
     for (const auto& row : testing::controlBytes())
         for (std::size_t k = 0; k < row.count; ++k) {
             const auto scene = zeroScene();
-            ((*scene->buttonValueArray()[row.first + k]).*row.write)(0x55);
+            ((*scene->buttonValueArray()[row.first + k]).*row.write)(127);
             SceneImage expected{};
-            expected.at(row.offset + k) = 0x55;
+            expected.at(row.offset + k) = 127;
             EXPECT_EQ(encodeScene(*scene), expected) << row.name << ' ' << k;
         }
     for (const auto& row : testing::commonBytes()) {
         const auto scene = zeroScene();
-        ((*scene->commonValue()).*row.write)(0x55);
+        ((*scene->commonValue()).*row.write)(127);
         SceneImage expected{};
-        expected.at(row.offset) = 0x55;
+        expected.at(row.offset) = 127;
         EXPECT_EQ(encodeScene(*scene), expected) << row.name;
     }
+    EXPECT_EQ(SceneImage().size(), 253U);
 }
 
 TEST(SceneImage, FieldsThatAKindDoesNotCarryAreNotWritten) {
@@ -148,12 +124,6 @@ TEST(SceneImage, ValueOutsideZeroTo127IsWrittenAsZero) {
     }
 }
 
-TEST(SceneImage, HighestValueIsWrittenAsItIs) {
-    const auto scene = zeroScene();
-    scene->buttonValueArray()[44]->setOffValue(127);
-    EXPECT_EQ(encodeScene(*scene)[144], 0x7F);
-}
-
 TEST(SceneImage, RecordsThatTheSceneLacksAreWrittenAsZero) {
     EXPECT_EQ(encodeScene(SceneValue()), SceneImage{});
     SceneValue scene;
@@ -163,6 +133,24 @@ TEST(SceneImage, RecordsThatTheSceneLacksAreWrittenAsZero) {
     SceneImage expected{};
     expected[145] = 5;
     EXPECT_EQ(encodeScene(scene), expected);
+}
+
+TEST(SceneAction, GivesTheImageOfAScene) {
+    const auto scene = zeroScene();
+    scene->buttonValueArray()[19]->setCB(3);
+    const SceneImage image = encodeScene(*scene);
+    EXPECT_EQ(SceneAction::sceneToBytes(*scene), Bytes(image.begin(), image.end()));
+}
+
+TEST(SceneAction, InitialisedButtonIsAbsentInAllButItsIdentifier) {
+    const auto button = std::make_shared<ButtonValue>();
+    button->setButtonID(48);
+    for (const auto& field : kButtonOptionFields)
+        EXPECT_EQ(field.of(*button), 0) << field.name;
+    EXPECT_EQ(SceneAction::initButton(button), button);
+    EXPECT_EQ(button->ButtonID(), 48);
+    for (const auto& field : kButtonOptionFields)
+        EXPECT_EQ(field.of(*button), -1) << field.name;
 }
 
 } // namespace

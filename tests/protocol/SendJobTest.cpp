@@ -56,7 +56,7 @@ TEST_F(SendJobTest, BytesAreSentAsNibblesAndTheRestOfTheLastBlockIsFilled) {
     };
     for (const Row& row :
          {Row{{0xA7, 0x00, 0xFF}, "01", {"09 90 0a 07", "09 90 00 00", "09 90 0f 0f"}, 509},
-          Row{Bytes(511, 0x12), "01", Lines(511, "09 90 01 02"), 1},
+          Row{{}, "01", {}, 512}, Row{Bytes(511, 0x12), "01", Lines(511, "09 90 01 02"), 1},
           Row{Bytes(512, 0x12), "02", Lines(512, "09 90 01 02"), 512}}) {
         script->calls.clear();
         sendWhole(row.image);

@@ -13,7 +13,6 @@ namespace scenewright {
 namespace {
 
 using testing::Bytes;
-using testing::Lines;
 
 class SendStreams : public testing::DeviceTest {
 protected:
@@ -80,17 +79,6 @@ TEST_F(SendStreams, HoldEveryLineOfASendInOrder) {
     const Bytes bank = testing::randomImages(random, 4);
     sendBank(bank);
     EXPECT_EQ(withoutMessages(), expectedStreams(bank).events);
-}
-
-TEST_F(SendStreams, EveryPacketOfASendInOrder) {
-    std::mt19937 random(6);
-    const Bytes bank = testing::randomImages(random, 4);
-    sendBank(bank);
-    Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 02"};
-    for (const std::uint8_t byte : bank)
-        expected.push_back(format("%02x %02x %02x %02x", 0x09, 0x90, byte / 16U, byte % 16U));
-    expected.insert(expected.end(), 12, "09 90 0f 0f");
-    EXPECT_EQ(written(), expected);
 }
 
 } // namespace

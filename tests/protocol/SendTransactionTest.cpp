@@ -3,7 +3,6 @@
 #include "tests/protocol/DeviceTest.h"
 #include "tests/protocol/TestScenes.h"
 
-#include <algorithm>
 #include <array>
 #include <pthread.h>
 
@@ -32,21 +31,22 @@ SceneList fourScenes() {
     return scenes;
 }
 
-TEST_F(SendTransactionTest, ScenesAreSentEndToEndInTheirOrder) {
+TEST_F(SendTransactionTest, ScenesAreSentEndToEndAlsoMoreThanTheDeviceHolds) {
     SceneList scenes = fourScenes();
-    for (std::size_t s = 0; s < 4; ++s) {
+    scenes.push_back(zeroScene());
+    for (std::size_t s = 0; s < 5; ++s) {
         scenes[s]->commonValue()->setSceneName("SCENE" + std::to_string(s + 1));
         scenes[s]->buttonValueArray()[19]->setCB(static_cast<std::int32_t>(s) + 100);
     }
     sendWhole(scenes);
     const Bytes& sent = controller.received();
-    ASSERT_EQ(sent.size(), 1024U);
-    for (std::size_t s = 0; s < 4; ++s) {
+    ASSERT_EQ(sent.size(), 1536U);
+    for (std::size_t s = 0; s < 5; ++s) {
         EXPECT_EQ(sent[s * 253], 'S');
         EXPECT_EQ(sent[s * 253 + 5], '1' + s);
         EXPECT_EQ(sent[s * 253 + 252], 100 + s);
     }
-    EXPECT_EQ(Bytes(sent.begin() + 1012, sent.end()), Bytes(12, 0xFF));
+    EXPECT_EQ(Bytes(sent.begin() + 1265, sent.end()), Bytes(271, 0xFF));
 }
 
 TEST_F(SendTransactionTest, ScenesThatNoThreadCouldSendAreToldAndTheInterfaceReleased) {
@@ -75,22 +75,6 @@ TEST_F(SendTransactionTest, OutcomeCountsEveryTransferAndAMillisecondGoesBeforeE
                                                 .first = {}}));
     EXPECT_EQ(pauses,
               std::vector<std::chrono::nanoseconds>(2 + 2 + 1024, std::chrono::milliseconds(1)));
-}
-
-TEST_F(SendTransactionTest, EmptySceneArraySendsOneBlockOfFillPackets) {
-    sendWhole({});
-    Lines expected{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 01"};
-    expected.insert(expected.end(), 512, "09 90 0f 0f");
-    EXPECT_EQ(written(), expected);
-    EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
-}
-
-TEST_F(SendTransactionTest, MoreScenesThanTheDeviceHoldsAreAllSent) {
-    SceneList scenes = fourScenes();
-    scenes.push_back(zeroScene());
-    sendWhole(scenes);
-    EXPECT_EQ(written()[3], "09 9c 00 03");
-    EXPECT_EQ(controller.received().size(), 1536U);
 }
 
 TEST_F(SendTransactionTest, WhatIsSentIsWhatTheScenesHeldAtTheCall) {
@@ -128,16 +112,6 @@ TEST_F(SendTransactionTest, MainQueueTasksRunInTheirOrderAndTheLastReleasesTheIn
               (Lines{"log ing", "log ing", "log 100", "message Send Scene Data Finish:100%:Success",
                      "log Finish", "close one/1", "release one/1"}));
     EXPECT_FALSE(SendJob::isRunning());
-}
-
-TEST_F(SendTransactionTest, HandshakeIsRepeatedBeforeTheJobStarts) {
-    controller.wrongReplies = {{0x0B}, {0x0B}};
-    sendWhole({});
-    const Lines packets = written();
-    EXPECT_EQ(Lines(packets.begin(), packets.begin() + 8),
-              (Lines{"09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02", "09 9c 7e 7d", "09 9c 01 02",
-                     "09 9c 7e 7d", "09 9c 01 03", "09 9c 00 01"}));
-    EXPECT_EQ(std::ranges::count(log, "do HandshakeOperation"), 2);
 }
 
 TEST_F(SendTransactionTest, FailedWriteGivesTheInterfaceUpAndTheJobRunsToItsEnd) {
