@@ -2,7 +2,7 @@
 // and after it, so that it can be taken back and done again. Main thread only.
 #pragma once
 
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 

@@ -1,5 +1,4 @@
 #include "bank/BankFile.h"
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 #include "model/TypedValue.h"

@@ -1,6 +1,5 @@
 #include "bank/Edit.h"
 
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 #include "model/TypedValue.h"

@@ -1,7 +1,6 @@
 #include "bank/Fill.h"
 
 #include "bank/Edit.h"
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
 

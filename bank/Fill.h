@@ -3,7 +3,7 @@
 // that cannot be done whole is not done.
 #pragma once
 
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "model/TypedValue.h"

@@ -1,7 +1,6 @@
 #include "bank/Findings.h"
 
 #include "bank/BankFile.h"
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/ControlOutput.h"
 #include "model/Midi.h"

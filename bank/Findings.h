@@ -3,7 +3,6 @@
 // that do nothing.
 #pragma once
 
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"

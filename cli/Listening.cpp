@@ -1,7 +1,7 @@
 #include "cli/Listening.h"
 
 #include "app/KeyboardPorts.h"
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
 #include "model/ControlOutput.h"

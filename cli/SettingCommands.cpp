@@ -4,7 +4,6 @@
 #include "app/WindowAction.h"
 #include "bank/Edit.h"
 #include "bank/Fill.h"
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"

@@ -2,7 +2,7 @@
 
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 
 #include <gtest/gtest.h>
 

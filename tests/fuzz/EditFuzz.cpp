@@ -5,7 +5,6 @@
 #include "bank/BankFile.h"
 #include "bank/Edit.h"
 #include "bank/Fill.h"
-#include "bank/Path.h"
 #include "bank/SettingText.h"
 #include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"

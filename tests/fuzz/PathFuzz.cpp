@@ -1,5 +1,5 @@
 // Paths: what is taken names settings whose own paths are taken too; what is refused says where.
-#include "bank/Path.h"
+#include "bank/SettingText.h"
 #include "tests/fuzz/Checks.h"
 
 #include <charconv>
