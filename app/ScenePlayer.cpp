@@ -2,7 +2,7 @@
 
 #include "platform/Text.h"
 #include "usb/Transport.h"
-#include "virtual/Playing.h"
+#include "virtual/VirtualController.h"
 #include "virtual/VirtualHost.h"
 
 #include <fmt/format.h>

@@ -6,7 +6,7 @@
 #include "model/Midi.h"
 #include "protocol/SceneImage.h"
 #include "sequencer/Sequencer.h"
-#include "virtual/Playing.h"
+#include "virtual/VirtualController.h"
 
 #include <functional>
 #include <memory>

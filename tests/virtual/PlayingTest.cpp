@@ -1,4 +1,4 @@
-#include "virtual/Playing.h"
+#include "virtual/VirtualController.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

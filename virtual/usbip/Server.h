@@ -10,7 +10,6 @@
 
 #include "platform/Process.h"
 #include "platform/Text.h"
-#include "virtual/Playing.h"
 #include "virtual/VirtualController.h"
 #include "virtual/usbip/Session.h"
 #include "virtual/usbip/Sockets.h"

@@ -4,7 +4,7 @@
 // reason, unplugs the device from that host. One thread.
 #pragma once
 
-#include "virtual/Playing.h"
+#include "virtual/VirtualController.h"
 #include "virtual/usbip/BackgroundFiles.h"
 #include "virtual/usbip/BusDevice.h"
 
