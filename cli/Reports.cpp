@@ -1,6 +1,6 @@
 #include "cli/Reports.h"
 
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "model/ControlOutput.h"
 #include "model/Midi.h"
 #include "model/SceneValue.h"

@@ -1,7 +1,6 @@
 #include "cli/Transaction.h"
 
 #include "app/DeviceSession.h"
-#include "app/OutcomeText.h"
 #include "app/SafeSend.h"
 #include "app/SendJournal.h"
 #include "bank/BankFile.h"

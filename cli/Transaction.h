@@ -2,7 +2,7 @@
 // what went wrong reported on standard error.
 #pragma once
 
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "model/SceneValue.h"
 #include "protocol/SceneImage.h"
 #include "usb/Transport.h"

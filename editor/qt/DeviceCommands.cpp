@@ -1,7 +1,6 @@
 #include "editor/qt/DeviceCommands.h"
 
 #include "app/DeviceSession.h"
-#include "app/OutcomeText.h"
 #include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"
 #include "editor/qt/QtHelpers.h"

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "app/DeviceSession.h"
-#include "app/OutcomeText.h"
 #include "editor/qt/DeviceCommands.h"
 #include "editor/qt/EarlierCommands.h"
 #include "editor/qt/MainWindow.h"

@@ -1,7 +1,6 @@
 #include "editor/qt/KeyboardCommands.h"
 
 #include "app/DeviceSession.h"
-#include "app/OutcomeText.h"
 #include "editor/qt/QtHelpers.h"
 #include "protocol/Transactions.h"
 

@@ -1,7 +1,7 @@
 #include "editor/qt/KeyboardsDialog.h"
 
+#include "app/DeviceSession.h"
 #include "app/Keyboards.h"
-#include "app/OutcomeText.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "usb/Devices.h"

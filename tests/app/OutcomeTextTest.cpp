@@ -1,4 +1,4 @@
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "cli/Reports.h"
 
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "protocol/SceneImage.h"
 
 #include <gtest/gtest.h>

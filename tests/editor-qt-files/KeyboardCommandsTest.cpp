@@ -1,7 +1,6 @@
 #include "editor/qt/KeyboardCommands.h"
 
 #include "app/DeviceSession.h"
-#include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "bank/Edit.h"

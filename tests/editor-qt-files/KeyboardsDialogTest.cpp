@@ -1,7 +1,7 @@
 #include "editor/qt/KeyboardsDialog.h"
 
+#include "app/DeviceSession.h"
 #include "app/Keyboards.h"
-#include "app/OutcomeText.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/TempFolder.h"

@@ -1,5 +1,5 @@
 // Every text of our own that the window shows goes through the translation.
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "editor/qt/DeviceVerification.h"

@@ -1,7 +1,7 @@
 // A USB bus whose devices describe themselves, and answer, as the input orders: the controller is
 // taken or the reason is told, what was taken from the bus and from the kernel's drivers is given
 // back, and the list of MIDI devices stays a list that a person and a program can read.
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "cli/Reports.h"
 #include "platform/Text.h"
 #include "protocol/Connection.h"

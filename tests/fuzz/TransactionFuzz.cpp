@@ -1,7 +1,7 @@
 // A read or a send against a controller, and a USB system, that answer what the input orders. What
 // was read is what was delivered, what was sent is what the scenes encode to, or the outcome says
 // what went wrong; and the interface is given back.
-#include "app/OutcomeText.h"
+#include "app/DeviceSession.h"
 #include "bank/BankFile.h"
 #include "model/MessageValue.h"
 #include "platform/MainQueue.h"

@@ -7,8 +7,8 @@
 // "unplugged", "no permission", "claimed" or "usable".
 #include "protocol/Transactions.h"
 
+#include "app/DeviceSession.h"
 #include "app/Keyboards.h"
-#include "app/OutcomeText.h"
 #include "app/WindowAction.h"
 #include "bank/BankFile.h"
 #include "platform/MainQueue.h"
