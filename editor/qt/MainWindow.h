@@ -10,6 +10,7 @@
 #include "editor/qt/DevicePicture.h"
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
+#include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
 #include "editor/qt/ValuePanes.h"
 #include "model/SceneValue.h"
@@ -29,7 +30,6 @@ class QHBoxLayout;
 
 namespace scenewright {
 
-class GuideWindow;
 class StripPlace;
 class UnsentButton;
 
@@ -123,10 +123,12 @@ public:
     // The scenes that are not what the keyboard holds have a dot.
     using SceneMarks = std::array<bool, kSceneCount>;
     void setSceneMarks(const SceneMarks& marks);
-    // The gain panel, made when it is first wanted.
-    [[nodiscard]] GainWindow& gainPanel();
-    // The same of the guide.
-    [[nodiscard]] GuideWindow& guide();
+    // The gain panel or the guide, made when it is first wanted.
+    template <typename Made>
+    [[nodiscard]] Made& subWindow() {
+        auto* const made = findChild<Made*>();
+        return made != nullptr ? *made : makeChild<Made>(this);
+    }
     // Shows the chosen scene from its scene-wide settings, after all scenes were replaced.
     void showScenesAnew();
     // Chooses a control, 0 to 45, of a scene, 0 to 3, as if the user had, and shows its settings as
@@ -184,8 +186,6 @@ private:
     MainMenu* menu_ = nullptr;
     NoticeBar* notices_ = nullptr;
     StripPlace* strips_ = nullptr;
-    GainWindow* gainPanel_ = nullptr;
-    GuideWindow* guide_ = nullptr;
     QPointer<QWidget> former_; // had the keyboard before a send greyed it
 };
 

@@ -96,7 +96,7 @@ TEST_F(SourceTextsTest, AValueOutsideItsList) {
 
 TEST_F(SourceTextsTest, TheGainPanelAndTheVersions) {
     open();
-    expectAllOwn(window().gainPanel());
+    expectAllOwn(window().subWindow<GainWindow>());
     // Licences and libraries have their own words.
     QStringList words = shown(licenceText()).split('\n');
     for (const Library& library : libraries())

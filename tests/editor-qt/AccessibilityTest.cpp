@@ -58,8 +58,9 @@ TEST_F(Accessibility, EveryWidgetHasAName) {
     const EditorCommands commands(window(), nullptr);
     About about;
     for (QWidget* root :
-         {static_cast<QWidget*>(&window()), static_cast<QWidget*>(&window().gainPanel()),
-          static_cast<QWidget*>(&window().guide()), static_cast<QWidget*>(&about)})
+         {static_cast<QWidget*>(&window()),
+          static_cast<QWidget*>(&window().subWindow<GainWindow>()),
+          static_cast<QWidget*>(&window().subWindow<GuideWindow>()), static_cast<QWidget*>(&about)})
         EXPECT_EQ(namelessIn(*root), std::string());
     QWidget root;
     root.setAccessibleName("root");

@@ -126,7 +126,7 @@ TEST_P(FocusContrast, IsThreeToOneOnEachKindOfWidget) {
 TEST_P(FocusContrast, IsThreeToOneInTheGainPanel) {
     open();
     applyTheme(GetParam());
-    GainWindow& panel = window().gainPanel();
+    GainWindow& panel = window().subWindow<GainWindow>();
     panel.show();
     panel.activateWindow();
     ASSERT_TRUE(waitUntil([&panel] { return panel.isActiveWindow(); }));

@@ -45,7 +45,7 @@ protected:
     GuideWindow& openGuide() {
         open();
         QTest::keyClick(&window(), Qt::Key_F1);
-        return window().guide();
+        return window().subWindow<GuideWindow>();
     }
 };
 

@@ -181,9 +181,9 @@ TEST_F(MainWindowTest, PadsShineThePaneMixesTheirColourAndTheDescriptionFollows)
 TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
     open();
     window().menu().gainPanel().trigger();
-    EXPECT_TRUE(window().gainPanel().isVisible());
-    EXPECT_TRUE(window().gainPanel().isWindow());
-    EXPECT_EQ(window().gainPanel().windowTitle(), "Gain Panel");
+    EXPECT_TRUE(window().subWindow<GainWindow>().isVisible());
+    EXPECT_TRUE(window().subWindow<GainWindow>().isWindow());
+    EXPECT_EQ(window().subWindow<GainWindow>().windowTitle(), "Gain Panel");
 }
 
 TEST_F(MainWindowTest, ControlsThatASceneDoesNotHoldAreNamedAndNoMore) {

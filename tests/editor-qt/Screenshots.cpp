@@ -120,7 +120,7 @@ int takeAll(const Order& order) {
         return keep(picture, order, name);
     };
     const bool isDone = keepOne(window.grab(), "editor") && keepPanes(window, order) &&
-                        keepOne(window.gainPanel().grab(), "gain") &&
+                        keepOne(window.subWindow<GainWindow>().grab(), "gain") &&
                         (!order.wantsModes || keepModes(window, order)) &&
                         keepGuidePictures(window, commands, keepOne) &&
                         (!order.wantsSituations || keepSituations(window, commands, keepOne));

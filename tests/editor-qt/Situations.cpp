@@ -116,7 +116,7 @@ bool keepDialogs(MainWindow& window, EditorCommands& commands, const Keep& keep)
     window.menu().guide().trigger();
     settle(window);
     About about(&window);
-    return keep(window.guide().grab(), "guide") && keep(about.grab(), "about");
+    return keep(window.subWindow<GuideWindow>().grab(), "guide") && keep(about.grab(), "about");
 }
 
 AttachedDevice deviceAt(const char* port, AttachedDevice::Access access) {
