@@ -1,7 +1,6 @@
 #include "editor/qt/Theme.h"
 
 #include "editor/qt/QtHelpers.h"
-#include "editor/qt/WindowStyle.h"
 
 #include <QApplication>
 #include <QBrush>

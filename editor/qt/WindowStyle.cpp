@@ -1,5 +1,4 @@
-#include "editor/qt/WindowStyle.h"
-
+// How the style draws and measures the widgets.
 #include "editor/qt/Theme.h"
 
 #include <QFont>

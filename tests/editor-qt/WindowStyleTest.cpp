@@ -1,5 +1,3 @@
-#include "editor/qt/WindowStyle.h"
-
 #include "editor/qt/Theme.h"
 
 #include <QApplication>
