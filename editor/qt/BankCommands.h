@@ -47,8 +47,6 @@ public:
     void exportSheet(const QString& file);
     void print();
 
-    [[nodiscard]] QMenu& recentMenu() { return *recent_; }
-
 protected:
     // Of the window: a file is dragged over it or dropped on it.
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -81,8 +81,6 @@ public:
     // A dialog of them; the keyboard's values first.
     void showDifferences(std::vector<Difference> differences);
 
-    [[nodiscard]] QAction& compareAction() { return *compare_; }
-
 private:
     // Puts the controller's values into the stored scenes.
     void take(const std::vector<Difference>& differences);

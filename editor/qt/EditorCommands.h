@@ -40,11 +40,9 @@ public:
     void reportLists(const std::vector<std::string>& errors);
 
     [[nodiscard]] History& history() { return history_; }
-    [[nodiscard]] ChangeMarks& marks() { return marks_; }
     [[nodiscard]] Document& document() { return document_; }
     [[nodiscard]] BankCommands& banks() { return banks_; }
     [[nodiscard]] EarlierCommands& earlier() { return earlier_; }
-    [[nodiscard]] ControlCommands& controls() { return controls_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
     [[nodiscard]] SceneChecks& checks() { return checks_; }

@@ -31,13 +31,6 @@ class ControlCommands final : public QObject {
 public:
     ControlCommands(MainWindow& window, History& history);
 
-    [[nodiscard]] QAction& copyAction() { return *copy_; }
-    [[nodiscard]] QAction& pasteAction() { return *paste_; }
-    [[nodiscard]] QAction& resetAction() { return *reset_; }
-    [[nodiscard]] QAction& selectAllAction() { return *selectAll_; }
-    [[nodiscard]] QAction& fillAction() { return *fill_; }
-    [[nodiscard]] QAction& transposeAction() { return *transpose_; }
-
 private:
     void copy();
     void paste();

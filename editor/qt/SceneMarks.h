@@ -54,9 +54,6 @@ class ChangeMarks final : public QObject {
 public:
     ChangeMarks(MainWindow& window, History& history, DeviceVerification& verification);
 
-    // Whether the picture shows which controls differ.
-    [[nodiscard]] QAction& pictureAction() { return *picture_; }
-
 private:
     // Finds the differences anew, and shows them.
     void follow();
@@ -64,7 +61,8 @@ private:
 
     MainWindow& window_;
     std::vector<Difference> unsent_; // the keyboard's values first
-    QAction* picture_ = nullptr;     // child of the View menu
+    // Child of the View menu; whether the picture shows which controls differ.
+    QAction* picture_ = nullptr;
     KnownKeyboard::Subscription keyboard_;
 };
 

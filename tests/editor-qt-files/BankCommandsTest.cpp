@@ -143,7 +143,7 @@ TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
 }
 
 TEST_F(BankCommandsTest, EightRecentBanksAreListedWhileTheyExist) {
-    QMenu& menu = commands().banks().recentMenu();
+    auto& menu = field<QMenu>(window(), "Recent banks");
     EXPECT_FALSE(entries(menu).front()->isEnabled());
     for (int number = 0; number < 10; ++number)
         commands().banks().openBank(bankWithRed(std::to_string(number).c_str(), number));

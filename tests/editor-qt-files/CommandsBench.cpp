@@ -130,6 +130,13 @@ void CommandsBench::clickNotice(const char* title) {
     ADD_FAILURE() << title << " is not offered";
 }
 
+QAction& CommandsBench::entry(const QString& title) {
+    for (auto* action : window().menuBar()->findChildren<QAction*>())
+        if (unmarked(action->text()).startsWith(title))
+            return *action;
+    throw std::out_of_range(title.toStdString());
+}
+
 QStringList CommandsBench::tabStops(const QWidget& first) {
     QStringList stops;
     for (const QWidget* at = &first; stops.isEmpty() || at != &first; at = at->nextInFocusChain())

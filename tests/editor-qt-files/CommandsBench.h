@@ -90,6 +90,8 @@ protected:
                 return *at;
         throw std::out_of_range(name.toStdString());
     }
+    // The first entry of the menus whose title begins so.
+    QAction& entry(const QString& title);
     // What the Tab key goes to from this field on, by name.
     static QStringList tabStops(const QWidget& first);
     // A bank of four default scenes in which pad 1 of the first one has this red.

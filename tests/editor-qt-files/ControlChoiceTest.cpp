@@ -120,7 +120,7 @@ TEST_F(ControlChoiceTest, AllOfTheKindAreChosenWithTheirKeys) {
     EXPECT_EQ(heading(), "Pad 4 and 7 more pads");
     press(Qt::Key_2); // another scene
     expectChosen({0});
-    EXPECT_FALSE(commands().controls().selectAllAction().isEnabled());
+    EXPECT_FALSE(entry("Select All").isEnabled());
 }
 
 TEST_F(ControlChoiceTest, ABandTakesWhatItTouches) {
@@ -236,16 +236,16 @@ TEST_F(ControlChoiceTest, KeysCopyAndPasteBetweenPads) {
 }
 
 TEST_F(ControlChoiceTest, PasteIsGreyedWhereTheKindDiffers) {
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+    EXPECT_FALSE(entry("Paste").isEnabled());
     choose(kPad);
     press(Qt::Key_C);
-    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
+    EXPECT_TRUE(entry("Paste").isEnabled());
     choose(kKnob);
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+    EXPECT_FALSE(entry("Paste").isEnabled());
     choose(kPad + 3);
-    EXPECT_TRUE(commands().controls().pasteAction().isEnabled());
+    EXPECT_TRUE(entry("Paste").isEnabled());
     press(Qt::Key_2);
-    EXPECT_FALSE(commands().controls().pasteAction().isEnabled());
+    EXPECT_FALSE(entry("Paste").isEnabled());
 }
 
 TEST_F(ControlChoiceTest, PasteAndResetShowTheControlAndLogNoSelection) {
@@ -265,11 +265,11 @@ TEST_F(ControlChoiceTest, PasteAndResetShowTheControlAndLogNoSelection) {
 
 TEST_F(ControlChoiceTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {
     choose(kPad);
-    ASSERT_TRUE(commands().controls().copyAction().isEnabled());
+    ASSERT_TRUE(entry("Copy").isEnabled());
     QTest::keyClick(&window().list(), Qt::Key_Down); // passes over a row
     ASSERT_EQ(window().view().selectControl(), -1);
-    EXPECT_FALSE(commands().controls().copyAction().isEnabled());
-    EXPECT_FALSE(commands().controls().resetAction().isEnabled());
+    EXPECT_FALSE(entry("Copy").isEnabled());
+    EXPECT_FALSE(entry("Reset").isEnabled());
 }
 
 } // namespace

@@ -97,7 +97,7 @@ TEST_F(DeviceVerificationTest, SendAndVerifyReadsBackAndAPlainSendDoesNot) {
     commands().verification().compare(); // neither is done meanwhile
     commands().verification().sendAndVerify();
     EXPECT_EQ(notice(), "");
-    EXPECT_FALSE(commands().verification().compareAction().isEnabled());
+    EXPECT_FALSE(entry("Compare With Device").isEnabled());
     waitForSend();
     EXPECT_EQ(controller->sendsEnded(), 1U);
     EXPECT_EQ(notice(), kSame);
@@ -210,7 +210,7 @@ TEST_F(DeviceVerificationTest, NoKindOfChangeLeavesTheNoticeThatBothAreTheSame) 
          [this] {
              commands().colours().choose(PadColour{1, 2, 3});
          }},
-        {"reset", [this] { commands().controls().resetAction().trigger(); }},
+        {"reset", [this] { entry("Reset").trigger(); }},
         {"paste", paste},
         {"scenes swapped", [this] { commands().scenes().swap(0, 1); }},
         {"a bank opened", [this, bank] { commands().banks().openBank(bank); }},

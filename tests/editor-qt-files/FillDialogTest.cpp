@@ -21,13 +21,12 @@ namespace {
 
 class FillDialogTest : public OpenWindow {
 protected:
-    QAction& fill() { return commands().controls().fillAction(); }
     void chooseAll(std::int32_t control) {
         choose(control);
-        commands().controls().selectAllAction().trigger();
+        entry("Select All").trigger();
     }
-    void inDialog(QAction& action, const std::function<void(FillDialog&)>& act) {
-        CommandsBench::inDialog<FillDialog>([&action] { action.trigger(); }, act);
+    void inDialog(const QString& title, const std::function<void(FillDialog&)>& act) {
+        CommandsBench::inDialog<FillDialog>([&] { entry(title).trigger(); }, act);
     }
     static QStringList offered(FillDialog& dialog) {
         return field<PopUpBox>(dialog, "Fill with").titles();
@@ -54,7 +53,7 @@ TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
         {kKey, {"Notes", "Controllers", "Their notes, moved"}}};
     for (const auto& [control, titles] : rows) {
         choose(control);
-        inDialog(fill(), [&wanted = titles](FillDialog& dialog) {
+        inDialog("Fill...", [&wanted = titles](FillDialog& dialog) {
             EXPECT_EQ(offered(dialog), wanted);
             dialog.reject();
         });
@@ -64,7 +63,7 @@ TEST_F(FillDialogTest, EachKindIsOfferedWhatItCarries) {
 
 TEST_F(FillDialogTest, ItStandsAtTheFootOfTheWindowAndTabGoesFromItsFieldsToItsButtons) {
     choose(kPad);
-    inDialog(fill(), [this](FillDialog& dialog) {
+    inDialog("Fill...", [this](FillDialog& dialog) {
         const QRect room = dialog.screen()->availableGeometry();
         const QPoint foot = window().mapToGlobal(window().rect().bottomLeft());
         EXPECT_TRUE(room.contains(dialog.geometry()));
@@ -80,7 +79,7 @@ TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
     chooseAll(kPad);
     const Numbers before = numbers();
     const QString shownBefore = caption(kPad + 1);
-    inDialog(fill(), [&](FillDialog& dialog) {
+    inDialog("Fill...", [&](FillDialog& dialog) {
         field<QLineEdit>(dialog, "First note").setText("C3");
         field<QComboBox>(dialog, "Scale or steps").setCurrentText("minor-pentatonic");
         EXPECT_EQ(caption(kPad + 1), "Note\nEb3");
@@ -106,7 +105,7 @@ TEST_F(FillDialogTest, ItIsOneStepOfTheChosenControls) {
                            Row{"C2", "2,1", {36, 38, 39, 41, 42, 44, 45, 47}},
                            Row{"60", "-1", {60, 59, 58, 57, 56, 55, 54, 53}}}) {
         const Numbers before = numbers();
-        inDialog(fill(), [&](FillDialog& dialog) {
+        inDialog("Fill...", [&](FillDialog& dialog) {
             field<QLineEdit>(dialog, "First note").setText(row.first);
             field<QComboBox>(dialog, "Scale or steps").setCurrentText(row.steps);
             dialog.accept();
@@ -122,7 +121,7 @@ TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
     const Numbers before = numbers();
     choose(kPad + 1);
     QTest::mouseClick(&button(kPad + 6), Qt::LeftButton, Qt::ControlModifier);
-    inDialog(fill(), [](FillDialog& dialog) {
+    inDialog("Fill...", [](FillDialog& dialog) {
         field<QLineEdit>(dialog, "First note").setText("C1");
         dialog.accept();
     });
@@ -130,7 +129,7 @@ TEST_F(FillDialogTest, OnlyTheChosenOnesAreFilledOrMoved) {
     after[1] = 24;
     after[6] = 25;
     EXPECT_EQ(numbers(), after);
-    inDialog(commands().controls().transposeAction(), [](FillDialog& dialog) {
+    inDialog("Transpose...", [](FillDialog& dialog) {
         EXPECT_EQ(offered(dialog)[field<PopUpBox>(dialog, "Fill with").selectedItem()],
                   "Their notes, moved");
         field<QSpinBox>(dialog, "Semitones").setValue(-2);
@@ -191,7 +190,7 @@ TEST_F(FillDialogTest, EachPageFillsTheShownSceneWithWhatItsFieldsSay) {
               number,
               {kAssignNote, 40}}}) {
         const Numbers before = row.read(last);
-        inDialog(fill(), [&](FillDialog& dialog) {
+        inDialog("Fill...", [&](FillDialog& dialog) {
             field<PopUpBox>(dialog, "Fill with").chooseItem(row.page);
             EXPECT_EQ(dialog.findChild<QStackedWidget*>()->currentIndex(), row.page);
             row.fields(dialog);
@@ -206,7 +205,7 @@ TEST_F(FillDialogTest, EachPageFillsTheShownSceneWithWhatItsFieldsSay) {
 
 TEST_F(FillDialogTest, AColourOfTheTwoIsChosenInADialogOfItsOwn) {
     chooseAll(kPad);
-    inDialog(fill(), [](FillDialog& dialog) {
+    inDialog("Fill...", [](FillDialog& dialog) {
         field<PopUpBox>(dialog, "Fill with").chooseItem(3);
         for (const int colours : {1, 0})
             for (const char* const name : {"From", "To"}) {
@@ -236,7 +235,7 @@ TEST_F(FillDialogTest, AColourOfTheTwoIsChosenInADialogOfItsOwn) {
 
 TEST_F(FillDialogTest, WhatCannotBeDoneIsSaidAndNotDone) {
     chooseAll(kPad);
-    inDialog(fill(), [&](FillDialog& dialog) {
+    inDialog("Fill...", [&](FillDialog& dialog) {
         const auto expectTold = [&dialog](const std::string& told) {
             EXPECT_FALSE(field<QPushButton>(dialog, "Fill").isEnabled()) << told;
             ASSERT_FALSE(dialog.filled().has_value()) << told;

@@ -93,7 +93,7 @@ TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
     edit(0, kPad, "padCB", 3);
     window().showControl(0, 0);
     const QImage plain = picture();
-    commands().marks().pictureAction().trigger();
+    entry("Mark What Is Not Sent").trigger();
     EXPECT_NE(picture(), plain);
     EXPECT_TRUE(pad.isMarked());
     EXPECT_TRUE(pad.accessibleDescription().endsWith(", not sent"));
@@ -102,7 +102,7 @@ TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
     EXPECT_FALSE(pad.isMarked()); // of scene 2
     press(Qt::Key_1);
     EXPECT_TRUE(pad.isMarked());
-    commands().marks().pictureAction().trigger();
+    entry("Mark What Is Not Sent").trigger();
     EXPECT_EQ(picture(), plain);
 }
 

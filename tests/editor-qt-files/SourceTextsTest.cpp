@@ -107,10 +107,11 @@ TEST_F(SourceTextsTest, TheGainPanelAndTheVersions) {
 
 TEST_F(SourceTextsTest, TheMenusOfFilesAndEarlierScenes) {
     open();
+    auto& recent = field<QMenu>(window(), BankCommands::tr("Recent banks"));
     for (int count = 0; count < 2; ++count) {
-        emit commands().banks().recentMenu().aboutToShow();
+        emit recent.aboutToShow();
         emit commands().earlier().menu().aboutToShow();
-        expectAllOwn(commands().banks().recentMenu(), {"a & b.bank"});
+        expectAllOwn(recent, {"a & b.bank"});
         expectAllOwn(commands().earlier().menu());
         commands().banks().openBank(bankWithRed("a & b.bank", count));
         expectTold(notice(), {"a & b.bank"});

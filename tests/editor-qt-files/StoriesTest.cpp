@@ -36,7 +36,7 @@ protected:
     }
     void scene(int number) { press(static_cast<Qt::Key>(Qt::Key_0 + number)); }
     void fill(const char* with, const std::function<void(FillDialog&)>& act) {
-        inDialog<FillDialog>([this] { commands().controls().fillAction().trigger(); },
+        inDialog<FillDialog>([this] { entry("Fill...").trigger(); },
                              [&](FillDialog& dialog) {
                                  auto& what = field<PopUpBox>(dialog, "Fill with");
                                  what.selectItem(what.findText(with));
@@ -62,7 +62,7 @@ protected:
         });
     }
     void transpose(int semitones) {
-        inDialog<FillDialog>([this] { commands().controls().transposeAction().trigger(); },
+        inDialog<FillDialog>([this] { entry("Transpose...").trigger(); },
                              [&](FillDialog& dialog) {
                                  field<QSpinBox>(dialog, "Semitones").setValue(semitones);
                                  dialog.accept();
