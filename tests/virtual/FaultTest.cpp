@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
 
 namespace scenewright::testing {
@@ -11,6 +12,14 @@ std::string errorOf(std::string_view text) {
     const auto fault = parseFault(text);
     return fault ? "none" : fault.error();
 }
+
+std::string refusal(const std::string& shown, const std::string& reason) {
+    return "'" + shown + "' is no fault: " + reason;
+}
+
+const std::string kKinds = "it must be handshake:N, silent:N, short:N, nibble:N, write:N, unplug:N "
+                           "or stall:N";
+const std::string kCount = "a number from 0 to 4294967295 must follow 'stall:'";
 
 TEST(Fault, EveryKindIsReadByItsName) {
     using Kind = Fault::Kind;
@@ -25,33 +34,17 @@ TEST(Fault, EveryKindIsReadByItsName) {
 }
 
 TEST(Fault, UnknownKindIsRefusedWithTheKindsThatAre) {
-    for (const auto& [text, shown] : {std::pair{"melt:3", "melt:3"},
-                                      {"", ""},
-                                      {":3", ":3"},
-                                      {"Stall:3", "Stall:3"},
-                                      {" stall:3", " stall:3"},
-                                      {"ss\x05.\nr", "ss\uFFFD.\uFFFDr"}})
-        EXPECT_EQ(errorOf(text),
-                  "'" + std::string(shown) +
-                      "' is no fault: it must be handshake:N, silent:N, short:N, nibble:N, "
-                      "write:N, unplug:N or stall:N");
+    for (const std::string text : {"melt:3", "", ":3", "Stall:3", " stall:3"})
+        EXPECT_EQ(errorOf(text), refusal(text, kKinds));
+    EXPECT_EQ(errorOf("ss\x05.\nr"), refusal("ss\uFFFD.\uFFFDr", kKinds));
 }
 
 TEST(Fault, CountThatIsNoWholeNumberInRangeIsRefused) {
-    for (const auto& [text, shown] : {std::pair{"stall", "stall"},
-                                      {"stall:", "stall:"},
-                                      {"stall:-1", "stall:-1"},
-                                      {"stall:+1", "stall:+1"},
-                                      {"stall: 1", "stall: 1"},
-                                      {"stall:1 ", "stall:1 "},
-                                      {"stall:1x", "stall:1x"},
-                                      {"stall:0x1", "stall:0x1"},
-                                      {"stall:4294967296", "stall:4294967296"},
-                                      {"stall:1:2", "stall:1:2"},
-                                      {"stall:\x1B[31m", "stall:\uFFFD[31m"}})
-        EXPECT_EQ(errorOf(text), "'" + std::string(shown) +
-                                     "' is no fault: a number from 0 to 4294967295 must follow "
-                                     "'stall:'");
+    for (const std::string text :
+         {"stall", "stall:", "stall:-1", "stall:+1", "stall: 1", "stall:1 ", "stall:1x",
+          "stall:0x1", "stall:4294967296", "stall:1:2"})
+        EXPECT_EQ(errorOf(text), refusal(text, kCount));
+    EXPECT_EQ(errorOf("stall:\x1B[31m"), refusal("stall:\uFFFD[31m", kCount));
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 // Whole reads and sends against the virtual controller, in one process.
 #include "platform/MainQueue.h"
-#include "platform/Resources.h"
 #include "protocol/Transactions.h"
+#include "tests/usb/TransportFixture.h"
 #include "tests/virtual/ControllerDriver.h"
-#include "usb/Transport.h"
 #include "virtual/VirtualHost.h"
 
 #include <algorithm>
@@ -32,17 +31,11 @@ BankImage asKept(BankImage bank) {
     return bank;
 }
 
-class RoundTrip : public ::testing::Test {
+class RoundTrip : public TransportFixture {
 protected:
-    void SetUp() override {
-        Resources::setFolder(std::string(SCENEWRIGHT_SOURCE_DIR) + "/resources");
-    }
-    void TearDown() override {
-        Transport::instance().use(nullptr);
-        Resources::setFolder({});
-    }
-
     void plugIn(const BankImage& bank, FaultPlan faults = {}) {
+        Diagnostics::setConsole({}); // thousands of lines a transaction
+        Diagnostics::setLog({});
         controller = std::make_shared<VirtualController>(bank, std::move(faults));
         Transport::instance().use(makeVirtualHost(controller), [](auto) {});
     }

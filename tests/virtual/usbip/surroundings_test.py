@@ -92,14 +92,6 @@ class Trace(Case):
         self.assertEqual(server.end(), 1)
         self.assertEqual(self.told()[-1], f"{path}: not all of the trace could be written: {why}")
 
-    def test_pipe_without_a_reader_is_refused(self):
-        pipe = self.file("pipe")
-        os.mkfifo(pipe)
-        done = subprocess.run([PROGRAM, "--trace", pipe], stdin=subprocess.DEVNULL, text=True,
-                              capture_output=True, timeout=usbip.PATIENCE, check=False)
-        self.assertEqual((done.returncode, done.stderr),
-                         (2, f"{NAME}{pipe}: cannot be written: nobody reads it\n"))
-
     def test_pipe_that_is_not_read_holds_nothing_up(self):
         pipe = self.file("pipe")
         os.mkfifo(pipe)
@@ -150,15 +142,6 @@ class Trace(Case):
                 self.assertEqual(self.content("k").splitlines()[:2],
                                  [b"before", b"1 ep2 out ok 4: 09 9c 01 02"])
 
-    def test_file_is_emptied_first(self):
-        with open(self.file("trace"), "wb") as trace:
-            trace.write(b"x" * 5000)
-        server = self.serve("--trace", self.file("trace"))
-        self.check_serves(server)
-        self.assertEqual(server.end(), 0)
-        self.assertTrue(self.content("trace").startswith(b"1 ep2 out ok 4: 09 9c 01 02\n"))
-        self.assertLess(os.path.getsize(self.file("trace")), 5000)
-
     def test_standard_output_that_is_closed_is_told(self):
         server = self.serve_told("--trace", "-", preexec_fn=lambda: os.close(1))
         self.check_serves_and_tells(server, "-", "Bad file descriptor")
@@ -179,13 +162,6 @@ class Bank(Case):
     def limit_files(self, server, size):
         resource.prlimit(server.process.pid, resource.RLIMIT_FSIZE, (size, resource.RLIM_INFINITY))
 
-    def test_is_in_the_file_when_the_last_answer_comes(self):
-        server = self.serve_bank()
-        for byte in (3, 7):
-            self.send(server, byte)
-            self.assertEqual(self.content("bank"), bytes([byte]) * usbip.BANK_SIZE)
-        self.assertEqual(server.end(), 0)
-
     def test_that_cannot_be_saved_is_told_tried_at_the_end_and_exit_code_1(self):
         with open(self.file("bank"), "wb") as bank:
             bank.write(self.WHOLE)
@@ -199,16 +175,6 @@ class Bank(Case):
                          [failed, f"{self.file('bank')}: what was sent is not kept"])
         self.assertEqual(self.content("bank"), self.WHOLE)
         self.assertEqual(os.listdir(self.folder).count("bank"), 1)
-
-    def test_that_could_not_be_saved_is_saved_with_the_next_send(self):
-        server = self.serve_bank()
-        self.limit_files(server, 900)
-        self.send(server, 5)
-        self.wait_until_told(self.AGAIN)
-        self.limit_files(server, 1 << 20)
-        self.send(server, 7)
-        self.assertEqual(self.content("bank"), self.WHOLE)
-        self.assertEqual(server.end(), 0)
 
     def test_that_could_not_be_saved_is_saved_at_the_end(self):
         server = self.serve_bank()
