@@ -29,13 +29,13 @@ TEST_F(ConnectionTest, WithoutADeviceOrItsInterfaceNothingMovesUntilThereIsOne) 
         SCOPED_TRACE(devices);
         script->devices.resize(devices);
         script->answer("open", {kResultBusy, kResultBusy});
-        events.clear();
+        script->events.clear();
         EXPECT_TRUE(SceneAction::GetSceneFromDevice().empty());
-        EXPECT_EQ(events, expected);
-        events.clear();
+        EXPECT_EQ(told(), expected);
+        script->events.clear();
         SceneAction::SendSceneToDevice({testing::zeroScene()});
         expected.insert(expected.begin(), "log " + testing::dumpOf(Bytes(253, 0)));
-        EXPECT_EQ(events, expected);
+        EXPECT_EQ(told(), expected);
         EXPECT_EQ(script->callsOf({"write", "read"}), Lines{});
         EXPECT_EQ(pauses.size(), 0U);
         EXPECT_FALSE(SendJob::isRunning());

@@ -36,7 +36,7 @@ TEST(Packet, DataByteTravelsAsTwoNibbles) {
 using PacketWriting = testing::DeviceTest;
 
 TEST_F(PacketWriting, PacketIsOneTransferOfFourBytesOnPipeTwo) {
-    takeInterface();
+    connect();
     writePacket(packets::data(0xA7));
     EXPECT_EQ(script->calls, (testing::Lines{"write one/1 2 09 90 0a 07"}));
 }

@@ -20,7 +20,7 @@ class SendJobTest : public testing::DeviceTest {
 protected:
     // Starts a job on an interface that is already there, without a handshake.
     void start(const Bytes& image) {
-        takeInterface();
+        connect();
         ASSERT_EQ(SendJob::start(image, Progress::record(), keepOutcome()), kResultSuccess);
     }
     // For the end of a send; each is kept once.
@@ -105,9 +105,9 @@ TEST_F(SendJobTest, IsRunningFromItsStartToItsLastTaskAndRefusesASecondStart) {
 TEST_F(SendJobTest, SendWhileAJobRunsIsToldBusyAndTouchesNothing) {
     holdAtNextPause();
     start({1});
-    const auto before = events;
+    const auto before = told();
     sendScenes({testing::zeroScene()}, Progress::record(), keepOutcome());
-    EXPECT_EQ(events, before);
+    EXPECT_EQ(told(), before);
     EXPECT_EQ(outcomes, std::vector<Outcome>{}) << "never before the call returns";
     release();
     SendJob::join();
@@ -121,13 +121,13 @@ TEST_F(SendJobTest, SendWhileAJobRunsIsToldBusyAndTouchesNothing) {
 }
 
 TEST_F(SendJobTest, WithoutAThreadNothingIsSentAndTheNextStartIsNotRefused) {
-    takeInterface();
+    connect();
     {
         const testing::NoMoreThreads none;
         EXPECT_EQ(SendJob::start({1}, Progress::record(), keepOutcome()), kResultNoThread);
     }
     EXPECT_FALSE(SendJob::isRunning());
-    EXPECT_EQ(events, Lines{});
+    EXPECT_EQ(told(), Lines{});
     EXPECT_EQ(written(), Lines{});
     EXPECT_EQ(SendJob::start({1}, Progress::record(), {}), kResultSuccess);
     SendJob::waitForEnd();
@@ -148,7 +148,7 @@ TEST_F(SendJobTest, WaitingWithoutAJobReturnsAtOnceAndRunsNoTask) {
 }
 
 TEST_F(SendJobTest, AThrowInTheJobEndsItWithTheInterfaceReleased) {
-    takeInterface();
+    connect();
     onPause = [this] {
         if (pauses.size() == 100)
             throw std::bad_alloc();
@@ -174,7 +174,7 @@ TEST_F(SendJobTest, EachSceneIsToldUntilATransferFails) {
                                           {600, Counts{1, 2}},
                                           {1012, Counts{1, 2, 3, 4}}}) {
         Counts told;
-        takeInterface();
+        connect();
         std::vector<ResultCode> results(kCommands + bytes, kResultSuccess);
         results.push_back(kResultStall);
         script->answer("write", results);
@@ -187,7 +187,7 @@ TEST_F(SendJobTest, EachSceneIsToldUntilATransferFails) {
 }
 
 TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
-    takeInterface();
+    connect();
     Lines released;
     std::thread::id thread;
     std::thread::id told; // the last message
@@ -208,7 +208,7 @@ TEST_F(SendJobTest, OutcomeComesOnTheMainThreadAfterTheRelease) {
 
 TEST_F(SendJobTest, WhenIdleRunsInOrderAfterTheOutcomeEachWhenNoJobRuns) {
     holdAtNextPause();
-    takeInterface();
+    connect();
     Lines order;
     ASSERT_EQ(SendJob::start({1}, Progress::record(),
                              [&](const Outcome&) { order.emplace_back("outcome"); }),

@@ -5,6 +5,7 @@
 
 #include "platform/Diagnostics.h"
 #include "platform/Resources.h"
+#include "tests/support/TempFolder.h"
 #include "tests/usb/ScriptedHost.h"
 #include "usb/InterfaceAction.h"
 
@@ -35,10 +36,7 @@ protected:
     using Texts = std::vector<std::string>;
 
     void SetUp() override {
-        std::string name = (std::filesystem::temp_directory_path() / "scenewright-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder_ = name;
-        Resources::setFolder(folder_);
+        Resources::setFolder(folder_.path());
         list({{"4617", "1"}});
         Diagnostics::setConsole([this](std::string_view text) {
             console += text;
@@ -60,13 +58,12 @@ protected:
         Diagnostics::setConsole({});
         Diagnostics::setLog({});
         Resources::setFolder({});
-        std::filesystem::remove_all(folder_);
     }
 
     void list(const std::vector<Listed>& devices) { listText(projectPlist(devices)); }
     // Every version of the file is as old as the others, so that none can be told by its time.
     void listText(const std::string& text) {
-        const auto file = folder_ / "project.plist";
+        const auto file = folder_.file("project.plist");
         std::ofstream(file) << text;
         std::filesystem::last_write_time(file, std::filesystem::file_time_type());
     }
@@ -90,7 +87,7 @@ protected:
     std::vector<std::chrono::nanoseconds> pauses;
 
 private:
-    std::filesystem::path folder_;
+    TempFolder folder_;
 };
 
 } // namespace scenewright::testing

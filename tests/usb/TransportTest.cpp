@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <deque>
 #include <future>
-#include <optional>
 #include <utility>
+#include <vector>
 
 namespace scenewright::testing {
 namespace {
@@ -17,48 +17,41 @@ protected:
     }
 };
 
-TransferStats statsOf(std::uint32_t writes, std::uint32_t failedWrites, std::uint32_t reads,
-                      std::uint32_t failedReads, std::uint32_t versionReads,
-                      std::optional<TransferStats::Failure> first) {
-    return {.writes = writes,
-            .failedWrites = failedWrites,
-            .reads = reads,
-            .failedReads = failedReads,
-            .versionReads = versionReads,
-            .first = first};
-}
+using Failure = TransferStats::Failure;
 
-TEST_F(TransportState, StatsIsCleanWhileEverythingSucceeds) {
-    connect();
-    script->replies.push_back({{1, 2, 3, 4}});
-    write(1);
-    InterfaceAction::ReadFromDevice();
-    EXPECT_EQ(transport().stats(), statsOf(1, 0, 1, 0, 0, {}));
-    EXPECT_TRUE(transport().stats().isClean());
-}
+struct Transfers {
+    const char* name;
+    std::vector<ResultCode> writes;
+    std::deque<ScriptedReply> replies; // each is read
+    TransferStats stats;
+};
 
-TEST_F(TransportState, FailedWriteAndAllThatFollowItAreCounted) {
-    connect();
-    script->answer("write", {kResultSuccess, kResultSuccess, kResultStall});
-    for (std::uint8_t byte = 0; byte < 5; ++byte)
-        write(byte);
-    EXPECT_EQ(transport().stats(),
-              statsOf(5, 3, 0, 0, 0, TransferStats::Failure{true, kResultStall, 2, 0}));
-    EXPECT_FALSE(transport().stats().isClean());
-}
-
-TEST_F(TransportState, ReadOfLessThanOnePacketAndOneThatErredCountAsFailed) {
-    const auto after = [this](std::deque<ScriptedReply> replies) {
+TEST_F(TransportState, WritesThatFailAndReadsOfLessThanAPacketAreCounted) {
+    const std::vector<Transfers> rows{
+        {"all succeed", {0}, {{{1, 2, 3, 4}}}, {.writes = 1, .reads = 1, .first = {}}},
+        {"a write, and all that follow it",
+         {0, 0, kResultStall, 0, 0},
+         {},
+         {.writes = 5, .failedWrites = 3, .first = Failure{true, kResultStall, 2, 0}}},
+        {"less than a packet",
+         {},
+         {{{1, 2, 3, 4}}, {{1, 2, 3}}, {{}}},
+         {.reads = 3, .failedReads = 2, .first = Failure{false, kResultSuccess, 1, 0}}},
+        {"a packet with an error",
+         {},
+         {{{1, 2, 3, 4}, kResultOverflow}},
+         {.reads = 1, .failedReads = 1, .first = Failure{false, kResultOverflow, 0, 0}}}};
+    for (const Transfers& row : rows) {
         connect();
-        script->replies = std::move(replies);
+        script->answer("write", row.writes);
+        script->replies = row.replies;
+        for (std::size_t byte = 0; byte < row.writes.size(); ++byte)
+            write(1);
         while (!script->replies.empty())
             InterfaceAction::ReadDataFromDevice();
-        return transport().stats();
-    };
-    EXPECT_EQ(after({{{1, 2, 3, 4}}, {{1, 2, 3}}, {{}}}),
-              statsOf(0, 0, 3, 2, 0, TransferStats::Failure{false, kResultSuccess, 1, 0}));
-    EXPECT_EQ(after({{{1, 2, 3, 4}, kResultOverflow}}),
-              statsOf(0, 0, 1, 1, 0, TransferStats::Failure{false, kResultOverflow, 0, 0}));
+        EXPECT_EQ(transport().stats(), row.stats) << row.name;
+        EXPECT_EQ(transport().stats().isClean(), !row.stats.first) << row.name;
+    }
 }
 
 TEST_F(TransportState, FirstFailureTellsHowManyVersionReadsCameBefore) {
