@@ -30,14 +30,6 @@ constexpr int kLitFor = 400;   // milliseconds that a controller's control stays
 constexpr int kTimeWidth = 96; // device-independent pixels
 constexpr int kWordsWidth = 300;
 
-QToolButton& toggle(const QString& text, QWidget* parent) {
-    auto& button = makeChild<QToolButton>(parent);
-    button.setText(text);
-    button.setAccessibleName(text);
-    button.setCheckable(true);
-    return button;
-}
-
 } // namespace
 
 void MonitorLines::append(std::vector<Line> lines) {
@@ -132,19 +124,20 @@ void MonitorStrip::layOut() {
     filter.setPlaceholderText(tr("Filter"));
     filter.setAccessibleName(tr("Filter"));
     filter.setClearButtonEnabled(true);
-    paused_ = &toggle(tr("Pause"), &bar);
-    all_ = &toggle(tr("Clock Too"), &bar);
-    auto& clear = makeChild<QToolButton>(&bar);
-    clear.setText(tr("Clear"));
-    clear.setAccessibleName(clear.text());
-    auto& copyLines = makeChild<QToolButton>(&bar);
-    copyLines.setText(tr("Copy"));
-    copyLines.setAccessibleName(copyLines.text());
     row.addWidget(told_, 1);
     row.addWidget(&filter);
-    for (QWidget* button : {static_cast<QWidget*>(paused_), static_cast<QWidget*>(all_),
-                            static_cast<QWidget*>(&clear), static_cast<QWidget*>(&copyLines)})
-        row.addWidget(button);
+    const auto add = [&bar, &row](const QString& text, bool isCheckable) {
+        auto& button = makeChild<QToolButton>(&bar);
+        button.setText(text);
+        button.setAccessibleName(text);
+        button.setCheckable(isCheckable);
+        row.addWidget(&button);
+        return &button;
+    };
+    paused_ = add(tr("Pause"), true);
+    all_ = add(tr("Clock Too"), true);
+    const auto* const clear = add(tr("Clear"), false);
+    const auto* const copyLines = add(tr("Copy"), false);
     column.addWidget(&bar);
 
     filtered_.setSourceModel(&lines_);
@@ -163,8 +156,8 @@ void MonitorStrip::layOut() {
     connect(&input_, &KeyboardInput::told, told_, &QLabel::setText);
     connect(&filter, &QLineEdit::textChanged, &filtered_,
             &QSortFilterProxyModel::setFilterFixedString);
-    connect(&clear, &QToolButton::clicked, &lines_, &MonitorLines::clear);
-    connect(&copyLines, &QToolButton::clicked, this, &MonitorStrip::copy);
+    connect(clear, &QToolButton::clicked, &lines_, &MonitorLines::clear);
+    connect(copyLines, &QToolButton::clicked, this, &MonitorStrip::copy);
     connect(paused_, &QAbstractButton::toggled, this, &MonitorStrip::show);
 }
 
