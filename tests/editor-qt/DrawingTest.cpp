@@ -12,6 +12,7 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <vector>
 
@@ -100,6 +101,39 @@ std::string troubleOf(const QString& svg) {
     const std::string trouble = drawing.trouble().value_or("");
     const std::string place = folder.path().string() + "/keyboard.svg: ";
     return trouble.starts_with(place) ? trouble.substr(place.size()) : trouble;
+}
+
+// Where the light line stands on a knob or slider, seen from the middle of its place.
+QPointF lineOf(ControlShape shape, qreal travel) {
+    QImage image(120, 160, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    drawControl(painter, image.rect(), {.shape = shape, .travel = travel});
+    QPointF sum;
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) > 200) {
+                sum += QPointF(x, y);
+                ++count;
+            }
+    EXPECT_GT(count, 0) << "no line";
+    return sum / std::max(count, 1) - QPointF(60, 0);
+}
+
+TEST(ControlDrawing, KnobTurnsFromTheLowerLeftOverTheTopAndSliderGoesUp) {
+    const QPointF first = lineOf(ControlShape::Knob, 0);
+    const QPointF middle = lineOf(ControlShape::Knob, 0.5);
+    const QPointF last = lineOf(ControlShape::Knob, 1);
+    EXPECT_LT(first.x(), -5);
+    EXPECT_NEAR(last.x(), -first.x(), 2);
+    EXPECT_NEAR(middle.x(), 0, 1);
+    EXPECT_NEAR(first.y(), last.y(), 1);
+    EXPECT_LT(middle.y(), first.y() - 30);
+
+    EXPECT_NEAR(lineOf(ControlShape::Slider, 0).x(), 0, 1);
+    EXPECT_LT(lineOf(ControlShape::Slider, 1).y(), lineOf(ControlShape::Slider, 0.5).y() - 20);
+    EXPECT_LT(lineOf(ControlShape::Slider, 0.5).y(), lineOf(ControlShape::Slider, 0).y() - 20);
 }
 
 TEST(KeyboardDrawing, WhatIsWrongWithOneIsTold) {
