@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
@@ -166,10 +165,9 @@ TEST(BankSaver, WhatFailedIsToldAndTriedAgain) {
         checkRetry(row);
 }
 
-TEST(LineFile, LinesAreInTheFileAtTheEnd) {
+TEST(LineFile, LinesAloneAreInTheFileAtTheEnd) {
     const TempFolder folder;
-    scenewright::testing::writeBytes(folder.file("lines"),
-                                     std::array<std::uint8_t, 3>{'o', 'l', 'd'});
+    scenewright::testing::writeBytes(folder.file("lines"), std::vector<std::uint8_t>(50, 'x'));
     auto lines = LineFile::open(folder.file("lines"));
     ASSERT_TRUE(lines) << lines.error();
     lines->write("one");
