@@ -62,10 +62,6 @@ public:
 
     [[nodiscard]] QTreeWidget& table() { return *table_; }
     [[nodiscard]] QLabel& help() { return *help_; }
-    [[nodiscard]] QAbstractButton& useButton() { return *use_; }
-    [[nodiscard]] QAbstractButton& allowButton() { return *allow_; }
-    [[nodiscard]] QAbstractButton& copyButton() { return *copy_; }
-    [[nodiscard]] QAbstractButton& addButton() { return *add_; }
 
 signals:
     void useWanted(const scenewright::PluggedDevice& device);

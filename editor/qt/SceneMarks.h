@@ -76,8 +76,6 @@ public:
 
     // Hidden while there is nothing to tell.
     [[nodiscard]] QPushButton& badge() { return *badge_; }
-    // Null until it was shown once.
-    [[nodiscard]] QListWidget* list() { return list_; }
 
 private:
     void look();

@@ -38,10 +38,10 @@ protected:
     // The buttons that can be pressed.
     static QString enabled(KeyboardsDialog& dialog) {
         QStringList names;
-        for (const QAbstractButton* button : {&dialog.useButton(), &dialog.allowButton(),
-                                              &dialog.copyButton(), &dialog.addButton()})
-            if (button->isEnabled() && !button->isHidden())
-                names.append(button->accessibleName());
+        for (const char* name : {"Use This One", "Allow", "Copy Command", "Add To My List"})
+            if (const auto& button = field<QPushButton>(dialog, name);
+                button.isEnabled() && !button.isHidden())
+                names.append(name);
         return names.join(", ");
     }
 };
@@ -69,7 +69,7 @@ TEST_F(KeyboardsDialogTest, TheDialogsRowStaysWhereItWasAndUseThisOneUsesIt) {
     plugged.insert(plugged.begin(), strange("1-0"));
     look();
     EXPECT_EQ(shown.table().currentItem()->text(1), "1-2");
-    shown.useButton().click();
+    field<QPushButton>(shown, "Use This One").click();
     EXPECT_EQ(keyboards->chosen(), "1-2");
     EXPECT_EQ(shown.table().currentItem()->text(3), "in use");
 }
@@ -140,11 +140,11 @@ TEST_F(OwnFoldersTest, TheDialogTellsEachDevicesStateAndWhatCanBeDone) {
 TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboardOrSaysWhyNot) {
     KeyboardsDialog& shown = dialogOn(strange("1-1"));
     std::filesystem::create_directories(folder.path() / "scenewright/project.plist");
-    shown.addButton().click();
+    field<QPushButton>(shown, "Add To My List").click();
     EXPECT_TRUE(shown.help().text().contains(file("scenewright/project.plist")))
         << shown.help().text().toStdString();
     std::filesystem::remove_all(folder.path() / "scenewright");
-    shown.addButton().click();
+    field<QPushButton>(shown, "Add To My List").click();
     EXPECT_EQ(shown.table().topLevelItem(0)->text(3), "in use");
     EXPECT_EQ(deviceList().front(), (DeviceIds{0x1234, 0x5678}));
 }
@@ -152,7 +152,7 @@ TEST_F(OwnFoldersTest, AddToMyListMakesADeviceAKeyboardOrSaysWhyNot) {
 TEST_F(OwnFoldersTest, WithoutPolkitThereIsOnlyTheCommandToCopy) {
     KeyboardsDialog& shown = dialogOnForbidden();
     EXPECT_EQ(enabled(shown), "Copy Command");
-    shown.copyButton().click();
+    field<QPushButton>(shown, "Copy Command").click();
     EXPECT_EQ(QGuiApplication::clipboard()->text(),
               AccessInstaller::command(QCoreApplication::applicationDirPath()));
     EXPECT_TRUE(shown.help().text().startsWith("Copied.")) << shown.help().text().toStdString();
@@ -167,14 +167,14 @@ TEST_F(OwnFoldersTest, AllowAsksOnceAndItsAnswerStaysUntilTheStateIsAnother) {
     pkexec.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     KeyboardsDialog& shown = dialogOnForbidden();
     EXPECT_EQ(enabled(shown), "Allow, Copy Command");
-    shown.allowButton().click();
+    field<QPushButton>(shown, "Allow").click();
     EXPECT_EQ(enabled(shown), "Copy Command");
     EXPECT_EQ(shown.help().text(), "Waiting for an administrator's password...");
     QFile answer(file("answer"));
     ASSERT_TRUE(answer.open(QIODevice::WriteOnly));
     answer.write("126\n");
     answer.close();
-    ASSERT_TRUE(waitUntil([&shown] { return shown.allowButton().isEnabled(); }));
+    ASSERT_TRUE(waitUntil([&shown] { return field<QPushButton>(shown, "Allow").isEnabled(); }));
     look();
     EXPECT_EQ(shown.help().text(),
               "The rules were not installed: the question for a password was closed.");

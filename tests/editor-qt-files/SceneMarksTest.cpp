@@ -146,7 +146,7 @@ TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
     ASSERT_EQ(badge(), "1 to check");
     press(Qt::Key_2);
     commands().checks().badge().click();
-    QListWidget& list = *commands().checks().list();
+    auto& list = field<QListWidget>(window(), "To Check");
     ASSERT_EQ(list.count(), 1);
     EXPECT_EQ(list.item(0)->text(),
               "Scene 1, Knob 1, Slider 1: may all send CC 7 Channel Volume on "
@@ -164,7 +164,7 @@ TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     blankNameOf(1);
     ASSERT_EQ(badge(), "2 to check");
     commands().checks().badge().click();
-    QListWidget& list = *commands().checks().list();
+    auto& list = field<QListWidget>(window(), "To Check");
     ASSERT_EQ(list.count(), 2);
     EXPECT_EQ(list.item(1)->text(), "Scene 2: nothing of the name can be seen");
     for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down})
