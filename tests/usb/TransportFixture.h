@@ -26,8 +26,12 @@ using Listed = std::pair<std::string, std::string>;
 inline std::string projectPlist(const std::vector<Listed>& devices) {
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><array>";
     for (const auto& [vendor, product] : devices)
-        text += "<dict><key>VID</key><integer>" + vendor + "</integer><key>PID</key><integer>" +
-                product + "</integer></dict>";
+        text.append("<dict><key>VID</key><integer>")
+            .append(vendor)
+            .append("</integer><key>PID</key>")
+            .append("<integer>")
+            .append(product)
+            .append("</integer></dict>");
     return text + "</array></plist>\n";
 }
 
