@@ -12,7 +12,6 @@
 #include "platform/Process.h"
 #include "platform/Text.h"
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,36 +40,25 @@ struct CommandLine {
     std::optional<std::string> answer;
 };
 
-// Touches nothing: no file, no device. `argv[0]` is the program's name, which is not looked at.
-[[nodiscard]] Result<CommandLine> parseCommandLine(int argc, const char* const* argv);
-
 // Both are made from command-line.json.
 [[nodiscard]] Syntax commandLineSyntax();
 [[nodiscard]] CommandChoice chooseCommand(std::string_view name, const Arguments& arguments);
 
+// Touches nothing: no file, no device. `argv[0]` is the program's name, which is not looked at.
+[[nodiscard]] inline Result<CommandLine> parseCommandLine(int argc, const char* const* argv) {
+    return parseArguments(commandLineSyntax(), argc, argv).map([](const ParsedArguments& line) {
+        if (line.answer)
+            return CommandLine{.options = {}, .choice = {}, .answer = line.answer};
+        return CommandLine{.options = launchOptions(line.arguments),
+                           .choice = chooseCommand(line.command, line.arguments),
+                           .answer = std::nullopt};
+    });
+}
+
 // One sentence on standard error, after the program's name; returns `exitCode`.
-int reportError(std::string_view sentence, int exitCode);
-
-// How a command waits that goes on until there is nothing more to do, or a signal ends it.
-//
-// While it lives SIGINT, SIGTERM and SIGHUP end no program: they are told here. One that was
-// ignored at the start stays ignored. Made before any thread starts.
-class Waiting {
-public:
-    Waiting();
-
-    struct Come {
-        bool hasInput = false;
-        bool hasLines = false;
-        bool isToEnd = false; // by a signal
-    };
-    // Until one of the descriptors can be read, of which -1 is none, or the time has come.
-    [[nodiscard]] Come
-    wait(int input, int lines = -1,
-         std::optional<std::chrono::steady_clock::time_point> until = std::nullopt) const;
-
-private:
-    FileDescriptor signals_;
-};
+inline int reportError(std::string_view sentence, int exitCode) {
+    reportError("scenewright-cli", sentence);
+    return exitCode;
+}
 
 } // namespace scenewright

@@ -17,8 +17,11 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <ctime>
+#include <poll.h>
 #include <string>
+#include <sys/signalfd.h>
 #include <utility>
 #include <vector>
 
@@ -213,6 +216,35 @@ int runTry(const TryRequest& request) {
 }
 
 } // namespace
+
+Waiting::Waiting() {
+    ::sigset_t ending{};
+    sigemptyset(&ending);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action {};
+        if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
+            sigaddset(&ending, signal);
+    }
+    signals_ = FileDescriptor(::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (signals_.isOpen()) // else they end the program as they end any
+        pthread_sigmask(SIG_BLOCK, &ending, nullptr);
+}
+
+Waiting::Come Waiting::wait(int input, int lines,
+                            std::optional<std::chrono::steady_clock::time_point> until) const {
+    using std::chrono::milliseconds;
+    milliseconds limit{-1};
+    if (until)
+        limit =
+            std::max(milliseconds(0),
+                     std::chrono::ceil<milliseconds>(*until - std::chrono::steady_clock::now()));
+    std::array<pollfd, 3> places{
+        {{input, POLLIN, 0}, {lines, POLLIN, 0}, {signals_.get(), POLLIN, 0}}};
+    ::poll(places.data(), places.size(), static_cast<int>(limit.count()));
+    return {.hasInput = places[0].revents != 0,
+            .hasLines = places[1].revents != 0,
+            .isToEnd = places[2].revents != 0};
+}
 
 Trial::Trial(SceneList bank, std::vector<int> scenes, Options options)
     : bank_(std::move(bank)), scenes_(std::move(scenes)), options_(std::move(options)),

@@ -1,19 +1,44 @@
-// What the keyboard sends, in lines: the commands monitor and try without their loops.
+// What the keyboard sends, in lines: the commands monitor and try without their loops, and how
+// these and play wait.
 #pragma once
 
 #include "app/KeyboardPorts.h"
 #include "app/TryRun.h"
 #include "model/Midi.h"
 #include "model/SceneValue.h"
+#include "platform/Process.h"
 #include "platform/Text.h"
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace scenewright {
+
+// How a command waits that goes on until there is nothing more to do, or a signal ends it.
+//
+// While it lives SIGINT, SIGTERM and SIGHUP end no program: they are told here. One that was
+// ignored at the start stays ignored. Made before any thread starts.
+class Waiting {
+public:
+    Waiting();
+
+    struct Come {
+        bool hasInput = false;
+        bool hasLines = false;
+        bool isToEnd = false; // by a signal
+    };
+    // Until one of the descriptors can be read, of which -1 is none, or the time has come.
+    [[nodiscard]] Come
+    wait(int input, int lines = -1,
+         std::optional<std::chrono::steady_clock::time_point> until = std::nullopt) const;
+
+private:
+    FileDescriptor signals_;
+};
 
 struct MonitorOptions {
     bool asJson = false;   // an object a line

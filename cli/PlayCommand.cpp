@@ -3,6 +3,7 @@
 #include "app/ScenePlayer.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
+#include "cli/Listening.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
 
