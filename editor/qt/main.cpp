@@ -9,7 +9,6 @@
 #include "editor/qt/QtHelpers.h"
 #include "editor/qt/SceneSheet.h"
 #include "editor/qt/Theme.h"
-#include "editor/qt/Translation.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Arguments.h"

@@ -1,7 +1,7 @@
 #include "editor/qt/SceneSheet.h"
 
 #include "app/WindowAction.h"
-#include "editor/qt/Translation.h"
+#include "editor/qt/QtHelpers.h"
 #include "model/PopUpValue.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"

@@ -1,9 +1,8 @@
 // The window in each language: its texts are found at run time, and they fit.
-#include "editor/qt/Translation.h"
-
 #include "editor/ControlDescription.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/EditorCommands.h"
+#include "editor/qt/QtHelpers.h"
 #include "model/Setting.h"
 #include "platform/Text.h"
 #include "tests/editor-qt/WindowBench.h"

@@ -1,4 +1,4 @@
-#include "editor/qt/Translation.h"
+#include "editor/qt/QtHelpers.h"
 
 #include "platform/Resources.h"
 #include "platform/Text.h"
