@@ -157,6 +157,29 @@ TEST_F(ControlButtonTest, ThatItIsChosenIsPlainToSeeAndSaid) {
     EXPECT_EQ(seen(), before);
 }
 
+// How far from a side of the pad, along the middle of its face, its pixels are others.
+int depthOfChange(const QImage& before, const QImage& after, bool fromLeft) {
+    const int y = 20;
+    int depth = 0;
+    for (int step = 0; step < after.width() / 2; ++step) {
+        const int x = fromLeft ? step : after.width() - 1 - step;
+        if (before.pixel(x, y) != after.pixel(x, y))
+            depth = step + 1;
+    }
+    return depth;
+}
+
+TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
+    pad_.clearFocus();
+    const QImage before = seen();
+    QApplication::setActiveWindow(&pad_);
+    pad_.setFocus(Qt::TabFocusReason);
+    const QImage after = seen();
+    const int left = depthOfChange(before, after, true);
+    EXPECT_GT(left, 2);
+    EXPECT_EQ(depthOfChange(before, after, false), left);
+}
+
 TEST(ControlShape, EveryKindHasItsShapeAndKeysRunFromCToC) {
     std::string shapes;
     for (std::int32_t tag = 21; tag <= 45; ++tag)
