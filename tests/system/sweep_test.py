@@ -204,6 +204,9 @@ class Sweep(unittest.TestCase):
         first, second = sweep_run.by_number(trace, 7)
         jobs = sweep_run.jobs_of(lambda *job: job, "s", 0, {"write": first["write"]}, False)
         self.assertEqual({job[4] for job in jobs}, {2})
+        failed = "> = -1 EIO (Input/output error) (INJECTED)"
+        self.assertTrue(sweep_run.is_struck([*trace, "7 read(4</f" + failed]))
+        self.assertFalse(sweep_run.is_struck([*trace, "7 read(4<anon_inode:[eventfd]" + failed]))
         self.assertEqual(len(second["openat"]), 2)
 
 
