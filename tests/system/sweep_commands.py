@@ -9,6 +9,7 @@ from sweep_subjects import SUBJECTS
 
 PART = 400  # of the system calls, and as many of the allocations
 NO_FAILURE = 2**63
+TRIES = 3  # of the undisturbed run
 LIBASOUND = "an allocation of libasound's, which goes on with what it has not got"
 WHOLE = ("halves", "order")  # of a whole run
 
@@ -58,13 +59,17 @@ class Sweep(sweep_run.Sweep):
     def calls_of(self, subject):
         """The undisturbed run, remembered, and what could fail in it."""
         place = self.place()
-        place.prepare()
-        self.given(place, subject)
-        before = place.contents()
-        ended = sweep_run.gated(
-            place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
-        )
-        after = place.contents()
+        # On a busy machine a short program may end before its tracer has begun.
+        for _ in range(TRIES):
+            place.prepare()
+            self.given(place, subject)
+            before = place.contents()
+            ended = sweep_run.gated(
+                place, self.preload, subject.command(self.programs), 0, ["-f", "-e", sweep_run.TRACED]
+            )
+            after = place.contents()
+            if ended.trace:
+                break
         self.undisturbed[subject.name] = sweep_judge.Undisturbed(
             ended.code, ended.out, before, after, subject.sent(before)
         )
