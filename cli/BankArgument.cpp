@@ -147,6 +147,15 @@ Result<BankFile> loadBankOrScene(const std::string& name) {
     return load(name, &parseBankOrScene);
 }
 
+Result<ShownBank> loadShown(const std::string& name,
+                            Result<BankFile> (*load)(const std::string& name)) {
+    return load(name).and_then([](BankFile bank) {
+        return readPopUpValue().map([&bank](std::shared_ptr<PopUpValue> lists) {
+            return ShownBank{std::move(bank.scenes), std::move(lists)};
+        });
+    });
+}
+
 BankFormat formForArgument(const std::string& name, BankFormat streamForm) {
     return outputDescriptor(name) ? streamForm : formatForName(name);
 }

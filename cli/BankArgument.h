@@ -8,6 +8,7 @@
 #include "platform/Text.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,15 @@ namespace scenewright {
 
 // The same for a bank, or for a file of one scene, which gives one.
 [[nodiscard]] Result<BankFile> loadBankOrScene(const std::string& name);
+
+// What is to be told of a bank, and the option lists that have the words for it.
+struct ShownBank {
+    SceneList scenes;
+    std::shared_ptr<PopUpValue> lists;
+};
+// `load` is one of the two above. The bank comes first, in errors too.
+[[nodiscard]] Result<ShownBank> loadShown(const std::string& name,
+                                          Result<BankFile> (*load)(const std::string& name));
 
 // The form for a new bank: what the file's name asks for, or `streamForm` for a descriptor.
 [[nodiscard]] BankFormat formForArgument(const std::string& name, BankFormat streamForm);

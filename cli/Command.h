@@ -1,7 +1,7 @@
 // What the arguments of scenewright-cli ask for: one of its commands, or an answer.
 //
 // Each command is a row of command-line.json, which names the function that says what is to be done
-// for the row's arguments. This function touches nothing; what it gives to `run` returns the
+// for the row's arguments. This function touches nothing; the `run` that it chooses returns the
 // program's exit code and has told its error, in one sentence on standard error, when that is not
 // 0. So bad usage is told before the first file is opened.
 #pragma once
@@ -12,7 +12,6 @@
 #include "platform/Process.h"
 #include "platform/Text.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,7 +26,7 @@ inline constexpr int kExitOutput = 1;     // standard output or a stream's file 
 inline constexpr int kExitUsage = 2;      // bad usage or a bad file; nothing was sent or written
 
 struct CommandChoice {
-    std::function<int()> run;
+    int (*run)(const Arguments& arguments) = nullptr;
     bool usesController = false;
     std::vector<NamedFile> files{}; // what `run` reads and writes
     int failed = kExitOutput;       // the exit code when a stream fails; lower ones are no failure
@@ -36,6 +35,7 @@ struct CommandChoice {
 struct CommandLine {
     LaunchOptions options;
     CommandChoice choice;
+    Arguments arguments; // for its `run`
     // For standard output, and the program is done: help or version. Then nothing is chosen.
     std::optional<std::string> answer;
 };
@@ -48,9 +48,10 @@ struct CommandLine {
 [[nodiscard]] inline Result<CommandLine> parseCommandLine(int argc, const char* const* argv) {
     return parseArguments(commandLineSyntax(), argc, argv).map([](const ParsedArguments& line) {
         if (line.answer)
-            return CommandLine{.options = {}, .choice = {}, .answer = line.answer};
+            return CommandLine{.options = {}, .choice = {}, .arguments = {}, .answer = line.answer};
         return CommandLine{.options = launchOptions(line.arguments),
                            .choice = chooseCommand(line.command, line.arguments),
+                           .arguments = line.arguments,
                            .answer = std::nullopt};
     });
 }

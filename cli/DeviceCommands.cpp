@@ -40,27 +40,24 @@ int storeHeld(const ControllerRead& held, const std::string& file) {
     return stored == kExitDone ? held.exitCode : stored;
 }
 
-int readToFile(const std::string& out) {
+int readToFile(const Arguments& arguments) {
+    const std::string out = arguments.text("OUT");
     if (const auto checked = checkStorable(out); !checked)
         return reportError(checked.error(), kExitUsage);
     return storeHeld(readController(DeviceOperation::SaveScenes), out);
 }
 
-struct SendOptions {
-    std::string in;
-    std::string backup; // a file for what is held; empty to keep it among the earlier scenes
-    bool hasBackup = true;
-    bool isVerified = false;
-    bool isDryRun = false;
-};
+// What would change in the controller if it got these scenes; gives the exit code.
+int printChanges(DeviceOperation operation, const PopUpValue& lists, const SceneList& scenes,
+                 std::string (*textOf)(const std::vector<Difference>& list)) {
+    const ControllerRead held = readController(operation);
+    return held.scenes
+               ? printAndEnd(textOf(differences(lists, *held.scenes, scenes)), held.exitCode)
+               : held.exitCode;
+}
 
-int showWhatWouldChange(const PopUpValue& lists, const SceneList& scenes) {
-    const ControllerRead held = readController(DeviceOperation::DryRun);
-    if (!held.scenes)
-        return held.exitCode;
-    const auto list = differences(lists, *held.scenes, scenes);
-    return printAndEnd(list.empty() ? "Nothing would change.\n" : differenceLines(list),
-                       held.exitCode);
+std::string changesOrNone(const std::vector<Difference>& list) {
+    return list.empty() ? "Nothing would change.\n" : differenceLines(list);
 }
 
 int verify(const PopUpValue& lists, const SceneList& sent) {
@@ -76,38 +73,41 @@ int verify(const PopUpValue& lists, const SceneList& sent) {
     return reportError(found, kExitController);
 }
 
-Result<void> checkBackup(const SendOptions& options) {
-    if (options.backup.empty())
+Result<void> checkBackup(const std::string& backup, bool isVerified) {
+    if (backup.empty())
         return {};
-    if (options.isVerified && outputDescriptor(options.backup) == STDOUT_FILENO)
+    if (isVerified && outputDescriptor(backup) == STDOUT_FILENO)
         return failure("--backup - and --verify both write to standard output");
-    return checkStorable(options.backup);
+    return checkStorable(backup);
 }
 
-int sendBank(const SendOptions& options) {
-    const auto bank = loadBank(options.in);
+int sendBank(const Arguments& arguments) {
+    const std::string in = arguments.text("IN");
+    const std::string backup = arguments.text("--backup"); // empty: among the earlier scenes
+    const bool isVerified = arguments.has("--verify");
+    const bool isDryRun = arguments.has("--dry-run");
+    const auto bank = loadBank(in);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
-    const bool needsLists = options.isDryRun || options.isVerified;
-    const auto lists = needsLists ? readPopUpValue() : std::make_shared<PopUpValue>();
+    const auto lists = isDryRun || isVerified ? readPopUpValue() : std::make_shared<PopUpValue>();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    if (options.isDryRun)
-        return showWhatWouldChange(**lists, bank->scenes);
-    if (const auto checked = checkBackup(options); !checked)
+    if (isDryRun)
+        return printChanges(DeviceOperation::DryRun, **lists, bank->scenes, &changesOrNone);
+    if (const auto checked = checkBackup(backup, isVerified); !checked)
         return reportError(checked.error(), kExitUsage);
     SendOrder order{.scenes = bank->scenes,
-                    .subject = std::filesystem::path(options.in).filename().string(),
-                    .keepsCopy = options.hasBackup};
-    if (!options.backup.empty()) {
+                    .subject = std::filesystem::path(in).filename().string(),
+                    .keepsCopy = !arguments.has("--no-backup")};
+    if (!backup.empty()) {
         const ControllerRead held = readController(DeviceOperation::Backup);
-        if (const int code = storeHeld(held, options.backup); code != kExitDone)
+        if (const int code = storeHeld(held, backup); code != kExitDone)
             return code;
         order.before = encodeBank(*held.scenes);
     }
     if (const int code = sendToController(std::move(order)); code != kExitDone)
         return code;
-    return options.isVerified ? verify(**lists, bank->scenes) : kExitDone;
+    return isVerified ? verify(**lists, bank->scenes) : kExitDone;
 }
 
 // The send to the keyboard that is plugged in, or the newest when none is, which is then told.
@@ -119,27 +119,23 @@ std::optional<SendJournal::Unfinished> unfinishedHere(const SendJournal& journal
     return all.empty() ? std::nullopt : std::optional(all.front());
 }
 
-struct ResumeOptions {
-    bool isBefore = false;
-    bool isForget = false;
-};
-
-int resume(const ResumeOptions& options) {
+int resume(const Arguments& arguments) {
+    const bool isBefore = arguments.has("--before");
     const auto unfinished = unfinishedHere(SendJournal{});
     if (!unfinished)
         return printAndEnd("No send is unfinished.\n", kExitDone);
-    if (options.isForget) {
+    if (arguments.has("--forget")) {
         SendJournal::forget(*unfinished);
         return kExitDone;
     }
     const SendJournal::Send& send = unfinished->send;
-    if (options.isBefore && !send.before)
+    if (isBefore && !send.before)
         return reportError("what the keyboard held before the send is not known; earlier list "
                            "tells which scenes are kept",
                            kExitUsage);
-    const auto scenes = readBankImage(options.isBefore ? *send.before : send.sent);
+    const auto scenes = readBankImage(isBefore ? *send.before : send.sent);
     return scenes ? sendToController({.scenes = *scenes,
-                                      .subject = options.isBefore ? std::string() : send.subject,
+                                      .subject = isBefore ? std::string() : send.subject,
                                       .before = send.before ? *send.before : send.sent})
                   : reportError(scenes.error(), kExitUsage);
 }
@@ -147,40 +143,25 @@ int resume(const ResumeOptions& options) {
 } // namespace
 
 CommandChoice readCommand(const Arguments& arguments) {
-    const std::string out = arguments.text("OUT");
-    return {.run = [out] { return readToFile(out); },
-            .usesController = true,
-            .files = {bankToWrite(out)}};
+    return {
+        .run = &readToFile, .usesController = true, .files = {bankToWrite(arguments.text("OUT"))}};
 }
 
 CommandChoice sendCommand(const Arguments& arguments) {
-    const SendOptions options{.in = arguments.text("IN"),
-                              .backup = arguments.text("--backup"),
-                              .hasBackup = !arguments.has("--no-backup"),
-                              .isVerified = arguments.has("--verify"),
-                              .isDryRun = arguments.has("--dry-run")};
-    return {.run = [options] { return sendBank(options); },
+    const std::string backup = arguments.text("--backup");
+    return {.run = &sendBank,
             .usesController = true,
-            .files = {
-                bankToRead(options.in, "the bank that is to be sent"),
-                {options.backup, FileUse::Written, options.backup + ": the backup", "the backup"}}};
+            .files = {bankToRead(arguments.text("IN"), "the bank that is to be sent"),
+                      {backup, FileUse::Written, backup + ": the backup", "the backup"}}};
 }
 
-CommandChoice resumeCommand(const Arguments& arguments) {
-    const ResumeOptions options{.isBefore = arguments.has("--before"),
-                                .isForget = arguments.has("--forget")};
-    return {.run = [options] { return resume(options); }, .usesController = true};
+CommandChoice resumeCommand(const Arguments& /*arguments*/) {
+    return {.run = &resume, .usesController = true};
 }
 
 namespace {
 
 constexpr int kIndent = 2;
-
-struct EarlierOptions {
-    std::string action;
-    std::optional<int> number; // from 1, the newest
-    bool isJson = false;
-};
 
 std::string timeText(const EarlierScenes::Entry& entry) {
     return fmt::format("{:%Y-%m-%d %H:%M:%S}",
@@ -213,64 +194,49 @@ std::string listJson(const std::vector<EarlierScenes::Entry>& entries) {
     return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-int show(const PopUpValue& lists, const SceneList& scenes, bool isJson) {
-    if (isJson)
-        return printAndEnd(writeBankJson(scenes, lists), kExitDone);
-    std::string text;
-    int number = 0;
-    for (const auto& scene : scenes)
-        text += sceneTable(lists, *scene, ++number);
-    return printAndEnd(text, kExitDone);
-}
-
-// What a restore would change.
-int diff(const PopUpValue& lists, const SceneList& scenes, bool isJson) {
-    const ControllerRead held = readController(DeviceOperation::Compare);
-    if (!held.scenes)
-        return held.exitCode;
-    const auto list = differences(lists, *held.scenes, scenes);
-    return printAndEnd(isJson ? differencesJson(list) : differenceLines(list), held.exitCode);
-}
-
-int runOn(const EarlierScenes::Entry& entry, const EarlierOptions& options) {
-    if (options.action == "restore")
+int runOn(const EarlierScenes::Entry& entry, const std::string& action, bool isJson) {
+    if (action == "restore")
         return sendToController({.scenes = entry.scenes()});
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return (options.action == "show" ? show : diff)(**lists, entry.scenes(), options.isJson);
+    if (action == "diff") // what a restore would change
+        return printChanges(DeviceOperation::Compare, **lists, entry.scenes(),
+                            isJson ? &differencesJson : &differenceLines);
+    return printAndEnd(isJson ? writeBankJson(entry.scenes(), **lists)
+                              : sceneTables(**lists, entry.scenes()),
+                       kExitDone);
 }
 
-int runEarlier(const EarlierOptions& options) {
+int runEarlier(const Arguments& arguments) {
+    const std::string action = arguments.text("ACTION");
+    const bool isJson = arguments.has("--json");
+    const auto number = arguments.number("N"); // from 1, the newest
     const auto entries = EarlierScenes().list();
-    if (options.action == "list")
-        return printAndEnd((options.isJson ? listJson : listLines)(entries), kExitDone);
-    if (!options.number)
-        return reportError("earlier " + options.action +
-                               ": N is missing, the number that earlier "
-                               "list gives",
-                           kExitUsage);
-    const auto place = static_cast<std::size_t>(*options.number) - 1;
+    if (action == "list")
+        return printAndEnd((isJson ? listJson : listLines)(entries), kExitDone);
+    if (!number)
+        return reportError(
+            "earlier " + action + ": N is missing, the number that earlier list gives", kExitUsage);
+    const auto place = static_cast<std::size_t>(*number) - 1;
     if (place >= entries.size())
         return reportError(fmt::format("earlier {}: there is no number {}; earlier list gives {}",
-                                       options.action, *options.number, entries.size()),
+                                       action, *number, entries.size()),
                            kExitUsage);
-    return runOn(entries[place], options);
+    return runOn(entries[place], action, isJson);
 }
 
 } // namespace
 
 CommandChoice earlierCommand(const Arguments& arguments) {
-    const EarlierOptions options{.action = arguments.text("ACTION"),
-                                 .number = arguments.number("N"),
-                                 .isJson = arguments.has("--json")};
-    return {.run = [options] { return runEarlier(options); },
-            .usesController = options.action == "restore" || options.action == "diff"};
+    const std::string action = arguments.text("ACTION");
+    return {.run = &runEarlier, .usesController = action == "restore" || action == "diff"};
 }
 
 namespace {
 
-int addDevice(const std::string& portOrSerial) {
+int addDevice(const Arguments& arguments) {
+    const std::string portOrSerial = arguments.text("--add");
     const Keyboards keyboards;
     std::vector<PluggedDevice> named = keyboards.all();
     std::erase_if(named, [&portOrSerial](const PluggedDevice& plugged) {
@@ -288,16 +254,16 @@ int addDevice(const std::string& portOrSerial) {
     return printAndEnd(named.front().description() + " is in the list of keyboards.\n", kExitDone);
 }
 
-int printDevices(bool asJson) {
+int printDevices(const Arguments& arguments) {
     if (const auto listed = readDeviceList(); !listed)
         return reportError(listed.error(), kExitUsage);
     std::vector<PluggedDevice> devices = Keyboards().all();
     std::erase_if(devices,
                   [](const PluggedDevice& plugged) { return !plugged.device.hasMidiStreaming; });
-    return printAndEnd((asJson ? deviceJson : deviceTable)(devices), kExitDone);
+    return printAndEnd((arguments.has("--json") ? deviceJson : deviceTable)(devices), kExitDone);
 }
 
-int printRules() {
+int printRules(const Arguments& /*arguments*/) {
     const auto listed = readDeviceList();
     return listed ? printAndEnd(udevRules(*listed), kExitDone)
                   : reportError(listed.error(), kExitUsage);
@@ -306,9 +272,7 @@ int printRules() {
 } // namespace
 
 CommandChoice devicesCommand(const Arguments& arguments) {
-    if (arguments.has("--add"))
-        return {.run = [name = arguments.text("--add")] { return addDevice(name); }};
-    return {.run = [asJson = arguments.has("--json")] { return printDevices(asJson); }};
+    return {.run = arguments.has("--add") ? &addDevice : &printDevices};
 }
 
 CommandChoice udevRulesCommand(const Arguments& /*arguments*/) {

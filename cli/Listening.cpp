@@ -64,20 +64,21 @@ int follow(Sequencer& sequencer, Monitor& monitor) {
     return kExitDone;
 }
 
-// The options are without the bank and the names; those of a bank and of a device may be empty.
-int runMonitor(const std::string& bankName, const std::string& device, MonitorOptions options) {
+int runMonitor(const Arguments& arguments) {
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    options.noteNames = (*lists)->pad_NoteNumber_Array();
-    options.hasBank = !bankName.empty();
-    if (options.hasBank) {
-        auto bank = loadBank(bankName);
+    MonitorOptions options{.asJson = arguments.has("--json"),
+                           .showsAll = arguments.has("--all"),
+                           .noteNames = (*lists)->pad_NoteNumber_Array()};
+    if (const std::string name = arguments.text("--bank"); !name.empty()) {
+        auto bank = loadBank(name);
         if (!bank)
             return reportError(bank.error(), kExitUsage);
+        options.hasBank = true;
         options.bank = std::move(bank->scenes);
     }
-    const Keyboards keyboards(device);
+    const Keyboards keyboards(arguments.text("--device"));
     const auto sequencer = openListening(keyboards, "Scenewright monitor");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
@@ -120,15 +121,8 @@ std::string Monitor::line(const MidiMessage& message, Clock::time_point now) con
 }
 
 CommandChoice monitorCommand(const Arguments& arguments) {
-    const MonitorOptions options{.asJson = arguments.has("--json"),
-                                 .showsAll = arguments.has("--all")};
-    const std::string bank = arguments.text("--bank");
-    CommandChoice choice{.run = [bank, device = arguments.text("--device"), options] {
-        return runMonitor(bank, device, options);
-    }};
-    if (!bank.empty())
-        choice.files = {bankToRead(bank, "the bank whose controls are told")};
-    return choice;
+    return {.run = &runMonitor,
+            .files = {bankToRead(arguments.text("--bank"), "the bank whose controls are told")}};
 }
 
 namespace {
@@ -154,13 +148,6 @@ constexpr std::string_view wordOf(Verdict verdict) {
 }
 
 constexpr int kExitWrong = 1; // a control sends something else
-
-struct TryRequest {
-    std::string bank;
-    std::string device; // empty for all
-    int scene = 0;      // from 1; 0 is all
-    bool asJson = false;
-};
 
 Result<void> print(Trial& trial) {
     const std::string results = trial.results();
@@ -192,14 +179,11 @@ int follow(Sequencer& sequencer, KeyboardListener& listener, Trial& trial) {
     }
 }
 
-int runTry(const TryRequest& request) {
-    const auto bank = loadBank(request.bank);
+int runTry(const Arguments& arguments) {
+    const auto bank = loadShown(arguments.text("BANK"), &loadBank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
-    const Keyboards keyboards(request.device);
+    const Keyboards keyboards(arguments.text("--device"));
     const auto sequencer = openListening(keyboards, "Scenewright try");
     if (!sequencer)
         return reportError(sequencer.error(), kExitController);
@@ -208,10 +192,11 @@ int runTry(const TryRequest& request) {
     if (!listener.start())
         return kExitController;
     std::vector<int> scenes{1, 2, 3, 4};
-    if (request.scene != 0)
-        scenes = {request.scene};
-    Trial trial(bank->scenes, scenes,
-                {.asJson = request.asJson, .noteNames = (*lists)->pad_NoteNumber_Array()});
+    if (const auto scene = arguments.number("--scene"))
+        scenes = {*scene};
+    Trial trial(
+        bank->scenes, scenes,
+        {.asJson = arguments.has("--json"), .noteNames = bank->lists->pad_NoteNumber_Array()});
     return follow(**sequencer, listener, trial);
 }
 
@@ -333,12 +318,8 @@ std::string Trial::pathOf(const TryRun::Row& row) const {
 }
 
 CommandChoice tryCommand(const Arguments& arguments) {
-    const TryRequest request{.bank = arguments.text("BANK"),
-                             .device = arguments.text("--device"),
-                             .scene = arguments.number("--scene").value_or(0),
-                             .asJson = arguments.has("--json")};
-    return {.run = [request] { return runTry(request); },
-            .files = {bankToRead(request.bank, "the bank that is to be tried")}};
+    return {.run = &runTry,
+            .files = {bankToRead(arguments.text("BANK"), "the bank that is to be tried")}};
 }
 
 } // namespace scenewright

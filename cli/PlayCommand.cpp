@@ -1,5 +1,4 @@
 // The command that plays a bank as the keyboard would: play.
-#include "app/Launch.h"
 #include "app/ScenePlayer.h"
 #include "cli/BankArgument.h"
 #include "cli/Command.h"
@@ -17,12 +16,6 @@
 namespace scenewright {
 
 namespace {
-
-struct PlayRequest {
-    std::string bank;
-    int scene = 1;
-    bool isVirtual = false;
-};
 
 // Where it is played to: the port, unless nothing but words is wanted, and standard output.
 class Destination {
@@ -96,31 +89,30 @@ int follow(ScenePlayer& player, Destination& destination) {
     return exitCode;
 }
 
-int runPlay(const PlayRequest& request) {
-    if (inputDescriptor(request.bank) == STDIN_FILENO)
+int runPlay(const Arguments& arguments) {
+    const std::string name = arguments.text("BANK");
+    if (inputDescriptor(name) == STDIN_FILENO)
         return reportError(
             "what is to be played comes from standard input, so that the bank cannot", kExitUsage);
-    const auto bank = loadBank(request.bank);
+    const auto bank = loadShown(name, &loadBank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
     std::unique_ptr<PlayPort> port;
-    if (!request.isVirtual) {
+    if (!arguments.has("--virtual")) {
         auto opened = PlayPort::openMachines();
         if (!opened)
             return reportError(opened.error(), kExitController);
         port = std::make_unique<PlayPort>(std::move(*opened));
     }
-    Destination destination(std::move(port), (*lists)->pad_NoteNumber_Array());
+    Destination destination(std::move(port), bank->lists->pad_NoteNumber_Array());
     destination.tellListeners();
     int exitCode = kExitDone;
     {
         ScenePlayer player(
             [image = encodeBank(bank->scenes)] { return image; },
             [&destination](const MidiMessage& message) { destination.send(message); });
-        player.play({.kind = PlayOrder::Kind::Scene, .number = request.scene});
+        player.play(
+            {.kind = PlayOrder::Kind::Scene, .number = arguments.number("--scene").value_or(1)});
         exitCode = follow(player, destination);
     }
     if (!destination.printed())
@@ -131,11 +123,8 @@ int runPlay(const PlayRequest& request) {
 } // namespace
 
 CommandChoice playCommand(const Arguments& arguments) {
-    const PlayRequest request{.bank = arguments.text("BANK"),
-                              .scene = arguments.number("--scene").value_or(1),
-                              .isVirtual = launchOptions(arguments).isVirtual};
-    return {.run = [request] { return runPlay(request); },
-            .files = {bankToRead(request.bank, "the bank that is to be played")}};
+    return {.run = &runPlay,
+            .files = {bankToRead(arguments.text("BANK"), "the bank that is to be played")}};
 }
 
 } // namespace scenewright

@@ -159,6 +159,15 @@ std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int num
     return text;
 }
 
+std::string sceneTables(const PopUpValue& lists, const SceneList& scenes, int only, bool hasNames) {
+    std::string text;
+    for (int number = 1; number <= static_cast<int>(scenes.size()); ++number)
+        if (only == 0 || only == number)
+            text +=
+                sceneTable(lists, *scenes[static_cast<std::size_t>(number) - 1], number, hasNames);
+    return text;
+}
+
 namespace {
 
 bool canBeOpened(const AttachedDevice& device) {

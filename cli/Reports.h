@@ -11,11 +11,14 @@
 namespace scenewright {
 
 // A scene's settings as text that fits a terminal of 80 columns: its name and scene-wide settings,
-// then one table for each kind of control, every value
-// under its option's title. `number` counts from 1. Ends with a blank line. With names, which take
-// more columns than 80, what each control sends stands behind its values.
+// then one table for each kind of control, every value under its option's title. `number` counts
+// from 1. Ends with a blank line. With names, which take more columns than 80, what each control
+// sends stands behind its values.
 [[nodiscard]] std::string sceneTable(const PopUpValue& lists, const SceneValue& scene, int number,
                                      bool hasNames = false);
+// The same of all, or of the one of this number.
+[[nodiscard]] std::string sceneTables(const PopUpValue& lists, const SceneList& scenes,
+                                      int only = 0, bool hasNames = false);
 
 // The plugged-in MIDI devices, a paragraph a device: where it is, what it is, whether it is listed
 // and can be opened, and what to do if not. Ends with a line feed.

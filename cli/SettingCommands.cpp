@@ -41,53 +41,46 @@ std::string optionLines(const PopUpValue& lists, const SceneList& scenes,
     return lines;
 }
 
-int get(const std::string& name, const std::vector<std::string>& paths, bool isOfOptions) {
+int get(const Arguments& arguments) {
     std::vector<SettingPlace> places;
-    for (const std::string& text : paths) {
+    for (const std::string& text : arguments.texts("PATH")) {
         const auto path = parsePath(text);
         if (!path)
             return reportError(path.error(), kExitUsage);
         const auto more = settingsAt(*path);
         places.insert(places.end(), more.begin(), more.end());
     }
-    const auto bank = loadBank(name);
+    const auto bank = loadShown(arguments.text("BANK"), &loadBank);
     if (!bank)
         return reportError(bank.error(), kExitUsage);
-    const auto lists = readPopUpValue();
-    if (!lists)
-        return reportError(lists.error(), kExitUsage);
     std::string text;
     for (const SettingPlace& place : places)
-        text += (isOfOptions ? optionLines : lineOf)(**lists, bank->scenes, place);
+        text +=
+            (arguments.has("--options") ? optionLines : lineOf)(*bank->lists, bank->scenes, place);
     return printAndEnd(text, kExitDone);
 }
 
-int set(const std::string& name, const std::vector<std::string>& assignments) {
-    return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
-        return setValues(lists, scenes, assignments);
-    });
+int set(const Arguments& arguments) {
+    return changeBankAndTell(arguments.text("BANK"),
+                             [&](const PopUpValue& lists, const SceneList& scenes) {
+                                 return setValues(lists, scenes, arguments.texts("ASSIGNMENT"));
+                             });
 }
 
-struct CopyOptions {
-    std::string bank;
-    std::string from;
-    std::string to;
-    std::string source; // empty for the bank itself
-};
-
-int copy(const CopyOptions& options) {
-    if (inputDescriptor(options.bank) &&
-        inputDescriptor(options.bank) == inputDescriptor(options.source))
+int copy(const Arguments& arguments) {
+    const std::string bank = arguments.text("BANK");
+    const std::string source = arguments.text("--from"); // empty for the bank itself
+    if (inputDescriptor(bank) && inputDescriptor(bank) == inputDescriptor(source))
         return reportError("standard input can be the bank or what is copied from, not both",
                            kExitUsage);
     const auto lists = readPopUpValue();
     if (!lists)
         return reportError(lists.error(), kExitUsage);
-    return changeBank(options.bank, [&](const BankFile& bank) {
-        const auto source =
-            options.source.empty() ? Result<BankFile>(bank) : loadBankOrScene(options.source);
-        return source.and_then([&](const BankFile& from) {
-            return copyValues(**lists, from.scenes, bank.scenes, options.from, options.to);
+    return changeBank(bank, [&](const BankFile& former) {
+        const auto origin = source.empty() ? Result<BankFile>(former) : loadBankOrScene(source);
+        return origin.and_then([&](const BankFile& from) {
+            return copyValues(**lists, from.scenes, former.scenes, arguments.text("FROM"),
+                              arguments.text("TO"));
         });
     });
 }
@@ -98,74 +91,30 @@ std::string scenePath(const std::string& text) {
     return isNumber ? "scene" + text : text;
 }
 
-int rename(const std::string& name, const std::string& scene, const std::string& newName) {
-    return changeBankAndTell(name, [&](const PopUpValue& /*lists*/, const SceneList& scenes) {
-        return renameScene(scenes, scenePath(scene), newName);
+int rename(const Arguments& arguments) {
+    return changeBankAndTell(
+        arguments.text("BANK"), [&](const PopUpValue& /*lists*/, const SceneList& scenes) {
+            return renameScene(scenes, scenePath(arguments.text("SCENE")), arguments.text("NAME"));
+        });
+}
+
+int swap(const Arguments& arguments) {
+    return changeBank(arguments.text("BANK"), [&](const BankFile& bank) {
+        return swapValues(bank.scenes, scenePath(arguments.text("FIRST")),
+                          scenePath(arguments.text("SECOND")));
     });
 }
 
-int swap(const std::string& name, const std::string& first, const std::string& second) {
-    return changeBank(name, [&](const BankFile& bank) {
-        return swapValues(bank.scenes, scenePath(first), scenePath(second));
-    });
-}
-
-int reset(const std::string& name, const std::string& path) {
+int reset(const Arguments& arguments) {
     const SceneList defaults = WindowAction::defaultScenes();
     if (const auto checked = checkDefaultScenes(defaults); !checked)
         return reportError(checked.error(), kExitUsage);
-    return changeBankAndTell(name, [&](const PopUpValue& lists, const SceneList& scenes) {
-        return copyValues(lists, defaults, scenes, scenePath(path), scenePath(path));
-    });
+    const std::string path = scenePath(arguments.text("PATH"));
+    return changeBankAndTell(arguments.text("BANK"),
+                             [&](const PopUpValue& lists, const SceneList& scenes) {
+                                 return copyValues(lists, defaults, scenes, path, path);
+                             });
 }
-
-} // namespace
-
-CommandChoice getCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {
-        .run = [bank, paths = arguments.texts("PATH"),
-                isOfOptions = arguments.has("--options")] { return get(bank, paths, isOfOptions); },
-        .files = {bankToRead(bank, "the bank that is to be read")}};
-}
-
-CommandChoice setCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {.run = [bank, all = arguments.texts("ASSIGNMENT")] { return set(bank, all); },
-            .files = {bankToChange(bank)}};
-}
-
-CommandChoice copyCommand(const Arguments& arguments) {
-    const CopyOptions options{.bank = arguments.text("BANK"),
-                              .from = arguments.text("FROM"),
-                              .to = arguments.text("TO"),
-                              .source = arguments.text("--from")};
-    return {
-        .run = [options] { return copy(options); },
-        .files = {bankToRead(options.source, "what is to be copied"), bankToChange(options.bank)}};
-}
-
-CommandChoice renameCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {.run = [bank, scene = arguments.text("SCENE"),
-                    name = arguments.text("NAME")] { return rename(bank, scene, name); },
-            .files = {bankToChange(bank)}};
-}
-
-CommandChoice swapCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {.run = [bank, first = arguments.text("FIRST"),
-                    second = arguments.text("SECOND")] { return swap(bank, first, second); },
-            .files = {bankToChange(bank)}};
-}
-
-CommandChoice resetCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {.run = [bank, path = arguments.text("PATH")] { return reset(bank, path); },
-            .files = {bankToChange(bank)}};
-}
-
-namespace {
 
 using Change = std::function<FilledScenes(const PopUpValue& lists, const SceneList& scenes)>;
 
@@ -175,23 +124,14 @@ int change(const std::string& name, const Change& change) {
     });
 }
 
-struct FillOptions {
-    std::string bank;
-    std::string path;
-    std::string start;
-    std::string scale;
-    std::optional<int> step;
-    std::string intervals;
-};
-
-Result<FillSteps> stepsOf(const FillOptions& options) {
+Result<FillSteps> stepsOf(const Arguments& arguments) {
     FillSteps steps;
-    if (const Scale* const scale = findScale(options.scale))
+    if (const Scale* const scale = findScale(arguments.text("--scale")))
         return stepsOf(*scale);
-    if (options.step) {
-        steps.intervals = Intervals{*options.step};
-    } else if (!options.intervals.empty()) {
-        steps.intervals = intervalsOf(options.intervals);
+    if (const auto step = arguments.number("--step")) {
+        steps.intervals = Intervals{*step};
+    } else if (const std::string intervals = arguments.text("--intervals"); !intervals.empty()) {
+        steps.intervals = intervalsOf(intervals);
         if (!steps.intervals)
             return failure("--intervals: whole numbers with commas between were expected, as in "
                            "2,2,3");
@@ -199,12 +139,12 @@ Result<FillSteps> stepsOf(const FillOptions& options) {
     return steps;
 }
 
-int fill(const FillOptions& options) {
-    const auto steps = stepsOf(options);
+int fill(const Arguments& arguments) {
+    const auto steps = stepsOf(arguments);
     if (!steps)
         return reportError(steps.error(), kExitUsage);
-    return change(options.bank, [&](const PopUpValue& lists, const SceneList& scenes) {
-        return fillValues(lists, scenes, options.path, options.start, *steps);
+    return change(arguments.text("BANK"), [&](const PopUpValue& lists, const SceneList& scenes) {
+        return fillValues(lists, scenes, arguments.text("PATH"), arguments.text("START"), *steps);
     });
 }
 
@@ -220,34 +160,55 @@ std::optional<int> semitonesOf(std::string_view text) {
                : std::nullopt;
 }
 
-int transpose(const std::string& bank, const std::string& path, const std::string& text) {
-    const auto semitones = semitonesOf(text);
+int transpose(const Arguments& arguments) {
+    const auto semitones = semitonesOf(arguments.text("SEMITONES"));
     if (!semitones)
         return reportError("SEMITONES must be a whole number from -127 to 127, as in +12",
                            kExitUsage);
-    return change(bank, [&](const PopUpValue& lists, const SceneList& scenes) {
-        return transposeNotes(lists, scenes, path, *semitones);
+    return change(arguments.text("BANK"), [&](const PopUpValue& lists, const SceneList& scenes) {
+        return transposeNotes(lists, scenes, arguments.text("PATH"), *semitones);
     });
+}
+
+CommandChoice changing(const Arguments& arguments, int (*run)(const Arguments&)) {
+    return {.run = run, .files = {bankToChange(arguments.text("BANK"))}};
 }
 
 } // namespace
 
+CommandChoice getCommand(const Arguments& arguments) {
+    return {.run = &get,
+            .files = {bankToRead(arguments.text("BANK"), "the bank that is to be read")}};
+}
+
+CommandChoice setCommand(const Arguments& arguments) {
+    return changing(arguments, &set);
+}
+
+CommandChoice copyCommand(const Arguments& arguments) {
+    return {.run = &copy,
+            .files = {bankToRead(arguments.text("--from"), "what is to be copied"),
+                      bankToChange(arguments.text("BANK"))}};
+}
+
+CommandChoice renameCommand(const Arguments& arguments) {
+    return changing(arguments, &rename);
+}
+
+CommandChoice swapCommand(const Arguments& arguments) {
+    return changing(arguments, &swap);
+}
+
+CommandChoice resetCommand(const Arguments& arguments) {
+    return changing(arguments, &reset);
+}
+
 CommandChoice fillCommand(const Arguments& arguments) {
-    const FillOptions options{.bank = arguments.text("BANK"),
-                              .path = arguments.text("PATH"),
-                              .start = arguments.text("START"),
-                              .scale = arguments.text("--scale"),
-                              .step = arguments.number("--step"),
-                              .intervals = arguments.text("--intervals")};
-    return {.run = [options] { return fill(options); }, .files = {bankToChange(options.bank)}};
+    return changing(arguments, &fill);
 }
 
 CommandChoice transposeCommand(const Arguments& arguments) {
-    const std::string bank = arguments.text("BANK");
-    return {.run = [bank, path = arguments.text("PATH"),
-                    semitones =
-                        arguments.text("SEMITONES")] { return transpose(bank, path, semitones); },
-            .files = {bankToChange(bank)}};
+    return changing(arguments, &transpose);
 }
 
 } // namespace scenewright

@@ -24,13 +24,15 @@ std::vector<NamedFile> filesOf(const LaunchOptions& options, const CommandChoice
     return files;
 }
 
-int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
+int runChosen(const CommandLine& line) {
+    const LaunchOptions& options = line.options;
+    const CommandChoice& choice = line.choice;
     if (const auto checked = checkNamedFiles(filesOf(options, choice)); !checked)
         return reportError(checked.error(), kExitUsage);
     if (const auto launched = launch(options); !launched)
         return reportError(launched.error(), kExitUsage);
     if (!choice.usesController)
-        return choice.run();
+        return choice.run(line.arguments);
     if (const auto checked = checkList(kProjectList); !checked)
         return reportError(checked.error(), kExitUsage);
     Shutdown shutdown;
@@ -40,7 +42,7 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     if (!connected)
         return reportError(connected.error(), kExitUsage);
     if (options.isVirtual)
-        return choice.run();
+        return choice.run(line.arguments);
     if (const auto checked = (*connected)->checkChosen(); !checked)
         return reportError(checked.error(), kExitController);
     if (const auto told = (*connected)->tacitChoice())
@@ -48,17 +50,17 @@ int runChosen(const LaunchOptions& options, const CommandChoice& choice) {
     KeyboardConnections connections(KeyboardConnections::sequencerIfAny());
     connections.beforeTransaction();
     shutdown.setWorkAfterRelease(&restoreNotedConnections);
-    const int exitCode = choice.run();
+    const int exitCode = choice.run(line.arguments);
     connections.restore(KeyboardConnections::kLimit);
     return exitCode;
 }
 
 // With the exit code by which the command tells an error of the system's.
-int runToEnd(const LaunchOptions& options, const CommandChoice& choice) {
+int runToEnd(const CommandLine& line) {
     try {
-        return runChosen(options, choice);
+        return runChosen(line);
     } catch (const std::bad_alloc& error) {
-        return reportError(sentenceOf(error), choice.failed);
+        return reportError(sentenceOf(error), line.choice.failed);
     }
 }
 
@@ -76,7 +78,7 @@ int run(int argc, char** argv) {
         return reportError(line.error(), kExitUsage);
     if (line->answer)
         return endStreams(printAndEnd(*line->answer, kExitDone), kExitOutput);
-    return endStreams(runToEnd(line->options, line->choice), line->choice.failed);
+    return endStreams(runToEnd(*line), line->choice.failed);
 }
 
 } // namespace

@@ -9,8 +9,8 @@
 
 namespace scenewright::testing {
 
-// What a line chooses whose words have no spaces in them; the program's name is not among them.
-inline CommandChoice chosenCommand(const std::string& line) {
+// Runs what a line says whose words have no spaces in them; the program's name is not among them.
+inline int runCommand(const std::string& line) {
     std::istringstream stream(line);
     std::vector<std::string> words{"scenewright-cli"};
     for (std::string word; stream >> word;)
@@ -19,7 +19,9 @@ inline CommandChoice chosenCommand(const std::string& line) {
     pointers.reserve(words.size());
     for (const std::string& word : words)
         pointers.push_back(word.c_str());
-    return parseCommandLine(static_cast<int>(pointers.size()), pointers.data()).value().choice;
+    const CommandLine chosen =
+        parseCommandLine(static_cast<int>(pointers.size()), pointers.data()).value();
+    return chosen.choice.run(chosen.arguments);
 }
 
 } // namespace scenewright::testing

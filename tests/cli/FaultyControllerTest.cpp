@@ -59,11 +59,10 @@ protected:
             if (const auto place = line.find(word); place != std::string::npos)
                 line.replace(place, std::strlen(word), folder.file(name));
         Transport::instance().use(std::move(host), [](std::chrono::nanoseconds) {});
-        const CommandChoice choice = testing::chosenCommand(line);
         ::testing::internal::CaptureStdout();
         ::testing::internal::CaptureStderr();
         CommandRun outcome;
-        outcome.exitCode = choice.run();
+        outcome.exitCode = testing::runCommand(line);
         outcome.output = ::testing::internal::GetCapturedStdout();
         outcome.errors = ::testing::internal::GetCapturedStderr();
         return outcome;

@@ -253,7 +253,7 @@ private:
         const auto bus = std::make_shared<StoppingBus>(place, stop, letters.get());
         Transport::instance().use(std::make_shared<StoppingHost>(bus),
                                   [bus](std::chrono::nanoseconds) { bus->pause(); });
-        const int exitCode = testing::chosenCommand(line).run();
+        const int exitCode = testing::runCommand(line);
         Transport::instance().shutDown();
         SendJob::join();
         return exitCode;
