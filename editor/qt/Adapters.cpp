@@ -52,7 +52,7 @@ public:
     }
 
     [[nodiscard]] QStringList actionNames() const override {
-        return QStringList(toggleAction()) + QAccessibleWidget::actionNames();
+        return QStringList{toggleAction()} + QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString& name) override {
