@@ -1,10 +1,18 @@
-// Files as text, written and read in one go, and what tests write into them.
+// Files as text, written and read in one go, what tests write into them, and a file that is
+// replaced.
 #pragma once
+
+#include "platform/Files.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
+#include <sys/stat.h>
 
 namespace scenewright {
 
@@ -28,5 +36,32 @@ inline std::string readText(const std::filesystem::path& path) {
 inline std::string listNaming(const std::string& text) {
     return "<plist version=\"1.0\"><string>" + text + "</string></plist>";
 }
+
+inline FileContent bytesOf(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+inline mode_t modeOf(const std::filesystem::path& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777U;
+}
+
+// A file of a folder of its own that is written.
+class ReplacedFile : public ::testing::Test {
+protected:
+    // Writes and asks beforehand: both must say the same.
+    std::string errorOfWriting(const std::filesystem::path& path) {
+        const auto checked = checkReplaceable(path);
+        const std::string asked = checked ? "none" : checked.error();
+        const auto replaced = replaceFile(path, bytesOf("new"));
+        const std::string told = replaced ? "none" : replaced.error();
+        EXPECT_EQ(asked, told);
+        return told;
+    }
+
+    testing::TempFolder folder_;
+    std::filesystem::path file_ = folder_.path() / "a.bank";
+};
 
 } // namespace scenewright

@@ -1,5 +1,7 @@
 // The device's half of the conversation, as simple as it can be, behind a scripted host: it answers
-// the packets that call for an answer and checks nothing. Its replies can be replaced.
+// the packets that call for an answer and checks nothing. Its replies can be replaced. The virtual
+// controller is no substitute: it is written with the packets of the code that is tested here, and
+// both could be wrong alike.
 #pragma once
 
 #include "tests/usb/ScriptedHost.h"

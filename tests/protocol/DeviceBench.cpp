@@ -1,12 +1,56 @@
-#include "tests/protocol/ExpectedStreams.h"
+#include "tests/protocol/DeviceBench.h"
+
+#include "protocol/Transactions.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <chrono>
 #include <cstdio>
-#include <span>
-#include <string>
+#include <iterator>
+#include <string_view>
 
 namespace scenewright::testing {
+
+namespace {
+
+constexpr std::string_view kMessage = "message ";
+
+} // namespace
+
+void DeviceBench::SetUp() {
+    TransportFixture::SetUp();
+    Transport::instance().use(makeScriptedHost(script), [this](std::chrono::nanoseconds pause) {
+        pauses.push_back(pause);
+        if (onPause)
+            onPause();
+    });
+    Progress::forget();
+    observed_ =
+        Progress::record()->addObserver("Message", [this](auto, const MessageValue::Text& text) {
+            messages.push_back(text.value());
+            script->note(std::string(kMessage) + text.value());
+        });
+}
+
+void DeviceBench::TearDown() {
+    SendJob::waitForEnd();
+    SendJob::join();
+    TransportFixture::TearDown();
+    Progress::forget();
+}
+
+Lines DeviceBench::withoutMessages() const {
+    Lines lines = script->events;
+    std::erase_if(lines, [](const std::string& line) { return line.starts_with(kMessage); });
+    return lines;
+}
+
+Lines DeviceBench::told() const {
+    Lines lines;
+    std::ranges::copy_if(script->events, std::back_inserter(lines), [](const std::string& line) {
+        return line.starts_with("log ") || line.starts_with(kMessage);
+    });
+    return lines;
+}
 
 std::string dumpOf(std::span<const std::uint8_t> bytes) {
     std::string text;
