@@ -1,5 +1,6 @@
 #include "app/Recovery.h"
 
+#include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,6 @@
 #include <memory>
 #include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -42,18 +42,15 @@ protected:
     }
     // A program of its own that keeps scenes and then ends as `end` does.
     void leave(std::uint8_t byte, const std::function<void()>& end) const {
-        const pid_t child = fork();
-        if (child == 0) {
+        const testing::ProgramRun run = testing::runForked([&](int) -> int {
             const auto recovery = start();
             recovery->keep(scenesOf(byte));
             if (!recovery->flush())
-                _exit(1);
+                return 1;
             end();
             _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_FALSE(WIFEXITED(status) && WEXITSTATUS(status) != 0);
+        });
+        EXPECT_TRUE(run.exitCode == 0 || run.exitCode > 128) << run.exitCode;
     }
     void setAge(int place, int seconds) const {
         const timespec time{.tv_sec = ::time(nullptr) - seconds, .tv_nsec = 0};

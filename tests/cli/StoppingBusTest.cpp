@@ -27,7 +27,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <sys/wait.h>
 #include <tuple>
 #include <unistd.h>
 #include <utility>
@@ -35,6 +34,8 @@
 
 namespace scenewright {
 namespace {
+
+using testing::ProgramRun;
 
 enum class Stop : std::uint8_t { Unplug, Stall, Silence, Error };
 enum class Step : std::uint8_t { List, Open, Write, Read };
@@ -213,44 +214,28 @@ private:
     std::shared_ptr<UsbHost> inner_;
 };
 
-struct ProgramEnd {
-    int status = 0;
-    std::string errors;
-    std::string letters;
-};
-
 class StoppingBusTest : public ::testing::Test {
 protected:
     StoppingBusTest() { testing::writeBytes(folder_.file("zeros"), BankImage{}); }
 
-    ProgramEnd run(const std::string& line, Place place, Stop stop) {
-        const pid_t child = fork();
-        if (child == 0)
-            _exit(runHere(line, place, stop));
-        ProgramEnd ending;
-        EXPECT_EQ(waitpid(child, &ending.status, 0), child);
-        for (const auto& [name, text] :
-             {std::pair{"errors", &ending.errors}, std::pair{"letters", &ending.letters}}) {
-            *text = testing::readText(folder_.file(name));
-            std::filesystem::remove(folder_.file(name));
-        }
+    // Its output is the letters of the bus.
+    ProgramRun run(const std::string& line, Place place, Stop stop) {
+        ProgramRun ending =
+            testing::runForked([&](int letters) { return runHere(line, place, stop, letters); });
+        ending.errors = testing::readText(folder_.file("errors"));
+        std::filesystem::remove(folder_.file("errors"));
         return ending;
     }
 
     testing::TempFolder folder_;
 
 private:
-    [[nodiscard]] FileDescriptor made(const char* name) const {
-        return FileDescriptor(
-            open(folder_.file(name).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
-    }
-    int runHere(const std::string& line, Place place, Stop stop) {
-        signal(SIGTERM, SIG_DFL);
-        const FileDescriptor errors = made("errors");
-        const FileDescriptor letters = made("letters");
+    int runHere(const std::string& line, Place place, Stop stop, int letters) const {
+        const FileDescriptor errors(
+            open(folder_.file("errors").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
         dup2(errors.get(), STDERR_FILENO);
         const Shutdown shutdown;
-        const auto bus = std::make_shared<StoppingBus>(place, stop, letters.get());
+        const auto bus = std::make_shared<StoppingBus>(place, stop, letters);
         Transport::instance().use(std::make_shared<StoppingHost>(bus),
                                   [bus](std::chrono::nanoseconds) { bus->pause(); });
         const int exitCode = testing::runCommand(line);
@@ -317,17 +302,16 @@ std::optional<std::string> endOf(const Stage& stage, std::size_t stop, const std
            ". " + (isUnplug ? kReplug : kAgain);
 }
 
-void expectEnd(const ProgramEnd& ending, const std::optional<std::string>& sentence) {
+void expectEnd(const ProgramRun& ending, const std::optional<std::string>& sentence) {
     if (!sentence) {
-        EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == SIGTERM)
-            << ending.status;
+        EXPECT_EQ(ending.exitCode, 128 + SIGTERM);
         // The command may be quicker than the signal, and say what became of its transfer.
         EXPECT_TRUE(ending.errors.empty() ||
                     ending.errors.starts_with("scenewright-cli: The transfer was cancelled: "))
             << ending.errors;
         return;
     }
-    EXPECT_TRUE(WIFEXITED(ending.status) && WEXITSTATUS(ending.status) == 1) << ending.status;
+    EXPECT_EQ(ending.exitCode, 1);
     EXPECT_EQ(std::ranges::count(ending.errors, '\n'), 1) << ending.errors;
     EXPECT_TRUE(ending.errors.ends_with(*sentence + "\n")) << ending.errors;
 }
@@ -344,9 +328,9 @@ TEST_F(StoppingBusTest, WhatBecameOfTheTransferIsToldAndTheInterfaceGivenBack) {
         for (const Stage& stage : *stages)
             for (std::size_t stop = 0; stop < kStops.size(); ++stop) {
                 SCOPED_TRACE(command + ": " + stage.place.stage + ", " + std::to_string(stop));
-                const ProgramEnd ending = run(command, stage.place, kStops.at(stop));
+                const ProgramRun ending = run(command, stage.place, kStops.at(stop));
                 expectEnd(ending, endOf(stage, stop, untouched, broken));
-                EXPECT_EQ(ending.letters, *stage.where == '\0' ? "" : "OR");
+                EXPECT_EQ(ending.output, *stage.where == '\0' ? "" : "OR");
                 EXPECT_EQ(folder_.names(), std::vector<std::string>{"zeros"});
             }
 }
@@ -358,10 +342,10 @@ TEST_F(StoppingBusTest, WhatComesAfterTheEndIsNoMatter) {
              {std::pair{"read " + folder_.file("new"), Place{"after", Step::Write, 1016}},
               std::pair{"send --no-backup " + folder_.file("zeros"),
                         Place{"after", Step::Read, 4}}}) {
-            const ProgramEnd ending = run(line, place, stop);
-            EXPECT_TRUE(WIFEXITED(ending.status) && WEXITSTATUS(ending.status) == 0);
+            const ProgramRun ending = run(line, place, stop);
+            EXPECT_EQ(ending.exitCode, 0);
             EXPECT_EQ(ending.errors, "");
-            EXPECT_EQ(ending.letters, "OR");
+            EXPECT_EQ(ending.output, "OR");
         }
         EXPECT_TRUE(std::filesystem::remove(folder_.file("new")));
     }

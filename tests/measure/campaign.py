@@ -31,7 +31,7 @@ LEAST_SHARE = 0.95
 SUITES = {
     "model": ["model", "protocol"],
     "protocol": ["protocol"],
-    "usb": ["usb", "libusb", "attached", "protocol"],
+    "usb": ["usb", "libusb", "shutdown", "protocol"],
     "editor": ["editor"],
     "editor/qt": ["editor-qt", "editor-qt-files"],
 }

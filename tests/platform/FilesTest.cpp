@@ -2,26 +2,20 @@
 
 #include "platform/Process.h"
 #include "tests/platform/TextFile.h"
-#include "tests/support/FileSizeLimit.h"
+#include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cerrno>
 #include <cstdint>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <sched.h>
 #include <string>
 #include <string_view>
-#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -152,25 +146,15 @@ TEST_F(Files, NamesThatKeepTheFormerContentAreCounted) {
 // In a process with mounts of its own, where the folder is changed first. What cannot be replaced
 // there is found before anything is written.
 std::string errorBesideMounts(const fs::path& file, const std::function<bool()>& change) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(::pipe(ends.data()), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
+    const auto ask = [&](int output) {
         const bool isReady = ::unshare(CLONE_NEWNS) == 0 &&
                              ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
                              change();
         const auto checked = checkReplaceable(file);
         const std::string told = !isReady ? "no mounts" : checked ? "none" : checked.error();
-        static_cast<void>(!::write(ends[1], told.data(), told.size()));
-        ::_exit(0);
-    }
-    ::close(ends[1]);
-    std::string told;
-    for (char letter = 0; ::read(ends[0], &letter, 1) == 1;)
-        told += letter;
-    ::close(ends[0]);
-    ::waitpid(child, nullptr, 0);
-    return told;
+        return ::write(output, told.data(), told.size()) < 0 ? 1 : 0;
+    };
+    return testing::runForked(ask).output;
 }
 
 TEST_F(Files, MountsThatKeepAFileFromBeingReplacedAreFoundBeforehand) {

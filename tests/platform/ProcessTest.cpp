@@ -1,5 +1,6 @@
 #include "platform/Process.h"
 
+#include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,6 @@
 #include <stdexcept>
 #include <string>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <system_error>
 #include <termios.h>
 #include <thread>
@@ -146,12 +146,7 @@ TEST_F(StandardStreams, WhatCannotBeWrittenIsDropped) {
 // In a child, which says by its exit code what it found.
 template <typename Check>
 int exitCodeOf(const Check& check) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(check() ? 0 : 1);
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return testing::runForked([&](int) { return check() ? 0 : 1; }).exitCode;
 }
 
 TEST_F(StandardStreams, NoFileTakesThePlaceOfAClosedStream) {

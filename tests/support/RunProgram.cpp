@@ -2,8 +2,10 @@
 
 #include "tests/support/TempFolder.h"
 
+#include <array>
 #include <csignal>
 #include <fcntl.h>
+#include <initializer_list>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,6 +13,12 @@
 namespace scenewright::testing {
 
 namespace {
+
+// A shell that started the tests in the background leaves some of these ignored.
+void restore(std::initializer_list<int> signals) {
+    for (const int number : signals)
+        std::signal(number, SIG_DFL);
+}
 
 void redirect(const std::string& path, int flags, int target) {
     const int file = open(path.c_str(), flags, 0600);
@@ -22,9 +30,7 @@ void redirect(const std::string& path, int flags, int target) {
 [[noreturn]] void become(const std::vector<std::string>& command,
                          const std::vector<std::string>& environment,
                          const std::vector<GivenDescriptor>& given, const TempFolder& folder) {
-    // A shell that started the tests in the background leaves some of these ignored.
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXFSZ})
-        std::signal(number, SIG_DFL);
+    restore({SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXFSZ});
     redirect("/dev/null", O_RDONLY, STDIN_FILENO);
     redirect(folder.file("out"), O_WRONLY | O_CREAT, STDOUT_FILENO);
     redirect(folder.file("err"), O_WRONLY | O_CREAT, STDERR_FILENO);
@@ -51,6 +57,14 @@ std::string textOf(const std::string& path) {
     return {bytes.begin(), bytes.end()};
 }
 
+// As a shell tells it.
+int exitCodeOf(pid_t child) {
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child)
+        throw std::runtime_error("cannot run a program");
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
 } // namespace
 
 ProgramRun runProgram(const std::vector<std::string>& command,
@@ -60,13 +74,29 @@ ProgramRun runProgram(const std::vector<std::string>& command,
     const pid_t child = fork();
     if (child == 0)
         become(command, environment, given, folder);
-    int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child)
-        throw std::runtime_error("cannot run " + command.front());
     ProgramRun run;
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    run.exitCode = exitCodeOf(child);
     run.output = textOf(folder.file("out"));
     run.errors = textOf(folder.file("err"));
+    return run;
+}
+
+ProgramRun runForked(const std::function<int(int output)>& body) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        throw std::runtime_error("cannot make a pipe");
+    const pid_t child = fork();
+    if (child == 0) {
+        restore({SIGINT, SIGTERM, SIGHUP});
+        close(ends[0]);
+        _exit(body(ends[1]));
+    }
+    close(ends[1]);
+    ProgramRun run;
+    for (char letter = 0; read(ends[0], &letter, 1) == 1;)
+        run.output += letter;
+    close(ends[0]);
+    run.exitCode = exitCodeOf(child);
     return run;
 }
 

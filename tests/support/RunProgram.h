@@ -1,6 +1,7 @@
-// Runs a program and catches what it writes.
+// Runs a program, or a copy of this one, and catches what it writes.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,5 +26,9 @@ struct GivenDescriptor {
 [[nodiscard]] ProgramRun runProgram(const std::vector<std::string>& command,
                                     const std::vector<std::string>& environment = {},
                                     const std::vector<GivenDescriptor>& given = {});
+
+// Runs `body` in a copy of this process, whose exit code is what it returns and whose output is
+// what it writes to the descriptor that it is given. Signals that end a program do so in it.
+[[nodiscard]] ProgramRun runForked(const std::function<int(int output)>& body);
 
 } // namespace scenewright::testing

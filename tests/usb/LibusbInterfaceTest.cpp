@@ -1,3 +1,4 @@
+#include "tests/support/RunProgram.h"
 #include "tests/usb/FailingAllocation.h"
 #include "tests/usb/FakeLibusb.h"
 #include "usb/LibusbHost.h"
@@ -16,7 +17,6 @@
 #include <memory>
 #include <new>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -312,11 +312,7 @@ TEST_F(LibusbInterfaceTest, ATransferThatCouldNotBeEndedOutlivesItsHandle) {
 // In a process of its own, that a signal ends while its events fail and it goes on regardless: it
 // tells what was called from the signal on through a pipe, a line each.
 TEST_F(LibusbInterfaceTest, ASignalGivesAllBackWhileEventsFailForGood) {
-    std::array<int, 2> ends{};
-    ASSERT_EQ(pipe(ends.data()), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        std::signal(SIGTERM, SIG_DFL);
+    const testing::ProgramRun run = testing::runForked([](int output) -> int {
         const Shutdown shutdown;
         Transport::instance().use(nullptr);
         const auto handle = std::make_shared<InterfaceHandle>(take());
@@ -325,7 +321,7 @@ TEST_F(LibusbInterfaceTest, ASignalGivesAllBackWhileEventsFailForGood) {
         fakeLibusb().eventsResult = -99;
         fakeLibusb().whenCalled = [&](const std::string& call) {
             const std::string line = call + "\n";
-            static_cast<void>(!::write(ends[1], line.data(), line.size()));
+            static_cast<void>(!::write(output, line.data(), line.size()));
         };
         std::array<std::uint8_t, 63> room{};
         for (int reads = 0;; ++reads) {
@@ -333,20 +329,12 @@ TEST_F(LibusbInterfaceTest, ASignalGivesAllBackWhileEventsFailForGood) {
             if (reads == 10)
                 kill(getpid(), SIGTERM);
         }
-    }
-    ::close(ends[1]);
-    std::string told;
-    for (char letter = 0; ::read(ends[0], &letter, 1) == 1;)
-        told += letter;
-    ::close(ends[0]);
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status));
-    EXPECT_EQ(WTERMSIG(status), SIGTERM);
+    });
+    EXPECT_EQ(run.exitCode, 128 + SIGTERM);
     std::string wanted = "read 81: 63 bytes, 0 ms\n";
     for (int round = 0; round < 5; ++round)
         wanted += "events\ncancel\n";
-    EXPECT_EQ(told, wanted + "release 1\nattach 0\nclose\n");
+    EXPECT_EQ(run.output, wanted + "release 1\nattach 0\nclose\n");
 }
 
 // A close, a release of another thread, and a write beside a read that waits.

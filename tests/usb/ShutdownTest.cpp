@@ -3,6 +3,7 @@
 #include "usb/Shutdown.h"
 
 #include "platform/Files.h"
+#include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
 
@@ -20,7 +21,6 @@
 #include <mutex>
 #include <span>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -117,24 +117,9 @@ std::thread sendWhileReading(const Bus& bus, int signal) {
 // Runs `program` in a process of its own; it is given where its letters go and returns its exit
 // status. What was told, in order: "XR, signal 15" or "XR, exit 3".
 std::string endOf(const std::function<int(int letters)>& program) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(pipe(ends.data()), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        // A shell that started the tests in the background leaves some of these ignored.
-        for (const int number : {SIGINT, SIGTERM, SIGHUP})
-            std::signal(number, SIG_DFL);
-        _exit(program(ends[1]));
-    }
-    close(ends[1]);
-    std::string told;
-    for (char letter = 0; read(ends[0], &letter, 1) == 1;)
-        told += letter;
-    close(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFSIGNALED(status) ? told + ", signal " + std::to_string(WTERMSIG(status))
-                               : told + ", exit " + std::to_string(WEXITSTATUS(status));
+    const testing::ProgramRun run = testing::runForked(program);
+    return run.output + (run.exitCode > 128 ? ", signal " + std::to_string(run.exitCode - 128)
+                                            : ", exit " + std::to_string(run.exitCode));
 }
 
 // The same for a program with an object of the class and an open interface.
