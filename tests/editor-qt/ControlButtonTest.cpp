@@ -1,20 +1,15 @@
 #include "editor/qt/ControlButton.h"
 
-#include "editor/qt/ControlShape.h"
-#include "platform/Diagnostics.h"
 #include "tests/support/Limits.h"
 
 #include <QApplication>
 #include <QEnterEvent>
 #include <QImage>
-#include <QPainter>
-#include <QSvgRenderer>
 #include <QTest>
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -178,124 +173,6 @@ TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
     const int left = depthOfChange(before, after, true);
     EXPECT_GT(left, 2);
     EXPECT_EQ(depthOfChange(before, after, false), left);
-}
-
-TEST(ControlShape, EveryKindHasItsShapeAndKeysRunFromCToC) {
-    std::string shapes;
-    for (std::int32_t tag = 21; tag <= 45; ++tag)
-        shapes += shapeOf(ControlKind::Key, tag) == ControlShape::BlackKey ? '#' : '.';
-    EXPECT_EQ(shapes, ".#.#..#.#.#..#.#..#.#.#..");
-    EXPECT_EQ(shapeOf(ControlKind::Group, 1), ControlShape::Group);
-    EXPECT_EQ(shapeOf(ControlKind::Knob, 5), ControlShape::Knob);
-    EXPECT_EQ(shapeOf(ControlKind::Slider, 9), ControlShape::Slider);
-    EXPECT_EQ(shapeOf(ControlKind::Pad, 13), ControlShape::Pad);
-}
-
-TEST(ControlShape, CaptionStandsInsideTheControlOnADarkGround) {
-    const QRectF room(0, 0, 60, 120);
-    for (int shape = 0; shape < 6; ++shape) {
-        QImage image(60, 120, QImage::Format_ARGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        drawControl(painter, room, {static_cast<ControlShape>(shape), Qt::white});
-        const QRectF caption = captionRect(static_cast<ControlShape>(shape), room);
-        EXPECT_TRUE(room.contains(caption)) << shape;
-        EXPECT_LT(QColor(image.pixel(caption.center().toPoint())).lightness(), 20) << shape;
-    }
-}
-
-TEST(Caption, IsSetAsLargeAsItMayBeThenSmallerThenTurned) {
-    const QFont font = QApplication::font();
-    const QSizeF small(captionSize("Momentary", font).width() * 0.75, 30);
-    struct Row {
-        const char* text;
-        QSizeF room;
-        int largest;
-        bool fits;
-        bool isTurned;
-        int least;
-        int most;
-    };
-    for (const Row& row :
-         {Row{"CC#\n74", {200, 100}, 14, true, false, 14, 14},
-          Row{"Momentary", small, 16, true, false, kSmallestCaption, 15},
-          Row{"Momentary", {24, 110}, 12, true, true, kSmallestCaption, 12},
-          Row{"Momentary", {10, 10}, 12, false, false, kSmallestCaption, kSmallestCaption}}) {
-        const auto setting = setCaption(row.text, row.room, font, row.largest);
-        EXPECT_EQ(setting.fits, row.fits) << row.text;
-        if (row.fits) {
-            const QSizeF size = captionSize(row.text, setting.font);
-            EXPECT_LE((row.isTurned ? size.transposed() : size).width(), row.room.width());
-            EXPECT_EQ(setting.isTurned, row.isTurned) << row.text;
-        }
-        EXPECT_GE(setting.font.pixelSize(), row.least);
-        EXPECT_LE(setting.font.pixelSize(), row.most);
-    }
-}
-
-TEST(Caption, SizeIsThatOfTheWidestLineAndOfAllLines) {
-    const QFont font = QApplication::font();
-    EXPECT_EQ(captionSize("CC#\n127", font).height(), 2 * captionSize("CC#", font).height());
-    EXPECT_EQ(captionSize("Note\nC", font).width(), captionSize("Note", font).width());
-}
-
-// Where the ink of a caption is, drawn into a room of this size.
-QRect inkOf(const QString& text, const QSize& room) {
-    QImage image(room, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    const auto setting = setCaption(text, room, QApplication::font(), 12);
-    QPainter painter(&image);
-    drawCaption(painter, image.rect(), text, setting, Qt::black);
-    painter.end();
-    QRect ink;
-    for (int y = 0; y < room.height(); ++y)
-        for (int x = 0; x < room.width(); ++x)
-            if (qGray(image.pixel(x, y)) < 128)
-                ink |= QRect(x, y, 1, 1);
-    return ink;
-}
-
-TEST(Caption, TurnedTextIsDrawnUprightInTheMiddle) {
-    const QRect lying = inkOf("Momentary", {110, 24});
-    const QRect turned = inkOf("Momentary", {24, 110});
-    EXPECT_GT(lying.width(), 3 * lying.height());
-    EXPECT_GT(turned.height(), 3 * turned.width());
-    EXPECT_NEAR(turned.center().y(), 55, 4);
-    EXPECT_NEAR(turned.center().x(), 12, 4);
-}
-
-QImage drawnOf(const QSize& size, const std::function<void(QPainter&, const QRectF&)>& draw) {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    draw(painter, QRectF(QPointF(), size));
-    return image;
-}
-
-TEST(ResourceImage, IsTheDrawingItselfAndKeepsItsCornersInALargerPlace) {
-    QSvgRenderer drawing(QStringLiteral(SCENEWRIGHT_SOURCE_DIR "/resources/selected.svg"));
-    const auto drawn = [](const QSize& size) {
-        return drawnOf(size, [](QPainter& painter, const QRectF& room) {
-            drawResourceImage(painter, room, "selected");
-        });
-    };
-    const QSize size = drawing.viewBox().size();
-    EXPECT_EQ(drawn(size), drawnOf(size, [&](QPainter& painter, const QRectF& room) {
-                  drawing.render(&painter, room);
-              }));
-    const QRect corner(QPoint(), QSize(size.width() / 3, size.width() / 3));
-    EXPECT_EQ(drawn(size * 4).copy(corner), drawn(size).copy(corner));
-}
-
-TEST(ResourceImage, ThatIsMissingDrawsNothingAndLogsNothing) {
-    std::vector<std::string> log;
-    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
-    const auto draw = [](QPainter& painter, const QRectF& room) {
-        drawResourceImage(painter, room, "no-such-image");
-    };
-    EXPECT_EQ(drawnOf({20, 20}, draw), drawnOf({20, 20}, [](QPainter&, const QRectF&) {}));
-    Diagnostics::setLog({});
-    EXPECT_EQ(log, std::vector<std::string>{});
 }
 
 } // namespace
