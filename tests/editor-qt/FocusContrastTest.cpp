@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace scenewright::testing {
@@ -49,6 +50,64 @@ QImage seen(const QWidget& widget) {
 }
 
 class ThemeTest : public ::testing::TestWithParam<bool> {};
+
+TEST_P(ThemeTest, EachRoleAndSheetHasItsColours) {
+    struct Row {
+        QPalette::ColorRole role;
+        const char* light;
+        const char* dark;
+    };
+    const bool isDark = GetParam();
+    const auto colour = [isDark](const Row& row) { return isDark ? row.dark : row.light; };
+    applyTheme(isDark);
+    const QPalette palette = QApplication::palette();
+    using P = QPalette;
+    for (const Row& row : {
+             Row{P::Window, "#edeff3", "#131519"},
+             Row{P::Base, "#ffffff", "#1d2026"},
+             Row{P::ToolTipBase, "#ffffff", "#1d2026"},
+             Row{P::AlternateBase, "#f6f7f9", "#282c34"},
+             Row{P::Button, "#f6f7f9", "#282c34"},
+             Row{P::Mid, "#d0d5dd", "#3c424d"},
+             Row{P::WindowText, "#181c22", "#e7eaef"},
+             Row{P::Text, "#181c22", "#e7eaef"},
+             Row{P::ButtonText, "#181c22", "#e7eaef"},
+             Row{P::ToolTipText, "#181c22", "#e7eaef"},
+             Row{P::PlaceholderText, "#58616e", "#9da6b3"},
+             Row{P::Highlight, "#167a3a", "#3fb95c"},
+             Row{P::Link, "#167a3a", "#3fb95c"},
+             Row{P::HighlightedText, "#ffffff", "#08140c"},
+             Row{P::BrightText, "#a33e08", "#ffb259"},
+         })
+        EXPECT_EQ(palette.color(QPalette::Active, row.role).name(), colour(row)) << row.role;
+    const Row faded{P::Text, "#abb0b6", "#5d636c"}; // between what is muted and the panel
+    for (const auto role : {P::Text, P::WindowText, P::ButtonText})
+        EXPECT_EQ(palette.color(QPalette::Disabled, role).name(), colour(faded)) << role;
+
+    const auto sheetOf = [](Sheet sheet) {
+        QWidget widget;
+        giveSheet(widget, sheet);
+        return widget.styleSheet().toStdString();
+    };
+    const std::string menus = sheetOf(Sheet::Menus);
+    const std::string entries = sheetOf(Sheet::Entries);
+    const std::string sliders = sheetOf(Sheet::Sliders);
+    for (const auto& [sheet, part, row] :
+         {std::tuple{menus, "QMenu { background: ",
+                     Row{P::Base, "#ffffff; color: #181c22", "#1d2026; color: #e7eaef"}},
+          {menus, "border: 1px solid ", Row{P::Mid, "#d0d5dd", "#3c424d"}},
+          {menus, "::item:selected { background: ",
+           Row{P::Highlight, "#167a3a; color: #ffffff", "#3fb95c; color: #08140c"}},
+          {menus, "::item:disabled { color: ", faded},
+          {entries, "::item:hover { background: ", Row{P::Button, "#f6f7f9", "#282c34"}},
+          {entries,
+           "::handle:vertical:hover { background: ", Row{P::PlaceholderText, "#58616e", "#9da6b3"}},
+          {sliders, "::handle:vertical { background: ", Row{P::Text, "#181c22", "#e7eaef"}}})
+        EXPECT_NE(sheet.find(part + std::string(colour(row))), std::string::npos) << part << sheet;
+    for (const std::string& sheet : {menus, entries, sliders})
+        EXPECT_EQ(sheet.find('@'), std::string::npos) << sheet;
+    applyTheme(false);
+}
 
 TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
     const Theme& theme = themeOf(GetParam());
