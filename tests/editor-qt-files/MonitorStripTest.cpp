@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeView>
 
 #include <cstdint>
 #include <optional>
@@ -110,6 +111,35 @@ TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
               (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3", "Note off D2, ch 10 | Pad 3",
                            "Note on Eb7, ch 10, velocity 1 | scene 3?",
                            "Note on F-1, ch 10, velocity 1 | no control of the scenes"}));
+}
+
+TEST_F(MonitorStripTest, ItsFieldsStandInALineAboveTheListAsWideAsWhatTheyHold) {
+    strip.action().setChecked(true);
+    QApplication::processEvents();
+    QWidget& filter = *strip.findChild<QLineEdit*>();
+    int right = strip.findChild<QLabel*>()->geometry().right();
+    EXPECT_GT(right, strip.width() / 4) << "what is listened to has the room that is left";
+    QList<QWidget*> fields{&filter};
+    for (const char* const text : {"Pause", "Clock Too", "Clear", "Copy"})
+        fields.append(&toolButton(text));
+    for (const QWidget* field : fields) {
+        EXPECT_GT(field->x(), right) << field->accessibleName().toStdString();
+        right = field->geometry().right();
+    }
+    EXPECT_EQ(right, strip.rect().right());
+    EXPECT_TRUE(toolButton("Pause").isCheckable() && toolButton("Clock Too").isCheckable());
+    EXPECT_FALSE(toolButton("Clear").isCheckable() || toolButton("Copy").isCheckable());
+    const QTreeView& list = *strip.findChild<QTreeView*>();
+    EXPECT_EQ(list.geometry().topLeft(), QPoint(0, filter.parentWidget()->height() + 4));
+    EXPECT_EQ(list.geometry().bottomRight(), strip.rect().bottomRight());
+    EXPECT_EQ(list.columnWidth(MonitorLines::Time), 96);
+    EXPECT_EQ(list.columnWidth(MonitorLines::Words), 300);
+    EXPECT_FALSE(list.rootIsDecorated());
+    EXPECT_EQ(list.selectionMode(), QAbstractItemView::ExtendedSelection);
+    QStringList titles;
+    for (int column = 0; column < list.model()->columnCount(); ++column)
+        titles.append(list.model()->headerData(column, Qt::Horizontal).toString());
+    EXPECT_EQ(titles, (QStringList{"Time", "Message", "Sent by"}));
 }
 
 TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
@@ -322,6 +352,34 @@ TEST_F(TryStripTest, EachControlIsNamedAndShownAndItsResultStandsBesideIt) {
     click("Back");
     EXPECT_EQ(told(), "Touch Knob 3.");
     EXPECT_EQ(result(2), "");
+}
+
+TEST_F(TryStripTest, ItsButtonsStandBesideTheLineThatTellsAndTheTable) {
+    window().show();
+    begin();
+    QApplication::processEvents();
+    const QTreeWidget& table = *strip.findChild<QTreeWidget*>();
+    const QRect line = strip.findChild<SpokenText*>()->geometry();
+    EXPECT_EQ(line.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(table.geometry().topLeft(), QPoint(0, line.bottom() + 1 + 4));
+    EXPECT_EQ(table.geometry().right(), line.right());
+    EXPECT_EQ(table.geometry().bottom(), strip.rect().bottom());
+    EXPECT_EQ(table.columnWidth(0), 110);
+    EXPECT_EQ(table.columnWidth(1), 170);
+    int top = 0;
+    QStringList titles;
+    for (const auto* button : strip.findChildren<QPushButton*>()) {
+        const QRect place(button->mapTo(&strip, QPoint(0, 0)), button->size());
+        EXPECT_EQ(place.top(), top);
+        EXPECT_EQ(place.left(), line.right() + 1 + 4);
+        EXPECT_EQ(place.right(), strip.rect().right());
+        top = place.bottom() + 1 + 4;
+        titles.append(button->text());
+        EXPECT_EQ(button->accessibleName(), button->text());
+    }
+    EXPECT_EQ(titles, (QStringList{"Skip", "Back", "Copy Report", "End"}));
+    EXPECT_LT(table.width() * 2, strip.width() * 3) << "the wide column is the table's";
+    EXPECT_GT(table.width() * 2, strip.width());
 }
 
 TEST_F(TryStripTest, TheEndTellsWhatWasFoundAndTheReportIsCopied) {

@@ -11,9 +11,15 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
+#include <iterator>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -86,30 +92,57 @@ struct Played {
     int times = 1; // alike, before it is looked at what was sent
 };
 
+// A key by its letter, and by its place where the layout has another letter there.
+void append(std::vector<Played>& all, char letter, std::uint32_t place,
+            const MidiMessage& message) {
+    all.push_back({letter, 0, message});
+    all.push_back({Qt::Key_Q, place, message});
+}
+
+// What the keys of the two rows and the digits play, from the left.
+std::vector<Played> wholeRows() {
+    constexpr std::string_view kLetters = "AWSEDFTGYHUJKOLP;'";
+    constexpr std::array<std::uint32_t, kLetters.size()> kPlaces{
+        38, 25, 39, 26, 40, 41, 28, 42, 29, 43, 30, 44, 45, 32, 46, 33, 47, 48};
+    constexpr std::uint32_t kPlaceOfOne = 10;
+    std::vector<Played> all;
+    for (std::uint8_t key = 0; key < kLetters.size(); ++key)
+        append(all, kLetters.at(key), kPlaces.at(key),
+               {0x90, static_cast<std::uint8_t>(kKeyNote + key), 100});
+    for (std::uint8_t pad = 0; pad < 8; ++pad)
+        append(all, static_cast<char>('1' + pad), kPlaceOfOne + pad,
+               {0x99, static_cast<std::uint8_t>(kPadNote + pad), 100});
+    return all;
+}
+
 TEST_F(PlayBarTest, RowsOfTheComputersKeysPlay) {
     action().setChecked(true);
-    constexpr std::array kPlayed{
-        Played{Qt::Key_A, 0, {0x90, kKeyNote, 100}},
-        Played{Qt::Key_W, 0, {0x90, kKeyNote + 1, 100}},
-        Played{Qt::Key_Apostrophe, 0, {0x90, kKeyNote + 17, 100}},
-        Played{Qt::Key_Q, 38, {0x90, kKeyNote, 100}}, // where the layout has another letter
-        Played{Qt::Key_Y, 52, {}},                    // an octave up and down
-        Played{Qt::Key_X, 0, {}},
-        Played{Qt::Key_A, 0, {0x90, kKeyNote + 12, 100}},
-        Played{Qt::Key_K, 0, {0x90, kKeyNote + 24, 100}},
-        Played{Qt::Key_O, 0, {}}, // above the last key
-        Played{Qt::Key_Z, 0, {}},
-        Played{Qt::Key_A, 0, {0x90, kKeyNote, 100}},
-        Played{Qt::Key_1, 0, {0x99, kPadNote, 100}},
-        Played{Qt::Key_8, 0, {0x99, kPadNote + 7, 100}},
-        Played{Qt::Key_C, 0, {}},
-        Played{Qt::Key_1, 0, {0x99, kPadNote, 80}},
-        Played{Qt::Key_V, 0, {}, 3},
-        Played{Qt::Key_1, 0, {0x99, kPadNote, 127}},
-        Played{Qt::Key_C, 0, {}, 7},
-        Played{Qt::Key_1, 0, {0x99, kPadNote, 1}},
-    };
-    for (const Played& row : kPlayed) {
+    std::vector<Played> played = wholeRows();
+    std::ranges::copy(
+        std::initializer_list<Played>{
+            {Qt::Key_X, 0, {}}, // an octave up
+            {Qt::Key_A, 0, {0x90, kKeyNote + 12, 100}},
+            {Qt::Key_K, 0, {0x90, kKeyNote + 24, 100}},
+            {Qt::Key_O, 0, {}}, // above the last key
+            {Qt::Key_Z, 0, {}},
+            {Qt::Key_A, 0, {0x90, kKeyNote, 100}},
+            {Qt::Key_Y, 53, {}}, // by their places
+            {Qt::Key_A, 0, {0x90, kKeyNote + 12, 100}},
+            {Qt::Key_Y, 52, {}},
+            {Qt::Key_A, 0, {0x90, kKeyNote, 100}},
+            {Qt::Key_C, 0, {}},
+            {Qt::Key_1, 0, {0x99, kPadNote, 80}},
+            {Qt::Key_Q, 55, {}},
+            {Qt::Key_1, 0, {0x99, kPadNote, 100}},
+            {Qt::Key_V, 0, {}, 2},
+            {Qt::Key_1, 0, {0x99, kPadNote, 127}},
+            {Qt::Key_Q, 54, {}},
+            {Qt::Key_1, 0, {0x99, kPadNote, 107}},
+            {Qt::Key_C, 0, {}, 6},
+            {Qt::Key_1, 0, {0x99, kPadNote, 1}},
+        },
+        std::back_inserter(played));
+    for (const Played& row : played) {
         QKeyEvent press(QEvent::KeyPress, row.key, Qt::NoModifier, row.place, 0, 0);
         QKeyEvent again(QEvent::KeyPress, row.key, Qt::NoModifier, row.place, 0, 0, {}, true);
         QKeyEvent release(QEvent::KeyRelease, row.key, Qt::NoModifier, row.place, 0, 0);
@@ -145,10 +178,17 @@ TEST_F(PlayBarTest, KnobsTurnByTheWheelByDraggingAndByKeys) {
     EXPECT_EQ(sent(), (Messages{{0xB0, kKnobController, 0}}));
     QApplication::sendEvent(&button(kKnob), &wheel);
     EXPECT_EQ(sent(), Messages()) << "it is at its end";
-    QTest::keyClick(keyboard(), Qt::Key_Equal);
-    QTest::keyClick(keyboard(), Qt::Key_Equal);
-    QTest::keyClick(keyboard(), Qt::Key_Minus);
+    for (const auto& [key, place] : {std::pair{Qt::Key_Equal, 0},
+                                     {Qt::Key_Equal, 0},
+                                     {Qt::Key_Minus, 0},
+                                     {Qt::Key_Q, 21},
+                                     {Qt::Key_Q, 20}}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, static_cast<quint32>(place), 0, 0);
+        QApplication::sendEvent(keyboard(), &press);
+    }
     EXPECT_EQ(sent(), (Messages{{0xB0, kKnobController, 4},
+                                {0xB0, kKnobController, 8},
+                                {0xB0, kKnobController, 4},
                                 {0xB0, kKnobController, 8},
                                 {0xB0, kKnobController, 4}}));
     EXPECT_EQ(window().view().selectControl(), 0);
@@ -239,6 +279,12 @@ TEST_F(PlayBarTest, TheBarSaysWhoHearsIt) {
     window().scenes().segment(2).click();
     EXPECT_EQ(told->accessibleName(),
               "Playing scene 3 into Synth, through the port Scenewright (200:0)");
+    const auto* keys = bar().findChildren<SpokenText*>().last();
+    EXPECT_TRUE(keys->text().contains("octave 1 (Z, X)")) << keys->text().toStdString();
+    for (const Qt::Key key : {Qt::Key_X, Qt::Key_C})
+        QTest::keyClick(keyboard(), key);
+    EXPECT_TRUE(keys->text().contains("octave 2 (Z, X)")) << keys->text().toStdString();
+    EXPECT_TRUE(keys->text().contains("velocity 80 (C, V)")) << keys->text().toStdString();
 }
 
 TEST_F(PlayBarTest, WithoutASequencerOneSentenceIsTold) {

@@ -159,6 +159,20 @@ TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
     EXPECT_EQ(list.count(), 0);
 }
 
+TEST_F(SceneChecksTest, ALongRowIsBrokenIntoLinesRatherThanCutOff) {
+    for (std::int32_t control = kKnob; control < kPad; ++control)
+        record(control).setCCOrNoteNumber(7);
+    window().view().showChosenControl();
+    ASSERT_EQ(badge(), "1 to check");
+    commands().checks().badge().click();
+    auto& list = field<QListWidget>(window(), "To Check");
+    QApplication::processEvents();
+    const int oneLine = list.fontMetrics().horizontalAdvance(list.item(0)->text());
+    ASSERT_GT(oneLine, list.viewport()->width());
+    EXPECT_LE(list.visualItemRect(list.item(0)).width(), list.viewport()->width());
+    EXPECT_GE(list.visualItemRect(list.item(0)).height(), 2 * list.fontMetrics().height());
+}
+
 TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     makeConflict();
     blankNameOf(1);

@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QPrinter>
 #include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -105,6 +106,28 @@ TEST_F(SceneSheetTest, APageOfAnyShapeKeepsItsMargins) {
         const QPageSize paper(size, QPageSize::Point, "any", QPageSize::ExactMatch);
         expectWithinMargins(QImage::fromData(written("any.png", sheet(1), paper), "PNG"), 1);
     }
+}
+
+// The sizes of what stands in the table of a sheet on paper of that height in points.
+QSet<int> fontsOf(const QByteArray& svg) {
+    QSet<int> sizes;
+    auto found =
+        QRegularExpression("font-size=\"(\\d+)\"[^>]*>Key \\d").globalMatch(QString::fromUtf8(svg));
+    while (found.hasNext())
+        sizes.insert(found.next().captured(1).toInt());
+    return sizes;
+}
+
+TEST_F(SceneSheetTest, TheTableIsSetAsLargeAsThePaperHasRoomForIt) {
+    std::vector<int> sizes;
+    for (int height = 440; height <= 1100; height += 20) {
+        const QPageSize paper(QSizeF(595, height), QPageSize::Point, "any", QPageSize::ExactMatch);
+        const QSet<int> fonts = fontsOf(written("any.svg", sheet(1), paper));
+        ASSERT_EQ(fonts.size(), 1) << height;
+        if (sizes.empty() || sizes.back() != *fonts.begin())
+            sizes.push_back(*fonts.begin());
+    }
+    EXPECT_EQ(sizes, (std::vector<int>{48, 52, 56, 60, 64, 68, 72, 76}));
 }
 
 // Every pad and key sends a controller with a long name, in each language.

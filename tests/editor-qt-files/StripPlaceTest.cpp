@@ -96,6 +96,41 @@ TEST_F(StripPlaceTest, InALowWindowStripsShareTheSettingsPlaceAndThePictureStand
     expect({false, false, true, false}, {"Settings", "[Try It]"});
 }
 
+TEST_F(StripPlaceTest, NamesStandInAColumnBesideTheStripsWithTheSettingsBelow) {
+    const auto geometryOf = [this](const QWidget& widget) {
+        return QRect(widget.mapTo(&window().strips(), QPoint(0, 0)), widget.size());
+    };
+    resize(kUsual);
+    commands().monitor().action().setChecked(true);
+    play().setChecked(true);
+    const QRect whole = window().strips().rect();
+    for (const QSize size : {kUsual, kLowest}) {
+        resize(size);
+        QList<QRect> names;
+        for (const auto* name : window().strips().findChildren<SegmentButton*>())
+            if (name->isVisible())
+                names.append(geometryOf(*name));
+        ASSERT_EQ(names.size(), size == kUsual ? 2 : 3);
+        EXPECT_EQ(names.front().topLeft(), QPoint(4, 4)) << "inside their frame";
+        for (int place = 1; place < names.size(); ++place) {
+            EXPECT_EQ(names[place].left(), 4);
+            EXPECT_EQ(names[place].top(), names[place - 1].bottom() + 1 + 2);
+        }
+        const QRect strip = geometryOf(playing());
+        EXPECT_EQ(strip.top(), 0);
+        EXPECT_EQ(strip.left(), names.front().right() + 1 + 4 + 10);
+        EXPECT_EQ(strip.right(), window().strips().rect().right());
+    }
+    choose("Settings");
+    EXPECT_EQ(geometryOf(settings()).topLeft(), geometryOf(playing()).topLeft());
+    EXPECT_EQ(geometryOf(settings()).right(), window().strips().rect().right());
+    resize(kUsual);
+    EXPECT_EQ(geometryOf(settings()).left(), 0);
+    EXPECT_EQ(geometryOf(settings()).right(), window().strips().rect().right());
+    EXPECT_EQ(geometryOf(settings()).top(), geometryOf(monitor()).bottom() + 1 + 10);
+    EXPECT_EQ(window().strips().rect(), whole);
+}
+
 TEST_F(StripPlaceTest, InALowWindowAControlThatIsChosenBringsItsSettingsBack) {
     resize(kLowest);
     const std::pair<const char*, std::function<void()>> choices[] = {
