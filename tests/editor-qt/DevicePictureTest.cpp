@@ -1,6 +1,7 @@
 // The drawing of the keyboard: what its places must be, read from the file itself.
-#include "editor/qt/ControlShape.h"
 #include "editor/qt/DevicePicture.h"
+
+#include "editor/qt/ControlShape.h"
 #include "platform/Resources.h"
 #include "tests/support/TempFolder.h"
 

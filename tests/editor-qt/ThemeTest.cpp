@@ -1,8 +1,9 @@
 // The colours of both themes, and that one sees where the keyboard is, measured in what is drawn:
 // on an area as large as a line two pixels wide around half the widget, colours with and without
 // the keyboard differ by 3 to 1.
-#include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
+
+#include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt/WindowBench.h"
 
 #include <QDialog>

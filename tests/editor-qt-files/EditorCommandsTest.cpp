@@ -11,9 +11,9 @@ namespace scenewright::testing {
 
 namespace {
 
-class WindowMemoryTest : public CommandsBench {};
+class EditorCommandsTest : public CommandsBench {};
 
-TEST_F(WindowMemoryTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
+TEST_F(EditorCommandsTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
     programSettings().setValue("displayMode", 5); // as an earlier version kept it
     open();
     EXPECT_EQ(window().displayModes().selectedItem(), 2);
@@ -31,7 +31,7 @@ TEST_F(WindowMemoryTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
     EXPECT_EQ(window().size(), size);
 }
 
-TEST_F(WindowMemoryTest, ANewWindowIsNoWiderThanTheScreen) {
+TEST_F(EditorCommandsTest, ANewWindowIsNoWiderThanTheScreen) {
     open();
     const int room = window().screen()->availableGeometry().width();
     EXPECT_EQ(window().width(), std::max(std::min(1180, room), window().minimumSizeHint().width()));
@@ -49,7 +49,7 @@ bool isDarkNow() {
     return QApplication::palette().color(QPalette::Window).lightness() < 128;
 }
 
-TEST_F(WindowMemoryTest, ChosenAppearanceIsShownAtOnceAndComesBack) {
+TEST_F(EditorCommandsTest, ChosenAppearanceIsShownAtOnceAndComesBack) {
     open();
     appearance(window(), "&Dark")->trigger();
     EXPECT_TRUE(isDarkNow());
@@ -64,7 +64,7 @@ TEST_F(WindowMemoryTest, ChosenAppearanceIsShownAtOnceAndComesBack) {
     EXPECT_FALSE(isDarkNow());
 }
 
-TEST_F(WindowMemoryTest, AppearanceThatIsNoneOfTheThreeIsTheSystems) {
+TEST_F(EditorCommandsTest, AppearanceThatIsNoneOfTheThreeIsTheSystems) {
     programSettings().setValue("appearance", 3);
     open();
     EXPECT_TRUE(appearance(window(), "As the &System")->isChecked());

@@ -1,5 +1,6 @@
-#include "editor/qt/Dialogs.h"
 #include "editor/qt/NoticeBar.h"
+
+#include "editor/qt/Dialogs.h"
 #include "editor/qt/QtHelpers.h"
 #include "tests/support/Limits.h"
 
@@ -38,33 +39,6 @@ void put(QWidget& widget) {
     widget.resize(600, widget.sizeHint().height());
     widget.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget, testing::kLimitMilliseconds));
-}
-
-TEST(About, TellsTheVersionsTheLicenceAndTheLibrariesUntilReturnClosesIt) {
-    About about;
-    put(about);
-    EXPECT_EQ(about.windowTitle(), "About Scenewright");
-    EXPECT_EQ(about.accessibleName(), "About Scenewright");
-    const QStringList texts = labels(about);
-    ASSERT_EQ(texts.size(), 4);
-    EXPECT_TRUE(texts[0].startsWith("Scenewright "));
-    EXPECT_EQ(texts[1], "An editor for the four scenes of a USB MIDI keyboard controller.");
-    EXPECT_EQ(texts[2], QStringLiteral("Qt %1, built with Qt %2").arg(qVersion(), QT_VERSION_STR));
-    const auto* libraries = about.findChild<QTreeWidget*>();
-    ASSERT_GE(libraries->topLevelItemCount(), 9);
-    for (int row = 0; row < libraries->topLevelItemCount(); ++row) {
-        const QTreeWidgetItem& library = *libraries->topLevelItem(row);
-        const std::string name = library.text(0).toStdString();
-        EXPECT_TRUE(QRegularExpression("^\\d+(\\.\\d+)*$").match(library.text(1)).hasMatch())
-            << name;
-        EXPECT_FALSE(library.text(2).isEmpty()) << name;
-    }
-    const QString licence = about.findChild<QPlainTextEdit*>()->toPlainText();
-    EXPECT_TRUE(licence.startsWith("MIT License\n"));
-    EXPECT_TRUE(licence.contains("Permission is hereby granted, free of charge"));
-    QTest::keyClick(&about, Qt::Key_Return);
-    EXPECT_EQ(about.result(), QDialog::Accepted);
-    EXPECT_FALSE(about.isVisible());
 }
 
 Notice noticeOf(Notice::Source source, const QString& text,
