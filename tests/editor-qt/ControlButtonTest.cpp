@@ -167,7 +167,8 @@ int depthOfChange(const QImage& before, const QImage& after, bool fromLeft) {
 TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
     pad_.clearFocus();
     const QImage before = seen();
-    QApplication::setActiveWindow(&pad_);
+    pad_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&pad_, testing::kLimitMilliseconds));
     pad_.setFocus(Qt::TabFocusReason);
     const QImage after = seen();
     const int left = depthOfChange(before, after, true);
