@@ -23,7 +23,7 @@ enum class ControlShape : std::uint8_t { Group, Knob, Slider, Pad, WhiteKey, Bla
 
 struct ControlLook {
     ControlShape shape = ControlShape::Group;
-    QColor light; // of a pad; invalid or black is unlit
+    QColor light{}; // of a pad; invalid or black is unlit
     bool isDown = false;
     bool isHovered = false;
     bool isPlayed = false;         // on the keyboard, just now
