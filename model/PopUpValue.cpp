@@ -25,56 +25,10 @@ Titles titlesOf(const PropertyValue& value) {
 
 } // namespace
 
-const std::array<OptionList, kOptionListCount>& optionLists() {
-    static constexpr std::array<OptionList, kOptionListCount> kLists{{
-        PopUpValue::display_Select_ArrayList,
-        PopUpValue::control_ArrayList,
-        PopUpValue::display_MIDIChannel_ArrayList,
-        PopUpValue::display_AssignType_ArrayList,
-        PopUpValue::display_CCNumber_ArrayList,
-        PopUpValue::display_NoteNumber_ArrayList,
-        PopUpValue::display_UpperOrRightValue_ArrayList,
-        PopUpValue::display_LowerOrLeftValue_ArrayList,
-        PopUpValue::display_PadBehavior_ArrayList,
-        PopUpValue::display_KeyBehavior_ArrayList,
-        PopUpValue::display_OnValue_ArrayList,
-        PopUpValue::display_OffValue_ArrayList,
-        PopUpValue::display_Enable_ArrayList,
-        PopUpValue::common_SceneName_ArrayList,
-        PopUpValue::common_GlobalMIDICh_ArrayList,
-        PopUpValue::common_PianoKeyCh_ArrayList,
-        PopUpValue::common_PitchBendSpeed_ArrayList,
-        PopUpValue::common_KeyTranspose_ArrayList,
-        PopUpValue::common_KeyVelocityCurve_ArrayList,
-        PopUpValue::common_KeyConstVelocity_ArrayList,
-        PopUpValue::common_PadVelocityCurve_ArrayList,
-        PopUpValue::common_PadConstVelocity_ArrayList,
-        PopUpValue::group_MIDIChannel_ArrayList,
-        PopUpValue::knob_Enable_ArrayList,
-        PopUpValue::knob_CCNumber_ArrayList,
-        PopUpValue::knob_UpperOrRightValue_ArrayList,
-        PopUpValue::knob_LowerOrLeftValue_ArrayList,
-        PopUpValue::slider_Enable_ArrayList,
-        PopUpValue::slider_CCNumber_ArrayList,
-        PopUpValue::slider_UpperOrRightValue_ArrayList,
-        PopUpValue::slider_LowerOrLeftValue_ArrayList,
-        PopUpValue::pad_AssignType_ArrayList,
-        PopUpValue::pad_CCNumber_ArrayList,
-        PopUpValue::pad_NoteNumber_ArrayList,
-        PopUpValue::pad_OnValue_ArrayList,
-        PopUpValue::pad_OffValue_ArrayList,
-        PopUpValue::pad_PadBehavior_ArrayList,
-        PopUpValue::pad_MIDIChannel_ArrayList,
-        PopUpValue::pad_CR_ArrayList,
-        PopUpValue::pad_CG_ArrayList,
-        PopUpValue::pad_CB_ArrayList,
-        PopUpValue::key_AssignType_ArrayList,
-        PopUpValue::key_CCNumber_ArrayList,
-        PopUpValue::key_NoteNumber_ArrayList,
-        PopUpValue::key_OnValue_ArrayList,
-        PopUpValue::key_OffValue_ArrayList,
-        PopUpValue::key_KeyBehavior_ArrayList,
-    }};
+std::span<const OptionList> optionLists() {
+#define SCENEWRIGHT_ROW(Name, SetName, Key) PopUpValue::Name##List,
+    static constexpr std::array kLists{SCENEWRIGHT_OPTION_LISTS(SCENEWRIGHT_ROW)};
+#undef SCENEWRIGHT_ROW
     return kLists;
 }
 

@@ -8,8 +8,6 @@
 #include "model/SceneValue.h"
 #include "platform/Text.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -35,6 +33,58 @@ struct OptionList {
     void set(PopUpValue& lists, Titles titles) const { (lists.*write)(std::move(titles)); }
 };
 
+// Every list: its reader, its writer and its key.
+// clang-format off
+#define SCENEWRIGHT_OPTION_LISTS(LIST)                                                             \
+    LIST(display_Select_Array, setDisplay_Select_Array, "displaySelect")                           \
+    LIST(control_Array, setControl_Array, "control")                                               \
+    LIST(display_MIDIChannel_Array, setDisplay_MIDIChannel_Array, "button-MIDICh")                 \
+    LIST(display_AssignType_Array, setDisplay_AssignType_Array, "button-assginType")               \
+    LIST(display_CCNumber_Array, setDisplay_CCNumber_Array, "select127")                           \
+    LIST(display_NoteNumber_Array, setDisplay_NoteNumber_Array, "button-note")                     \
+    LIST(display_UpperOrRightValue_Array, setDisplay_UpperOrRightValue_Array, "select127")         \
+    LIST(display_LowerOrLeftValue_Array, setDisplay_LowerOrLeftValue_Array, "select127")           \
+    LIST(display_PadBehavior_Array, setDisplay_PadBehavior_Array, "button-behavior")               \
+    LIST(display_KeyBehavior_Array, setDisplay_KeyBehavior_Array, "button-behavior")               \
+    LIST(display_OnValue_Array, setDisplay_OnValue_Array, "select127")                             \
+    LIST(display_OffValue_Array, setDisplay_OffValue_Array, "select127")                           \
+    LIST(display_Enable_Array, setDisplay_Enable_Array, "button-enable")                           \
+    LIST(common_SceneName_Array, setCommon_SceneName_Array, "common-sceneName")                    \
+    LIST(common_GlobalMIDICh_Array, setCommon_GlobalMIDICh_Array, "common-globalMIDICh")           \
+    LIST(common_PianoKeyCh_Array, setCommon_PianoKeyCh_Array, "common-pianoKeyCh")                 \
+    LIST(common_PitchBendSpeed_Array, setCommon_PitchBendSpeed_Array, "common-PitchBendSpeed")     \
+    LIST(common_KeyTranspose_Array, setCommon_KeyTranspose_Array, "common-keyTranspose")           \
+    LIST(common_KeyVelocityCurve_Array, setCommon_KeyVelocityCurve_Array, "common-velocityCurve")  \
+    LIST(common_KeyConstVelocity_Array, setCommon_KeyConstVelocity_Array, "select127")             \
+    LIST(common_PadVelocityCurve_Array, setCommon_PadVelocityCurve_Array, "common-velocityCurve")  \
+    LIST(common_PadConstVelocity_Array, setCommon_PadConstVelocity_Array, "select127")             \
+    LIST(group_MIDIChannel_Array, setGroup_MIDIChannel_Array, "button-MIDICh")                     \
+    LIST(knob_Enable_Array, setKnob_Enable_Array, "button-enable")                                 \
+    LIST(knob_CCNumber_Array, setKnob_CCNumber_Array, "select127")                                 \
+    LIST(knob_UpperOrRightValue_Array, setKnob_UpperOrRightValue_Array, "select127")               \
+    LIST(knob_LowerOrLeftValue_Array, setKnob_LowerOrLeftValue_Array, "select127")                 \
+    LIST(slider_Enable_Array, setSlider_Enable_Array, "button-enable")                             \
+    LIST(slider_CCNumber_Array, setSlider_CCNumber_Array, "select127")                             \
+    LIST(slider_UpperOrRightValue_Array, setSlider_UpperOrRightValue_Array, "select127")           \
+    LIST(slider_LowerOrLeftValue_Array, setSlider_LowerOrLeftValue_Array, "select127")             \
+    LIST(pad_AssignType_Array, setPad_AssignType_Array, "button-assginType")                       \
+    LIST(pad_CCNumber_Array, setPad_CCNumber_Array, "select127")                                   \
+    LIST(pad_NoteNumber_Array, setPad_NoteNumber_Array, "button-note")                             \
+    LIST(pad_OnValue_Array, setPad_OnValue_Array, "select127")                                     \
+    LIST(pad_OffValue_Array, setPad_OffValue_Array, "select127")                                   \
+    LIST(pad_PadBehavior_Array, setPad_PadBehavior_Array, "button-behavior")                       \
+    LIST(pad_MIDIChannel_Array, setPad_MIDIChannel_Array, "button-MIDICh")                         \
+    LIST(pad_CR_Array, setPad_CR_Array, "select127")                                               \
+    LIST(pad_CG_Array, setPad_CG_Array, "select127")                                               \
+    LIST(pad_CB_Array, setPad_CB_Array, "select127")                                               \
+    LIST(key_AssignType_Array, setKey_AssignType_Array, "button-assginType")                       \
+    LIST(key_CCNumber_Array, setKey_CCNumber_Array, "select127")                                   \
+    LIST(key_NoteNumber_Array, setKey_NoteNumber_Array, "button-note")                             \
+    LIST(key_OnValue_Array, setKey_OnValue_Array, "select127")                                     \
+    LIST(key_OffValue_Array, setKey_OffValue_Array, "select127")                                   \
+    LIST(key_KeyBehavior_Array, setKey_KeyBehavior_Array, "button-behavior")
+// clang-format on
+
 // NOLINTBEGIN(bugprone-macro-parentheses): the arguments are names
 // A list property with its reader and writer, and the constant by which a table names it:
 // PopUpValue::pad_CR_ArrayList.
@@ -47,77 +97,11 @@ private:
 // NOLINTEND(bugprone-macro-parentheses)
 
 class PopUpValue {
-    SCENEWRIGHT_OPTION_LIST(display_Select_Array, setDisplay_Select_Array, "displaySelect")
-    SCENEWRIGHT_OPTION_LIST(control_Array, setControl_Array, "control")
-    SCENEWRIGHT_OPTION_LIST(display_MIDIChannel_Array, setDisplay_MIDIChannel_Array,
-                            "button-MIDICh")
-    SCENEWRIGHT_OPTION_LIST(display_AssignType_Array, setDisplay_AssignType_Array,
-                            "button-assginType")
-    SCENEWRIGHT_OPTION_LIST(display_CCNumber_Array, setDisplay_CCNumber_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(display_NoteNumber_Array, setDisplay_NoteNumber_Array, "button-note")
-    SCENEWRIGHT_OPTION_LIST(display_UpperOrRightValue_Array, setDisplay_UpperOrRightValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(display_LowerOrLeftValue_Array, setDisplay_LowerOrLeftValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(display_PadBehavior_Array, setDisplay_PadBehavior_Array,
-                            "button-behavior")
-    SCENEWRIGHT_OPTION_LIST(display_KeyBehavior_Array, setDisplay_KeyBehavior_Array,
-                            "button-behavior")
-    SCENEWRIGHT_OPTION_LIST(display_OnValue_Array, setDisplay_OnValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(display_OffValue_Array, setDisplay_OffValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(display_Enable_Array, setDisplay_Enable_Array, "button-enable")
-    SCENEWRIGHT_OPTION_LIST(common_SceneName_Array, setCommon_SceneName_Array, "common-sceneName")
-    SCENEWRIGHT_OPTION_LIST(common_GlobalMIDICh_Array, setCommon_GlobalMIDICh_Array,
-                            "common-globalMIDICh")
-    SCENEWRIGHT_OPTION_LIST(common_PianoKeyCh_Array, setCommon_PianoKeyCh_Array,
-                            "common-pianoKeyCh")
-    SCENEWRIGHT_OPTION_LIST(common_PitchBendSpeed_Array, setCommon_PitchBendSpeed_Array,
-                            "common-PitchBendSpeed")
-    SCENEWRIGHT_OPTION_LIST(common_KeyTranspose_Array, setCommon_KeyTranspose_Array,
-                            "common-keyTranspose")
-    SCENEWRIGHT_OPTION_LIST(common_KeyVelocityCurve_Array, setCommon_KeyVelocityCurve_Array,
-                            "common-velocityCurve")
-    SCENEWRIGHT_OPTION_LIST(common_KeyConstVelocity_Array, setCommon_KeyConstVelocity_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(common_PadVelocityCurve_Array, setCommon_PadVelocityCurve_Array,
-                            "common-velocityCurve")
-    SCENEWRIGHT_OPTION_LIST(common_PadConstVelocity_Array, setCommon_PadConstVelocity_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(group_MIDIChannel_Array, setGroup_MIDIChannel_Array, "button-MIDICh")
-    SCENEWRIGHT_OPTION_LIST(knob_Enable_Array, setKnob_Enable_Array, "button-enable")
-    SCENEWRIGHT_OPTION_LIST(knob_CCNumber_Array, setKnob_CCNumber_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(knob_UpperOrRightValue_Array, setKnob_UpperOrRightValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(knob_LowerOrLeftValue_Array, setKnob_LowerOrLeftValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(slider_Enable_Array, setSlider_Enable_Array, "button-enable")
-    SCENEWRIGHT_OPTION_LIST(slider_CCNumber_Array, setSlider_CCNumber_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(slider_UpperOrRightValue_Array, setSlider_UpperOrRightValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(slider_LowerOrLeftValue_Array, setSlider_LowerOrLeftValue_Array,
-                            "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_AssignType_Array, setPad_AssignType_Array, "button-assginType")
-    SCENEWRIGHT_OPTION_LIST(pad_CCNumber_Array, setPad_CCNumber_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_NoteNumber_Array, setPad_NoteNumber_Array, "button-note")
-    SCENEWRIGHT_OPTION_LIST(pad_OnValue_Array, setPad_OnValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_OffValue_Array, setPad_OffValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_PadBehavior_Array, setPad_PadBehavior_Array, "button-behavior")
-    SCENEWRIGHT_OPTION_LIST(pad_MIDIChannel_Array, setPad_MIDIChannel_Array, "button-MIDICh")
-    SCENEWRIGHT_OPTION_LIST(pad_CR_Array, setPad_CR_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_CG_Array, setPad_CG_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(pad_CB_Array, setPad_CB_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(key_AssignType_Array, setKey_AssignType_Array, "button-assginType")
-    SCENEWRIGHT_OPTION_LIST(key_CCNumber_Array, setKey_CCNumber_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(key_NoteNumber_Array, setKey_NoteNumber_Array, "button-note")
-    SCENEWRIGHT_OPTION_LIST(key_OnValue_Array, setKey_OnValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(key_OffValue_Array, setKey_OffValue_Array, "select127")
-    SCENEWRIGHT_OPTION_LIST(key_KeyBehavior_Array, setKey_KeyBehavior_Array, "button-behavior")
+    SCENEWRIGHT_OPTION_LISTS(SCENEWRIGHT_OPTION_LIST)
 };
 
-inline constexpr std::size_t kOptionListCount = 47;
-
 // Every list, in the order of declaration.
-[[nodiscard]] const std::array<OptionList, kOptionListCount>& optionLists();
+[[nodiscard]] std::span<const OptionList> optionLists();
 
 // A new holder, filled from the resource basic.plist. A missing key, or one that holds no array,
 // leaves its properties null; a missing resource leaves all of them null. An element that is no
