@@ -149,27 +149,25 @@ Result<Context, ResultCode> startContext() {
 
 class LibusbHost : public UsbHost {
 public:
-    UsbResult<Devices> devices(const DeviceMatch& match) override;
-};
-
-UsbResult<UsbHost::Devices> LibusbHost::devices(const DeviceMatch& match) {
-    const auto context = startContext();
-    if (!context)
-        return failedStep(UsbStep::ListDevices, context.error());
-    auto listed = listReferences(*context);
-    if (!listed)
-        return failedStep(UsbStep::ListDevices, listed.error());
-    Devices devices;
-    for (auto& device : *listed) {
-        libusb_device_descriptor descriptor{};
-        if (libusb_get_device_descriptor(device.get(), &descriptor) == LIBUSB_SUCCESS &&
-            matches(match.vendor, descriptor.idVendor) &&
-            matches(match.product, descriptor.idProduct))
-            devices.push_back(
-                std::make_shared<LibusbDevice>(*context, std::move(device), descriptor));
+    UsbResult<Devices> devices(const DeviceMatch& match) override {
+        const auto context = startContext();
+        if (!context)
+            return failedStep(UsbStep::ListDevices, context.error());
+        auto listed = listReferences(*context);
+        if (!listed)
+            return failedStep(UsbStep::ListDevices, listed.error());
+        Devices devices;
+        for (auto& device : *listed) {
+            libusb_device_descriptor descriptor{};
+            if (libusb_get_device_descriptor(device.get(), &descriptor) == LIBUSB_SUCCESS &&
+                matches(match.vendor, descriptor.idVendor) &&
+                matches(match.product, descriptor.idProduct))
+                devices.push_back(
+                    std::make_shared<LibusbDevice>(*context, std::move(device), descriptor));
+        }
+        return devices;
     }
-    return devices;
-}
+};
 
 class ChosenHost : public UsbHost {
 public:

@@ -25,12 +25,6 @@ constexpr int kMaxEventFailures = 5;
 
 using OpenDevice = std::unique_ptr<libusb_device_handle, decltype(&libusb_close)>;
 
-UsbResult<void> resultOf(UsbStep step, ResultCode code) {
-    if (code != kResultSuccess)
-        return failedStep(step, code);
-    return {};
-}
-
 // The interfaces of the active configuration, each by its first altsetting, in the descriptors'
 // order; none for a device that is not configured.
 class Interfaces {

@@ -77,6 +77,13 @@ using UsbResult = Result<Value, UsbError>;
     return tl::unexpected<UsbError>(UsbError{step, code});
 }
 
+// The same of a step that a result code tells of.
+[[nodiscard]] inline UsbResult<void> resultOf(UsbStep step, ResultCode code) {
+    if (code != kResultSuccess)
+        return failedStep(step, code);
+    return {};
+}
+
 // Which devices to list; without an id, those of any.
 struct DeviceMatch {
     std::optional<std::int32_t> vendor;

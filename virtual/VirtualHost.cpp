@@ -4,61 +4,14 @@
 
 #include <algorithm>
 #include <array>
-#include <condition_variable>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
-#include <mutex>
-#include <optional>
-#include <span>
 #include <string>
 #include <utility>
 
 namespace scenewright {
 
-// The wire between the in-process host and the virtual controller: what all handles of a host
-// share. Every operation may be called from any thread.
-class VirtualBus {
-public:
-    VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
-               VirtualIdentity identity);
-
-    [[nodiscard]] const VirtualIdentity& identity() const noexcept { return identity_; }
-    [[nodiscard]] bool isPresent() const;
-
-    // Exclusive use by `owner`, which is only compared; busy while another owner has it.
-    ResultCode claim(const void* owner);
-    // Ends a read of the owner, and returns when it has ended.
-    void unclaim(const void* owner);
-
-    // Both need the owner's claim.
-    ResultCode write(const void* owner, std::span<const std::uint8_t> bytes);
-    // Ends with kResultCancelled when the owner gives its claim up meanwhile.
-    UsbRead read(const void* owner, std::span<std::uint8_t> room);
-
-    [[nodiscard]] Result<void> storageResult() const;
-
-    [[nodiscard]] BankImage bank() const;
-    void setListener(VirtualHost::Listener listener);
-    void play(const Packet& packet);
-
-private:
-    // Nothing as long as there is a reason to wait.
-    [[nodiscard]] std::optional<UsbRead> tryRead(const void* owner, std::span<std::uint8_t> room);
-
-    mutable std::mutex mutex_; // guards all below but identity_
-    std::condition_variable changed_;
-    std::shared_ptr<VirtualController> device_;
-    BankFileStore keeper_;
-    const VirtualIdentity identity_;
-    const void* owner_ = nullptr;
-    int reads_ = 0; // going on now
-    VirtualHost::Listener listener_;
-};
-
 namespace {
-
-using Bus = std::shared_ptr<VirtualBus>;
 
 // As a USB MIDI keyboard has them: audio control first, MIDI streaming second.
 struct InterfaceShape {
@@ -74,19 +27,22 @@ constexpr std::array<PipeProperties, 2> kPipes{{
     {.direction = 0, .number = 1, .transferType = 2, .maxPacketSize = 64, .interval = 0},
 }};
 
-class VirtualInterface : public UsbInterface {
+} // namespace
+
+class VirtualHost::Interface : public UsbInterface {
 public:
-    VirtualInterface(Bus bus, const InterfaceShape& shape) : bus_(std::move(bus)), shape_(shape) {}
-    ~VirtualInterface() override { bus_->unclaim(this); }
-    VirtualInterface(const VirtualInterface&) = delete;
-    VirtualInterface& operator=(const VirtualInterface&) = delete;
-    VirtualInterface(VirtualInterface&&) = delete;
-    VirtualInterface& operator=(VirtualInterface&&) = delete;
+    Interface(std::shared_ptr<VirtualHost> host, const InterfaceShape& shape)
+        : host_(std::move(host)), shape_(shape) {}
+    ~Interface() override { host_->unclaim(this); }
+    Interface(const Interface&) = delete;
+    Interface& operator=(const Interface&) = delete;
+    Interface(Interface&&) = delete;
+    Interface& operator=(Interface&&) = delete;
 
     InterfaceClass interfaceClass() override { return shape_.kind; }
-    UsbResult<void> open() override { return resultOf(UsbStep::Open, bus_->claim(this)); }
+    UsbResult<void> open() override { return resultOf(UsbStep::Open, host_->claim(this)); }
     UsbResult<void> close() override {
-        bus_->unclaim(this);
+        host_->unclaim(this);
         return {};
     }
     UsbResult<void> release() override { return close(); }
@@ -98,47 +54,40 @@ public:
     }
     UsbResult<void> write(std::uint8_t pipe, std::span<const std::uint8_t> bytes) override {
         return resultOf(UsbStep::Write,
-                        isPipe(pipe, kOutPipe) ? bus_->write(this, bytes) : kResultNotFound);
+                        isPipe(pipe, kOutPipe) ? host_->write(this, bytes) : kResultNotFound);
     }
     UsbRead read(std::uint8_t pipe, std::span<std::uint8_t> room) override {
         if (!isPipe(pipe, kInPipe))
             return {.delivered = 0, .code = kResultNotFound};
-        return bus_->read(this, room);
+        return host_->read(this, room);
     }
 
 private:
-    static UsbResult<void> resultOf(UsbStep step, ResultCode code) {
-        if (code != kResultSuccess)
-            return failedStep(step, code);
-        return {};
-    }
     [[nodiscard]] bool isPipe(std::uint8_t pipe, std::uint8_t wanted) const {
         return pipe == wanted && pipe <= shape_.endpoints;
     }
 
-    Bus bus_;
+    std::shared_ptr<VirtualHost> host_;
     InterfaceShape shape_;
 };
 
-class VirtualDevice : public UsbDevice {
+class VirtualHost::Device : public UsbDevice {
 public:
-    explicit VirtualDevice(Bus bus) : bus_(std::move(bus)) {}
+    explicit Device(std::shared_ptr<VirtualHost> host) : host_(std::move(host)) {}
     [[nodiscard]] std::string name() const override { return "Virtual controller"; }
-    std::uint16_t vendor() override { return bus_->identity().vendor; }
-    std::uint16_t product() override { return bus_->identity().product; }
+    std::uint16_t vendor() override { return host_->identity_.vendor; }
+    std::uint16_t product() override { return host_->identity_.product; }
     UsbResult<std::unique_ptr<UsbInterface>> interface(std::size_t place) override {
-        if (!bus_->isPresent())
+        if (!host_->isPresent())
             return failedStep(UsbStep::InterfacePlugIn, kResultNoDevice);
-        if (place >= std::min<std::size_t>(bus_->identity().interfaces, kInterfaces.size()))
+        if (place >= std::min<std::size_t>(host_->identity_.interfaces, kInterfaces.size()))
             return failedStep(UsbStep::InterfacePlugIn, kResultNotFound);
-        return std::make_unique<VirtualInterface>(bus_, kInterfaces.at(place));
+        return std::make_unique<Interface>(host_, kInterfaces.at(place));
     }
 
 private:
-    Bus bus_;
+    std::shared_ptr<VirtualHost> host_;
 };
-
-} // namespace
 
 Result<void> BankFileStore::storeImage(const std::filesystem::path& file, const BankImage& bank) {
     return replaceFile(file, bank).map([](const Replaced&) {});
@@ -153,31 +102,29 @@ void BankFileStore::afterTransfer(const VirtualController& controller) {
     result_ = store_(file_, controller.bank());
 }
 
-VirtualBus::VirtualBus(std::shared_ptr<VirtualController> device, BankFileStore keeper,
-                       VirtualIdentity identity)
+VirtualHost::VirtualHost(std::shared_ptr<VirtualController> device, BankFileStore keeper,
+                         VirtualIdentity identity)
     : device_(std::move(device)), keeper_(std::move(keeper)), identity_(identity) {}
 
-bool VirtualBus::isPresent() const {
+bool VirtualHost::isPresent() const {
     const std::lock_guard lock(mutex_);
     return device_->isPresent();
 }
 
-ResultCode VirtualBus::claim(const void* owner) {
+ResultCode VirtualHost::claim(const Interface* owner) {
     const std::lock_guard lock(mutex_);
     if (!device_->isPresent())
         return kResultNoDevice;
     if (owner_ != nullptr && owner_ != owner)
         return kResultBusy;
-    if (owner_ == nullptr) {
-        // Taking an interface sets its alternate setting, which ends a halt.
-        device_->clearHalt(VirtualController::Pipe::In);
-        device_->clearHalt(VirtualController::Pipe::Out);
-    }
+    if (owner_ == nullptr) // taking an interface sets its alternate setting, which ends a halt
+        for (const auto pipe : {VirtualController::Pipe::In, VirtualController::Pipe::Out})
+            device_->clearHalt(pipe);
     owner_ = owner;
     return kResultSuccess;
 }
 
-void VirtualBus::unclaim(const void* owner) {
+void VirtualHost::unclaim(const Interface* owner) {
     std::unique_lock lock(mutex_);
     if (owner_ != owner)
         return;
@@ -186,7 +133,7 @@ void VirtualBus::unclaim(const void* owner) {
     changed_.wait(lock, [this] { return reads_ == 0; });
 }
 
-ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> bytes) {
+ResultCode VirtualHost::write(const Interface* owner, std::span<const std::uint8_t> bytes) {
     const std::lock_guard lock(mutex_);
     if (owner_ != owner)
         return kResultNotOpen;
@@ -206,7 +153,7 @@ ResultCode VirtualBus::write(const void* owner, std::span<const std::uint8_t> by
     return kResultOther;
 }
 
-UsbRead VirtualBus::read(const void* owner, std::span<std::uint8_t> room) {
+UsbRead VirtualHost::read(const Interface* owner, std::span<std::uint8_t> room) {
     std::unique_lock lock(mutex_);
     if (owner_ != owner)
         return {.delivered = 0, .code = kResultNotOpen};
@@ -222,7 +169,7 @@ UsbRead VirtualBus::read(const void* owner, std::span<std::uint8_t> room) {
     return moved;
 }
 
-std::optional<UsbRead> VirtualBus::tryRead(const void* owner, std::span<std::uint8_t> room) {
+std::optional<UsbRead> VirtualHost::tryRead(const Interface* owner, std::span<std::uint8_t> room) {
     if (owner_ != owner)
         return UsbRead{.delivered = 0, .code = kResultCancelled};
     if (!device_->isPresent())
@@ -239,23 +186,23 @@ std::optional<UsbRead> VirtualBus::tryRead(const void* owner, std::span<std::uin
     return UsbRead{.delivered = reply->size(), .code = kResultSuccess};
 }
 
-Result<void> VirtualBus::storageResult() const {
+Result<void> VirtualHost::storageResult() {
     const std::lock_guard lock(mutex_);
     return keeper_.result();
 }
 
-BankImage VirtualBus::bank() const {
+BankImage VirtualHost::bank() const {
     const std::lock_guard lock(mutex_);
     return device_->bank();
 }
 
-void VirtualBus::setListener(VirtualHost::Listener listener) {
+void VirtualHost::setListener(Listener listener) {
     const std::lock_guard lock(mutex_);
     listener_ = std::move(listener);
 }
 
-void VirtualBus::play(const Packet& packet) {
-    VirtualHost::Listener listener;
+void VirtualHost::play(const Packet& packet) {
+    Listener listener;
     {
         const std::lock_guard lock(mutex_);
         if (device_->isPresent() && owner_ == nullptr)
@@ -266,34 +213,16 @@ void VirtualBus::play(const Packet& packet) {
 }
 
 UsbResult<UsbHost::Devices> VirtualHost::devices(const DeviceMatch& match) {
-    const VirtualIdentity& identity = bus_->identity();
-    const bool isWanted = match.vendor.value_or(identity.vendor) == identity.vendor &&
-                          match.product.value_or(identity.product) == identity.product;
-    if (!isWanted || !bus_->isPresent())
+    const bool isWanted = match.vendor.value_or(identity_.vendor) == identity_.vendor &&
+                          match.product.value_or(identity_.product) == identity_.product;
+    if (!isWanted || !isPresent())
         return Devices{};
-    return Devices{std::make_shared<VirtualDevice>(bus_)};
-}
-
-Result<void> VirtualHost::storageResult() {
-    return bus_->storageResult();
-}
-
-BankImage VirtualHost::bank() const {
-    return bus_->bank();
-}
-
-void VirtualHost::setListener(Listener listener) {
-    bus_->setListener(std::move(listener));
-}
-
-void VirtualHost::play(const Packet& packet) {
-    bus_->play(packet);
+    return Devices{std::make_shared<Device>(shared_from_this())};
 }
 
 std::shared_ptr<VirtualHost> makeVirtualHost(std::shared_ptr<VirtualController> device,
                                              BankFileStore keeper, VirtualIdentity identity) {
-    return std::make_shared<VirtualHost>(
-        std::make_shared<VirtualBus>(std::move(device), std::move(keeper), identity));
+    return std::make_shared<VirtualHost>(std::move(device), std::move(keeper), identity);
 }
 
 } // namespace scenewright

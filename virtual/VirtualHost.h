@@ -6,11 +6,14 @@
 #include "usb/UsbHost.h"
 #include "virtual/VirtualController.h"
 
+#include <condition_variable>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -50,15 +53,16 @@ struct VirtualIdentity {
     std::uint8_t interfaces = 2; // 1 leaves the data interface out
 };
 
-class VirtualBus;
-
-// The controller must not be touched while a host has it.
-class VirtualHost : public UsbHost {
+// The controller must not be touched while a host has it. Every operation may be called from any
+// thread.
+class VirtualHost : public UsbHost, public std::enable_shared_from_this<VirtualHost> {
 public:
     // Stands where the kernel's driver of MIDI ports does on a real bus.
     using Listener = std::function<void(const Packet& packet)>;
 
-    explicit VirtualHost(std::shared_ptr<VirtualBus> bus) : bus_(std::move(bus)) {}
+    // As makeVirtualHost(), which owns it as its devices need.
+    VirtualHost(std::shared_ptr<VirtualController> device, BankFileStore keeper,
+                VirtualIdentity identity);
 
     // The controller, unless it is unplugged or has other ids.
     UsbResult<Devices> devices(const DeviceMatch& match) override;
@@ -74,7 +78,30 @@ public:
     void play(const Packet& packet);
 
 private:
-    std::shared_ptr<VirtualBus> bus_;
+    class Device;
+    class Interface;
+
+    [[nodiscard]] bool isPresent() const;
+    // Exclusive use by `owner`, which is only compared; busy while another owner has it.
+    ResultCode claim(const Interface* owner);
+    // Ends a read of the owner, and returns when it has ended.
+    void unclaim(const Interface* owner);
+    // Both need the owner's claim.
+    ResultCode write(const Interface* owner, std::span<const std::uint8_t> bytes);
+    // Ends with kResultCancelled when the owner gives its claim up meanwhile.
+    UsbRead read(const Interface* owner, std::span<std::uint8_t> room);
+    // Nothing as long as there is a reason to wait.
+    [[nodiscard]] std::optional<UsbRead> tryRead(const Interface* owner,
+                                                 std::span<std::uint8_t> room);
+
+    mutable std::mutex mutex_; // guards all below but identity_
+    std::condition_variable changed_;
+    std::shared_ptr<VirtualController> device_;
+    BankFileStore keeper_;
+    const VirtualIdentity identity_;
+    const Interface* owner_ = nullptr;
+    int reads_ = 0; // going on now
+    Listener listener_;
 };
 
 // A read waits until the controller has a reply, or for ever; a close ends it. Every send that has
