@@ -52,13 +52,6 @@ std::uint8_t byteOf(std::int32_t value) {
     return static_cast<std::uint8_t>(value);
 }
 
-const ButtonValue* recordAt(const SceneValue& scene, std::int32_t control) {
-    const auto& buttons = scene.buttonValueArray();
-    if (control < 1 || static_cast<std::size_t>(control) > buttons.size())
-        return nullptr;
-    return buttons[static_cast<std::size_t>(control - 1)].get();
-}
-
 // Puts the channel that the option stands for into the output.
 Output onChannel(ControlOutput output, const CommonValue& common, std::int32_t option) {
     const std::int32_t channel = option == kGlobalChannel ? common.GlobalMIDICh() : option;

@@ -31,7 +31,7 @@ MessageValue::Subscription MessageValue::addObserver(std::string key, Observer o
     auto added = std::make_shared<const Registration>(
         Registration{.key = std::move(key), .observer = std::move(observer)});
     registrations_.push_back(added);
-    return Subscription(std::move(added));
+    return added;
 }
 
 void MessageValue::write(Text& field, std::string_view key, Text value) {

@@ -19,26 +19,9 @@ public:
     // every write, equal values included.
     using Observer = std::function<void(std::string_view key, const Text& value)>;
 
-    // An observation, which ends with it. It may outlive the record.
-    class [[nodiscard]] Subscription {
-    public:
-        Subscription() = default;
-        Subscription(const Subscription&) = delete;
-        Subscription& operator=(const Subscription&) = delete;
-        Subscription(Subscription&&) noexcept = default;
-        Subscription& operator=(Subscription&&) noexcept = default;
-        ~Subscription() = default;
-
-        // Its observer is told nothing more, writes that are still to be told included.
-        void end() noexcept { registration_.reset(); }
-
-    private:
-        friend class MessageValue;
-        explicit Subscription(std::shared_ptr<const void> registration)
-            : registration_(std::move(registration)) {}
-
-        std::shared_ptr<const void> registration_;
-    };
+    // An observation, which ends with it: then its observer is told nothing more, writes that are
+    // still to be told included. It may outlive the record.
+    using Subscription = std::shared_ptr<const void>;
 
     MessageValue() = default;
     MessageValue(const MessageValue&) = delete;
@@ -63,7 +46,7 @@ public:
     // Registers for one of the three names. No initial call. Observers of a name are told in the
     // order of their registration. An observer may write to the record, and may begin and end
     // observations, its own included; one that is begun is told from the next write on.
-    Subscription addObserver(std::string key, Observer observer);
+    [[nodiscard]] Subscription addObserver(std::string key, Observer observer);
 
 private:
     struct Registration {

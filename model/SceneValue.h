@@ -194,6 +194,14 @@ class SceneValue {
     SCENEWRIGHT_PROPERTY(ButtonList, buttonValueArray, setButtonValueArray)
 };
 
+// The record of a control index from 1 on; null when the scene does not hold it.
+[[nodiscard]] inline ButtonValue* recordAt(const SceneValue& scene, std::int32_t control) {
+    const auto& buttons = scene.buttonValueArray();
+    if (control < 1 || static_cast<std::size_t>(control) > buttons.size())
+        return nullptr;
+    return buttons[static_cast<std::size_t>(control - 1)].get();
+}
+
 // A program's list of scenes, in the controller's order.
 using SceneList = std::vector<std::shared_ptr<SceneValue>>;
 

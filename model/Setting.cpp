@@ -28,12 +28,8 @@ static_assert(kKindTitles.size() == std::size(kControlRanges) &&
 // The record of a kind's member; null when the scene does not hold it.
 ButtonValue* recordOf(const SceneValue& scene, ControlKind kind, std::int32_t member) {
     const ControlRange& range = controlRange(kind);
-    const auto& buttons = scene.buttonValueArray();
-    // Control 0 is the common settings, so the first element of the array is control 1.
-    const std::int32_t element = range.start + member - 1;
-    if (member < 0 || member >= range.count || static_cast<std::size_t>(element) >= buttons.size())
-        return nullptr;
-    return buttons[static_cast<std::size_t>(element)].get();
+    const bool isMember = member >= 0 && member < range.count;
+    return isMember ? recordAt(scene, range.start + member) : nullptr;
 }
 
 std::int32_t assignTypeOf(const SceneValue& scene, const Setting& setting, std::int32_t member) {

@@ -127,7 +127,7 @@ TEST_F(MessageValueTest, RecordGoesOnAfterAnObserverHasThrown) {
     auto throwing =
         record.addObserver("Message", [](auto, const auto&) { throw std::runtime_error("x"); });
     EXPECT_THROW(record.setMessage("one"), std::runtime_error);
-    throwing.end();
+    throwing.reset();
     const auto observed = record.addObserver("Message", recordInto(lines));
     record.setMessage("two");
     EXPECT_EQ(lines, Lines{"Message=two"});
@@ -152,7 +152,7 @@ TEST_F(MessageValueTest, SubscriptionMayOutliveTheRecord) {
         observed = shorter.addObserver("Message", recordInto(lines));
         shorter.setMessage("one");
     }
-    observed.end();
+    observed.reset();
     EXPECT_EQ(lines, Lines{"Message=one"});
 }
 
@@ -160,7 +160,7 @@ TEST_F(MessageValueTest, ObserverMayEndItsOwnObservation) {
     int calls = 0;
     MessageValue::Subscription observed;
     observed = record.addObserver("Message", [&, text = std::string(100, 'x')](auto, const auto&) {
-        observed.end();
+        observed.reset();
         calls += static_cast<int>(text.size()); // still there
     });
     record.setMessage("one");
@@ -170,7 +170,7 @@ TEST_F(MessageValueTest, ObserverMayEndItsOwnObservation) {
 
 TEST_F(MessageValueTest, ObserverThatIsEndedByAnotherIsNotToldAnyMore) {
     MessageValue::Subscription later;
-    const auto ending = record.addObserver("Message", [&](auto, const auto&) { later.end(); });
+    const auto ending = record.addObserver("Message", [&](auto, const auto&) { later.reset(); });
     later = record.addObserver("Message", recordInto(lines));
     record.setMessage("one");
     EXPECT_TRUE(lines.empty());
