@@ -148,15 +148,6 @@ void MainQueue::prepare() {
     queue();
 }
 
-std::size_t MainQueue::waitAndPump(std::chrono::milliseconds limit) {
-    Queue& q = queue();
-    {
-        std::unique_lock lock(q.mutex);
-        q.arrival.wait_for(lock, limit, [&q] { return !q.tasks.empty(); });
-    }
-    return pump();
-}
-
 // The kernel may wake a thread later than asked, by the thread's timer slack: 50 microseconds when
 // nothing else is said, which would lengthen each of a transfer's thousand pauses by a twentieth.
 void sleepFor(std::chrono::nanoseconds duration) {

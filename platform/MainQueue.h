@@ -36,9 +36,6 @@ public:
 
     // Makes the queue, if nobody has used it yet: what is made after it ends before it.
     static void prepare();
-
-    // Waits until a task is there or `limit` has passed, then pumps. Main thread.
-    static std::size_t waitAndPump(std::chrono::milliseconds limit);
 };
 
 // Suspends the calling thread for at least the given time; what paces packets takes it as a
