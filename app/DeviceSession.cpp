@@ -182,28 +182,23 @@ constexpr int kExitFailed = 1;
 struct Consequence {
     DeviceOperation operation;
     SourceText ofNothing;
-    SourceText ofFailures;
+    SourceText ofFailures = ofNothing;
 };
 
 constexpr std::array<Consequence, 7> kConsequences{{
     {DeviceOperation::ShowScenes, sourceText("scenewright::Outcome", "default scenes are shown"),
      sourceText("scenewright::Outcome",
                 "{0} of the {1} bytes shown did not come from the keyboard")},
-    {DeviceOperation::SaveScenes, sourceText("scenewright::Outcome", "no file was written"),
-     sourceText("scenewright::Outcome", "no file was written")},
+    {DeviceOperation::SaveScenes, sourceText("scenewright::Outcome", "no file was written")},
     {DeviceOperation::Backup,
-     sourceText("scenewright::Outcome", "there is no backup and nothing was sent"),
      sourceText("scenewright::Outcome", "there is no backup and nothing was sent")},
     {DeviceOperation::Send, sourceText("scenewright::Outcome", "nothing was sent"),
      sourceText("scenewright::Outcome",
                 "the keyboard may hold half a bank, and sending again repairs it")},
     {DeviceOperation::Verify,
-     sourceText("scenewright::Outcome", "what was sent could not be checked"),
      sourceText("scenewright::Outcome", "what was sent could not be checked")},
-    {DeviceOperation::Compare, sourceText("scenewright::Outcome", "nothing was compared"),
-     sourceText("scenewright::Outcome", "nothing was compared")},
+    {DeviceOperation::Compare, sourceText("scenewright::Outcome", "nothing was compared")},
     {DeviceOperation::DryRun,
-     sourceText("scenewright::Outcome", "it is not known what would change"),
      sourceText("scenewright::Outcome", "it is not known what would change")},
 }};
 

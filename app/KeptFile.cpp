@@ -1,13 +1,13 @@
 #include "app/KeptFile.h"
 
 #include "bank/BankFile.h"
+#include "platform/Numbers.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <system_error>
 
 namespace scenewright {
@@ -80,9 +80,10 @@ std::optional<BankImage> imageOfDigits(std::string_view digits) {
         return std::nullopt;
     BankImage image{};
     for (std::size_t place = 0; place < kBankSize; ++place) {
-        const char* const first = digits.data() + 2 * place;
-        if (std::from_chars(first, first + 2, image.at(place), kHexadecimal).ptr != first + 2)
+        const auto byte = numberFrom<std::uint8_t>(digits.substr(2 * place, 2), kHexadecimal);
+        if (!byte)
             return std::nullopt;
+        image.at(place) = *byte;
     }
     return imageOfBytes(image);
 }

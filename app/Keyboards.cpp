@@ -52,9 +52,6 @@ std::string PluggedDevice::description() const {
                       device.port, name(), device.serial);
 }
 
-Keyboards::Keyboards(std::string chosen, Look look)
-    : chosen_(std::move(chosen)), look_(std::move(look)) {}
-
 std::vector<PluggedDevice> Keyboards::all() const {
     const std::vector<DeviceIds> listed = deviceList();
     std::vector<PluggedDevice> devices;
@@ -158,12 +155,6 @@ constexpr const char* kHead =
     "# Install as {}: the name must sort before 73, where\n"
     "# the tag \"uaccess\" is acted on. Then plug the keyboard in again.\n";
 
-bool canExist(const DeviceIds& device) {
-    constexpr std::int32_t kHighest = 0xFFFF;
-    return device.vendor >= 0 && device.vendor <= kHighest && device.product >= 0 &&
-           device.product <= kHighest;
-}
-
 // One word of a shell's.
 std::string quoted(std::string_view text) {
     constexpr std::string_view kPlain =
@@ -186,7 +177,7 @@ std::string udevRules(std::span<const DeviceIds> devices) {
     std::string rules = fmt::format(kHead, kAccessRulesFile);
     std::vector<DeviceIds> done;
     for (const DeviceIds& device : devices) {
-        if (!canExist(device) || std::ranges::find(done, device) != done.end())
+        if (std::ranges::find(done, device) != done.end())
             continue;
         done.push_back(device);
         rules += fmt::format("ACTION!=\"remove\", SUBSYSTEM==\"usb\", "

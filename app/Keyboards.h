@@ -14,6 +14,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace scenewright {
@@ -38,7 +39,8 @@ public:
 
     // `chosen` as for choose().
     explicit Keyboards(
-        std::string chosen = {}, Look look = [] { return attachedDevices(); });
+        std::string chosen = {}, Look look = [] { return attachedDevices(); })
+        : chosen_(std::move(chosen)), look_(std::move(look)) {}
 
     // A port, "1-2.3", or a serial number; empty for the first one.
     void choose(std::string portOrSerial) { chosen_ = std::move(portOrSerial); }
@@ -75,8 +77,8 @@ inline constexpr const char* kAccessRulesFile = "/etc/udev/rules.d/70-scenewrigh
 // What a person without polkit types; `program` is the name or the path of scenewright-cli.
 [[nodiscard]] std::string accessCommand(std::string_view program);
 
-// One rule a device, repeated ones once, in the order of the list; ids that no device can have are
-// left out. Comments at the top say where the rules go.
+// One rule a device, repeated ones once, in the order of the list. Comments at the top say where
+// the rules go.
 [[nodiscard]] std::string udevRules(std::span<const DeviceIds> devices);
 
 } // namespace scenewright

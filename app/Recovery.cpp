@@ -8,9 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <cstring>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/file.h>
@@ -106,7 +104,7 @@ bool Recovery::take(std::uint32_t place) {
     const fs::path file = *folder_ / nameOf(place, kLockName);
     FileDescriptor lock(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!lock.isOpen()) {
-        trouble_ = fmt::format("{}: {}", file.string(), std::strerror(errno));
+        trouble_ = fmt::format("{}: {}", file.string(), systemText());
         return false;
     }
     if (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0)

@@ -58,10 +58,6 @@ std::int64_t millisecondsOf(SendJournal::Clock::time_point time) {
     return std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch()).count();
 }
 
-std::string errorText(int error) {
-    return std::generic_category().message(error);
-}
-
 int flush(int fd) {
     return ::fsync(fd) == 0 ? 0 : errno;
 }
@@ -78,8 +74,7 @@ Result<FileDescriptor, int> store(const fs::path& file, const FileContent& bytes
     auto made = TemporaryFile::in(file.parent_path(), kOwnAlone);
     if (!made)
         return failure(made.error());
-    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    int error = writeFully(made->fd(), text);
+    int error = writeFully(made->fd(), asText(bytes));
     if (error == 0)
         error = flush(made->fd());
     static_cast<void>(::flock(made->fd(), LOCK_EX | LOCK_NB));
@@ -161,7 +156,7 @@ Result<SendJournal::Running> SendJournal::begin(const Send& send) const {
     const FileContent bytes = bytesOf(send);
     auto stored = store(file, bytes);
     if (!stored)
-        return failure(fmt::format("{}: {}", file.string(), errorText(stored.error())));
+        return failure(fmt::format("{}: {}", file.string(), systemText(stored.error())));
     // Without memory of its own.
     return Running(std::move(file), std::move(*stored), placeOfDigit(bytes));
 }

@@ -60,9 +60,7 @@ void StoredScenes::swap(std::int32_t first, std::int32_t second) {
 }
 
 void StoredScenes::reset(std::int32_t scene) {
-    const auto fresh = FileAction::GetSceneFromDefault();
-    fresh->commonValue()->setSceneName(fmt::format("SCENE{}", scene + 1));
-    copyInto(stored(scene), *fresh);
+    copyInto(stored(scene), *WindowAction::defaultScenes().at(static_cast<std::size_t>(scene)));
 }
 
 std::vector<Finding> StoredScenes::findings(const PopUpValue& lists) {

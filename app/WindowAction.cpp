@@ -1,5 +1,6 @@
 #include "app/WindowAction.h"
 
+#include "bank/Edit.h"
 #include "model/MessageValue.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
@@ -9,7 +10,6 @@
 #include <memory>
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace scenewright {
 
@@ -27,27 +27,16 @@ Store& store() {
     return state;
 }
 
-// Of records of its own. `number` counts from 1.
-std::shared_ptr<SceneValue> namedCopy(const SceneValue& scene, std::size_t number) {
-    auto common = std::make_shared<CommonValue>(*scene.commonValue());
-    common->setSceneName(printfText("SCENE%d", number));
-    std::vector<std::shared_ptr<ButtonValue>> buttons;
-    for (const auto& button : scene.buttonValueArray())
-        buttons.push_back(std::make_shared<ButtonValue>(*button));
-    auto copy = std::make_shared<SceneValue>();
-    copy->setCommonValue(std::move(common));
-    copy->setButtonValueArray(std::move(buttons));
-    return copy;
-}
-
 // Appends default scenes, each named by its place, until the controller's four are there. The file
 // is read once for all.
 void padWithDefaults(SceneList& scenes) {
     if (scenes.size() >= kSceneCount)
         return;
-    const auto scene = FileAction::GetSceneFromDefault();
-    while (scenes.size() < kSceneCount)
-        scenes.push_back(namedCopy(*scene, scenes.size() + 1));
+    const SceneList scene{FileAction::GetSceneFromDefault()};
+    while (scenes.size() < kSceneCount) {
+        scenes.push_back(copyOf(scene).front());
+        scenes.back()->commonValue()->setSceneName(printfText("SCENE%d", scenes.size()));
+    }
 }
 
 } // namespace

@@ -10,11 +10,7 @@
 
 #include <fmt/format.h>
 
-#include <array>
-#include <cerrno>
 #include <cstdint>
-#include <poll.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -33,29 +29,13 @@ std::string inputName(const std::string& name) {
     return inputDescriptor(name) == STDIN_FILENO ? kStandardInput : name;
 }
 
-// The number of bytes, 0 at the end; what was opened without waiting is waited for here.
-ssize_t readSome(int fd, std::span<std::uint8_t> chunk) {
-    while (true) {
-        const ssize_t count = ::read(fd, chunk.data(), chunk.size());
-        if (count >= 0 || (errno != EINTR && errno != EAGAIN))
-            return count;
-        pollfd place{.fd = fd, .events = POLLIN, .revents = 0};
-        static_cast<void>(::poll(&place, 1, -1));
-    }
-}
-
 Result<FileContent> readDescriptor(int fd, const std::string& name) {
-    FileContent bytes;
-    std::array<std::uint8_t, 16384> chunk{};
-    ssize_t count = 0;
-    while ((count = readSome(fd, chunk)) > 0) {
-        bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
-        if (bytes.size() > kJsonBytes)
-            return failure(fmt::format("{}: it is longer than {} bytes", name, kJsonBytes));
-    }
-    if (count < 0)
+    auto bytes = readFully(fd, kJsonBytes);
+    if (!bytes)
         return failure(fmt::format("{} could not be read", name));
-    return bytes;
+    if (bytes->size() > kJsonBytes)
+        return failure(fmt::format("{}: it is longer than {} bytes", name, kJsonBytes));
+    return *std::move(bytes);
 }
 
 Result<FileContent> readArgument(const std::string& name) {
@@ -74,13 +54,11 @@ Result<BankFile> load(const std::string& name, Parse parse) {
 }
 
 int storeToDescriptor(int fd, const std::string& name, std::span<const std::uint8_t> bytes) {
-    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     if (fd == STDOUT_FILENO)
-        return printAndEnd(text, kExitDone);
-    if (const int error = writeFully(fd, text); error != 0)
-        return reportError(
-            fmt::format("Cannot write {}: {}.", name, std::generic_category().message(error)),
-            kExitOutput);
+        return printAndEnd(asText(bytes), kExitDone);
+    if (const int error = writeFully(fd, asText(bytes)); error != 0)
+        return reportError(fmt::format("Cannot write {}: {}.", name, systemText(error)),
+                           kExitOutput);
     return kExitDone;
 }
 
@@ -208,12 +186,8 @@ Result<void> checkStorable(const std::string& name) {
     return outputDescriptor(name) ? Result<void>{} : checkReplaceable(name);
 }
 
-Result<void> printOut(std::string_view text) {
-    return writeStandardOutput(text);
-}
-
 int printAndEnd(std::string_view text, int done, int failed) {
-    if (const auto printed = printOut(text); !printed)
+    if (const auto printed = writeStandardOutput(text); !printed)
         return reportError(printed.error(), failed);
     return done;
 }

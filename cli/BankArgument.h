@@ -58,10 +58,8 @@ using ScenesEdit =
 // Whether storeBank() could begin, asked before work that would be lost.
 [[nodiscard]] Result<void> checkStorable(const std::string& name);
 
-// Writes to standard output.
-[[nodiscard]] Result<void> printOut(std::string_view text);
-// The same for a command that ends with it: tells the error and gives the exit code, `done` or
-// `failed`.
+// Writes to standard output, for a command that ends with it: tells the error and gives the exit
+// code, `done` or `failed`.
 [[nodiscard]] int printAndEnd(std::string_view text, int done, int failed = 1);
 
 } // namespace scenewright

@@ -14,7 +14,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -101,7 +100,7 @@ int drawSheet(const Arguments& arguments) {
     ::execv(name.c_str(), pointers.data());
     return reportError(fmt::format("{}: the window's program, which draws sheets, cannot be "
                                    "started: {}",
-                                   name, std::strerror(errno)),
+                                   name, systemText()),
                        kExitOutput);
 }
 

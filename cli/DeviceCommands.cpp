@@ -68,7 +68,7 @@ int verify(const PopUpValue& lists, const SceneList& sent) {
     const std::string found = comparisonText(DeviceOperation::Verify, list.size());
     if (list.empty())
         return printAndEnd(found + ".\n", held.exitCode);
-    if (const auto printed = printOut(differenceLines(list)); !printed)
+    if (const auto printed = writeStandardOutput(differenceLines(list)); !printed)
         reportError(printed.error(), kExitController);
     return reportError(found, kExitController);
 }

@@ -58,7 +58,7 @@ int follow(Sequencer& sequencer, Monitor& monitor) {
         isToEnd = waiting.wait(sequencer.descriptor()).isToEnd;
         const std::string lines = monitor.take(Monitor::Clock::now());
         if (!lines.empty())
-            if (const auto printed = printOut(lines); !printed)
+            if (const auto printed = writeStandardOutput(lines); !printed)
                 return reportError(printed.error(), kExitOutput);
     }
     return kExitDone;
@@ -151,7 +151,7 @@ constexpr int kExitWrong = 1; // a control sends something else
 
 Result<void> print(Trial& trial) {
     const std::string results = trial.results();
-    auto printed = results.empty() ? Result<void>{} : printOut(results);
+    auto printed = results.empty() ? Result<void>{} : writeStandardOutput(results);
     for (const std::string& sentence : trial.words())
         tell(sentence);
     return printed;

@@ -32,7 +32,7 @@ public:
             if (const auto sent = port_->send(message); !sent)
                 tell(sent.error());
         if (printed_)
-            printed_ = printOut(messageText(message, noteNames_) + "\n");
+            printed_ = writeStandardOutput(messageText(message, noteNames_) + "\n");
     }
     // As PlayPort::process().
     bool process() {

@@ -69,19 +69,6 @@ std::int64_t progressOf(const TransferStats& stats) {
     return stats.writes - kHandshakeWrites * stats.versionReads;
 }
 
-class Pause {
-public:
-    // Whether it lasted its time, and nobody asked to stop.
-    bool lasts(std::chrono::milliseconds time, const std::stop_token& stop) {
-        std::unique_lock lock(mutex_);
-        return !stopped_.wait_for(lock, stop, time, [&stop] { return stop.stop_requested(); });
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable_any stopped_;
-};
-
 } // namespace
 
 ControllerRead readController(DeviceOperation operation) {
@@ -126,8 +113,12 @@ std::jthread watchStats(std::chrono::milliseconds period,
     try {
         return std::jthread([period, look = std::move(look)](const std::stop_token& stop) noexcept {
             try {
-                Pause pause;
-                while (pause.lasts(period, stop) && look(Transport::instance().stats())) {
+                std::mutex mutex;
+                std::condition_variable_any stopped;
+                std::unique_lock lock(mutex);
+                const auto isAsked = [&stop] { return stop.stop_requested(); };
+                while (!stopped.wait_for(lock, stop, period, isAsked) &&
+                       look(Transport::instance().stats())) {
                 }
             } catch (const std::exception&) { // the transfer goes on without
             }

@@ -1,10 +1,11 @@
 #include "model/TypedValue.h"
 
+#include "platform/Numbers.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 
 namespace scenewright {
@@ -90,12 +91,8 @@ std::optional<std::int32_t> numberOf(std::string_view text) {
     const bool isNegative = take(text, "-");
     if (!isNegative)
         take(text, "+");
-    std::int32_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    if (text.starts_with('-') || result.ec != std::errc() || result.ptr != end)
-        return std::nullopt;
-    return isNegative ? -number : number;
+    const auto number = text.starts_with('-') ? std::nullopt : numberFrom<std::int32_t>(text);
+    return number && isNegative ? -*number : number;
 }
 
 std::optional<std::int32_t> noteIn(std::span<const std::string> titles, std::string_view typed) {
@@ -229,12 +226,10 @@ std::optional<PadColour> colourOf(std::string_view text) {
         return std::nullopt;
     text.remove_prefix(1);
     for (std::int32_t& level : colour) {
-        std::uint8_t shown = 0;
-        const char* const end = text.data() + kDigits;
-        const auto result = std::from_chars(text.data(), end, shown, kBase);
-        if (result.ec != std::errc() || result.ptr != end)
+        const auto shown = numberFrom<std::uint8_t>(text.substr(0, kDigits), kBase);
+        if (!shown)
             return std::nullopt;
-        level = (shown * kFullLevel + kFullShown / 2) / kFullShown;
+        level = (*shown * kFullLevel + kFullShown / 2) / kFullShown;
         text.remove_prefix(kDigits);
     }
     return colour;

@@ -1,5 +1,6 @@
 #include "platform/Arguments.h"
 
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 
 #include <CLI/CLI.hpp>
@@ -7,7 +8,6 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <charconv>
 #include <stdexcept>
 
 namespace scenewright {
@@ -16,13 +16,6 @@ namespace {
 
 using Kind = ArgumentRow::Kind;
 using Texts = std::vector<std::string>;
-
-std::optional<int> numberFrom(std::string_view text) {
-    int value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
-    return isWhole ? std::optional(value) : std::nullopt;
-}
 
 // The help: a title and its explanation in two columns, the title on a line of its own if it is
 // wider than the first one.
@@ -90,7 +83,7 @@ Result<void> checkText(const ArgumentRow& row, const std::string& text) {
             return failure(fmt::format("Could not convert: {} = {}", row.name, text));
         break;
     case Kind::Number:
-        if (const auto value = numberFrom(text); !value || *value < row.least || *value > row.most)
+        if (!numberWithin(text, row.least, row.most))
             return failure(fmt::format("{}: Value {} not in range {} to {}", row.name, text,
                                        row.least, row.most));
         break;
@@ -246,7 +239,7 @@ const std::vector<std::string>& Arguments::texts(std::string_view name) const {
 }
 
 std::optional<int> Arguments::number(std::string_view name) const {
-    return has(name) ? numberFrom(text(name)) : std::nullopt;
+    return has(name) ? numberFrom<int>(text(name)) : std::nullopt;
 }
 
 Result<ParsedArguments> parseArguments(const Syntax& program, int argc, const char* const* argv) {

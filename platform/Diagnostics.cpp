@@ -10,7 +10,6 @@
 #include <mutex>
 #include <string_view>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -92,14 +91,6 @@ std::string cannotWrite(const std::string& name, const std::string& why) {
     return "Cannot write " + name + ": " + why + ".";
 }
 
-Diagnostics::Sink consoleSinkOf(std::shared_ptr<StreamFile> file) {
-    return [file = std::move(file)](std::string_view text) { file->write(text); };
-}
-
-Diagnostics::Sink logSinkOf(std::shared_ptr<StreamFile> file) {
-    return [file = std::move(file)](std::string_view line) { file->write(asOneLine(line)); };
-}
-
 // Empties or makes the file; each piece then goes to its end.
 Result<FileDescriptor> openStreamFile(const std::string& name) {
     const auto descriptor = namedDescriptor(name);
@@ -111,26 +102,27 @@ Result<FileDescriptor> openStreamFile(const std::string& name) {
                                 kNewFileMode);
     FileDescriptor file(fd);
     if (!file.isOpen())
-        return failure(cannotWrite(name, errno == ENXIO ? "nobody reads this pipe"
-                                                        : std::generic_category().message(errno)));
+        return failure(cannotWrite(name, errno == ENXIO ? "nobody reads this pipe" : systemText()));
     struct stat status {};
     if (!descriptor && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
         ::ftruncate(file.get(), 0) != 0)
-        return failure(cannotWrite(name, std::generic_category().message(errno)));
+        return failure(cannotWrite(name, systemText()));
     return file;
 }
 
-using MakeSink = Diagnostics::Sink (*)(std::shared_ptr<StreamFile>);
-using SetSink = void (*)(Diagnostics::Sink);
+Diagnostics::Sink inLines(Diagnostics::Sink sink) {
+    return [sink = std::move(sink)](std::string_view line) { sink(asOneLine(line)); };
+}
 
-Result<void> sendTo(const std::string& name, MakeSink makeSink, SetSink setSink) {
-    auto opened = openStreamFile(name);
-    if (!opened)
-        return failure(opened.error());
-    auto file = std::make_shared<StreamFile>(name, std::move(*opened));
-    streamFiles().push_back(file);
-    setSink(makeSink(std::move(file)));
-    return {};
+// To the file, or the descriptor that it stands for.
+Result<Diagnostics::Sink> sinkTo(const std::string& name) {
+    if (name == "-")
+        return consoleSink(STDERR_FILENO);
+    return openStreamFile(name).map([&name](FileDescriptor opened) -> Diagnostics::Sink {
+        auto file = std::make_shared<StreamFile>(name, std::move(opened));
+        streamFiles().push_back(file);
+        return [file](std::string_view text) { file->write(text); };
+    });
 }
 
 } // namespace
@@ -177,23 +169,15 @@ Diagnostics::Sink consoleSink(int fd) {
 }
 
 Diagnostics::Sink logSink(int fd) {
-    return [fd](std::string_view line) { writeOrDrop(fd, asOneLine(line)); };
+    return inLines(consoleSink(fd));
 }
 
 Result<void> sendConsoleTo(const std::string& name) {
-    if (name == "-") {
-        Diagnostics::setConsole(consoleSink(STDERR_FILENO));
-        return {};
-    }
-    return sendTo(name, &consoleSinkOf, &Diagnostics::setConsole);
+    return sinkTo(name).map(&Diagnostics::setConsole);
 }
 
 Result<void> sendLogTo(const std::string& name) {
-    if (name == "-") {
-        Diagnostics::setLog(logSink(STDERR_FILENO));
-        return {};
-    }
-    return sendTo(name, &logSinkOf, &Diagnostics::setLog);
+    return sinkTo(name).map([](Diagnostics::Sink sink) { Diagnostics::setLog(inLines(sink)); });
 }
 
 Result<void> endDiagnostics() {

@@ -1,21 +1,20 @@
 #include "platform/Files.h"
 
+#include "platform/Numbers.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
 
-#include <array>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <poll.h>
 #include <string>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -48,7 +47,7 @@ tl::unexpected<std::string> sentence(SourceText text, const fs::path& path, std:
 }
 
 tl::unexpected<std::string> systemError(int error = errno) {
-    return failure(std::generic_category().message(error));
+    return failure(systemText(error));
 }
 
 // ---- reading
@@ -90,21 +89,13 @@ Result<FileDescriptor> openSource(const fs::path& path, const std::function<void
 }
 
 Result<FileContent> readAll(int fd, std::size_t limit) {
-    FileContent bytes;
-    std::array<std::uint8_t, 16384> chunk{};
-    while (true) {
-        const ssize_t count = ::read(fd, chunk.data(), chunk.size());
-        if (count == 0)
-            return bytes;
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return systemError();
-        bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
-        if (bytes.size() > limit)
-            return failure(
-                translated(sourceText("scenewright::File", "it is longer than {} bytes"), limit));
-    }
+    auto bytes = readFully(fd, limit);
+    if (!bytes)
+        return systemError(bytes.error());
+    if (bytes->size() > limit)
+        return failure(
+            translated(sourceText("scenewright::File", "it is longer than {} bytes"), limit));
+    return *std::move(bytes);
 }
 
 // ---- writing
@@ -116,12 +107,12 @@ fs::path folderOf(const fs::path& path) {
 Result<void> checkFolder(const fs::path& folder) {
     struct stat status {};
     if (::stat(folder.c_str(), &status) != 0)
-        return failure(folder.string() + ": " + std::generic_category().message(errno));
+        return failure(folder.string() + ": " + systemText());
     if (!S_ISDIR(status.st_mode))
         return failure(
             translated(sourceText("scenewright::File", "{} is not a folder"), folder.string()));
     if (::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        return failure(folder.string() + ": " + std::generic_category().message(errno));
+        return failure(folder.string() + ": " + systemText());
     return {};
 }
 
@@ -202,17 +193,6 @@ Result<Successor> begin(const fs::path& path) {
     return Successor{path, *former, std::move(*file)};
 }
 
-Result<void> writeAll(int fd, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(fd, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR)
-            return systemError();
-        if (count > 0)
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
-    return {};
-}
-
 // A file system that cannot flush says EINVAL; the file is as good there as it can be.
 bool isFlushed(int fd) {
     return ::fsync(fd) == 0 || errno == EINVAL;
@@ -220,8 +200,8 @@ bool isFlushed(int fd) {
 
 Result<void> fill(const Successor& successor, std::span<const std::uint8_t> bytes) {
     const int fd = successor.file.fd();
-    if (auto written = writeAll(fd, bytes); !written)
-        return written;
+    if (const int error = writeFully(fd, asText(bytes)); error != 0)
+        return systemError(error);
     if (successor.former && ::fchmod(fd, successor.former->st_mode & kModeBits) != 0)
         return systemError();
     if (!isFlushed(fd))
@@ -373,13 +353,6 @@ namespace {
 
 // ---- files compared
 
-std::optional<int> numberIn(const std::string& text) {
-    int number = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
-    return isWhole && number >= 0 ? std::optional(number) : std::nullopt;
-}
-
 // Whether it stands where the system lists the process's own descriptors.
 bool isDescriptor(const fs::path& path) {
     std::error_code error;
@@ -444,7 +417,9 @@ bool mayShare(FileUse first, FileUse second) {
 
 std::optional<int> namedDescriptor(const std::string& name) {
     const auto path = followLinks(name, &isDescriptor);
-    return path && isDescriptor(*path) ? numberIn(path->filename().string()) : std::nullopt;
+    return path && isDescriptor(*path)
+               ? numberWithin(path->filename().string(), 0, std::numeric_limits<int>::max())
+               : std::nullopt;
 }
 
 Result<void> checkNamedFiles(std::span<const NamedFile> files) {

@@ -80,6 +80,12 @@ bool writePieces(int fd, std::string_view text) noexcept {
     return true;
 }
 
+// Of what was opened without waiting.
+void waitFor(int fd, short event) noexcept {
+    pollfd place{.fd = fd, .events = event, .revents = 0};
+    static_cast<void>(::poll(&place, 1, -1));
+}
+
 bool isClosed(int fd) noexcept {
     return ::fcntl(fd, F_GETFD) < 0 && errno == EBADF;
 }
@@ -125,15 +131,35 @@ void reportError(std::string_view program, std::string_view sentence) noexcept {
     }
 }
 
+std::string systemText(int error) {
+    return std::generic_category().message(error);
+}
+
+Result<std::vector<std::uint8_t>, int> readFully(int fd, std::size_t limit) {
+    std::vector<std::uint8_t> bytes;
+    std::array<std::uint8_t, 16384> chunk{};
+    while (bytes.size() <= limit) {
+        const ssize_t count = ::read(fd, chunk.data(), chunk.size());
+        if (count == 0)
+            break;
+        if (count > 0)
+            bytes.insert(bytes.end(), chunk.begin(), chunk.begin() + count);
+        else if (errno == EAGAIN)
+            waitFor(fd, POLLIN);
+        else if (errno != EINTR)
+            return failure(int{errno});
+    }
+    return bytes;
+}
+
 int writeFully(int fd, std::string_view text) noexcept {
     while (!text.empty()) {
         const ssize_t count = ::write(fd, text.data(), text.size());
         if (count > 0)
             text.remove_prefix(static_cast<std::size_t>(count));
-        else if (count < 0 && errno == EAGAIN) {
-            pollfd place{.fd = fd, .events = POLLOUT, .revents = 0};
-            static_cast<void>(::poll(&place, 1, -1));
-        } else if (count < 0 && errno != EINTR)
+        else if (count < 0 && errno == EAGAIN)
+            waitFor(fd, POLLOUT);
+        else if (count < 0 && errno != EINTR)
             return errno;
     }
     return 0;
@@ -171,8 +197,8 @@ std::vector<Result<std::string>> LineReader::take() {
             isTooLong_ = true;
     }
     if (error != 0 && error != EINTR && error != EAGAIN)
-        return end(std::move(lines), failure("what comes in cannot be read any more: " +
-                                             std::generic_category().message(error)));
+        return end(std::move(lines),
+                   failure("what comes in cannot be read any more: " + systemText(error)));
     if (count == 0 && !begun_.empty())
         return end(std::move(lines), endLine());
     if (count == 0)

@@ -8,7 +8,9 @@
 
 #include "platform/Text.h"
 
+#include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -35,6 +37,13 @@ void writeStandardError(std::string_view text) noexcept;
 // One line on standard error, "PROGRAM: SENTENCE", made readable; dropped when it cannot be
 // written.
 void reportError(std::string_view program, std::string_view sentence) noexcept;
+
+// What the system calls an error, by errno's value.
+[[nodiscard]] std::string systemText(int error = errno);
+
+// Reads to the end, waiting as long as it takes, or until there is more than `limit` bytes. The
+// error is errno's value.
+[[nodiscard]] Result<std::vector<std::uint8_t>, int> readFully(int fd, std::size_t limit);
 
 // Writes all of a result, waiting as long as it takes; gives 0 or errno's value.
 [[nodiscard]] int writeFully(int fd, std::string_view text) noexcept;

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstddef>
@@ -59,15 +58,11 @@ std::string cannotRead(std::string_view name, std::string_view why) {
     return fmt::format("Cannot read {}: {}", name, why);
 }
 
-std::string systemReason(int error) {
-    return std::generic_category().message(error);
-}
-
 std::string whyNotOpened(const std::filesystem::path& path, int error) {
     std::error_code ignored;
     const bool isLink = std::filesystem::is_symlink(path, ignored);
     return error == ENOENT && isLink ? "it is a link to a file that does not exist"
-                                     : systemReason(error);
+                                     : systemText(error);
 }
 
 // A pipe or a device could make the reader wait for ever: they are opened without waiting, and
@@ -78,26 +73,16 @@ Result<FileDescriptor> openRegularFile(const std::filesystem::path& path) {
         return failure(whyNotOpened(path, errno));
     struct stat status {};
     if (::fstat(file.get(), &status) != 0)
-        return failure(systemReason(errno));
+        return failure(systemText());
     if (!S_ISREG(status.st_mode))
         return failure(S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
     return file;
 }
 
-// One byte more than a list may have tells that there is too much.
 Result<std::string> readBytes(const FileDescriptor& file) {
-    std::string bytes;
-    std::array<char, 16384> chunk{};
-    while (bytes.size() <= kPropertyListBytes) {
-        const ssize_t count = ::read(file.get(), chunk.data(), chunk.size());
-        if (count < 0 && errno != EINTR)
-            return failure(systemReason(errno));
-        if (count == 0)
-            break;
-        if (count > 0)
-            bytes.append(chunk.data(), static_cast<std::size_t>(count));
-    }
-    return bytes;
+    return readFully(file.get(), kPropertyListBytes)
+        .map([](const auto& bytes) { return std::string(asText(bytes)); })
+        .map_error(&systemText);
 }
 
 Result<PropertyValue> parseEitherForm(std::string_view bytes) {
@@ -141,9 +126,6 @@ private:
 
 bool PropertyValue::isAbsent() const noexcept {
     return std::holds_alternative<std::monostate>(node_);
-}
-bool PropertyValue::isDictionary() const noexcept {
-    return std::holds_alternative<Dictionary>(node_);
 }
 bool PropertyValue::isArray() const noexcept {
     return std::holds_alternative<Array>(node_);

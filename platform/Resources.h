@@ -46,7 +46,6 @@ public:
     // Nothing was there: a missing key, a missing file, or a kind of node that this system has no
     // use for (data, dates, identifiers).
     [[nodiscard]] bool isAbsent() const noexcept;
-    [[nodiscard]] bool isDictionary() const noexcept;
     [[nodiscard]] bool isArray() const noexcept;
     [[nodiscard]] bool isText() const noexcept;
 

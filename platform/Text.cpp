@@ -78,22 +78,18 @@ std::size_t showableLength(std::string_view text) {
 
 } // namespace
 
-std::string untranslated(SourceText text) {
-    return text.written;
-}
-
 std::string translated(SourceText text) {
     const Translator translator = translatorInPlace;
-    return translator == nullptr ? untranslated(text) : translator(text);
+    return translator == nullptr ? text.written : translator(text);
 }
 
 void setTranslator(Translator translator) {
     translatorInPlace = translator;
 }
 
-std::string format(SourceText text, Translator words, fmt::format_args values) {
+std::string filled(SourceText text, fmt::format_args values) {
     try {
-        return fmt::vformat(words(text), values);
+        return fmt::vformat(translated(text), values);
     } catch (const fmt::format_error&) {
         return fmt::vformat(text.written, values);
     }

@@ -9,6 +9,8 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <tl/expected.hpp>
@@ -31,25 +33,29 @@ constexpr SourceText sourceText(const char* context, const char* written) {
 // How a text reaches a person.
 using Translator = std::string (*)(SourceText text);
 
-[[nodiscard]] std::string untranslated(SourceText text);
 // Through the translator that was put in last. Any thread.
 [[nodiscard]] std::string translated(SourceText text);
 // `translator` may be called on any thread; null for none.
 void setTranslator(Translator translator);
 
-[[nodiscard]] std::string format(SourceText text, Translator words, fmt::format_args values);
+[[nodiscard]] std::string filled(SourceText text, fmt::format_args values);
 
 // The text in the language with its places filled. A translation whose places do not fit is passed
 // over for the text as written.
 template <typename... Values>
 [[nodiscard]] std::string translated(SourceText text, const Values&... values) {
-    return format(text, &translated, fmt::make_format_args(values...));
+    return filled(text, fmt::make_format_args(values...));
 }
 
 // A text from outside, the name of a device or a file or an argument, as valid UTF-8 of one line:
 // bytes that are no UTF-8, control characters, among them a terminal's commands, and those that end
 // a line or turn its direction show as U+FFFD. Any thread.
 [[nodiscard]] std::string readableText(std::string_view text);
+
+// The bytes of a text. Refers to them.
+[[nodiscard]] inline std::string_view asText(std::span<const std::uint8_t> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
 
 // What an operation gives that can fail: its value, or why there is none.
 //

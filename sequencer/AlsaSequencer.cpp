@@ -1,3 +1,4 @@
+#include "platform/Process.h"
 #include "platform/Text.h"
 #include "sequencer/Sequencer.h"
 
@@ -10,7 +11,6 @@
 #include <cstdarg>
 #include <poll.h>
 #include <string_view>
-#include <system_error>
 #include <type_traits>
 #include <utility>
 
@@ -42,7 +42,7 @@ std::string textOf(const char* text) {
 }
 
 std::string causeOf(int error) {
-    return std::generic_category().message(-error);
+    return systemText(-error);
 }
 
 std::string openError(int error) {

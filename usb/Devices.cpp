@@ -1,13 +1,13 @@
 #include "usb/Devices.h"
 
 #include "platform/Files.h"
+#include "platform/Numbers.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <libudev.h>
@@ -134,8 +134,6 @@ Result<void> addToDeviceList(const DeviceIds& ids) {
     return {};
 }
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr int kDecimal = 10;
@@ -154,13 +152,7 @@ std::string textIn(const fs::path& file) {
 }
 
 std::optional<std::int32_t> numberIn(const fs::path& file, int base) {
-    const std::string text = textIn(file);
-    std::int32_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, base);
-    if (error != std::errc{} || stop != end)
-        return std::nullopt;
-    return number;
+    return numberFrom<std::int32_t>(textIn(file), base);
 }
 
 // An interface's folder stands in that of its device and begins with its name: "1-2/1-2:1.0".
@@ -219,13 +211,7 @@ std::optional<AttachedDevice> deviceIn(const fs::path& folder, const fs::path& n
 // The number in the name of a card's entry, "card0"; nothing for another entry.
 std::optional<int> cardNumber(std::string_view name) {
     constexpr std::string_view kPrefix = "card";
-    if (!name.starts_with(kPrefix))
-        return std::nullopt;
-    name.remove_prefix(kPrefix.size());
-    int card = 0;
-    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), card);
-    return error == std::errc{} && stop == name.data() + name.size() ? std::optional(card)
-                                                                     : std::nullopt;
+    return name.starts_with(kPrefix) ? numberFrom<int>(name.substr(kPrefix.size())) : std::nullopt;
 }
 
 bool holdsNumber(const fs::path& file, std::int32_t number) {

@@ -1,30 +1,18 @@
 #include "virtual/VirtualController.h"
 
+#include "platform/Numbers.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <iterator>
-#include <limits>
 #include <sstream>
 #include <utility>
 
 namespace scenewright {
 
 namespace {
-
-// The number that the whole text is.
-template <typename Number>
-std::optional<Number> numberFrom(std::string_view text, Number least = 0,
-                                 Number most = std::numeric_limits<Number>::max()) {
-    Number number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc{} || stop != end || number < least || number > most)
-        return std::nullopt;
-    return number;
-}
 
 struct FaultName {
     std::string_view name;
@@ -40,10 +28,8 @@ constexpr std::array<FaultName, 7> kFaultNames{{{"handshake", Fault::Kind::Wrong
                                                 {"stall", Fault::Kind::Stall}}};
 
 std::optional<Fault::Kind> kindNamed(std::string_view name) {
-    for (const FaultName& row : kFaultNames)
-        if (row.name == name)
-            return row.kind;
-    return std::nullopt;
+    const auto* const row = std::ranges::find(kFaultNames, name, &FaultName::name);
+    return row == kFaultNames.end() ? std::nullopt : std::optional(row->kind);
 }
 
 // What the controller answers; the host looks only at the first 8 bytes of the handshake reply.
@@ -310,7 +296,7 @@ std::optional<std::int32_t> controlFrom(std::string_view text, bool isTravel) {
         const ControlRange& range = controlRange(kind);
         if (!text.starts_with(range.name))
             continue;
-        if (const auto number = numberFrom(text.substr(range.name.size()), 1, range.count))
+        if (const auto number = numberWithin(text.substr(range.name.size()), 1, range.count))
             return range.start + *number - 1;
     }
     return std::nullopt;
@@ -321,7 +307,7 @@ std::optional<milliseconds> timeFrom(std::string_view text) {
     if (!text.ends_with(kUnit))
         return std::nullopt;
     text.remove_suffix(kUnit.size());
-    const auto count = numberFrom<std::int32_t>(text, 0, kLongestSlide.count());
+    const auto count = numberWithin<std::int32_t>(text, 0, kLongestSlide.count());
     return count ? std::optional(milliseconds(*count)) : std::nullopt;
 }
 
@@ -331,7 +317,7 @@ std::optional<PlayOrder> orderFrom(const OrderRow& row, std::span<const std::str
     if (words.size() != row.values + (isScene ? 0 : 1))
         return std::nullopt;
     const auto number =
-        isScene ? numberFrom(words[0], 1, kSceneCount) : controlFrom(words[0], row.isTravel);
+        isScene ? numberWithin(words[0], 1, kSceneCount) : controlFrom(words[0], row.isTravel);
     if (!number)
         return std::nullopt;
     order.number = *number;
@@ -339,7 +325,7 @@ std::optional<PlayOrder> orderFrom(const OrderRow& row, std::span<const std::str
         return order;
     for (std::size_t place = 1; place < std::min<std::size_t>(words.size(), 3); ++place) {
         const auto value =
-            numberFrom(words[place], row.kind == PlayOrder::Kind::Press ? 1 : 0, 127);
+            numberWithin(words[place], row.kind == PlayOrder::Kind::Press ? 1 : 0, 127);
         if (!value)
             return std::nullopt;
         (place == 1 ? order.value : order.end) = static_cast<std::uint8_t>(*value);

@@ -35,13 +35,6 @@ TEST_F(TranslatorTest, WithoutATranslatorTextsStandAsWritten) {
 TEST_F(TranslatorTest, ATranslationMayTurnThePlacesRound) {
     setTranslator(&turnedRound);
     EXPECT_EQ(translated(kPair, "one", 2), "Test: 2 after one");
-    EXPECT_EQ(untranslated(kPair), "{0} before {1}");
-}
-
-TEST_F(TranslatorTest, WordsAsWrittenCanBeAskedForWhateverTheLanguage) {
-    setTranslator(&turnedRound);
-    const int number = 2;
-    EXPECT_EQ(format(kPair, &untranslated, fmt::make_format_args("one", number)), "one before 2");
 }
 
 TEST_F(TranslatorTest, ATranslationWithOtherPlacesIsPassedOver) {

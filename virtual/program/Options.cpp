@@ -1,10 +1,10 @@
 #include "virtual/program/Options.h"
 
+#include "platform/Numbers.h"
 #include "virtual/usbip/Sockets.h"
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -17,10 +17,7 @@ namespace {
 std::optional<std::uint16_t> identifierFrom(std::string_view text) {
     if (text.starts_with("0x") || text.starts_with("0X"))
         text.remove_prefix(2);
-    std::uint16_t value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
-    const bool isWhole = error == std::errc{} && stop == text.data() + text.size();
-    return isWhole && text.size() <= 4 ? std::optional(value) : std::nullopt;
+    return text.size() <= 4 ? numberFrom<std::uint16_t>(text, 16) : std::nullopt;
 }
 
 Result<void> takeIdentity(const std::string& text, VirtualIdentity& identity) {
@@ -54,11 +51,9 @@ Result<void> takeAddress(const std::string& text, std::string& address) {
 }
 
 Result<void> takePort(const std::string& text, std::optional<std::uint32_t>& port) {
-    std::uint32_t value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || stop != text.data() + text.size())
+    port = numberFrom<std::uint32_t>(text);
+    if (!port)
         return failure(fmt::format("Could not convert: --vhci = {}", text));
-    port = value;
     return {};
 }
 

@@ -9,7 +9,6 @@
 #include <optional>
 #include <sys/eventfd.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -21,10 +20,6 @@ namespace {
 constexpr std::size_t kMaxPending = std::size_t{1} << 20U; // bytes
 constexpr mode_t kNewFile = 0666;                          // before the process's umask
 constexpr Moment kForever = Moment::max();
-
-std::string systemText(int error) {
-    return std::generic_category().message(error);
-}
 
 FileDescriptor standardOutput() {
     return FileDescriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
@@ -38,7 +33,7 @@ Result<FileDescriptor> openForLines(const std::string& name) {
     FileDescriptor file(
         ::open(name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kNewFile));
     if (!file.isOpen())
-        return failure(errno == ENXIO ? "nobody reads it" : systemText(errno));
+        return failure(errno == ENXIO ? "nobody reads it" : systemText());
     struct stat status {};
     struct stat output {};
     const bool isRegular = ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
@@ -46,7 +41,7 @@ Result<FileDescriptor> openForLines(const std::string& name) {
         status.st_ino == output.st_ino)
         return standardOutput();
     if (isRegular && ::ftruncate(file.get(), 0) != 0)
-        return failure(systemText(errno));
+        return failure(systemText());
     ::fcntl(file.get(), F_SETFL, ::fcntl(file.get(), F_GETFL) & ~O_NONBLOCK);
     return file;
 }
@@ -223,7 +218,7 @@ Result<LineFile> LineFile::open(const std::string& name) {
     if (!file)
         return failure(fmt::format("{}: cannot be written: {}", name, file.error()));
     if (!file->isOpen())
-        return failure(fmt::format("{}: cannot be written: {}", name, systemText(errno)));
+        return failure(fmt::format("{}: cannot be written: {}", name, systemText()));
     auto work = std::make_shared<Work>();
     work->name = name;
     work->file = std::move(*file);

@@ -15,7 +15,6 @@
 #include <string_view>
 #include <sys/resource.h>
 #include <sys/signalfd.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -106,8 +105,7 @@ Result<void> Server::run() {
     for (;;) {
         std::vector<pollfd> set = pollSet();
         if (::poll(set.data(), set.size(), pollTimeout()) < 0 && errno != EINTR)
-            return failure(fmt::format("cannot wait for connections: {}",
-                                       std::generic_category().message(errno)));
+            return failure(fmt::format("cannot wait for connections: {}", systemText()));
         if (set[kSignalPlace].revents != 0 && !takeSignal())
             break;
         if (set[kSaverPlace].revents != 0)
@@ -178,6 +176,11 @@ void Server::end(Connections::iterator connection) {
     ::malloc_trim(0); // what a greedy client had is given back to the system
 }
 
+Server::Connections::iterator Server::find(bool isAttached) {
+    return std::ranges::find(connections_, isAttached,
+                             [](const Connection& each) { return each.session().isAttached(); });
+}
+
 // When there are too many, one a round: the others are served before the next has to go.
 void Server::acceptConnections() {
     do {
@@ -200,8 +203,7 @@ void Server::acceptFailed(int error) {
 }
 
 bool Server::dropOldestAsking() {
-    const auto oldest = std::ranges::find_if(
-        connections_, [](const Connection& each) { return !each.session().isAttached(); });
+    const auto oldest = find(false);
     if (oldest == connections_.end())
         return false;
     if (!std::exchange(isCrowdLogged_, true))
@@ -241,8 +243,7 @@ void Server::tryPlugIn() {
 }
 
 void Server::unplug() {
-    const auto attached = std::ranges::find_if(
-        connections_, [](const Connection& each) { return each.session().isAttached(); });
+    const auto attached = find(true);
     if (attached == connections_.end()) {
         log_("nothing to unplug: the controller is not plugged in");
         return;
@@ -294,8 +295,7 @@ bool Server::put(const Playing::Messages& messages) {
         return true;
     std::vector<Packet> packets;
     std::ranges::transform(messages, std::back_inserter(packets), &packetOf);
-    const auto attached = std::ranges::find_if(
-        connections_, [](const Connection& each) { return each.session().isAttached(); });
+    const auto attached = find(true);
     return attached != connections_.end() && attached->session().play(packets);
 }
 

@@ -64,6 +64,8 @@ private:
     [[nodiscard]] int pollTimeout() const; // milliseconds, -1 for none
     void serveConnections(std::span<const pollfd> set);
     void end(Connections::iterator connection);
+    // The oldest that has the controller, or that only asks; the end when there is none.
+    Connections::iterator find(bool isAttached);
     void acceptConnections();
     void acceptFailed(int error);
     // False when every connection has the controller.

@@ -109,10 +109,8 @@ bool Session::takeOperation() {
     if (input_.size() < kOperationHeaderSize)
         return false;
     const Result<OperationCode> request = decodeOperation(inputStart(kOperationHeaderSize));
-    if (!request) {
-        drop(request.error());
-        return false;
-    }
+    if (!request)
+        return drop(request.error());
     if (*request == OperationCode::RequestImport)
         return takeImport();
     send(encodeDevicesReply(std::span(&record_, 1)));
@@ -126,10 +124,8 @@ bool Session::takeImport() {
         return false;
     const auto busId = decodeBusId(inputStart(kSize).subspan(kOperationHeaderSize));
     input_.erase(input_.begin(), input_.begin() + kSize);
-    if (!busId) {
-        drop("an import request without a bus id");
-        return false;
-    }
+    if (!busId)
+        return drop("an import request without a bus id");
     import(*busId);
     return state_ == State::Open;
 }
@@ -167,16 +163,12 @@ bool Session::takeCommand() {
     if (input_.size() < kUrbHeaderSize)
         return false;
     const Result<Command> decoded = decodeCommand(inputStart(kUrbHeaderSize));
-    if (!decoded) {
-        drop(decoded.error());
-        return false;
-    }
+    if (!decoded)
+        return drop(decoded.error());
     const std::uint32_t device =
         std::visit([](const auto& command) { return command.device; }, *decoded);
-    if (device != deviceNumberOf(record_)) {
-        drop(fmt::format("a command for the device {}", device));
-        return false;
-    }
+    if (device != deviceNumberOf(record_))
+        return drop(fmt::format("a command for the device {}", device));
     if (const auto* const submit = std::get_if<SubmitCommand>(&*decoded))
         return takeSubmit(*submit);
     takeUnlink(std::get<UnlinkCommand>(*decoded));
@@ -190,10 +182,8 @@ bool Session::takeSubmit(const SubmitCommand& command) {
         return false;
     const Result<void> taken = device_->submit(command, inputStart(size).subspan(kUrbHeaderSize));
     input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(size));
-    if (!taken) {
-        drop(taken.error());
-        return false;
-    }
+    if (!taken)
+        return drop(taken.error());
     answerCompletions();
     if (state_ == State::Open && !device_->isPresent()) {
         state_ = State::Unplugged;
@@ -230,9 +220,10 @@ void Session::send(const Bytes& message) {
     output_.insert(output_.end(), message.begin(), message.end());
 }
 
-void Session::drop(std::string error) {
+bool Session::drop(std::string error) {
     error_ = std::move(error);
     state_ = State::Dropped;
+    return false;
 }
 
 } // namespace scenewright::usbip

@@ -91,7 +91,7 @@ private:
     void detach();
     void answerCompletions();
     void send(const Bytes& message);
-    void drop(std::string error);
+    bool drop(std::string error); // false
     [[nodiscard]] ByteView inputStart(std::size_t size) const {
         return ByteView(input_).first(size);
     }

@@ -1,10 +1,11 @@
 #include "virtual/usbip/Sockets.h"
 
+#include "platform/Numbers.h"
+
 #include <fmt/format.h>
 
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <cstdint>
 #include <fcntl.h>
 #include <memory>
@@ -13,7 +14,6 @@
 #include <netinet/tcp.h>
 #include <optional>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace scenewright::usbip {
@@ -36,12 +36,10 @@ std::optional<HostAndPort> split(std::string_view address) {
     else if (host.find(':') != std::string_view::npos)
         return std::nullopt;
     // The resolver takes a port modulo 65536.
-    std::uint16_t port = 0;
-    const auto [stop, error] =
-        std::from_chars(address.data() + colon + 1, address.data() + address.size(), port);
-    if (error != std::errc{} || stop != address.data() + address.size())
+    const auto port = numberFrom<std::uint16_t>(address.substr(colon + 1));
+    if (!port)
         return std::nullopt;
-    return HostAndPort{std::string(host), std::to_string(port)};
+    return HostAndPort{std::string(host), std::to_string(*port)};
 }
 
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
@@ -91,7 +89,7 @@ void setOption(int socket, const SocketOption& option) {
 tl::unexpected<std::string> portError(std::uint32_t port, int error) {
     return failure(fmt::format("cannot plug into port {} of the kernel's virtual controller "
                                "(vhci_hcd): {}",
-                               port, std::generic_category().message(error)));
+                               port, systemText(error)));
 }
 
 constexpr std::size_t kReadSize = 16384;
@@ -116,8 +114,7 @@ Result<void> Listener::listen(std::string_view address) {
     setOption(socket.get(), {SOL_SOCKET, SO_REUSEADDR, 1});
     if (!socket.isOpen() || ::bind(socket.get(), found->ai_addr, found->ai_addrlen) != 0 ||
         ::listen(socket.get(), SOMAXCONN) != 0)
-        return failure(fmt::format("cannot listen at {}: {}", address,
-                                   std::generic_category().message(errno)));
+        return failure(fmt::format("cannot listen at {}: {}", address, systemText()));
     socket_ = std::move(socket);
     return {};
 }
