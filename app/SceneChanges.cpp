@@ -14,10 +14,6 @@ namespace scenewright {
 
 namespace {
 
-const SceneValue& sceneOf(const SceneList& scenes, const SettingPlace& place) {
-    return *scenes[static_cast<std::size_t>(place.scene)];
-}
-
 bool isSameKind(const SettingPlace& one, const SettingPlace& other) {
     return one.scene == other.scene && one.kind == other.kind;
 }
@@ -29,7 +25,7 @@ bool isSameControl(const SettingPlace& one, const SettingPlace& other) {
 // What the control sends, for a setting whose title depends on it.
 std::int32_t assignTypeFor(const SettingPlace& place, const SceneList& scenes) {
     const bool depends = !place.isName() && place.setting->details().noteList != nullptr;
-    return depends ? assignTypeAt(place, sceneOf(scenes, place)) : kAssignOff;
+    return depends ? assignTypeAt(place, sceneAt(scenes, place)) : kAssignOff;
 }
 
 std::string titleOf(const SettingPlace& place, std::int32_t assignType) {
@@ -66,7 +62,7 @@ SceneList copyOfStored() {
 }
 
 SceneChanges::Values SceneChanges::valuesAt(const SceneList& scenes, const SettingPlace& place) {
-    const SceneValue& scene = sceneOf(scenes, place);
+    const SceneValue& scene = sceneAt(scenes, place);
     if (place.isName())
         return {.name = scene.commonValue()->SceneName()};
     return {.index = place.setting->read(scene, place.control)};
@@ -97,7 +93,7 @@ void SceneChanges::write(Side side, const SceneList& scenes) const {
     for (const Change& change : changes_) {
         const SettingPlace& place = change.place;
         const Values& values = side == Side::Before ? change.before : change.after;
-        const SceneValue& scene = sceneOf(scenes, place);
+        const SceneValue& scene = sceneAt(scenes, place);
         if (place.isName())
             scene.commonValue()->setSceneName(values.name);
         else

@@ -20,10 +20,6 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kJsonBlanks = " \t\r\n";
 
-std::string_view textOf(std::span<const std::uint8_t> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 bool beginsLikeJson(std::string_view text) {
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
@@ -81,7 +77,7 @@ using JsonReader = Result<SceneList> (*)(std::string_view text);
 Result<BankFile> parse(std::span<const std::uint8_t> bytes, const std::string& name,
                        JsonReader readJson) {
     const BankFormat form = formOf(bytes);
-    auto scenes = form == BankFormat::Json ? readJson(textOf(bytes)) : readBankImage(bytes);
+    auto scenes = form == BankFormat::Json ? readJson(asText(bytes)) : readBankImage(bytes);
     if (!scenes)
         return failure(fmt::format("{}: {}", name, scenes.error()));
     return BankFile{*std::move(scenes), form};
@@ -96,7 +92,7 @@ Result<BankFile> read(const std::filesystem::path& path, JsonReader readJson) {
 } // namespace
 
 BankFormat formOf(std::span<const std::uint8_t> bytes) {
-    return isJson(textOf(bytes)) ? BankFormat::Json : BankFormat::Image;
+    return isJson(asText(bytes)) ? BankFormat::Json : BankFormat::Image;
 }
 
 Result<BankFile> readBank(const std::filesystem::path& path) {
@@ -139,23 +135,9 @@ std::vector<std::uint8_t> bankBytes(const SceneList& scenes, BankFormat form,
     return {image.begin(), image.end()};
 }
 
-Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes) {
-    return writeWhole(path, encodeBank(scenes));
-}
-
 Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes, BankFormat form,
                        const PopUpValue& lists) {
     return writeWhole(path, bankBytes(scenes, form, lists));
-}
-
-Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path) {
-    const auto bytes = readFile(path, kJsonBytes);
-    if (!bytes)
-        return failure(bytes.error());
-    auto scenes = readSceneJson(textOf(*bytes));
-    if (!scenes)
-        return failure(fmt::format("{}: {}", path.string(), scenes.error()));
-    return scenes->front();
 }
 
 Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,

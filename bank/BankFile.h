@@ -44,7 +44,7 @@ struct BankFile {
 [[nodiscard]] Result<BankFile> parseBank(std::span<const std::uint8_t> bytes,
                                          const std::string& name);
 
-// The same for a file that may also be that of one scene (readScene below), and then gives one.
+// The same for a file that may also be that of one scene, and then gives one.
 [[nodiscard]] Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes,
                                                 const std::string& name);
 [[nodiscard]] Result<BankFile> readBankOrScene(const std::filesystem::path& path);
@@ -59,12 +59,10 @@ struct BankFile {
                                                   const PopUpValue& lists);
 
 // Each writes the first four scenes. On error the file is what it was.
-[[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes);
 [[nodiscard]] Result<void> writeBank(const std::filesystem::path& path, const SceneList& scenes,
                                      BankFormat form, const PopUpValue& lists);
 
 // One scene as a file of its own, always JSON.
-[[nodiscard]] Result<std::shared_ptr<SceneValue>> readScene(const std::filesystem::path& path);
 [[nodiscard]] Result<void> writeScene(const std::filesystem::path& path, const SceneValue& scene,
                                       const PopUpValue& lists);
 
@@ -91,9 +89,8 @@ inline constexpr std::size_t kJsonValues = 1'000'000;
 
 // The scenes are what a read of the same image gives. The error says in one phrase what is wrong
 // and where, as in "scenes[1].pads[3].CR is missing"; a key that stands twice in an object is one.
-[[nodiscard]] Result<SceneList> readBankJson(std::string_view text);  // four scenes
-[[nodiscard]] Result<SceneList> readSceneJson(std::string_view text); // one
-[[nodiscard]] Result<SceneList> readBankOrSceneJson(std::string_view text);
+[[nodiscard]] Result<SceneList> readBankJson(std::string_view text);        // four scenes
+[[nodiscard]] Result<SceneList> readBankOrSceneJson(std::string_view text); // or one
 
 // The key of a kind's controls: "pads"; "common" for the scene-wide settings.
 [[nodiscard]] std::string controlsKey(ControlKind kind);

@@ -368,10 +368,6 @@ Result<SceneList> readBankJson(std::string_view text) {
     return parseJson(text).and_then(&bankIn);
 }
 
-Result<SceneList> readSceneJson(std::string_view text) {
-    return parseJson(text).and_then(&sceneIn);
-}
-
 Result<SceneList> readBankOrSceneJson(std::string_view text) {
     return parseJson(text).and_then([](const Json& root) {
         const bool isScene = root.is_object() && root.value("format", Json()) == kSceneFormat;

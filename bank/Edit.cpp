@@ -96,7 +96,7 @@ Result<void> assignAll(const PopUpValue& lists, const Assignments& assignments,
     for (const auto& [key, assignment] : assignments) {
         if (isAssignedFirst(assignment.place) != first)
             continue;
-        const SceneValue& scene = *scenes.at(static_cast<std::size_t>(assignment.place.scene));
+        const SceneValue& scene = sceneAt(scenes, assignment.place);
         auto assigned = assignment.place.isName() ? assignName(assignment, scene)
                                                   : assignOption(lists, assignment, scene);
         if (!assigned)
@@ -190,11 +190,6 @@ SceneList copyOf(const SceneList& scenes) {
     return copies;
 }
 
-Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& scenes,
-                             std::string_view from, std::string_view to) {
-    return copyValues(lists, scenes, scenes, from, to);
-}
-
 Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& source,
                              const SceneList& scenes, std::string_view from, std::string_view to) {
     const bool isRaw = from.starts_with(kRawMark);
@@ -209,13 +204,12 @@ Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& source,
     SceneList copies = copyOf(scenes);
     for (const SettingPlace& place : settingsAt(pair->second)) {
         const SettingPlace origin = sourceOf(pair->first, place);
-        copySetting(*source.at(static_cast<std::size_t>(origin.scene)), origin.control,
-                    *copies.at(static_cast<std::size_t>(place.scene)), place);
+        copySetting(sceneAt(source, origin), origin.control, sceneAt(copies, place), place);
     }
     for (const SettingPlace& place : settingsAt(pair->second)) {
         if (isRaw || place.isName())
             continue;
-        const SceneValue& scene = *copies.at(static_cast<std::size_t>(place.scene));
+        const SceneValue& scene = sceneAt(copies, place);
         const std::int32_t index = storedIndex(scene, *place.setting, place.control);
         if (const auto checked = checkIndex(lists, place, scene, index); !checked)
             return failure(fmt::format("{1} cannot be copied to {2}: {0}; {3}{1} is copied all the "
@@ -259,8 +253,7 @@ Result<SceneList> swapValues(const SceneList& scenes, std::string_view first,
     const auto firsts = settingsAt(pair->first);
     const auto seconds = settingsAt(pair->second);
     const auto copy = [&](const SettingPlace& from, const SettingPlace& to) {
-        copySetting(*scenes.at(static_cast<std::size_t>(from.scene)), from.control,
-                    *copies.at(static_cast<std::size_t>(to.scene)), to);
+        copySetting(sceneAt(scenes, from), from.control, sceneAt(copies, to), to);
     };
     for (std::size_t i = 0; i < firsts.size(); ++i) {
         copy(firsts[i], seconds[i]);

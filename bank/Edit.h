@@ -28,9 +28,7 @@ namespace scenewright {
 // controls, or single settings. A star in `from` goes with a star in `to`, pair by pair; a number
 // in `from` is copied to all that `to` names. A value that its list does not have is refused unless
 // `from` begins with kRawMark.
-[[nodiscard]] Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& scenes,
-                                           std::string_view from, std::string_view to);
-// The same out of other scenes, of which there may be fewer.
+// `source` are the scenes themselves, or others, of which there may be fewer.
 [[nodiscard]] Result<SceneList> copyValues(const PopUpValue& lists, const SceneList& source,
                                            const SceneList& scenes, std::string_view from,
                                            std::string_view to);

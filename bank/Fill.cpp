@@ -3,12 +3,12 @@
 #include "bank/Edit.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
+#include "platform/Numbers.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace scenewright {
 
@@ -133,10 +133,6 @@ Result<Target> targetOf(std::string_view pathText, std::string_view start) {
     return target;
 }
 
-SceneValue& sceneAt(const SceneList& scenes, const SettingPlace& place) {
-    return *scenes.at(static_cast<std::size_t>(place.scene));
-}
-
 std::vector<SettingPlace> placesAt(const Path& path, Members members) {
     auto places = settingsAt(path);
     if (!members.empty())
@@ -231,13 +227,10 @@ FillSteps stepsOf(const Scale& scale) {
 std::optional<Intervals> intervalsOf(std::string_view text) {
     Intervals intervals;
     for (const std::string_view part : split(text, ",")) {
-        std::int32_t interval = 0;
-        const char* const end = part.data() + part.size();
-        const auto result = std::from_chars(part.data(), end, interval);
-        if (result.ec != std::errc() || result.ptr != end || interval < -kLargestSettingValue ||
-            interval > kLargestSettingValue)
+        const auto interval = numberWithin(part, -kLargestSettingValue, kLargestSettingValue);
+        if (!interval)
             return std::nullopt;
-        intervals.push_back(interval);
+        intervals.push_back(*interval);
     }
     return intervals;
 }

@@ -43,8 +43,8 @@ std::string arrayOf(const std::vector<Row>& rows, Text text) {
 
 bool isSame(const SceneValue& first, const SceneValue& second, const SettingPlace& place) {
     if (place.isName())
-        return nameBytes(first.commonValue()->SceneName()) ==
-               nameBytes(second.commonValue()->SceneName());
+        return storedName(first.commonValue()->SceneName()) ==
+               storedName(second.commonValue()->SceneName());
     return storedIndex(first, *place.setting, place.control) ==
            storedIndex(second, *place.setting, place.control);
 }
@@ -82,8 +82,8 @@ std::vector<Difference> differences(const PopUpValue& lists, const SceneList& fi
     std::vector<Difference> list;
     const std::size_t scenes = std::min(first.size(), second.size());
     for (const SettingPlace& place : allSettings(static_cast<std::int32_t>(scenes))) {
-        const SceneValue& one = *first[static_cast<std::size_t>(place.scene)];
-        const SceneValue& other = *second[static_cast<std::size_t>(place.scene)];
+        const SceneValue& one = sceneAt(first, place);
+        const SceneValue& other = sceneAt(second, place);
         if (!isSame(one, other, place))
             list.push_back(
                 {place, settingText(lists, one, place), settingText(lists, other, place)});
@@ -109,7 +109,7 @@ void writeFirst(const Difference& difference, const SceneList& scenes) {
     const SettingPlace& place = difference.place;
     if (std::cmp_greater_equal(place.scene, scenes.size()))
         return;
-    const SceneValue& scene = *scenes[static_cast<std::size_t>(place.scene)];
+    const SceneValue& scene = sceneAt(scenes, place);
     const std::string& value = difference.first.value;
     if (!place.isName())
         return place.setting->write(scene, place.control, std::stoi(value));

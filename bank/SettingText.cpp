@@ -3,13 +3,13 @@
 #include "bank/BankFile.h"
 #include "model/TypedValue.h"
 #include "model/ValueAction.h"
+#include "platform/Numbers.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 
 namespace scenewright {
 
@@ -246,11 +246,7 @@ bool isIndex(std::string_view value) {
 }
 
 std::optional<std::int32_t> indexOf(std::string_view digits) {
-    std::int32_t index = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), index);
-    if (!isIndex(digits) || result.ec != std::errc() || index > kLargestSettingValue)
-        return std::nullopt;
-    return index;
+    return isIndex(digits) ? numberWithin(digits, 0, kLargestSettingValue) : std::nullopt;
 }
 
 std::string optionsText(const Titles& titles) {
@@ -322,12 +318,6 @@ SettingText settingText(const PopUpValue& lists, const SceneValue& scene,
     return {std::to_string(storedIndex(scene, *place.setting, place.control)), std::move(title)};
 }
 
-NameBytes nameBytes(std::string_view sceneName) {
-    NameBytes bytes{};
-    std::ranges::copy(sceneName.substr(0, kNameSize), bytes.begin());
-    return bytes;
-}
-
 std::string storedName(std::string_view sceneName) {
     std::string name(sceneName.substr(0, kNameSize));
     name.resize(kNameSize, '\0');
@@ -344,8 +334,8 @@ std::optional<std::string> nameAsText(std::string_view sceneName) {
 
 std::string nameAsHex(std::string_view sceneName) {
     std::string digits;
-    for (const std::uint8_t byte : nameBytes(sceneName))
-        digits += fmt::format("{:02x}", byte);
+    for (const char byte : storedName(sceneName))
+        digits += fmt::format("{:02x}", static_cast<std::uint8_t>(byte));
     return digits;
 }
 
@@ -374,12 +364,10 @@ std::optional<std::string> nameOfHex(std::string_view digits) {
         return std::nullopt;
     std::string name;
     for (std::size_t at = 0; at < digits.size(); at += kDigits) {
-        std::uint8_t byte = 0;
-        const char* const end = digits.data() + at + kDigits;
-        const auto result = std::from_chars(digits.data() + at, end, byte, kBase);
-        if (result.ec != std::errc() || result.ptr != end)
+        const auto byte = numberFrom<std::uint8_t>(digits.substr(at, kDigits), kBase);
+        if (!byte)
             return std::nullopt;
-        name += static_cast<char>(byte);
+        name += static_cast<char>(*byte);
     }
     return name;
 }

@@ -19,7 +19,6 @@
 #include "platform/Text.h"
 #include "protocol/SceneImage.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,6 +42,11 @@ struct SettingPlace {
     [[nodiscard]] bool isName() const { return setting == nullptr; }
     friend bool operator==(const SettingPlace&, const SettingPlace&) = default;
 };
+
+// Throws std::out_of_range when the list does not have the scene.
+[[nodiscard]] inline SceneValue& sceneAt(const SceneList& scenes, const SettingPlace& place) {
+    return *scenes.at(static_cast<std::size_t>(place.scene));
+}
 
 // The control of a place, 0 to 45.
 [[nodiscard]] constexpr std::int32_t controlIndexOf(const SettingPlace& place) {
@@ -105,11 +109,9 @@ struct SettingText {
 
 // A scene's stored name in the two ways that files and commands write it: as text where a person
 // can read all of it, else as the twelve bytes in hexadecimal.
-using NameBytes = std::array<std::uint8_t, kNameSize>;
 
-// The first twelve bytes of a record's name, filled up with zeros: what the image holds.
-[[nodiscard]] NameBytes nameBytes(std::string_view sceneName);
-// The same as the text that a record holds after a read: all twelve bytes.
+// The first twelve bytes of a record's name, filled up with zeros: what the image holds, and a
+// record after a read.
 [[nodiscard]] std::string storedName(std::string_view sceneName);
 
 // The name without its fill, when nothing of it would be lost or hidden in a text: valid UTF-8

@@ -9,10 +9,10 @@
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "model/Setting.h"
+#include "platform/Numbers.h"
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <functional>
 #include <optional>
 #include <string>
@@ -25,8 +25,7 @@ namespace scenewright {
 namespace {
 
 std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const SettingPlace& place) {
-    const SettingText text =
-        settingText(lists, *scenes.at(static_cast<std::size_t>(place.scene)), place);
+    const SettingText text = settingText(lists, sceneAt(scenes, place), place);
     return assignmentOf(place, text) + (text.title.empty() ? "" : "\t" + text.title) + "\n";
 }
 
@@ -34,7 +33,7 @@ std::string lineOf(const PopUpValue& lists, const SceneList& scenes, const Setti
 std::string optionLines(const PopUpValue& lists, const SceneList& scenes,
                         const SettingPlace& place) {
     std::string lines;
-    const Titles titles = titlesAt(lists, place, *scenes.at(static_cast<std::size_t>(place.scene)));
+    const Titles titles = titlesAt(lists, place, sceneAt(scenes, place));
     for (std::size_t index = 0; titles != nullptr && index < titles->size(); ++index)
         lines += assignmentOf(place, {std::to_string(index), titles->at(index)}) + "\t" +
                  titles->at(index) + "\n";
@@ -150,14 +149,10 @@ int fill(const Arguments& arguments) {
 
 // "12", "+12", "-5"; nothing for anything else.
 std::optional<int> semitonesOf(std::string_view text) {
-    const std::string_view digits = text.substr(text.starts_with('+') ? 1 : 0);
-    int semitones = 0;
-    const char* const end = digits.data() + digits.size();
-    const auto result = std::from_chars(digits.data(), end, semitones);
-    const bool isWhole = result.ec == std::errc() && result.ptr == end && !text.starts_with("+-");
-    return isWhole && semitones >= -kLargestSettingValue && semitones <= kLargestSettingValue
-               ? std::optional(semitones)
-               : std::nullopt;
+    if (text.starts_with("+-"))
+        return std::nullopt;
+    return numberWithin(text.substr(text.starts_with('+') ? 1 : 0), -kLargestSettingValue,
+                        kLargestSettingValue);
 }
 
 int transpose(const Arguments& arguments) {

@@ -36,7 +36,7 @@ protected:
         for (const auto& scene : scenes)
             scene->commonValue()->setSceneName(std::string(1, name++));
         scenes[1]->buttonValueArray()[12]->setCR(127);
-        EXPECT_TRUE(writeBank(folder.file("a.bank"), scenes));
+        EXPECT_TRUE(writeBank(folder.file("a.bank"), scenes, BankFormat::Image, {}));
         return folder.file("a.bank");
     }
     std::string sceneFile() {

@@ -246,25 +246,21 @@ TEST(BankJsonReader, HostileTextsEndAtALimit) {
 TEST(BankJsonReader, SceneAloneIsReadWithItsOwnPlaces) {
     const SceneList scenes = testing::knownScenes();
     const std::string text = writeSceneJson(*scenes[2], PopUpValue());
-    for (const auto& reader : {&readSceneJson, &readBankOrSceneJson}) {
-        const SceneList read = reader(text).value();
-        ASSERT_EQ(read.size(), 1U);
-        EXPECT_EQ(encodeScene(*read[0]), encodeScene(*scenes[2]));
-    }
+    const SceneList read = readBankOrSceneJson(text).value();
+    ASSERT_EQ(read.size(), 1U);
+    EXPECT_EQ(encodeScene(*read[0]), encodeScene(*scenes[2]));
     EXPECT_EQ(readBankOrSceneJson(knownJson()).value().size(), 4U);
-    EXPECT_EQ(readSceneJson(replaced(text, "pad4", "\"CR\"", "\"CX\"")).error(),
+    EXPECT_EQ(readBankOrSceneJson(replaced(text, "pad4", "\"CR\"", "\"CX\"")).error(),
               "scene.pads[3].CX is unknown");
-    EXPECT_EQ(readSceneJson(knownJson()).error(),
-              "format must be \"scenewright-scene\", and is \"scenewright-bank\"");
 }
 
 TEST(BankJsonReader, TextCutAtAnyLengthIsToldInOnePhrase) {
     const std::string text = denseScene();
     for (std::size_t length = 0; length < text.size(); ++length)
-        ASSERT_EQ(readSceneJson(text.substr(0, length)).error(),
+        ASSERT_EQ(readBankOrSceneJson(text.substr(0, length)).error(),
                   "its JSON text ends too soon, in line 1")
             << length;
-    EXPECT_TRUE(readSceneJson(text));
+    EXPECT_TRUE(readBankOrSceneJson(text));
 }
 
 TEST(BankJsonReader, AnyFlippedByteIsReadOrToldInOnePhrase) {
@@ -273,7 +269,7 @@ TEST(BankJsonReader, AnyFlippedByteIsReadOrToldInOnePhrase) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::string flipped = text;
         flipped[at] = static_cast<char>(flipped[at] ^ (1 << (at % 8)));
-        const auto read = readSceneJson(flipped);
+        const auto read = readBankOrSceneJson(flipped);
         if (read)
             continue;
         ++refused;

@@ -43,7 +43,7 @@ Result<SceneList> set(const std::vector<std::string>& assignments) {
 // Many of the known values are in no list.
 Result<SceneList> copy(std::string_view from, std::string_view to) {
     const SceneList scenes = knownScenes();
-    auto edited = copyValues(lists(), scenes, "raw:" + std::string(from), to);
+    auto edited = copyValues(lists(), scenes, scenes, "raw:" + std::string(from), to);
     EXPECT_EQ(encodeBank(scenes), knownImage());
     return edited;
 }
@@ -280,14 +280,14 @@ TEST(CopyValues, WhatNoListHasIsCopiedRawOnly) {
                                     std::vector<std::string>{"scene1.pad1.MIDIChannel=raw:127"})
                               .value();
     EXPECT_EQ(
-        errorOf(copyValues(lists(), odd, "scene1.pad1", "scene2.pad*")),
+        errorOf(copyValues(lists(), odd, odd, "scene1.pad1", "scene2.pad*")),
         "scene1.pad1 cannot be copied to scene2.pad*: scene2.pad1.MIDIChannel would be 127, "
         "and its options go from 0 (1) to 16 (Global); raw:scene1.pad1 is copied all the same");
     const BankImage image =
-        encodeBank(copyValues(lists(), odd, "raw:scene1.pad1", "scene2.pad*").value());
+        encodeBank(copyValues(lists(), odd, odd, "raw:scene1.pad1", "scene2.pad*").value());
     for (std::size_t pad = 0; pad < 8; ++pad)
         EXPECT_EQ(image.at(253 + 197 + pad), 127);
-    EXPECT_EQ(errorOf(copyValues(lists(), odd, "scene1.pad2", "scene2.pad*")), "none");
+    EXPECT_EQ(errorOf(copyValues(lists(), odd, odd, "scene1.pad2", "scene2.pad*")), "none");
 }
 
 TEST(SwapValues, ScenesAndControlsChangePlaces) {

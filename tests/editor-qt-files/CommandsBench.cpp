@@ -149,7 +149,7 @@ QStringList CommandsBench::tabStops(const QWidget& first) {
 QString CommandsBench::bankWithRed(const char* name, std::int32_t red) {
     const SceneList scenes = copyOf(WindowAction::scenes());
     scenes[0]->buttonValueArray()[kPad - 1]->setCR(red);
-    EXPECT_TRUE(writeBank(folder.file(name), scenes));
+    EXPECT_TRUE(writeBank(folder.file(name), scenes, BankFormat::Image, {}));
     return file(name);
 }
 

@@ -50,7 +50,7 @@ void checkBank(std::span<const std::uint8_t> bytes) {
     checkWritten(file.scenes, BankFormat::Image);
     checkWritten(file.scenes, BankFormat::Json);
     const SceneValue& first = *file.scenes.front();
-    const auto alone = readSceneJson(writeSceneJson(first, optionLists()));
+    const auto alone = readBankOrSceneJson(writeSceneJson(first, optionLists()));
     check(alone && encodeScene(*alone->front()) == encodeScene(first),
           "a scene changes when it is written and read alone");
 }

@@ -78,7 +78,7 @@ SceneList distinctScenes() {
 void fuzzCopy(std::string_view from, std::string_view to) {
     const SceneList scenes = distinctScenes();
     const auto copy = [&](const SceneList& list) {
-        return copyValues(optionLists(), list, from, to);
+        return copyValues(optionLists(), list, list, from, to);
     };
     const auto made = checkEdit(copy, scenes);
     if (!made)

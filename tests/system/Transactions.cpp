@@ -48,7 +48,7 @@ std::string read(const std::string& file) {
     const std::string error = errorOf(DeviceOperation::SaveScenes);
     if (!error.empty())
         return error;
-    const auto written = writeBank(file, WindowAction::scenes());
+    const auto written = writeBank(file, WindowAction::scenes(), BankFormat::Image, {});
     return written ? "" : written.error();
 }
 
