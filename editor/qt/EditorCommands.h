@@ -45,11 +45,7 @@ public:
     [[nodiscard]] EarlierCommands& earlier() { return earlier_; }
     [[nodiscard]] SafeSending& sending() { return sending_; }
     [[nodiscard]] SceneCommands& scenes() { return scenes_; }
-    [[nodiscard]] SceneChecks& checks() { return checks_; }
     [[nodiscard]] PadColours& colours() { return colours_; }
-    [[nodiscard]] MonitorStrip& monitor() { return *monitor_; }
-    [[nodiscard]] TryStrip& trying() { return *trying_; }
-    [[nodiscard]] PlayBar& playing() { return playing_; }
     [[nodiscard]] DeviceVerification& verification() { return verification_; }
     [[nodiscard]] KeyboardWatch& keyboard() { return *keyboard_; }
     [[nodiscard]] KeyboardCommands& keyboards() { return keyboards_; }

@@ -59,7 +59,6 @@ public:
 
     [[nodiscard]] QAction& action() { return *action_; }
     // Hidden while there is nothing to choose.
-    [[nodiscard]] QPushButton& picker() { return *picker_; }
     // Null until it was shown once.
     [[nodiscard]] KeyboardsDialog* dialog() { return dialog_; }
 

@@ -63,7 +63,6 @@ public:
     // Of the View menu; checked while the strip is there.
     [[nodiscard]] QAction& action() { return *action_; }
     // What is touched on the keyboard is chosen in the window.
-    [[nodiscard]] QAction& chooseAction() { return *choose_; }
     [[nodiscard]] MonitorLines& lines() { return lines_; }
 
     // Shows what was taken, as the strip does by itself some times a second.

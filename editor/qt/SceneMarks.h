@@ -75,7 +75,6 @@ public:
     SceneChecks(MainWindow& window, History& history);
 
     // Hidden while there is nothing to tell.
-    [[nodiscard]] QPushButton& badge() { return *badge_; }
 
 private:
     void look();

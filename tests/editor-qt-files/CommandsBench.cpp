@@ -137,6 +137,13 @@ QAction& CommandsBench::entry(const QString& title) {
     throw std::out_of_range(title.toStdString());
 }
 
+QPushButton& CommandsBench::mark(const QString& meaning) {
+    for (auto* button : window().status().findChildren<QPushButton*>())
+        if (button->toolTip() == meaning || button->accessibleDescription() == meaning)
+            return *button;
+    throw std::out_of_range(meaning.toStdString());
+}
+
 QStringList CommandsBench::tabStops(const QWidget& first) {
     QStringList stops;
     for (const QWidget* at = &first; stops.isEmpty() || at != &first; at = at->nextInFocusChain())

@@ -90,6 +90,15 @@ protected:
                 return *at;
         throw std::out_of_range(name.toStdString());
     }
+    // What the window has one of.
+    template <typename Part>
+    Part& part() {
+        return *window().findChild<Part*>();
+    }
+    // The mark on the status line with that tool tip or description.
+    QPushButton& mark(const QString& meaning);
+    // Tells how much there is to check.
+    QPushButton& badge() { return mark("What may not be meant in these scenes"); }
     // The first entry of the menus whose title begins so.
     QAction& entry(const QString& title);
     // What the Tab key goes to from this field on, by name.

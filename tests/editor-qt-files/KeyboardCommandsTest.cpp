@@ -178,7 +178,7 @@ protected:
     ~KeyboardCommandsTest() override { KnownKeyboard::setNaming({}); }
 
     KeyboardCommands& choices() { return commands().keyboards(); }
-    QPushButton& picker() { return choices().picker(); }
+    QPushButton& picker() { return mark("Which keyboard to use"); }
     // The entries of the picker, the one in use in brackets.
     QStringList picks() {
         QStringList texts;

@@ -3,6 +3,7 @@
 #include "app/DeviceSession.h"
 #include "editor/qt/MidiPorts.h"
 #include "editor/qt/QtHelpers.h"
+#include "editor/qt/StripPlace.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 
@@ -297,13 +298,13 @@ TEST_F(PlayBarTest, WithoutASequencerOneSentenceIsTold) {
 
 TEST_F(PlayBarTest, TheVirtualControllerPlaysWhatItHoldsAndTheMonitorHearsIt) {
     commands().useVirtual();
-    commands().monitor().action().setChecked(true);
+    part<MonitorStrip>().action().setChecked(true);
     record(kPad).setCCOrNoteNumber(99); // in the window alone
     window().menu().view().actions().back()->setChecked(true);
-    EXPECT_EQ(commands().playing().findChild<SpokenText*>()->text(),
+    EXPECT_EQ(window().strips().findChild<PlayBar*>()->findChild<SpokenText*>()->text(),
               "Playing scene 1 as the virtual controller holds it");
     QTest::mouseClick(&button(kPad), Qt::LeftButton);
-    MonitorLines& lines = commands().monitor().lines();
+    MonitorLines& lines = part<MonitorStrip>().lines();
     ASSERT_TRUE(waitUntil([&] { return lines.rowCount() == 2; }));
     EXPECT_EQ(lines.index(0, MonitorLines::Words).data().toString(),
               "Note on C2, ch 10, velocity 100");

@@ -108,10 +108,9 @@ TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
 
 class SceneChecksTest : public OpenWindow {
 protected:
-    [[nodiscard]] QString badge() {
+    [[nodiscard]] QString toCheck() {
         QTest::qWait(0);
-        QPushButton& button = commands().checks().badge();
-        return button.isHidden() ? QString() : button.text();
+        return badge().isHidden() ? QString() : badge().text();
     }
     // The first knob sends what the first slider sends.
     void makeConflict() {
@@ -130,22 +129,22 @@ protected:
 };
 
 TEST_F(SceneChecksTest, TheBadgeFollowsTheScenesAndTheirUndoAndMovesNothing) {
-    EXPECT_EQ(badge(), "");
+    EXPECT_EQ(toCheck(), "");
     const QRect before = window().picture().geometry();
     makeConflict();
-    EXPECT_EQ(badge(), "1 to check");
-    EXPECT_EQ(commands().checks().badge().accessibleName(), "1 to check");
+    EXPECT_EQ(toCheck(), "1 to check");
+    EXPECT_EQ(badge().accessibleName(), "1 to check");
     QTest::qWait(0);
     EXPECT_EQ(window().picture().geometry(), before);
     steps().undo();
-    EXPECT_EQ(badge(), "");
+    EXPECT_EQ(toCheck(), "");
 }
 
 TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
     makeConflict();
-    ASSERT_EQ(badge(), "1 to check");
+    ASSERT_EQ(toCheck(), "1 to check");
     press(Qt::Key_2);
-    commands().checks().badge().click();
+    badge().click();
     auto& list = field<QListWidget>(window(), "To Check");
     ASSERT_EQ(list.count(), 1);
     EXPECT_EQ(list.item(0)->text(),
@@ -155,7 +154,7 @@ TEST_F(SceneChecksTest, ARowOfTheListChoosesItsControl) {
                       list.visualItemRect(list.item(0)).center());
     expectShown(0, kKnob);
     steps().undo();
-    EXPECT_EQ(badge(), "");
+    EXPECT_EQ(toCheck(), "");
     EXPECT_EQ(list.count(), 0);
 }
 
@@ -163,8 +162,8 @@ TEST_F(SceneChecksTest, ALongRowIsBrokenIntoLinesRatherThanCutOff) {
     for (std::int32_t control = kKnob; control < kPad; ++control)
         record(control).setCCOrNoteNumber(7);
     window().view().showChosenControl();
-    ASSERT_EQ(badge(), "1 to check");
-    commands().checks().badge().click();
+    ASSERT_EQ(toCheck(), "1 to check");
+    badge().click();
     auto& list = field<QListWidget>(window(), "To Check");
     QApplication::processEvents();
     const int oneLine = list.fontMetrics().horizontalAdvance(list.item(0)->text());
@@ -176,8 +175,8 @@ TEST_F(SceneChecksTest, ALongRowIsBrokenIntoLinesRatherThanCutOff) {
 TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     makeConflict();
     blankNameOf(1);
-    ASSERT_EQ(badge(), "2 to check");
-    commands().checks().badge().click();
+    ASSERT_EQ(toCheck(), "2 to check");
+    badge().click();
     auto& list = field<QListWidget>(window(), "To Check");
     ASSERT_EQ(list.count(), 2);
     EXPECT_EQ(list.item(1)->text(), "Scene 2: nothing of the name can be seen");
@@ -186,7 +185,7 @@ TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     expectShown(1, 0);
     window().showControl(2, kPad);
     blankNameOf(3);
-    ASSERT_EQ(badge(), "3 to check");
+    ASSERT_EQ(toCheck(), "3 to check");
     EXPECT_EQ(list.currentRow(), 1);
     expectShown(2, kPad);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
@@ -195,7 +194,7 @@ TEST_F(SceneChecksTest, AChangeOfTheScenesLeavesTheRowAndWhatIsShown) {
     list.setCurrentRow(2);
     expectShown(3, 0);
     steps().undo();
-    ASSERT_EQ(badge(), "2 to check");
+    ASSERT_EQ(toCheck(), "2 to check");
     EXPECT_EQ(list.currentRow(), 1) << "the last one there is";
 }
 

@@ -126,11 +126,11 @@ TEST_F(SourceTextsTest, PlayingAndTrying) {
     window().menu().view().actions().back()->setChecked(true);
     window().picture().button(kPad)->click();
     press(Qt::Key_R);
-    commands().trying().action().trigger();
+    part<TryStrip>().action().trigger();
     expectAllOwn(window());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    expectAllOwn(commands().trying());
-    expectAllOwn(commands().playing());
+    expectAllOwn(part<TryStrip>());
+    expectAllOwn(part<PlayBar>());
 }
 
 TEST_F(SourceTextsTest, TheFileDialogs) {

@@ -88,7 +88,7 @@ protected:
         press(Qt::Key_V);
     }
     void expectFindings(bool areThere) {
-        EXPECT_TRUE(waitUntil([&] { return commands().checks().badge().isVisible() == areThere; }));
+        EXPECT_TRUE(waitUntil([&] { return badge().isVisible() == areThere; }));
     }
 
     void mendAConflict() {

@@ -28,9 +28,9 @@ protected:
         QApplication::processEvents();
     }
     QAction& play() { return *window().menu().view().actions().back(); }
-    QWidget& monitor() { return commands().monitor(); }
-    QWidget& trying() { return commands().trying(); }
-    QWidget& playing() { return commands().playing(); }
+    QWidget& monitor() { return part<MonitorStrip>(); }
+    QWidget& trying() { return part<TryStrip>(); }
+    QWidget& playing() { return part<PlayBar>(); }
     QWidget& settings() { return window().panes(); }
     // Those that are seen, in their order.
     QStringList names() {
@@ -79,9 +79,9 @@ TEST_F(StripPlaceTest, InALowWindowStripsShareTheSettingsPlaceAndThePictureStand
     play().setChecked(true); // the lowest one
     expect({false, false, false, true}, {"Settings", "[Playing]"});
     play().setChecked(false);
-    commands().monitor().action().setChecked(true);
+    part<MonitorStrip>().action().setChecked(true);
     expect({false, true, false, false}, {"Settings", "[Monitor]"});
-    commands().trying().action().trigger();
+    part<TryStrip>().action().trigger();
     expect({false, false, true, false}, {"Settings", "Monitor", "[Try It]"});
     play().setChecked(true);
     expect({false, false, false, true}, {"Settings", "Monitor", "Try It", "[Playing]"});
@@ -89,7 +89,7 @@ TEST_F(StripPlaceTest, InALowWindowStripsShareTheSettingsPlaceAndThePictureStand
     expect({false, true, false, false}, {"Settings", "[Monitor]", "Try It", "Playing"});
     choose("Settings");
     expect({true, false, false, false}, {"[Settings]", "Monitor", "Try It", "Playing"});
-    commands().monitor().action().setChecked(false);
+    part<MonitorStrip>().action().setChecked(false);
     expect({true, false, false, false}, {"[Settings]", "Try It", "Playing"});
     choose("Playing");
     play().setChecked(false);
@@ -101,7 +101,7 @@ TEST_F(StripPlaceTest, NamesStandInAColumnBesideTheStripsWithTheSettingsBelow) {
         return QRect(widget.mapTo(&window().strips(), QPoint(0, 0)), widget.size());
     };
     resize(kUsual);
-    commands().monitor().action().setChecked(true);
+    part<MonitorStrip>().action().setChecked(true);
     play().setChecked(true);
     const QRect whole = window().strips().rect();
     for (const QSize size : {kUsual, kLowest}) {
@@ -138,11 +138,11 @@ TEST_F(StripPlaceTest, InALowWindowAControlThatIsChosenBringsItsSettingsBack) {
         {"the list", [this] { QTest::keyClick(&window().list(), Qt::Key_Return); }},
     };
     for (const auto& [from, choosing] : choices) {
-        commands().monitor().action().setChecked(true);
+        part<MonitorStrip>().action().setChecked(true);
         EXPECT_FALSE(settings().isVisible()) << from;
         choosing();
         EXPECT_TRUE(settings().isVisible()) << from;
-        commands().monitor().action().setChecked(false);
+        part<MonitorStrip>().action().setChecked(false);
     }
     play().setChecked(true);
     CommandsBench::choose(kPad);
@@ -154,7 +154,7 @@ TEST_F(StripPlaceTest, InALowWindowAControlThatIsChosenBringsItsSettingsBack) {
 TEST_F(StripPlaceTest, WhereThereIsRoomTheSettingsStayAndStripsShareOnePlace) {
     resize(kUsual);
     const int alone = window().picture().height();
-    commands().monitor().action().setChecked(true);
+    part<MonitorStrip>().action().setChecked(true);
     EXPECT_EQ(names(), Names());
     EXPECT_EQ(seen(), (Seen{true, true, false, false}));
     const QRect beside = window().picture().geometry();
@@ -168,7 +168,7 @@ TEST_F(StripPlaceTest, WhereThereIsRoomTheSettingsStayAndStripsShareOnePlace) {
     CommandsBench::choose(kPad);
     EXPECT_EQ(seen(), (Seen{true, true, false, false}));
     EXPECT_EQ(window().picture().geometry(), beside);
-    commands().monitor().action().setChecked(false);
+    part<MonitorStrip>().action().setChecked(false);
     EXPECT_EQ(seen(), (Seen{true, false, false, true}));
     play().setChecked(false);
     EXPECT_EQ(seen(), (Seen{true, false, false, false}));
@@ -179,7 +179,7 @@ TEST_F(StripPlaceTest, WhereThereIsRoomTheSettingsStayAndStripsShareOnePlace) {
 
 TEST_F(StripPlaceTest, AWindowThatGrowsOrShrinksShowsWhatHasRoom) {
     resize(kUsual);
-    commands().monitor().action().setChecked(true);
+    part<MonitorStrip>().action().setChecked(true);
     for (int round = 0; round < 2; ++round) {
         resize(kLowest);
         EXPECT_EQ(seen(), (Seen{false, true, false, false}));

@@ -81,24 +81,26 @@ void play(std::initializer_list<MidiMessage> messages) {
     settle();
 }
 
-bool keepMonitor(MainWindow& window, EditorCommands& commands, const Keep& keep) {
-    commands.monitor().action().trigger();
+bool keepMonitor(MainWindow& window, const Keep& keep) {
+    MonitorStrip& strip = *window.findChild<MonitorStrip*>();
+    strip.action().trigger();
     play({{0x99, 36, 100}, {0x89, 36, 0}, {0xB0, 74, 40}, {0xB0, 74, 93}, {0x99, 38, 88}});
-    commands.monitor().show();
+    strip.show();
     settle();
     const bool isKept = keep(window.grab(), "monitor");
-    commands.monitor().action().trigger();
+    strip.action().trigger();
     return isKept;
 }
 
-bool keepTrial(MainWindow& window, EditorCommands& commands, const Keep& keep) {
-    commands.trying().action().trigger();
+bool keepTrial(MainWindow& window, const Keep& keep) {
+    TryStrip& strip = *window.findChild<TryStrip*>();
+    strip.action().trigger();
     play({{0xB0, 74, 93}});
     play({{0xB0, 7, 12}});
     const bool isKept = keep(window.grab(), "try");
     for (int press = 0; press < 2; ++press) { // ends it, and closes it
         QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(&commands.trying(), &escape);
+        QApplication::sendEvent(&strip, &escape);
     }
     return isKept;
 }
@@ -163,10 +165,9 @@ bool keepSheet(MainWindow& window, const Keep& keep) {
 
 } // namespace
 
-bool keepGuidePictures(MainWindow& window, EditorCommands& commands, const Keep& keep) {
-    return keepFill(window, keep) && keepPalette(window, keep) &&
-           keepMonitor(window, commands, keep) && keepTrial(window, commands, keep) &&
-           keepPlaying(window, keep) && keepSheet(window, keep) &&
+bool keepGuidePictures(MainWindow& window, const Keep& keep) {
+    return keepFill(window, keep) && keepPalette(window, keep) && keepMonitor(window, keep) &&
+           keepTrial(window, keep) && keepPlaying(window, keep) && keepSheet(window, keep) &&
            keepKeyboards(window.size(), keep);
 }
 

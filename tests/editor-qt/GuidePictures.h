@@ -12,7 +12,7 @@ namespace scenewright {
 // Gives each picture to `keep` under its name; ends at the first that is refused. The transport has
 // a virtual controller, and the window has been read into.
 [[nodiscard]] bool
-keepGuidePictures(MainWindow& window, EditorCommands& commands,
+keepGuidePictures(MainWindow& window,
                   const std::function<bool(const QPixmap& picture, const std::string& name)>& keep);
 
 } // namespace scenewright

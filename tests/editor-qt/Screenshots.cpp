@@ -122,7 +122,7 @@ int takeAll(const Order& order) {
     const bool isDone = keepOne(window.grab(), "editor") && keepPanes(window, order) &&
                         keepOne(window.subWindow<GainWindow>().grab(), "gain") &&
                         (!order.wantsModes || keepModes(window, order)) &&
-                        keepGuidePictures(window, commands, keepOne) &&
+                        keepGuidePictures(window, keepOne) &&
                         (!order.wantsSituations || keepSituations(window, commands, keepOne));
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }

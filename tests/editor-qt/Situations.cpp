@@ -165,7 +165,9 @@ bool keepKeyboards(MainWindow& window, EditorCommands& commands, const Keep& kee
 }
 
 // What the keyboard plays and sends is the virtual controller's.
-bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) {
+bool keepStrips(MainWindow& window, const Keep& keep) {
+    QAction& monitor = window.findChild<MonitorStrip*>()->action();
+    TryStrip& trying = *window.findChild<TryStrip*>();
     plugIn({});
     window.commands().read();
     settle(window);
@@ -178,14 +180,14 @@ bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) 
         settle(window);
         return keep(window.grab(), name);
     };
-    commands.monitor().action().setChecked(true);
+    monitor.setChecked(true);
     if (!keepTouched("strip-monitor"))
         return false;
-    commands.monitor().action().setChecked(false);
-    commands.trying().action().trigger();
+    monitor.setChecked(false);
+    trying.action().trigger();
     if (!keepTouched("strip-try"))
         return false;
-    commands.monitor().action().setChecked(true);
+    monitor.setChecked(true);
     play.setChecked(true);
     settle(window);
     if (!keep(window.grab(), "strips-all"))
@@ -194,10 +196,10 @@ bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) 
     settle(window);
     if (!keep(window.grab(), "strips-settings"))
         return false;
-    commands.monitor().action().setChecked(false);
+    monitor.setChecked(false);
     for (int press = 0; press < 2; ++press) {
         QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(&commands.trying(), &escape);
+        QApplication::sendEvent(&trying, &escape);
     }
     window.picture().button(13)->click();
     settle(window);
@@ -211,7 +213,7 @@ bool keepStrips(MainWindow& window, EditorCommands& commands, const Keep& keep) 
 bool keepSituations(MainWindow& window, EditorCommands& commands, const Keep& keep) {
     return keepNotices(window, commands, keep) && keepDifferences(window, commands, keep) &&
            keepMenus(window, commands, keep) && keepDialogs(window, commands, keep) &&
-           keepKeyboards(window, commands, keep) && keepStrips(window, commands, keep);
+           keepKeyboards(window, commands, keep) && keepStrips(window, keep);
 }
 
 } // namespace scenewright
