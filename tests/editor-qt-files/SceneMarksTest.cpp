@@ -165,6 +165,7 @@ TEST_F(SceneChecksTest, ALongRowIsBrokenIntoLinesRatherThanCutOff) {
     ASSERT_EQ(toCheck(), "1 to check");
     badge().click();
     auto& list = field<QListWidget>(window(), "To Check");
+    EXPECT_EQ(list.window()->size(), QSize(560, 320));
     QApplication::processEvents();
     const int oneLine = list.fontMetrics().horizontalAdvance(list.item(0)->text());
     ASSERT_GT(oneLine, list.viewport()->width());

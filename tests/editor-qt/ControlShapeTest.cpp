@@ -1,6 +1,7 @@
 #include "editor/qt/ControlShape.h"
 
 #include "platform/Diagnostics.h"
+#include "tests/editor-qt/DrawnParts.h"
 
 #include <QApplication>
 #include <QImage>
@@ -19,6 +20,9 @@
 
 namespace scenewright {
 namespace {
+
+using testing::Along;
+using testing::partsOf;
 
 TEST(ControlShape, EveryKindHasItsShapeAndKeysRunFromCToC) {
     std::string shapes;
@@ -249,26 +253,6 @@ char nameOf(QRgb colour) {
     }
 }
 
-enum class Along : std::uint8_t { Row, Column };
-
-// The colours along a row or a column, each with how many pixels it has there.
-std::string partsOf(const QImage& image, Along which, int at) {
-    const bool isRow = which == Along::Row;
-    std::string text;
-    char former = 0;
-    int count = 0;
-    const int length = isRow ? image.width() : image.height();
-    for (int step = 0; step <= length; ++step) {
-        const QPoint place = isRow ? QPoint(step, at) : QPoint(at, step);
-        const char name = step < length ? nameOf(image.pixel(place)) : '\0';
-        if (name != former && count > 0)
-            text += std::string(text.empty() ? "" : " ") + former + std::to_string(count);
-        count = name == former ? count + 1 : 1;
-        former = name;
-    }
-    return text;
-}
-
 TEST(ControlDrawing, EachShapeHasItsPartsAndColours) {
     using S = ControlShape;
     struct Section {
@@ -334,10 +318,11 @@ TEST(ControlDrawing, EachShapeHasItsPartsAndColours) {
                   {Along::Column, 3, "_1 .2 b1 .2 y188 .2 b1 .2 _1"}}},
          })
         for (const Section& section : row.sections)
-            EXPECT_EQ(partsOf(drawingOf(row.look), section.along, section.at), section.parts)
+            EXPECT_EQ(partsOf(drawingOf(row.look), section.along, section.at, nameOf),
+                      section.parts)
                 << row.name << (section.along == Along::Row ? " row " : " column ") << section.at;
     const QImage taken = drawingOf([](QPainter& painter) { drawTaken(painter, S::Pad, kWhole); });
-    EXPECT_EQ(partsOf(taken, Along::Row, 50), ".2 c2 .2 _88 .2 c2 .2");
+    EXPECT_EQ(partsOf(taken, Along::Row, 50, nameOf), ".2 c2 .2 _88 .2 c2 .2");
 }
 
 TEST(ControlDrawing, ShadesGoFromOneColourToTheOther) {

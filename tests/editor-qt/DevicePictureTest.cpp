@@ -74,6 +74,15 @@ TEST(KeyboardDrawing, PlacesOverlapOnlyWhereABlackKeyLiesOnItsWhiteNeighbours) {
                 << one << " and " << other;
 }
 
+TEST(DevicePicture, HasTheProportionsOfTheDrawingWhereItHasAChoice) {
+    const DevicePicture picture;
+    EXPECT_EQ(picture.sizeHint(), QSize(940, 384));
+    EXPECT_EQ(picture.minimumSizeHint(), QSize(504, 206));
+    EXPECT_EQ(picture.sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+    for (const QSize& size : {picture.sizeHint(), picture.minimumSizeHint()})
+        EXPECT_NEAR(size.height(), size.width() * 400.0 / 980, 0.5);
+}
+
 TEST(DevicePicture, EachControlFillsItsPlaceHoweverLargeThePictureIs) {
     DevicePicture picture;
     picture.show();

@@ -74,6 +74,85 @@ TEST_F(WindowRoom, ASmallerWindowBringsEachWidgetThatTheKeyboardGoesToIntoSight)
     EXPECT_GT(count, 50);
 }
 
+TEST_F(WindowRoom, PartsStandInTheirRowsWithTheGapsBetweenThem) {
+    open();
+    EXPECT_EQ(window().size(), QSize(1180, 720));
+    QApplication::processEvents();
+    const auto placeOf = [this](const QWidget& widget) {
+        return QRect(widget.mapTo(&content(), QPoint(0, 0)), widget.size());
+    };
+    const QRect scenes = placeOf(window().scenes());
+    const QRect modes = placeOf(window().displayModes());
+    const QRect readButton = placeOf(window().readButton());
+    const QRect sendButton = placeOf(window().sendButton());
+    const QRect list = placeOf(window().list());
+    const QRect picture = placeOf(window().picture());
+    const QRect panes = placeOf(window().panes());
+    const QRect status = placeOf(window().status());
+    constexpr int kGap = 10;
+    constexpr int kRowGap = 6;
+    EXPECT_EQ(scenes.topLeft(), QPoint(12, 3));
+    EXPECT_EQ(modes.width(), 168);
+    EXPECT_LT(scenes.right() + 2 * kGap, modes.left()) << "what room there is stands between";
+    EXPECT_EQ(readButton.left() + readButton.width() + kGap, sendButton.left());
+    EXPECT_EQ(sendButton.right() + 1 + 12, content().width());
+    for (const QRect& part : {modes, readButton, sendButton})
+        EXPECT_NEAR(part.center().y(), scenes.center().y(), 1);
+    const QRect notices = placeOf(window().notices());
+    EXPECT_GE(notices.top(), scenes.bottom() + 1 + kRowGap);
+    EXPECT_EQ(list.top(), notices.bottom() + 1 + kRowGap);
+    EXPECT_EQ(list.left(), scenes.left());
+    EXPECT_EQ(picture.topLeft(), QPoint(list.right() + 1 + kGap, list.top()));
+    EXPECT_EQ(picture.right(), sendButton.right());
+    EXPECT_EQ(panes.left(), picture.left());
+    EXPECT_EQ(panes.right(), picture.right());
+    EXPECT_EQ(panes.top(), picture.bottom() + 1 + kGap);
+    EXPECT_EQ(panes.bottom(), list.bottom());
+    EXPECT_GT(picture.height(), panes.height());
+    EXPECT_EQ(status.left(), list.left());
+    EXPECT_EQ(status.right(), picture.right());
+    EXPECT_EQ(status.top(), list.bottom() + 1 + kRowGap);
+    EXPECT_EQ(status.bottom() + 1 + 8, content().height());
+}
+
+TEST_F(WindowRoom, FieldsOfAPaneStandInFiveEqualColumnsBelowTheirTitles) {
+    open();
+    for (const std::int32_t control : {0, 1, 5, 9, 13, 21}) {
+        window().list().selectRow(control);
+        QApplication::processEvents();
+        QList<const QWidget*> fields; // in the order in which they were made
+        std::map<const QWidget*, const QLabel*> titles;
+        QLabel* heading = nullptr;
+        for (auto* label : window().panes().findChildren<NameLabel*>())
+            if (label->isVisible() && label->buddy() != nullptr) {
+                fields.append(label->buddy());
+                titles[label->buddy()] = label;
+            } else if (label->isVisible())
+                heading = label;
+        ASSERT_NE(heading, nullptr);
+        ASSERT_GE(fields.size(), 1) << control;
+        const auto* frame = fields.front()->parentWidget();
+        EXPECT_EQ(heading->pos(), QPoint(15, 6)) << control;
+        for (int place = 0; place < fields.size(); ++place) {
+            const QWidget& field = *fields[place];
+            const QRect title = titles.at(&field)->geometry();
+            EXPECT_EQ(title.left(), field.x()) << field.accessibleName().toStdString();
+            EXPECT_EQ(title.bottom() + 1 + 2, field.y()) << field.accessibleName().toStdString();
+            EXPECT_EQ(field.width(), titles.at(&field)->width());
+            EXPECT_NEAR(field.width(), (frame->width() - 30 - 4 * 14) / 5, 1);
+            EXPECT_EQ(titles.at(&field)->contentsMargins().top(), place < 5 ? 0 : 5);
+            if (place % 5 == 0)
+                EXPECT_EQ(field.x(), 15);
+            else {
+                EXPECT_EQ(field.x(), fields[place - 1]->geometry().right() + 1 + 14);
+                EXPECT_EQ(field.y(), fields[place - 1]->y());
+            }
+            EXPECT_TRUE(place < 5 ||
+                        titles.at(&field)->y() > fields[place - 5]->geometry().bottom());
+        }
+    }
+}
+
 TEST(DialogRoom, EachDialogOpensInItsOwnSize) {
     const About about;
     const NoticeDetails details({}, nullptr);

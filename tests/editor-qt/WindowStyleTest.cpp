@@ -1,4 +1,5 @@
 #include "editor/qt/Theme.h"
+#include "tests/editor-qt/DrawnParts.h"
 
 #include <QApplication>
 #include <QFrame>
@@ -9,8 +10,11 @@
 #include <QScrollBar>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
+#include <QStyleOptionFocusRect>
 #include <QStyleOptionFrame>
+#include <QStyleOptionMenuItem>
 #include <QStyleOptionSlider>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -270,10 +274,162 @@ TEST(WindowStyle, LabelTakesItsColourAndWeightFromItsRole) {
     }
 }
 
+// The colours of the light theme; "." is any other.
+char nameOf(QRgb colour) {
+    switch (colour & 0xFFFFFF) {
+    case 0xEDEFF3:
+        return '_'; // the window's ground
+    case 0xFFFFFF:
+        return 'p'; // panel
+    case 0xF6F7F9:
+        return 'f'; // field
+    case 0xD0D5DD:
+        return 'l'; // line
+    case 0x58616E:
+        return 'm'; // muted
+    case 0x167A3A:
+        return 'a'; // accent
+    case 0x181C22:
+        return 't'; // text
+    default:
+        return '.';
+    }
+}
+
+TEST(WindowStyle, BoxesHaveTheirEdgesCornersAndArrow) {
+    using testing::Along;
+    QPushButton plain;
+    QPushButton main;
+    main.setProperty("main", true);
+    QPushButton segment;
+    segment.setProperty("segment", true);
+    QFrame panel;
+    panel.setProperty("panel", true);
+    QFrame segments;
+    segments.setProperty("segments", true);
+    QFrame list;
+    list.setProperty("list", true);
+    QToolButton flat;
+    flat.resize(kRect.size());
+    const auto focused = kEnabled | QStyle::State_HasFocus;
+    const auto frame = [](const QWidget& widget, QStyle::State state) {
+        return drawn<QStyleOptionFrame>(
+            {}, state, [&](const auto& style, const auto& option, QPainter& painter) {
+                style.drawControl(QStyle::CE_ShapedFrame, &option, &painter, &widget);
+            });
+    };
+    const auto ring = [&flat] {
+        return drawn<QStyleOptionFocusRect>(
+            {}, kEnabled, [&](const auto& style, const auto& option, QPainter& painter) {
+                style.drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &flat);
+            });
+    };
+    const auto menuName = drawn<QStyleOptionMenuItem>(
+        {}, kEnabled | QStyle::State_Selected,
+        [](const auto& style, const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_MenuBarItem, &option, &painter, nullptr);
+        });
+    const auto line = drawn<QStyleOptionFrame>(
+        [] {
+            QStyleOptionFrame framed;
+            framed.lineWidth = 1;
+            return framed;
+        }(),
+        focused,
+        [](const auto& style, const auto& option, QPainter& painter) {
+            style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, nullptr);
+        });
+    const auto tip = drawn<QStyleOptionFrame>(
+        {}, kEnabled, [](const auto& style, const auto& option, QPainter& painter) {
+            style.drawPrimitive(QStyle::PE_PanelTipLabel, &option, &painter, nullptr);
+        });
+    struct Row {
+        const char* name;
+        QImage image;
+        const char* middle; // the row there
+        const char* top;
+    };
+    for (const Row& row : {
+             Row{"popup", popUp(kEnabled), "l1 f101 .8 f9 l1", "_3 .4 l106 .4 _3"},
+             Row{"popup with the keyboard", popUp(focused), "a2 f100 .8 f8 a2", "_4 .4 a104 .4 _4"},
+             Row{"button", button(plain, kEnabled), "l1 f118 l1", "_3 .4 l106 .4 _3"},
+             Row{"main button", button(main, focused), "a2 p2 a112 p2 a2", "_3 .5 a104 .5 _3"},
+             Row{"segment", button(segment, kEnabled | QStyle::State_On), "_1 a118 _1", "_120"},
+             Row{"segment with the keyboard", button(segment, focused), "_2 t2 _112 t2 _2", "_120"},
+             Row{"panel", frame(panel, kEnabled), "l1 p118 l1", "_6 .4 l100 .4 _6"},
+             Row{"segments", frame(segments, kEnabled), "l1 f118 l1", "_5 .4 l102 .4 _5"},
+             Row{"list", frame(list, kEnabled), "l1 p118 l1", "_5 .5 l100 .5 _5"},
+             Row{"list with the keyboard", frame(list, focused), "a2 p116 a2", "_5 .5 a100 .5 _5"},
+             Row{"tool button with the keyboard", ring(), "t2 _116 t2", "_3 .4 t106 .4 _3"},
+             Row{"name of a menu", menuName, "l120", "_2 .3 l110 .3 _2"},
+             Row{"line with the keyboard", line, "a2 p116 a2", "_4 .4 a104 .4 _4"},
+             Row{"tip", tip, "l1 p118 l1", "l120"},
+         }) {
+        EXPECT_EQ(partsOf(row.image, Along::Row, 13, nameOf), row.middle) << row.name;
+        EXPECT_EQ(partsOf(row.image, Along::Row, 0, nameOf), row.top) << row.name;
+    }
+    EXPECT_EQ(partsOf(popUp(kEnabled), Along::Row, 15, nameOf), "l1 f103 .1 t2 .1 f11 l1");
+    EXPECT_EQ(partsOf(popUp(kEnabled), Along::Column, 107, nameOf), "l1 f11 .4 f9 l1");
+}
+
+TEST(WindowStyle, GivesEachKindTheRoomThatIsItsOwn) {
+    const WindowStyle style;
+    QPushButton plain;
+    QPushButton segment;
+    segment.setProperty("segment", true);
+    QScrollBar slim(Qt::Vertical);
+    slim.setProperty("slim", true);
+    const QScrollBar wide(Qt::Vertical);
+    QFrame panel;
+    panel.setProperty("panel", true);
+    QFrame list;
+    list.setProperty("list", true);
+    QStyleOptionButton button;
+    struct Size {
+        QStyle::ContentsType type;
+        QSize contents;
+        const QWidget* widget;
+        QSize whole;
+    };
+    for (const Size& row : {Size{QStyle::CT_PushButton, {50, 20}, &plain, {80, 32}},
+                            Size{QStyle::CT_PushButton, {50, 20}, &segment, {112, 32}},
+                            Size{QStyle::CT_PushButton, {90, 20}, &segment, {118, 32}},
+                            Size{QStyle::CT_MenuBarItem, {50, 20}, nullptr, {68, 28}}})
+        EXPECT_EQ(style.sizeFromContents(row.type, &button, row.contents, row.widget), row.whole);
+    QStyleOptionComboBox popUp;
+    EXPECT_EQ(style.sizeFromContents(QStyle::CT_ComboBox, &popUp, {50, 10}, nullptr).height(), 28);
+    EXPECT_GT(style.sizeFromContents(QStyle::CT_ComboBox, &popUp, {50, 60}, nullptr).height(), 60);
+    QStyleOptionFrame frame;
+    frame.rect = kRect;
+    frame.lineWidth = 1;
+    EXPECT_EQ(style.sizeFromContents(QStyle::CT_LineEdit, &frame, {50, 10}, nullptr).height(), 28);
+    EXPECT_EQ(style.subElementRect(QStyle::SE_LineEditContents, &frame, nullptr),
+              QRect(9, 0, 102, 26));
+    EXPECT_EQ(style.subElementRect(QStyle::SE_ShapedFrameContents, &frame, &panel),
+              QRect(1, 1, 118, 24));
+    EXPECT_EQ(style.subElementRect(QStyle::SE_ShapedFrameContents, &frame, &list),
+              QRect(6, 6, 108, 14));
+    struct Metric {
+        QStyle::PixelMetric metric;
+        int pixels;
+    };
+    for (const Metric& row :
+         {Metric{QStyle::PM_ToolTipLabelFrameWidth, 4}, Metric{QStyle::PM_MenuBarHMargin, 6},
+          Metric{QStyle::PM_MenuBarVMargin, 2}, Metric{QStyle::PM_MenuBarPanelWidth, 0},
+          Metric{QStyle::PM_ButtonShiftHorizontal, 0}, Metric{QStyle::PM_ButtonShiftVertical, 0}})
+        EXPECT_EQ(style.pixelMetric(row.metric, nullptr, nullptr), row.pixels) << row.metric;
+    EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &slim), 10);
+    EXPECT_GT(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &wide), 10);
+    EXPECT_EQ(style.styleHint(QStyle::SH_ComboBox_Popup, &popUp, nullptr, nullptr), 0);
+}
+
 TEST(WindowStyle, MenuBarsButtonHasAnIconOfTheStyles) {
     const QIcon icon =
         WindowStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
     EXPECT_EQ(icon.availableSizes(), QList<QSize>{QSize(12, 12)});
+    const QImage drawing = icon.pixmap(12).toImage();
+    EXPECT_GT(drawing.pixelColor(6, 8).alpha(), 150) << "its point";
+    EXPECT_EQ(drawing.pixelColor(6, 3).alpha(), 0);
 }
 
 } // namespace
