@@ -6,7 +6,7 @@
 # from building, optimisation at link time, and the level of optimisation, which is the build type's.
 # Debug symbols are functions and lines, which a trace of a crash needs: those of all variables are ten
 # times as much to link and to fetch.
-if(SCENEWRIGHT_SANITIZE OR NOT CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo)$")
+if(SCENEWRIGHT_SANITIZE OR NOT CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
     return()
 endif()
 

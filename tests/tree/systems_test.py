@@ -107,7 +107,7 @@ class OtherSystems(unittest.TestCase):
         for preset in ("dev", "tsan", "fuzz", "coverage"):
             self.assertEqual(preset_variables(preset)["SCENEWRIGHT_WERROR"], "ON", preset)
         for preset in ("release", "bench", "arm64"):
-            self.assertEqual(preset_variables(preset)["CMAKE_BUILD_TYPE"], "RelWithDebInfo")
+            self.assertEqual(preset_variables(preset)["CMAKE_BUILD_TYPE"], "MinSizeRel")
             self.assertNotIn("SCENEWRIGHT_WERROR", preset_variables(preset), preset)
         options = (ROOT / "CMakeLists.txt").read_text()
         self.assertRegex(options, r"option\(SCENEWRIGHT_WERROR .* OFF\)")
