@@ -241,14 +241,17 @@ void ControlButton::drawBody(QPainter& painter) const {
 
 void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::Antialiasing);
     drawBody(painter);
     if (look_.isTaken && !look_.image)
         drawTaken(painter, shapeOf(kind_, tag_), rect());
     if (hasFocus())
         drawFocus(painter);
-    if (look_.image) // its tick lies on the ring
+    if (look_.image) { // its tick lies on the ring
+        // Not for the body, which keeps its size: so the toolkit would blend it in several threads.
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+    }
     // In a small picture the mark's frame reaches into it.
     drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));

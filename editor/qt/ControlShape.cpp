@@ -143,7 +143,7 @@ constexpr std::array<Draw, 6> kDraws{drawGroup, drawKnob,     drawSlider,
 
 constexpr QChar kLineEnd = QLatin1Char('\n');
 // A caption is rather turned than set smaller or narrower than this.
-constexpr std::array<int, 3> kStretches{100, 87, 75};
+constexpr std::array<int, 3> kStretches{QFont::AnyStretch, 87, 75};
 
 bool fitsInto(const QSizeF& size, const QSizeF& room) {
     return size.width() <= room.width() && size.height() <= room.height();

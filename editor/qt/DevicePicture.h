@@ -48,7 +48,7 @@ private:
 };
 
 // The size that a caption is set in where it has the room, in the drawing's units.
-inline constexpr qreal kLargestCaption = 12.5;
+inline constexpr qreal kLargestCaption = 12;
 
 // The tag of the control next to `tag` in a direction (-1, 0 or 1 each way), or `tag` itself when
 // nothing lies there. `place` gives the place of a tag from 1 to 45.
