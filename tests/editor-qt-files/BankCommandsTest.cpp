@@ -197,6 +197,7 @@ TEST_F(BankCommandsTest, SavingWritesTheFileThatTheTitleNames) {
     auto* dialog = window().findChild<QFileDialog*>();
     ASSERT_NE(dialog, nullptr); // there is none yet
     EXPECT_EQ(dialog->windowTitle(), "Save Bank As");
+    EXPECT_EQ(dialog->size(), QSize(860, 520));
     emit dialog->fileSelected(file("mine.bank"));
     delete dialog;
     EXPECT_EQ(notice(), "Saved mine.bank");

@@ -7,10 +7,12 @@
 #include "editor/qt/FillDialog.h"
 #include "editor/qt/KeyboardsDialog.h"
 #include "editor/qt/MonitorStrip.h"
+#include "editor/qt/PlayBar.h"
 #include "editor/qt/SceneCommands.h"
 #include "editor/qt/SceneMarks.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QTest>
@@ -33,6 +35,7 @@ protected:
                 auto& box = field<PopUpBox>(dialog, "Fill with");
                 box.setCurrentIndex(static_cast<int>(box.titles().indexOf(with)));
                 const QString all = QString::fromStdString(contentsOf(dialog));
+                EXPECT_EQ(dialog.minimumWidth(), 380);
                 EXPECT_EQ(all.section(QStringLiteral("\nhidden"), 0, 0).toStdString(), contents)
                     << with.toStdString();
                 dialog.reject();
@@ -190,6 +193,7 @@ button "Cance&l" auto-default
 
 TEST_F(ContentsTest, DialogThatRenames) {
     RenameDialog dialog(QStringLiteral("LEAD"), nullptr);
+    EXPECT_EQ(dialog.findChildren<QLabel*>().front()->minimumWidth(), 340);
     EXPECT_EQ(contentsOf(dialog), R"(label "&Name" for "Name"
 line = "LEAD" selected "LEAD" called "Name"
 label "4 of 12 bytes" wraps plain
@@ -222,7 +226,7 @@ TEST_F(ContentsTest, WhatIsToCheck) {
     record(kKnob).setCCOrNoteNumber(7);
     window().view().showChosenControl();
     QTest::qWait(0);
-    commands().checks().badge().click();
+    badge().click();
     EXPECT_EQ(contentsOf(*field<QListWidget>(window(), "To Check").window()),
               R"(list called "To Check")");
 }
@@ -230,8 +234,8 @@ TEST_F(ContentsTest, WhatIsToCheck) {
 TEST_F(ContentsTest, Strips) {
     commands().useVirtual();
     window().commands().read();
-    commands().monitor().action().setChecked(true);
-    EXPECT_EQ(contentsOf(commands().monitor()),
+    part<MonitorStrip>().action().setChecked(true);
+    EXPECT_EQ(contentsOf(part<MonitorStrip>()),
               R"(label "Listening to Virtual controller" plain called "What is listened to"
 | line clear-button hint "Filter" called "Filter"
 | button "Pause" checkable
@@ -242,7 +246,7 @@ table "Time" "Message" "Sent by" several called "What the keyboard sends"
 holders: Monitor)");
     window().menu().view().actions().back()->setChecked(true);
     EXPECT_EQ(
-        contentsOf(commands().playing()),
+        contentsOf(part<PlayBar>()),
         R"(label "Playing scene 1 as the virtual controller holds it" plain role "heading" tip "Playing scene 1 as the virtual controller holds it"
 | button "Stop Playing" main
 label "Rows from A and W: keys, octave 1 (Z, X)   1–8: pads   velocity 100 (C, V)   −, =: knob or slider" plain role "hint" tip "Rows from A and W: keys, octave 1 (Z, X)   1–8: pads   velocity 100 (C, V)   −, =: knob or slider"

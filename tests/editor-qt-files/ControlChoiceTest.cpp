@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QStyle>
 #include <QTest>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -289,7 +290,7 @@ public:
     explicit Owner(const ControlList& list) : list_(list) {}
 
     std::int32_t rowCount() override { return rows; }
-    std::string rowTitle(std::int32_t row) override { return "Row " + std::to_string(row); }
+    std::string rowTitle(std::int32_t row) override { return title + std::to_string(row); }
     bool mayEdit(std::int32_t /*row*/) override { return isEditable; }
 
     std::vector<std::int32_t> proposeSelection(const std::vector<std::int32_t>& proposed) override {
@@ -303,6 +304,7 @@ public:
     }
 
     std::int32_t rows = 10;
+    std::string title = "Row ";
     bool isEditable = false;
     std::optional<std::vector<std::int32_t>> answer;
     Calls calls;
@@ -339,6 +341,53 @@ TEST_F(ControlListTest, ShowsTheRowsOfItsSourceAndAsksAnewOnReload) {
     list_.reload();
     EXPECT_EQ(list_.model()->rowCount(), 46);
     EXPECT_EQ(owner_.calls, Calls{});
+}
+
+TEST_F(ControlListTest, IsAsWideAsItsTitlesAndNoNarrowerThanWithoutThem) {
+    list_.fitTitles();
+    EXPECT_EQ(list_.width(), 132);
+    owner_.title = "A row with a title that is long ";
+    list_.reload();
+    list_.fitTitles();
+    const int title = list_.fontMetrics().horizontalAdvance("A row with a title that is long 0");
+    EXPECT_EQ(list_.sizeHintForColumn(0), 11 + title + 3);
+    const int bar = list_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list_);
+    EXPECT_EQ(list_.width(), list_.sizeHintForColumn(0) + bar + 14);
+    EXPECT_EQ(list_.sizeHintForRow(0), list_.fontMetrics().height() + 9);
+    EXPECT_EQ(list_.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+}
+
+TEST_F(ControlListTest, ARowIsDrawnOnTheGroundOfItsState) {
+    owner_.title = "WW";
+    list_.reload();
+    list_.selectRow(1);
+    QHoverEvent hover(QEvent::HoverEnter, middleOf(2), middleOf(2), {-1, -1});
+    QApplication::sendEvent(list_.viewport(), &hover);
+    const QImage image = list_.viewport()->grab().toImage();
+    const QPalette palette = list_.palette();
+    struct Row {
+        int row;
+        QPalette::ColorRole ground;
+        QPalette::ColorRole ink;
+    };
+    for (const Row& row : {Row{0, QPalette::Base, QPalette::Text},
+                           Row{1, QPalette::Highlight, QPalette::HighlightedText},
+                           Row{2, QPalette::Button, QPalette::Text}}) {
+        const QRect place = list_.visualRect(list_.model()->index(row.row, 0));
+        const QColor ground = palette.color(row.ground);
+        EXPECT_EQ(image.pixelColor(place.left() + 4, place.center().y()), ground) << row.row;
+        EXPECT_EQ(image.pixelColor(place.right() - 4, place.center().y()), ground) << row.row;
+        EXPECT_EQ(image.pixelColor(place.left(), place.top()), palette.color(QPalette::Base))
+            << row.row << " has round corners";
+        QRect ink;
+        for (int y = place.top(); y <= place.bottom(); ++y)
+            for (int x = place.left() + 6; x <= place.right() - 6; ++x)
+                if (image.pixelColor(x, y) != ground)
+                    ink |= QRect(x, y, 1, 1);
+        EXPECT_NEAR(ink.left(), place.left() + 11, 1) << row.row;
+        EXPECT_NEAR(ink.center().y(), place.center().y(), 3) << row.row;
+        EXPECT_LE(ink.bottom() - ink.top(), list_.fontMetrics().height()) << row.row;
+    }
 }
 
 TEST_F(ControlListTest, RowIsEditedOnlyWhereItsSourceAllowsIt) {

@@ -208,6 +208,9 @@ TEST_F(KeyboardCommandsTest, ThePickerIsThereWhileThereIsAChoice) {
     look();
     EXPECT_TRUE(picker().text().startsWith("1-1 (KKK")) << picker().text().toStdString();
     EXPECT_LT(picker().text().size(), 99) << "the status line has room for more";
+    const int width = picker().fontMetrics().horizontalAdvance(picker().text());
+    EXPECT_LE(width, 200);
+    EXPECT_GT(width, 200 - picker().fontMetrics().horizontalAdvance("K"));
     plugged.front().name = "Keys";
     look();
     EXPECT_FALSE(picker().isHidden());

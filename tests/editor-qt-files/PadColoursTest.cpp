@@ -100,6 +100,29 @@ TEST_F(PadColoursTest, TheLastColoursAreOfferedAgain) {
     EXPECT_EQ(offered(), 16 + 8 + 8) << "one row of them";
 }
 
+TEST_F(PadColoursTest, ColoursStandInRowsOfEightOnAnEdgeThatShowsThem) {
+    choose(kPad);
+    window().panes().swatch().click();
+    const auto colours = commands().colours().menu().findChildren<QToolButton*>();
+    ASSERT_GE(colours.size(), 16);
+    for (int place = 0; place < 16; ++place) {
+        const QToolButton& colour = *colours[place];
+        EXPECT_EQ(colour.iconSize(), QSize(26, 26));
+        EXPECT_TRUE(colour.autoRaise());
+        EXPECT_EQ(colour.toolTip(), colour.accessibleName());
+        EXPECT_EQ(colour.x(), place % 8 == 0 ? 8 : colours[place - 1]->geometry().right() + 1 + 3);
+        EXPECT_EQ(colour.parentWidget() == colours.front()->parentWidget(), place < 8);
+        const QImage light = colour.icon().pixmap(26).toImage();
+        ASSERT_EQ(light.size(), QSize(26, 26));
+        for (const QPoint& edge : {QPoint(0, 0), QPoint(25, 25), QPoint(13, 0), QPoint(0, 13)})
+            EXPECT_EQ(light.pixelColor(edge), QColor(Qt::gray)) << place;
+        for (const QPoint& inner : {QPoint(1, 1), QPoint(24, 24), QPoint(1, 24)})
+            EXPECT_EQ(light.pixelColor(inner).name(), colour.accessibleName()) << place;
+    }
+    EXPECT_LT(colours[7]->geometry().right(), colours[7]->parentWidget()->width());
+    commands().colours().menu().close();
+}
+
 TEST_F(PadColoursTest, TheMenuDoesNotLieOnTheSwatch) {
     choose(kPad);
     QPushButton& swatch = window().panes().swatch();

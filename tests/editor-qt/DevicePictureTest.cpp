@@ -86,15 +86,19 @@ TEST(DevicePicture, HasTheProportionsOfTheDrawingWhereItHasAChoice) {
 TEST(DevicePicture, EachControlFillsItsPlaceHoweverLargeThePictureIs) {
     DevicePicture picture;
     picture.show();
-    for (const int width : {504, 940, 1880}) {
-        picture.resize(width, width);
+    for (const QSize& size : {QSize(504, 504), QSize(940, 940), QSize(1880, 1000), {1500, 400}}) {
+        picture.resize(size);
         QApplication::processEvents();
-        const qreal scale = width / picture.drawing().size().width();
+        const QSizeF whole = picture.drawing().size();
+        const qreal scale = std::min(size.width() / whole.width(), size.height() / whole.height());
+        const qreal left = (size.width() - whole.width() * scale) / 2; // it stands in the middle
+        const qreal top = (size.height() - whole.height() * scale) / 2;
         for (std::int32_t tag = 1; tag <= 45; ++tag) {
             const QRectF place = picture.drawing().place(tag);
             EXPECT_NEAR(picture.button(tag)->width(), place.width() * scale, 1) << tag;
             EXPECT_NEAR(picture.button(tag)->height(), place.height() * scale, 1) << tag;
-            EXPECT_NEAR(picture.button(tag)->x(), place.x() * scale, 1) << tag;
+            EXPECT_NEAR(picture.button(tag)->x(), left + place.x() * scale, 1) << tag;
+            EXPECT_NEAR(picture.button(tag)->y(), top + place.y() * scale, 1) << tag;
         }
     }
 }
@@ -171,6 +175,24 @@ TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNextAndPadsAlongTheirRows) {
         EXPECT_EQ(next(row.from, row.right, row.down), row.to) << row.from;
     EXPECT_GE(next(17, 0, 1), 21) << "from the pads down to the keys";
     EXPECT_LT(next(45, 0, -1), 21) << "and back";
+}
+
+// Groups, knobs and sliders, and the pads below one another: 1 to 20.
+TEST(ArrowTarget, IsWhatAnEyeWouldGoToNext) {
+    const auto targets = [](int right, int down) {
+        std::string text;
+        for (std::int32_t tag = 1; tag <= 20; ++tag)
+            text += std::to_string(next(tag, right, down)) + (tag == 20 ? "" : " ");
+        return text;
+    };
+    EXPECT_EQ(targets(-1, 0), "1 2 3 4 1 5 3 7 6 9 10 11 12 13 14 15 12 17 18 19");
+    EXPECT_EQ(targets(1, 0), "5 5 7 7 6 9 8 9 10 11 12 13 14 15 16 16 18 19 20 20");
+    EXPECT_EQ(targets(0, -1), "1 1 2 3 5 6 5 6 9 10 11 12 13 14 15 16 13 14 15 16");
+    EXPECT_EQ(targets(0, 1), "2 3 4 21 7 8 24 26 29 31 32 34 17 18 19 20 37 39 43 45");
+    std::string up;
+    for (std::int32_t key = 21; key <= 45; ++key)
+        up += std::to_string(next(key, 0, -1)) + (key == 45 ? "" : " ");
+    EXPECT_EQ(up, "4 4 4 7 7 8 8 9 9 10 10 11 11 12 12 17 17 18 18 18 19 19 19 19 20");
 }
 
 TEST(ArrowTarget, EveryControlCanBeReachedWithArrowsAlone) {

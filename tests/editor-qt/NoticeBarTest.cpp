@@ -270,6 +270,29 @@ TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {
     EXPECT_GE(busy->x(), status.message().geometry().right());
     EXPECT_GE(mark.x(), busy->geometry().right());
     EXPECT_EQ(labels(status).size(), 2); // the message and the mark
+    EXPECT_EQ(busy->size(), QSize(72, 12));
+    EXPECT_EQ(status.message().x(), 15); // behind its edge
+    EXPECT_EQ(busy->x(), status.message().geometry().right() + 1 + 10);
+    EXPECT_EQ(mark.maximumHeight(), status.fontMetrics().height() + 8);
+    EXPECT_EQ(status.message().minimumHeight(), mark.maximumHeight());
+    const QRect place = status.message().geometry();
+    status.setBusy(false);
+    QApplication::processEvents();
+    EXPECT_TRUE(busy->isHidden());
+    EXPECT_EQ(status.message().geometry(), place);
+}
+
+TEST(NoticeText, WantsTheRoomOfItsFirstLineAndDoesWithLess) {
+    NoticeText text(nullptr);
+    text.setText("One line\nand a longer one below it");
+    const QFontMetrics metrics = text.fontMetrics();
+    EXPECT_EQ(text.sizeHint(), QSize(metrics.horizontalAdvance("One line") + 1, metrics.height()));
+    EXPECT_EQ(text.minimumSizeHint(), QSize(120, metrics.height()));
+    text.setText("One line");
+    text.resize(text.sizeHint());
+    EXPECT_FALSE(text.isCut());
+    text.resize(text.width() - 2, text.height());
+    EXPECT_TRUE(text.isCut());
 }
 
 } // namespace

@@ -168,6 +168,10 @@ TEST_F(PopUpBoxTest, MouseChoosesAnEntryOfTheListWithTwentyInSight) {
     const QModelIndex entry = box_.model()->index(100, 0);
     const int visible = list.viewport()->height() / std::max(1, list.visualRect(entry).height());
     EXPECT_NEAR(visible, 20, 1);
+    EXPECT_EQ(list.visualRect(entry).height(), list.fontMetrics().height() + 9);
+    EXPECT_EQ(box_.sizeHint().width(), 72);
+    EXPECT_EQ(box_.minimumSizeHint(), box_.sizeHint());
+    EXPECT_EQ(box_.sizeHint().height(), std::max(box_.fontMetrics().height(), 28));
     list.scrollTo(entry);
     QTest::qWait(20);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(entry).center());
