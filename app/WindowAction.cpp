@@ -19,7 +19,6 @@ namespace {
 struct Store {
     SceneList scenes;
     std::shared_ptr<SceneValue> spareDefault;
-    Outcome lastOutcome;
 };
 
 Store& store() {
@@ -72,11 +71,10 @@ void WindowAction::readSceneData(const Ended& ended) {
     }
     ScenesRead read = readScenes(*Progress::record());
     setScenes(std::move(read.scenes));
-    store().lastOutcome = std::move(read.outcome);
     if (const auto message = Progress::recordIfAny())
         message->setIsReadFinish("Yes");
     if (ended)
-        ended(lastOutcome());
+        ended(read.outcome);
 }
 
 void WindowAction::sendSceneData(const Ended& ended, const SceneSent& sceneSent) {
@@ -86,18 +84,9 @@ void WindowAction::sendSceneData(const Ended& ended, const SceneSent& sceneSent)
         message->setIsSendFinish("No");
         message->setMessage("sendSceneData");
     }
-    const SendEnded keep = [ended](const Outcome& outcome) {
-        store().lastOutcome = outcome;
-        if (ended)
-            ended(outcome);
-    };
-    sendScenes(store().scenes, Progress::record(), keep, sceneSent);
+    sendScenes(store().scenes, Progress::record(), ended, sceneSent);
     if (const auto message = Progress::recordIfAny())
         message->setIsSendFinish("Yes");
-}
-
-const Outcome& WindowAction::lastOutcome() {
-    return store().lastOutcome;
 }
 
 void WindowAction::GetDefaultValue() {

@@ -42,9 +42,6 @@ public:
     // The option lists in the words of the window's language, read anew.
     [[nodiscard]] static std::shared_ptr<PopUpValue> InitializePopUp();
 
-    // What the last command that has ended did; NotStarted before the first.
-    [[nodiscard]] static const Outcome& lastOutcome();
-
     // The stored scenes, shared; for programs that save them.
     [[nodiscard]] static const SceneList& scenes();
     // Replaces the stored scenes, as a read does: a list of fewer than four is filled up with

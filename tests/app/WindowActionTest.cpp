@@ -245,17 +245,18 @@ TEST_F(WindowActionTest, SendDuringASendIsCarriedOutAfterItWithWhatTheStoreHolds
     EXPECT_EQ(controller_->bank()[0], 'L');
 }
 
-TEST_F(WindowActionTest, TheStoreKeepsTheLastOutcome) {
-    WindowAction::readSceneData();
-    EXPECT_EQ(WindowAction::lastOutcome().end, Outcome::End::NotConnected);
+TEST_F(WindowActionTest, EachCommandTellsItsOutcome) {
+    std::vector<Outcome> told;
+    const auto tell = [&](const Outcome& outcome) { told.push_back(outcome); };
+    WindowAction::readSceneData(tell);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].end, Outcome::End::NotConnected);
     plugIn(BankImage{});
-    std::vector<Outcome> sent;
-    WindowAction::sendSceneData([&](const Outcome& outcome) { sent.push_back(outcome); });
-    EXPECT_EQ(WindowAction::lastOutcome().end, Outcome::End::NotConnected);
+    WindowAction::sendSceneData(tell);
+    EXPECT_EQ(told.size(), 1U);
     SendJob::waitForEnd();
-    ASSERT_EQ(sent.size(), 1U);
-    EXPECT_EQ(WindowAction::lastOutcome(), sent[0]);
-    EXPECT_TRUE(sent[0].isDone());
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_TRUE(told[1].isDone());
 }
 
 TEST_F(WindowActionTest, OptionListsAreReadAnewAtEachCall) {

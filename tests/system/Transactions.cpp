@@ -33,8 +33,8 @@ namespace scenewright {
 
 namespace {
 
-std::string errorOf(DeviceOperation operation) {
-    const OutcomeText text = textOf(operation, WindowAction::lastOutcome());
+std::string errorOf(DeviceOperation operation, const Outcome& outcome) {
+    const OutcomeText text = textOf(operation, outcome);
     if (text.exitCode == 0) // what is noted beside it, such as values read as 0, is no error
         return "";
     std::string error = text.sentence;
@@ -44,8 +44,10 @@ std::string errorOf(DeviceOperation operation) {
 }
 
 std::string read(const std::string& file) {
-    WindowAction::readSceneData();
-    const std::string error = errorOf(DeviceOperation::SaveScenes);
+    std::string error;
+    WindowAction::readSceneData([&error](const Outcome& outcome) {
+        error = errorOf(DeviceOperation::SaveScenes, outcome);
+    });
     if (!error.empty())
         return error;
     const auto written = writeBank(file, WindowAction::scenes(), BankFormat::Image, {});
@@ -57,11 +59,12 @@ std::string send(const std::string& file) {
     if (!bank)
         return bank.error();
     WindowAction::setScenes(bank->scenes);
-    bool hasEnded = false;
-    WindowAction::sendSceneData([&hasEnded](const Outcome&) { hasEnded = true; });
-    MainQueue::pumpUntil([&hasEnded] { return hasEnded; });
+    std::optional<std::string> error;
+    WindowAction::sendSceneData(
+        [&error](const Outcome& outcome) { error = errorOf(DeviceOperation::Send, outcome); });
+    MainQueue::pumpUntil([&error] { return error.has_value(); });
     SendJob::join();
-    return errorOf(DeviceOperation::Send);
+    return *error;
 }
 
 std::string perform(const std::string& verb) {
