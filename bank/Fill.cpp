@@ -19,45 +19,26 @@ constexpr std::string_view kChannelMark = "ch:";
 constexpr std::string_view kNumberField = "CCOrNoteNumber";
 constexpr std::string_view kBetweenStations = "..";
 
-// In semitones.
-constexpr std::array kChromatic{1};
-constexpr std::array kWholeTone{2};
-constexpr std::array kFourths{5};
-constexpr std::array kFifths{7};
-constexpr std::array kOctaves{12};
-constexpr std::array kMajor{2, 2, 1, 2, 2, 2, 1};
-constexpr std::array kDorian{2, 1, 2, 2, 2, 1, 2};
-constexpr std::array kPhrygian{1, 2, 2, 2, 1, 2, 2};
-constexpr std::array kLydian{2, 2, 2, 1, 2, 2, 1};
-constexpr std::array kMixolydian{2, 2, 1, 2, 2, 1, 2};
-constexpr std::array kMinor{2, 1, 2, 2, 1, 2, 2};
-constexpr std::array kLocrian{1, 2, 2, 1, 2, 2, 2};
-constexpr std::array kHarmonicMinor{2, 1, 2, 2, 1, 3, 1};
-constexpr std::array kMelodicMinor{2, 1, 2, 2, 2, 2, 1};
-constexpr std::array kMajorPentatonic{2, 2, 3, 2, 3};
-constexpr std::array kMinorPentatonic{3, 2, 2, 3, 2};
-constexpr std::array kBlues{3, 2, 1, 1, 3, 2};
-
 constexpr std::array<Scale, 19> kScales{{
-    {"major", kMajor},
-    {"minor", kMinor},
-    {"harmonic-minor", kHarmonicMinor},
-    {"melodic-minor", kMelodicMinor},
-    {"major-pentatonic", kMajorPentatonic},
-    {"minor-pentatonic", kMinorPentatonic},
-    {"blues", kBlues},
-    {"ionian", kMajor},
-    {"dorian", kDorian},
-    {"phrygian", kPhrygian},
-    {"lydian", kLydian},
-    {"mixolydian", kMixolydian},
-    {"aeolian", kMinor},
-    {"locrian", kLocrian},
-    {"whole-tone", kWholeTone},
-    {"chromatic", kChromatic},
-    {"fourths", kFourths},
-    {"fifths", kFifths},
-    {"octaves", kOctaves},
+    {"major", "2,2,1,2,2,2,1"},
+    {"minor", "2,1,2,2,1,2,2"},
+    {"harmonic-minor", "2,1,2,2,1,3,1"},
+    {"melodic-minor", "2,1,2,2,2,2,1"},
+    {"major-pentatonic", "2,2,3,2,3"},
+    {"minor-pentatonic", "3,2,2,3,2"},
+    {"blues", "3,2,1,1,3,2"},
+    {"ionian", "2,2,1,2,2,2,1"},
+    {"dorian", "2,1,2,2,2,1,2"},
+    {"phrygian", "1,2,2,2,1,2,2"},
+    {"lydian", "2,2,2,1,2,2,1"},
+    {"mixolydian", "2,2,1,2,2,1,2"},
+    {"aeolian", "2,1,2,2,1,2,2"},
+    {"locrian", "1,2,2,1,2,2,2"},
+    {"whole-tone", "2"},
+    {"chromatic", "1"},
+    {"fourths", "5"},
+    {"fifths", "7"},
+    {"octaves", "12"},
 }};
 
 std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
@@ -220,8 +201,7 @@ const Scale* findScale(std::string_view name) {
 }
 
 FillSteps stepsOf(const Scale& scale) {
-    return {.intervals = Intervals(scale.intervals.begin(), scale.intervals.end()),
-            .isScale = true};
+    return {.intervals = intervalsOf(scale.intervals), .isScale = true};
 }
 
 std::optional<Intervals> intervalsOf(std::string_view text) {

@@ -22,10 +22,10 @@ namespace scenewright {
 // whatever the setting counts.
 using Intervals = std::vector<std::int32_t>;
 
-// A scale by its name on the command line, and the intervals of one turn.
+// A scale by its name on the command line, and the intervals of one turn in semitones.
 struct Scale {
     std::string_view name;
-    std::span<const std::int32_t> intervals;
+    std::string_view intervals; // for intervalsOf()
 };
 [[nodiscard]] std::span<const Scale> scales();
 [[nodiscard]] const Scale* findScale(std::string_view name);

@@ -54,8 +54,7 @@ FilledScenes fill(std::string_view path, std::string_view start, const FillSteps
 }
 
 FillSteps scaleSteps(std::string_view name) {
-    const auto intervals = findScale(name)->intervals;
-    return {.intervals = Intervals(intervals.begin(), intervals.end()), .isScale = true};
+    return stepsOf(*findScale(name));
 }
 
 std::string errorOf(const FilledScenes& scenes) {
