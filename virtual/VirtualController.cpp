@@ -252,13 +252,12 @@ bool VirtualController::carryDataByte(Pipe pipe) {
 }
 
 std::optional<std::uint32_t> VirtualController::faultCount(Fault::Kind kind) const {
-    const auto found = std::find_if(faults_.begin(), faults_.end(),
-                                    [kind](const Fault& fault) { return fault.kind == kind; });
+    const auto found = std::ranges::find(faults_, kind, &Fault::kind);
     return found == faults_.end() ? std::nullopt : std::optional(found->count);
 }
 
 bool VirtualController::isFaultAt(Fault::Kind kind, std::uint32_t count) const {
-    return std::find(faults_.begin(), faults_.end(), Fault{kind, count}) != faults_.end();
+    return std::ranges::find(faults_, Fault{kind, count}) != faults_.end();
 }
 
 namespace {

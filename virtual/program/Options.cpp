@@ -34,40 +34,18 @@ Result<void> takeIdentity(const std::string& text, VirtualIdentity& identity) {
     return {};
 }
 
-Result<void> takeFault(const std::string& text, FaultPlan& faults) {
-    const auto fault = parseFault(text);
-    if (!fault)
-        return failure("--fault: " + fault.error());
-    faults.push_back(*fault);
-    return {};
-}
-
-Result<void> takeAddress(const std::string& text, std::string& address) {
-    if (!usbip::Listener::isAddress(text))
-        return failure(fmt::format(
-            "--listen: '{}' must be an address and a port, as in 127.0.0.1:3240", text));
-    address = text;
-    return {};
-}
-
-Result<void> takePort(const std::string& text, std::optional<std::uint32_t>& port) {
-    port = numberFrom<std::uint32_t>(text);
-    if (!port)
-        return failure(fmt::format("Could not convert: --vhci = {}", text));
-    return {};
-}
-
-// Each of the values, as it stands on the line, to where it belongs.
-template <typename Take, typename Target>
-Result<void> takeAll(const Arguments& arguments, std::string_view name, Take take, Target& target) {
-    for (const std::string& text : arguments.texts(name))
-        if (auto taken = take(text, target); !taken)
-            return taken;
+Result<void> takeFaults(const std::vector<std::string>& texts, FaultPlan& faults) {
+    for (const std::string& text : texts) {
+        const auto fault = parseFault(text);
+        if (!fault)
+            return failure("--fault: " + fault.error());
+        faults.push_back(*fault);
+    }
     return {};
 }
 
 Result<ProgramOptions> programOptions(const Arguments& arguments) {
-    ProgramOptions options{.listen = {},
+    ProgramOptions options{.listen = arguments.text("--listen"),
                            .vhciPort = std::nullopt,
                            .bank = arguments.text("--bank"),
                            .faults = {},
@@ -75,14 +53,21 @@ Result<ProgramOptions> programOptions(const Arguments& arguments) {
                            .trace = arguments.text("--trace"),
                            .resources = arguments.text("--resources"),
                            .identity = {}};
+    if (!usbip::Listener::isAddress(options.listen))
+        return failure(fmt::format(
+            "--listen: '{}' must be an address and a port, as in 127.0.0.1:3240", options.listen));
+    if (arguments.has("--vhci")) {
+        options.vhciPort = numberFrom<std::uint32_t>(arguments.text("--vhci"));
+        if (!options.vhciPort)
+            return failure(fmt::format("Could not convert: --vhci = {}", arguments.text("--vhci")));
+    }
+    if (const auto taken = takeFaults(arguments.texts("--fault"), options.faults); !taken)
+        return failure(taken.error());
     if (const auto count = arguments.number("--interfaces"))
         options.identity.interfaces = static_cast<std::uint8_t>(*count);
-    for (const auto& taken : {takeAll(arguments, "--listen", &takeAddress, options.listen),
-                              takeAll(arguments, "--vhci", &takePort, options.vhciPort),
-                              takeAll(arguments, "--fault", &takeFault, options.faults),
-                              takeAll(arguments, "--identity", &takeIdentity, options.identity)})
-        if (!taken)
-            return failure(refusedArgument(taken.error()));
+    if (arguments.has("--identity"))
+        if (const auto taken = takeIdentity(arguments.text("--identity"), options.identity); !taken)
+            return failure(taken.error());
     return options;
 }
 
@@ -94,9 +79,9 @@ Result<ProgramLine> parseProgramLine(int argc, const char* const* argv) {
         return failure(line.error());
     if (line->answer)
         return *line->answer;
-    return programOptions(line->arguments).map([](const ProgramOptions& options) {
-        return ProgramLine(options);
-    });
+    return programOptions(line->arguments)
+        .map([](const ProgramOptions& options) { return ProgramLine(options); })
+        .map_error(&refusedArgument);
 }
 
 } // namespace scenewright

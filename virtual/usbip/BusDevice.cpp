@@ -314,10 +314,7 @@ Result<void> BusDevice::submit(const SubmitCommand& command, ByteView data) {
 }
 
 bool BusDevice::unlink(std::uint32_t sequence) {
-    const auto found =
-        std::find_if(waiting_.begin(), waiting_.end(), [sequence](const SubmitCommand& command) {
-            return command.sequence == sequence;
-        });
+    const auto found = std::ranges::find(waiting_, sequence, &SubmitCommand::sequence);
     if (found == waiting_.end())
         return false;
     waiting_.erase(found);

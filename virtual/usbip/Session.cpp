@@ -90,7 +90,7 @@ void Session::receive(ByteView bytes) {
     if (state_ != State::Open)
         return;
     input_.insert(input_.end(), bytes.begin(), bytes.end());
-    while (state_ == State::Open && takeMessage()) {
+    while (state_ == State::Open && (isAttached() ? takeCommand() : takeOperation())) {
     }
 }
 
@@ -99,10 +99,6 @@ bool Session::play(std::span<const Packet> packets) {
         return false;
     answerCompletions();
     return true;
-}
-
-bool Session::takeMessage() {
-    return isAttached() ? takeCommand() : takeOperation();
 }
 
 bool Session::takeOperation() {

@@ -79,8 +79,7 @@ public:
     [[nodiscard]] const std::string& error() const noexcept { return error_; }
 
 private:
-    // Takes one message from the input; false when more bytes are needed.
-    bool takeMessage();
+    // Each takes one message from the input; false when more bytes are needed.
     bool takeOperation();
     bool takeImport();
     bool takeCommand();
