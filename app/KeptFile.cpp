@@ -32,16 +32,6 @@ Result<void> makeFolder(const std::optional<fs::path>& folder) {
     return {};
 }
 
-std::vector<fs::path> filesIn(const std::optional<fs::path>& folder) {
-    std::vector<fs::path> files;
-    std::error_code error;
-    if (folder)
-        for (fs::directory_iterator file(*folder, error), end; !error && file != end;
-             file.increment(error))
-            files.push_back(file->path());
-    return files;
-}
-
 FileContent keptBytes(std::string_view format, const KeptTexts& texts) {
     using Json = nlohmann::ordered_json;
     Json object{{kFormat, format}, {"version", 1}};

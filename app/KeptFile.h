@@ -19,10 +19,6 @@ namespace scenewright {
 
 // The folder of kept files, made if need be; nothing stands for one without a home folder.
 [[nodiscard]] Result<void> makeFolder(const std::optional<std::filesystem::path>& folder);
-// What is in it; nothing where it cannot be read.
-[[nodiscard]] std::vector<std::filesystem::path>
-filesIn(const std::optional<std::filesystem::path>& folder);
-
 using KeptTexts = std::map<std::string, std::string>;
 
 // With "format" and "version" beside the texts. Bytes that are no UTF-8 become U+FFFD.

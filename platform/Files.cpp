@@ -313,6 +313,16 @@ Result<FileContent> readFile(const fs::path& path, std::size_t limit,
     return inSentence(kCannotRead, path, readAll(file->get(), limit));
 }
 
+std::vector<fs::path> filesIn(const std::optional<fs::path>& folder) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    if (folder)
+        for (fs::directory_iterator file(*folder, error), end; !error && file != end;
+             file.increment(error))
+            files.push_back(file->path());
+    return files;
+}
+
 Result<Replaced> replaceFile(const fs::path& path, std::span<const std::uint8_t> bytes) {
     const auto replace = [bytes](const fs::path& target) -> Result<Replaced> {
         const auto lock = lockFile(target);

@@ -31,6 +31,10 @@ using FileContent = std::vector<std::uint8_t>;
 [[nodiscard]] Result<FileContent> readFile(const std::filesystem::path& path, std::size_t limit,
                                            const std::function<void()>& whenWaiting = {});
 
+// What is in a folder; nothing where it cannot be read, or there is none.
+[[nodiscard]] std::vector<std::filesystem::path>
+filesIn(const std::optional<std::filesystem::path>& folder);
+
 // What replacing did beside its purpose.
 struct Replaced {
     std::uint64_t otherNames = 0; // hard links, which keep the former content

@@ -159,11 +159,9 @@ std::optional<std::int32_t> numberIn(const fs::path& file, int base) {
 std::vector<fs::path> interfacesOf(const fs::path& device) {
     std::vector<fs::path> interfaces;
     const std::string prefix = device.filename().string() + ":";
-    std::error_code error;
-    for (fs::directory_iterator entry(device, error), end; !error && entry != end;
-         entry.increment(error))
-        if (entry->path().filename().string().starts_with(prefix))
-            interfaces.push_back(entry->path());
+    for (const fs::path& entry : filesIn(device))
+        if (entry.filename().string().starts_with(prefix))
+            interfaces.push_back(entry);
     return interfaces;
 }
 
@@ -223,10 +221,8 @@ bool holdsNumber(const fs::path& file, std::int32_t number) {
 
 std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
     std::vector<AttachedDevice> devices;
-    std::error_code error;
-    for (fs::directory_iterator entry(folders.devices, error), end; !error && entry != end;
-         entry.increment(error))
-        if (auto device = deviceIn(entry->path(), folders.nodes))
+    for (const fs::path& entry : filesIn(folders.devices))
+        if (auto device = deviceIn(entry, folders.nodes))
             devices.push_back(*std::move(device));
     std::ranges::sort(devices, {}, [](const AttachedDevice& device) {
         return std::pair(device.bus, device.address);
@@ -257,15 +253,13 @@ void DeviceMonitor::drain() {
 }
 
 std::optional<int> soundCardOf(std::int32_t bus, std::int32_t address, const fs::path& folder) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
-         entry.increment(error)) {
-        const auto card = cardNumber(entry->path().filename().string());
+    for (const fs::path& entry : filesIn(folder)) {
+        const auto card = cardNumber(entry.filename().string());
         if (!card)
             continue;
         // The card belongs to an interface, the interface to the device.
         std::error_code missing;
-        const fs::path device = fs::canonical(entry->path() / "device", missing).parent_path();
+        const fs::path device = fs::canonical(entry / "device", missing).parent_path();
         if (!missing && holdsNumber(device / "busnum", bus) &&
             holdsNumber(device / "devnum", address))
             return card;
