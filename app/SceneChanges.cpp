@@ -14,8 +14,12 @@ namespace scenewright {
 
 namespace {
 
+bool isSameScene(const SettingPlace& one, const SettingPlace& other) {
+    return one.scene == other.scene;
+}
+
 bool isSameKind(const SettingPlace& one, const SettingPlace& other) {
-    return one.scene == other.scene && one.kind == other.kind;
+    return isSameScene(one, other) && one.kind == other.kind;
 }
 
 bool isSameControl(const SettingPlace& one, const SettingPlace& other) {
@@ -128,33 +132,26 @@ void SceneChanges::append(const SceneChanges& later) {
     std::erase_if(changes_, [](const Change& change) { return change.before == change.after; });
 }
 
-bool SceneChanges::isOfOneScene() const {
-    return std::ranges::all_of(changes_, [this](const Change& change) {
-        return change.place.scene == changes_.front().place.scene;
-    });
-}
-
-bool SceneChanges::isOfOneControl() const {
-    return std::ranges::all_of(changes_, [this](const Change& change) {
-        return isSameControl(change.place, changes_.front().place);
-    });
-}
-
-std::size_t SceneChanges::countOf(const SettingPlace& place) const {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        changes_, [&](const Change& change) { return change.place.setting == place.setting; }));
-}
-
 std::string SceneChanges::title() const {
-    if (isEmpty() || !isOfOneScene())
+    const auto areAll = [this](bool (*isSame)(const SettingPlace&, const SettingPlace&)) {
+        return std::ranges::all_of(changes_, [&](const Change& change) {
+            return isSame(change.place, changes_.front().place);
+        });
+    };
+    if (isEmpty() || !areAll(&isSameScene))
         return translated(sourceText("scenewright::SceneChanges", "Scenes"));
     const SettingPlace& first = changes_.front().place;
-    if (const SettingPlace* const place = chosen()) {
-        const auto change = std::ranges::find(changes_, *place, &Change::place);
-        return translated(sourceText("scenewright::SceneChanges", "{0} {1}"),
-                          ownerTitle(*place, countOf(*place)), titleOf(*place, change->assignType));
-    }
-    return isOfOneControl() ? ownerTitle(first) : sceneTitle(first);
+    const SettingPlace* const place = chosen();
+    if (place == nullptr)
+        return areAll(&isSameControl) ? ownerTitle(first) : sceneTitle(first);
+    const auto isOfSetting = [place](const Change& change) {
+        return change.place.setting == place->setting;
+    };
+    const auto controls = std::ranges::count_if(changes_, isOfSetting);
+    const auto change = std::ranges::find(changes_, *place, &Change::place);
+    return translated(sourceText("scenewright::SceneChanges", "{0} {1}"),
+                      ownerTitle(*place, static_cast<std::size_t>(controls)),
+                      titleOf(*place, change->assignType));
 }
 
 } // namespace scenewright

@@ -56,10 +56,6 @@ private:
     };
 
     [[nodiscard]] static Values valuesAt(const SceneList& scenes, const SettingPlace& place);
-    [[nodiscard]] bool isOfOneScene() const;
-    [[nodiscard]] bool isOfOneControl() const;
-    // Of how many controls the setting was changed.
-    [[nodiscard]] std::size_t countOf(const SettingPlace& place) const;
 
     std::vector<Change> changes_;
 };

@@ -166,20 +166,20 @@ Messages end(ControlState& state) {
     return ending ? Messages{*ending} : Messages{};
 }
 
-Messages take(Step step, const Output& output, ControlState& state) {
+Messages take(Step step, const ControlOutput& output, ControlState& state) {
     if (step == Step::Off || (step == Step::Flip && state.ending))
         return end(state);
-    if (step == Step::None || !output)
+    if (step == Step::None)
         return {};
     if (step == Step::Once) {
-        Messages sent{onMessage(*output, state.velocity)};
-        if (output->isNote)
-            sent.push_back(offMessage(*output));
+        Messages sent{onMessage(output, state.velocity)};
+        if (output.isNote)
+            sent.push_back(offMessage(output));
         return sent;
     }
     Messages sent = end(state); // of a press whose release has been missed
-    sent.push_back(onMessage(*output, state.velocity));
-    state.ending = offMessage(*output);
+    sent.push_back(onMessage(output, state.velocity));
+    state.ending = offMessage(output);
     return sent;
 }
 
@@ -262,14 +262,13 @@ std::vector<MidiMessage> messagesOf(const SceneValue& scene, std::int32_t contro
         return {};
     if (isMove)
         return output ? moved(*output, gesture.value) : Messages{};
-    if (gesture.kind == Gesture::Kind::Release)
-        return output ? take(kBehaviors.at(static_cast<std::size_t>(output->behavior)).release,
-                             output, state)
-                      : end(state);
-    state.velocity = gesture.value;
-    return output ? take(kBehaviors.at(static_cast<std::size_t>(output->behavior)).press, output,
-                         state)
-                  : end(state);
+    const bool isPress = gesture.kind == Gesture::Kind::Press;
+    if (isPress)
+        state.velocity = gesture.value;
+    if (!output)
+        return end(state);
+    const BehaviorSteps& steps = kBehaviors.at(static_cast<std::size_t>(output->behavior));
+    return take(isPress ? steps.press : steps.release, *output, state);
 }
 
 std::string outputName(const PopUpValue& lists, const ControlOutput& output) {
