@@ -47,12 +47,10 @@ struct CommandLine {
 // Touches nothing: no file, no device. `argv[0]` is the program's name, which is not looked at.
 [[nodiscard]] inline Result<CommandLine> parseCommandLine(int argc, const char* const* argv) {
     return parseArguments(commandLineSyntax(), argc, argv).map([](const ParsedArguments& line) {
-        if (line.answer)
-            return CommandLine{.options = {}, .choice = {}, .arguments = {}, .answer = line.answer};
         return CommandLine{.options = launchOptions(line.arguments),
                            .choice = chooseCommand(line.command, line.arguments),
                            .arguments = line.arguments,
-                           .answer = std::nullopt};
+                           .answer = line.answer};
     });
 }
 

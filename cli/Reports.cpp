@@ -10,6 +10,8 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <iterator>
+#include <sstream>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -33,13 +35,8 @@ std::string padded(std::string_view text, std::size_t columns) {
 }
 
 std::vector<std::string> words(std::string_view text) {
-    std::vector<std::string> list;
-    for (std::size_t from = 0; from < text.size();) {
-        const std::size_t to = std::min(text.find(' ', from), text.size());
-        list.emplace_back(text.substr(from, to - from));
-        from = to + 1;
-    }
-    return list;
+    std::istringstream stream{std::string(text)};
+    return {std::istream_iterator<std::string>(stream), {}};
 }
 
 // One column: its heading, broken into lines no wider than the column needs to be, and its cells.
