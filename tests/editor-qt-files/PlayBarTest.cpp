@@ -74,6 +74,9 @@ TEST_F(PlayBarTest, AClickPlaysInsteadOfChoosing) {
     QTest::mousePress(&button(kPad), Qt::LeftButton);
     EXPECT_TRUE(button(kPad).isPlayed());
     EXPECT_EQ(sent(), (Messages{{0x99, kPadNote, 100}}));
+    const auto& last = *bar().findChildren<NoticeText*>().last();
+    EXPECT_EQ(last.text(), "Note on C2, ch 10, velocity 100");
+    EXPECT_EQ(last.toolTip(), last.text());
     QTest::mouseRelease(&button(kPad), Qt::LeftButton);
     EXPECT_FALSE(button(kPad).isPlayed());
     EXPECT_EQ(sent(), (Messages{{0x89, kPadNote, 0}}));
@@ -286,6 +289,24 @@ TEST_F(PlayBarTest, TheBarSaysWhoHearsIt) {
         QTest::keyClick(keyboard(), key);
     EXPECT_TRUE(keys->text().contains("octave 2 (Z, X)")) << keys->text().toStdString();
     EXPECT_TRUE(keys->text().contains("velocity 80 (C, V)")) << keys->text().toStdString();
+}
+
+TEST_F(PlayBarTest, ItsLinesStandBelowOneAnotherBesideTheButtonThatEndsIt) {
+    action().setChecked(true);
+    QApplication::processEvents();
+    const auto lines = bar().findChildren<NoticeText*>();
+    ASSERT_EQ(lines.size(), 3);
+    const QRect end = bar().findChild<QPushButton*>()->geometry();
+    EXPECT_EQ(lines[0]->pos(), QPoint(15, 5));
+    EXPECT_EQ(end.right() + 1 + 7, bar().width());
+    EXPECT_LE(end.width(), bar().findChild<QPushButton*>()->sizeHint().width());
+    EXPECT_GT(end.bottom(), lines[0]->geometry().bottom());
+    EXPECT_LE(end.bottom(), lines[1]->geometry().bottom() + 4);
+    for (int line = 0; line < 3; ++line) {
+        EXPECT_EQ(lines[line]->x(), lines[0]->x());
+        EXPECT_LT(lines[line]->geometry().right(), end.left());
+        EXPECT_TRUE(line == 0 || lines[line]->y() > lines[line - 1]->geometry().bottom());
+    }
 }
 
 TEST_F(PlayBarTest, WithoutASequencerOneSentenceIsTold) {

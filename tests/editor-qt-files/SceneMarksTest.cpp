@@ -83,6 +83,22 @@ TEST_F(ChangeMarksTest, TheCountComesWithoutMovingAnythingAndOpensTheDifferences
     EXPECT_TRUE(dialog->lines()[0].endsWith(" -> 3"));
 }
 
+TEST_F(ChangeMarksTest, TheCountHasTheRoomOfManyFromTheStart) {
+    UnsentButton button(nullptr);
+    const int none = button.sizeHint().width();
+    for (const std::size_t count : {1U, 88U}) {
+        button.setCount(count);
+        EXPECT_EQ(button.sizeHint().width(), none) << count;
+        EXPECT_LT(button.minimumSizeHint().width(), none) << count;
+    }
+    button.setCount(8888);
+    EXPECT_GT(button.sizeHint().width(), none);
+    EXPECT_TRUE(button.isFlat() && !button.autoDefault());
+    EXPECT_EQ(button.toolTip(), "Show in what the window and the keyboard differ");
+    button.setCount(0);
+    EXPECT_TRUE(button.isHidden());
+}
+
 TEST_F(ChangeMarksTest, ThePictureMarksTheControlsOfTheShownSceneIfWanted) {
     ControlButton& pad = button(kPad);
     const auto picture = [&pad] {

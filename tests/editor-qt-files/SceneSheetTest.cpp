@@ -7,6 +7,7 @@
 #include "tests/support/TempFolder.h"
 
 #include <QFile>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPrinter>
@@ -128,6 +129,72 @@ TEST_F(SceneSheetTest, TheTableIsSetAsLargeAsThePaperHasRoomForIt) {
             sizes.push_back(*fonts.begin());
     }
     EXPECT_EQ(sizes, (std::vector<int>{48, 52, 56, 60, 64, 68, 72, 76}));
+}
+
+// A text of a drawing, or a line that begins there.
+struct Part {
+    QPointF place;
+    QString text;
+    int font = 0;
+    int weight = 0;
+};
+
+std::vector<Part> textsOf(const QString& svg) {
+    std::vector<Part> parts;
+    auto found = QRegularExpression("<text [^>]* x=\"([\\d.]+)\" y=\"([\\d.]+)\"[^>]*"
+                                    "font-size=\"(\\d+)\" font-weight=\"(\\d+)\"[^>]*>([^<]*)<")
+                     .globalMatch(svg);
+    while (found.hasNext()) {
+        const auto match = found.next();
+        parts.push_back({QPointF(match.captured(1).toDouble(), match.captured(2).toDouble()),
+                         match.captured(5), match.captured(3).toInt(), match.captured(4).toInt()});
+    }
+    return parts;
+}
+
+// Lengths are in tenths of a point; A4 is 5950 wide.
+TEST_F(SceneSheetTest, APageHasItsHeadingAndTwoTablesOfThreeColumns) {
+    const QString svg = QString::fromUtf8(written("one.svg", sheet(1)));
+    const std::vector<Part> texts = textsOf(svg);
+    const auto at = [&](const char* text) {
+        const auto found = std::ranges::find(texts, text, &Part::text);
+        EXPECT_NE(found, texts.end()) << text;
+        return found == texts.end() ? Part{} : *found;
+    };
+    EXPECT_EQ(at("Scene 1: SCENE1").place.x(), 340);
+    EXPECT_EQ(at("Scene 1: SCENE1").font, 160);
+    EXPECT_EQ(at("Scene 1: SCENE1").weight, 700);
+    EXPECT_EQ(at("live.bank").font, 80);
+    QFont font;
+    font.setPixelSize(80);
+    EXPECT_NEAR(at("live.bank").place.x() +
+                    QFontMetricsF(font).horizontalAdvance(QStringLiteral("live.bank")),
+                5610, 3);
+    constexpr double kHalf = (5270 - 60) / 2.0;
+    const double sends = at("Sends").place.x() - 340;
+    EXPECT_EQ(at("Sends").weight, 700);
+    EXPECT_EQ(at("Knob 1").place.x(), 340);
+    EXPECT_EQ(at("Knob 1").weight, 400);
+    EXPECT_EQ(at("Key 1").place.x(), 340 + kHalf + 60);
+    EXPECT_NEAR(at("Settings").place.x() - at("Sends").place.x(), 0.42 * (kHalf - sends), 0.5);
+    font.setPixelSize(at("Knob 1").font);
+    const QFontMetricsF metrics(font);
+    double names = 0;
+    for (const Part& part : texts)
+        if (part.place.x() == 340 && part.font == font.pixelSize() && part.weight == 400)
+            names = std::max(names, metrics.horizontalAdvance(part.text));
+    EXPECT_NEAR(sends, names + 50, 0.6);
+
+    std::vector<double> rules; // of the right table
+    auto found = QRegularExpression("points=\"3005,([\\d.]+) 5610,").globalMatch(svg);
+    while (found.hasNext())
+        rules.push_back(found.next().captured(1).toDouble());
+    ASSERT_EQ(rules.size(), 1 + 25U);
+    EXPECT_TRUE(svg.contains("stroke=\"#aaaaaa\" stroke-opacity=\"1\" stroke-width=\"3\""));
+    const double row = rules[2] - rules[1];
+    EXPECT_NEAR(row, metrics.height() + 16, 0.4);
+    EXPECT_NEAR(at("Key 3").place.y() - rules[2], 8 + metrics.ascent(), 0.4)
+        << "a rule stands in the middle between two rows";
 }
 
 // Every pad and key sends a controller with a long name, in each language.

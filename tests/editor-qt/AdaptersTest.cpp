@@ -118,10 +118,14 @@ TEST(SliderBar, GoesFromZeroTo127AndTellsWhatAUserMoves) {
     QTest::keyClick(&bar, Qt::Key_Up);
     EXPECT_EQ(face.value(), 65);
     EXPECT_EQ(moves, 1);
+    QTest::keyClick(&bar, Qt::Key_PageUp);
+    EXPECT_EQ(face.value(), 73);
+    EXPECT_EQ(moves, 2);
+    EXPECT_EQ(bar.focusPolicy(), Qt::StrongFocus);
     face.setValue(0);
     QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(10, 10));
     EXPECT_GT(face.value(), 0);
-    EXPECT_EQ(moves, 2);
+    EXPECT_EQ(moves, 3);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "editor/qt/ControlButton.h"
 
+#include "editor/qt/ControlShape.h"
+#include "tests/editor-qt/DrawnParts.h"
 #include "tests/support/Limits.h"
 
 #include <QApplication>
@@ -164,6 +166,13 @@ int depthOfChange(const QImage& before, const QImage& after, bool fromLeft) {
     return depth;
 }
 
+// The two lines of the ring, the light and the dark one.
+char ringOf(QRgb colour) {
+    if ((colour & 0xFFFFFF) == 0xFFFFFF)
+        return 'w';
+    return (colour & 0xFFFFFF) == 0x080C12 ? 'd' : '.';
+}
+
 TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
     pad_.clearFocus();
     const QImage before = seen();
@@ -174,6 +183,32 @@ TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
     const int left = depthOfChange(before, after, true);
     EXPECT_GT(left, 2);
     EXPECT_EQ(depthOfChange(before, after, false), left);
+    pad_.setLight({200, 100, 0});
+    const std::string plain = testing::partsOf(seen(), testing::Along::Row, 20, ringOf);
+    EXPECT_EQ(plain, "w2 d2 .83 d2 w2");
+    pad_.setImage("selected"); // then inside its frame
+    const std::string framed = testing::partsOf(seen(), testing::Along::Row, 20, ringOf);
+    EXPECT_NE(framed.find(" w2 d2 ."), std::string::npos) << framed;
+}
+
+TEST_F(ControlButtonTest, DotOfWhatIsNotSentStandsInTheUpperRightCorner) {
+    pad_.setLight({200, 100, 0});
+    const QImage before = seen();
+    pad_.setMarked(true);
+    const QImage after = seen();
+    QRect dot;
+    for (int y = 0; y < after.height(); ++y)
+        for (int x = 0; x < after.width(); ++x)
+            if (before.pixel(x, y) != after.pixel(x, y))
+                dot |= QRect(x, y, 1, 1);
+    EXPECT_EQ(dot, QRect(pad_.width() - 17, 5, 12, 12));
+    EXPECT_EQ(after.pixelColor(pad_.width() - 11, 11), QColor(255, 190, 60));
+    EXPECT_LT(after.pixelColor(pad_.width() - 16, 11).lightness(), 60) << "its edge";
+}
+
+TEST_F(ControlButtonTest, CaptionKeepsFromTheEdgesOfItsScreen) {
+    const QRectF screen = captionRect(ControlShape::Pad, pad_.rect());
+    EXPECT_EQ(pad_.captionRect(), screen.adjusted(1, 0, -1, 0));
 }
 
 } // namespace
