@@ -71,9 +71,9 @@ class Mutants(TreeTest):
         self.assertEqual(set(campaign.SUITES), set(mutants.GROUPS))
         for suite in {suite for suites in campaign.SUITES.values() for suite in suites}:
             self.assertIn(f"scenewright_test({suite}\n", text)
-        own = own_tests(ROOT, "protocol/Handshake.cpp")
+        own = own_tests(ROOT, "protocol/SceneImage.cpp")
         self.assertEqual(own[0], "protocol-tests")
-        self.assertIn("Handshake", own[1])
+        self.assertIn("SceneImage", own[1])
 
 
 LIST = """\
