@@ -1,6 +1,8 @@
-// The built program with a folder of its own, for tests of its commands on banks.
+// The built program with a folder of its own, for tests of its commands on banks, and a command of
+// it in the test's own process.
 #pragma once
 
+#include "cli/Command.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 
@@ -50,6 +52,21 @@ inline void expectSentence(const ProgramRun& result, int exitCode, const std::st
     EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
     EXPECT_TRUE(result.errors.starts_with("scenewright-cli: ")) << result.errors;
     EXPECT_NE(result.errors.find(part), std::string::npos) << result.errors;
+}
+
+// Runs what a line says whose words have no spaces in them; the program's name is not among them.
+inline int runCommand(const std::string& line) {
+    std::istringstream stream(line);
+    std::vector<std::string> words{"scenewright-cli"};
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    std::vector<const char*> pointers;
+    pointers.reserve(words.size());
+    for (const std::string& word : words)
+        pointers.push_back(word.c_str());
+    const CommandLine chosen =
+        parseCommandLine(static_cast<int>(pointers.size()), pointers.data()).value();
+    return chosen.choice.run(chosen.arguments);
 }
 
 class BankProgram : public ::testing::Test {

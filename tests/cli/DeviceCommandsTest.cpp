@@ -3,7 +3,6 @@
 #include "model/MessageValue.h"
 #include "protocol/Transactions.h"
 #include "tests/cli/BankProgram.h"
-#include "tests/cli/ChosenCommand.h"
 #include "tests/support/NoMoreThreads.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"

@@ -5,7 +5,6 @@
 #include "platform/Process.h"
 #include "protocol/Transactions.h"
 #include "tests/cli/BankProgram.h"
-#include "tests/cli/ChosenCommand.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
 #include "virtual/VirtualHost.h"

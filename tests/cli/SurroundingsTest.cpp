@@ -1,5 +1,6 @@
-// The program in surroundings that fail it: streams that are closed, full or left by their reader,
-// small limits, files under several names, other writers, signals.
+// The program in surroundings that fail it: streams that are full or left by their reader, files
+// under several names, other writers. tests/system/surroundings has each command's results, and the
+// limits.
 
 #include "platform/Process.h"
 #include "tests/cli/BankProgram.h"
@@ -7,12 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -22,8 +21,6 @@ namespace scenewright::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-const std::string kOutputError = "scenewright-cli: standard output could not be written\n";
 
 struct Pipe {
     FileDescriptor reader;
@@ -113,22 +110,6 @@ TEST_F(Surroundings, StreamThatCannotBeWrittenToStandardErrorEndsNoTransaction) 
     }
 }
 
-TEST_F(Surroundings, ResultThatCannotBeWrittenIsAnError) {
-    for (const char* words :
-         {"--help", "--version", "show --help", "udev-rules", "show a.bank", "get a.bank 'scene*'",
-          "convert a.bank -", "convert a.bank /dev/stdout", "default -", "--virtual=b.bank read -",
-          "--virtual=b.bank send a.bank --dry-run", "--virtual=b.bank send b.bank --backup -",
-          "diff a.bank b.bank"})
-        for (const int source : {full_.get(), left_.get(), GivenDescriptor::kClosed}) {
-            const ProgramRun result = runWith(words, {{1, source}});
-            EXPECT_EQ(result.exitCode, std::string(words).starts_with("diff") ? 2 : 1)
-                << words << ' ' << source;
-            EXPECT_EQ(result.errors, kOutputError) << words << ' ' << source;
-        }
-    expectBanksAsTheyWere();
-    EXPECT_EQ(runWith("devices", {{1, full_.get()}}).exitCode, 1);
-}
-
 TEST_F(Surroundings, NoFileIsOverwrittenUnderAnotherOptionsName) {
     const std::vector<std::pair<std::string, std::string>> rows{
         {"--log a.bank show a.bank",
@@ -195,14 +176,6 @@ TEST_F(Surroundings, StandardStreamsAreTheSameUnderEachOfTheirNames) {
     EXPECT_TRUE(text("five").starts_with("{"));
 }
 
-TEST_F(Surroundings, FileSizeLimitIsAWriteThatFails) {
-    const std::string set = "ulimit -f 0; exec " + kProgramInShell + " set a.bank scene1.pad1.CR=1";
-    EXPECT_EQ(shell("(" + set + ") 2>&1 | cat").output,
-              "scenewright-cli: Cannot write a.bank: File too large.\n");
-    EXPECT_EQ(shell(set).exitCode, 2);
-    expectBanksAsTheyWere();
-}
-
 TEST_F(Surroundings, StreamsFileThatIsNotWholeIsToldOnceAtTheEnd) {
     expectSentence(cli("--virtual=b.bank --log /dev/full --console /dev/null read out"), 1,
                    "scenewright-cli: /dev/full: not all of it could be written\n");
@@ -214,14 +187,6 @@ TEST_F(Surroundings, StreamToAPipeThatNobodyReadsIsRefused) {
     ASSERT_EQ(mkfifo(file("pipe").c_str(), 0600), 0);
     for (const std::string option : {"--log", "--console"})
         refused(option + " pipe show a.bank", "Cannot write pipe: nobody reads this pipe.");
-}
-
-TEST_F(Surroundings, NoFileTakesThePlaceOfAClosedStream) {
-    const std::string closed = " <&- >&- 2>&-";
-    EXPECT_EQ(cli("--virtual=b.bank --console console --log log read -" + closed).exitCode, 1);
-    for (const char* name : {"console", "log"})
-        EXPECT_EQ(text(name).find("could not be written"), std::string::npos) << name;
-    EXPECT_EQ(cli("show -" + closed).exitCode, 2);
 }
 
 TEST_F(Surroundings, PipeWithoutAWriterIsToldAndWaitedFor) {
@@ -264,40 +229,6 @@ TEST_F(Surroundings, ChangesThatAreMadeAtOnceAreAllIn) {
                       std::string::npos)
                 << got.output;
     }
-}
-
-// Starts the program with these words of a shell in the folder, and ends it after that time.
-void endAfter(useconds_t time, const std::string& words, const fs::path& folder) {
-    const std::string script = "exec " + kProgramInShell + " " + words;
-    const pid_t child = fork();
-    if (child == 0) {
-        signal(SIGTERM, SIG_DFL);
-        if (chdir(folder.c_str()) == 0)
-            execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
-        _exit(127);
-    }
-    usleep(time);
-    kill(child, SIGTERM);
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-}
-
-// Each run is met by the signal after a longer time.
-TEST_F(Surroundings, SignalLeavesNoFileBehind) {
-    constexpr int kRuns = 40;
-    constexpr useconds_t kLonger = 400; // microseconds: past the end of a run
-    for (const char* words :
-         {"set a.bank scene1.pad1.CR=1", "--virtual=b.bank read out.bank",
-          "--virtual=b.bank send a.bank", "--virtual send a.bank --backup out.bank"})
-        for (int run = 0; run < kRuns; ++run) {
-            endAfter(static_cast<useconds_t>(run) * kLonger, words,
-                     fs::path(file("a.bank")).parent_path());
-            fs::remove(file("out.bank"));
-            ASSERT_EQ(names(), (std::vector<std::string>{"a.bank", "b.bank", "link.bank"}))
-                << words << run;
-        }
-    EXPECT_EQ(bytes("a.bank").size(), 1012U);
-    EXPECT_EQ(bytes("b.bank").size(), 1012U);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // Bank files of any content: images, JSON texts, and what is neither. JSON texts of one scene too.
 #include "bank/BankFile.h"
-#include "tests/fuzz/Banks.h"
+#include "tests/fuzz/Checks.h"
 
 namespace scenewright::fuzz {
 

@@ -1,7 +1,8 @@
 // A JSON bank that somebody edited: the input is a list of edits, each of a line of a right text,
 // as random bytes hardly ever come as far as the values.
+#include "bank/BankFile.h"
 #include "model/SceneValue.h"
-#include "tests/fuzz/Banks.h"
+#include "tests/fuzz/Checks.h"
 #include "tests/fuzz/Input.h"
 
 #include <array>

@@ -28,6 +28,10 @@ void checkTrouble(const std::optional<std::string>& trouble);
 // find that. Set by the environment variable SCENEWRIGHT_FUZZ_PLANT.
 [[nodiscard]] bool faultIsPlanted();
 
+// Reads the bytes as a bank: refused whole and in one sentence, or taken, and then the same bank in
+// either form that it is written in.
+void checkBank(std::span<const std::uint8_t> bytes);
+
 // The option lists and the default scene of the tree's own resources, read once.
 [[nodiscard]] const PopUpValue& optionLists();
 // Four default scenes with names, made anew.
