@@ -165,8 +165,9 @@ TEST_F(PopUpValueTest, WhatTheFileLacksOrSpellsOtherwiseIsNullAndTheRestFilled) 
         writeBasic(row.dictionary);
         const Titles titles = row.read(*loadPopUpValue());
         ASSERT_EQ(titles != nullptr, row.titles.has_value()) << row.dictionary;
-        if (titles)
+        if (titles) {
             EXPECT_EQ(*titles, *row.titles) << row.dictionary;
+        }
     }
     writeBasic("<key>control"); // no property list
     const auto lists = loadPopUpValue();
