@@ -14,9 +14,10 @@ namespace scenewright {
 template <std::integral Number>
 [[nodiscard]] std::optional<Number> numberFrom(std::string_view text, int base = 10) {
     Number number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, base);
-    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+    // cppcheck-suppress danglingTemporaryLifetime ; the caller's text lasts as long as the call
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number, base);
+    const bool isWhole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+    return isWhole ? std::optional(number) : std::nullopt;
 }
 
 // The same in decimal digits, from `least` to `most`.
