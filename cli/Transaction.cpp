@@ -12,11 +12,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <condition_variable>
 #include <exception>
 #include <functional>
-#include <mutex>
+#include <future>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <system_error>
 #include <unistd.h>
@@ -113,11 +113,10 @@ std::jthread watchStats(std::chrono::milliseconds period,
     try {
         return std::jthread([period, look = std::move(look)](const std::stop_token& stop) noexcept {
             try {
-                std::mutex mutex;
-                std::condition_variable_any stopped;
-                std::unique_lock lock(mutex);
-                const auto isAsked = [&stop] { return stop.stop_requested(); };
-                while (!stopped.wait_for(lock, stop, period, isAsked) &&
+                std::promise<void> stopped;
+                const auto end = stopped.get_future();
+                const std::stop_callback onStop(stop, [&stopped] { stopped.set_value(); });
+                while (end.wait_for(period) == std::future_status::timeout &&
                        look(Transport::instance().stats())) {
                 }
             } catch (const std::exception&) { // the transfer goes on without
