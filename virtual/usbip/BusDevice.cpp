@@ -102,6 +102,13 @@ constexpr std::uint16_t kOutAddress = kOutEndpoint;
 constexpr std::uint16_t kControlOut = 0x00; // the addresses of endpoint 0
 constexpr std::uint16_t kControlIn = 0x80;
 
+// Nothing for endpoint 0, and for one that is not there.
+constexpr std::optional<VirtualController::Pipe> pipeAt(std::uint16_t address) {
+    if (address == kInAddress)
+        return VirtualController::Pipe::In;
+    return address == kOutAddress ? std::optional(VirtualController::Pipe::Out) : std::nullopt;
+}
+
 // Fields of the setup stage are little-endian.
 constexpr std::uint16_t fieldAt(const Setup& setup, std::size_t offset) {
     return static_cast<std::uint16_t>(setup.at(offset) | setup.at(offset + 1) << 8U);
@@ -250,33 +257,17 @@ std::optional<Bytes> ControlEndpoint::getStatus(const Request& /*request*/) {
 }
 
 std::optional<Bytes> ControlEndpoint::getEndpointStatus(const Request& request) {
-    using Pipe = VirtualController::Pipe;
-    bool isHalted = false;
-    switch (request.index) {
-    case kInAddress:
-        isHalted = controller_.isHalted(Pipe::In);
-        break;
-    case kOutAddress:
-        isHalted = controller_.isHalted(Pipe::Out);
-        break;
-    case kControlIn:
-    case kControlOut:
-        break;
-    default:
+    const auto pipe = pipeAt(request.index);
+    if (!pipe && request.index != kControlIn && request.index != kControlOut)
         return std::nullopt;
-    }
-    return Bytes{static_cast<std::uint8_t>(isHalted ? 1 : 0), 0};
+    return Bytes{static_cast<std::uint8_t>(pipe && controller_.isHalted(*pipe) ? 1 : 0), 0};
 }
 
 std::optional<Bytes> ControlEndpoint::clearEndpointFeature(const Request& request) {
-    if (request.value != kEndpointHalt)
+    const auto pipe = pipeAt(request.index);
+    if (request.value != kEndpointHalt || !pipe)
         return std::nullopt;
-    if (request.index == kInAddress)
-        controller_.clearHalt(VirtualController::Pipe::In);
-    else if (request.index == kOutAddress)
-        controller_.clearHalt(VirtualController::Pipe::Out);
-    else
-        return std::nullopt;
+    controller_.clearHalt(*pipe);
     return Bytes{};
 }
 
@@ -285,8 +276,8 @@ std::optional<Bytes> ControlEndpoint::setAddress(const Request& /*request*/) {
 }
 
 void ControlEndpoint::clearHalts() {
-    controller_.clearHalt(VirtualController::Pipe::In);
-    controller_.clearHalt(VirtualController::Pipe::Out);
+    for (const auto pipe : {VirtualController::Pipe::In, VirtualController::Pipe::Out})
+        controller_.clearHalt(pipe);
 }
 
 BusDevice::BusDevice(VirtualController& controller, VirtualIdentity identity, SendEnded sendEnded)
