@@ -39,19 +39,17 @@ struct ReasonRow {
     Reason reason;
     const char* word; // in the file
     SourceText alone;
-    SourceText ofSubject;
+    SourceText ofSubject = alone;
 };
 
 constexpr std::array<ReasonRow, 5> kReasons{{
-    {Reason::Unknown, "unknown", {}, {}},
-    {Reason::Read, "read", sourceText("scenewright::Earlier", "before a read"),
-     sourceText("scenewright::Earlier", "before a read")},
+    {Reason::Unknown, "unknown", {}},
+    {Reason::Read, "read", sourceText("scenewright::Earlier", "before a read")},
     {Reason::Send, "send", sourceText("scenewright::Earlier", "on the keyboard before a send"),
      sourceText("scenewright::Earlier", "on the keyboard before the send of {}")},
     {Reason::Opening, "opening", sourceText("scenewright::Earlier", "before a file was opened"),
      sourceText("scenewright::Earlier", "before opening {}")},
     {Reason::BringingBack, "bringing-back",
-     sourceText("scenewright::Earlier", "before earlier scenes were brought back"),
      sourceText("scenewright::Earlier", "before earlier scenes were brought back")},
 }};
 

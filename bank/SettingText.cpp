@@ -217,10 +217,7 @@ std::vector<SettingPlace> settingsAt(const Path& path) {
 }
 
 std::vector<SettingPlace> allSettings(std::int32_t scenes) {
-    std::vector<SettingPlace> places;
-    for (std::int32_t scene = 0; scene < scenes; ++scene)
-        appendScene(places, scene);
-    return places;
+    return settingsAt({.scenes = {0, scenes}});
 }
 
 namespace {

@@ -129,22 +129,12 @@ namespace {
 
 using Verdict = TryRun::Verdict;
 
-constexpr std::string_view wordOf(Verdict verdict) {
-    switch (verdict) {
-    case Verdict::Open:
-        return "open";
-    case Verdict::Right:
-        return "right";
-    case Verdict::Assumed:
-        return "assumed";
-    case Verdict::Wrong:
-        return "wrong";
-    case Verdict::Skipped:
-        return "skipped";
-    case Verdict::Silent:
-        return "silent";
-    }
-    return "";
+// In the order of the verdicts.
+constexpr std::array<std::string_view, 6> kVerdicts{"open",  "right",   "assumed",
+                                                    "wrong", "skipped", "silent"};
+
+std::string_view wordOf(Verdict verdict) {
+    return kVerdicts.at(static_cast<std::size_t>(verdict));
 }
 
 constexpr int kExitWrong = 1; // a control sends something else

@@ -188,29 +188,27 @@ std::string paragraph(const PluggedDevice& plugged) {
     return text + fmt::format("  can be opened: no. {}.\n", causeAndCure(kResultAccess));
 }
 
-nlohmann::ordered_json object(const PluggedDevice& plugged) {
+using Json = nlohmann::ordered_json;
+
+Json textOrNull(bool isThere, const std::string& text) {
+    return isThere ? Json(text) : Json();
+}
+
+Json object(const PluggedDevice& plugged) {
     const AttachedDevice& device = plugged.device;
     const bool canOpen = canBeOpened(device);
-    nlohmann::ordered_json object;
-    object["bus"] = device.bus;
-    object["address"] = device.address;
-    object["port"] = device.port;
-    object["serial"] = nullptr;
-    if (!device.serial.empty())
-        object["serial"] = device.serial;
-    object["vendorId"] = device.ids.vendor;
-    object["productId"] = device.ids.product;
-    object["manufacturer"] = device.maker;
-    object["name"] = device.name;
-    object["listed"] = plugged.isListed;
-    object["canOpen"] = canOpen;
-    object["cause"] = nullptr;
-    if (!canOpen)
-        object["cause"] = causeAndCure(kResultAccess);
-    object["linesToAdd"] = nullptr;
-    if (!plugged.isListed)
-        object["linesToAdd"] = deviceListLines(device.ids);
-    return object;
+    return {{"bus", device.bus},
+            {"address", device.address},
+            {"port", device.port},
+            {"serial", textOrNull(!device.serial.empty(), device.serial)},
+            {"vendorId", device.ids.vendor},
+            {"productId", device.ids.product},
+            {"manufacturer", device.maker},
+            {"name", device.name},
+            {"listed", plugged.isListed},
+            {"canOpen", canOpen},
+            {"cause", textOrNull(!canOpen, causeAndCure(kResultAccess))},
+            {"linesToAdd", textOrNull(!plugged.isListed, deviceListLines(device.ids))}};
 }
 
 } // namespace
@@ -226,10 +224,9 @@ std::string deviceTable(std::span<const PluggedDevice> devices) {
 
 std::string deviceJson(std::span<const PluggedDevice> devices) {
     constexpr int kIndent = 2;
-    auto array = nlohmann::ordered_json::array();
+    auto array = Json::array();
     for (const PluggedDevice& device : devices)
         array.push_back(object(device));
-    using Json = nlohmann::ordered_json;
     // A device's name is whatever the device says, valid or not.
     return array.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }

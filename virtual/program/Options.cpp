@@ -56,11 +56,9 @@ Result<ProgramOptions> programOptions(const Arguments& arguments) {
     if (!usbip::Listener::isAddress(options.listen))
         return failure(fmt::format(
             "--listen: '{}' must be an address and a port, as in 127.0.0.1:3240", options.listen));
-    if (arguments.has("--vhci")) {
-        options.vhciPort = numberFrom<std::uint32_t>(arguments.text("--vhci"));
-        if (!options.vhciPort)
-            return failure(fmt::format("Could not convert: --vhci = {}", arguments.text("--vhci")));
-    }
+    for (const std::string& port : arguments.texts("--vhci")) // one at most
+        if (options.vhciPort = numberFrom<std::uint32_t>(port); !options.vhciPort)
+            return failure(fmt::format("Could not convert: --vhci = {}", port));
     if (const auto taken = takeFaults(arguments.texts("--fault"), options.faults); !taken)
         return failure(taken.error());
     if (const auto count = arguments.number("--interfaces"))
