@@ -156,7 +156,6 @@ void addEnd(QPainterPath& path, const QRectF& rect, const QSizeF& round, qreal y
     path.lineTo(rect.right() - round.width(), far);
     path.cubicTo(rect.right() - pull, far, rect.right(), far + pullDown, rect.right(), far + down);
     path.lineTo(rect.right(), y);
-    path.closeSubpath();
 }
 
 } // namespace

@@ -172,9 +172,11 @@ TEST_F(OwnFoldersTest, AllowAsksOnceAndItsAnswerStaysUntilTheStateIsAnother) {
     EXPECT_EQ(shown.help().text(), "Waiting for an administrator's password...");
     QFile answer(file("answer"));
     ASSERT_TRUE(answer.open(QIODevice::WriteOnly));
+    const int before = looks;
     answer.write("126\n");
     answer.close();
     ASSERT_TRUE(waitUntil([&shown] { return field<QPushButton>(shown, "Allow").isEnabled(); }));
+    EXPECT_GT(looks, before) << "the rules may count by now";
     look();
     EXPECT_EQ(shown.help().text(),
               "The rules were not installed: the question for a password was closed.");

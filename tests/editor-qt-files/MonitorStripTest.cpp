@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
@@ -182,8 +183,8 @@ TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
     strip.findChild<QLineEdit*>()->setText("knob");
     toolButton("Copy").click();
     const QString copied = QApplication::clipboard()->text();
-    EXPECT_EQ(copied.count('\n'), 0);
-    EXPECT_TRUE(copied.endsWith("\tKnob 1")) << copied.toStdString();
+    const QRegularExpression line(R"(^\d\d:\d\d:\d\d\.\d{3}\tCC 74, ch 1, value 3\tKnob 1$)");
+    EXPECT_TRUE(line.match(copied).hasMatch()) << copied.toStdString();
 }
 
 // Ten seconds of a burst; nothing of it is lost, and only the latest lines are kept.
@@ -210,6 +211,10 @@ TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
     EXPECT_EQ(chosen(), kThirdPad);
     play({kPadOff, kPadOn});
     EXPECT_EQ(chosen(), kPad);
+    for (const MidiMessage& off : {kPadOff, MidiMessage{0x89, 38, 64}, MidiMessage{0x99, 38, 0}}) {
+        play({off});
+        EXPECT_EQ(chosen(), kPad) << "it is let go";
+    }
     play({{0xB0, 74, 1}, {0xB0, 74, 2}});
     EXPECT_EQ(chosen(), kKnob);
 }
@@ -380,8 +385,7 @@ TEST_F(TryStripTest, ItsButtonsStandBesideTheLineThatTellsAndTheTable) {
         EXPECT_EQ(button->accessibleName(), button->text());
     }
     EXPECT_EQ(titles, (QStringList{"Skip", "Back", "Copy Report", "End"}));
-    EXPECT_LT(table.width() * 2, strip.width() * 3) << "the wide column is the table's";
-    EXPECT_GT(table.width() * 2, strip.width());
+    EXPECT_GT(table.width(), strip.width() / 2) << "the wide column is the table's";
 }
 
 TEST_F(TryStripTest, TheEndTellsWhatWasFoundAndTheReportIsCopied) {
@@ -395,6 +399,7 @@ TEST_F(TryStripTest, TheEndTellsWhatWasFoundAndTheReportIsCopied) {
     EXPECT_EQ(lines.size(), 1 + 41);
     EXPECT_EQ(lines[0], told());
     EXPECT_EQ(lines[1], "Knob 1\tCC 74, ch 1\t✓ sent CC 74, ch 1, value 5");
+    EXPECT_EQ(field<QPushButton>(strip, "Close").text(), "Close");
     click("Close");
     EXPECT_FALSE(strip.isVisible());
     play({{0xB0, 74, 5}}); // nobody is there to take it

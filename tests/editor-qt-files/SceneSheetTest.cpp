@@ -102,6 +102,32 @@ TEST_F(SceneSheetTest, APictureHasThePagesBelowOneAnotherOnWhitePaper) {
     expectWithinMargins(a4, 4);
 }
 
+// Where the dark body of the keyboard is, along a row of dots.
+std::pair<int, int> bodyAlong(const QImage& image, int y) {
+    int first = image.width();
+    int last = -1;
+    for (int x = 0; x < image.width(); ++x)
+        if (qGray(image.pixel(x, y)) < 60) {
+            first = std::min(first, x);
+            last = x;
+        }
+    return {first, last};
+}
+
+TEST_F(SceneSheetTest, TheKeyboardStandsInTheMiddleBetweenTheMarginsOrIsSmaller) {
+    constexpr double kDots = 150.0 / 720; // a tenth of a point
+    const QImage page = QImage::fromData(written("one.png", sheet(1)), "PNG");
+    const auto [left, right] = bodyAlong(page, page.height() / 5);
+    EXPECT_NEAR(left, 340 * kDots, 6);
+    EXPECT_NEAR(right, page.width() - 340 * kDots, 6);
+    const QPageSize wide(QSizeF(842, 595), QPageSize::Point, "any", QPageSize::ExactMatch);
+    const QImage low = QImage::fromData(written("low.png", sheet(1), wide), "PNG");
+    const auto [first, last] = bodyAlong(low, low.height() / 3);
+    EXPECT_GT(first, 340 * kDots + 40);
+    EXPECT_NEAR(first + last, low.width(), 4);
+    EXPECT_GT(last - first, low.width() / 2);
+}
+
 TEST_F(SceneSheetTest, APageOfAnyShapeKeepsItsMargins) {
     for (const QSizeF size : {QSizeF(842, 595), QSizeF(420, 595)}) {
         const QPageSize paper(size, QPageSize::Point, "any", QPageSize::ExactMatch);
@@ -190,6 +216,8 @@ TEST_F(SceneSheetTest, APageHasItsHeadingAndTwoTablesOfThreeColumns) {
     while (found.hasNext())
         rules.push_back(found.next().captured(1).toDouble());
     ASSERT_EQ(rules.size(), 1 + 25U);
+    EXPECT_GT(svg.indexOf(">C#3<"), svg.indexOf(">C5<")) << "black keys lie on the white ones";
+    EXPECT_GT(svg.indexOf(">C5<"), 0);
     EXPECT_TRUE(svg.contains("stroke=\"#aaaaaa\" stroke-opacity=\"1\" stroke-width=\"3\""));
     const double row = rules[2] - rules[1];
     EXPECT_NEAR(row, metrics.height() + 16, 0.4);

@@ -104,6 +104,30 @@ TEST(SegmentBar, OneSegmentIsDownAndOfTheAccentsColourAndAUsersChoiceIsTold) {
     EXPECT_EQ(choices, 2);
 }
 
+TEST(SegmentButton, EndsATextThatHasNoRoomWithDots) {
+    SegmentButton button("A scene with a name && more", nullptr);
+    button.setProperty("segment", true);
+    EXPECT_EQ(button.minimumSizeHint().width(), 84 + 28);
+    EXPECT_EQ(button.minimumSizeHint().height(), button.sizeHint().height());
+    // From the first to the last column with ink.
+    const auto inkAt = [&button](int width) {
+        button.resize(width, button.sizeHint().height());
+        const QImage image = button.grab().toImage();
+        QRect ink;
+        for (int y = 4; y < image.height() - 4; ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qGray(image.pixel(x, y)) < 100)
+                    ink |= QRect(x, y, 1, 1);
+        return ink;
+    };
+    const int whole = inkAt(button.sizeHint().width()).width();
+    EXPECT_EQ(inkAt(button.sizeHint().width() + 40).width(), whole);
+    const QRect cut = inkAt(button.minimumSizeHint().width());
+    EXPECT_LT(cut.width(), whole);
+    EXPECT_GE(cut.left(), 14);
+    EXPECT_LE(cut.right(), button.minimumSizeHint().width() - 14);
+}
+
 TEST(SliderBar, GoesFromZeroTo127AndTellsWhatAUserMoves) {
     SliderBar bar{3};
     int moves = 0;

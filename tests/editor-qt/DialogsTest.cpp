@@ -43,6 +43,25 @@ void put(QWidget& widget) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget, testing::kLimitMilliseconds));
 }
 
+TEST(DialogTable, ColumnsAreAsWideAsTheirTextsWithAGapUpToTheWidest) {
+    QTreeWidget table;
+    layOutTable(table, "Table", {"A", "B", "C"});
+    const QStringList texts{QString(10, 'W'), "a text", "i"};
+    QTreeWidgetItem row(&table, texts); // ends with the table or before it
+    fitColumns(table);
+    table.resizeColumnToContents(0);
+    const int bare = table.columnWidth(0);
+    const auto inkOf = [&table](const QString& text) {
+        return table.fontMetrics().horizontalAdvance(text);
+    };
+    EXPECT_GE(bare, inkOf(texts[0]));
+    fitColumns(table);
+    EXPECT_EQ(table.columnWidth(0), bare + 18);
+    EXPECT_EQ(table.columnWidth(1) - inkOf(texts[1]), table.columnWidth(0) - inkOf(texts[0]));
+    fitColumns(table, 60);
+    EXPECT_EQ(table.columnWidth(0), 60);
+}
+
 TEST(About, TellsTheVersionsTheLicenceAndTheLibrariesUntilReturnClosesIt) {
     About about;
     put(about);

@@ -65,10 +65,12 @@ TEST(NoticeBar, ActionsStandInTheirOrderBeforeTheDismissal) {
     QStringList titles;
     auto buttons = bar.findChildren<QPushButton*>();
     std::ranges::sort(buttons, {}, [](const QPushButton* button) { return button->x(); });
+    buttons.removeIf([](const QPushButton* button) { return !button->isVisible(); });
     for (const QPushButton* button : buttons)
-        if (button->isVisible())
-            titles.append(button->text());
+        titles.append(button->text());
     EXPECT_EQ(titles, (QStringList{"First", "Second", "Dismiss"}));
+    EXPECT_EQ(bar.findChild<NoticeText*>()->geometry().right() + 1 + 6, buttons.front()->x())
+        << "the text has the room that is left";
 }
 
 TEST(NoticeBar, AChosenActionTakesItsNoticeAwayAndMayPostForItsOwnSource) {
