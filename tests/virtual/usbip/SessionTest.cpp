@@ -1,18 +1,65 @@
 #include "virtual/usbip/Session.h"
 
 #include "tests/virtual/ControllerDriver.h"
-#include "tests/virtual/usbip/Messages.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 
 namespace scenewright::usbip {
 namespace {
 
 using testing::countingBank;
 using testing::dataPacket;
+
+// What a host says to a server, built byte by byte.
+const Bytes kDevicesRequest{0x01, 0x11, 0x80, 0x05, 0, 0, 0, 0};
+
+Bytes importRequest(std::string_view busId) {
+    Bytes message{0x01, 0x11, 0x80, 0x03, 0, 0, 0, 0};
+    message.insert(message.end(), busId.begin(), busId.end());
+    message.resize(40);
+    return message;
+}
+
+void putNumber(Bytes& message, std::size_t offset, std::uint32_t value) {
+    for (unsigned byte = 0; byte < 4; ++byte)
+        message.at(offset + byte) = static_cast<std::uint8_t>(value >> (24U - 8U * byte));
+}
+
+// Code, number, device 2 of bus 1, direction, endpoint.
+Bytes header(std::uint32_t code, std::uint32_t sequence, std::uint32_t direction,
+             std::uint32_t endpoint) {
+    Bytes message(48);
+    putNumber(message, 0, code);
+    putNumber(message, 4, sequence);
+    putNumber(message, 8, 0x10002);
+    putNumber(message, 12, direction);
+    putNumber(message, 16, endpoint);
+    return message;
+}
+
+Bytes inMessage(std::uint32_t sequence, std::uint32_t room) {
+    auto message = header(1, sequence, 1, 1);
+    putNumber(message, 24, room);
+    return message;
+}
+
+Bytes outMessage(std::uint32_t sequence, const Bytes& bytes) {
+    auto message = header(1, sequence, 0, 2);
+    putNumber(message, 24, static_cast<std::uint32_t>(bytes.size()));
+    message.insert(message.end(), bytes.begin(), bytes.end());
+    return message;
+}
+
+Bytes unlinkMessage(std::uint32_t sequence, std::uint32_t target) {
+    auto message = header(2, sequence, 0, 0);
+    putNumber(message, 20, target);
+    return message;
+}
 
 class SessionTest : public ::testing::Test {
 protected:

@@ -159,10 +159,13 @@ class Host:
     def answer(self, request):
         """Of a transfer that ends well: the bytes that it brings."""
         self.send(request)
+        return self.heard(request[15])
+
+    def heard(self, is_in=True):
         status, length = struct.unpack(">iI", self.receive(48)[20:28])
         if status:
             raise Lost(f"a transfer ended with {status}")
-        return self.receive(length) if request[15] else b""
+        return self.receive(length) if is_in else b""
 
     def has_ended(self):
         """Whether the server ends the connection, whatever else it sends before."""
@@ -182,20 +185,32 @@ class Host:
         self.number += 1
         self.answer(bulk_out(self.number, data))
 
-    def read(self):
+    def listen(self):
+        """Asks for a read; heard() gives what it brings."""
         self.number += 1
-        return self.answer(bulk_in(self.number))
+        self.send(bulk_in(self.number))
+
+    def read(self):
+        self.listen()
+        return self.heard()
+
+    def ask(self, data):
+        self.write(data)
+        return self.read()
 
     def handshake(self):
         for packet in HANDSHAKE:
             self.write(packet)
         return self.read()
 
+    def start_reading(self):
+        self.handshake()
+        self.ask(START_READ)
+
     def begin_send(self):
         self.handshake()
         self.write(START_SEND)
-        self.write(TWO_BLOCKS)
-        self.read()
+        self.ask(TWO_BLOCKS)
 
     def send_bank(self, bank):
         """The last answer comes when it is kept."""
