@@ -193,7 +193,6 @@ SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(paren
     for (int position = 0; position < names.size(); ++position) {
         auto& button = makeChild<SegmentButton>(names[position], this);
         button.setCheckable(true);
-        button.setAutoDefault(false);
         button.setProperty("segment", true);
         button.setAccessibleName(names[position]);
         group_.addButton(&button, position);

@@ -92,7 +92,6 @@ KeyboardCommands::KeyboardCommands(MainWindow& window, std::shared_ptr<Keyboards
       picker_(&makeChild<QPushButton>(&window.status())), choices_(&makeChild<QMenu>(picker_)),
       installer_(&makeChild<AccessInstaller>(this)) {
     picker_->setFlat(true);
-    picker_->setAutoDefault(false);
     picker_->setMenu(choices_);
     picker_->setAccessibleDescription(tr("Which keyboard to use"));
     picker_->setAccessibleName(picker_->accessibleDescription());

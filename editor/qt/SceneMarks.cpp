@@ -24,7 +24,6 @@ constexpr QSize kListSize(560, 320);
 
 UnsentButton::UnsentButton(QWidget* parent) : QPushButton(parent) {
     setFlat(true);
-    setAutoDefault(false);
     QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
@@ -108,7 +107,6 @@ void ChangeMarks::showOnPicture() {
 SceneChecks::SceneChecks(MainWindow& window, History& history)
     : window_(window), badge_(&makeChild<QPushButton>(&window.status())) {
     badge_->setFlat(true);
-    badge_->setAutoDefault(false);
     badge_->setToolTip(tr("What may not be meant in these scenes"));
     badge_->setAccessibleName(badge_->toolTip());
     badge_->hide();

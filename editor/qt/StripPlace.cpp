@@ -48,7 +48,6 @@ void StripPlace::addPage(QWidget& page) {
     name.setProperty("segment", true);
     name.setAccessibleName(page.accessibleName());
     name.setCheckable(true);
-    name.setAutoDefault(false);
     group_->addButton(&name);
     connect(&name, &QPushButton::clicked, this, [this, &page] { bringUp(page); });
     column_->insertWidget(static_cast<int>(pages_.size()), &name);

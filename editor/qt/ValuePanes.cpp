@@ -125,7 +125,6 @@ void ValuePanes::addSends(Body& body) {
 
 void ValuePanes::addSwatch(Body& body) {
     swatch_ = &makeChild<QPushButton>(body.frame);
-    swatch_->setAutoDefault(false);
     swatch_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addField(body, tr("Mixed colour"), *swatch_,
              tr("The light of the pad, as the three levels mix it. A click opens a palette."));

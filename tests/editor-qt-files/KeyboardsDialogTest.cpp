@@ -61,6 +61,13 @@ TEST_F(KeyboardsDialogTest, TheDialogsUseThisOneWaitsForTheEndOfASend) {
     EXPECT_FALSE(commands().keyboards().dialog()->isVisible());
 }
 
+TEST_F(KeyboardsDialogTest, ALongNameLeavesTheOtherColumnsInSight) {
+    plugged.front().name = std::string(99, 'W');
+    watch();
+    EXPECT_EQ(dialog().table().columnWidth(0), 280);
+    EXPECT_GE(dialog().help().minimumHeight(), 3 * dialog().help().fontMetrics().lineSpacing());
+}
+
 TEST_F(KeyboardsDialogTest, TheDialogsRowStaysWhereItWasAndUseThisOneUsesIt) {
     watch();
     KeyboardsDialog& shown = dialog();

@@ -150,6 +150,10 @@ TEST_F(MonitorStripTest, WhatIsPlayedShowsOnThePicture) {
     play({kPadOn});
     EXPECT_TRUE(button(kThirdPad).isPlayed());
     EXPECT_FALSE(button(kThirdPad + 1).isPlayed());
+    play({{0x99, 38, 0}}); // which is an end, too
+    EXPECT_FALSE(button(kThirdPad).isPlayed());
+    play({kPadOn});
+    EXPECT_TRUE(button(kThirdPad).isPlayed());
     play({kPadOff, {0xB0, 74, 127}});
     EXPECT_FALSE(button(kThirdPad).isPlayed());
     EXPECT_TRUE(button(kKnob).isPlayed());
