@@ -103,7 +103,7 @@ Result<Target> targetOf(std::string_view pathText, std::string_view start) {
     target.path.setting = findSetting(path->kind, isChannel ? "MIDIChannel" : kNumberField);
     if (target.path.setting == nullptr)
         return failure(
-            fmt::format("{} cannot be filled with {}", sanitized(pathText), sanitized(start)));
+            fmt::format("{} cannot be filled with \"{}\"", sanitized(pathText), sanitized(start)));
     if (isChannel)
         return target;
     const bool isController = start.starts_with(kControllerMark);
@@ -249,7 +249,8 @@ FilledScenes fillValues(const PopUpValue& lists, const SceneList& scenes, std::s
         const auto colours = coloursFor(start, places.size() / kColourFields.size());
         if (!colours || steps.intervals)
             return failure(usageError(fmt::format(
-                "{} cannot be filled with {}: a colour as in #ff8000, several with commas between, "
+                "{} cannot be filled with \"{}\": a colour as in #ff8000, several with commas "
+                "between, "
                 "the first and the last as in #ff0000..#ffff00, or one of {} was expected",
                 sanitized(path), sanitized(start), paletteNames())));
         writeColours(copies, places, *colours);

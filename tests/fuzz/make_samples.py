@@ -91,6 +91,7 @@ FILLS = [
     "scene1.pad*\nC2", "scene*.key*\nD3\n2,1,2,2,2,1,2", "scene1.pad*\ncc:20\n-1",
     "scene1.pad*\nch:10", "scene1.pad*.colour\n#ff0000..#ffff00", "scene1.pad*\n#ff0000,#00ff00",
     "scene*.pad*.colour\nsafe", "scene1.knob*\nsustain", "scene1.key*\nC9", "scene1\n5",
+    "scene1.group4\n",
 ]  # fmt: skip
 
 
