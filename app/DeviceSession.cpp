@@ -180,8 +180,8 @@ constexpr int kExitFailed = 1;
 
 // What follows for an operation when nothing was moved, and when transfers failed.
 struct Consequence {
-    DeviceOperation operation;
-    SourceText ofNothing;
+    DeviceOperation operation{};
+    SourceText ofNothing{};
     SourceText ofFailures = ofNothing;
 };
 

@@ -36,9 +36,9 @@ constexpr const char* kTimeForm = "%Y%m%dT%H%M%S";
 constexpr std::string_view kFormat = "scenewright-earlier";
 
 struct ReasonRow {
-    Reason reason;
-    const char* word; // in the file
-    SourceText alone;
+    Reason reason{};
+    const char* word = nullptr; // in the file
+    SourceText alone{};
     SourceText ofSubject = alone;
 };
 

@@ -71,9 +71,9 @@ struct Path {
     enum class Level : std::uint8_t { Scene, Control, Setting };
 
     Level level = Level::Scene;
-    PathRange scenes;
+    PathRange scenes{};
     ControlKind kind = ControlKind::Common; // from Level::Control on
-    PathRange controls;
+    PathRange controls{};
     const Setting* setting = nullptr; // at Level::Setting; null for the scene's name and a colour
     bool isColour = false;
 };

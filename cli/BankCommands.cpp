@@ -94,6 +94,7 @@ int drawSheet(const Arguments& arguments) {
             words.insert(words.end(), {option, arguments.text(option)});
     words.insert(words.end(), {"--", in == "-" ? "/dev/stdin" : in});
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
