@@ -268,7 +268,9 @@ Result<std::int32_t> indexOfDigits(const SettingPlace& place, const Titles& titl
                                    std::string_view digits) {
     const auto index = indexOf(digits);
     if (!index)
-        return failure(notAValue(pathOf(place), sanitized(digits)));
+        return failure(notAValue(pathOf(place), isIndex(digits)
+                                                    ? std::string(digits)
+                                                    : fmt::format("\"{}\"", sanitized(digits))));
     if (!hasOption(titles, *index))
         return failure(fmt::format("{0} has no option of index {1}: its options go from 0 ({2}) to "
                                    "{3} ({4}); raw:{1} is stored all the same",

@@ -203,8 +203,10 @@ TEST(SetValues, ErrorIsOnePhrase) {
               "(Note); raw:9 is stored all the same"},
              {"scene1.pad3.AssignType=raw:128",
               "scene1.pad3.AssignType must be a whole number from 0 to 127, and is 128"},
-             {"scene1.pad3.AssignType=raw:Note",
-              "scene1.pad3.AssignType must be a whole number from 0 to 127, and is Note"},
+             {"scene1.pad3.AssignType=raw:Note ",
+              "scene1.pad3.AssignType must be a whole number from 0 to 127, and is \"Note \""},
+             {"scene1.pad3.AssignType=raw:",
+              "scene1.pad3.AssignType must be a whole number from 0 to 127, and is \"\""},
              {"scene1.pad3.MIDIChannel=ch:17",
               "scene1.pad3.MIDIChannel must be a channel from 1 to "
               "16 behind ch:, and is \"17\""},

@@ -78,6 +78,7 @@ ASSIGNMENTS = [
     "scene1=1", "scene1.key1.KeyBehavior=Nonsense", "scene1.pad1.colour=#ff8000",
     "scene1.pad1.MIDIChannel=raw:127", "scene1.pad1.MIDIChannel=ch:10",
     "scene1.knob1.CCOrNoteNumber=sustain", "scene1.key1.CCOrNoteNumber=db+2",
+    "scene1.pad1.MIDIChannel=raw:scene ",
 ]  # fmt: skip
 
 COPIES = [
