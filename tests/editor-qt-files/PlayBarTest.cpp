@@ -231,6 +231,7 @@ TEST_F(PlayBarTest, AKeyThatIsLetGoOfOverAMenuEndsItsNote) {
     action().setChecked(true);
     QTest::keyPress(keyboard(), Qt::Key_A);
     QMenu menu(&window());
+    menu.addAction("an entry"); // without one some releases of the toolkit do not open it
     menu.popup({});
     QTest::keyRelease(&menu, Qt::Key_A);
     EXPECT_EQ(sent(), (Messages{{0x90, kKeyNote, 100}, {0x80, kKeyNote, 0}}));
