@@ -1,7 +1,7 @@
 #include "app/KeptFile.h"
 
 #include "bank/BankFile.h"
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>

@@ -3,7 +3,7 @@
 #include "bank/Edit.h"
 #include "bank/SettingText.h"
 #include "model/Setting.h"
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

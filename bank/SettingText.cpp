@@ -3,7 +3,7 @@
 #include "bank/BankFile.h"
 #include "model/TypedValue.h"
 #include "model/ValueAction.h"
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>

@@ -9,7 +9,7 @@
 #include "cli/Command.h"
 #include "model/PopUpValue.h"
 #include "model/Setting.h"
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

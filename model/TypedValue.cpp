@@ -1,6 +1,6 @@
 #include "model/TypedValue.h"
 
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 #include <fmt/format.h>
 

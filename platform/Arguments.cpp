@@ -1,6 +1,5 @@
 #include "platform/Arguments.h"
 
-#include "platform/Numbers.h"
 #include "platform/Text.h"
 
 #include <CLI/CLI.hpp>

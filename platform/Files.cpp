@@ -1,6 +1,5 @@
 #include "platform/Files.h"
 
-#include "platform/Numbers.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
 

@@ -3,16 +3,21 @@
 //
 // Each of our own is marked where it stands, with the context that its translation is found under,
 // and goes through the one translator that a program has put in. A program without one speaks as
-// written; so do the streams, whatever the language of the window. At the end, what an operation
-// gives that can fail, which is such a text when it does.
+// written; so do the streams, whatever the language of the window. Then numbers out of text: what
+// people type, what files and the system's own files hold. At the end, what an operation gives that
+// can fail, which is such a text when it does.
 #pragma once
 
 #include <fmt/format.h>
 
+#include <charconv>
+#include <concepts>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <tl/expected.hpp>
 #include <type_traits>
 #include <utility>
@@ -55,6 +60,24 @@ template <typename... Values>
 // The bytes of a text. Refers to them.
 [[nodiscard]] inline std::string_view asText(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// The number that the whole text is, in digits of this base; a minus before them for a Number that
+// has a sign. Nothing for anything else, a plus and blanks among it, nor for what no Number holds.
+template <std::integral Number>
+[[nodiscard]] std::optional<Number> numberFrom(std::string_view text, int base = 10) {
+    Number number = 0;
+    // cppcheck-suppress danglingTemporaryLifetime ; the caller's text lasts as long as the call
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number, base);
+    const bool isWhole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+    return isWhole ? std::optional(number) : std::nullopt;
+}
+
+// The same in decimal digits, from `least` to `most`.
+template <std::integral Number>
+[[nodiscard]] std::optional<Number> numberWithin(std::string_view text, Number least, Number most) {
+    const auto number = numberFrom<Number>(text);
+    return number && *number >= least && *number <= most ? number : std::nullopt;
 }
 
 // What an operation gives that can fail: its value, or why there is none.

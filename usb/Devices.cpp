@@ -1,7 +1,6 @@
 #include "usb/Devices.h"
 
 #include "platform/Files.h"
-#include "platform/Numbers.h"
 #include "platform/Resources.h"
 #include "platform/Text.h"
 

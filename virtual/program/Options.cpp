@@ -1,6 +1,6 @@
 #include "virtual/program/Options.h"
 
-#include "platform/Numbers.h"
+#include "platform/Text.h"
 #include "virtual/usbip/Sockets.h"
 
 #include <fmt/format.h>
