@@ -59,8 +59,9 @@ TEST(KeyboardDrawing, HasABodyAndTheFortyFivePlacesInItOnce) {
     for (std::int32_t tag = 1; tag <= 45; ++tag) {
         EXPECT_TRUE(ids.contains(QString("control-%1").arg(tag))) << tag;
         EXPECT_TRUE(body.contains(drawing.place(tag))) << tag;
-        if (tag > 21) // keys stand in the order of their notes
+        if (tag > 21) { // keys stand in the order of their notes
             EXPECT_GT(drawing.place(tag).center().x(), drawing.place(tag - 1).center().x()) << tag;
+        }
     }
     EXPECT_TRUE(drawing.place(0).isEmpty());
     EXPECT_TRUE(drawing.place(46).isEmpty());
