@@ -172,8 +172,8 @@ protected:
         given_.removeDuplicates();
     }
 
-    void open(std::shared_ptr<Keyboards> keyboards = nullptr) {
-        CommandsBench::open(std::move(keyboards));
+    void open(std::shared_ptr<Keyboards> looked = nullptr) {
+        CommandsBench::open(std::move(looked));
         given_ += window().displayModes().titles();
     }
     void expectOwn(const QString& text, const QStringList& given = {}) {
@@ -411,8 +411,7 @@ TEST_F(SourceTextsTest, EveryCauseAndCure) {
 }
 
 TEST_F(SourceTextsTest, WhatKeepsTheKeyboardFromUse) {
-    std::vector<AttachedDevice> plugged;
-    open(std::make_shared<Keyboards>("", [&plugged] { return plugged; }));
+    open(std::make_shared<Keyboards>("", [this] { return plugged; }));
     expectTold(commands().keyboard().text());
     using Access = AttachedDevice::Access;
     for (const Access access : {Access::NoPermission, Access::Claimed, Access::Usable}) {
