@@ -36,13 +36,6 @@ QStringList labels(const QWidget& parent) {
     return texts;
 }
 
-// Laid out as large as it wants to be, and on the screen.
-void put(QWidget& widget) {
-    widget.resize(600, widget.sizeHint().height());
-    widget.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget, testing::kLimitMilliseconds));
-}
-
 TEST(DialogTable, ColumnsAreAsWideAsTheirTextsWithAGapUpToTheWidest) {
     QTreeWidget table;
     layOutTable(table, "Table", {"A", "B", "C"});
@@ -64,7 +57,9 @@ TEST(DialogTable, ColumnsAreAsWideAsTheirTextsWithAGapUpToTheWidest) {
 
 TEST(About, TellsTheVersionsTheLicenceAndTheLibrariesUntilReturnClosesIt) {
     About about;
-    put(about);
+    about.resize(600, about.sizeHint().height());
+    about.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&about, testing::kLimitMilliseconds));
     EXPECT_EQ(about.windowTitle(), "About Scenewright");
     EXPECT_EQ(about.accessibleName(), "About Scenewright");
     const QStringList texts = labels(about);

@@ -27,13 +27,6 @@ namespace {
 
 using Source = Notice::Source;
 
-QStringList labels(const QWidget& parent) {
-    QStringList texts;
-    for (const QLabel* label : parent.findChildren<QLabel*>())
-        texts.append(label->text());
-    return texts;
-}
-
 // Laid out as large as it wants to be, and on the screen.
 void put(QWidget& widget) {
     widget.resize(600, widget.sizeHint().height());
@@ -271,7 +264,7 @@ TEST(StatusLine, IsOneRowOfMessageMarkAndWhatWasAdded) {
     ASSERT_NE(busy, nullptr);
     EXPECT_GE(busy->x(), status.message().geometry().right());
     EXPECT_GE(mark.x(), busy->geometry().right());
-    EXPECT_EQ(labels(status).size(), 2); // the message and the mark
+    EXPECT_EQ(status.findChildren<QLabel*>().size(), 2); // the message and the mark
     EXPECT_EQ(busy->size(), QSize(72, 12));
     EXPECT_EQ(status.message().x(), 15); // behind its edge
     EXPECT_EQ(busy->x(), status.message().geometry().right() + 1 + 10);
