@@ -74,6 +74,10 @@ void ControlButton::setAttributedTitle(const AttributedTitle& title) {
     drawLater();
 }
 
+void ControlButton::setNeedsDisplay() {
+    drawLater();
+}
+
 void ControlButton::drawLater() {
     if (std::exchange(willDraw_, true))
         return;

@@ -28,7 +28,7 @@ public:
     void setTitle(const std::string& title) override;
     [[nodiscard]] AttributedTitle attributedTitle() const override { return look_.title; }
     void setAttributedTitle(const AttributedTitle& title) override;
-    void setNeedsDisplay() override {} // what has changed is drawn without being asked for
+    void setNeedsDisplay() override;
     void setAction(std::function<void()> action) override;
     // Those that are held in the click whose action is carried out; none for one that the program
     // makes.
