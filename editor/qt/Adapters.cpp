@@ -15,6 +15,8 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 
@@ -28,11 +30,13 @@ constexpr int kPage = 8;
 const QString kAnd = QStringLiteral("&");
 const QString kWrittenAnd = QStringLiteral("&&"); // as a button's text has it
 
-// Those of the chosen segment, the wider ones.
-QFontMetrics chosenMetrics(const QWidget& segment) {
-    QFont font = segment.font();
-    font.setWeight(QFont::DemiBold);
-    return QFontMetrics(font);
+constexpr ushort kLatinEnd = 0x250; // of the code points
+
+// Its letters are in any font, which none of another font makes higher.
+bool isLatinLine(const QString& text) {
+    return std::ranges::all_of(text, [](QChar letter) {
+        return letter.unicode() < kLatinEnd && letter != QLatin1Char('\n');
+    });
 }
 
 QString plain(QString title) {
@@ -160,12 +164,12 @@ SegmentButton::SegmentButton(const QString& title, QWidget* parent) : QPushButto
 QSize SegmentButton::sizeAround(int width) const {
     QStyleOptionButton option;
     initStyleOption(&option);
-    const QSize contents(width, chosenMetrics(*this).height());
+    const QSize contents(width, fontMetrics().height());
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
 }
 
 QSize SegmentButton::sizeHint() const {
-    return sizeAround(chosenMetrics(*this).horizontalAdvance(plain(text())) + 1);
+    return sizeAround(fontMetrics().horizontalAdvance(plain(text())) + 1);
 }
 
 QSize SegmentButton::minimumSizeHint() const {
@@ -177,10 +181,9 @@ void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionButton option;
     initStyleOption(&option);
     const int room =
-        width() - sizeHint().width() + chosenMetrics(*this).horizontalAdvance(plain(text())) + 1;
-    option.text = chosenMetrics(*this)
-                      .elidedText(plain(text()), Qt::ElideRight, room)
-                      .replace(kAnd, kWrittenAnd);
+        width() - sizeHint().width() + fontMetrics().horizontalAdvance(plain(text())) + 1;
+    option.text =
+        fontMetrics().elidedText(plain(text()), Qt::ElideRight, room).replace(kAnd, kWrittenAnd);
     painter.drawControl(QStyle::CE_PushButton, option);
 }
 
@@ -260,7 +263,13 @@ QSize NameLabel::sizeHint() const {
     if (size_.isEmpty() || measured_ != text() || flags_ != flags) {
         measured_ = text();
         flags_ = flags;
-        size_ = fontMetrics().size(flags, measured_);
+        if (isLatinLine(measured_)) { // where measuring costs less than for any text
+            const QFontMetricsF metrics(fontMetrics());
+            const QString seen = flags == 0 ? measured_ : unmarked(measured_);
+            size_ = QSizeF(std::ceil(metrics.horizontalAdvance(seen)), metrics.height()).toSize();
+        } else {
+            size_ = fontMetrics().size(flags, measured_);
+        }
     }
     return size_.grownBy(contentsMargins());
 }

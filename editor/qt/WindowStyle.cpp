@@ -1,7 +1,7 @@
 // How the style draws and measures the widgets.
 #include "editor/qt/Theme.h"
 
-#include <QFont>
+#include <QFrame>
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
@@ -80,8 +80,10 @@ bool hasOwnFrame(const QStyleOption& line) {
     return frame == nullptr || frame->lineWidth > 0;
 }
 
-bool isFlatFrame(const QWidget* widget) {
-    return has(widget, "panel") || has(widget, "segments") || has(widget, "list");
+bool isFlatFrame(const QStyleOption& option, const QWidget* widget) {
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&option);
+    return frame != nullptr && frame->frameShape == QFrame::StyledPanel &&
+           (has(widget, "panel") || has(widget, "segments") || has(widget, "list"));
 }
 
 void drawFrame(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -240,16 +242,13 @@ void drawTip(const QStyleOption& option, QPainter& painter) {
 
 void polishLabel(QLabel& label) {
     const QString role = label.property("role").toString();
-    if (role == QLatin1String("heading")) {
-        QFont font;
-        font.setWeight(QFont::DemiBold);
-        label.setFont(font);
-    } else if (role == QLatin1String("field") || role == QLatin1String("hint")) {
+    if (role == QLatin1String("heading"))
+        label.setForegroundRole(QPalette::Link);
+    else if (role == QLatin1String("field") || role == QLatin1String("hint"))
         label.setForegroundRole(QPalette::PlaceholderText);
-    } else if (!role.isEmpty()) {
+    else if (!role.isEmpty())
         label.setForegroundRole(role == QLatin1String("trouble") ? QPalette::BrightText
                                                                  : QPalette::WindowText);
-    }
 }
 
 } // namespace
@@ -260,11 +259,6 @@ void WindowStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (auto* label = qobject_cast<QLabel*>(widget))
         polishLabel(*label);
-    if (has(widget, "main")) {
-        QFont font;
-        font.setWeight(QFont::DemiBold);
-        widget->setFont(font);
-    }
 }
 
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -293,7 +287,7 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
             drawRing(*option, *painter, widget);
         return;
     }
-    if (element == CE_ShapedFrame && isFlatFrame(widget))
+    if (element == CE_ShapedFrame && isFlatFrame(*option, widget))
         return drawFrame(*option, *painter, widget);
     if (element == CE_MenuBarEmptyArea)
         return;
@@ -306,12 +300,7 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
     QStyleOptionButton accented = *button;
     accented.palette.setColor(QPalette::ButtonText,
                               option->palette.color(QPalette::HighlightedText));
-    QFont font = painter->font();
-    font.setWeight(QFont::DemiBold);
-    painter->save();
-    painter->setFont(font);
     QProxyStyle::drawControl(element, &accented, painter, widget);
-    painter->restore();
 }
 
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -355,7 +344,7 @@ QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option
                                   const QWidget* widget) const {
     if (element == SE_LineEditContents && hasOwnFrame(*option))
         return option->rect.adjusted(kLineMargin, 0, -kLineMargin, 0);
-    if (element == SE_ShapedFrameContents && isFlatFrame(widget))
+    if (element == SE_ShapedFrameContents && isFlatFrame(*option, widget))
         return option->rect.marginsRemoved(
             has(widget, "list") ? QMargins(kListEdge, kListEdge, kListEdge, kListEdge)
                                 : QMargins(1, 1, 1, 1));

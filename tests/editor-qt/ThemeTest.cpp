@@ -116,6 +116,7 @@ TEST_P(ThemeTest, TextsStandOutFromTheirGround) {
         EXPECT_GE(contrast(theme.text, ground), 7);
         EXPECT_GE(contrast(theme.muted, ground), 4.5);
         EXPECT_GE(contrast(theme.trouble, ground), 4.5);
+        EXPECT_GE(contrast(theme.accent, ground), 4.5); // headings
     }
     EXPECT_GE(contrast(theme.accentText, theme.accent), 4.5);
     EXPECT_GE(contrast({50, 180, 50}, {11, 14, 16}), 4.5); // captions on the picture's screens
