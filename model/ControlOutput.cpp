@@ -128,7 +128,7 @@ std::uint8_t velocityOf(const ControlOutput& output, std::uint8_t velocity) {
     case VelocityCurve::Soft:
         return byteOf(static_cast<std::int32_t>(std::lround(std::sqrt(velocity * kMost))));
     case VelocityCurve::Normal:
-        return velocity;
+        break;
     case VelocityCurve::Hard: // never 0, which would be a note off
         return byteOf(std::max(1, static_cast<std::int32_t>(std::lround(
                                       static_cast<double>(velocity) * velocity / kMost))));

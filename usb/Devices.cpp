@@ -195,7 +195,7 @@ std::optional<AttachedDevice> deviceIn(const fs::path& folder, const fs::path& n
     const auto interfaces = interfacesOf(folder);
     AttachedDevice device{.bus = *bus,
                           .address = *address,
-                          .port = folder.filename().string(),
+                          .port = folder.filename().native(),
                           .ids = {.vendor = *vendor, .product = *product},
                           .maker = textIn(folder / "manufacturer"),
                           .name = textIn(folder / "product"),
@@ -247,8 +247,9 @@ int DeviceMonitor::descriptor() const {
 }
 
 void DeviceMonitor::drain() {
-    while (udev_device* const device = udev_monitor_receive_device(monitor_.get()))
-        udev_device_unref(device);
+    using Device = std::unique_ptr<udev_device, decltype(&udev_device_unref)>;
+    while (Device(udev_monitor_receive_device(monitor_.get()), &udev_device_unref)) {
+    }
 }
 
 std::optional<int> soundCardOf(std::int32_t bus, std::int32_t address, const fs::path& folder) {

@@ -73,9 +73,7 @@ std::nullptr_t failed(const UsbError& error) {
 // None when they cannot be listed.
 UsbHost::Devices listDevices(const DeviceMatch& match) {
     UsbHost* const host = Transport::instance().host();
-    if (host == nullptr)
-        return {};
-    auto devices = host->devices(match);
+    auto devices = host != nullptr ? host->devices(match) : UsbHost::Devices{};
     if (devices)
         return *std::move(devices);
     failed(devices.error());

@@ -152,6 +152,13 @@ TEST_F(Surroundings, NoListThatIsInUseIsOverwritten) {
     }
 }
 
+TEST_F(Surroundings, ProgramAwayFromItsListsSaysWhichIsMissing) {
+    fs::create_directory(file("bin"));
+    fs::copy_file(kProgram, file("bin/alone"));
+    expectSentence(shell("XDG_CONFIG_HOME=/nonexistent exec bin/alone devices"), 2,
+                   "project.plist: not found among the program's resources");
+}
+
 TEST_F(Surroundings, FileThatIsReadMayBeTheOneThatIsWritten) {
     changed("set link.bank scene1.pad1.CR=1");
     done("copy a.bank raw:scene1 scene2 --from a.bank");

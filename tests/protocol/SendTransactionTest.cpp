@@ -148,6 +148,45 @@ TEST_F(SendTransactionTest, DeviceThatAnswersNoBlockIsSentEverythingAllTheSame) 
     EXPECT_EQ(messages, Lines{"Send Scene Data Finish:100%:Success"});
 }
 
+TEST_F(SendTransactionTest, AThrowBeforeTheJobIsToldAsWhyNoneWasStarted) {
+    onPause = [] { throw std::bad_alloc(); };
+    sendScenes(fourScenes(), Progress::record(), keepOutcome());
+    onPause = {};
+    EXPECT_FALSE(SendJob::isRunning());
+    MainQueue::pump();
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::NotStarted);
+    EXPECT_EQ(outcomes[0].cause, kResultNoMemory);
+    EXPECT_EQ(messages, Lines{}) << "no success is told";
+}
+
+// The end of a send whose first copy finds no memory: posting it takes one.
+struct EndCopiedLate {
+    EndCopiedLate(std::vector<Outcome>& ends, int& copies) : ends(&ends), copies(&copies) {}
+    EndCopiedLate(const EndCopiedLate& other) : ends(other.ends), copies(other.copies) {
+        if (++*copies == 1)
+            throw std::bad_alloc();
+    }
+    EndCopiedLate(EndCopiedLate&&) = default;
+    EndCopiedLate& operator=(const EndCopiedLate&) = delete;
+    EndCopiedLate& operator=(EndCopiedLate&&) = delete;
+    ~EndCopiedLate() = default;
+    void operator()(const Outcome& outcome) const { ends->push_back(outcome); }
+
+    std::vector<Outcome>* ends;
+    int* copies;
+};
+
+TEST_F(SendTransactionTest, AnEndThatCouldNotBePostedAtOnceIsToldAllTheSame) {
+    script->devices.clear();
+    int copies = 0;
+    sendScenes(fourScenes(), Progress::record(), EndCopiedLate(outcomes, copies));
+    MainQueue::pump();
+    EXPECT_GE(copies, 2);
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].end, Outcome::End::NotConnected);
+}
+
 TEST_F(SendTransactionTest, SendsAndReadsFollowEachOtherInOneProcess) {
     controller.bank[12] = 9;
     sendWhole(SceneAction::GetSceneFromDevice());

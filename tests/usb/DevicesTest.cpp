@@ -13,6 +13,7 @@
 #include <poll.h>
 #include <sstream>
 #include <string>
+#include <sys/resource.h>
 #include <utility>
 #include <vector>
 
@@ -182,6 +183,17 @@ TEST(DeviceMonitorTest, WaitsForEventsWithoutTakingTimeWhenThereAreNone) {
     EXPECT_GE(waited.fd, 0);
     monitor->drain();
     EXPECT_EQ(poll(&waited, 1, 0), 0) << "nothing is left after it";
+}
+
+TEST(DeviceMonitorTest, SaysThatItCannotStart) {
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    const auto monitor = DeviceMonitor::start();
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    ASSERT_FALSE(monitor.has_value());
+    EXPECT_EQ(monitor.error(), "the system does not tell which devices come and go");
 }
 
 // Cards as sysfs shows them: a link to the interface, whose device has the numbers.

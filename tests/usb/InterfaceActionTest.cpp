@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -157,6 +158,18 @@ TEST_F(InterfaceActionTest, FailuresWithADeviceBeforeKeepItAndItsInterfaceAtTheG
     EXPECT_EQ(transport().interface(), interface);
     EXPECT_EQ(script->callsOf({"close", "release"}), Texts{});
     EXPECT_EQ(script->claimed, Texts{"one/1"});
+}
+
+TEST_F(InterfaceActionTest, AListThatCannotBeReadIsWhyNoneWasFound) {
+    listText("no list");
+    EXPECT_FALSE(InterfaceAction::FindDevice());
+    EXPECT_EQ(transport().connectFailure, kResultNoList);
+}
+
+TEST_F(InterfaceActionTest, MissingMemoryIsWhyNoneWasFound) {
+    script->meanwhile["devices"] = [] { throw std::bad_alloc(); };
+    EXPECT_FALSE(InterfaceAction::FindDevice());
+    EXPECT_EQ(transport().connectFailure, kResultNoMemory);
 }
 
 TEST_F(InterfaceActionTest, AnExceptionAnywhereIsFalseWithoutAMessageAndKeepsTheFormerDevice) {
@@ -478,6 +491,8 @@ TEST_F(InterfaceActionTest, TheOtherSearchGivesNothingWhenTheLastFailsOrThereIsN
     script->devices.clear();
     EXPECT_EQ(InterfaceAction::MyFindMatchingDevicesWithDictionary({}), nullptr);
     EXPECT_EQ(script->events, (Texts{"devices any any", "devices any any"}));
+    transport().use(nullptr);
+    EXPECT_EQ(InterfaceAction::MyFindMatchingDevicesWithDictionary({}), nullptr);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "usb/Shutdown.h"
 
 #include "platform/Files.h"
+#include "platform/Process.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 #include "usb/Transport.h"
@@ -234,13 +235,22 @@ TEST(Shutdown, LastWorkThatDoesNotEndIsLeftBehind) {
               "XR, signal 15");
 }
 
+// In this process, which goes on.
 TEST(Shutdown, ANormalEndGivesTheInterfaceUpAndDoesNoLastWork) {
-    EXPECT_EQ(endWithBus([](Shutdown& shutdown, const auto& bus) {
-                  shutdown.setLastWork([bus] { bus->tell('W'); });
-                  shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
-                  return 3;
-              }),
-              "XR, exit 3");
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const FileDescriptor reader(ends[0]);
+    {
+        const FileDescriptor writer(ends[1]);
+        Shutdown shutdown;
+        const auto bus = takeBus(writer.get());
+        shutdown.setLastWork([bus] { bus->tell('W'); });
+        shutdown.setWorkAfterRelease([bus] { bus->tell('A'); });
+    }
+    std::array<char, 8> letters{};
+    EXPECT_EQ(read(reader.get(), letters.data(), letters.size()), 2);
+    EXPECT_STREQ(letters.data(), "XR");
+    Transport::instance().use(nullptr);
 }
 
 TEST(Shutdown, SignalsWorkAsUsualAfterANormalEnd) {

@@ -78,6 +78,7 @@ TEST_F(VirtualHostTest, OtherIdentityOrTooFewInterfacesAreNotTaken) {
     EXPECT_EQ(Transport::instance().connectFailure, kResultNotFound);
     plugIn();
     EXPECT_EQ(host->devices({})->size(), 1U);
+    EXPECT_EQ(host->devices({})->front()->port(), "") << "it is plugged in nowhere";
     EXPECT_EQ(host->devices({.vendor = 0x1209, .product = 0x0001})->size(), 1U);
     EXPECT_EQ(host->devices({.vendor = 0x1209, .product = 0x0002})->size(), 0U);
     EXPECT_EQ(host->devices({.vendor = 0x1208, .product = {}})->size(), 0U);
