@@ -121,6 +121,26 @@ TEST(ControlSelection, ThoseOfTheChosenOnesKindAreToldInTheirOrder) {
     EXPECT_EQ(paneTitle(chosen), "Common");
 }
 
+TEST(ControlSelection, SeveralOfAKindAreCountedInItsWord) {
+    struct Words {
+        std::int32_t control;
+        const char* two;
+        const char* three;
+    };
+    for (const Words& row :
+         {Words{1, "Group 2 and 1 more group", "Group 3 and 2 more groups"},
+          Words{kKnob, "Knob 2 and 1 more knob", "Knob 3 and 2 more knobs"},
+          Words{kSlider, "Slider 2 and 1 more slider", "Slider 3 and 2 more sliders"},
+          Words{kPad, "Pad 2 and 1 more pad", "Pad 3 and 2 more pads"},
+          Words{21, "Key 2 and 1 more key", "Key 3 and 2 more keys"}}) {
+        ControlSelection chosen;
+        chosen.add(Controls{row.control, row.control + 1});
+        EXPECT_EQ(paneTitle(chosen), row.two);
+        chosen.add(Controls{row.control + 2});
+        EXPECT_EQ(paneTitle(chosen), row.three);
+    }
+}
+
 class ControlClipboardTest : public LoadedEditor {
 protected:
     [[nodiscard]] const SceneValue& scene() const { return *view.sceneValue(); }

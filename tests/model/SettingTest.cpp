@@ -1,7 +1,10 @@
 #include "model/Setting.h"
 
+#include "tests/support/KnownTexts.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
@@ -188,6 +191,54 @@ TEST(Setting, NumberOfANoteIsNamedByTheNoteList) {
               "pad_CCNumber_Array");
     EXPECT_EQ(optionTitle(lists, settingOf(Key, "CCOrNoteNumber"), *scene, 24),
               "key_NoteNumber_Array");
+}
+
+TEST(Setting, EveryTextOfARowHasItsTranslations) {
+    for (const Setting& setting : settings()) {
+        EXPECT_TRUE(testing::isTranslated(setting.title())) << setting.title().written;
+        EXPECT_TRUE(testing::isTranslated(setting.help())) << setting.help().written;
+        for (const Phrase& phrase : setting.details().said)
+            if (phrase.place != 0) {
+                EXPECT_TRUE(testing::isTranslated(phrase.format)) << phrase.format.written;
+            }
+    }
+}
+
+TEST(KindTitle, NamesOneOrSeveralOfAKind) {
+    struct Row {
+        ControlKind kind;
+        const char* one;
+        const char* three;
+    };
+    for (const Row& row : {Row{Common, "Common", "Common"}, Row{Group, "Group", "3 Groups"},
+                           Row{Knob, "Knob", "3 Knobs"}, Row{Slider, "Slider", "3 Sliders"},
+                           Row{Pad, "Pad", "3 Pads"}, Row{Key, "Key", "3 Keys"}}) {
+        EXPECT_EQ(kindTitle(row.kind), row.one);
+        EXPECT_EQ(kindTitle(row.kind, 3), row.three);
+    }
+}
+
+TEST(ControlCondition, HoldsForTheValuesThatItNames) {
+    using enum ControlCondition;
+    struct Row {
+        ControlCondition condition;
+        std::vector<std::int32_t> enable;     // of 0 to 2
+        std::vector<std::int32_t> assignType; // of 0 to 3
+    };
+    for (const Row& row : {Row{Always, {0, 1, 2}, {0, 1, 2, 3}}, Row{Disabled, {0}, {0, 1, 2, 3}},
+                           Row{Enabled, {1, 2}, {0, 1, 2, 3}}, Row{Unassigned, {0, 1, 2}, {0}},
+                           Row{Assigned, {0, 1, 2}, {1, 2, 3}}, Row{Controller, {0, 1, 2}, {1}},
+                           Row{Note, {0, 1, 2}, {2}}})
+        for (const std::int32_t enable : {0, 1, 2})
+            for (const std::int32_t type : {0, 1, 2, 3}) {
+                ButtonValue record;
+                record.setEnable(enable);
+                record.setAssignType(type);
+                EXPECT_EQ(holds(row.condition, record),
+                          std::ranges::count(row.enable, enable) == 1 &&
+                              std::ranges::count(row.assignType, type) == 1)
+                    << static_cast<int>(row.condition) << ' ' << enable << ' ' << type;
+            }
 }
 
 } // namespace
