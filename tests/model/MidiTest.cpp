@@ -70,6 +70,60 @@ TEST(MidiNames, EachTableHoldsWhatItsDocumentDefines) {
     EXPECT_EQ(percussionNames()[81], "Open Triangle");
 }
 
+// Those from `first` to `last`, nothing between the bars for a number without a name.
+std::string joined(std::span<const std::string_view> names, std::size_t first, std::size_t last) {
+    std::string text;
+    for (std::size_t number = first; number <= last; ++number)
+        text.append(number == first ? "" : "|").append(names[number]);
+    return text;
+}
+
+TEST(MidiNames, AreThoseOfTheDocuments) {
+    EXPECT_EQ(joined(controllerNames(), 0, 31),
+              "Bank Select|Modulation Wheel|Breath Controller||Foot Controller|Portamento Time|"
+              "Data Entry MSB|Channel Volume|Balance||Pan|Expression Controller|Effect Control 1|"
+              "Effect Control 2|||General Purpose Controller 1|General Purpose Controller 2|"
+              "General Purpose Controller 3|General Purpose Controller 4||||||||||||");
+    EXPECT_EQ(joined(controllerNames(), 64, 95),
+              "Sustain Pedal (Damper)|Portamento On/Off|Sostenuto|Soft Pedal|Legato Footswitch|"
+              "Hold 2|Sound Variation (Sound Controller 1)|"
+              "Timbre/Harmonic Intensity (Sound Controller 2)|Release Time (Sound Controller 3)|"
+              "Attack Time (Sound Controller 4)|Brightness (Sound Controller 5)|"
+              "Decay Time (Sound Controller 6)|Vibrato Rate (Sound Controller 7)|"
+              "Vibrato Depth (Sound Controller 8)|Vibrato Delay (Sound Controller 9)|"
+              "Sound Controller 10|General Purpose Controller 5|General Purpose Controller 6|"
+              "General Purpose Controller 7|General Purpose Controller 8|Portamento Control||||"
+              "High Resolution Velocity Prefix|||Reverb Send Level (Effects 1 Depth)|"
+              "Tremolo Depth (Effects 2 Depth)|Chorus Send Level (Effects 3 Depth)|"
+              "Celeste Depth (Effects 4 Depth)|Phaser Depth (Effects 5 Depth)");
+    EXPECT_EQ(joined(controllerNames(), 96, 101),
+              "Data Increment|Data Decrement|Non-Registered Parameter Number LSB|"
+              "Non-Registered Parameter Number MSB|Registered Parameter Number LSB|"
+              "Registered Parameter Number MSB");
+    EXPECT_EQ(joined(controllerNames(), 120, 127),
+              "All Sound Off|Reset All Controllers|Local Control On/Off|All Notes Off|"
+              "Omni Mode Off|Omni Mode On|Mono Mode On|Poly Mode On");
+    EXPECT_EQ(joined(percussionNames(), 35, 81),
+              "Acoustic Bass Drum|Bass Drum 1|Side Stick|Acoustic Snare|Hand Clap|Electric Snare|"
+              "Low Floor Tom|Closed Hi-Hat|High Floor Tom|Pedal Hi-Hat|Low Tom|Open Hi-Hat|"
+              "Low-Mid Tom|Hi-Mid Tom|Crash Cymbal 1|High Tom|Ride Cymbal 1|Chinese Cymbal|"
+              "Ride Bell|Tambourine|Splash Cymbal|Cowbell|Crash Cymbal 2|Vibraslap|Ride Cymbal 2|"
+              "Hi Bongo|Low Bongo|Mute Hi Conga|Open Hi Conga|Low Conga|High Timbale|Low Timbale|"
+              "High Agogo|Low Agogo|Cabasa|Maracas|Short Whistle|Long Whistle|Short Guiro|"
+              "Long Guiro|Claves|Hi Wood Block|Low Wood Block|Mute Cuica|Open Cuica|"
+              "Mute Triangle|Open Triangle");
+}
+
+TEST(MidiNames, ControllersFrom32OnAreTheLowPartOfThose32Below) {
+    for (std::size_t number = 0; number < 32; ++number) {
+        std::string whole(controllerNames()[number]);
+        if (whole.ends_with(" MSB"))
+            whole.resize(whole.size() - 4);
+        EXPECT_EQ(controllerNames()[number + 32], "LSB for Control " + std::to_string(number) +
+                                                      (whole.empty() ? "" : " (" + whole + ")"));
+    }
+}
+
 TEST(MidiNames, WordsOfAPlayerFindTheController) {
     std::vector<std::string> titles;
     titles.reserve(128);

@@ -236,6 +236,47 @@ TEST_F(PopUpValueTest, LanguagesListThatCannotServeIsToldAndLeavesTheWrittenTitl
     }
 }
 
+TEST_F(PopUpValueTest, ProgramsDoWithoutNoTitleThatASettingNeeds) {
+    EXPECT_FALSE(readPopUpValue()) << "there is no file";
+    const std::array<std::pair<const char*, std::size_t>, 13> needed{{
+        {"displaySelect", 8},
+        {"control", 46},
+        {"button-MIDICh", 17},
+        {"button-assginType", 3},
+        {"select127", 128},
+        {"button-note", 128},
+        {"button-behavior", 4},
+        {"button-enable", 2},
+        {"common-globalMIDICh", 16},
+        {"common-pianoKeyCh", 17},
+        {"common-PitchBendSpeed", 128},
+        {"common-keyTranspose", 9},
+        {"common-velocityCurve", 4},
+    }};
+    const auto writeAllBut = [&](const char* shorter) {
+        std::string lists;
+        for (const auto& [key, count] : needed) {
+            lists += std::string("<key>") + key + "</key><array>";
+            for (std::size_t at = key == shorter ? 1 : 0; at < count; ++at)
+                lists += "<string>a</string>";
+            lists += "</array>";
+        }
+        writeBasic(lists);
+    };
+    writeAllBut(nullptr);
+    const auto read = readPopUpValue();
+    ASSERT_TRUE(read) << read.error();
+    EXPECT_EQ((*read)->knob_Enable_Array()->size(), 2U);
+    for (const auto& [key, count] : needed) {
+        writeAllBut(key);
+        const auto refused = readPopUpValue();
+        ASSERT_FALSE(refused) << key;
+        EXPECT_EQ(refused.error(), file("basic.plist") + ": the list \"" + key + "\" holds " +
+                                       std::to_string(count - 1) + " titles, and " +
+                                       std::to_string(count) + " are needed");
+    }
+}
+
 TEST(TitleAt, GivesTheTitleOfAPositionThatTheListHas) {
     const auto titles = std::make_shared<const Strings>(Strings{"a", "b"});
     EXPECT_EQ(*titleAt(titles, 0), "a");
