@@ -57,12 +57,13 @@ std::string textOf(const std::string& path) {
     return {bytes.begin(), bytes.end()};
 }
 
-// As a shell tells it.
-int exitCodeOf(pid_t child) {
+// How it ended; its exit code as a shell tells it.
+void await(pid_t child, ProgramRun& run) {
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child)
         throw std::runtime_error("cannot run a program");
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    run.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    run.exitCode = run.signal == 0 ? WEXITSTATUS(status) : 128 + run.signal;
 }
 
 } // namespace
@@ -75,7 +76,7 @@ ProgramRun runProgram(const std::vector<std::string>& command,
     if (child == 0)
         become(command, environment, given, folder);
     ProgramRun run;
-    run.exitCode = exitCodeOf(child);
+    await(child, run);
     run.output = textOf(folder.file("out"));
     run.errors = textOf(folder.file("err"));
     return run;
@@ -96,7 +97,7 @@ ProgramRun runForked(const std::function<int(int output)>& body) {
     for (char letter = 0; read(ends[0], &letter, 1) == 1;)
         run.output += letter;
     close(ends[0]);
-    run.exitCode = exitCodeOf(child);
+    await(child, run);
     return run;
 }
 

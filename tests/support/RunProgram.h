@@ -9,6 +9,7 @@ namespace scenewright::testing {
 
 struct ProgramRun {
     int exitCode = -1; // 128 + the signal's number when a signal ended it
+    int signal = 0;    // which ended it; 0 for none
     std::string output;
     std::string errors;
 };

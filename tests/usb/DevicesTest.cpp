@@ -1,5 +1,6 @@
 #include "usb/Devices.h"
 
+#include "tests/support/RunProgram.h"
 #include "tests/support/TempFolder.h"
 #include "tests/usb/TransportFixture.h"
 
@@ -14,6 +15,7 @@
 #include <sstream>
 #include <string>
 #include <sys/resource.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -156,9 +158,24 @@ TEST_F(AttachedDevicesTest, AProgramsClaimStandsInTheWayAndTheSoundDriverDoesNot
     EXPECT_EQ(listed().at(1).access, Access::Usable);
 }
 
-// The superuser may open any node that is there, so the node is missing here.
-TEST_F(AttachedDevicesTest, ANodeThatCannotBeOpenedIsAMatterOfPermission) {
+// In a process of its own without the superuser's rights, who may open any node that is there.
+TEST_F(AttachedDevicesTest, ANodeThatCannotBeReadAndWrittenIsAMatterOfPermission) {
+    constexpr uid_t kNobody = 65534;
     static_cast<void>(plugIn());
+    fs::permissions(root.path(), fs::perms{0755});
+    const auto isUsable = [this] {
+        return testing::runForked([this](int /*output*/) {
+                   if (geteuid() == 0 && setuid(kNobody) != 0)
+                       return -1;
+                   return listed().at(0).access == Access::Usable ? 1 : 0;
+               })
+            .exitCode;
+    };
+    for (const auto& [mode, expected] :
+         std::map<unsigned, int>{{0, 0}, {0444, 0}, {0222, 0}, {0666, 1}}) {
+        fs::permissions(nodeOf("3"), fs::perms{mode});
+        EXPECT_EQ(isUsable(), expected) << std::oct << mode;
+    }
     fs::remove(nodeOf("3"));
     EXPECT_EQ(listed().at(0).access, Access::NoPermission);
 }

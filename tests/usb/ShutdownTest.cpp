@@ -22,6 +22,7 @@
 #include <mutex>
 #include <span>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -119,8 +120,8 @@ std::thread sendWhileReading(const Bus& bus, int signal) {
 // status. What was told, in order: "XR, signal 15" or "XR, exit 3".
 std::string endOf(const std::function<int(int letters)>& program) {
     const testing::ProgramRun run = testing::runForked(program);
-    return run.output + (run.exitCode > 128 ? ", signal " + std::to_string(run.exitCode - 128)
-                                            : ", exit " + std::to_string(run.exitCode));
+    return run.output + (run.signal != 0 ? ", signal " + std::to_string(run.signal)
+                                         : ", exit " + std::to_string(run.exitCode));
 }
 
 // The same for a program with an object of the class and an open interface.
@@ -222,6 +223,21 @@ TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
     }
     EXPECT_EQ(blockedOf(signals), std::vector<int>{});
     Transport::instance().use(nullptr);
+}
+
+// The last work's thread has the name of the one that waits for the signals and began it.
+TEST(Shutdown, ItsThreadIsNamedForWhoeverLooksAtTheProcess) {
+    EXPECT_EQ(endWithBus([](Shutdown& shutdown, const auto& bus) -> int {
+                  shutdown.setLastWork([bus] {
+                      std::array<char, 16> name{};
+                      pthread_getname_np(pthread_self(), name.data(), name.size());
+                      for (const char letter : std::string_view(name.data()))
+                          bus->tell(letter);
+                  });
+                  kill(getpid(), SIGTERM);
+                  pauseForEver();
+              }),
+              "signalsXR, signal 15");
 }
 
 TEST(Shutdown, LastWorkThatDoesNotEndIsLeftBehind) {
