@@ -77,7 +77,7 @@ void DifferenceDialog::addButtons(QHBoxLayout& row) {
                         "all when none is selected"));
     auto& send = add(tr("&Send These"), tr("Sends the four scenes of the window, whole"));
     auto& copy = add(tr("Cop&y as Text"), tr("Copies the selected rows, or all"));
-    row.addStretch(1);
+    row.addStretch();
     auto& close = add(tr("&Close"), {});
     close.setDefault(true);
     take_ = &take;

@@ -168,7 +168,7 @@ QPushButton& addRowButton(QHBoxLayout& row, const QString& title, const QString&
 QPushButton& addAnswers(QDialog& dialog, QVBoxLayout& column, const QString& cancel,
                         const QString& accept) {
     auto& row = addRow(dialog, column, {});
-    row.addStretch(1);
+    row.addStretch();
     const auto add = [&](const QString& title) -> QPushButton& {
         auto& button = addRowButton(row, title, {});
         button.setAutoDefault(true);

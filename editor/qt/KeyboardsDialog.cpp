@@ -164,7 +164,7 @@ void KeyboardsDialog::addButtons(QHBoxLayout& row, bool canInstall) {
                  tr("Copies the command that lets you use the keyboards of the list, for a "
                     "terminal"));
     add_ = &add(tr("Add To My &List"), tr("Adds the device to your own list of keyboards"));
-    row.addStretch(1);
+    row.addStretch();
     auto& close = add(tr("&Close"), {});
     close.setDefault(true);
     connect(use_, &QAbstractButton::clicked, this, [this] { emit useWanted(*chosen()); });

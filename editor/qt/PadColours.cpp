@@ -155,7 +155,7 @@ void PadColours::addRow(std::span<const PadColour> colours) {
             choose(colour);
         });
     }
-    layout.addStretch(1);
+    layout.addStretch();
     row.setFocusPolicy(Qt::StrongFocus); // the menu's own keys come to it, too
     row.setFocusProxy(layout.itemAt(0)->widget());
     auto& action = makeChild<QWidgetAction>(menu_);

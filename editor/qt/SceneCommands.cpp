@@ -144,7 +144,7 @@ RenameDialog::RenameDialog(const QString& name, QWidget* parent)
     column.addWidget(&label);
     column.addWidget(name_);
     column.addWidget(told_);
-    column.addStretch(1);
+    column.addStretch();
     accept_ = &addAnswers(*this, column, tr("&Cancel"), tr("&Rename"));
     connect(name_, &QLineEdit::textChanged, this, &RenameDialog::check);
     check();

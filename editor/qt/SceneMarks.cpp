@@ -46,7 +46,6 @@ void UnsentButton::setCount(std::size_t count) {
 QSize UnsentButton::sizeOf(const QString& text) const {
     QStyleOptionButton option;
     initStyleOption(&option);
-    option.text = text;
     const QSize content = fontMetrics().size(Qt::TextShowMnemonic, text);
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, content, this);
 }

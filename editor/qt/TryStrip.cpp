@@ -77,7 +77,7 @@ void TryStrip::layOut() {
     back_ = add(tr("Back"));
     auto* const copyReport = add(tr("Copy Report"));
     end_ = add(tr("End"));
-    column.addStretch(1);
+    column.addStretch();
     room.addWidget(&bar, 0, 1, 2, 1);
     table_ = &makeChild<QTreeWidget>(this);
     layOutTable(*table_, tr("What was tried"), {tr("Control"), tr("Expected"), tr("Result")});
