@@ -21,7 +21,6 @@
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 namespace scenewright::testing {
@@ -34,10 +33,11 @@ protected:
     void click(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
         QTest::mouseClick(&button(control), Qt::LeftButton, modifiers);
     }
-    void clickRow(std::int32_t control, Qt::KeyboardModifiers modifiers = {}) {
+    void clickRow(std::int32_t control, Qt::KeyboardModifiers modifiers = {},
+                  Qt::MouseButton button = Qt::LeftButton) {
         ControlList& list = window().list();
         list.scrollTo(list.model()->index(control, 0));
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers,
+        QTest::mouseClick(list.viewport(), button, modifiers,
                           list.visualRect(list.model()->index(control, 0)).center());
     }
     // As picture, list, pane and view show it.
@@ -121,6 +121,15 @@ TEST_F(ControlChoiceTest, KeysTakeControlsInAndOut) {
         QTest::keyClick(row.at, row.key, row.modifiers);
         expectChosen(row.chosen);
     }
+}
+
+TEST_F(ControlChoiceTest, KeysGoOnFromTheRowOnWhichAnotherButtonWasPressed) {
+    click(kPad);
+    clickRow(kPad + 2, {}, Qt::RightButton);
+    expectChosen({kPad});
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(&window().list(), key);
+    expectChosen({kPad + 3});
 }
 
 TEST_F(ControlChoiceTest, AllOfTheKindAreChosenWithTheirKeys) {

@@ -75,6 +75,25 @@ TEST_F(FillDialogTest, ItStandsAtTheFootOfTheWindowAndTabGoesFromItsFieldsToItsB
     });
 }
 
+// Below the screen, above it and to its right.
+TEST_F(FillDialogTest, ItStaysOnTheScreenWithItsTitleBarWhereverTheWindowIs) {
+    choose(kPad);
+    const QRect screen = window().screen()->availableGeometry();
+    const int bar = window().style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    for (const QPoint& place :
+         {screen.bottomLeft(), QPoint(0, -2 * window().height()), screen.topRight()}) {
+        window().move(place);
+        inDialog("Fill...", [&](FillDialog& dialog) {
+            const QRect room = screen.adjusted(0, bar, -dialog.width(), -dialog.height() - bar);
+            if (place.x() > 0)
+                EXPECT_EQ(dialog.x(), room.right());
+            else
+                EXPECT_EQ(dialog.y(), place.y() > 0 ? room.bottom() : room.top());
+            dialog.reject();
+        });
+    }
+}
+
 TEST_F(FillDialogTest, ThePictureShowsWhatComesOfItBeforeItIsDone) {
     chooseAll(kPad);
     const Numbers before = numbers();

@@ -177,6 +177,19 @@ TEST_F(StripPlaceTest, WhereThereIsRoomTheSettingsStayAndStripsShareOnePlace) {
     expectAllInSight();
 }
 
+TEST_F(StripPlaceTest, StripsAreTakenApartWhileThePictureKeepsItsLeastHeight) {
+    part<MonitorStrip>().action().setChecked(true);
+    QSize size = kUsual;
+    int least = 0;
+    for (resize(size); settings().isVisible(); resize(size)) {
+        least = window().picture().height();
+        size.rheight() -= 2;
+        ASSERT_GT(size.height(), kLowest.height());
+    }
+    EXPECT_GE(least, 240);
+    EXPECT_LT(least, 240 + 2);
+}
+
 TEST_F(StripPlaceTest, AWindowThatGrowsOrShrinksShowsWhatHasRoom) {
     resize(kUsual);
     part<MonitorStrip>().action().setChecked(true);

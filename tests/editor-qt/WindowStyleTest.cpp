@@ -428,6 +428,25 @@ TEST(WindowStyle, MenuBarsButtonHasAnIconOfTheStyles) {
     const QImage drawing = icon.pixmap(12).toImage();
     EXPECT_GT(drawing.pixelColor(6, 8).alpha(), 150) << "its point";
     EXPECT_EQ(drawing.pixelColor(6, 3).alpha(), 0);
+    EXPECT_FALSE(
+        WindowStyle().standardIcon(QStyle::SP_MessageBoxWarning, nullptr, nullptr).isNull())
+        << "the toolkit's own";
+}
+
+// The edge of a box is filled, and its inside above that, rather than drawn with a pen.
+TEST(WindowStyle, EdgeOfABoxIsAsWideInItsCornersAsAlongItsSides) {
+    constexpr int kRounding = 40; // of 255: what two fills leave of the ground in a pixel of both
+    const QPushButton plain;
+    const auto state = kEnabled | QStyle::State_HasFocus;
+    const QImage filled = button(plain, state);
+    const QImage stroked = drawn<QStyleOptionButton>(
+        {}, state, [](const auto&, const auto& option, QPainter& painter) {
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(QPen(option.palette.color(QPalette::Highlight), 2));
+            painter.setBrush(option.palette.brush(QPalette::Button));
+            painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 7, 7);
+        });
+    EXPECT_LE(apart(filled, stroked), kRounding);
 }
 
 } // namespace
