@@ -231,11 +231,11 @@ void SceneCommands::reset(std::int32_t scene) {
     end(tr("Reset Scene %1").arg(scene + 1));
 }
 
-std::int32_t SceneCommands::placeOf(const QObject* segment) const {
+std::optional<std::int32_t> SceneCommands::placeOf(const QObject* segment) const {
     for (std::int32_t scene = 0; scene < kSceneCount; ++scene)
         if (&window_.scenes().segment(scene) == segment)
             return scene;
-    return -1;
+    return std::nullopt;
 }
 
 bool SceneCommands::dragFrom(std::int32_t scene, const QMouseEvent& mouse) {
@@ -266,19 +266,19 @@ bool SceneCommands::takeDrop(std::int32_t scene, QDropEvent& drop) {
 }
 
 bool SceneCommands::eventFilter(QObject* watched, QEvent* event) {
-    const std::int32_t scene = placeOf(watched);
-    if (scene < 0)
+    const auto scene = placeOf(watched);
+    if (!scene)
         return QObject::eventFilter(watched, event);
     if (const auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
         if (mouse->type() == QEvent::MouseButtonPress)
             pressed_ = mouse->pos();
-        return mouse->type() == QEvent::MouseMove && dragFrom(scene, *mouse);
+        return mouse->type() == QEvent::MouseMove && dragFrom(*scene, *mouse);
     }
     if (auto* drop = dynamic_cast<QDropEvent*>(event)) // and what it is before the drop
-        return takeDrop(scene, *drop);
+        return takeDrop(*scene, *drop);
     if (event->type() != QEvent::ContextMenu)
         return false;
-    window_.scenes().segment(scene).click();
+    window_.scenes().segment(*scene).click();
     menu_->popup(static_cast<QContextMenuEvent*>(event)->globalPos());
     return true;
 }

@@ -17,6 +17,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 class QDropEvent;
 class QMouseEvent;
@@ -110,8 +111,8 @@ private:
     bool takeDrop(std::int32_t scene, QDropEvent& drop);
     void end(const QString& step);
     [[nodiscard]] std::int32_t shownScene() const;
-    // The place of a segment; -1 for anything else.
-    [[nodiscard]] std::int32_t placeOf(const QObject* segment) const;
+    // The place of a segment; nothing for anything else.
+    [[nodiscard]] std::optional<std::int32_t> placeOf(const QObject* segment) const;
 
     MainWindow& window_;
     History& history_;
