@@ -247,6 +247,19 @@ TEST_F(SafeSendingTest, KeysAndClicksOfTheBlockedTimeAreDropped) {
     EXPECT_EQ(controller->sendsEnded(), 1U) << "what comes later is carried out";
 }
 
+// A window that was told to close meanwhile does so once what blocked the input has gone on.
+TEST(BlockedInput, PutsOffTheEndOfAWindow) {
+    QWidget window;
+    window.show();
+    {
+        const BlockedInput blocked;
+        QMetaObject::invokeMethod(&window, &QWidget::close, Qt::QueuedConnection);
+    }
+    EXPECT_TRUE(window.isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible());
+}
+
 } // namespace
 
 } // namespace scenewright::testing

@@ -80,6 +80,10 @@ void expectWithinMargins(const QImage& image, int pages) {
     }
 }
 
+TEST(SceneSheetPaper, IsA4WhereLengthsAreMetric) {
+    EXPECT_EQ(SceneSheet::usualPaper().id(), QPageSize::A4) << "in the tests' own locale";
+}
+
 TEST_F(SceneSheetTest, APdfHasAPageEachScene) {
     const QByteArray pdf = written("live.pdf");
     EXPECT_TRUE(pdf.startsWith("%PDF-"));

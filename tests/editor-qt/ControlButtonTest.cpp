@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QEnterEvent>
 #include <QImage>
+#include <QPainter>
+#include <QPixmapCache>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -204,6 +206,33 @@ TEST_F(ControlButtonTest, DotOfWhatIsNotSentStandsInTheUpperRightCorner) {
     EXPECT_EQ(dot, QRect(pad_.width() - 17, 5, 12, 12));
     EXPECT_EQ(after.pixelColor(pad_.width() - 11, 11), QColor(255, 190, 60));
     EXPECT_LT(after.pixelColor(pad_.width() - 16, 11).lightness(), 60) << "its edge";
+}
+
+// Those that are alike share an image, which the first of them makes.
+TEST(ControlAtRest, LooksAsItWouldBeDrawnOnTheSpot) {
+    const auto image = [](const std::function<void(QImage&)>& draw) {
+        QImage drawn(QSize(40, 90), QImage::Format_ARGB32_Premultiplied);
+        drawn.fill(Qt::transparent);
+        draw(drawn);
+        return drawn;
+    };
+    for (const ControlRange& range : kControlRanges) {
+        if (range.kind == ControlKind::Common)
+            continue;
+        const QImage direct = image([&range](QImage& drawn) {
+            QPainter painter(&drawn);
+            painter.setRenderHint(QPainter::Antialiasing);
+            drawControl(painter, drawn.rect(), {.shape = shapeOf(range.kind, range.start)});
+        });
+        QPixmapCache::clear();
+        for (const std::int32_t tag : {range.start, range.start + (range.count == 25 ? 12 : 1)}) {
+            ControlButton button(tag, range.kind);
+            button.resize(direct.size());
+            EXPECT_EQ(image([&button](QImage& drawn) { button.render(&drawn, {}, {}, {}); }),
+                      direct)
+                << tag;
+        }
+    }
 }
 
 TEST_F(ControlButtonTest, CaptionKeepsFromTheEdgesOfItsScreen) {
