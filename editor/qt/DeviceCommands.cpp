@@ -105,7 +105,7 @@ bool BlockedInput::eventFilter(QObject* watched, QEvent* event) {
         event->ignore();
         return true;
     }
-    return isInput(event->type()) || QObject::eventFilter(watched, event);
+    return isInput(event->type());
 }
 
 SafeSending::SafeSending(MainWindow& window, EarlierCommands& earlier, SendJournal journal)

@@ -98,9 +98,9 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     modes_.setExclusive(true);
 }
 
-bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
+bool MainMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
     if (event->type() != QEvent::ChildAdded && event->type() != QEvent::ChildPolished)
-        return QObject::eventFilter(watched, event);
+        return false;
     auto* made = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
     // The toolkit makes a button and a menu of its own for what a narrow window has no room for.
     if (made != nullptr && made->accessibleName().isEmpty())
@@ -111,7 +111,7 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
         connect(
             menu, &QMenu::aboutToShow, this, [menu] { giveSheet(*menu, Sheet::Menus); },
             Qt::SingleShotConnection);
-    return QObject::eventFilter(watched, event);
+    return false;
 }
 
 void MainMenu::setModes(const QStringList& titles) {

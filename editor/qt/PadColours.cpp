@@ -109,7 +109,7 @@ void PadColours::goTo(std::ptrdiff_t place) {
 
 bool PadColours::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress)
-        return QObject::eventFilter(watched, event);
+        return false;
     const std::ptrdiff_t place = std::ranges::find(buttons_, watched) - buttons_.begin();
     switch (static_cast<const QKeyEvent*>(event)->key()) {
     case Qt::Key_Left:
@@ -129,7 +129,7 @@ bool PadColours::eventFilter(QObject* watched, QEvent* event) {
         static_cast<QToolButton*>(watched)->click();
         return true;
     default:
-        return QObject::eventFilter(watched, event);
+        return false;
     }
 }
 

@@ -268,7 +268,7 @@ bool SceneCommands::takeDrop(std::int32_t scene, QDropEvent& drop) {
 bool SceneCommands::eventFilter(QObject* watched, QEvent* event) {
     const auto scene = placeOf(watched);
     if (!scene)
-        return QObject::eventFilter(watched, event);
+        return false;
     if (const auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
         if (mouse->type() == QEvent::MouseButtonPress)
             pressed_ = mouse->pos();
