@@ -117,6 +117,57 @@ TEST_F(ContentsTest, Menus) {
   &About Scenewright once)");
 }
 
+TEST_F(ContentsTest, PanesOfAPadAndOfTheScene) {
+    const auto expectPane = [this](std::int32_t control, const char* contents) {
+        window().showControl(0, control);
+        QString all = QString::fromStdString(contentsOf(window().panes()));
+        all.remove(QLatin1Char('&')); // marks a letter
+        EXPECT_EQ(all.section(QStringLiteral("\nhidden"), 0, 0).toStdString(), contents);
+    };
+    record(kPad).setCR(3);
+    expectPane(kPad, R"(label "Pad 1" role "heading"
+label "Type" role "field" for "Type"
+| label "CC or note number" role "field" for "CC or note number"
+| label "On value" role "field" for "On value"
+| label "Off value" role "field" for "Off value"
+| label "Behaviour" role "field" for "Behaviour"
+box = "Note" called "Type" described "What it sends: nothing (Off), a controller (CC) or a note (Note)."
+| box = "C2" called "CC or note number" described "The controller or the note that it sends. A note may be typed by its name or its number: Db2, C#2 or 37."
+| box = "127" called "On value" described "The controller's value when it is switched on." disabled
+| box = "0" called "Off value" described "The controller's value when it is switched off." disabled
+| box = "Momentary" called "Behaviour" described "Momentary: on while it is held. Toggle: on at a press, off at the next one. Trigger: at the press alone. Release: when it is let go."
+label "Sends MIDI 36 C2, Bass Drum 1 on channel 10" by-mouse role "field"
+label "MIDI channel" role "field" for "MIDI channel"
+| label "Red" role "field" for "Red"
+| label "Green" role "field" for "Green"
+| label "Blue" role "field" for "Blue"
+| label "Mixed colour" role "field" for "Mixed colour"
+box = "10" called "MIDI channel" described "The channel that it sends on. Global stands for the global MIDI channel."
+| box = "3" called "Red" described "How much red is in the light, from 0 to 127."
+| box = "0" called "Green" described "How much green is in the light, from 0 to 127."
+| box = "0" called "Blue" described "How much blue is in the light, from 0 to 127."
+| button "" called "Mixed colour" described "Red 6, green 0, blue 0 of 255" tip "Red 6, green 0, blue 0 of 255")");
+    expectPane(0, R"-(label "Common" role "heading"
+label "Scene name" role "field" for "Scene name"
+| label "Global MIDI channel" role "field" for "Global MIDI channel"
+| label "Keyboard MIDI channel" role "field" for "Keyboard MIDI channel"
+| label "Pitch-bend speed" role "field" for "Pitch-bend speed"
+| label "Octave transposition" role "field" for "Octave transposition"
+line fixed = "SCENE1" called "Scene name" described "The name that the keyboard holds of the scene. Scene > Rename changes it."
+| box = "1" called "Global MIDI channel" described "The channel of everything in this scene whose own channel is Global."
+| box = "Global" called "Keyboard MIDI channel" described "The channel that the keys send on. Global stands for the global MIDI channel."
+| box = "64" called "Pitch-bend speed" described "How fast pitch bend follows, as a number from 0 to 127."
+| box = "0" called "Octave transposition" described "Moves the notes of the keys up or down by whole octaves."
+label "Key velocity curve" role "field" for "Key velocity curve"
+| label "Key constant velocity" role "field" for "Key constant velocity"
+| label "Pad velocity curve" role "field" for "Pad velocity curve"
+| label "Pad constant velocity" role "field" for "Pad constant velocity"
+box = "Normal" called "Key velocity curve" described "How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity."
+| box = "100" called "Key constant velocity" described "The velocity of every stroke while the velocity curve is Constant." disabled
+| box = "Normal" called "Pad velocity curve" described "How the strength of a stroke becomes a velocity: Soft gives more for a light stroke, Hard asks for a strong one, and with Constant every stroke gives the constant velocity."
+| box = "100" called "Pad constant velocity" described "The velocity of every stroke while the velocity curve is Constant." disabled)-");
+}
+
 TEST_F(ContentsTest, DialogOfKeyboards) {
     KeyboardsDialog dialog(true, nullptr);
     EXPECT_EQ(contentsOf(dialog),

@@ -213,6 +213,8 @@ TEST_F(DocumentTest, TheTitleHasTheFileAndAMarkWhileItHoldsOtherScenes) {
              commands().earlier().restoreLatest();
          },
          none, true},
+        {"the keyboard holds them", [] { KnownKeyboard::set(storedImage(), ""); }, none, false},
+        {"it may hold others", [] { KnownKeyboard::forget(); }, none, true},
     };
     for (const Row& row : rows) {
         row.make();

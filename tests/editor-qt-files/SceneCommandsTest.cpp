@@ -75,6 +75,23 @@ TEST_F(SceneCommandsTest, EachCommandIsOneStepThatIsUndone) {
     }
 }
 
+TEST_F(SceneCommandsTest, CommandsOfTheChosenOnesSayHowManyTheyAreFor) {
+    const std::pair<int, QStringList> rows[] = {
+        {0, {"&Copy Scene Settings", "&Paste Scene Settings", "&Reset Scene Settings"}},
+        {1, {"&Copy Control", "&Paste Control", "&Reset Control"}},
+        {2, {"&Copy Control", "&Paste Into Controls", "&Reset Controls"}}};
+    QStringList titles;
+    for (const auto& [count, expected] : rows) {
+        if (count > 0)
+            QTest::mouseClick(&button(kPad + count), Qt::LeftButton,
+                              count == 1 ? Qt::NoModifier : Qt::ControlModifier);
+        titles.clear();
+        for (const char* const verb : {"Copy", "Paste", "Reset"})
+            titles.append(entry(verb).text());
+        EXPECT_EQ(titles, expected);
+    }
+}
+
 TEST_F(SceneCommandsTest, ASceneIsCopiedAndNotShared) {
     commands().scenes().copy(0, 1);
     record(kPad).setCR(99);

@@ -75,6 +75,10 @@ TEST_F(ChangeMarksTest, TheCountComesWithoutMovingAnythingAndOpensTheDifferences
     QCoreApplication::processEvents();
     EXPECT_EQ(window().readButton().geometry(), read);
     EXPECT_EQ(window().displayModes().geometry(), modes);
+    const QRect count = window().unsentButton().geometry();
+    EXPECT_GT(count.left(), modes.right());
+    EXPECT_LT(count.right(), read.left());
+    EXPECT_NEAR(count.center().y(), read.center().y(), 1);
     QTest::mouseClick(&window().unsentButton(), Qt::LeftButton);
     auto* dialog = window().findChild<DifferenceDialog*>();
     ASSERT_NE(dialog, nullptr);

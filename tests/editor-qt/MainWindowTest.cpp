@@ -165,17 +165,22 @@ TEST_F(MainWindowTest, DisplayModeIsChosenInThePopUpAndInTheMenu) {
 TEST_F(MainWindowTest, PadsShineThePaneMixesTheirColourAndTheDescriptionFollows) {
     open();
     read();
-    clickRow(14);
-    type(window().panes().popUp("padCR"), "127");
-    type(window().panes().popUp("padCG"), "64");
-    type(window().panes().popUp("padCB"), "0");
-    EXPECT_EQ(window().picture().button(14)->light(), (Colour{255, 128, 0}));
-    type(window().panes().popUp("padCCOrNoteNumber"), "99");
-    EXPECT_TRUE(window().picture().button(14)->accessibleDescription().contains("CC 99"));
-    QPushButton& swatch = window().panes().swatch();
-    const QImage seen = swatch.grab().toImage();
-    EXPECT_EQ(QColor(seen.pixel(seen.width() / 2, seen.height() / 2)), QColor(255, 128, 0));
-    EXPECT_EQ(swatch.accessibleDescription(), "Red 255, green 128, blue 0 of 255");
+    const ControlRange& pads = controlRange(ControlKind::Pad);
+    for (const std::int32_t pad : {pads.start, pads.end() - 1}) {
+        clickRow(pad);
+        type(window().panes().popUp("padCR"), "127");
+        type(window().panes().popUp("padCG"), "64");
+        type(window().panes().popUp("padCB"), "0");
+        EXPECT_EQ(window().picture().button(pad)->light(), (Colour{255, 128, 0}));
+        type(window().panes().popUp("padCCOrNoteNumber"), "99");
+        EXPECT_TRUE(window().picture().button(pad)->accessibleDescription().contains("CC 99"));
+        QPushButton& swatch = window().panes().swatch();
+        const QImage seen = swatch.grab().toImage();
+        EXPECT_EQ(QColor(seen.pixel(seen.width() / 2, seen.height() / 2)), QColor(255, 128, 0));
+        EXPECT_EQ(swatch.accessibleDescription(), "Red 255, green 128, blue 0 of 255");
+        type(window().panes().popUp("padCR"), "0");
+        EXPECT_EQ(swatch.accessibleDescription(), "Red 0, green 128, blue 0 of 255");
+    }
 }
 
 TEST_F(MainWindowTest, GainPanelIsAWindowOfItsOwn) {
