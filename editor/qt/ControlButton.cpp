@@ -254,7 +254,7 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
     if (look_.image) { // its tick lies on the ring
         // Not for the body, which keeps its size: so the toolkit would blend it in several threads.
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        drawMark(painter, shapeOf(kind_, tag_), rect(), *look_.image);
+        drawSelected(painter, shapeOf(kind_, tag_), rect());
     }
     // In a small picture the mark's frame reaches into it.
     drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),

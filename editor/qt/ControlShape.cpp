@@ -1,15 +1,10 @@
 #include "editor/qt/ControlShape.h"
 
-#include "editor/qt/QtHelpers.h"
 #include "editor/qt/Theme.h"
-#include "platform/Resources.h"
 
-#include <QApplication>
 #include <QFontMetricsF>
-#include <QImage>
 #include <QPainter>
 #include <QStringList>
-#include <QSvgRenderer>
 #include <QtMath>
 
 #include <algorithm>
@@ -32,7 +27,8 @@ constexpr QColor kEbonyDark(14, 16, 19);
 constexpr QColor kRubber(52, 57, 66);
 constexpr QColor kMark(232, 235, 240);
 constexpr QColor kPlayed(255, 214, 0);
-constexpr QColor kTaken(31, 123, 255); // as the image of the chosen one
+constexpr QColor kTaken(31, 123, 255); // and the chosen one
+constexpr QColor kFrameEdge(5, 8, 13);
 constexpr QColor kEdge(0, 0, 0, 150);
 
 // Measures are parts of a control's own size, so that the picture scales as one.
@@ -185,38 +181,108 @@ bool shrinkInto(QFont& font, const QString& text, const QSizeF& room, int larges
     return false;
 }
 
-// Made when it is first asked for; the application owns it, as it may not outlive that. Not valid
-// when the file is missing or cannot be read.
-QSvgRenderer& imageNamed(const std::string& name) {
-    const QString key = shown(name);
-    if (auto* made = qApp->findChild<QSvgRenderer*>(key, Qt::FindDirectChildrenOnly))
-        return *made;
-    auto& image = makeChild<QSvgRenderer>(qApp);
-    image.setObjectName(key);
-    if (const auto path = Resources::find(name, "svg"))
-        image.load(shown(path->string()));
-    return image;
+// A part of the body, in the drawing's units: a box that goes from one colour to another,
+// downwards.
+struct BodyPart {
+    QRectF rect;
+    qreal radius;
+    QColor upper;
+    QColor lower;
+};
+
+constexpr QColor kOutline(10, 11, 13);
+constexpr QColor kShell(52, 58, 67);
+constexpr QColor kShellDark(27, 30, 35);
+constexpr QColor kGlint(89, 98, 111);
+constexpr QColor kWell(15, 17, 20);
+constexpr QColor kWellLow(25, 28, 33);
+constexpr QColor kKeyBed(8, 9, 11);
+constexpr QColor kFelt(122, 31, 31);
+constexpr std::array kBody{
+    BodyPart{{2, 2, 976, 396}, 20, kOutline, kOutline},
+    BodyPart{{4, 4, 972, 392}, 18, kShell, kShellDark},
+    BodyPart{{22, 4, 936, 1.5}, 0, kGlint, kGlint},
+    BodyPart{{13, 15, 100, 198}, 11, kWell, kWellLow},
+    BodyPart{{119, 15, 171, 198}, 11, kWell, kWellLow},
+    BodyPart{{296, 15, 260, 198}, 11, kWell, kWellLow},
+    BodyPart{{562, 15, 405, 198}, 11, kWell, kWellLow},
+    BodyPart{{19, 220, 942, 169}, 8, kKeyBed, kKeyBed},
+    BodyPart{{19, 220, 942, 3}, 1.5, kFelt, kFelt},
+};
+
+// Controls of a kind that stand in rows: the first one, and the way to the next one each way.
+struct ControlGrid {
+    ControlKind kind;
+    QRectF first;
+    int columns;
+    QPointF step;
+};
+
+constexpr std::array kGrids{
+    ControlGrid{ControlKind::Group, {20, 22, 86, 40}, 1, {0, 48}},
+    ControlGrid{ControlKind::Knob, {126, 22, 75, 88}, 2, {82, 96}},
+    ControlGrid{ControlKind::Slider, {303, 22, 57, 184}, 4, {63, 0}},
+    ControlGrid{ControlKind::Pad, {569, 22, 91, 88}, 4, {100, 96}},
+};
+
+constexpr qreal kKeyTop = 224;
+constexpr QSizeF kWhiteKey(60, 160);
+constexpr QSizeF kBlackKey(40, 98);
+constexpr qreal kOctave = 434;
+constexpr std::array<qreal, 12> kKeyLefts{25, 62, 87, 132, 149, 211, 247, 273, 314, 335, 381, 397};
+
+QRectF keyPlace(std::int32_t tag) {
+    const std::int32_t key = tag - controlRange(ControlKind::Key).start;
+    const qreal left = kKeyLefts.at(static_cast<std::size_t>(key % 12)) + key / 12 * kOctave;
+    const bool isBlack = shapeOf(ControlKind::Key, tag) == ControlShape::BlackKey;
+    return {QPointF(left, kKeyTop), isBlack ? kBlackKey : kWhiteKey};
 }
 
-QImage rasterised(QSvgRenderer& image, qreal ratio) {
-    const QSizeF size = image.viewBoxF().size() * ratio;
-    QImage raster(size.toSize(), QImage::Format_ARGB32_Premultiplied);
-    raster.fill(Qt::transparent);
-    QPainter painter(&raster);
-    painter.setRenderHint(QPainter::Antialiasing);
-    image.render(&painter);
-    return raster;
+void strokeRounded(QPainter& painter, const QRectF& rect, qreal radius, const QPen& pen) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(pen);
+    painter.drawRoundedRect(rect, radius, radius);
 }
 
-void mirrorLeftHalf(QImage& raster) {
-    const QImage mirrored = raster.mirrored(true, false);
-    QPainter painter(&raster);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    const QRect right(raster.width() / 2, 0, raster.width() - raster.width() / 2, raster.height());
-    painter.drawImage(right, mirrored, right);
+// A tick on a disc, around `centre`.
+void drawBadge(QPainter& painter, const QPointF& centre) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(centre, 8.5, 8.5);
+    painter.setBrush(kTaken);
+    painter.drawEllipse(centre, 7.5, 7.5);
+    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const std::array tick{centre + QPointF(-3.6, 0.2), centre + QPointF(-1, 2.9),
+                          centre + QPointF(3.7, -2.4)};
+    painter.drawPolyline(tick.data(), static_cast<int>(tick.size()));
 }
 
 } // namespace
+
+QRectF controlPlace(std::int32_t tag) {
+    for (const ControlGrid& grid : kGrids) {
+        const ControlRange& range = controlRange(grid.kind);
+        const std::int32_t at = tag - range.start;
+        if (at >= 0 && tag < range.end())
+            return grid.first.translated(at % grid.columns * grid.step.x(),
+                                         at / grid.columns * grid.step.y());
+    }
+    const ControlRange& keys = controlRange(ControlKind::Key);
+    return tag >= keys.start && tag < keys.end() ? keyPlace(tag) : QRectF();
+}
+
+void drawBody(QPainter& painter, const QRectF& target) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal scale = target.width() / kDrawingSize.width();
+    for (const BodyPart& part : kBody) {
+        const QRectF rect(target.topLeft() + part.rect.topLeft() * scale, part.rect.size() * scale);
+        fillRounded(painter, rect, part.radius * scale,
+                    part.upper == part.lower ? QBrush(part.upper)
+                                             : downward(rect, part.upper, part.lower));
+    }
+    painter.restore();
+}
 
 ControlShape shapeOf(ControlKind kind, std::int32_t tag) {
     if (kind != ControlKind::Key) {
@@ -261,11 +327,9 @@ void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look)
     if (look.isHovered)
         fillRounded(painter, room, 7, QColor(255, 255, 255, 26));
     if (look.isPlayed) {
-        painter.setBrush(Qt::NoBrush);
-        for (const QPen& pen : {QPen(Qt::black, 6), QPen(kPlayed, 3)}) { // seen on any light
-            painter.setPen(pen);
-            painter.drawRoundedRect(room.adjusted(3, 3, -3, -3), 7, 7);
-        }
+        const QRectF ring = room.adjusted(3, 3, -3, -3);
+        strokeRounded(painter, ring, 7, QPen(Qt::black, 6)); // seen on any light
+        strokeRounded(painter, ring, 7, QPen(kPlayed, 3));
     }
     painter.restore();
 }
@@ -302,40 +366,21 @@ void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
 }
 
 void drawTaken(QPainter& painter, ControlShape shape, const QRectF& room) {
-    painter.setBrush(Qt::NoBrush);
-    for (const QPen& pen : {QPen(Qt::white, 5), QPen(kTaken, 3, Qt::DashLine)}) {
-        painter.setPen(pen);
-        painter.drawRoundedRect(imageRoom(shape, room).adjusted(3, 3, -3, -3), 6, 6);
-    }
+    const QRectF frame = imageRoom(shape, room).adjusted(3, 3, -3, -3);
+    strokeRounded(painter, frame, 6, QPen(Qt::white, 5));
+    strokeRounded(painter, frame, 6, QPen(kTaken, 3, Qt::DashLine));
 }
 
-void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name) {
-    drawResourceImage(painter, imageRoom(shape, room), name, shape != ControlShape::WhiteKey);
-}
-
-void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name,
-                       bool hasBadge) {
-    QSvgRenderer& image = imageNamed(name);
-    if (!image.isValid())
-        return;
-    const qreal ratio = painter.device()->devicePixelRatio();
-    QImage raster = rasterised(image, ratio);
-    if (!hasBadge)
-        mirrorLeftHalf(raster);
-    const qreal corner = std::floor(image.viewBoxF().width() / 3);
-    const qreal far = raster.width() / ratio - corner;
-    const std::array<qreal, 4> from{0, corner * ratio, far * ratio, raster.width() * 1.0};
-    const std::array<qreal, 4> across{target.left(), target.left() + corner,
-                                      target.right() - corner, target.right()};
-    const std::array<qreal, 4> down{target.top(), target.top() + corner, target.bottom() - corner,
-                                    target.bottom()};
-    const auto cell = [](const auto& x, const auto& y, std::size_t column, std::size_t row) {
-        return QRectF(QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1]));
-    };
-    for (std::size_t row = 0; row < 3; ++row)
-        for (std::size_t column = 0; column < 3; ++column)
-            painter.drawImage(cell(across, down, column, row), raster,
-                              cell(from, from, column, row));
+void drawSelected(QPainter& painter, ControlShape shape, const QRectF& room) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = imageRoom(shape, room);
+    strokeRounded(painter, frame.adjusted(2, 2, -2, -2), 8, QPen(Qt::white, 4));
+    strokeRounded(painter, frame.adjusted(2.5, 2.5, -2.5, -2.5), 8, QPen(kTaken, 3));
+    strokeRounded(painter, frame.adjusted(5.25, 5.25, -5.25, -5.25), 5.5, QPen(kFrameEdge, 1.5));
+    if (shape != ControlShape::WhiteKey)
+        drawBadge(painter, frame.topRight() + QPointF(-10, 10));
+    painter.restore();
 }
 
 } // namespace scenewright

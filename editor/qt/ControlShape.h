@@ -1,4 +1,5 @@
-// How a control of the picture is drawn: its shape, the text on it, and images from the resources.
+// How the picture of the keyboard is drawn: its body, the place of each control on it, the
+// control's shape, the text on it and the frame around it.
 #pragma once
 
 #include "model/SceneValue.h"
@@ -6,15 +7,24 @@
 #include <QColor>
 #include <QFont>
 #include <QRectF>
+#include <QSizeF>
 #include <QString>
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 class QPainter;
 
 namespace scenewright {
+
+// Of the whole drawing, in its own units; so are the places on it, from its upper left corner.
+inline constexpr QSizeF kDrawingSize(980, 400);
+
+// Where the control of that tag, 1 to 45, has its place; empty for any other.
+[[nodiscard]] QRectF controlPlace(std::int32_t tag);
+
+// Draws what is around the controls, so that the whole drawing fills `target`.
+void drawBody(QPainter& painter, const QRectF& target);
 
 enum class ControlShape : std::uint8_t { Group, Knob, Slider, Pad, WhiteKey, BlackKey };
 
@@ -33,10 +43,10 @@ struct ControlLook {
 // Draws the control without its caption; `room` is the whole of its place.
 void drawControl(QPainter& painter, const QRectF& room, const ControlLook& look);
 
-// Where the image that marks a control stands: its place, as far as no black key lies on it.
+// Where the frame around a marked control stands: its place, as far as no black key lies on it.
 [[nodiscard]] QRectF imageRoom(ControlShape shape, const QRectF& room);
 
-// How wide the frame of that image is, in device-independent pixels.
+// How wide that frame is, in device-independent pixels.
 inline constexpr qreal kMarkFrame = 6;
 
 // The part of the place that carries the caption, on a dark ground in every shape.
@@ -53,6 +63,9 @@ struct CaptionSetting {
 // What a caption is written in where nothing else is wanted.
 inline constexpr QColor kPlainCaption(214, 219, 226);
 
+// The size that a caption is set in where it has the room, in the drawing's units.
+inline constexpr qreal kLargestCaption = 12;
+
 // The smallest size that a caption is set in, in device-independent pixels.
 inline constexpr int kSmallestCaption = 9;
 
@@ -66,18 +79,11 @@ inline constexpr int kSmallestCaption = 9;
 void drawCaption(QPainter& painter, const QRectF& room, const QString& text,
                  const CaptionSetting& setting, const QColor& colour);
 
-// Fills `target` with the image NAME.svg: its corners, a third of its width each, keep their size,
-// and what is between them stretches. An image that is missing draws nothing and is logged once.
-// Main thread; images are kept until the application ends.
-// Without its badge, the upper right corner is the mirrored left one.
-void drawResourceImage(QPainter& painter, const QRectF& target, const std::string& name,
-                       bool hasBadge = true);
-
-// Marks a control that is chosen beside the one with the image.
+// Marks a control that is chosen beside the one with the frame.
 void drawTaken(QPainter& painter, ControlShape shape, const QRectF& room);
 
-// Marks a control with that image; on a white key without the badge, which would lie on the
-// caption.
-void drawMark(QPainter& painter, ControlShape shape, const QRectF& room, const std::string& name);
+// The frame of the chosen control, with a badge in its upper right corner; on a white key without
+// it, as it would lie on the caption.
+void drawSelected(QPainter& painter, ControlShape shape, const QRectF& room);
 
 } // namespace scenewright

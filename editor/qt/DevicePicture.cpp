@@ -1,15 +1,14 @@
 #include "editor/qt/DevicePicture.h"
 
 #include "editor/ControlDescription.h"
+#include "editor/qt/ControlShape.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/SceneValue.h"
-#include "platform/Resources.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRubberBand>
-#include <fmt/format.h>
 
 #include <cmath>
 #include <limits>
@@ -17,12 +16,6 @@
 namespace scenewright {
 
 namespace {
-
-const QString kBody = QStringLiteral("body");
-
-QString placeName(std::int32_t tag) {
-    return QStringLiteral("control-%1").arg(tag);
-}
 
 constexpr qreal kAside = 3; // how much farther a control seems that lies to the side
 
@@ -51,45 +44,7 @@ QRect scaled(const QRectF& place, const QRectF& area, qreal scale) {
 
 } // namespace
 
-DeviceDrawing::DeviceDrawing() {
-    const auto path = Resources::find("keyboard", "svg");
-    if (!path) {
-        trouble_ = "keyboard.svg: not found among the program's resources";
-        return;
-    }
-    if (!renderer_.load(QString::fromStdString(path->string())))
-        trouble_ = fmt::format("{}: not a drawing that can be read", path->string());
-    for (std::int32_t tag = 1; tag < kControlIndexEnd && !trouble_; ++tag) {
-        // Of an element that is not there, the renderer tells the bounds of the whole drawing.
-        if (renderer_.elementExists(placeName(tag)))
-            places_[tag] = renderer_.boundsOnElement(placeName(tag));
-        if (places_[tag].isEmpty())
-            trouble_ = fmt::format("{}: no place for control {}", path->string(), tag);
-    }
-    if (!trouble_ && !renderer_.elementExists(kBody))
-        trouble_ = fmt::format("{}: no body", path->string());
-}
-
-QSizeF DeviceDrawing::size() const {
-    return renderer_.viewBoxF().size();
-}
-
-QRectF DeviceDrawing::place(std::int32_t tag) const {
-    const auto found = places_.find(tag);
-    return found == places_.end() ? QRectF() : found->second;
-}
-
-void DeviceDrawing::drawBody(QPainter& painter, const QRectF& target) {
-    if (trouble_ || size().isEmpty())
-        return;
-    const QRectF bounds = renderer_.boundsOnElement(kBody);
-    const qreal scale = target.width() / size().width();
-    const QRectF place(target.topLeft() + bounds.topLeft() * scale, bounds.size() * scale);
-    renderer_.render(&painter, kBody, place);
-}
-
-std::int32_t neighbourOf(std::int32_t tag, int right, int down,
-                         const std::function<QRectF(std::int32_t)>& place) {
+std::int32_t neighbourOf(std::int32_t tag, int right, int down) {
     if (isKey(tag) && right != 0)
         return isKey(tag + right) ? tag + right : tag;
     std::int32_t nearest = tag;
@@ -97,7 +52,7 @@ std::int32_t neighbourOf(std::int32_t tag, int right, int down,
     for (std::int32_t other = 1; other < kControlIndexEnd; ++other) {
         if (other == tag || (isKey(tag) && isKey(other)))
             continue;
-        const qreal far = distance(place(tag), place(other), right, down);
+        const qreal far = distance(controlPlace(tag), controlPlace(other), right, down);
         if (far < best) {
             best = far;
             nearest = other;
@@ -238,30 +193,28 @@ QSize DevicePicture::minimumSizeHint() const {
 }
 
 QRectF DevicePicture::drawingArea() const {
-    const QSizeF size = drawing_.size().scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
+    const QSizeF size = kDrawingSize.scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 
 void DevicePicture::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const QRectF area = drawingArea();
-    const qreal scale = drawing_.size().isEmpty() ? 0 : area.width() / drawing_.size().width();
+    const qreal scale = area.width() / kDrawingSize.width();
     for (ControlButton* made : buttons_) {
-        made->setGeometry(scaled(drawing_.place(made->tag()), area, scale));
+        made->setGeometry(scaled(controlPlace(made->tag()), area, scale));
         made->setLargestCaption(static_cast<int>(std::lround(kLargestCaption * scale)));
     }
 }
 
 void DevicePicture::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawing_.drawBody(painter, drawingArea());
+    drawBody(painter, drawingArea());
 }
 
 void DevicePicture::focusArrowTarget(std::int32_t tag, int right, int down,
                                      Qt::KeyboardModifiers modifiers) {
-    const std::int32_t next =
-        neighbourOf(tag, right, down, [this](std::int32_t other) { return drawing_.place(other); });
+    const std::int32_t next = neighbourOf(tag, right, down);
     button(next)->setFocus(Qt::OtherFocusReason);
     if ((modifiers & Qt::ShiftModifier) != 0)
         emit extended(next);

@@ -5,15 +5,10 @@
 #include "model/SceneValue.h"
 
 #include <QRectF>
-#include <QSvgRenderer>
 #include <QWidget>
 
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <map>
-#include <optional>
-#include <string>
 #include <vector>
 
 class QMouseEvent;
@@ -24,36 +19,9 @@ namespace scenewright {
 
 class PopUpValue;
 
-// The drawing of the keyboard: its body, and where each control has its place on it.
-class DeviceDrawing {
-public:
-    // Reads keyboard.svg from the resources.
-    DeviceDrawing();
-
-    // Why the drawing cannot be used, in one sentence; nothing when it can.
-    [[nodiscard]] const std::optional<std::string>& trouble() const { return trouble_; }
-
-    // In the drawing's own units, from the upper left corner.
-    [[nodiscard]] QSizeF size() const;
-    // Where the control of that tag, 1 to 45, has its place; empty when the drawing lacks it.
-    [[nodiscard]] QRectF place(std::int32_t tag) const;
-
-    // Draws the body alone, so that the whole drawing would fill `target`.
-    void drawBody(QPainter& painter, const QRectF& target);
-
-private:
-    QSvgRenderer renderer_;
-    std::map<std::int32_t, QRectF> places_;
-    std::optional<std::string> trouble_;
-};
-
-// The size that a caption is set in where it has the room, in the drawing's units.
-inline constexpr qreal kLargestCaption = 12;
-
 // The tag of the control next to `tag` in a direction (-1, 0 or 1 each way), or `tag` itself when
-// nothing lies there. `place` gives the place of a tag from 1 to 45.
-[[nodiscard]] std::int32_t neighbourOf(std::int32_t tag, int right, int down,
-                                       const std::function<QRectF(std::int32_t)>& place);
+// nothing lies there.
+[[nodiscard]] std::int32_t neighbourOf(std::int32_t tag, int right, int down);
 
 // Keeps the drawing's proportions whatever its size. It is one stop of the Tab key: the control
 // that had the keyboard last, or is chosen. The arrows go on from there to the neighbour on the
@@ -69,7 +37,6 @@ public:
 
     // Null when no button carries the tag.
     [[nodiscard]] ControlButton* button(std::int32_t tag) const;
-    [[nodiscard]] const DeviceDrawing& drawing() const { return drawing_; }
     // Onto the button that is its stop of the Tab key.
     void takeKeyboard() { tabStop_->setFocus(Qt::OtherFocusReason); }
     // Brings the pads' lights and every button's description up to date.
@@ -107,7 +74,6 @@ private:
     bool drawBand(const QMouseEvent& mouse, QWidget& from);
     [[nodiscard]] std::vector<std::int32_t> tagsIn(const QRect& band) const;
 
-    DeviceDrawing drawing_;
     std::array<ControlButton*, kControlCount> buttons_{}; // children, in the order of their tags
     ControlButton* tabStop_ = nullptr;
     QRubberBand* band_ = nullptr; // child, from the first drag on

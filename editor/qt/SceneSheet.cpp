@@ -1,6 +1,7 @@
 #include "editor/qt/SceneSheet.h"
 
 #include "editor/ControlDescription.h"
+#include "editor/qt/ControlShape.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/ControlOutput.h"
 #include "model/Midi.h"
@@ -161,7 +162,7 @@ void SceneSheet::drawControlOf(QPainter& painter, std::int32_t tag, const SceneV
     const auto& records = scene.buttonValueArray();
     const ButtonValue record = place < records.size() ? *records[place] : ButtonValue();
     const Colour light = kind == ControlKind::Pad ? padColour(record) : Colour{};
-    const QRectF bounds = drawing_.place(tag);
+    const QRectF bounds = controlPlace(tag);
     const QRectF room(bounds.topLeft() * scale, bounds.size() * scale);
     drawControl(painter, room, {.shape = shape, .light = {light.red, light.green, light.blue}});
     const QString text = shown(displaySummary(*lists_, kind, record, kNumbers));
@@ -172,11 +173,11 @@ void SceneSheet::drawControlOf(QPainter& painter, std::int32_t tag, const SceneV
 }
 
 void SceneSheet::drawPicture(QPainter& painter, const QRectF& room, const SceneValue& scene) {
-    const qreal scale = kPictureWidth / drawing_.size().width();
+    const qreal scale = kPictureWidth / kDrawingSize.width();
     painter.save();
     painter.translate(room.topLeft());
     painter.scale(room.width() / kPictureWidth, room.width() / kPictureWidth);
-    drawing_.drawBody(painter, QRectF(QPointF(), drawing_.size() * scale));
+    drawBody(painter, QRectF(QPointF(), kDrawingSize * scale));
     for (const bool isAbove : {false, true}) // the black keys lie on the white ones
         for (std::int32_t tag = 1; tag < kControlIndexEnd; ++tag)
             if ((shapeOf(controlRangeOf(tag)->kind, tag) == ControlShape::BlackKey) == isAbove)
@@ -227,7 +228,7 @@ void SceneSheet::drawPage(QPainter& painter, const QRectF& room, const Page& pag
     painter.drawText(line, settings, wrapped());
     top += painter.boundingRect(line, settings, wrapped()).height() + kGap;
 
-    const qreal ratio = drawing_.size().width() / drawing_.size().height();
+    const qreal ratio = kDrawingSize.width() / kDrawingSize.height();
     const qreal height = std::min(room.width() / ratio, (room.bottom() - top) * kPicturePart);
     const qreal left = room.center().x() - height * ratio / 2;
     drawPicture(painter, QRectF(left, top, height * ratio, height), scene);
@@ -317,8 +318,6 @@ Result<void> SceneSheet::print(QPrinter& printer) {
 }
 
 Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSize& paper) {
-    if (drawing_.trouble())
-        return failure(*drawing_.trouble());
     const QString suffix = QFileInfo(QString::fromStdString(file.string())).suffix().toLower();
     if (!QStringList{"pdf", "svg", "png"}.contains(suffix))
         return failure(translated(sourceText("scenewright::File",

@@ -2,7 +2,6 @@
 // what each control sends and is set to, in words.
 #pragma once
 
-#include "editor/qt/DevicePicture.h"
 #include "model/PopUpValue.h"
 #include "model/SceneValue.h"
 #include "platform/Text.h"
@@ -80,7 +79,6 @@ private:
     std::shared_ptr<const PopUpValue> lists_;
     std::vector<Page> pages_;
     QString title_;
-    DeviceDrawing drawing_;
 };
 
 // The endings of the names that a sheet can be written to.

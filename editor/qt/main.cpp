@@ -121,8 +121,6 @@ int showWindow(const LaunchOptions& options, const std::shared_ptr<Keyboards>& k
     Appearance appearance;
     QuitController quit;
     MainWindow window(quit, appearance, isVirtual);
-    if (const auto& trouble = window.picture().drawing().trouble())
-        return reportError(*trouble, kExitUsage);
     const auto recovery = std::make_shared<Recovery>();
     shutdown.setLastWork([recovery] { std::ignore = recovery->flush(); });
     EditorCommands commands(window, keyboards, StoreFiles{}, SendJournal{}, recovery);

@@ -1,12 +1,10 @@
 #include "editor/qt/ControlShape.h"
 
-#include "platform/Diagnostics.h"
 #include "tests/editor-qt/DrawnParts.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -151,58 +149,44 @@ QImage drawnOf(const QSize& size, const std::function<void(QPainter&, const QRec
     return image;
 }
 
-TEST(ResourceImage, IsTheDrawingItselfAndKeepsItsCornersInALargerPlace) {
-    QSvgRenderer drawing(QStringLiteral(SCENEWRIGHT_SOURCE_DIR "/resources/selected.svg"));
-    const auto drawn = [](const QSize& size) {
-        return drawnOf(size, [](QPainter& painter, const QRectF& room) {
-            drawResourceImage(painter, room, "selected");
-        });
-    };
-    const QSize size = drawing.viewBox().size();
-    EXPECT_EQ(drawn(size), drawnOf(size, [&](QPainter& painter, const QRectF& room) {
-                  drawing.render(&painter, room);
-              }));
-    const QSize corner(size.width() / 3, size.width() / 3);
-    const auto corners = [&corner](const QImage& image) {
-        const int right = image.width() - corner.width();
-        const int low = image.height() - corner.height();
-        std::vector<QImage> found;
-        for (const QPoint& place : {QPoint(0, 0), QPoint(right, 0), QPoint(0, low), {right, low}})
-            found.push_back(image.copy(QRect(place, corner)));
-        return found;
-    };
-    const QImage large = drawn(size * 4);
-    EXPECT_EQ(corners(large), corners(drawn(size)));
-    const QPoint middle(size.width() / 2, size.height() / 2);
-    EXPECT_EQ(large.pixel(middle * 4), drawn(size).pixel(middle));
-    const int edge = size.width() * 2;
-    for (const QPoint& place : {QPoint(edge, 2), QPoint(2, edge)})
-        EXPECT_EQ(large.pixel(place), drawn(size).pixel(place.x() == 2 ? QPoint(2, middle.y())
-                                                                       : QPoint(middle.x(), 2)));
+// An upper corner of the frame of a control of that size.
+QImage corner(ControlShape shape, const QSize& size, bool isRight) {
+    const QImage drawn = drawnOf(size, [shape](QPainter& painter, const QRectF& room) {
+        drawSelected(painter, shape, room);
+    });
+    return drawn.copy(isRight ? size.width() - 25 : 0, 0, 25, 25);
 }
 
-TEST(ResourceImage, OnAWhiteKeyIsTheSameOnBothSides) {
+TEST(SelectedFrame, KeepsItsCornersInALargerPlace) {
+    for (const bool isRight : {false, true})
+        EXPECT_EQ(corner(ControlShape::Pad, {60, 60}, isRight),
+                  corner(ControlShape::Pad, {240, 130}, isRight));
+}
+
+TEST(SelectedFrame, HasABadgeButOnAWhiteKey) {
     const QImage marked = drawnOf({60, 160}, [](QPainter& painter, const QRectF& room) {
-        drawMark(painter, ControlShape::WhiteKey, room, "selected");
+        drawSelected(painter, ControlShape::WhiteKey, room);
     });
-    EXPECT_EQ(marked, marked.mirrored(true, false));
     EXPECT_EQ(marked.pixelColor(30, 90).alpha(), 0) << "above its part of the key";
     EXPECT_GT(marked.pixelColor(30, 103).alpha(), 0);
-    const QImage badged = drawnOf({60, 160}, [](QPainter& painter, const QRectF& room) {
-        drawMark(painter, ControlShape::BlackKey, room, "selected");
-    });
-    EXPECT_NE(badged, badged.mirrored(true, false));
+    EXPECT_EQ(marked.pixelColor(48, 113).alpha(), 0) << "where a badge would be";
+    const QImage badged = corner(ControlShape::BlackKey, {60, 160}, true);
+    struct Row {
+        QPoint at;
+        QColor colour;
+    };
+    const QColor blue(31, 123, 255);
+    for (const Row& row : {Row{{15, 4}, blue}, Row{{15, 15}, blue}, Row{{15, 8}, blue},
+                           Row{{13, 11}, Qt::white}, Row{{18, 7}, Qt::white}})
+        EXPECT_EQ(badged.pixelColor(row.at), row.colour) << row.at.x() << ' ' << row.at.y();
 }
 
-TEST(ResourceImage, ThatIsMissingDrawsNothingAndLogsNothing) {
-    std::vector<std::string> log;
-    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
-    const auto draw = [](QPainter& painter, const QRectF& room) {
-        drawResourceImage(painter, room, "no-such-image");
-    };
-    EXPECT_EQ(drawnOf({20, 20}, draw), drawnOf({20, 20}, [](QPainter&, const QRectF&) {}));
-    Diagnostics::setLog({});
-    EXPECT_EQ(log, std::vector<std::string>{});
+TEST(SelectedFrame, IsLightOutsideAndDarkInside) {
+    const QImage left = corner(ControlShape::Pad, {80, 80}, false);
+    EXPECT_EQ(left.pixelColor(2, 24), QColor(31, 123, 255));
+    EXPECT_EQ(left.pixelColor(0, 24), QColor(Qt::white));
+    EXPECT_EQ(left.pixelColor(5, 24), QColor(5, 8, 13));
+    EXPECT_EQ(left.pixelColor(7, 24).alpha(), 0);
 }
 
 constexpr QRect kWhole(0, 0, 100, 200);
