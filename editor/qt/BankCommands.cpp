@@ -11,8 +11,6 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QMimeData>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QTreeView>
 #include <QUrl>
 
@@ -198,19 +196,16 @@ void BankCommands::exportSheet(const QString& file) {
 
 void BankCommands::print() {
     window_.finishTyping();
-    const auto printer = std::make_shared<QPrinter>();
-    printer->setDocName(bankSuggestion()); // which names a file that is printed to as well
-    auto& dialog = makeChild<QPrintDialog>(printer.get(), &window_);
-    dialog.setAttribute(Qt::WA_DeleteOnClose);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    dialog.setMinMax(1, kSceneCount);
-    dialog.setFromTo(1, kSceneCount);
-    connect(&dialog, &QDialog::accepted, this, [this, printer] {
-        const QString file = QFileInfo(printer->outputFileName()).fileName();
-        const QString where = file.isEmpty() ? printer->printerName() : file;
-        showWritten(sheet().print(*printer), tr("Printed the sheet to %1").arg(where));
-    });
-    dialog.open();
+    const auto devices = PaperDevices::load();
+    if (!devices)
+        return showWritten(failure(devices.error()), {});
+    // The suggestion names a file that is printed to as well.
+    (*devices)->askForPrinter(
+        window_, bankSuggestion(), kSceneCount, [this](SheetPrinter& printer) {
+            const QString file = QFileInfo(printer.file).fileName();
+            showWritten(sheet().print(printer),
+                        tr("Printed the sheet to %1").arg(file.isEmpty() ? printer.name : file));
+        });
 }
 
 void BankCommands::askForScene(const QString& question, const std::vector<std::string>& names,

@@ -9,15 +9,15 @@
 #include "platform/Text.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
+#include <QLibrary>
 #include <QLocale>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinter>
-#include <QSvgGenerator>
 #include <QTemporaryFile>
 #include <QTextOption>
 
@@ -262,7 +262,7 @@ void SceneSheet::drawAsStrip(QPainter& painter, const QSizeF& paper) {
                  pages_[page]);
 }
 
-bool SceneSheet::render(QIODevice& sink, const QString& suffix, const QPageSize& paper) {
+Result<bool> SceneSheet::render(QIODevice& sink, const QString& suffix, const QPageSize& paper) {
     const QSizeF one = unitsOf(paper);
     const QSizeF all(one.width(), one.height() * static_cast<qreal>(pages_.size()));
     if (suffix == QLatin1String("pdf")) {
@@ -273,13 +273,12 @@ bool SceneSheet::render(QIODevice& sink, const QString& suffix, const QPageSize&
         return draw(writer, 0, pages_.size() - 1);
     }
     if (suffix == QLatin1String("svg")) {
-        QSvgGenerator generator;
-        generator.setOutputDevice(&sink);
-        generator.setTitle(title_);
-        generator.setSize((all / kUnitsPerPoint).toSize());
-        generator.setViewBox(QRectF(QPointF(), all));
-        generator.setResolution(72);
-        QPainter painter(&generator);
+        const auto devices = PaperDevices::load();
+        if (!devices)
+            return failure(devices.error());
+        const auto svg = (*devices)->makeSvg(sink, title_, (all / kUnitsPerPoint).toSize(),
+                                             QRectF(QPointF(), all));
+        QPainter painter(svg.get());
         drawAsStrip(painter, one);
         return true;
     }
@@ -293,28 +292,22 @@ bool SceneSheet::render(QIODevice& sink, const QString& suffix, const QPageSize&
     return image.save(&sink, "PNG");
 }
 
-Result<void> SceneSheet::print(QPrinter& printer) {
-    const bool isRange = printer.printRange() == QPrinter::PageRange;
-    const auto first = static_cast<std::size_t>(isRange ? printer.fromPage() - 1 : 0);
-    const auto last = isRange ? static_cast<std::size_t>(printer.toPage()) : pages_.size();
-    printer.setFullPage(true);
-    const QString file = printer.outputFileName();
-    if (file.isEmpty()) {
-        if (draw(printer, first, last - 1))
+Result<void> SceneSheet::print(SheetPrinter& printer) {
+    const auto isDrawn = [&] { return draw(printer.device, printer.firstPage, printer.lastPage); };
+    if (printer.file.isEmpty()) {
+        if (isDrawn())
             return {};
-        return failure(
-            tr("%1: the printer takes no sheet").arg(printer.printerName()).toStdString());
+        return failure(tr("%1: the printer takes no sheet").arg(printer.name).toStdString());
     }
     // What the toolkit could not write whole it does not tell.
     QTemporaryFile pages;
     if (pages.open())
-        printer.setOutputFileName(pages.fileName());
-    const QByteArray bytes =
-        pages.isOpen() && draw(printer, first, last - 1) ? pages.readAll() : QByteArray();
-    printer.setOutputFileName(file);
+        printer.setFile(pages.fileName());
+    const QByteArray bytes = pages.isOpen() && isDrawn() ? pages.readAll() : QByteArray();
+    printer.setFile(printer.file);
     if (!bytes.endsWith(kPdfEnd))
-        return failure(notDrawn(file.toStdString()));
-    return replaced(file.toStdString(), bytes);
+        return failure(notDrawn(printer.file.toStdString()));
+    return replaced(printer.file.toStdString(), bytes);
 }
 
 Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSize& paper) {
@@ -326,9 +319,21 @@ Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSiz
                                   readableText(file.string()), kSheetSuffixes));
     QBuffer sink;
     sink.open(QIODevice::WriteOnly);
-    if (!render(sink, suffix, paper))
+    const auto drawn = render(sink, suffix, paper);
+    if (!drawn)
+        return failure(drawn.error());
+    if (!*drawn)
         return failure(notDrawn(file));
     return replaced(file, sink.data());
+}
+
+Result<PaperDevices*> PaperDevices::load() {
+    QLibrary module(QCoreApplication::applicationDirPath() +
+                    QStringLiteral("/../lib/scenewright/paper"));
+    auto* const devices = reinterpret_cast<decltype(&paperDevices)>(module.resolve("paperDevices"));
+    if (devices == nullptr)
+        return failure(module.errorString().toStdString());
+    return devices();
 }
 
 } // namespace scenewright

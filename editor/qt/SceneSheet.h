@@ -9,20 +9,56 @@
 #include <QCoreApplication>
 #include <QPageSize>
 #include <QRectF>
+#include <QSize>
 #include <QString>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <vector>
 
 class QIODevice;
 class QPagedPaintDevice;
 class QPainter;
-class QPrinter;
+class QPaintDevice;
+class QWidget;
 
 namespace scenewright {
+
+// A printer that was chosen, or a file that is printed to.
+struct SheetPrinter {
+    QPagedPaintDevice& device; // the whole of its page
+    QString name;
+    QString file; // empty for a printer
+    std::function<void(const QString& file)> setFile;
+    // Counted from 0.
+    std::size_t firstPage;
+    std::size_t lastPage;
+};
+
+// What a sheet is put on besides PDF files and images. It is a module beside the program, loaded
+// when it is first needed: each start of the window would pay for the libraries of printers and
+// SVG.
+class PaperDevices {
+public:
+    // Main thread; kept until the program ends. On error, why in one sentence.
+    [[nodiscard]] static Result<PaperDevices*> load();
+
+    virtual ~PaperDevices() = default;
+
+    // An SVG file of that size, drawn on in units of which `all` are as large; written to the sink
+    // when the last painter ends.
+    [[nodiscard]] virtual std::unique_ptr<QPaintDevice>
+    makeSvg(QIODevice& sink, const QString& title, const QSize& size, const QRectF& all) = 0;
+
+    // Asks for a printer and which pages of so many, in a dialog of the window. `print` is called
+    // when the user agrees. A document's name is suggested for a file that is printed to.
+    virtual void askForPrinter(QWidget& window, const QString& document, int pages,
+                               std::function<void(SheetPrinter&)> print) = 0;
+};
 
 class SceneSheet {
     Q_DECLARE_TR_FUNCTIONS(scenewright::SceneSheet)
@@ -44,9 +80,8 @@ public:
     // As the file's name ends: a PDF with all pages, or an SVG or PNG with the pages below one
     // another. On error the file is what it was.
     [[nodiscard]] Result<void> write(const std::filesystem::path& file, const QPageSize& paper);
-    // On the paper and the pages that were chosen for the printer, which is one or a file. On error
-    // the file is what it was.
-    [[nodiscard]] Result<void> print(QPrinter& printer);
+    // On error a file that is printed to is what it was.
+    [[nodiscard]] Result<void> print(SheetPrinter& printer);
 
     // A control's name, what it sends, and its settings.
     using Row = std::array<QString, 3>;
@@ -74,7 +109,8 @@ private:
     // them.
     [[nodiscard]] bool draw(QPagedPaintDevice& device, std::size_t first, std::size_t last);
     void drawAsStrip(QPainter& painter, const QSizeF& paper);
-    [[nodiscard]] bool render(QIODevice& sink, const QString& suffix, const QPageSize& paper);
+    [[nodiscard]] Result<bool> render(QIODevice& sink, const QString& suffix,
+                                      const QPageSize& paper);
 
     std::shared_ptr<const PopUpValue> lists_;
     std::vector<Page> pages_;
@@ -85,3 +121,6 @@ private:
 inline constexpr const char* kSheetSuffixes = "pdf, svg, png";
 
 } // namespace scenewright
+
+// What the module exports.
+extern "C" [[nodiscard]] scenewright::PaperDevices* paperDevices();

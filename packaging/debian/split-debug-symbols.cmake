@@ -11,7 +11,7 @@ set(prefix ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX}
 file(REMOVE_RECURSE ${root})
 
 set(build_ids)
-file(GLOB programs ${prefix}/bin/*)
+file(GLOB programs ${prefix}/bin/* ${prefix}/lib/scenewright/*)
 foreach(program IN LISTS programs)
     execute_process(COMMAND ${CPACK_SCENEWRIGHT_READELF} --notes ${program}
         OUTPUT_VARIABLE notes COMMAND_ERROR_IS_FATAL ANY)

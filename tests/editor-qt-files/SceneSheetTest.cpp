@@ -10,12 +10,15 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QSet>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -294,14 +297,36 @@ TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
     }
 }
 
-// As in the toolkit's dialog without a printer.
+// What came of printing the sheet as it is chosen in the dialog, which is the toolkit's.
+Result<void> printed(SceneSheet sheet, const std::function<void(QPrinter&)>& choose) {
+    QWidget window;
+    Result<void> done = failure("never printed");
+    const auto devices = PaperDevices::load();
+    if (!devices)
+        return failure(devices.error());
+    (*devices)->askForPrinter(window, "Mine", 4,
+                              [&](SheetPrinter& printer) { done = sheet.print(printer); });
+    auto& dialog = *window.findChild<QPrintDialog*>();
+    EXPECT_EQ(dialog.printer()->docName(), "Mine");
+    EXPECT_EQ(dialog.toPage(), 4);
+    choose(*dialog.printer());
+    dialog.done(QDialog::Accepted);
+    EXPECT_TRUE(dialog.printer()->fullPage()) << "the margins are the sheet's own";
+    return done;
+}
+
+// As in the dialog without a printer.
 TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
-    QPrinter printer;
-    printer.setOutputFileName(QString::fromStdString(file("printed.pdf")));
-    printer.setPageSize(QPageSize(QPageSize::Letter));
-    printer.setPageOrientation(QPageLayout::Landscape);
-    const auto pages = [&] {
-        const auto done = sheet().print(printer);
+    const auto pagesFrom = [&](int first, int last) {
+        const auto done = printed(sheet(), [&](QPrinter& printer) {
+            printer.setOutputFileName(QString::fromStdString(file("printed.pdf")));
+            printer.setPageSize(QPageSize(QPageSize::Letter));
+            printer.setPageOrientation(QPageLayout::Landscape);
+            if (first > 0) {
+                printer.setPrintRange(QPrinter::PageRange);
+                printer.setFromTo(first, last);
+            }
+        });
         EXPECT_TRUE(done) << (done ? "" : done.error());
         QFile bytes(QString::fromStdString(file("printed.pdf")));
         EXPECT_TRUE(bytes.open(QIODevice::ReadOnly));
@@ -309,24 +334,24 @@ TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
         EXPECT_TRUE(pdf.contains("/MediaBox [0 0 792"));
         return pdf.count(QRegularExpression("/Type /Page\\b(?!s)"));
     };
-    EXPECT_EQ(pages(), 4);
-    EXPECT_TRUE(printer.fullPage()) << "the margins are the sheet's own";
-    printer.setPrintRange(QPrinter::PageRange);
-    printer.setFromTo(2, 3);
-    EXPECT_EQ(pages(), 2);
+    EXPECT_EQ(pagesFrom(0, 0), 4);
+    EXPECT_EQ(pagesFrom(2, 3), 2);
 }
 
 TEST_F(SceneSheetTest, PrintingThatFailsSaysSoAndLeavesTheFile) {
-    QPrinter printer;
-    printer.setOutputFileName(QString::fromStdString(file("none/printed.pdf")));
-    EXPECT_EQ(sheet().print(printer).error(), "Cannot write " + file("none/printed.pdf") + ": " +
-                                                  file("none") + ": No such file or directory.");
+    const auto errorOf = [&](const char* name) {
+        return printed(sheet(),
+                       [&](QPrinter& printer) {
+                           printer.setOutputFileName(QString::fromStdString(file(name)));
+                       })
+            .error();
+    };
+    EXPECT_EQ(errorOf("none/printed.pdf"), "Cannot write " + file("none/printed.pdf") + ": " +
+                                               file("none") + ": No such file or directory.");
     const QByteArray before = written("printed.pdf", sheet(1));
-    printer.setOutputFileName(QString::fromStdString(file("printed.pdf")));
     {
         const FileSizeLimit limit(static_cast<rlim_t>(before.size())); // all four are more
-        EXPECT_EQ(sheet().print(printer).error(),
-                  file("printed.pdf") + ": the sheet cannot be drawn");
+        EXPECT_EQ(errorOf("printed.pdf"), file("printed.pdf") + ": the sheet cannot be drawn");
     }
     QFile after(QString::fromStdString(file("printed.pdf")));
     ASSERT_TRUE(after.open(QIODevice::ReadOnly));
