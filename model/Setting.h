@@ -300,6 +300,16 @@ inline constexpr std::size_t kSettingCount = kSettings.size();
     return kSettings;
 }
 
+// The values that a scene stores: each setting's, in each control of its kind. The controller has a
+// byte for each of them.
+inline constexpr std::size_t kStoredValues = [] {
+    std::size_t count = 0;
+    for (const Setting& setting : kSettings)
+        count += static_cast<std::size_t>(controlRange(setting.kind()).count);
+    return count;
+}();
+static_assert(kStoredValues == 241);
+
 // The row of a kind's field; null when the kind does not carry a field of that name.
 [[nodiscard]] constexpr const Setting* findSetting(ControlKind kind, std::string_view name) {
     for (const Setting& setting : kSettings)

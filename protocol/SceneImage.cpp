@@ -1,6 +1,5 @@
 #include "protocol/SceneImage.h"
 
-#include "model/Setting.h"
 #include "model/ValueAction.h"
 #include "platform/Diagnostics.h"
 
@@ -37,30 +36,6 @@ consteval Layout layOut() {
 }
 
 constexpr Layout kLayout = layOut();
-
-consteval bool coversEveryByteOnce(const Layout& layout) {
-    std::array<int, kSceneImageSize> uses{};
-    for (const Block& block : layout)
-        for (std::size_t k = 0; k < static_cast<std::size_t>(block.count); ++k)
-            ++uses.at(block.offset + k);
-    for (std::size_t byte = 0; byte < kSceneImageSize; ++byte)
-        if (uses[byte] != (byte < kNameSize ? 0 : 1))
-            return false;
-    return true;
-}
-
-consteval std::size_t startOf(ControlKind kind) {
-    return std::ranges::find(kLayout, kind, [](const Block& b) { return b.setting->kind(); })
-        ->offset;
-}
-
-static_assert(coversEveryByteOnce(kLayout));
-static_assert(startOf(ControlKind::Common) == 12);
-static_assert(startOf(ControlKind::Key) == 20);
-static_assert(startOf(ControlKind::Group) == 145);
-static_assert(startOf(ControlKind::Knob) == 149);
-static_assert(startOf(ControlKind::Slider) == 165);
-static_assert(startOf(ControlKind::Pad) == 181);
 
 void writeName(const SceneValue& scene, SceneImage& image) {
     const auto name = std::span(image).first<kNameSize>();

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "model/SceneValue.h"
+#include "model/Setting.h"
 
 #include <array>
 #include <cstddef>
@@ -49,7 +50,7 @@ inline constexpr Packet kFill{0x09, 0x90, 0x0F, 0x0F}; // a position past the en
 inline constexpr std::size_t kBlockPackets = 512;
 
 inline constexpr std::size_t kNameSize = 12;
-inline constexpr std::size_t kSceneImageSize = 253;
+inline constexpr std::size_t kSceneImageSize = kNameSize + kStoredValues; // 253
 inline constexpr std::size_t kBankSize = 4 * kSceneImageSize; // 1012: all that the device holds
 
 using SceneImage = std::array<std::uint8_t, kSceneImageSize>;

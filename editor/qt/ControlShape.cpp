@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace scenewright {
@@ -185,7 +186,7 @@ bool shrinkInto(QFont& font, const QString& text, const QSizeF& room, int larges
 // downwards.
 struct BodyPart {
     QRectF rect;
-    qreal radius;
+    qreal radius = 0;
     QColor upper;
     QColor lower;
 };
@@ -212,9 +213,9 @@ constexpr std::array kBody{
 
 // Controls of a kind that stand in rows: the first one, and the way to the next one each way.
 struct ControlGrid {
-    ControlKind kind;
+    ControlKind kind = ControlKind::Group;
     QRectF first;
-    int columns;
+    int columns = 1;
     QPointF step;
 };
 
@@ -233,7 +234,8 @@ constexpr std::array<qreal, 12> kKeyLefts{25, 62, 87, 132, 149, 211, 247, 273, 3
 
 QRectF keyPlace(std::int32_t tag) {
     const std::int32_t key = tag - controlRange(ControlKind::Key).start;
-    const qreal left = kKeyLefts.at(static_cast<std::size_t>(key % 12)) + key / 12 * kOctave;
+    const auto [octave, step] = std::div(key, 12);
+    const qreal left = kKeyLefts.at(static_cast<std::size_t>(step)) + octave * kOctave;
     const bool isBlack = shapeOf(ControlKind::Key, tag) == ControlShape::BlackKey;
     return {QPointF(left, kKeyTop), isBlack ? kBlackKey : kWhiteKey};
 }
@@ -262,10 +264,10 @@ void drawBadge(QPainter& painter, const QPointF& centre) {
 QRectF controlPlace(std::int32_t tag) {
     for (const ControlGrid& grid : kGrids) {
         const ControlRange& range = controlRange(grid.kind);
-        const std::int32_t at = tag - range.start;
-        if (at >= 0 && tag < range.end())
-            return grid.first.translated(at % grid.columns * grid.step.x(),
-                                         at / grid.columns * grid.step.y());
+        if (tag < range.start || tag >= range.end())
+            continue;
+        const auto [row, column] = std::div(tag - range.start, grid.columns);
+        return grid.first.translated(column * grid.step.x(), row * grid.step.y());
     }
     const ControlRange& keys = controlRange(ControlKind::Key);
     return tag >= keys.start && tag < keys.end() ? keyPlace(tag) : QRectF();
