@@ -48,7 +48,7 @@ DifferenceDialog::DifferenceDialog(std::vector<Difference> differences, QWidget*
       table_(&makeChild<QTreeWidget>(this)) {
     auto& column = layOutDialog(*this, tr("Differences"));
     column.setSpacing(8);
-    count_->setProperty("role", "heading");
+    count_->setProperty("role", "notice");
     column.addWidget(count_);
     layOutTable(*table_, windowTitle(),
                 {tr("Control"), tr("Setting"), tr("Keyboard"), tr("Window")});

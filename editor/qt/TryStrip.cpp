@@ -61,7 +61,7 @@ void TryStrip::layOut() {
     room.setSpacing(kGap);
     room.setColumnStretch(0, 1);
     told_ = &makeChild<SpokenText>(this);
-    told_->setProperty("role", "heading");
+    told_->setProperty("role", "notice");
     room.addWidget(told_, 0, 0);
     auto& bar = makeChild<QWidget>(this);
     bar.setAccessibleName(accessibleName());
