@@ -368,8 +368,6 @@ std::int32_t ViewController::storedValue(const ValuePopUp& row) const {
 }
 
 Titles ViewController::offeredTitles(const ValuePopUp& row) const {
-    if (row.setting->details().noteList == nullptr)
-        return optionList(*pu(), *row.setting, kAssignOff);
     const std::int32_t type = buttonValue()->AssignType();
     const bool offersAny = type == kAssignController || type == kAssignNote;
     return offersAny ? optionList(*pu(), *row.setting, type) : nullptr;

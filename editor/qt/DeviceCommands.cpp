@@ -243,9 +243,8 @@ std::vector<NoticeAction> SafeSending::wayBack() {
              [this, image = *unfinished->send.before] { sendImage(image); }}};
 }
 
+// From a notice, which goes when a send begins.
 void SafeSending::sendImage(const BankImage& image) {
-    if (window_.commands().isBusy())
-        return;
     earlier_.bringBack(image, tr("Brought back the earlier scenes"));
     window_.commands().send();
 }

@@ -144,9 +144,7 @@ void DifferenceDialog::copy() const {
 
 void DifferenceDialog::tellChosen() {
     const int row = table_->indexOfTopLevelItem(table_->currentItem());
-    if (row < 0)
-        return;
-    const SettingPlace& place = differences_[static_cast<std::size_t>(row)].place;
+    const SettingPlace& place = differences_.at(static_cast<std::size_t>(row)).place;
     emit chosen(place.scene, controlIndexOf(place));
 }
 

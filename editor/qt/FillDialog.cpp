@@ -210,8 +210,6 @@ What FillDialog::what() const {
 
 std::string FillDialog::start() const {
     switch (what()) {
-    case What::Notes:
-        return note_->text().toStdString();
     case What::Controllers:
         return "cc:" + controller_->text().toStdString();
     case What::Channel:
@@ -220,10 +218,11 @@ std::string FillDialog::start() const {
         if (const std::int32_t place = colours_->selectedItem(); place > 0)
             return std::string(palettes()[static_cast<std::size_t>(place) - 1].name);
         return (fromColour_->text() + QLatin1String("..") + toColour_->text()).toStdString();
-    case What::Transpose:
+    case What::Notes:
+    case What::Transpose: // begins nowhere
         break;
     }
-    return {};
+    return note_->text().toStdString();
 }
 
 Result<FillSteps> FillDialog::steps() const {

@@ -147,13 +147,10 @@ std::unique_ptr<PlayOutput> makeVirtualOutput() {
 }
 
 void listenToVirtual(KeyboardInput& input) {
-    input.use(
-        [&input] {
-            return VirtualPort::listen([&input] {
-                QMetaObject::invokeMethod(&input, &KeyboardInput::take, Qt::QueuedConnection);
-            });
-        },
-        &VirtualPort::keyboards);
+    const auto ready = [&input] {
+        QMetaObject::invokeMethod(&input, &KeyboardInput::take, Qt::QueuedConnection);
+    };
+    input.use([ready] { return VirtualPort::listen(ready); }, &VirtualPort::keyboards);
 }
 
 ConnectionKeeper::ConnectionKeeper(MainWindow& window, KeyboardConnections connections)

@@ -195,8 +195,6 @@ void NoticeBar::resizeEvent(QResizeEvent* event) {
 }
 
 void NoticeBar::showDetails() {
-    if (notices_.empty())
-        return;
     auto& dialog = makeChild<NoticeDetails>(notices_.front().text, this);
     dialog.setAttribute(Qt::WA_DeleteOnClose);
     dialog.open();

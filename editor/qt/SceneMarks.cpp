@@ -149,8 +149,6 @@ void SceneChecks::fill() {
 }
 
 void SceneChecks::choose(int row) {
-    if (row < 0)
-        return;
     const Finding finding = findings_.at(static_cast<std::size_t>(row));
     window_.showControl(finding.scene, finding.controls.empty() ? 0 : finding.controls.front());
 }

@@ -5,10 +5,13 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
@@ -19,6 +22,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace scenewright::testing {
 
@@ -245,6 +249,31 @@ TEST_F(BankCommandsTest, TheDialogSuggestsANameAndAFormWithItsUse) {
     emit dialog->filterSelected(dialog->nameFilters().at(1));
     EXPECT_EQ(dialog->defaultSuffix(), "bank");
     EXPECT_EQ(nameIn(*dialog), "mine.bank");
+}
+
+TEST_F(BankCommandsTest, TheSheetOfTheFourScenesIsExportedAndPrintedToAFile) {
+    commands().banks().saveBank(file("live.bank"));
+    const auto textIn = [this](const char* name) {
+        QFile bytes(file(name));
+        return bytes.open(QIODevice::ReadOnly) ? QString::fromUtf8(bytes.readAll()) : QString();
+    };
+    const auto dialog = dialogOf("exportSheet");
+    EXPECT_EQ(nameIn(*dialog), "live.pdf");
+    emit dialog->fileSelected(file("sheet.svg"));
+    EXPECT_EQ(notice(), "Exported the sheet to sheet.svg");
+    for (const char* const shown : {"live.bank", "Scene 1: SCENE1", "Scene 4: SCENE4"})
+        EXPECT_TRUE(textIn("sheet.svg").contains(shown)) << shown;
+    action("print").trigger();
+    auto* const printing = window().findChild<QPrintDialog*>();
+    ASSERT_NE(printing, nullptr);
+    EXPECT_TRUE(printing->testOption(QAbstractPrintDialog::PrintPageRange));
+    EXPECT_EQ(std::pair(printing->fromPage(), printing->toPage()), std::pair(1, 4));
+    EXPECT_EQ(std::pair(printing->minPage(), printing->maxPage()), std::pair(1, 4));
+    EXPECT_EQ(printing->printer()->docName(), "live");
+    printing->printer()->setOutputFileName(file("printed.pdf"));
+    emit printing->accepted();
+    EXPECT_EQ(notice(), "Printed the sheet to printed.pdf");
+    EXPECT_TRUE(textIn("printed.pdf").startsWith("%PDF"));
 }
 
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {

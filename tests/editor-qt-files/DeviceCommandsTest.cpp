@@ -209,6 +209,20 @@ TEST_F(SafeSendingTest, TheNextStartTellsOfABrokenSendUntilItIsMadeGood) {
     EXPECT_EQ(notice(), "");
 }
 
+TEST_F(SafeSendingTest, NoWayBackIsOfferedDuringASend) {
+    hold(filled(1));
+    record(kPad).setCR(80);
+    send();
+    ASSERT_EQ(notice(), kKept);
+    breakOff(filled(2));
+    commands().sending().tellUnfinished();
+    ASSERT_GE(notices().count(), 2U);
+    window().commands().send();
+    ASSERT_TRUE(window().commands().isBusy());
+    EXPECT_EQ(notices().count(), 0U) << notice().toStdString();
+    waitForSend();
+}
+
 TEST_F(SafeSendingTest, AReadThatFindsAWholeBankEndsTheMatter) {
     breakOff(filled(1));
     close();

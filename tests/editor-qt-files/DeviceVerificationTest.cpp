@@ -96,6 +96,7 @@ TEST_F(DeviceVerificationTest, SendAndVerifyReadsBackAndAPlainSendDoesNot) {
     startToVerify();
     commands().verification().compare(); // neither is done meanwhile
     commands().verification().sendAndVerify();
+    window().commands().send();
     EXPECT_EQ(notice(), "");
     EXPECT_FALSE(entry("Compare With Device").isEnabled());
     waitForSend();
@@ -348,6 +349,11 @@ TEST_F(DifferenceDialogTest, AClickAndTheArrowsTellTheControl) {
     EXPECT_EQ(chosen_,
               (std::vector<std::pair<std::int32_t, std::int32_t>>{{1, 15}, {1, 13}, {0, 0}}));
     EXPECT_TRUE(dialog_.isVisible());
+    QTest::mouseClick(table_.viewport(), Qt::LeftButton, {}, row.center());
+    chosen_.clear();
+    QTest::mouseDClick(table_.viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(chosen_, (std::vector<std::pair<std::int32_t, std::int32_t>>{{1, 15}}));
+    EXPECT_FALSE(dialog_.isVisible());
 }
 
 TEST_F(DifferenceDialogTest, TakesTheSelectedRowsThenAll) {

@@ -37,6 +37,14 @@ TEST_F(EditorCommandsTest, ANewWindowIsNoWiderThanTheScreen) {
     EXPECT_EQ(window().width(), std::max(std::min(1180, room), window().minimumSizeHint().width()));
 }
 
+TEST_F(EditorCommandsTest, ListsThatCannotBeReadAreToldInOneNotice) {
+    open();
+    commands().reportLists({});
+    EXPECT_EQ(notice(), "");
+    commands().reportLists({"basic.plist: gone", "default.plist: gone"});
+    EXPECT_EQ(notice(), "basic.plist: gone\ndefault.plist: gone");
+}
+
 // The action of the View menu's list of appearances.
 QAction* appearance(MainWindow& window, const QString& title) {
     for (QAction* action : window.findChildren<QAction*>())

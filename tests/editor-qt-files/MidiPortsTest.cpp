@@ -12,24 +12,44 @@ namespace scenewright::testing {
 
 namespace {
 
-using MidiPortsTest = OpenWindow;
+constexpr PortAddress kKeyboard{20, 0};
+constexpr PortAddress kSynth{128, 0};
+
+class MidiPortsTest : public OpenWindow {
+protected:
+    MidiPortsTest() {
+        plug();
+        ports->add(kSynth, "Synth", "In");
+    }
+    void plug() { ports->add(kKeyboard, "Keyboard", "MIDI 1", 1); }
+    KeyboardConnections connections() {
+        return KeyboardConnections(
+            std::make_unique<ScriptedSequencer>(ports),
+            [] {
+                return std::vector<SoundKeyboard>{{"1209:0001#0", 1}};
+            },
+            folder.path() / "connections.json");
+    }
+
+    std::shared_ptr<ScriptedPorts> ports = std::make_shared<ScriptedPorts>();
+};
+
+TEST_F(MidiPortsTest, AConnectionIsMadeAgainOnceTheSequencerTellsOfItsPort) {
+    ports->makeBell();
+    ports->link({.from = kKeyboard, .to = kSynth});
+    const ConnectionKeeper keeper(window(), connections());
+    ports->remove(kKeyboard);
+    plug();
+    ASSERT_TRUE(ports->connections.empty());
+    ports->ring();
+    EXPECT_TRUE(waitUntil([this] { return ports->connections.size() == 1; }));
+}
 
 TEST_F(MidiPortsTest, TheInterruptionOfAConnectionIsToldOnceWhereThereIsOne) {
-    constexpr PortAddress kKeyboard{20, 0};
-    constexpr PortAddress kSynth{128, 0};
-    const auto ports = std::make_shared<ScriptedPorts>();
-    ports->add(kKeyboard, "Keyboard", "MIDI 1", 1);
-    ports->add(kSynth, "Synth", "In");
     for (const bool isConnected : {false, true}) {
         if (isConnected)
             ports->link({.from = kKeyboard, .to = kSynth});
-        const ConnectionKeeper keeper(window(),
-                                      KeyboardConnections(
-                                          std::make_unique<ScriptedSequencer>(ports),
-                                          [] {
-                                              return std::vector<SoundKeyboard>{{"1209:0001#0", 1}};
-                                          },
-                                          folder.path() / "connections.json"));
+        const ConnectionKeeper keeper(window(), connections());
         for (const bool isFirst : {true, false}) {
             window().commands().read();
             waitForSend();

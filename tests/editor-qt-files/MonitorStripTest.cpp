@@ -19,6 +19,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <sys/eventfd.h>
+#include <vector>
 
 namespace scenewright::testing {
 
@@ -194,15 +196,49 @@ TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
 // Ten seconds of a burst; nothing of it is lost, and only the latest lines are kept.
 TEST_F(MonitorStripTest, ABurstIsKeptToTheLastTenThousandLines) {
     strip.action().setChecked(true);
-    for (int tick = 0; tick < 300; ++tick) {
-        for (int message = 0; message < 100; ++message)
-            ports->send(kKeyboard, {0xB0, 74, static_cast<std::uint8_t>(tick % 128)});
-        play({});
-    }
+    const auto burst = [this](int begin, int end) {
+        for (int tick = begin; tick < end; ++tick) {
+            for (int message = 0; message < 100; ++message)
+                ports->send(kKeyboard, {0xB0, 74, static_cast<std::uint8_t>(tick % 128)});
+            play({});
+        }
+    };
+    const auto words = [this](int row) {
+        return strip.lines().index(row, MonitorLines::Words).data().toString();
+    };
+    toolButton("Pause").setChecked(true);
+    burst(0, 101);
+    toolButton("Pause").setChecked(false);
+    EXPECT_TRUE(words(0).endsWith(" 1"));
+    EXPECT_TRUE(words(9999).endsWith(" 100"));
+    burst(101, 300);
     EXPECT_EQ(strip.lines().rowCount(), MonitorLines::kMost);
-    EXPECT_EQ(strip.lines().index(0, MonitorLines::Words).data().toString(),
-              strip.lines().index(99, MonitorLines::Words).data().toString());
-    EXPECT_TRUE(strip.lines().index(9999, 1).data().toString().endsWith("43"));
+    EXPECT_EQ(words(0), words(99));
+    EXPECT_TRUE(words(9999).endsWith(" 43"));
+}
+
+TEST(MonitorLines, OfMoreAtOnceThanItKeepsTheLatestStay) {
+    MonitorLines lines;
+    lines.append(std::vector<MonitorLines::Line>(1));
+    std::vector<MonitorLines::Line> many(MonitorLines::kMost + 1);
+    many[1].texts[MonitorLines::Words] = "the first that stays";
+    many.back().texts[MonitorLines::Words] = "the last";
+    lines.append(many);
+    EXPECT_EQ(lines.index(0, MonitorLines::Words).data(), "the first that stays");
+    EXPECT_EQ(lines.index(MonitorLines::kMost - 1, MonitorLines::Words).data(), "the last");
+}
+
+TEST_F(MonitorStripTest, WhatTheSequencerTellsOfComesByItselfWhileItIsListenedTo) {
+    ports->makeBell();
+    strip.action().setChecked(true);
+    ports->send(kKeyboard, kPadOn);
+    ports->ring();
+    EXPECT_TRUE(waitUntil([this] { return strip.lines().rowCount() == 1; }));
+    strip.action().setChecked(false);
+    ports->ring();
+    QApplication::processEvents();
+    eventfd_t rung = 0;
+    EXPECT_EQ(::eventfd_read(ports->bell.get(), &rung), 0) << "nobody has answered";
 }
 
 TEST_F(MonitorStripTest, WhatIsTouchedIsChosenInTurn) {
@@ -283,6 +319,10 @@ TEST_F(MonitorStripTest, ListensAsLongAsEitherWantsItAndDarkensThePictureThen) {
     strip.action().setChecked(false);
     strip.action().setChecked(true);
     EXPECT_EQ(opened, 2) << "another one has listened on";
+    strip.action().setChecked(false);
+    play({kPadOn});
+    EXPECT_FALSE(button(kThirdPad).isPlayed()) << "what comes is for the other one";
+    strip.action().setChecked(true);
     EXPECT_EQ(input().sentence(), "Listening to MIDI 1");
 }
 
@@ -345,6 +385,13 @@ protected:
 TEST_F(TryStripTest, NothingIsTriedBeforeItIsKnownWhatTheKeyboardHolds) {
     strip.action().trigger();
     EXPECT_TRUE(notice().startsWith("It is not known yet what the keyboard holds."));
+    EXPECT_FALSE(strip.isVisible());
+}
+
+TEST_F(TryStripTest, NothingIsTriedWithoutASequencer) {
+    error = "there is no sequencer";
+    begin();
+    EXPECT_EQ(notice(), "The keyboard's port cannot be listened to: there is no sequencer");
     EXPECT_FALSE(strip.isVisible());
 }
 
@@ -425,6 +472,7 @@ TEST_F(TryStripTest, ThePictureStaysWhileAMenuIsOpenAndAReadEndsIt) {
 TEST_F(TryStripTest, KeysAloneSkipEndAndCloseIt) {
     begin();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QTest::keyClick(&strip, Qt::Key_X); // means nothing
     EXPECT_TRUE(told().startsWith("Touch Knob 2."));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(told().startsWith("Scene 1:"));

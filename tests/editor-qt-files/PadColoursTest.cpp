@@ -77,6 +77,9 @@ TEST_F(PadColoursTest, KeysGoThroughTheRows) {
     const QString left = at();
     QTest::keyClick(menu.focusWidget(), Qt::Key_Enter);
     EXPECT_EQ(shown(colourText(levels(kPad))), left);
+    window().panes().swatch().click();
+    QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(menu.isVisible()) << "every other key is the menu's";
 }
 
 // Both palettes and, from the first choice on, what was used last.

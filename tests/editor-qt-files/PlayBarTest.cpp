@@ -292,6 +292,21 @@ TEST_F(PlayBarTest, TheBarSaysWhoHearsIt) {
     EXPECT_TRUE(keys->text().contains("velocity 80 (C, V)")) << keys->text().toStdString();
 }
 
+TEST_F(PlayBarTest, AProgramThatComesIsToldOfAndOneThatGoesEndsWhatSounds) {
+    ports->makeBell();
+    action().setChecked(true);
+    const auto* told = bar().findChild<SpokenText*>();
+    ports->link({.from = ScriptedSequencer::kOwnPort, .to = kSynth});
+    ports->ring();
+    EXPECT_TRUE(waitUntil([&] { return told->text().startsWith("Playing scene 1 into Synth"); }));
+    QTest::keyPress(keyboard(), Qt::Key_A);
+    EXPECT_EQ(sent(), (Messages{{0x90, kKeyNote, 100}}));
+    ports->remove(kSynth);
+    ports->ring();
+    EXPECT_TRUE(waitUntil([this] { return sent() == Messages{{0x80, kKeyNote, 0}}; }));
+    EXPECT_EQ(told->text(), "Playing scene 1: connect a program to the port Scenewright (200:0)");
+}
+
 TEST_F(PlayBarTest, ItsLinesStandBelowOneAnotherBesideTheButtonThatEndsIt) {
     action().setChecked(true);
     QApplication::processEvents();
@@ -330,6 +345,9 @@ TEST_F(PlayBarTest, TheVirtualControllerPlaysWhatItHoldsAndTheMonitorHearsIt) {
     ASSERT_TRUE(waitUntil([&] { return lines.rowCount() == 2; }));
     EXPECT_EQ(lines.index(0, MonitorLines::Words).data().toString(),
               "Note on C2, ch 10, velocity 100");
+    const auto output = makeVirtualOutput();
+    EXPECT_EQ(output->descriptor(), -1) << "nobody comes or goes";
+    EXPECT_FALSE(output->process());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "app/WindowAction.h"
 #include "bank/SettingText.h"
+#include "platform/Resources.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
 #include <QDrag>
@@ -90,6 +91,19 @@ TEST_F(SceneCommandsTest, CommandsOfTheChosenOnesSayHowManyTheyAreFor) {
             titles.append(entry(verb).text());
         EXPECT_EQ(titles, expected);
     }
+}
+
+TEST_F(SceneCommandsTest, WithoutDefaultsAResetChangesAndTellsNothing) {
+    writeBytes(folder.file("default.plist"), {});
+    Resources::setFolder(folder.path());
+    choose(kPad);
+    record(kPad).setCR(9);
+    const int before = steps().count();
+    press(Qt::Key_Backspace);
+    Resources::setFolder({});
+    EXPECT_EQ(record(kPad).CR(), 9);
+    EXPECT_EQ(notice(), "");
+    EXPECT_EQ(steps().count(), before);
 }
 
 TEST_F(SceneCommandsTest, ASceneIsCopiedAndNotShared) {

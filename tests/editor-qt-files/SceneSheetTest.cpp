@@ -286,7 +286,7 @@ TEST_F(SceneSheetTest, TheTableSaysInWordsWhatEachControlSendsAndIsSetTo) {
     EXPECT_TRUE(svg.contains("<svg width=\"209.9") && svg.contains(" height=\"1188."));
 }
 
-TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
+TEST_F(SceneSheetTest, WhatCannotBeWrittenOrDrawnIsAnError) {
     for (const auto& [name, sentence] : std::vector<std::pair<std::string, std::string>>{
              {"live.gif", ": a sheet is written to a file that ends in one of pdf, svg, png"},
              {"live", ": a sheet is written to a file that ends in one of pdf, svg, png"},
@@ -295,6 +295,9 @@ TEST_F(SceneSheetTest, AnotherEndingAndAFolderThatIsNotThereAreErrors) {
         ASSERT_FALSE(done);
         EXPECT_TRUE(done.error().ends_with(sentence)) << done.error();
     }
+    EXPECT_EQ(sheet(0).write(file("none.png"), QPageSize(QPageSize::A4)).error(),
+              file("none.png") + ": the sheet cannot be drawn")
+        << "of no scene";
 }
 
 // What came of printing the sheet as it is chosen in the dialog, which is the toolkit's.

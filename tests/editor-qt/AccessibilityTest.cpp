@@ -10,9 +10,11 @@
 #include <QScrollArea>
 #include <QTest>
 
+#include <cstdint>
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace scenewright::testing {
 namespace {
@@ -97,10 +99,26 @@ TEST_F(Accessibility, PartsOfTheWindowAreWhatTheyWorkAs) {
         EXPECT_EQ(face->role(), QAccessible::RadioButton);
         EXPECT_EQ(face->state().checked, scene == 0 ? 1U : 0U);
     }
-    faceOf(window().scenes().segment(2))
-        ->actionInterface()
-        ->doAction(QAccessibleActionInterface::toggleAction());
+    using Actions = QAccessibleActionInterface;
+    const auto act = [&](QWidget& widget, const QString& action) {
+        Actions* const actions = faceOf(widget)->actionInterface();
+        EXPECT_TRUE(actions->actionNames().contains(action)) << action.toStdString();
+        actions->doAction(action);
+    };
+    act(window().scenes().segment(2), Actions::toggleAction());
     EXPECT_EQ(window().view().sceneIndex(), 2);
+    const auto& chosen = window().choice().selection();
+    ControlButton& pad = *window().picture().button(13);
+    act(*window().picture().button(14), Actions::toggleAction());
+    act(pad, Actions::toggleAction());
+    EXPECT_EQ(chosen.controls(), (std::vector<std::int32_t>{14, 13}));
+    act(pad, Actions::toggleAction());
+    EXPECT_EQ(chosen.controls(), std::vector<std::int32_t>{14});
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(&window().scenes().segment(1)), static_cast<QWidget*>(&pad)}) {
+        act(*widget, Actions::setFocusAction());
+        EXPECT_EQ(window().focusWidget(), widget);
+    }
 }
 
 TEST_F(Accessibility, ControlsOfThePictureStandInTheOrderOfTheirTags) {

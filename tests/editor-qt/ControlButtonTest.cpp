@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -48,6 +49,21 @@ TEST_F(ControlButtonTest, ClickAndKeysCallItsLastActionAndArrowsAreTold) {
     EXPECT_EQ(clicks_, 4);
     EXPECT_EQ(former, 0);
     EXPECT_EQ(ways, (std::vector<std::pair<int, int>>{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}));
+}
+
+TEST_F(ControlButtonTest, TheWheelIsForWhatItStandsInUnlessItIsTurned) {
+    for (const auto& [kind, plays] : {std::pair{ControlKind::Pad, true},
+                                      {ControlKind::Knob, false},
+                                      {ControlKind::Knob, true}}) {
+        ControlButton button(1, kind);
+        button.setPlays(plays);
+        double turned = 0;
+        QObject::connect(&button, &ControlButton::turned, [&](double by) { turned += by; });
+        QWheelEvent wheel({4, 4}, {4, 4}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&button, &wheel);
+        EXPECT_EQ(wheel.isAccepted(), plays && kind == ControlKind::Knob);
+        EXPECT_EQ(turned > 0, wheel.isAccepted());
+    }
 }
 
 TEST_F(ControlButtonTest, PointerOverItIsPlainToSee) {

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QRubberBand>
+#include <QTest>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -102,6 +104,17 @@ TEST(DevicePicture, EachControlFillsItsPlaceHoweverLargeThePictureIs) {
             EXPECT_NEAR(picture.button(tag)->y(), top + place.y() * scale, 1) << tag;
         }
     }
+}
+
+TEST(DevicePicture, ABandIsNotDrawnBeforeThePointerIsFarFromWhereItWasPressed) {
+    DevicePicture picture;
+    picture.resize(940, 384);
+    picture.show();
+    QTest::mousePress(&picture, Qt::LeftButton, {}, {1, 1});
+    QTest::mouseMove(&picture, {QApplication::startDragDistance(), 1});
+    EXPECT_EQ(picture.findChild<QRubberBand*>(), nullptr);
+    QTest::mouseMove(&picture, {1 + QApplication::startDragDistance(), 1});
+    EXPECT_NE(picture.findChild<QRubberBand*>(), nullptr);
 }
 
 TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNextAndPadsAlongTheirRows) {

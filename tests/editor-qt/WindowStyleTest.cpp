@@ -2,6 +2,7 @@
 #include "tests/editor-qt/DrawnParts.h"
 
 #include <QApplication>
+#include <QCommonStyle>
 #include <QFrame>
 #include <QImage>
 #include <QLabel>
@@ -21,6 +22,8 @@
 #include <array>
 #include <cstdlib>
 #include <functional>
+#include <memory>
+#include <tuple>
 
 namespace scenewright {
 namespace {
@@ -226,17 +229,26 @@ TEST(WindowStyle, SlimScrollBarIsItsHandleAlone) {
         const auto part = [&](QStyle::SubControl which) {
             return style.subControlRect(QStyle::CC_ScrollBar, &option, which, &bar);
         };
+        EXPECT_EQ(part(QStyle::SC_ScrollBarGroove), QRect(2, 2, 6, 200));
         EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), each.handle) << each.position;
         EXPECT_EQ(part(QStyle::SC_ScrollBarSubPage), QRect(0, 0, 10, each.handle.top()));
         EXPECT_EQ(part(QStyle::SC_ScrollBarAddPage).top(), each.handle.bottom() + 1);
         EXPECT_TRUE(part(QStyle::SC_ScrollBarAddLine).isEmpty());
         EXPECT_TRUE(part(QStyle::SC_ScrollBarSubLine).isEmpty());
-        QImage image(10, 204, QImage::Format_RGB32);
-        QPainter painter(&image);
-        style.drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
-        painter.end();
-        EXPECT_EQ(image.pixelColor(each.handle.center()), roleColour(QPalette::Mid));
-        EXPECT_EQ(image.pixelColor(0, 100), roleColour(QPalette::Base));
+        using State = QStyle::StateFlag;
+        for (const auto& [state, under, colour] :
+             {std::tuple{State::State_None, QStyle::SC_ScrollBarSlider, QPalette::Mid},
+              {State::State_MouseOver, QStyle::SC_ScrollBarGroove, QPalette::Mid},
+              {State::State_MouseOver, QStyle::SC_ScrollBarSlider, QPalette::PlaceholderText}}) {
+            option.state = state;
+            option.activeSubControls = under;
+            QImage image(10, 204, QImage::Format_RGB32);
+            QPainter painter(&image);
+            style.drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
+            painter.end();
+            EXPECT_EQ(image.pixelColor(each.handle.center()), roleColour(colour)) << state;
+            EXPECT_EQ(image.pixelColor(0, 100), roleColour(QPalette::Base));
+        }
     }
     EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &bar), 10);
 }
@@ -419,6 +431,31 @@ TEST(WindowStyle, GivesEachKindTheRoomThatIsItsOwn) {
     EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &slim), 10);
     EXPECT_GT(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &wide), 10);
     EXPECT_EQ(style.styleHint(QStyle::SH_ComboBox_Popup, &popUp, nullptr, nullptr), 0);
+}
+
+// As on a system that shows the keys of the menus on demand.
+class WithoutUnderlines : public QCommonStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_UnderlineShortcut ? 0
+                                            : QCommonStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+TEST(WindowStyle, KeyOfAMenuIsUnderlinedWhereTheSystemDoes) {
+    WindowStyle window;
+    const auto name = [&window](const QString& text) {
+        QStyleOptionMenuItem item;
+        item.text = text;
+        return drawn<QStyleOptionMenuItem>(
+            item, kEnabled, [&](const auto& /*style*/, const auto& option, QPainter& painter) {
+                window.drawControl(QStyle::CE_MenuBarItem, &option, &painter, nullptr);
+            });
+    };
+    EXPECT_NE(name("&File"), name("File"));
+    window.setBaseStyle(std::make_unique<WithoutUnderlines>().release()); // the style owns it
+    EXPECT_EQ(name("&File"), name("File"));
 }
 
 TEST(WindowStyle, MenuBarsButtonHasAnIconOfTheStyles) {

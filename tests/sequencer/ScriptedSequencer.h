@@ -1,13 +1,17 @@
 // A sequencer in memory: ports and connections as a test makes them, and what it tells of them.
 #pragma once
 
+#include "platform/Process.h"
 #include "sequencer/Sequencer.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <sys/eventfd.h>
 #include <utility>
 #include <vector>
 
@@ -25,7 +29,10 @@ struct ScriptedPorts {
     SequencerInput input;               // for the next take()
     std::function<void()> duringWait{}; // called once, by the next wait()
     int waits = 0;
+    FileDescriptor bell{}; // what an event loop waits on; none unless a test makes it
 
+    void makeBell() { bell = FileDescriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)); }
+    void ring() const { EXPECT_EQ(::eventfd_write(bell.get(), 1), 0); }
     void add(PortAddress address, std::string client, std::string port, int card = -1) {
         ports.push_back({.address = address,
                          .clientName = std::move(client),
@@ -54,13 +61,17 @@ public:
 
     explicit ScriptedSequencer(std::shared_ptr<ScriptedPorts> state) : state_(std::move(state)) {}
 
-    [[nodiscard]] int descriptor() const override { return -1; }
+    [[nodiscard]] int descriptor() const override { return state_->bell.get(); }
     void wait(std::chrono::milliseconds /*limit*/) override {
         ++state_->waits;
         if (const auto step = std::exchange(state_->duringWait, nullptr))
             step();
     }
-    [[nodiscard]] SequencerInput take() override { return std::exchange(state_->input, {}); }
+    [[nodiscard]] SequencerInput take() override {
+        eventfd_t rung = 0;
+        ::eventfd_read(state_->bell.get(), &rung);
+        return std::exchange(state_->input, {});
+    }
     [[nodiscard]] std::vector<SequencerPort> ports() override {
         auto all = state_->ports;
         all.push_back({.address = kOwnPort, .clientName = "own", .portName = "own", .isOwn = true});
