@@ -1,10 +1,12 @@
 #include "editor/qt/Dialogs.h"
 
 #include "editor/ValuePopUps.h"
+#include "editor/qt/Theme.h"
 #include "platform/Diagnostics.h"
 #include "tests/editor-qt/WindowBench.h"
 #include "tests/support/Limits.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QLabel>
@@ -15,6 +17,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTreeWidget>
+#include <QWhatsThis>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -256,6 +259,31 @@ TEST_F(HelpTest, F1OpensTheGuideOfWhichEachPageCanBeReachedAndHasItsPictures) {
     EXPECT_GE(pictures, 7);
 }
 
+// The colour of the first text of a page that stands in this element.
+QColor colourOf(const QTextDocument& page, bool isHeading) {
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+        for (auto at = block.begin(); !at.atEnd(); ++at)
+            if (const QTextCharFormat format = at.fragment().charFormat();
+                !format.isAnchor() && (block.blockFormat().headingLevel() > 0) == isHeading)
+                return format.foreground().color();
+    return {};
+}
+
+TEST_F(HelpTest, PagesHaveTheColoursOfTheThemeAndFollowIt) {
+    GuideWindow& guide = openGuide();
+    const QTextDocument& page = *guide.pages().document();
+    const auto actions = window().findChildren<QAction*>();
+    for (const char* const title : {"&Light", "&Dark", "As the &System"}) {
+        (*std::ranges::find(actions, QLatin1String(title), &QAction::text))->trigger();
+        QApplication::processEvents();
+        const Theme& theme = themeOf(isDark(QApplication::palette()));
+        EXPECT_EQ(colourOf(page, true), theme.text) << title;
+        EXPECT_EQ(colourOf(page, false), theme.muted) << title << ", the list of the pages";
+    }
+    const QVariant gone = page.resource(QTextDocument::ImageResource, QUrl("gone.png"));
+    EXPECT_TRUE(gone.value<QImage>().isNull());
+}
+
 TEST_F(HelpTest, LinkToAHeadingShowsIt) {
     GuideWindow& guide = openGuide();
     guide.pages().setSource(guide.pages().source().resolved(QUrl("window.html#the-menus")));
@@ -283,7 +311,9 @@ TEST_F(HelpTest, KeysFollowALinkAndGoBack) {
 
 TEST_F(HelpTest, SearchFindsEachPlaceInTurnAndSaysWhenThereIsNone) {
     GuideWindow& guide = openGuide();
+    ASSERT_TRUE(waitUntil([&] { return guide.isActiveWindow(); }));
     QTest::keyClick(&guide, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(guide.search().hasFocus());
     QTest::keyClicks(&guide.search(), "ctrl");
     std::set<int> places;
     for (int turn = 0; turn < 100; ++turn) {
@@ -340,6 +370,9 @@ TEST_F(HelpTest, EachFieldAnswersShiftF1WithItsHelp) {
     EXPECT_FALSE(isAnswered());
     QTest::keyClick(&box, Qt::Key_F1, Qt::ShiftModifier);
     EXPECT_TRUE(isAnswered());
+    window().menu().whatsThis().trigger(); // the next click asks
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    QWhatsThis::leaveWhatsThisMode();
 }
 
 } // namespace
