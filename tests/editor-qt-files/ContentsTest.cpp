@@ -186,7 +186,7 @@ holders: Actions)");
 TEST_F(ContentsTest, DialogOfDifferences) {
     DifferenceDialog dialog({}, nullptr);
     EXPECT_EQ(contentsOf(dialog),
-              R"(label "0 settings of the controller are not what you see." role "heading"
+              R"(label "0 settings of the controller are not what you see." role "notice"
 table "Control" "Setting" "Keyboard" "Window" whole-rows several called "Differences"
 label "Taking changes the window alone. A send transmits the four scenes whole." role "hint"
 button "&Take the Keyboard's" tip "Puts what the keyboard holds into the window: of the selected rows, or of all when none is selected" disabled
