@@ -1,6 +1,7 @@
 // The tests of the window run as one application without a display, away from the user's settings
 // and language.
 #include "editor/qt/Theme.h"
+#include "tests/support/TempFolder.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -8,8 +9,10 @@
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("XDG_CONFIG_HOME", "/nonexistent");
-    qputenv("XDG_STATE_HOME", "/nonexistent");
+    // Of this process alone: some tests choose dark, and several run at once.
+    const scenewright::testing::TempFolder settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().c_str());
+    qputenv("XDG_STATE_HOME", settings.path().c_str());
     qputenv("LC_ALL", "C.UTF-8");
     qunsetenv("LANGUAGE");
     ::testing::InitGoogleTest(&argc, argv);
