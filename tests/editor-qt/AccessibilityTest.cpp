@@ -3,6 +3,7 @@
 #include "editor/qt/Dialogs.h"
 #include "editor/qt/EditorCommands.h"
 #include "tests/editor-qt/WindowBench.h"
+#include "tests/support/Limits.h"
 
 #include <QAccessible>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QScrollArea>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <tuple>
@@ -107,17 +109,40 @@ TEST_F(Accessibility, PartsOfTheWindowAreWhatTheyWorkAs) {
     };
     act(window().scenes().segment(2), Actions::toggleAction());
     EXPECT_EQ(window().view().sceneIndex(), 2);
-    const auto& chosen = window().choice().selection();
     ControlButton& pad = *window().picture().button(13);
-    act(*window().picture().button(14), Actions::toggleAction());
-    act(pad, Actions::toggleAction());
-    EXPECT_EQ(chosen.controls(), (std::vector<std::int32_t>{14, 13}));
-    act(pad, Actions::toggleAction());
-    EXPECT_EQ(chosen.controls(), std::vector<std::int32_t>{14});
     for (QWidget* const widget :
          {static_cast<QWidget*>(&window().scenes().segment(1)), static_cast<QWidget*>(&pad)}) {
         act(*widget, Actions::setFocusAction());
         EXPECT_EQ(window().focusWidget(), widget);
+    }
+}
+
+TEST_F(Accessibility, AControlIsChosenAloneWhenPressedAndBesideOthersWhenToggled) {
+    open();
+    const auto faceOf = [this](std::int32_t tag) {
+        return QAccessible::queryAccessibleInterface(window().picture().button(tag));
+    };
+    using Action = QAccessibleActionInterface;
+    struct Row {
+        const QString& action;
+        std::int32_t tag;
+        std::vector<std::int32_t> chosen;
+    };
+    for (const Row& row :
+         {Row{Action::pressAction(), 13, {13}}, Row{Action::toggleAction(), 15, {13, 15}},
+          Row{Action::toggleAction(), 13, {15}}, Row{Action::pressAction(), 14, {14}}}) {
+        QAccessibleInterface* const face = faceOf(row.tag);
+        EXPECT_EQ(face->role(), QAccessible::Button);
+        EXPECT_TRUE(face->state().selectable && face->state().multiSelectable);
+        EXPECT_EQ(face->actionInterface()->actionNames().mid(0, 2),
+                  (QStringList{Action::pressAction(), Action::toggleAction()}));
+        face->actionInterface()->doAction(row.action);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return window().choice().selection().controls() == row.chosen; },
+                            testing::kLimitMilliseconds));
+        for (const std::int32_t tag : {13, 14, 15})
+            EXPECT_EQ(faceOf(tag)->state().selected != 0, std::ranges::count(row.chosen, tag) == 1)
+                << tag;
     }
 }
 

@@ -204,6 +204,7 @@ TEST_F(ControlButtonTest, RingOfTheKeyboardIsAsDeepOnEachSide) {
     pad_.setLight({200, 100, 0});
     const std::string plain = testing::partsOf(seen(), testing::Along::Row, 20, ringOf);
     EXPECT_EQ(plain, "w2 d2 .83 d2 w2");
+    EXPECT_EQ(testing::partsOf(seen(), testing::Along::Column, 20, ringOf), "w2 d2 .80 d2 w2");
     pad_.setImage("selected"); // then inside its frame
     const std::string framed = testing::partsOf(seen(), testing::Along::Row, 20, ringOf);
     EXPECT_NE(framed.find(" w2 d2 ."), std::string::npos) << framed;
