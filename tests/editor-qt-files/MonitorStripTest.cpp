@@ -104,17 +104,16 @@ protected:
 };
 
 TEST_F(MonitorStripTest, SaysWhatCameAndWhichControlOrSceneSendsIt) {
-    WindowAction::getSceneWithIndex(2)->buttonValueArray().at(kThirdPad - 1)->setCCOrNoteNumber(99);
+    for (const std::size_t scene : {0U, 2U})
+        WindowAction::scenes()[scene]->buttonValueArray()[kThirdPad - 1]->setCCOrNoteNumber(99);
+    window().showControl(1, 0);
     strip.action().setChecked(true);
     EXPECT_TRUE(strip.isVisible());
-    QStringList labels;
-    for (const QLabel* label : strip.findChildren<QLabel*>())
-        labels.append(label->text());
-    EXPECT_TRUE(labels.contains("Listening to MIDI 1")) << labels.join("; ").toStdString();
+    EXPECT_EQ(strip.findChild<QLabel*>()->text(), "Listening to MIDI 1");
     play({kPadOn, kPadOff, {0x99, 99, 1}, {0x99, 5, 1}});
     EXPECT_EQ(told(),
               (QStringList{"Note on D2, ch 10, velocity 100 | Pad 3", "Note off D2, ch 10 | Pad 3",
-                           "Note on Eb7, ch 10, velocity 1 | scene 3?",
+                           "Note on Eb7, ch 10, velocity 1 | scene 1?, scene 3?",
                            "Note on F-1, ch 10, velocity 1 | no control of the scenes"}));
 }
 

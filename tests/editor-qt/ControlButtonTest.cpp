@@ -13,6 +13,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -147,6 +148,28 @@ TEST_F(ControlButtonTest, TitleIsSetAsLargeAsItMayBeWhereTheScreenHasTheRoom) {
     pad_.setTitle("Note\nC2");
     EXPECT_TRUE(pad_.captionSetting().fits);
     EXPECT_EQ(pad_.captionSetting().font.pixelSize(), 12);
+}
+
+TEST_F(ControlButtonTest, CaptionIsInItsColourOrInTheUsualOne) {
+    // The strongest red and the strongest green, which thin strokes do not reach to the full.
+    const auto strongest = [this] {
+        const QImage image = seen().copy(
+            captionRect(shapeOf(ControlKind::Pad, pad_.tag()), pad_.rect()).toAlignedRect());
+        std::pair<int, int> levels;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                levels = {std::max(levels.first, pixel.red()),
+                          std::max(levels.second, pixel.green())};
+            }
+        return levels;
+    };
+    pad_.setTitle("64");
+    EXPECT_GT(strongest().first, 100);
+    EXPECT_GT(strongest().second, 100);
+    pad_.setAttributedTitle({"64", Colour{50, 180, 50}});
+    EXPECT_LT(strongest().first, 100);
+    EXPECT_GT(strongest().second, 100);
 }
 
 TEST_F(ControlButtonTest, PadShinesInItsColourAndIsUnlitRubberWithoutOne) {
