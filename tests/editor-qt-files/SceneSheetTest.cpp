@@ -10,6 +10,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QRegularExpression>
@@ -318,6 +319,10 @@ Result<void> printed(SceneSheet sheet, const std::function<void(QPrinter&)>& cho
     return done;
 }
 
+qsizetype pagesIn(const QString& pdf) {
+    return pdf.count(QRegularExpression("/Type /Page\\b(?!s)"));
+}
+
 // As in the dialog without a printer.
 TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
     const auto pagesFrom = [&](int first, int last) {
@@ -335,10 +340,28 @@ TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
         EXPECT_TRUE(bytes.open(QIODevice::ReadOnly));
         const QString pdf = QString::fromLatin1(bytes.readAll());
         EXPECT_TRUE(pdf.contains("/MediaBox [0 0 792"));
-        return pdf.count(QRegularExpression("/Type /Page\\b(?!s)"));
+        return pagesIn(pdf);
     };
     EXPECT_EQ(pagesFrom(0, 0), 4);
     EXPECT_EQ(pagesFrom(2, 3), 2);
+}
+
+TEST_F(SceneSheetTest, APrinterGetsThePagesOrIsNamedWhenItTakesNone) {
+    const auto printed = [this](const char* spool) {
+        QPdfWriter device(QString::fromStdString(file(spool))); // stands for the printer
+        SheetPrinter printer{.device = device,
+                             .name = "Laser",
+                             .file = {},
+                             .setFile = nullptr,
+                             .firstPage = 1,
+                             .lastPage = 2};
+        return sheet().print(printer);
+    };
+    EXPECT_EQ(printed("none/spool").error(), "Laser: the printer takes no sheet");
+    EXPECT_TRUE(printed("spool"));
+    QFile spool(QString::fromStdString(file("spool")));
+    ASSERT_TRUE(spool.open(QIODevice::ReadOnly));
+    EXPECT_EQ(pagesIn(QString::fromLatin1(spool.readAll())), 2);
 }
 
 TEST_F(SceneSheetTest, PrintingThatFailsSaysSoAndLeavesTheFile) {

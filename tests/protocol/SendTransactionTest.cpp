@@ -162,7 +162,7 @@ TEST_F(SendTransactionTest, AThrowBeforeTheJobIsToldAsWhyNoneWasStarted) {
 
 // The end of a send whose first copy finds no memory: posting it takes one.
 struct EndCopiedLate {
-    EndCopiedLate(std::vector<Outcome>& ends, int& copies) : ends(&ends), copies(&copies) {}
+    EndCopiedLate(std::vector<Outcome>& told, int& counted) : ends(&told), copies(&counted) {}
     EndCopiedLate(const EndCopiedLate& other) : ends(other.ends), copies(other.copies) {
         if (++*copies == 1)
             throw std::bad_alloc();
