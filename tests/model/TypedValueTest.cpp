@@ -260,14 +260,17 @@ TEST(Colour, SafePaletteIsToldApartWithRedAndGreenAlike) {
         }
 }
 
-TEST(Colour, PalettesHoldDifferentColours) {
+TEST(Colour, PalettesHoldDifferentColoursOfLevelsThatArePossible) {
     EXPECT_EQ(paletteNames(), "bright, safe");
     EXPECT_EQ(findPalette("bright")->size(), 16U);
     EXPECT_EQ(findPalette("Bright"), nullptr);
-    for (const NamedPalette& palette : palettes())
+    for (const NamedPalette& palette : palettes()) {
         EXPECT_EQ(std::set(palette.colours.begin(), palette.colours.end()).size(),
                   palette.colours.size())
             << palette.name;
+        for (const PadColour& colour : palette.colours) // text holds none that is not
+            EXPECT_EQ(colourOf(colourText(colour)), colour) << palette.name;
+    }
 }
 
 } // namespace

@@ -25,6 +25,7 @@ using ReadTransactionTest = testing::DeviceBench;
 TEST_F(ReadTransactionTest, OutcomeCountsEveryTransferAndTheBytesThatScenesCannotHold) {
     controller.bank[0] = controller.bank[11] = 0xC3; // of a name: kept
     controller.bank[kGlobalChannel] = 0x80;
+    controller.bank[kBendSpeed] = 0x7F; // the largest that a setting holds
     controller.bank[1011] = 0xFF;
     const ScenesRead read = readScenes(*Progress::record());
     EXPECT_EQ(read.scenes.size(), 4U);
