@@ -27,7 +27,6 @@ StripPlace::StripPlace(QWidget& settings, QWidget* parent)
     stack_->setAccessibleName(accessibleName());
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setSpacing(kGap);
-    grid_->setColumnStretch(1, 1);
     names_->setProperty("segments", true);
     names_->setFrameShape(QFrame::StyledPanel);
     column_->setContentsMargins(kAroundNames, kAroundNames, kAroundNames, kAroundNames);

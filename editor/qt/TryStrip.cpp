@@ -9,7 +9,7 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -56,13 +56,14 @@ TryStrip::TryStrip(MainWindow& window, KeyboardInput& input)
 }
 
 void TryStrip::layOut() {
-    auto& room = makeChild<QGridLayout>(this);
+    auto& room = makeChild<QHBoxLayout>(this);
     room.setContentsMargins(0, 0, 0, 0);
     room.setSpacing(kGap);
-    room.setColumnStretch(0, 1);
+    auto tried = std::make_unique<QVBoxLayout>();
+    tried->setSpacing(kGap);
     told_ = &makeChild<SpokenText>(this);
     told_->setProperty("role", "notice");
-    room.addWidget(told_, 0, 0);
+    tried->addWidget(told_);
     auto& bar = makeChild<QWidget>(this);
     bar.setAccessibleName(accessibleName());
     auto& column = makeChild<QVBoxLayout>(&bar);
@@ -78,12 +79,13 @@ void TryStrip::layOut() {
     auto* const copyReport = add(tr("Copy Report"));
     end_ = add(tr("End"));
     column.addStretch();
-    room.addWidget(&bar, 0, 1, 2, 1);
     table_ = &makeChild<QTreeWidget>(this);
     layOutTable(*table_, tr("What was tried"), {tr("Control"), tr("Expected"), tr("Result")});
     table_->setColumnWidth(Name, kControlWidth);
     table_->setColumnWidth(Wanted, kExpectedWidth);
-    room.addWidget(table_, 1, 0);
+    tried->addWidget(table_);
+    room.addLayout(tried.release()); // which owns it from here
+    room.addWidget(&bar);
 
     connect(skip_, &QPushButton::clicked, this, [this] {
         run_->skip();
