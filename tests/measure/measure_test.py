@@ -26,6 +26,7 @@ int f(int a, bool b) {
     if (a < 3 && b)
         g(a);
     return a + 1;
+    return std::nullopt;
 }
 """
 # Of each kind a mutant of the source, and the line that it changes.

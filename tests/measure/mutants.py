@@ -84,7 +84,9 @@ _NUMBER = re.compile(r"(?<![\w.'<])(0x[0-9A-Fa-f]+|\d+)([uUlL]*)(?![\w.'>])")
 _NUMBERS = re.compile(r"(?<![\w.'])(0x[0-9A-Fa-f]+|\d+), (0x[0-9A-Fa-f]+|\d+)(?![\w.'])")
 _CONDITION = re.compile(r"^\s*(?:\} else )?if \(([^;]+)\)(?: \{)?$")
 # What an empty value is anyway is left alone.
-_RETURN = re.compile(r"^\s+return (?!true;|false;|nullptr;|kResultSuccess;|\{|[-\d]+;)([^;]+);$")
+_RETURN = re.compile(
+    r"^\s+return (?!true;|false;|nullptr;|std::nullopt;|kResultSuccess;|\{|[-\d]+;)([^;]+);$"
+)
 _STATEMENT = re.compile(
     r"^\s+(?!static_assert)[\w:.>()\[\]-]*\w\(.*\);$|^\s+[\w.\[\]()>-]+ [-+|&]?= .*;$"
 )
