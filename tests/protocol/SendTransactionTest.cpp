@@ -88,6 +88,14 @@ TEST_F(SendTransactionTest, OutcomeCountsEveryTransferAndAMillisecondGoesBeforeE
               std::vector<std::chrono::nanoseconds>(2 + 2 + 1024, std::chrono::milliseconds(1)));
 }
 
+TEST_F(SendTransactionTest, ABankThatTheControllersFileCouldNotTakeIsToldAtTheEnd) {
+    script->storageResult = failure("full");
+    sendWhole(fourScenes());
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(outcomes[0].notKept, Lines{"full"});
+    EXPECT_FALSE(outcomes[0].isDone());
+}
+
 TEST_F(SendTransactionTest, WhatIsSentIsWhatTheScenesHeldAtTheCall) {
     const SceneList scenes = fourScenes();
     scenes[0]->commonValue()->setSceneName("BEFORE");
