@@ -234,10 +234,10 @@ TEST_F(LibusbInterfaceTest, TransfersThatCannotBeAreRefusedBeforeTheLibraryHasTh
     const auto interface = opened();
     for (const std::uint8_t none : Bytes{0, 3}) {
         EXPECT_EQ(write(*interface, {1}, none), kResultNotFound);
-        EXPECT_EQ(read(*interface, none).first, kResultNotFound);
+        EXPECT_EQ(read(*interface, none), (Moved{kResultNotFound, {}}));
     }
     EXPECT_EQ(write(*interface, {1}, 1), kResultInvalid) << "the other direction";
-    EXPECT_EQ(read(*interface, 2).first, kResultInvalid);
+    EXPECT_EQ(read(*interface, 2), (Moved{kResultInvalid, {}}));
     fakeLibusb().failures = {{"alloc", -11}};
     EXPECT_EQ(write(*interface, {1}), kResultNoMemory);
     EXPECT_EQ(fakeLibusb().calls, Texts{});

@@ -17,6 +17,8 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -238,6 +240,27 @@ TEST(Shutdown, ItsThreadIsNamedForWhoeverLooksAtTheProcess) {
                   pauseForEver();
               }),
               "signalsXR, signal 15");
+}
+
+// Whether the thread that waits for the signals is at rest.
+bool isWatching() {
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string line;
+        std::getline(std::ifstream(thread.path() / "stat"), line);
+        if (line.find("(signals) S ") != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
+TEST(Shutdown, ItsEndWakesTheThreadThatWaitsForTheSignals) {
+    {
+        const Shutdown shutdown;
+        while (!isWatching())
+            std::this_thread::yield();
+    }
+    EXPECT_FALSE(isWatching());
+    Transport::instance().use(nullptr);
 }
 
 TEST(Shutdown, LastWorkThatDoesNotEndIsLeftBehind) {
