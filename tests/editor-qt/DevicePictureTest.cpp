@@ -1,6 +1,7 @@
 #include "editor/qt/DevicePicture.h"
 
 #include "editor/qt/ControlShape.h"
+#include "tests/editor-qt/DrawnParts.h"
 
 #include <QApplication>
 #include <QImage>
@@ -41,6 +42,51 @@ QRect inkOfBody(const QRectF& target) {
             if (image.pixel(x, y) != qRgb(255, 255, 255))
                 ink |= QRect(x, y, 1, 1);
     return ink;
+}
+
+// The body's colours; "." is any other.
+char nameOfBody(QRgb colour) {
+    switch (colour & 0xFFFFFF) {
+    case 0xFFFFFF:
+        return '_';
+    case 0x0A0B0D:
+        return 'o'; // outline
+    case 0x59626F:
+        return 'g'; // glint
+    case 0x08090B:
+        return 'k'; // the keys' bed
+    case 0x7A1F1F:
+        return 'f'; // felt
+    default:
+        break;
+    }
+    const int red = qRed(colour); // the shell and the wells go from one colour to another
+    return red >= 27 && red <= 52 ? 's' : red >= 15 && red <= 25 ? 'w' : '.';
+}
+
+TEST(KeyboardDrawing, BodyHasItsWellsAndTheBedOfItsKeys) {
+    QImage image(980, 400, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    drawBody(painter, image.rect());
+    painter.end();
+    using testing::Along;
+    struct Line {
+        Along which;
+        int at;
+        const char* parts;
+    };
+    for (const Line& line :
+         {Line{Along::Column, 60, "_2 o2 g1 .1 s9 w198 s7 f3 k166 s7 o2 _2"},
+          Line{Along::Row, 2, "_16 .4 s1 w1 o936 w1 s1 .4 _16"},
+          Line{Along::Row, 4, "_11 .2 w1 o2 .1 w1 s4 g936 s4 w1 .1 o2 w1 .2 _11"},
+          Line{Along::Row, 15,
+               "_3 s1 o1 s16 .1 w82 .1 s22 .1 w153 .1 s22 .1 w242 .1 s22 .1 w387 .1 s16 o1 .1 _3"},
+          Line{Along::Row, 100, "_2 o2 s9 w100 s6 w171 s6 w260 s6 w405 s9 o2 _2"},
+          Line{Along::Row, 221, "_2 o2 s15 .1 f940 .1 s15 o2 _2"},
+          Line{Along::Row, 300, "_2 o2 s15 k942 s15 o2 _2"},
+          Line{Along::Row, 388, "_4 .1 s1 o1 w1 s15 w2 .2 k926 .2 w2 s15 w1 o1 s1 .1 _4"}})
+        EXPECT_EQ(testing::partsOf(image, line.which, line.at, nameOfBody), line.parts) << line.at;
 }
 
 TEST(KeyboardDrawing, BodyFillsItsTarget) {
