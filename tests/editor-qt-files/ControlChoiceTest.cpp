@@ -137,9 +137,8 @@ TEST_F(ControlChoiceTest, AllOfTheKindAreChosenWithTheirKeys) {
     expectChosen({13, 14, 15, 17, 18, 19, 20, 16});
     EXPECT_EQ(heading(), "Pad 4 and 7 more pads");
     press(Qt::Key_2); // another scene
-    EXPECT_FALSE(entry("Select All").isEnabled());
-    window().choice().selectAll();
     expectChosen({0});
+    EXPECT_FALSE(entry("Select All").isEnabled());
 }
 
 TEST_F(ControlChoiceTest, ABandTakesWhatItTouches) {
@@ -287,8 +286,9 @@ TEST_F(ControlChoiceTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {
     ASSERT_TRUE(entry("Copy").isEnabled());
     QTest::keyClick(&window().list(), Qt::Key_Down); // passes over a row
     ASSERT_EQ(window().view().selectControl(), -1);
-    EXPECT_FALSE(entry("Copy").isEnabled());
-    EXPECT_FALSE(entry("Reset").isEnabled());
+    EXPECT_FALSE(entry("Copy").isEnabled() || entry("Reset").isEnabled());
+    window().choice().selectAll();
+    EXPECT_EQ(window().view().selectControl(), -1);
 }
 
 using Calls = std::vector<std::string>;

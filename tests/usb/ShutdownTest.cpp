@@ -374,12 +374,12 @@ extern "C" int rename(const char* from, const char* to) noexcept {
     return renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the compiler's; null where no lines are counted.
-extern "C" [[gnu::weak]] void __gcov_dump();
+#ifdef SCENEWRIGHT_COUNTS_LINES
+extern "C" void __gcov_dump(); // the compiler's
 
 // The same. What a process has counted is lost with it unless it is written before its end.
 extern "C" int raise(int signal) noexcept {
-    if (__gcov_dump != nullptr)
-        __gcov_dump();
+    __gcov_dump();
     return pthread_kill(pthread_self(), signal);
 }
+#endif

@@ -1,6 +1,7 @@
 #include "bank/BankFile.h"
 #include "editor/ValuePopUps.h"
 #include "editor/qt/DeviceCommands.h"
+#include "model/PopUpValue.h"
 #include "tests/editor-qt/UsableScenes.h"
 #include "tests/editor-qt/program/ProgramBench.h"
 #include "tests/support/RunProgram.h"
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -103,6 +105,8 @@ TEST_F(ProgramTest, AFileGivenAtTheStartIsWhatIsSent) {
     send();
     EXPECT_EQ(differences(bank(), bytesOf(scenes)), "");
     EXPECT_NE(bank(), bytesOf(usableScenes()));
+    key("ctrl+q");
+    EXPECT_EQ(waitForExit(), 0);
 }
 
 TEST_F(ProgramTest, QuitDuringASendWaitsUntilTheBankIsWhole) {
@@ -134,6 +138,9 @@ struct Refusal {
 };
 
 TEST(Program, SaysInOneSentenceWhyItDoesNotStart) {
+    const TempFolder folder;
+    const std::string noBank = folder.file("short.bank");
+    std::ofstream(noBank) << "short";
     for (const Refusal& row : std::vector<Refusal>{
              {{"--virtual"},
               {"DISPLAY=", "QT_QPA_PLATFORM="},
@@ -148,7 +155,11 @@ TEST(Program, SaysInOneSentenceWhyItDoesNotStart) {
              {{"--virtual", "--resources", "/no/such/folder"},
               {},
               2,
-              "scenewright: /no/such/folder: no such folder of resources\n"}}) {
+              "scenewright: /no/such/folder: no such folder of resources\n"},
+             {{"--virtual=" + noBank},
+              {},
+              2,
+              "scenewright: " + noBank + ": not a bank for the virtual controller: "}}) {
         std::vector<std::string> words = row.words;
         words.insert(words.begin(), programPath());
         const auto run = runProgram(words, row.environment);
@@ -169,8 +180,10 @@ struct SheetCase {
 TEST(ProgramSheet, TheCommandLineDrawsItWithoutADisplay) {
     const TempFolder folder;
     const std::string bank = folder.file("live.bank");
+    const std::string scene = folder.file("one.scene.json");
     const std::string pdf = folder.file("live.pdf");
     writeBytes(bank, bytesOf(usableScenes()));
+    ASSERT_TRUE(writeScene(scene, *usableScenes().front(), *loadPopUpValue()));
     const std::string cli = SCENEWRIGHT_BINARY_DIR "/bin/scenewright-cli";
     for (const SheetCase& row : std::vector<SheetCase>{
              {{cli, "sheet", bank, pdf}, 0, ""},
@@ -179,6 +192,8 @@ TEST(ProgramSheet, TheCommandLineDrawsItWithoutADisplay) {
              {{cli, "sheet", folder.file("none"), pdf}, 2, "No such file or directory.\n"},
              {{cli, "sheet", bank, folder.file("live.gif")}, 1, "one of pdf, svg, png\n"},
              {{cli, "sheet", bank, bank}, 1, "one of pdf, svg, png\n"},
+             {{programPath(), "--sheet", pdf, "--scene", "1", scene}, 0, ""},
+             {{programPath(), "--sheet", pdf, "--scene", "2", scene}, 2, "it holds one scene\n"},
              {{programPath(), "--sheet", pdf}, 2, "FILE is missing (--help tells more)\n"},
              {{programPath(), "--scene", "2", bank},
               2,
