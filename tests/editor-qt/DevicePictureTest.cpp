@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QRubberBand>
 #include <QTest>
@@ -161,6 +162,21 @@ TEST(DevicePicture, ABandIsNotDrawnBeforeThePointerIsFarFromWhereItWasPressed) {
     EXPECT_EQ(picture.findChild<QRubberBand*>(), nullptr);
     QTest::mouseMove(&picture, {1 + QApplication::startDragDistance(), 1});
     EXPECT_NE(picture.findChild<QRubberBand*>(), nullptr);
+}
+
+TEST(DevicePicture, ABandIsOfTheLeftButtonAndLetsGoOfTheControlThatItBeganOn) {
+    DevicePicture picture;
+    picture.resize(940, 384);
+    picture.show();
+    QMouseEvent other(QEvent::MouseMove, {300, 200}, {300, 200}, Qt::NoButton, Qt::RightButton, {});
+    QApplication::sendEvent(&picture, &other);
+    EXPECT_EQ(picture.findChild<QRubberBand*>(), nullptr);
+    ControlButton& pad = *picture.button(13);
+    QTest::mousePress(&pad, Qt::LeftButton);
+    EXPECT_TRUE(pad.isDown());
+    QTest::mouseMove(&pad, pad.rect().center() + QPoint(0, QApplication::startDragDistance()));
+    EXPECT_NE(picture.findChild<QRubberBand*>(), nullptr);
+    EXPECT_FALSE(pad.isDown());
 }
 
 TEST(ArrowTarget, KeysGoFromOneSemitoneToTheNextAndPadsAlongTheirRows) {
