@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -56,6 +57,11 @@ TEST(DialogTable, ColumnsAreAsWideAsTheirTextsWithAGapUpToTheWidest) {
     EXPECT_EQ(table.columnWidth(1) - inkOf(texts[1]), table.columnWidth(0) - inkOf(texts[0]));
     fitColumns(table, 60);
     EXPECT_EQ(table.columnWidth(0), 60);
+    table.header()->setStretchLastSection(false);
+    fitColumns(table);
+    const int last = table.columnWidth(2);
+    table.resizeColumnToContents(2);
+    EXPECT_EQ(table.columnWidth(2), last) << "no gap behind it";
 }
 
 TEST(About, TellsTheVersionsTheLicenceAndTheLibrariesUntilReturnClosesIt) {
