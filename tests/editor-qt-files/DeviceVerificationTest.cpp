@@ -3,6 +3,7 @@
 #include "bank/SettingText.h"
 #include "editor/qt/QtHelpers.h"
 #include "model/Setting.h"
+#include "protocol/Transactions.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/support/Limits.h"
 #include "tests/support/NoMoreThreads.h"
@@ -106,6 +107,13 @@ TEST_F(DeviceVerificationTest, SendAndVerifyReadsBackAndAPlainSendDoesNot) {
     notices().dismiss();
     send();
     EXPECT_EQ(notice(), "");
+}
+
+TEST_F(DeviceVerificationTest, ASendGoesOnToItsEndWhenTheWindowGoes) {
+    startToVerify();
+    close();
+    EXPECT_TRUE(waitUntil([] { return !SendJob::isRunning(); }));
+    EXPECT_EQ(controller->sendsEnded(), 1U);
 }
 
 TEST_F(DeviceVerificationTest, SendAndVerifyListsWhatTheControllerDoesNotHold) {
