@@ -5,7 +5,6 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QStringList>
-#include <QtMath>
 
 #include <algorithm>
 #include <array>
@@ -78,11 +77,13 @@ void drawKnob(QPainter& painter, const QRectF& room, const ControlLook& look) {
     cap.setColorAt(1, kPlasticDark);
     painter.setBrush(cap);
     painter.drawEllipse(centre, radius, radius);
-    painter.setPen(QPen(kMark, std::max(2.0, radius * 0.12), Qt::SolidLine, Qt::RoundCap));
-    // A knob turns by 300 degrees.
-    const qreal turn = qDegreesToRadians(look.travel ? *look.travel * 300 - 150 : 0);
-    const QPointF way(std::sin(turn), -std::cos(turn));
-    painter.drawLine(centre + way * radius * 0.85, centre + way * radius * 0.4);
+    painter.save();
+    painter.translate(centre); // a knob turns by 300 degrees
+    painter.rotate(look.travel ? *look.travel * 300 - 150 : 0);
+    const qreal width = std::max(2.0, radius * 0.12);
+    fillRounded(painter, {-width / 2, -radius * 0.85 - width / 2, width, radius * 0.45 + width},
+                width / 2, kMark);
+    painter.restore();
 }
 
 void drawSlider(QPainter& painter, const QRectF& room, const ControlLook& look) {

@@ -199,12 +199,15 @@ void drawRing(const QStyleOption& option, QPainter& painter, const QWidget* widg
             {.fill = Qt::NoBrush, .edge = colour, .pen = 2, .radius = kSegmentRadius - 1});
 }
 
+// Filled, which costs less than a line with round ends.
 void drawArrow(QPainter& painter, const QRectF& room, const QColor& colour) {
-    const QPointF middle = room.center();
-    painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const std::array points{middle + QPointF(-4, -2), middle + QPointF(0, 2.5),
-                            middle + QPointF(4, -2)};
-    painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    constexpr std::array kCorners{QPointF(-4.6, -1.5), QPointF(0, 3.7), QPointF(4.6, -1.5),
+                                  QPointF(3.4, -2.5),  QPointF(0, 1.3), QPointF(-3.4, -2.5)};
+    painter.translate(room.center());
+    painter.drawPolygon(kCorners.data(), static_cast<int>(kCorners.size()));
+    painter.translate(-room.center());
 }
 
 void drawPopUp(const QStyleOptionComboBox& option, QPainter& painter) {

@@ -310,6 +310,20 @@ TEST(ControlDrawing, EachShapeHasItsPartsAndColours) {
     EXPECT_EQ(partsOf(taken, Along::Row, 50, nameOf), ".2 c2 .2 _88 .2 c2 .2");
 }
 
+TEST(ControlDrawing, WhatThePointerAndTheKeyboardAreOnIsTheWholeOfAnyControl) {
+    using S = ControlShape;
+    for (const S shape : {S::Group, S::Knob, S::Slider, S::Pad, S::WhiteKey, S::BlackKey}) {
+        const QImage plain = drawingOf({.shape = shape, .travel = 0.3});
+        const QImage hovered = drawingOf({.shape = shape, .isHovered = true, .travel = 0.3});
+        const QImage played = drawingOf({.shape = shape, .isPlayed = true, .travel = 0.3});
+        for (const QPoint& place :
+             {QPoint(3, 100), QPoint(96, 100), QPoint(50, 3), QPoint(50, 196)}) {
+            EXPECT_NE(hovered.pixel(place), plain.pixel(place)) << static_cast<int>(shape);
+            EXPECT_EQ(nameOf(played.pixel(place)), 'y') << static_cast<int>(shape);
+        }
+    }
+}
+
 TEST(ControlDrawing, ShadesGoFromOneColourToTheOther) {
     using S = ControlShape;
     struct Row {

@@ -379,7 +379,7 @@ TEST(WindowStyle, BoxesHaveTheirEdgesCornersAndArrow) {
         EXPECT_EQ(partsOf(row.image, Along::Row, 13, nameOf), row.middle) << row.name;
         EXPECT_EQ(partsOf(row.image, Along::Row, 0, nameOf), row.top) << row.name;
     }
-    EXPECT_EQ(partsOf(popUp(kEnabled), Along::Row, 15, nameOf), "l1 f103 .1 t2 .1 f11 l1");
+    EXPECT_EQ(partsOf(popUp(kEnabled), Along::Row, 15, nameOf), "l1 f103 .4 f11 l1");
     EXPECT_EQ(partsOf(popUp(kEnabled), Along::Column, 107, nameOf), "l1 f11 .4 f9 l1");
 }
 
