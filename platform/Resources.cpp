@@ -110,6 +110,10 @@ public:
             return value;
         });
     }
+    void forget() {
+        const std::scoped_lock lock(mutex_);
+        lists_ = {};
+    }
 
 private:
     static constexpr std::size_t kMost = 3;
@@ -172,11 +176,19 @@ Result<PropertyValue> parsePropertyList(std::string_view bytes, std::string_view
         [&](const std::string& why) { return cannotRead(name, why); });
 }
 
-Result<PropertyValue> readPropertyList(const std::filesystem::path& path) {
+namespace {
+
+KnownLists& knownLists() {
     static KnownLists known;
+    return known;
+}
+
+} // namespace
+
+Result<PropertyValue> readPropertyList(const std::filesystem::path& path) {
     return openRegularFile(path)
         .and_then(readBytes)
-        .and_then([](std::string bytes) { return known.parse(std::move(bytes)); })
+        .and_then([](std::string bytes) { return knownLists().parse(std::move(bytes)); })
         .map_error([&](const std::string& why) { return cannotRead(path.string(), why); });
 }
 
@@ -273,6 +285,10 @@ Result<PropertyValue> Resources::read(std::string_view name) {
 
 PropertyValue Resources::load(std::string_view name) {
     return read(name).value_or(PropertyValue());
+}
+
+void Resources::forgetLists() {
+    knownLists().forget();
 }
 
 } // namespace scenewright

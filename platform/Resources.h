@@ -143,6 +143,10 @@ public:
 
     // The same; an absent value when there is none that can be read.
     [[nodiscard]] static PropertyValue load(std::string_view name);
+
+    // Gives back the memory of the lists read last, which are kept for a program that reads them
+    // several times at its start. Any thread.
+    static void forgetLists();
 };
 
 } // namespace scenewright

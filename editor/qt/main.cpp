@@ -15,6 +15,7 @@
 #include "platform/Diagnostics.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
+#include "platform/Resources.h"
 #include "protocol/Transactions.h"
 #include "usb/Shutdown.h"
 #include "usb/Transport.h"
@@ -133,6 +134,7 @@ int showWindow(const LaunchOptions& options, const std::shared_ptr<Keyboards>& k
     }
     commands.banks().setUsed(launchFiles(options));
     commands.reportLists(listErrors());
+    Resources::forgetLists();
     if (!file.empty())
         commands.banks().openAtStart(QString::fromStdString(file));
     commands.sending().tellUnfinished();

@@ -93,6 +93,8 @@ TEST_F(ResourcesTest, AListIsReadAnewEachTime) {
     EXPECT_EQ(textOf(), "one");
     rewriteText(file, listNaming("two"));
     EXPECT_EQ(textOf(), "two");
+    Resources::forgetLists();
+    EXPECT_EQ(textOf(), "two");
     fs::remove(file);
     EXPECT_EQ(textOf(), "");
 }
