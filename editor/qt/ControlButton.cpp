@@ -251,11 +251,8 @@ void ControlButton::paintEvent(QPaintEvent* /*event*/) {
         drawTaken(painter, shapeOf(kind_, tag_), rect());
     if (hasFocus())
         drawFocus(painter);
-    if (look_.image) { // its tick lies on the ring
-        // Not for the body, which keeps its size: so the toolkit would blend it in several threads.
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (look_.image) // its tick lies on the ring
         drawSelected(painter, shapeOf(kind_, tag_), rect());
-    }
     // In a small picture the mark's frame reaches into it.
     drawCaption(painter, captionRoom(), shown(look_.title.text), captionSetting(),
                 colourOf(look_.title.colour));

@@ -219,7 +219,7 @@ std::string FillDialog::start() const {
             return std::string(palettes()[static_cast<std::size_t>(place) - 1].name);
         return (fromColour_->text() + QLatin1String("..") + toColour_->text()).toStdString();
     case What::Notes:
-    case What::Transpose: // begins nowhere
+    case What::Transpose: // which has no start, and is not asked for one
         break;
     }
     return note_->text().toStdString();
