@@ -319,12 +319,11 @@ Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSiz
                                   readableText(file.string()), kSheetSuffixes));
     QBuffer sink;
     sink.open(QIODevice::WriteOnly);
-    const auto drawn = render(sink, suffix, paper);
-    if (!drawn)
-        return failure(drawn.error());
-    if (!*drawn)
-        return failure(notDrawn(file));
-    return replaced(file, sink.data());
+    return render(sink, suffix, paper).and_then([&](bool isDrawn) -> Result<void> {
+        if (!isDrawn)
+            return failure(notDrawn(file));
+        return replaced(file, sink.data());
+    });
 }
 
 Result<PaperDevices*> PaperDevices::load() {
