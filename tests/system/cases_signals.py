@@ -64,7 +64,7 @@ STAGES = {
 }
 
 
-def case_of(fault, start, name):
+def signalled(fault, start, name):
     def case(rig):
         keyboard = rig.plug(*(("--fault", fault) if fault else ()))
         program = start(rig, keyboard)
@@ -77,7 +77,7 @@ def case_of(fault, start, name):
 
 for stage, (fault, start, names) in STAGES.items():
     for name in names:
-        globals()[f"case_{name.lower()}_in_a_{stage}"] = case_of(fault, start, name)
+        globals()[f"case_{name.lower()}_in_a_{stage}"] = signalled(fault, start, name)
 
 
 def case_waiting_for_ever_takes_no_processor_time(rig):
