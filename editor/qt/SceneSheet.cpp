@@ -328,7 +328,7 @@ Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSiz
 
 Result<PaperDevices*> PaperDevices::load() {
     QLibrary module(QCoreApplication::applicationDirPath() +
-                    QStringLiteral("/../lib/scenewright/paper"));
+                    QStringLiteral("/../lib/scenewright/paper.so"));
     auto* const devices = reinterpret_cast<decltype(&paperDevices)>(module.resolve("paperDevices"));
     if (devices == nullptr)
         return failure(module.errorString().toStdString());
