@@ -10,9 +10,9 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QLibrary>
 #include <QLocale>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <dlfcn.h>
 #include <utility>
 
 namespace scenewright {
@@ -326,13 +327,16 @@ Result<void> SceneSheet::write(const std::filesystem::path& file, const QPageSiz
     });
 }
 
+// The module stays until the program ends. The toolkit's own loader tries other names too, and its
+// reason is that of the last.
 Result<PaperDevices*> PaperDevices::load() {
-    QLibrary module(QCoreApplication::applicationDirPath() +
-                    QStringLiteral("/../lib/scenewright/paper.so"));
-    auto* const devices = reinterpret_cast<decltype(&paperDevices)>(module.resolve("paperDevices"));
-    if (devices == nullptr)
-        return failure(module.errorString().toStdString());
-    return devices();
+    const QString file =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/scenewright/paper.so");
+    void* const module = ::dlopen(QFile::encodeName(file).constData(), RTLD_NOW);
+    void* const entry = module == nullptr ? nullptr : ::dlsym(module, "paperDevices");
+    if (entry == nullptr)
+        return failure(std::string(::dlerror()));
+    return reinterpret_cast<decltype(&paperDevices)>(entry)();
 }
 
 } // namespace scenewright

@@ -208,5 +208,21 @@ TEST(ProgramSheet, TheCommandLineDrawsItWithoutADisplay) {
     EXPECT_EQ(readBytes(bank), bytesOf(usableScenes()));
 }
 
+TEST(ProgramSheet, WithoutItsModuleSaysWhichFileIsMissingAndWritesNone) {
+    const TempFolder folder;
+    const std::string bank = folder.file("live.bank");
+    const std::string svg = folder.file("live.svg");
+    writeBytes(bank, bytesOf(usableScenes()));
+    std::filesystem::create_directory(folder.file("bin"));
+    std::filesystem::copy(programPath(), folder.file("bin/scenewright"));
+    const auto run = runProgram({folder.file("bin/scenewright"), "--resources",
+                                 SCENEWRIGHT_BINARY_DIR "/share/scenewright", "--sheet", svg, bank},
+                                {"DISPLAY=", "QT_QPA_PLATFORM="});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "scenewright: " + folder.file("bin/../lib/scenewright/paper.so") +
+                              ": cannot open shared object file: No such file or directory\n");
+    EXPECT_FALSE(std::filesystem::exists(svg));
+}
+
 } // namespace
 } // namespace scenewright::testing
