@@ -66,6 +66,7 @@ def case_two_keyboards_in_one_evening(rig):
     )
     told = f"2 keyboards are plugged in, and {one} is used; --device chooses another one: {other}"
     check_equal(rig.run(CLI, "read", out), (0, f"scenewright-cli: {told}\n"), "read without --device")
+    check_untouched(second)
     check_equal(rig.run(CLI, "--device", first.name, "read", out), (0, ""), "read")
     assert out.read_bytes() == some_bank(1), "what was read is not the first keyboard's bank"
     read = first.carried("ep1 in")

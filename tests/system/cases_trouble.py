@@ -81,13 +81,6 @@ def case_device_of_one_interface(rig):
     rig.check_read_fails(NOT_CONNECTED, "second USB interface")
 
 
-def case_first_of_two_matching_devices(rig):
-    rig.plug(bank=some_bank(5), port=0)
-    second = rig.plug(bank=some_bank(6), port=1)
-    rig.check_read(some_bank(5))
-    check_untouched(second)
-
-
 def case_device_that_is_not_listed(rig):
     keyboard = rig.plug("--identity", "1209:0002")
     rig.check_read_fails(NOT_CONNECTED, "No keyboard of the device list is plugged in")
