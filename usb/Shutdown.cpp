@@ -29,18 +29,6 @@ void doWithin(std::chrono::milliseconds limit, std::function<void()> work) {
     done.wait_for(limit);
 }
 
-[[noreturn]] void endBy(int signal) {
-    struct sigaction byDefault {};
-    byDefault.sa_handler = SIG_DFL;
-    sigaction(signal, &byDefault, nullptr);
-    ::sigset_t only{};
-    sigemptyset(&only);
-    sigaddset(&only, signal);
-    raise(signal);
-    pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
-    _exit(128 + signal); // not reached: the signal's default is to end the process
-}
-
 } // namespace
 
 Shutdown::Shutdown(ShutdownLimits limits) : limits_(limits) {
@@ -94,7 +82,9 @@ void Shutdown::watch() {
             work();
     });
     const auto files = keepFromHiddenNames(limits_.file);
-    endBy(signal);
+    raise(signal);
+    pthread_sigmask(SIG_UNBLOCK, &watched_, nullptr);
+    _exit(128 + signal); // the first process of a container is not ended by its own signal
 }
 
 } // namespace scenewright

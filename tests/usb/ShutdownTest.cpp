@@ -22,6 +22,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <sched.h>
 #include <span>
 #include <string>
 #include <string_view>
@@ -225,6 +226,22 @@ TEST(Shutdown, TakesTheEndingSignalsThatAreNotIgnoredForAsLongAsItLives) {
     }
     EXPECT_EQ(blockedOf(signals), std::vector<int>{});
     Transport::instance().use(nullptr);
+}
+
+// Which the kernel does not end by a signal of its own.
+TEST(Shutdown, TheFirstProcessOfAContainerExitsWithTheSignalsCode) {
+    const std::string end = endOf([](int) {
+        if (unshare(CLONE_NEWPID) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWPID) != 0)
+            return 1;
+        const std::string first = endWithBus([](Shutdown&, const auto&) -> int {
+            kill(getpid(), SIGTERM);
+            pauseForEver();
+        });
+        return first == "XR, exit 143" ? 0 : 2;
+    });
+    if (end == ", exit 1")
+        GTEST_SKIP() << "this user cannot make a container";
+    EXPECT_EQ(end, ", exit 0");
 }
 
 // The last work's thread has the name of the one that waits for the signals and began it.
