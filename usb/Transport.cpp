@@ -16,8 +16,8 @@ Value InterfaceHandle::take(Value stale, Step step) {
         return stale;
     ++steps_;
     // Also when the step throws.
-    const auto leave = [this, &lock](UsbInterface*) {
-        lock.lock();
+    const auto leave = [this](UsbInterface*) {
+        const std::lock_guard leaving(mutex_);
         --steps_;
         left_.notify_all();
     };
@@ -69,9 +69,8 @@ UsbResult<void> InterfaceHandle::release() {
         return failedStep(UsbStep::Release, kResultGivenUp);
     }
     // Also when the release throws.
-    const auto notify = [this, &lock](bool* released) {
-        if (!lock.owns_lock())
-            lock.lock();
+    const auto notify = [this](bool* released) {
+        const std::lock_guard ending(mutex_);
         *released = true;
         left_.notify_all();
     };
@@ -86,7 +85,7 @@ UsbResult<void> InterfaceHandle::release() {
     const auto interface = std::move(interface_);
     lock.unlock();
     auto result = interface->release();
-    lock.lock();
+    const std::lock_guard telling(mutex_);
     releaseCode_ = result ? kResultSuccess : result.error().code;
     return result;
 }
