@@ -211,11 +211,6 @@ std::optional<int> cardNumber(std::string_view name) {
     return name.starts_with(kPrefix) ? numberFrom<int>(name.substr(kPrefix.size())) : std::nullopt;
 }
 
-bool holdsNumber(const fs::path& file, std::int32_t number) {
-    std::int32_t held = -1;
-    return (std::ifstream(file) >> held) && held == number;
-}
-
 } // namespace
 
 std::vector<AttachedDevice> attachedDevices(const KernelFolders& folders) {
@@ -260,8 +255,8 @@ std::optional<int> soundCardOf(std::int32_t bus, std::int32_t address, const fs:
         // The card belongs to an interface, the interface to the device.
         std::error_code missing;
         const fs::path device = fs::canonical(entry / "device", missing).parent_path();
-        if (!missing && holdsNumber(device / "busnum", bus) &&
-            holdsNumber(device / "devnum", address))
+        if (!missing && numberIn(device / "busnum", kDecimal) == bus &&
+            numberIn(device / "devnum", kDecimal) == address)
             return card;
     }
     return std::nullopt;
