@@ -201,7 +201,9 @@ TEST_F(ProgressReport, EndedViewIsToldNothingMore) {
     {
         ViewController second;
         connectOutlets(second);
+        second.setSelectControl(7);
         second.viewDidLoad();
+        EXPECT_EQ(second.selectControl(), 0);
     }
     journal.clear();
     record->setMessage("once");

@@ -67,7 +67,11 @@ protected:
 
 TEST_F(LibusbHostTest, NamesThePortAsTheKernelDoes) {
     for (const auto& [ports, name] : std::map<std::vector<std::uint8_t>, std::string>{
-             {{4}, "3-4"}, {{1, 12, 2}, "3-1.12.2"}, {{}, ""}, {{1, 2, 3, 4, 5, 6, 7, 8}, ""}}) {
+             {{4}, "3-4"},
+             {{1, 12, 2}, "3-1.12.2"},
+             {{}, ""},
+             {{1, 2, 3, 4, 5, 6, 7}, "3-1.2.3.4.5.6.7"},
+             {{1, 2, 3, 4, 5, 6, 7, 8}, ""}}) {
         fakeLibusb().devices = {{.bus = 3, .ports = ports}};
         EXPECT_EQ(host->devices({}).value().at(0)->port(), name);
     }
@@ -95,6 +99,8 @@ TEST_F(LibusbHostTest, NumbersNarrowTheList) {
     EXPECT_EQ(names({.vendor = {}, .product = 2}), Texts{"1209:0002 at 001/002"});
     EXPECT_EQ(names({.vendor = 0x120A, .product = {}}), Texts{});
     EXPECT_EQ(names({.vendor = 0x11209, .product = {}}), Texts{});
+    fakeLibusb().devices.clear();
+    EXPECT_EQ(names(), Texts{}) << "an empty bus is no error";
 }
 
 TEST_F(LibusbHostTest, LeavesOutADeviceWithoutADescriptor) {
