@@ -100,11 +100,7 @@ bool KeyboardInput::open() {
     sequencer_ = std::move(*opened);
     listener_ = std::make_unique<KeyboardListener>(
         *sequencer_, keyboards_, [this](const std::string& sentence) { tell(shown(sentence)); });
-    if (sequencer_->descriptor() >= 0) {
-        notifier_ =
-            std::make_unique<QSocketNotifier>(sequencer_->descriptor(), QSocketNotifier::Read);
-        connect(notifier_.get(), &QSocketNotifier::activated, this, &KeyboardInput::take);
-    }
+    notifier_ = whenReadable(sequencer_->descriptor(), this, &KeyboardInput::take);
     if (!listener_->start())
         refuse(sentence_);
     return true;
@@ -157,10 +153,7 @@ ConnectionKeeper::ConnectionKeeper(MainWindow& window, KeyboardConnections conne
     : window_(window), connections_(std::move(connections)) {
     DeviceSession::setAround([this] { beforeTransaction(); },
                              [this] { connections_.afterTransaction(); });
-    if (connections_.descriptor() < 0)
-        return;
-    notifier_ = std::make_unique<QSocketNotifier>(connections_.descriptor(), QSocketNotifier::Read);
-    connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { connections_.process(); });
+    notifier_ = whenReadable(connections_.descriptor(), this, [this] { connections_.process(); });
 }
 
 ConnectionKeeper::~ConnectionKeeper() {

@@ -66,6 +66,17 @@ private:
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
+// Calls `slot` of `receiver`, as long as it is kept, when the descriptor can be read; null for -1.
+template <typename Receiver, typename Slot>
+[[nodiscard]] std::unique_ptr<QSocketNotifier> whenReadable(int descriptor, Receiver* receiver,
+                                                            Slot slot) {
+    if (descriptor < 0)
+        return nullptr;
+    auto notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, receiver, slot);
+    return notifier;
+}
+
 // From here on what the virtual controller sends comes in.
 void listenToVirtual(KeyboardInput& input);
 

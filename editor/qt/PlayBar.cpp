@@ -168,10 +168,7 @@ void PlayBar::start(QAction& action, const Open& open) {
     output_ = std::move(*opened);
     player_ = std::make_unique<ScenePlayer>([this] { return output_->bank(); },
                                             [this](const MidiMessage& message) { send(message); });
-    if (output_->descriptor() >= 0) {
-        notifier_ = std::make_unique<QSocketNotifier>(output_->descriptor(), QSocketNotifier::Read);
-        connect(notifier_.get(), &QSocketNotifier::activated, this, &PlayBar::process);
-    }
+    notifier_ = whenReadable(output_->descriptor(), this, &PlayBar::process);
     setPicturePlays(true);
     qApp->installEventFilter(this);
     last_->clear();
