@@ -25,9 +25,8 @@ constexpr int kSize = 26; // of a colour, in device-independent pixels
 // With an edge that shows a white one on white.
 QPixmap lightOf(const QColor& colour, qreal ratio) {
     QPixmap light(QSizeF(kSize * ratio, kSize * ratio).toSize());
-    light.setDevicePixelRatio(ratio);
     light.fill(Qt::gray);
-    QPainter(&light).fillRect(QRect(1, 1, kSize - 2, kSize - 2), colour);
+    QPainter(&light).fillRect(light.rect().adjusted(1, 1, -1, -1), colour);
     return light;
 }
 
