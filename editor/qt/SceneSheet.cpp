@@ -274,14 +274,13 @@ Result<bool> SceneSheet::render(QIODevice& sink, const QString& suffix, const QP
         return draw(writer, 0, pages_.size() - 1);
     }
     if (suffix == QLatin1String("svg")) {
-        const auto devices = PaperDevices::load();
-        if (!devices)
-            return failure(devices.error());
-        const auto svg = (*devices)->makeSvg(sink, title_, (all / kUnitsPerPoint).toSize(),
-                                             QRectF(QPointF(), all));
-        QPainter painter(svg.get());
-        drawAsStrip(painter, one);
-        return true;
+        return PaperDevices::load().map([&](PaperDevices* devices) {
+            const auto svg = devices->makeSvg(sink, title_, (all / kUnitsPerPoint).toSize(),
+                                              QRectF(QPointF(), all));
+            QPainter painter(svg.get());
+            drawAsStrip(painter, one);
+            return true;
+        });
     }
     const qreal scale = kPngDotsPerPoint / kUnitsPerPoint;
     QImage image((all * scale).toSize(), QImage::Format_RGB32);

@@ -346,9 +346,17 @@ TEST_F(SceneSheetTest, ItIsPrintedToAFileWithTheChosenPaperAndPages) {
     EXPECT_EQ(pagesFrom(2, 3), 2);
 }
 
+// Stands for a printer.
+struct Spool : QPdfWriter {
+    using QPdfWriter::QPdfWriter;
+    bool newPage() override { return hasPaper && QPdfWriter::newPage(); }
+    bool hasPaper = true; // for more than one page
+};
+
 TEST_F(SceneSheetTest, APrinterGetsThePagesOrIsNamedWhenItTakesNone) {
-    const auto printed = [this](const char* spool) {
-        QPdfWriter device(QString::fromStdString(file(spool))); // stands for the printer
+    const auto printed = [this](const char* spool, bool hasPaper = true) {
+        Spool device(QString::fromStdString(file(spool)));
+        device.hasPaper = hasPaper;
         SheetPrinter printer{.device = device,
                              .name = "Laser",
                              .file = {},
@@ -358,6 +366,7 @@ TEST_F(SceneSheetTest, APrinterGetsThePagesOrIsNamedWhenItTakesNone) {
         return sheet().print(printer);
     };
     EXPECT_EQ(printed("none/spool").error(), "Laser: the printer takes no sheet");
+    EXPECT_EQ(printed("spool", false).error(), "Laser: the printer takes no sheet");
     EXPECT_TRUE(printed("spool"));
     QFile spool(QString::fromStdString(file("spool")));
     ASSERT_TRUE(spool.open(QIODevice::ReadOnly));
