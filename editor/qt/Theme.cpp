@@ -204,12 +204,12 @@ void Appearance::apply() {
 void fillRounded(QPainter& painter, const QRectF& rect, qreal radius, const QBrush& brush) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(brush);
-    const QSizeF round(std::min(radius, rect.width() / 2), std::min(radius, rect.height() / 2));
-    const QRectF straight = straightPart(painter, rect, round.height());
+    const QRectF straight = straightPart(painter, rect, radius);
     if (straight.isEmpty()) {
         painter.drawRoundedRect(rect, radius, radius);
         return;
     }
+    const QSizeF round(std::min(radius, rect.width() / 2), radius);
     QPainterPath ends;
     addEnd(ends, rect, round, straight.top(), rect.top());
     addEnd(ends, rect, round, straight.bottom(), rect.bottom());
