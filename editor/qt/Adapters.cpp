@@ -7,13 +7,14 @@
 
 #include <QAccessibleWidget>
 #include <QClipboard>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -168,8 +169,12 @@ QSize SegmentButton::sizeAround(int width) const {
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
 }
 
+int SegmentButton::textWidth() const {
+    return qCeil(QFontMetricsF(fontMetrics()).horizontalAdvance(plain(text())));
+}
+
 QSize SegmentButton::sizeHint() const {
-    return sizeAround(fontMetrics().horizontalAdvance(plain(text())) + 1);
+    return sizeAround(textWidth());
 }
 
 QSize SegmentButton::minimumSizeHint() const {
@@ -180,8 +185,7 @@ void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    const int room =
-        width() - sizeHint().width() + fontMetrics().horizontalAdvance(plain(text())) + 1;
+    const int room = width() - sizeHint().width() + textWidth();
     option.text =
         fontMetrics().elidedText(plain(text()), Qt::ElideRight, room).replace(kAnd, kWrittenAnd);
     painter.drawControl(QStyle::CE_PushButton, option);

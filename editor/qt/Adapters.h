@@ -40,6 +40,7 @@ protected:
 
 private:
     [[nodiscard]] QSize sizeAround(int width) const;
+    [[nodiscard]] int textWidth() const;
 };
 
 // A segmented control: a row of buttons of which one is down.
