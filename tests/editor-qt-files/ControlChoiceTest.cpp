@@ -66,6 +66,13 @@ protected:
         return window().panes().pane(ControlKind::Pad).findChild<QLabel*>()->text();
     }
     QString step() { return steps().undoText(); }
+    static std::vector<std::string> logOf(const std::function<void()>& act) {
+        std::vector<std::string> log;
+        Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
+        act();
+        Diagnostics::setLog({});
+        return log;
+    }
 };
 
 TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
@@ -95,6 +102,8 @@ TEST_F(ControlChoiceTest, ClicksTakeControlsInAndOutOnThePictureAndInTheList) {
             clickRow(row.control, row.modifiers);
         expectChosen(row.chosen);
     }
+    EXPECT_EQ(logOf([this] { click(1, Qt::ControlModifier); }),
+              (std::vector<std::string>{"点击了按钮：1", "表格选中:1"}));
 }
 
 TEST_F(ControlChoiceTest, KeysTakeControlsInAndOut) {
@@ -271,14 +280,11 @@ TEST_F(ControlChoiceTest, PasteAndResetShowTheControlAndLogNoSelection) {
     record(kPad).setCR(90);
     press(Qt::Key_C);
     record(kPad).setCR(7);
-    std::vector<std::string> log;
-    Diagnostics::setLog([&log](std::string_view line) { log.emplace_back(line); });
-    press(Qt::Key_V);
+    EXPECT_EQ(logOf([this] { press(Qt::Key_V); }), std::vector<std::string>{"CR---------->90"});
     EXPECT_EQ(window().panes().popUp("padCR").selectedItem(), 90);
-    press(Qt::Key_Backspace);
-    Diagnostics::setLog({});
-    EXPECT_EQ(log, (std::vector<std::string>{"CR---------->90",
-                                             fmt::format("CR---------->{}", record(kPad).CR())}));
+    const auto ofReset = logOf([this] { press(Qt::Key_Backspace); });
+    EXPECT_EQ(ofReset, std::vector{fmt::format("CR---------->{}", record(kPad).CR())});
+    EXPECT_EQ(notice(), "Pad 1 has its default settings");
 }
 
 TEST_F(ControlChoiceTest, WithoutAChosenControlThereIsNothingToCopyOrReset) {

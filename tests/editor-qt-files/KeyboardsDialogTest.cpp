@@ -30,6 +30,7 @@ protected:
 
     KeyboardsDialog& dialog() {
         commands().keyboards().action().trigger();
+        EXPECT_TRUE(commands().keyboards().dialog()->isVisible());
         return *commands().keyboards().dialog();
     }
     static void chooseRow(KeyboardsDialog& dialog, int row) {
@@ -222,6 +223,8 @@ protected:
         installer.start();
         if (ended.empty() && !ended.wait(kPatience))
             return "nothing";
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(installer.children(), QObjectList());
         return ended.front().front().toString();
     }
 

@@ -134,6 +134,16 @@ TEST_F(ControlButtonTest, IsPaintedWhenWhatIsSeenOfItChangesAndElseNot) {
         {"that again", [&] { pad_.setTitle("64"); }, 0},
         {"another title", [&] { pad_.setTitle("65"); }, 1},
         {"no image", [&] { pad_.setImage(std::nullopt); }, 1},
+        {"chosen beside another", [&] { pad_.setTaken(true); }, 1},
+        {"not sent", [&] { pad_.setMarked(true); }, 1},
+        {"lit",
+         [&] {
+             pad_.setLight({200, 100, 0});
+         },
+         1},
+        {"touched", [&] { pad_.setPlayed(true); }, 1},
+        {"turned", [&] { pad_.setTravel(0.5); }, 1},
+        {"a larger title", [&] { pad_.setLargestCaption(20); }, 1},
     };
     for (const Row& row : rows) {
         row.act();
