@@ -60,6 +60,10 @@ class Window:
     def await_log(self, part):
         wait_for(f"{part!r} in the log", lambda: part in self.log())
 
+    def await_input(self):
+        """What comes while a read blocks the window is dropped, so until a click is taken."""
+        self.click_until(FIRST_PAD_AT, f"点击了按钮：{FIRST_PAD}\n")
+
     def forget_log(self):
         """What is in the log by now is not waited for again."""
         self.seen = len(self.log_file.read_bytes())
@@ -99,8 +103,7 @@ def case_editor_reads_changes_a_pad_and_sends(rig):
     window = Window(rig)
     window.key("ctrl+r")
     window.await_log("Read Scene Data Finish")
-    # What comes while the read blocks the window is dropped.
-    window.click_until(FIRST_PAD_AT, f"点击了按钮：{FIRST_PAD}\n")
+    window.await_input()
     window.key("alt+t")  # the popup of the type
     window.key("Up")
     window.key("ctrl+Return")
@@ -118,8 +121,7 @@ def case_editor_swaps_two_scenes_and_sends(rig):
     window = Window(rig)
     window.key("ctrl+r")
     window.await_log("Read Scene Data Finish")
-    # What comes while the read blocks the window is dropped.
-    window.click_until(FIRST_PAD_AT, f"点击了按钮：{FIRST_PAD}\n")
+    window.await_input()
     for keys in ("ctrl+2", "alt+s", "w", "4"):  # of the menu Scene, Swap With, the last scene
         window.key(keys)
     window.key("ctrl+Return")

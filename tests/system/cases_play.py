@@ -254,6 +254,7 @@ def case_connections_are_back_after_commands_of_the_window_and_an_unplug(rig):
         window.key("ctrl+r")
         window.await_log("Read Scene Data Finish")
         there.check(what + " of the window")
+        window.await_input()
     there.keyboard.order("unplug", "unplugged")
     there.keyboard.plug_in()
     there.check("an unplug")
