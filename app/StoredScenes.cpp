@@ -6,6 +6,7 @@
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
@@ -135,7 +136,11 @@ Result<std::vector<std::string>> StoreFiles::sceneNames(const std::filesystem::p
 
 Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& file,
                                                    std::int32_t index) {
-    return readBankOrScene(file).map([index](BankFile read) {
+    // There is no window yet that would stand still until a command has written what it was given.
+    const auto parse = [&file](const FileContent& bytes) {
+        return parseBankOrScene(bytes, file.string());
+    };
+    return readFile(file, kJsonBytes, [] {}).and_then(parse).map([index](BankFile read) {
         Opened opened{{}, read.scenes.size() == 1};
         if (opened.isScene)
             copyInto(*WindowAction::getSceneWithIndex(index), *read.scenes.front());

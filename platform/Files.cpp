@@ -61,15 +61,17 @@ Result<void> checkSource(const struct stat& status) {
 }
 
 // A pipe that was opened without waiting has nothing to say until somebody opens it to write.
-void waitForWriter(int fd, const std::function<void()>& whenWaiting) {
+Result<void> waitForWriter(int fd, const std::function<void()>& whenWaiting) {
     pollfd place{.fd = fd, .events = POLLIN, .revents = 0};
     if (::poll(&place, 1, static_cast<int>(kQuietWait.count())) != 0)
-        return;
-    if (whenWaiting)
-        whenWaiting();
+        return {};
+    if (!whenWaiting)
+        return failure(translated(sourceText("scenewright::File", "nobody writes to this pipe")));
+    whenWaiting();
     while (::poll(&place, 1, -1) < 0 && errno == EINTR) {
         // A signal that does not end the program does not end the wait.
     }
+    return {};
 }
 
 Result<FileDescriptor> openSource(const fs::path& path, const std::function<void()>& whenWaiting) {
@@ -77,10 +79,11 @@ Result<FileDescriptor> openSource(const fs::path& path, const std::function<void
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
         return systemError();
-    if (auto checked = checkSource(status); !checked)
-        return failure(checked.error());
-    if (S_ISFIFO(status.st_mode))
-        waitForWriter(file.get(), whenWaiting);
+    auto ready = checkSource(status);
+    if (ready && S_ISFIFO(status.st_mode))
+        ready = waitForWriter(file.get(), whenWaiting);
+    if (!ready)
+        return failure(ready.error());
     const int flags = ::fcntl(file.get(), F_GETFL);
     if (flags < 0 || ::fcntl(file.get(), F_SETFL, flags & ~O_NONBLOCK) != 0)
         return systemError();

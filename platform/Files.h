@@ -26,8 +26,9 @@ namespace scenewright {
 
 using FileContent = std::vector<std::uint8_t>;
 
-// Reads a regular file or a pipe, at most `limit` bytes; more is an error. `whenWaiting` is called
-// once if it is a pipe that nobody has opened to write for a second; the wait goes on.
+// Reads a regular file or a pipe, at most `limit` bytes; more is an error. A pipe that nobody
+// writes to for a second is one too, unless there is `whenWaiting`: it is called once, and the wait
+// goes on.
 [[nodiscard]] Result<FileContent> readFile(const std::filesystem::path& path, std::size_t limit,
                                            const std::function<void()>& whenWaiting = {});
 

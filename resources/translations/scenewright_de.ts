@@ -1019,6 +1019,10 @@
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: Das Blatt kann nicht gezeichnet werden</translation>
     </message>
+    <message>
+        <source>nobody writes to this pipe</source>
+        <translation>in diese Pipe schreibt niemand</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::FillDialog</name>

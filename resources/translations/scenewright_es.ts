@@ -1019,6 +1019,10 @@
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: la hoja no se puede dibujar</translation>
     </message>
+    <message>
+        <source>nobody writes to this pipe</source>
+        <translation>nadie escribe en esta tubería</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::FillDialog</name>

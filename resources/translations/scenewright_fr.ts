@@ -1019,6 +1019,10 @@
         <source>{}: the sheet cannot be drawn</source>
         <translation>{} : la feuille ne peut pas être dessinée</translation>
     </message>
+    <message>
+        <source>nobody writes to this pipe</source>
+        <translation>personne n’écrit dans ce tube</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::FillDialog</name>

@@ -1019,6 +1019,10 @@
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}: シートを描画できません</translation>
     </message>
+    <message>
+        <source>nobody writes to this pipe</source>
+        <translation>このパイプに書き込むものがありません</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::FillDialog</name>

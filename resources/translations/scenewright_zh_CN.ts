@@ -1019,6 +1019,10 @@
         <source>{}: the sheet cannot be drawn</source>
         <translation>{}：无法绘制谱单</translation>
     </message>
+    <message>
+        <source>nobody writes to this pipe</source>
+        <translation>没有人向此管道写入</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::FillDialog</name>

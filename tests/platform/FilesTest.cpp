@@ -134,6 +134,12 @@ TEST_F(Files, PipeThatNobodyWritesToIsSpokenOfOnceAndWaitedFor) {
     EXPECT_EQ(read, bytesOf("late"));
 }
 
+TEST_F(Files, PipeThatNobodyWritesToKeepsNoProgramWaitingThatHasNotAskedForIt) {
+    ASSERT_EQ(::mkfifo(file_.c_str(), 0600), 0);
+    EXPECT_EQ(readFile(file_, 9).error(),
+              "Cannot read " + file_.string() + ": nobody writes to this pipe.");
+}
+
 TEST_F(Files, NamesThatKeepTheFormerContentAreCounted) {
     writeText(file_, "old");
     fs::create_hard_link(file_, folder_.path() / "second");
