@@ -145,6 +145,9 @@ void SafeSending::send(const DeviceCommands::SendEnded& ended) {
         ask(asked, answered);
     };
     request.ended = [self = QPointer(this), ended](const SafeSend::Ended& told) {
+        // Below what the send itself has to tell.
+        if (self && told.others)
+            self->tellOthers(*told.others);
         ended(told.outcome);
         if (self)
             self->afterSend(told);
@@ -209,13 +212,15 @@ void SafeSending::afterSend(const SafeSend::Ended& ended) {
         return window_.commands().read();
     if (!ended.outcome)
         tellUnfinished();
-    if (ended.others)
-        window_.notices().post({.source = Notice::Source::Kept,
-                                .kind = Notice::Kind::Done,
-                                .text = tr("The keyboard held other scenes; they are kept"),
-                                .actions = {{tr("Put Them Back"),
-                                             [this, image = *ended.others] { sendImage(image); }}},
-                                .stays = true});
+}
+
+void SafeSending::tellOthers(const BankImage& others) {
+    window_.notices().post(
+        {.source = Notice::Source::Kept,
+         .kind = Notice::Kind::Done,
+         .text = tr("The keyboard held other scenes; they are kept"),
+         .actions = {{tr("Put Them Back"), [this, others] { sendImage(others); }}},
+         .stays = true});
 }
 
 void SafeSending::tellUnfinished() {

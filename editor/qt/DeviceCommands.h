@@ -119,6 +119,8 @@ private:
     void send(const DeviceCommands::SendEnded& ended);
     void ask(const SafeSend::Asked& asked, const SafeSend::Answered& answered);
     void afterSend(const SafeSend::Ended& ended);
+    // That the keyboard held other scenes than the window knew.
+    void tellOthers(const BankImage& others);
     // Makes the image the stored scenes, and sends them.
     void sendImage(const BankImage& image);
     [[nodiscard]] bool isUntouched() const;

@@ -20,6 +20,11 @@ namespace {
 constexpr QSize kBusySize(72, 12);
 constexpr int kLeastText = 120; // of a notice, in device-independent pixels
 
+// Whether time ends it.
+bool passes(const Notice& notice) {
+    return notice.kind == Notice::Kind::Done && notice.actions.empty() && !notice.stays;
+}
+
 QString firstLine(const QString& text) {
     return text.section(QLatin1Char('\n'), 0, 0);
 }
@@ -107,18 +112,12 @@ NoticeBar::NoticeBar(QWidget* parent)
 }
 
 void NoticeBar::post(Notice notice) {
-    // What was done and has been seen does not keep what is new waiting.
-    if (!notices_.empty() && notices_.front().kind == Notice::Kind::Done &&
-        notices_.front().source != notice.source)
+    // What was done and has been seen does not come back behind what is new.
+    if (!notices_.empty() && passes(notices_.front()))
         notices_.pop_front();
-    const auto former = std::ranges::find(notices_, notice.source, &Notice::source);
-    const bool isShown = former == notices_.begin(); // or there are none
-    if (former != notices_.end())
-        *former = std::move(notice);
-    else
-        notices_.push_back(std::move(notice));
-    if (isShown)
-        showFirst();
+    std::erase_if(notices_, [&](const Notice& former) { return former.source == notice.source; });
+    notices_.push_front(std::move(notice));
+    showFirst();
 }
 
 void NoticeBar::postResult(Notice::Source source, const Result<void>& result, const QString& done) {
@@ -201,9 +200,7 @@ void NoticeBar::showDetails() {
 }
 
 void NoticeBar::startExpiry(const Notice& notice) {
-    const bool passes =
-        notice.kind == Notice::Kind::Done && notice.actions.empty() && !notice.stays;
-    if (passes && doneLasts_ > std::chrono::milliseconds::zero())
+    if (passes(notice) && doneLasts_ > std::chrono::milliseconds::zero())
         expiry_->start(doneLasts_);
 }
 

@@ -55,7 +55,8 @@ public:
 };
 
 // A bar across the window that tells what a person should know before going on, with buttons for
-// what they may want to do about it. One notice is shown at a time; the others wait their turn.
+// what they may want to do about it. The latest is shown, as it answers what was done last; when it
+// ends, the one before it is shown again.
 //
 // The bar is one line high and keeps its room while it is hidden, so that nothing moves under the
 // pointer when a notice comes or goes. Escape ends the notice that is shown, and so does time when
@@ -73,8 +74,8 @@ public:
     // How long what was done is told; zero is for ever.
     void setDoneLasts(std::chrono::milliseconds time) { doneLasts_ = time; }
 
-    // Behind those that wait, or in the place of the source's former one. One that is shown and
-    // tells of nothing but what was done gives way.
+    // Before the others, and instead of the source's former one. One that is shown and that time
+    // would end gives way for good.
     void post(Notice notice);
     // What was done, if anything, and why something was not. Neither withdraws the source's notice.
     void postResult(Notice::Source source, const Result<void>& result, const QString& done);

@@ -132,6 +132,13 @@ TEST_F(SafeSendingTest, OtherScenesAreToldOfAndPutBack) {
     ASSERT_EQ(notice(), kKept);
     press(Qt::Key_R);
     EXPECT_EQ(notice(), "") << "the next command ends it";
+    hold(filled(1));
+    record(kPad).setCR(82);
+    commands().verification().sendAndVerify();
+    waitForSend();
+    EXPECT_EQ(notice(), "The controller holds what you see");
+    notices().dismiss();
+    EXPECT_EQ(notice(), kKept) << "below what the verifying told";
 }
 
 TEST_F(SafeSendingTest, AKeyboardThatCouldNotBeReadIsAskedAbout) {

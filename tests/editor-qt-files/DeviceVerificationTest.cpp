@@ -277,9 +277,9 @@ TEST_F(DeviceVerificationTest, AVirtualMemoryThatCannotBeWrittenIsTold) {
     EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
     commands().verification().sendAndVerify();
     waitForSend();
-    EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
-    notices().dismiss();
     EXPECT_EQ(notice(), kSame);
+    notices().dismiss();
+    EXPECT_TRUE(notice().contains("none/held.bank")) << notice().toStdString();
 }
 
 TEST_F(DeviceVerificationTest, EachCommandGivesTheKeyboardBack) {

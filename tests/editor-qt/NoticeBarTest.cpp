@@ -69,22 +69,22 @@ TEST(NoticeBar, ActionsStandInTheirOrderBeforeTheDismissal) {
 TEST(NoticeBar, AChosenActionTakesItsNoticeAwayAndMayPostForItsOwnSource) {
     NoticeBar bar(nullptr);
     int calls = 0;
+    bar.post(noticeOf(Source::Files, "b"));
     bar.post(noticeOf(Source::Transfer, "a", {{"Again", [&] {
                                                    ++calls;
                                                    bar.post(noticeOf(Source::Transfer, "again"));
                                                }}}));
-    bar.post(noticeOf(Source::Files, "b"));
     put(bar);
     QTest::mouseClick(bar.action(0), Qt::LeftButton);
     EXPECT_EQ(calls, 1);
-    EXPECT_EQ(bar.text(), "b");
+    EXPECT_EQ(bar.text(), "again");
     EXPECT_EQ(bar.action(0), nullptr);
     bar.dismiss();
-    EXPECT_EQ(bar.text(), "again");
+    EXPECT_EQ(bar.text(), "b");
     EXPECT_EQ(bar.count(), 1U);
 }
 
-TEST(NoticeBar, ShowsOneNoticeOfEachSourceInTheirOrder) {
+TEST(NoticeBar, ShowsTheLatestOfOneNoticeOfEachSourceFirst) {
     using Texts = std::vector<std::string>;
     struct Row {
         const char* name;
@@ -92,25 +92,23 @@ TEST(NoticeBar, ShowsOneNoticeOfEachSourceInTheirOrder) {
         Texts shown; // one after the other, each dismissed
     };
     const Row rows[] = {
-        {"as posted", [](NoticeBar&) {}, {"a", "b", "c"}},
+        {"as posted", [](NoticeBar&) {}, {"c", "b", "a"}},
         {"the shown one anew",
-         [](NoticeBar& bar) { bar.post(noticeOf(Source::Transfer, "a2")); },
-         {"a2", "b", "c"}},
-        {"a waiting one anew",
+         [](NoticeBar& bar) { bar.post(noticeOf(Source::Quit, "c2")); },
+         {"c2", "b", "a"}},
+        {"a covered one anew",
          [](NoticeBar& bar) { bar.post(noticeOf(Source::Files, "b2")); },
-         {"a", "b2", "c"}},
-        {"the shown one withdrawn",
-         [](NoticeBar& bar) { bar.withdraw(Source::Transfer); },
-         {"b", "c"}},
-        {"a waiting one withdrawn",
+         {"b2", "c", "a"}},
+        {"the shown one withdrawn", [](NoticeBar& bar) { bar.withdraw(Source::Quit); }, {"b", "a"}},
+        {"a covered one withdrawn",
          [](NoticeBar& bar) { bar.withdraw(Source::Files); },
-         {"a", "c"}},
+         {"c", "a"}},
         {"one whose source has no more to say",
-         [](NoticeBar& bar) { bar.postResult(Source::Transfer, {}, {}); },
-         {"b", "c"}},
+         [](NoticeBar& bar) { bar.postResult(Source::Quit, {}, {}); },
+         {"b", "a"}},
         {"one that has none",
          [](NoticeBar& bar) { bar.withdraw(Source::Comparison); },
-         {"a", "b", "c"}},
+         {"c", "b", "a"}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -120,8 +118,8 @@ TEST(NoticeBar, ShowsOneNoticeOfEachSourceInTheirOrder) {
         bar.post(noticeOf(Source::Quit, "c"));
         row.act(bar);
         EXPECT_EQ(bar.count(), row.shown.size());
-        EXPECT_EQ(bar.action(0) != nullptr, row.shown.front() == "a");
         for (const std::string& text : row.shown) {
+            EXPECT_EQ(bar.action(0) != nullptr, text == "a");
             EXPECT_EQ(bar.text().toStdString(), text);
             EXPECT_EQ(bar.findChild<QLabel*>()->text().toStdString(), text);
             EXPECT_EQ(bar.accessibleName().toStdString(), text);
@@ -168,7 +166,7 @@ TEST(NoticeBar, ShowsOneLineAndTheRestOnDemand) {
     EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(), "what\n\nwhy");
 }
 
-TEST(NoticeBar, TimeEndsWhatWasDoneAndOffersNothing) {
+TEST(NoticeBar, TimeOrTheNextOneEndsWhatWasDoneAndOffersNothing) {
     using Kind = Notice::Kind;
     struct Row {
         Notice notice;
@@ -186,6 +184,10 @@ TEST(NoticeBar, TimeEndsWhatWasDoneAndOffersNothing) {
         const auto* time = bar.findChild<QTimer*>();
         EXPECT_EQ(time->isActive(), row.passes) << row.notice.text.toStdString();
         EXPECT_TRUE(!row.passes || time->intervalAsDuration() == NoticeBar::kDoneLasts);
+        bar.post(noticeOf(Source::Files, "what came of the next command"));
+        EXPECT_EQ(bar.text(), "what came of the next command");
+        bar.dismiss();
+        EXPECT_EQ(bar.text(), row.passes ? QString() : row.notice.text);
     }
 }
 
@@ -214,8 +216,10 @@ TEST_F(NoticeBarInWindow, TimeEndsItUnlessTheKeyboardIsOnIt) {
     bar.setDoneLasts(std::chrono::milliseconds(1));
     bar.post(noticeOf(Source::Transfer, "error"));
     bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "done"});
+    EXPECT_EQ(bar.text(), "done");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.count() == 1; }, testing::kLimitMilliseconds));
+    EXPECT_EQ(bar.text(), "error");
     bar.dismiss();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.count() == 0; }, testing::kLimitMilliseconds));
     bar.post({.source = Source::Files, .kind = Notice::Kind::Done, .text = "done"});
     buttonOf(bar, "Dismiss").setFocus();
     QTest::qWait(20);
