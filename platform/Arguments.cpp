@@ -190,7 +190,7 @@ private:
     static CLI::Option* addOption(CLI::App& app, const ArgumentRow& row) {
         CLI::Option* option = app.add_option(row.name);
         if (row.kind == Kind::OptionalText)
-            option->expected(0, 1);
+            option->expected(0, 0); // the word behind it is never its value
         const bool takesRest = row.isRepeated && !row.isOption();
         if (takesRest)
             option->expected(1, -1);

@@ -17,7 +17,7 @@ namespace scenewright {
 struct ArgumentRow {
     enum class Kind : std::uint8_t {
         Text,
-        OptionalText, // an option that may stand without its value
+        OptionalText, // an option that may stand without its value, which follows a '='
         Flag,
         Number, // from `least` to `most`, in decimal digits
         Choice, // one of `choices`

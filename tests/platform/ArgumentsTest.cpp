@@ -76,6 +76,35 @@ TEST(Arguments, ThatAreNotGivenAreEmptyOrTheirDefault) {
     EXPECT_TRUE(parsed({"--memory", "clear"}).value().arguments.has("--memory"));
 }
 
+TEST(Arguments, AValueThatMayBeLeftOutIsNeverTheWordBehindItsOption) {
+    const Syntax syntax{
+        .name = "viewer",
+        .help = "Shows.",
+        .arguments = {
+            {.name = "--memory", .help = "In memory", .kind = Kind::OptionalText, .value = "FILE"},
+            {.name = "FILE", .help = "This", .isOptional = true}}};
+    struct Row {
+        Words words;
+        std::vector<std::string> memory;
+        std::string file;
+    };
+    const Row rows[] = {
+        {{"viewer", "--memory", "a"}, {""}, "a"},
+        {{"viewer", "a", "--memory"}, {""}, "a"},
+        {{"viewer", "--memory=m", "a"}, {"m"}, "a"},
+        {{"viewer", "--memory=true"}, {"true"}, ""},
+        {{"viewer", "--memory=false", "a"}, {"false"}, "a"},
+        {{"viewer", "--memory="}, {""}, ""},
+        {{"viewer", "a"}, {}, "a"},
+    };
+    for (const auto& [words, memory, file] : rows) {
+        const auto line =
+            parseArguments(syntax, static_cast<int>(words.size()), words.data()).value();
+        EXPECT_EQ(line.arguments.texts("--memory"), memory) << words[1];
+        EXPECT_EQ(line.arguments.text("FILE"), file) << words[1];
+    }
+}
+
 TEST(Arguments, AnOptionalOneMayBeLeftOut) {
     const Syntax syntax{.name = "viewer",
                         .help = "Shows.",
