@@ -23,6 +23,7 @@ namespace scenewright {
 namespace {
 
 constexpr QSize kDialogSize(860, 520);
+constexpr int kPathWidth = 560; // of an entry of Recent, in device-independent pixels
 
 // The local files that are dragged.
 QStringList draggedFiles(const QMimeData& data) {
@@ -325,7 +326,9 @@ void BankCommands::showWritten(const Result<void>& written, const QString& done)
 void BankCommands::fillRecent() {
     recent_->clear();
     for (const QString& file : RecentFiles::list()) {
-        QAction& action = *recent_->addAction(inMenu(file));
+        // The end of a long path tells it from its neighbours.
+        QAction& action = *recent_->addAction(
+            inMenu(recent_->fontMetrics().elidedText(file, Qt::ElideMiddle, kPathWidth)));
         connect(&action, &QAction::triggered, this, [this, file] { openBank(file); });
     }
     if (recent_->isEmpty())

@@ -159,6 +159,13 @@ TEST_F(BankCommandsTest, EightRecentBanksAreListedWhileTheyExist) {
     std::filesystem::remove(folder.file("8"));
     ASSERT_EQ(entries(menu).size(), 7);
     EXPECT_EQ(menu.actions()[0]->text(), file("9"));
+    commands().banks().openBank(bankWithRed((std::string(200, 'x') + ".bank").c_str(), 1));
+    ASSERT_EQ(entries(menu).size(), 8);
+    EXPECT_LT(menu.sizeHint().width(), 700);
+    EXPECT_TRUE(menu.actions()[0]->text().startsWith(file("xxx")));
+    EXPECT_TRUE(menu.actions()[0]->text().endsWith("xxx.bank"));
+    menu.actions()[0]->trigger();
+    EXPECT_EQ(record(kPad).CR(), 1);
 }
 
 TEST_F(BankCommandsTest, ASceneFileIsOpenedAsTheSceneThatIsChosen) {
