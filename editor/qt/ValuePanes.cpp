@@ -200,12 +200,14 @@ void ValuePanes::giveKeyboardBack() {
     const QPointer<QWidget> former = std::exchange(former_, nullptr);
     if (!former)
         return;
+    if (former->isVisible() && former->isEnabled())
+        return former->setFocus(Qt::OtherFocusReason);
     QWidget* best = nullptr;
     for (const ValuePopUp& row : valuePopUps()) {
         PopUpBox* box = popUps_.at(row.name);
         if (!box->isVisible() || !box->isEnabled())
             continue;
-        const bool isSame = box == former || box->accessibleName() == former->accessibleName();
+        const bool isSame = box->accessibleName() == former->accessibleName();
         if (best == nullptr || isSame)
             best = box;
         if (isSame)

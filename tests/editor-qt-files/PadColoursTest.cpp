@@ -72,11 +72,16 @@ TEST_F(PadColoursTest, KeysGoThroughTheRows) {
     QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(menu.isVisible());
     EXPECT_EQ(levels(kPad), (PadColour{0, 0, 127})) << "the first of the second palette";
-    window().panes().swatch().click();
+    QPushButton& swatch = window().panes().swatch();
+    swatch.setFocus();
+    QTest::keyClick(&swatch, Qt::Key_Space);
     QTest::keyClick(menu.focusWidget(), Qt::Key_Left);
     const QString left = at();
     QTest::keyClick(menu.focusWidget(), Qt::Key_Enter);
     EXPECT_EQ(shown(colourText(levels(kPad))), left);
+    EXPECT_TRUE(swatch.hasFocus()) << "the keyboard is where the palette was opened";
+    QTest::keyClick(&swatch, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_TRUE(swatch.hasFocus()) << "at the next pad";
     window().panes().swatch().click();
     QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(menu.isVisible()) << "every other key is the menu's";
