@@ -16,6 +16,7 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 
@@ -156,6 +157,9 @@ void RenameDialog::check() {
     told_->setText(checked ? tr("%1 of %2 bytes").arg(name.size()).arg(kNameSize)
                            : shown(checked.error()));
     told_->setAccessibleName(told_->text());
+    // The room that it takes once stays, so that nothing moves at each letter.
+    told_->setMinimumHeight(
+        std::max(told_->minimumHeight(), told_->heightForWidth(told_->minimumWidth())));
     accept_->setEnabled(checked.has_value());
 }
 
