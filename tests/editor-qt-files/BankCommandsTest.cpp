@@ -251,6 +251,8 @@ TEST_F(BankCommandsTest, TheDialogSuggestsANameAndAFormWithItsUse) {
         EXPECT_EQ(dialog->defaultSuffix(), row.suffix);
         EXPECT_EQ(nameIn(*dialog), row.name);
     }
+    WindowAction::getSceneWithIndex(0)->commonValue()->setSceneName("");
+    EXPECT_EQ(nameIn(*dialogOf("saveScene")), "Scene 1.scene.json");
     const auto dialog = dialogOf("saveBankAs");
     dialog->selectNameFilter(dialog->nameFilters().at(1));
     emit dialog->filterSelected(dialog->nameFilters().at(1));

@@ -4,8 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QScreen>
-
-#include <algorithm>
+#include <QStyle>
 
 namespace scenewright::testing {
 
@@ -31,10 +30,19 @@ TEST_F(EditorCommandsTest, SizeComesBackAndTheDisplayModeIsAlwaysTheThird) {
     EXPECT_EQ(window().size(), size);
 }
 
-TEST_F(EditorCommandsTest, ANewWindowIsNoWiderThanTheScreen) {
-    open();
-    const int room = window().screen()->availableGeometry().width();
-    EXPECT_EQ(window().width(), std::max(std::min(1180, room), window().minimumSizeHint().width()));
+TEST_F(EditorCommandsTest, ANewWindowAndItsTitleBarAreNoLargerThanTheScreen) {
+    Appearance appearance;
+    QuitController quit;
+    for (const QSize size : {QSize(1180, 720), QSize(9999, 9999)}) {
+        MainWindow window(quit, appearance, true);
+        EXPECT_EQ(window.size(), QSize(1180, 720));
+        window.resize(size);
+        programSettings().remove("geometry");
+        const EditorCommands commands(window, nullptr, StoreFiles(earlier()), journal(), nullptr);
+        const int bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        const QSize room = window.screen()->availableSize() - QSize(0, bar);
+        EXPECT_EQ(window.size(), size.boundedTo(room).expandedTo(window.minimumSizeHint()));
+    }
 }
 
 TEST_F(EditorCommandsTest, ListsThatCannotBeReadAreToldInOneNotice) {

@@ -53,6 +53,7 @@ TEST_F(PadColoursTest, KeysGoThroughTheRows) {
         return focus == nullptr ? QString() : focus->accessibleName();
     };
     EXPECT_EQ(at(), "#ff8000");
+    menu.setActiveAction(menu.actions().back()); // the pointer rests on it
     for (const auto& [key, colour] : {std::pair{Qt::Key_Up, "#ff8000"},
                                       {Qt::Key_Left, "#ff4000"},
                                       {Qt::Key_Down, "#0080ff"},
@@ -62,6 +63,7 @@ TEST_F(PadColoursTest, KeysGoThroughTheRows) {
         QTest::keyClick(menu.focusWidget(), key);
         EXPECT_EQ(at(), colour);
     }
+    EXPECT_EQ(menu.activeAction(), nullptr) << "one place has the keyboard";
     for (int row = 0; row < 2; ++row) // the second palette's, and the entry below all
         QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
     ASSERT_NE(menu.activeAction(), nullptr);
