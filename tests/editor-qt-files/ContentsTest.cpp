@@ -19,7 +19,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <string>
+#include <string_view>
 
 namespace scenewright::testing {
 
@@ -302,6 +304,28 @@ holders: Monitor)");
 | button "Stop Playing" main
 label "Rows from A and W: keys, octave 1 (Z, X)   1–8: pads   velocity 100 (C, V)   −, =: knob or slider" plain role "hint" tip "Rows from A and W: keys, octave 1 (Z, X)   1–8: pads   velocity 100 (C, V)   −, =: knob or slider"
 label "" plain)");
+}
+
+// What tells the style how a frame or a bar is drawn.
+TEST_F(ContentsTest, KindsOfFrames) {
+    window().notices().post({.text = "The notice"});
+    std::map<std::string, int> kinds;
+    for (const auto* widget : window().findChildren<QWidget*>())
+        for (const char* const kind : {"panel", "segments", "list", "slim"})
+            if (widget->property(kind).toBool()) {
+                const auto* const frame = qobject_cast<const QFrame*>(widget);
+                EXPECT_EQ(frame == nullptr, std::string_view(kind) == "slim");
+                EXPECT_TRUE(frame == nullptr || frame->frameShape() == QFrame::StyledPanel);
+                ++kinds[kind + (": " + widget->accessibleName()).toStdString()];
+            }
+    EXPECT_EQ(kinds, (std::map<std::string, int>{{"list: Controls", 1},
+                                                 {"panel: Playing", 1},
+                                                 {"panel: Settings of the chosen control", 6},
+                                                 {"panel: Status line", 1},
+                                                 {"panel: The notice", 1},
+                                                 {"segments: Below the picture", 1},
+                                                 {"segments: Scenes", 1},
+                                                 {"slim: ", 1}}));
 }
 
 TEST_F(ContentsTest, NoticeAndStatus) {

@@ -100,8 +100,6 @@ TEST(SegmentBar, OneSegmentIsDownAndOfTheAccentsColourAndAUsersChoiceIsTold) {
                 << place;
         }
     }
-    EXPECT_EQ(bar.grab().toImage().pixelColor(2, bar.height() / 2),
-              bar.palette().color(QPalette::Button));
     EXPECT_EQ(bar.segment(1).text(), "2  LEAD");
     EXPECT_EQ(choices, 2);
 }

@@ -121,6 +121,9 @@ protected:
 TEST_F(PopUpBoxTest, BeforeItIsShownItKeepsWhatItIsGiven) {
     PopUpBox box;
     EXPECT_EQ(box.selectedItem(), -1);
+    box.addItems({"z"});
+    box.removeAllItems();
+    EXPECT_EQ(box.selectedItem(), -1);
     box.addItems({"a", "b", "c"});
     EXPECT_EQ(box.selectedItem(), 0);
     box.selectItem(3);
