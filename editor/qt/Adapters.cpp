@@ -205,7 +205,6 @@ SegmentBar::SegmentBar(const QStringList& names, QWidget* parent) : QFrame(paren
         group_.addButton(&button, position);
         row.addWidget(&button);
     }
-    group_.setExclusive(true);
     segment(0).setChecked(true);
     connect(&group_, &QButtonGroup::idClicked, this, &SegmentBar::chosen);
 }

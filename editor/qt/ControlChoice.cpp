@@ -102,8 +102,6 @@ ControlList::ControlList(QWidget* parent) : QListView(parent) {
     viewport()->setAttribute(Qt::WA_Hover);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setUniformItemSizes(true);
-    setTabKeyNavigation(false);
 }
 
 void ControlList::setDataSource(ListDataSource* source) {

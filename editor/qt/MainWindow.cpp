@@ -95,7 +95,6 @@ MainMenu::MainMenu(QMenuBar& bar) : QObject(&bar), modes_(this) {
     about_ = &added(help, tr("&About Scenewright"));
     quit_->setMenuRole(QAction::QuitRole);
     about_->setMenuRole(QAction::AboutRole);
-    modes_.setExclusive(true);
 }
 
 bool MainMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
