@@ -68,7 +68,6 @@ void StripPlace::close(QWidget& strip) {
         return;
     disconnect(&strip, &QObject::destroyed, this, nullptr);
     stack_->removeWidget(&strip);
-    strip.hide();
     forget(&strip);
     emit changed();
 }
