@@ -308,13 +308,11 @@ void ControlButton::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-void ControlButton::enterEvent(QEnterEvent* event) {
-    QAbstractButton::enterEvent(event);
+void ControlButton::enterEvent(QEnterEvent* /*event*/) {
     update();
 }
 
-void ControlButton::leaveEvent(QEvent* event) {
-    QAbstractButton::leaveEvent(event);
+void ControlButton::leaveEvent(QEvent* /*event*/) {
     update();
 }
 

@@ -136,11 +136,11 @@ bool DevicePicture::drawBand(const QMouseEvent& mouse, QWidget& from) {
         band_->show();
         return true;
     }
-    if (mouse.type() != QEvent::MouseButtonRelease || !isDrawn)
-        return false;
-    band_->hide();
-    emit banded(tagsIn(band_->geometry()), mouse.modifiers());
-    return true;
+    if (mouse.type() == QEvent::MouseButtonRelease && isDrawn) {
+        band_->hide();
+        emit banded(tagsIn(band_->geometry()), mouse.modifiers());
+    }
+    return false;
 }
 
 std::vector<std::int32_t> DevicePicture::tagsIn(const QRect& band) const {
