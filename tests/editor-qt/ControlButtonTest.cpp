@@ -68,6 +68,7 @@ TEST_F(ControlButtonTest, TheWheelIsForWhatItStandsInUnlessItIsTurned) {
 }
 
 TEST_F(ControlButtonTest, PointerOverItIsPlainToSee) {
+    EXPECT_EQ(pad_.cursor().shape(), Qt::PointingHandCursor);
     const auto seenWith = [this](bool isUnder) {
         pad_.setAttribute(Qt::WA_UnderMouse, isUnder);
         return seen();
