@@ -264,7 +264,7 @@ void RecentFiles::add(const QString& file) {
 
 QString RecentFiles::folder() {
     const QString kept = programSettings().value(kFolderKey).toString();
-    return !kept.isEmpty() && QFileInfo(kept).isDir() ? kept : QDir::homePath();
+    return QFileInfo(kept).isDir() ? kept : QDir::homePath();
 }
 
 void RecentFiles::setFolderOf(const QString& file) {
