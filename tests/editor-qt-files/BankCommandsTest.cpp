@@ -3,6 +3,7 @@
 #include "editor/qt/QtHelpers.h"
 #include "tests/editor-qt-files/CommandsBench.h"
 
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
@@ -144,6 +145,8 @@ TEST_F(BankCommandsTest, ASceneThatTheProgramStartsWithIsNoRecentBank) {
     EXPECT_EQ(record(kPad).CR(), 31);
     EXPECT_TRUE(RecentFiles::list().isEmpty());
     EXPECT_EQ(RecentFiles::folder(), QString::fromStdString(folder.path()));
+    RecentFiles::setFolderOf(file("gone/one.bank"));
+    EXPECT_EQ(RecentFiles::folder(), QDir::homePath());
 }
 
 TEST_F(BankCommandsTest, EightRecentBanksAreListedWhileTheyExist) {

@@ -146,6 +146,11 @@ TEST_F(KeyboardUse, StaysOnSendWhileItIsGreyUnlessItIsPutElsewhere) {
         ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
         EXPECT_EQ(window().sendButton().hasFocus(), !moves);
     }
+    closeGate();
+    window().sendButton().click();
+    EXPECT_TRUE(window().list().hasFocus()) << "it was not on what is greyed";
+    openGate();
+    ASSERT_TRUE(waitUntil([this] { return !window().commands().isBusy(); }));
 }
 
 TEST_F(KeyboardUse, EveryFieldOfAPaneHasAMnemonicOfItsOwn) {
