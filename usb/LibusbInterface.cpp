@@ -20,7 +20,7 @@ namespace {
 // wMaxPacketSize of an endpoint descriptor, in bytes; its higher bits mean something else.
 constexpr std::uint16_t kSizeMask = 0x07FF;
 
-// How often in a row the library may fail to handle events before a transfer is given up.
+// How often the library may fail to handle events before a cancelled transfer is given up.
 constexpr int kMaxEventFailures = 5;
 
 using OpenDevice = std::unique_ptr<libusb_device_handle, decltype(&libusb_close)>;
@@ -380,10 +380,8 @@ ResultCode LibusbInterface::awaitCompletion(BulkTransfer& bulk) {
     int failures = 0;
     while (bulk.hasCompleted == 0) {
         const int result = libusb_handle_events_completed(context_.get(), &bulk.hasCompleted);
-        if (result >= 0 || result == LIBUSB_ERROR_INTERRUPTED) {
-            failures = 0;
+        if (result >= 0 || result == LIBUSB_ERROR_INTERRUPTED)
             continue;
-        }
         libusb_cancel_transfer(bulk.transfer.get());
         if (++failures == kMaxEventFailures)
             return resultOfLibusb(result);
