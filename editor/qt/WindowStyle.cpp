@@ -74,6 +74,11 @@ bool has(const QWidget* widget, const char* property) {
     return widget != nullptr && widget->property(property).toBool();
 }
 
+// Null for any but a slim scroll bar.
+const QStyleOptionSlider* slimBar(const QStyleOption* option, const QWidget* widget) {
+    return has(widget, "slim") ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+}
+
 // Of a line to type into; the one of a box stands within the box's.
 bool hasOwnFrame(const QStyleOption& line) {
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&line);
@@ -309,10 +314,9 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
     const auto* popUp = qstyleoption_cast<const QStyleOptionComboBox*>(option);
-    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ComboBox && popUp != nullptr)
         drawPopUp(*popUp, *painter);
-    else if (control == CC_ScrollBar && bar != nullptr && has(widget, "slim"))
+    else if (const auto* bar = slimBar(option, widget))
         drawSlimBar(*bar, *painter);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -358,8 +362,7 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
                                   SubControl part, const QWidget* widget) const {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField)
         return option->rect.adjusted(kTextMargin, 0, -kArrowRoom, 0);
-    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-    if (control == CC_ScrollBar && bar != nullptr && has(widget, "slim"))
+    if (const auto* bar = slimBar(option, widget))
         return slimPart(*bar, part);
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
