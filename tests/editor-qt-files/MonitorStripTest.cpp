@@ -7,6 +7,7 @@
 #include "tests/editor-qt-files/CommandsBench.h"
 #include "tests/sequencer/ScriptedSequencer.h"
 
+#include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QClipboard>
 #include <QDialog>
@@ -194,6 +195,8 @@ TEST_F(MonitorStripTest, OnlyWhatTheFilterLeavesIsCopied) {
 
 // Ten seconds of a burst; nothing of it is lost, and only the latest lines are kept.
 TEST_F(MonitorStripTest, ABurstIsKeptToTheLastTenThousandLines) {
+    const QAbstractItemModelTester tester(&strip.lines(), // of what it tells its views
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     strip.action().setChecked(true);
     const auto burst = [this](int begin, int end) {
         for (int tick = begin; tick < end; ++tick) {
