@@ -94,12 +94,7 @@ protected:
                          model.index(row, MonitorLines::Senders).data().toString());
         return lines;
     }
-    QAbstractButton& toolButton(const char* text) {
-        for (auto* each : strip.findChildren<QToolButton*>())
-            if (each->text() == text)
-                return *each;
-        throw std::out_of_range(text);
-    }
+    QToolButton& toolButton(const char* name) { return field<QToolButton>(strip, name); }
 
     MonitorStrip& strip = makeChild<MonitorStrip>(window(), input());
 };
