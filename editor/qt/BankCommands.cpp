@@ -315,8 +315,10 @@ void BankCommands::saveScene(const QString& file) {
     const auto saved =
         files_.saveScene(pathOf(file), window_.view().sceneIndex(), *loadPopUpValue());
     showWritten(saved, tr("Saved %1").arg(QFileInfo(file).fileName()));
-    if (saved)
-        RecentFiles::setFolderOf(file);
+    if (!saved)
+        return;
+    RecentFiles::setFolderOf(file);
+    document_.overwritten(file);
 }
 
 void BankCommands::showWritten(const Result<void>& written, const QString& done) {

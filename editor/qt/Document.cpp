@@ -219,6 +219,14 @@ void Document::saved(const QString& file) {
     emit changed();
 }
 
+void Document::overwritten(const QString& file) {
+    for (auto& [version, belonging] : since_)
+        if (belonging.file == absolute(file))
+            belonging.held.reset();
+    showTitle();
+    emit changed();
+}
+
 void Document::begin(Belonging belonging) {
     since_.insert_or_assign(history_.version(), std::move(belonging));
     showTitle();

@@ -114,6 +114,8 @@ public:
     void forget();
     // The stored scenes have been written into the file, and belong to it.
     void saved(const QString& file);
+    // The file holds something else now than a bank.
+    void overwritten(const QString& file);
 
 signals:
     // Other scenes are shown now.
