@@ -124,7 +124,8 @@ TEST_F(PadColoursTest, ColoursStandInRowsOfEightOnAnEdgeThatShowsThem) {
         EXPECT_EQ(colour.parentWidget() == colours.front()->parentWidget(), place < 8);
         const QImage light = colour.icon().pixmap(26).toImage();
         ASSERT_EQ(light.size(), QSize(26, 26));
-        for (const QPoint& edge : {QPoint(0, 0), QPoint(25, 25), QPoint(13, 0), QPoint(0, 13)})
+        for (const QPoint& edge : {QPoint(0, 0), QPoint(25, 25), QPoint(13, 0), QPoint(0, 13),
+                                   QPoint(25, 13), QPoint(13, 25)})
             EXPECT_EQ(light.pixelColor(edge), QColor(Qt::gray)) << place;
         for (const QPoint& inner : {QPoint(1, 1), QPoint(24, 24), QPoint(1, 24)})
             EXPECT_EQ(light.pixelColor(inner).name(), colour.accessibleName()) << place;

@@ -279,9 +279,13 @@ TEST(ControlAtRest, LooksAsItWouldBeDrawnOnTheSpot) {
         for (const std::int32_t tag : {range.start, range.start + (range.count == 25 ? 12 : 1)}) {
             ControlButton button(tag, range.kind);
             button.resize(direct.size());
-            EXPECT_EQ(image([&button](QImage& drawn) { button.render(&drawn, {}, {}, {}); }),
-                      direct)
-                << tag;
+            const auto seen = [&button](QImage& drawn) { button.render(&drawn, {}, {}, {}); };
+            EXPECT_EQ(image(seen), direct) << tag;
+            button.setPlayed(true);
+            EXPECT_NE(image(seen), direct) << tag;
+            button.setPlayed(false);
+            button.setAttribute(Qt::WA_UnderMouse);
+            EXPECT_NE(image(seen), direct) << tag;
         }
     }
 }

@@ -93,6 +93,7 @@ TEST(Caption, IsSetAsLargeAsItMayBeThenSmallerThenTurned) {
           Row{"CC#\n74", {sizeAt(87).width(), 100}, 14, true, false, 14, 14, 87},
           Row{"CC#\n74", {sizeAt(75).width(), 100}, 14, true, false, 14, 14, 75},
           Row{"Momentary", small, 16, true, false, kSmallestCaption, 15},
+          Row{"Momëntary", small, 16, true, false, kSmallestCaption, 15},
           Row{"Momentary", {24, 110}, 12, true, true, kSmallestCaption, 12},
           Row{"Momentary", {10, 10}, 12, false, false, kSmallestCaption, kSmallestCaption}}) {
         const auto setting = setCaption(row.text, row.room, font, row.largest);
