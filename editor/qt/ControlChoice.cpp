@@ -102,6 +102,7 @@ ControlList::ControlList(QWidget* parent) : QListView(parent) {
     viewport()->setAttribute(Qt::WA_Hover);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true); // or each title is measured at each layout
 }
 
 void ControlList::setDataSource(ListDataSource* source) {
