@@ -134,6 +134,11 @@ Result<std::vector<std::string>> StoreFiles::sceneNames(const std::filesystem::p
     });
 }
 
+std::optional<BankImage> StoreFiles::imageIn(const std::filesystem::path& file) {
+    const auto read = readBank(file);
+    return read ? std::optional(encodeBank(read->scenes)) : std::nullopt;
+}
+
 Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& file,
                                                    std::int32_t index) {
     // There is no window yet that would stand still until a command has written what it was given.

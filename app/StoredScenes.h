@@ -82,6 +82,8 @@ public:
     // The names of the scenes that a file holds, as they are shown: four of a bank, or one.
     [[nodiscard]] static Result<std::vector<std::string>>
     sceneNames(const std::filesystem::path& file);
+    // The bank that a file holds by now; nothing when it is gone or holds none.
+    [[nodiscard]] static std::optional<BankImage> imageIn(const std::filesystem::path& file);
     // A bank, or a scene into the stored one of that index, as the program starts: what it replaces
     // is the default scenes, and nothing of a user's that is to be kept.
     [[nodiscard]] static Result<Opened> openAtStart(const std::filesystem::path& file,

@@ -284,10 +284,19 @@ void BankCommands::saveBank(const QString& file) {
 }
 
 void BankCommands::save() {
-    if (document_.file().isEmpty())
-        askForFile(saveAs_);
-    else
-        saveBank(document_.file());
+    const QString file = document_.file();
+    if (file.isEmpty())
+        return askForFile(saveAs_);
+    const auto now = StoreFiles::imageIn(pathOf(file));
+    if (!now || !document_.held() || now == document_.held())
+        return saveBank(file);
+    window_.notices().post(
+        {.source = Notice::Source::Files,
+         .kind = Notice::Kind::Error,
+         .text =
+             tr("Not saved: another program changed %1 meanwhile").arg(QFileInfo(file).fileName()),
+         .actions = {{tr("Open It"), [this, file] { openBank(file); }},
+                     {tr("Save Anyway"), [this, file] { saveBank(file); }}}});
 }
 
 void BankCommands::openScene(const QString& file) {

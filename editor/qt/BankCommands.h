@@ -38,7 +38,8 @@ public:
     // What the program was started with: a bank, or a scene into the one that is shown.
     void openAtStart(const QString& file);
     void saveBank(const QString& file);
-    // In the document's file; asks for one when there is none.
+    // In the document's file; asks for one when there is none, and before it replaces what another
+    // program has put there.
     void save();
     // Into the scene that is shown. Of a file that holds four it is asked which one.
     void openScene(const QString& file);

@@ -100,6 +100,8 @@ public:
 
     // Empty while the scenes belong to none.
     [[nodiscard]] const QString& file() const { return current().file; }
+    // What the file held when it was opened or saved here last, as far as that is known.
+    [[nodiscard]] const std::optional<BankImage>& held() const { return current().held; }
     // Whether the stored scenes are elsewhere too: on the keyboard, in their file, or as those of
     // the start.
     [[nodiscard]] bool isElsewhere() const;

@@ -332,6 +332,18 @@
         <source>Printed the sheet to %1</source>
         <translation>Das Blatt ist gedruckt: %1</translation>
     </message>
+    <message>
+        <source>Not saved: another program changed %1 meanwhile</source>
+        <translation>Nicht gespeichert: Ein anderes Programm hat %1 inzwischen geändert</translation>
+    </message>
+    <message>
+        <source>Open It</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Trotzdem speichern</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>

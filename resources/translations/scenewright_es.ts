@@ -332,6 +332,18 @@
         <source>Printed the sheet to %1</source>
         <translation>Hoja impresa: %1</translation>
     </message>
+    <message>
+        <source>Not saved: another program changed %1 meanwhile</source>
+        <translation>No se ha guardado: entretanto otro programa ha cambiado %1</translation>
+    </message>
+    <message>
+        <source>Open It</source>
+        <translation>Abrirlo</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Guardar de todos modos</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>

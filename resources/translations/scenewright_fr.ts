@@ -332,6 +332,18 @@
         <source>Printed the sheet to %1</source>
         <translation>Feuille imprimée : %1</translation>
     </message>
+    <message>
+        <source>Not saved: another program changed %1 meanwhile</source>
+        <translation>Non enregistré : un autre programme a modifié %1 entre-temps</translation>
+    </message>
+    <message>
+        <source>Open It</source>
+        <translation>L’ouvrir</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Enregistrer quand même</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>

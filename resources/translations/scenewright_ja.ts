@@ -332,6 +332,18 @@
         <source>Printed the sheet to %1</source>
         <translation>シートを印刷しました: %1</translation>
     </message>
+    <message>
+        <source>Not saved: another program changed %1 meanwhile</source>
+        <translation>保存していません: 別のプログラムが %1 を変更しました</translation>
+    </message>
+    <message>
+        <source>Open It</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>それでも保存</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>

@@ -332,6 +332,18 @@
         <source>Printed the sheet to %1</source>
         <translation>谱单已打印：%1</translation>
     </message>
+    <message>
+        <source>Not saved: another program changed %1 meanwhile</source>
+        <translation>未保存：其间另一个程序更改了 %1</translation>
+    </message>
+    <message>
+        <source>Open It</source>
+        <translation>打开它</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>仍然保存</translation>
+    </message>
 </context>
 <context>
     <name>scenewright::Cause</name>

@@ -288,6 +288,37 @@ TEST_F(BankCommandsTest, TheSheetOfTheFourScenesIsExportedAndPrintedToAFile) {
     EXPECT_TRUE(textIn("printed.pdf").startsWith("%PDF"));
 }
 
+TEST_F(BankCommandsTest, WhatAnotherProgramPutIntoTheFileIsNotReplacedUnasked) {
+    BankCommands& banks = commands().banks();
+    const auto redIn = [this](const char* name) {
+        return readBank(folder.file(name))->scenes[0]->buttonValueArray()[kPad - 1]->CR();
+    };
+    banks.openBank(bankWithRed("mine.bank", 5));
+    const auto expectRefused = [&](std::int32_t others) {
+        banks.save();
+        EXPECT_EQ(notice(), "Not saved: another program changed mine.bank meanwhile");
+        EXPECT_EQ(redIn("mine.bank"), others);
+        EXPECT_EQ(record(kPad).CR(), 5);
+    };
+    bankWithRed("mine.bank", 6);
+    expectRefused(6);
+    clickNotice("Save Anyway");
+    EXPECT_EQ(notice(), "Saved mine.bank");
+    EXPECT_EQ(redIn("mine.bank"), 5);
+    std::filesystem::remove(folder.file("mine.bank")); // which leaves nothing to replace
+    banks.save();
+    EXPECT_EQ(notice(), "Saved mine.bank");
+    EXPECT_EQ(redIn("mine.bank"), 5);
+    bankWithRed("mine.bank", 7);
+    expectRefused(7);
+    clickNotice("Open It");
+    EXPECT_EQ(notice(), "Opened mine.bank");
+    EXPECT_EQ(record(kPad).CR(), 7);
+    banks.saveScene(file("mine.bank")); // from here, so that it is known
+    banks.save();
+    EXPECT_EQ(notice(), "Saved mine.bank");
+}
+
 TEST_F(BankCommandsTest, TheFileMenuOffersTheCommands) {
     EXPECT_EQ(action("openBank").shortcut(), QKeySequence("Ctrl+O"));
     EXPECT_EQ(action("saveBank").shortcut(), QKeySequence("Ctrl+S"));
