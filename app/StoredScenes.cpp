@@ -6,7 +6,6 @@
 #include "bank/SettingText.h"
 #include "model/SceneValue.h"
 #include "model/Setting.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
 
 #include <fmt/format.h>
@@ -142,10 +141,7 @@ std::optional<BankImage> StoreFiles::imageIn(const std::filesystem::path& file) 
 Result<StoreFiles::Opened> StoreFiles::openAtStart(const std::filesystem::path& file,
                                                    std::int32_t index) {
     // There is no window yet that would stand still until a command has written what it was given.
-    const auto parse = [&file](const FileContent& bytes) {
-        return parseBankOrScene(bytes, file.string());
-    };
-    return readFile(file, kJsonBytes, [] {}).and_then(parse).map([index](BankFile read) {
+    return readBankOrScene(file, [] {}).map([index](BankFile read) {
         Opened opened{{}, read.scenes.size() == 1};
         if (opened.isScene)
             copyInto(*WindowAction::getSceneWithIndex(index), *read.scenes.front());

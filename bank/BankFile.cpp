@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <functional>
 #include <string_view>
 
 namespace scenewright {
@@ -83,8 +84,9 @@ Result<BankFile> parse(std::span<const std::uint8_t> bytes, const std::string& n
     return BankFile{*std::move(scenes), form};
 }
 
-Result<BankFile> read(const std::filesystem::path& path, JsonReader readJson) {
-    return readFile(path, kJsonBytes).and_then([&](const FileContent& bytes) {
+Result<BankFile> read(const std::filesystem::path& path, JsonReader readJson,
+                      const std::function<void()>& whenWaiting = {}) {
+    return readFile(path, kJsonBytes, whenWaiting).and_then([&](const FileContent& bytes) {
         return parse(bytes, path.string(), readJson);
     });
 }
@@ -107,8 +109,9 @@ Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes, const std
     return parse(bytes, name, &readBankOrSceneJson);
 }
 
-Result<BankFile> readBankOrScene(const std::filesystem::path& path) {
-    return read(path, &readBankOrSceneJson);
+Result<BankFile> readBankOrScene(const std::filesystem::path& path,
+                                 const std::function<void()>& whenWaiting) {
+    return read(path, &readBankOrSceneJson, whenWaiting);
 }
 
 BankFormat formatForName(const std::filesystem::path& path) {

@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -44,10 +45,12 @@ struct BankFile {
 [[nodiscard]] Result<BankFile> parseBank(std::span<const std::uint8_t> bytes,
                                          const std::string& name);
 
-// The same for a file that may also be that of one scene, and then gives one.
+// The same for a file that may also be that of one scene, and then gives one. `whenWaiting` is that
+// of readFile().
 [[nodiscard]] Result<BankFile> parseBankOrScene(std::span<const std::uint8_t> bytes,
                                                 const std::string& name);
-[[nodiscard]] Result<BankFile> readBankOrScene(const std::filesystem::path& path);
+[[nodiscard]] Result<BankFile> readBankOrScene(const std::filesystem::path& path,
+                                               const std::function<void()>& whenWaiting = {});
 
 // The form that a new file's name asks for: JSON when it ends in ".json", in either case.
 [[nodiscard]] BankFormat formatForName(const std::filesystem::path& path);

@@ -288,7 +288,7 @@ void BankCommands::save() {
     if (file.isEmpty())
         return askForFile(saveAs_);
     const auto now = StoreFiles::imageIn(pathOf(file));
-    if (!now || !document_.held() || now == document_.held())
+    if (!now || !document_.held() || now == document_.held() || now == storedImage())
         return saveBank(file);
     window_.notices().post(
         {.source = Notice::Source::Files,

@@ -290,25 +290,31 @@ TEST_F(BankCommandsTest, TheSheetOfTheFourScenesIsExportedAndPrintedToAFile) {
 
 TEST_F(BankCommandsTest, WhatAnotherProgramPutIntoTheFileIsNotReplacedUnasked) {
     BankCommands& banks = commands().banks();
-    const auto redIn = [this](const char* name) {
-        return readBank(folder.file(name))->scenes[0]->buttonValueArray()[kPad - 1]->CR();
+    const auto redInFile = [this] {
+        return readBank(folder.file("mine.bank"))->scenes[0]->buttonValueArray()[kPad - 1]->CR();
     };
     banks.openBank(bankWithRed("mine.bank", 5));
     const auto expectRefused = [&](std::int32_t others) {
         banks.save();
         EXPECT_EQ(notice(), "Not saved: another program changed mine.bank meanwhile");
-        EXPECT_EQ(redIn("mine.bank"), others);
+        EXPECT_EQ(redInFile(), others);
         EXPECT_EQ(record(kPad).CR(), 5);
     };
     bankWithRed("mine.bank", 6);
     expectRefused(6);
+    record(kPad).setCR(6); // the same here: nothing would be lost
+    banks.save();
+    EXPECT_EQ(notice(), "Saved mine.bank");
+    record(kPad).setCR(5);
+    bankWithRed("mine.bank", 4);
+    expectRefused(4);
     clickNotice("Save Anyway");
     EXPECT_EQ(notice(), "Saved mine.bank");
-    EXPECT_EQ(redIn("mine.bank"), 5);
+    EXPECT_EQ(redInFile(), 5);
     std::filesystem::remove(folder.file("mine.bank")); // which leaves nothing to replace
     banks.save();
     EXPECT_EQ(notice(), "Saved mine.bank");
-    EXPECT_EQ(redIn("mine.bank"), 5);
+    EXPECT_EQ(redInFile(), 5);
     bankWithRed("mine.bank", 7);
     expectRefused(7);
     clickNotice("Open It");
